@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace quorvane {
+
+/// The trace of statements that the environment asks for with QUORVANE_TRAZA=FILE.
+class StatementTrace {
+ public:
+  /// Appends "sql CONNECTION STATEMENT" as one line, whole even when several processes write; no
+  /// effect without that variable. A file that can't be written is told once, on standard error.
+  static void Write(const std::string& connection, const std::string& statement);
+};
+
+}  // namespace quorvane
