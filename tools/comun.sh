@@ -1,0 +1,52 @@
+# What ./run and ./check share. Sourced by them, from the project's folder.
+
+mensaje() { printf '\n== %s\n' "$*"; }
+
+fallo() {
+  printf '\nERROR: %s\n' "$*" >&2
+  exit 1
+}
+
+# Installs the packages named that the machine lacks, and says which.
+instalar() {
+  local faltan=() paquete
+  for paquete in "$@"; do
+    dpkg-query -W -f '${Status}' "$paquete" 2>/dev/null | grep -q 'install ok installed' ||
+      faltan+=("$paquete")
+  done
+  [ "${#faltan[@]}" -eq 0 ] && return
+  mensaje "Se instalan: ${faltan[*]}"
+  command -v apt-get >/dev/null ||
+    fallo "No hay apt-get en esta máquina; instale usted mismo: ${faltan[*]}"
+  local como=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null ||
+      fallo "Hace falta ser administrador (o tener sudo) para instalar: ${faltan[*]}"
+    como=(sudo)
+  fi
+  "${como[@]}" apt-get update -q >/dev/null || fallo "apt-get update no ha podido leer los paquetes"
+  "${como[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -q --no-install-recommends "${faltan[@]}" >/dev/null ||
+    fallo "apt-get no ha podido instalar: ${faltan[*]}"
+}
+
+# What the programs are built with and run on.
+paquetes_de_construccion=(
+  g++ cmake ninja-build ccache pkgconf
+  libsqlite3-dev nlohmann-json3-dev libcli11-dev
+  qt6-base-dev libqt6svg6-dev libgl1-mesa-dev qt6-qpa-plugins fonts-dejavu-core
+  libgtest-dev libgmock-dev
+)
+
+# Configures (once) and builds a preset; the build itself sees what has changed.
+construir() {
+  local preset=$1
+  mensaje "Se construye ($preset)"
+  cmake --preset "$preset" >"/tmp/quorvane-cmake.$$" 2>&1 || {
+    cat "/tmp/quorvane-cmake.$$" >&2
+    rm -f "/tmp/quorvane-cmake.$$"
+    fallo "cmake no ha podido configurar el proyecto"
+  }
+  rm -f "/tmp/quorvane-cmake.$$"
+  cmake --build --preset "$preset" || fallo "La construcción ha fallado"
+}
