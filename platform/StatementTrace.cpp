@@ -25,11 +25,17 @@ File OpenFromEnvironment() {
   return file;
 }
 
+int silences = 0;
+
 }  // namespace
+
+StatementTrace::Silence::Silence() noexcept { ++silences; }
+
+StatementTrace::Silence::~Silence() { --silences; }
 
 void StatementTrace::Write(const std::string& connection, const std::string& statement) {
   static const auto file = OpenFromEnvironment();
-  if (file == nullptr) return;
+  if (file == nullptr || silences > 0) return;
   const auto line = "sql " + connection + " " + statement + "\n";
   std::fwrite(line.data(), 1, line.size(), file.get());
   std::fflush(file.get());

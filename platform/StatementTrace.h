@@ -10,6 +10,18 @@ class StatementTrace {
   /// Appends "sql CONNECTION STATEMENT" as one line, whole even when several processes write; no
   /// effect without that variable. A file that can't be written is told once, on standard error.
   static void Write(const std::string& connection, const std::string& statement);
+
+  /// While one lives nothing is traced: for what a host's component asks of the module's
+  /// connections on its own account.
+  class Silence {
+   public:
+    Silence() noexcept;
+    ~Silence();
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+    Silence(Silence&&) = delete;
+    Silence& operator=(Silence&&) = delete;
+  };
 };
 
 }  // namespace quorvane
