@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QCursor>
+#include <QElapsedTimer>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/FrontEnd.h"
+
+class QMessageBox;
+class QWidget;
+
+namespace quorvane::qt {
+
+class FormWindow;
+struct Show;
+
+/// The dialogs on a screen, with Qt Widgets. Made after the `QApplication` and before the first
+/// form; the host owns it, hands it to `Application::UseScreen`, and takes it back before it goes.
+///
+/// No exception crosses Qt's event loop: what a handler throws is kept in the show that runs, ends
+/// it, and comes out of its `RunModal`. After such a failure the host asks for
+/// `MousePointer(Pointer::Default)`, since the module leaves the pointer as it was.
+class QtFrontEnd : public FrontEnd {
+ public:
+  QtFrontEnd();
+  ~QtFrontEnd() override;
+
+  /// The window that the first dialog stands before; not owned, null for none.
+  void HostWindow(QWidget* window) noexcept { host_ = window; }
+
+  void RunModal(Form& form) override;
+  void Hidden(Form& form) override;
+  void Message(MessageIcon icon, const std::string& title, const std::string& text) override;
+  void Beep() override;
+  void MousePointer(Pointer pointer) override;
+  std::int32_t TextWidth(const Form& form, const std::string& text) override;
+  void DoEvents() override;
+  std::int32_t ScreenWidth() override;
+  std::int32_t ScreenHeight() override;
+
+  /// Keeps the busy sign moving during long work, for a host to call at each statement
+  /// (`Connection::Observe`). It paints every 40 ms at most and never lets the user act.
+  void Pulse();
+
+  /// The window that the user acts on; null when no form is shown. It lives as long as its show.
+  [[nodiscard]] FormWindow* ActiveWindow() const noexcept;
+
+  /// Called each time a form's window stands on the screen and its `Shown` has run, from the event
+  /// loop: the place for a program that acts in the user's stead. What it throws comes out of the
+  /// form's show.
+  std::function<void(FormWindow&)> WindowShown;
+  /// The same for a message box; it stays until it is answered, as by `box.accept()`.
+  std::function<void(QMessageBox&)> MessageShown;
+
+  /// For the windows: runs what the user's gesture asks for, then shows what it changed. Nothing
+  /// happens while another handler of that window runs, or when it isn't the active one. Keeps
+  /// what is thrown.
+  void Gesture(const FormWindow& window, const std::function<void()>& handler) noexcept;
+  /// A handler of the active window is running.
+  [[nodiscard]] bool Busy() const noexcept;
+
+ private:
+  void RunHooks(FormWindow& window);
+  void ShowChanges();
+  void PaintOnly();
+  [[nodiscard]] QWidget* TopWindow() const;
+
+  std::vector<Show*> shows_;  // the innermost last; each stands in its RunModal
+  QWidget* host_ = nullptr;
+  bool hourglass_ = false;
+  QElapsedTimer sincePaint_;
+};
+
+}  // namespace quorvane::qt
