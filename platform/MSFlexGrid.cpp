@@ -12,6 +12,16 @@ std::int32_t MSFlexGrid::RowData(int row) const { return RecordAt(row).data; }
 
 void MSFlexGrid::RowData(int row, std::int32_t data) { Assign(RecordAt(row).data, data); }
 
+void MSFlexGrid::AddItem(const std::string& text) {
+  auto end = text.find('\t');
+  Grid::AddItem(text.substr(0, end));
+  for (int col = 1; end != std::string::npos && col < Cols(); ++col) {
+    const auto begin = end + 1;
+    end = text.find('\t', begin);
+    TextMatrix(Rows() - 1, col, text.substr(begin, end - begin));
+  }
+}
+
 void MSFlexGrid::SortAscending() {
   const auto column = static_cast<std::size_t>(Col());
   std::stable_sort(Records().begin() + FixedRows(), Records().end(),

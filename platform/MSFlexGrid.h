@@ -17,6 +17,9 @@ class MSFlexGrid : public Grid {
   [[nodiscard]] std::int32_t RowData(int row) const;  ///< error 381 for a missing row
   void RowData(int row, std::int32_t data);           ///< error 381 for a missing row
 
+  /// Appends a row; tabs part the text into cells, and what the columns can't hold is lost.
+  void AddItem(const std::string& text);
+
   /// Sorts the rows that aren't fixed, ascending by the current column, with what belongs to them:
   /// texts that are numbers first, by value, then the others in Spanish alphabetical order. Rows
   /// that compare equal keep their order; the current row number stays.
