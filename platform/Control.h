@@ -45,6 +45,11 @@ class Control {
   /// The four at once, as the form is drawn.
   void Place(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
 
+  /// The host's mark of a field that the user has to fill in, and of its label. The module never
+  /// reads it; a front end with a screen shows it.
+  [[nodiscard]] bool Mandatory() const noexcept { return mandatory_; }
+  void Mandatory(bool mandatory);
+
   /// Asks for the keyboard; the front end gives it when it shows the model next.
   void SetFocus();
   /// Puts the control before (behind) its siblings.
@@ -75,6 +80,7 @@ class Control {
   const Frame* container_;
   bool visible_ = true;
   bool enabled_ = true;
+  bool mandatory_ = false;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   std::int32_t width_ = 0;
