@@ -22,9 +22,8 @@ Control::Control(Form& form, std::string name, const Frame* container)
 }
 
 void Control::Visible(bool visible) { Assign(visible_, visible); }
-void Control::Mandatory(bool mandatory) { Assign(mandatory_, mandatory); }
-
 void Control::Enabled(bool enabled) { Assign(enabled_, enabled); }
+void Control::Mandatory(bool mandatory) { Assign(mandatory_, mandatory); }
 void Control::Left(std::int32_t left) { Assign(left_, left); }
 void Control::Top(std::int32_t top) { Assign(top_, top); }
 void Control::Width(std::int32_t width) { Assign(width_, Length(width)); }
