@@ -1,0 +1,107 @@
+#include "adapters/guion/Guion.h"
+
+#include <utility>
+
+#include "adapters/guion/CommandKind.h"
+#include "adapters/guion/EventPrinter.h"
+#include "adapters/guion/HostCommands.h"
+#include "adapters/guion/JsonText.h"
+#include "adapters/guion/Refusal.h"
+#include "platform/Application.h"
+#include "platform/Form.h"
+#include "platform/FormInstances.h"
+#include "platform/RuntimeError.h"
+#include "platform/Utf8.h"
+
+namespace quorvane::guion {
+namespace {
+
+/// Makes the form the active one for as long as it lives.
+class ActiveWhile {
+ public:
+  ActiveWhile(std::vector<Form*>& shown, Form& form) : shown_(shown) { shown_.push_back(&form); }
+  ~ActiveWhile() { shown_.pop_back(); }
+  ActiveWhile(const ActiveWhile&) = delete;
+  ActiveWhile& operator=(const ActiveWhile&) = delete;
+  ActiveWhile(ActiveWhile&&) = delete;
+  ActiveWhile& operator=(ActiveWhile&&) = delete;
+
+ private:
+  std::vector<Form*>& shown_;
+};
+
+const char* IconName(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Exclamation:
+      return "exclamacion";
+    case MessageIcon::Information:
+      return "informacion";
+    case MessageIcon::Critical:
+      return "critico";
+  }
+  return "";
+}
+
+}  // namespace
+
+Guion::Guion(std::vector<Command> script, Host& host, EventPrinter& events)
+    : script_(std::move(script)), host_(host), events_(events) {
+  Application::Instance().UseScreen(this);
+}
+
+Guion::~Guion() { Application::Instance().UseScreen(nullptr); }
+
+int Guion::Play() {
+  try {
+    HandSessionIn(*this);
+    while (!AtEnd()) PlayNext();
+  } catch (const EndOfScript&) {
+    // Thrown past all shows; nothing is left to do but to drop their forms.
+  }
+  FormInstances::DropAll();
+  return failed_ ? 1 : 0;
+}
+
+void Guion::PlayNext() {
+  const auto& command = script_[next_++];
+  events_.Print(">", command.text);
+  try {
+    command.kind->run(*this, command);
+  } catch (const Refusal& refusal) {
+    events_.Print("rechazo", command.text + ": " + refusal.what());
+  }
+}
+
+void Guion::Failed(const RuntimeError& error) {
+  failed_ = true;
+  events_.Print("error", std::to_string(error.Number()) + " " + error.Description());
+}
+
+void Guion::RunModal(Form& form) {
+  const ActiveWhile active(shown_, form);
+  events_.Print("muestra", form.Name());
+  form.Shown();
+  while (form.Visible()) {
+    if (AtEnd()) throw EndOfScript();
+    PlayNext();
+  }
+}
+
+void Guion::Loading(Form& form) { events_.Print("carga", form.Name()); }
+
+void Guion::Hidden(Form& form) { events_.Print("oculta", form.Name()); }
+
+void Guion::Unloading(Form& form) { events_.Print("descarga", form.Name()); }
+
+void Guion::Message(MessageIcon icon, const std::string& title, const std::string& text) {
+  events_.Print("mensaje",
+                std::string(IconName(icon)) + " " + JsonText(title) + " " + JsonText(text));
+}
+
+void Guion::Beep() { events_.Print("pitido"); }
+
+std::int32_t Guion::TextWidth(const Form& /*form*/, const std::string& text) {
+  return static_cast<std::int32_t>(Utf8Length(text)) * kCharacterWidth;
+}
+
+}  // namespace quorvane::guion
