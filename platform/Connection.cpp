@@ -11,7 +11,7 @@ Connection::Connection(std::string name) : name_(std::move(name)) {}
 
 Recordset Connection::Execute(const std::string& statement) {
   if (!IsOpen()) throw RuntimeError(ErrorNumber::ObjectClosed);
-  StatementTrace::Write(name_, statement);
+  if (!name_.empty()) StatementTrace::Write(name_, statement);
   if (observer_) observer_(*this, statement);
   return Run(statement);
 }

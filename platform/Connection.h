@@ -14,7 +14,8 @@ class Connection {
   /// Told each statement before it reaches the engine; what it throws takes the statement's place.
   using Observer = std::function<void(const Connection& connection, const std::string& statement)>;
 
-  /// `name` is what traces call it: "centro", "borrado" or "entrada".
+  /// `name` is what traces call it: "centro", "borrado" or "entrada". One without a name, as the
+  /// project's own tools and tests use it beside the module, is not traced.
   explicit Connection(std::string name);
   virtual ~Connection() = default;
   Connection(const Connection&) = delete;

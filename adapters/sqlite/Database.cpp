@@ -1,0 +1,31 @@
+#include "adapters/sqlite/Database.h"
+
+#include <sqlite3.h>
+
+#include "platform/RuntimeError.h"
+
+namespace quorvane::sqlite {
+
+void ThrowEngineError(sqlite3* handle) {
+  throw RuntimeError(ErrorNumber::StatementFailed, sqlite3_errmsg(handle));
+}
+
+void Database::Closer::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+
+Database::Database(const std::string& path, int flags, std::chrono::milliseconds busyWait) {
+  sqlite3* handle = nullptr;
+  const auto result = sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  handle_.reset(handle);
+  if (result != SQLITE_OK) ThrowEngineError(handle);
+  sqlite3_extended_result_codes(handle, 1);
+  sqlite3_busy_timeout(handle, static_cast<int>(busyWait.count()));
+  // What has been written stays written, whatever happens to the machine.
+  Script("PRAGMA synchronous=FULL; PRAGMA schema_version");
+}
+
+void Database::Script(const std::string& statements) const {
+  if (sqlite3_exec(Handle(), statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    ThrowEngineError(Handle());
+}
+
+}  // namespace quorvane::sqlite

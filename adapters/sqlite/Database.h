@@ -1,0 +1,33 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+struct sqlite3;
+
+namespace quorvane::sqlite {
+
+/// What the engine refused, as the runtime's error with the engine's own text.
+[[noreturn]] void ThrowEngineError(sqlite3* handle);
+
+/// An open database file. All failures are error 0x80004005.
+class Database {
+ public:
+  /// `flags` as the engine's open flags. Reads the file's header, so that a file that is no
+  /// database fails here.
+  Database(const std::string& path, int flags, std::chrono::milliseconds busyWait);
+
+  [[nodiscard]] sqlite3* Handle() const noexcept { return handle_.get(); }
+
+  /// Executes statements parted by semicolons, up to the first failure.
+  void Script(const std::string& statements) const;
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* handle) const;
+  };
+  std::unique_ptr<sqlite3, Closer> handle_;
+};
+
+}  // namespace quorvane::sqlite

@@ -1,0 +1,118 @@
+#include "adapters/sqlite/PreparedStatement.h"
+
+#include <sqlite3.h>
+#include <string_view>
+#include <utility>
+
+#include "adapters/sqlite/Database.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::sqlite {
+namespace {
+
+/// Resets a statement, so that it holds no lock, whichever way its run ends.
+class Reset {
+ public:
+  explicit Reset(sqlite3_stmt* statement) : statement_(statement) {}
+  ~Reset() { sqlite3_reset(statement_); }
+  Reset(const Reset&) = delete;
+  Reset& operator=(const Reset&) = delete;
+  Reset(Reset&&) = delete;
+  Reset& operator=(Reset&&) = delete;
+
+ private:
+  sqlite3_stmt* statement_;
+};
+
+Value ReadCell(sqlite3_stmt* statement, int column) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+      return Value(std::int64_t{sqlite3_column_int64(statement, column)});
+    case SQLITE_FLOAT:
+      return Value(sqlite3_column_double(statement, column));
+    case SQLITE_NULL:
+      return {};
+    default: {  // a blob's bytes are taken as a text
+      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+      return bytes == nullptr ? Value(std::string()) : Value(std::string(bytes, size));
+    }
+  }
+}
+
+bool IsBusy(int result) { return (result & 0xff) == SQLITE_BUSY; }
+
+constexpr std::string_view kBlank = " \t\r\n;";
+
+}  // namespace
+
+void PreparedStatement::Finalizer::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+PreparedStatement::PreparedStatement(sqlite3* database, const std::string& text, bool kept)
+    : database_(database) {
+  sqlite3_stmt* statement = nullptr;
+  const char* tail = nullptr;
+  const auto flags = kept ? SQLITE_PREPARE_PERSISTENT : 0U;
+  const auto result = sqlite3_prepare_v3(database, text.c_str(), static_cast<int>(text.size() + 1),
+                                         flags, &statement, &tail);
+  statement_.reset(statement);
+  if (result != SQLITE_OK) ThrowEngineError(database);
+  if (std::string_view(tail).find_first_not_of(kBlank) != std::string_view::npos)
+    throw RuntimeError(ErrorNumber::StatementFailed, "Solo se admite una sentencia cada vez");
+  if (statement != nullptr) ReadNames();
+}
+
+void PreparedStatement::ReadNames() {
+  const auto count = sqlite3_column_count(statement_.get());
+  FieldNames names;
+  names.reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) names.emplace_back(sqlite3_column_name(statement_.get(), i));
+  names_ = std::make_shared<const FieldNames>(std::move(names));
+  preparations_ = sqlite3_stmt_status(statement_.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
+}
+
+void PreparedStatement::Bind(const std::vector<std::int64_t>& values) {
+  for (std::size_t i = 0; i < values.size(); ++i)
+    if (sqlite3_bind_int64(statement_.get(), static_cast<int>(i + 1), values[i]) != SQLITE_OK)
+      ThrowEngineError(database_);
+}
+
+int PreparedStatement::Step(std::vector<Value>& cells) {
+  auto* const statement = statement_.get();
+  auto result = sqlite3_step(statement);
+  // The engine prepares a statement anew when the tables have changed: `*` may give others now.
+  if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0) != preparations_) ReadNames();
+  for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
+    const auto count = sqlite3_column_count(statement);
+    for (int i = 0; i < count; ++i) cells.push_back(ReadCell(statement, i));
+  }
+  return result;
+}
+
+Recordset PreparedStatement::Run(const std::vector<std::int64_t>& values,
+                                 std::chrono::milliseconds busyWait) {
+  if (statement_ == nullptr) return {};
+  using Clock = std::chrono::steady_clock;
+  const auto alone = sqlite3_get_autocommit(database_) != 0;
+  Bind(values);
+  const Reset reset(statement_.get());
+  std::vector<Value> cells;
+  auto result = Step(cells);
+  // The engine waits by itself, but gives up at once where two waits could be for each other.
+  // A statement of its own has then left nothing behind and can begin again.
+  if (IsBusy(result) && alone) {
+    const auto until = Clock::now() + busyWait;
+    while (IsBusy(result) && Clock::now() < until) {
+      sqlite3_reset(statement_.get());
+      cells.clear();
+      sqlite3_sleep(5);
+      result = Step(cells);
+    }
+  }
+  if (result != SQLITE_DONE) ThrowEngineError(database_);
+  return Recordset(names_, std::move(cells));
+}
+
+}  // namespace quorvane::sqlite

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Recordset.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace quorvane::sqlite {
+
+/// One statement prepared on a database, which has to outlive it.
+class PreparedStatement {
+ public:
+  /// Error 0x80004005 when the engine refuses the text, or finds a second statement in it.
+  /// `kept` tells the engine that it will be run many times.
+  PreparedStatement(sqlite3* database, const std::string& text, bool kept);
+
+  /// Binds the values, runs the statement to its end and gives its rows, all of them. Begins
+  /// again while another connection is in the way, until `busyWait` has passed.
+  Recordset Run(const std::vector<std::int64_t>& values, std::chrono::milliseconds busyWait);
+
+ private:
+  struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+
+  void Bind(const std::vector<std::int64_t>& values);
+  int Step(std::vector<Value>& cells);
+  void ReadNames();
+
+  sqlite3* database_;
+  std::unique_ptr<sqlite3_stmt, Finalizer> statement_;  ///< null for a text without a statement
+  std::shared_ptr<const FieldNames> names_;
+  int preparations_ = 0;  ///< how often the engine had prepared it anew when the names were read
+};
+
+}  // namespace quorvane::sqlite

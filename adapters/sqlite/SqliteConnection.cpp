@@ -1,0 +1,109 @@
+#include "adapters/sqlite/SqliteConnection.h"
+
+#include <filesystem>
+#include <sqlite3.h>
+#include <system_error>
+#include <utility>
+
+#include "adapters/sqlite/Concatenation.h"
+#include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/StatementCache.h"
+#include "adapters/sqlite/StatementLifter.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::sqlite {
+namespace {
+
+// The module has some two hundred shapes of statements, and lists of several lengths in a few.
+constexpr std::size_t kKeptStatements = 512;
+
+int OpenFlags(OpenMode mode) {
+  switch (mode) {
+    case OpenMode::ReadOnly:
+      return SQLITE_OPEN_READONLY;
+    case OpenMode::Create:
+      return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    default:
+      return SQLITE_OPEN_READWRITE;
+  }
+}
+
+[[noreturn]] void ThrowOpenError(const std::string& path, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::StatementFailed,
+                     "No se puede abrir la base de datos " + path + ": " + reason);
+}
+
+// What the engine would pass over, or tell less clearly.
+void RequireFile(const std::string& path) {
+  std::error_code error;
+  const auto status = std::filesystem::status(path, error);
+  if (!std::filesystem::exists(status)) ThrowOpenError(path, "el archivo no existe");
+  if (std::filesystem::is_directory(status)) ThrowOpenError(path, "es una carpeta");
+  if (std::filesystem::file_size(path, error) == 0 && !error)
+    ThrowOpenError(path, "el archivo está vacío");
+}
+
+}  // namespace
+
+struct SqliteConnection::State {
+  State(const std::string& path, OpenMode mode, std::chrono::milliseconds busyWait)
+      : wait(busyWait), database(path, OpenFlags(mode), busyWait), cache(kKeptStatements) {}
+
+  Recordset RunOnce(const std::string& statement) const {
+    return PreparedStatement(database.Handle(), RewriteConcatenation(statement), false)
+        .Run({}, wait);
+  }
+
+  PreparedStatement* FindOrPrepare(const std::string& lifted) {
+    if (auto* const kept = cache.Find(lifted); kept != nullptr) return kept;
+    try {
+      return &cache.Add(lifted,
+                        PreparedStatement(database.Handle(), RewriteConcatenation(lifted), true));
+    } catch (const RuntimeError&) {
+      // The statement's own text gives the engine's own words for what is wrong, if it is.
+      return nullptr;
+    }
+  }
+
+  std::chrono::milliseconds wait;
+  Database database;
+  StatementLifter lifter;
+  StatementCache cache;  // behind the database: its statements go first
+};
+
+SqliteConnection::SqliteConnection(std::string path, std::string name, OpenMode mode)
+    : Connection(std::move(name)), path_(std::move(path)), mode_(mode) {}
+
+SqliteConnection::~SqliteConnection() = default;
+
+void SqliteConnection::Open() {
+  if (IsOpen()) return;
+  if (mode_ != OpenMode::Create) RequireFile(path_);
+  try {
+    state_ = std::make_unique<State>(path_, mode_, wait_);
+  } catch (const RuntimeError& error) {
+    ThrowOpenError(path_, error.Description());
+  }
+}
+
+void SqliteConnection::Close() { state_.reset(); }
+
+bool SqliteConnection::IsOpen() const { return state_ != nullptr; }
+
+std::string SqliteConnection::DataSource() const { return path_; }
+
+void SqliteConnection::ExecuteScript(const std::string& statements) {
+  if (!IsOpen()) throw RuntimeError(ErrorNumber::ObjectClosed);
+  state_->database.Script(statements);
+}
+
+Recordset SqliteConnection::Run(const std::string& statement) {
+  auto& state = *state_;
+  if (state.lifter.Lift(statement)) {
+    auto* const prepared = state.FindOrPrepare(state.lifter.Text());
+    if (prepared != nullptr) return prepared->Run(state.lifter.Values(), state.wait);
+  }
+  return state.RunOnce(statement);
+}
+
+}  // namespace quorvane::sqlite

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace quorvane::sqlite {
+
+/// What a character begins in the engine's SQL.
+enum class CharKind : unsigned char {
+  Other,  ///< blanks, brackets of expressions, operators
+  Word,   ///< letters, underscore, anything beyond ASCII
+  Digit,
+  Quote,      ///< ' " ` and [, each up to its partner
+  Dash,       ///< minus, or two of them a comment
+  Slash,      ///< division, or with a star a comment
+  Dot,        ///< a qualified name, or a fraction
+  Parameter,  ///< ? : @ $ #
+  Semicolon,
+};
+
+namespace detail {
+constexpr std::array<CharKind, 256> MakeKinds() {
+  std::array<CharKind, 256> kinds{};
+  for (std::size_t c = 0; c < kinds.size(); ++c) {
+    const auto letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c >= 0x80;
+    if (letter) kinds[c] = CharKind::Word;
+    if (c >= '0' && c <= '9') kinds[c] = CharKind::Digit;
+  }
+  for (const auto c : {'\'', '"', '`', '['}) kinds[static_cast<std::size_t>(c)] = CharKind::Quote;
+  for (const auto c : {'?', ':', '@', '$', '#'})
+    kinds[static_cast<std::size_t>(c)] = CharKind::Parameter;
+  kinds['-'] = CharKind::Dash;
+  kinds['/'] = CharKind::Slash;
+  kinds['.'] = CharKind::Dot;
+  kinds[';'] = CharKind::Semicolon;
+  return kinds;
+}
+inline constexpr auto kKinds = MakeKinds();
+}  // namespace detail
+
+constexpr CharKind KindOf(char c) { return detail::kKinds[static_cast<unsigned char>(c)]; }
+
+/// Whether a name or number goes on with this character.
+constexpr bool IsWordPart(char c) {
+  return KindOf(c) == CharKind::Word || KindOf(c) == CharKind::Digit;
+}
+
+/// Behind the word that begins at `at`.
+std::size_t EndOfWord(std::string_view text, std::size_t at);
+
+/// Behind the quoted text that begins at `at`, doubled quotes inside it taken along; the end of the
+/// text when the partner is missing.
+std::size_t EndOfQuoted(std::string_view text, std::size_t at);
+
+}  // namespace quorvane::sqlite
