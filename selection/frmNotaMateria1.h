@@ -53,7 +53,6 @@ class frmNotaMateria1 : public Form {
 
  private:
   void AbrirPasoDos();
-  void TratarRecuperacion(bool blnFinal);
 };
 
 }  // namespace quorvane

@@ -1,0 +1,30 @@
+#include "selection/AperturaPasoDos.h"
+
+#include "frame/cConfiguracion.h"
+#include "platform/Application.h"
+#include "platform/ComboBox.h"
+#include "platform/Connection.h"
+#include "platform/FrontEnd.h"
+
+namespace quorvane {
+
+std::string TituloPasoDos(const ComboBox& tipo, const ComboBox& curso, const ComboBox& seccion) {
+  return tipo.Text() + " " + curso.Text() + " " + seccion.Text();
+}
+
+void MarcarSegundaFinal(const PasoDosFinal& pasoDos) {
+  const auto& configuracion = cConfiguracion::Instancia();
+  const auto primera = configuracion.conLocalCentro->Execute(
+      "SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final=" + configuracion.Verdadero() +
+      " AND Orden=1");
+  pasoDos.mlngIdEvaluacionJunio(primera.Fields("IDNUMEVALUACION").Long());
+  pasoDos.mblnFinalSeptiembre(true);
+}
+
+void MostrarPasoDos(const PasoDos& pasoDos) {
+  Application::Instance().Screen().MousePointer(Pointer::Default);
+  cConfiguracion::Instancia().conLocalAppEntrada->Close();
+  pasoDos.Mostrar();
+}
+
+}  // namespace quorvane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Recordset.h"
+
+namespace quorvane {
+
+/// The session's user enters grades on any day: he has a parent in the user tree or administers
+/// the system. Opens `conLocalAppEntrada` and leaves it open. Error 3021 for a user without a row.
+bool UsuarioSinFechas();
+
+/// The period in which the grades of that section and evaluation may be entered; without a row
+/// there is no limit.
+Recordset LeerFechaNotas(std::int32_t seccion, std::int32_t evaluacion);
+
+/// Today as dd/mm/yyyy: on the machine that holds the database, as the host tells, or here when
+/// the host can't tell.
+std::string FechaServidor();
+/// Today on this machine, as dd/mm/yyyy.
+std::string FechaLocal();
+
+/// A date given as dd/mm/yyyy turned round to yyyy/mm/dd. Error 13 for a text that is no date.
+std::string FormatoFecha(const std::string& fecha);
+
+/// The date lies within the period of the row, first and last day included. Texts are compared:
+/// the database has to deliver the bounds as yyyy/mm/dd. A Null bound lets no date in.
+bool EnFecha(const std::string& fecha, const Recordset& periodo);
+
+}  // namespace quorvane
