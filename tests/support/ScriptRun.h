@@ -21,6 +21,7 @@ struct ScriptOptions {
 struct ScriptResult {
   std::vector<std::string> lines;
   int status = 0;
+  std::string errors;  ///< what kept the script from being played
 
   /// The statements on that connection, without their "sql NAME ".
   [[nodiscard]] std::vector<std::string> Sql(const std::string& connection = "centro") const;

@@ -1,0 +1,44 @@
+#include "apps/quorvane-guion/PlayScript.h"
+
+#include <utility>
+
+#include "adapters/guion/EventPrinter.h"
+#include "adapters/guion/Guion.h"
+#include "adapters/guion/Host.h"
+#include "adapters/guion/ScriptError.h"
+#include "adapters/guion/ScriptParser.h"
+#include "apps/quorvane-guion/SchoolConnections.h"
+#include "frame/cAsignarDatos.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::guion {
+namespace {
+
+constexpr int kNotPlayed = 2;
+
+ModuleEntry RealModule() {
+  return {[](const auto& session) { cAsignarDatos().ObtenerDatos(session); },
+          [](std::uint8_t nodo) { cAsignarDatos().ActivarFormulario(nodo); }};
+}
+
+}  // namespace
+
+int PlayScript(const PlayOptions& options, std::istream& script, std::ostream& out,
+               std::ostream& errors) {
+  try {
+    auto commands = ParseScript(script);
+    const SchoolConnections school(options);
+    auto session = options.host;
+    session.rutaBD = options.bd;
+    EventPrinter events(out);
+    Host host(session, school.Connections(), RealModule(), events);
+    return Guion(std::move(commands), host, events).Play();
+  } catch (const ScriptError& error) {
+    errors << "línea " << error.Line() << ": " << error.what() << '\n';
+  } catch (const RuntimeError& error) {
+    errors << error.Description() << '\n';
+  }
+  return kNotPlayed;
+}
+
+}  // namespace quorvane::guion

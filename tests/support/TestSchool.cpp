@@ -1,0 +1,75 @@
+#include "tests/support/TestSchool.h"
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::test {
+namespace {
+
+// A test's school need not survive the machine.
+constexpr const char* kFast = "PRAGMA synchronous=OFF;";
+
+std::string NewPath() {
+  static std::atomic<int> count = 0;
+  const auto name = "quorvane-" + std::to_string(getpid()) + "-" + std::to_string(++count);
+  return (std::filesystem::temp_directory_path() / (name + ".sqlite")).string();
+}
+
+[[noreturn]] void Fail(const std::string& statement, const RuntimeError& error) {
+  std::fprintf(stderr, "%s\n%s\n", error.what(), statement.c_str());
+  std::abort();
+}
+
+std::string CellText(const Value& value) { return value.IsNull() ? "NULL" : value.Text(); }
+
+}  // namespace
+
+TestSchool::TestSchool() : path_(NewPath()) {
+  // A program that was killed may have left one of that name.
+  std::filesystem::remove(path_);
+  sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::Create);
+  school.Open();
+  school.ExecuteScript(kFast + ("BEGIN;" + std::string(SqliteSchema())) + ";COMMIT;");
+}
+
+TestSchool::~TestSchool() {
+  std::error_code ignored;
+  std::filesystem::remove(path_, ignored);
+}
+
+void TestSchool::Sql(const std::string& statements) const {
+  try {
+    sqlite::SqliteConnection school(path_, "");
+    school.Open();
+    school.ExecuteScript(kFast + statements);
+  } catch (const RuntimeError& error) {
+    Fail(statements, error);
+  }
+}
+
+std::vector<std::string> TestSchool::Rows(const std::string& select) const {
+  std::vector<std::string> rows;
+  try {
+    sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::ReadOnly);
+    school.Open();
+    auto found = school.Execute(select);
+    for (; !found.Eof(); found.MoveNext()) {
+      std::string row;
+      for (std::size_t i = 0; i < found.Names().size(); ++i)
+        row += (i > 0 ? "|" : "") + CellText(found.Fields(i));
+      rows.push_back(row);
+    }
+  } catch (const RuntimeError& error) {
+    Fail(select, error);
+  }
+  return rows;
+}
+
+}  // namespace quorvane::test
