@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/ItemList.h"
+#include "platform/Recordset.h"
+
+namespace quorvane {
+
+/// Adds an entry a row of the recordset: the text of one column, with the number in another as
+/// item data. The recordset ends behind its last row.
+void FillList(ItemList& list, Recordset& rows, const char* text, const char* itemData);
+
+}  // namespace quorvane

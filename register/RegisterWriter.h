@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "frame/cConstCol.h"
+#include "platform/Collection.h"
+#include "register/cAlumno.h"
+#include "register/cMatProf.h"
+
+namespace quorvane {
+
+class Connection;
+
+/// Writes the register of a section in one pass, driven by the row states alone: children go
+/// before parents when deleting, parents before children when inserting. No transaction: what is
+/// written when a statement fails stays written. Error 3021 for a changed subject whose row is
+/// gone. The objects stay as they are.
+class RegisterWriter {
+ public:
+  /// The connection outlives the writer.
+  RegisterWriter(Connection& centro, std::int32_t section);
+
+  void SaveTeachers(const Collection<cMatProf>& colMatProf);
+  void SaveStudents(const Collection<cAlumno>& colAlumnos);
+
+ private:
+  void DeleteStudent(const cAlumno& alumno);
+  void InsertStudent(const cAlumno& alumno);
+  void UpdateStudent(const cAlumno& alumno);
+  void InsertSubject(const cAlumno& alumno, const cMateria& materia);
+  void UpdateSubject(const cAlumno& alumno, const cMateria& materia);
+  void DeleteSubject(const cAlumno& alumno, const cMateria& materia);
+  void InsertEvaluation(const std::string& pending, const cEvaluacion& evaluacion);
+  void DeleteEvaluation(const std::string& pending, const cEvaluacion& evaluacion);
+  /// The key of a new row: take it right before the INSERT.
+  [[nodiscard]] std::string SiguienteId(const std::string& tabla, const std::string& campo);
+
+  Connection& centro_;
+  std::string section_;
+  cConstCol estados_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,93 @@
+#include "register/frmPendientes.h"
+
+#include "frame/PrimeraPantalla.h"
+#include "frame/cConfiguracion.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
+#include "platform/Connection.h"
+#include "platform/FormInstance.h"
+#include "platform/MessageBox.h"
+#include "register/Centro.h"
+#include "register/FillList.h"
+#include "register/frmAlumnoPendiente.h"
+
+namespace quorvane {
+
+void MostrarFrmPendientes() {
+  FormInstance<frmPendientes>::Get().ShowModal();
+  FormInstance<frmPendientes>::Drop();
+}
+
+frmPendientes::frmPendientes() : Form("frmPendientes") {
+  Caption("Alumnos con materias pendientes");
+  Width(6240);
+  Height(2640);
+  Label1.Caption("Tipo de Enseñanza:");
+  Label1.Place(180, 240, 1755, 255);
+  cboTEnsenanza.Place(2040, 195, 3900, 315);
+  Label2.Caption("Curso:");
+  Label2.Place(180, 705, 1755, 255);
+  cboCurso.Place(2040, 660, 3900, 315);
+  Label3.Caption("Sección:");
+  Label3.Place(180, 1170, 1755, 255);
+  cboSeccion.Place(2040, 1125, 3900, 315);
+  cmdAceptar.Caption("Siguiente >");
+  cmdAceptar.Default = true;
+  cmdAceptar.Place(3210, 1710, 1305, 375);
+  cmdCancelar.Caption("Salir");
+  cmdCancelar.Cancel = true;
+  cmdCancelar.Place(4635, 1710, 1305, 375);
+
+  cboTEnsenanza.Click = [this] { cboTEnsenanza_Click(); };
+  cboCurso.Click = [this] { cboCurso_Click(); };
+  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
+  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
+}
+
+void frmPendientes::Form_Load() {
+  const auto& configuracion = cConfiguracion::Instancia();
+  Application::Instance()
+      .Objects()
+      .Create<CentroApi>(CentroApi::kProgId)
+      ->marcar_Obligatorios(*this);
+  Icon(configuracion.RutaIcono);
+  auto tipos = Centro().Execute(
+      "SELECT DISTINCT IDTipoEnsenanza, Nombre, orden FROM TipoEnsenanza INNER JOIN "
+      "Centro_tipoensenanza ON Centro_tipoensenanza.CodTipoEnsenanza=TipoEnsenanza.IDTipoEnsenanza "
+      "WHERE codtipoensenanza not in (1,2) AND codCentro=" +
+      std::to_string(configuracion.intIdCentro) + " ORDER BY Orden");
+  FillList(cboTEnsenanza, tipos, "Nombre", "IDTipoEnsenanza");
+}
+
+void frmPendientes::cboTEnsenanza_Click() {
+  if (cboTEnsenanza.ListIndex() < 0) return;
+  cboCurso.Clear();
+  auto cursos = Centro().Execute("SELECT IDCurso, Descripcion FROM Curso WHERE codTipoEnsenanza=" +
+                                 std::to_string(cboTEnsenanza.SelectedData()) + " ORDER BY Orden");
+  FillList(cboCurso, cursos, "Descripcion", "IDCurso");
+}
+
+void frmPendientes::cboCurso_Click() {
+  if (cboCurso.ListIndex() < 0) return;
+  cboSeccion.Clear();
+  auto secciones =
+      Centro().Execute("SELECT IDSeccion, Descripcion FROM Seccion WHERE codCurso=" +
+                       std::to_string(cboCurso.SelectedData()) + " ORDER BY Descripcion");
+  FillList(cboSeccion, secciones, "Descripcion", "IDSeccion");
+}
+
+void frmPendientes::cmdAceptar_Click() {
+  if (cboTEnsenanza.ListIndex() < 0 || cboCurso.ListIndex() < 0 || cboSeccion.ListIndex() < 0) {
+    BeepAndMessage("Debe seleccionar un tipo de enseñanza, curso y sección",
+                   MessageIcon::Exclamation);
+    return;
+  }
+  Hide();
+  FormInstance<frmAlumnoPendiente>::Get().ShowModal();
+}
+
+void frmPendientes::cmdCancelar_Click() { Unload(); }
+
+void frmPendientes::Form_Unload() { FormInstance<frmPendientes>::Drop(); }
+
+}  // namespace quorvane
