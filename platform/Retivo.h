@@ -38,8 +38,8 @@ class Retivo : public Grid {
   std::function<void()> FinEdicion;     ///< the edit has ended: take `ListaIndice`
   std::function<void()> CambioAncho;    ///< the user has dragged a column's width
 
-  /// The user begins to edit a cell: it becomes current and the list is filled. Error 380 off the
-  /// grid.
+  /// The user begins to edit a cell: it becomes current, and its column offers what the handler
+  /// fills in now, and nothing of an earlier edit. Error 380 off the grid.
   void BeginEdit(int row, int col);
   /// The user ends the edit: a cell that edits through a list takes the entry's text, or none for
   /// -1. Error 381 for an entry that the column doesn't offer.
