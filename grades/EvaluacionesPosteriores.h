@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace quorvane {
+
+// An objective that hangs from a subject, carried forward in the host's main grade book. The two
+// are not mirror images: one adds to the next evaluation alone, the other removes from all later
+// ones. Later are the evaluations that follow by `Orden`, aren't final and are given in the
+// section. Fails as the statements do; error 3021 where a row that has to be there isn't.
+
+/// What differs between the forms in adding.
+struct TextosAnadir {
+  /// Takes the key of a new row: table, column.
+  std::function<std::int32_t(const std::string&, const std::string&)> siguienteId;
+  std::string mensaje;           ///< of the loop of attempts
+  std::string columnasObjetivo;  ///< what is selected of an objective that is there already
+  std::string insertarNotas;     ///< "INSERT INTO ... VALUES (" of the sixteen empty grades
+};
+
+/// `materia` and `objetivo` are ids of `Materia`.
+void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, std::int32_t alumno,
+                                 std::int32_t materia, std::int32_t objetivo,
+                                 const TextosAnadir& textos);
+
+/// Does nothing unless `objetivo` is above 0. `borrarNotas` is the "DELETE FROM ..." of the
+/// grades, up to its WHERE.
+void QuitarDeEvaluacionesPosteriores(std::int32_t seccion, std::int32_t evaluacion,
+                                     std::int32_t alumno, std::int32_t materia,
+                                     std::int32_t objetivo, const std::string& borrarNotas);
+
+}  // namespace quorvane

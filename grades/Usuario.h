@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorvane {
+
+/// The `IDPersonal` of the session's user, 0 when he is no member of staff. `columna` is the name
+/// of the condition's column as the caller spells it.
+std::int32_t PersonalDelUsuario(const std::string& columna);
+
+/// Whether the session's user is the tutor of that section. The statement runs for any profile.
+bool EsTutor(std::int32_t seccion);
+
+}  // namespace quorvane
