@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+
+#include "adapters/qt/ControlView.h"
+#include "platform/MSFlexGrid.h"
+
+namespace quorvane::qt {
+
+class GridTable;
+
+/// A table to look at and choose a row from; Enter does what a double click does.
+class FlexGridView : public QObject, public ControlView {
+ public:
+  FlexGridView(FormWindow& window, MSFlexGrid& grid);
+
+ protected:
+  void Show() override;
+
+ private:
+  void Choose(int row, int col);
+  bool TakesEnter(int key);
+
+  MSFlexGrid& grid_;
+  GridTable* table_;
+  int topRow_ = 0;
+};
+
+}  // namespace quorvane::qt

@@ -1,0 +1,209 @@
+#include "adapters/qt/FormWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScreen>
+#include <algorithm>
+
+#include "adapters/qt/ButtonView.h"
+#include "adapters/qt/ControlView.h"
+#include "adapters/qt/IconStore.h"
+#include "adapters/qt/KeyCodes.h"
+#include "adapters/qt/ModelPlacement.h"
+#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/Units.h"
+#include "adapters/qt/layouts/Layouts.h"
+#include "platform/Frame.h"
+
+namespace quorvane::qt {
+namespace {
+
+bool IsUserInput(QEvent::Type type) {
+  return type == QEvent::KeyPress || type == QEvent::MouseButtonPress ||
+         type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick ||
+         type == QEvent::Wheel;
+}
+
+/// The label stands on the control's left, in its line.
+bool IsNamedBy(const Control& control, const Control& label) {
+  const auto kind = control.Kind();
+  if (kind != "ComboBox" && kind != "TextBox") return false;
+  const auto middle = label.Top() + label.Height() / 2;
+  return control.Container() == label.Container() && control.Left() > label.Left() &&
+         middle >= control.Top() && middle <= control.Top() + control.Height();
+}
+
+}  // namespace
+
+FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      frontEnd_(frontEnd),
+      form_(form),
+      knownSize_(form.Width(), form.Height()) {
+  setObjectName(Text(form.Name()));
+  setWindowModality(Qt::ApplicationModal);
+  for (auto* control : form.Controls()) views_.push_back(MakeView(*this, *control));
+  ConnectLabels();
+  OrderTabs();
+  // A layout measures the texts.
+  for (const auto& view : views_) view->Sync();
+  placedByModel_ = !LayOut(*this);
+  Sync();
+}
+
+FormWindow::~FormWindow() = default;
+
+ControlView* FormWindow::View(const Control& control) const {
+  const auto found = std::find_if(views_.begin(), views_.end(), [&control](const auto& view) {
+    return &view->Model() == &control;
+  });
+  return found == views_.end() ? nullptr : found->get();
+}
+
+QWidget* FormWindow::Widget(std::string_view control) const {
+  const auto* model = form_.Find(control);
+  const auto* view = model == nullptr ? nullptr : View(*model);
+  return view == nullptr ? nullptr : view->Widget();
+}
+
+QWidget* FormWindow::Surface(const Frame* container) const {
+  const auto* view = container == nullptr ? nullptr : View(*container);
+  return view == nullptr ? const_cast<FormWindow*>(this) : view->Widget();
+}
+
+void FormWindow::ConnectLabels() {
+  // A label's mnemonic leads to what stands on its right, which a screen reader calls by it.
+  for (const auto& view : views_) {
+    auto* label = qobject_cast<QLabel*>(view->Widget());
+    if (label == nullptr) continue;
+    const Control* nearest = nullptr;
+    for (const auto& other : views_)
+      if (IsNamedBy(other->Model(), view->Model()) &&
+          (nearest == nullptr || other->Model().Left() < nearest->Left()))
+        nearest = &other->Model();
+    if (nearest != nullptr) label->setBuddy(View(*nearest)->Widget());
+  }
+}
+
+void FormWindow::OrderTabs() {
+  QWidget* last = nullptr;
+  for (const auto& view : views_) {
+    if (view->Widget()->focusPolicy() == Qt::NoFocus) continue;
+    if (last != nullptr) setTabOrder(last, view->Widget());
+    last = view->Widget();
+  }
+}
+
+void FormWindow::Open() {
+  const auto* before = parentWidget();
+  const auto room = before != nullptr && before->isVisible() ? before->frameGeometry()
+                                                             : screen()->availableGeometry();
+  if (!placedByModel_)
+    resize(sizeHint().expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())}));
+  move(room.center() - rect().center());
+  show();
+  knownPosition_ = {Twips(pos().x()), Twips(pos().y())};
+  form_.Left(knownPosition_.x());
+  form_.Top(knownPosition_.y());
+  open_ = true;
+  qApp->installEventFilter(this);
+}
+
+void FormWindow::Sync() {
+  setWindowTitle(Text(form_.Caption()));
+  if (windowIcon().isNull()) setWindowIcon(IconStore::Load(form_.Icon()));
+  for (const auto& view : views_) view->Sync();
+  if (placedByModel_) PlaceByModel(*this);
+  ShowSize();
+  if (!open_) return;
+  ShowPosition();
+  ShowFocus();
+}
+
+void FormWindow::ShowSize() {
+  const QSize wanted(form_.Width(), form_.Height());
+  const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
+  // A form with a layout has the size that this gives it, until the form sets another.
+  const auto changed = placedByModel_ ? size() != inner : knownSize_ != wanted;
+  knownSize_ = wanted;
+  if (changed) resize(inner);
+}
+
+void FormWindow::ShowPosition() {
+  const QPoint wanted(form_.Left(), form_.Top());
+  if (wanted == knownPosition_) return;
+  knownPosition_ = wanted;
+  moving_ = true;
+  move(Pixels(wanted.x()), Pixels(wanted.y()));
+  moving_ = false;
+}
+
+void FormWindow::ShowFocus() {
+  const auto* wanted = form_.WantsFocus();
+  if (wanted == nullptr) return;
+  if (auto* view = View(*wanted)) view->Widget()->setFocus();
+  form_.Focus(nullptr);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
+  if (!open_ || size() == inner) return;
+  frontEnd_.Gesture(*this, [this] {
+    knownSize_ = {Twips(width()) + Form::kBorderWidth, Twips(height()) + Form::kBorderHeight};
+    form_.ResizeByUser(knownSize_.width(), knownSize_.height());
+  });
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+  QDialog::moveEvent(event);
+  if (!open_ || moving_) return;
+  knownPosition_ = {Twips(pos().x()), Twips(pos().y())};
+  form_.Left(knownPosition_.x());
+  form_.Top(knownPosition_.y());
+}
+
+void FormWindow::CloseByUser() {
+  frontEnd_.Gesture(*this, [this] {
+    if (form_.Enabled()) form_.CloseByUser();
+  });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  // The form decides; its show takes the window away.
+  event->ignore();
+  CloseByUser();
+}
+
+void FormWindow::reject() {
+  for (const auto& view : views_) {
+    auto* button = dynamic_cast<ButtonView*>(view.get());
+    if (button == nullptr || !button->Cancels()) continue;
+    button->Press();
+    return;
+  }
+  CloseByUser();
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!IsUserInput(event->type())) return false;
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  if (widget == nullptr || widget->window() != this) return false;
+  if (!form_.Enabled() || frontEnd_.Busy()) return true;
+  if (event->type() != QEvent::KeyPress) return false;
+  // A key that the focused control leaves climbs to what that stands on: ask the form once.
+  const auto* first = focusWidget() == nullptr ? this : focusWidget();
+  return widget == first && FormTakes(static_cast<QKeyEvent*>(event)->key());
+}
+
+bool FormWindow::FormTakes(int qtKey) {
+  const auto code = KeyCode(qtKey);
+  if (code == 0) return false;
+  auto left = code;
+  frontEnd_.Gesture(*this, [this, code, &left] { left = form_.KeyDown(code); });
+  return left == 0 || !form_.Visible();
+}
+
+}  // namespace quorvane::qt

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "platform/Form.h"
+
+namespace quorvane {
+class Frame;
+}
+
+namespace quorvane::qt {
+
+class ControlView;
+class QtFrontEnd;
+
+/// The window of one show of a form. It lives as long as that show, and so on the stack of
+/// `QtFrontEnd::RunModal`; the form and the front end outlive it.
+///
+/// Each control's widget carries the control's name as its object name.
+class FormWindow : public QDialog {
+ public:
+  FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent);
+  ~FormWindow() override;
+  FormWindow(const FormWindow&) = delete;
+  FormWindow& operator=(const FormWindow&) = delete;
+  FormWindow(FormWindow&&) = delete;
+  FormWindow& operator=(FormWindow&&) = delete;
+
+  [[nodiscard]] Form& Model() const noexcept { return form_; }
+  [[nodiscard]] QtFrontEnd& FrontEnd() const noexcept { return frontEnd_; }
+  [[nodiscard]] const std::vector<std::unique_ptr<ControlView>>& Views() const noexcept {
+    return views_;
+  }
+
+  /// The widget of the control of that name; null when the form has none.
+  [[nodiscard]] QWidget* Widget(std::string_view control) const;
+  /// What the controls of a frame stand on, or those of the form itself.
+  [[nodiscard]] QWidget* Surface(const Frame* container) const;
+
+  /// Puts the window on the screen, in the middle of its parent or of the screen.
+  void Open();
+  /// Lines the window up with the model. Raises no event.
+  void Sync();
+
+  /// Esc: the button that cancels, or the X where the form has none.
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] ControlView* View(const Control& control) const;
+  void ConnectLabels();
+  void OrderTabs();
+  void ShowSize();
+  void ShowPosition();
+  void ShowFocus();
+  void CloseByUser();
+  bool FormTakes(int qtKey);
+
+  QtFrontEnd& frontEnd_;
+  Form& form_;
+  std::vector<std::unique_ptr<ControlView>> views_;  // in the form's order
+  bool placedByModel_ = false;                       // the form has no layout of its own
+  bool open_ = false;
+  bool moving_ = false;
+  QSize knownSize_;  // in twips, the last that form and window agree on
+  QPoint knownPosition_;
+};
+
+}  // namespace quorvane::qt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+
+#include "adapters/qt/ControlView.h"
+#include "platform/ListBox.h"
+
+class QListWidget;
+
+namespace quorvane::qt {
+
+/// A list that is always open; Enter does what a double click does.
+class ListView : public QObject, public ControlView {
+ public:
+  ListView(FormWindow& window, ListBox& list);
+
+ protected:
+  void Show() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] bool HasSameEntries() const;
+  void Choose();
+  bool TakesEnter();
+
+  ListBox& list_;
+  QListWidget* rows_;
+};
+
+}  // namespace quorvane::qt

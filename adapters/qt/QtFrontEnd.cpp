@@ -1,0 +1,209 @@
+#include "adapters/qt/QtFrontEnd.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QEventLoopLocker>
+#include <QFontMetrics>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTimer>
+#include <exception>
+
+#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/Units.h"
+
+namespace quorvane::qt {
+
+/// One modal show that runs.
+struct Show {
+  explicit Show(FormWindow& shown) : window(shown) {}
+
+  FormWindow& window;
+  QEventLoop loop;
+  std::exception_ptr failure;
+  bool busy = false;  // one of its handlers is running
+};
+
+namespace {
+
+constexpr qint64 kPaintEvery = 40;  // milliseconds
+
+/// Stands on the list for as long as it lives.
+class Standing {
+ public:
+  Standing(std::vector<Show*>& shows, Show& show) : shows_(shows) { shows_.push_back(&show); }
+  ~Standing() { shows_.pop_back(); }
+  Standing(const Standing&) = delete;
+  Standing& operator=(const Standing&) = delete;
+  Standing(Standing&&) = delete;
+  Standing& operator=(Standing&&) = delete;
+
+ private:
+  std::vector<Show*>& shows_;
+};
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Information:
+      return QMessageBox::Information;
+    case MessageIcon::Critical:
+      return QMessageBox::Critical;
+    case MessageIcon::Exclamation:
+      break;
+  }
+  return QMessageBox::Warning;
+}
+
+}  // namespace
+
+QtFrontEnd::QtFrontEnd() { sincePaint_.start(); }
+
+QtFrontEnd::~QtFrontEnd() {
+  if (hourglass_) QApplication::restoreOverrideCursor();
+}
+
+FormWindow* QtFrontEnd::ActiveWindow() const noexcept {
+  return shows_.empty() ? nullptr : &shows_.back()->window;
+}
+
+QWidget* QtFrontEnd::TopWindow() const {
+  for (auto show = shows_.rbegin(); show != shows_.rend(); ++show)
+    if ((*show)->window.isVisible()) return &(*show)->window;
+  return host_;
+}
+
+bool QtFrontEnd::Busy() const noexcept { return !shows_.empty() && shows_.back()->busy; }
+
+void QtFrontEnd::RunModal(Form& form) {
+  // Windows that come and go inside a show are no reason to end the program.
+  const QEventLoopLocker keepRunning;
+  ShowChanges();
+  FormWindow window(*this, form, TopWindow());
+  Show show(window);
+  {
+    const Standing standing(shows_, show);
+    window.Open();
+    PaintOnly();
+    show.busy = true;
+    form.Shown();
+    show.busy = false;
+    ShowChanges();
+    RunHooks(window);
+    while (form.Visible() && show.failure == nullptr) {
+      // Told to end, the program must still unwind through the handlers that wait here.
+      if (show.loop.exec() < 0) show.loop.processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    window.hide();
+  }
+  if (show.failure != nullptr) std::rethrow_exception(show.failure);
+  if (auto* below = TopWindow()) below->activateWindow();
+}
+
+void QtFrontEnd::RunHooks(FormWindow& window) {
+  if (!WindowShown) return;
+  QTimer::singleShot(0, &window, [this, &window] {
+    Gesture(window, [this, &window] {
+      // The hook acts as the user, so the window must listen to it.
+      shows_.back()->busy = false;
+      WindowShown(window);
+    });
+  });
+}
+
+void QtFrontEnd::Gesture(const FormWindow& window, const std::function<void()>& handler) noexcept {
+  if (shows_.empty()) return;
+  auto& show = *shows_.back();
+  if (&show.window != &window || show.busy || show.failure != nullptr) return;
+  show.busy = true;
+  try {
+    handler();
+    ShowChanges();
+  } catch (...) {
+    show.failure = std::current_exception();
+  }
+  show.busy = false;
+  if (show.failure != nullptr || !window.Model().Visible()) show.loop.quit();
+}
+
+void QtFrontEnd::ShowChanges() {
+  for (std::size_t i = 0; i < shows_.size(); ++i) {
+    auto& window = shows_[i]->window;
+    auto again = false;  // the same form is shown anew further in
+    for (auto inner = i + 1; inner < shows_.size(); ++inner)
+      again = again || &shows_[inner]->window.Model() == &window.Model();
+    if (again || !window.Model().Visible())
+      window.hide();
+    else
+      window.Sync();
+  }
+}
+
+void QtFrontEnd::Hidden(Form& form) {
+  for (auto* show : shows_)
+    if (&show->window.Model() == &form) show->window.hide();
+}
+
+void QtFrontEnd::PaintOnly() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  sincePaint_.restart();
+}
+
+void QtFrontEnd::DoEvents() {
+  ShowChanges();
+  PaintOnly();
+}
+
+void QtFrontEnd::Pulse() {
+  if (shows_.empty() || sincePaint_.elapsed() < kPaintEvery) return;
+  PaintOnly();
+}
+
+void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::string& text) {
+  ShowChanges();
+  QMessageBox box(IconOf(icon), Text(title), Text(text).replace('\r', '\n'), QMessageBox::Ok,
+                  TopWindow());
+  box.setTextFormat(Qt::PlainText);
+  std::exception_ptr failure;
+  if (MessageShown) {
+    QTimer::singleShot(0, &box, [this, &box, &failure] {
+      try {
+        MessageShown(box);
+      } catch (...) {
+        failure = std::current_exception();
+        box.reject();
+      }
+    });
+  }
+  // The user is to read and answer: no time for the hourglass.
+  if (hourglass_) QApplication::restoreOverrideCursor();
+  box.exec();
+  if (hourglass_) QApplication::setOverrideCursor(Qt::WaitCursor);
+  if (failure != nullptr) std::rethrow_exception(failure);
+}
+
+void QtFrontEnd::Beep() { QApplication::beep(); }
+
+void QtFrontEnd::MousePointer(Pointer pointer) {
+  const auto hourglass = pointer == Pointer::Hourglass;
+  if (hourglass == hourglass_) return;
+  hourglass_ = hourglass;
+  if (hourglass)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+std::int32_t QtFrontEnd::TextWidth(const Form& /*form*/, const std::string& text) {
+  // All forms have the application's font.
+  return Twips(QFontMetrics(QApplication::font()).horizontalAdvance(Text(text)));
+}
+
+std::int32_t QtFrontEnd::ScreenWidth() {
+  return Twips(QGuiApplication::primaryScreen()->geometry().width());
+}
+
+std::int32_t QtFrontEnd::ScreenHeight() {
+  return Twips(QGuiApplication::primaryScreen()->geometry().height());
+}
+
+}  // namespace quorvane::qt

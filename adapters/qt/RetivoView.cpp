@@ -1,0 +1,110 @@
+#include "adapters/qt/RetivoView.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/GridTable.h"
+#include "adapters/qt/Units.h"
+
+namespace quorvane::qt {
+
+RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
+    : ControlView(window, retivo), retivo_(retivo), table_(new GridTable(Surface())) {
+  Use(table_);
+  editor_ = new RetivoEditor(table_);
+  editor_->Chosen = [this](int entry, RetivoEditor::Then then) {
+    EndEdit(entry);
+    if (then != RetivoEditor::Then::Stay) MoveOn(then == RetivoEditor::Then::Next);
+  };
+  editor_->LeftAlone = [this](RetivoEditor::Then then) {
+    MoveOn(then == RetivoEditor::Then::Next);
+  };
+  table_->setSelectionBehavior(QAbstractItemView::SelectItems);
+  table_->TakesKey = [this](const QKeyEvent& key) { return TakesKey(key); };
+  table_->TakesTab = [this](bool forward) { return MoveOn(forward); };
+  connect(table_, &QTableView::clicked, this, [this](const QModelIndex& cell) { Open(cell, {}); });
+  connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& cell) {
+            if (!cell.isValid()) return;
+            Gesture([this, cell] {
+              retivo_.Row(cell.row() + retivo_.FixedRows());
+              retivo_.Col(cell.column());
+            });
+          });
+  connect(table_->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+    if (!Showing()) draggedColumn_ = column;
+  });
+  table_->horizontalHeader()->viewport()->installEventFilter(this);
+}
+
+void RetivoView::Show() { table_->Take(retivo_); }
+
+bool RetivoView::eventFilter(QObject* /*watched*/, QEvent* event) {
+  // The drag counts when the user lets go: the form may set every width back.
+  if (event->type() != QEvent::MouseButtonRelease || draggedColumn_ < 0) return false;
+  const auto column = draggedColumn_;
+  draggedColumn_ = -1;
+  Gesture([this, column] { retivo_.DragColumn(column, Twips(table_->columnWidth(column))); });
+  return false;
+}
+
+bool RetivoView::Opens(const QModelIndex& cell) const {
+  return cell.isValid() && retivo_.EditsThroughList(cell.column()) &&
+         !table_->isColumnHidden(cell.column());
+}
+
+void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
+  if (!Opens(cell)) return;
+  const QPersistentModelIndex kept(cell);
+  auto begun = false;
+  Gesture([this, cell, &begun] {
+    retivo_.BeginEdit(cell.row() + retivo_.FixedRows(), cell.column());
+    begun = true;
+  });
+  // The form's answer may have been another form, or a grid without that cell.
+  if (!begun || !kept.isValid() || !table_->isVisible() || !Window().isVisible()) return;
+  table_->scrollTo(kept);
+  auto room = table_->visualRect(kept);
+  room.moveTopLeft(table_->viewport()->mapToGlobal(room.topLeft()));
+  std::vector<QString> entries;
+  for (const auto& entry : retivo_.Lista(kept.column())) entries.push_back(Text(entry.text));
+  editor_->Open(room, entries, kept.data().toString(), typed);
+}
+
+void RetivoView::EndEdit(int entry) {
+  Gesture([this, entry] { retivo_.EndEdit(entry); });
+}
+
+bool RetivoView::TakesKey(const QKeyEvent& key) {
+  const auto cell = table_->currentIndex();
+  if (!Opens(cell)) return false;
+  if (key.key() == Qt::Key_F2 || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+    Open(cell, {});
+    return true;
+  }
+  const auto text = key.text();
+  const auto typing = !text.isEmpty() && text.front().isPrint() &&
+                      (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  if (typing) Open(cell, text.trimmed());
+  return typing;
+}
+
+bool RetivoView::MoveOn(bool forward) {
+  const auto* cells = table_->model();
+  const auto cell = table_->currentIndex();
+  if (!cell.isValid()) return false;
+  const auto count = cells->rowCount() * cells->columnCount();
+  const auto step = forward ? 1 : -1;
+  for (auto at = cell.row() * cells->columnCount() + cell.column() + step; at >= 0 && at < count;
+       at += step) {
+    const auto next = cells->index(at / cells->columnCount(), at % cells->columnCount());
+    if (!Opens(next)) continue;
+    table_->setCurrentIndex(next);
+    return true;
+  }
+  // Beyond the last cell the keyboard goes to the next control.
+  return false;
+}
+
+}  // namespace quorvane::qt

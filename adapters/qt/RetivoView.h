@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include "adapters/qt/ControlView.h"
+#include "adapters/qt/RetivoEditor.h"
+#include "platform/Retivo.h"
+
+namespace quorvane::qt {
+
+class GridTable;
+
+/// A table whose list cells open a list on click, F2, Enter or typing. Tab goes from one list cell
+/// to the next, the arrow keys from cell to cell.
+class RetivoView : public QObject, public ControlView {
+ public:
+  RetivoView(FormWindow& window, Retivo& retivo);
+
+ protected:
+  void Show() override;
+  /// What is built meanwhile is seen when the grid is to be painted again.
+  [[nodiscard]] bool Frozen() const override { return !retivo_.Redraw(); }
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] bool Opens(const QModelIndex& cell) const;
+  void Open(const QModelIndex& cell, const QString& typed);
+  bool TakesKey(const QKeyEvent& key);
+  bool MoveOn(bool forward);
+  void EndEdit(int entry);
+
+  Retivo& retivo_;
+  GridTable* table_;
+  RetivoEditor* editor_;
+  int draggedColumn_ = -1;  // while the mouse drags its border
+};
+
+}  // namespace quorvane::qt
