@@ -4,26 +4,13 @@
 #include "platform/Connection.h"
 
 namespace quorvane {
-namespace {
-
-Connection& Centro() { return *cConfiguracion::Instancia().conLocalCentro; }
-
-std::string Usuario() { return std::to_string(cConfiguracion::Instancia().intIDUsuario); }
-
-}  // namespace
 
 std::int32_t PersonalDelUsuario(const std::string& columna) {
+  const auto& configuracion = cConfiguracion::Instancia();
   const auto recordset =
-      Centro().Execute("SELECT IDPersonal FROM Personal WHERE " + columna + "=" + Usuario());
+      configuracion.conLocalCentro->Execute("SELECT IDPersonal FROM Personal WHERE " + columna +
+                                            "=" + std::to_string(configuracion.intIDUsuario));
   return recordset.Eof() ? 0 : recordset.Fields("IDPersonal").Long();
-}
-
-bool EsTutor(std::int32_t seccion) {
-  return !Centro()
-              .Execute("SELECT IDPersonal FROM Personal WHERE CodUsuario=" + Usuario() +
-                       " AND IDPersonal IN (SELECT CodTutor FROM Seccion WHERE IDSeccion=" +
-                       std::to_string(seccion) + ")")
-              .Eof();
 }
 
 }  // namespace quorvane

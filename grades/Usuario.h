@@ -9,7 +9,4 @@ namespace quorvane {
 /// of the condition's column as the caller spells it.
 std::int32_t PersonalDelUsuario(const std::string& columna);
 
-/// Whether the session's user is the tutor of that section. The statement runs for any profile.
-bool EsTutor(std::int32_t seccion);
-
 }  // namespace quorvane

@@ -14,6 +14,7 @@
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
+#include "selection/EvaluacionElegida.h"
 #include "selection/PasoDos.h"
 #include "selection/frmNotaManual1.h"
 
@@ -71,7 +72,7 @@ void frmNotaManual::Form_Load() {
   strMateriasBloqueo.clear();
   colAlumnos.Clear();
   Icon(configuracion.RutaIcono);
-  blnTutor = EsTutor(paso.seccion) || configuracion.intIDPerfil < 1;
+  blnTutor = EsTutor(paso.seccion);
   ConfigurarRejillas();
   Recordset alumnos;
   if (configuracion.intIDPerfil == 0 || blnTutor)
