@@ -1,22 +1,45 @@
 #include "apps/quorvane-guion/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
 
 namespace quorvane::guion {
+namespace {
+
+constexpr int kBadArguments = 2;
+
+std::string InSpanish(const CLI::ParseError& error) {
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) return "Sobran argumentos";
+  if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) return "Valor no válido";
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "Falta un valor";
+  return "Argumentos no válidos";
+}
+
+void NameInSpanish(CLI::FormatterBase& formatter) {
+  formatter.column_width(30);
+  formatter.label("Usage", "Uso");
+  formatter.label("OPTIONS", "OPCIONES");
+  formatter.label("Positionals", "Guion");
+}
+
+void Tell(const CLI::App& app, const std::string& mistake) {
+  std::cerr << mistake << '\n' << app.get_name() << " --help muestra la ayuda\n";
+}
+
+}  // namespace
 
 std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, int& status) {
-  constexpr int kBadArguments = 2;
   CommandLine line;
   auto& host = line.options.host;
   bool inactive = false;
-  CLI::App app("Juega un guion de gestos de usuario con las pantallas de materias pendientes.");
-  app.get_formatter()->column_width(30);
+  CLI::App app("Juega un guion de gestos de usuario con las pantallas de materias pendientes.",
+               "quorvane-guion");
+  NameInSpanish(*app.get_formatter());
+  app.option_defaults()->group("Opciones");
   app.set_help_flag("-h,--help", "Muestra esta ayuda");
-  auto* const school = app.add_option_group("Centro", "La base de datos (una de las dos)");
-  school->add_option("--bd", line.options.bd, "Fichero del centro")->type_name("FICHERO");
-  school->add_option("--odbc", line.options.odbc, "Cadena de conexión del centro")
+  app.add_option("--bd", line.options.bd, "Fichero del centro")->type_name("FICHERO");
+  app.add_option("--odbc", line.options.odbc, "En su lugar, cadena de conexión del centro")
       ->type_name("CADENA");
-  school->require_option(1);
   app.add_option("--entrada", line.options.entrada, "La base de datos con Usuario, si es otra")
       ->type_name("FICHERO");
   app.add_option("--usuario", host.usuario, "Usuario que abre la sesión")->type_name("N");
@@ -27,10 +50,19 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, in
   app.add_option("--hoy", host.hoy, "Fecha que responde el anfitrión")->type_name("dd/mm/aaaa");
   app.add_option("SCRIPT", line.script, "Fichero del guion; sin él, la entrada estándar")
       ->type_name("FICHERO");
+  status = kBadArguments;
   try {
     app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    std::cout << app.help();
+    status = 0;
+    return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    status = app.exit(error) == 0 ? 0 : kBadArguments;
+    Tell(app, InSpanish(error) + ": " + error.what());
+    return std::nullopt;
+  }
+  if (line.options.bd.empty() == line.options.odbc.empty()) {
+    Tell(app, "Indique el centro con --bd o con --odbc, y solo con uno");
     return std::nullopt;
   }
   host.activa = inactive ? 0 : 1;

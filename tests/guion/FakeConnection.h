@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Connection.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::test {
+
+/// A database that keeps what reached it. A SELECT gives one row, "texto" and Null; a statement
+/// that begins with "malo" is refused; any other gives no rows.
+class FakeConnection : public Connection {
+ public:
+  using Connection::Connection;
+
+  void Open() override {}
+  void Close() override {}
+  [[nodiscard]] bool IsOpen() const override { return true; }
+  [[nodiscard]] std::string DataSource() const override { return "maquina"; }
+
+  std::vector<std::string> reached;
+
+ protected:
+  Recordset Run(const std::string& statement) override {
+    reached.push_back(statement);
+    if (statement.starts_with("malo"))
+      throw RuntimeError(ErrorNumber::StatementFailed, "rechazada");
+    if (!statement.starts_with("SELECT")) return {};
+    return {std::make_shared<FieldNames>(FieldNames{"uno", "dos"}), {Value("texto"), Value()}};
+  }
+};
+
+}  // namespace quorvane::test

@@ -1,0 +1,109 @@
+#include "tests/guion/GuionTest.h"
+
+namespace quorvane::test {
+namespace {
+
+class Gesture : public GuionTest {};
+
+TEST_F(Gesture, ElegirPicksByTextIndexAndData) {
+  EXPECT_EQ(PlayIn("elegir cboCurso \"1º ESO\""), Lines{"sql centro suceso cboCurso 0"});
+  EXPECT_EQ(PlayIn("elegir cboCurso #2"), Lines{"sql centro suceso cboCurso 2"});
+  EXPECT_EQ(PlayIn("elegir cboCurso =30"), Lines{"sql centro suceso cboCurso 2"});
+  EXPECT_EQ(PlayIn("elegir cboCurso \"#1\""), Lines{"sql centro suceso cboCurso 1"});
+  EXPECT_EQ(PlayIn("elegir lstAlumnos =-6"), Lines{"sql centro suceso lstAlumnos nada"});
+  EXPECT_EQ(PlayIn("elegir lstAlumnos nada"), Lines{"sql centro suceso lstAlumnos nada"});
+}
+
+TEST_F(Gesture, ElegirClicksAgainOnTheEntryThatStands) {
+  EXPECT_EQ(PlayIn("elegir cboCurso #0\nelegir cboCurso #0").size(), 2U);
+}
+
+TEST_F(Gesture, AControlIsNamedWithoutRegardToCase) {
+  EXPECT_EQ(PlayIn("pulsar CMDACEPTAR"), Lines{"sql centro suceso cmdAceptar"});
+}
+
+TEST_F(Gesture, MarcarClicksOnlyOnAChange) {
+  EXPECT_EQ(PlayIn("marcar chkVer 0\nmarcar chkVer 1\nmarcar chkVer 1\nmarcar chkVer 0"),
+            (Lines{"sql centro suceso chkVer 1", "sql centro suceso chkVer 0"}));
+}
+
+TEST_F(Gesture, PulsarPressesTheButton) {
+  EXPECT_EQ(PlayIn("pulsar cmdAceptar"), Lines{"sql centro suceso cmdAceptar"});
+}
+
+TEST_F(Gesture, DobleOnTheSelectedEntryAndOnTheCurrentRow) {
+  EXPECT_EQ(PlayIn("elegir lstAlumnos #0\ndoble lstAlumnos"),
+            (Lines{"sql centro suceso lstAlumnos Gil", "sql centro suceso lstAlumnos doble"}));
+  EXPECT_EQ(PlayIn("fila msgFilas 2\ndoble msgFilas"), Lines{"sql centro suceso msgFilas 2"});
+}
+
+TEST_F(Gesture, FilaMovesTheCurrentCellWithoutAnEvent) {
+  const auto lines = PlayIn("fila msgFilas 2\nver\nfila rtvNotas 1 1\nver");
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_NE(lines[0].find("\"msgFilas\":{\"tipo\":\"MSFlexGrid\",\"visible\":true,\"activo\":true,"
+                          "\"fila\":2,\"columna\":0"),
+            std::string::npos);
+  EXPECT_NE(lines[1].find("\"fila\":1,\"columna\":1,\"fijas\":1,\"anchos\":[960,960,0]"),
+            std::string::npos);
+}
+
+TEST_F(Gesture, EditarBeginsPicksAndEnds) {
+  EXPECT_EQ(
+      PlayIn("editar rtvNotas 1 1 \"Notable\""),
+      (Lines{"sql centro suceso InicioEdicion 1 1", "sql centro suceso FinEdicion 1 Notable"}));
+  EXPECT_EQ(PlayIn("editar rtvNotas 1 1 =0"),
+            (Lines{"sql centro suceso InicioEdicion 1 1", "sql centro suceso FinEdicion 0  "}));
+  EXPECT_EQ(PlayIn("editar rtvNotas 1 1 nada"),
+            (Lines{"sql centro suceso InicioEdicion 1 1", "sql centro suceso FinEdicion -1 "}));
+}
+
+TEST_F(Gesture, EditarGivesUpWithoutAnEndWhenTheListHasNoSuchEntry) {
+  EXPECT_EQ(PlayIn("editar rtvNotas 1 1 \"nada\""),
+            (Lines{"sql centro suceso InicioEdicion 1 1",
+                   "rechazo editar rtvNotas 1 1 \"nada\": no hay ninguna entrada nada"}));
+}
+
+TEST_F(Gesture, ListaPrintsWhatTheHandlerFilledAndEndsNothing) {
+  EXPECT_EQ(PlayIn("lista rtvNotas 1 1"),
+            (Lines{"sql centro suceso InicioEdicion 1 1", "lista [[\" \",0],[\"Notable\",7]]"}));
+  EXPECT_EQ(PlayIn("lista rtvNotas 1 0"),
+            (Lines{"sql centro suceso InicioEdicion 1 0", "lista []"}));
+}
+
+TEST_F(Gesture, PestanaSelectsFromOne) {
+  EXPECT_EQ(PlayIn("pestana tabFichas 2"), Lines{"sql centro suceso tabFichas 2"});
+}
+
+TEST_F(Gesture, EscribirTypesKeyByKey) {
+  EXPECT_EQ(PlayIn("escribir txtNombre \"a1ñ\""),
+            (Lines{"sql centro suceso txtNombre a", "sql centro suceso txtNombre añ"}));
+  EXPECT_EQ(PlayIn("escribir txtNombre \"\""), Lines{});
+}
+
+TEST_F(Gesture, TeclaGoesToTheFormFirst) {
+  EXPECT_EQ(PlayIn("tecla 40"), Lines{"sql centro suceso KeyDown 40"});
+}
+
+TEST_F(Gesture, EnterAndEscPressTheirButtons) {
+  EXPECT_EQ(PlayIn("tecla 13"),
+            (Lines{"sql centro suceso KeyDown 13", "sql centro suceso cmdAceptar"}));
+  EXPECT_EQ(PlayIn("tecla 27"),
+            (Lines{"sql centro suceso KeyDown 27", "sql centro suceso cmdCancelar"}));
+}
+
+TEST_F(Gesture, TamanoResizesTheForm) {
+  EXPECT_EQ(PlayIn("tamano 9000 4000\ntamano 9000 4000"), Lines{"sql centro suceso Resize 9000"});
+}
+
+TEST_F(Gesture, CerrarUnloadsTheForm) {
+  EXPECT_EQ(PlayIn("cerrar"),
+            (Lines{"descarga frmPrueba", "sql centro suceso Unload", "vuelve 1"}));
+}
+
+TEST_F(Gesture, EachCommandIsEchoedAsRead) {
+  echo = true;
+  EXPECT_EQ(Play("  hoy   \"\"   # vacío"), Lines{"> hoy   \"\""});
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,182 @@
+#include "adapters/guion/Guion.h"
+#include "adapters/guion/Host.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
+#include "platform/MessageBox.h"
+#include "platform/PersonSearch.h"
+#include "platform/RuntimeError.h"
+#include "tests/guion/GuionTest.h"
+#include "tests/guion/TestForms.h"
+
+namespace quorvane::test {
+namespace {
+
+class TheHost : public GuionTest {
+ protected:
+  [[nodiscard]] Value Member(const std::string& name) const {
+    return std::get<Value>(session->Get(name));
+  }
+  [[nodiscard]] Connection* ConnectionMember(const std::string& name) const {
+    return std::get<Connection*>(session->Get(name));
+  }
+};
+
+std::unique_ptr<CentroApi> Centro() {
+  return Application::Instance().Objects().Create<CentroApi>("zendriaapi.CCENTROAPI");
+}
+
+TEST_F(TheHost, HandsInASessionWithEveryMember) {
+  options.rutaBD = "centro.sqlite";
+  Play("");
+  for (const auto* member : {"RutaAplicacion", "RutaBD", "Activa", "Accion", "lngRowData",
+                             "IDUsuario", "IDCentro", "IDCursoEscolar", "NombreUsuario",
+                             "NombreCentro", "Pesetas", "RutaIcono", "IDPerfil", "SQLServer"})
+    EXPECT_NO_THROW(static_cast<void>(Member(member).Text())) << member;
+  EXPECT_EQ(ConnectionMember("conexionlocalCENTRO"), &centro);
+  EXPECT_EQ(ConnectionMember("conexionBORRADOlocalCENTRO"), &borrado);
+  EXPECT_EQ(ConnectionMember("conexionAppEntrada"), &entrada);
+  EXPECT_EQ(Member("RutaBD").Text(), "centro.sqlite");
+  EXPECT_EQ(Member("RutaIcono").Text(), "C:\\Zendria\\iconos\\zendria.ico");
+  EXPECT_EQ(Member("IDUsuario").Integer(), 1);
+  EXPECT_EQ(Member("IDPerfil").Integer(), 0);
+  EXPECT_EQ(Member("IDCentro").Integer(), 1);
+  EXPECT_TRUE(Member("Activa").Flag());
+  EXPECT_FALSE(Member("SQLServer").Flag());
+}
+
+TEST_F(TheHost, SesionHandsInAnotherWithWhatItNames) {
+  options.sqlServer = true;
+  Play("sesion usuario=7 perfil=2\nsesion centro=3 activa=0");
+  EXPECT_EQ(Member("IDUsuario").Integer(), 7);
+  EXPECT_EQ(Member("IDPerfil").Integer(), 2);
+  EXPECT_EQ(Member("IDCentro").Integer(), 3);
+  EXPECT_FALSE(Member("Activa").Flag());
+  EXPECT_TRUE(Member("SQLServer").Flag());
+}
+
+TEST_F(TheHost, AnErrorOfTheModuleAtTheSessionIsTold) {
+  module.ObtenerDatos = [](const auto& handedIn) {
+    static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
+  };
+  EXPECT_EQ(Play("sesion usuario=70000\nsesion usuario=7"), Lines{"error 6 Desbordamiento"});
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(TheHost, AnErrorAtTheSessionLeavesTheOpenForm) {
+  module.ObtenerDatos = [](const auto& handedIn) {
+    static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
+  };
+  EXPECT_EQ(PlayIn("sesion usuario=70000\npulsar cmdAceptar"),
+            (Lines{"error 6 Desbordamiento", "sql centro suceso cmdAceptar"}));
+}
+
+TEST_F(TheHost, PrintsTheCallsOfItsComponents) {
+  frmPrueba::alPulsar = [this] {
+    auto& form = FormInstance<frmPrueba>::Get();
+    std::int32_t personal = 0;
+    std::int16_t id = 0;
+    Centro()->marcar_Obligatorios(form);
+    Centro()->acortartextolabel(form.lblTexto);
+    Centro()->DesbloquearNotas(centro, 1, personal, id, id);
+  };
+  EXPECT_EQ(PlayIn("pulsar cmdAccion"), (Lines{"host ZendriaApi.cCentroApi.marcar_Obligatorios",
+                                               "host ZendriaApi.cCentroApi.acortartextolabel",
+                                               "host ZendriaApi.cCentroApi.DesbloquearNotas"}));
+}
+
+TEST_F(TheHost, AnswersTheDayThatTheScriptTold) {
+  options.hoy = "01/02/2026";
+  Lines answers;
+  frmPrueba::alPulsar = [&answers] {
+    std::string source = "maquina";
+    answers.push_back(Centro()->ObtenerHoraSistema(source));
+  };
+  const auto lines = Play(
+      "nodo 1\npulsar cmdAccion\nhoy 3/4/2026\npulsar cmdAccion\nhoy \"\"\n"
+      "pulsar cmdAccion");
+  EXPECT_EQ(answers, (Lines{"01/02/2026", "3/4/2026", ""}));
+  EXPECT_EQ(lines.back(), "host ZendriaApi.cCentroApi.ObtenerHoraSistema");
+}
+
+TEST_F(TheHost, AnswersNotasActivasFromNowOn) {
+  std::vector<bool> answers;
+  frmPrueba::alPulsar = [this, &answers] {
+    std::int32_t personal = 0;
+    std::int16_t id = 0;
+    answers.push_back(Centro()->notasactivas(centro, "", 1, personal, id, id));
+  };
+  Play(
+      "nodo 1\npulsar cmdAccion\nnotasactivas 1\npulsar cmdAccion\npulsar cmdAccion\n"
+      "notasactivas 0\npulsar cmdAccion");
+  EXPECT_EQ(answers, (std::vector<bool>{false, true, true, false}));
+}
+
+TEST_F(TheHost, FindsTheTeacherOnce) {
+  std::vector<std::int32_t> found;
+  frmPrueba::alPulsar = [this, &found] {
+    const auto search =
+        Application::Instance().Objects().Create<PersonSearch>(PersonSearch::kProgId);
+    search->pasarconexiones(&centro, &borrado, &centro, &borrado);
+    search->ObtenerDatos(true, "");
+    found.push_back(search->Buscar("Docente"));
+  };
+  const auto lines = PlayIn("pulsar cmdAccion\ndocente 9\npulsar cmdAccion\npulsar cmdAccion");
+  EXPECT_EQ(found, (std::vector<std::int32_t>{0, 9, 0}));
+  EXPECT_EQ((Lines{lines.begin(), lines.begin() + 3}),
+            (Lines{"host ZendriaBuscar.CAsignardatos.pasarconexiones",
+                   "host ZendriaBuscar.CAsignardatos.ObtenerDatos",
+                   "host ZendriaBuscar.CAsignardatos.Buscar"}));
+}
+
+TEST_F(TheHost, PrintsMessagesAndBeeps) {
+  frmPrueba::alPulsar = [] {
+    MessageBox("Año \"2\"\r\n\xFF", MessageIcon::Information);
+    BeepAndMessage("No", MessageIcon::Exclamation);
+    MessageBox("Mal", MessageIcon::Critical);
+  };
+  EXPECT_EQ(PlayIn("pulsar cmdAccion"),
+            (Lines{R"(mensaje informacion "Zendria Escuela" "Año \"2\"\r\n)"
+                   "\xEF\xBF\xBD\"",
+                   "pitido", R"(mensaje exclamacion "Zendria Escuela" "No")",
+                   R"(mensaje critico "Zendria Escuela" "Mal")"}));
+}
+
+TEST_F(TheHost, TheStatementOfThatNumberFailsBeforeTheEngine) {
+  frmPrueba::alPulsar = [this] {
+    borrado.Execute("uno");
+    entrada.Execute("dos");
+    centro.Execute("tres");
+  };
+  EXPECT_EQ(PlayIn("fallo 2\npulsar cmdAccion\nnodo 0"),
+            (Lines{"sql borrado uno", "sql entrada dos", "error -2147467259 fallo", "vuelve 0"}));
+  EXPECT_EQ(status, 1);
+  EXPECT_EQ(borrado.reached, Lines{"uno"});
+  EXPECT_TRUE(entrada.reached.empty());
+}
+
+TEST_F(TheHost, TheStatementsAfterTheFailedOneRunAgain) {
+  frmPrueba::alPulsar = [this] {
+    EXPECT_THROW(centro.Execute("uno"), RuntimeError);
+    centro.Execute("dos");
+  };
+  EXPECT_EQ(PlayIn("fallo 1\npulsar cmdAccion"), (Lines{"sql centro uno", "sql centro dos"}));
+  EXPECT_EQ(centro.reached.back(), "dos");
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(TheHost, SqlIsAnotherUsersAndIsNotToldAsTheModules) {
+  EXPECT_EQ(Play("fallo 1\nsql \"SELECT 1\"\nsql \"UPDATE x\"\nsql \"malo\""),
+            (Lines{"fila [\"texto\",null]", "rechazo sql \"malo\": rechazada"}));
+  EXPECT_EQ(otra.reached, (Lines{"SELECT 1", "UPDATE x", "malo"}));
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(TheHost, MeasuresTextByItsCharacters) {
+  std::int32_t width = 0;
+  frmPrueba::alPulsar = [&width] { width = FormInstance<frmPrueba>::Get().TextWidth("Ñu 1"); };
+  PlayIn("pulsar cmdAccion");
+  EXPECT_EQ(width, 480);
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "adapters/guion/ScriptError.h"
+#include "adapters/guion/ScriptParser.h"
+
+namespace quorvane::guion {
+namespace {
+
+std::vector<Command> Parse(const std::string& script) {
+  std::istringstream stream(script);
+  return ParseScript(stream);
+}
+
+Command ParseOne(const std::string& line) {
+  const auto commands = Parse(line);
+  EXPECT_EQ(commands.size(), 1U) << line;
+  return commands.front();
+}
+
+/// "LINE: REASON" of the mistake; empty when there is none.
+std::string Mistake(const std::string& script) {
+  try {
+    static_cast<void>(Parse(script));
+  } catch (const ScriptError& error) {
+    return std::to_string(error.Line()) + ": " + error.what();
+  }
+  return {};
+}
+
+TEST(ScriptParser, EmptyLinesAndCommentsGiveNoCommand) {
+  EXPECT_TRUE(Parse("").empty());
+  EXPECT_TRUE(Parse("\n  \n\t\n# nodo 1\n   # ver\n#\n").empty());
+}
+
+TEST(ScriptParser, KeepsTheLineAndTheTextAsRead) {
+  const auto commands = Parse("# uno\n\n \tnodo   1  # abre\nver\n");
+  ASSERT_EQ(commands.size(), 2U);
+  EXPECT_EQ(commands[0].line, 3U);
+  EXPECT_EQ(commands[0].text, "nodo   1");
+  EXPECT_EQ(commands[0].Number(0), 1);
+  EXPECT_EQ(commands[1].line, 4U);
+  EXPECT_EQ(commands[1].text, "ver");
+}
+
+TEST(ScriptParser, TheLastLineNeedsNoEnd) { EXPECT_EQ(ParseOne("cerrar").text, "cerrar"); }
+
+TEST(ScriptParser, TakesLinesOfWindowsAndAByteOrderMark) {
+  const auto commands = Parse("\xEF\xBB\xBFnodo 1\r\nver\r\n\r\n");
+  ASSERT_EQ(commands.size(), 2U);
+  EXPECT_EQ(commands[0].text, "nodo 1");
+  EXPECT_EQ(commands[1].text, "ver");
+}
+
+TEST(ScriptParser, QuotesHoldBlanksCommentsAndDoubledQuotes) {
+  EXPECT_EQ(ParseOne("elegir cboX \"1º ESO # a\"").Text(1), "1º ESO # a");
+  EXPECT_EQ(ParseOne("sql \"SELECT \"\"a\"\"\"").Text(0), "SELECT \"a\"");
+  EXPECT_EQ(ParseOne("sql \"\"\"\"").Text(0), "\"");
+  EXPECT_EQ(ParseOne("hoy \"\"").Text(0), "");
+  EXPECT_EQ(ParseOne("escribir txtX \"\\n\"").Text(1), "\\n");
+}
+
+TEST(ScriptParser, TextWithoutBlanksNeedsNoQuotes) {
+  EXPECT_EQ(ParseOne("hoy 01/02/2026").Text(0), "01/02/2026");
+  EXPECT_EQ(ParseOne("elegir cboX Lengua").Text(1), "Lengua");
+}
+
+TEST(ScriptParser, AnIndexIsNoComment) {
+  EXPECT_EQ(ParseOne("elegir cboX #0 # la primera").text, "elegir cboX #0");
+  EXPECT_EQ(ParseOne("editar rtvX 1 2 #10").Text(3), "#10");
+  EXPECT_EQ(ParseOne("elegir cboX #-1").Text(1), "#-1");
+  EXPECT_EQ(ParseOne("pulsar cmdX #3 veces").text, "pulsar cmdX");
+}
+
+TEST(ScriptParser, AQuotedEntryIsAText) {
+  EXPECT_TRUE(ParseOne("elegir cboX \"#0\"").arguments[1].quoted);
+  EXPECT_TRUE(ParseOne("elegir cboX \"=x\"").arguments[1].quoted);
+}
+
+TEST(ScriptParser, NamesTheLineOfAnUnknownCommand) {
+  EXPECT_EQ(Mistake("ver\n\nabrir 1\n"), "3: orden desconocida: abrir");
+  EXPECT_EQ(Mistake("Ver"), "1: orden desconocida: Ver");
+  EXPECT_EQ(Mistake("\"ver\""), "1: orden desconocida: ver");
+}
+
+TEST(ScriptParser, NamesMissingAndSurplusArguments) {
+  EXPECT_EQ(Mistake("nodo"), "1: faltan argumentos: nodo");
+  EXPECT_EQ(Mistake("elegir cboX # entrada"), "1: faltan argumentos: elegir");
+  EXPECT_EQ(Mistake("sesion"), "1: faltan argumentos: sesion");
+  EXPECT_EQ(Mistake("ver todo"), "1: sobran argumentos: todo");
+  EXPECT_EQ(Mistake("elegir cboX Lengua y Literatura"), "1: sobran argumentos: y");
+  EXPECT_EQ(Mistake("fila msgX 1 2 3"), "1: sobran argumentos: 3");
+}
+
+TEST(ScriptParser, NamesArgumentsThatDontFit) {
+  for (const auto* line :
+       {"nodo uno", "nodo 1.5", "nodo 99999999999", "marcar chkX 2", "marcar chkX si", "fallo 0",
+        "fallo -1", "elegir cboX #1x", "elegir cboX =", "elegir cboX =dos", "notasactivas 2",
+        "nodo 1#2", "pulsar \"cmdX\"", "sesion usuario", "sesion nombre=1", "sesion perfil=x",
+        "sesion activa=2", "tamano 10 x", "pestana tabX x"})
+    EXPECT_TRUE(Mistake(line).starts_with("1: argumento no válido: ")) << line << Mistake(line);
+}
+
+TEST(ScriptParser, NamesQuotesThatDontClose) {
+  EXPECT_EQ(Mistake("hoy \"01"), "1: falta la comilla que cierra el texto");
+  EXPECT_EQ(Mistake("hoy \"01\"02"), "1: sobra algo detrás de la comilla que cierra el texto");
+}
+
+TEST(ScriptParser, RefusesWhatIsNoUtf8) {
+  EXPECT_EQ(Mistake("ver\nelegir cboX \"1\xBA ESO\""), "2: el texto no es UTF-8");
+  EXPECT_EQ(Mistake("# espa\xF1ol"), "1: el texto no es UTF-8");
+}
+
+TEST(ScriptParser, ReadsEveryCommand) {
+  const auto* script =
+      "nodo 123\nelegir cboX =3\nmarcar chkX 1\npulsar cmdX(0)\ndoble lstX\nfila msgX 1\n"
+      "fila msgX 1 2\neditar rtvX 1 2 nada\nlista rtvX 1 2\npestana tabX 2\nescribir txtX \"a\"\n"
+      "tecla 40\ntamano 9000 6000\ncerrar\ndocente 3\nnotasactivas 1\nhoy \"\"\n"
+      "sesion usuario=1 perfil=2 centro=3 activa=0\nfallo 2\nsql \"SELECT 1\"\nver\n";
+  EXPECT_EQ(Parse(script).size(), 21U);
+}
+
+}  // namespace
+}  // namespace quorvane::guion

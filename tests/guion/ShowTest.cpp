@@ -1,0 +1,74 @@
+#include "platform/RuntimeError.h"
+#include "tests/guion/GuionTest.h"
+#include "tests/guion/TestForms.h"
+
+namespace quorvane::test {
+namespace {
+
+class Show : public GuionTest {};
+
+TEST_F(Show, TellsTheLifeOfAFormInOrder) {
+  EXPECT_EQ(Play("nodo 1\ncerrar"),
+            (Lines{"carga frmPrueba", "sql centro suceso Load", "muestra frmPrueba",
+                   "sql centro suceso Resize 6000", "sql centro suceso Activate",
+                   "descarga frmPrueba", "sql centro suceso Unload", "vuelve 1"}));
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(Show, ANodeWithoutAScreenReturnsAtOnce) {
+  EXPECT_EQ(Play("nodo 0\nnodo 255"), (Lines{"vuelve 0", "vuelve 255"}));
+}
+
+TEST_F(Show, FormsThatTakeTurnsNest) {
+  EXPECT_EQ(
+      Play("nodo 2\npulsar cmdSiguiente\npulsar cmdVolver\ncerrar"),
+      (Lines{"carga frmUno", "muestra frmUno", "oculta frmUno", "carga frmDos", "muestra frmDos",
+             "descarga frmDos", "muestra frmUno", "descarga frmUno", "vuelve 2"}));
+}
+
+TEST_F(Show, FormsTakeTurnsThousandsOfTimes) {
+  std::string script = "nodo 2\n";
+  constexpr auto kTurns = 5000;
+  for (int i = 0; i < kTurns; ++i) script += "pulsar cmdSiguiente\npulsar cmdVolver\n";
+  const auto lines = Play(script + "cerrar\n");
+  EXPECT_EQ(lines.back(), "vuelve 2");
+  EXPECT_EQ(lines.size(), 4U + 5U * kTurns);
+}
+
+TEST_F(Show, TheEndOfTheScriptLeavesFormsWithoutUnloadingThem) {
+  EXPECT_EQ(Play("nodo 2\npulsar cmdSiguiente").back(), "muestra frmDos");
+  EXPECT_EQ(status, 0);
+  EXPECT_FALSE(FormInstance<frmUno>::Exists());
+  EXPECT_FALSE(FormInstance<frmDos>::Exists());
+}
+
+TEST_F(Show, AnErrorComesOutOfAllShowsAndTheHostGoesOn) {
+  EXPECT_EQ(
+      Play("nodo 2\npulsar cmdSiguiente\npulsar cmdFalla\nver\nnodo 2"),
+      (Lines{"carga frmUno", "muestra frmUno", "oculta frmUno", "carga frmDos", "muestra frmDos",
+             "error 13 No coinciden los tipos", "rechazo ver: no hay ningún formulario abierto",
+             "carga frmUno", "muestra frmUno"}));
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(Show, AnErrorInLoadNeverShowsTheForm) {
+  module.ActivarFormulario = [](std::uint8_t) { frmPrueba::conexion->Execute("malo"); };
+  EXPECT_EQ(Play("nodo 1"), (Lines{"sql centro malo", "error -2147467259 rechazada"}));
+  EXPECT_EQ(status, 1);
+}
+
+TEST_F(Show, ANodeBeyondAByteIsAnError) {
+  EXPECT_EQ(Play("nodo 256\nnodo -1"), (Lines{"error 6 Desbordamiento", "error 6 Desbordamiento"}));
+}
+
+TEST_F(Show, AHiddenFormReturnsAndStaysLoaded) {
+  frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().Hide(); };
+  EXPECT_EQ(Play("nodo 1\npulsar cmdAccion\nnodo 1"),
+            (Lines{"carga frmPrueba", "sql centro suceso Load", "muestra frmPrueba",
+                   "sql centro suceso Resize 6000", "sql centro suceso Activate",
+                   "oculta frmPrueba", "vuelve 1", "muestra frmPrueba",
+                   "sql centro suceso Resize 6000", "sql centro suceso Activate"}));
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+
+#include "platform/Animation.h"
+#include "platform/CheckBox.h"
+#include "platform/ComboBox.h"
+#include "platform/CommandButton.h"
+#include "platform/Connection.h"
+#include "platform/Form.h"
+#include "platform/FormInstance.h"
+#include "platform/Frame.h"
+#include "platform/Label.h"
+#include "platform/ListBox.h"
+#include "platform/MSFlexGrid.h"
+#include "platform/Retivo.h"
+#include "platform/TabStrip.h"
+#include "platform/TextBox.h"
+
+namespace quorvane::test {
+
+/// A form with a control of each kind. It tells each of its events as a statement "suceso ..." on
+/// its connection.
+class frmPrueba : public Form {
+ public:
+  frmPrueba();
+
+  /// What the test has its buttons do.
+  static inline Connection* conexion = nullptr;
+  static inline std::function<void()> alPulsar;
+
+  ComboBox cboCurso{*this, "cboCurso"};
+  ListBox lstAlumnos{*this, "lstAlumnos"};
+  CommandButton cmdAceptar{*this, "cmdAceptar"};
+  CommandButton cmdCancelar{*this, "cmdCancelar"};
+  CommandButton cmdAccion{*this, "cmdAccion"};
+  CheckBox chkVer{*this, "chkVer"};
+  TextBox txtNombre{*this, "txtNombre"};
+  TabStrip tabFichas{*this, "tabFichas"};
+  MSFlexGrid msgFilas{*this, "msgFilas"};
+  Retivo rtvNotas{*this, "rtvNotas"};
+  Label lblTexto{*this, "lblTexto"};
+  Animation aniOcupado{*this, "aniOcupado"};
+  std::array<Frame, 2> fraTab{{{*this, "fraTab(0)"}, {*this, "fraTab(1)"}}};
+  CommandButton cmdOculto{*this, "cmdOculto", &fraTab[0]};
+  CommandButton cmdInactivo{*this, "cmdInactivo", &fraTab[1]};
+
+  void Form_Load() override { Suceso("Load"); }
+  void Form_Activate() override { Suceso("Activate"); }
+  void Form_Resize() override { Suceso("Resize " + std::to_string(Width())); }
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
+
+ private:
+  static void Suceso(const std::string& texto) { conexion->Execute("suceso " + texto); }
+  void FillControls();
+  void FillGrids();
+  void WireEvents();
+};
+
+/// The first of two forms that take turns, each closing itself before it shows the other.
+class frmUno : public Form {
+ public:
+  frmUno();
+  CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  CommandButton cmdFalla{*this, "cmdFalla"};
+  void Form_Unload() override { FormInstance<frmUno>::Drop(); }
+};
+
+class frmDos : public Form {
+ public:
+  frmDos();
+  CommandButton cmdVolver{*this, "cmdVolver"};
+  CommandButton cmdFalla{*this, "cmdFalla"};
+  void Form_Unload() override { FormInstance<frmDos>::Drop(); }
+};
+
+}  // namespace quorvane::test
