@@ -22,6 +22,7 @@ bool ComboView::HasSameEntries() const {
 }
 
 void ComboView::Show() {
+  box_->setAccessibleDescription(combo_.Mandatory() ? "obligatorio" : "");
   if (!HasSameEntries()) {
     box_->clear();
     for (int i = 0; i < combo_.ListCount(); ++i) box_->addItem(Text(combo_.List(i)));

@@ -5,6 +5,11 @@
 #include "adapters/qt/Units.h"
 
 namespace quorvane::qt {
+namespace {
+
+constexpr auto kMandatoryMark = " <span style='color:#c62828; font-weight:bold'>*</span>";
+
+}  // namespace
 
 LabelView::LabelView(FormWindow& window, Label& label)
     : ControlView(window, label), label_(label), text_(new QLabel(Surface())) {
@@ -13,7 +18,9 @@ LabelView::LabelView(FormWindow& window, Label& label)
 }
 
 void LabelView::Show() {
-  text_->setText(Text(label_.Caption()));
+  const auto caption = Text(label_.Caption());
+  text_->setTextFormat(label_.Mandatory() ? Qt::RichText : Qt::PlainText);
+  text_->setText(label_.Mandatory() ? caption.toHtmlEscaped() + kMandatoryMark : caption);
   text_->setToolTip(Text(label_.ToolTipText()));
 }
 
