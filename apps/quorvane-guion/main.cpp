@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <sys/resource.h>
 
 #include "apps/quorvane-guion/CommandLine.h"
 #include "apps/quorvane-guion/PlayScript.h"
@@ -11,6 +13,15 @@ namespace {
 using namespace quorvane;
 
 constexpr int kNotPlayed = 2;
+constexpr rlim_t kStack = rlim_t{100} << 20U;
+
+/// Forms that take turns nest, each a level deeper: a long script needs more than the usual stack.
+void AllowDeepNesting() {
+  rlimit stack{};
+  if (getrlimit(RLIMIT_STACK, &stack) != 0 || stack.rlim_cur >= kStack) return;
+  stack.rlim_cur = std::min(kStack, stack.rlim_max);
+  static_cast<void>(setrlimit(RLIMIT_STACK, &stack));
+}
 
 int PlayFile(const guion::CommandLine& line) {
   std::ifstream script(line.script, std::ios::binary);
@@ -25,6 +36,7 @@ int PlayFile(const guion::CommandLine& line) {
 
 int main(int argc, char** argv) {
   try {
+    AllowDeepNesting();
     int status = 0;
     const auto line = guion::ReadCommandLine(argc, argv, status);
     if (!line) return status;

@@ -1,0 +1,184 @@
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/support/ScriptRun.h"
+#include "tests/support/TestSchool.h"
+
+namespace quorvane::test {
+namespace {
+
+struct Ended {
+  int status = -1;
+  std::string printed;  ///< both streams
+};
+
+/// Runs the program through a shell, with nothing to read unless the arguments say so.
+Ended Program(const std::string& arguments) {
+  const auto command = "( '" QUORVANE_GUION "' " + arguments + " ) 2>&1 </dev/null";
+  Ended ended;
+  auto* const pipe = popen(command.c_str(), "r");
+  std::array<char, 4096> buffer{};
+  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+    ended.printed.append(buffer.data(), read);
+  ended.status = WEXITSTATUS(pclose(pipe));
+  return ended;
+}
+
+class TheProgram : public testing::Test {
+ protected:
+  /// A file of that content that goes with the test.
+  std::string File(const std::string& content) {
+    files_.push_back(
+        (std::filesystem::temp_directory_path() /
+         ("quorvane-guion-" + std::to_string(getpid()) + "-" + std::to_string(files_.size())))
+            .string());
+    std::ofstream(files_.back(), std::ios::binary) << content;
+    return files_.back();
+  }
+  void TearDown() override {
+    for (const auto& file : files_) std::filesystem::remove(file);
+  }
+
+  TestSchool school;
+
+ private:
+  std::vector<std::string> files_;
+};
+
+TEST_F(TheProgram, PlaysAFile) {
+  const auto ended = Program("--bd " + school.Path() + " " + File("nodo 11 # nada\nver\n"));
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.printed,
+            "> nodo 11\nvuelve 11\n> ver\nrechazo ver: no hay ningún formulario abierto\n");
+}
+
+TEST_F(TheProgram, PlaysStandardInput) {
+  const auto ended = Program("--bd " + school.Path() + " < " + File("nodo 0\n"));
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.printed, "> nodo 0\nvuelve 0\n");
+}
+
+TEST_F(TheProgram, EndsWithOneAfterAnError) {
+  const auto ended = Program("--bd " + school.Path() + " " + File("nodo 256\nnodo 11\n"));
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.printed, "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
+}
+
+TEST_F(TheProgram, EndsWithOneWhenTheSessionDoesntFitItsFields) {
+  const auto ended = Program("--bd " + school.Path() + " --usuario 70000");
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.printed, "error 6 Desbordamiento\n");
+}
+
+TEST_F(TheProgram, AScriptWithAMistakePlaysNothing) {
+  const auto script = File("sql \"INSERT INTO Usuario (IDUsuario) VALUES (1)\"\n\nabrir\n");
+  const auto ended = Program("--bd " + school.Path() + " " + script);
+  EXPECT_EQ(ended.status, 2);
+  EXPECT_EQ(ended.printed, "línea 3: orden desconocida: abrir\n");
+  EXPECT_TRUE(school.Rows("SELECT IDUsuario FROM Usuario").empty());
+}
+
+TEST_F(TheProgram, HelpIsNoMistake) {
+  const auto ended = Program("--help");
+  EXPECT_EQ(ended.status, 0);
+  for (const auto* option : {"--bd", "--odbc", "--entrada", "--usuario", "--perfil", "--centro",
+                             "--sqlserver", "--inactiva", "--hoy", "SCRIPT"})
+    EXPECT_NE(ended.printed.find(option), std::string::npos) << option;
+}
+
+TEST_F(TheProgram, BadArgumentsEndWithTwo) {
+  const auto bd = "--bd " + school.Path();
+  EXPECT_EQ(Program("").printed,
+            "Indique el centro con --bd o con --odbc, y solo con uno\n"
+            "quorvane-guion --help muestra la ayuda\n");
+  for (const auto& arguments : {std::string(), bd + " --odbc DSN=x", bd + " --usuario x",
+                                bd + " --nada", bd + " uno dos", std::string("--bd")})
+    EXPECT_EQ(Program(arguments).status, 2) << arguments;
+}
+
+TEST_F(TheProgram, AScriptThatCantBeReadEndsWithTwo) {
+  for (const auto* script : {"/no/hay/tal.guion", "/"}) {
+    const auto ended = Program("--bd " + school.Path() + " " + script);
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.printed, "No se puede leer el guion " + std::string(script) + "\n");
+  }
+}
+
+TEST_F(TheProgram, AFileThatIsNoSchoolEndsWithTwo) {
+  const auto empty = File("");
+  const auto foreign = File("esto no es una base de datos, ni lo ha sido nunca en su vida");
+  const auto refused = [](const std::string& file, const std::string& reason) {
+    const auto ended = Program("--bd " + file);
+    EXPECT_EQ(ended.status, 2) << file;
+    EXPECT_NE(ended.printed.find("base de datos " + file), std::string::npos) << ended.printed;
+    EXPECT_NE(ended.printed.find(reason), std::string::npos) << ended.printed;
+  };
+  refused("/no/hay/tal.sqlite", "el archivo no existe");
+  refused("/", "es una carpeta");
+  refused(empty, "el archivo está vacío");
+  refused(foreign, "No se puede abrir");
+  for (const auto& table : school.Rows("SELECT name FROM sqlite_master WHERE type='table'"))
+    school.Sql("DROP TABLE [" + table + "]");
+  school.Sql("CREATE TABLE Otra (a)");
+  refused(school.Path(), "no es de ningún centro");
+}
+
+TEST_F(TheProgram, TheDatabaseWithUsuarioMayBeAnother) {
+  TestSchool other;
+  EXPECT_EQ(Program("--bd " + school.Path() + " --entrada " + other.Path()).status, 0);
+  EXPECT_EQ(Program("--bd " + school.Path() + " --entrada /no/hay/tal.sqlite").status, 2);
+}
+
+TEST_F(TheProgram, SaysThatItHasNoOdbc) {
+  const auto ended = Program("--odbc DSN=centro");
+  EXPECT_EQ(ended.status, 2);
+  EXPECT_NE(ended.printed.find("sin ODBC"), std::string::npos);
+}
+
+TEST_F(TheProgram, SqlPrintsRowsOfEveryKind) {
+  const auto ended = Program("--bd " + school.Path() + " " +
+                             File("sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
+                                  "sql \"SELECT 1 WHERE 1=0\"\nsql \"SELEC\"\n"));
+  EXPECT_EQ(ended.printed,
+            "> sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
+            "fila [1,-2.5,null,\"Ñu \\\"x\\\"\",null]\n"
+            "> sql \"SELECT 1 WHERE 1=0\"\n"
+            "> sql \"SELEC\"\n"
+            "rechazo sql \"SELEC\": near \"SELEC\": syntax error\n");
+  EXPECT_EQ(ended.status, 0);
+}
+
+TEST(ScriptResultOfARun, PicksLinesByTheirWord) {
+  ScriptResult result;
+  result.lines = {"> ver",           "sql centro UNO", "> nodo 1",        "pitido",
+                  "sql borrado DOS", "> nodo 1",       "sql centro TRES", "error 6 x"};
+  EXPECT_EQ(result.Sql(), (std::vector<std::string>{"UNO", "TRES"}));
+  EXPECT_EQ(result.Sql("borrado"), std::vector<std::string>{"DOS"});
+  EXPECT_EQ(result.Of("error"), std::vector<std::string>{"6 x"});
+  EXPECT_EQ(result.Of("pitido"), std::vector<std::string>{""});
+  EXPECT_EQ(result.After("nodo 1"), (std::vector<std::string>{"sql centro TRES", "error 6 x"}));
+  EXPECT_TRUE(result.After("cerrar").empty());
+}
+
+TEST(ASchoolForTests, HasAllTablesAndNoRowsAndGoesWithTheObject) {
+  std::string path;
+  {
+    const TestSchool school;
+    path = school.Path();
+    EXPECT_TRUE(school.Rows("SELECT * FROM NumEvaluacion").empty());
+    school.Sql(
+        "INSERT INTO Usuario (IDUsuario) VALUES (1); INSERT INTO Usuario (IDUsuario) "
+        "VALUES (2);");
+    EXPECT_EQ(school.Rows("SELECT IDUsuario, NULL, 'a' FROM Usuario ORDER BY 1"),
+              (std::vector<std::string>{"1|NULL|a", "2|NULL|a"}));
+  }
+  EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+}  // namespace
+}  // namespace quorvane::test
