@@ -22,6 +22,8 @@ SchemaColumn ReadColumn(const std::string& line) {
   column.flag = type == "bit";
   column.text = Contains(type, "varchar");
   column.forHost = Contains(line, "-- host");
+  column.freeName = Contains(line, "-- free name");
+  column.freePlace = Contains(line, "-- free place");
   return column;
 }
 

@@ -22,10 +22,12 @@ std::vector<std::string> SchemaStatements(std::string_view text);
 
 struct SchemaColumn {
   std::string name;
-  bool key = false;      ///< the primary key of its table
-  bool flag = false;     ///< a True/False column
-  bool text = false;     ///< a text or a date; a number otherwise
-  bool forHost = false;  ///< only a host needs it
+  bool key = false;        ///< the primary key of its table
+  bool flag = false;       ///< a True/False column
+  bool text = false;       ///< a text or a date; a number otherwise
+  bool forHost = false;    ///< only a host needs it
+  bool freeName = false;   ///< filled by position alone: another name does as well
+  bool freePlace = false;  ///< of a table filled by position, but this one found by its name
 };
 
 struct SchemaTable {

@@ -1,7 +1,8 @@
 -- The school database on SQLite.
 --
 -- A table is marked "by position" when the module inserts into it without naming columns: the order
--- of its columns is a format. A column is marked "host" when only a host needs it.
+-- of its columns is a format. A column that the module only fills there is marked "free name"; one
+-- that it finds by name wherever it stands, "free place". One marked "host" only a host needs.
 -- No unique or foreign key beyond the primary keys: real schools hold doubled and orphaned rows, and
 -- the module heals them itself. A flag is 0 or -1; a date is a text.
 
@@ -11,7 +12,7 @@ CREATE TABLE AlumnoPte_MatDet (  -- by position
   CodAlumno INTEGER DEFAULT 0,
   CodMatDet INTEGER DEFAULT 0,
   Orden INTEGER DEFAULT 0,
-  CodCursoPte INTEGER DEFAULT 0
+  CodCursoPte INTEGER DEFAULT 0  -- free name
 );
 
 -- The grades of a pending subject in an ordinary evaluation.
@@ -19,13 +20,13 @@ CREATE TABLE EvaluacionPte (  -- by position
   IDEvaluacionPte INTEGER PRIMARY KEY,
   CodAlumnoPte_MatDet INTEGER DEFAULT 0,
   CodNumEvaluacion INTEGER DEFAULT 0,
-  Evaluado INTEGER DEFAULT 0,
-  CodNota INTEGER DEFAULT 0,
-  CodNotaActitud INTEGER DEFAULT 0,
-  CodNotaObservacion INTEGER DEFAULT 0,
-  CodNotaConcepto INTEGER DEFAULT 0,
-  CodNotaProcedimiento INTEGER DEFAULT 0,
-  UltimaEvaluada INTEGER DEFAULT 0
+  Evaluado INTEGER DEFAULT 0,  -- free place
+  CodNota INTEGER DEFAULT 0,  -- free place
+  CodNotaActitud INTEGER DEFAULT 0,  -- free place
+  CodNotaObservacion INTEGER DEFAULT 0,  -- free place
+  CodNotaConcepto INTEGER DEFAULT 0,  -- free place
+  CodNotaProcedimiento INTEGER DEFAULT 0,  -- free place
+  UltimaEvaluada INTEGER DEFAULT 0  -- free place
 );
 
 -- The grades of a pending subject in a final evaluation.
@@ -33,19 +34,19 @@ CREATE TABLE EvaluacionActaPte (  -- by position
   IDEvaluacionActaPte INTEGER PRIMARY KEY,
   CodAlumnoPte_MatDet INTEGER DEFAULT 0,
   CodNumEvaluacion INTEGER DEFAULT 0,
-  Evaluado INTEGER DEFAULT 0,
-  CodNota INTEGER DEFAULT 0,
-  CodNotaObservacion INTEGER DEFAULT 0,
-  RE_AC_DIV INTEGER DEFAULT 0,
-  UltimaEvaluada INTEGER DEFAULT 0
+  Evaluado INTEGER DEFAULT 0,  -- free place
+  CodNota INTEGER DEFAULT 0,  -- free place
+  CodNotaObservacion INTEGER DEFAULT 0,  -- free place
+  RE_AC_DIV INTEGER DEFAULT 0,  -- free place
+  UltimaEvaluada INTEGER DEFAULT 0  -- free place
 );
 
 -- The students on the pending register of a section.
 CREATE TABLE Seccion_AlumnoPte (  -- by position
   CodSeccion INTEGER DEFAULT 0,
   CodAlumno INTEGER DEFAULT 0,
-  Posicion INTEGER DEFAULT 0,
-  Situacion INTEGER DEFAULT 0
+  Posicion INTEGER DEFAULT 0,  -- free name
+  Situacion INTEGER DEFAULT 0  -- free name
 );
 
 -- The teacher who grades a pending subject, 0 for none.
@@ -60,9 +61,9 @@ CREATE TABLE Profesor_Pte (  -- by position
 -- chance, and a publication be taken for that section's.
 CREATE TABLE PublicacionPte (  -- by position
   IDPublicacionPte INTEGER PRIMARY KEY,
-  CodProfesor INTEGER DEFAULT 0,
+  CodProfesor INTEGER DEFAULT 0,  -- free name
   CodPropietario INTEGER DEFAULT 0,
-  CodSeccion INTEGER DEFAULT 0,
+  CodSeccion INTEGER DEFAULT 0,  -- free place
   CodNumEvaluacion INTEGER DEFAULT 0
 );
 
@@ -71,7 +72,7 @@ CREATE TABLE BloqueoPte (  -- by position
   CodProfesor INTEGER DEFAULT 0,
   CodNumEvaluacion INTEGER DEFAULT 0,
   CodMatDet INTEGER DEFAULT 0,
-  CodUsuario INTEGER DEFAULT 0,
+  CodUsuario INTEGER DEFAULT 0,  -- free name
   CodPublicacion INTEGER DEFAULT 0
 );
 
@@ -83,8 +84,8 @@ CREATE TABLE Alumno_MateriaDetalles (  -- by position
   CodMateriaDetallesAsociada INTEGER DEFAULT 0,
   CodNumEvaluacion INTEGER DEFAULT 0,
   Orden INTEGER DEFAULT 0,
-  Cursada INTEGER DEFAULT 0,
-  Convocatoria INTEGER DEFAULT 0
+  Cursada INTEGER DEFAULT 0,  -- free name
+  Convocatoria INTEGER DEFAULT 0  -- free name
 );
 
 -- The grades of a row of Alumno_MateriaDetalles.
@@ -92,19 +93,19 @@ CREATE TABLE Evaluacion (  -- by position
   IDEvaluacion INTEGER PRIMARY KEY,
   CodAlumno_MateriaDetalles INTEGER DEFAULT 0,
   CodNumEvaluacion INTEGER DEFAULT 0,
-  Evaluado INTEGER DEFAULT 0,
-  CodNota INTEGER DEFAULT 0,
-  CodNotaActitud INTEGER DEFAULT 0,
-  CodNotaObservacion INTEGER DEFAULT 0,
-  CodNotaConcepto INTEGER DEFAULT 0,
-  CodNotaProcedimiento INTEGER DEFAULT 0,
-  CodNotaR INTEGER DEFAULT 0,
-  CodNotaActitudR INTEGER DEFAULT 0,
-  CodNotaObservacionR INTEGER DEFAULT 0,
-  CodNotaConceptoR INTEGER DEFAULT 0,
-  CodNotaProcedimientoR INTEGER DEFAULT 0,
-  Recuperacion INTEGER DEFAULT 0,
-  Faltas INTEGER DEFAULT 0
+  Evaluado INTEGER DEFAULT 0,  -- free place
+  CodNota INTEGER DEFAULT 0,  -- free place
+  CodNotaActitud INTEGER DEFAULT 0,  -- free place
+  CodNotaObservacion INTEGER DEFAULT 0,  -- free place
+  CodNotaConcepto INTEGER DEFAULT 0,  -- free place
+  CodNotaProcedimiento INTEGER DEFAULT 0,  -- free place
+  CodNotaR INTEGER DEFAULT 0,  -- free place
+  CodNotaActitudR INTEGER DEFAULT 0,  -- free place
+  CodNotaObservacionR INTEGER DEFAULT 0,  -- free place
+  CodNotaConceptoR INTEGER DEFAULT 0,  -- free place
+  CodNotaProcedimientoR INTEGER DEFAULT 0,  -- free place
+  Recuperacion INTEGER DEFAULT 0,  -- free place
+  Faltas INTEGER DEFAULT 0  -- free name
 );
 
 -- The presence of a student in an evaluation.
@@ -112,12 +113,12 @@ CREATE TABLE Alumno_NumEvaluacion (  -- by position
   IDAlumno_NumEvaluacion INTEGER PRIMARY KEY,
   CodAlumno INTEGER DEFAULT 0,
   CodNumEvaluacion INTEGER DEFAULT 0,
-  FaltasJustificadas INTEGER DEFAULT 0,
-  FaltasInjustificadas INTEGER DEFAULT 0,
-  Retrasos INTEGER DEFAULT 0,
-  CodNotaObservacion INTEGER DEFAULT 0,
-  Promociona INTEGER DEFAULT 0,
-  Repite INTEGER DEFAULT 0
+  FaltasJustificadas INTEGER DEFAULT 0,  -- free name
+  FaltasInjustificadas INTEGER DEFAULT 0,  -- free name
+  Retrasos INTEGER DEFAULT 0,  -- free name
+  CodNotaObservacion INTEGER DEFAULT 0,  -- free name
+  Promociona INTEGER DEFAULT 0,  -- free name
+  Repite INTEGER DEFAULT 0  -- free name
 );
 
 CREATE TABLE Alumno (

@@ -1,7 +1,8 @@
 -- The school database on SQL Server.
 --
 -- A table is marked "by position" when the module inserts into it without naming columns: the order
--- of its columns is a format. A column is marked "host" when only a host needs it.
+-- of its columns is a format. A column that the module only fills there is marked "free name"; one
+-- that it finds by name wherever it stands, "free place". One marked "host" only a host needs.
 -- No unique or foreign key beyond the primary keys: real schools hold doubled and orphaned rows, and
 -- the module heals them itself. A flag is a bit, which takes the -1 that the module writes as 1; a
 -- date is a text.
@@ -12,7 +13,7 @@ CREATE TABLE AlumnoPte_MatDet (  -- by position
   CodAlumno int DEFAULT 0,
   CodMatDet int DEFAULT 0,
   Orden tinyint DEFAULT 0,
-  CodCursoPte tinyint DEFAULT 0
+  CodCursoPte tinyint DEFAULT 0  -- free name
 );
 
 -- The grades of a pending subject in an ordinary evaluation.
@@ -20,13 +21,13 @@ CREATE TABLE EvaluacionPte (  -- by position
   IDEvaluacionPte int NOT NULL PRIMARY KEY,
   CodAlumnoPte_MatDet int DEFAULT 0,
   CodNumEvaluacion int DEFAULT 0,
-  Evaluado bit DEFAULT 0,
-  CodNota int DEFAULT 0,
-  CodNotaActitud int DEFAULT 0,
-  CodNotaObservacion int DEFAULT 0,
-  CodNotaConcepto int DEFAULT 0,
-  CodNotaProcedimiento int DEFAULT 0,
-  UltimaEvaluada bit DEFAULT 0
+  Evaluado bit DEFAULT 0,  -- free place
+  CodNota int DEFAULT 0,  -- free place
+  CodNotaActitud int DEFAULT 0,  -- free place
+  CodNotaObservacion int DEFAULT 0,  -- free place
+  CodNotaConcepto int DEFAULT 0,  -- free place
+  CodNotaProcedimiento int DEFAULT 0,  -- free place
+  UltimaEvaluada bit DEFAULT 0  -- free place
 );
 
 -- The grades of a pending subject in a final evaluation.
@@ -34,19 +35,19 @@ CREATE TABLE EvaluacionActaPte (  -- by position
   IDEvaluacionActaPte int NOT NULL PRIMARY KEY,
   CodAlumnoPte_MatDet int DEFAULT 0,
   CodNumEvaluacion int DEFAULT 0,
-  Evaluado bit DEFAULT 0,
-  CodNota int DEFAULT 0,
-  CodNotaObservacion int DEFAULT 0,
-  RE_AC_DIV tinyint DEFAULT 0,
-  UltimaEvaluada bit DEFAULT 0
+  Evaluado bit DEFAULT 0,  -- free place
+  CodNota int DEFAULT 0,  -- free place
+  CodNotaObservacion int DEFAULT 0,  -- free place
+  RE_AC_DIV tinyint DEFAULT 0,  -- free place
+  UltimaEvaluada bit DEFAULT 0  -- free place
 );
 
 -- The students on the pending register of a section.
 CREATE TABLE Seccion_AlumnoPte (  -- by position
   CodSeccion int DEFAULT 0,
   CodAlumno int DEFAULT 0,
-  Posicion int DEFAULT 0,
-  Situacion int DEFAULT 0
+  Posicion int DEFAULT 0,  -- free name
+  Situacion int DEFAULT 0  -- free name
 );
 
 -- The teacher who grades a pending subject, 0 for none.
@@ -61,9 +62,9 @@ CREATE TABLE Profesor_Pte (  -- by position
 -- chance, and a publication be taken for that section's.
 CREATE TABLE PublicacionPte (  -- by position
   IDPublicacionPte int NOT NULL PRIMARY KEY,
-  CodProfesor smallint DEFAULT 0,
+  CodProfesor smallint DEFAULT 0,  -- free name
   CodPropietario smallint DEFAULT 0,
-  CodSeccion int DEFAULT 0,
+  CodSeccion int DEFAULT 0,  -- free place
   CodNumEvaluacion int DEFAULT 0
 );
 
@@ -72,7 +73,7 @@ CREATE TABLE BloqueoPte (  -- by position
   CodProfesor smallint DEFAULT 0,
   CodNumEvaluacion int DEFAULT 0,
   CodMatDet int DEFAULT 0,
-  CodUsuario smallint DEFAULT 0,
+  CodUsuario smallint DEFAULT 0,  -- free name
   CodPublicacion int DEFAULT 0
 );
 
@@ -84,8 +85,8 @@ CREATE TABLE Alumno_MateriaDetalles (  -- by position
   CodMateriaDetallesAsociada int DEFAULT 0,
   CodNumEvaluacion smallint DEFAULT 0,
   Orden tinyint DEFAULT 0,
-  Cursada bit DEFAULT 0,
-  Convocatoria int DEFAULT 0
+  Cursada bit DEFAULT 0,  -- free name
+  Convocatoria int DEFAULT 0  -- free name
 );
 
 -- The grades of a row of Alumno_MateriaDetalles.
@@ -93,19 +94,19 @@ CREATE TABLE Evaluacion (  -- by position
   IDEvaluacion int NOT NULL PRIMARY KEY,
   CodAlumno_MateriaDetalles int DEFAULT 0,
   CodNumEvaluacion smallint DEFAULT 0,
-  Evaluado int DEFAULT 0,
-  CodNota int DEFAULT 0,
-  CodNotaActitud int DEFAULT 0,
-  CodNotaObservacion int DEFAULT 0,
-  CodNotaConcepto int DEFAULT 0,
-  CodNotaProcedimiento int DEFAULT 0,
-  CodNotaR int DEFAULT 0,
-  CodNotaActitudR int DEFAULT 0,
-  CodNotaObservacionR int DEFAULT 0,
-  CodNotaConceptoR int DEFAULT 0,
-  CodNotaProcedimientoR int DEFAULT 0,
-  Recuperacion int DEFAULT 0,
-  Faltas int DEFAULT 0
+  Evaluado int DEFAULT 0,  -- free place
+  CodNota int DEFAULT 0,  -- free place
+  CodNotaActitud int DEFAULT 0,  -- free place
+  CodNotaObservacion int DEFAULT 0,  -- free place
+  CodNotaConcepto int DEFAULT 0,  -- free place
+  CodNotaProcedimiento int DEFAULT 0,  -- free place
+  CodNotaR int DEFAULT 0,  -- free place
+  CodNotaActitudR int DEFAULT 0,  -- free place
+  CodNotaObservacionR int DEFAULT 0,  -- free place
+  CodNotaConceptoR int DEFAULT 0,  -- free place
+  CodNotaProcedimientoR int DEFAULT 0,  -- free place
+  Recuperacion int DEFAULT 0,  -- free place
+  Faltas int DEFAULT 0  -- free name
 );
 
 -- The presence of a student in an evaluation.
@@ -113,12 +114,12 @@ CREATE TABLE Alumno_NumEvaluacion (  -- by position
   IDAlumno_NumEvaluacion int NOT NULL PRIMARY KEY,
   CodAlumno int DEFAULT 0,
   CodNumEvaluacion smallint DEFAULT 0,
-  FaltasJustificadas int DEFAULT 0,
-  FaltasInjustificadas int DEFAULT 0,
-  Retrasos int DEFAULT 0,
-  CodNotaObservacion int DEFAULT 0,
-  Promociona int DEFAULT 0,
-  Repite int DEFAULT 0
+  FaltasJustificadas int DEFAULT 0,  -- free name
+  FaltasInjustificadas int DEFAULT 0,  -- free name
+  Retrasos int DEFAULT 0,  -- free name
+  CodNotaObservacion int DEFAULT 0,  -- free name
+  Promociona int DEFAULT 0,  -- free name
+  Repite int DEFAULT 0  -- free name
 );
 
 CREATE TABLE Alumno (

@@ -1,0 +1,88 @@
+#include "apps/escuela/LockList.h"
+
+#include <algorithm>
+
+namespace quorvane {
+namespace {
+
+// Columns without a name in the module are read by their place.
+constexpr std::size_t kPublicationOwner = 2;
+constexpr std::size_t kLockUser = 3;
+
+std::string Trim(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  return first == std::string::npos ? std::string()
+                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+std::string LockList::OwnerName(int user) const {
+  const auto staff = connection_.Execute(
+      "SELECT Nombre, Apellido1, Apellido2 FROM Personal WHERE CodUsuario=" + std::to_string(user));
+  if (staff.Eof()) return {};
+  return Trim(staff.Fields("Nombre").Text() + " " + staff.Fields("Apellido1").Text() + " " +
+              staff.Fields("Apellido2").Text());
+}
+
+std::string LockList::EvaluationName(int evaluation) const {
+  const auto number = std::to_string(evaluation);
+  const auto row =
+      connection_.Execute("SELECT Descripcion FROM NumEvaluacion WHERE IDNumEvaluacion=" + number);
+  return row.Eof() ? number : row.Fields("Descripcion").Text();
+}
+
+void LockList::AddLock(std::vector<Publication>& publications, const Recordset& lock) const {
+  const auto id = lock.Fields("CodPublicacion").Long();
+  auto owner = std::find_if(publications.begin(), publications.end(),
+                            [id](const Publication& candidate) { return candidate.id == id; });
+  if (owner == publications.end()) {
+    Publication orphans;
+    orphans.id = id;
+    orphans.owner = lock.Fields(kLockUser).Long();
+    orphans.ownerName = OwnerName(orphans.owner);
+    orphans.evaluation = EvaluationName(lock.Fields("CodNumEvaluacion").Long());
+    orphans.exists = false;
+    owner = publications.insert(publications.end(), orphans);
+  }
+  const auto taught = lock.Fields("CodMatDet").Text();
+  const auto subject = connection_.Execute(
+      "SELECT Materia.Nombre, Seccion.Descripcion FROM (MateriaDetalles LEFT JOIN Materia ON "
+      "Materia.IDMateria=MateriaDetalles.CodMateria) LEFT JOIN Seccion ON "
+      "Seccion.IDSeccion=MateriaDetalles.CodSeccion WHERE IDMateriaDetalles=" +
+      std::to_string(lock.Fields("CodMatDet").Long()));
+  owner->subjects.push_back(subject.Eof() ? "materia " + taught
+                                          : subject.Fields("Nombre").Text() + " (" +
+                                                subject.Fields("Descripcion").Text() + ")");
+}
+
+std::vector<LockList::Publication> LockList::Read() const {
+  std::vector<Publication> publications;
+  auto rows = connection_.Execute("SELECT * FROM PublicacionPte ORDER BY IDPublicacionPte");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    Publication publication;
+    publication.id = rows.Fields("IDPublicacionPte").Long();
+    publication.owner = rows.Fields(kPublicationOwner).Long();
+    publication.ownerName = OwnerName(publication.owner);
+    publication.evaluation = EvaluationName(rows.Fields("CodNumEvaluacion").Long());
+    publications.push_back(publication);
+  }
+  auto locks = connection_.Execute("SELECT * FROM BloqueoPte ORDER BY CodPublicacion, CodMatDet");
+  for (; !locks.Eof(); locks.MoveNext()) AddLock(publications, locks);
+  return publications;
+}
+
+bool LockList::Remove(int publication) {
+  const auto id = std::to_string(publication);
+  const auto any = [&](const std::string& from) {
+    return !connection_.Execute("SELECT 1 FROM " + from).Eof();
+  };
+  const auto locks = "BloqueoPte WHERE CodPublicacion=" + id;
+  const auto owner = "PublicacionPte WHERE IDPublicacionPte=" + id;
+  if (!any(locks) && !any(owner)) return false;
+  connection_.Execute("DELETE FROM " + locks);
+  connection_.Execute("DELETE FROM " + owner);
+  return true;
+}
+
+}  // namespace quorvane

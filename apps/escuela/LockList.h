@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Connection.h"
+
+namespace quorvane {
+
+/// The publications and locks of a school: who has a grade form open, and on what. A form that
+/// died leaves its own behind, and its subjects stay hidden from all forms until they are removed.
+class LockList {
+ public:
+  struct Publication {
+    int id = 0;
+    int owner = 0;                      ///< the user
+    std::string ownerName;              ///< of the user's row in the staff; empty for none
+    std::string evaluation;             ///< its name, or its number when it has no row
+    bool exists = true;                 ///< false for locks that no publication owns any more
+    std::vector<std::string> subjects;  ///< "Matemáticas (2º ESO A)", one a lock
+  };
+
+  /// `connection` is open and outlives the list.
+  explicit LockList(Connection& connection) : connection_(connection) {}
+
+  /// By number. Locks without a publication follow under the number that they bear.
+  [[nodiscard]] std::vector<Publication> Read() const;
+
+  /// Removes a publication with its locks, or locks without one that bear the number, and nothing
+  /// else; the locks first, as the module does. False when there is neither.
+  bool Remove(int publication);
+
+ private:
+  [[nodiscard]] std::string OwnerName(int user) const;
+  [[nodiscard]] std::string EvaluationName(int evaluation) const;
+  void AddLock(std::vector<Publication>& publications, const Recordset& lock) const;
+
+  Connection& connection_;
+};
+
+}  // namespace quorvane

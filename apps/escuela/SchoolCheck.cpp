@@ -1,0 +1,183 @@
+#include "apps/escuela/SchoolCheck.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "platform/AsciiCase.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+/// A column whose value, unless it is 0 or `optional` false, is the key of a row elsewhere.
+struct Reference {
+  std::string_view table;
+  std::string_view column;
+  std::string_view target;
+  std::string_view key;
+  bool optional;  ///< 0 is none
+};
+
+constexpr Reference kReferences[] = {
+    {"AlumnoPte_MatDet", "CodAlumno", "Alumno", "IDAlumno", false},
+    {"AlumnoPte_MatDet", "CodMatDet", "MateriaDetalles", "IDMateriaDetalles", false},
+    {"EvaluacionPte", "CodAlumnoPte_MatDet", "AlumnoPte_MatDet", "IDAlumnoPte_MatDet", false},
+    {"EvaluacionPte", "CodNumEvaluacion", "NumEvaluacion", "IDNumEvaluacion", false},
+    {"EvaluacionPte", "CodNota", "Nota", "IDNota", true},
+    {"EvaluacionActaPte", "CodAlumnoPte_MatDet", "AlumnoPte_MatDet", "IDAlumnoPte_MatDet", false},
+    {"EvaluacionActaPte", "CodNumEvaluacion", "NumEvaluacion", "IDNumEvaluacion", false},
+    {"EvaluacionActaPte", "CodNota", "Nota", "IDNota", true},
+    {"Seccion_AlumnoPte", "CodSeccion", "Seccion", "IDSeccion", false},
+    {"Seccion_AlumnoPte", "CodAlumno", "Alumno", "IDAlumno", false},
+    {"Profesor_Pte", "CodMatDet", "MateriaDetalles", "IDMateriaDetalles", false},
+    {"Profesor_Pte", "CodProfesor", "Personal", "IDPersonal", true},
+    {"BloqueoPte", "CodPublicacion", "PublicacionPte", "IDPublicacionPte", false},
+    {"BloqueoPte", "CodMatDet", "MateriaDetalles", "IDMateriaDetalles", false},
+    {"Alumno", "CodSeccion", "Seccion", "IDSeccion", true},
+    {"Seccion", "CodCurso", "Curso", "IDCurso", false},
+    {"Seccion", "CodTutor", "Personal", "IDPersonal", true},
+    {"Curso", "CodTipoEnsenanza", "TipoEnsenanza", "IDTipoEnsenanza", false},
+    {"MateriaDetalles", "CodMateria", "Materia", "IDMateria", false},
+    {"MateriaDetalles", "CodSeccion", "Seccion", "IDSeccion", false},
+    {"MateriaDetalles", "CodTipoMateria", "TipoMateria", "IDTipoMateria", true},
+    {"Personal", "CodUsuario", "Usuario", "IDUsuario", true},
+    {"Nota", "CodTipoNota", "TipoNota", "IDTipoNota", false},
+    {"TipoNota", "CodTipoMateria", "TipoMateria", "IDTipoMateria", false},
+};
+
+/// Columns that together should stand once in their table.
+struct Unique {
+  std::string_view table;
+  std::string_view columns;
+};
+
+constexpr Unique kUniques[] = {
+    {"AlumnoPte_MatDet", "CodAlumno, CodMatDet"},
+    {"EvaluacionPte", "CodAlumnoPte_MatDet, CodNumEvaluacion"},
+    {"EvaluacionActaPte", "CodAlumnoPte_MatDet, CodNumEvaluacion"},
+    {"Seccion_AlumnoPte", "CodSeccion, CodAlumno"},
+    {"Profesor_Pte", "CodMatDet"},
+    {"BloqueoPte", "CodMatDet, CodNumEvaluacion"},
+    {"FechaNotas", "CodSeccion, CodNumEvaluacion"},
+};
+
+constexpr auto kNowhere = static_cast<std::size_t>(-1);
+
+std::size_t PlaceOf(const FieldNames& names, const std::string& name) {
+  const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& candidate) {
+    return EqualNoCase(candidate, name);
+  });
+  return found == names.end() ? kNowhere : static_cast<std::size_t>(found - names.begin());
+}
+
+std::string Join(std::initializer_list<std::string_view> pieces) {
+  std::string text;
+  for (const auto piece : pieces) text += piece;
+  return text;
+}
+
+void CheckColumns(const SchemaTable& table, const FieldNames& names, SchoolCheck::For whom,
+                  std::vector<std::string>& findings) {
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    const auto& column = table.columns[i];
+    if (column.freeName || (column.forHost && whom == SchoolCheck::For::Module)) continue;
+    const auto place = PlaceOf(names, column.name);
+    if (place == kNowhere) {
+      findings.push_back(Join({"Falta la columna ", column.name, " en la tabla ", table.name}));
+    } else if (table.byPosition && !column.freePlace && place != i) {
+      findings.push_back(
+          Join({"La columna ", column.name, " de la tabla ", table.name, " está en el lugar ",
+                std::to_string(place + 1), " y debe estar en el ", std::to_string(i + 1)}));
+    }
+  }
+  if (table.byPosition && names.size() != table.columns.size())
+    findings.push_back(Join({"La tabla ", table.name, " tiene ", std::to_string(names.size()),
+                             " columnas y debe tener ", std::to_string(table.columns.size())}));
+}
+
+std::string Rows(std::int32_t count) {
+  return std::to_string(count) + (count == 1 ? " fila" : " filas");
+}
+
+}  // namespace
+
+bool SchoolCheck::ReadNames(const std::string& table, FieldNames& names) const {
+  try {
+    names = connection_.Execute("SELECT * FROM [" + table + "] WHERE 1=0").Names();
+    return true;
+  } catch (const RuntimeError& error) {
+    if (!error.Is(ErrorNumber::StatementFailed)) throw;
+    return false;
+  }
+}
+
+std::vector<std::string> SchoolCheck::Structure(For whom) const {
+  std::vector<std::string> findings;
+  auto anyTable = false;
+  for (const auto& table : SchoolTables()) {
+    FieldNames names;
+    if (ReadNames(table.name, names)) {
+      anyTable = true;
+      CheckColumns(table, names, whom, findings);
+    } else {
+      findings.push_back("Falta la tabla " + table.name);
+    }
+  }
+  if (!anyTable) return {"La base de datos no es una escuela: no tiene ninguna de sus tablas"};
+  return findings;
+}
+
+std::int32_t SchoolCheck::Count(const std::string& select) const {
+  return connection_.Execute(select).Fields(0).Long();
+}
+
+void SchoolCheck::FindOrphans(std::vector<std::string>& findings) const {
+  for (const auto& reference : kReferences) {
+    auto condition = Join(
+        {reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
+    if (reference.optional) condition += Join({" AND ", reference.column, "<>0"});
+    const auto count =
+        Count(Join({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", condition}));
+    if (count > 0)
+      findings.push_back(Join({"Huérfanas en ", reference.table, ": ", quorvane::Rows(count),
+                               " cuyo ", reference.column, " no está en ", reference.target}));
+  }
+}
+
+void SchoolCheck::FindDoubles(std::vector<std::string>& findings) const {
+  const auto find = [&](std::string_view table, std::string_view columns) {
+    const auto count = Count(Join({"SELECT COUNT(*) FROM (SELECT COUNT(*) AS Veces FROM ", table,
+                                   " GROUP BY ", columns, " HAVING COUNT(*)>1) Dobles"}));
+    if (count > 0)
+      findings.push_back(
+          Join({"Dobles en ", table, ": ", std::to_string(count),
+                count == 1 ? " valor repetido" : " valores repetidos", " de ", columns}));
+  };
+  for (const auto& unique : kUniques) find(unique.table, unique.columns);
+  // A school from elsewhere may lack the primary keys.
+  for (const auto& table : SchoolTables())
+    for (const auto& column : table.columns)
+      if (column.key) find(table.name, column.name);
+}
+
+std::vector<std::string> SchoolCheck::Rows() const {
+  std::vector<std::string> findings;
+  FindOrphans(findings);
+  const auto misplaced = [&](std::string_view table, std::string_view wrong,
+                             std::string_view kind) {
+    const auto count =
+        Count(Join({"SELECT COUNT(*) FROM ", table,
+                    " WHERE CodNumEvaluacion IN (SELECT IDNumEvaluacion FROM NumEvaluacion WHERE ",
+                    wrong, ")"}));
+    if (count > 0)
+      findings.push_back(Join(
+          {"Fuera de lugar en ", table, ": ", quorvane::Rows(count), " de una evaluación ", kind}));
+  };
+  misplaced("EvaluacionPte", "Final<>0", "final");
+  misplaced("EvaluacionActaPte", "Final=0", "ordinaria");
+  FindDoubles(findings);
+  return findings;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame/schema/SchoolSchema.h"
+#include "platform/Connection.h"
+
+namespace quorvane {
+
+/// Tells whether a database is a school that the module can work on, and what is wrong with its
+/// rows. Reads only. All texts are in Spanish, one a finding, ready to be shown.
+class SchoolCheck {
+ public:
+  enum class For {
+    Module,  ///< what the module itself needs
+    Host,    ///< and what the desktop host signs its users in with
+  };
+
+  /// `connection` is open and outlives the check.
+  explicit SchoolCheck(Connection& connection) : connection_(connection) {}
+
+  /// Missing tables and columns, and columns out of the place that the module writes them to.
+  /// Empty for a database that is fit for use. A database without any of the tables is one
+  /// finding.
+  [[nodiscard]] std::vector<std::string> Structure(For whom) const;
+
+  /// Rows that point at nothing and rows that stand twice; to be called for a fit database alone.
+  /// Error 0x80004005 when the database can't be read.
+  [[nodiscard]] std::vector<std::string> Rows() const;
+
+ private:
+  [[nodiscard]] bool ReadNames(const std::string& table, FieldNames& names) const;
+  [[nodiscard]] std::int32_t Count(const std::string& select) const;
+  void FindOrphans(std::vector<std::string>& findings) const;
+  void FindDoubles(std::vector<std::string>& findings) const;
+
+  Connection& connection_;
+};
+
+}  // namespace quorvane

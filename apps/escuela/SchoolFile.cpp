@@ -1,0 +1,71 @@
+#include "apps/escuela/SchoolFile.h"
+
+#include <filesystem>
+#include <random>
+#include <system_error>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::StatementFailed, "No se puede crear " + path + ": " + reason);
+}
+
+/// The file that the school is written to, removed at the end with what the engine left beside it.
+class PartialFile {
+ public:
+  explicit PartialFile(const std::string& path)
+      : path_(path + ".parcial-" + std::to_string(std::random_device()())) {}
+  ~PartialFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+    fs::remove(path_ + "-journal", ignored);
+  }
+  PartialFile(const PartialFile&) = delete;
+  PartialFile& operator=(const PartialFile&) = delete;
+  PartialFile(PartialFile&&) = delete;
+  PartialFile& operator=(PartialFile&&) = delete;
+
+  [[nodiscard]] const std::string& Path() const noexcept { return path_; }
+
+  /// Gives it its name. A second name for the file, unlike a change of name, fails when somebody
+  /// has made a file of that name meanwhile; where the file system has none, the look has to do.
+  void Publish(const std::string& path) const {
+    std::error_code error;
+    fs::create_hard_link(path_, path, error);
+    if (!error) return;
+    if (fs::exists(fs::symlink_status(path))) Refuse(path, "el archivo ya existe");
+    fs::rename(path_, path, error);
+    if (error) Refuse(path, error.message());
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace
+
+void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill) {
+  std::error_code error;
+  if (fs::exists(fs::symlink_status(path, error))) Refuse(path, "el archivo ya existe");
+  const auto folder = fs::path(path).parent_path();
+  if (!folder.empty() && !fs::is_directory(folder, error)) Refuse(path, "la carpeta no existe");
+
+  const PartialFile partial(path);
+  sqlite::SqliteConnection school(partial.Path(), "", sqlite::OpenMode::Create);
+  school.Open();
+  school.Execute("BEGIN");
+  for (const auto& statement : SchemaStatements(SqliteSchema())) school.Execute(statement);
+  fill(school);
+  school.Execute("COMMIT");
+  school.Close();
+  partial.Publish(path);
+}
+
+}  // namespace quorvane

@@ -1,0 +1,106 @@
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "apps/escuela/SchoolGenerator.h"
+#include "apps/quorvane-escuela/Commands.h"
+#include "platform/RuntimeError.h"
+
+namespace {
+
+constexpr auto kFailed = 1;
+constexpr auto kBadArguments = 2;
+
+/// The library's complaint in Spanish; its own texts begin or end with the argument's name.
+std::string Complaint(const CLI::ParseError& error) {
+  const std::string text = error.what();
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
+    return "No se esperaba " + text.substr(text.rfind(": ") + 2);
+  const auto name = text.substr(0, text.find_first_of(": "));
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
+    return name == "A" ? "Falta la orden" : "Falta " + name;
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
+    return "A " + name + " le falta su valor";
+  return "El valor de " + name + " no es válido";
+}
+
+struct Arguments {
+  std::string file;
+  std::size_t students = 0;
+  std::uint64_t seed = 0;
+  int publication = 0;
+};
+
+CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
+                     Arguments& arguments) {
+  auto* command = app.add_subcommand(name, description)->group("Órdenes");
+  command->get_help_ptr()->group("Opciones");
+  command->add_option("FICHERO", arguments.file, "Base de datos de la escuela")
+      ->required()
+      ->type_name("");
+  return command;
+}
+
+int Run(int argc, char** argv) {
+  CLI::App app("Crea, comprueba y arregla escuelas para el módulo de pendientes.",
+               "quorvane-escuela");
+  auto formatter = std::make_shared<CLI::Formatter>();
+  formatter->label("Usage", "Uso");
+  formatter->label("OPTIONS", "OPCIONES");
+  formatter->label("Positionals", "Argumentos");
+  formatter->label("SUBCOMMAND", "ORDEN");
+  formatter->label("SUBCOMMANDS", "ORDEN");
+  formatter->label("REQUIRED", "(obligatorio)");
+  app.formatter(formatter);
+  app.set_help_flag("-h,--help", "Muestra esta ayuda y termina")->group("Opciones");
+  app.option_defaults()->group("Opciones");
+  app.require_subcommand(1);
+
+  Arguments arguments;
+  auto* create = AddCommand(app, "crear", "Crea una escuela vacía", arguments);
+  auto* demo = AddCommand(app, "demo", "Crea una escuela pequeña de ejemplo", arguments);
+  auto* generate = AddCommand(app, "generar", "Crea una escuela de cualquier tamaño", arguments);
+  generate->add_option("--alumnos", arguments.students, "Número de alumnos")
+      ->required()
+      ->check(CLI::Range(std::size_t{1}, quorvane::SchoolGenerator::kMostStudents).description(""))
+      ->type_name("N");
+  generate->add_option("--semilla", arguments.seed, "La misma semilla da la misma escuela")
+      ->required()
+      ->type_name("S");
+  auto* check =
+      AddCommand(app, "comprobar",
+                 "Dice si una escuela es apta para el módulo y qué filas le sobran", arguments);
+  auto* locks = AddCommand(app, "bloqueos", "Muestra quién está introduciendo notas", arguments);
+  const auto* remove =
+      locks->add_option("--borrar", arguments.publication, "Borra esa publicación y sus bloqueos")
+          ->type_name("ID");
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& success) {
+    return app.exit(success);
+  } catch (const CLI::ParseError& error) {
+    std::cerr << "quorvane-escuela: " << Complaint(error) << "\nPruebe quorvane-escuela --help\n";
+    return kBadArguments;
+  }
+  if (create->parsed()) return quorvane::MakeEmpty(arguments.file);
+  if (demo->parsed()) return quorvane::MakeDemo(arguments.file);
+  if (generate->parsed())
+    return quorvane::Generate(arguments.file, arguments.students, arguments.seed);
+  if (check->parsed()) return quorvane::Check(arguments.file);
+  if (remove->count() > 0) return quorvane::RemoveLocks(arguments.file, arguments.publication);
+  return quorvane::ShowLocks(arguments.file);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const quorvane::RuntimeError& error) {
+    std::cerr << "quorvane-escuela: " << error.Description() << '\n';
+    return kFailed;
+  }
+}
