@@ -58,13 +58,19 @@ void PurgarMateria(std::int32_t idAlumnoPteMatDet) {
           std::to_string(idAlumnoPteMatDet));
 }
 
-DetallesMateria LeerDetalles(std::int32_t codMatDet) {
+DetallesMateria LeerDetalles(std::int32_t codMatDet, bool conProfesores) {
   const auto recordset = Execute(
       "SELECT CodPersonal, CodPersonalAsociado, CodMateria, CodSeccion FROM MateriaDetalles WHERE "
       "IDMateriaDetalles=" +
       std::to_string(codMatDet));
-  return {recordset.Fields("CodPersonal").Long(), recordset.Fields("CodPersonalAsociado").Long(),
-          recordset.Fields("CodMateria").Long(), recordset.Fields("CodSeccion").Integer()};
+  DetallesMateria detalles;
+  if (conProfesores) {
+    detalles.CodPersonal = recordset.Fields("CodPersonal").Long();
+    detalles.CodPersonalAsociado = recordset.Fields("CodPersonalAsociado").Long();
+  }
+  detalles.CodMateria = recordset.Fields("CodMateria").Long();
+  detalles.CodSeccion = recordset.Fields("CodSeccion").Integer();
+  return detalles;
 }
 
 std::string NombreMateria(const DetallesMateria& detalles) {

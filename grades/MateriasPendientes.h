@@ -36,8 +36,9 @@ struct DetallesMateria {
   std::int16_t CodSeccion = 0;
 };
 
-/// Error 3021 when it is gone, 6 for a section beyond 16 bits.
-DetallesMateria LeerDetalles(std::int32_t codMatDet);
+/// Error 3021 when it is gone, 6 for a section beyond 16 bits. Without `conProfesores` the teachers
+/// stay 0, whatever the row says.
+DetallesMateria LeerDetalles(std::int32_t codMatDet, bool conProfesores = true);
 
 /// How lists name a subject: "{subject} ({course})", the course by the section. Error 3021 when
 /// one of them is gone.

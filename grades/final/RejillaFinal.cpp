@@ -1,0 +1,103 @@
+#include "grades/final/RejillaFinal.h"
+
+#include "frame/cConfiguracion.h"
+#include "grades/Anchos.h"
+#include "grades/CeldaNotas.h"
+#include "platform/Retivo.h"
+#include "platform/Value.h"
+
+namespace quorvane {
+
+void PrepararRejillaFinal(Retivo& rejilla, const ConstruccionFinal& construccion, std::int32_t tipo,
+                          Anchos& anchos, Titulos& strColumna) {
+  rejilla.Clear();
+  PrepararColumnas(rejilla, construccion.columnas, construccion.anchoPrimera, strColumna);
+  rejilla.TextMatrix(0, kColumnaMedidas, "Medidas Adoptadas");
+  rejilla.ColWidth(kColumnaMedidas, construccion.medidas ? kAnchoNota : 0);
+  if (construccion.cargando) {
+    LeerEscala(rejilla, tipo, "abreviatura", anchos, strColumna);
+    anchos.Guardar(rejilla, construccion.cargando, true);
+  } else {
+    anchos.Restaurar(rejilla, construccion.cargando);
+  }
+  OcultarColumnas(rejilla);
+}
+
+void OcultarColumnas(Retivo& rejilla) {
+  rejilla.ColWidth(4, 0);
+  rejilla.ColWidth(3, 0);
+  if (rejilla.ColWidth(kColumnaNota) >= 1 && rejilla.ColWidth(kColumnaConcepto) >= 1)
+    rejilla.ColWidth(kColumnaConcepto, 0);
+}
+
+void RestaurarAnchosFinales(Retivo& rejilla, const Anchos& anchos, bool cargando) {
+  anchos.Restaurar(rejilla, cargando);
+  OcultarColumnas(rejilla);
+}
+
+std::string TextoMedida(std::uint8_t medida) {
+  switch (medida) {
+    case 0:
+      return " ";
+    case 1:
+      return "Refuerzo educativo";
+    case 2:
+      return "Adaptacion curricular";
+    default:
+      return "";
+  }
+}
+
+void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia) {
+  EscribirNota(rejilla, fila, kColumnaNota, materia.Nota);
+  EscribirNota(rejilla, fila, kColumnaConcepto, materia.Concepto);
+  EscribirNota(rejilla, fila, kColumnaObservacion, materia.Observacion);
+  rejilla.TextMatrix(fila, kColumnaMedidas, TextoMedida(materia.REACDIV));
+}
+
+void LlenarMedidas(Retivo& rejilla, const cMateria& materia) {
+  if (materia.Nota <= 0) return;
+  rejilla.ListaAnadir(kColumnaMedidas, " ", 0);
+  rejilla.ListaAnadir(kColumnaMedidas, "Refuerzo educativo", 1);
+  rejilla.ListaAnadir(kColumnaMedidas, "Adaptación curricular", 2);
+}
+
+std::string SentenciaCeldaFinal(const Seleccion& seleccion, int columna, const cMateria& materia,
+                                const std::string& codMateria, bool sinExcepcionales) {
+  CondicionesNota condiciones;
+  condiciones.sinExcepcionales = sinExcepcionales;
+  condiciones.materiaYProfesor =
+      DeMateriaYProfesores(codMateria, materia.IDProfesor, materia.IDProfesorAsociado);
+  condiciones.tipoNota = "Orden=" + std::to_string(columna) +
+                         " AND Materia=" + cConfiguracion::Instancia().Verdadero() +
+                         " AND Observacion=0";
+  condiciones.clase =
+      materia.Fct ? "CodEspecificarTipoMateria=4 AND " : "CodEspecificarTipoMateria=1 AND ";
+  return SentenciaNotas(seleccion, condiciones);
+}
+
+std::int32_t DatoElegido(const Retivo& rejilla) {
+  const auto indice = rejilla.ListaIndice();
+  return indice == -1 ? 0 : rejilla.ListaDato(indice);
+}
+
+void AsignarNotaFinal(cMateria& materia, int columna, std::int32_t valor) {
+  switch (columna) {
+    case kColumnaNota:
+      materia.Nota = valor;
+      break;
+    case kColumnaConcepto:
+      materia.Concepto = valor;
+      break;
+    case kColumnaObservacion:
+      materia.Observacion = valor;
+      break;
+    case kColumnaMedidas:
+      materia.REACDIV = ToByte(valor);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace quorvane
