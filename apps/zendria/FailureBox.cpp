@@ -1,0 +1,55 @@
+#include "apps/zendria/FailureBox.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/SchoolError.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr int kMissingShown = 12;
+
+void Run(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& more) {
+  QMessageBox box(icon, "Zendria Escuela", text, QMessageBox::NoButton, parent);
+  box.setObjectName("aviso");
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.setInformativeText(more);
+  box.setDefaultButton(box.addButton("&Aceptar", QMessageBox::AcceptRole));
+  box.exec();
+}
+
+QString Heading(const Failure& failure) {
+  return failure.number ? QStringLiteral("Error %1: %2").arg(*failure.number).arg(failure.text)
+                        : QStringLiteral("Error inesperado: %1").arg(failure.text);
+}
+
+}  // namespace
+
+void ShowProblem(QWidget* parent, const Failure& failure) {
+  Run(parent, QMessageBox::Critical, Heading(failure), Advice(failure));
+}
+
+void ShowFailure(QWidget* parent, const Failure& failure) {
+  const QString kept =
+      "La pantalla se ha cerrado. Lo que ya se había escrito en la base de datos sigue en ella, y "
+      "puede volver a abrir la pantalla.\n\n";
+  const QString locks =
+      "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: véalas en "
+      "el menú Ver, Publicaciones y bloqueos.";
+  Run(parent, QMessageBox::Critical, Heading(failure), kept + Advice(failure) + locks);
+}
+
+void ShowSchoolError(QWidget* parent, const SchoolError& error) {
+  auto missing = error.Missing();
+  const auto more = missing.size() - kMissingShown;
+  if (more > 0) {
+    missing = missing.mid(0, kMissingShown);
+    missing.append(QStringLiteral("… y %1 más.").arg(more));
+  }
+  Run(parent, QMessageBox::Warning, error.Why(), missing.join(u'\n'));
+}
+
+}  // namespace quorvane::zendria

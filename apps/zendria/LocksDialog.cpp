@@ -1,0 +1,133 @@
+#include "apps/zendria/LocksDialog.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QVBoxLayout>
+#include <functional>
+
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/NodeRunner.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr int kPlaceRole = Qt::UserRole;
+
+QString Owner(const LockList::Publication& publication) {
+  const auto number = QStringLiteral("usuario %1").arg(publication.owner);
+  if (publication.ownerName.empty()) return number;
+  return QString::fromStdString(publication.ownerName) + " (" + number + ")";
+}
+
+bool Agrees(QWidget* parent, const LockList::Publication& publication) {
+  QMessageBox box(QMessageBox::Question, "Quitar bloqueos",
+                  QStringLiteral("¿Quitar la publicación %1, de %2, con sus %3 bloqueos?")
+                      .arg(publication.id)
+                      .arg(Owner(publication))
+                      .arg(publication.subjects.size()),
+                  QMessageBox::NoButton, parent);
+  box.setObjectName("pregunta");
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(
+      "Hágalo solo si esa persona ya no tiene abierta la pantalla de notas: si la tiene, otra "
+      "podría calificar a la vez las mismas materias.");
+  const auto* const yes = box.addButton("&Quitar", QMessageBox::AcceptRole);
+  auto* const no = box.addButton("&Cancelar", QMessageBox::RejectRole);
+  box.setDefaultButton(no);
+  box.setEscapeButton(no);
+  box.exec();
+  return box.clickedButton() == yes;
+}
+
+bool Succeeds(QWidget* parent, const std::function<void()>& work) {
+  try {
+    work();
+    return true;
+  } catch (const RuntimeError& error) {
+    ShowProblem(parent, {error.Number(), QString::fromStdString(error.Description())});
+    return false;
+  }
+}
+
+}  // namespace
+
+LocksDialog::LocksDialog(Connection& school, QWidget* parent)
+    : QDialog(parent), locks_(school), remove_("&Quitar…") {
+  setObjectName("bloqueos");
+  setWindowTitle("Publicaciones y bloqueos");
+  auto* const hint = new QLabel(
+      "Cada publicación es una pantalla de notas abierta; mientras dura, las materias que tiene "
+      "bloqueadas no aparecen en las demás. Una pantalla que terminó mal deja las suyas.");
+  hint->setWordWrap(true);
+  list_.setObjectName("publicaciones");
+  list_.setAccessibleName("Publicaciones");
+  list_.setHeaderLabels({"Publicación", "Quién", "Evaluación", "Materias bloqueadas"});
+  list_.setAlternatingRowColors(true);
+  remove_.setObjectName("quitar");
+  remove_.setAutoDefault(false);
+  auto* const refresh = new QPushButton("&Actualizar");
+  auto* const close = new QPushButton("&Cerrar");
+  close->setDefault(true);
+
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(&remove_);
+  buttons->addWidget(refresh);
+  buttons->addWidget(&count_, 1);
+  buttons->addWidget(close);
+  auto* const column = new QVBoxLayout(this);
+  column->addWidget(hint);
+  column->addWidget(&list_, 1);
+  column->addLayout(buttons);
+  resize(760, 420);
+
+  connect(&list_, &QTreeWidget::currentItemChanged, this,
+          [this] { remove_.setEnabled(Selected() != nullptr); });
+  connect(&remove_, &QPushButton::clicked, this, [this] { RemoveSelected(); });
+  connect(refresh, &QPushButton::clicked, this, [this] { Read(); });
+  connect(close, &QPushButton::clicked, this, &QDialog::accept);
+  Read();
+}
+
+void LocksDialog::Read() {
+  publications_.clear();
+  Succeeds(this, [this] { publications_ = locks_.Read(); });
+  Fill();
+}
+
+void LocksDialog::Fill() {
+  list_.clear();
+  for (std::size_t at = 0; at < publications_.size(); ++at) {
+    const auto& publication = publications_[at];
+    const auto number = QString::number(publication.id);
+    auto* const item = new QTreeWidgetItem(
+        &list_, {publication.exists ? number : number + " (sin publicación)", Owner(publication),
+                 QString::fromStdString(publication.evaluation),
+                 QString::number(publication.subjects.size())});
+    item->setData(0, kPlaceRole, static_cast<int>(at));
+    for (const auto& subject : publication.subjects)
+      new QTreeWidgetItem(item, {{}, {}, {}, QString::fromStdString(subject)});
+  }
+  list_.expandAll();
+  for (int column = 0; column < list_.columnCount(); ++column) list_.resizeColumnToContents(column);
+  if (!publications_.empty()) list_.setCurrentItem(list_.topLevelItem(0));
+  remove_.setEnabled(Selected() != nullptr);
+  count_.setText(publications_.empty() ? "No hay ninguna."
+                                       : QStringLiteral("%1 en total").arg(publications_.size()));
+}
+
+const LockList::Publication* LocksDialog::Selected() const {
+  const auto* item = list_.currentItem();
+  if (item == nullptr) return nullptr;
+  if (item->parent() != nullptr) item = item->parent();
+  return &publications_[item->data(0, kPlaceRole).toULongLong()];
+}
+
+void LocksDialog::RemoveSelected() {
+  const auto* const publication = Selected();
+  if (publication == nullptr || !Agrees(this, *publication)) return;
+  if (Succeeds(this, [this, publication] { locks_.Remove(publication->id); })) Read();
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <vector>
+
+#include "apps/escuela/LockList.h"
+
+namespace quorvane::zendria {
+
+/// Who has a grade form open, and which subjects it holds; what a form that died has left can be
+/// removed, behind a question. A failed statement is told to the user.
+class LocksDialog : public QDialog {
+ public:
+  /// `school` is open and outlives the dialog.
+  explicit LocksDialog(Connection& school, QWidget* parent = nullptr);
+
+  [[nodiscard]] QTreeWidget& List() { return list_; }
+  [[nodiscard]] QPushButton& RemoveButton() { return remove_; }
+
+ private:
+  void Read();
+  void Fill();
+  void RemoveSelected();
+  [[nodiscard]] const LockList::Publication* Selected() const;
+
+  LockList locks_;
+  std::vector<LockList::Publication> publications_;
+  QLabel count_;
+  QTreeWidget list_;
+  QPushButton remove_;
+};
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,222 @@
+#include "apps/zendria/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScopedValueRollback>
+#include <QStatusBar>
+#include <utility>
+
+#include "adapters/qt/IconStore.h"
+#include "adapters/qt/QtFrontEnd.h"
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/LocksDialog.h"
+#include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/Preferences.h"
+#include "apps/zendria/School.h"
+#include "apps/zendria/SchoolError.h"
+#include "apps/zendria/Session.h"
+#include "apps/zendria/SignInDialog.h"
+#include "apps/zendria/StatementWindow.h"
+#include "platform/Application.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr auto kTitle = "Zendria Escuela";
+constexpr auto kGeometry = "principal";
+constexpr auto kStatementsGeometry = "sentencias";
+
+}  // namespace
+
+MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenCatalogue screens)
+    : screen_(screen),
+      preferences_(preferences),
+      page_(std::move(screens)),
+      recent_("Escuelas &recientes"),
+      changeUser_("Cambiar de &usuario…", this),
+      active_("Año escolar &activo", this),
+      locks_("&Publicaciones y bloqueos…", this) {
+  setWindowTitle(kTitle);
+  setWindowIcon(qt::IconStore::Load("zendria.ico"));
+  pages_.addWidget(&welcome_);
+  pages_.addWidget(&page_);
+  setCentralWidget(&pages_);
+  BuildMenus();
+  welcome_.Open = [this] { ChooseFile(); };
+  welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
+  page_.OpenNode = [this](std::uint8_t node) { OpenNode(node); };
+  if (!preferences_.Restore(kGeometry, *this)) resize(860, 560);
+  ShowSession();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildMenus() {
+  auto* const school = menuBar()->addMenu("&Escuela");
+  school->addAction("&Abrir…", QKeySequence::Open, this, [this] { ChooseFile(); });
+  school->addMenu(&recent_);
+  school->addSeparator();
+  school->addAction(&changeUser_);
+  school->addSeparator();
+  school->addAction("&Salir", QKeySequence("Ctrl+Q"), this, [this] { close(); });
+
+  auto* const session = menuBar()->addMenu("&Sesión");
+  changeUser_.setObjectName("cambiarUsuario");
+  active_.setObjectName("añoActivo");
+  active_.setCheckable(true);
+  active_.setChecked(true);
+  session->addAction(&active_);
+
+  auto* const view = menuBar()->addMenu("&Ver");
+  locks_.setShortcut(QKeySequence("Ctrl+B"));
+  view->addAction(&locks_);
+  view->addAction("&Sentencias", QKeySequence("Ctrl+T"), this, [this] { ShowStatements(); });
+
+  auto* const help = menuBar()->addMenu("A&yuda");
+  help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(); });
+
+  connect(&changeUser_, &QAction::triggered, this, [this] { ChangeUser(); });
+  connect(&active_, &QAction::toggled, this, [this] { ShowSession(); });
+  connect(&locks_, &QAction::triggered, this, [this] { ShowLocks(); });
+}
+
+bool MainWindow::OpenSchool(const QString& file, std::optional<std::int32_t> user) {
+  if (nodeOpen_) return false;
+  std::unique_ptr<School> school;
+  try {
+    school = std::make_unique<School>(file);
+  } catch (const SchoolError& error) {
+    ShowSchoolError(this, error);
+    return false;
+  }
+  std::optional<User> who;
+  if (user) {
+    who = school->FindUser(*user);
+    if (!who)
+      ShowSchoolError(
+          this,
+          SchoolError(
+              QStringLiteral("En «%1» no hay ningún usuario %2.").arg(school->File()).arg(*user)));
+  } else {
+    SignInDialog dialog(school->Name(), school->Users(), this);
+    dialog.exec();
+    who = dialog.Chosen();
+  }
+  if (!who) return false;
+
+  school_ = std::move(school);
+  user_ = *who;
+  log_.Clear();
+  school_->Observe([this](const Connection& connection, const std::string& statement) {
+    log_.Add(connection, statement);
+    screen_.Pulse();
+  });
+  preferences_.AddRecentSchool(school_->File());
+  ShowSession();
+  page_.setFocus();
+  return true;
+}
+
+void MainWindow::OpenNode(std::uint8_t node) {
+  const auto* const entry = page_.Find(node);
+  if (nodeOpen_ || school_ == nullptr || entry == nullptr || !entry->available) return;
+  std::optional<Failure> failure;
+  {
+    const QScopedValueRollback open(nodeOpen_, true);
+    Working(entry->title);
+    failure = zendria::OpenNode(node, MakeSession(*school_, user_, active_.isChecked()));
+  }
+  Working({});
+  if (failure) ShowFailure(this, *failure);
+  page_.setFocus();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  // The screen that is open works on the connections of this window's school.
+  if (nodeOpen_) {
+    event->ignore();
+    return;
+  }
+  preferences_.Remember(kGeometry, *this);
+  if (statements_ != nullptr) {
+    preferences_.Remember(kStatementsGeometry, *statements_);
+    statements_->close();
+  }
+  QMainWindow::closeEvent(event);
+}
+
+void MainWindow::ChooseFile() {
+  const auto file = QFileDialog::getOpenFileName(
+      this, "Abrir escuela", {}, "Escuelas (*.sqlite *.db);;Todos los ficheros (*)");
+  if (!file.isEmpty()) OpenSchool(file);
+}
+
+void MainWindow::ChangeUser() {
+  SignInDialog dialog(school_->Name(), school_->Users(), this);
+  dialog.exec();
+  if (const auto chosen = dialog.Chosen()) {
+    user_ = *chosen;
+    ShowSession();
+  }
+}
+
+void MainWindow::ShowSession() {
+  const auto open = school_ != nullptr;
+  pages_.setCurrentWidget(open ? static_cast<QWidget*>(&page_) : &welcome_);
+  for (auto* const action : {&changeUser_, &active_, &locks_}) action->setEnabled(open);
+  if (open) {
+    page_.ShowSession(*school_, user_, active_.isChecked());
+    setWindowTitle(school_->Name() + QStringLiteral(" — ") + user_.name + QStringLiteral(" — ") +
+                   kTitle);
+  }
+  ShowRecent();
+  Working({});
+}
+
+void MainWindow::ShowRecent() {
+  const auto files = preferences_.RecentSchools();
+  welcome_.ShowRecent(files);
+  recent_.clear();
+  recent_.setEnabled(!files.isEmpty());
+  for (const auto& file : files)
+    recent_.addAction(QString(file).replace(u'&', "&&"), this, [this, file] { OpenSchool(file); });
+}
+
+void MainWindow::ShowLocks() {
+  LocksDialog dialog(school_->Own(), this);
+  dialog.exec();
+}
+
+void MainWindow::ShowStatements() {
+  if (statements_ == nullptr) {
+    statements_ = std::make_unique<StatementWindow>(log_);
+    preferences_.Restore(kStatementsGeometry, *statements_);
+  }
+  statements_->show();
+  statements_->raise();
+  statements_->activateWindow();
+}
+
+void MainWindow::ShowAbout() {
+  const auto version = Application::Instance().Version();
+  QMessageBox::about(this, kTitle,
+                     QStringLiteral("<h3>Zendria Escuela</h3><p>Materias pendientes, versión "
+                                    "%1.%2.%3</p>")
+                         .arg(version.major)
+                         .arg(version.minor, 2, 10, QLatin1Char('0'))
+                         .arg(version.revision, 4, 10, QLatin1Char('0')));
+}
+
+void MainWindow::Working(const QString& screenTitle) {
+  const auto working = !screenTitle.isEmpty();
+  menuBar()->setEnabled(!working);
+  pages_.setEnabled(!working);
+  statusBar()->showMessage(working              ? QStringLiteral("Abierta: ") + screenTitle
+                           : school_ == nullptr ? QStringLiteral("Ninguna escuela abierta")
+                                                : QStringLiteral("Listo"));
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QStackedWidget>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "apps/zendria/SchoolPage.h"
+#include "apps/zendria/StatementLog.h"
+#include "apps/zendria/User.h"
+#include "apps/zendria/WelcomePage.h"
+
+namespace quorvane::qt {
+class QtFrontEnd;
+}
+
+namespace quorvane::zendria {
+
+class Preferences;
+class School;
+class StatementWindow;
+
+/// The host's window: one school, one user, the tree of screens. It hands the module its session
+/// and goes on living after whatever ends a screen.
+class MainWindow : public QMainWindow {
+ public:
+  /// `screen` and `preferences` outlive the window.
+  MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenCatalogue screens);
+  ~MainWindow() override;
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
+  MainWindow(MainWindow&&) = delete;
+  MainWindow& operator=(MainWindow&&) = delete;
+
+  /// Opens that file and signs in: as that user, or as the one who is chosen in the dialog. The
+  /// school that was open stays when this comes to nothing. False then; a file that is no school
+  /// and a user who isn't in it are told to the user first.
+  bool OpenSchool(const QString& file, std::optional<std::int32_t> user = std::nullopt);
+
+  /// Opens a screen of the module and returns when it has gone. No effect while one is open,
+  /// without a school, or for a screen that isn't available.
+  void OpenNode(std::uint8_t node);
+
+  [[nodiscard]] bool HasSchool() const noexcept { return school_ != nullptr; }
+  [[nodiscard]] SchoolPage& Page() noexcept { return page_; }
+  [[nodiscard]] QAction& YearAction() noexcept { return active_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildMenus();
+  void ChooseFile();
+  void ChangeUser();
+  void ShowSession();
+  void ShowRecent();
+  void ShowLocks();
+  void ShowStatements();
+  void ShowAbout();
+  void Working(const QString& screenTitle);
+
+  qt::QtFrontEnd& screen_;
+  Preferences& preferences_;
+  StatementLog log_;
+  std::unique_ptr<School> school_;
+  User user_;
+  bool nodeOpen_ = false;
+
+  QStackedWidget pages_;
+  WelcomePage welcome_;
+  SchoolPage page_;
+  QMenu recent_;
+  QAction changeUser_;
+  QAction active_;
+  QAction locks_;
+  std::unique_ptr<StatementWindow> statements_;
+};
+
+}  // namespace quorvane::zendria

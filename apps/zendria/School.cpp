@@ -1,0 +1,83 @@
+#include "apps/zendria/School.h"
+
+#include <QFileInfo>
+#include <algorithm>
+#include <utility>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/SchoolCheck.h"
+#include "apps/zendria/SchoolError.h"
+#include "platform/RuntimeError.h"
+#include "platform/SpanishOrder.h"
+
+namespace quorvane::zendria {
+namespace {
+
+std::unique_ptr<Connection> MakeConnection(const QString& file, const char* name) {
+  return std::make_unique<sqlite::SqliteConnection>(file.toStdString(), name);
+}
+
+}  // namespace
+
+School::School(const QString& file)
+    : file_(QFileInfo(file).absoluteFilePath()),
+      centro_(MakeConnection(file_, "centro")),
+      borrado_(MakeConnection(file_, "borrado")),
+      entrada_(MakeConnection(file_, "entrada")),
+      own_(MakeConnection(file_, "")) {
+  try {
+    centro_->Open();
+    borrado_->Open();
+    own_->Open();
+    CheckTables();
+    ReadUsers();
+    ReadCentre();
+  } catch (const RuntimeError& error) {
+    throw SchoolError(QString::fromStdString(error.Description()));
+  }
+}
+
+QString School::Name() const { return QFileInfo(file_).completeBaseName(); }
+
+std::optional<User> School::FindUser(std::int32_t id) const {
+  const auto found =
+      std::find_if(users_.begin(), users_.end(), [id](const User& user) { return user.id == id; });
+  if (found == users_.end()) return std::nullopt;
+  return *found;
+}
+
+void School::Observe(const Connection::Observer& observer) {
+  for (auto* const connection : {centro_.get(), borrado_.get(), entrada_.get()})
+    connection->Observe(observer);
+}
+
+void School::CheckTables() {
+  QStringList missing;
+  for (const auto& finding : SchoolCheck(*own_).Structure(SchoolCheck::For::Host))
+    missing.append(QString::fromStdString(finding));
+  if (!missing.isEmpty())
+    throw SchoolError(
+        QStringLiteral("«%1» no es una escuela que este programa pueda abrir.").arg(file_),
+        missing);
+}
+
+void School::ReadUsers() {
+  auto rows = own_->Execute("SELECT IDUsuario, Nombre, CodPerfil, AdminSistema FROM Usuario");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    // Profile 0 may do everything: one that isn't known must not be taken for it.
+    if (rows.Fields("CodPerfil").IsNull()) continue;
+    users_.push_back({rows.Fields("IDUsuario").Long(),
+                      QString::fromStdString(rows.Fields("Nombre").Text()),
+                      rows.Fields("CodPerfil").Long(), rows.Fields("AdminSistema").Flag()});
+  }
+  std::stable_sort(users_.begin(), users_.end(), [](const User& one, const User& other) {
+    return SpanishLess(one.name.toStdString(), other.name.toStdString());
+  });
+}
+
+void School::ReadCentre() {
+  const auto rows = own_->Execute("SELECT MIN(CodCentro) AS Centro FROM Centro_TipoEnsenanza");
+  if (!rows.Eof()) centre_ = rows.Fields("Centro").Long();
+}
+
+}  // namespace quorvane::zendria

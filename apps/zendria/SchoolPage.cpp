@@ -1,0 +1,137 @@
+#include "apps/zendria/SchoolPage.h"
+
+#include <QDir>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "apps/zendria/School.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr int kNodeRole = Qt::UserRole;
+
+void Enlarge(QLabel& label, double factor) {
+  auto font = label.font();
+  font.setPointSizeF(font.pointSizeF() * factor);
+  font.setBold(true);
+  label.setFont(font);
+}
+
+QLabel* Named(QLabel& label, const char* name) {
+  label.setObjectName(name);
+  label.setTextFormat(Qt::PlainText);
+  label.setWordWrap(true);
+  label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return &label;
+}
+
+}  // namespace
+
+SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
+    : QWidget(parent), screens_(std::move(screens)), open_("&Abrir") {
+  tree_.setObjectName("arbol");
+  tree_.setAccessibleName("Pantallas");
+  tree_.setHeaderHidden(true);
+  tree_.setMinimumWidth(300);
+  open_.setObjectName("abrirPantalla");
+  Enlarge(school_, 1.4);
+  Enlarge(title_, 1.2);
+
+  auto* const session = new QFormLayout;
+  session->addRow("Fichero:", Named(file_, "fichero"));
+  session->addRow("Usuario:", Named(user_, "usuario"));
+  session->addRow("Perfil:", Named(profile_, "perfil"));
+  session->addRow("Año escolar:", Named(year_, "año"));
+
+  auto* const selected = new QGroupBox;
+  auto* const selectedColumn = new QVBoxLayout(selected);
+  selectedColumn->addWidget(Named(title_, "titulo"));
+  selectedColumn->addWidget(Named(description_, "descripcion"));
+  selectedColumn->addStretch(1);
+  selectedColumn->addWidget(&open_, 0, Qt::AlignRight);
+
+  auto* const side = new QWidget;
+  auto* const column = new QVBoxLayout(side);
+  column->addWidget(Named(school_, "escuela"));
+  column->addLayout(session);
+  column->addSpacing(12);
+  column->addWidget(selected, 1);
+
+  auto* const splitter = new QSplitter;
+  splitter->addWidget(&tree_);
+  splitter->addWidget(side);
+  splitter->setStretchFactor(1, 1);
+  splitter->setChildrenCollapsible(false);
+  auto* const whole = new QVBoxLayout(this);
+  whole->addWidget(splitter);
+
+  FillTree();
+  connect(&tree_, &QTreeWidget::currentItemChanged, this, [this] { ShowSelected(); });
+  connect(&tree_, &QTreeWidget::itemActivated, this, [this] { OpenSelected(); });
+  connect(&open_, &QPushButton::clicked, this, [this] { OpenSelected(); });
+  setFocusProxy(&tree_);
+  if (!screens_.empty()) SelectNode(screens_.front().node);
+  ShowSelected();
+}
+
+void SchoolPage::FillTree() {
+  auto* const root = new QTreeWidgetItem(&tree_, {"Materias pendientes"});
+  QTreeWidgetItem* branch = nullptr;
+  for (const auto& screen : screens_) {
+    if (branch == nullptr || branch->text(0) != screen.group)
+      branch = new QTreeWidgetItem(root, {screen.group});
+    auto* const item = new QTreeWidgetItem(branch, {screen.title});
+    item->setData(0, kNodeRole, int{screen.node});
+    item->setDisabled(!screen.available);
+    item->setToolTip(0, screen.available ? screen.description
+                                         : QStringLiteral("Esta pantalla no está disponible."));
+  }
+  tree_.expandAll();
+}
+
+void SchoolPage::ShowSession(const School& school, const User& user, bool active) {
+  school_.setText(school.Name());
+  file_.setText(QDir::toNativeSeparators(school.File()));
+  user_.setText(user.name);
+  profile_.setText(user.ProfileText());
+  year_.setText(active ? "activo" : "no activo: se puede consultar, no guardar notas");
+}
+
+const ScreenEntry* SchoolPage::Find(std::uint8_t node) const {
+  const auto found =
+      std::find_if(screens_.begin(), screens_.end(),
+                   [node](const ScreenEntry& screen) { return screen.node == node; });
+  return found == screens_.end() ? nullptr : &*found;
+}
+
+std::optional<std::uint8_t> SchoolPage::SelectedNode() const {
+  const auto* const item = tree_.currentItem();
+  if (item == nullptr || item->isDisabled() || !item->data(0, kNodeRole).isValid())
+    return std::nullopt;
+  return static_cast<std::uint8_t>(item->data(0, kNodeRole).toInt());
+}
+
+void SchoolPage::SelectNode(std::uint8_t node) {
+  for (QTreeWidgetItemIterator at(&tree_); *at != nullptr; ++at)
+    if ((*at)->data(0, kNodeRole).isValid() && (*at)->data(0, kNodeRole).toInt() == node)
+      tree_.setCurrentItem(*at);
+}
+
+void SchoolPage::ShowSelected() {
+  const auto node = SelectedNode();
+  const auto* const screen = node ? Find(*node) : nullptr;
+  title_.setText(screen != nullptr ? screen->title : "Elija una pantalla del árbol");
+  description_.setText(screen != nullptr ? screen->description : QString());
+  open_.setEnabled(screen != nullptr);
+}
+
+void SchoolPage::OpenSelected() {
+  if (const auto node = SelectedNode(); node && OpenNode) OpenNode(*node);
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,63 @@
+#include "apps/zendria/SignInDialog.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace quorvane::zendria {
+namespace {
+
+std::vector<FilteredList::Entry> Entries(const std::vector<User>& users) {
+  std::vector<FilteredList::Entry> entries;
+  entries.reserve(users.size());
+  for (const auto& user : users) entries.push_back({user.id, user.name, user.ProfileText()});
+  return entries;
+}
+
+}  // namespace
+
+SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidget* parent)
+    : QDialog(parent), users_(std::move(users)), list_(Entries(users_), "Escriba su nombre") {
+  setObjectName("entrada");
+  setWindowTitle("Entrar en la escuela");
+  auto* const heading = new QLabel(school);
+  heading->setTextFormat(Qt::PlainText);
+  auto font = heading->font();
+  font.setPointSizeF(font.pointSizeF() * 1.3);
+  font.setBold(true);
+  heading->setFont(font);
+  auto* const question = new QLabel("¿&Quién va a trabajar?");
+  question->setBuddy(&list_.Field());
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  auto* const accept = buttons->button(QDialogButtonBox::Ok);
+  accept->setText("&Entrar");
+  buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
+
+  auto* const column = new QVBoxLayout(this);
+  column->addWidget(heading);
+  column->addWidget(question);
+  column->addWidget(&list_, 1);
+  column->addWidget(buttons);
+  resize(520, 420);
+  list_.setFocus();
+
+  const auto follow = [this, accept] { accept->setEnabled(list_.Chosen().has_value()); };
+  list_.Changed = follow;
+  list_.Accepted = [this] { QDialog::accept(); };
+  follow();
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+std::optional<User> SignInDialog::Chosen() const {
+  const auto id = list_.Chosen();
+  if (result() != Accepted || !id) return std::nullopt;
+  const auto found = std::find_if(users_.begin(), users_.end(),
+                                  [&id](const User& user) { return user.id == *id; });
+  return *found;
+}
+
+}  // namespace quorvane::zendria

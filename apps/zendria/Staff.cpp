@@ -1,0 +1,35 @@
+#include "apps/zendria/Staff.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "platform/Connection.h"
+#include "platform/SpanishOrder.h"
+#include "platform/StatementTrace.h"
+
+namespace quorvane::zendria {
+
+std::vector<FilteredList::Entry> ReadStaff(Connection& school) {
+  const StatementTrace::Silence silence;
+  std::vector<std::pair<std::string, std::int32_t>> people;
+  auto rows = school.Execute("SELECT IDPersonal, Apellido1, Apellido2, Nombre FROM Personal");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    auto surnames = rows.Fields("Apellido1").Text();
+    const auto second = rows.Fields("Apellido2").Text();
+    if (!second.empty()) surnames += (surnames.empty() ? "" : " ") + second;
+    const auto name = rows.Fields("Nombre").Text();
+    if (!surnames.empty() && !name.empty()) surnames += ", ";
+    people.emplace_back(surnames + name, rows.Fields("IDPersonal").Long());
+  }
+  std::stable_sort(people.begin(), people.end(), [](const auto& one, const auto& other) {
+    return SpanishLess(one.first, other.first);
+  });
+
+  std::vector<FilteredList::Entry> entries;
+  entries.reserve(people.size());
+  for (const auto& [name, id] : people) entries.push_back({id, QString::fromStdString(name), {}});
+  return entries;
+}
+
+}  // namespace quorvane::zendria

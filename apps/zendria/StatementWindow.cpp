@@ -1,0 +1,83 @@
+#include "apps/zendria/StatementWindow.h"
+
+#include <QClipboard>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "apps/zendria/TextFolding.h"
+
+namespace quorvane::zendria {
+namespace {
+
+QString Shown(const StatementLog::Line& line) {
+  return line.when.toString("hh:mm:ss.zzz  ") + line.connection + "  " + line.statement;
+}
+
+}  // namespace
+
+StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(parent), log_(log) {
+  setObjectName("sentencias");
+  setWindowTitle("Sentencias");
+  // Stays usable while a screen of the module is open.
+  setWindowModality(Qt::NonModal);
+  filter_.setPlaceholderText("Filtrar: palabras de la sentencia o de la conexión");
+  filter_.setAccessibleName("Filtro");
+  filter_.setClearButtonEnabled(true);
+  text_.setReadOnly(true);
+  text_.setLineWrapMode(QPlainTextEdit::NoWrap);
+  text_.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  text_.setMaximumBlockCount(static_cast<int>(StatementLog::kMostLines));
+  auto* const copy = new QPushButton("&Copiar");
+  auto* const clear = new QPushButton("&Vaciar");
+  auto* const close = new QPushButton("C&errar");
+  for (auto* const button : {copy, clear, close}) button->setAutoDefault(false);
+
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(copy);
+  buttons->addWidget(clear);
+  buttons->addStretch(1);
+  buttons->addWidget(close);
+  auto* const column = new QVBoxLayout(this);
+  column->addWidget(&filter_);
+  column->addWidget(&text_, 1);
+  column->addLayout(buttons);
+  resize(900, 480);
+
+  connect(&filter_, &QLineEdit::textChanged, this, [this] { ShowAll(); });
+  connect(copy, &QPushButton::clicked, this, [this] { CopyAll(); });
+  connect(clear, &QPushButton::clicked, this, [this] {
+    log_.Clear();
+    ShowAll();
+  });
+  connect(close, &QPushButton::clicked, this, &QDialog::close);
+  log_.Added = [this](const StatementLog::Line& line) {
+    if (Passes(line)) text_.appendPlainText(Shown(line));
+  };
+  ShowAll();
+}
+
+StatementWindow::~StatementWindow() { log_.Added = nullptr; }
+
+bool StatementWindow::Passes(const StatementLog::Line& line) const {
+  return HoldsWords(Folded(line.Text()), Folded(filter_.text()));
+}
+
+void StatementWindow::ShowAll() {
+  QStringList shown;
+  for (const auto& line : log_.Lines())
+    if (Passes(line)) shown.append(Shown(line));
+  text_.setPlainText(shown.join(u'\n'));
+  text_.moveCursor(QTextCursor::End);
+}
+
+void StatementWindow::CopyAll() const {
+  QStringList lines;
+  for (const auto& line : log_.Lines())
+    if (Passes(line)) lines.append(line.Text());
+  QGuiApplication::clipboard()->setText(lines.join(u'\n') + u'\n');
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,24 @@
+#include "apps/zendria/ZendriaPersonSearch.h"
+
+#include <QApplication>
+
+#include "apps/zendria/PersonSearchDialog.h"
+#include "apps/zendria/Staff.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::zendria {
+
+void ZendriaPersonSearch::pasarconexiones(Connection* centro, Connection* /*borrado*/,
+                                          Connection* /*otroCentro*/, Connection* /*otroBorrado*/) {
+  centro_ = centro;
+}
+
+std::int32_t ZendriaPersonSearch::Buscar(const std::string& clase) {
+  if (centro_ == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
+  PersonSearchDialog dialog(ReadStaff(*centro_), QString::fromStdString(clase),
+                            QApplication::activeWindow());
+  dialog.exec();
+  return dialog.Person();
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/QtFrontEnd.h"
+
+namespace quorvane::test {
+
+/// A user who was told beforehand what to do in each window: steps wait for the window they are
+/// for, and are taken in their order when it comes up. A window without a step is noted and
+/// closed, so that no test hangs.
+class Robot {
+ public:
+  /// `screen` outlives the robot.
+  explicit Robot(qt::QtFrontEnd& screen);
+  ~Robot();
+  Robot(const Robot&) = delete;
+  Robot& operator=(const Robot&) = delete;
+  Robot(Robot&&) = delete;
+  Robot& operator=(Robot&&) = delete;
+
+  /// What to do the next time that form of the module comes up.
+  void On(const std::string& form, std::function<void(qt::FormWindow&)> step);
+  /// What to do the next time that dialog of the host comes up, by its object name.
+  void OnDialog(const std::string& dialog, std::function<void(QWidget&)> step);
+
+  /// The texts of the module's messages so far; they are accepted at once.
+  std::vector<std::string> messages;
+  std::vector<std::string> unexpected;  ///< windows that no step waited for
+  [[nodiscard]] bool Done() const;      ///< every step was taken
+
+  // The user's gestures on a form's window.
+  static void Click(qt::FormWindow& window, const std::string& button);
+  static void Press(qt::FormWindow& window, const std::string& control, Qt::Key key);
+  /// Opens the list with the keyboard and types the beginning of the entry.
+  static void Pick(qt::FormWindow& window, const std::string& combo, const QString& text);
+  static void ClickRow(qt::FormWindow& window, const std::string& list, int row);
+  static void DoubleClickRow(qt::FormWindow& window, const std::string& list, int row);
+
+ private:
+  void Act(qt::FormWindow& window);
+  void LookForDialogs();
+
+  qt::QtFrontEnd& screen_;
+  std::map<std::string, std::deque<std::function<void(qt::FormWindow&)>>> steps_;
+  std::map<std::string, std::deque<std::function<void(QWidget&)>>> dialogSteps_;
+  QTimer look_;
+  QWidget* acting_ = nullptr;
+};
+
+}  // namespace quorvane::test
