@@ -38,6 +38,11 @@ Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion, std::
       std::to_string(gIDPersonal) + ")) ORDER BY OrdenSeccion");
 }
 
+Recordset AlumnoElegido(std::int32_t idAlumno) {
+  return Centro().Execute(std::string(kNombre) +
+                          " FROM Alumno WHERE IDAlumno=" + std::to_string(idAlumno));
+}
+
 void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila) {
   auto alumno = std::make_shared<cAlumno>();
   alumno->IDAlumno = fila.Fields("IDAlumno").Long();

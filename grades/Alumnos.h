@@ -17,6 +17,9 @@ Recordset AlumnosDeSeccion(std::int32_t seccion);
 Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion, std::int16_t gIDPersonal,
                             const std::string& tabla);
 
+/// The one student whom step one has chosen, whatever has become of him since.
+Recordset AlumnoElegido(std::int32_t idAlumno);
+
 /// Adds the student of the current row, without his name and his subjects. Error 457 for one who
 /// is there already.
 void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila);

@@ -31,6 +31,12 @@ std::string DetalleDe(std::int32_t materia, std::int32_t seccion) {
 
 }  // namespace
 
+std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo) {
+  const auto recordset = Execute("SELECT MAX(" + campo + ") AS IDMax FROM [" + tabla + "]");
+  if (recordset.Eof() || recordset.Fields("IDMax").IsNull()) return 1;
+  return Value(std::int64_t{recordset.Fields("IDMax").Long()} + 1).Long();
+}
+
 void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, std::int32_t alumno,
                                  std::int32_t materia, std::int32_t objetivo,
                                  const TextosAnadir& textos) {

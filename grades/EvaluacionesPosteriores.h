@@ -11,6 +11,9 @@ namespace quorvane {
 // ones. Later are the evaluations that follow by `Orden`, aren't final and are given in the
 // section. Fails as the statements do; error 3021 where a row that has to be there isn't.
 
+/// The key of a new row, as `ObtenerSiguienteId` gives it, with a name for the column that is read.
+std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo);
+
 /// What differs between the forms in adding.
 struct TextosAnadir {
   /// Takes the key of a new row: table, column.

@@ -61,4 +61,8 @@ void Retivo::DragColumn(int col, std::int32_t width) {
   if (CambioAncho) CambioAncho();
 }
 
+void Retivo::DragRow() {
+  if (CambioAlto) CambioAlto();
+}
+
 }  // namespace quorvane

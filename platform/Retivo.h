@@ -37,6 +37,7 @@ class Retivo : public Grid {
   std::function<void()> InicioEdicion;  ///< a cell is about to be edited: fill its column's list
   std::function<void()> FinEdicion;     ///< the edit has ended: take `ListaIndice`
   std::function<void()> CambioAncho;    ///< the user has dragged a column's width
+  std::function<void()> CambioAlto;     ///< the user has dragged a row's height
 
   /// The user begins to edit a cell: it becomes current, and its column offers what the handler
   /// fills in now, and nothing of an earlier edit. Error 380 off the grid.
@@ -46,6 +47,8 @@ class Retivo : public Grid {
   void EndEdit(int index);
   /// The user has dragged the border of a column to this width.
   void DragColumn(int col, std::int32_t width);
+  /// The user has dragged the border of a row. The height itself is the front end's affair.
+  void DragRow();
 
  private:
   std::vector<ListEntry>& ListOf(int col);

@@ -1,0 +1,133 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "grades/Anchos.h"
+#include "grades/Carga.h"
+#include "grades/DialogoNotas.h"
+#include "grades/Escala.h"
+#include "grades/NotasTutor.h"
+#include "grades/Publicacion.h"
+#include "grades/subject/MateriasDeCombo.h"
+#include "platform/Animation.h"
+#include "platform/ComboBox.h"
+#include "platform/CommandButton.h"
+#include "platform/Form.h"
+#include "platform/Frame.h"
+#include "platform/Label.h"
+#include "platform/Recordset.h"
+#include "platform/Retivo.h"
+#include "platform/TabStrip.h"
+#include "platform/TextBox.h"
+#include "register/cAlumno.h"
+
+namespace quorvane {
+
+/// Step two of the section flow by subject, for ordinary evaluations: walks the subjects of the one
+/// student whom `frmNotaSeccionMateria1` has fixed. Saving respects the mark of a later evaluation.
+///
+/// The pane of the tutor is there, but has no tab; a tutor's edits fill it. What its handlers
+/// write, a student doesn't have: each is error 438 when it runs.
+class frmNotaSeccionMateria : public Form {
+ public:
+  frmNotaSeccionMateria();
+
+  ComboBox cboMaterias{*this, "cboMaterias"};
+  CommandButton cmdAnterior{*this, "cmdAnterior"};
+  CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  TabStrip tabNotaManual{*this, "tabNotaManual"};
+  std::array<Frame, 2> fraNotaManual{Frame(*this, "fraNotaManual(0)"),
+                                     Frame(*this, "fraNotaManual(1)")};
+  std::array<Frame, 1> fraNota{Frame(*this, "fraNota(0)", &fraNotaManual[0])};
+  std::array<Frame, 1> fraNotaTutor{Frame(*this, "fraNotaTutor(0)", &fraNotaManual[1])};
+  std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)", &fraNotaTutor[0])};
+  std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
+  std::array<Label, 4> lblNotaManual{Label(*this, "lblNotaManual(0)"),
+                                     Label(*this, "lblNotaManual(1)", &fraObservacion[0]),
+                                     Label(*this, "lblNotaManual(2)", &fraAusencia[0]),
+                                     Label(*this, "lblNotaManual(3)", &fraAusencia[0])};
+  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};
+  Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
+  ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
+  TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
+  TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
+  CommandButton cmdAceptar{*this, "cmdAceptar"};
+  CommandButton cmdCancelar{*this, "cmdCancelar"};
+  Frame fraAniCarga{*this, "fraAniCarga"};
+  Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+
+  std::string mstrCaption;         ///< written by step one; not shown
+  Publicacion publicacion;         ///< with `IDPublicacion`
+  std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
+  bool blnConPublicacion = false;  ///< `Form_Load` found a publication, and said so
+  bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
+  bool blnCargando = false;        ///< `Form_Activate` runs, and the scale is read
+  bool blnEdicionActiva = false;   ///< the grids may answer edit events
+  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
+  std::vector<MateriaDeCombo> aryMaterias;  ///< counted from 1 by the item data of `cboMaterias`
+  bool blnSeguimiento = false;              ///< never set: nobody asks the section
+  bool blnAcumularObjetivos = false;
+  std::vector<std::int16_t> intAltosTutor;  ///< one entry for each row of `rtvNotasTutor`
+  Titulos strColumna;
+  Anchos intAnchosAlumno;
+  EstadoTutor tutor;
+  Carga carga;  ///< with `blnOcultando`
+
+  void cboMaterias_Click();
+  void cmdAnterior_Click();
+  void cmdSiguiente_Click();
+  void cmdAceptar_Click();
+  void cmdCancelar_Click();
+  void tabNotaManual_Click();
+  void rtvNotasAlumno_InicioEdicion();
+  void rtvNotasAlumno_FinEdicion();
+  void rtvNotasAlumno_CambioAncho();
+  void rtvNotasTutor_InicioEdicion();
+  void rtvNotasTutor_FinEdicion();
+  void rtvNotasTutor_CambioAncho();
+  void rtvNotasTutor_CambioAlto();
+  void cboObservacion_Click();
+  void txtAusencias_Change();
+  void txtRetrasos_Change();
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
+
+  /// False shrinks the form to the animation, True gives it back its measures and controls.
+  void MostrarCarga(bool mostrar);
+  void CargarNotas();
+  void CargarNotasTutor();
+  void ConfigurarRejillas();
+  void ConfigurarColumnas();
+  void GuardarAnchosAlumno(bool siempre);
+  void RestaurarAnchosAlumno();
+  void GuardarAnchosTutor(bool siempre);
+  void RestaurarAnchosTutor();
+
+  // Nobody calls these three: they work on objectives, which the pending register doesn't have.
+
+  /// Reads the objectives of that subject and student, and keeps nothing.
+  void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);
+  void AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
+                                            std::int32_t& objetivo);
+  void QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
+                                            std::int32_t& objetivo);
+
+ private:
+  [[nodiscard]] ControlesNotas Controles();
+  /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
+  [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
+  void ActivarControles(bool activar);
+  void LlenarMaterias();
+  void TomarBloqueos();
+  void CargarMaterias(cAlumno& alumno, Recordset& filas);
+  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
+};
+
+}  // namespace quorvane
