@@ -1,0 +1,200 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabBar>
+#include <gmock/gmock.h>
+
+#include "tests/qt/Hands.h"
+#include "tests/qt/ScreenTest.h"
+#include "tests/qt/frmPrueba.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+/// One show of the form with all kinds of control, ended by its button that cancels.
+class ControlsTest : public ScreenTest {
+ protected:
+  void Run(const Step& act) {
+    Then([this, act](qt::FormWindow& window) {
+      form->log.clear();
+      act(window);
+      seen = form->log;
+      Click(window, "cmdCancelar");
+    });
+    form->ShowModal();
+    ExpectDone();
+  }
+
+  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
+  std::vector<std::string> seen;  ///< the events, but for the last button's
+};
+
+TEST_F(ControlsTest, PickingAnEntrySelectsItAndClicks) {
+  Run([](qt::FormWindow& window) { Pick(window, "cboCurso", "Segundo"); });
+  EXPECT_THAT(seen, ElementsAre("curso 1"));
+  EXPECT_EQ(form->cboCurso.ListIndex(), 1);
+}
+
+TEST_F(ControlsTest, PickingTheEntryThatStandsClicksAgain) {
+  Run([](qt::FormWindow& window) {
+    Pick(window, "cboCurso", 2);
+    Pick(window, "cboCurso", 2);
+  });
+  EXPECT_THAT(seen, ElementsAre("curso 2", "curso 2"));
+}
+
+TEST_F(ControlsTest, TheKeyboardWalksAComboAndFindsByLetter) {
+  Run([](qt::FormWindow& window) {
+    Key(window, "cboCurso", Qt::Key_Down);
+    Type(window, "cboCurso", "t");
+  });
+  EXPECT_THAT(seen, ElementsAre("curso 0", "curso 2"));
+}
+
+TEST_F(ControlsTest, AComboShowsWhatAHandlerMakesOfIt) {
+  form->cboCurso.Click = [this] {
+    form->cboCurso.Clear();
+    form->cboCurso.AddItem("Nuevo");
+  };
+  Run([](qt::FormWindow& window) {
+    Pick(window, "cboCurso", 1);
+    const auto* box = Of<QComboBox>(window, "cboCurso");
+    EXPECT_EQ(box->count(), 1);
+    EXPECT_EQ(box->currentIndex(), -1);
+  });
+}
+
+TEST_F(ControlsTest, ADisabledControlTakesNoGesture) {
+  form->cboCurso.Enabled(false);
+  form->chkTodo.Enabled(false);
+  form->fraPagina.Enabled(false);
+  Run([](qt::FormWindow& window) {
+    Click(window, "chkTodo");
+    Key(window, "cboCurso", Qt::Key_Down);
+    Click(window, "cmdPagina");
+  });
+  EXPECT_THAT(seen, IsEmpty());
+}
+
+TEST_F(ControlsTest, AControlOnAHiddenFrameIsNotSeen) {
+  form->fraPagina.Visible(false);
+  Run([](qt::FormWindow& window) { EXPECT_FALSE(Of(window, "cmdPagina")->isVisible()); });
+}
+
+TEST_F(ControlsTest, ACheckBoxFollowsTheMouseAndTheBlank) {
+  Run([](qt::FormWindow& window) {
+    Key(window, "chkTodo", Qt::Key_Space);
+    Key(window, "chkTodo", Qt::Key_Space);
+    QTest::mouseClick(Of(window, "chkTodo"), Qt::LeftButton, {}, QPoint(8, 10));
+  });
+  EXPECT_THAT(seen, ElementsAre("todo 1", "todo 0", "todo 1"));
+}
+
+TEST_F(ControlsTest, ATextBoxOffersEachKeyToTheFormFirst) {
+  Run([](qt::FormWindow& window) {
+    Type(window, "txtTexto", "1a2");
+    Key(window, "txtTexto", Qt::Key_Backspace);
+    EXPECT_EQ(Of<QLineEdit>(window, "txtTexto")->text(), "1");
+  });
+  EXPECT_THAT(seen, ElementsAre("texto 1", "texto 12", "texto 1"));
+}
+
+TEST_F(ControlsTest, AKeyThatTheFormChangesIsTypedAsThat) {
+  form->txtTexto.KeyPress = [](int& key) { key = key == 'a' ? 'A' : key; };
+  Run([](qt::FormWindow& window) { Type(window, "txtTexto", "ab"); });
+  EXPECT_THAT(seen, ElementsAre("texto A", "texto Ab"));
+}
+
+TEST_F(ControlsTest, ADualListMovesByDoubleClickAndByEnter) {
+  Run([](qt::FormWindow& window) {
+    DoubleClickEntry(window, "lstLista(0)", 1);
+    Type(window, "lstLista(0)", "ca");
+    Key(window, "lstLista(0)", Qt::Key_Return);
+    EXPECT_EQ(Of<QListWidget>(window, "lstLista(0)")->count(), 1);
+    EXPECT_EQ(Of<QListWidget>(window, "lstLista(1)")->count(), 2);
+  });
+  EXPECT_THAT(seen, ElementsAre("doble 0 Bueno, Luis", "doble 0 Castro, Eva"));
+}
+
+TEST_F(ControlsTest, EnterOnAListWithoutSelectionIsTheDefaultButtons) {
+  Then([this](qt::FormWindow& window) {
+    form->log.clear();
+    Key(window, "lstLista(1)", Qt::Key_Return);
+  });
+  form->ShowModal();
+  EXPECT_THAT(form->log, ElementsAre("aceptar", "descarga"));
+}
+
+TEST_F(ControlsTest, NothingIsSelectedInAListUntilTheUserDoes) {
+  Run([](qt::FormWindow& window) {
+    Of(window, "lstLista(0)")->setFocus();
+    EXPECT_THAT(Of<QListWidget>(window, "lstLista(0)")->selectedItems(), IsEmpty());
+  });
+  EXPECT_EQ(form->lstLista[0].ListIndex(), -1);
+}
+
+TEST_F(ControlsTest, ATabIsSelectedAndPressedAgain) {
+  Run([](qt::FormWindow& window) {
+    auto* bar = Of(window, "tabPaginas")->findChild<QTabBar*>();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+  });
+  EXPECT_THAT(seen, ElementsAre("pestana 2", "pestana 2"));
+}
+
+TEST_F(ControlsTest, AFrameOverATabStripIsInReach) {
+  Run([](qt::FormWindow& window) {
+    const auto* button = Of(window, "cmdPagina");
+    const auto centre = button->mapTo(&window, button->rect().center());
+    EXPECT_EQ(window.childAt(centre), button);
+    Click(window, "cmdPagina");
+  });
+  EXPECT_THAT(seen, ElementsAre("pagina"));
+}
+
+TEST_F(ControlsTest, ALabelNamesTheControlOnItsRight) {
+  Run([](qt::FormWindow& window) {
+    EXPECT_EQ(Of<QLabel>(window, "lblCurso")->buddy(), Of(window, "cboCurso"));
+    EXPECT_EQ(Of<QLabel>(window, "lblTexto")->buddy(), Of(window, "txtTexto"));
+  });
+}
+
+TEST_F(ControlsTest, TabFollowsTheOrderOfTheForm) {
+  Run([](qt::FormWindow& window) {
+    Of(window, "cboCurso")->setFocus();
+    std::vector<std::string> order;
+    for (int i = 0; i < 4; ++i) {
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+      order.push_back(window.focusWidget()->objectName().toStdString());
+    }
+    EXPECT_THAT(order, ElementsAre("chkTodo", "txtTexto", "lstLista(0)", "lstLista(1)"));
+  });
+}
+
+TEST_F(ControlsTest, TheFormGivesTheKeyboard) {
+  form->cboCurso.Click = [this] { form->txtTexto.SetFocus(); };
+  Run([](qt::FormWindow& window) {
+    Pick(window, "cboCurso", 0);
+    EXPECT_EQ(window.focusWidget(), Of(window, "txtTexto"));
+  });
+  EXPECT_EQ(form->WantsFocus(), nullptr);
+}
+
+TEST_F(ControlsTest, AButtonTakesItsPictureFromTheDrawings) {
+  form->cmdPagina.Picture("C:\\no\\hay\\Buscar.ico");
+  Run([](qt::FormWindow& window) {
+    EXPECT_FALSE(Of<QPushButton>(window, "cmdPagina")->icon().pixmap(16, 16).isNull());
+    EXPECT_FALSE(window.windowIcon().pixmap(32, 32).isNull());
+  });
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,150 @@
+#include <QHeaderView>
+#include <QTableView>
+#include <gmock/gmock.h>
+
+#include "adapters/qt/Units.h"
+#include "tests/qt/Hands.h"
+#include "tests/qt/ScreenTest.h"
+#include "tests/qt/frmPrueba.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class GridsTest : public ScreenTest {
+ protected:
+  void Run(const Step& act) {
+    Then([this, act](qt::FormWindow& window) {
+      form->log.clear();
+      act(window);
+      seen = form->log;
+      Click(window, "cmdCancelar");
+    });
+    form->ShowModal();
+    ExpectDone();
+  }
+
+  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
+  std::vector<std::string> seen;
+};
+
+TEST_F(GridsTest, TheFixedRowIsTheHeading) {
+  Run([](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "msgRejilla");
+    EXPECT_EQ(table->model()->rowCount(), 3);
+    EXPECT_EQ(table->model()->headerData(1, Qt::Horizontal).toString(), "1ª Eval.");
+    EXPECT_TRUE(table->horizontalHeader()->isVisible());
+    EXPECT_EQ(CellText(window, "msgRejilla", 1, 0), "Matemáticas (1º ESO)");
+  });
+}
+
+TEST_F(GridsTest, AGridWithoutFixedRowShowsNoHeading) {
+  form->msgRejilla.FixedRows(0);
+  Run([](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "msgRejilla");
+    EXPECT_EQ(table->model()->rowCount(), 4);
+    EXPECT_FALSE(table->horizontalHeader()->isVisible());
+  });
+}
+
+TEST_F(GridsTest, AColumnOfWidth0IsHidden) {
+  Run([](qt::FormWindow& window) {
+    EXPECT_TRUE(Of<QTableView>(window, "msgRejilla")->isColumnHidden(3));
+    EXPECT_FALSE(Of<QTableView>(window, "msgRejilla")->isColumnHidden(2));
+  });
+}
+
+TEST_F(GridsTest, MarksAreCentred) {
+  Run([](qt::FormWindow& window) {
+    const auto* cells = Of<QTableView>(window, "msgRejilla")->model();
+    const auto alignment = cells->index(0, 1).data(Qt::TextAlignmentRole).toInt();
+    EXPECT_TRUE((alignment & Qt::AlignHCenter) != 0);
+  });
+}
+
+TEST_F(GridsTest, TheRowFollowsMouseAndKeyboard) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "msgRejilla", 2, 0);
+    EXPECT_EQ(form->msgRejilla.RowSel(), 3);
+    Key(window, "msgRejilla", Qt::Key_Up);
+    EXPECT_EQ(form->msgRejilla.RowSel(), 2);
+    Key(window, "msgRejilla", Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(form->msgRejilla.Row(), 1);
+  });
+}
+
+TEST_F(GridsTest, DoubleClickAndEnterAreAlike) {
+  Run([](qt::FormWindow& window) {
+    DoubleClickCell(window, "msgRejilla", 1, 1);
+    Key(window, "msgRejilla", Qt::Key_Return);
+  });
+  EXPECT_THAT(seen, ElementsAre("rejilla 2", "rejilla 2"));
+}
+
+TEST_F(GridsTest, TheTableFollowsTheGridsRow) {
+  form->cmdPagina.Click = [this] {
+    form->msgRejilla.RowPosition(1, 3);
+    form->msgRejilla.Row(3);
+  };
+  Run([](qt::FormWindow& window) {
+    Click(window, "cmdPagina");
+    EXPECT_EQ(Of<QTableView>(window, "msgRejilla")->currentIndex().row(), 2);
+    EXPECT_EQ(CellText(window, "msgRejilla", 2, 0), "Lengua (1º ESO)");
+  });
+  EXPECT_THAT(seen, IsEmpty());
+}
+
+TEST_F(GridsTest, AGridThatIsRebuiltAndEmptiedIsShownSo) {
+  form->cmdPagina.Click = [this] {
+    auto& grid = form->msgRejilla;
+    grid.Clear();
+    grid.Rows(1);
+    grid.Cols(1);
+    grid.FixedRows(0);
+    grid.Rows(0);
+  };
+  Run([this](qt::FormWindow& window) {
+    Click(window, "cmdPagina");
+    EXPECT_EQ(Of<QTableView>(window, "msgRejilla")->model()->rowCount(), 0);
+    Key(window, "msgRejilla", Qt::Key_Down);
+    Key(window, "msgRejilla", Qt::Key_Up);
+    EXPECT_EQ(form->msgRejilla.Row(), -1);
+  });
+}
+
+// What paints in the middle of a rebuild must not reach for rows that have gone.
+TEST_F(GridsTest, PaintingWhileTheGridIsBeingRebuiltShowsTheOldCells) {
+  form->cmdPagina.Click = [this] {
+    form->msgRejilla.Rows(1);
+    screen.ActiveWindow()->repaint();
+    QTest::qWait(60);
+    screen.Pulse();
+    form->msgRejilla.AddItem("Nueva");
+  };
+  Run([](qt::FormWindow& window) {
+    Click(window, "cmdPagina");
+    EXPECT_EQ(CellText(window, "msgRejilla", 0, 0), "Nueva");
+  });
+}
+
+TEST_F(GridsTest, TopRowBringsARowIntoSight) {
+  for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
+  form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
+  Run([](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "msgRejilla");
+    Click(window, "cmdPagina");
+    EXPECT_EQ(table->rowAt(0), 39);
+  });
+}
+
+TEST_F(GridsTest, TypingALetterFindsARow) {
+  Run([this](qt::FormWindow& window) {
+    Type(window, "msgRejilla", "mú");
+    EXPECT_EQ(form->msgRejilla.Row(), 3);
+  });
+}
+
+}  // namespace
+}  // namespace quorvane::test

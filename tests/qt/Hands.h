@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QTest>
+#include <string>
+
+#include "adapters/qt/FormWindow.h"
+
+class QTableView;
+
+namespace quorvane::test {
+
+// What a user's hands do, with real mouse and key events. A control that isn't there fails the
+// test with an exception.
+
+/// The widget of that control.
+template <class W = QWidget>
+W* Of(const qt::FormWindow& window, const std::string& control) {
+  auto* widget = dynamic_cast<W*>(window.Widget(control));
+  if (widget == nullptr) throw std::logic_error("no " + control);
+  return widget;
+}
+
+void Click(const qt::FormWindow& window, const std::string& control);
+void Key(const qt::FormWindow& window, const std::string& control, Qt::Key key,
+         Qt::KeyboardModifiers with = {});
+void Type(const qt::FormWindow& window, const std::string& control, const std::string& text);
+
+/// Opens a combo box and picks the entry of that text with Enter.
+void Pick(const qt::FormWindow& window, const std::string& combo, const std::string& entry);
+void Pick(const qt::FormWindow& window, const std::string& combo, int index);
+/// Clicks an entry of a list.
+void ClickEntry(const qt::FormWindow& window, const std::string& list, int index);
+void DoubleClickEntry(const qt::FormWindow& window, const std::string& list, int index);
+
+/// Cells count from 0 below the headings.
+void ClickCell(const qt::FormWindow& window, const std::string& grid, int row, int col);
+void DoubleClickCell(const qt::FormWindow& window, const std::string& grid, int row, int col);
+std::string CellText(const qt::FormWindow& window, const std::string& grid, int row, int col);
+
+}  // namespace quorvane::test

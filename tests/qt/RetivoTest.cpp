@@ -1,0 +1,265 @@
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTableView>
+#include <gmock/gmock.h>
+
+#include "adapters/qt/RetivoEditor.h"
+#include "adapters/qt/Units.h"
+#include "platform/RuntimeError.h"
+#include "tests/qt/Hands.h"
+#include "tests/qt/ScreenTest.h"
+#include "tests/qt/frmPrueba.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// Cells count from 0 below the heading: list cells are the columns 1 and 2 of two rows.
+class RetivoTest : public ScreenTest {
+ protected:
+  void Run(const Step& act) {
+    Then([this, act](qt::FormWindow& window) {
+      form->log.clear();
+      act(window);
+      seen = form->log;
+      Click(window, "cmdCancelar");
+    });
+    form->ShowModal();
+    ExpectDone();
+  }
+
+  static qt::RetivoEditor* List() {
+    return dynamic_cast<qt::RetivoEditor*>(QApplication::activePopupWidget());
+  }
+  static QLineEdit* Filter() { return List()->findChild<QLineEdit*>(); }
+  static std::vector<std::string> Offered() {
+    std::vector<std::string> texts;
+    const auto* list = List()->findChild<QListWidget*>();
+    for (int i = 0; i < list->count(); ++i)
+      if (!list->item(i)->isHidden()) texts.push_back(list->item(i)->text().toStdString());
+    return texts;
+  }
+  static void ClickOffered(int entry) {
+    auto* list = List()->findChild<QListWidget*>();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(entry)).center());
+  }
+
+  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
+  std::vector<std::string> seen;
+};
+
+TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 1, 1);
+    ASSERT_NE(List(), nullptr);
+    EXPECT_THAT(Offered(), ElementsAre(" ", "1", "10", "5", "Notable", "Sobresaliente", "Óptimo"));
+    ClickOffered(3);
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_EQ(CellText(window, "rtvNotas", 1, 1), "5");
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 2,1", "fin 3"));
+  EXPECT_EQ(form->rtvNotas.TextMatrix(2, 1), "5");
+}
+
+TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    EXPECT_EQ(List()->findChild<QListWidget*>()->currentRow(), 2);
+    QTest::keyClick(Filter(), Qt::Key_Down);
+    QTest::keyClick(Filter(), Qt::Key_Return);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
+}
+
+TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_TRUE(window.isVisible());
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
+  EXPECT_EQ(form->rtvNotas.TextMatrix(1, 1), "10");
+}
+
+TEST_F(RetivoTest, F2AndEnterOpenTheList) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    EXPECT_EQ(List(), nullptr);
+    Key(window, "rtvNotas", Qt::Key_Right);
+    Key(window, "rtvNotas", Qt::Key_F2);
+    ASSERT_NE(List(), nullptr);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+    Key(window, "rtvNotas", Qt::Key_Return);
+    ASSERT_NE(List(), nullptr);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1"));
+}
+
+TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    Key(window, "rtvNotas", Qt::Key_Right);
+    Type(window, "rtvNotas", "1");
+    ASSERT_NE(List(), nullptr);
+    EXPECT_THAT(Offered(), ElementsAre("1", "10"));
+    QTest::keyClicks(Filter(), "0");
+    EXPECT_THAT(Offered(), ElementsAre("10"));
+    QTest::keyClick(Filter(), Qt::Key_Return);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 2"));
+}
+
+TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "opt");
+    EXPECT_THAT(Offered(), ElementsAre("Óptimo"));
+    Filter()->selectAll();
+    QTest::keyClicks(Filter(), "SALI");
+    EXPECT_THAT(Offered(), ElementsAre("Sobresaliente"));
+    Filter()->selectAll();
+    QTest::keyClicks(Filter(), "zz");
+    EXPECT_THAT(Offered(), IsEmpty());
+    QTest::keyClick(Filter(), Qt::Key_Return);
+    ASSERT_NE(List(), nullptr) << "there is nothing to choose";
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
+}
+
+TEST_F(RetivoTest, TabChoosesAndGoesOnToTheNextListCell) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 2);
+    QTest::keyClicks(Filter(), "5");
+    QTest::keyClick(Filter(), Qt::Key_Tab);
+    EXPECT_EQ(form->rtvNotas.TextMatrix(1, 2), "5");
+    EXPECT_EQ(form->rtvNotas.Row(), 2);
+    EXPECT_EQ(form->rtvNotas.Col(), 1);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,2", "fin 3"));
+}
+
+TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    std::vector<std::pair<int, int>> walk;
+    for (int i = 0; i < 4; ++i) {
+      Key(window, "rtvNotas", Qt::Key_Tab);
+      walk.emplace_back(form->rtvNotas.Row(), form->rtvNotas.Col());
+    }
+    using P = std::pair<int, int>;
+    EXPECT_THAT(walk, ElementsAre(P(1, 1), P(1, 2), P(2, 1), P(2, 2)));
+    Key(window, "rtvNotas", Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
+    Key(window, "rtvNotas", Qt::Key_Backtab);
+    EXPECT_EQ(form->rtvNotas.Col(), 1);
+  });
+}
+
+TEST_F(RetivoTest, TheArrowKeysGoFromCellToCell) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    Key(window, "rtvNotas", Qt::Key_Right);
+    Key(window, "rtvNotas", Qt::Key_Down);
+    EXPECT_EQ(form->rtvNotas.Row(), 2);
+    EXPECT_EQ(form->rtvNotas.Col(), 1);
+  });
+  EXPECT_THAT(seen, IsEmpty());
+}
+
+TEST_F(RetivoTest, TheFormTakesAKeyBeforeTheGrid) {
+  std::vector<int> keys;
+  form->OnKey = [&keys](int& key) {
+    keys.push_back(key);
+    if (key == 40) key = 0;
+  };
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    Key(window, "rtvNotas", Qt::Key_Down);
+    EXPECT_EQ(form->rtvNotas.Row(), 1);
+    Key(window, "rtvNotas", Qt::Key_Right);
+    EXPECT_EQ(form->rtvNotas.Col(), 1);
+  });
+  EXPECT_THAT(keys, ElementsAre(40, 39));
+}
+
+TEST_F(RetivoTest, AColumnThatEditsThroughNoListOpensNone) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    Key(window, "rtvNotas", Qt::Key_F2);
+    EXPECT_EQ(List(), nullptr);
+  });
+  EXPECT_THAT(seen, IsEmpty());
+}
+
+TEST_F(RetivoTest, TheGridStandsStillUntilItMayBePaintedAgain) {
+  form->cmdPagina.Click = [this] {
+    form->rtvNotas.Redraw(false);
+    form->rtvNotas.TextMatrix(1, 0, "Otra");
+    screen.DoEvents();
+    EXPECT_EQ(CellText(*screen.ActiveWindow(), "rtvNotas", 0, 0), "Lengua");
+    form->rtvNotas.Redraw(true);
+  };
+  Run([](qt::FormWindow& window) {
+    Click(window, "cmdPagina");
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 0), "Otra");
+  });
+}
+
+TEST_F(RetivoTest, DraggingAColumnTellsItsWidthOnceAndTheFormMaySetItBack) {
+  auto told = 0;
+  form->rtvNotas.CambioAncho = [this, &told] {
+    told = form->rtvNotas.ColWidth(0);
+    form->rtvNotas.ColWidth(0, 1500);
+    form->Log("ancho");
+  };
+  Run([](qt::FormWindow& window) {
+    auto* table = Of<QTableView>(window, "rtvNotas");
+    auto* bar = table->horizontalHeader();
+    const auto edge = bar->sectionViewportPosition(1) - 1;
+    QTest::mousePress(bar->viewport(), Qt::LeftButton, {}, QPoint(edge, 5));
+    QTest::mouseMove(bar->viewport(), QPoint(edge + 20, 5));
+    QTest::mouseMove(bar->viewport(), QPoint(edge + 40, 5));
+    QTest::mouseRelease(bar->viewport(), Qt::LeftButton, {}, QPoint(edge + 40, 5));
+    EXPECT_EQ(table->columnWidth(0), qt::Pixels(1500));
+  });
+  EXPECT_THAT(seen, ElementsAre("ancho"));
+  EXPECT_GT(told, 1500);
+}
+
+TEST_F(RetivoTest, AWiderColumnSetWhenTheEditBeginsIsShown) {
+  form->rtvNotas.InicioEdicion = [this] {
+    form->rtvNotas.ListaAnadir(1, "Sobresaliente", 9);
+    form->rtvNotas.ColWidth(1, 2700);
+  };
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->columnWidth(1), qt::Pixels(2700));
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+}
+
+TEST_F(RetivoTest, AFailureWhenTheEditBeginsOrEndsComesOut) {
+  form->rtvNotas.FinEdicion = [] { throw RuntimeError(ErrorNumber::MissingMember); };
+  Then([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    ClickOffered(1);
+  });
+  EXPECT_THROW(form->ShowModal(), RuntimeError);
+  form = std::make_shared<frmPrueba>();
+  form->rtvNotas.InicioEdicion = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
+  Then([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    EXPECT_EQ(List(), nullptr);
+  });
+  EXPECT_THROW(form->ShowModal(), RuntimeError);
+}
+
+}  // namespace
+}  // namespace quorvane::test

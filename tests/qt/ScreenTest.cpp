@@ -1,0 +1,41 @@
+#include "tests/qt/ScreenTest.h"
+
+#include <QMessageBox>
+
+#include "platform/Application.h"
+#include "platform/FormInstances.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr int kPatience = 30000;  // milliseconds
+
+}  // namespace
+
+ScreenTest::ScreenTest() {
+  Application::Instance().UseScreen(&screen);
+  screen.WindowShown = [this](qt::FormWindow& window) {
+    if (steps_.empty()) throw std::logic_error("nobody expects " + window.Model().Name());
+    const auto step = std::move(steps_.front());
+    steps_.pop_front();
+    step(window);
+  };
+  screen.MessageShown = [this](QMessageBox& box) {
+    messages.push_back(box.text().toStdString());
+    box.accept();
+  };
+  QObject::connect(&patience_, &QTimer::timeout, [] { qFatal("a window was left open"); });
+  patience_.start(kPatience);
+}
+
+ScreenTest::~ScreenTest() {
+  FormInstances::DropAll();
+  Application::Instance().UseScreen(nullptr);
+}
+
+void ScreenTest::ExpectDone() const {
+  EXPECT_TRUE(steps_.empty()) << steps_.size() << " steps were not taken";
+  EXPECT_EQ(screen.ActiveWindow(), nullptr);
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/QtFrontEnd.h"
+
+namespace quorvane::test {
+
+/// A screen without a display, and a user whose steps are laid out beforehand: each window that
+/// comes up takes the next. A test whose windows stay open longer than any user would is ended.
+class ScreenTest : public ::testing::Test {
+ public:
+  ScreenTest();
+  ~ScreenTest() override;
+  ScreenTest(const ScreenTest&) = delete;
+  ScreenTest& operator=(const ScreenTest&) = delete;
+  ScreenTest(ScreenTest&&) = delete;
+  ScreenTest& operator=(ScreenTest&&) = delete;
+
+ protected:
+  using Step = std::function<void(qt::FormWindow&)>;
+
+  void Then(Step step) { steps_.push_back(std::move(step)); }
+  /// All steps have been taken, and no window stands.
+  void ExpectDone() const;
+
+  qt::QtFrontEnd screen;
+  std::vector<std::string> messages;  ///< the texts of the messages, each answered at once
+
+ private:
+  std::deque<Step> steps_;
+  QTimer patience_;
+};
+
+}  // namespace quorvane::test

@@ -1,0 +1,184 @@
+#include <QElapsedTimer>
+#include <QGroupBox>
+#include <gmock/gmock.h>
+
+#include "adapters/qt/BusySign.h"
+#include "adapters/qt/Units.h"
+#include "tests/qt/Hands.h"
+#include "tests/qt/ScreenTest.h"
+#include "tests/qt/frmPrueba.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+class WindowTest : public ScreenTest {
+ protected:
+  void Run(const Step& act) {
+    Then([this, act](qt::FormWindow& window) {
+      form->log.clear();
+      act(window);
+      Click(window, "cmdCancelar");
+    });
+    form->ShowModal();
+    ExpectDone();
+  }
+  static QSize Inner(std::int32_t width, std::int32_t height) {
+    return {qt::Pixels(width - Form::kBorderWidth), qt::Pixels(height - Form::kBorderHeight)};
+  }
+
+  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
+};
+
+TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsForm) {
+  Run([](qt::FormWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "Prueba de controles");
+    EXPECT_EQ(window.size(), Inner(9840, 6120));
+    EXPECT_EQ(Of(window, "rtvNotas")->geometry(),
+              QRect(qt::Pixels(4980), qt::Pixels(2520), qt::Pixels(4620), qt::Pixels(2400)));
+  });
+}
+
+TEST_F(WindowTest, TheUsersSizeReachesTheForm) {
+  auto resized = 0;
+  form->OnResize = [&resized] { ++resized; };
+  Run([this, &resized](qt::FormWindow& window) {
+    const auto before = resized;
+    window.resize(700, 500);
+    EXPECT_EQ(form->Width(), qt::Twips(700) + Form::kBorderWidth);
+    EXPECT_EQ(form->Height(), qt::Twips(500) + Form::kBorderHeight);
+    EXPECT_EQ(resized, before + 1);
+    EXPECT_EQ(window.size(), QSize(700, 500));
+  });
+}
+
+TEST_F(WindowTest, AFormThatSetsItsSizeBackIsObeyed) {
+  form->OnResize = [this] {
+    if (form->Width() < 9300) form->Width(9300);
+    if (form->Height() < 6465) form->Height(6465);
+  };
+  Run([](qt::FormWindow& window) {
+    EXPECT_EQ(window.size(), Inner(9840, 6465));
+    window.resize(300, 800);
+    EXPECT_EQ(window.width(), Inner(9300, 0).width());
+    EXPECT_EQ(window.height(), 800);
+    window.resize(900, 100);
+    EXPECT_EQ(window.size(), QSize(900, Inner(0, 6465).height()));
+  });
+}
+
+TEST_F(WindowTest, ShrinksToTheBusyBoxAndComesBack) {
+  form->cmdPagina.Click = [this] {
+    const std::array kept{form->Height(), form->Width(), form->Top(), form->Left()};
+    for (auto* control : form->Controls()) control->Visible(false);
+    form->Width(4000);
+    form->Height(2500);
+    form->Left((screen.ScreenWidth() - form->Width()) / 2);
+    form->Enabled(false);
+    form->aniCarga.Play();
+    form->aniCarga.Visible(true);
+    form->fraCarga.Visible(true);
+    form->fraCarga.ToFront();
+    screen.DoEvents();
+    auto& window = *screen.ActiveWindow();
+    EXPECT_EQ(window.size(), Inner(4000, 2500));
+    EXPECT_TRUE(Of(window, "aniCarga")->isVisible());
+    EXPECT_FALSE(Of(window, "rtvNotas")->isVisible());
+    Click(window, "cmdCancelar");  // nothing comes of it
+    form->aniCarga.Stop();
+    for (auto* control : form->Controls()) control->Visible(true);
+    form->fraCarga.Visible(false);
+    form->Height(kept[0]);
+    form->Width(kept[1]);
+    form->Top(kept[2]);
+    form->Left(kept[3]);
+    form->Enabled(true);
+    form->Log("hecho");
+  };
+  Run([this](qt::FormWindow& window) {
+    const auto before = window.geometry();
+    Click(window, "cmdPagina");
+    EXPECT_THAT(form->log, ElementsAre("hecho"));
+    EXPECT_EQ(window.geometry(), before);
+  });
+}
+
+TEST_F(WindowTest, ADisabledFormTakesNothing) {
+  form->Enabled(false);
+  Then([this](qt::FormWindow& window) {
+    Click(window, "chkTodo");
+    Key(window, "cboCurso", Qt::Key_Down);
+    Key(window, "cboCurso", Qt::Key_Escape);
+    window.close();
+    EXPECT_TRUE(form->Visible());
+    EXPECT_TRUE(form->log.empty());
+    form->Enabled(true);
+    window.close();
+  });
+  form->ShowModal();
+  EXPECT_THAT(form->log, ElementsAre("descarga"));
+}
+
+TEST_F(WindowTest, TheFormHearsTheClassicKeyCodesOnceEach) {
+  std::vector<int> keys;
+  form->OnKey = [&keys](int& key) { keys.push_back(key); };
+  Run([](qt::FormWindow& window) {
+    // Left alone by the button, these climb to the window.
+    Of(window, "cmdPagina")->setFocus();
+    for (const auto key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_PageUp,
+                           Qt::Key_A, Qt::Key_5, Qt::Key_F1, Qt::Key_Delete})
+      QTest::keyClick(window.focusWidget(), key);
+  });
+  EXPECT_THAT(keys, ElementsAre(38, 40, 37, 39, 33, 65, 53, 112, 46));
+}
+
+TEST_F(WindowTest, AKeyThatTheFormTakesReachesNoControl) {
+  form->OnKey = [](int& key) {
+    if (key == 40 || key == 38) key = 0;
+  };
+  Run([this](qt::FormWindow& window) {
+    Key(window, "cboCurso", Qt::Key_Down);
+    EXPECT_EQ(form->cboCurso.ListIndex(), -1);
+  });
+}
+
+TEST_F(WindowTest, TextsAreMeasuredInTwips) {
+  const auto one = form->TextWidth("Sobresaliente");
+  EXPECT_GT(one, 600);
+  EXPECT_LT(one, 2400);
+  EXPECT_GT(form->TextWidth("Sobresaliente   "), one);
+  EXPECT_EQ(form->TextWidth(""), 0);
+  EXPECT_GT(screen.ScreenWidth(), screen.ScreenHeight() / 2);
+}
+
+TEST_F(WindowTest, TheBusySignMovesDuringLongWorkAndNobodyActs) {
+  auto turned = 0;
+  form->cmdPagina.Click = [this, &turned] {
+    form->fraCarga.Visible(true);
+    form->aniCarga.Play();
+    screen.DoEvents();
+    auto& window = *screen.ActiveWindow();
+    const auto* sign = Of<qt::BusySign>(window, "aniCarga");
+    auto leader = sign->Leader();
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < 500) {
+      screen.Pulse();
+      if (sign->Leader() != leader) ++turned;
+      leader = sign->Leader();
+    }
+    // A click that waits for its turn is still not the handler's.
+    QTest::mouseClick(Of(window, "chkTodo"), Qt::LeftButton, {}, QPoint(8, 10));
+    form->aniCarga.Stop();
+  };
+  Run([](qt::FormWindow& window) {
+    Click(window, "cmdPagina");
+    EXPECT_EQ(Of<qt::BusySign>(window, "aniCarga")->Leader(), 0);
+  });
+  EXPECT_GE(turned, 4);
+  EXPECT_EQ(form->chkTodo.Value(), 0);
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Animation.h"
+#include "platform/CheckBox.h"
+#include "platform/ComboBox.h"
+#include "platform/CommandButton.h"
+#include "platform/Form.h"
+#include "platform/Frame.h"
+#include "platform/Label.h"
+#include "platform/ListBox.h"
+#include "platform/MSFlexGrid.h"
+#include "platform/Retivo.h"
+#include "platform/TabStrip.h"
+#include "platform/TextBox.h"
+
+namespace quorvane::test {
+
+/// A form with every kind of control, placed by its own measures, that writes down each event.
+class frmPrueba : public Form {
+ public:
+  explicit frmPrueba(const std::string& name = "frmPrueba");
+
+  Label lblCurso{*this, "lblCurso"};
+  ComboBox cboCurso{*this, "cboCurso"};
+  CheckBox chkTodo{*this, "chkTodo"};
+  Label lblTexto{*this, "lblTexto"};
+  TextBox txtTexto{*this, "txtTexto"};
+  std::array<ListBox, 2> lstLista{ListBox(*this, "lstLista(0)"), ListBox(*this, "lstLista(1)")};
+  TabStrip tabPaginas{*this, "tabPaginas"};
+  Frame fraPagina{*this, "fraPagina"};
+  CommandButton cmdPagina{*this, "cmdPagina", &fraPagina};
+  MSFlexGrid msgRejilla{*this, "msgRejilla"};
+  Retivo rtvNotas{*this, "rtvNotas"};
+  Frame fraCarga{*this, "fraCarga"};
+  Animation aniCarga{*this, "aniCarga", &fraCarga};
+  CommandButton cmdAceptar{*this, "cmdAceptar"};
+  CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  std::vector<std::string> log;
+  std::function<void()> OnActivate;
+  std::function<void(int&)> OnKey;
+  std::function<void()> OnResize;
+
+  void Log(const std::string& event) { log.push_back(event); }
+
+ protected:
+  void Form_Activate() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Resize() override;
+  void Form_Unload() override { Log("descarga"); }
+
+ private:
+  void Draw();
+  void Fill();
+  void Wire();
+};
+
+}  // namespace quorvane::test
