@@ -1,0 +1,87 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/selection/Sentences.h"
+#include "tests/selection/StepOne.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+/// Step one catches no error: each comes out to the host, and the program lives.
+class Faults : public ::testing::TestWithParam<Dialog> {
+ protected:
+  Faults() {
+    school.Sql(
+        "UPDATE Usuario SET CodPadre=0, AdminSistema=0;"
+        "UPDATE SistemaCalificacion SET Recuperaciones=-1;"
+        "UPDATE Seccion SET Seguimiento=-1, CodTutor=1 WHERE IDSeccion=321;"
+        "UPDATE EvaluacionActaPte SET CodNota=103 WHERE CodNumEvaluacion=4;"
+        "INSERT INTO Alumno_MateriaDetalles (IDAlumno_MateriaDetalles, CodAlumno, "
+        "CodMateriaDetalles) VALUES (2,1,3116);"
+        "INSERT INTO FechaNotas (FechaInicio, FechaFin, CodSeccion, CodNumEvaluacion) VALUES "
+        "('1990/01/01','1990/01/02',321,5)");
+  }
+
+  /// A whole session of the tutor's, from the opening to the refusal of the date, by way of a
+  /// former evaluation and the second final.
+  [[nodiscard]] static std::string Session() {
+    return "nodo " + std::to_string(GetParam().node) + "\n" + Choose(GetParam(), 1) +
+           Choose(GetParam(), 5) + kNext + "\n" + kLeave + "\n";
+  }
+  [[nodiscard]] ScriptResult Run(const std::string& script) const {
+    auto options = Tutor();
+    options.hoy = "15/01/2026";
+    return RunScript(school, script, options);
+  }
+
+  PendingSchool school;
+};
+
+INSTANTIATE_TEST_SUITE_P(StepOne, Faults, ::testing::ValuesIn(kDialogs),
+                         [](const auto& dialog) { return std::string(dialog.param.form); });
+
+TEST_P(Faults, EveryStatementThatFailsComesOutAndTheDialogOpensAgain) {
+  const auto whole = Statements(Run(Session()).lines);
+  ASSERT_GE(whole.size(), 12U);
+  const auto rows = school.Modulo();
+  for (std::size_t k = 1; k <= whole.size(); ++k) {
+    const auto result = Run("fallo " + std::to_string(k) + "\n" + Session() + Session());
+    const auto errors = result.Of("error");
+    ASSERT_FALSE(errors.empty()) << k;
+    EXPECT_EQ(errors.front(), "-2147467259 fallo") << k;
+    EXPECT_EQ(result.status, 1) << k;
+    // Up to the failure and then once more from the start: nothing of the first time is left.
+    auto expected = First(whole, k);
+    expected.insert(expected.end(), whole.begin(), whole.end());
+    EXPECT_EQ(Statements(result.lines), expected) << k;
+    EXPECT_EQ(school.Modulo(), rows) << k;
+  }
+}
+
+TEST_P(Faults, ATypeWithoutMarkingSystemIsAnErrorWhereRecoveriesAreRead) {
+  school.Sql("DELETE FROM SistemaCalificacion");
+  const auto result = Play(school, GetParam(), "ver");
+  if (GetParam().node == kBySubject.node) {
+    EXPECT_THAT(result.Of("error"), IsEmpty()) << "this dialog doesn't ask";
+    EXPECT_THAT(result.Of("muestra"), ElementsAre(GetParam().form));
+  } else {
+    EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
+    EXPECT_THAT(result.Of("muestra"), IsEmpty());
+    EXPECT_THAT(Statements(result.lines), ElementsAre(kTypesUnrestricted, Fill(kRecoveries, {3})));
+  }
+}
+
+TEST_P(Faults, AMissingTableIsTheEnginesError) {
+  school.Sql("DROP TABLE FechaNotas");
+  const auto result = Run(Session());
+  EXPECT_THAT(result.Of("error"), Contains(StartsWith("-2147467259 ")));
+  EXPECT_THAT(result.Of("mensaje"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quorvane::test
