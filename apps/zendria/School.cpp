@@ -1,5 +1,6 @@
 #include "apps/zendria/School.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 #include <utility>
@@ -17,6 +18,15 @@ std::unique_ptr<Connection> MakeConnection(const QString& file, const char* name
   return std::make_unique<sqlite::SqliteConnection>(file.toStdString(), name);
 }
 
+/// Whether the file begins as every SQLite database does. True for one that can't be read: what is
+/// wrong with that one shows when it is opened.
+bool LooksLikeDatabase(const QString& file) {
+  static const QByteArray beginning("SQLite format 3\0", 16);
+  QFile content(file);
+  if (!content.open(QIODevice::ReadOnly) || content.size() == 0) return true;
+  return content.read(beginning.size()) == beginning;
+}
+
 }  // namespace
 
 School::School(const QString& file)
@@ -25,6 +35,8 @@ School::School(const QString& file)
       borrado_(MakeConnection(file_, "borrado")),
       entrada_(MakeConnection(file_, "entrada")),
       own_(MakeConnection(file_, "")) {
+  if (!LooksLikeDatabase(file_))
+    throw SchoolError(QStringLiteral("«%1» no es una base de datos SQLite.").arg(file_));
   try {
     centro_->Open();
     borrado_->Open();

@@ -1,8 +1,8 @@
+#include "apps/zendria/CommandLine.h"
+
 #include <gtest/gtest.h>
 #include <sstream>
 #include <vector>
-
-#include "apps/zendria/CommandLine.h"
 
 namespace quorvane::zendria {
 namespace {

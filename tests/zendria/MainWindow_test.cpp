@@ -1,3 +1,5 @@
+#include "apps/zendria/MainWindow.h"
+
 #include <QAction>
 #include <QListWidget>
 #include <QStatusBar>
@@ -5,7 +7,6 @@
 #include <QTreeWidgetItemIterator>
 #include <gtest/gtest.h>
 
-#include "apps/zendria/MainWindow.h"
 #include "apps/zendria/SignInDialog.h"
 #include "frame/cConfiguracion.h"
 #include "platform/FormInstances.h"
@@ -88,9 +89,18 @@ TEST_F(MainWindowTest, AScreenThatIsNotAvailableIsDisabledAndDoesNotOpen) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   EXPECT_EQ(Titles(window_->Page().Tree(), true), std::vector<std::string>{"Por alumno"});
   window_->Page().SelectNode(124);
-  EXPECT_FALSE(window_->Page().OpenButton().isEnabled());
+  EXPECT_NE(window_->Page().SelectedNode(), 124);
   window_->OpenNode(124);
   EXPECT_TRUE(robot_.unexpected.empty()) << "no form came up";
+}
+
+TEST_F(MainWindowTest, WithoutAnyScreenThereIsNothingToOpen) {
+  auto screens = zendria::PendingScreens();
+  for (auto& screen : screens) screen.available = false;
+  UseScreens(screens);
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  EXPECT_FALSE(window_->Page().SelectedNode());
+  EXPECT_FALSE(window_->Page().OpenButton().isEnabled());
 }
 
 TEST_F(MainWindowTest, EveryNodeOpensItsScreen) {

@@ -1,7 +1,7 @@
+#include "apps/zendria/PersonSearchDialog.h"
+
 #include <QTest>
 #include <gtest/gtest.h>
-
-#include "apps/zendria/PersonSearchDialog.h"
 
 namespace quorvane::zendria {
 namespace {

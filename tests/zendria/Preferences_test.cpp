@@ -1,9 +1,9 @@
+#include "apps/zendria/Preferences.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QWidget>
 #include <gtest/gtest.h>
-
-#include "apps/zendria/Preferences.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -1,7 +1,7 @@
+#include "apps/zendria/SignInDialog.h"
+
 #include <QTest>
 #include <gtest/gtest.h>
-
-#include "apps/zendria/SignInDialog.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -1,3 +1,5 @@
+#include "apps/zendria/StatementWindow.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPushButton>
@@ -5,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "apps/zendria/StatementWindow.h"
 
 namespace quorvane::zendria {
 namespace {

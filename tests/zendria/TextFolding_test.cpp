@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "apps/zendria/TextFolding.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvane::zendria {
 namespace {
