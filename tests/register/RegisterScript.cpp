@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "platform/Application.h"
+
 namespace quorvane::test {
 namespace {
 
@@ -43,6 +45,29 @@ std::string View(const ScriptResult& result, const std::string& control,
   if (views.empty()) throw std::runtime_error("nothing to see in\n" + result.Text());
   const auto whole = control.empty() ? views.back() : Member(views.back(), control);
   return member.empty() ? whole : Member(whole, member);
+}
+
+void GiveRowsToAllMaterias(const SmallSchool& school) {
+  for (const auto matDet : {3111, 3112, 3113, 3114, 3115, 3116, 3121, 3122, 3123})
+    school.Profesor(0, matDet);
+}
+
+AsRevision::AsRevision(int revision) {
+  auto version = Application::BuiltVersion();
+  version.revision = revision;
+  Application::Instance().Version(version);
+}
+
+AsRevision::~AsRevision() { Application::Instance().Version(Application::BuiltVersion()); }
+
+std::vector<std::string> AfterFirst(const ScriptResult& result, const std::string& command) {
+  ScriptResult upTo;
+  for (const auto& line : result.lines) {
+    if (line.starts_with("> ") && !upTo.lines.empty() && upTo.lines.front() == "> " + command)
+      break;
+    if (line == "> " + command || !upTo.lines.empty()) upTo.lines.push_back(line);
+  }
+  return upTo.After(command);
 }
 
 std::vector<std::string> Join(const std::vector<std::vector<std::string>>& lists) {

@@ -25,6 +25,24 @@ std::vector<std::string> OpeningStatements(const std::vector<int>& lockTests = {
 std::string View(const ScriptResult& result, const std::string& control,
                  const std::string& member = "");
 
+/// Every subject detail on the page "Materias" gets a row without a teacher, so that saving has
+/// none to insert.
+void GiveRowsToAllMaterias(const SmallSchool& school);
+
+/// The module as another revision of itself, until the end of the scope.
+class AsRevision {
+ public:
+  explicit AsRevision(int revision);
+  ~AsRevision();
+  AsRevision(const AsRevision&) = delete;
+  AsRevision& operator=(const AsRevision&) = delete;
+  AsRevision(AsRevision&&) = delete;
+  AsRevision& operator=(AsRevision&&) = delete;
+};
+
+/// The lines that follow the first echo of the command, up to the next echo.
+std::vector<std::string> AfterFirst(const ScriptResult& result, const std::string& command);
+
 /// Several lists one after the other.
 std::vector<std::string> Join(const std::vector<std::vector<std::string>>& lists);
 
