@@ -23,6 +23,7 @@ void MSFlexGrid::AddItem(const std::string& text) {
 }
 
 void MSFlexGrid::SortAscending() {
+  if (Cols() == 0) return;
   const auto column = static_cast<std::size_t>(Col());
   std::stable_sort(Records().begin() + FixedRows(), Records().end(),
                    [column](const Record& one, const Record& other) {

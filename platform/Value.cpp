@@ -30,7 +30,8 @@ bool ParseNumber(const std::string& text, double& number) {
   const auto* begin = plain.data();
   const auto* const end = begin + plain.size();
   if (*begin == '+') ++begin;
-  if (begin == end || *begin == '+') return false;
+  // from_chars takes no plus, but would take a minus behind one.
+  if (begin == end || *begin == '+' || (*begin == '-' && begin != plain.data())) return false;
   // from_chars also reads "inf" and "nan", which are no numbers here.
   if (plain.find_first_not_of("0123456789.+-eE") != std::string::npos) return false;
   double result = 0;
