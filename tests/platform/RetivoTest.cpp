@@ -1,0 +1,104 @@
+#include "platform/Form.h"
+#include "platform/Retivo.h"
+#include "tests/platform/FailsWith.h"
+
+namespace quorvane::test {
+namespace {
+
+class AGradeGrid : public testing::Test {
+ protected:
+  AGradeGrid() {
+    grid.Cols(4);
+    grid.Rows(3);
+    grid.FixedRows(1);
+    grid.ListColumns(1, 2);
+    grid.InicioEdicion = [this] {
+      ++begun;
+      if (!fills) return;
+      grid.ListaAnadir(grid.Col(), " ", 0);
+      grid.ListaAnadir(grid.Col(), "Notable", 7);
+    };
+    grid.FinEdicion = [this] { ended.push_back(grid.ListaIndice()); };
+  }
+
+  Form form{"frmX"};
+  Retivo grid{form, "rtvX"};
+  bool fills = true;
+  int begun = 0;
+  std::vector<int> ended;
+};
+
+TEST_F(AGradeGrid, BeginningAnEditMovesThereAndFillsTheList) {
+  grid.BeginEdit(2, 1);
+  EXPECT_EQ(grid.Row(), 2);
+  EXPECT_EQ(grid.Col(), 1);
+  EXPECT_EQ(begun, 1);
+  ASSERT_EQ(grid.Lista(1).size(), 2U);
+  EXPECT_EQ(grid.ListaDato(1), 7);
+  EXPECT_TRUE(grid.Lista(2).empty());
+  EXPECT_TRUE(ended.empty());
+}
+
+TEST_F(AGradeGrid, EndingAnEditPutsTheTextAndTells) {
+  grid.BeginEdit(1, 1);
+  grid.EndEdit(1);
+  EXPECT_EQ(grid.TextMatrix(1, 1), "Notable");
+  EXPECT_EQ(grid.ListaDato(grid.ListaIndice()), 7);
+  grid.BeginEdit(1, 1);
+  grid.EndEdit(-1);
+  EXPECT_EQ(grid.TextMatrix(1, 1), "");
+  EXPECT_EQ(ended, (std::vector<int>{1, -1}));
+}
+
+TEST_F(AGradeGrid, ACellWithoutAListKeepsItsText) {
+  grid.TextMatrix(1, 0, "Lengua");
+  grid.TextMatrix(0, 1, "Nota");
+  grid.BeginEdit(1, 0);
+  grid.EndEdit(1);
+  grid.BeginEdit(0, 1);
+  grid.EndEdit(1);
+  EXPECT_EQ(grid.TextMatrix(1, 0), "Lengua");
+  EXPECT_EQ(grid.TextMatrix(0, 1), "Nota");
+}
+
+TEST_F(AGradeGrid, OffersNothingOfAnEarlierEdit) {
+  grid.BeginEdit(1, 1);
+  fills = false;
+  grid.BeginEdit(2, 1);
+  EXPECT_TRUE(grid.Lista(1).empty());
+  EXPECT_EQ(ErrorOf([&] { grid.EndEdit(0); }), 381);
+  EXPECT_EQ(ErrorOf([&] { grid.EndEdit(-1); }), 0);
+}
+
+TEST_F(AGradeGrid, EntriesAndCellsThatDontExist) {
+  grid.BeginEdit(1, 1);
+  EXPECT_EQ(ErrorOf([&] { grid.EndEdit(2); }), 381);
+  EXPECT_EQ(ErrorOf([&] { grid.EndEdit(-2); }), 381);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(grid.ListaDato(2)); }), 381);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(grid.ListaDato(-1)); }), 381);
+  EXPECT_EQ(ErrorOf([&] { grid.ListaAnadir(4, "x", 1); }), 381);
+  EXPECT_EQ(ErrorOf([&] { grid.ListaLimpiar(-1); }), 381);
+  EXPECT_EQ(ErrorOf([&] { grid.BeginEdit(3, 1); }), 380);
+  EXPECT_EQ(ErrorOf([&] { grid.BeginEdit(1, 4); }), 380);
+  EXPECT_TRUE(grid.Lista(9).empty());
+  EXPECT_TRUE(grid.Lista(-1).empty());
+  EXPECT_TRUE(ended.empty());
+}
+
+TEST_F(AGradeGrid, KnowsItsListColumns) {
+  EXPECT_FALSE(grid.EditsThroughList(0));
+  EXPECT_TRUE(grid.EditsThroughList(1));
+  EXPECT_TRUE(grid.EditsThroughList(2));
+  EXPECT_FALSE(grid.EditsThroughList(3));
+}
+
+TEST_F(AGradeGrid, ADraggedColumnTells) {
+  int told = 0;
+  grid.CambioAncho = [&told] { ++told; };
+  grid.DragColumn(1, 700);
+  EXPECT_EQ(grid.ColWidth(1), 700);
+  EXPECT_EQ(told, 1);
+}
+
+}  // namespace
+}  // namespace quorvane::test
