@@ -42,6 +42,18 @@ Value ReadCell(sqlite3_stmt* statement, int column) {
 
 bool IsBusy(int result) { return (result & 0xff) == SQLITE_BUSY; }
 
+// Where tables of one nested join have columns of the same name, the engine numbers the later ones,
+// as in "Descripcion:1". Nobody asked for them by that name.
+std::string FieldName(std::string_view name, std::string_view statement) {
+  const auto colon = name.rfind(':');
+  if (colon == std::string_view::npos || statement.find(name) != std::string_view::npos)
+    return std::string(name);
+  const auto number = name.substr(colon + 1);
+  const auto numbered =
+      !number.empty() && number.find_first_not_of("0123456789") == std::string_view::npos;
+  return std::string(numbered ? name.substr(0, colon) : name);
+}
+
 constexpr std::string_view kBlank = " \t\r\n;";
 
 }  // namespace
@@ -68,7 +80,9 @@ void PreparedStatement::ReadNames() {
   const auto count = sqlite3_column_count(statement_.get());
   FieldNames names;
   names.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) names.emplace_back(sqlite3_column_name(statement_.get(), i));
+  for (int i = 0; i < count; ++i)
+    names.push_back(
+        FieldName(sqlite3_column_name(statement_.get(), i), sqlite3_sql(statement_.get())));
   names_ = std::make_shared<const FieldNames>(std::move(names));
   preparations_ = sqlite3_stmt_status(statement_.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
 }

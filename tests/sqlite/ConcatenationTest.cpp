@@ -1,0 +1,28 @@
+#include <gtest/gtest.h>
+
+#include "adapters/sqlite/Concatenation.h"
+
+namespace quorvane::sqlite {
+namespace {
+
+TEST(Concatenation, PlusBesideATextJoinsTexts) {
+  EXPECT_EQ(RewriteConcatenation("SELECT Ltrim(Rtrim(A + ' ' + B)) + ', ' + C AS N FROM T"),
+            "SELECT Ltrim(Rtrim(A || ' ' || B)) || ', ' || C AS N FROM T");
+  EXPECT_EQ(RewriteConcatenation("SELECT A+'x'+B"), "SELECT A||'x'||B");
+}
+
+TEST(Concatenation, PlusBetweenNumbersAdds) {
+  EXPECT_EQ(RewriteConcatenation("SELECT A + 1, B+C FROM T"), "SELECT A + 1, B+C FROM T");
+}
+
+TEST(Concatenation, PlusInsideATextOrANameStays) {
+  EXPECT_EQ(RewriteConcatenation("SELECT 'a + b', [c + 'd'] FROM T WHERE A='it''s + x'"),
+            "SELECT 'a + b', [c + 'd'] FROM T WHERE A='it''s + x'");
+}
+
+TEST(Concatenation, AQuotedNameIsNoText) {
+  EXPECT_EQ(RewriteConcatenation("SELECT [a] + [b]"), "SELECT [a] + [b]");
+}
+
+}  // namespace
+}  // namespace quorvane::sqlite

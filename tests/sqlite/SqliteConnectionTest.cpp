@@ -1,0 +1,303 @@
+#include <chrono>
+#include <fstream>
+#include <future>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <thread>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "platform/RuntimeError.h"
+#include "tests/sqlite/RunRows.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+using sqlite::OpenMode;
+using sqlite::SqliteConnection;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using namespace std::chrono_literals;
+
+std::string OpenError(SqliteConnection& connection) {
+  try {
+    connection.Open();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), -2147467259);
+    EXPECT_FALSE(connection.IsOpen());
+    return error.Description();
+  }
+  return "no error";
+}
+
+class SqliteConnectionTest : public testing::Test {
+ protected:
+  SqliteConnectionTest() {
+    connection_.Open();
+    connection_.Execute("CREATE TABLE T (A INTEGER PRIMARY KEY, B TEXT)");
+  }
+
+  std::vector<std::string> Rows(const std::string& statement) {
+    return RunRows(connection_, statement);
+  }
+
+  void Write(const std::string& name, const std::string& content) const {
+    std::ofstream(folder_ / name, std::ios::binary) << content;
+  }
+
+  TempFolder folder_;
+  std::string path_ = folder_ / "a.sqlite";
+  SqliteConnection connection_{path_, "", OpenMode::Create};
+};
+
+TEST_F(SqliteConnectionTest, ReadsWhatItWrote) {
+  connection_.Execute("INSERT INTO T VALUES (1,'uno')");
+  connection_.Execute("INSERT INTO T VALUES (2,NULL)");
+  auto rows = connection_.Execute("SELECT A, T.B FROM T ORDER BY A");
+  EXPECT_THAT(rows.Names(), ElementsAre("A", "B"));
+  EXPECT_EQ(rows.RecordCount(), 2U);
+  EXPECT_EQ(rows.Fields("b").Text(), "uno");
+  rows.MoveNext();
+  EXPECT_TRUE(rows.Fields("B").IsNull());
+  rows.MovePrevious();
+  EXPECT_EQ(rows.Fields(0).Long(), 1);
+}
+
+TEST_F(SqliteConnectionTest, ARecordsetOutlivesLaterStatements) {
+  connection_.Execute("INSERT INTO T VALUES (1,'uno')");
+  auto first = connection_.Execute("SELECT B FROM T WHERE A=1");
+  auto second = connection_.Execute("SELECT B FROM T WHERE A=2");
+  connection_.Execute("DELETE FROM T WHERE A=1");
+  EXPECT_EQ(first.Fields("B").Text(), "uno");
+  EXPECT_TRUE(second.Eof());
+  EXPECT_THAT(second.Names(), ElementsAre("B"));
+}
+
+TEST_F(SqliteConnectionTest, AStatementWithoutColumnsGivesAClosedRecordset) {
+  EXPECT_FALSE(connection_.Execute("DELETE FROM T WHERE A=1").IsOpen());
+  EXPECT_FALSE(connection_.Execute("  ").IsOpen());
+}
+
+TEST_F(SqliteConnectionTest, KeepsEveryKindOfValue) {
+  connection_.Execute("INSERT INTO T VALUES (9007199254740993,'x')");
+  EXPECT_THAT(Rows("SELECT A FROM T"), ElementsAre("9007199254740993"));
+  EXPECT_THAT(Rows("SELECT A FROM T WHERE A=9007199254740993"), ElementsAre("9007199254740993"));
+  EXPECT_THAT(Rows("SELECT -A, 1.5, 'ñ', X'C3B1', X'', NULL FROM T"),
+              ElementsAre("-9007199254740993|1.5|ñ|ñ||NULL"));
+  const auto big = connection_.Execute("SELECT 9223372036854775807 AS Grande");
+  EXPECT_THROW((void)big.Fields("Grande").Long(), RuntimeError);
+  // A number beyond 64 bits is a real, to the engine and so here.
+  EXPECT_THAT(Rows("SELECT A FROM T WHERE A<9223372036854775808"), ElementsAre("9007199254740993"));
+}
+
+TEST_F(SqliteConnectionTest, BytesBehindAZeroAreKept) {
+  const auto rows = connection_.Execute("SELECT X'410042' AS Bytes");
+  EXPECT_EQ(rows.Fields("Bytes").Text(), std::string("A\0B", 3));
+}
+
+TEST_F(SqliteConnectionTest, ANewColumnShowsInAStatementThatIsKept) {
+  connection_.Execute("INSERT INTO T VALUES (1,'uno')");
+  const auto before = connection_.Execute("SELECT * FROM T WHERE A=1");
+  connection_.Execute("ALTER TABLE T ADD COLUMN C INTEGER DEFAULT 7");
+  const auto after = connection_.Execute("SELECT * FROM T WHERE A=1");
+  EXPECT_THAT(before.Names(), ElementsAre("A", "B"));
+  EXPECT_THAT(after.Names(), ElementsAre("A", "B", "C"));
+  EXPECT_EQ(after.Fields("C").Long(), 7);
+}
+
+TEST_F(SqliteConnectionTest, ARenamedColumnShowsInAStatementThatIsKept) {
+  connection_.Execute("SELECT * FROM T WHERE A=1");
+  SqliteConnection other(path_, "");
+  other.Open();
+  other.Execute("ALTER TABLE T RENAME COLUMN B TO Nombre");
+  EXPECT_THAT(connection_.Execute("SELECT * FROM T WHERE A=1").Names(), ElementsAre("A", "Nombre"));
+}
+
+TEST_F(SqliteConnectionTest, ATableThatGoesAndComesBackIsSeen) {
+  EXPECT_THAT(Rows("SELECT B FROM T WHERE A=1"), IsEmpty());
+  connection_.Execute("DROP TABLE T");
+  EXPECT_THAT(Rows("SELECT B FROM T WHERE A=1"), ElementsAre("error no such table: T"));
+  connection_.Execute("CREATE TABLE T (A INTEGER, B INTEGER)");
+  connection_.Execute("INSERT INTO T VALUES (1,5)");
+  EXPECT_THAT(Rows("SELECT B FROM T WHERE A=1"), ElementsAre("5"));
+}
+
+TEST_F(SqliteConnectionTest, AColumnOfANestedJoinKeepsItsName) {
+  connection_.Execute("CREATE TABLE U (A INTEGER, B TEXT)");
+  const auto rows = connection_.Execute(
+      "SELECT DISTINCT V.A, U.B FROM T AS V INNER JOIN (T INNER JOIN U ON T.A=U.A) ON V.A=T.A");
+  EXPECT_THAT(rows.Names(), ElementsAre("A", "B"));
+  EXPECT_THAT(connection_.Execute("SELECT A AS \"B:1\" FROM T").Names(), ElementsAre("B:1"));
+}
+
+TEST_F(SqliteConnectionTest, MoreShapesThanAreKept) {
+  for (auto round = 0; round < 2; ++round)
+    for (auto i = 0; i < 600; ++i) {
+      const auto name = "c" + std::to_string(i);
+      EXPECT_EQ(connection_.Execute("SELECT 1 AS " + name).Names().front(), name);
+    }
+}
+
+TEST_F(SqliteConnectionTest, AStatementThatCannotBeLiftedRunsAsItIs) {
+  connection_.Execute("INSERT INTO T VALUES (12,'x')");
+  EXPECT_THAT(Rows("SELECT A FROM T WHERE A=1e-5 OR A=12"), ElementsAre("12"));
+  EXPECT_THAT(Rows("SELECT A FROM T WHERE A=12 -- 5"), ElementsAre("12"));
+  std::string list = "0";
+  for (auto i = 1; i < 40000; ++i) list += "," + std::to_string(i);
+  EXPECT_THAT(Rows("SELECT A FROM T WHERE A IN (" + list + ")"), ElementsAre("12"));
+}
+
+TEST_F(SqliteConnectionTest, FailuresBearTheEnginesOwnText) {
+  for (auto round = 0; round < 2; ++round) {
+    EXPECT_THAT(Rows("SELECT X FROM T WHERE A=1"), ElementsAre("error no such column: X"));
+    EXPECT_THAT(Rows("DELETE FROM Nada WHERE A=1"), ElementsAre("error no such table: Nada"));
+    EXPECT_THAT(Rows("SELECT A FROM T WHERE A=1 AND 2 3"),
+                ElementsAre("error near \"3\": syntax error"));
+  }
+  connection_.Execute("INSERT INTO T VALUES (1,'x')");
+  EXPECT_THAT(Rows("INSERT INTO T VALUES (1,'x')"),
+              ElementsAre("error UNIQUE constraint failed: T.A"));
+  try {
+    connection_.Execute("INSERT INTO T VALUES (1,2,3)");
+    FAIL() << "three values for two columns";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), -2147467259);
+    EXPECT_EQ(error.Description(), "table T has 2 columns but 3 values were supplied");
+  }
+  EXPECT_THAT(Rows("SELECT COUNT(*) FROM T"), ElementsAre("1"));
+}
+
+TEST_F(SqliteConnectionTest, TakesOneStatementAtATime) {
+  EXPECT_THAT(Rows("INSERT INTO T VALUES (1,'a'); INSERT INTO T VALUES (2,'b')"),
+              ElementsAre("error Solo se admite una sentencia cada vez"));
+  EXPECT_THAT(Rows("SELECT COUNT(*) FROM T"), ElementsAre("0"));
+  connection_.ExecuteScript("INSERT INTO T VALUES (1,'a'); INSERT INTO T VALUES (2,'b');");
+  EXPECT_THAT(Rows("SELECT COUNT(*) FROM T;"), ElementsAre("2"));
+}
+
+TEST_F(SqliteConnectionTest, OpensAndClosesAgainAndAgain) {
+  EXPECT_EQ(connection_.DataSource(), path_);
+  connection_.Open();
+  EXPECT_TRUE(connection_.IsOpen());
+  connection_.Execute("SELECT A FROM T WHERE A=1");
+  connection_.Close();
+  connection_.Close();
+  EXPECT_FALSE(connection_.IsOpen());
+  EXPECT_THROW(connection_.Execute("SELECT A FROM T"), RuntimeError);
+  EXPECT_THROW(connection_.ExecuteScript("SELECT A FROM T"), RuntimeError);
+  connection_.Open();
+  EXPECT_THAT(Rows("SELECT A FROM T WHERE A=1"), IsEmpty());
+}
+
+TEST_F(SqliteConnectionTest, AnOpenedOneAgainKeepsWhatItHas) {
+  connection_.Execute("CREATE TEMP TABLE Propia (A INTEGER)");
+  connection_.Open();
+  EXPECT_THAT(Rows("SELECT A FROM Propia"), IsEmpty());
+}
+
+TEST_F(SqliteConnectionTest, TellsWhyAFileCannotBeOpened) {
+  SqliteConnection missing(folder_ / "falta.sqlite", "");
+  EXPECT_EQ(OpenError(missing), "No se puede abrir la base de datos " + (folder_ / "falta.sqlite") +
+                                    ": el archivo no existe");
+  EXPECT_EQ(folder_.Files(), 1U);
+
+  Write("vacio.sqlite", "");
+  SqliteConnection empty(folder_ / "vacio.sqlite", "");
+  EXPECT_THAT(OpenError(empty), HasSubstr("el archivo está vacío"));
+
+  Write("ajeno.sqlite", std::string(5000, 'x'));
+  SqliteConnection foreign(folder_ / "ajeno.sqlite", "");
+  EXPECT_THAT(OpenError(foreign), HasSubstr("file is not a database"));
+
+  Write("corto.sqlite", "hola");
+  SqliteConnection small(folder_ / "corto.sqlite", "");
+  EXPECT_THAT(OpenError(small), HasSubstr("file is not a database"));
+
+  SqliteConnection folder(folder_ / "", "");
+  EXPECT_THAT(OpenError(folder), HasSubstr("es una carpeta"));
+}
+
+TEST_F(SqliteConnectionTest, AMissingFileThatComesLaterOpens) {
+  SqliteConnection late(folder_ / "tarde.sqlite", "");
+  EXPECT_NE(OpenError(late), "no error");
+  SqliteConnection maker(folder_ / "tarde.sqlite", "", OpenMode::Create);
+  maker.Open();
+  maker.Execute("CREATE TABLE T (A INTEGER)");
+  EXPECT_EQ(OpenError(late), "no error");
+}
+
+TEST_F(SqliteConnectionTest, ReadOnlyReadsOnly) {
+  SqliteConnection reader(path_, "", OpenMode::ReadOnly);
+  reader.Open();
+  EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
+  EXPECT_THAT(RunRows(reader, "INSERT INTO T VALUES (1,'x')"),
+              ElementsAre("error attempt to write a readonly database"));
+}
+
+TEST_F(SqliteConnectionTest, WaitsForAnotherConnectionsWrite) {
+  SqliteConnection other(path_, "");
+  other.Open();
+  other.Execute("BEGIN EXCLUSIVE");
+  other.Execute("INSERT INTO T VALUES (1,'otro')");
+  auto waiting = std::async(std::launch::async, [this] {
+    connection_.Execute("INSERT INTO T VALUES (2,'propio')");
+    return Rows("SELECT A FROM T ORDER BY A");
+  });
+  EXPECT_EQ(waiting.wait_for(150ms), std::future_status::timeout);
+  other.Execute("COMMIT");
+  EXPECT_THAT(waiting.get(), ElementsAre("1", "2"));
+}
+
+TEST_F(SqliteConnectionTest, ManyWritersLoseNothing) {
+  const auto write = [this](int from) {
+    SqliteConnection writer(path_, "");
+    writer.Open();
+    for (auto i = from; i < from + 25; ++i)
+      writer.Execute("INSERT INTO T VALUES (" + std::to_string(i) + ",'x')");
+  };
+  std::vector<std::thread> threads;
+  for (const auto from : {0, 100, 200, 300}) threads.emplace_back(write, from);
+  for (auto& thread : threads) thread.join();
+  EXPECT_THAT(Rows("SELECT COUNT(*) FROM T"), ElementsAre("100"));
+}
+
+TEST_F(SqliteConnectionTest, GivesUpWhenTheWaitIsOver) {
+  SqliteConnection other(path_, "");
+  other.Open();
+  other.Execute("BEGIN EXCLUSIVE");
+  SqliteConnection hasty(path_, "");
+  hasty.BusyWait(30ms);
+  EXPECT_THAT(OpenError(hasty), HasSubstr("database is locked"));
+  other.Execute("COMMIT");
+  hasty.Open();
+  other.Execute("BEGIN EXCLUSIVE");
+  EXPECT_THAT(RunRows(hasty, "INSERT INTO T VALUES (1,'x')"),
+              ElementsAre("error database is locked"));
+  other.Execute("COMMIT");
+  EXPECT_THAT(RunRows(hasty, "INSERT INTO T VALUES (1,'x')"), IsEmpty());
+}
+
+TEST_F(SqliteConnectionTest, LeavesTheJournalModeAndWritesForGood) {
+  {
+    SqliteConnection first(path_, "");
+    first.Open();
+    EXPECT_THAT(RunRows(first, "PRAGMA journal_mode"), ElementsAre("delete"));
+    EXPECT_THAT(RunRows(first, "PRAGMA synchronous"), ElementsAre("2"));
+    EXPECT_THAT(RunRows(first, "PRAGMA journal_mode=WAL"), ElementsAre("wal"));
+  }
+  SqliteConnection second(path_, "");
+  second.Open();
+  EXPECT_THAT(RunRows(second, "PRAGMA journal_mode"), ElementsAre("wal"));
+  EXPECT_THAT(RunRows(second, "PRAGMA synchronous"), ElementsAre("2"));
+}
+
+TEST_F(SqliteConnectionTest, JoinsTextsAndKeepsTheSum) {
+  connection_.Execute("INSERT INTO T VALUES (3,'  Gil')");
+  EXPECT_THAT(Rows("SELECT Ltrim(Rtrim(B + ' ' + 'Paz')) + ', ' + B AS N, A + 4 FROM T WHERE A=3"),
+              ElementsAre("Gil Paz,   Gil|7"));
+}
+
+}  // namespace
+}  // namespace quorvane::test
