@@ -1,0 +1,233 @@
+#include "grades/final/frmNotaMateriaFinal.h"
+
+#include "frame/cConfiguracion.h"
+#include "grades/Alumnos.h"
+#include "grades/MateriasBloqueo.h"
+#include "grades/Navegacion.h"
+#include "grades/Usuario.h"
+#include "grades/final/DialogoFinal.h"
+#include "grades/final/GuardadoFinal.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
+#include "platform/Connection.h"
+#include "platform/FormInstance.h"
+#include "platform/FrontEnd.h"
+#include "platform/MessageBox.h"
+#include "selection/EvaluacionElegida.h"
+#include "selection/PasoDos.h"
+#include "selection/frmNotaMateria1.h"
+
+namespace quorvane {
+namespace {
+
+Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
+
+FrontEnd& Pantalla() { return Application::Instance().Screen(); }
+
+frmNotaMateriaFinal& Formulario() { return FormInstance<frmNotaMateriaFinal>::Get(); }
+
+}  // namespace
+
+PasoDosFinal PasoDosFrmNotaMateriaFinal() {
+  return {{[](const std::string& caption) { Formulario().mstrCaption = caption; },
+           [] { Formulario().ShowModal(); }},
+          [](std::int32_t id) { Formulario().elegida.mlngIdEvaluacionJunio = id; },
+          [](bool segunda) { Formulario().elegida.mblnFinalSeptiembre = segunda; }};
+}
+
+frmNotaMateriaFinal::frmNotaMateriaFinal() : Form("frmNotaMateriaFinal") {
+  DibujarFinal(*this, ControlesDe(*this, cboMaterias), "Materias:", 900);
+  cboMaterias.Click = [this] { cboMaterias_Click(); };
+  cmdAnterior.Click = [this] { cmdAnterior_Click(); };
+  cmdSiguiente.Click = [this] { cmdSiguiente_Click(); };
+  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
+  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
+  rtvNotasAlumno.InicioEdicion = [this] { rtvNotasAlumno_InicioEdicion(); };
+  rtvNotasAlumno.FinEdicion = [this] { rtvNotasAlumno_FinEdicion(); };
+  rtvNotasAlumno.CambioAncho = [this] { rtvNotasAlumno_CambioAncho(); };
+  rtvNotasAlumno.CambioAlto = [this] { rtvNotasAlumno_CambioAlto(); };
+  cboObservacion.Click = [this] { cboObservacion_Click(); };
+  chkPromocion.Click = [this] { chkPromocion_Click(); };
+}
+
+void frmNotaMateriaFinal::Form_Load() {
+  Pantalla().MousePointer(Pointer::Hourglass);
+  colAlumnos.Clear();
+  Icon(cConfiguracion::Instancia().RutaIcono);
+  blnConPublicacion = false;
+  const auto paso = PasoUno();
+  if (Publicacion::YaAbierta(paso.seccion, paso.evaluacion)) {
+    blnConPublicacion = true;
+    return;
+  }
+  blnTutor = EsTutor(paso.seccion);
+  if (!blnTutor) {
+    fraObservacion[0].Visible(false);
+    chkPromocion.Visible(false);
+  }
+  ConfigurarRejillaInicial();
+  AnadirAlumnosFinales(colAlumnos, paso, blnTutor);
+  if (const auto nombre = NombreObservacion(paso.tipo)) ObservacionAlumno = *nombre;
+}
+
+void frmNotaMateriaFinal::Form_Activate() {
+  const auto& configuracion = cConfiguracion::Instancia();
+  blnCargando = true;
+  Pantalla().MousePointer(Pointer::Hourglass);
+  ActivarControles(false);
+  MostrarCarga(false);
+  MostrarAnimacion(fraAniCarga, aniCarga, "Cargando... Espere por favor");
+  Pantalla().DoEvents();
+  LeerCurso();
+  CargarNotas();
+  Pantalla().MousePointer(Pointer::Default);
+  ActivarControles(true);
+  Enabled(true);
+  const auto paso = PasoUno();
+  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 ||
+      (configuracion.intIDPerfil >= 1 && paso.gIDPersonal == 0)) {
+    if (!blnConPublicacion)
+      BeepAndMessage("No existen alumno o materias para poner notas", MessageIcon::Information);
+    cmdCancelar_Click();
+    return;
+  }
+  publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
+  publicacion.InsertarBloqueos(strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
+  // Neither the component nor the answer is used.
+  static_cast<void>(Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId));
+  static_cast<void>(PersonalDelUsuario("CodUsuario"));
+  aniCarga.Stop();
+  MostrarCarga(true);
+  chkPromocion.Visible(bytPromocion == 1);
+  if (configuracion.intIDPerfil != 0 && !blnTutor) {
+    cboObservacion.Enabled(false);
+    chkPromocion.Enabled(false);
+  }
+  fraAniCarga.Visible(false);
+  if (!configuracion.Activa) {
+    cmdAceptar.Enabled(false);
+    cboMaterias.Enabled(true);
+  }
+  Pantalla().MousePointer(Pointer::Default);
+  blnCargando = false;
+  // Whatever the course and the tutor said, the two are never left on the screen.
+  lblNotaManual[1].Caption(ObservacionAlumno + " al alumno ");
+  fraObservacion[0].Visible(false);
+  chkPromocion.Visible(false);
+  Pantalla().MousePointer(Pointer::Default);
+}
+
+void frmNotaMateriaFinal::ActivarControles(bool activar) {
+  cboMaterias.Enabled(activar);
+  cmdAceptar.Enabled(activar);
+  cmdCancelar.Enabled(activar);
+}
+
+void frmNotaMateriaFinal::LeerCurso() {
+  const auto curso = cConfiguracion::Instancia().conLocalCentro->Execute(
+      "SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=" + std::to_string(PasoUno().curso));
+  const auto promocion = curso.Fields("Promocion").Long();
+  if (promocion == 0) chkPromocion.Visible(false);
+  if (promocion == 1 || promocion == 2) {
+    chkPromocion.Caption(promocion == 1 ? "Promoción" : "Promoción al título");
+    bytPromocion = 1;
+  }
+  if (curso.Fields("RE_AC").Flag()) blnMedidas = true;
+}
+
+void frmNotaMateriaFinal::LlenarMaterias() {
+  ListaMaterias = ReunirMaterias(colAlumnos);
+  if (ListaMaterias.empty()) return;
+  cboMaterias.Clear();
+  std::int32_t numero = 0;
+  for (const auto& materia : ListaMaterias)
+    cboMaterias.AddItem((materia.CodAsociada != 0 ? "     " : "") + materia.Nombre, ++numero);
+  cboMaterias.ListIndex(0);
+}
+
+void frmNotaMateriaFinal::CargarNotas() {
+  strMateriasBloqueo = ListaMateriasBloqueo();
+  for (const auto& alumno : colAlumnos.Snapshot()) {
+    auto filas = PendientesVisibles(alumno->IDAlumno, PasoUno(), blnTutor);
+    if (!filas) continue;
+    const auto mantener = RecorrerPendientes(
+        *filas, elegida,
+        [&](const Recordset& fila, std::int32_t clase) { CargarMateria(*alumno, fila, clase); });
+    if (alumno->colMateria.Count() == 0 || (elegida.mblnFinalSeptiembre && !mantener))
+      colAlumnos.Remove(Key(alumno->IDAlumno));
+  }
+  LlenarMaterias();
+  CerrarLista(strMateriasBloqueo);
+}
+
+void frmNotaMateriaFinal::CargarMateria(cAlumno& alumno, const Recordset& fila,
+                                        std::int32_t clase) {
+  const auto codMatDet = fila.Fields("codmatdet").Long();
+  AnotarMateria(strMateriasBloqueo, codMatDet);
+  const auto materia = NuevaMateriaFinal(fila, codMatDet);
+  const auto evaluacion = PasoUno().evaluacion;
+  if (clase == kClaseOrdinaria) {
+    LeerNotasFinales(*materia, evaluacion);
+    materia->Fct = false;
+    TomarDetalles(*materia, LeerDetalles(codMatDet));
+  } else {
+    materia->Fct = true;
+    // A pending row has neither of the two columns: no subject of these kinds can be loaded here.
+    TomarDetalles(*materia, LeerDetalles(fila.Fields("CodMateriaDetalles").Long()));
+    LeerNotasFct(*materia, "EvaluacionActa", "CodAlumno_MateriaDetalles", evaluacion,
+                 fila.Fields("IDAlumno_MateriaDetalles").Long());
+  }
+  alumno.colMateria.Add(materia, Key(materia->IDMatDetalle));
+}
+
+void frmNotaMateriaFinal::cmdAceptar_Click() {
+  MostrarCarga(false);
+  Enabled(false);
+  MostrarAnimacion(fraAniCarga, aniCarga, "Grabando... Espere por favor");
+  Pantalla().DoEvents();
+  Pantalla().MousePointer(Pointer::Hourglass);
+  for (const auto& alumno : colAlumnos) {
+    // Looked at, and dropped.
+    if (cboObservacion.Visible()) static_cast<void>(cboObservacion.ListIndex());
+    for (const auto& materia : alumno->colMateria)
+      GuardarMateriaFinal(*materia, PasoUno().evaluacion);
+  }
+  Pantalla().MousePointer(Pointer::Default);
+  cmdCancelar_Click();
+}
+
+void frmNotaMateriaFinal::cmdCancelar_Click() {
+  colAlumnos.Clear();
+  Unload();
+  FormInstance<frmNotaMateria1>::Get().ShowModal();
+}
+
+void frmNotaMateriaFinal::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }
+
+void frmNotaMateriaFinal::cmdSiguiente_Click() { SeleccionarSiguiente(cboMaterias); }
+
+void frmNotaMateriaFinal::Form_Resize() {
+  if (!carga.blnOcultando) AjustarFinal(*this, ControlesDe(*this, cboMaterias));
+}
+
+void frmNotaMateriaFinal::Form_KeyDown(int& keyCode) {
+  PulsarConFlechas(keyCode, cmdAnterior, cmdSiguiente);
+}
+
+void frmNotaMateriaFinal::Form_Unload() {
+  const auto paso = PasoUno();
+  publicacion.Devolver(paso.seccion, paso.evaluacion);
+  blnEdicionActiva = false;
+  Hide();
+  Pantalla().DoEvents();
+  FormInstance<frmNotaMateriaFinal>::Drop();
+}
+
+void frmNotaMateriaFinal::MostrarCarga(bool mostrar) {
+  if (mostrar)
+    carga.Restaurar(*this, {});
+  else
+    carga.Encoger(*this, fraAniCarga);
+}
+
+}  // namespace quorvane

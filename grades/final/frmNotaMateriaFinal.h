@@ -1,0 +1,104 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "grades/Anchos.h"
+#include "grades/Carga.h"
+#include "grades/Escala.h"
+#include "grades/Publicacion.h"
+#include "grades/final/CargaFinal.h"
+#include "grades/subject/MateriasDeCombo.h"
+#include "platform/Animation.h"
+#include "platform/CheckBox.h"
+#include "platform/ComboBox.h"
+#include "platform/CommandButton.h"
+#include "platform/Form.h"
+#include "platform/Frame.h"
+#include "platform/Label.h"
+#include "platform/Recordset.h"
+#include "platform/Retivo.h"
+#include "register/cAlumno.h"
+
+namespace quorvane {
+
+/// Step two of grade entry by subject, for final evaluations: walks the subjects of the section
+/// that `frmNotaMateria1` has fixed, shows the students who have each, and saves the grades of all
+/// at once. In the second final evaluation what the first passed isn't offered again.
+///
+/// Neither the observation nor the check box is ever left on the screen, whatever the course says.
+/// A student has neither `Promocion` nor `Observacion`: the handlers of the two controls are error
+/// 438 when they run.
+class frmNotaMateriaFinal : public Form {
+ public:
+  frmNotaMateriaFinal();
+
+  std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)")};
+  std::array<Label, 2> lblNotaManual{Label(*this, "lblNotaManual(0)"),
+                                     Label(*this, "lblNotaManual(1)", &fraObservacion[0])};
+  ComboBox cboMaterias{*this, "cboMaterias"};
+  CommandButton cmdAnterior{*this, "cmdAnterior"};
+  CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  Frame fraNota{*this, "fraNota"};
+  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota};
+  ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
+  CheckBox chkPromocion{*this, "chkPromocion"};
+  CommandButton cmdAceptar{*this, "cmdAceptar"};
+  CommandButton cmdCancelar{*this, "cmdCancelar"};
+  Frame fraAniCarga{*this, "fraAniCarga"};
+  Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+
+  std::string mstrCaption;         ///< written by step one; not shown
+  FinalElegida elegida;            ///< written by step one
+  Publicacion publicacion;         ///< with `IDPublicacion`
+  std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
+  bool blnConPublicacion = false;  ///< `Form_Load` found a publication, and has said so
+  bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
+  bool blnCargando = false;        ///< the first pass of `Form_Activate` runs
+  bool blnEdicionActiva = false;   ///< the grid may answer edit events
+  bool blnMedidas = false;         ///< shows the measures: the course has them
+  std::uint8_t bytPromocion = 0;   ///< 1 shows `chkPromocion`, until the end of the load
+  std::string ObservacionAlumno;   ///< the name of the tutor's kind of grade
+  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
+  std::vector<MateriaDeCombo> ListaMaterias;  ///< counted from 1 by the data of `cboMaterias`
+  Titulos strColumna;
+  Anchos intAnchosAlumno;
+  Carga carga;  ///< with `blnOcultando`
+
+  void cboMaterias_Click();
+  void cmdAnterior_Click();
+  void cmdSiguiente_Click();
+  void cmdAceptar_Click();
+  void cmdCancelar_Click();
+  void rtvNotasAlumno_InicioEdicion();
+  void rtvNotasAlumno_FinEdicion();
+  void rtvNotasAlumno_CambioAncho();
+  void rtvNotasAlumno_CambioAlto();
+  void cboObservacion_Click();
+  void chkPromocion_Click();
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
+
+  /// False shrinks the form to the animation, True gives it back its measures and controls.
+  void MostrarCarga(bool mostrar);
+  void CargarNotas();
+  void ConfigurarRejillaInicial();
+  void ConfigurarColumnas();
+  void RestaurarAnchosAlumno();
+
+ private:
+  /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
+  [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
+  void LeerCurso();
+  void ActivarControles(bool activar);
+  void LlenarMaterias();
+  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
+};
+
+}  // namespace quorvane
