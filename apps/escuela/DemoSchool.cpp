@@ -32,7 +32,7 @@ constexpr std::size_t kPhilosophy = 3;  // in the first course of baccalaureate
 
 constexpr int kNoGrade = -1;
 constexpr int kTeacherOfOne = 4;
-constexpr int kUserOfDeadForm = 8;
+constexpr int kUserOfDeadForm = 2;
 
 const TaughtRecord& OfKind(const SectionRecord& section, SubjectKind kind) {
   return *std::find_if(section.taught.begin(), section.taught.end(),
@@ -50,7 +50,8 @@ int StaffOf(const CentreRecord& centre, int user) {
 const std::vector<DemoUser>& DemoSchool::Users() {
   static const std::vector<DemoUser> users{
       {1, 0, true, 0, "direccion", -1, "", "", "todo, también fuera de plazo (administrador)"},
-      {2, 0, false, 0, "jefatura", -1, "", "", "todo, dentro de los plazos"},
+      {2, 0, false, 0, "jefatura", -1, "", "",
+       "todo, dentro de los plazos; dejó un bloqueo en la 2ª evaluación"},
       {3, 0, false, 1, "tutora3a", 4, "Carmen", "Navarro", "tutora de 3º ESO A"},
       {4, 0, false, 1, "profesor", 13, "Javier", "Ortega",
        "una sola materia pendiente: Matemáticas de 2º ESO A"},
@@ -59,8 +60,7 @@ const std::vector<DemoUser>& DemoSchool::Users() {
       {6, 0, false, 2, "secretaria", -1, "", "", "no es personal docente: ningún curso"},
       {7, 0, false, 1, "sustituto", 14, "Óscar", "Ibáñez",
        "docente sin tutoría ni materia pendiente"},
-      {8, 0, false, 1, "lucia", 3, "Lucía", "Vidal",
-       "tutora de 2º ESO B; dejó un bloqueo en la 2ª evaluación"},
+      {8, 0, false, 1, "lucia", 3, "Lucía", "Vidal", "tutora de 2º ESO B"},
   };
   return users;
 }
@@ -130,13 +130,16 @@ void DemoSchool::AddCases(PendingBuilder& pending, const CentreRecord& centre) c
 }
 
 void DemoSchool::AddDeadForm(RowWriter& rows, const CentreRecord& centre) const {
-  const auto teacher = StaffOf(centre, kUserOfDeadForm);
+  // An unrestricted user locks as nobody's teacher, so that the lock closes the register of the
+  // one section whose students owe these subjects, and no other.
+  constexpr auto kNoTeacher = 0;
   constexpr auto kPublication = 1;
   // The 4 is what the module writes there, whichever the section.
-  rows.Insert("PublicacionPte", {kPublication, teacher, kUserOfDeadForm, 4, evaluation::kSecond});
+  rows.Insert("PublicacionPte",
+              {kPublication, kNoTeacher, kUserOfDeadForm, 4, evaluation::kSecond});
   for (const auto subject : {kLanguage, kEnglish})
     rows.Insert("BloqueoPte",
-                {teacher, evaluation::kSecond, centre.sections[k1B].taught[subject].id,
+                {kNoTeacher, evaluation::kSecond, centre.sections[k1B].taught[subject].id,
                  kUserOfDeadForm, kPublication});
 }
 
