@@ -1,0 +1,221 @@
+#include "platform/CommandButton.h"
+#include "platform/Form.h"
+#include "platform/FormInstance.h"
+#include "platform/Frame.h"
+#include "platform/MessageBox.h"
+#include "tests/platform/FailsWith.h"
+#include "tests/platform/ScriptedFrontEnd.h"
+
+namespace quorvane::test {
+namespace {
+
+std::vector<std::string>* events = nullptr;
+
+/// Notes its events, and drops its instance when it is unloaded.
+class frmVida : public Form {
+ public:
+  frmVida() : Form("frmVida") { Width(1000); }
+  ~frmVida() override { events->emplace_back("fin"); }
+  frmVida(const frmVida&) = delete;
+  frmVida& operator=(const frmVida&) = delete;
+  frmVida(frmVida&&) = delete;
+  frmVida& operator=(frmVida&&) = delete;
+
+  static inline std::function<void()> alCargar;
+  static inline std::function<void()> alActivar;
+
+  CommandButton cmdUno{*this, "cmdUno"};
+  Frame fraUno{*this, "fraUno(0)"};
+  CommandButton cmdDos{*this, "cmdDos", &fraUno};
+
+  void Form_Load() override {
+    events->emplace_back("Load");
+    if (alCargar) alCargar();
+  }
+  void Form_Activate() override {
+    events->emplace_back("Activate");
+    if (alActivar) alActivar();
+  }
+  void Form_Resize() override { events->push_back("Resize " + std::to_string(Width())); }
+  void Form_KeyDown(int& keyCode) override {
+    if (keyCode == 40) keyCode = 0;
+  }
+  void Form_Unload() override {
+    events->emplace_back("Unload");
+    FormInstance<frmVida>::Drop();
+    events->emplace_back("tras soltar");
+  }
+};
+
+using Told = std::vector<std::string>;
+
+class AForm : public testing::Test {
+ protected:
+  AForm() {
+    events = &screen.told;
+    frmVida::alCargar = nullptr;
+    frmVida::alActivar = nullptr;
+  }
+  ~AForm() override { FormInstances::DropAll(); }
+  static frmVida& Get() { return FormInstance<frmVida>::Get(); }
+
+  ScriptedFrontEnd screen;
+};
+
+TEST_F(AForm, LivesFromLoadToUnload) {
+  Get().ShowModal();
+  EXPECT_EQ(screen.told,
+            (Told{"carga frmVida", "Load", "muestra frmVida", "Resize 1000", "Activate",
+                  "descarga frmVida", "Unload", "tras soltar", "acaba frmVida", "fin"}));
+  EXPECT_FALSE(FormInstance<frmVida>::Exists());
+}
+
+TEST_F(AForm, CanBeDroppedFromInsideOneOfItsHandlers) {
+  Get().cmdUno.Click = [] {
+    Get().Unload();
+    EXPECT_FALSE(FormInstance<frmVida>::Exists());
+    events->emplace_back("tras el botón");
+  };
+  screen.user = [](Form& form) { dynamic_cast<frmVida&>(form).cmdUno.Press(); };
+  Get().ShowModal();
+  EXPECT_EQ((Told{screen.told.end() - 3, screen.told.end()}),
+            (Told{"tras el botón", "acaba frmVida", "fin"}));
+}
+
+TEST_F(AForm, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
+  screen.user = [](Form& form) { form.Hide(); };
+  Get().ShowModal();
+  EXPECT_TRUE(Get().Loaded());
+  EXPECT_FALSE(Get().Visible());
+  screen.told.clear();
+  Get().ShowModal();
+  EXPECT_EQ(screen.told, (Told{"muestra frmVida", "Resize 1000", "Activate", "oculta frmVida",
+                               "acaba frmVida"}));
+}
+
+TEST_F(AForm, MayGoWhileItIsActivated) {
+  frmVida::alActivar = [] { Get().Unload(); };
+  screen.user = [](Form&) { FAIL() << "there is no form to act on"; };
+  Get().ShowModal();
+  EXPECT_EQ(screen.told.back(), "fin");
+}
+
+TEST_F(AForm, ShowsNestAlsoOfOneForm) {
+  int depth = 0;
+  screen.user = [&depth](Form& form) {
+    if (++depth < 3) {
+      form.Hide();
+      Get().ShowModal();
+    } else {
+      form.CloseByUser();
+    }
+    EXPECT_FALSE(form.Visible());
+  };
+  Get().ShowModal();
+  EXPECT_EQ(depth, 3);
+  EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "Load"), 1);
+  EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "fin"), 1);
+}
+
+TEST_F(AForm, AFailureInLoadComesOutOfTheShow) {
+  frmVida::alCargar = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
+  EXPECT_EQ(ErrorOf([] { Get().ShowModal(); }), 3021);
+  EXPECT_EQ(screen.told, (Told{"carga frmVida", "Load"}));
+}
+
+TEST_F(AForm, AFailureInAHandlerComesOutOfAllShows) {
+  Get().cmdUno.Click = [] { throw RuntimeError(ErrorNumber::Overflow); };
+  int depth = 0;
+  screen.user = [&depth](Form& form) {
+    if (++depth < 3) Get().ShowModal();
+    dynamic_cast<frmVida&>(form).cmdUno.Press();
+  };
+  EXPECT_EQ(ErrorOf([] { Get().ShowModal(); }), 6);
+  EXPECT_EQ(depth, 3);
+}
+
+TEST_F(AForm, DroppingAllRunsNoUnload) {
+  screen.user = [](Form& form) { form.Hide(); };
+  Get().ShowModal();
+  screen.told.clear();
+  FormInstances::DropAll();
+  EXPECT_EQ(screen.told, Told{"fin"});
+  EXPECT_FALSE(FormInstance<frmVida>::Exists());
+  FormInstances::DropAll();
+  EXPECT_FALSE(Get().Loaded()) << "a fresh one";
+}
+
+TEST_F(AForm, UnloadingAFormThatIsntLoadedDoesNothing) {
+  Get().Unload();
+  EXPECT_TRUE(screen.told.empty());
+  EXPECT_TRUE(FormInstance<frmVida>::Exists());
+  Get().Hide();
+  EXPECT_TRUE(screen.told.empty());
+}
+
+TEST_F(AForm, IsResizedByCodeAndUserOnlyWhileVisible) {
+  Get().Width(2000);
+  EXPECT_TRUE(screen.told.empty());
+  screen.user = [](Form& form) {
+    events->clear();
+    form.Height(500);
+    form.Height(500);
+    form.ResizeByUser(3000, 600);
+    form.ResizeByUser(3000, 600);
+    EXPECT_EQ(ErrorOf([&form] { form.Width(-1); }), 380);
+    form.Hide();
+  };
+  Get().ShowModal();
+  EXPECT_EQ(screen.told, (Told{"Resize 2000", "Resize 3000", "oculta frmVida", "acaba frmVida"}));
+}
+
+TEST_F(AForm, HasRoomInsideItsBorders) {
+  Get().Width(1000);
+  Get().Height(1000);
+  EXPECT_EQ(Get().ScaleWidth(), 1000 - Form::kBorderWidth);
+  EXPECT_EQ(Get().ScaleHeight(), 1000 - Form::kBorderHeight);
+  Get().Width(0);
+  Get().Height(0);
+  EXPECT_EQ(Get().ScaleWidth(), 0);
+  EXPECT_EQ(Get().ScaleHeight(), 0);
+}
+
+TEST_F(AForm, MayTakeAKey) {
+  EXPECT_EQ(Get().KeyDown(40), 0);
+  EXPECT_EQ(Get().KeyDown(13), 13);
+}
+
+TEST_F(AForm, FindsItsControlsWithoutRegardToCase) {
+  EXPECT_EQ(Get().Find("CMDUNO"), &Get().cmdUno);
+  EXPECT_EQ(Get().Find("fraUno(0)"), &Get().fraUno);
+  EXPECT_EQ(Get().Find("fraUno"), nullptr);
+  EXPECT_EQ(Get().Controls(), (std::vector<Control*>{&Get().cmdUno, &Get().fraUno, &Get().cmdDos}));
+}
+
+TEST_F(AForm, SpeaksToTheScreen) {
+  BeepAndMessage("No", MessageIcon::Exclamation);
+  MessageBox("Sí", MessageIcon::Information);
+  Get().Refresh();
+  EXPECT_EQ(screen.told, (Told{"pitido", "mensaje 0 Zendria Escuela: No",
+                               "mensaje 1 Zendria Escuela: Sí", "pinta"}));
+  EXPECT_EQ(Get().TextWidth("abc"), 3);
+}
+
+TEST(TheApplication, WithoutAScreenIsAnObjectNotSet) {
+  EXPECT_EQ(ErrorOf([] { static_cast<void>(Application::Instance().Screen()); }), 91);
+  EXPECT_EQ(ErrorOf([] { MessageBox("x", MessageIcon::Critical); }), 91);
+}
+
+TEST(TheApplication, HasTheVersionThatWasBuilt) {
+  const auto version = Application::BuiltVersion();
+  EXPECT_EQ(version.major, 6);
+  EXPECT_EQ(version.minor, 0);
+  EXPECT_EQ(version.revision, 9);
+  EXPECT_EQ(Application::Instance().Version().revision, 9);
+  Application::Instance().Version({6, 0, 3});
+  EXPECT_EQ(Application::Instance().Version().revision, 3);
+  Application::Instance().Version(version);
+}
+
+}  // namespace
+}  // namespace quorvane::test
