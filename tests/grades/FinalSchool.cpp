@@ -1,0 +1,63 @@
+#include "tests/grades/FinalSchool.h"
+
+namespace quorvane::test {
+
+FinalSchool::FinalSchool() {
+  for (const auto student : {1, 2, 3, 4}) Registra(321, student);
+  static_cast<void>(Pendiente(1, 3111, 1));
+  static_cast<void>(Pendiente(1, 3112, 2));
+  static_cast<void>(Pendiente(2, 3111, 1));
+  static_cast<void>(Pendiente(3, 3113, 1));
+  static_cast<void>(Pendiente(4, 3111, 1));
+  for (const auto evaluacion : {4, 5})
+    for (const auto pending : {1, 2, 3, 4, 5}) Evalua(pending, evaluacion);
+  Profesor(2, 3112);
+  Profesor(2, 3113);
+  Sql("UPDATE TipoNota SET Observacion=0 WHERE IDTipoNota=12;"
+      "UPDATE TipoNota SET Abreviatura=0 WHERE IDTipoNota IN (31,41);"
+      "UPDATE TipoNota SET Abreviatura=-1, Observacion=0 WHERE IDTipoNota=51;");
+}
+
+void FinalSchool::FlagsOfSqlServer() const {
+  Sql("UPDATE TipoNota SET Abreviatura=-Abreviatura, Materia=-Materia, Observacion=-Observacion, "
+      "Evaluacion=-Evaluacion; UPDATE NumEvaluacion SET Final=-Final;"
+      "UPDATE Nota SET Aprobado=-Aprobado; UPDATE Usuario SET AdminSistema=-AdminSistema;");
+}
+
+std::string FinalSchool::Stored(int pendiente, int evaluacion) const {
+  return Rows(
+             "SELECT CodNota, CodNotaObservacion, RE_AC_DIV, Evaluado, UltimaEvaluada FROM "
+             "EvaluacionActaPte WHERE CodAlumnoPte_MatDet=" +
+             std::to_string(pendiente) + " AND CodNumEvaluacion=" + std::to_string(evaluacion))
+      .at(0);
+}
+
+void FinalSchool::DropPublications() const {
+  Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
+}
+
+Role OnEngine(Role role, bool sqlServer) {
+  role.sqlServer = sqlServer;
+  return role;
+}
+
+ScriptOptions SessionOf(const Role& role) {
+  ScriptOptions options;
+  options.usuario = role.user;
+  options.perfil = role.unrestricted ? 0 : 3;
+  options.sqlServer = role.sqlServer;
+  return options;
+}
+
+std::string OpenFinal(int evaluacion) {
+  return "nodo 124\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
+         std::to_string(evaluacion) + "\npulsar cmdNotaManual1(0)\n";
+}
+
+std::string OpenSectionFinal(int evaluacion, int matDet) {
+  return "nodo 127\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
+         std::to_string(evaluacion) + "\nelegir cboMateria =" + std::to_string(matDet) +
+         "\npulsar cmdNotaManual1(0)\n";
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "tests/grades/Statements.h"
+#include "tests/support/ScriptRun.h"
+#include "tests/support/SmallSchool.h"
+
+namespace quorvane::test {
+
+/// A small school whose section 321 has pending subjects in the final evaluations 4 and 5.
+///
+/// Students 3, 1, 2 stand on the register in this order of the list; 4, who has left, too. Pending
+/// subjects, with their order: student 1 owes 3111 (pending 1, order 1) and 3112 (pending 2, order
+/// 2), student 2 owes 3111 (pending 3), student 3 owes 3113 (pending 4), student 4 owes 3111
+/// (pending 5). All have a row, without a grade, in evaluations 4 and 5. Person 2 (user 3) teaches
+/// 3112 and 3113; person 1 (user 2) is the section's tutor; user 4 is no member of staff. Lengua
+/// (3111) was taught by person 2.
+///
+/// Columns 1 "Nota" and 5 "Observación"; the kind of grade 51 is an abbreviation here, so that it
+/// is found as the tutor's observation.
+class FinalSchool : public SmallSchool {
+ public:
+  FinalSchool();
+
+  /// The flags as the other engine stores them: True is 1.
+  void FlagsOfSqlServer() const;
+  /// "CodNota|CodNotaObservacion|RE_AC_DIV|Evaluado|UltimaEvaluada" of a pending subject.
+  [[nodiscard]] std::string Stored(int pendiente, int evaluacion) const;
+  /// Takes back what a form that was left open holds.
+  void DropPublications() const;
+};
+
+/// Who opens the forms, as `Statements.h` knows them and as a session.
+inline const Role kUnrestricted{1, 0, 0, true, true, false};
+inline const Role kTutor{2, 1, 1, false, true, false};
+inline const Role kTeacher{3, 2, 2, false, false, false};
+inline const Role kNoStaff{4, 0, 0, false, false, false};
+Role OnEngine(Role role, bool sqlServer);
+ScriptOptions SessionOf(const Role& role);
+
+/// By student: opens step one, chooses section 321 and that evaluation and goes on.
+std::string OpenFinal(int evaluacion = 4);
+/// By section and subject: the same with a subject.
+std::string OpenSectionFinal(int evaluacion = 4, int matDet = 3111);
+
+}  // namespace quorvane::test

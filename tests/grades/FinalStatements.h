@@ -1,0 +1,52 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "tests/grades/Statements.h"
+
+namespace quorvane::test {
+
+// The statements of the final grade forms as they have to reach the database, to the letter and
+// the blank. Those that they share with the ordinary forms are in `Statements.h`.
+
+/// A subject as the load of a final evaluation reads it.
+struct FinalSubject {
+  int pending;
+  int matDet;
+  int materia;
+  int nota = 0;
+};
+
+/// What step one asks more for the second final evaluation.
+Lines FirstFinal(const Role& role);
+/// `Form_Load` of step two by student.
+Lines FinalFormLoad(const Role& role, int evaluacion);
+/// The rows of a student: all, those of that subject when `matDet` isn't 0, or a teacher's.
+std::string FinalRows(const Role& role, int evaluacion, int student, int matDet = 0);
+std::string KindOf(int matDet);
+/// Whether the first final evaluation passed it.
+std::string PassedFirst(int pending);
+/// The grades, teachers and names of a subject of the ordinary kind, behind its kind.
+Lines FinalGrades(int evaluacion, const FinalSubject& subject);
+/// The load of a student with the subjects that he turns out to have.
+Lines FinalLoad(const Role& role, int evaluacion, int student,
+                const std::vector<FinalSubject>& subjects, int matDet = 0);
+/// The grid of a student with these grades, three a subject; `first` while the form loads.
+Lines FinalGrid(const Role& role, bool first, std::initializer_list<long> grades);
+/// The list of the tutor's observation, as it is rebuilt for each student.
+Lines FinalObservation(const Role& role, int evaluacion);
+/// Publication and locks.
+Lines FinalLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
+/// The list of a cell, for a subject of that kind. `codMateria` is what the form compares with.
+std::string FinalCellList(const Role& role, int evaluacion, int codMateria, int teacher, int column,
+                          int kind = 1);
+/// A subject that is saved with a grade while no later evaluation holds the mark.
+Lines SaveFinalGraded(const Role& role, int evaluacion, int pending, int nota, int observacion = 0,
+                      int medida = 0);
+/// One without a grade, while neither a later evaluation holds the mark nor an earlier one a grade.
+Lines SaveFinalUngraded(const Role& role, int evaluacion, int pending, int observacion = 0,
+                        int medida = 0);
+
+}  // namespace quorvane::test
