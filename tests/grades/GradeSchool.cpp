@@ -1,0 +1,57 @@
+#include "tests/grades/GradeSchool.h"
+
+namespace quorvane::test {
+namespace {
+
+ScriptOptions Session(int user, int profile) {
+  ScriptOptions options;
+  options.usuario = user;
+  options.perfil = profile;
+  return options;
+}
+
+}  // namespace
+
+GradeSchool::GradeSchool() {
+  for (const auto student : {1, 2, 3, 4}) Registra(321, student);
+  static_cast<void>(Pendiente(1, 3112, 2));
+  static_cast<void>(Pendiente(1, 3111, 1));
+  static_cast<void>(Pendiente(2, 3111, 1));
+  static_cast<void>(Pendiente(3, 3113, 1));
+  static_cast<void>(Pendiente(4, 3111, 1));
+  for (const auto pending : {1, 2, 3, 4, 5}) Evalua(pending, 1);
+  for (const auto pending : {1, 2, 3}) Evalua(pending, 2);
+  Profesor(2, 3112);
+  Profesor(2, 3113);
+  Sql("UPDATE TipoNota SET Observacion=0 WHERE IDTipoNota=12;"
+      "UPDATE TipoNota SET Abreviatura=0, Materia=0, Evaluacion=0 WHERE IDTipoNota IN (31,41);"
+      "UPDATE TipoNota SET Orden=2 WHERE IDTipoNota=41;"
+      "UPDATE TipoNota SET Materia=0, Observacion=0 WHERE IDTipoNota=51;");
+}
+
+void GradeSchool::FlagsOfSqlServer() const {
+  Sql("UPDATE TipoNota SET Abreviatura=-Abreviatura, Materia=-Materia, Observacion=-Observacion, "
+      "Evaluacion=-Evaluacion; UPDATE NumEvaluacion SET Final=-Final;"
+      "UPDATE Nota SET Aprobado=-Aprobado; UPDATE Usuario SET AdminSistema=-AdminSistema;");
+}
+
+std::string GradeSchool::Stored(int pendiente, int evaluacion) const {
+  return Rows(
+             "SELECT CodNota, CodNotaConcepto, CodNotaProcedimiento, CodNotaActitud, "
+             "CodNotaObservacion, Evaluado, UltimaEvaluada FROM EvaluacionPte WHERE "
+             "CodAlumnoPte_MatDet=" +
+             std::to_string(pendiente) + " AND CodNumEvaluacion=" + std::to_string(evaluacion))
+      .at(0);
+}
+
+ScriptOptions Unrestricted() { return Session(1, 0); }
+ScriptOptions Tutor() { return Session(2, 3); }
+ScriptOptions Teacher() { return Session(3, 3); }
+ScriptOptions NoStaff() { return Session(4, 3); }
+
+std::string Open(int evaluacion) {
+  return "nodo 124\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
+         std::to_string(evaluacion) + "\npulsar cmdNotaManual1(0)\n";
+}
+
+}  // namespace quorvane::test
