@@ -8,7 +8,14 @@ namespace quorvane {
 namespace {
 
 constexpr std::size_t kOtherStaff = 8;
-constexpr std::string_view kSectionLetters = "ABCDEFGH";
+
+// A to Z, then A2 to Z2 and so on.
+std::string SectionLetter(std::size_t number) {
+  constexpr std::size_t kLetters = 26;
+  std::string name(1, static_cast<char>('A' + number % kLetters));
+  if (number >= kLetters) name += std::to_string(number / kLetters + 1);
+  return name;
+}
 
 }  // namespace
 
@@ -72,8 +79,8 @@ void CentreBuilder::AddTeaching(const CentreOptions& options, std::size_t plan,
       const auto tutor = centre.staff[centre.sections.size()];
       section.id = keys_.section++;
       rows_.Insert("Seccion",
-                   {section.id, std::string(coursePlan.name) + " " + kSectionLetters[number],
-                    course, tutor, marking.model, teachingPlan.recoveries, false});
+                   {section.id, std::string(coursePlan.name) + " " + SectionLetter(number), course,
+                    tutor, marking.model, teachingPlan.recoveries, false});
       AddSection(options, std::move(section), number, subjects, centre);
     }
   }

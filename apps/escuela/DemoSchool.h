@@ -41,9 +41,9 @@ struct DemoUser {
 /// tutor of 2º ESO B; a form of hers died in the second evaluation |
 ///
 /// Windows of every section: the first evaluation is over, the second open, the third without one;
-/// the first final is open, the second without one. The publication that the form of user 8 left
-/// hides two subjects of 1º ESO B in the second evaluation from everybody, and keeps her from
-/// section 4 in that evaluation.
+/// the first final is open, the second without one. The lock that a form of user 2 left hides two
+/// subjects of 1º ESO B in the second evaluation from everybody, and keeps him from section 4 in
+/// that evaluation.
 class DemoSchool {
  public:
   /// `connection` is open on an empty school of the file database; it is only used by `Build`.

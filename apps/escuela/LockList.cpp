@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/AsciiCase.h"
+
 namespace quorvane {
 namespace {
 
@@ -20,9 +22,18 @@ std::string Trim(const std::string& text) {
 std::string LockList::OwnerName(int user) const {
   const auto staff = connection_.Execute(
       "SELECT Nombre, Apellido1, Apellido2 FROM Personal WHERE CodUsuario=" + std::to_string(user));
-  if (staff.Eof()) return {};
+  if (staff.Eof()) return AccountName(user);
   return Trim(staff.Fields("Nombre").Text() + " " + staff.Fields("Apellido1").Text() + " " +
               staff.Fields("Apellido2").Text());
+}
+
+std::string LockList::AccountName(int user) const {
+  const auto account =
+      connection_.Execute("SELECT * FROM Usuario WHERE IDUsuario=" + std::to_string(user));
+  // The column is the host's: a school from elsewhere may not have it.
+  const auto named = std::any_of(account.Names().begin(), account.Names().end(),
+                                 [](const auto& name) { return EqualNoCase(name, "Nombre"); });
+  return named && !account.Eof() ? account.Fields("Nombre").Text() : std::string();
 }
 
 std::string LockList::EvaluationName(int evaluation) const {

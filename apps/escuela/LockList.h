@@ -13,10 +13,10 @@ class LockList {
  public:
   struct Publication {
     int id = 0;
-    int owner = 0;                      ///< the user
-    std::string ownerName;              ///< of the user's row in the staff; empty for none
-    std::string evaluation;             ///< its name, or its number when it has no row
-    bool exists = true;                 ///< false for locks that no publication owns any more
+    int owner = 0;           ///< the user
+    std::string ownerName;   ///< of the member of staff, else of the account; empty for none
+    std::string evaluation;  ///< its name, or its number when it has no row
+    bool exists = true;      ///< false for locks that no publication owns any more
     std::vector<std::string> subjects;  ///< "Matemáticas (2º ESO A)", one a lock
   };
 
@@ -32,6 +32,7 @@ class LockList {
 
  private:
   [[nodiscard]] std::string OwnerName(int user) const;
+  [[nodiscard]] std::string AccountName(int user) const;
   [[nodiscard]] std::string EvaluationName(int evaluation) const;
   void AddLock(std::vector<Publication>& publications, const Recordset& lock) const;
 

@@ -26,6 +26,7 @@ TEST(SchoolSchema, TheDescriptionIsWhatTheFileDatabaseHas) {
   const TempFolder folder;
   sqlite::SqliteConnection school(folder / "a.sqlite", "", sqlite::OpenMode::Create);
   school.Open();
+  school.Execute("BEGIN");
   for (const auto& statement : SchemaStatements(SqliteSchema())) school.Execute(statement);
   EXPECT_EQ(SchoolTables().size(), 29U);
   for (const auto& table : SchoolTables())

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/SchoolFile.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+
+/// A school in a file of its own with what `fill` writes, open, that goes with the object.
+class OpenSchool {
+ public:
+  explicit OpenSchool(const std::function<void(Connection& school)>& fill) {
+    MakeSchoolFile(path_, fill);
+    connection_.Open();
+    // A test's school need not survive the machine.
+    connection_.Execute("PRAGMA synchronous=OFF");
+  }
+
+  [[nodiscard]] Connection& Db() noexcept { return connection_; }
+  [[nodiscard]] const std::string& Path() const noexcept { return path_; }
+
+  /// The first column of the first row.
+  [[nodiscard]] int Number(const std::string& select) {
+    return connection_.Execute(select).Fields(0).Long();
+  }
+
+  [[nodiscard]] std::vector<std::string> FirstColumn(const std::string& select) {
+    std::vector<std::string> texts;
+    for (auto rows = connection_.Execute(select); !rows.Eof(); rows.MoveNext())
+      texts.push_back(rows.Fields(0).Text());
+    return texts;
+  }
+
+ private:
+  TempFolder folder_;
+  std::string path_ = folder_ / "escuela.sqlite";
+  sqlite::SqliteConnection connection_{path_, ""};
+};
+
+}  // namespace quorvane::test
