@@ -1,0 +1,89 @@
+#include "frame/cAsignarDatos.h"
+#include "frame/cConfiguracion.h"
+#include "platform/FormInstance.h"
+#include "register/frmPendientes.h"
+#include "tests/frame/TableConnection.h"
+#include "tests/platform/FailsWith.h"
+#include "tests/platform/ScriptedFrontEnd.h"
+
+namespace quorvane::test {
+namespace {
+
+class TheNodes : public testing::Test {
+ protected:
+  TheNodes() { cConfiguracion::Instancia().conLocalCentro = &empty; }
+  ~TheNodes() override {
+    FormInstances::DropAll();
+    cConfiguracion::Instancia() = cConfiguracion();
+  }
+
+  TableConnection empty;
+};
+
+/// Stops each form before it loads.
+class StoppingFrontEnd : public ScriptedFrontEnd {
+ public:
+  void Loading(Form& form) override {
+    opened = form.Name();
+    throw RuntimeError(ErrorNumber::InvalidCall);
+  }
+
+  std::string opened;
+};
+
+std::string FirstScreen(int nodo) {
+  StoppingFrontEnd screen;
+  const auto error =
+      ErrorOf([nodo] { cAsignarDatos().ActivarFormulario(static_cast<std::uint8_t>(nodo)); });
+  FormInstances::DropAll();
+  EXPECT_EQ(error != 0, !screen.opened.empty()) << "a failure comes out";
+  return screen.opened;
+}
+
+TEST_F(TheNodes, OpenTheirFirstScreens) {
+  EXPECT_EQ(FirstScreen(123), "frmPendientes");
+  EXPECT_EQ(FirstScreen(124), "frmNotaManual1");
+  EXPECT_EQ(FirstScreen(125), "frmNotaMateria1");
+}
+
+TEST_F(TheNodes, OfTheSectionViewsCross) {
+  EXPECT_EQ(FirstScreen(126), "frmNotaSeccionMateria1");
+  EXPECT_EQ(FirstScreen(127), "frmNotaSeccionAlumno1");
+}
+
+TEST_F(TheNodes, WithoutAScreenDoNothing) {
+  for (int nodo = 0; nodo < 256; ++nodo) {
+    if (nodo >= 123 && nodo <= 127) continue;
+    EXPECT_EQ(FirstScreen(nodo), "") << nodo;
+  }
+}
+
+TEST_F(TheNodes, DontReadTheKindOfTeaching) {
+  const ScriptedFrontEnd screen;
+  cAsignarDatos().ActivarFormulario(11, "ESO");
+  EXPECT_TRUE(screen.told.empty());
+}
+
+TEST_F(TheNodes, ReturnWhenTheFormHasGoneAndDropItAlsoWhenItWasOnlyHidden) {
+  ScriptedFrontEnd screen;
+  screen.user = [](Form& form) { form.Hide(); };
+  cAsignarDatos().ActivarFormulario(123);
+  EXPECT_EQ(screen.told.back(), "acaba frmPendientes");
+  EXPECT_FALSE(FormInstance<frmPendientes>::Exists());
+}
+
+TEST_F(TheNodes, StartFromAFreshFormEachTime) {
+  ScriptedFrontEnd screen;
+  cAsignarDatos().ActivarFormulario(123);
+  cAsignarDatos().ActivarFormulario(123);
+  EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "carga frmPendientes"), 2);
+}
+
+TEST_F(TheNodes, DeleteNothing) {
+  for (int nodo = 0; nodo < 256; ++nodo)
+    EXPECT_FALSE(cAsignarDatos().Eliminar(static_cast<std::uint8_t>(nodo)));
+  EXPECT_TRUE(empty.statements.empty());
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,98 @@
+#include "frame/cConfiguracion.h"
+#include "frame/cConstCol.h"
+#include "frame/cDatosSesion.h"
+#include "frame/modGeneral.h"
+#include "tests/frame/TableConnection.h"
+#include "tests/platform/FailsWith.h"
+
+namespace quorvane::test {
+namespace {
+
+TEST(RowStates, HaveTheirNumbers) {
+  const cConstCol states;
+  EXPECT_EQ(states.NoModificado, 0);
+  EXPECT_EQ(states.NUEVO, 1);
+  EXPECT_EQ(states.Modificado, 2);
+  EXPECT_EQ(states.Eliminado, 3);
+}
+
+TEST(TheConfiguration, IsOneInstance) {
+  EXPECT_EQ(&cConfiguracion::Instancia(), &cConfiguracion::Instancia());
+}
+
+TEST(TheConfiguration, WritesTrueAsTheEngineHasIt) {
+  cConfiguracion configuracion;
+  EXPECT_EQ(configuracion.Verdadero(), "-1");
+  configuracion.SQLServer = true;
+  EXPECT_EQ(configuracion.Verdadero(), "1");
+}
+
+TEST(TheConfiguration, KnowsTheFolderOfTheIcons) {
+  cConfiguracion configuracion;
+  EXPECT_EQ(configuracion.CarpetaIconos(), "");
+  configuracion.RutaIcono = "C:\\Zendria\\iconos\\app.ico";
+  EXPECT_EQ(configuracion.CarpetaIconos(), "C:\\Zendria\\iconos\\");
+  configuracion.RutaIcono = "app.ico";
+  EXPECT_EQ(configuracion.CarpetaIconos(), "");
+}
+
+TEST(TheRecordForHosts, IsEmptyAtFirstAndTakesAllItsFields) {
+  cDatosSesion sesion;
+  EXPECT_EQ(sesion.IDPerfil, 0);
+  EXPECT_FALSE(sesion.Activa);
+  sesion = {1, 2, "IES", 3, "Ana", 26, "2025/26", true, false, "centro.udl", "C:\\Zendria", true};
+  EXPECT_EQ(sesion.IDCentro, 2);
+  EXPECT_EQ(sesion.IDUsuario, 3);
+  EXPECT_EQ(sesion.ValorCursoEscolar, "2025/26");
+  EXPECT_EQ(sesion.CadenaUdlActiva, "centro.udl");
+  EXPECT_TRUE(sesion.SQLServer);
+}
+
+class TheNextKey : public testing::Test {
+ protected:
+  std::int32_t Next(std::vector<Value> column) {
+    connection.column = std::move(column);
+    return ObtenerSiguienteId(connection, nullptr, "EvaluacionPte", "IDEvaluacionPte");
+  }
+
+  TableConnection connection;
+};
+
+TEST_F(TheNextKey, IsAskedForInOneStatement) {
+  Next({Value(1)});
+  EXPECT_EQ(connection.statements,
+            std::vector<std::string>{"SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]"});
+}
+
+TEST_F(TheNextKey, IsOneWithoutAnyRow) { EXPECT_EQ(Next({}), 1); }
+
+TEST_F(TheNextKey, IsOneWhenTheLargestIsNull) { EXPECT_EQ(Next({Value()}), 1); }
+
+TEST_F(TheNextKey, IsOneMoreThanTheLargest) {
+  EXPECT_EQ(Next({Value(41)}), 42);
+  EXPECT_EQ(Next({Value(0)}), 1);
+  EXPECT_EQ(Next({Value(-5)}), -4);
+  EXPECT_EQ(Next({Value("41")}), 42);
+}
+
+TEST_F(TheNextKey, BeyondItsFieldIsOverflow) {
+  EXPECT_EQ(ErrorOf([this] { Next({Value(2147483647)}); }), 6);
+  EXPECT_EQ(ErrorOf([this] { Next({Value(std::int64_t{1} << 40)}); }), 6);
+}
+
+TEST_F(TheNextKey, FailsAsTheStatementDoes) {
+  connection.refuses = true;
+  EXPECT_EQ(ErrorOf([this] { Next({}); }), -2147467259);
+}
+
+TEST_F(TheNextKey, DoesntUseTheOtherConnection) {
+  TableConnection other;
+  connection.column = {Value(41)};
+  EXPECT_EQ(ObtenerSiguienteId(connection, &other, "BloqueoPte", "IDBloqueo"), 42);
+  EXPECT_TRUE(other.statements.empty());
+}
+
+TEST(TheWidthOfGrades, IsNotShownAtFirst) { EXPECT_FALSE(gblnMostrarAnchoNotas); }
+
+}  // namespace
+}  // namespace quorvane::test
