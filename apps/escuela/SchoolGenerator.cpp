@@ -11,11 +11,18 @@ namespace {
 
 constexpr std::size_t kStudentsPerSection = 30;
 constexpr std::size_t kPercentPending = 25;
+// The register keeps the course of a student in 8 bits: with more centres the keys of their six
+// courses each would outgrow it. Larger schools get more sections a course instead.
+constexpr std::size_t kMostCentres = 40;
+constexpr std::size_t kStudentsPerCentre = 16 * kStudentsPerSection;
 
-CentreOptions Shape(int centre) {
+CentreOptions Shape(int centre, std::size_t students) {
   CentreOptions options;
   options.centre = centre;
+  const auto crowd = static_cast<int>((students - 1) / (kMostCentres * kStudentsPerCentre)) + 1;
   options.sections = {{3, 3, 3, 3}, {2, 2}};
+  for (auto& courses : options.sections)
+    for (auto& sections : courses) sections *= crowd;
   options.studentsPerSection = kStudentsPerSection;
   return options;
 }
@@ -58,7 +65,7 @@ void SchoolGenerator::Build(std::size_t students, std::uint64_t seed, const Prog
   auto nextUser = 1;
   std::size_t written = 0;
   for (auto number = 1; written < students; ++number) {
-    auto options = Shape(number);
+    auto options = Shape(number, students);
     options.students = std::min(students - written, StudentsOf(options));
     AddUsers(rows, nextUser, options);
     const auto centre = builder.Build(options);

@@ -1,0 +1,74 @@
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "bench/BenchSchool.h"
+#include "bench/Measure.h"
+#include "bench/RegisterBench.h"
+
+namespace {
+
+using namespace quorvane::bench;
+
+constexpr double kMostGrowth = 1.5;
+
+/// The time of the largest school beside that of the smallest, for each thing that must not grow.
+bool PrintGrowth(const std::vector<Row>& rows) {
+  std::printf("\n| What | Largest / smallest school | Limit |\n|---|---|---|\n");
+  auto within = true;
+  for (const auto& first : rows) {
+    if (first.limit == 0 || first.students != rows.front().students) continue;
+    const Row* last = &first;
+    for (const auto& row : rows)
+      if (row.what == first.what) last = &row;
+    const auto growth = last->module / first.module;
+    within = within && growth <= kMostGrowth;
+    std::printf("| %s | %.2f | %.1f%s |\n", first.what.c_str(), growth, kMostGrowth,
+                growth <= kMostGrowth ? "" : " EXCEEDED");
+  }
+  return within;
+}
+
+int Run(const std::vector<int>& sizes) {
+  std::vector<Row> rows;
+  for (const auto students : sizes) {
+    std::fprintf(stderr, "Escuela de %d alumnos...\n", students);
+    const BenchSchool school(students);
+    for (auto& row : MeasureRegister(school, students)) rows.push_back(std::move(row));
+  }
+  auto within = Print(rows);
+  within = PrintGrowth(rows) && within;
+  std::printf("\nPeak memory: %.1f MiB\n", PeakMemory());
+  return within ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::vector<int> sizes;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    if (argument == "--help" || argument == "-h") {
+      std::printf(
+          "Uso: quorvane-bench [ALUMNOS...]\n\nMide el módulo en escuelas de esos tamaños (1000, "
+          "20000 y 200000 si no se dan)\njunto a las mismas instrucciones en SQLite a secas. "
+          "Acaba con 1 si algo pasa\nde su límite.\n");
+      return 0;
+    }
+    const auto size = std::atoi(argument.c_str());
+    if (size < 1) {
+      std::fprintf(stderr, "No es un número de alumnos: %s\n", argument.c_str());
+      return 2;
+    }
+    sizes.push_back(size);
+  }
+  if (sizes.empty()) sizes = {1000, 20000, 200000};
+  try {
+    return Run(sizes);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "La medida ha fallado: %s\n", error.what());
+    return 1;
+  }
+}
