@@ -54,7 +54,7 @@ class Hands : public FrontEnd {
 
 /// What step one hands over to step two: its fields, the title, the closed connection.
 class HandedOver : public ::testing::Test {
- protected:
+ public:
   HandedOver() : centro(school.Path(), "centro"), entrada(school.Path(), "entrada") {
     school.Sql(
         "UPDATE SistemaCalificacion SET Recuperaciones=-1;"
@@ -81,6 +81,7 @@ class HandedOver : public ::testing::Test {
   HandedOver(HandedOver&&) = delete;
   HandedOver& operator=(HandedOver&&) = delete;
 
+ protected:
   static void User(int user, int profile) {
     cConfiguracion::Instancia().intIDUsuario = static_cast<std::int16_t>(user);
     cConfiguracion::Instancia().intIDPerfil = static_cast<std::int16_t>(profile);

@@ -8,7 +8,6 @@ namespace quorvane::test {
 namespace {
 
 using ::testing::Contains;
-using ::testing::ElementsAre;
 using ::testing::Not;
 
 const std::string kSection = "elegir cboSecciones =321";
