@@ -1,0 +1,58 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "platform/Form.h"
+#include "platform/FormInstance.h"
+#include "platform/FrontEnd.h"
+#include "tests/support/SmallSchool.h"
+
+namespace quorvane::test {
+
+/// A user who acts on the models themselves, for what a script can't see. Each step acts on the
+/// innermost form; when there are none left, what is open is closed with its X.
+class StepScreen : public FrontEnd {
+ public:
+  using Step = std::function<void()>;
+
+  void RunModal(Form& form) override;
+  void Message(MessageIcon icon, const std::string& title, const std::string& text) override;
+  void Beep() override {}
+  void MousePointer(Pointer pointer) override { pointers.push_back(pointer); }
+  std::int32_t TextWidth(const Form& form, const std::string& text) override;
+  void DoEvents() override {}
+  std::int32_t ScreenWidth() override { return 15360; }
+  std::int32_t ScreenHeight() override { return 11520; }
+
+  std::deque<Step> steps;
+  std::vector<Pointer> pointers;
+  std::vector<std::string> messages;
+};
+
+/// A session on a small school with a `StepScreen`, and the class of section 321 chosen. Forms and
+/// components go with it.
+class DirectSession {
+ public:
+  DirectSession();
+  ~DirectSession();
+  DirectSession(const DirectSession&) = delete;
+  DirectSession& operator=(const DirectSession&) = delete;
+  DirectSession(DirectSession&&) = delete;
+  DirectSession& operator=(DirectSession&&) = delete;
+
+  /// Opens the first screen, chooses the class, plays the steps on the register and leaves.
+  void Play(std::vector<StepScreen::Step> steps);
+
+  SmallSchool school;
+  StepScreen screen;
+  std::vector<std::string> statements;
+
+ private:
+  sqlite::SqliteConnection centro_;
+};
+
+}  // namespace quorvane::test
