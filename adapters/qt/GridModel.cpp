@@ -58,6 +58,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
+    case Qt::ToolTipRole:
       return text;
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |

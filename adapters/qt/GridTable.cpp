@@ -14,6 +14,8 @@ namespace {
 
 constexpr int kRowPadding = 7;  // pixels above and below the text of a row, together
 constexpr int kCentred = 4;
+constexpr int kLeastWidth = 256;  // pixels, as the next
+constexpr int kGreatestWidth = 800;
 
 }  // namespace
 
@@ -31,6 +33,7 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setMinimumSectionSize(8);
+  horizontalHeader()->setMinimumHeight(fontMetrics().height() + kRowPadding);
 }
 
 void GridTable::Take(const Grid& grid) {
@@ -63,31 +66,46 @@ void GridTable::Take(const Grid& grid) {
   viewport()->update();
 }
 
-void GridTable::ShowWidths() {
+std::vector<int> GridTable::Widths() const {
   std::vector<int> widths;
   for (const auto& column : columns_) widths.push_back(column.width);
-  const auto sum = std::accumulate(widths.begin(), widths.end(), 0);
-  const auto room = viewport()->width() - sum;
-  auto plain = 0;
-  for (const auto& column : columns_)
-    if (!column.centred) plain += column.width;
-  if (stretch_ && room > 0 && plain > 0) {
-    auto left = room;
-    std::size_t last = 0;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      if (columns_[i].centred || columns_[i].width == 0) continue;
-      const auto share = static_cast<int>(static_cast<long long>(room) * columns_[i].width / plain);
-      widths[i] += share;
-      left -= share;
-      last = i;
-    }
-    widths[last] += left;
+  auto room = viewport()->width() - std::accumulate(widths.begin(), widths.end(), 0);
+  std::vector<std::size_t> plain;
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    if (!columns_[i].centred && columns_[i].width > 0) plain.push_back(i);
+  if (!stretch_ || plain.empty()) return widths;
+  for (const auto i : plain) {
+    const auto cut = sizeHintForColumn(static_cast<int>(i)) - widths[i];
+    const auto share = std::clamp(cut, 0, std::max(0, room));
+    widths[i] += share;
+    room -= share;
   }
+  const auto share = std::max(0, room) / static_cast<int>(plain.size());
+  for (const auto i : plain) widths[i] += share;
+  return widths;
+}
+
+void GridTable::ShowWidths() {
+  const auto widths = Widths();
   for (int col = 0; col < static_cast<int>(widths.size()); ++col) {
     const auto width = widths[static_cast<std::size_t>(col)];
     setColumnHidden(col, width == 0);
     if (width > 0 && columnWidth(col) != width) setColumnWidth(col, width);
   }
+}
+
+void GridTable::WrapTexts() {
+  setWordWrap(true);
+  verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+QSize GridTable::sizeHint() const {
+  auto width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  for (int col = 0; col < static_cast<int>(columns_.size()); ++col) {
+    const auto& column = columns_[static_cast<std::size_t>(col)];
+    if (column.width > 0) width += std::max(column.width, sizeHintForColumn(col));
+  }
+  return {std::clamp(width, kLeastWidth, kGreatestWidth), QTableView::sizeHint().height()};
 }
 
 void GridTable::keyPressEvent(QKeyEvent* event) {

@@ -17,8 +17,13 @@ class GridTable : public QTableView {
   /// Shows the grid's cells, headings and widths, and makes its current cell the table's. Raises
   /// no signal of the selection.
   void Take(const Grid& grid);
-  /// Room that the columns leave goes to those that aren't centred.
+  /// Room that the columns leave goes to those that aren't centred, first to cut texts.
   void StretchColumns() { stretch_ = true; }
+  /// A text too long for its column goes on in another line.
+  void WrapTexts();
+
+  /// Wide enough for all columns, within reason.
+  [[nodiscard]] QSize sizeHint() const override;
 
   /// Asked first for each key; takes it by answering True.
   std::function<bool(const QKeyEvent&)> TakesKey;
@@ -38,6 +43,7 @@ class GridTable : public QTableView {
   };
 
   void ShowWidths();
+  [[nodiscard]] std::vector<int> Widths() const;
 
   GridModel cells_;
   std::vector<Column> columns_;

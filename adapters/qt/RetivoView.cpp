@@ -21,6 +21,7 @@ RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
     MoveOn(then == RetivoEditor::Then::Next);
   };
   table_->setSelectionBehavior(QAbstractItemView::SelectItems);
+  table_->WrapTexts();
   table_->TakesKey = [this](const QKeyEvent& key) { return TakesKey(key); };
   table_->TakesTab = [this](bool forward) { return MoveOn(forward); };
   connect(table_, &QTableView::clicked, this, [this](const QModelIndex& cell) { Open(cell, {}); });

@@ -10,6 +10,7 @@ namespace quorvane::qt {
 
 void PlaceDualList(Stage& stage) {
   auto* moves = new QVBoxLayout;
+  moves->setSpacing(6);
   moves->addStretch(1);
   moves->addWidget(stage["cmdAgregarUno"]);
   moves->addWidget(stage["cmdAgregarTodos"]);

@@ -121,6 +121,7 @@ void Stage::Fixed() { page_.setSizeConstraint(QLayout::SetFixedSize); }
 
 QBoxLayout* Column(const Stage& stage, std::initializer_list<std::string_view> buttons) {
   auto* column = new QVBoxLayout;
+  column->setSpacing(8);
   for (const auto name : buttons) {
     auto* button = stage.Button(name);
     button->setMinimumWidth(kButtonWidth);

@@ -31,6 +31,10 @@ void LayOutFrmAlumnoPendiente(Stage& stage) {
                            Column(stage, {"cmdListar", "cmdPropiedades"})));
   pane->addWidget(
       ListPage(stage, "fraTab(1)", "Label2", "msgMaterias", Column(stage, {"cmdPropMat"})));
+  // The page that lies behind is to have its room as well.
+  const auto margins = pane->contentsMargins();
+  tabs->Pane()->setMinimumWidth(stage["fraTab(1)"]->sizeHint().width() + margins.left() +
+                                margins.right());
   stage.Page().addWidget(tabs, 1);
   stage.Buttons({"cmdAceptar", "cmdCancelar"});
 }
