@@ -7,12 +7,18 @@
 
 #include "adapters/sqlite/Concatenation.h"
 #include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/NestedJoins.h"
 #include "adapters/sqlite/StatementCache.h"
 #include "adapters/sqlite/StatementLifter.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::sqlite {
 namespace {
+
+/// The module's text as this engine takes it, and takes it fast.
+std::string ForEngine(std::string_view statement) {
+  return FlattenJoins(RewriteConcatenation(statement));
+}
 
 // The module has some two hundred shapes of statements, and lists of several lengths in a few.
 constexpr std::size_t kKeptStatements = 512;
@@ -50,7 +56,7 @@ struct SqliteConnection::State {
       : wait(busyWait), database(path, OpenFlags(mode), busyWait), cache(kKeptStatements) {}
 
   Recordset RunOnce(const std::string& statement) const {
-    return PreparedStatement(database.Handle(), RewriteConcatenation(statement), false)
+    return PreparedStatement(database.Handle(), ForEngine(statement), false)
         .Run({}, wait);
   }
 
@@ -58,7 +64,7 @@ struct SqliteConnection::State {
     if (auto* const kept = cache.Find(lifted); kept != nullptr) return kept;
     try {
       return &cache.Add(lifted,
-                        PreparedStatement(database.Handle(), RewriteConcatenation(lifted), true));
+                        PreparedStatement(database.Handle(), ForEngine(lifted), true));
     } catch (const RuntimeError&) {
       // The statement's own text gives the engine's own words for what is wrong, if it is.
       return nullptr;

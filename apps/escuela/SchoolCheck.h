@@ -22,7 +22,7 @@ class SchoolCheck {
 
   /// Missing tables and columns, and columns out of the place that the module writes them to.
   /// Empty for a database that is fit for use. A database without any of the tables is one
-  /// finding.
+  /// finding. Error 0x80004005 when it can't be read at all.
   [[nodiscard]] std::vector<std::string> Structure(For whom) const;
 
   /// Rows that point at nothing and rows that stand twice; to be called for a fit database alone.

@@ -1,9 +1,12 @@
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
 
 namespace quorvane::test {
@@ -30,6 +33,13 @@ TEST_F(SchoolCheckTest, AForeignDatabaseIsOneFinding) {
   foreign.Execute("CREATE TABLE Cosas (A INTEGER)");
   EXPECT_THAT(SchoolCheck(foreign).Structure(SchoolCheck::For::Module),
               ElementsAre("La base de datos no es una escuela: no tiene ninguna de sus tablas"));
+}
+
+TEST_F(SchoolCheckTest, AFailureToReadIsAnErrorAndNoMissingTable) {
+  school_.Db().Observe([](const Connection&, const std::string&) {
+    throw RuntimeError(ErrorNumber::StatementFailed, "disk I/O error");
+  });
+  EXPECT_THROW(Structure(), RuntimeError);
 }
 
 TEST_F(SchoolCheckTest, NamesTheMissingTablesAndColumns) {

@@ -3,6 +3,7 @@
 #include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
 #include <thread>
 
@@ -214,6 +215,12 @@ TEST_F(SqliteConnectionTest, TellsWhyAFileCannotBeOpened) {
   Write("corto.sqlite", "hola");
   SqliteConnection small(folder_ / "corto.sqlite", "");
   EXPECT_THAT(OpenError(small), HasSubstr("file is not a database"));
+
+  std::ifstream whole(path_, std::ios::binary);
+  std::string content(std::istreambuf_iterator<char>(whole), {});
+  Write("roto.sqlite", content.replace(100, 400, std::string(400, 'x')));
+  SqliteConnection damaged(folder_ / "roto.sqlite", "");
+  EXPECT_THAT(OpenError(damaged), HasSubstr("database disk image is malformed"));
 
   SqliteConnection folder(folder_ / "", "");
   EXPECT_THAT(OpenError(folder), HasSubstr("es una carpeta"));
