@@ -12,6 +12,7 @@
 #include "platform/Frame.h"
 #include "platform/FrontEnd.h"
 #include "platform/Label.h"
+#include "selection/ListasPasoUno.h"
 
 namespace quorvane {
 namespace {
@@ -80,7 +81,9 @@ void DibujarEleccion(Form& formulario, const ControlesPasoUno& controles,
   PlaceBelow(formulario, controles, Bottom(eleccion.marco) + kMargin);
 }
 
-void PrepararPasoUno(Form& formulario, const ControlesPasoUno& controles) {
+void CargarPasoUno(Form& formulario, const ControlesPasoUno& controles, std::int16_t& gIDPersonal) {
+  auto& screen = Application::Instance().Screen();
+  screen.MousePointer(Pointer::Hourglass);
   controles.chkTodosProm.Visible(false);
   controles.chkTodosProm.Left(controles.chkRecuperacion.Left());
   controles.chkTodosProm.Top(controles.chkRecuperacion.Top());
@@ -88,6 +91,11 @@ void PrepararPasoUno(Form& formulario, const ControlesPasoUno& controles) {
   controles.chkRecuperacion.Visible(false);
   controles.cmdNotaManual1[0].Enabled(false);
   formulario.Icon(cConfiguracion::Instancia().RutaIcono);
+  if (cConfiguracion::Instancia().intIDPerfil != 0) gIDPersonal = LeerPersonal();
+  LlenarTipos(controles.cboTipoEnsenanza, gIDPersonal);
+  if (controles.cboTipoEnsenanza.ListCount() > 0) controles.cboTipoEnsenanza.ListIndex(0);
+  LlenarEvaluacionesOrdinarias(controles.cboEvaluaciones);
+  screen.MousePointer(Pointer::Default);
 }
 
 bool TodosElegidos(std::initializer_list<const ComboBox*> listas) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <span>
 #include <string>
@@ -54,9 +55,12 @@ void DibujarPasoUno(Form& formulario, const ControlesPasoUno& controles);
 void DibujarEleccion(Form& formulario, const ControlesPasoUno& controles,
                      const ControlesEleccion& eleccion, const std::string& texto);
 
-/// What `Form_Load` does before it reads anything: recovery and promotion are out of sight, the
-/// dialog can't go on yet, and it bears the session's icon.
-void PrepararPasoUno(Form& formulario, const ControlesPasoUno& controles);
+/// What `Form_Load` does in all the dialogs. Recovery and promotion are out of sight, the dialog
+/// can't go on yet and bears the session's icon; a user of another profile than 0 is looked up into
+/// `gIDPersonal`; the types of teaching are listed and the first is selected, which clicks the
+/// list, and the evaluations stand in for those of a section. Fails as the statements do, with the
+/// hourglass left on the screen.
+void CargarPasoUno(Form& formulario, const ControlesPasoUno& controles, std::int16_t& gIDPersonal);
 
 /// False when one of the lists has no entry selected.
 bool TodosElegidos(std::initializer_list<const ComboBox*> listas);

@@ -11,6 +11,7 @@
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
+namespace {
 
 bool UsuarioSinFechas() {
   const auto& configuracion = cConfiguracion::Instancia();
@@ -26,6 +27,15 @@ Recordset LeerFechaNotas(std::int32_t seccion, std::int32_t evaluacion) {
   return cConfiguracion::Instancia().conLocalCentro->Execute(
       " SELECT fechaInicio,fechaFin,codseccion  FROM FechaNotas WHERE  codseccion=" +
       std::to_string(seccion) + "  AND codNumEvaluacion= " + std::to_string(evaluacion) + " ");
+}
+
+}  // namespace
+
+std::optional<Recordset> PeriodoDeEntrada(std::int32_t seccion, std::int32_t evaluacion) {
+  if (UsuarioSinFechas()) return std::nullopt;
+  auto periodo = LeerFechaNotas(seccion, evaluacion);
+  if (periodo.Eof()) return std::nullopt;
+  return periodo;
 }
 
 std::string FechaServidor() {

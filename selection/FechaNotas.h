@@ -1,19 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/Recordset.h"
 
 namespace quorvane {
 
-/// The session's user enters grades on any day: he has a parent in the user tree or administers
-/// the system. Opens `conLocalAppEntrada` and leaves it open. Error 3021 for a user without a row.
-bool UsuarioSinFechas();
-
-/// The period in which the grades of that section and evaluation may be entered; without a row
-/// there is no limit.
-Recordset LeerFechaNotas(std::int32_t seccion, std::int32_t evaluacion);
+/// The period in which the session's user may enter the grades of that section and evaluation. None
+/// when he may on any day: he has a parent in the user tree or administers the system, or there is
+/// no row of dates. Opens `conLocalAppEntrada` and leaves it open. Error 3021 for a user without a
+/// row.
+std::optional<Recordset> PeriodoDeEntrada(std::int32_t seccion, std::int32_t evaluacion);
 
 /// Today as dd/mm/yyyy: on the machine that holds the database, as the host tells, or here when
 /// the host can't tell.

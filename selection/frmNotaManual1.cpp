@@ -29,15 +29,8 @@ frmNotaManual1::frmNotaManual1() : Form("frmNotaManual1") {
 }
 
 void frmNotaManual1::Form_Load() {
-  auto& screen = Application::Instance().Screen();
-  screen.MousePointer(Pointer::Hourglass);
   blnEntrar = true;
-  PrepararPasoUno(*this, ControlesDe(*this));
-  if (cConfiguracion::Instancia().intIDPerfil != 0) gIDPersonal = LeerPersonal();
-  LlenarTipos(cboTipoEnsenanza, gIDPersonal);
-  if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
-  LlenarEvaluacionesOrdinarias(cboEvaluaciones);
-  screen.MousePointer(Pointer::Default);
+  CargarPasoUno(*this, ControlesDe(*this), gIDPersonal);
 }
 
 void frmNotaManual1::cboTipoEnsenanza_Click() {
@@ -98,16 +91,9 @@ void frmNotaManual1::cmdNotaManual1_Click(int Index) {
     BeepAndMessage("Intruduzca todos los datos", MessageIcon::Information);
     return;
   }
-  if (UsuarioSinFechas()) {
-    AbrirPasoDos();
-    return;
-  }
-  const auto periodo = LeerFechaNotas(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
-  if (periodo.Eof()) {
-    AbrirPasoDos();
-    return;
-  }
-  if (EnFecha(FormatoFecha(FechaServidor()), periodo))
+  const auto periodo =
+      PeriodoDeEntrada(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
+  if (!periodo || EnFecha(FormatoFecha(FechaServidor()), *periodo))
     AbrirPasoDos();
   else
     MessageBox("La fecha de la evaluación se ha superado", MessageIcon::Exclamation);

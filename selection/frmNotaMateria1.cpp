@@ -17,6 +17,15 @@
 #include "selection/ListasPasoUno.h"
 
 namespace quorvane {
+namespace {
+
+/// Asked twice for an empty date, before and after it is formatted.
+std::string FechaDelDia() {
+  auto fecha = FormatoFecha(FechaServidor());
+  return fecha.empty() ? FechaLocal() : fecha;
+}
+
+}  // namespace
 
 frmNotaMateria1::frmNotaMateria1() : Form("frmNotaMateria1") {
   DibujarPasoUno(*this, ControlesDe(*this));
@@ -29,15 +38,8 @@ frmNotaMateria1::frmNotaMateria1() : Form("frmNotaMateria1") {
 }
 
 void frmNotaMateria1::Form_Load() {
-  auto& screen = Application::Instance().Screen();
-  screen.MousePointer(Pointer::Hourglass);
   blnEntrar = true;
-  PrepararPasoUno(*this, ControlesDe(*this));
-  if (cConfiguracion::Instancia().intIDPerfil != 0) gIDPersonal = LeerPersonal();
-  LlenarTipos(cboTipoEnsenanza, gIDPersonal);
-  if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
-  LlenarEvaluacionesOrdinarias(cboEvaluaciones);
-  screen.MousePointer(Pointer::Default);
+  CargarPasoUno(*this, ControlesDe(*this), gIDPersonal);
 }
 
 void frmNotaMateria1::cboTipoEnsenanza_Click() {
@@ -100,18 +102,9 @@ void frmNotaMateria1::cmdNotaManual1_Click(int Index) {
     BeepAndMessage("Intruduzca todos los datos", MessageIcon::Information);
     return;
   }
-  if (UsuarioSinFechas()) {
-    AbrirPasoDos();
-    return;
-  }
-  const auto periodo = LeerFechaNotas(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
-  if (periodo.Eof()) {
-    AbrirPasoDos();
-    return;
-  }
-  auto fecha = FormatoFecha(FechaServidor());
-  if (fecha.empty()) fecha = FechaLocal();
-  if (EnFecha(fecha, periodo))
+  const auto periodo =
+      PeriodoDeEntrada(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
+  if (!periodo || EnFecha(FechaDelDia(), *periodo))
     AbrirPasoDos();
   else
     MessageBox("La fecha de la evaluación se ha superado", MessageIcon::Exclamation);

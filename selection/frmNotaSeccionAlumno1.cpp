@@ -42,15 +42,8 @@ frmNotaSeccionAlumno1::frmNotaSeccionAlumno1() : Form("frmNotaSeccionAlumno1") {
 
 void frmNotaSeccionAlumno1::Form_Load() {
   blnTutor = false;
-  auto& screen = Application::Instance().Screen();
-  screen.MousePointer(Pointer::Hourglass);
   blnEntrar = true;
-  PrepararPasoUno(*this, ControlesDe(*this));
-  if (cConfiguracion::Instancia().intIDPerfil != 0) gIDPersonal = LeerPersonal();
-  LlenarTipos(cboTipoEnsenanza, gIDPersonal);
-  if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
-  LlenarEvaluacionesOrdinarias(cboEvaluaciones);
-  screen.MousePointer(Pointer::Default);
+  CargarPasoUno(*this, ControlesDe(*this), gIDPersonal);
 }
 
 void frmNotaSeccionAlumno1::cboTipoEnsenanza_Click() {
@@ -128,16 +121,9 @@ void frmNotaSeccionAlumno1::cmdNotaManual1_Click(int Index) {
     BeepAndMessage("Intruduzca todos los datos", MessageIcon::Information);
     return;
   }
-  if (UsuarioSinFechas()) {
-    AbrirPasoDos();
-    return;
-  }
-  const auto periodo = LeerFechaNotas(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
-  if (periodo.Eof()) {
-    AbrirPasoDos();
-    return;
-  }
-  if (EnFecha(FormatoFecha(FechaServidor()), periodo))
+  const auto periodo =
+      PeriodoDeEntrada(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
+  if (!periodo || EnFecha(FormatoFecha(FechaServidor()), *periodo))
     AbrirPasoDos();
   else
     MessageBox(LoadString(kTextoFueraDeFecha), MessageIcon::Exclamation);

@@ -42,15 +42,8 @@ frmNotaSeccionMateria1::frmNotaSeccionMateria1() : Form("frmNotaSeccionMateria1"
 
 void frmNotaSeccionMateria1::Form_Load() {
   blnTutor = false;
-  auto& screen = Application::Instance().Screen();
-  screen.MousePointer(Pointer::Hourglass);
   blnEntrar = true;
-  PrepararPasoUno(*this, ControlesDe(*this));
-  if (cConfiguracion::Instancia().intIDPerfil != 0) gIDPersonal = LeerPersonal();
-  LlenarTipos(cboTipoEnsenanza, gIDPersonal);
-  if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
-  LlenarEvaluacionesOrdinarias(cboEvaluaciones);
-  screen.MousePointer(Pointer::Default);
+  CargarPasoUno(*this, ControlesDe(*this), gIDPersonal);
 }
 
 void frmNotaSeccionMateria1::cboTipoEnsenanza_Click() {
@@ -130,16 +123,9 @@ void frmNotaSeccionMateria1::cmdNotaManual1_Click(int Index) {
     BeepAndMessage("Intruduzca todos los datos", MessageIcon::Information);
     return;
   }
-  if (UsuarioSinFechas()) {
-    AbrirPasoDos();
-    return;
-  }
-  const auto periodo = LeerFechaNotas(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
-  if (periodo.Eof()) {
-    AbrirPasoDos();
-    return;
-  }
-  if (EnFecha(FormatoFecha(FechaServidor()), periodo))
+  const auto periodo =
+      PeriodoDeEntrada(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
+  if (!periodo || EnFecha(FormatoFecha(FechaServidor()), *periodo))
     AbrirPasoDos();
   else
     MessageBox(LoadString(kTextoFueraDeFecha), MessageIcon::Exclamation);

@@ -120,9 +120,10 @@ TEST_P(StepTwo, GivenUpShowsStepOneAgainWithItsChoices) {
   school.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=4");
   for (const auto evaluation : {1, 5}) {
     const std::string givenUp = kNext + "\npulsar cmdCancelar\n";
-    const auto result =
-        Play(school, dialog,
-             Choose(dialog, evaluation).append(givenUp).append("ver\n") + givenUp + kLeave);
+    auto commands = Choose(dialog, evaluation);
+    commands += givenUp + "ver\n";
+    commands += givenUp + kLeave;
+    const auto result = Play(school, dialog, commands);
     EXPECT_EQ(result.status, 0) << result.Text();
     const View view(result);
     EXPECT_EQ(view.Index("cboCursos"), 1);
