@@ -13,7 +13,7 @@ namespace quorvane::bench {
 namespace {
 
 constexpr std::uint8_t kNode = 123;
-constexpr int kRuns = 15;
+constexpr int kRuns = 5;
 /// The purges are the first two statements of a load in a school without orphans.
 constexpr std::ptrdiff_t kPurges = 2;
 
