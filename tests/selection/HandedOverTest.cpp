@@ -277,5 +277,44 @@ TEST_F(HandedOver, ThePointerIsBackAfterTheOpening) {
   MostrarFrmNotaManual1();
 }
 
+// The user can't bring the boxes into sight here; the rules that the two dialogs have for them are
+// their own all the same.
+TEST_F(HandedOver, TheBoxesOfTheDialogsWithoutSection) {
+  const auto boxes = [](auto& form) {
+    form.blnPosibleRecuperacion = true;
+    form.chkRecuperacion.Visible(true);
+    form.chkRecuperacion.Value(1);
+    form.chkTodosProm.Visible(true);
+  };
+  hands.acts = {[&boxes] {
+                  auto& form = FormInstance<frmNotaManual1>::Get();
+                  SelectSection(form, 1);
+                  boxes(form);
+                  Select(form.cboSecciones, 321);
+                  EXPECT_TRUE(form.chkRecuperacion.Visible());
+                  EXPECT_EQ(form.chkRecuperacion.Value(), 1) << "left alone";
+                  Select(form.cboEvaluaciones, 1);
+                  EXPECT_FALSE(form.chkRecuperacion.Visible());
+                  EXPECT_FALSE(form.chkTodosProm.Visible());
+                },
+                [&boxes] {
+                  auto& form = FormInstance<frmNotaMateria1>::Get();
+                  SelectSection(form, 1);
+                  boxes(form);
+                  Select(form.cboSecciones, 321);
+                  EXPECT_TRUE(form.chkRecuperacion.Visible());
+                  EXPECT_EQ(form.chkRecuperacion.Value(), 0) << "follow-up clears it";
+                  Select(form.cboEvaluaciones, 1);
+                  EXPECT_TRUE(form.chkRecuperacion.Visible());
+                  EXPECT_TRUE(form.chkTodosProm.Visible());
+                  Select(form.cboEvaluaciones, 4);
+                  EXPECT_FALSE(form.chkRecuperacion.Visible());
+                  EXPECT_TRUE(form.chkTodosProm.Visible());
+                }};
+  MostrarFrmNotaManual1();
+  MostrarFrmNotaMateria1();
+  EXPECT_TRUE(hands.acts.empty());
+}
+
 }  // namespace
 }  // namespace quorvane::test
