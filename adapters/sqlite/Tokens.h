@@ -27,9 +27,8 @@ constexpr std::array<CharKind, 256> MakeKinds() {
     if (letter) kinds[c] = CharKind::Word;
     if (c >= '0' && c <= '9') kinds[c] = CharKind::Digit;
   }
-  for (const auto c : {'\'', '"', '`', '['}) kinds[static_cast<std::size_t>(c)] = CharKind::Quote;
-  for (const auto c : {'?', ':', '@', '$', '#'})
-    kinds[static_cast<std::size_t>(c)] = CharKind::Parameter;
+  for (const unsigned char c : {'\'', '"', '`', '['}) kinds[c] = CharKind::Quote;
+  for (const unsigned char c : {'?', ':', '@', '$', '#'}) kinds[c] = CharKind::Parameter;
   kinds['-'] = CharKind::Dash;
   kinds['/'] = CharKind::Slash;
   kinds['.'] = CharKind::Dot;
