@@ -33,7 +33,7 @@ std::int32_t SilentScreen::TextWidth(const Form& /*form*/, const std::string& te
   return static_cast<std::int32_t>(text.size()) * 120;
 }
 
-DirectSession::DirectSession(const GradeSchool& school, int evaluacion)
+DirectSession::DirectSession(const TestSchool& school, int evaluacion)
     : centro_(school.Path(), "centro") {
   centro_.Open();
   centro_.Observe([this](const Connection& connection, const std::string& statement) {

@@ -46,7 +46,7 @@ class SilentScreen : public FrontEnd {
 /// stands loaded, with section 321 and an evaluation chosen; all forms go with the object.
 class DirectSession {
  public:
-  explicit DirectSession(const GradeSchool& school, int evaluacion = 1);
+  explicit DirectSession(const TestSchool& school, int evaluacion = 1);
   ~DirectSession();
   DirectSession(const DirectSession&) = delete;
   DirectSession& operator=(const DirectSession&) = delete;
