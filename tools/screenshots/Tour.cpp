@@ -1,0 +1,260 @@
+#include "tools/screenshots/Tour.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTableView>
+
+#include "adapters/qt/RetivoEditor.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/SchoolFile.h"
+#include "apps/zendria/LocksDialog.h"
+#include "apps/zendria/PersonSearchDialog.h"
+#include "apps/zendria/StatementWindow.h"
+#include "platform/TabStrip.h"
+
+namespace quorvane::screenshots {
+namespace {
+
+using qt::FormWindow;
+
+constexpr std::int32_t kDirector = 1;
+constexpr std::int32_t kUserOfDeadForm = 2;
+constexpr auto kKind = "Educación";
+constexpr auto kCourse = "3º";
+
+QString MakeSchool(const QString& folder) {
+  const auto file = QDir(folder).filePath("IES Ejemplo.sqlite");
+  MakeSchoolFile(file.toStdString(), [](Connection& school) { DemoSchool(school).Build(); });
+  return file;
+}
+
+void PressKey(QWidget& widget, Qt::Key key) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &press);
+}
+
+void PickClass(FormWindow& window, const char* kind, const char* course, const char* section) {
+  Guide::Pick(window, kind, kKind);
+  Guide::Pick(window, course, kCourse);
+  Guide::Pick(window, section, 0);
+}
+
+void Close(FormWindow& window) { window.close(); }
+
+qt::RetivoEditor* EditorOf(const QTableView& table) {
+  for (auto* const child : table.findChildren<QFrame*>())
+    if (auto* const editor = dynamic_cast<qt::RetivoEditor*>(child)) return editor;
+  return nullptr;
+}
+
+/// Opens the list of the first cell that has one. Null when no cell of the grid does.
+qt::RetivoEditor* OpenList(QTableView& table) {
+  auto* const editor = EditorOf(table);
+  const auto* const cells = table.model();
+  for (int row = 0; row < cells->rowCount(); ++row) {
+    for (int column = 0; column < cells->columnCount(); ++column) {
+      if (table.isColumnHidden(column)) continue;
+      table.setCurrentIndex(cells->index(row, column));
+      PressKey(table, Qt::Key_F2);
+      if (editor != nullptr && editor->isVisible()) return editor;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Tour::Tour(qt::QtFrontEnd& screen, Camera& camera, const QString& folder)
+    : camera_(camera),
+      guide_(screen, camera),
+      school_(MakeSchool(folder)),
+      preferences_(QDir(folder).filePath("zendria.ini")),
+      window_(screen, preferences_, zendria::PendingScreens()) {
+  screen.HostWindow(&window_);
+  window_.show();
+}
+
+void Tour::Run() {
+  Host();
+  Register();
+  Grades();
+  Messages();
+  guide_.Finish();
+}
+
+void Tour::Host() {
+  QApplication::processEvents();
+  camera_.Take("inicio", window_);
+  guide_.OnDialog("aviso", [this](QWidget& box) {
+    camera_.Take("fichero-no-valido", box);
+    box.close();
+  });
+  QFile letter(QFileInfo(school_).dir().filePath("carta.sqlite"));
+  if (letter.open(QIODevice::WriteOnly)) letter.write("Esto no es una base de datos.\n");
+  letter.close();
+  window_.OpenSchool(letter.fileName());
+
+  guide_.OnDialog("entrada", [this](QWidget& dialog) {
+    camera_.Take("entrar", dialog);
+    PressKey(dialog, Qt::Key_Escape);
+  });
+  window_.OpenSchool(school_);
+  window_.OpenSchool(school_, kDirector);
+  QApplication::processEvents();
+  camera_.Take("principal", window_);
+
+  guide_.OnDialog("bloqueos", [this](QWidget& dialog) {
+    camera_.Take("bloqueos", dialog);
+    guide_.OnDialog("pregunta", [this](QWidget& box) {
+      camera_.Take("bloqueos-quitar", box);
+      PressKey(box, Qt::Key_Escape);
+    });
+    dynamic_cast<zendria::LocksDialog&>(dialog).RemoveButton().click();
+    dialog.close();
+  });
+  window_.ShowLocks();
+}
+
+void Tour::Register() {
+  guide_.On("frmPendientes", [this](FormWindow& window) {
+    PickClass(window, "cboTEnsenanza", "cboCurso", "cboSeccion");
+    camera_.Take("frmPendientes", window);
+    Guide::Press(window, "cmdAceptar");
+  });
+  guide_.On("frmAlumnoPendiente", [this](FormWindow& window) {
+    camera_.Take("frmAlumnoPendiente-alumnos", window);
+    Guide::Press(window, "cmdListar");
+    Guide::Row(window, "msgAlumnos", 1);
+    Guide::Press(window, "cmdPropiedades");
+    Guide::Tab(window, "TabDatos", 2);
+    Guide::Row(window, "msgMaterias", 1);
+    camera_.Take("frmAlumnoPendiente-materias", window);
+    Guide::Press(window, "cmdPropMat");
+    Close(window);
+  });
+  guide_.On("frmAlumnos", [this](FormWindow& window) {
+    Guide::Pick(window, "lstDisponibles", 0);
+    camera_.Take("frmAlumnos", window);
+    Close(window);
+  });
+  guide_.On("frmAlumnoMateria", [this](FormWindow& window) {
+    Guide::Row(window, "msgMaterias", 1);
+    camera_.Take("frmAlumnoMateria", window);
+    Guide::Press(window, "cmdAgregar");
+    Guide::Row(window, "msgMaterias", 1);
+    Guide::Press(window, "cmdPropiedades");
+    Close(window);
+  });
+  guide_.On("frmMateriaPend", [this](FormWindow& window) {
+    guide_.NameMessage("mensaje-exclamacion");
+    Guide::Press(window, "cmdAceptar");
+    Guide::Pick(window, "cboCurso", "1º");
+    Guide::Pick(window, "cboSeccion", 0);
+    Guide::Pick(window, "cboMateria", 0);
+    camera_.Take("frmMateriaPend", window);
+    Close(window);
+  });
+  guide_.On("frmMateriaEv", [this](FormWindow& window) {
+    camera_.Take("frmMateriaEv", window);
+    Close(window);
+  });
+  guide_.On("frmPropMatProf", [this](FormWindow& window) {
+    Guide::Press(window, "cmdNProfesor");
+    camera_.Take("frmPropMatProf", window);
+    Close(window);
+  });
+  guide_.OnDialog("buscarPersona", [this](QWidget& dialog) {
+    auto& people = dynamic_cast<zendria::PersonSearchDialog&>(dialog).People();
+    people.Field().setText("ar");
+    camera_.Take("buscar-docente", dialog);
+    PressKey(people.Field(), Qt::Key_Return);
+  });
+  window_.OpenNode(123);
+}
+
+void Tour::Grades() {
+  guide_.NameBusy("cargando-notas");
+  struct Flow {
+    std::uint8_t node;
+    std::string stepOne;
+    std::string stepTwo;
+  };
+  const Flow flows[] = {{124, "frmNotaManual1", "frmNotaManual"},
+                        {125, "frmNotaMateria1", "frmNotaMateria"},
+                        {126, "frmNotaSeccionMateria1", "frmNotaSeccionMateria"},
+                        {127, "frmNotaSeccionAlumno1", "frmNotaSeccionAlumno"}};
+  for (const auto& flow : flows) {
+    StepOne(flow.stepOne, QString::fromStdString(flow.stepOne), "2ª");
+    StepTwo(flow.stepTwo, QString::fromStdString(flow.stepTwo));
+    // Step one comes up again when step two closes, and goes on to a final evaluation.
+    StepOne(flow.stepOne, {}, "Final Ord");
+    StepTwo(flow.stepTwo + "Final", QString::fromStdString(flow.stepTwo) + "Final");
+    guide_.On(flow.stepOne, Close);
+    window_.OpenNode(flow.node);
+  }
+}
+
+void Tour::StepOne(const std::string& form, const QString& picture, const QString& evaluation) {
+  guide_.On(form, [this, picture, evaluation](FormWindow& window) {
+    PickClass(window, "cboTipoEnsenanza", "cboCursos", "cboSecciones");
+    Guide::Pick(window, "cboEvaluaciones", evaluation);
+    for (const auto* const list : {"cboMateria", "cboAlumno"})
+      if (window.Model().Find(list) != nullptr) Guide::Pick(window, list, 0);
+    if (!picture.isEmpty()) camera_.Take(picture, window);
+    Guide::Press(window, "cmdNotaManual1(0)");
+  });
+}
+
+void Tour::StepTwo(const std::string& form, const QString& picture) {
+  guide_.On(form, [this, picture](FormWindow& window) {
+    camera_.Take(picture, window);
+    auto* const grid = qobject_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
+    if (auto* const list = grid == nullptr ? nullptr : OpenList(*grid)) {
+      camera_.Take(picture + "-lista", window, list);
+      PressKey(*list->findChild<QLineEdit*>(), Qt::Key_Escape);
+    }
+    if (window.Model().Find("tabNotaManual") != nullptr &&
+        dynamic_cast<TabStrip*>(window.Model().Find("tabNotaManual"))->TabCount() > 1) {
+      Guide::Tab(window, "tabNotaManual", 2);
+      camera_.Take(picture + "-tutor", window);
+    }
+    Guide::Press(window, "cmdCancelar");
+  });
+}
+
+void Tour::Messages() {
+  auto& statements = window_.ShowStatements();
+  camera_.Take("sentencias", statements);
+  statements.close();
+
+  // A form of this user died, and what it left bears the number of this section.
+  window_.OpenSchool(school_, kUserOfDeadForm);
+  guide_.On("frmNotaManual1", [this](FormWindow& window) {
+    Guide::Pick(window, "cboCursos", "2º");
+    Guide::Pick(window, "cboSecciones", 1);
+    Guide::Pick(window, "cboEvaluaciones", "2ª");
+    guide_.NameMessage("mensaje-informacion");
+    Guide::Press(window, "cmdNotaManual1(0)");
+  });
+  guide_.On("frmNotaManual1", Close);
+  window_.OpenNode(124);
+
+  window_.OpenSchool(school_, kDirector);
+  sqlite::SqliteConnection other(school_.toStdString(), "");
+  other.Open();
+  other.Execute("ALTER TABLE Curso RENAME TO Apartado");
+  guide_.On("frmPendientes",
+            [](FormWindow& window) { Guide::Pick(window, "cboTEnsenanza", kKind); });
+  guide_.OnDialog("aviso", [this](QWidget& box) {
+    camera_.Take("error", box);
+    box.close();
+  });
+  window_.OpenNode(123);
+}
+
+}  // namespace quorvane::screenshots

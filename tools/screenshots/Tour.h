@@ -1,0 +1,33 @@
+#pragma once
+
+#include "apps/zendria/MainWindow.h"
+#include "apps/zendria/Preferences.h"
+#include "tools/screenshots/Camera.h"
+#include "tools/screenshots/Guide.h"
+
+namespace quorvane::screenshots {
+
+/// The way through all screens of the host and the module, on the sample school.
+class Tour {
+ public:
+  /// `folder` takes what the tour needs, as the school.
+  Tour(qt::QtFrontEnd& screen, Camera& camera, const QString& folder);
+
+  void Run();
+
+ private:
+  void Host();
+  void Register();
+  void Grades();
+  void Messages();
+  void StepOne(const std::string& form, const QString& picture, const QString& evaluation);
+  void StepTwo(const std::string& form, const QString& picture);
+
+  Camera& camera_;
+  Guide guide_;
+  QString school_;
+  zendria::Preferences preferences_;
+  zendria::MainWindow window_;
+};
+
+}  // namespace quorvane::screenshots
