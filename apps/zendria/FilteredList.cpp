@@ -33,6 +33,7 @@ FilteredList::FilteredList(std::vector<Entry> entries, const QString& hint, QWid
   list_.setAccessibleName("Resultados");
   list_.setUniformItemSizes(true);
   list_.setAlternatingRowColors(true);
+  list_.setStyleSheet("QListWidget::item { padding: 3px; }");
   count_.setObjectName("cuenta");
   count_.setAlignment(Qt::AlignRight);
   count_.setForegroundRole(QPalette::PlaceholderText);

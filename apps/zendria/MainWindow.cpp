@@ -149,9 +149,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::ChooseFile() {
-  const auto file = QFileDialog::getOpenFileName(
-      this, "Abrir escuela", {}, "Escuelas (*.sqlite *.db);;Todos los ficheros (*)");
-  if (!file.isEmpty()) OpenSchool(file);
+  QFileDialog dialog(this, "Abrir escuela", {}, "Escuelas (*.sqlite *.db);;Todos los ficheros (*)");
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setLabelText(QFileDialog::Accept, "&Abrir");
+  dialog.setLabelText(QFileDialog::Reject, "&Cancelar");
+  dialog.setLabelText(QFileDialog::LookIn, "Buscar en:");
+  dialog.setLabelText(QFileDialog::FileName, "&Nombre:");
+  dialog.setLabelText(QFileDialog::FileType, "&Tipo:");
+  if (dialog.exec() == QDialog::Accepted) OpenSchool(dialog.selectedFiles().value(0));
 }
 
 void MainWindow::ChangeUser() {
@@ -190,7 +195,7 @@ void MainWindow::ShowLocks() {
   dialog.exec();
 }
 
-void MainWindow::ShowStatements() {
+StatementWindow& MainWindow::ShowStatements() {
   if (statements_ == nullptr) {
     statements_ = std::make_unique<StatementWindow>(log_);
     preferences_.Restore(kStatementsGeometry, *statements_);
@@ -198,6 +203,7 @@ void MainWindow::ShowStatements() {
   statements_->show();
   statements_->raise();
   statements_->activateWindow();
+  return *statements_;
 }
 
 void MainWindow::ShowAbout() {

@@ -44,6 +44,11 @@ class MainWindow : public QMainWindow {
   /// without a school, or for a screen that isn't available.
   void OpenNode(std::uint8_t node);
 
+  /// Publications and locks; a school has to be open.
+  void ShowLocks();
+  /// The module's statements, in a window that stays.
+  StatementWindow& ShowStatements();
+
   [[nodiscard]] bool HasSchool() const noexcept { return school_ != nullptr; }
   [[nodiscard]] SchoolPage& Page() noexcept { return page_; }
   [[nodiscard]] QAction& YearAction() noexcept { return active_; }
@@ -57,8 +62,6 @@ class MainWindow : public QMainWindow {
   void ChangeUser();
   void ShowSession();
   void ShowRecent();
-  void ShowLocks();
-  void ShowStatements();
   void ShowAbout();
   void Working(const QString& screenTitle);
 

@@ -37,6 +37,7 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   tree_.setObjectName("arbol");
   tree_.setAccessibleName("Pantallas");
   tree_.setHeaderHidden(true);
+  tree_.setStyleSheet("QTreeWidget::item { padding: 4px 2px; }");
   tree_.setMinimumWidth(300);
   open_.setObjectName("abrirPantalla");
   Enlarge(school_, 1.4);

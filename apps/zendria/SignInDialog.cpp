@@ -13,7 +13,8 @@ namespace {
 std::vector<FilteredList::Entry> Entries(const std::vector<User>& users) {
   std::vector<FilteredList::Entry> entries;
   entries.reserve(users.size());
-  for (const auto& user : users) entries.push_back({user.id, user.name, user.ProfileText()});
+  for (const auto& user : users)
+    entries.push_back({user.id, user.name, "perfil " + user.ProfileText()});
   return entries;
 }
 

@@ -12,7 +12,7 @@ struct User {
   std::int32_t profile = 0;  ///< 0 is the unrestricted profile
   bool administrator = false;
 
-  /// What the profile lets the user do, in a few words.
+  /// The profile's number and what it lets the user do, in a few words.
   [[nodiscard]] QString ProfileText() const;
 };
 

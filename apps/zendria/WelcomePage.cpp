@@ -24,6 +24,7 @@ WelcomePage::WelcomePage(QWidget* parent)
   heading_.setBuddy(&recent_);
   recent_.setObjectName("recientes");
   recent_.setAlternatingRowColors(true);
+  recent_.setStyleSheet("QListWidget::item { padding: 3px; }");
 
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(60, 24, 60, 24);

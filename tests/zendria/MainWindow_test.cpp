@@ -37,7 +37,7 @@ TEST_F(MainWindowTest, WithoutASchoolItOffersToOpenOne) {
 TEST_F(MainWindowTest, ShowsUserProfileFileAndYear) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   EXPECT_EQ(LabelText("usuario"), "Dirección");
-  EXPECT_EQ(LabelText("perfil"), "perfil 0, sin restricciones, administrador");
+  EXPECT_EQ(LabelText("perfil"), "0 (sin restricciones), administrador");
   EXPECT_EQ(LabelText("fichero"), SchoolFile());
   EXPECT_EQ(LabelText("año"), "activo");
   window_->YearAction().trigger();

@@ -15,6 +15,9 @@
 namespace quorvane::test {
 namespace {
 
+/// Set on a dialog of the host that its step has been taken for.
+constexpr auto kMet = "met";
+
 QWidget& Find(qt::FormWindow& window, const std::string& control) {
   auto* const widget = window.Widget(control);
   if (widget == nullptr) throw std::runtime_error("No widget for the control " + control);
@@ -72,7 +75,8 @@ void Robot::Act(qt::FormWindow& window) {
 
 void Robot::LookForDialogs() {
   auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-  if (dialog == nullptr || dialog == acting_ || dialog->objectName().isEmpty()) return;
+  if (dialog == nullptr || dialog->property(kMet).toBool() || dialog->objectName().isEmpty())
+    return;
   const auto name = dialog->objectName().toStdString();
   if (dynamic_cast<qt::FormWindow*>(dialog) != nullptr) return;
   auto& steps = dialogSteps_[name];
@@ -83,9 +87,9 @@ void Robot::LookForDialogs() {
   }
   const auto step = std::move(steps.front());
   steps.pop_front();
-  auto* const before = std::exchange(acting_, dialog);
-  step(*dialog);
-  acting_ = before;
+  dialog->setProperty(kMet, true);
+  // Not from inside the timer's own signal, which would be deaf to what the step opens.
+  QTimer::singleShot(0, dialog, [dialog, step] { step(*dialog); });
 }
 
 void Robot::Click(qt::FormWindow& window, const std::string& button) {

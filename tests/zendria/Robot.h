@@ -52,7 +52,6 @@ class Robot {
   std::map<std::string, std::deque<std::function<void(qt::FormWindow&)>>> steps_;
   std::map<std::string, std::deque<std::function<void(QWidget&)>>> dialogSteps_;
   QTimer look_;
-  QWidget* acting_ = nullptr;
 };
 
 }  // namespace quorvane::test

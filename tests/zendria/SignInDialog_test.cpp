@@ -22,9 +22,9 @@ class SignInDialogTest : public testing::Test {
 TEST_F(SignInDialogTest, ShowsNamesAndProfiles) {
   ASSERT_EQ(dialog_.List().List().count(), 3);
   EXPECT_EQ(dialog_.List().List().item(0)->text(),
-            "Ana Ruiz  ·  perfil 3, sus tutorías y materias");
+            "Ana Ruiz  ·  perfil 3 (sus tutorías y materias)");
   EXPECT_EQ(dialog_.List().List().item(1)->text(),
-            "Dirección  ·  perfil 0, sin restricciones, administrador");
+            "Dirección  ·  perfil 0 (sin restricciones), administrador");
 }
 
 TEST_F(SignInDialogTest, TypeAheadAndEnterSignIn) {
