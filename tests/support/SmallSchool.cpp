@@ -85,7 +85,7 @@ std::string List(std::initializer_list<int> numbers) {
 }  // namespace
 
 SmallSchool::SmallSchool() {
-  for (const auto* const statements : {kPlaces, kPeople, kSubjects, kMarking}) Sql(statements);
+  Sql(std::string("BEGIN;") + kPlaces + kPeople + kSubjects + kMarking + "COMMIT;");
 }
 
 int SmallSchool::Numero(const std::string& select) const { return std::stoi(Rows(select).at(0)); }
