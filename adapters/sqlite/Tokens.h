@@ -27,8 +27,10 @@ constexpr std::array<CharKind, 256> MakeKinds() {
     if (letter) kinds[c] = CharKind::Word;
     if (c >= '0' && c <= '9') kinds[c] = CharKind::Digit;
   }
-  for (const unsigned char c : {'\'', '"', '`', '['}) kinds[c] = CharKind::Quote;
-  for (const unsigned char c : {'?', ':', '@', '$', '#'}) kinds[c] = CharKind::Parameter;
+  for (const auto c : std::string_view("'\"`["))
+    kinds[static_cast<unsigned char>(c)] = CharKind::Quote;
+  for (const auto c : std::string_view("?:@$#"))
+    kinds[static_cast<unsigned char>(c)] = CharKind::Parameter;
   kinds['-'] = CharKind::Dash;
   kinds['/'] = CharKind::Slash;
   kinds['.'] = CharKind::Dot;

@@ -1,12 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <string>
 
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
-#include "platform/RuntimeError.h"
 
 namespace {
 
@@ -99,8 +99,8 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
-  } catch (const quorvane::RuntimeError& error) {
-    std::cerr << "quorvane-escuela: " << error.Description() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << "quorvane-escuela: " << error.what() << '\n';
     return kFailed;
   }
 }
