@@ -56,15 +56,13 @@ struct SqliteConnection::State {
       : wait(busyWait), database(path, OpenFlags(mode), busyWait), cache(kKeptStatements) {}
 
   Recordset RunOnce(const std::string& statement) const {
-    return PreparedStatement(database.Handle(), ForEngine(statement), false)
-        .Run({}, wait);
+    return PreparedStatement(database.Handle(), ForEngine(statement), false).Run({}, wait);
   }
 
   PreparedStatement* FindOrPrepare(const std::string& lifted) {
     if (auto* const kept = cache.Find(lifted); kept != nullptr) return kept;
     try {
-      return &cache.Add(lifted,
-                        PreparedStatement(database.Handle(), ForEngine(lifted), true));
+      return &cache.Add(lifted, PreparedStatement(database.Handle(), ForEngine(lifted), true));
     } catch (const RuntimeError&) {
       // The statement's own text gives the engine's own words for what is wrong, if it is.
       return nullptr;
