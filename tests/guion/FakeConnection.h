@@ -6,6 +6,7 @@
 
 #include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "platform/StatementTrace.h"
 
 namespace quorvane::test {
 
@@ -30,6 +31,9 @@ class FakeConnection : public Connection {
     if (!statement.starts_with("SELECT")) return {};
     return {std::make_shared<FieldNames>(FieldNames{"uno", "dos"}), {Value("texto"), Value()}};
   }
+
+ private:
+  StatementTrace::Silence silence_;  // what reaches it is none of the module's
 };
 
 }  // namespace quorvane::test

@@ -5,6 +5,7 @@
 #include "platform/ObjectFactory.h"
 #include "platform/PersonSearch.h"
 #include "platform/SessionValues.h"
+#include "platform/StatementTrace.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {
@@ -32,6 +33,9 @@ class KeepingConnection : public Connection {
     reached.push_back(statement);
     return {};
   }
+
+ private:
+  StatementTrace::Silence silence_;  // what reaches it is none of the module's
 };
 
 TEST(HostComponents, AreMadeByTheirProgIdWithoutRegardToCase) {

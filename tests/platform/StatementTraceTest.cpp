@@ -1,0 +1,57 @@
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <unistd.h>
+
+#include "platform/StatementTrace.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr const char* kPath = "QUORVANE_TEST_TRACE_FILE";
+
+/// What a process of its own, asked to trace, writes: the file is opened once a process. That
+/// process runs the test again up to here, and so finds the path in its environment.
+std::string TracedBy(void (*work)()) {
+  const auto name = "quorvane-traza-" + std::to_string(getpid());
+  setenv(kPath, (std::filesystem::temp_directory_path() / name).c_str(), 0);
+  const std::filesystem::path path = getenv(kPath);
+  const auto program = [&path, work] {
+    setenv("QUORVANE_TRAZA", path.c_str(), 1);
+    work();
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(program(), testing::ExitedWithCode(0), "");
+  unsetenv(kPath);
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  std::filesystem::remove(path);
+  return text.str();
+}
+
+TEST(AStatementTrace, AppendsALineAStatement) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EQ(TracedBy([] {
+              StatementTrace::Write("centro", "SELECT 1");
+              StatementTrace::Write("borrado", " SELECT  2 ");
+            }),
+            "sql centro SELECT 1\nsql borrado  SELECT  2 \n");
+}
+
+TEST(AStatementTrace, IsSilentWhileASilenceLives) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EQ(TracedBy([] {
+              {
+                const StatementTrace::Silence outer;
+                { const StatementTrace::Silence inner; }
+                StatementTrace::Write("centro", "uno");
+              }
+              StatementTrace::Write("centro", "dos");
+            }),
+            "sql centro dos\n");
+}
+
+}  // namespace
+}  // namespace quorvane::test
