@@ -52,11 +52,9 @@ bool IsSelect(const std::string& statement) {
 
 /// Names tables or columns that no school has, or values for columns that aren't there.
 bool IsToFail(const std::string& line) {
-  return line.find("AlumnoPte_MateriaDetalles") != std::string::npos ||
-         (line.find("CodAlumno_MateriaDetalles={n}") != std::string::npos &&
-          (line.find("EvaluacionActaPte") != std::string::npos ||
-           line.find("EvaluacionPte") != std::string::npos)) ||
-         line.find("INSERT INTO EvaluacionPte  VALUES") != std::string::npos;
+  const auto has = [&line](const char* part) { return line.find(part) != std::string::npos; };
+  if (has("AlumnoPte_MateriaDetalles") || has("INSERT INTO EvaluacionPte  VALUES")) return true;
+  return has("CodAlumno_MateriaDetalles={n}") && (has("EvaluacionActaPte") || has("EvaluacionPte"));
 }
 
 /// The name that a form reads a column of the SELECT list by.
