@@ -29,6 +29,24 @@ std::string DetalleDe(std::int32_t materia, std::int32_t seccion) {
                             .Long());
 }
 
+/// The rest of a statement on the objective's row, from its FROM on.
+std::string FilaObjetivo(std::int32_t alumno, const std::string& idEvaluacion,
+                         const std::string& asociada, const std::string& detalle) {
+  return " FROM Alumno_MateriaDetalles WHERE CodAlumno=" + std::to_string(alumno) +
+         " AND CodNumEvaluacion=" + idEvaluacion + " AND CodMateriaDetallesAsociada=" + asociada +
+         " AND CodMateriaDetalles=" + detalle;
+}
+
+void Quitar(const std::string& fila, const std::string& idEvaluacion,
+            const std::string& borrarNotas) {
+  const auto objetivos = Execute("SELECT IDAlumno_MateriaDetalles" + fila);
+  if (objetivos.Eof()) return;
+  Execute(borrarNotas + " WHERE CodAlumno_MateriaDetalles=" +
+          std::to_string(objetivos.Fields("IDAlumno_MateriaDetalles").Long()) +
+          " AND CodNumEvaluacion=" + idEvaluacion);
+  Execute("DELETE" + fila);
+}
+
 }  // namespace
 
 std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo) {
@@ -90,16 +108,7 @@ void QuitarDeEvaluacionesPosteriores(std::int32_t seccion, std::int32_t evaluaci
     const auto idEvaluacion = std::to_string(posteriores.Fields("IDNumEvaluacion").Long());
     const auto asociada = DetalleDe(materia, seccion);
     const auto detalle = DetalleDe(objetivo, seccion);
-    const auto fila = " FROM Alumno_MateriaDetalles WHERE CodAlumno=" + std::to_string(alumno) +
-                      " AND CodNumEvaluacion=" + idEvaluacion +
-                      " AND CodMateriaDetallesAsociada=" + asociada +
-                      " AND CodMateriaDetalles=" + detalle;
-    const auto objetivos = Execute("SELECT IDAlumno_MateriaDetalles" + fila);
-    if (objetivos.Eof()) continue;
-    Execute(borrarNotas + " WHERE CodAlumno_MateriaDetalles=" +
-            std::to_string(objetivos.Fields("IDAlumno_MateriaDetalles").Long()) +
-            " AND CodNumEvaluacion=" + idEvaluacion);
-    Execute("DELETE" + fila);
+    Quitar(FilaObjetivo(alumno, idEvaluacion, asociada, detalle), idEvaluacion, borrarNotas);
   }
 }
 

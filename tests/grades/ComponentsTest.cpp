@@ -44,7 +44,7 @@ TEST(MateriasBloqueo, SplittingSkipsTheLeadingZero) {
 }
 
 class Attempts : public ::testing::Test {
- protected:
+ public:
   Attempts() { Application::Instance().UseScreen(&screen_); }
   ~Attempts() override { Application::Instance().UseScreen(nullptr); }
   Attempts(const Attempts&) = delete;
@@ -52,6 +52,7 @@ class Attempts : public ::testing::Test {
   Attempts(Attempts&&) = delete;
   Attempts& operator=(Attempts&&) = delete;
 
+ protected:
   /// Runs the loop over these answers; gives back how many attempts it made.
   int Run(std::vector<std::int32_t> answers) {
     std::size_t made = 0;
@@ -97,9 +98,7 @@ class GridOnAForm : public ::testing::Test {
   GridOnAForm() { grid_.Cols(4); }
 
   std::vector<std::int32_t> Widths() const {
-    std::vector<std::int32_t> widths;
-    for (int column = 0; column < grid_.Cols(); ++column) widths.push_back(grid_.ColWidth(column));
-    return widths;
+    return {grid_.ColWidth(0), grid_.ColWidth(1), grid_.ColWidth(2), grid_.ColWidth(3)};
   }
   void Widen(std::int32_t width) {
     for (int column = 0; column < grid_.Cols(); ++column) grid_.ColWidth(column, width);
@@ -153,7 +152,7 @@ constexpr const char* kSystems =
     "CodTipoEnsenanza=11))) ORDER BY DescripcionCorta";
 
 class CellStatement : public ::testing::TestWithParam<bool> {
- protected:
+ public:
   CellStatement() { cConfiguracion::Instancia().SQLServer = GetParam(); }
   ~CellStatement() override { cConfiguracion::Instancia().SQLServer = false; }
   CellStatement(const CellStatement&) = delete;
@@ -161,6 +160,7 @@ class CellStatement : public ::testing::TestWithParam<bool> {
   CellStatement(CellStatement&&) = delete;
   CellStatement& operator=(CellStatement&&) = delete;
 
+ protected:
   const Seleccion chosen_{11, 22, 33, 44, 5, false};
   const std::string true_ = GetParam() ? "1" : "-1";
 };

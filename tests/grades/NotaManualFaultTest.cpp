@@ -12,10 +12,8 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 const std::string kSession =
     "editar rtvNotasAlumno 1 1 =107\npulsar cmdSiguiente\neditar rtvNotasAlumno 1 1 =103\n"

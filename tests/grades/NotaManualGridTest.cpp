@@ -21,8 +21,6 @@ const std::string kGrades =
     R"([[" ",0],["0",100],["1",101],["10",110],["2",102],["3",103],["4",104],["5",105],)"
     R"(["6",106],["7",107],["8",108],["9",109]])";
 
-const Role kTutor{2, 1, 1, false, true, false};
-
 std::vector<std::string> Offered(const GradeSchool& school, const std::string& cell = "1 1") {
   return RunScript(school, Open() + "lista rtvNotasAlumno " + cell + "\n", Tutor()).Of("lista");
 }

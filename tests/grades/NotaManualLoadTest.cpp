@@ -14,7 +14,6 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 TEST(NotaManualLoad, DialogHasItsCaptions) {
   const GradeSchool school;

@@ -1,0 +1,196 @@
+#include <gmock/gmock.h>
+
+#include "tests/grades/NotaManualDirect.h"
+
+// The dialog itself: measures, busy sign, tab, and the pane of the tutor that has none.
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<std::int32_t> Placed(const Control& control) {
+  return {control.Left(), control.Top(), control.Width(), control.Height()};
+}
+
+TEST_F(NotaManualDirect, ResizeMovesTheBottomAndTheRightEdge) {
+  auto& form = Opened();
+  form.ResizeByUser(12000, 9000);
+  // Inside: 11880 by 8595.
+  EXPECT_THAT(Placed(form.cmdCancelar),
+              ElementsAre(11880 - 1215 - 240, 8595 - 375 - 180, 1215, 375));
+  EXPECT_THAT(Placed(form.cmdAceptar), ElementsAre(10425 - 1215 - 135, 8040, 1215, 375));
+  EXPECT_THAT(Placed(form.tabNotaManual),
+              ElementsAre(240, 720, 11880 - 240 - 240, 8040 - 720 - 240));
+  for (const auto& pane : form.fraNotaManual)
+    EXPECT_THAT(Placed(pane), ElementsAre(420, 1110, 11400 - 360, 7080 - 460));
+  EXPECT_THAT(Placed(form.fraNota[0]), ElementsAre(180, 270, 11040 - 360, 6620 - 540));
+  EXPECT_THAT(Placed(form.rtvNotasAlumno), ElementsAre(180, 360, 10680 - 360, 6080 - 540));
+  EXPECT_THAT(Placed(form.fraNotaTutor[0]), ElementsAre(180, 270, 10680, 6080));
+  EXPECT_EQ(form.fraObservacion[0].Top(), 6080 - 1070);
+  EXPECT_THAT(Placed(form.fraAusencia[0]), ElementsAre(10680 - 2700 - 200, 5010, 2700, 930));
+  EXPECT_THAT(Placed(form.rtvNotasTutor), ElementsAre(180, 300, 10680 - 360, 6080 - 1070 - 360));
+}
+
+TEST_F(NotaManualDirect, FormMadeTooSmallReturnsToItsLeastMeasures) {
+  auto& form = Opened();
+  form.ResizeByUser(100, 100);
+  EXPECT_EQ(form.Width(), 9300);
+  EXPECT_EQ(form.Height(), 6465);
+  EXPECT_THAT(Placed(form.cmdCancelar), ElementsAre(7725, 5505, 1215, 375));
+  form.ResizeByUser(9299, 6464);
+  EXPECT_EQ(form.Width(), 9300);
+  EXPECT_EQ(form.Height(), 6465);
+}
+
+TEST_F(NotaManualDirect, MeasureThatAControlRefusesIsAnError) {
+  auto& form = Opened();
+  form.tabNotaManual.Top(6000);
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.ResizeByUser(9400, 6465); }), 380);
+}
+
+TEST_F(NotaManualDirect, WhileItLoadsOnlyTheBusySignShowsAndResizingHasNoEffect) {
+  std::vector<std::string> shown;
+  std::vector<std::int32_t> measures;
+  std::string caption;
+  int paints = 0;
+  session_.screen.Painting = [&] {
+    auto& form = FormInstance<frmNotaManual>::Get();
+    if (!form.aniCarga.Playing() || ++paints > 1) return;
+    for (const auto* control : form.Controls())
+      if (control->Shown()) shown.push_back(control->Name());
+    measures = {form.Left(), form.Top(), form.Width(), form.Height()};
+    caption = form.fraAniCarga.Caption();
+    EXPECT_EQ(form.aniCarga.File(), "C:\\zendria\\avis\\filecopy.avi");
+    EXPECT_EQ(session_.screen.MousePointer(), Pointer::Hourglass);
+  };
+  auto& form = session_.Open();
+  EXPECT_THAT(shown, ElementsAre("fraAniCarga", "aniCarga"));
+  // The frame is 4320 by 1140 at 120, 120; the screen 20000 by 12000.
+  EXPECT_THAT(measures, ElementsAre((20000 - 4780) / 2, (12000 - 1790) / 2, 4780, 1790));
+  EXPECT_EQ(caption, "Cargando datos");
+  EXPECT_EQ(form.Width(), 9300);
+  EXPECT_FALSE(form.aniCarga.Playing());
+  EXPECT_TRUE(form.Enabled());
+  EXPECT_EQ(session_.screen.MousePointer(), Pointer::Default);
+}
+
+TEST_F(NotaManualDirect, WhileItSavesTheBusySignShowsAndTheFormTakesNoGesture) {
+  auto& form = Opened();
+  std::string caption;
+  bool enabled = true;
+  session_.screen.Painting = [&] {
+    if (!form.aniCarga.Playing()) return;
+    caption = form.fraAniCarga.Caption();
+    enabled = form.Enabled();
+    session_.screen.Painting = nullptr;
+  };
+  const auto held = form.shared_from_this();
+  form.cmdAceptar_Click();
+  EXPECT_EQ(caption, "Grabando datos");
+  EXPECT_FALSE(enabled);
+  EXPECT_FALSE(FormInstance<frmNotaManual>::Exists());
+}
+
+TEST_F(NotaManualDirect, MeasuresAndPlaceComeBackAfterTheBusySign) {
+  auto& form = Opened();
+  form.ResizeByUser(12000, 9000);
+  form.Left(500);
+  form.Top(300);
+  form.MostrarCarga(false);
+  EXPECT_EQ(form.Height(), 1790) << "the shrunk form isn't set back to its least measures";
+  for (const auto* control : form.Controls()) EXPECT_FALSE(control->Visible()) << control->Name();
+  form.MostrarCarga(true);
+  EXPECT_THAT((std::vector<std::int32_t>{form.Left(), form.Top(), form.Width(), form.Height()}),
+              ElementsAre(500, 300, 12000, 9000));
+  EXPECT_TRUE(form.rtvNotasAlumno.Shown());
+  EXPECT_FALSE(form.rtvNotasTutor.Shown()) << "on the pane without a tab";
+  EXPECT_EQ(form.tabNotaManual.Height(), 8040 - 720 - 240) << "the panes follow";
+}
+
+TEST_F(NotaManualDirect, PressingTheOnlyTabShowsTheGrades) {
+  auto& form = Opened();
+  form.fraNotaManual[0].Visible(false);
+  form.tabNotaManual.SelectedTab(1);
+  EXPECT_TRUE(form.fraNotaManual[0].Visible());
+  EXPECT_FALSE(form.fraNotaManual[1].Visible());
+  EXPECT_LT(form.tabNotaManual.Layer(), form.fraNotaManual[0].Layer());
+}
+
+TEST_F(NotaManualDirect, CaptionOfStepOneIsKeptAndNotShown) {
+  FormInstance<frmNotaManual>::Get().mstrCaption = "ESO 2º ESO A";
+  EXPECT_EQ(Opened().Caption(), "Introducción de notas. Paso 2 de 2");
+}
+
+TEST_F(NotaManualDirect, MembersThatAStudentDoesNotHaveAreAnError) {
+  auto& form = Opened();
+  const auto error = [](const auto& action) { return DirectSession::ErrorOf(action); };
+  EXPECT_EQ(error([&form] { form.cboObservacion.ListIndex(0); }), 438);
+  EXPECT_EQ(error([&form] { form.cboObservacion.ListIndex(-1); }), 0);
+  EXPECT_EQ(error([&form] { form.txtAusencias.TypeKey("3"); }), 438);
+  EXPECT_EQ(error([&form] { form.txtRetrasos.Text("2"); }), 438);
+  form.rtvNotasTutor.AddItem("");
+  form.rtvNotasTutor.TextMatrix(1, 3, "77");
+  for (const int column : {1, 2}) {
+    form.rtvNotasTutor.BeginEdit(1, column);
+    EXPECT_EQ(error([&form] { form.rtvNotasTutor.EndEdit(0); }), 438) << column;
+  }
+}
+
+TEST_F(NotaManualDirect, CountersTakeDigitsAndTheBackspaceAlone) {
+  auto& form = Opened();
+  for (auto* box : {&form.txtAusencias, &form.txtRetrasos}) {
+    int key = 'x';
+    box->KeyPress(key);
+    EXPECT_EQ(key, 0);
+    for (const int good : {int{'0'}, int{'9'}, 8}) {
+      key = good;
+      box->KeyPress(key);
+      EXPECT_EQ(key, good);
+    }
+  }
+  EXPECT_EQ(session_.screen.beeps, 2);
+}
+
+TEST_F(NotaManualDirect, CellOfTheTutorsGridIsFilledWithTheGradesOfValues) {
+  auto& form = Opened();
+  form.rtvNotasTutor.AddItem("");
+  form.rtvNotasTutor.TextMatrix(1, 3, "77");
+  form.rtvNotasTutor.BeginEdit(1, 1);
+  EXPECT_THAT(
+      session_.Statements(),
+      ElementsAre(Sql(
+          "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR "
+          "CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion=321)) AND (CodCurso=0 OR "
+          "CodCurso=32) AND (CodNumevaluacion=0 OR CodNumEvaluacion=1) AND (CodMateria=0 OR "
+          "CodMateria=77) AND (CodPersonal=0) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota "
+          "WHERE Orden=1 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE "
+          "CodEspecificarTipoMateria=3 AND CodSistemaCalificacion IN (SELECT "
+          "IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza=3))) ORDER BY "
+          "DescripcionCorta")));
+  ASSERT_EQ(form.rtvNotasTutor.Lista(1).size(), 2U);
+  EXPECT_EQ(form.rtvNotasTutor.Lista(1)[0].text, " ");
+  EXPECT_EQ(form.rtvNotasTutor.Lista(1)[1].data, 301);
+}
+
+TEST_F(NotaManualDirect, HeadingFirstAndLastColumnOfTheTutorsGridOfferNothing) {
+  auto& form = Opened();
+  form.rtvNotasTutor.AddItem("");
+  for (const auto& [row, column] : {std::pair{0, 1}, std::pair{1, 0}, std::pair{1, 3}})
+    form.rtvNotasTutor.BeginEdit(row, column);
+  form.blnEdicionActiva = false;
+  form.rtvNotasTutor.BeginEdit(1, 1);
+  EXPECT_THAT(session_.Statements(), IsEmpty());
+}
+
+TEST_F(NotaManualDirect, WidthsOfTheTutorsGridAreKeptByAnEdit) {
+  auto& form = Opened();
+  form.rtvNotasTutor.ColWidth(2, 3456);
+  form.rtvNotasTutor_FinEdicion();  // on the heading row: the widths are saved all the same
+  form.rtvNotasTutor.DragColumn(2, 100);
+  EXPECT_EQ(form.rtvNotasTutor.ColWidth(2), 3456);
+}
+
+}  // namespace
+}  // namespace quorvane::test
