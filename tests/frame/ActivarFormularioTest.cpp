@@ -12,7 +12,7 @@ namespace {
 class TheNodes : public testing::Test {
  protected:
   TheNodes() { cConfiguracion::Instancia().conLocalCentro = &empty; }
-  ~TheNodes() override {
+  void TearDown() override {
     FormInstances::DropAll();
     cConfiguracion::Instancia() = cConfiguracion();
   }

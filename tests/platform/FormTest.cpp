@@ -56,7 +56,7 @@ class AForm : public testing::Test {
     frmVida::alCargar = nullptr;
     frmVida::alActivar = nullptr;
   }
-  ~AForm() override { FormInstances::DropAll(); }
+  void TearDown() override { FormInstances::DropAll(); }
   static frmVida& Get() { return FormInstance<frmVida>::Get(); }
 
   ScriptedFrontEnd screen;
