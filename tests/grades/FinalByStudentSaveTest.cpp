@@ -207,5 +207,14 @@ TEST(FinalByStudentSave, SavingGoesBackToStepOneWithItsChoices) {
   EXPECT_EQ(result.status, 0);
 }
 
+TEST(FinalByStudentSave, ClosingWithTheCrossSavesNothingAndGivesEverythingBack) {
+  const FinalSchool school;
+  const auto before = school.Modulo();
+  const auto result = RunScript(school, OpenFinal() + "editar rtvNotasAlumno 1 1 \"7\"\ncerrar\n",
+                                SessionOf(kTutor));
+  EXPECT_EQ(school.Modulo(), before);
+  EXPECT_THAT(Traffic(result.After("cerrar")), ::testing::ElementsAreArray(Leave(kTutor, 1)));
+}
+
 }  // namespace
 }  // namespace quorvane::test

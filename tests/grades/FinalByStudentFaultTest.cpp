@@ -1,0 +1,187 @@
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "tests/grades/FinalSchool.h"
+#include "tests/grades/FinalStatements.h"
+#include "tests/grades/FormView.h"
+
+// Statements that fail, rows that are missing, values that don't convert, in the final evaluations
+// by student and by section.
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+/// A session that uses every statement that saving can take: subject 4 takes the mark, subject 1
+/// leaves it to a later evaluation, subject 2 gives it back to an earlier one.
+void Prepare(const FinalSchool& school) {
+  school.Sql("DELETE FROM EvaluacionActaPte WHERE CodNumEvaluacion=4 AND CodAlumnoPte_MatDet=1");
+  for (const auto pending : {1, 2}) school.Evalua(pending, 6);
+  school.Sql(
+      "UPDATE EvaluacionActaPte SET CodNota=105, Evaluado=-1, UltimaEvaluada=-1 WHERE "
+      "(CodNumEvaluacion=6 AND CodAlumnoPte_MatDet=1) OR (CodNumEvaluacion=4 AND "
+      "CodAlumnoPte_MatDet=2);"
+      "UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=5");
+}
+
+/// Replays on another school what a session wrote.
+void Replay(const FinalSchool& school, const Lines& traffic) {
+  const std::string prefix = "sql centro ";
+  for (const auto& line : traffic) {
+    if (!line.starts_with(prefix + "INSERT") && !line.starts_with(prefix + "UPDATE") &&
+        !line.starts_with(prefix + "DELETE"))
+      continue;
+    school.Sql(line.substr(prefix.size()));
+  }
+}
+
+/// A session by the number of the node, in as many parts as can be run side by side.
+struct Part {
+  int node;
+  int first;
+};
+
+constexpr int kParts = 4;
+
+class FinalFailure : public ::testing::TestWithParam<Part> {
+ protected:
+  static std::string Open() {
+    return GetParam().node == 124 ? OpenFinal(5) : OpenSectionFinal(5, 3111);
+  }
+
+  static std::string Session() {
+    return Open() +
+           "editar rtvNotasAlumno 1 1 \"7\"\npulsar cmdSiguiente\npulsar cmdAceptar\n"
+           "pulsar cmdNotaManual1(1)\n";
+  }
+};
+
+TEST_P(FinalFailure, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
+  const FinalSchool whole;
+  Prepare(whole);
+  const auto all = Traffic(RunScript(whole, Session(), SessionOf(kTutor)));
+  const auto isStatement = [](const auto& line) { return line.starts_with("sql "); };
+  const auto statements = std::count_if(all.begin(), all.end(), isStatement);
+  ASSERT_GT(statements, 40);
+  const FinalSchool expected;
+  Prepare(expected);
+  auto replayed = all.begin();
+  for (auto k = GetParam().first; k <= statements; k += kParts) {
+    SCOPED_TRACE("fallo " + std::to_string(k));
+    const FinalSchool school;
+    Prepare(school);
+    const auto result =
+        RunScript(school, "fallo " + std::to_string(k) + "\n" + Session(), SessionOf(kTutor));
+    ASSERT_EQ(result.status, 1);
+    ASSERT_THAT(result.Of("error"), ElementsAre("-2147467259 fallo"));
+    ASSERT_THAT(result.Of("mensaje"), IsEmpty());
+    const auto traffic = Traffic(result);
+    const auto failed = all.begin() + static_cast<std::ptrdiff_t>(traffic.size()) - 1;
+    ASSERT_THAT(traffic, ElementsAreArray(all.begin(), failed + 1));
+    // All before the one that failed stays written.
+    Replay(expected, {replayed, failed});
+    replayed = failed;
+    ASSERT_EQ(school.Modulo(), expected.Modulo());
+    // Once what is left of it is removed the way can be gone again.
+    school.DropPublications();
+    const auto again = RunScript(school, Open() + "ver\n", SessionOf(kTutor));
+    ASSERT_EQ(again.status, 0) << again.Text();
+    ASSERT_GE(FormView(again).Entries("cboAlumnos").size(), 2U);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sessions, FinalFailure,
+                         ::testing::Values(Part{124, 1}, Part{124, 2}, Part{124, 3}, Part{124, 4},
+                                           Part{127, 1}, Part{127, 2}, Part{127, 3}, Part{127, 4}),
+                         [](const auto& part) {
+                           return "Node" + std::to_string(part.param.node) + "Part" +
+                                  std::to_string(part.param.first);
+                         });
+
+TEST(FinalFault, ProgramLivesOnInTheSameRun) {
+  const FinalSchool school;
+  const auto result = RunScript(school,
+                                "fallo 30\n" + OpenFinal() + OpenFinal() +
+                                    "ver\npulsar cmdCancelar\npulsar cmdNotaManual1(1)\n",
+                                SessionOf(kTutor));
+  EXPECT_THAT(result.Of("error"), ElementsAre("-2147467259 fallo"));
+  EXPECT_EQ(FormView(result).Form(), "frmNotaManualFinal");
+  EXPECT_THAT(result.Of("vuelve"), Contains("124"));
+}
+
+// A save that breaks off leaves the form as it is, shrunk to the animation, and its locks standing.
+TEST(FinalFault, SaveThatBreaksOffLeavesTheEarlierSubjectsSaved) {
+  const FinalSchool school;
+  const auto result = RunScript(
+      school, OpenFinal() + "editar rtvNotasAlumno 1 1 \"7\"\nfallo 4\npulsar cmdAceptar\n",
+      SessionOf(kTutor));
+  EXPECT_THAT(result.Of("error"), ElementsAre("-2147467259 fallo"));
+  EXPECT_EQ(school.Stored(4, 4), "107|0|0|-1|-1");
+  EXPECT_THAT(school.Rows("SELECT COUNT(*) FROM BloqueoPte"), ElementsAre("3"));
+  EXPECT_THAT(school.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("1"));
+}
+
+/// A change of the school and what opening comes to: "" for nothing.
+struct BadInput {
+  const char* name;
+  const char* change;
+  const char* byStudent;
+  const char* bySection;
+};
+
+class FinalBadInput : public ::testing::TestWithParam<BadInput> {};
+
+TEST_P(FinalBadInput, EndsTheLoadOrIsRead) {
+  for (const auto node : {124, 127}) {
+    const FinalSchool school;
+    school.Sql(GetParam().change);
+    const auto result =
+        RunScript(school, node == 124 ? OpenFinal() : OpenSectionFinal(), SessionOf(kTutor));
+    const std::string expected = node == 124 ? GetParam().byStudent : GetParam().bySection;
+    if (expected.empty())
+      EXPECT_THAT(result.Of("error"), IsEmpty()) << node;
+    else
+      EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr(expected + " "))) << node;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Schools, FinalBadInput,
+    ::testing::Values(
+        BadInput{"NullGrades",
+                 "UPDATE EvaluacionActaPte SET CodNota=NULL, CodNotaObservacion=NULL, "
+                 "RE_AC_DIV=NULL, Evaluado=NULL, UltimaEvaluada=NULL",
+                 "", ""},
+        BadInput{"MeasureBeyondEightBits", "UPDATE EvaluacionActaPte SET RE_AC_DIV=256", "6", "6"},
+        BadInput{"NegativeMeasure", "UPDATE EvaluacionActaPte SET RE_AC_DIV=-1", "6", "6"},
+        BadInput{"GradeThatIsNoNumber", "UPDATE EvaluacionActaPte SET CodNota='siete'", "13", "13"},
+        BadInput{"SectionBeyondSixteenBits",
+                 "UPDATE MateriaDetalles SET codSeccion=40000 WHERE "
+                 "IDMateriaDetalles IN (3111,3113)",
+                 "6", ""},
+        BadInput{"TeacherThatIsNoNumber", "UPDATE MateriaDetalles SET CodPersonal='Ana'", "", "13"},
+        BadInput{"SubjectWithoutAName", "DELETE FROM Materia WHERE IDMateria=3", "3021", ""},
+        BadInput{"StudentWithoutAName", "UPDATE Alumno SET Nombre=NULL, Apellido_1=NULL", "", ""},
+        BadInput{"GradeTypeOffTheGrid", "UPDATE TipoNota SET Orden=9 WHERE IDTipoNota=12", "381",
+                 "381"},
+        BadInput{"GradeTypeOnTheKeys", "UPDATE TipoNota SET Orden=8 WHERE IDTipoNota=12", "", ""}),
+    [](const auto& input) { return input.param.name; });
+
+TEST(FinalFault, NullGradesAreSavedAsNone) {
+  const FinalSchool school;
+  school.Sql(
+      "UPDATE EvaluacionActaPte SET CodNota=NULL, CodNotaObservacion=NULL, RE_AC_DIV=NULL, "
+      "Evaluado=NULL, UltimaEvaluada=NULL WHERE CodNumEvaluacion=4");
+  static_cast<void>(RunScript(school, OpenFinal() + "pulsar cmdAceptar\n", SessionOf(kTutor)));
+  EXPECT_EQ(school.Stored(4, 4), "0|0|0|0|0");
+}
+
+}  // namespace
+}  // namespace quorvane::test
