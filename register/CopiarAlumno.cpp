@@ -4,7 +4,7 @@ namespace quorvane {
 namespace {
 
 std::shared_ptr<cEvaluacion> CopiarEvaluacion(const cEvaluacion& origen) {
-  const auto copia = std::make_shared<cEvaluacion>();
+  auto copia = std::make_shared<cEvaluacion>();
   copia->Estado = origen.Estado;
   copia->EstadoAnterior = origen.EstadoAnterior;
   copia->Extraordinaria = origen.Extraordinaria;
@@ -16,7 +16,7 @@ std::shared_ptr<cEvaluacion> CopiarEvaluacion(const cEvaluacion& origen) {
 }
 
 std::shared_ptr<cMateria> CopiarMateria(const cMateria& origen) {
-  const auto copia = std::make_shared<cMateria>();
+  auto copia = std::make_shared<cMateria>();
   copia->Estado = origen.Estado;
   copia->EstadoAnterior = origen.EstadoAnterior;
   copia->IDMatDetalle = origen.IDMatDetalle;
@@ -31,7 +31,7 @@ std::shared_ptr<cMateria> CopiarMateria(const cMateria& origen) {
 }  // namespace
 
 std::shared_ptr<cAlumno> CopiarAlumno(const cAlumno& origen) {
-  const auto copia = std::make_shared<cAlumno>();
+  auto copia = std::make_shared<cAlumno>();
   copia->REACDIV = origen.REACDIV;
   copia->Diversificacion = origen.Diversificacion;
   copia->Estado = origen.Estado;

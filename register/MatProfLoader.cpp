@@ -12,7 +12,7 @@ namespace {
 
 std::shared_ptr<cMatProf> ReadMatProf(const Recordset& row) {
   const cConstCol estados;
-  const auto matProf = std::make_shared<cMatProf>();
+  auto matProf = std::make_shared<cMatProf>();
   matProf->IDMatDetalle = row.Fields("IDMateriaDetalles").AfterZero().Long();
   matProf->IDPersonal = row.Fields("IDPersonal").AfterZero().Long();
   matProf->NombreMat = row.Fields("MNombre").Text() + " (" + row.Fields("CDescripcion").Text() +

@@ -13,17 +13,19 @@ std::string RegisterWriter::SiguienteId(const std::string& tabla, const std::str
 }
 
 void RegisterWriter::SaveTeachers(const Collection<cMatProf>& colMatProf) {
-  for (const auto& matProf : colMatProf) {
-    const auto matDet = Key(matProf->IDMatDetalle);
-    const auto profesor = Key(matProf->IDPersonal);
-    if (matProf->Estado == estados_.Eliminado)
-      centro_.Execute("DELETE FROM Profesor_Pte WHERE codMatDet=" + matDet);
-    else if (matProf->Estado == estados_.Modificado)
-      centro_.Execute("UPDATE Profesor_Pte SET codProfesor=" + profesor +
-                      " WHERE codMatDet=" + matDet);
-    else if (matProf->Estado == estados_.NUEVO)
-      centro_.Execute("INSERT INTO Profesor_Pte VALUES (" + profesor + "," + matDet + ")");
-  }
+  for (const auto& matProf : colMatProf) SaveTeacher(*matProf);
+}
+
+void RegisterWriter::SaveTeacher(const cMatProf& matProf) {
+  const auto matDet = Key(matProf.IDMatDetalle);
+  const auto profesor = Key(matProf.IDPersonal);
+  if (matProf.Estado == estados_.Eliminado)
+    centro_.Execute("DELETE FROM Profesor_Pte WHERE codMatDet=" + matDet);
+  else if (matProf.Estado == estados_.Modificado)
+    centro_.Execute("UPDATE Profesor_Pte SET codProfesor=" + profesor +
+                    " WHERE codMatDet=" + matDet);
+  else if (matProf.Estado == estados_.NUEVO)
+    centro_.Execute("INSERT INTO Profesor_Pte VALUES (" + profesor + "," + matDet + ")");
 }
 
 void RegisterWriter::SaveStudents(const Collection<cAlumno>& colAlumnos) {

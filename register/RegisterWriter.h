@@ -25,6 +25,7 @@ class RegisterWriter {
   void SaveStudents(const Collection<cAlumno>& colAlumnos);
 
  private:
+  void SaveTeacher(const cMatProf& matProf);
   void DeleteStudent(const cAlumno& alumno);
   void InsertStudent(const cAlumno& alumno);
   void UpdateStudent(const cAlumno& alumno);

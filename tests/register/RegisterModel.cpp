@@ -248,7 +248,8 @@ std::vector<std::string> RegisterModel::ExpectedMatrices() const {
         marks += Cell(subject.evaluations.contains(evaluacion));
       marks += ";";
     }
-    matrices.push_back(data + "] " + marks);
+    data += "] ";
+    matrices.push_back(data += marks);
   }
   return matrices;
 }

@@ -2,9 +2,6 @@
 #include <gmock/gmock.h>
 
 #include "frame/cConstCol.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/PersonSearch.h"
 #include "register/frmAlumnoMateria.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmAlumnos.h"
@@ -18,7 +15,6 @@ namespace quorvane::test {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 template <class F>
 F& The() {
@@ -246,88 +242,6 @@ TEST(RegisterModels, WhatTheDialogsCreateIsNew) {
                   EXPECT_EQ(evaluacion.Estado, estados.NUEVO);
                   EXPECT_EQ(evaluacion.EstadoAnterior, estados.NUEVO);
                 }});
-}
-
-// The person search of a host in trouble.
-
-class ShorteningApi : public CentroApi {
- public:
-  void acortartextolabel(Label& label) override { label.Caption(label.Caption().substr(0, 3)); }
-};
-
-class FailingSearch : public PersonSearch {
- public:
-  std::int32_t Buscar(const std::string& /*clase*/) override {
-    throw RuntimeError(ErrorNumber::MissingMember, "sin buscador");
-  }
-};
-
-class FoundSearch : public PersonSearch {
- public:
-  std::int32_t Buscar(const std::string& clase) override { return clase == "Docente" ? 2 : -1; }
-};
-
-template <class T>
-void Use() {
-  Application::Instance().Objects().Register(T::kProgId, [] { return std::make_unique<T>(); });
-}
-
-/// Presses the search of the first subject; then what the form holds.
-void Search(DirectSession& session, const StepScreen::Step& then) {
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropMat.Press(); },
-                [] { The<frmPropMatProf>().cmdNProfesor.Press(); }, then});
-}
-
-TEST(RegisterModels, AShortenedNameIsWhatTheListShows) {
-  DirectSession session;
-  Use<ShorteningApi>();
-  Use<FoundSearch>();
-  Search(session, [] {
-    EXPECT_EQ(The<frmPropMatProf>().lblProfesor.Caption(), "Gil");
-    The<frmPropMatProf>().cmdAceptar.Press();
-    EXPECT_EQ(The<frmAlumnoPendiente>().msgMaterias.TextMatrix(1, 1), "Gil");
-  });
-}
-
-TEST(RegisterModels, AFailureOfTheSearchSurfacesInTheOneTest) {
-  DirectSession session;
-  Use<FailingSearch>();
-  Search(session, [] { EXPECT_EQ(The<frmPropMatProf>().IDProfesorSeleccionado, 0); });
-  EXPECT_THAT(session.screen.messages,
-              ElementsAre("ERROR al consultar la base de datos.\rsin buscador"));
-  // The statement ran all the same, for nobody.
-  EXPECT_EQ(session.statements.back(),
-            "SELECT IDPersonal,Apellido1,Apellido2,Nombre FROM Personal WHERE IDPersonal=0");
-}
-
-TEST(RegisterModels, AComponentThatCantBeCreatedTellsTheLastFailure) {
-  DirectSession session;
-  Application::Instance().Objects().Register(
-      PersonSearch::kProgId,
-      []() -> std::unique_ptr<HostObject> { throw RuntimeError(ErrorNumber::CantCreateObject); });
-  Search(session, [] {});
-  // Each member that was asked of nothing failed after it.
-  EXPECT_THAT(session.screen.messages,
-              ElementsAre("ERROR al consultar la base de datos.\r" +
-                          RuntimeError(ErrorNumber::ObjectNotSet).Description()));
-}
-
-TEST(RegisterModels, AFailureAfterTheTestIsPassedOver) {
-  class FailingApi : public CentroApi {
-   public:
-    void acortartextolabel(Label& label) override {
-      if (label.Caption() == "Gil Mora, Luis") throw RuntimeError(ErrorNumber::MissingMember);
-    }
-  };
-  DirectSession session;
-  Application::Instance().Objects().Register(CentroApi::kProgId,
-                                             [] { return std::make_unique<FailingApi>(); });
-  Use<FoundSearch>();
-  Search(session, [] {
-    EXPECT_EQ(The<frmPropMatProf>().lblProfesor.Caption(), "Gil Mora, Luis");
-    EXPECT_EQ(The<frmPropMatProf>().IDProfesorSeleccionado, 2);
-  });
-  EXPECT_THAT(session.screen.messages, IsEmpty());
 }
 
 }  // namespace
