@@ -20,6 +20,8 @@
 namespace quorvane::qt {
 namespace {
 
+constexpr double kMostOfTheScreen = 0.95;
+
 bool IsUserInput(QEvent::Type type) {
   return type == QEvent::KeyPress || type == QEvent::MouseButtonPress ||
          type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick ||
@@ -96,12 +98,14 @@ void FormWindow::OrderTabs() {
   }
 }
 
-void FormWindow::Open() {
+void FormWindow::Appear() {
   const auto* before = parentWidget();
   const auto room = before != nullptr && before->isVisible() ? before->frameGeometry()
                                                              : screen()->availableGeometry();
   if (!placedByModel_)
-    resize(sizeHint().expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())}));
+    resize(sizeHint()
+               .expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())})
+               .boundedTo(screen()->availableSize() * kMostOfTheScreen));
   move(room.center() - rect().center());
   show();
   knownPosition_ = {Twips(pos().x()), Twips(pos().y())};

@@ -41,7 +41,7 @@ class FormWindow : public QDialog {
   [[nodiscard]] QWidget* Surface(const Frame* container) const;
 
   /// Puts the window on the screen, in the middle of its parent or of the screen.
-  void Open();
+  void Appear();
   /// Lines the window up with the model. Raises no event.
   void Sync();
 

@@ -15,7 +15,7 @@ namespace {
 constexpr int kRowPadding = 7;  // pixels above and below the text of a row, together
 constexpr int kCentred = 4;
 constexpr int kLeastWidth = 256;  // pixels, as the next
-constexpr int kGreatestWidth = 800;
+constexpr int kGreatestWidth = 1100;
 
 }  // namespace
 
@@ -42,6 +42,7 @@ void GridTable::Take(const Grid& grid) {
   cells_.Take(grid);
   horizontalHeader()->setVisible(grid.FixedRows() > 0);
   std::vector<Column> columns;
+  columns.reserve(static_cast<std::size_t>(grid.Cols()));
   for (int col = 0; col < grid.Cols(); ++col)
     columns.push_back({Pixels(grid.ColWidth(col)), grid.ColAlignment(col) == kCentred});
   // Widths that the user dragged stay until the grid sets others.
@@ -68,6 +69,7 @@ void GridTable::Take(const Grid& grid) {
 
 std::vector<int> GridTable::Widths() const {
   std::vector<int> widths;
+  widths.reserve(columns_.size());
   for (const auto& column : columns_) widths.push_back(column.width);
   auto room = viewport()->width() - std::accumulate(widths.begin(), widths.end(), 0);
   std::vector<std::size_t> plain;

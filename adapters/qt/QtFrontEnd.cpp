@@ -5,6 +5,7 @@
 #include <QEventLoopLocker>
 #include <QFontMetrics>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 #include <exception>
@@ -82,7 +83,7 @@ void QtFrontEnd::RunModal(Form& form) {
   Show show(window);
   {
     const Standing standing(shows_, show);
-    window.Open();
+    window.Appear();
     PaintOnly();
     show.busy = true;
     form.Shown();
@@ -163,6 +164,7 @@ void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::
   QMessageBox box(IconOf(icon), Text(title), Text(text).replace('\r', '\n'), QMessageBox::Ok,
                   TopWindow());
   box.setTextFormat(Qt::PlainText);
+  box.button(QMessageBox::Ok)->setText("Aceptar");
   std::exception_ptr failure;
   if (MessageShown) {
     QTimer::singleShot(0, &box, [this, &box, &failure] {

@@ -26,6 +26,10 @@ class QtFrontEnd : public FrontEnd {
  public:
   QtFrontEnd();
   ~QtFrontEnd() override;
+  QtFrontEnd(const QtFrontEnd&) = delete;
+  QtFrontEnd& operator=(const QtFrontEnd&) = delete;
+  QtFrontEnd(QtFrontEnd&&) = delete;
+  QtFrontEnd& operator=(QtFrontEnd&&) = delete;
 
   /// The window that the first dialog stands before; not owned, null for none.
   void HostWindow(QWidget* window) noexcept { host_ = window; }
