@@ -42,7 +42,6 @@ bool Retivo::EditsThroughList(int col) const noexcept {
 void Retivo::BeginEdit(int row, int col) {
   Row(row);
   Col(col);
-  ListaLimpiar(col);
   if (InicioEdicion) InicioEdicion();
 }
 

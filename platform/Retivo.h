@@ -39,8 +39,8 @@ class Retivo : public Grid {
   std::function<void()> CambioAncho;    ///< the user has dragged a column's width
   std::function<void()> CambioAlto;     ///< the user has dragged a row's height
 
-  /// The user begins to edit a cell: it becomes current, and its column offers what the handler
-  /// fills in now, and nothing of an earlier edit. Error 380 off the grid.
+  /// The user begins to edit a cell: it becomes current and the handler fills its column's list. A
+  /// handler that stops before that leaves the list of the former edit. Error 380 off the grid.
   void BeginEdit(int row, int col);
   /// The user ends the edit: a cell that edits through a list takes the entry's text, or none for
   /// -1. Error 381 for an entry that the column doesn't offer.
