@@ -16,7 +16,7 @@ namespace {
 constexpr int kPlaceRole = Qt::UserRole;
 
 QString Owner(const LockList::Publication& publication) {
-  const auto number = QStringLiteral("usuario %1").arg(publication.owner);
+  auto number = QStringLiteral("usuario %1").arg(publication.owner);
   if (publication.ownerName.empty()) return number;
   return QString::fromStdString(publication.ownerName) + " (" + number + ")";
 }

@@ -15,7 +15,6 @@
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/StatementWindow.h"
-#include "platform/TabStrip.h"
 
 namespace quorvane::screenshots {
 namespace {
@@ -217,11 +216,6 @@ void Tour::StepTwo(const std::string& form, const QString& picture) {
     if (auto* const list = grid == nullptr ? nullptr : OpenList(*grid)) {
       camera_.Take(picture + "-lista", window, list);
       PressKey(*list->findChild<QLineEdit*>(), Qt::Key_Escape);
-    }
-    if (window.Model().Find("tabNotaManual") != nullptr &&
-        dynamic_cast<TabStrip*>(window.Model().Find("tabNotaManual"))->TabCount() > 1) {
-      Guide::Tab(window, "tabNotaManual", 2);
-      camera_.Take(picture + "-tutor", window);
     }
     Guide::Press(window, "cmdCancelar");
   });
