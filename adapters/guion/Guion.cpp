@@ -45,6 +45,15 @@ const char* IconName(MessageIcon icon) {
 }  // namespace
 
 Guion::Guion(std::vector<Command> script, Host& host, EventPrinter& events)
+    : Guion(
+          [commands = std::move(script),
+           next = std::size_t{0}]() mutable -> std::optional<Command> {
+            if (next == commands.size()) return std::nullopt;
+            return commands[next++];
+          },
+          host, events) {}
+
+Guion::Guion(CommandSource script, Host& host, EventPrinter& events)
     : script_(std::move(script)), host_(host), events_(events) {
   Application::Instance().UseScreen(this);
 }
@@ -52,24 +61,36 @@ Guion::Guion(std::vector<Command> script, Host& host, EventPrinter& events)
 Guion::~Guion() { Application::Instance().UseScreen(nullptr); }
 
 int Guion::Play() {
+  /// However the script ends, its forms go without their `Form_Unload`.
+  struct DropForms {
+    DropForms() = default;
+    ~DropForms() { FormInstances::DropAll(); }
+    DropForms(const DropForms&) = delete;
+    DropForms& operator=(const DropForms&) = delete;
+    DropForms(DropForms&&) = delete;
+    DropForms& operator=(DropForms&&) = delete;
+  };
+  const DropForms dropForms;
   try {
     HandSessionIn(*this);
-    while (!AtEnd()) PlayNext();
+    while (PlayNext()) {
+    }
   } catch (const EndOfScript&) {
     // Thrown past all shows; nothing is left to do but to drop their forms.
   }
-  FormInstances::DropAll();
   return failed_ ? 1 : 0;
 }
 
-void Guion::PlayNext() {
-  const auto& command = script_[next_++];
-  events_.Print(">", command.text);
+bool Guion::PlayNext() {
+  const auto command = script_();
+  if (!command) return false;
+  events_.Print(">", command->text);
   try {
-    command.kind->run(*this, command);
+    command->kind->run(*this, *command);
   } catch (const Refusal& refusal) {
-    events_.Print("rechazo", command.text + ": " + refusal.what());
+    events_.Print("rechazo", command->text + ": " + refusal.what());
   }
+  return true;
 }
 
 void Guion::Failed(const RuntimeError& error) {
@@ -81,10 +102,8 @@ void Guion::RunModal(Form& form) {
   const ActiveWhile active(shown_, form);
   events_.Print("muestra", form.Name());
   form.Shown();
-  while (form.Visible()) {
-    if (AtEnd()) throw EndOfScript();
-    PlayNext();
-  }
+  while (form.Visible())
+    if (!PlayNext()) throw EndOfScript();
 }
 
 void Guion::Loading(Form& form) { events_.Print("carga", form.Name()); }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,8 +22,14 @@ class Host;
 /// script until its form is gone. It is the application's front end from its making to its end.
 class Guion : public FrontEnd {
  public:
+  /// Gives the next command, none at the end of the script.
+  using CommandSource = std::function<std::optional<Command>()>;
+
   /// `host` and `events` outlive it.
   Guion(std::vector<Command> script, Host& host, EventPrinter& events);
+  /// The same with commands that are asked for one by one, as they are played. What the source
+  /// throws comes out of `Play`, past the forms that are open, as at the end of the script.
+  Guion(CommandSource script, Host& host, EventPrinter& events);
   ~Guion() override;
   Guion(const Guion&) = delete;
   Guion& operator=(const Guion&) = delete;
@@ -61,11 +69,10 @@ class Guion : public FrontEnd {
  private:
   struct EndOfScript {};
 
-  [[nodiscard]] bool AtEnd() const noexcept { return next_ == script_.size(); }
-  void PlayNext();
+  /// False at the end of the script.
+  bool PlayNext();
 
-  std::vector<Command> script_;
-  std::size_t next_ = 0;
+  CommandSource script_;
   Host& host_;
   EventPrinter& events_;
   std::vector<Form*> shown_;  ///< each held by its running show

@@ -79,8 +79,14 @@ void ReadArguments(LineReader& reader, Command& command) {
 
 std::vector<Command> ParseScript(std::istream& script) {
   std::vector<Command> commands;
-  std::string text;
-  for (std::size_t line = 1; std::getline(script, text); ++line) {
+  std::size_t line = 0;
+  while (auto command = ReadCommand(script, line)) commands.push_back(std::move(*command));
+  return commands;
+}
+
+std::optional<Command> ReadCommand(std::istream& script, std::size_t& line) {
+  for (std::string text; std::getline(script, text);) {
+    ++line;
     if (line == 1 && text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
     if (text.ends_with('\r')) text.pop_back();
     if (!IsUtf8(text)) throw ScriptError(line, "el texto no es UTF-8");
@@ -93,9 +99,9 @@ std::vector<Command> ParseScript(std::istream& script) {
     if (command.kind == nullptr) throw ScriptError(line, "orden desconocida: " + name->text);
     ReadArguments(reader, command);
     command.text = reader.TextRead();
-    commands.push_back(std::move(command));
+    return command;
   }
-  return commands;
+  return std::nullopt;
 }
 
 }  // namespace quorvane::guion

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <istream>
+#include <optional>
 #include <vector>
 
 #include "adapters/guion/Command.h"
@@ -11,5 +13,10 @@ namespace quorvane::guion {
 /// does nothing at all. Empty lines and comments give no command. Throws `ScriptError` for an
 /// unknown command, missing, surplus or ill-formed arguments, and text that isn't UTF-8.
 std::vector<Command> ParseScript(std::istream& script);
+
+/// The next command of a script that is still being written, as by somebody at a terminal or a
+/// program at the other end of a pipe; none at its end. `line` is that of the last one read, 0 at
+/// first. Throws as above.
+std::optional<Command> ReadCommand(std::istream& script, std::size_t& line);
 
 }  // namespace quorvane::guion

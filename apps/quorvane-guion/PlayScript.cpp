@@ -1,6 +1,7 @@
 #include "apps/quorvane-guion/PlayScript.h"
 
 #include <utility>
+#include <vector>
 
 #include "adapters/guion/EventPrinter.h"
 #include "adapters/guion/Guion.h"
@@ -24,15 +25,17 @@ ModuleEntry RealModule() {
 }  // namespace
 
 int PlayScript(const PlayOptions& options, std::istream& script, std::ostream& out,
-               std::ostream& errors) {
+               std::ostream& errors, bool written) {
   try {
-    auto commands = ParseScript(script);
+    auto commands = written ? std::vector<Command>() : ParseScript(script);
     const SchoolConnections school(options);
     auto session = options.host;
     session.rutaBD = options.bd;
     EventPrinter events(out);
     Host host(session, school.Connections(), RealModule(), events);
-    return Guion(std::move(commands), host, events).Play();
+    if (!written) return Guion(std::move(commands), host, events).Play();
+    std::size_t line = 0;
+    return Guion([&] { return ReadCommand(script, line); }, host, events).Play();
   } catch (const ScriptError& error) {
     errors << "línea " << error.Line() << ": " << error.what() << '\n';
   } catch (const RuntimeError& error) {

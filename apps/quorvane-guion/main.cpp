@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
     const auto line = guion::ReadCommandLine(argc, argv, status);
     if (!line) return status;
     if (!line->script.empty()) return PlayFile(*line);
-    return guion::PlayScript(line->options, std::cin, std::cout, std::cerr);
+    return guion::PlayScript(line->options, std::cin, std::cout, std::cerr, true);
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return kNotPlayed;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -55,6 +56,26 @@ TEST_F(TheProgram, PlaysAFile) {
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.printed,
             "> nodo 11\nvuelve 11\n> ver\nrechazo ver: no hay ningún formulario abierto\n");
+}
+
+TEST_F(TheProgram, PlaysStandardInputAsItIsWritten) {
+  // The second line is written only when the first has been played.
+  const auto out = File("");
+  const auto pipe = out + ".pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const auto ended = Program("--bd " + school.Path() + " < " + pipe + " | tee " + out +
+                             " & { echo 'nodo 11'; until grep -q vuelve " + out +
+                             "; do sleep 0.01; done; echo 'nodo 12'; } > " + pipe + "; wait");
+  std::filesystem::remove(pipe);
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
+}
+
+TEST_F(TheProgram, AMistakeInStandardInputEndsItThere) {
+  const auto ended =
+      Program("--bd " + school.Path() + " < " + File("nodo 11\n\nbailar\nnodo 12\n"));
+  EXPECT_EQ(ended.status, 2);
+  EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
 }
 
 TEST_F(TheProgram, PlaysStandardInput) {
