@@ -111,7 +111,7 @@ void Stage::Buttons(std::initializer_list<std::string_view> buttons) {
 
 void Stage::Pictured(std::string_view button, const char* purpose) {
   auto* push = Button(button);
-  const auto side = push->fontMetrics().height() + 12;
+  const auto side = push->fontMetrics().height() + 14;
   push->setFixedSize(side, side);
   push->setToolTip(QString::fromUtf8(purpose));
   push->setAccessibleName(QString::fromUtf8(purpose));

@@ -1,0 +1,138 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTableView>
+#include <gmock/gmock.h>
+
+#include "adapters/qt/BusySign.h"
+#include "adapters/qt/Units.h"
+#include "platform/RuntimeError.h"
+#include "tests/qt/Hands.h"
+#include "tests/qt/SchoolScreenTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::IsEmpty;
+
+constexpr std::uint8_t kByStudent = 124;
+
+/// The grades of section 5 (3º ESO A) of the sample school, entered as its head does.
+class GradeScreensTest : public SchoolScreenTest {
+ protected:
+  static void ChooseClass(qt::FormWindow& window) {
+    Pick(window, "cboTipoEnsenanza", 0);
+    Pick(window, "cboCursos", "3º ESO");
+    Pick(window, "cboSecciones", 0);
+    Pick(window, "cboEvaluaciones", "2ª Evaluación");
+    Click(window, "cmdNotaManual1(0)");
+  }
+  static void Leave(qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); }
+  [[nodiscard]] std::size_t Publications() const {
+    return school.Rows("SELECT * FROM PublicacionPte").size();
+  }
+
+  const std::size_t before = Publications();  ///< a form that died has left some
+};
+
+TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
+  Then(ChooseClass);
+  Then([](qt::FormWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "Introducción de notas. Paso 2 de 2");
+    ClickCell(window, "rtvNotasAlumno", 0, 1);
+    auto* list = QApplication::activePopupWidget();
+    ASSERT_NE(list, nullptr);
+    auto* filter = list->findChild<QLineEdit*>();
+    QTest::keyClicks(filter, "9");
+    QTest::keyClick(filter, Qt::Key_Return);
+    EXPECT_EQ(CellText(window, "rtvNotasAlumno", 0, 1), "9");
+    Click(window, "cmdAceptar");
+  });
+  Then([](qt::FormWindow& window) {
+    EXPECT_EQ(Of<QComboBox>(window, "cboCursos")->currentText(), "3º ESO");
+    Leave(window);
+  });
+  OpenNode(kByStudent);
+  EXPECT_THAT(messages, IsEmpty());
+  ExpectDone();
+  EXPECT_THAT(school.Rows("SELECT N.DescripcionCorta FROM EvaluacionPte E INNER JOIN Nota N ON "
+                          "N.IDNota=E.CodNota WHERE E.UltimaEvaluada<>0 AND "
+                          "N.DescripcionCorta='9' AND E.CodNumEvaluacion=2"),
+              ::testing::Not(IsEmpty()));
+  EXPECT_EQ(Publications(), before);
+}
+
+TEST_F(GradeScreensTest, TheArrowKeysGoFromStudentToStudentWhereverTheKeyboardIs) {
+  Then(ChooseClass);
+  Then([](qt::FormWindow& window) {
+    const auto* students = Of<QComboBox>(window, "cboAlumnos");
+    ASSERT_GT(students->count(), 1);
+    EXPECT_EQ(students->currentIndex(), 0);
+    Key(window, "rtvNotasAlumno", Qt::Key_Down);
+    EXPECT_EQ(students->currentIndex(), 1);
+    Key(window, "cmdAceptar", Qt::Key_Up);
+    EXPECT_EQ(students->currentIndex(), 0);
+    Click(window, "cmdSiguiente");
+    EXPECT_EQ(students->currentIndex(), 1);
+    Click(window, "cmdCancelar");
+  });
+  Then(Leave);
+  OpenNode(kByStudent);
+  ExpectDone();
+}
+
+TEST_F(GradeScreensTest, AWindowMadeTooSmallGoesBackToItsLeastMeasures) {
+  Then(ChooseClass);
+  Then([](qt::FormWindow& window) {
+    window.resize(400, 300);
+    EXPECT_EQ(window.size(),
+              QSize(qt::Pixels(9300 - Form::kBorderWidth), qt::Pixels(6465 - Form::kBorderHeight)));
+    window.resize(1000, 700);
+    EXPECT_EQ(window.size(), QSize(1000, 700));
+    EXPECT_LT(1000 - Of(window, "cmdCancelar")->geometry().right(), 30);
+    Click(window, "cmdCancelar");
+  });
+  Then(Leave);
+  OpenNode(kByStudent);
+  ExpectDone();
+}
+
+TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
+  auto seen = 0;
+  Then(ChooseClass);
+  Then([this, &seen](qt::FormWindow& window) {
+    Saving([&window, &seen] {
+      ++seen;
+      EXPECT_TRUE(Of<qt::BusySign>(window, "aniCarga")->isVisible());
+      EXPECT_FALSE(Of(window, "rtvNotasAlumno")->isVisible());
+      EXPECT_FALSE(Of(window, "cmdAceptar")->isVisible());
+      Click(window, "cmdCancelar");  // out of reach
+    });
+    Click(window, "cmdAceptar");
+  });
+  Then(Leave);
+  OpenNode(kByStudent);
+  EXPECT_GT(seen, 0);
+  ExpectDone();
+}
+
+TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndEndsTheNode) {
+  Then(ChooseClass);
+  Then([this](qt::FormWindow& window) {
+    EXPECT_EQ(Publications(), before + 1);
+    window.close();
+  });
+  OpenNode(kByStudent);
+  ExpectDone();
+  EXPECT_EQ(Publications(), before);
+}
+
+TEST_F(GradeScreensTest, AFailureWhileLoadingLeavesNoWindow) {
+  school.Sql("DROP TABLE TipoNota");
+  Then(ChooseClass);
+  EXPECT_THROW(OpenNode(kByStudent), RuntimeError);
+  ExpectDone();
+}
+
+}  // namespace
+}  // namespace quorvane::test
