@@ -65,6 +65,7 @@ LocksDialog::LocksDialog(Connection& school, QWidget* parent)
   list_.setAccessibleName("Publicaciones");
   list_.setHeaderLabels({"Publicación", "Quién", "Evaluación", "Materias bloqueadas"});
   list_.setAlternatingRowColors(true);
+  list_.setStyleSheet("QTreeWidget::item { padding: 3px 8px 3px 2px; }");
   remove_.setObjectName("quitar");
   remove_.setAutoDefault(false);
   auto* const refresh = new QPushButton("&Actualizar");

@@ -9,7 +9,9 @@
 
 #include "apps/zendria/SignInDialog.h"
 #include "frame/cConfiguracion.h"
-#include "platform/FormInstances.h"
+#include "platform/FormInstance.h"
+#include "register/frmAlumnoPendiente.h"
+#include "register/frmPendientes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -184,6 +186,47 @@ TEST_F(MainWindowTest, ARuntimeErrorIsToldAndTheNextScreenOpens) {
     Robot::Pick(window, "cboCurso", "2");
     window.close();
   });
+  window_->OpenNode(123);
+  EXPECT_TRUE(robot_.Done());
+}
+
+// The failure comes out of two nested shows; neither form is left.
+TEST_F(MainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  school_.Sql("ALTER TABLE Profesor_Pte RENAME TO Apartado");
+  const auto pickClass = [](qt::FormWindow& window) {
+    Robot::Pick(window, "cboTEnsenanza", "ESO");
+    Robot::Pick(window, "cboCurso", "2");
+    Robot::Pick(window, "cboSeccion", "A");
+    Robot::Click(window, "cmdAceptar");
+  };
+  robot_.On("frmPendientes", pickClass);
+  QString text;
+  ReadNotice(text);
+  window_->OpenNode(123);
+  EXPECT_TRUE(text.contains("no such table")) << text.toStdString();
+  EXPECT_FALSE(FormInstance<frmPendientes>::Exists());
+  EXPECT_FALSE(FormInstance<frmAlumnoPendiente>::Exists());
+
+  school_.Sql("ALTER TABLE Apartado RENAME TO Profesor_Pte");
+  robot_.On("frmPendientes", [&pickClass](qt::FormWindow& window) {
+    EXPECT_EQ(FormInstance<frmPendientes>::Get().cboTEnsenanza.ListIndex(), -1) << "a fresh form";
+    pickClass(window);
+  });
+  robot_.On("frmAlumnoPendiente", [](qt::FormWindow& window) { window.close(); });
+  window_->OpenNode(123);
+  EXPECT_TRUE(robot_.Done());
+}
+
+// What is no runtime error, as a lack of memory, doesn't end the host either.
+TEST_F(MainWindowTest, AnUnexpectedFailureIsTold) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  robot_.On("frmPendientes", [](qt::FormWindow& /*window*/) { throw std::bad_alloc(); });
+  QString text;
+  ReadNotice(text);
+  window_->OpenNode(123);
+  EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
+  robot_.On("frmPendientes", [](qt::FormWindow& window) { window.close(); });
   window_->OpenNode(123);
   EXPECT_TRUE(robot_.Done());
 }

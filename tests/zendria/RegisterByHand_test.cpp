@@ -1,8 +1,10 @@
+#include <QLabel>
 #include <QTabBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
 #include "apps/zendria/PersonSearchDialog.h"
+#include "platform/Label.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -63,6 +65,20 @@ TEST_F(RegisterByHandTest, AStudentWithASubjectIsSaved) {
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM EvaluacionPte") +
                 school_.Numero("SELECT COUNT(*) FROM EvaluacionActaPte"),
             2);
+}
+
+TEST_F(RegisterByHandTest, MandatoryFieldsAreMarkedOnTheScreenAlone) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  robot_.On("frmPendientes", [](Window& window) {
+    for (const auto* const name : {"Label1", "Label2", "Label3"}) {
+      EXPECT_TRUE(dynamic_cast<QLabel&>(*window.Widget(name)).text().contains("*")) << name;
+      EXPECT_EQ(dynamic_cast<Label&>(*window.Model().Find(name)).Caption().find('*'),
+                std::string::npos);
+    }
+    window.close();
+  });
+  window_->OpenNode(123);
+  EXPECT_TRUE(robot_.Done());
 }
 
 // The teacher comes from the person search: accents ignored, Enter chooses.
