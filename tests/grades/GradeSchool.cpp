@@ -1,5 +1,8 @@
 #include "tests/grades/GradeSchool.h"
 
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/LockList.h"
+
 namespace quorvane::test {
 namespace {
 
@@ -42,6 +45,26 @@ std::string GradeSchool::Stored(int pendiente, int evaluacion) const {
              "CodAlumnoPte_MatDet=" +
              std::to_string(pendiente) + " AND CodNumEvaluacion=" + std::to_string(evaluacion))
       .at(0);
+}
+
+std::vector<std::string> GradeSchool::Locks() const {
+  sqlite::SqliteConnection connection(Path(), "");
+  connection.Open();
+  std::vector<std::string> lines;
+  for (const auto& publication : LockList(connection).Read()) {
+    auto line = std::to_string(publication.id);
+    line.append("|").append(publication.ownerName).append("|").append(publication.evaluation);
+    for (const auto& subject : publication.subjects) line.append("|").append(subject);
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+void GradeSchool::RemoveLocks() const {
+  sqlite::SqliteConnection connection(Path(), "");
+  connection.Open();
+  LockList locks(connection);
+  for (const auto& publication : locks.Read()) locks.Remove(publication.id);
 }
 
 ScriptOptions Unrestricted() { return Session(1, 0); }

@@ -24,6 +24,11 @@ class GradeSchool : public SmallSchool {
   void FlagsOfSqlServer() const;
   /// "CodNota|...|UltimaEvaluada" of a pending subject in an evaluation.
   [[nodiscard]] std::string Stored(int pendiente, int evaluacion) const;
+  /// What the technician's list of locks says, a line a publication: its number, its owner, its
+  /// evaluation and the subjects, parted by bars.
+  [[nodiscard]] std::vector<std::string> Locks() const;
+  /// Removes all that the technician's list shows.
+  void RemoveLocks() const;
 };
 
 /// Sessions: profile 0; the tutor of 321; the teacher of 3112 and 3113; no member of staff.

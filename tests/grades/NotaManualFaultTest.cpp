@@ -56,8 +56,10 @@ TEST_P(NotaManualFailure, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
     traffic.pop_back();
     Replay(expected, traffic);
     ASSERT_EQ(school.Modulo(), expected.Modulo());
-    // Once the locks that remained are removed the form opens again.
-    school.Sql("DELETE FROM BloqueoPte; DELETE FROM PublicacionPte");
+    // The locks that remained are listed; once they are removed the form opens again.
+    ASSERT_EQ(school.Locks(), expected.Locks());
+    school.RemoveLocks();
+    ASSERT_THAT(school.Locks(), IsEmpty());
     const auto again = RunScript(school, Open() + "ver\n", Tutor());
     ASSERT_EQ(FormView(again).Entries("cboAlumnos").size(), 3U);
   }

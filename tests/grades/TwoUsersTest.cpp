@@ -64,15 +64,12 @@ TEST_F(TwoUsers, SecondSeesWhatTheFirstHasNotLockedAndNeitherDisturbsTheOther) {
 TEST_F(TwoUsers, KilledProgramLeavesItsPublicationAndItsLocksUntilTheyAreRemoved) {
   TeacherHasHisFormOpen();
   teacher_.Kill();
-  EXPECT_THAT(school_.Rows("SELECT IDPublicacionPte, CodPropietario FROM PublicacionPte"),
-              ElementsAre("1|3"));
-  EXPECT_THAT(school_.Rows("SELECT CodMatDet, CodPublicacion FROM BloqueoPte ORDER BY 1"),
-              ElementsAre("3112|1", "3113|1"));
+  EXPECT_THAT(school_.Locks(),
+              ElementsAre("1|Luis Gil Mora|1ª Evaluación|Matemáticas (A)|Francés (A)"));
   EXPECT_THAT(Students(Tutor()), ElementsAre("2   Díaz Cano, Marta=1", "3   Ñúñez Sanz, Íñigo=2"));
   EXPECT_EQ(school_.Stored(4, 1), "0|0|0|0|0|0|0") << "what was chosen and not saved is lost";
-  school_.Sql(
-      "DELETE FROM BloqueoPte WHERE CodPublicacion=1;"
-      "DELETE FROM PublicacionPte WHERE IDPublicacionPte=1");
+  school_.RemoveLocks();
+  EXPECT_THAT(school_.Rows("SELECT * FROM PublicacionPte"), IsEmpty());
   EXPECT_THAT(Students(Tutor()), ElementsAre("1   Abad Rey, Jorge=3", "2   Díaz Cano, Marta=1",
                                              "3   Ñúñez Sanz, Íñigo=2"));
 }
