@@ -27,7 +27,7 @@ constexpr auto kKind = "Educación";
 constexpr auto kCourse = "3º";
 
 QString MakeSchool(const QString& folder) {
-  const auto file = QDir(folder).filePath("IES Ejemplo.sqlite");
+  auto file = QDir(folder).filePath("IES Ejemplo.sqlite");
   MakeSchoolFile(file.toStdString(), [](Connection& school) { DemoSchool(school).Build(); });
   return file;
 }
