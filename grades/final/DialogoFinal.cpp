@@ -24,20 +24,20 @@ void DibujarCabecera(const ControlesFinal& c, const std::string& rotulo, std::in
   c.lblNotaManual[0].Caption(rotulo);
   c.lblNotaManual[0].Place(kMargen, kMargen + 45, anchoRotulo, kMargen);
   const auto izquierda = kMargen + anchoRotulo + 60;
-  c.combo.Place(izquierda, kMargen, 5100, kAltoLinea);
+  c.combo.Place(izquierda, kMargen, 4200, kAltoLinea);
   c.cmdAnterior.Caption("<");
-  c.cmdAnterior.Place(izquierda + 5220, kMargen, 435, kAltoLinea);
+  c.cmdAnterior.Place(izquierda + 4320, kMargen, 435, kAltoLinea);
   c.cmdSiguiente.Caption(">");
-  c.cmdSiguiente.Place(izquierda + 5715, kMargen, 435, kAltoLinea);
+  c.cmdSiguiente.Place(izquierda + 4815, kMargen, 435, kAltoLinea);
+  c.chkPromocion.Caption("Promoción");
+  c.chkPromocion.Place(izquierda + 5370, kMargen, 1830, kAltoLinea);
 }
 
 void DibujarObservacion(const ControlesFinal& c) {
-  c.fraObservacion.Place(kMargen, 0, 5340, 795);
+  c.fraObservacion.Place(kMargen, 0, 5340, 585);
   c.lblNotaManual[1].Caption("Observación del tutor:");
-  c.lblNotaManual[1].Place(120, 330, 1860, kMargen);
-  c.cboObservacion.Place(2040, 285, 3180, kAltoLinea);
-  c.chkPromocion.Caption("Promoción");
-  c.chkPromocion.Place(0, 0, 2565, kMargen);
+  c.lblNotaManual[1].Place(120, 180, 1860, kMargen);
+  c.cboObservacion.Place(2040, 135, 3180, kAltoLinea);
 }
 
 }  // namespace
@@ -74,8 +74,6 @@ void AjustarFinal(Form& form, const ControlesFinal& c) {
   c.cmdAceptar.Top(c.cmdCancelar.Top());
   c.cmdAceptar.Left(c.cmdCancelar.Left() - c.cmdAceptar.Width() - 135);
   c.fraObservacion.Top(form.ScaleHeight() - c.fraObservacion.Height() - 180);
-  c.chkPromocion.Top(c.fraObservacion.Top() + 90);
-  c.chkPromocion.Left(c.cmdAceptar.Left());
   c.fraNota.Height(c.fraObservacion.Top() - c.fraNota.Top() - 120);
   c.fraNota.Width(form.ScaleWidth() - c.fraNota.Left() - kMargen);
   c.rtvNotasAlumno.Height(c.fraNota.Height() - 540);
