@@ -25,6 +25,7 @@ std::vector<MateriaDeCombo> ReunirMaterias(const Collection<cAlumno>& colAlumnos
 void LlenarFilas(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                  const MateriaDeCombo& entrada, bool sinNotas) {
   for (const auto& alumno : colAlumnos) {
+    if (entrada.CodAsociada > 0) throw RuntimeError(ErrorNumber::MissingMember);
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
     const auto& materia = *alumno->colMateria[Key(entrada.IDMatDet)];
     rejilla.AddItem(TextoAlumno(alumno->IDAlumno));

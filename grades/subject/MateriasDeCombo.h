@@ -23,7 +23,7 @@ struct MateriaDeCombo {
 std::vector<MateriaDeCombo> ReunirMaterias(const Collection<cAlumno>& colAlumnos);
 
 /// Adds a row for each student who has that subject: his name, his grades unless `sinNotas`, and
-/// his key in the last column.
+/// his key in the last column. Error 438 for an objective, which a student can't hold.
 void LlenarFilas(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                  const MateriaDeCombo& entrada, bool sinNotas);
 
