@@ -55,7 +55,10 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
   Sync();
 }
 
-FormWindow::~FormWindow() = default;
+FormWindow::~FormWindow() {
+  // Out of sight while the views that its widgets call are still there.
+  hide();
+}
 
 ControlView* FormWindow::View(const Control& control) const {
   const auto found = std::find_if(views_.begin(), views_.end(), [&control](const auto& view) {

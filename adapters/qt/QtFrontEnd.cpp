@@ -165,6 +165,7 @@ void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::
                   TopWindow());
   box.setTextFormat(Qt::PlainText);
   box.button(QMessageBox::Ok)->setText("Aceptar");
+  box.button(QMessageBox::Ok)->setText("Aceptar");
   std::exception_ptr failure;
   if (MessageShown) {
     QTimer::singleShot(0, &box, [this, &box, &failure] {
