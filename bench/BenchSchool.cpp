@@ -50,10 +50,9 @@ INSERT INTO EvaluacionActaPte
 
 }  // namespace
 
-BenchSchool::BenchSchool(int students)
-    : path_(std::filesystem::temp_directory_path() /
-            ("quorvane-medida-" + std::to_string(getpid()) + "-" + std::to_string(students) +
-             ".sqlite")) {
+BenchSchool::BenchSchool(const std::string& folder, int students)
+    : path_(std::filesystem::path(folder) / ("quorvane-medida-" + std::to_string(getpid()) + "-" +
+                                             std::to_string(students) + ".sqlite")) {
   std::filesystem::remove(path_);
   sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::Create);
   school.Open();
@@ -62,6 +61,8 @@ BenchSchool::BenchSchool(int students)
   SchoolGenerator(school).Build(static_cast<std::size_t>(students), 1, [](std::size_t) {});
   school.ExecuteScript(kSectionRows);
   school.Execute("COMMIT");
+  // As quorvane-escuela makes its schools.
+  school.Execute("PRAGMA journal_mode=WAL");
 }
 
 BenchSchool::~BenchSchool() { std::filesystem::remove(path_); }

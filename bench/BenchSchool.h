@@ -4,12 +4,13 @@
 
 namespace quorvane::bench {
 
-/// A school of so many students, in a file that goes with the object, with one section more: a
-/// kind of teaching of its own, with 30 students who owe 5 subjects each, in 3 ordinary evaluations
-/// and one final, all with a grade. So the work measured is the same in schools of any size.
+/// A school of so many students, in a file of that folder that goes with the object, with one
+/// section more: a kind of teaching of its own, with 30 students who owe 5 subjects each, in 3
+/// ordinary evaluations and one final, all with a grade. So the work measured is the same in
+/// schools of any size.
 class BenchSchool {
  public:
-  explicit BenchSchool(int students);
+  BenchSchool(const std::string& folder, int students);
   ~BenchSchool();
   BenchSchool(const BenchSchool&) = delete;
   BenchSchool& operator=(const BenchSchool&) = delete;

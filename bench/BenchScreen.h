@@ -17,6 +17,12 @@ class BenchScreen : public FrontEnd {
   /// The next thing that the user does on a form of that name.
   void On(const std::string& form, Gesture gesture);
 
+  /// Called when a form is about to load.
+  std::function<void(const Form& form)> OnLoading;
+
+  void Loading(Form& form) override {
+    if (OnLoading) OnLoading(form);
+  }
   /// Error 5 when a form waits for a gesture that nobody gave.
   void RunModal(Form& form) override;
   void Message(MessageIcon icon, const std::string& title, const std::string& text) override;

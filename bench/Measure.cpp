@@ -2,9 +2,16 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <sys/resource.h>
 
 namespace quorvane::bench {
+
+double Watch::Now() {
+  timespec time{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
 
 double Median(std::vector<double> results) {
   const auto middle = results.begin() + static_cast<std::ptrdiff_t>(results.size() / 2);

@@ -1,21 +1,21 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace quorvane::bench {
 
-/// Seconds since the construction.
+/// The processor's seconds that this process has taken since the construction, the system's on its
+/// behalf included: what other programs take meanwhile, and the disk's waiting, don't count.
 class Watch {
  public:
-  [[nodiscard]] double Seconds() const {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
-  }
+  [[nodiscard]] double Seconds() const { return Now() - start_; }
 
  private:
-  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  static double Now();
+
+  double start_ = Now();
 };
 
 /// One line of the table: what was done, by the module and by the plain replay of its statements.

@@ -1,9 +1,10 @@
 #include "bench/PlainReplay.h"
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <sqlite3.h>
+
+#include "bench/Measure.h"
 
 namespace quorvane::bench {
 namespace {
@@ -36,7 +37,7 @@ double PlainReplay::Run(const std::string& file, const std::vector<std::string>&
   sqlite3* database = nullptr;
   Check(sqlite3_open(file.c_str(), &database), database, file);
   Check(sqlite3_exec(database, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr), database, "");
-  const auto start = std::chrono::steady_clock::now();
+  const Watch watch;
   for (const auto& text : texts) {
     sqlite3_stmt* statement = nullptr;
     Check(sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr), database, text);
@@ -45,9 +46,9 @@ double PlainReplay::Run(const std::string& file, const std::vector<std::string>&
     Check(result, database, text);
     sqlite3_finalize(statement);
   }
-  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+  const auto time = watch.Seconds();
   sqlite3_close(database);
-  return time.count();
+  return time;
 }
 
 }  // namespace quorvane::bench

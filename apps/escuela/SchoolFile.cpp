@@ -64,6 +64,9 @@ void MakeSchoolFile(const std::string& path, const std::function<void(Connection
   for (const auto& statement : SchemaStatements(SqliteSchema())) school.Execute(statement);
   fill(school);
   school.Execute("COMMIT");
+  // Readers and the one who writes don't wait for each other, and a statement locks, and syncs,
+  // a third as often. The file keeps this; connections leave it as they find it.
+  school.Execute("PRAGMA journal_mode=WAL");
   school.Close();
   partial.Publish(path);
 }

@@ -1,0 +1,161 @@
+#include "bench/GradesBench.h"
+
+#include <string>
+
+#include "bench/PlainReplay.h"
+#include "bench/Session.h"
+#include "platform/ComboBox.h"
+#include "platform/CommandButton.h"
+#include "platform/Form.h"
+#include "platform/Retivo.h"
+
+namespace quorvane::bench {
+namespace {
+
+constexpr std::size_t kRuns = 5;
+constexpr double kMostOpening = 0.5;
+constexpr double kMostSaving = 1.1;
+
+/// A flow of grade entry: its node, its two forms, and what else step one asks for.
+struct Flow {
+  std::uint8_t node;
+  const char* stepOne;
+  const char* stepTwo;
+  int evaluation;
+  const char* extra;  ///< combo box of step one, or null
+  int extraData;
+};
+
+constexpr int kOrdinary = BenchSchool::kEvaluation;
+constexpr int kFinal = BenchSchool::kFinalEvaluation;
+
+const Flow kFlows[] = {
+    {124, "frmNotaManual1", "frmNotaManual", kOrdinary, nullptr, 0},
+    {125, "frmNotaMateria1", "frmNotaMateria", kOrdinary, nullptr, 0},
+    {127, "frmNotaSeccionAlumno1", "frmNotaSeccionAlumno", kOrdinary, "cboMateria",
+     BenchSchool::kSubject},
+    {126, "frmNotaSeccionMateria1", "frmNotaSeccionMateria", kOrdinary, "cboAlumno",
+     BenchSchool::kStudent},
+    {124, "frmNotaManual1", "frmNotaManualFinal", kFinal, nullptr, 0},
+    {125, "frmNotaMateria1", "frmNotaMateriaFinal", kFinal, nullptr, 0},
+    {127, "frmNotaSeccionAlumno1", "frmNotaSeccionAlumnoFinal", kFinal, "cboMateria",
+     BenchSchool::kSubject},
+    {126, "frmNotaSeccionMateria1", "frmNotaSeccionMateriaFinal", kFinal, "cboAlumno",
+     BenchSchool::kStudent},
+};
+
+template <class T>
+T& Control(const Form& form, const char* name) {
+  return dynamic_cast<T&>(*form.Find(name));
+}
+
+void Choose(const Form& form, const char* name, int data) {
+  auto& combo = Control<ComboBox>(form, name);
+  for (int i = 0; i < combo.ListCount(); ++i)
+    if (combo.ItemData(i) == data) return combo.ListIndex(i);
+}
+
+void ChooseAll(const Form& form, const Flow& flow) {
+  Choose(form, "cboTipoEnsenanza", BenchSchool::kKind);
+  Choose(form, "cboCursos", BenchSchool::kCourse);
+  Choose(form, "cboSecciones", BenchSchool::kSection);
+  Choose(form, "cboEvaluaciones", flow.evaluation);
+  if (flow.extra != nullptr) Choose(form, flow.extra, flow.extraData);
+}
+
+struct Times {
+  double open = 0;
+  double move = 0;
+  double list = 0;
+  double save = 0;
+  std::vector<std::string> opening;
+  std::vector<std::string> saving;
+};
+
+/// A user who opens and saves the same form several times, as he does section by section. The first
+/// time isn't measured, but its statements are recorded.
+class Player {
+ public:
+  Player(const std::string& path, const Flow& flow) : session_(path), flow_(flow) {}
+
+  std::vector<Times> Play() {
+    session_.Screen().OnLoading = [this](const Form& form) {
+      if (form.Name() != flow_.stepTwo) return;
+      if (First()) session_.Record();
+      opening_ = Watch();
+    };
+    session_.Screen().On(flow_.stepOne, [this](Form& stepOne) { Open(stepOne); });
+    session_.Open(flow_.node);
+    return times_;
+  }
+
+ private:
+  void Open(Form& stepOne) {
+    if (times_.size() > kRuns) return stepOne.CloseByUser();
+    times_.emplace_back();
+    ChooseAll(stepOne, flow_);
+    session_.Screen().On(flow_.stepTwo, [this](Form& stepTwo) {
+      times_.back().open = opening_.Seconds();
+      if (First()) times_.back().opening = session_.Recorded();
+      Use(stepTwo);
+    });
+    Control<CommandButton>(stepOne, "cmdNotaManual1(0)").Press();
+  }
+
+  void Use(Form& stepTwo) {
+    const Watch moving;
+    Control<CommandButton>(stepTwo, "cmdSiguiente").Press();
+    times_.back().move = moving.Seconds();
+    const Watch listing;
+    Control<Retivo>(stepTwo, "rtvNotasAlumno").BeginEdit(1, 1);
+    times_.back().list = listing.Seconds();
+    if (First()) session_.Record();
+    const Watch saving;
+    session_.Screen().On(flow_.stepOne, [this, saving](Form& stepOne) {
+      times_.back().save = saving.Seconds();
+      if (First()) times_.back().saving = session_.Recorded();
+      Open(stepOne);
+    });
+    Control<CommandButton>(stepTwo, "cmdAceptar").Press();
+  }
+
+  [[nodiscard]] bool First() const { return times_.size() == 1; }
+
+  Session session_;
+  const Flow& flow_;
+  Watch opening_;
+  std::vector<Times> times_;
+};
+
+std::vector<Row> MeasureFlow(const std::string& path, const Flow& flow, int students) {
+  const auto times = Player(path, flow).Play();
+  const auto& recorded = times.front();
+  std::vector<double> opens, moves, lists, saves, plainOpens, plainSaves;
+  for (std::size_t run = 1; run < times.size(); ++run) {
+    opens.push_back(times[run].open);
+    moves.push_back(times[run].move);
+    lists.push_back(times[run].list);
+    saves.push_back(times[run].save);
+    // What the replay of an opening writes, that of a saving gives back.
+    plainOpens.push_back(PlainReplay::Run(path, recorded.opening));
+    plainSaves.push_back(PlainReplay::Run(path, recorded.saving));
+  }
+  const std::string form = flow.stepTwo;
+  return {{form + ": open", students, recorded.opening.size(), Median(opens), Median(plainOpens),
+           kMostOpening},
+          {form + ": next entry", students, 0, Median(moves), 0, 0},
+          {form + ": list of a cell", students, 0, Median(lists), 0, 0},
+          {form + ": save", students, recorded.saving.size(), Median(saves), Median(plainSaves),
+           kMostSaving}};
+}
+
+}  // namespace
+
+std::vector<Row> MeasureGrades(const BenchSchool& school, int students) {
+  std::vector<Row> rows;
+  for (const auto& flow : kFlows)
+    for (auto& row : MeasureFlow(school.Path(), flow, students)) rows.push_back(std::move(row));
+  return rows;
+}
+
+}  // namespace quorvane::bench

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <vector>
+
+#include "bench/BenchSchool.h"
+#include "bench/Measure.h"
+
+namespace quorvane::bench {
+
+/// For each of the eight grade forms on the measured section: opening it, from its load until
+/// the user can act, moving to the next entry, opening a cell's list, and
+/// saving, until step one is back.
+std::vector<Row> MeasureGrades(const BenchSchool& school, int students);
+
+}  // namespace quorvane::bench
