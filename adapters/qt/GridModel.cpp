@@ -25,6 +25,7 @@ void GridModel::Take(const Grid& grid) {
   std::vector<Row> rows;
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row) rows.push_back(CopyRow(grid, row));
   std::vector<int> alignments;
+  alignments.reserve(heading.size());
   for (int col = 0; col < grid.Cols(); ++col) alignments.push_back(grid.ColAlignment(col));
 
   const auto sameShape = rows.size() == rows_.size() && heading.size() == heading_.size();
