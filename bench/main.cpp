@@ -7,6 +7,7 @@
 
 #include "bench/BenchSchool.h"
 #include "bench/GradesBench.h"
+#include "bench/GuionMemory.h"
 #include "bench/Measure.h"
 #include "bench/RegisterBench.h"
 
@@ -34,17 +35,20 @@ bool PrintGrowth(const std::vector<Row>& rows) {
   return within;
 }
 
-int Run(const std::string& folder, const std::vector<int>& sizes) {
+int Run(const std::string& guion, const std::string& folder, const std::vector<int>& sizes) {
   std::vector<Row> rows;
+  double guionMemory = 0;
   for (const auto students : sizes) {
     std::fprintf(stderr, "Escuela de %d alumnos...\n", students);
     const BenchSchool school(folder, students);
     for (auto& row : MeasureRegister(school, students)) rows.push_back(std::move(row));
     for (auto& row : MeasureGrades(school, students)) rows.push_back(std::move(row));
+    guionMemory = GuionMemory(guion, school);
   }
   auto within = Print(rows);
   within = PrintGrowth(rows) && within;
-  std::printf("\nPeak memory: %.1f MiB\n", PeakMemory());
+  std::printf("\nPeak memory: this program %.1f MiB, quorvane-guion on the last school %.1f MiB\n",
+              PeakMemory(), guionMemory);
   return within ? 0 : 1;
 }
 
@@ -77,7 +81,9 @@ int main(int argc, char** argv) {
   }
   if (sizes.empty()) sizes = {1000, 20000, 200000};
   try {
-    return Run(folder, sizes);
+    const auto guion =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "quorvane-guion";
+    return Run(guion, folder, sizes);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "La medida ha fallado: %s\n", error.what());
     return 1;
