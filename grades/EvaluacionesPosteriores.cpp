@@ -2,6 +2,8 @@
 
 #include "frame/cConfiguracion.h"
 #include "grades/Intentos.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
 #include "platform/Connection.h"
 
 namespace quorvane {
@@ -58,6 +60,8 @@ std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo) 
 void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, std::int32_t alumno,
                                  std::int32_t materia, std::int32_t objetivo,
                                  const TextosAnadir& textos) {
+  // Asked for nothing, but without the host's component nothing is added.
+  const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
   const auto posteriores = Posteriores("IDNumEvaluacion, Orden", seccion, evaluacion);
   if (posteriores.Eof()) return;
   const auto siguiente = std::to_string(posteriores.Fields("IDNumEvaluacion").Long());

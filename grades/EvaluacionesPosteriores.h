@@ -23,7 +23,8 @@ struct TextosAnadir {
   std::string insertarNotas;     ///< "INSERT INTO ... VALUES (" of the sixteen empty grades
 };
 
-/// `materia` and `objetivo` are ids of `Materia`.
+/// `materia` and `objetivo` are ids of `Materia`. Error 429 when the host has no
+/// `ZendriaApi.cCentroApi`.
 void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, std::int32_t alumno,
                                  std::int32_t materia, std::int32_t objetivo,
                                  const TextosAnadir& textos);

@@ -35,6 +35,8 @@ bool Publicacion::YaAbierta(std::int32_t seccion, std::int32_t evaluacion) {
 }
 
 void Publicacion::InsertarPublicacion(std::int16_t gIDPersonal, std::int32_t evaluacion) {
+  // Asked for nothing, but without the host's component no publication is written.
+  const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
   InsertarConIntentos(kErrorInsertar, [this, gIDPersonal, evaluacion] {
     const auto id = ObtenerSiguienteId(Centro(), cConfiguracion::Instancia().conLocalBorradoCentro,
                                        "publicacionpte", "idpublicacionpte");

@@ -18,7 +18,8 @@ class Publicacion {
   /// has read so. Another user's publication is no obstacle.
   [[nodiscard]] static bool YaAbierta(std::int32_t seccion, std::int32_t evaluacion);
 
-  /// Writes the publication and sets `IDPublicacion`.
+  /// Writes the publication and sets `IDPublicacion`. Error 429 before anything is written when
+  /// the host has no `ZendriaApi.cCentroApi`.
   void InsertarPublicacion(std::int16_t gIDPersonal, std::int32_t evaluacion);
 
   /// Writes the lock of that subject unless somebody has it already; then nothing happens.
