@@ -41,6 +41,59 @@ TEST_F(NotaManualDirect, SubjectOfAnotherKindGetsNoList) {
   EXPECT_THAT(session_.Statements(), IsEmpty());
 }
 
+TEST_F(NotaManualDirect, ColumnOfWidthZeroNeitherOpensAListNorTakesAValue) {
+  auto& form = Opened();
+  ASSERT_EQ(form.rtvNotasAlumno.ColWidth(2), 0);
+  form.rtvNotasAlumno.BeginEdit(1, 2);
+  EXPECT_THAT(session_.Statements(), IsEmpty());
+  EXPECT_TRUE(form.rtvNotasAlumno.Lista(2).empty());
+  form.rtvNotasAlumno.ListaAnadir(2, "x", 107);
+  form.rtvNotasAlumno.EndEdit(0);
+  EXPECT_EQ(form.colAlumnos["3"]->colMateria["4"]->Concepto, 0);
+}
+
+TEST_F(NotaManualDirect, HeadingAndColumnsOfNoGradeTakeNoValue) {
+  auto& form = Opened();
+  auto& grid = form.rtvNotasAlumno;
+  // A kind of grade beyond the fifth can leave the column of the parents in sight.
+  grid.ColWidth(6, 2000);
+  for (const auto& [row, column] : {std::pair{0, 1}, std::pair{1, 0}, std::pair{1, 6}}) {
+    grid.BeginEdit(row, column);
+    EXPECT_TRUE(grid.Lista(column).empty()) << column;
+    grid.ListaAnadir(column, "x", 107);
+    grid.EndEdit(0);
+  }
+  EXPECT_THAT(session_.Statements(), IsEmpty());
+  const auto& subject = *form.colAlumnos["3"]->colMateria["4"];
+  for (const auto grade : {subject.Nota, subject.Concepto, subject.Procedimiento, subject.Actitud,
+                           subject.Observacion})
+    EXPECT_EQ(grade, 0);
+}
+
+TEST_F(NotaManualDirect, StudentWithoutSubjectsShowsTheHeadingAndFixedRowsStay) {
+  auto& form = Opened();
+  form.colAlumnos["1"]->colMateria.Clear();
+  for (const int fixed : {1, 0}) {
+    form.rtvNotasAlumno.FixedRows(fixed);
+    form.cmdSiguiente_Click();
+    EXPECT_EQ(form.rtvNotasAlumno.Rows(), 1);
+    EXPECT_EQ(form.rtvNotasAlumno.TextMatrix(0, 0), "Materia");
+    EXPECT_EQ(form.rtvNotasAlumno.FixedRows(), fixed);
+    form.cmdAnterior_Click();
+    EXPECT_EQ(form.rtvNotasAlumno.FixedRows(), 1);
+  }
+}
+
+TEST_F(NotaManualDirect, ArrowKeysAreTakenAndOthersPass) {
+  auto& form = Opened();
+  EXPECT_EQ(form.KeyDown(40), 0);
+  EXPECT_EQ(form.cboAlumnos.ListIndex(), 1);
+  EXPECT_EQ(form.KeyDown(38), 0);
+  EXPECT_EQ(form.KeyDown(38), 0) << "at the end of the list too";
+  for (const int other : {9, 13, 27, 37, 39}) EXPECT_EQ(form.KeyDown(other), other);
+  EXPECT_EQ(form.cboAlumnos.ListIndex(), 0);
+}
+
 TEST_F(NotaManualDirect, ListaIndiceOfNoneWritesZero) {
   auto& form = Opened();
   auto& subject = *form.colAlumnos["3"]->colMateria["4"];

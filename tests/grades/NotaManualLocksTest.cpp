@@ -87,7 +87,20 @@ TEST(NotaManualLocks, NothingRemainsForTheSecondUser) {
   EXPECT_THAT(Publications(school), Not(IsEmpty())) << "the first user's stays";
 }
 
-TEST(NotaManualLocks, LockHoldsForTheSameUserAndForEachSectionOfTheEvaluation) {
+TEST(NotaManualLocks, LockHoldsForTheStudentsOfAnotherSection) {
+  const GradeSchool school;
+  school.Registra(331, 5);
+  school.Evalua(school.Pendiente(5, 3111, 1), 1);
+  const std::string otherSection =
+      "nodo 124\nelegir cboCursos =33\nelegir cboSecciones =331\nelegir cboEvaluaciones =1\n"
+      "pulsar cmdNotaManual1(0)\nver\n";
+  EXPECT_EQ(FormView(RunScript(school, otherSection, Unrestricted())).Form(), "frmNotaManual");
+  school.RemoveLocks();
+  RunScript(school, Open(), Tutor());
+  EXPECT_THAT(RunScript(school, otherSection, Unrestricted()).Of("mensaje"), ElementsAre(kNothing));
+}
+
+TEST(NotaManualLocks, LockHoldsForTheSameUserAndInItsOwnEvaluation) {
   const GradeSchool school;
   RunScript(school, Open(), Tutor());
   const auto again = RunScript(school, Open(), Tutor());

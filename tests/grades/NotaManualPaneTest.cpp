@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include "frame/cConfiguracion.h"
+#include "platform/Application.h"
 #include "tests/grades/NotaManualDirect.h"
 
 // The dialog itself: measures, busy sign, tab, and the pane of the tutor that has none.
@@ -12,6 +14,76 @@ using ::testing::IsEmpty;
 
 std::vector<std::int32_t> Placed(const Control& control) {
   return {control.Left(), control.Top(), control.Width(), control.Height()};
+}
+
+TEST_F(NotaManualDirect, IsDrawnBeforeItLoads) {
+  const auto& form = FormInstance<frmNotaManual>::Get();
+  EXPECT_EQ(form.fraAniCarga.Caption(), "Procesando... Espere por favor");
+  EXPECT_EQ(form.lblNotaManual[1].Caption(), "Observación:");
+  EXPECT_EQ(form.rtvNotasAlumno.Cols(), 8);
+  EXPECT_EQ(form.rtvNotasTutor.Cols(), 4);
+  for (const auto* grid : {&form.rtvNotasAlumno, &form.rtvNotasTutor}) EXPECT_EQ(grid->Rows(), 2);
+  for (int column = 0; column < 8; ++column)
+    EXPECT_EQ(form.rtvNotasAlumno.EditsThroughList(column), column >= 1 && column <= 5);
+  for (int column = 0; column < 4; ++column)
+    EXPECT_EQ(form.rtvNotasTutor.EditsThroughList(column), column == 1 || column == 2);
+}
+
+TEST_F(NotaManualDirect, BearsTheSessionsIcon) {
+  cConfiguracion::Instancia().RutaIcono = "C:\\zendria\\zendria.ico";
+  EXPECT_EQ(Opened().Icon(), "C:\\zendria\\zendria.ico");
+}
+
+// Until the first student is shown the grids have the headings that they are set up with.
+TEST_F(NotaManualDirect, GridsBeforeTheFirstStudent) {
+  auto& form = FormInstance<frmNotaManual>::Get();
+  form.ConfigurarRejillas();
+  const auto columns = [](const Retivo& grid) {
+    std::vector<std::string> told;
+    for (int column = 0; column < grid.Cols(); ++column)
+      told.push_back(std::to_string(grid.ColWidth(column)) + " " + grid.TextMatrix(0, column));
+    return told;
+  };
+  EXPECT_THAT(columns(form.rtvNotasAlumno),
+              ElementsAre("2000 Materia", "1000 Nota", "2000 Concepto", "2000 Procedimiento",
+                          "2000 Actitud", "2000 Observacion"));
+  EXPECT_THAT(columns(form.rtvNotasTutor),
+              ElementsAre("2000 Valores/Actitudes", "1000 Nota", "2000 Actitud"));
+  EXPECT_EQ(form.rtvNotasAlumno.Rows(), 1);
+  EXPECT_EQ(form.rtvNotasTutor.Rows(), 1);
+}
+
+/// What the form does with the screen, in order: pointers, beeps, messages.
+class NotedScreen : public SilentScreen {
+ public:
+  std::vector<std::string> told;
+
+  void MousePointer(Pointer pointer) override {
+    told.push_back("pointer " + std::to_string(static_cast<int>(pointer)));
+  }
+  void Beep() override { told.emplace_back("beep"); }
+  void Message(MessageIcon /*icon*/, const std::string& /*title*/,
+               const std::string& text) override {
+    told.push_back(text);
+  }
+};
+
+TEST_F(NotaManualDirect, PointerWhileItOpens) {
+  NotedScreen screen;
+  Application::Instance().UseScreen(&screen);
+  session_.Open();
+  EXPECT_THAT(screen.told, ElementsAre("pointer 11", "pointer 11", "pointer 1", "pointer 0"));
+}
+
+TEST_F(NotaManualDirect, PointerAndBeepWhereNobodyRemains) {
+  school_.Sql("DELETE FROM EvaluacionPte");
+  NotedScreen screen;
+  Application::Instance().UseScreen(&screen);
+  const auto held = FormInstance<frmNotaManual>::Get().shared_from_this();
+  session_.Open();
+  EXPECT_THAT(screen.told, ElementsAre("pointer 11", "pointer 11", "pointer 1", "beep",
+                                       "No existen alumnos o materias para introducir notas"));
+  EXPECT_TRUE(static_cast<frmNotaManual&>(*held).aniCarga.Playing()) << "until the form goes";
 }
 
 TEST_F(NotaManualDirect, ResizeMovesTheBottomAndTheRightEdge) {

@@ -7,6 +7,7 @@
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
 #include "grades/final/frmNotaManualFinal.h"
+#include "grades/final/frmNotaMateriaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/section/frmNotaSeccionAlumno.h"
 #include "grades/section/frmNotaSeccionMateria.h"
@@ -15,6 +16,7 @@
 #include "platform/Application.h"
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
+#include "platform/RuntimeError.h"
 #include "selection/frmNotaManual1.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"
@@ -269,6 +271,47 @@ TEST_F(HandedOver, TheConnectionClosesOnlyOnTheWayToStepTwo) {
   }};
   MostrarFrmNotaManual1();
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1"));
+}
+
+// The form for finals gets its title before the first final is looked for and again after that;
+// in entry by subject only after it.
+TEST_F(HandedOver, TheTitleWhereTheFirstFinalHasGone) {
+  const auto fails = [this](auto& form) {
+    SelectSection(form, 5);
+    school.Sql("UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=4");
+    hands.pointers.clear();
+    EXPECT_THROW(form.cmdNotaManual1[0].Press(), RuntimeError);
+    school.Sql("UPDATE NumEvaluacion SET Orden=1 WHERE IDNumEvaluacion=4");
+    EXPECT_THAT(hands.pointers, ElementsAre(Pointer::Hourglass, Pointer::Default));
+    EXPECT_TRUE(entrada.IsOpen());
+    EXPECT_FALSE(form.Visible());
+  };
+  hands.acts = {[&fails] { fails(FormInstance<frmNotaManual1>::Get()); },
+                [&fails] { fails(FormInstance<frmNotaMateria1>::Get()); }};
+  MostrarFrmNotaManual1();
+  MostrarFrmNotaMateria1();
+  EXPECT_EQ(FormInstance<frmNotaManualFinal>::Get().mstrCaption, "ESO 2º ESO A");
+  EXPECT_EQ(FormInstance<frmNotaMateriaFinal>::Get().mstrCaption, "");
+}
+
+TEST_F(HandedOver, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
+  cConfiguracion::Instancia().RutaIcono = "zendria.ico";
+  const auto opened = [](const auto& form) {
+    EXPECT_EQ(form.Icon(), "zendria.ico");
+    EXPECT_EQ(form.chkTodosProm.Left(), form.chkRecuperacion.Left());
+    EXPECT_EQ(form.chkTodosProm.Top(), form.chkRecuperacion.Top());
+    EXPECT_TRUE(form.blnEntrar);
+  };
+  hands.acts = {[&opened] { opened(FormInstance<frmNotaManual1>::Get()); },
+                [&opened] { opened(FormInstance<frmNotaMateria1>::Get()); },
+                [&opened] { opened(FormInstance<frmNotaSeccionAlumno1>::Get()); },
+                [&opened] { opened(FormInstance<frmNotaSeccionMateria1>::Get()); }};
+  MostrarFrmNotaManual1();
+  MostrarFrmNotaMateria1();
+  MostrarFrmNotaSeccionAlumno1();
+  MostrarFrmNotaSeccionMateria1();
+  EXPECT_TRUE(hands.acts.empty());
+  cConfiguracion::Instancia().RutaIcono.clear();
 }
 
 TEST_F(HandedOver, ThePointerIsBackAfterTheOpening) {
