@@ -1,7 +1,10 @@
 // What the forms do to the models and the host that a script doesn't show.
 #include <gmock/gmock.h>
+#include <iterator>
 
 #include "frame/cConstCol.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
 #include "register/frmAlumnoMateria.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmAlumnos.h"
@@ -70,12 +73,66 @@ TEST(RegisterModels, TheGraphHoldsWhatTheTablesSay) {
     EXPECT_EQ(conProfesor.NombreProf, "Gil Mora, Luis");
     EXPECT_EQ(conProfesor.NombreMat, "Lengua (1º ESO - A)");
     EXPECT_EQ(conProfesor.Estado, estados.NoModificado);
-    // A subject detail that never had a teacher's row.
-    const auto& sinFila = *form.colMatProf["3112"];
-    EXPECT_EQ(sinFila.Estado, estados.NUEVO);
-    EXPECT_EQ(sinFila.IDPersonal, 0);
-    EXPECT_EQ(sinFila.NombreProf, "");
   }});
+}
+
+TEST(RegisterModels, ASubjectDetailThatNeverHadATeachersRowLoadsAsNew) {
+  DirectSession session;
+  session.school.Profesor(0, 3111);
+  session.Play({[] {
+    const cConstCol estados;
+    const auto& colMatProf = The<frmAlumnoPendiente>().colMatProf;
+    EXPECT_EQ(colMatProf["3112"]->Estado, estados.NUEVO);
+    EXPECT_EQ(colMatProf["3112"]->IDPersonal, 0);
+    EXPECT_EQ(colMatProf["3112"]->NombreProf, "");
+    // One that has a row without a teacher doesn't.
+    EXPECT_EQ(colMatProf["3111"]->Estado, estados.NoModificado);
+    EXPECT_EQ(colMatProf["3111"]->IDPersonal, 0);
+  }});
+}
+
+TEST(RegisterModels, AcceptingWithNoChangeMarksTheStudentChangedAndPutsHimLast) {
+  DirectSession session;
+  session.school.Registra(321, 1);
+  session.school.Registra(321, 3);
+  static_cast<void>(session.school.Pendiente(1, 3111, 1));
+  session.Play({[] {
+                  auto& form = The<frmAlumnoPendiente>();
+                  form.msgAlumnos.Row(1);
+                  form.cmdPropiedades.Press();
+                },
+                [] { The<frmAlumnoMateria>().cmdAceptar.Press(); },
+                [] {
+                  const cConstCol estados;
+                  const auto& colAlumnos = The<frmAlumnoPendiente>().colAlumnos;
+                  EXPECT_EQ(colAlumnos["1"]->Estado, estados.Modificado);
+                  EXPECT_EQ(colAlumnos["1"]->EstadoAnterior, estados.Modificado);
+                  EXPECT_EQ(colAlumnos["1"]->colMateria["3111"]->Estado, estados.NoModificado);
+                  EXPECT_EQ(colAlumnos["3"]->Estado, estados.NoModificado);
+                  EXPECT_EQ(*std::prev(colAlumnos.end()), colAlumnos["1"]);
+                }});
+}
+
+TEST(RegisterModels, TheHostMarksTheFieldsOfTheFormThatLoadsBeforeItsIcon) {
+  static std::vector<std::string> marked;
+  class MarkingApi : public CentroApi {
+   public:
+    void marcar_Obligatorios(Form& form) override {
+      marked.push_back(form.Name());
+      EXPECT_EQ(form.Icon(), "");
+    }
+  };
+  marked.clear();
+  DirectSession session;
+  Application::Instance().Objects().Register(CentroApi::kProgId,
+                                             [] { return std::make_unique<MarkingApi>(); });
+  session.school.Registra(321, 1);
+  session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
+                [] { The<frmAlumnoMateria>().cmdAgregar.Press(); },
+                [] { The<frmMateriaPend>().cmdCancelar.Press(); },
+                [] { The<frmAlumnoMateria>().cmdCancelar.Press(); },
+                [] { The<frmAlumnoPendiente>().cmdPropMat.Press(); }});
+  EXPECT_THAT(marked, ElementsAre("frmPendientes", "frmMateriaPend", "frmPropMatProf"));
 }
 
 TEST(RegisterModels, EachFormHasTheIconADefaultAndACancelButton) {

@@ -48,6 +48,21 @@ TEST(RegisterSaving, BeforeRevisionNineNoTeacherIsWritten) {
   EXPECT_THAT(school.Rows("SELECT * FROM Profesor_Pte"), IsEmpty());
 }
 
+TEST(RegisterSaving, TeachersAreWrittenBeforeStudents) {
+  const SmallSchool school;
+  GiveRowsToAllMaterias(school);
+  school.Sql("DELETE FROM Profesor_Pte WHERE CodMatDet=3122");
+  const auto run = RunScript(school, kOpen +
+                                         "pulsar cmdListar\nelegir lstDisponibles =1\n"
+                                         "pulsar cmdAgregarUno\n" +
+                                         kAccept + kAccept);
+  EXPECT_THAT(run.After("pulsar cmdAceptar"),
+              ElementsAre("sql centro INSERT INTO Profesor_Pte VALUES (0,3122)",
+                          StartsWith("sql centro DELETE FROM Seccion_AlumnoPte"),
+                          "sql centro INSERT INTO Seccion_AlumnoPte VALUES (321,1,0,0)",
+                          "descarga frmAlumnoPendiente", "vuelve 123"));
+}
+
 TEST(RegisterSaving, AStudentWithoutSubjectsGetsHisPlaceAlone) {
   const SmallSchool school;
   GiveRowsToAllMaterias(school);
@@ -95,6 +110,41 @@ TEST(RegisterSaving, ANewStudentIsWrittenWithHisSubjectsAndTheirEvaluations) {
                           "sql centro SELECT MAX(IDAlumnopte_matdet) FROM [Alumnopte_matdet]",
                           "sql centro INSERT INTO Alumnopte_MatDet VALUES (2,1,3122,2,0)",
                           "descarga frmAlumnoPendiente", "vuelve 123"));
+}
+
+TEST(RegisterSaving, ASubjectWithoutEvaluationsGetsItsRowAlone) {
+  const SmallSchool school;
+  GiveRowsToAllMaterias(school);
+  school.Registra(321, 1);
+  RunScript(school, kOpen + kEditFirst + AddSubject(311, 3111) + kAccept + kAccept);
+  EXPECT_THAT(school.Rows("SELECT * FROM AlumnoPte_MatDet"), ElementsAre("1|1|3111|1|0"));
+  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionPte"), IsEmpty());
+  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionActaPte"), IsEmpty());
+}
+
+TEST(RegisterSaving, AnOrdinaryAndAFinalEvaluationOfANewSubjectGoToATableEach) {
+  const SmallSchool school;
+  GiveRowsToAllMaterias(school);
+  school.Registra(321, 1);
+  school.Evalua(school.Pendiente(5, 3311, 1), 3, 105);
+  RunScript(school, kOpen + kEditFirst + AddSubject(311, 3111) +
+                        "pulsar cmdPropiedades\nelegir lstDisponibles =2\npulsar cmdAgregarUno\n"
+                        "elegir lstDisponibles =4\npulsar cmdAgregarUno\n" +
+                        kAccept + kAccept + kAccept);
+  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=2"),
+              ElementsAre("2|2|2|0|0|0|0|0|0|0"));
+  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionActaPte"), ElementsAre("1|2|4|0|0|0|0|0"));
+}
+
+TEST(RegisterSaving, ADeletedStudentLosesHisPlacesOnOtherRegistersToo) {
+  const SmallSchool school;
+  GiveRowsToAllMaterias(school);
+  school.Registra(321, 1);
+  school.Registra(331, 1);
+  school.Registra(331, 5);
+  RunScript(school, kOpen + "pulsar cmdListar\npulsar cmdEliminarTodos\n" + kAccept + kAccept);
+  EXPECT_THAT(school.Rows("SELECT CodSeccion, CodAlumno FROM Seccion_AlumnoPte"),
+              ElementsAre("331|5"));
 }
 
 TEST(RegisterSaving, KeysAreTheLargestPlusOne) {

@@ -1,6 +1,8 @@
 // The person search with the components of a host that shortens names or is in trouble.
 #include <gmock/gmock.h>
 
+#include "adapters/sqlite/SqliteConnection.h"
+#include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/PersonSearch.h"
@@ -45,6 +47,47 @@ void Use() {
 void Search(DirectSession& session, const StepScreen::Step& then) {
   session.Play({[] { The<frmAlumnoPendiente>().cmdPropMat.Press(); },
                 [] { The<frmPropMatProf>().cmdNProfesor.Press(); }, then});
+}
+
+/// Notes what it is handed, and finds nobody.
+class NotingSearch : public PersonSearch {
+ public:
+  static inline std::vector<std::string> told;
+  static inline std::vector<Connection*> connections;
+
+  void pasarconexiones(Connection* centro, Connection* borrado, Connection* otroCentro,
+                       Connection* otroBorrado) override {
+    told.emplace_back("pasarconexiones");
+    connections = {centro, borrado, otroCentro, otroBorrado};
+  }
+  void ObtenerDatos(bool activa, const std::string& rutaIcono) override {
+    told.push_back("ObtenerDatos " + std::string(activa ? "activa " : "inactiva ") + rutaIcono);
+  }
+  std::int32_t Buscar(const std::string& clase) override {
+    told.push_back("Buscar " + clase);
+    return 0;
+  }
+};
+
+TEST(TeacherSearch, IsHandedTheConnectionsTheSessionAndTheKindOfPerson) {
+  for (const auto activa : {true, false}) {
+    DirectSession session;
+    Use<NotingSearch>();
+    NotingSearch::told.clear();
+    auto& configuracion = cConfiguracion::Instancia();
+    sqlite::SqliteConnection borrado(session.school.Path(), "borrado");
+    configuracion.conLocalBorradoCentro = &borrado;
+    configuracion.Activa = activa;
+    Search(session, [] {});
+    EXPECT_THAT(NotingSearch::connections, ElementsAre(configuracion.conLocalCentro, &borrado,
+                                                       configuracion.conLocalCentro, &borrado));
+    EXPECT_THAT(NotingSearch::told,
+                ElementsAre("pasarconexiones",
+                            std::string("ObtenerDatos ") + (activa ? "activa" : "inactiva") +
+                                " C:\\iconos\\Zendria.ico",
+                            "Buscar Docente"));
+    configuracion.Activa = false;
+  }
 }
 
 TEST(TeacherSearch, AShortenedNameIsWhatTheListShows) {

@@ -61,6 +61,16 @@ TEST_F(FrmMateriaPend, OffersAllCoursesOfTheKindThenSectionsThenSubjects) {
             R"x(["Taller",3116],["Valores",3115]])x");
 }
 
+TEST_F(FrmMateriaPend, OfAStudentWithoutSubjectsTheListOfThoseLeftOutIsZero) {
+  // Also when the only one is marked for deletion.
+  static_cast<void>(school.Pendiente(1, 3111, 1));
+  const auto run = RunScript(school, kOpen +
+                                         "pulsar cmdPropiedades\npulsar cmdEliminar\n"
+                                         "pulsar cmdAgregar\n" +
+                                         kChoose311);
+  EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(SubjectsStatement(311, "0")));
+}
+
 TEST_F(FrmMateriaPend, WithoutASubjectItRefuses) {
   const auto run = RunScript(school, kAdd + kAccept + kChoose311 + kAccept);
   const std::string refusal = R"(exclamacion "Zendria Escuela" "Debe seleccionar una materia")";
