@@ -134,7 +134,7 @@ CREATE TABLE Alumno (
 
 -- The students of a section, in the list of the host.
 CREATE TABLE Seccion_Alumno (
-  CodSeccion INTEGER DEFAULT 0,
+  CodSeccion INTEGER DEFAULT 0,  -- host
   CodAlumno INTEGER DEFAULT 0
 );
 

@@ -135,7 +135,7 @@ CREATE TABLE Alumno (
 
 -- The students of a section, in the list of the host.
 CREATE TABLE Seccion_Alumno (
-  CodSeccion int DEFAULT 0,
+  CodSeccion int DEFAULT 0,  -- host
   CodAlumno int DEFAULT 0
 );
 

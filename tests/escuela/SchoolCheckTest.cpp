@@ -56,6 +56,11 @@ TEST_F(SchoolCheckTest, TheHostsColumnsAreTheHostsAffair) {
               ElementsAre("Falta la columna CodPerfil en la tabla Usuario"));
 }
 
+TEST_F(SchoolCheckTest, TheHostsListOfStudentsNeedsNoSectionForTheModule) {
+  Change("ALTER TABLE Seccion_Alumno DROP COLUMN CodSeccion");
+  EXPECT_THAT(Structure(), IsEmpty());
+}
+
 TEST_F(SchoolCheckTest, ColumnsWrittenByPositionMustStandInTheirPlace) {
   Change("DROP TABLE Profesor_Pte");
   Change("CREATE TABLE Profesor_Pte (CodMatDet INTEGER, CodProfesor INTEGER)");
