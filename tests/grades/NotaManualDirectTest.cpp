@@ -16,6 +16,42 @@ TEST_F(NotaManualDirect, DraggedColumnOfTheGradesSpringsBack) {
   EXPECT_EQ(form.rtvNotasAlumno.ColWidth(1), 2000);
 }
 
+// What a failure leaves tells how the grids stand while they are built: still, out of sight, wide.
+TEST_F(NotaManualDirect, GridsAreBuiltOutOfSight) {
+  auto& form = Opened();
+  school_.Sql("UPDATE TipoMateria SET CodSistemaCalificacion=9 WHERE IDTipoMateria=10");
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.cmdSiguiente_Click(); }), 3021);
+  EXPECT_FALSE(form.blnEdicionActiva);
+  for (const auto* grid : {&form.rtvNotasAlumno, &form.rtvNotasTutor}) {
+    EXPECT_FALSE(grid->Redraw()) << grid->Name();
+    EXPECT_FALSE(grid->Visible()) << grid->Name();
+    EXPECT_EQ(grid->Width(), 17620) << grid->Name();
+  }
+}
+
+TEST_F(NotaManualDirect, GridOfTheTutorIsBuiltWhenThatOfTheGradesShows) {
+  auto& form = Opened();
+  const auto width = form.rtvNotasAlumno.Width();
+  school_.Sql("UPDATE TipoNota SET Orden=4 WHERE IDTipoNota=41");
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.cmdSiguiente_Click(); }), 381);
+  EXPECT_FALSE(form.blnEdicionActiva);
+  EXPECT_TRUE(form.rtvNotasAlumno.Visible());
+  EXPECT_EQ(form.rtvNotasAlumno.Width(), width);
+  EXPECT_FALSE(form.rtvNotasAlumno.Redraw());
+  EXPECT_FALSE(form.rtvNotasTutor.Redraw());
+  EXPECT_FALSE(form.rtvNotasTutor.Visible());
+  EXPECT_EQ(form.rtvNotasTutor.Width(), 17620);
+  // Mended, the next student has both again, at the one width.
+  school_.Sql("UPDATE TipoNota SET Orden=2 WHERE IDTipoNota=41");
+  form.rtvNotasAlumno.Width(5000);
+  form.cmdSiguiente_Click();
+  for (const auto* grid : {&form.rtvNotasAlumno, &form.rtvNotasTutor}) {
+    EXPECT_TRUE(grid->Redraw() && grid->Visible()) << grid->Name();
+    EXPECT_EQ(grid->Width(), 5000) << grid->Name();
+  }
+  EXPECT_TRUE(form.blnEdicionActiva);
+}
+
 TEST_F(NotaManualDirect, EventsDoNothingWhileTheGridIsBuilt) {
   auto& form = Opened();
   form.blnEdicionActiva = false;
