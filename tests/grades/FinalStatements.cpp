@@ -22,6 +22,19 @@ std::string LaterMark(const Role& role, int evaluacion, int pending) {
       {role.True(), evaluacion, pending});
 }
 
+std::string Scale(const Role& role) {
+  return Sql(
+      "SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE abreviatura={} AND CodTipoMateria IN "
+      "(SELECT CodTipoMateria FROM Materia WHERE CodTipoEnsenanza=3) ORDER BY Orden",
+      {role.True()});
+}
+
+std::string GradeText(long grade) {
+  return Sql("SELECT DescripcionCorta FROM Nota WHERE IDNota={}", {grade});
+}
+
+const std::string kNoExceptional = "NotaExcepcional=0 AND ";
+
 }  // namespace
 
 Lines FirstFinal(const Role& role) {
@@ -54,6 +67,17 @@ Lines FinalFormLoad(const Role& role, int evaluacion) {
           kSystems));
   return lines;
 }
+
+Lines FinalFormLoadOf(const Role& role, int evaluacion, int student) {
+  const auto whole = FinalFormLoad(role, evaluacion);
+  return {whole[0], whole[1],
+          Sql("SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS "
+              "Nombre FROM Alumno WHERE IDAlumno={}",
+              {student}),
+          whole.back()};
+}
+
+std::string FinalCourse() { return Sql("SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=32"); }
 
 std::string FinalRows(const Role& role, int evaluacion, int student, int matDet) {
   if (!role.section)
@@ -112,17 +136,22 @@ Lines FinalLoad(const Role& role, int evaluacion, int student,
 Lines FinalGrid(const Role& role, bool first, std::initializer_list<long> grades) {
   Lines lines = {
       Sql("SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=1 AND " + kSystems)};
-  if (first)
-    lines.push_back(
-        Sql("SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE abreviatura={} AND CodTipoMateria "
-            "IN (SELECT CodTipoMateria FROM Materia WHERE CodTipoEnsenanza=3) ORDER BY Orden",
-            {role.True()}));
-  for (const auto grade : grades)
-    lines.push_back(Sql("SELECT DescripcionCorta FROM Nota WHERE IDNota={}", {grade}));
+  if (first) lines.push_back(Scale(role));
+  for (const auto grade : grades) lines.push_back(GradeText(grade));
   return lines;
 }
 
-Lines FinalObservation(const Role& role, int evaluacion) {
+Lines FinalSubjectGrid(const Role& role, bool first, const std::vector<FinalStudentRow>& rows) {
+  Lines lines;
+  if (first) lines.push_back(Scale(role));
+  for (const auto& row : rows) {
+    lines = lines + StudentNames({row.student});
+    for (const auto grade : row.grades) lines.push_back(GradeText(grade));
+  }
+  return lines;
+}
+
+Lines FinalObservation(const Role& role, int evaluacion, bool exceptional) {
   Lines lines = {
       Sql("SELECT IDTipoNota, Nombre, Orden FROM TipoNota WHERE Abreviatura={} AND CodTipoMateria "
           "IN (SELECT IDTipoMateria FROM TipoMateria WHERE " +
@@ -134,14 +163,15 @@ Lines FinalObservation(const Role& role, int evaluacion) {
             "CodTipoMateria FROM TipoNota WHERE IDTipoNota={})",
             {kind}));
     if (kind == 51)
-      lines.push_back(
-          Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN "
-              "(SELECT CodModelo FROM Seccion WHERE IDSeccion=321)) AND (CodCurso=0 OR "
-              "CodCurso=32) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND CodTipoNota IN "
+      lines.push_back(Sql(
+          "SELECT IDNota, DescripcionCorta FROM Nota WHERE " + (exceptional ? "" : kNoExceptional) +
+              "(CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE "
+              "IDSeccion=321)) AND (CodCurso=0 OR CodCurso=32) AND (CodNumevaluacion=0 OR "
+              "CodNumEvaluacion={}) AND CodTipoNota IN "
               "(SELECT IDTipoNota FROM TipoNota WHERE Orden=1 AND Materia=0 AND Observacion=0 AND "
               "Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE " +
-                  kSystems + ")) ORDER BY DescripcionCorta",
-              {evaluacion, role.True()}));
+              kSystems + ")) ORDER BY DescripcionCorta",
+          {evaluacion, role.True()}));
   }
   return lines;
 }
@@ -173,6 +203,12 @@ std::string FinalCellList(const Role& role, int evaluacion, int codMateria, int 
       "CodEspecificarTipoMateria={} AND " +
           kSystems + ")) ORDER BY DescripcionCorta",
       {evaluacion, codMateria, teacher, column, role.True(), kind});
+}
+
+std::string FinalCellListOfSubject(const Role& role, int evaluacion, int matDet, int teacher,
+                                   int column, int kind) {
+  auto text = FinalCellList(role, evaluacion, matDet, teacher, column, kind);
+  return text.erase(text.find(kNoExceptional), kNoExceptional.size());
 }
 
 Lines SaveFinalGraded(const Role& role, int evaluacion, int pending, int nota, int observacion,

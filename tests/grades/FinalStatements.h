@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -21,8 +22,12 @@ struct FinalSubject {
 
 /// What step one asks more for the second final evaluation.
 Lines FirstFinal(const Role& role);
-/// `Form_Load` of step two by student.
+/// `Form_Load` of step two, but by section and student.
 Lines FinalFormLoad(const Role& role, int evaluacion);
+/// That one: of one student.
+Lines FinalFormLoadOf(const Role& role, int evaluacion, int student);
+/// What the forms that walk subjects ask of the course.
+std::string FinalCourse();
 /// The rows of a student: all, those of that subject when `matDet` isn't 0, or a teacher's.
 std::string FinalRows(const Role& role, int evaluacion, int student, int matDet = 0);
 std::string KindOf(int matDet);
@@ -35,13 +40,24 @@ Lines FinalLoad(const Role& role, int evaluacion, int student,
                 const std::vector<FinalSubject>& subjects, int matDet = 0);
 /// The grid of a student with these grades, three a subject; `first` while the form loads.
 Lines FinalGrid(const Role& role, bool first, std::initializer_list<long> grades);
-/// The list of the tutor's observation, as it is rebuilt for each student.
-Lines FinalObservation(const Role& role, int evaluacion);
+/// A row of the grid of a subject: a student with grade, concept and observation.
+struct FinalStudentRow {
+  int student;
+  std::array<long, 3> grades{};
+};
+/// The grid of a subject; `first` while the form loads.
+Lines FinalSubjectGrid(const Role& role, bool first, const std::vector<FinalStudentRow>& rows);
+/// The list of the tutor's observation, as it is rebuilt for each student; the form that rebuilds
+/// it at each edit leaves the exceptional grades out.
+Lines FinalObservation(const Role& role, int evaluacion, bool exceptional = true);
 /// Publication and locks.
 Lines FinalLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
 /// The list of a cell, for a subject of that kind. `codMateria` is what the form compares with.
 std::string FinalCellList(const Role& role, int evaluacion, int codMateria, int teacher, int column,
                           int kind = 1);
+/// The same in the forms that walk subjects, which offer the exceptional grades too.
+std::string FinalCellListOfSubject(const Role& role, int evaluacion, int matDet, int teacher,
+                                   int column, int kind = 1);
 /// A subject that is saved with a grade while no later evaluation holds the mark.
 Lines SaveFinalGraded(const Role& role, int evaluacion, int pending, int nota, int observacion = 0,
                       int medida = 0);
