@@ -91,6 +91,7 @@ void frmNotaSeccionMateriaFinal::RehacerObservacion() {
     lblNotaManual[1].Caption(ObservacionAlumno + " al alumno " +
                              rtvNotasAlumno.TextMatrix(rtvNotasAlumno.Row(), 0));
     lblNotaManual[1].Left(cboObservacion.Left());
+    lblNotaManual[1].Top(cboObservacion.Top());
     LlenarObservaciones(cboObservacion, SentenciaObservaciones(paso, true));
   });
 }
