@@ -1,0 +1,98 @@
+#pragma once
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <utility>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "frame/cConfiguracion.h"
+#include "platform/Application.h"
+#include "platform/ComboBox.h"
+#include "platform/Form.h"
+#include "platform/FormInstance.h"
+#include "platform/FrontEnd.h"
+#include "tests/selection/StepOne.h"
+
+namespace quorvane::test {
+
+/// A user who does one thing on each form that is shown, in order.
+class Hands : public FrontEnd {
+ public:
+  std::vector<std::function<void()>> acts;
+  std::vector<Pointer> pointers;
+  std::vector<std::string> shown;
+
+  void RunModal(Form& form) override {
+    shown.push_back(form.Name());
+    if (acts.empty()) return;
+    const auto act = std::move(acts.front());
+    acts.erase(acts.begin());
+    act();
+  }
+  void Message(MessageIcon /*icon*/, const std::string& /*title*/,
+               const std::string& /*text*/) override {}
+  void Beep() override {}
+  void MousePointer(Pointer pointer) override { pointers.push_back(pointer); }
+  std::int32_t TextWidth(const Form& /*form*/, const std::string& text) override {
+    return static_cast<std::int32_t>(text.size()) * 120;
+  }
+  void DoEvents() override {}
+  std::int32_t ScreenWidth() override { return 19200; }
+  std::int32_t ScreenHeight() override { return 12000; }
+};
+
+/// What step one hands over to step two: its fields, the title, the closed connection.
+class HandedOver : public ::testing::Test {
+ public:
+  HandedOver() : centro(school.Path(), "centro"), entrada(school.Path(), "entrada") {
+    school.Sql(
+        "UPDATE SistemaCalificacion SET Recuperaciones=-1;"
+        "UPDATE Seccion SET Seguimiento=-1 WHERE IDSeccion=321;"
+        "UPDATE EvaluacionActaPte SET CodNota=103 WHERE CodNumEvaluacion=4");
+    centro.Open();
+    auto& session = cConfiguracion::Instancia();
+    session.conLocalCentro = &centro;
+    session.conLocalBorradoCentro = &centro;
+    session.conLocalAppEntrada = &entrada;
+    session.SQLServer = false;
+    session.Activa = true;
+    User(1, 0);
+    Application::Instance().UseScreen(&hands);
+  }
+  ~HandedOver() override {
+    FormInstances::DropAll();
+    Application::Instance().UseScreen(nullptr);
+    auto& session = cConfiguracion::Instancia();
+    session.conLocalCentro = session.conLocalBorradoCentro = session.conLocalAppEntrada = nullptr;
+  }
+  HandedOver(const HandedOver&) = delete;
+  HandedOver& operator=(const HandedOver&) = delete;
+  HandedOver(HandedOver&&) = delete;
+  HandedOver& operator=(HandedOver&&) = delete;
+
+ protected:
+  static void User(int user, int profile) {
+    cConfiguracion::Instancia().intIDUsuario = static_cast<std::int16_t>(user);
+    cConfiguracion::Instancia().intIDPerfil = static_cast<std::int16_t>(profile);
+  }
+
+  static void Select(ComboBox& list, std::int32_t data) {
+    for (int i = 0; i < list.ListCount(); ++i)
+      if (list.ItemData(i) == data) return list.ListIndex(i);
+    ADD_FAILURE() << list.Name() << " has no entry " << data;
+  }
+
+  template <class F>
+  static void SelectSection(F& form, int evaluation) {
+    Select(form.cboCursos, 32);
+    Select(form.cboSecciones, 321);
+    Select(form.cboEvaluaciones, evaluation);
+  }
+
+  PendingSchool school;
+  sqlite::SqliteConnection centro;
+  sqlite::SqliteConnection entrada;
+  Hands hands;
+};
+
+}  // namespace quorvane::test

@@ -1,0 +1,128 @@
+#include <gmock/gmock.h>
+
+#include "frame/PrimeraPantalla.h"
+#include "grades/final/frmNotaManualFinal.h"
+#include "grades/final/frmNotaMateriaFinal.h"
+#include "platform/RuntimeError.h"
+#include "selection/frmNotaManual1.h"
+#include "selection/frmNotaMateria1.h"
+#include "selection/frmNotaSeccionAlumno1.h"
+#include "selection/frmNotaSeccionMateria1.h"
+#include "tests/selection/HandedOver.h"
+
+// What a script doesn't show of step one: connection, pointer, boxes out of sight, a title that is
+// never seen.
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+// After the message of the date the connection stays open.
+TEST_F(HandedOver, TheConnectionClosesOnlyOnTheWayToStepTwo) {
+  school.Sql(
+      "UPDATE Usuario SET CodPadre=0, AdminSistema=0; INSERT INTO FechaNotas (FechaInicio, "
+      "FechaFin, CodSeccion, CodNumEvaluacion) VALUES ('1990/01/01','1990/01/02',321,1)");
+  hands.acts = {[this] {
+    auto& form = FormInstance<frmNotaManual1>::Get();
+    SelectSection(form, 1);
+    EXPECT_FALSE(entrada.IsOpen());
+    form.cmdNotaManual1[0].Press();
+    EXPECT_TRUE(entrada.IsOpen());
+    EXPECT_TRUE(form.Visible());
+    form.cmdNotaManual1[1].Press();
+    EXPECT_TRUE(entrada.IsOpen());
+    EXPECT_FALSE(FormInstance<frmNotaManual1>::Exists());
+  }};
+  MostrarFrmNotaManual1();
+  EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1"));
+}
+
+// The form for finals gets its title before the first final is looked for and again after that;
+// in entry by subject only after it.
+TEST_F(HandedOver, TheTitleWhereTheFirstFinalHasGone) {
+  const auto fails = [this](auto& form) {
+    SelectSection(form, 5);
+    school.Sql("UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=4");
+    hands.pointers.clear();
+    EXPECT_THROW(form.cmdNotaManual1[0].Press(), RuntimeError);
+    school.Sql("UPDATE NumEvaluacion SET Orden=1 WHERE IDNumEvaluacion=4");
+    EXPECT_THAT(hands.pointers, ElementsAre(Pointer::Hourglass, Pointer::Default));
+    EXPECT_TRUE(entrada.IsOpen());
+    EXPECT_FALSE(form.Visible());
+  };
+  hands.acts = {[&fails] { fails(FormInstance<frmNotaManual1>::Get()); },
+                [&fails] { fails(FormInstance<frmNotaMateria1>::Get()); }};
+  MostrarFrmNotaManual1();
+  MostrarFrmNotaMateria1();
+  EXPECT_EQ(FormInstance<frmNotaManualFinal>::Get().mstrCaption, "ESO 2º ESO A");
+  EXPECT_EQ(FormInstance<frmNotaMateriaFinal>::Get().mstrCaption, "");
+}
+
+TEST_F(HandedOver, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
+  cConfiguracion::Instancia().RutaIcono = "zendria.ico";
+  const auto opened = [](const auto& form) {
+    EXPECT_EQ(form.Icon(), "zendria.ico");
+    EXPECT_EQ(form.chkTodosProm.Left(), form.chkRecuperacion.Left());
+    EXPECT_EQ(form.chkTodosProm.Top(), form.chkRecuperacion.Top());
+    EXPECT_TRUE(form.blnEntrar);
+  };
+  hands.acts = {[&opened] { opened(FormInstance<frmNotaManual1>::Get()); },
+                [&opened] { opened(FormInstance<frmNotaMateria1>::Get()); },
+                [&opened] { opened(FormInstance<frmNotaSeccionAlumno1>::Get()); },
+                [&opened] { opened(FormInstance<frmNotaSeccionMateria1>::Get()); }};
+  MostrarFrmNotaManual1();
+  MostrarFrmNotaMateria1();
+  MostrarFrmNotaSeccionAlumno1();
+  MostrarFrmNotaSeccionMateria1();
+  EXPECT_TRUE(hands.acts.empty());
+  cConfiguracion::Instancia().RutaIcono.clear();
+}
+
+TEST_F(HandedOver, ThePointerIsBackAfterTheOpening) {
+  hands.acts = {
+      [this] { EXPECT_THAT(hands.pointers, ElementsAre(Pointer::Hourglass, Pointer::Default)); }};
+  MostrarFrmNotaManual1();
+}
+
+// The user can't bring the boxes into sight here; the rules that the two dialogs have for them are
+// their own all the same.
+TEST_F(HandedOver, TheBoxesOfTheDialogsWithoutSection) {
+  const auto boxes = [](auto& form) {
+    form.blnPosibleRecuperacion = true;
+    form.chkRecuperacion.Visible(true);
+    form.chkRecuperacion.Value(1);
+    form.chkTodosProm.Visible(true);
+  };
+  hands.acts = {[&boxes] {
+                  auto& form = FormInstance<frmNotaManual1>::Get();
+                  SelectSection(form, 1);
+                  boxes(form);
+                  Select(form.cboSecciones, 321);
+                  EXPECT_TRUE(form.chkRecuperacion.Visible());
+                  EXPECT_EQ(form.chkRecuperacion.Value(), 1) << "left alone";
+                  Select(form.cboEvaluaciones, 1);
+                  EXPECT_FALSE(form.chkRecuperacion.Visible());
+                  EXPECT_FALSE(form.chkTodosProm.Visible());
+                },
+                [&boxes] {
+                  auto& form = FormInstance<frmNotaMateria1>::Get();
+                  SelectSection(form, 1);
+                  boxes(form);
+                  Select(form.cboSecciones, 321);
+                  EXPECT_TRUE(form.chkRecuperacion.Visible());
+                  EXPECT_EQ(form.chkRecuperacion.Value(), 0) << "follow-up clears it";
+                  Select(form.cboEvaluaciones, 1);
+                  EXPECT_TRUE(form.chkRecuperacion.Visible());
+                  EXPECT_TRUE(form.chkTodosProm.Visible());
+                  Select(form.cboEvaluaciones, 4);
+                  EXPECT_FALSE(form.chkRecuperacion.Visible());
+                  EXPECT_TRUE(form.chkTodosProm.Visible());
+                }};
+  MostrarFrmNotaManual1();
+  MostrarFrmNotaMateria1();
+  EXPECT_TRUE(hands.acts.empty());
+}
+
+}  // namespace
+}  // namespace quorvane::test
