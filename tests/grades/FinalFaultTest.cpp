@@ -1,14 +1,16 @@
 #include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "tests/grades/FinalSchool.h"
 #include "tests/grades/FinalStatements.h"
 #include "tests/grades/FormView.h"
+#include "tests/grades/OrdinaryStatements.h"
 
-// Statements that fail, rows that are missing, values that don't convert, in the final evaluations
-// by student and by section.
+// Statements that fail, rows that are missing, values that don't convert, in the four final forms.
 
 namespace quorvane::test {
 namespace {
@@ -18,6 +20,22 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+
+/// Opens the form of that node, where it narrows the section on subject 3111 or on student 1.
+std::string OpenNode(int node, int evaluacion) {
+  switch (node) {
+    case 124:
+      return OpenFinal(evaluacion);
+    case 125:
+      return OpenBySubject(evaluacion);
+    case 126:
+      return OpenSectionBySubject(evaluacion);
+    default:
+      return OpenSectionFinal(evaluacion);
+  }
+}
+
+constexpr int kNodes[] = {124, 125, 126, 127};
 
 /// A session that uses every statement that saving can take: subject 4 takes the mark, subject 1
 /// leaves it to a later evaluation, subject 2 gives it back to an earlier one.
@@ -52,9 +70,7 @@ constexpr int kParts = 4;
 
 class FinalFailure : public ::testing::TestWithParam<Part> {
  protected:
-  static std::string Open() {
-    return GetParam().node == 124 ? OpenFinal(5) : OpenSectionFinal(5, 3111);
-  }
+  static std::string Open() { return OpenNode(GetParam().node, 5); }
 
   static std::string Session() {
     return Open() +
@@ -93,13 +109,19 @@ TEST_P(FinalFailure, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
     school.DropPublications();
     const auto again = RunScript(school, Open() + "ver\n", SessionOf(kTutor));
     ASSERT_EQ(again.status, 0) << again.Text();
-    ASSERT_GE(FormView(again).Entries("cboAlumnos").size(), 2U);
+    const auto walkSubjects = GetParam().node == 125 || GetParam().node == 126;
+    ASSERT_GE(FormView(again).Entries(walkSubjects ? "cboMaterias" : "cboAlumnos").size(), 2U);
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sessions, FinalFailure,
-                         ::testing::Values(Part{124, 1}, Part{124, 2}, Part{124, 3}, Part{124, 4},
-                                           Part{127, 1}, Part{127, 2}, Part{127, 3}, Part{127, 4}),
+std::vector<Part> Parts() {
+  std::vector<Part> parts;
+  for (const auto node : kNodes)
+    for (int first = 1; first <= kParts; ++first) parts.push_back({node, first});
+  return parts;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sessions, FinalFailure, ::testing::ValuesIn(Parts()),
                          [](const auto& part) {
                            return "Node" + std::to_string(part.param.node) + "Part" +
                                   std::to_string(part.param.first);
@@ -132,23 +154,22 @@ TEST(FinalFault, SaveThatBreaksOffLeavesTheEarlierSubjectsSaved) {
 struct BadInput {
   const char* name;
   const char* change;
-  const char* byStudent;
-  const char* bySection;
+  std::array<const char*, 4> ends;  ///< by student, by subject, section by subject, by student
 };
 
 class FinalBadInput : public ::testing::TestWithParam<BadInput> {};
 
 TEST_P(FinalBadInput, EndsTheLoadOrIsRead) {
-  for (const auto node : {124, 127}) {
+  auto expected = GetParam().ends.begin();
+  for (const auto node : kNodes) {
     const FinalSchool school;
     school.Sql(GetParam().change);
-    const auto result =
-        RunScript(school, node == 124 ? OpenFinal() : OpenSectionFinal(), SessionOf(kTutor));
-    const std::string expected = node == 124 ? GetParam().byStudent : GetParam().bySection;
-    if (expected.empty())
+    const auto result = RunScript(school, OpenNode(node, 4), SessionOf(kTutor));
+    const std::string error = *expected++;
+    if (error.empty())
       EXPECT_THAT(result.Of("error"), IsEmpty()) << node;
     else
-      EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr(expected + " "))) << node;
+      EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr(error + " "))) << node;
   }
 }
 
@@ -158,20 +179,40 @@ INSTANTIATE_TEST_SUITE_P(
         BadInput{"NullGrades",
                  "UPDATE EvaluacionActaPte SET CodNota=NULL, CodNotaObservacion=NULL, "
                  "RE_AC_DIV=NULL, Evaluado=NULL, UltimaEvaluada=NULL",
-                 "", ""},
-        BadInput{"MeasureBeyondEightBits", "UPDATE EvaluacionActaPte SET RE_AC_DIV=256", "6", "6"},
-        BadInput{"NegativeMeasure", "UPDATE EvaluacionActaPte SET RE_AC_DIV=-1", "6", "6"},
-        BadInput{"GradeThatIsNoNumber", "UPDATE EvaluacionActaPte SET CodNota='siete'", "13", "13"},
+                 {"", "", "", ""}},
+        BadInput{"MeasureBeyondEightBits",
+                 "UPDATE EvaluacionActaPte SET RE_AC_DIV=256",
+                 {"6", "6", "6", "6"}},
+        BadInput{
+            "NegativeMeasure", "UPDATE EvaluacionActaPte SET RE_AC_DIV=-1", {"6", "6", "6", "6"}},
+        BadInput{"GradeThatIsNoNumber",
+                 "UPDATE EvaluacionActaPte SET CodNota='siete'",
+                 {"13", "13", "13", "13"}},
         BadInput{"SectionBeyondSixteenBits",
                  "UPDATE MateriaDetalles SET codSeccion=40000 WHERE "
                  "IDMateriaDetalles IN (3111,3113)",
-                 "6", ""},
-        BadInput{"TeacherThatIsNoNumber", "UPDATE MateriaDetalles SET CodPersonal='Ana'", "", "13"},
-        BadInput{"SubjectWithoutAName", "DELETE FROM Materia WHERE IDMateria=3", "3021", ""},
-        BadInput{"StudentWithoutAName", "UPDATE Alumno SET Nombre=NULL, Apellido_1=NULL", "", ""},
-        BadInput{"GradeTypeOffTheGrid", "UPDATE TipoNota SET Orden=9 WHERE IDTipoNota=12", "381",
-                 "381"},
-        BadInput{"GradeTypeOnTheKeys", "UPDATE TipoNota SET Orden=8 WHERE IDTipoNota=12", "", ""}),
+                 {"6", "6", "6", ""}},
+        BadInput{"TeacherThatIsNoNumber",
+                 "UPDATE MateriaDetalles SET CodPersonal='Ana'",
+                 {"", "13", "13", "13"}},
+        BadInput{"SubjectWithoutAName",
+                 "DELETE FROM Materia WHERE IDMateria=3",
+                 {"3021", "3021", "", ""}},
+        BadInput{"StudentWithoutAName",
+                 "UPDATE Alumno SET Nombre=NULL, Apellido_1=NULL",
+                 {"", "", "", ""}},
+        BadInput{
+            "PromotionThatIsNoNumber", "UPDATE Curso SET Promocion='si'", {"", "13", "13", ""}},
+        BadInput{"NullCourse", "UPDATE Curso SET Promocion=NULL, RE_AC=NULL", {"", "", "", ""}},
+        BadInput{"GradeTypeOffTheGrid",
+                 "UPDATE TipoNota SET Orden=9 WHERE IDTipoNota=12",
+                 {"381", "381", "381", "381"}},
+        BadInput{"GradeTypeOnTheLastOfNineColumns",
+                 "UPDATE TipoNota SET Orden=8 WHERE IDTipoNota=12",
+                 {"", "381", "381", ""}},
+        BadInput{"GradeTypeOnTheLastOfEightColumns",
+                 "UPDATE TipoNota SET Orden=7 WHERE IDTipoNota=12",
+                 {"", "", "", ""}}),
     [](const auto& input) { return input.param.name; });
 
 TEST(FinalFault, NullGradesAreSavedAsNone) {
