@@ -9,17 +9,6 @@
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane::test {
-namespace {
-
-void Choose(ComboBox& combo, int data) {
-  combo.Click = nullptr;
-  combo.Clear();
-  combo.AddItem("elegido", data);
-  combo.ListIndex(0);
-}
-
-}  // namespace
-
 void SilentScreen::RunModal(Form& form) {
   // Step one has nobody to go on.
   if (form.Name() != "frmNotaManual1") form.Shown();
@@ -68,6 +57,13 @@ frmNotaManual& DirectSession::Open() const {
   auto& form = FormInstance<frmNotaManual>::Get();
   form.ShowModal();
   return form;
+}
+
+void DirectSession::Choose(ComboBox& combo, int data) {
+  combo.Click = nullptr;
+  combo.Clear();
+  combo.AddItem("elegido", data);
+  combo.ListIndex(0);
 }
 
 std::int32_t DirectSession::ErrorOf(const std::function<void()>& action) {

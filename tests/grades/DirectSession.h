@@ -12,8 +12,9 @@
 #include "tests/grades/Statements.h"
 
 namespace quorvane {
+class ComboBox;
 class frmNotaManual;
-}
+}  // namespace quorvane
 
 namespace quorvane::test {
 
@@ -57,6 +58,8 @@ class DirectSession {
   frmNotaManual& Open() const;
   /// The statements since the last call, as a script prints them.
   Lines Statements() { return std::exchange(statements_, {}); }
+  /// Leaves an entry with that data as the only one of a list of step one, and selected.
+  static void Choose(ComboBox& combo, int data);
   /// The number of the error that the action ends in; 0 without one.
   static std::int32_t ErrorOf(const std::function<void()>& action);
 
