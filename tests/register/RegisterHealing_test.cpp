@@ -138,6 +138,17 @@ TEST(RegisterHealing, ASubjectThatComesBackAfterAnotherLosesItsLastRow) {
               ElementsAre("1", "2"));
 }
 
+TEST(RegisterHealing, OfSeveralRowsThatComeBackAfterAnotherOnlyTheLastGoes) {
+  const SmallSchool school;
+  school.Registra(321, 1);
+  static_cast<void>(school.Pendiente(1, 3111, 1));
+  static_cast<void>(school.Pendiente(1, 3112, 2));
+  school.Evalua(school.Pendiente(1, 3111, 3), 2);
+  const auto last = school.Pendiente(1, 3111, 4);
+  school.Evalua(last, 3);
+  EXPECT_THAT(Deletes(OpenAndCancel(school)), ElementsAreArray(DeletesOf(last)));
+}
+
 TEST(RegisterHealing, NeighboursOfOneSubjectWithoutACommonEvaluationAreOneSubject) {
   const SmallSchool school;
   school.Registra(321, 1);

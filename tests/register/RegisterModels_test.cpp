@@ -67,6 +67,7 @@ TEST(RegisterModels, TheGraphHoldsWhatTheTablesSay) {
     EXPECT_TRUE(evaluacion.Final);
     EXPECT_FALSE(evaluacion.Extraordinaria);
     EXPECT_EQ(evaluacion.Orden, 0);
+    EXPECT_EQ(evaluacion.Estado, estados.NoModificado);
     EXPECT_EQ(evaluacion.EstadoAnterior, estados.Modificado);
     const auto& conProfesor = *form.colMatProf["3111"];
     EXPECT_EQ(conProfesor.IDPersonal, 2);

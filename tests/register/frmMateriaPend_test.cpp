@@ -122,7 +122,8 @@ TEST_F(FrmMateriaPend, ASubjectTakenOffAndChosenAgainIsUpdatedWithItsEvaluations
   EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(SubjectsStatement(311, "3112")));
   EXPECT_THAT(run.Of("ver").front(), HasSubstr(R"(["Lengua",3111])"));
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0,3112,3111]");
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"), HasSubstr(R"("X")"));
+  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
+              testing::EndsWith(R"x(["Lengua (1º ESO)","","","","","X","","","","2"]])x"));
   EXPECT_THAT(run.After("pulsar cmdAceptar"),
               ElementsAre("sql centro SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE "
                           "CodMatDet=3111 AND CodAlumno=1",
