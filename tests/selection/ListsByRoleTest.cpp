@@ -122,6 +122,7 @@ TEST_P(ListsByRole, ACentreWithoutTypesShowsAnEmptyDialog) {
   const auto result = Open(Unrestricted());
   EXPECT_THAT(Statements(result.lines), ElementsAre(kTypesUnrestricted, kOrdinaryEvaluations));
   EXPECT_FALSE(View(result).Enabled("cboTipoEnsenanza"));
+  EXPECT_FALSE(View(result).Enabled("cmdNotaManual1(0)"));
 }
 
 TEST_P(ListsByRole, ATypeWithoutCoursesDisablesTheirList) {

@@ -65,8 +65,11 @@ TEST_F(HandedOver, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
     EXPECT_EQ(form.Icon(), "zendria.ico");
     EXPECT_EQ(form.chkTodosProm.Left(), form.chkRecuperacion.Left());
     EXPECT_EQ(form.chkTodosProm.Top(), form.chkRecuperacion.Top());
+    EXPECT_EQ(form.chkRecuperacion.Value(), 0);
+    EXPECT_FALSE(form.chkRecuperacion.Visible());
     EXPECT_TRUE(form.blnEntrar);
   };
+  FormInstance<frmNotaManual1>::Get().chkRecuperacion.Value(1);
   hands.acts = {[&opened] { opened(FormInstance<frmNotaManual1>::Get()); },
                 [&opened] { opened(FormInstance<frmNotaMateria1>::Get()); },
                 [&opened] { opened(FormInstance<frmNotaSeccionAlumno1>::Get()); },
@@ -77,6 +80,23 @@ TEST_F(HandedOver, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
   MostrarFrmNotaSeccionMateria1();
   EXPECT_TRUE(hands.acts.empty());
   cConfiguracion::Instancia().RutaIcono.clear();
+}
+
+// The tutor of one section is nobody in another.
+TEST_F(HandedOver, BeingTheTutorGoesWithTheSection) {
+  User(2, 3);
+  const auto another = [](auto& form) {
+    SelectSection(form, 1);
+    EXPECT_TRUE(form.blnTutor);
+    form.cboSecciones.AddItem("A", 331);
+    Select(form.cboSecciones, 331);
+    EXPECT_FALSE(form.blnTutor);
+  };
+  hands.acts = {[&another] { another(FormInstance<frmNotaSeccionAlumno1>::Get()); },
+                [&another] { another(FormInstance<frmNotaSeccionMateria1>::Get()); }};
+  MostrarFrmNotaSeccionAlumno1();
+  MostrarFrmNotaSeccionMateria1();
+  EXPECT_TRUE(hands.acts.empty());
 }
 
 TEST_F(HandedOver, ThePointerIsBackAfterTheOpening) {

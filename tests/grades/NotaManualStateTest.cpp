@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+
+#include "frame/cConfiguracion.h"
+#include "tests/grades/NotaManualDirect.h"
+
+// How the form stands where something has stopped it, and what it leaves behind.
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::IsEmpty;
+
+std::vector<const Control*> Gestures(const frmNotaManual& form) {
+  return {&form.cboAlumnos,    &form.cmdAceptar,  &form.cmdCancelar,
+          &form.tabNotaManual, &form.cmdAnterior, &form.cmdSiguiente};
+}
+
+TEST_F(NotaManualDirect, LoadThatFailsLeavesTheFormBusy) {
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=999");
+  EXPECT_EQ(DirectSession::ErrorOf([this] { session_.Open(); }), 3021);
+  const auto& form = FormInstance<frmNotaManual>::Get();
+  EXPECT_TRUE(form.blnCargando);
+  EXPECT_FALSE(form.Enabled());
+  for (const auto* control : Gestures(form)) EXPECT_FALSE(control->Enabled()) << control->Name();
+  EXPECT_TRUE(form.aniCarga.Playing() && form.fraAniCarga.Visible());
+  EXPECT_EQ(form.Height(), 1790);
+  EXPECT_EQ(session_.screen.MousePointer(), Pointer::Hourglass);
+}
+
+TEST_F(NotaManualDirect, PublicationThatFailsFindsTheLoadDone) {
+  school_.Sql(
+      "CREATE TRIGGER lleno BEFORE INSERT ON PublicacionPte BEGIN SELECT RAISE(FAIL, 'lleno'); "
+      "END");
+  PasoUno().blnRecuperar = true;
+  EXPECT_EQ(DirectSession::ErrorOf([this] { session_.Open(); }), -2147467259);
+  const auto& form = FormInstance<frmNotaManual>::Get();
+  EXPECT_EQ(form.publicacion.IDPublicacion, 0);
+  EXPECT_TRUE(form.Enabled());
+  for (const auto* control : Gestures(form)) EXPECT_TRUE(control->Enabled()) << control->Name();
+  EXPECT_FALSE(form.fraObservacion[0].Visible() || form.fraAusencia[0].Visible());
+  EXPECT_TRUE(form.aniCarga.Playing());
+  EXPECT_EQ(session_.screen.MousePointer(), Pointer::Arrow);
+  EXPECT_THAT(session_.screen.messages, IsEmpty());
+}
+
+TEST_F(NotaManualDirect, RefusedFormKnowsWhyAndIsNotSetUp) {
+  cConfiguracion::Instancia().RutaIcono = "zendria.ico";
+  school_.Sql(
+      "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
+      "CodNumEvaluacion) VALUES (7, 1, 321, 1)");
+  auto& form = FormInstance<frmNotaManual>::Get();
+  const auto held = form.shared_from_this();
+  session_.Open();
+  EXPECT_TRUE(form.blnConPublicacion);
+  EXPECT_EQ(form.Icon(), "");
+  EXPECT_EQ(session_.screen.beeps, 2);
+}
+
+TEST_F(NotaManualDirect, LeavingForgetsTheStudentsAndEndsTheEditing) {
+  auto& form = Opened();
+  const auto held = form.shared_from_this();
+  EXPECT_TRUE(form.blnEdicionActiva);
+  form.cmdCancelar_Click();
+  EXPECT_EQ(form.colAlumnos.Count(), 0U);
+  EXPECT_FALSE(form.blnEdicionActiva);
+  EXPECT_FALSE(FormInstance<frmNotaManual>::Exists());
+}
+
+TEST_F(NotaManualDirect, WidthsOfTheTutorsGridComeBackAtAnEditAndWithTheNextStudent) {
+  auto& form = Opened();
+  form.rtvNotasTutor.ColWidth(2, 3456);
+  form.GuardarAnchosTutor(false);
+  form.rtvNotasTutor.ColWidth(2, 100);
+  form.rtvNotasTutor.BeginEdit(0, 1);
+  EXPECT_EQ(form.rtvNotasTutor.ColWidth(2), 3456);
+  form.cmdSiguiente_Click();
+  EXPECT_EQ(form.rtvNotasTutor.ColWidth(2), 3456);
+}
+
+TEST_F(NotaManualDirect, WithoutKindsOfTheTutorTheWidthOfTheFirstColumnIsKept) {
+  school_.Sql("DELETE FROM TipoNota WHERE Abreviatura=0");
+  auto& form = Opened();
+  form.rtvNotasTutor.DragColumn(0, 100);
+  EXPECT_EQ(form.rtvNotasTutor.ColWidth(0), 2000);
+}
+
+TEST_F(NotaManualDirect, ObservationThatIsGoneGoesWithTheNextStudent) {
+  auto& form = Opened();
+  ASSERT_EQ(form.cboObservacion.ListCount(), 2);
+  school_.Sql("DELETE FROM TipoNota WHERE IDTipoNota=51");
+  form.cmdSiguiente_Click();
+  EXPECT_EQ(form.cboObservacion.ListCount(), 0);
+  EXPECT_FALSE(form.fraObservacion[0].Visible());
+}
+
+}  // namespace
+}  // namespace quorvane::test
