@@ -3,6 +3,7 @@
 
 #include "tests/grades/FormView.h"
 #include "tests/grades/GradeSchool.h"
+#include "tests/grades/Replay.h"
 #include "tests/grades/Statements.h"
 
 // Statements that fail, rows that are missing, values that don't convert.
@@ -18,15 +19,6 @@ using ::testing::IsEmpty;
 const std::string kSession =
     "editar rtvNotasAlumno 1 1 =107\npulsar cmdSiguiente\neditar rtvNotasAlumno 1 1 =103\n"
     "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n";
-
-/// Replays on a copy of the school what a session wrote up to a failure.
-void Replay(const GradeSchool& school, const Lines& traffic) {
-  const std::string prefix = "sql centro ";
-  for (const auto& line : traffic) {
-    const auto statement = line.substr(std::min(prefix.size(), line.size()));
-    if (!statement.starts_with("SELECT") && line.starts_with(prefix)) school.Sql(statement);
-  }
-}
 
 // Every statement of a session, in as many parts as can be run side by side.
 constexpr int kParts = 4;

@@ -6,6 +6,7 @@
 #include "tests/grades/FormView.h"
 #include "tests/grades/GradeSchool.h"
 #include "tests/grades/OrdinaryFlow.h"
+#include "tests/grades/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert, by subject and in the
 // two flows of a section.
@@ -29,14 +30,6 @@ void Prepare(const GradeSchool& school) {
       "CodAlumnoPte_MatDet=3;"
       "UPDATE EvaluacionPte SET CodNota=107, Evaluado=-1 WHERE CodNumEvaluacion=2 AND "
       "CodAlumnoPte_MatDet=1");
-}
-
-/// Replays on another school what a session wrote.
-void Replay(const GradeSchool& school, const Lines& traffic) {
-  const std::string prefix = "sql centro ";
-  for (const auto& line : traffic)
-    if (line.starts_with(prefix) && !line.starts_with(prefix + "SELECT"))
-      school.Sql(line.substr(prefix.size()));
 }
 
 // Every statement of a session, in as many parts as can be run side by side.
