@@ -81,7 +81,9 @@ TEST(FrmPropMatProf, CancellingTheSearchLeavesLabelAndTeacher) {
   GiveRowsToAllMaterias(school);
   school.Sql("UPDATE Profesor_Pte SET CodProfesor=1 WHERE CodMatDet=3111");
   for (const auto nobody : {0, -1}) {
-    const auto run = RunScript(school, kTeacher + Choose(nobody) + "ver\n" + kAccept + kAccept);
+    auto script = kTeacher + Choose(nobody);
+    script.append("ver\n").append(kAccept).append(kAccept);
+    const auto run = RunScript(school, script);
     EXPECT_THAT(run.After("pulsar cmdNProfesor"), Contains(PersonStatement(nobody)));
     EXPECT_THAT(run.Of("mensaje"), IsEmpty());
     EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"Ruiz Soto, Ana\"");
