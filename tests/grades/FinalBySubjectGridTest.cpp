@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 #include "tests/grades/FinalSchool.h"
 #include "tests/grades/FinalStatements.h"
@@ -163,6 +164,27 @@ TEST(FinalBySubjectGrid, ProceduresAttitudesAndConceptsStayHiddenBesideAMainGrad
   for (const auto* const gestures : {"", "pulsar cmdSiguiente\n", "lista rtvNotasAlumno 1 1\n"})
     EXPECT_THAT(Shown(school, gestures).Widths("rtvNotasAlumno"),
                 ElementsAre(3000, 2000, 0, 0, 0, 2000, 0, 0));
+}
+
+// The widths are kept before the keys are hidden, and restored after it.
+TEST(FinalBySubjectGrid, GradeTypeOnTheKeysUncoversThemOnTheWalk) {
+  const FinalSchool school;
+  school.Sql("UPDATE TipoNota SET Orden=7 WHERE IDTipoNota=12");
+  EXPECT_EQ(Shown(school).Widths("rtvNotasAlumno").at(7), 0);
+  EXPECT_EQ(Shown(school, "pulsar cmdSiguiente\n").Widths("rtvNotasAlumno").at(7), 2000);
+}
+
+// Its kept width stands in for the measures' own from the second subject on.
+TEST(FinalBySubjectGrid, GradeTypeOnTheMeasuresShowsThemWhateverTheCourseSays) {
+  const FinalSchool school;
+  school.Sql("UPDATE TipoNota SET Orden=6 WHERE IDTipoNota=12");
+  for (const auto& [gestures, heading] :
+       {std::pair{"", "Observación"}, std::pair{"pulsar cmdSiguiente\n", "Medidas Adoptadas"}}) {
+    const auto form = Shown(school, gestures);
+    EXPECT_EQ(form.Widths("rtvNotasAlumno").at(6), 2000);
+    EXPECT_EQ(form.Cells("rtvNotasAlumno").front(),
+              std::string("Orden en Sección / Alumno|Nota|||||") + heading + "|");
+  }
 }
 
 TEST(FinalBySubjectGrid, EditsStayWhileTheSubjectsAreWalked) {

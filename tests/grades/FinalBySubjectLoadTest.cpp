@@ -156,6 +156,17 @@ TEST(FinalBySubjectLoad, WithoutASubjectItEndsInTheMessageAndInStepOne) {
   EXPECT_THAT(Traffic(result), Not(Contains(HasSubstr("INSERT INTO Publicacionpte"))));
 }
 
+// A tutor who chose while his profile was the unrestricted one: there is something to grade, but
+// nobody of the staff to grade it.
+TEST(FinalBySubjectLoad, SubjectsWithoutAPersonEndInTheMessageToo) {
+  const FinalSchool school;
+  const auto script = OpenBySubject(4, "sesion usuario=2 perfil=1\n");
+  const auto result = RunScript(school, script + "ver\n", SessionOf(kUnrestricted));
+  EXPECT_THAT(result.Of("mensaje"), ElementsAre(kNoData));
+  EXPECT_EQ(FormView(result).Form(), "frmNotaMateria1");
+  EXPECT_THAT(school.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("0"));
+}
+
 TEST(FinalBySubjectLoad, OwnPublicationIsRefusedWithoutASecondMessage) {
   const FinalSchool school;
   school.Sql(

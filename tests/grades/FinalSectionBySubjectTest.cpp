@@ -78,6 +78,22 @@ TEST(FinalSectionBySubject, WithoutSubjectsItEndsInTheMessageAndInStepOne) {
   EXPECT_THAT(Traffic(result), Not(Contains(HasSubstr("INSERT INTO Publicacionpte"))));
 }
 
+TEST(FinalSectionBySubject, SubjectsWithoutAPersonEndInTheMessageToo) {
+  const FinalSchool school;
+  const auto script = OpenSectionBySubject(4, 1, "sesion usuario=2 perfil=1\n");
+  const auto result = RunScript(school, script + "ver\n", SessionOf(kUnrestricted));
+  EXPECT_THAT(result.Of("mensaje"), ElementsAre(kNoData));
+  EXPECT_EQ(FormView(result).Form(), "frmNotaSeccionMateria1");
+}
+
+// See the form by subject.
+TEST(FinalSectionBySubject, GradeTypeOnTheKeysUncoversThemOnTheWalk) {
+  const FinalSchool school;
+  school.Sql("UPDATE TipoNota SET Orden=7 WHERE IDTipoNota=12");
+  EXPECT_EQ(Opened(school).Widths("rtvNotasAlumno").at(7), 0);
+  EXPECT_EQ(Opened(school, "pulsar cmdSiguiente\n").Widths("rtvNotasAlumno").at(7), 2000);
+}
+
 TEST(FinalSectionBySubject, OwnPublicationIsRefusedWithoutASecondMessage) {
   const FinalSchool school;
   school.Sql(
