@@ -1,7 +1,6 @@
 #include "grades/final/RejillaFinal.h"
 
 #include "frame/cConfiguracion.h"
-#include "grades/Alumnos.h"
 #include "grades/Anchos.h"
 #include "grades/CeldaNotas.h"
 #include "platform/Retivo.h"
@@ -56,16 +55,10 @@ void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia) {
   rejilla.TextMatrix(fila, kColumnaMedidas, TextoMedida(materia.REACDIV));
 }
 
-void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                        const MateriaDeCombo& entrada) {
-  if (entrada.CodAsociada != 0) return;
-  for (const auto& alumno : colAlumnos) {
-    if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
-    rejilla.AddItem(TextoAlumno(alumno->IDAlumno));
-    const auto fila = rejilla.Rows() - 1;
-    rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(alumno->IDAlumno));
-    EscribirNotasFinales(rejilla, fila, *alumno->colMateria[Key(entrada.IDMatDet)]);
-  }
+void SeleccionarPrimeraFila(Retivo& rejilla) {
+  if (rejilla.Rows() < 2) return;
+  rejilla.FixedRows(1);
+  rejilla.Row(1);
 }
 
 void LlenarMedidas(Retivo& rejilla, const cMateria& materia) {

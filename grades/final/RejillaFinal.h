@@ -5,7 +5,6 @@
 
 #include "grades/Escala.h"
 #include "grades/Seleccion.h"
-#include "grades/subject/MateriasDeCombo.h"
 #include "register/cMateria.h"
 
 namespace quorvane {
@@ -49,10 +48,8 @@ std::string TextoMedida(std::uint8_t medida);
 /// Writes the texts of grade, concept, observation and measure in a row.
 void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia);
 
-/// Adds a row for each student who has that subject: his name, his grades and measure, and his key
-/// in the last column. None for an entry that is no subject.
-void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                        const MateriaDeCombo& entrada);
+/// Makes the first row under the heading current, once there is one.
+void SeleccionarPrimeraFila(Retivo& rejilla);
 
 /// Adds the measures to the list of their column; none for a subject without a grade.
 void LlenarMedidas(Retivo& rejilla, const cMateria& materia);

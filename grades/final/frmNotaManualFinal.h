@@ -89,10 +89,6 @@ class frmNotaManualFinal : public Form {
  private:
   /// The student of `cboAlumnos`. Error 381 with none selected, 5 when he isn't there.
   [[nodiscard]] cAlumno& AlumnoActual() const;
-  /// The subject of the grid's current row. Error 5 when it isn't there.
-  [[nodiscard]] cMateria& MateriaDeFila() const;
-  /// The cell that says that the current row may be edited.
-  [[nodiscard]] bool FilaEditable() const;
   void ActivarControles(bool activar);
   void LlenarAlumnos();
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);

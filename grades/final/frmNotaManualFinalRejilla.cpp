@@ -1,5 +1,5 @@
 // The grid of `frmNotaManualFinal`: what it shows of the student, and the edit of its cells.
-#include "grades/CeldaNotas.h"
+#include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaManualFinal.h"
 #include "platform/FormInstance.h"
@@ -21,15 +21,6 @@ cAlumno& frmNotaManualFinal::AlumnoActual() const {
   return *colAlumnos[Key(cboAlumnos.SelectedData())];
 }
 
-cMateria& frmNotaManualFinal::MateriaDeFila() const {
-  return *AlumnoActual().colMateria[rtvNotasAlumno.TextMatrix(rtvNotasAlumno.Row(),
-                                                              rtvNotasAlumno.Cols() - 1)];
-}
-
-bool frmNotaManualFinal::FilaEditable() const {
-  return rtvNotasAlumno.TextMatrix(rtvNotasAlumno.Row(), rtvNotasAlumno.Cols() - 2) == "0";
-}
-
 void frmNotaManualFinal::ConfigurarRejillaInicial() {
   ConfigurarRejilla(rtvNotasAlumno, {{2000, "Materia"},
                                      {1000, "Nota"},
@@ -48,15 +39,7 @@ void frmNotaManualFinal::ConfigurarColumnas() {
   blnEdicionActiva = false;
   PrepararRejillaFinal(rtvNotasAlumno, {kColumnas, kAnchoNota, blnMedidas, blnCargando}, tipo,
                        intAnchosAlumno, strColumna);
-  const auto& materias = AlumnoActual().colMateria;
-  for (const auto& materia : materias) rtvNotasAlumno.AddItem(materia->Nombre);
-  int fila = 1;
-  for (const auto& materia : materias) {
-    EscribirNotasFinales(rtvNotasAlumno, fila, *materia);
-    rtvNotasAlumno.TextMatrix(fila, kColumnas - 1, std::to_string(materia->IDMatDetalle));
-    rtvNotasAlumno.TextMatrix(fila, kColumnas - 2, "0");
-    ++fila;
-  }
+  LlenarFilasDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria);
   rtvNotasAlumno.ColWidth(kColumnas - 2, 0);
   rtvNotasAlumno.ColWidth(kColumnas - 1, 0);
   blnEdicionActiva = true;
@@ -72,10 +55,7 @@ void frmNotaManualFinal::cboAlumnos_Click() {
   rtvNotasAlumno.Visible(false);
   ConfigurarColumnas();
   rtvNotasAlumno.Height(alto);
-  if (rtvNotasAlumno.Rows() >= 2) {
-    rtvNotasAlumno.FixedRows(1);
-    rtvNotasAlumno.Row(1);
-  }
+  SeleccionarPrimeraFila(rtvNotasAlumno);
   rtvNotasAlumno.Visible(true);
   rtvNotasAlumno.Redraw(true);
   blnEdicionActiva = true;
@@ -89,23 +69,13 @@ void frmNotaManualFinal::rtvNotasAlumno_InicioEdicion() {
   RestaurarAnchosAlumno();
   if (!blnEdicionActiva) return;
   const auto columna = rtvNotasAlumno.Col();
-  const auto fila = rtvNotasAlumno.Row();
-  if (columna == 0 || fila == 0 || columna > rtvNotasAlumno.Cols() - 3) return;
-  rtvNotasAlumno.ListaLimpiar(columna);
-  if (columna == kColumnaMedidas) {
-    LlenarMedidas(rtvNotasAlumno, MateriaDeFila());
-    return;
-  }
-  if (!FilaEditable()) return;
-  rtvNotasAlumno.ListaAnadir(columna, " ", 0);
-  const auto& clave = rtvNotasAlumno.TextMatrix(fila, rtvNotasAlumno.Cols() - 1);
-  LlenarLista(rtvNotasAlumno, columna,
-              SentenciaCeldaFinal(PasoUno(), columna, MateriaDeFila(), clave, true), *this);
+  if (columna == 0 || rtvNotasAlumno.Row() == 0 || columna > rtvNotasAlumno.Cols() - 3) return;
+  LlenarCeldaDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria, PasoUno(), *this);
 }
 
 void frmNotaManualFinal::rtvNotasAlumno_FinEdicion() {
-  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva || !FilaEditable()) return;
-  AsignarNotaFinal(MateriaDeFila(), rtvNotasAlumno.Col(), DatoElegido(rtvNotasAlumno));
+  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva) return;
+  TomarCeldaDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria);
 }
 
 void frmNotaManualFinal::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }

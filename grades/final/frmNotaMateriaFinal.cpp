@@ -7,9 +7,9 @@
 #include "grades/Usuario.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
+#include "grades/final/PorMateriaFinal.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
-#include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
@@ -78,7 +78,7 @@ void frmNotaMateriaFinal::Form_Activate() {
   MostrarCarga(false);
   MostrarAnimacion(fraAniCarga, aniCarga, "Cargando... Espere por favor");
   Pantalla().DoEvents();
-  LeerCurso();
+  LeerCurso(PasoUno().curso, chkPromocion, bytPromocion, blnMedidas);
   CargarNotas();
   Pantalla().MousePointer(Pointer::Default);
   ActivarControles(true);
@@ -123,28 +123,6 @@ void frmNotaMateriaFinal::ActivarControles(bool activar) {
   cmdCancelar.Enabled(activar);
 }
 
-void frmNotaMateriaFinal::LeerCurso() {
-  const auto curso = cConfiguracion::Instancia().conLocalCentro->Execute(
-      "SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=" + std::to_string(PasoUno().curso));
-  const auto promocion = curso.Fields("Promocion").Long();
-  if (promocion == 0) chkPromocion.Visible(false);
-  if (promocion == 1 || promocion == 2) {
-    chkPromocion.Caption(promocion == 1 ? "Promoción" : "Promoción al título");
-    bytPromocion = 1;
-  }
-  if (curso.Fields("RE_AC").Flag()) blnMedidas = true;
-}
-
-void frmNotaMateriaFinal::LlenarMaterias() {
-  ListaMaterias = ReunirMaterias(colAlumnos);
-  if (ListaMaterias.empty()) return;
-  cboMaterias.Clear();
-  std::int32_t numero = 0;
-  for (const auto& materia : ListaMaterias)
-    cboMaterias.AddItem((materia.CodAsociada != 0 ? "     " : "") + materia.Nombre, ++numero);
-  cboMaterias.ListIndex(0);
-}
-
 void frmNotaMateriaFinal::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot()) {
@@ -156,7 +134,8 @@ void frmNotaMateriaFinal::CargarNotas() {
     if (alumno->colMateria.Count() == 0 || (elegida.mblnFinalSeptiembre && !mantener))
       colAlumnos.Remove(Key(alumno->IDAlumno));
   }
-  LlenarMaterias();
+  ListaMaterias = ReunirMaterias(colAlumnos);
+  LlenarComboMaterias(cboMaterias, ListaMaterias);
   CerrarLista(strMateriasBloqueo);
 }
 

@@ -95,9 +95,7 @@ class frmNotaMateriaFinal : public Form {
  private:
   /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
   [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
-  void LeerCurso();
   void ActivarControles(bool activar);
-  void LlenarMaterias();
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };
 

@@ -1,5 +1,5 @@
 // The grid of `frmNotaMateriaFinal`: what it shows of the subject, and the edit of its cells.
-#include "grades/CeldaNotas.h"
+#include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
 #include "platform/Application.h"
@@ -58,10 +58,7 @@ void frmNotaMateriaFinal::cboMaterias_Click() {
   rtvNotasAlumno.Visible(false);
   ConfigurarColumnas();
   rtvNotasAlumno.Height(alto);
-  if (rtvNotasAlumno.Rows() >= 2) {
-    rtvNotasAlumno.FixedRows(1);
-    rtvNotasAlumno.Row(1);
-  }
+  SeleccionarPrimeraFila(rtvNotasAlumno);
   rtvNotasAlumno.Visible(true);
   rtvNotasAlumno.Redraw(true);
   blnEdicionActiva = true;
@@ -77,25 +74,12 @@ void frmNotaMateriaFinal::rtvNotasAlumno_InicioEdicion() {
   if (!blnEdicionActiva) return;
   const auto columna = rtvNotasAlumno.Col();
   if (columna == 0 || rtvNotasAlumno.Row() == 0 || columna > rtvNotasAlumno.Cols() - 2) return;
-  rtvNotasAlumno.ListaLimpiar(columna);
-  const auto& entrada = EntradaActual();
-  if (columna == kColumnaMedidas) {
-    LlenarMedidas(rtvNotasAlumno, MateriaDeFila(rtvNotasAlumno, colAlumnos, entrada));
-    return;
-  }
-  if (entrada.CodAsociada != 0) return;
-  rtvNotasAlumno.ListaAnadir(columna, " ", 0);
-  const auto& materia = MateriaDeFila(rtvNotasAlumno, colAlumnos, entrada);
-  LlenarLista(
-      rtvNotasAlumno, columna,
-      SentenciaCeldaFinal(PasoUno(), columna, materia, std::to_string(entrada.IDMatDet), false),
-      *this);
+  LlenarCeldaDeMateria(rtvNotasAlumno, colAlumnos, EntradaActual(), PasoUno(), *this);
 }
 
 void frmNotaMateriaFinal::rtvNotasAlumno_FinEdicion() {
-  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva || EntradaActual().CodAsociada != 0) return;
-  AsignarNotaFinal(MateriaDeFila(rtvNotasAlumno, colAlumnos, EntradaActual()), rtvNotasAlumno.Col(),
-                   DatoElegido(rtvNotasAlumno));
+  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva) return;
+  TomarCeldaDeMateria(rtvNotasAlumno, colAlumnos, EntradaActual());
 }
 
 void frmNotaMateriaFinal::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }

@@ -91,11 +91,6 @@ class frmNotaSeccionAlumnoFinal : public Form {
  private:
   /// The student of `cboAlumnos`. Error 381 with none selected, 5 when he isn't there.
   [[nodiscard]] cAlumno& AlumnoActual() const;
-  /// The subject of the grid's current row. Error 5 when it isn't there.
-  [[nodiscard]] cMateria& MateriaDeFila() const;
-  /// The cell that says that the current row may be edited.
-  [[nodiscard]] bool FilaEditable() const;
-  void MostrarRejilla();
   void RehacerObservacion();
   void ActivarControles(bool activar);
   void LlenarAlumnos();

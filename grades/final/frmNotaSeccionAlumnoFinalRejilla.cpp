@@ -1,7 +1,7 @@
 // The grid of `frmNotaSeccionAlumnoFinal`: what it shows of the student, and the edit of its cells.
-#include "grades/CeldaNotas.h"
 #include "grades/NotasTutor.h"
 #include "grades/final/ObservacionFinal.h"
+#include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "platform/FormInstance.h"
@@ -21,15 +21,6 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionAlumno1>::Ge
 
 cAlumno& frmNotaSeccionAlumnoFinal::AlumnoActual() const {
   return *colAlumnos[Key(cboAlumnos.SelectedData())];
-}
-
-cMateria& frmNotaSeccionAlumnoFinal::MateriaDeFila() const {
-  return *AlumnoActual().colMateria[rtvNotasAlumno.TextMatrix(rtvNotasAlumno.Row(),
-                                                              rtvNotasAlumno.Cols() - 1)];
-}
-
-bool frmNotaSeccionAlumnoFinal::FilaEditable() const {
-  return rtvNotasAlumno.TextMatrix(rtvNotasAlumno.Row(), rtvNotasAlumno.Cols() - 2) == "0";
 }
 
 void frmNotaSeccionAlumnoFinal::ConfigurarRejillaInicial() {
@@ -52,15 +43,7 @@ void frmNotaSeccionAlumnoFinal::ConfigurarColumnas() {
   blnEdicionActiva = false;
   PrepararRejillaFinal(rtvNotasAlumno, {kColumnas, kAnchoNota, blnMedidas, blnCargando}, tipo,
                        intAnchosAlumno, strColumna);
-  const auto& materias = AlumnoActual().colMateria;
-  for (const auto& materia : materias) rtvNotasAlumno.AddItem(materia->Nombre);
-  int fila = 1;
-  for (const auto& materia : materias) {
-    EscribirNotasFinales(rtvNotasAlumno, fila, *materia);
-    rtvNotasAlumno.TextMatrix(fila, kColumnas - 1, std::to_string(materia->IDMatDetalle));
-    rtvNotasAlumno.TextMatrix(fila, kColumnas - 2, "0");
-    ++fila;
-  }
+  LlenarFilasDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria);
   rtvNotasAlumno.ColWidth(kColumnas - 2, 0);
   rtvNotasAlumno.ColWidth(kColumnas - 1, 0);
   blnEdicionActiva = true;
@@ -76,18 +59,14 @@ void frmNotaSeccionAlumnoFinal::cboAlumnos_Click() {
   rtvNotasAlumno.Visible(false);
   ConfigurarColumnas();
   rtvNotasAlumno.Height(alto);
+  SeleccionarPrimeraFila(rtvNotasAlumno);
   rtvNotasAlumno.Visible(true);
-  MostrarRejilla();
-  RehacerObservacion();
-  MostrarRejilla();
-}
-
-void frmNotaSeccionAlumnoFinal::MostrarRejilla() {
-  if (rtvNotasAlumno.Rows() >= 2) {
-    rtvNotasAlumno.FixedRows(1);
-    rtvNotasAlumno.Row(1);
-  }
   rtvNotasAlumno.Redraw(true);
+  blnEdicionActiva = true;
+  RehacerObservacion();
+  // All of it once more, behind the observation.
+  rtvNotasAlumno.Redraw(true);
+  SeleccionarPrimeraFila(rtvNotasAlumno);
   blnEdicionActiva = true;
 }
 
@@ -111,23 +90,13 @@ void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_InicioEdicion() {
   RestaurarAnchosAlumno();
   if (!blnEdicionActiva) return;
   const auto columna = rtvNotasAlumno.Col();
-  const auto fila = rtvNotasAlumno.Row();
-  if (columna == 0 || fila == 0 || columna > rtvNotasAlumno.Cols() - 3) return;
-  rtvNotasAlumno.ListaLimpiar(columna);
-  if (columna == kColumnaMedidas) {
-    LlenarMedidas(rtvNotasAlumno, MateriaDeFila());
-    return;
-  }
-  if (!FilaEditable()) return;
-  rtvNotasAlumno.ListaAnadir(columna, " ", 0);
-  const auto& clave = rtvNotasAlumno.TextMatrix(fila, rtvNotasAlumno.Cols() - 1);
-  LlenarLista(rtvNotasAlumno, columna,
-              SentenciaCeldaFinal(PasoUno(), columna, MateriaDeFila(), clave, true), *this);
+  if (columna == 0 || rtvNotasAlumno.Row() == 0 || columna > rtvNotasAlumno.Cols() - 3) return;
+  LlenarCeldaDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria, PasoUno(), *this);
 }
 
 void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_FinEdicion() {
-  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva || !FilaEditable()) return;
-  AsignarNotaFinal(MateriaDeFila(), rtvNotasAlumno.Col(), DatoElegido(rtvNotasAlumno));
+  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva) return;
+  TomarCeldaDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria);
 }
 
 void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }

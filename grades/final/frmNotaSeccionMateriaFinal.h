@@ -95,11 +95,9 @@ class frmNotaSeccionMateriaFinal : public Form {
  private:
   /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
   [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
-  void LeerCurso();
   void RehacerObservacion();
   void LlenarCelda();
   void ActivarControles(bool activar);
-  void LlenarMaterias();
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };
 

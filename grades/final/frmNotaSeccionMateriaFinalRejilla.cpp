@@ -1,8 +1,8 @@
 // The grid of `frmNotaSeccionMateriaFinal`: what it shows of the subject, and the edit of its
 // cells.
-#include "grades/CeldaNotas.h"
 #include "grades/NotasTutor.h"
 #include "grades/final/ObservacionFinal.h"
+#include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 #include "platform/Application.h"
@@ -61,10 +61,7 @@ void frmNotaSeccionMateriaFinal::cboMaterias_Click() {
   rtvNotasAlumno.Visible(false);
   ConfigurarColumnas();
   rtvNotasAlumno.Height(alto);
-  if (rtvNotasAlumno.Rows() >= 2) {
-    rtvNotasAlumno.FixedRows(1);
-    rtvNotasAlumno.Row(1);
-  }
+  SeleccionarPrimeraFila(rtvNotasAlumno);
   rtvNotasAlumno.Visible(true);
   rtvNotasAlumno.Redraw(true);
   blnEdicionActiva = true;
@@ -99,25 +96,12 @@ void frmNotaSeccionMateriaFinal::RehacerObservacion() {
 void frmNotaSeccionMateriaFinal::LlenarCelda() {
   const auto columna = rtvNotasAlumno.Col();
   if (columna == 0 || rtvNotasAlumno.Row() == 0 || columna > rtvNotasAlumno.Cols() - 2) return;
-  rtvNotasAlumno.ListaLimpiar(columna);
-  const auto& entrada = EntradaActual();
-  if (columna == kColumnaMedidas) {
-    LlenarMedidas(rtvNotasAlumno, MateriaDeFila(rtvNotasAlumno, colAlumnos, entrada));
-    return;
-  }
-  if (entrada.CodAsociada != 0) return;
-  rtvNotasAlumno.ListaAnadir(columna, " ", 0);
-  const auto& materia = MateriaDeFila(rtvNotasAlumno, colAlumnos, entrada);
-  LlenarLista(
-      rtvNotasAlumno, columna,
-      SentenciaCeldaFinal(PasoUno(), columna, materia, std::to_string(entrada.IDMatDet), false),
-      *this);
+  LlenarCeldaDeMateria(rtvNotasAlumno, colAlumnos, EntradaActual(), PasoUno(), *this);
 }
 
 void frmNotaSeccionMateriaFinal::rtvNotasAlumno_FinEdicion() {
-  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva || EntradaActual().CodAsociada != 0) return;
-  AsignarNotaFinal(MateriaDeFila(rtvNotasAlumno, colAlumnos, EntradaActual()), rtvNotasAlumno.Col(),
-                   DatoElegido(rtvNotasAlumno));
+  if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva) return;
+  TomarCeldaDeMateria(rtvNotasAlumno, colAlumnos, EntradaActual());
 }
 
 void frmNotaSeccionMateriaFinal::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }

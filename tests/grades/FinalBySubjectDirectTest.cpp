@@ -143,6 +143,10 @@ TEST_F(FinalBySubjectDirect, EntryThatIsNoSubjectIsIndentedAndLocked) {
   form.rtvNotasAlumno.ListaAnadir(1, "7", 107);
   form.rtvNotasAlumno.EndEdit(0);
   EXPECT_EQ(form.colAlumnos["3"]->colMateria["3113"]->Nota, 0);
+  // The lock is the grades' alone: what a measure asks for is a grade.
+  form.colAlumnos["3"]->colMateria["3113"]->Nota = 107;
+  form.rtvNotasAlumno.BeginEdit(1, 6);
+  EXPECT_EQ(form.rtvNotasAlumno.Lista(6).size(), 3U);
   EXPECT_THAT(session_.Statements(), IsEmpty());
   form.cboMaterias_Click();
   EXPECT_EQ(form.rtvNotasAlumno.Rows(), 1);
