@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <ctime>
-#include <regex>
 
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
@@ -27,6 +26,14 @@ Recordset LeerFechaNotas(std::int32_t seccion, std::int32_t evaluacion) {
   return cConfiguracion::Instancia().conLocalCentro->Execute(
       " SELECT fechaInicio,fechaFin,codseccion  FROM FechaNotas WHERE  codseccion=" +
       std::to_string(seccion) + "  AND codNumEvaluacion= " + std::to_string(evaluacion) + " ");
+}
+
+/// The text, which has to be so many digits and nothing else.
+std::string Cifras(const std::string& text, std::size_t least, std::size_t most) {
+  if (text.size() < least || text.size() > most ||
+      text.find_first_not_of("0123456789") != std::string::npos)
+    throw RuntimeError(ErrorNumber::TypeMismatch);
+  return text;
 }
 
 }  // namespace
@@ -55,19 +62,20 @@ std::string FechaLocal() {
 }
 
 std::string FormatoFecha(const std::string& fecha) {
-  static const std::regex kDayMonthYear("([0-9]{1,2})[/-]([0-9]{1,2})[/-]([0-9]{4})");
-  std::smatch parts;
-  if (!std::regex_match(fecha, parts, kDayMonthYear)) throw RuntimeError(ErrorNumber::TypeMismatch);
-  const auto day = std::stoul(parts[1]);
-  const auto month = std::stoul(parts[2]);
-  const std::chrono::year_month_day date{std::chrono::year(std::stoi(parts[3])),
-                                         std::chrono::month(static_cast<unsigned>(month)),
-                                         std::chrono::day(static_cast<unsigned>(day))};
+  const auto month = fecha.find_first_of("/-");
+  const auto year = month == std::string::npos ? month : fecha.find_first_of("/-", month + 1);
+  if (year == std::string::npos) throw RuntimeError(ErrorNumber::TypeMismatch);
+  const auto dia = Cifras(fecha.substr(0, month), 1, 2);
+  const auto mes = Cifras(fecha.substr(month + 1, year - month - 1), 1, 2);
+  const auto anno = Cifras(fecha.substr(year + 1), 4, 4);
+  const std::chrono::year_month_day date{std::chrono::year(std::stoi(anno)),
+                                         std::chrono::month(static_cast<unsigned>(std::stoi(mes))),
+                                         std::chrono::day(static_cast<unsigned>(std::stoi(dia)))};
   if (!date.ok()) throw RuntimeError(ErrorNumber::TypeMismatch);
   const auto twoDigits = [](const std::string& digits) {
     return digits.size() == 1 ? "0" + digits : digits;
   };
-  return parts[3].str() + "/" + twoDigits(parts[2]) + "/" + twoDigits(parts[1]);
+  return anno + "/" + twoDigits(mes) + "/" + twoDigits(dia);
 }
 
 bool EnFecha(const std::string& fecha, const Recordset& periodo) {
