@@ -1,0 +1,98 @@
+#include "tests/walk/RandomHost.h"
+
+#include <array>
+#include <memory>
+
+#include "frame/cAsignarDatos.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
+#include "platform/Label.h"
+#include "platform/PersonSearch.h"
+#include "platform/SessionValues.h"
+
+namespace quorvane::test {
+namespace {
+
+class RandomCentroApi : public CentroApi {
+ public:
+  explicit RandomCentroApi(Prng& random) : random_(random) {}
+
+  void acortartextolabel(Label& label) override {
+    constexpr std::size_t kRoom = 12;
+    if (label.Caption().size() > kRoom) label.Caption(label.Caption().substr(0, kRoom) + "...");
+  }
+
+  std::string ObtenerHoraSistema(std::string& /*dataSource*/) override {
+    static const std::array<const char*, 6> kDates{"",           "15/03/2026", "1/6/2026",
+                                                   "15/03/2026", "30-06-2026", "01/01/1999"};
+    return random_.Chance(1) ? "31/02/2026" : random_.OneOf(kDates);
+  }
+
+  bool notasactivas(Connection& /*conexion*/, const std::string& /*texto*/,
+                    std::int16_t /*idUsuario*/, std::int32_t& /*idPersonal*/,
+                    std::int16_t& /*idSeccion*/, std::int16_t& /*idEvaluacion*/) override {
+    return random_.Chance(10);
+  }
+
+ private:
+  Prng& random_;
+};
+
+class RandomPersonSearch : public PersonSearch {
+ public:
+  explicit RandomPersonSearch(Prng& random) : random_(random) {}
+
+  /// Any of the staff, nobody, or somebody whom the school doesn't know.
+  std::int32_t Buscar(const std::string& /*clase*/) override {
+    constexpr std::size_t kAnswers = 9;
+    return static_cast<std::int32_t>(random_.Below(kAnswers)) - 1;
+  }
+
+ private:
+  Prng& random_;
+};
+
+}  // namespace
+
+RandomHost::RandomHost(Prng& random) : random_(random) {
+  auto& objects = Application::Instance().Objects();
+  objects.Register(CentroApi::kProgId,
+                   [&random] { return std::make_unique<RandomCentroApi>(random); });
+  objects.Register(PersonSearch::kProgId,
+                   [&random] { return std::make_unique<RandomPersonSearch>(random); });
+}
+
+RandomHost::~RandomHost() { Application::Instance().Objects().Reset(); }
+
+std::string RandomHost::SignIn(School& school) {
+  constexpr std::size_t kUsers = 6;
+  const auto user = static_cast<int>(1 + random_.Below(kUsers));
+  const auto profile = random_.Chance(50) ? 0 : 1;
+  const auto centre = random_.Chance(97) ? 1 : 2;
+  const auto active = random_.Chance(90);
+  const auto flag = [](bool value) { return Value(value ? -1 : 0); };
+  auto session = std::make_shared<SessionValues>();
+  session->Set("RutaAplicacion", Value("C:\\Zendria"));
+  session->Set("RutaIcono", Value("C:\\Zendria\\iconos\\zendria.ico"));
+  session->Set("RutaBD", Value("C:\\Zendria\\centro.mdb"));
+  session->Set("Activa", flag(active));
+  session->Set("Accion", Value(0));
+  session->Set("lngRowData", Value(0));
+  session->Set("conexionBORRADOlocalCENTRO", &school.Borrado());
+  session->Set("conexionlocalCENTRO", &school.Centro());
+  session->Set("conexionAppEntrada", &school.Entrada());
+  session->Set("IDUsuario", Value(user));
+  session->Set("IDPerfil", Value(profile));
+  session->Set("IDCentro", Value(centre));
+  session->Set("IDCursoEscolar", Value(1));
+  session->Set("NombreUsuario", Value("Usuario"));
+  session->Set("NombreCentro", Value("Centro"));
+  session->Set("Pesetas", flag(false));
+  session->Set("SQLServer", flag(school.SqlServer()));
+  cAsignarDatos().ObtenerDatos(session);
+  return "sesion usuario=" + std::to_string(user) + " perfil=" + std::to_string(profile) +
+         " centro=" + std::to_string(centre) + " activa=" + (active ? "1" : "0") +
+         (school.SqlServer() ? " sqlserver" : "");
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,79 @@
+#include "tests/walk/RandomUser.h"
+
+#include <algorithm>
+
+#include "platform/Application.h"
+#include "platform/Utf8.h"
+
+namespace quorvane::test {
+namespace {
+
+/// Counts the shows that run, also when one ends by an error.
+class Deeper {
+ public:
+  explicit Deeper(std::size_t& depth) : depth_(depth) { ++depth_; }
+  ~Deeper() { --depth_; }
+  Deeper(const Deeper&) = delete;
+  Deeper& operator=(const Deeper&) = delete;
+  Deeper(Deeper&&) = delete;
+  Deeper& operator=(Deeper&&) = delete;
+
+ private:
+  std::size_t& depth_;
+};
+
+}  // namespace
+
+RandomUser::RandomUser(Prng& random, History& history) : random_(random), history_(history) {
+  Application::Instance().UseScreen(this);
+}
+
+RandomUser::~RandomUser() { Application::Instance().UseScreen(nullptr); }
+
+Gesture RandomUser::Choose(Form& form) {
+  if (onlyCloses_ || depth_ > kDeepest || gestures_ >= limit_) return CloseWindow(form);
+  auto gestures = GesturesOn(form, random_);
+  int total = 0;
+  for (const auto& gesture : gestures) total += gesture.weight;
+  auto left = static_cast<int>(random_.Below(static_cast<std::size_t>(total)));
+  for (auto& gesture : gestures) {
+    left -= gesture.weight;
+    if (left < 0) return std::move(gesture);
+  }
+  return CloseWindow(form);
+}
+
+void RandomUser::RunModal(Form& form) {
+  const Deeper deeper(depth_);
+  deepest_ = std::max(deepest_, depth_);
+  ++shows_[form.Name()];
+  lastForm_ = form.Name();
+  watch_->Opened(form);
+  form.Shown();
+  watch_->Settle();
+  while (form.Visible()) {
+    const auto gesture = Choose(form);
+    ++gestures_;
+    lastForm_ = form.Name();
+    history_.Add(form.Name() + ": " + gesture.text);
+    if (gesture.accepts) watch_->Accepting(form);
+    gesture.act();
+    watch_->Settle();
+  }
+}
+
+void RandomUser::Loading(Form& form) {
+  lastForm_ = form.Name();
+  history_.Add("carga " + form.Name());
+}
+
+void RandomUser::Message(MessageIcon /*icon*/, const std::string& /*title*/,
+                         const std::string& text) {
+  history_.Add("mensaje " + text);
+}
+
+std::int32_t RandomUser::TextWidth(const Form& /*form*/, const std::string& text) {
+  return static_cast<std::int32_t>(Utf8Length(text)) * kCharacterWidth;
+}
+
+}  // namespace quorvane::test

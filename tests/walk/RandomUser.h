@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "apps/escuela/Prng.h"
+#include "platform/FrontEnd.h"
+#include "tests/walk/Gestures.h"
+#include "tests/walk/History.h"
+#include "tests/walk/Watch.h"
+
+namespace quorvane::test {
+
+/// The dialogs without a screen, in the hands of a user who does what he can and not what he
+/// should. It is the application's front end as long as it lives.
+class RandomUser : public FrontEnd {
+ public:
+  RandomUser(Prng& random, History& history);
+  ~RandomUser() override;
+  RandomUser(const RandomUser&) = delete;
+  RandomUser& operator=(const RandomUser&) = delete;
+  RandomUser(RandomUser&&) = delete;
+  RandomUser& operator=(RandomUser&&) = delete;
+
+  /// Who looks at the tables from now on; it outlives its use here.
+  void UseWatch(Watch& watch) noexcept { watch_ = &watch; }
+  /// Closes each window as soon as it opens, from now on or no longer.
+  void OnlyCloses(bool only) noexcept { onlyCloses_ = only; }
+  /// Stops playing and closes all after that many gestures.
+  void Limit(std::uint64_t gestures) noexcept { limit_ = gestures; }
+
+  [[nodiscard]] std::uint64_t Gestures() const noexcept { return gestures_; }
+  /// How often each form has been shown.
+  [[nodiscard]] const std::map<std::string, std::uint64_t>& Shows() const noexcept {
+    return shows_;
+  }
+  /// The form on which the last gesture was made.
+  [[nodiscard]] const std::string& LastForm() const noexcept { return lastForm_; }
+  [[nodiscard]] std::size_t Deepest() const noexcept { return deepest_; }
+
+  void RunModal(Form& form) override;
+  void Loading(Form& form) override;
+  void Message(MessageIcon icon, const std::string& title, const std::string& text) override;
+  void Beep() override {}
+  void MousePointer(Pointer /*pointer*/) override {}
+  std::int32_t TextWidth(const Form& form, const std::string& text) override;
+  void DoEvents() override {}
+  std::int32_t ScreenWidth() override { return kScreenWidth; }
+  std::int32_t ScreenHeight() override { return kScreenHeight; }
+
+ private:
+  static constexpr std::int32_t kCharacterWidth = 120;
+  static constexpr std::int32_t kScreenWidth = 15360;
+  static constexpr std::int32_t kScreenHeight = 11520;
+  /// Shows nest, since step two opens step one again: deeper down the user only wants out.
+  static constexpr std::size_t kDeepest = 50;
+
+  [[nodiscard]] Gesture Choose(Form& form);
+
+  Prng& random_;
+  History& history_;
+  Watch* watch_ = nullptr;
+  bool onlyCloses_ = false;
+  std::uint64_t limit_ = 0;
+  std::uint64_t gestures_ = 0;
+  std::size_t depth_ = 0;
+  std::size_t deepest_ = 0;
+  std::map<std::string, std::uint64_t> shows_;
+  std::string lastForm_;
+};
+
+}  // namespace quorvane::test

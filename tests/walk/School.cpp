@@ -1,0 +1,49 @@
+#include "tests/walk/School.h"
+
+#include <utility>
+
+#include "frame/schema/SchoolSchema.h"
+#include "platform/AsciiCase.h"
+#include "platform/RuntimeError.h"
+#include "tests/walk/Disturbance.h"
+#include "tests/walk/RandomSchool.h"
+
+namespace quorvane::test {
+namespace {
+
+bool Reads(const std::string& statement) {
+  constexpr std::string_view kSelect = "select";
+  const auto start = statement.find_first_not_of(' ');
+  return start != std::string::npos &&
+         EqualNoCase(std::string_view(statement).substr(start, kSelect.size()), kSelect);
+}
+
+}  // namespace
+
+School::School(Prng& random) : sqlServer_(random.Chance(30)) {
+  engine_.Open();
+  engine_.ExecuteScript(std::string(SqliteSchema()));
+  engine_.ExecuteScript(RandomSchool(random, sqlServer_).Script());
+  for (auto* connection : {&centro_, &borrado_, &entrada_})
+    connection->Observe(
+        [this](const Connection& /*watched*/, const std::string& statement) { Watch(statement); });
+}
+
+void School::Watch(const std::string& statement) {
+  if (untilFailure_ > 0 && --untilFailure_ == 0) {
+    failed_ = true;
+    throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
+  }
+  if (!Reads(statement)) written_ = true;
+}
+
+void School::Disturb(Prng& random) { engine_.ExecuteScript(RandomDisturbance(random)); }
+
+void School::FailStatement(int number) noexcept {
+  untilFailure_ = number;
+  failed_ = false;
+}
+
+bool School::TakeWritten() noexcept { return std::exchange(written_, false); }
+
+}  // namespace quorvane::test

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "apps/escuela/Prng.h"
+#include "tests/walk/SchoolConnection.h"
+
+namespace quorvane::test {
+
+/// A small random school in memory, with the connections that a host has to it. It watches the
+/// module's statements, and can have one of them fail.
+class School {
+ public:
+  explicit School(Prng& random);
+
+  [[nodiscard]] SchoolConnection& Centro() noexcept { return centro_; }
+  [[nodiscard]] SchoolConnection& Borrado() noexcept { return borrado_; }
+  [[nodiscard]] SchoolConnection& Entrada() noexcept { return entrada_; }
+  /// A connection that nobody watches: of another user, or of whoever looks at the tables.
+  [[nodiscard]] sqlite::SqliteConnection& Unwatched() noexcept { return engine_; }
+
+  /// The flags are those of SQL Server.
+  [[nodiscard]] bool SqlServer() const noexcept { return sqlServer_; }
+
+  /// Other users, the host and time do something to it, between two screens.
+  void Disturb(Prng& random);
+
+  /// The statement of that number from now on fails before it reaches the engine; 0 for none.
+  void FailStatement(int number) noexcept;
+  [[nodiscard]] bool HasFailed() const noexcept { return failed_; }
+
+  /// Whether the module has executed anything but reading since the last time that this was asked.
+  [[nodiscard]] bool TakeWritten() noexcept;
+
+ private:
+  void Watch(const std::string& statement);
+
+  sqlite::SqliteConnection engine_{":memory:", "", sqlite::OpenMode::Create};
+  SchoolConnection centro_{"centro", engine_};
+  SchoolConnection borrado_{"borrado", engine_};
+  SchoolConnection entrada_{"entrada", engine_};
+  bool sqlServer_ = false;
+  bool written_ = false;
+  bool failed_ = false;
+  int untilFailure_ = 0;
+};
+
+}  // namespace quorvane::test
