@@ -37,9 +37,9 @@ std::string RandomDisturbance(Prng& random) {
   if (random.Chance(50)) return Publications(random, number);
   // Not the pending subjects: the next new one may take the number of one that has gone, and with
   // it the grades left behind.
-  static const std::array<const char*, 8> kTables{"Alumno",     "MateriaDetalles",  "Nota",
-                                                  "Personal",   "AlumnoPte_MatDet", "EvaluacionPte",
-                                                  "BloqueoPte", "TipoNota",         "Seccion"};
+  static const std::array<const char*, 8> kTables{"Alumno",   "MateriaDetalles", "Nota",
+                                                  "Personal", "EvaluacionPte",   "BloqueoPte",
+                                                  "TipoNota", "Seccion"};
   switch (random.Below(6)) {
     case 0:
       return "UPDATE EvaluacionPte SET CodNota=" + Pick("IDNota", "Nota", number) +
@@ -54,8 +54,7 @@ std::string RandomDisturbance(Prng& random) {
     case 3:
       return "UPDATE Alumno SET FechaBaja='01/02/2026'" + OneOf("Alumno", number);
     case 4:
-      return "UPDATE AlumnoPte_MatDet SET Orden=" + std::to_string(random.Below(5)) +
-             OneOf("AlumnoPte_MatDet", number);
+      return "UPDATE AlumnoPte_MatDet SET Orden=" + std::to_string(random.Below(5)) + OneOf(number);
     default: {
       const std::string table = random.OneOf(kTables);
       return "DELETE FROM " + table + OneOf(table, number);
