@@ -54,7 +54,8 @@ std::string RandomDisturbance(Prng& random) {
     case 3:
       return "UPDATE Alumno SET FechaBaja='01/02/2026'" + OneOf("Alumno", number);
     case 4:
-      return "UPDATE AlumnoPte_MatDet SET Orden=" + std::to_string(random.Below(5)) + OneOf(number);
+      return "UPDATE AlumnoPte_MatDet SET Orden=" + std::to_string(random.Below(5)) +
+             OneOf("AlumnoPte_MatDet", number);
     default: {
       const std::string table = random.OneOf(kTables);
       return "DELETE FROM " + table + OneOf(table, number);
