@@ -19,7 +19,7 @@ class Scanner {
     if (rest_.front() == '[') {
       const auto end = rest_.find(']');
       if (end == std::string_view::npos) Fail();
-      const std::string name(rest_.substr(1, end - 1));
+      std::string name(rest_.substr(1, end - 1));
       Drop(end + 1);
       return name;
     }
