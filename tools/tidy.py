@@ -8,10 +8,12 @@ import hashlib
 import json
 import os
 import pathlib
+import re
 import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+OUTPUT = re.compile(r' -o (\S+) ')
 CACHE = pathlib.Path(os.environ.get('XDG_CACHE_HOME') or pathlib.Path.home() / '.cache') / 'quorvane-tidy'
 
 
@@ -35,7 +37,8 @@ def sources(build):
         file = pathlib.Path(entry['file']).resolve()
         inside = file.is_relative_to(ROOT) and not file.is_relative_to(build)
         if inside and file.relative_to(ROOT).parts[0] not in ('tests', 'bench'):
-            yield file, deps.get(entry['output'], [file])
+            output = OUTPUT.search(entry['command']).group(1)
+            yield file, deps.get(output, [file])
 
 
 def key(files, base):
