@@ -24,14 +24,8 @@ std::string ForEngine(std::string_view statement) {
 constexpr std::size_t kKeptStatements = 512;
 
 int OpenFlags(OpenMode mode) {
-  switch (mode) {
-    case OpenMode::ReadOnly:
-      return SQLITE_OPEN_READONLY;
-    case OpenMode::Create:
-      return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-    default:
-      return SQLITE_OPEN_READWRITE;
-  }
+  return mode == OpenMode::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                                  : SQLITE_OPEN_READWRITE;
 }
 
 [[noreturn]] void ThrowOpenError(const std::string& path, const std::string& reason) {
@@ -53,7 +47,11 @@ void RequireFile(const std::string& path) {
 
 struct SqliteConnection::State {
   State(const std::string& path, OpenMode mode, std::chrono::milliseconds busyWait)
-      : wait(busyWait), database(path, OpenFlags(mode), busyWait), cache(kKeptStatements) {}
+      : wait(busyWait), database(path, OpenFlags(mode), busyWait), cache(kKeptStatements) {
+    // Who opens a file for reading alone can't clear its log away when he closes it; who only
+    // promises to read can.
+    if (mode == OpenMode::ReadOnly) database.Script("PRAGMA query_only=1");
+  }
 
   Recordset RunOnce(const std::string& statement) const {
     return PreparedStatement(database.Handle(), ForEngine(statement), false).Run({}, wait);

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <future>
 #include <gmock/gmock.h>
@@ -241,6 +242,21 @@ TEST_F(SqliteConnectionTest, ReadOnlyReadsOnly) {
   EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
   EXPECT_THAT(RunRows(reader, "INSERT INTO T VALUES (1,'x')"),
               ElementsAre("error attempt to write a readonly database"));
+}
+
+TEST_F(SqliteConnectionTest, ReadingLeavesNothingBesideAFileWithALog) {
+  {
+    SqliteConnection writer(path_, "");
+    writer.Open();
+    writer.Execute("PRAGMA journal_mode=WAL");
+  }
+  {
+    SqliteConnection reader(path_, "", OpenMode::ReadOnly);
+    reader.Open();
+    EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
+  }
+  EXPECT_FALSE(std::filesystem::exists(path_ + "-wal"));
+  EXPECT_FALSE(std::filesystem::exists(path_ + "-shm"));
 }
 
 TEST_F(SqliteConnectionTest, WaitsForAnotherConnectionsWrite) {
