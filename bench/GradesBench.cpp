@@ -12,7 +12,7 @@
 namespace quorvane::bench {
 namespace {
 
-constexpr std::size_t kRuns = 5;
+constexpr std::size_t kRuns = 15;
 constexpr double kMostOpening = 0.5;
 constexpr double kMostSaving = 1.1;
 
