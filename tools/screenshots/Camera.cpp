@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
+#include <QListWidget>
 #include <QPainter>
 #include <QWidget>
 #include <stdexcept>
@@ -38,6 +39,9 @@ void DrawTitle(QPainter& painter, const QWidget& window, const QRect& bar) {
 void Camera::Retouch(const QWidget& window) const {
   for (auto* const label : window.findChildren<QLabel*>())
     label->setText(label->text().replace(hidden_, shown_));
+  for (auto* const list : window.findChildren<QListWidget*>())
+    for (int row = 0; row < list->count(); ++row)
+      list->item(row)->setText(list->item(row)->text().replace(hidden_, shown_));
 }
 
 void Camera::Take(const QString& name, QWidget& window, QWidget* over) {

@@ -12,7 +12,8 @@ namespace quorvane::screenshots {
 /// Takes pictures of windows into a folder.
 class Camera {
  public:
-  /// Labels show `shown` in the place of `hidden`, a folder that is none of the reader's business.
+  /// Labels and lists show `shown` in the place of `hidden`, a folder that is none of the reader's
+  /// business.
   Camera(const QString& folder, QString hidden, QString shown)
       : folder_(folder), hidden_(std::move(hidden)), shown_(std::move(shown)) {}
 

@@ -1,5 +1,6 @@
 #include "tools/screenshots/Tour.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -25,6 +26,10 @@ constexpr std::int32_t kDirector = 1;
 constexpr std::int32_t kUserOfDeadForm = 2;
 constexpr auto kKind = "Educación";
 constexpr auto kCourse = "3º";
+constexpr int kAllColumns = 1220;  // pixels that a grid of all kinds of grade needs
+constexpr int kFinalColumns = 860;
+constexpr int kGradeColumn = 1;
+constexpr int kMeasuresColumn = 6;
 
 QString MakeSchool(const QString& folder) {
   auto file = QDir(folder).filePath("IES Ejemplo.sqlite");
@@ -51,17 +56,14 @@ qt::RetivoEditor* EditorOf(const QTableView& table) {
   return nullptr;
 }
 
-/// Opens the list of the first cell that has one. Null when no cell of the grid does.
-qt::RetivoEditor* OpenList(QTableView& table) {
+/// Opens the list of the column's first cell that has one. Null when none has.
+qt::RetivoEditor* OpenList(QTableView& table, int column) {
   auto* const editor = EditorOf(table);
   const auto* const cells = table.model();
   for (int row = 0; row < cells->rowCount(); ++row) {
-    for (int column = 0; column < cells->columnCount(); ++column) {
-      if (table.isColumnHidden(column)) continue;
-      table.setCurrentIndex(cells->index(row, column));
-      PressKey(table, Qt::Key_F2);
-      if (editor != nullptr && editor->isVisible()) return editor;
-    }
+    table.setCurrentIndex(cells->index(row, column));
+    PressKey(table, Qt::Key_F2);
+    if (editor != nullptr && editor->isVisible()) return editor;
   }
   return nullptr;
 }
@@ -69,7 +71,8 @@ qt::RetivoEditor* OpenList(QTableView& table) {
 }  // namespace
 
 Tour::Tour(qt::QtFrontEnd& screen, Camera& camera, const QString& folder)
-    : camera_(camera),
+    : screen_(screen),
+      camera_(camera),
       guide_(screen, camera),
       school_(MakeSchool(folder)),
       preferences_(QDir(folder).filePath("zendria.ini")),
@@ -143,6 +146,7 @@ void Tour::Register() {
   });
   guide_.On("frmAlumnoMateria", [this](FormWindow& window) {
     Guide::Row(window, "msgMaterias", 1);
+    window.resize(kAllColumns, window.height() * 3 / 4);
     camera_.Take("frmAlumnoMateria", window);
     Guide::Press(window, "cmdAgregar");
     Guide::Row(window, "msgMaterias", 1);
@@ -211,21 +215,40 @@ void Tour::StepOne(const std::string& form, const QString& picture, const QStrin
 
 void Tour::StepTwo(const std::string& form, const QString& picture) {
   guide_.On(form, [this, picture](FormWindow& window) {
-    camera_.Take(picture, window);
     auto* const grid = qobject_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
-    if (auto* const list = grid == nullptr ? nullptr : OpenList(*grid)) {
-      camera_.Take(picture + "-lista", window, list);
-      PressKey(*list->findChild<QLineEdit*>(), Qt::Key_Escape);
-    }
+    TakeList(window, *grid, kGradeColumn, picture + "-lista");
+    window.resize(picture.endsWith("Final") ? kFinalColumns : kAllColumns, window.height());
+    window.move(0, 0);  // lists keep within a screen that may be no wider than this window
+    if (!grid->isColumnHidden(kMeasuresColumn) && grid->model()->columnCount() > kMeasuresColumn)
+      TakeList(window, *grid, kMeasuresColumn, picture + "-medidas");
+    grid->setCurrentIndex(grid->model()->index(0, kGradeColumn));
+    camera_.Take(picture, window);
     Guide::Press(window, "cmdCancelar");
   });
+}
+
+void Tour::TakeList(FormWindow& window, QTableView& grid, int column, const QString& picture) {
+  auto* const list = OpenList(grid, column);
+  if (list == nullptr) return;
+  camera_.Take(picture, window, list);
+  PressKey(*list->findChild<QLineEdit*>(), Qt::Key_Escape);
 }
 
 void Tour::Messages() {
   auto& statements = window_.ShowStatements();
   camera_.Take("sentencias", statements);
   statements.close();
+  OwnPublication();
+  RegisterInUse();
+  MissingData();
+  EverythingLocked();
+  OutsideTheDates();
+  ClosedYear();
+  NoTable();
+  RecentSchools();
+}
 
+void Tour::OwnPublication() {
   // A form of this user died, and what it left bears the number of this section.
   window_.OpenSchool(school_, kUserOfDeadForm);
   guide_.On("frmNotaManual1", [this](FormWindow& window) {
@@ -237,8 +260,105 @@ void Tour::Messages() {
   });
   guide_.On("frmNotaManual1", Close);
   window_.OpenNode(124);
+}
 
+void Tour::RegisterInUse() {
   window_.OpenSchool(school_, kDirector);
+  guide_.On("frmPendientes", [this](FormWindow& window) {
+    Guide::Pick(window, "cboTEnsenanza", kKind);
+    Guide::Pick(window, "cboCurso", "2º");
+    guide_.NameMessage("mensaje-elegir-clase");
+    Guide::Press(window, "cmdAceptar");
+    Guide::Pick(window, "cboSeccion", 1);
+    guide_.NameMessage("mensaje-registro-en-uso");
+    Guide::Press(window, "cmdAceptar");
+  });
+  guide_.On("frmAlumnoPendiente", [this](FormWindow& window) {
+    camera_.Take("frmAlumnoPendiente-en-uso", window);
+    Close(window);
+  });
+  window_.OpenNode(123);
+}
+
+void Tour::MissingData() {
+  guide_.On("frmNotaManual1", [this](FormWindow& window) {
+    PickClass(window, "cboTipoEnsenanza", "cboCursos", "cboSecciones");
+    Guide::Pick(window, "cboEvaluaciones", "2ª");
+    // Another kind of teaching leaves section and evaluation as they were, without a course.
+    Guide::Pick(window, "cboTipoEnsenanza", "Bach");
+    Guide::Pick(window, "cboEvaluaciones", "2ª");
+    guide_.NameMessage("mensaje-faltan-datos");
+    Guide::Press(window, "cmdNotaManual1(0)");
+    Close(window);
+  });
+  window_.OpenNode(124);
+}
+
+void Tour::EverythingLocked() {
+  sqlite::SqliteConnection tutor(school_.toStdString(), "");
+  tutor.Open();
+  tutor.Execute("INSERT INTO PublicacionPte VALUES (2,5,3,4,3)");
+  tutor.Execute(
+      "INSERT INTO BloqueoPte SELECT DISTINCT 5, 3, CodMatDet, 3, 2 FROM AlumnoPte_MatDet "
+      "INNER JOIN Alumno ON IDAlumno=CodAlumno WHERE CodSeccion=5");
+  guide_.On("frmNotaManual1", [this](FormWindow& window) {
+    PickClass(window, "cboTipoEnsenanza", "cboCursos", "cboSecciones");
+    Guide::Pick(window, "cboEvaluaciones", "3ª");
+    guide_.NameMessage("mensaje-todo-bloqueado");
+    Guide::Press(window, "cmdNotaManual1(0)");
+  });
+  guide_.On("frmNotaManual1", Close);
+  window_.OpenNode(124);
+  guide_.OnDialog("bloqueos", [this](QWidget& dialog) {
+    camera_.Take("bloqueos-dos", dialog);
+    dialog.close();
+  });
+  window_.ShowLocks();
+  tutor.Execute("DELETE FROM BloqueoPte WHERE CodPublicacion=2");
+  tutor.Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=2");
+}
+
+void Tour::OutsideTheDates() {
+  // No administrator, whom the dates don't hold back.
+  window_.OpenSchool(school_, kUserOfDeadForm);
+  guide_.On("frmNotaManual1", [this](FormWindow& window) {
+    PickClass(window, "cboTipoEnsenanza", "cboCursos", "cboSecciones");
+    Guide::Pick(window, "cboEvaluaciones", "1ª");
+    guide_.NameMessage("mensaje-fuera-de-fecha");
+    Guide::Press(window, "cmdNotaManual1(0)");
+    Close(window);
+  });
+  window_.OpenNode(124);
+  // The forms of a single subject have no text for it.
+  guide_.On("frmNotaSeccionAlumno1", [](FormWindow& window) {
+    PickClass(window, "cboTipoEnsenanza", "cboCursos", "cboSecciones");
+    Guide::Pick(window, "cboEvaluaciones", "1ª");
+    Guide::Pick(window, "cboMateria", 0);
+    Guide::Press(window, "cmdNotaManual1(0)");
+  });
+  guide_.OnDialog("aviso", [this](QWidget& box) {
+    camera_.Take("error-326", box);
+    box.close();
+  });
+  window_.OpenNode(127);
+}
+
+void Tour::ClosedYear() {
+  window_.OpenSchool(school_, kDirector);
+  auto* const active = window_.findChild<QAction*>("añoActivo");
+  active->trigger();
+  StepOne("frmNotaManual1", {}, "2ª");
+  guide_.On("frmNotaManual", [this](FormWindow& window) {
+    window.resize(kAllColumns, window.height());
+    camera_.Take("frmNotaManual-solo-consulta", window);
+    Guide::Press(window, "cmdCancelar");
+  });
+  guide_.On("frmNotaManual1", Close);
+  window_.OpenNode(124);
+  active->trigger();
+}
+
+void Tour::NoTable() {
   sqlite::SqliteConnection other(school_.toStdString(), "");
   other.Open();
   other.Execute("ALTER TABLE Curso RENAME TO Apartado");
@@ -249,6 +369,14 @@ void Tour::Messages() {
     box.close();
   });
   window_.OpenNode(123);
+  other.Execute("ALTER TABLE Apartado RENAME TO Curso");
+}
+
+void Tour::RecentSchools() {
+  zendria::MainWindow again(screen_, preferences_, zendria::PendingScreens());
+  again.show();
+  QApplication::processEvents();
+  camera_.Take("recientes", again);
 }
 
 }  // namespace quorvane::screenshots

@@ -5,6 +5,8 @@
 #include "tools/screenshots/Camera.h"
 #include "tools/screenshots/Guide.h"
 
+class QTableView;
+
 namespace quorvane::screenshots {
 
 /// The way through all screens of the host and the module, on the sample school.
@@ -20,9 +22,19 @@ class Tour {
   void Register();
   void Grades();
   void Messages();
+  void OwnPublication();
+  void RegisterInUse();
+  void MissingData();
+  void EverythingLocked();
+  void OutsideTheDates();
+  void ClosedYear();
+  void NoTable();
+  void RecentSchools();
   void StepOne(const std::string& form, const QString& picture, const QString& evaluation);
   void StepTwo(const std::string& form, const QString& picture);
+  void TakeList(qt::FormWindow& window, QTableView& grid, int column, const QString& picture);
 
+  qt::QtFrontEnd& screen_;
   Camera& camera_;
   Guide guide_;
   QString school_;
