@@ -42,7 +42,9 @@ void MSFlexGrid::RowPosition(int row, int position) {
 
 void MSFlexGrid::TopRow(int row) {
   if (row < 0 || row >= Rows()) throw RuntimeError(ErrorNumber::InvalidProperty);
-  Assign(topRow_, row);
+  topRow_ = row;
+  ++topRowSets_;
+  Touch();
 }
 
 }  // namespace quorvane

@@ -31,6 +31,9 @@ class MSFlexGrid : public Grid {
   /// The first row below the headings that is to be in sight.
   [[nodiscard]] int TopRow() const noexcept { return topRow_; }
   void TopRow(int row);  ///< error 380 for a row that doesn't exist
+  /// For a front end: how often `TopRow` has been set. Setting the row that stands brings it back
+  /// into sight when the user has scrolled away since.
+  [[nodiscard]] unsigned TopRowSets() const noexcept { return topRowSets_; }
 
   std::function<void()> DblClick;
 
@@ -41,6 +44,7 @@ class MSFlexGrid : public Grid {
 
  private:
   int topRow_ = 0;
+  unsigned topRowSets_ = 0;
 };
 
 }  // namespace quorvane

@@ -36,9 +36,9 @@ bool FlexGridView::TakesEnter(int key) {
 
 void FlexGridView::Show() {
   table_->Take(grid_);
-  if (grid_.TopRow() == topRow_) return;
-  topRow_ = grid_.TopRow();
-  table_->scrollTo(table_->model()->index(topRow_ - grid_.FixedRows(), 0),
+  if (grid_.TopRowSets() == topRowSets_) return;
+  topRowSets_ = grid_.TopRowSets();
+  table_->scrollTo(table_->model()->index(grid_.TopRow() - grid_.FixedRows(), 0),
                    QAbstractItemView::PositionAtTop);
 }
 

@@ -23,7 +23,7 @@ class FlexGridView : public QObject, public ControlView {
 
   MSFlexGrid& grid_;
   GridTable* table_;
-  int topRow_ = 0;
+  unsigned topRowSets_ = 0;  // those that the table has followed
 };
 
 }  // namespace quorvane::qt

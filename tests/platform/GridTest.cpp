@@ -115,6 +115,16 @@ TEST_F(AGrid, CellsRowsAndColumnsThatDontExist) {
   EXPECT_EQ(ErrorOf([&] { grid.RowPosition(2, 0); }), 381);
 }
 
+TEST_F(AGrid, TellsEachSettingOfTheTopRowAlsoToTheRowThatStands) {
+  Fill({"uno", "dos"});
+  grid.TopRow(1);
+  const auto shown = grid.Revision();
+  grid.TopRow(1);
+  EXPECT_EQ(grid.TopRow(), 1);
+  EXPECT_EQ(grid.TopRowSets(), 2U);
+  EXPECT_GT(grid.Revision(), shown);
+}
+
 TEST_F(AGrid, SortsNumbersThenSpanishTextsAndLeavesTheHeading) {
   Fill({"ñandú", "10", "Óscar", "zapato", "9", "oso", "nube", "-1", "", "ola"});
   grid.TextMatrix(0, 0, "Título");

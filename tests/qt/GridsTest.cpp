@@ -1,4 +1,5 @@
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 #include <gmock/gmock.h>
 
@@ -134,6 +135,21 @@ TEST_F(GridsTest, TopRowBringsARowIntoSight) {
   form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
   Run([](qt::FormWindow& window) {
     const auto* table = Of<QTableView>(window, "msgRejilla");
+    Click(window, "cmdPagina");
+    EXPECT_EQ(table->rowAt(0), 39);
+  });
+}
+
+TEST_F(GridsTest, TopRowSetAgainBringsTheRowBackThatTheUserScrolledAwayFrom) {
+  for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
+  form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
+  Run([](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "msgRejilla");
+    Click(window, "cmdPagina");
+    table->verticalScrollBar()->setValue(3);
+    ASSERT_EQ(table->rowAt(0), 3);
+    Click(window, "chkTodo");
+    EXPECT_EQ(table->rowAt(0), 3) << "what another control does moves nothing";
     Click(window, "cmdPagina");
     EXPECT_EQ(table->rowAt(0), 39);
   });
