@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QScreen>
 #include <algorithm>
 
@@ -101,21 +102,47 @@ void FormWindow::OrderTabs() {
   }
 }
 
-void FormWindow::Appear() {
+QSize FormWindow::MostSize() const { return screen()->availableSize() * kMostOfTheScreen; }
+
+void FormWindow::Centre() {
   const auto* before = parentWidget();
-  const auto room = before != nullptr && before->isVisible() ? before->frameGeometry()
-                                                             : screen()->availableGeometry();
+  const auto whole = screen()->availableGeometry();
+  const auto room = before != nullptr && before->isVisible() ? before->frameGeometry() : whole;
+  auto place = frameGeometry();
+  place.moveCenter(room.center());
+  // The title and the left edge are in sight, whatever the window before it covers.
+  place.moveRight(std::min(place.right(), whole.right()));
+  place.moveBottom(std::min(place.bottom(), whole.bottom()));
+  place.moveLeft(std::max(place.left(), whole.left()));
+  place.moveTop(std::max(place.top(), whole.top()));
+  move(place.topLeft());
+}
+
+void FormWindow::Appear() {
   if (!placedByModel_)
     resize(sizeHint()
                .expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())})
-               .boundedTo(screen()->availableSize() * kMostOfTheScreen));
-  move(room.center() - rect().center());
+               .boundedTo(MostSize()));
+  Centre();
   show();
   knownPosition_ = {Twips(pos().x()), Twips(pos().y())};
   form_.Left(knownPosition_.x());
   form_.Top(knownPosition_.y());
   open_ = true;
   qApp->installEventFilter(this);
+}
+
+bool FormWindow::Resizable() const {
+  return layout() == nullptr || layout()->sizeConstraint() != QLayout::SetFixedSize;
+}
+
+void FormWindow::TakeSize(QSize twips) {
+  resize(QSize(Pixels(twips.width() - Form::kBorderWidth),
+               Pixels(twips.height() - Form::kBorderHeight))
+             .boundedTo(MostSize()));
+  Centre();
+  // Recalled, not chosen now.
+  sizeOfUser_.reset();
 }
 
 void FormWindow::Sync() {
@@ -161,6 +188,7 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
   frontEnd_.Gesture(*this, [this] {
     knownSize_ = {Twips(width()) + Form::kBorderWidth, Twips(height()) + Form::kBorderHeight};
     form_.ResizeByUser(knownSize_.width(), knownSize_.height());
+    sizeOfUser_ = {form_.Width(), form_.Height()};
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -42,6 +43,13 @@ class FormWindow : public QDialog {
 
   /// Puts the window on the screen, in the middle of its parent or of the screen.
   void Appear();
+  /// The user may give the window another size.
+  [[nodiscard]] bool Resizable() const;
+  /// Resizes the window on the screen as the user does, to these twips with the borders, and puts
+  /// it back in the middle. Not beyond the screen.
+  void TakeSize(QSize twips);
+  /// What the form measured after the user's last resizing in this show; none without one.
+  [[nodiscard]] std::optional<QSize> SizeOfUser() const noexcept { return sizeOfUser_; }
   /// Lines the window up with the model. Raises no event.
   void Sync();
 
@@ -58,6 +66,8 @@ class FormWindow : public QDialog {
   [[nodiscard]] ControlView* View(const Control& control) const;
   void ConnectLabels();
   void OrderTabs();
+  void Centre();
+  [[nodiscard]] QSize MostSize() const;
   void ShowSize();
   void ShowPosition();
   void ShowFocus();
@@ -72,6 +82,7 @@ class FormWindow : public QDialog {
   bool moving_ = false;
   QSize knownSize_;  // in twips, the last that form and window agree on
   QPoint knownPosition_;
+  std::optional<QSize> sizeOfUser_;
 };
 
 }  // namespace quorvane::qt

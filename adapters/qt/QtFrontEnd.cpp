@@ -89,15 +89,22 @@ void QtFrontEnd::RunModal(Form& form) {
     form.Shown();
     show.busy = false;
     ShowChanges();
+    if (form.Visible()) RecallSizeOf(window);
     RunHooks(window);
     while (form.Visible() && show.failure == nullptr) {
       // Told to end, the program must still unwind through the handlers that wait here.
       if (show.loop.exec() < 0) show.loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     window.hide();
+    if (const auto size = window.SizeOfUser(); size && KeepSize) KeepSize(window, *size);
   }
   if (show.failure != nullptr) std::rethrow_exception(show.failure);
   if (auto* below = TopWindow()) below->activateWindow();
+}
+
+void QtFrontEnd::RecallSizeOf(FormWindow& window) {
+  if (!RecallSize || !window.Resizable()) return;
+  if (const auto size = RecallSize(window)) window.TakeSize(*size);
 }
 
 void QtFrontEnd::RunHooks(FormWindow& window) {

@@ -2,7 +2,9 @@
 
 #include <QCursor>
 #include <QElapsedTimer>
+#include <QSize>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,6 +60,13 @@ class QtFrontEnd : public FrontEnd {
   /// The same for a message box; it stays until it is answered, as by `box.accept()`.
   std::function<void(QMessageBox&)> MessageShown;
 
+  /// The measures in twips, borders included, that the user gave formerly to a form whose window he
+  /// may resize; none when he gave it none. Asked when the form's `Shown` has run; what is recalled
+  /// reaches the form as if the user resized it then, and never makes it greater than the screen.
+  std::function<std::optional<QSize>(const FormWindow&)> RecallSize;
+  /// Told the measures that the form has after the user has resized it, when its show ends.
+  std::function<void(const FormWindow&, QSize)> KeepSize;
+
   /// For the windows: runs what the user's gesture asks for, then shows what it changed. Nothing
   /// happens while another handler of that window runs, or when it isn't the active one. Keeps
   /// what is thrown.
@@ -66,6 +75,7 @@ class QtFrontEnd : public FrontEnd {
   [[nodiscard]] bool Busy() const noexcept;
 
  private:
+  void RecallSizeOf(FormWindow& window);
   void RunHooks(FormWindow& window);
   void ShowChanges();
   void PaintOnly();

@@ -1,0 +1,147 @@
+#include <QScreen>
+#include <gmock/gmock.h>
+
+#include "adapters/qt/Units.h"
+#include "tests/qt/Hands.h"
+#include "tests/qt/SchoolScreenTest.h"
+#include "tests/qt/frmPrueba.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// What a host keeps of the sizes of forms, and when it was asked.
+class WindowSizesTest : public SchoolScreenTest {
+ protected:
+  WindowSizesTest() {
+    screen.RecallSize = [this](const qt::FormWindow& window) {
+      asked.push_back(window.Model().Name());
+      return recalled;
+    };
+    screen.KeepSize = [this](const qt::FormWindow& window, QSize size) {
+      kept.push_back(window.Model().Name() + " " + std::to_string(size.width()) + "x" +
+                     std::to_string(size.height()));
+    };
+    form->OnActivate = [this] { form->Log("activa"); };
+    form->OnResize = [this] {
+      form->Log("medidas " + std::to_string(form->Width()) + "x" + std::to_string(form->Height()));
+    };
+  }
+
+  void Run(const Step& act = [](qt::FormWindow&) {}) {
+    Then([this, act](qt::FormWindow& window) {
+      act(window);
+      Click(window, "cmdCancelar");
+    });
+    form->ShowModal();
+    ExpectDone();
+  }
+  static std::int32_t OuterWidth(int pixels) { return qt::Twips(pixels) + Form::kBorderWidth; }
+  static std::int32_t OuterHeight(int pixels) { return qt::Twips(pixels) + Form::kBorderHeight; }
+
+  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
+  std::optional<QSize> recalled;
+  std::vector<std::string> asked;
+  std::vector<std::string> kept;
+};
+
+TEST_F(WindowSizesTest, ARecalledSizeReachesTheFormAsAUsersWouldOnceItHasBeenShown) {
+  recalled = QSize(OuterWidth(710), OuterHeight(520));
+  Run([](qt::FormWindow& window) { EXPECT_EQ(window.size(), QSize(710, 520)); });
+  const auto size = std::to_string(recalled->width()) + "x" + std::to_string(recalled->height());
+  EXPECT_THAT(form->log, ElementsAre("medidas 9840x6120", "activa", "medidas " + size, "cancelar",
+                                     "descarga"));
+  EXPECT_THAT(asked, ElementsAre("frmPrueba"));
+  EXPECT_THAT(kept, IsEmpty()) << "the user hasn't chosen it now";
+}
+
+TEST_F(WindowSizesTest, WithNothingRecalledTheFormKeepsItsSize) {
+  Run();
+  EXPECT_THAT(form->log, ElementsAre("medidas 9840x6120", "activa", "cancelar", "descarga"));
+  EXPECT_THAT(kept, IsEmpty());
+}
+
+TEST_F(WindowSizesTest, TheUsersLastSizeIsKeptWhenTheShowEnds) {
+  Run([this](qt::FormWindow& window) {
+    window.resize(600, 500);
+    window.resize(720, 530);
+    EXPECT_THAT(kept, IsEmpty());
+  });
+  EXPECT_THAT(kept, ElementsAre("frmPrueba " + std::to_string(OuterWidth(720)) + "x" +
+                                std::to_string(OuterHeight(530))));
+}
+
+TEST_F(WindowSizesTest, WhatTheFormMakesOfASizeIsWhatIsKept) {
+  form->OnResize = [this] {
+    if (form->Width() < 9300) form->Width(9300);
+    if (form->Height() < 6465) form->Height(6465);
+  };
+  recalled = QSize(3000, 2000);
+  Run([](qt::FormWindow& window) {
+    EXPECT_EQ(window.width(), qt::Pixels(9300 - Form::kBorderWidth)) << "too small to be obeyed";
+    window.resize(200, 200);
+  });
+  EXPECT_THAT(kept, ElementsAre("frmPrueba 9300x6465"));
+}
+
+TEST_F(WindowSizesTest, ASizeBeyondTheScreenIsCutToIt) {
+  recalled = QSize(150'000, 150'000);
+  Run([](qt::FormWindow& window) {
+    const auto whole = window.screen()->availableGeometry();
+    EXPECT_TRUE(whole.contains(window.geometry()));
+    EXPECT_GT(window.width(), whole.width() * 9 / 10);
+  });
+}
+
+TEST_F(WindowSizesTest, AWindowStandsOnTheScreenWhereverTheOneBeforeItStands) {
+  QWidget host;
+  host.show();
+  screen.HostWindow(&host);
+  const auto whole = host.screen()->availableGeometry();
+  for (const auto corner : {whole.topLeft(), whole.bottomRight(), QPoint(-3000, -3000)}) {
+    host.setGeometry(QRect(corner, QSize(80, 60)));
+    form = std::make_shared<frmPrueba>();
+    recalled = QSize(9000, 6000);
+    Run([&whole](qt::FormWindow& window) { EXPECT_TRUE(whole.contains(window.geometry())); });
+  }
+  screen.HostWindow(nullptr);
+}
+
+TEST_F(WindowSizesTest, OnlyFormsThatTheUserMayResizeAreAskedFor) {
+  Then([](qt::FormWindow& window) {
+    Pick(window, "cboTEnsenanza", 0);
+    Pick(window, "cboCurso", 2);
+    Pick(window, "cboSeccion", 0);
+    Click(window, "cmdAceptar");
+  });
+  Then([](qt::FormWindow& window) { Click(window, "cmdCancelar"); });
+  OpenNode(123);
+  ExpectDone();
+  EXPECT_THAT(asked, ElementsAre("frmAlumnoPendiente"));
+}
+
+// The form shrinks to its busy box before it goes; that is no size of the user's.
+TEST_F(WindowSizesTest, TheBusyBoxIsNoSizeToKeep) {
+  Then([](qt::FormWindow& window) {
+    Pick(window, "cboTipoEnsenanza", 0);
+    Pick(window, "cboCursos", "3º ESO");
+    Pick(window, "cboSecciones", 0);
+    Pick(window, "cboEvaluaciones", "2ª Evaluación");
+    Click(window, "cmdNotaManual1(0)");
+  });
+  Then([](qt::FormWindow& window) {
+    window.resize(840, 560);
+    Click(window, "cmdAceptar");
+  });
+  Then([](qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); });
+  OpenNode(124);
+  ExpectDone();
+  EXPECT_THAT(asked, ElementsAre("frmNotaManual"));
+  EXPECT_THAT(kept, ElementsAre("frmNotaManual " + std::to_string(OuterWidth(840)) + "x" +
+                                std::to_string(OuterHeight(560))));
+}
+
+}  // namespace
+}  // namespace quorvane::test
