@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <utility>
 
+#include "adapters/qt/FormWindow.h"
 #include "adapters/qt/IconStore.h"
 #include "adapters/qt/QtFrontEnd.h"
 #include "apps/zendria/FailureBox.h"
@@ -28,6 +29,7 @@ namespace {
 constexpr auto kTitle = "Zendria Escuela";
 constexpr auto kGeometry = "principal";
 constexpr auto kStatementsGeometry = "sentencias";
+constexpr QSize kFirstSize(860, 560);
 
 }  // namespace
 
@@ -48,7 +50,13 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   welcome_.Open = [this] { ChooseFile(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
   page_.OpenNode = [this](std::uint8_t node) { OpenNode(node); };
-  if (!preferences_.Restore(kGeometry, *this)) resize(860, 560);
+  screen_.RecallSize = [&preferences](const qt::FormWindow& form) {
+    return preferences.FormSize(form.objectName(), *form.screen());
+  };
+  screen_.KeepSize = [&preferences](const qt::FormWindow& form, QSize twips) {
+    preferences.KeepFormSize(form.objectName(), *form.screen(), twips);
+  };
+  if (!preferences_.Restore(kGeometry, *this)) resize(kFirstSize);
   ShowSession();
 }
 
@@ -74,6 +82,9 @@ void MainWindow::BuildMenus() {
   locks_.setShortcut(QKeySequence("Ctrl+B"));
   view->addAction(&locks_);
   view->addAction("&Sentencias", QKeySequence("Ctrl+T"), this, [this] { ShowStatements(); });
+  view->addSeparator();
+  auto* const forget = view->addAction("&Restablecer tamaños", this, [this] { ForgetSizes(); });
+  forget->setObjectName("restablecer");
 
   auto* const help = menuBar()->addMenu("A&yuda");
   help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(); });
@@ -92,6 +103,7 @@ bool MainWindow::OpenSchool(const QString& file, std::optional<std::int32_t> use
     ShowSchoolError(this, error);
     return false;
   }
+  auto centre = CentreOrFirst(school->Centres(), preferences_.Centre(school->File()));
   std::optional<User> who;
   if (user) {
     who = school->FindUser(*user);
@@ -101,14 +113,13 @@ bool MainWindow::OpenSchool(const QString& file, std::optional<std::int32_t> use
           SchoolError(
               QStringLiteral("En «%1» no hay ningún usuario %2.").arg(school->File()).arg(*user)));
   } else {
-    SignInDialog dialog(school->Name(), school->Users(), this);
-    dialog.exec();
-    who = dialog.Chosen();
+    who = SignIn(*school, centre);
   }
   if (!who) return false;
 
   school_ = std::move(school);
   user_ = *who;
+  centre_ = std::move(centre);
   log_.Clear();
   school_->Observe([this](const Connection& connection, const std::string& statement) {
     log_.Add(connection, statement);
@@ -127,7 +138,7 @@ void MainWindow::OpenNode(std::uint8_t node) {
   {
     const QScopedValueRollback open(nodeOpen_, true);
     Working(entry->title);
-    failure = zendria::OpenNode(node, MakeSession(*school_, user_, active_.isChecked()));
+    failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
   Working({});
   if (failure) ShowFailure(this, *failure);
@@ -160,12 +171,21 @@ void MainWindow::ChooseFile() {
 }
 
 void MainWindow::ChangeUser() {
-  SignInDialog dialog(school_->Name(), school_->Users(), this);
-  dialog.exec();
-  if (const auto chosen = dialog.Chosen()) {
+  if (const auto chosen = SignIn(*school_, centre_)) {
     user_ = *chosen;
     ShowSession();
   }
+}
+
+std::optional<User> MainWindow::SignIn(const School& school, std::optional<Centre>& centre) {
+  SignInDialog dialog(school.Name(), school.Users(), this);
+  dialog.OfferCentres(school.Centres(), centre ? std::optional(centre->id) : std::nullopt);
+  dialog.exec();
+  const auto chosen = dialog.Chosen();
+  if (!chosen) return std::nullopt;
+  centre = dialog.ChosenCentre();
+  if (centre && school.Centres().size() > 1) preferences_.KeepCentre(school.File(), centre->id);
+  return chosen;
 }
 
 void MainWindow::ShowSession() {
@@ -173,7 +193,7 @@ void MainWindow::ShowSession() {
   pages_.setCurrentWidget(open ? static_cast<QWidget*>(&page_) : &welcome_);
   for (auto* const action : {&changeUser_, &active_, &locks_}) action->setEnabled(open);
   if (open) {
-    page_.ShowSession(*school_, user_, active_.isChecked());
+    page_.ShowSession(*school_, user_, centre_, active_.isChecked());
     setWindowTitle(school_->Name() + QStringLiteral(" — ") + user_.name + QStringLiteral(" — ") +
                    kTitle);
   }
@@ -204,6 +224,14 @@ StatementWindow& MainWindow::ShowStatements() {
   statements_->raise();
   statements_->activateWindow();
   return *statements_;
+}
+
+void MainWindow::ForgetSizes() {
+  preferences_.ForgetSizes();
+  showNormal();
+  resize(kFirstSize);
+  if (statements_ != nullptr) statements_->resize(StatementWindow::kFirstSize);
+  statusBar()->showMessage("Las ventanas vuelven a tener su tamaño de origen.");
 }
 
 void MainWindow::ShowAbout() {

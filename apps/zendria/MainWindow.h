@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "apps/zendria/Centre.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
 #include "apps/zendria/User.h"
@@ -27,7 +28,8 @@ class StatementWindow;
 /// and goes on living after whatever ends a screen.
 class MainWindow : public QMainWindow {
  public:
-  /// `screen` and `preferences` outlive the window.
+  /// `screen` and `preferences` outlive the window, and `preferences` every form that `screen`
+  /// shows: it keeps their sizes.
   MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenCatalogue screens);
   ~MainWindow() override;
   MainWindow(const MainWindow&) = delete;
@@ -60,8 +62,11 @@ class MainWindow : public QMainWindow {
   void BuildMenus();
   void ChooseFile();
   void ChangeUser();
+  /// Asks who works, and in which centre; none leaves `centre` as it is.
+  std::optional<User> SignIn(const School& school, std::optional<Centre>& centre);
   void ShowSession();
   void ShowRecent();
+  void ForgetSizes();
   void ShowAbout();
   void Working(const QString& screenTitle);
 
@@ -70,6 +75,7 @@ class MainWindow : public QMainWindow {
   StatementLog log_;
   std::unique_ptr<School> school_;
   User user_;
+  std::optional<Centre> centre_;
   bool nodeOpen_ = false;
 
   QStackedWidget pages_;

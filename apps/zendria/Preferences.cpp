@@ -1,6 +1,8 @@
 #include "apps/zendria/Preferences.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
+#include <QScreen>
 #include <QWidget>
 
 namespace quorvane::zendria {
@@ -9,7 +11,22 @@ namespace {
 constexpr auto kRecent = "escuelasRecientes";
 constexpr qsizetype kMostRecent = 8;
 
-QString GeometryKey(const QString& window) { return "ventanas/" + window; }
+constexpr auto kWindows = "ventanas";
+constexpr auto kForms = "formularios";
+constexpr int kGreatestForm = 200'000;  // twips, more than any screen has
+
+QString GeometryKey(const QString& window) { return kWindows + ("/" + window); }
+
+QString FormKey(const QString& form, const QScreen& screen) {
+  const auto size = screen.size();
+  return QStringLiteral("%1/%2x%3/%4").arg(kForms).arg(size.width()).arg(size.height()).arg(form);
+}
+
+QString CentreKey(const QString& school) {
+  // A path would be taken apart at its slashes.
+  const auto name = QCryptographicHash::hash(school.toUtf8(), QCryptographicHash::Sha1).toHex();
+  return "centros/" + QString::fromLatin1(name);
+}
 
 }  // namespace
 
@@ -34,6 +51,33 @@ void Preferences::AddRecentSchool(const QString& file) {
 
 void Preferences::Remember(const QString& window, const QWidget& widget) {
   settings_.setValue(GeometryKey(window), widget.saveGeometry());
+}
+
+void Preferences::KeepFormSize(const QString& form, const QScreen& screen, QSize twips) {
+  settings_.setValue(FormKey(form, screen), twips);
+}
+
+std::optional<QSize> Preferences::FormSize(const QString& form, const QScreen& screen) const {
+  const auto size = settings_.value(FormKey(form, screen)).toSize();
+  const auto most = QSize(kGreatestForm, kGreatestForm);
+  if (size.isEmpty() || size != size.boundedTo(most)) return std::nullopt;
+  return size;
+}
+
+void Preferences::ForgetSizes() {
+  settings_.remove(kWindows);
+  settings_.remove(kForms);
+}
+
+void Preferences::KeepCentre(const QString& school, std::int32_t centre) {
+  settings_.setValue(CentreKey(school), centre);
+}
+
+std::optional<std::int32_t> Preferences::Centre(const QString& school) const {
+  auto isNumber = false;
+  const auto centre = settings_.value(CentreKey(school)).toInt(&isNumber);
+  if (!isNumber) return std::nullopt;
+  return centre;
 }
 
 bool Preferences::Restore(const QString& window, QWidget& widget) const {

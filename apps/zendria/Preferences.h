@@ -1,15 +1,19 @@
 #pragma once
 
 #include <QSettings>
+#include <QSize>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
+#include <optional>
 
+class QScreen;
 class QWidget;
 
 namespace quorvane::zendria {
 
-/// What the host keeps from one run to the next: the schools opened last and the windows'
-/// measures.
+/// What the host keeps from one run to the next: the schools opened last, the centre chosen in
+/// each, and the measures of windows. What can't be made sense of counts as not kept.
 class Preferences {
  public:
   /// In the user's own settings.
@@ -24,6 +28,16 @@ class Preferences {
   void Remember(const QString& window, const QWidget& widget);
   /// False when nothing was remembered.
   bool Restore(const QString& window, QWidget& widget) const;
+
+  /// The measures of a form of the module, in twips, on a screen of that size.
+  void KeepFormSize(const QString& form, const QScreen& screen, QSize twips);
+  [[nodiscard]] std::optional<QSize> FormSize(const QString& form, const QScreen& screen) const;
+  /// Every window and form has the size of its first day again, from its next opening on.
+  void ForgetSizes();
+
+  /// The centre chosen last in that school.
+  void KeepCentre(const QString& school, std::int32_t centre);
+  [[nodiscard]] std::optional<std::int32_t> Centre(const QString& school) const;
 
  private:
   QSettings settings_;

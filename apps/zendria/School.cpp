@@ -43,7 +43,7 @@ School::School(const QString& file)
     own_->Open();
     CheckTables();
     ReadUsers();
-    ReadCentre();
+    centres_ = ReadCentres(*own_);
   } catch (const RuntimeError& error) {
     throw SchoolError(QString::fromStdString(error.Description()));
   }
@@ -85,11 +85,6 @@ void School::ReadUsers() {
   std::stable_sort(users_.begin(), users_.end(), [](const User& one, const User& other) {
     return SpanishLess(one.name.toStdString(), other.name.toStdString());
   });
-}
-
-void School::ReadCentre() {
-  const auto rows = own_->Execute("SELECT MIN(CodCentro) AS Centro FROM Centro_TipoEnsenanza");
-  if (!rows.Eof()) centre_ = rows.Fields("Centro").Long();
 }
 
 }  // namespace quorvane::zendria

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "apps/zendria/Centre.h"
 #include "apps/zendria/User.h"
 #include "platform/Connection.h"
 
@@ -21,8 +22,8 @@ class School {
   [[nodiscard]] const QString& File() const noexcept { return file_; }
   /// The file's name without its ending, as a heading shows it.
   [[nodiscard]] QString Name() const;
-  /// The centre whose kinds of teaching are offered; 0 when the school names none.
-  [[nodiscard]] std::int32_t Centre() const noexcept { return centre_; }
+  /// By their ids; a session is in one of them.
+  [[nodiscard]] const std::vector<Centre>& Centres() const noexcept { return centres_; }
 
   /// In Spanish order of their names.
   [[nodiscard]] const std::vector<User>& Users() const noexcept { return users_; }
@@ -41,7 +42,6 @@ class School {
  private:
   void CheckTables();
   void ReadUsers();
-  void ReadCentre();
 
   QString file_;
   std::unique_ptr<Connection> centro_;
@@ -49,7 +49,7 @@ class School {
   std::unique_ptr<Connection> entrada_;
   std::unique_ptr<Connection> own_;
   std::vector<User> users_;
-  std::int32_t centre_ = 0;
+  std::vector<Centre> centres_;
 };
 
 }  // namespace quorvane::zendria

@@ -1,7 +1,6 @@
 #include "apps/zendria/SchoolPage.h"
 
 #include <QDir>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -33,7 +32,7 @@ QLabel* Named(QLabel& label, const char* name) {
 }  // namespace
 
 SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
-    : QWidget(parent), screens_(std::move(screens)), open_("&Abrir") {
+    : QWidget(parent), screens_(std::move(screens)), session_(new QFormLayout), open_("&Abrir") {
   tree_.setObjectName("arbol");
   tree_.setAccessibleName("Pantallas");
   tree_.setHeaderHidden(true);
@@ -43,11 +42,11 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   Enlarge(school_, 1.4);
   Enlarge(title_, 1.2);
 
-  auto* const session = new QFormLayout;
-  session->addRow("Fichero:", Named(file_, "fichero"));
-  session->addRow("Usuario:", Named(user_, "usuario"));
-  session->addRow("Perfil:", Named(profile_, "perfil"));
-  session->addRow("Año escolar:", Named(year_, "año"));
+  session_->addRow("Fichero:", Named(file_, "fichero"));
+  session_->addRow("Centro:", Named(centre_, "centro"));
+  session_->addRow("Usuario:", Named(user_, "usuario"));
+  session_->addRow("Perfil:", Named(profile_, "perfil"));
+  session_->addRow("Año escolar:", Named(year_, "año"));
 
   auto* const selected = new QGroupBox;
   auto* const selectedColumn = new QVBoxLayout(selected);
@@ -59,7 +58,7 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   auto* const side = new QWidget;
   auto* const column = new QVBoxLayout(side);
   column->addWidget(Named(school_, "escuela"));
-  column->addLayout(session);
+  column->addLayout(session_);
   column->addSpacing(12);
   column->addWidget(selected, 1);
 
@@ -95,7 +94,10 @@ void SchoolPage::FillTree() {
   tree_.expandAll();
 }
 
-void SchoolPage::ShowSession(const School& school, const User& user, bool active) {
+void SchoolPage::ShowSession(const School& school, const User& user,
+                             const std::optional<Centre>& centre, bool active) {
+  session_->setRowVisible(&centre_, school.Centres().size() > 1);
+  centre_.setText(centre ? centre->Text() : QString());
   school_.setText(school.Name());
   file_.setText(QDir::toNativeSeparators(school.File()));
   user_.setText(user.name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -14,6 +15,7 @@ namespace quorvane::zendria {
 
 class School;
 struct User;
+struct Centre;
 
 /// What the main window shows of an open school: the tree of screens, and beside it the session
 /// and what the selected screen is for.
@@ -21,7 +23,9 @@ class SchoolPage : public QWidget {
  public:
   explicit SchoolPage(ScreenCatalogue screens, QWidget* parent = nullptr);
 
-  void ShowSession(const School& school, const User& user, bool active);
+  /// The centre is shown in a school with more than one.
+  void ShowSession(const School& school, const User& user, const std::optional<Centre>& centre,
+                   bool active);
 
   /// The node of the selected screen; none on a branch or a disabled screen.
   [[nodiscard]] std::optional<std::uint8_t> SelectedNode() const;
@@ -41,7 +45,9 @@ class SchoolPage : public QWidget {
   ScreenCatalogue screens_;
   QTreeWidget tree_;
   QLabel school_;
+  QFormLayout* session_;
   QLabel file_;
+  QLabel centre_;
   QLabel user_;
   QLabel profile_;
   QLabel year_;

@@ -21,7 +21,10 @@ std::vector<FilteredList::Entry> Entries(const std::vector<User>& users) {
 }  // namespace
 
 SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidget* parent)
-    : QDialog(parent), users_(std::move(users)), list_(Entries(users_), "Escriba su nombre") {
+    : QDialog(parent),
+      users_(std::move(users)),
+      list_(Entries(users_), "Escriba su nombre"),
+      centreLabel_("C&entro en el que trabaja") {
   setObjectName("entrada");
   setWindowTitle("Entrar en la escuela");
   auto* const heading = new QLabel(school);
@@ -32,6 +35,10 @@ SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidg
   heading->setFont(font);
   auto* const question = new QLabel("¿&Quién va a trabajar?");
   question->setBuddy(&list_.Field());
+  centreLabel_.setBuddy(&centreBox_);
+  centreBox_.setObjectName("centro");
+  // A list of many kinds of teaching must not make the dialog wider than the screen.
+  centreBox_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   auto* const accept = buttons->button(QDialogButtonBox::Ok);
   accept->setText("&Entrar");
@@ -41,7 +48,10 @@ SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidg
   column->addWidget(heading);
   column->addWidget(question);
   column->addWidget(&list_, 1);
+  column->addWidget(&centreLabel_);
+  column->addWidget(&centreBox_);
   column->addWidget(buttons);
+  OfferCentres({}, std::nullopt);
   resize(520, 420);
   list_.setFocus();
 
@@ -51,6 +61,25 @@ SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidg
   follow();
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+void SignInDialog::OfferCentres(const std::vector<Centre>& centres,
+                                std::optional<std::int32_t> id) {
+  centres_ = centres;
+  centreBox_.clear();
+  for (const auto& centre : centres_) {
+    centreBox_.addItem(centre.Text());
+    centreBox_.setItemData(centreBox_.count() - 1, centre.Text(), Qt::ToolTipRole);
+    if (centre.id == id) centreBox_.setCurrentIndex(centreBox_.count() - 1);
+  }
+  const auto choice = centres_.size() > 1;
+  centreLabel_.setVisible(choice);
+  centreBox_.setVisible(choice);
+}
+
+std::optional<Centre> SignInDialog::ChosenCentre() const {
+  if (centres_.empty()) return std::nullopt;
+  return centres_[static_cast<std::size_t>(centreBox_.currentIndex())];
 }
 
 std::optional<User> SignInDialog::Chosen() const {

@@ -44,7 +44,7 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   column->addWidget(&filter_);
   column->addWidget(&text_, 1);
   column->addLayout(buttons);
-  resize(900, 480);
+  resize(kFirstSize);
 
   connect(&filter_, &QLineEdit::textChanged, this, [this] { ShowAll(); });
   connect(copy, &QPushButton::clicked, this, [this] { CopyAll(); });

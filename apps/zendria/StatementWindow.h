@@ -11,6 +11,8 @@ namespace quorvane::zendria {
 /// The module's statements as they run, for support: live, narrowed by a word, to be copied.
 class StatementWindow : public QDialog {
  public:
+  static constexpr QSize kFirstSize{900, 480};
+
   /// `log` outlives the window.
   explicit StatementWindow(StatementLog& log, QWidget* parent = nullptr);
   ~StatementWindow() override;
