@@ -64,9 +64,7 @@ RandomHost::RandomHost(Prng& random) : random_(random) {
 
 RandomHost::~RandomHost() { Application::Instance().Objects().Reset(); }
 
-std::string RandomHost::SignIn(School& school) {
-  constexpr std::size_t kUsers = 6;
-  const auto user = static_cast<int>(1 + random_.Below(kUsers));
+std::string RandomHost::SignIn(const HostConnections& school, int user) {
   const auto profile = random_.Chance(50) ? 0 : 1;
   const auto centre = random_.Chance(97) ? 1 : 2;
   const auto active = random_.Chance(90);
@@ -78,9 +76,9 @@ std::string RandomHost::SignIn(School& school) {
   session->Set("Activa", flag(active));
   session->Set("Accion", Value(0));
   session->Set("lngRowData", Value(0));
-  session->Set("conexionBORRADOlocalCENTRO", &school.Borrado());
-  session->Set("conexionlocalCENTRO", &school.Centro());
-  session->Set("conexionAppEntrada", &school.Entrada());
+  session->Set("conexionBORRADOlocalCENTRO", &school.borrado);
+  session->Set("conexionlocalCENTRO", &school.centro);
+  session->Set("conexionAppEntrada", &school.entrada);
   session->Set("IDUsuario", Value(user));
   session->Set("IDPerfil", Value(profile));
   session->Set("IDCentro", Value(centre));
@@ -88,11 +86,11 @@ std::string RandomHost::SignIn(School& school) {
   session->Set("NombreUsuario", Value("Usuario"));
   session->Set("NombreCentro", Value("Centro"));
   session->Set("Pesetas", flag(false));
-  session->Set("SQLServer", flag(school.SqlServer()));
+  session->Set("SQLServer", flag(school.sqlServer));
   cAsignarDatos().ObtenerDatos(session);
   return "sesion usuario=" + std::to_string(user) + " perfil=" + std::to_string(profile) +
          " centro=" + std::to_string(centre) + " activa=" + (active ? "1" : "0") +
-         (school.SqlServer() ? " sqlserver" : "");
+         (school.sqlServer ? " sqlserver" : "");
 }
 
 }  // namespace quorvane::test

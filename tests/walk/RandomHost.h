@@ -3,11 +3,19 @@
 #include <string>
 
 #include "apps/escuela/Prng.h"
-#include "tests/walk/School.h"
+#include "platform/Connection.h"
 
 namespace quorvane::test {
 
-/// The host of the module on the walk: a session of any user, and components that answer anything
+/// What a host has of a school.
+struct HostConnections {
+  Connection& centro;
+  Connection& borrado;
+  Connection& entrada;
+  bool sqlServer = false;  ///< the flags are those of SQL Server
+};
+
+/// The host of the module on the walk: a session of any kind, and components that answer anything
 /// that they may. Its components are in use as long as it lives.
 class RandomHost {
  public:
@@ -18,8 +26,9 @@ class RandomHost {
   RandomHost(RandomHost&&) = delete;
   RandomHost& operator=(RandomHost&&) = delete;
 
-  /// Hands in the session of a user drawn by lot. What it tells is for the history.
-  std::string SignIn(School& school);
+  /// Hands in a session of that user, with a profile and a centre drawn by lot. What it tells is
+  /// for the history.
+  std::string SignIn(const HostConnections& school, int user);
 
  private:
   Prng& random_;

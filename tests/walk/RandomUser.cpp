@@ -48,28 +48,30 @@ void RandomUser::RunModal(Form& form) {
   deepest_ = std::max(deepest_, depth_);
   ++shows_[form.Name()];
   lastForm_ = form.Name();
-  watch_->Opened(form);
+  onlooker_->Opened(form);
   form.Shown();
-  watch_->Settle();
+  onlooker_->Settle();
   while (form.Visible()) {
     const auto gesture = Choose(form);
     ++gestures_;
     lastForm_ = form.Name();
     history_.Add(form.Name() + ": " + gesture.text);
-    if (gesture.accepts) watch_->Accepting(form);
+    if (gesture.accepts) onlooker_->Accepting(form);
     gesture.act();
-    watch_->Settle();
+    onlooker_->Settle();
   }
 }
 
 void RandomUser::Loading(Form& form) {
   lastForm_ = form.Name();
   history_.Add("carga " + form.Name());
+  onlooker_->Loading(form);
 }
 
 void RandomUser::Message(MessageIcon /*icon*/, const std::string& /*title*/,
                          const std::string& text) {
   history_.Add("mensaje " + text);
+  onlooker_->Told(text);
 }
 
 std::int32_t RandomUser::TextWidth(const Form& /*form*/, const std::string& text) {

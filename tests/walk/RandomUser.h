@@ -8,7 +8,7 @@
 #include "platform/FrontEnd.h"
 #include "tests/walk/Gestures.h"
 #include "tests/walk/History.h"
-#include "tests/walk/Watch.h"
+#include "tests/walk/Onlooker.h"
 
 namespace quorvane::test {
 
@@ -23,8 +23,8 @@ class RandomUser : public FrontEnd {
   RandomUser(RandomUser&&) = delete;
   RandomUser& operator=(RandomUser&&) = delete;
 
-  /// Who looks at the tables from now on; it outlives its use here.
-  void UseWatch(Watch& watch) noexcept { watch_ = &watch; }
+  /// Who looks on from now on; needed before the first form opens, and outlives its use here.
+  void UseOnlooker(Onlooker& onlooker) noexcept { onlooker_ = &onlooker; }
   /// Closes each window as soon as it opens, from now on or no longer.
   void OnlyCloses(bool only) noexcept { onlyCloses_ = only; }
   /// Stops playing and closes all after that many gestures.
@@ -60,7 +60,7 @@ class RandomUser : public FrontEnd {
 
   Prng& random_;
   History& history_;
-  Watch* watch_ = nullptr;
+  Onlooker* onlooker_ = nullptr;
   bool onlyCloses_ = false;
   std::uint64_t limit_ = 0;
   std::uint64_t gestures_ = 0;

@@ -37,14 +37,21 @@ void Walk::NewSchool() {
   watch_.reset();
   school_ = std::make_unique<School>(random_);
   watch_ = std::make_unique<Watch>(*school_);
-  user_.UseWatch(*watch_);
+  user_.UseOnlooker(*watch_);
   nextSchool_ = user_.Gestures() + kGesturesOfSchool;
   history_.Add("escuela " + std::to_string(++schools_));
 }
 
+int Walk::AnyUser() {
+  constexpr std::size_t kUsers = 6;
+  return static_cast<int>(1 + random_.Below(kUsers));
+}
+
 void Walk::OpenScreen() {
   if (random_.Chance(25)) school_->Disturb(random_);
-  history_.Add(host_.SignIn(*school_));
+  history_.Add(host_.SignIn(
+      {school_->Centro(), school_->Borrado(), school_->Entrada(), school_->SqlServer()},
+      AnyUser()));
   // Grade entry is the larger part of the module, and the register takes many gestures at a time.
   const auto node = kRegisterNode + static_cast<int>(random_.Below(kLastNode - kRegisterNode + 1));
   constexpr std::size_t kStatements = 250;

@@ -34,6 +34,7 @@ class Walk {
 
  private:
   void NewSchool();
+  [[nodiscard]] int AnyUser();
   void OpenScreen();
   void Recover(int node, const RuntimeError& error);
   void RemoveLeftovers();

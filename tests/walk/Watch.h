@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Form.h"
+#include "tests/walk/Onlooker.h"
 #include "tests/walk/RegisterSave.h"
 #include "tests/walk/School.h"
 #include "tests/walk/Tables.h"
@@ -13,7 +14,7 @@ namespace quorvane::test {
 
 /// Looks at the tables each time that a form has closed, and after each gesture that wrote
 /// although nothing was to be written. `Violation` when something is there that must not be.
-class Watch {
+class Watch : public Onlooker {
  public:
   /// The school outlives the watch.
   explicit Watch(School& school) : school_(school) {}
@@ -21,12 +22,9 @@ class Watch {
   /// A screen is about to be opened: what the tables hold now is what they held before.
   void Begin();
 
-  /// The form has been loaded and is about to be shown.
-  void Opened(Form& form);
-  /// A gesture on that form is about to be made that may save it.
-  void Accepting(const Form& form);
-  /// A gesture has been made, here or in a form further in.
-  void Settle();
+  void Opened(Form& form) override;
+  void Accepting(const Form& form) override;
+  void Settle() override;
   /// The screen has gone as screens go.
   void End();
   /// An error has come out, all forms are gone and what they left has been removed.
