@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "bench/PlainReplay.h"
+#include "bench/Replay.h"
 #include "bench/Session.h"
 #include "platform/ComboBox.h"
 #include "platform/CommandButton.h"
@@ -64,12 +64,12 @@ void ChooseAll(const Form& form, const Flow& flow) {
 }
 
 struct Times {
-  double open = 0;
-  double move = 0;
-  double list = 0;
-  double save = 0;
-  std::vector<std::string> opening;
-  std::vector<std::string> saving;
+  Time open;
+  Time move;
+  Time list;
+  Time save;
+  std::vector<RecordedStatement> opening;
+  std::vector<RecordedStatement> saving;
 };
 
 /// A user who opens and saves the same form several times, as he does section by section. The first
@@ -81,7 +81,7 @@ class Player {
   std::vector<Times> Play() {
     session_.Screen().OnLoading = [this](const Form& form) {
       if (form.Name() != flow_.stepTwo) return;
-      if (First()) session_.Record();
+      if (First()) session_.Centro().Record();
       opening_ = Watch();
     };
     session_.Screen().On(flow_.stepOne, [this](Form& stepOne) { Open(stepOne); });
@@ -95,8 +95,8 @@ class Player {
     times_.emplace_back();
     ChooseAll(stepOne, flow_);
     session_.Screen().On(flow_.stepTwo, [this](Form& stepTwo) {
-      times_.back().open = opening_.Seconds();
-      if (First()) times_.back().opening = session_.Recorded();
+      times_.back().open = opening_.Passed();
+      if (First()) times_.back().opening = session_.Centro().Recorded();
       Use(stepTwo);
     });
     Control<CommandButton>(stepOne, "cmdNotaManual1(0)").Press();
@@ -105,15 +105,15 @@ class Player {
   void Use(Form& stepTwo) {
     const Watch moving;
     Control<CommandButton>(stepTwo, "cmdSiguiente").Press();
-    times_.back().move = moving.Seconds();
+    times_.back().move = moving.Passed();
     const Watch listing;
     Control<Retivo>(stepTwo, "rtvNotasAlumno").BeginEdit(1, 1);
-    times_.back().list = listing.Seconds();
-    if (First()) session_.Record();
+    times_.back().list = listing.Passed();
+    if (First()) session_.Centro().Record();
     const Watch saving;
     session_.Screen().On(flow_.stepOne, [this, saving](Form& stepOne) {
-      times_.back().save = saving.Seconds();
-      if (First()) times_.back().saving = session_.Recorded();
+      times_.back().save = saving.Passed();
+      if (First()) times_.back().saving = session_.Centro().Recorded();
       Open(stepOne);
     });
     Control<CommandButton>(stepTwo, "cmdAceptar").Press();
@@ -130,23 +130,31 @@ class Player {
 std::vector<Row> MeasureFlow(const std::string& path, const Flow& flow, int students) {
   const auto times = Player(path, flow).Play();
   const auto& recorded = times.front();
-  std::vector<double> opens, moves, lists, saves, plainOpens, plainSaves;
+  const auto& libraries = Libraries();
+  std::vector<Time> opens, moves, lists, saves;
+  std::vector<std::vector<Time>> replayedOpens(libraries.size()), replayedSaves(libraries.size());
   for (std::size_t run = 1; run < times.size(); ++run) {
     opens.push_back(times[run].open);
     moves.push_back(times[run].move);
     lists.push_back(times[run].list);
     saves.push_back(times[run].save);
-    // What the replay of an opening writes, that of a saving gives back.
-    plainOpens.push_back(PlainReplay::Run(path, recorded.opening));
-    plainSaves.push_back(PlainReplay::Run(path, recorded.saving));
+    for (std::size_t i = 0; i < libraries.size(); ++i) {
+      // What the replay of an opening writes, that of a saving gives back.
+      replayedOpens[i].push_back(libraries[i].replay(path, recorded.opening));
+      replayedSaves[i].push_back(libraries[i].replay(path, recorded.saving));
+    }
   }
   const std::string form = flow.stepTwo;
-  return {{form + ": open", students, recorded.opening.size(), Median(opens), Median(plainOpens),
-           kMostOpening},
-          {form + ": next entry", students, 0, Median(moves), 0, 0},
-          {form + ": list of a cell", students, 0, Median(lists), 0, 0},
-          {form + ": save", students, recorded.saving.size(), Median(saves), Median(plainSaves),
-           kMostSaving}};
+  Row open{form + ": open", students, recorded.opening, Median(opens), {}, kMostOpening, true};
+  Row save{form + ": save", students, recorded.saving, Median(saves), {}, kMostSaving};
+  for (std::size_t i = 0; i < libraries.size(); ++i) {
+    open.libraries.push_back(Median(replayedOpens[i]));
+    save.libraries.push_back(Median(replayedSaves[i]));
+  }
+  return {std::move(open),
+          {form + ": next entry", students, {}, Median(moves)},
+          {form + ": list of a cell", students, {}, Median(lists)},
+          std::move(save)};
 }
 
 }  // namespace

@@ -1,16 +1,25 @@
 #include "bench/Measure.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 #include <sys/resource.h>
 
 namespace quorvane::bench {
+namespace {
 
-double Watch::Now() {
+double Read(clockid_t clock) {
   timespec time{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  clock_gettime(clock, &time);
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+}  // namespace
+
+Time Watch::Now() { return {Read(CLOCK_PROCESS_CPUTIME_ID), Read(CLOCK_MONOTONIC)}; }
+
+Time Watch::Passed() const {
+  const auto now = Now();
+  return {now.processor - start_.processor, now.wall - start_.wall};
 }
 
 double Median(std::vector<double> results) {
@@ -19,27 +28,13 @@ double Median(std::vector<double> results) {
   return *middle;
 }
 
-bool Print(const std::vector<Row>& rows) {
-  std::printf("| What | Students | Statements | Module, ms | Plain, ms | Ratio | Limit |\n");
-  std::printf("|---|---|---|---|---|---|---|\n");
-  auto within = true;
-  for (const auto& row : rows) {
-    std::printf("| %s | %d | %zu | %.3f |", row.what.c_str(), row.students, row.statements,
-                row.module * 1e3);
-    if (row.plain == 0) {
-      std::printf(" | | |\n");
-      continue;
-    }
-    const auto ratio = row.module / row.plain;
-    std::printf(" %.3f | %.2f |", row.plain * 1e3, ratio);
-    if (row.limit == 0) {
-      std::printf(" |\n");
-    } else {
-      within = within && ratio <= row.limit;
-      std::printf(" %.1f%s |\n", row.limit, ratio <= row.limit ? "" : " EXCEEDED");
-    }
+Time Median(const std::vector<Time>& results) {
+  std::vector<double> processor, wall;
+  for (const auto& result : results) {
+    processor.push_back(result.processor);
+    wall.push_back(result.wall);
   }
-  return within;
+  return {Median(std::move(processor)), Median(std::move(wall))};
 }
 
 double PeakMemory() {

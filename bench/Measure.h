@@ -1,38 +1,45 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "bench/RecordedStatement.h"
+
 namespace quorvane::bench {
 
-/// The processor's seconds that this process has taken since the construction, the system's on its
+/// What something took, in seconds. The processor's time is this process's, the system's on its
 /// behalf included: what other programs take meanwhile, and the disk's waiting, don't count.
-class Watch {
- public:
-  [[nodiscard]] double Seconds() const { return Now() - start_; }
-
- private:
-  static double Now();
-
-  double start_ = Now();
+struct Time {
+  double processor = 0;
+  double wall = 0;
 };
 
-/// One line of the table: what was done, by the module and by the plain replay of its statements.
+/// Measures from its construction.
+class Watch {
+ public:
+  [[nodiscard]] Time Passed() const;
+
+ private:
+  static Time Now();
+
+  Time start_ = Now();
+};
+
+/// The middle of several runs' results, of each clock by itself.
+Time Median(const std::vector<Time>& results);
+double Median(std::vector<double> results);
+
+/// One thing that a user does, done by the module, and its statements replayed by each of the
+/// libraries, in the order of `Libraries`.
 struct Row {
   std::string what;
   int students = 0;
-  std::size_t statements = 0;
-  double module = 0;  ///< seconds
-  double plain = 0;   ///< seconds; 0 when there is nothing to compare with
-  double limit = 0;   ///< most that module/plain may be; 0 for none
+  std::vector<RecordedStatement> statements{};
+  Time module{};
+  std::vector<Time> libraries{};  ///< none when there are no statements to replay
+  double limit = 0;               ///< most that the module may take of the first one's; 0 for none
+  bool opening = false;           ///< must not grow with the school
 };
-
-/// The middle of several runs' results.
-double Median(std::vector<double> results);
-
-/// The table, as Markdown, on standard output. False when a row is over its limit.
-bool Print(const std::vector<Row>& rows);
 
 /// The most memory that this process has had, in MiB.
 double PeakMemory();

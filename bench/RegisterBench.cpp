@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "bench/PlainReplay.h"
+#include "bench/Replay.h"
 #include "bench/Session.h"
 #include "frame/cConstCol.h"
 #include "platform/FormInstance.h"
@@ -32,10 +32,10 @@ void ChangeAll(const frmAlumnoPendiente& form) {
 }
 
 struct Times {
-  double load = 0;
-  double save = 0;
-  std::vector<std::string> loading;
-  std::vector<std::string> saving;
+  Time load;
+  Time save;
+  std::vector<RecordedStatement> loading;
+  std::vector<RecordedStatement> saving;
 };
 
 Times OneRun(const std::string& path, bool record) {
@@ -46,18 +46,18 @@ Times OneRun(const std::string& path, bool record) {
     Choose(pendientes.cboTEnsenanza, BenchSchool::kKind);
     Choose(pendientes.cboCurso, BenchSchool::kCourse);
     Choose(pendientes.cboSeccion, BenchSchool::kSection);
-    if (record) session.Record();
+    if (record) session.Centro().Record();
     const Watch watch;
     session.Screen().On("frmAlumnoPendiente", [&](Form& inner) {
-      times.load = watch.Seconds();
+      times.load = watch.Passed();
       auto& editor = dynamic_cast<frmAlumnoPendiente&>(inner);
-      if (record) times.loading = session.Recorded();
+      if (record) times.loading = session.Centro().Recorded();
       ChangeAll(editor);
-      if (record) session.Record();
+      if (record) session.Centro().Record();
       const Watch saving;
       editor.cmdAceptar.Press();
-      times.save = saving.Seconds();
-      if (record) times.saving = session.Recorded();
+      times.save = saving.Passed();
+      if (record) times.saving = session.Centro().Recorded();
     });
     pendientes.cmdAceptar.Press();
   });
@@ -72,24 +72,33 @@ std::vector<Row> MeasureRegister(const BenchSchool& school, int students) {
   // The first save also inserts the rows of the teachers; the runs after it are alike.
   OneRun(path, false);
   const auto recorded = OneRun(path, true);
-  const std::vector<std::string> purges(recorded.loading.begin(),
-                                        recorded.loading.begin() + kPurges);
-  const std::vector<std::string> load(recorded.loading.begin() + kPurges, recorded.loading.end());
-  std::vector<double> loads, saves, purging, plainLoads, plainSaves;
+  const std::vector<RecordedStatement> purges(recorded.loading.begin(),
+                                              recorded.loading.begin() + kPurges);
+  const std::vector<RecordedStatement> load(recorded.loading.begin() + kPurges,
+                                            recorded.loading.end());
+  const auto& libraries = Libraries();
+  std::vector<Time> loads, saves, purging;
+  std::vector<std::vector<Time>> replayedLoads(libraries.size()), replayedSaves(libraries.size());
   for (int run = 0; run < kRuns; ++run) {
-    const auto purge = PlainReplay::Run(path, purges);
+    const auto purge = ReplayOnConnection(path, purges);
     const auto times = OneRun(path, false);
     purging.push_back(purge);
-    loads.push_back(times.load - purge);
+    loads.push_back({times.load.processor - purge.processor, times.load.wall - purge.wall});
     saves.push_back(times.save);
-    plainLoads.push_back(PlainReplay::Run(path, load));
-    plainSaves.push_back(PlainReplay::Run(path, recorded.saving));
+    for (std::size_t i = 0; i < libraries.size(); ++i) {
+      replayedLoads[i].push_back(libraries[i].replay(path, load));
+      replayedSaves[i].push_back(libraries[i].replay(path, recorded.saving));
+    }
   }
-  return {{"Register: load, without purges", students, load.size(), Median(loads),
-           Median(plainLoads), 0.5},
-          {"Register: the two purges", students, purges.size(), Median(purging), 0, 0},
-          {"Register: save, every subject changed", students, recorded.saving.size(), Median(saves),
-           Median(plainSaves), 0}};
+  Row loaded{"Register: open", students, load, Median(loads), {}, 0.5, true};
+  Row saved{"Register: save", students, recorded.saving, Median(saves), {}, 1.1};
+  for (std::size_t i = 0; i < libraries.size(); ++i) {
+    loaded.libraries.push_back(Median(replayedLoads[i]));
+    saved.libraries.push_back(Median(replayedSaves[i]));
+  }
+  return {std::move(loaded),
+          {"Register: the two purges of an opening", students, {}, Median(purging)},
+          std::move(saved)};
 }
 
 }  // namespace quorvane::bench

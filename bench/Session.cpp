@@ -1,7 +1,6 @@
 #include "bench/Session.h"
 
 #include <memory>
-#include <utility>
 
 #include "frame/cAsignarDatos.h"
 #include "platform/Application.h"
@@ -35,16 +34,5 @@ Session::~Session() {
 }
 
 void Session::Open(std::uint8_t node) { cAsignarDatos().ActivarFormulario(node); }
-
-void Session::Record() {
-  recorded_.clear();
-  centro_.Observe(
-      [this](const Connection&, const std::string& statement) { recorded_.push_back(statement); });
-}
-
-std::vector<std::string> Session::Recorded() {
-  centro_.Observe(nullptr);
-  return std::exchange(recorded_, {});
-}
 
 }  // namespace quorvane::bench

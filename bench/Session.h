@@ -1,10 +1,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "bench/BenchScreen.h"
+#include "bench/RecordingConnection.h"
 
 namespace quorvane::bench {
 
@@ -23,17 +23,14 @@ class Session {
   /// Opens the screen of that node; the gestures have been given to the screen before.
   void Open(std::uint8_t node);
 
-  /// From now on the statements are kept; the time that this takes is in what is measured.
-  void Record();
-  /// The statements since `Record`, which are kept no more.
-  std::vector<std::string> Recorded();
+  /// The connection that the module's statements go to.
+  RecordingConnection& Centro() noexcept { return centro_; }
 
  private:
-  sqlite::SqliteConnection centro_;
+  RecordingConnection centro_;
   sqlite::SqliteConnection borrado_;
   sqlite::SqliteConnection entrada_;
   BenchScreen screen_;
-  std::vector<std::string> recorded_;
 };
 
 }  // namespace quorvane::bench

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -10,46 +12,43 @@
 #include "bench/GuionMemory.h"
 #include "bench/Measure.h"
 #include "bench/RegisterBench.h"
+#include "bench/Replay.h"
+#include "bench/Report.h"
+#include "bench/StatementCost.h"
 
 namespace {
 
 using namespace quorvane::bench;
 
-constexpr double kMostGrowth = 1.5;
 constexpr const char* kMemory = "/dev/shm";
 
-/// The time of the largest school beside that of the smallest, for each thing that must not grow.
-bool PrintGrowth(const std::vector<Row>& rows) {
-  std::printf("\n| What | Largest / smallest school | Limit |\n|---|---|---|\n");
-  auto within = true;
-  for (const auto& first : rows) {
-    if (first.limit == 0 || first.limit > 1 || first.students != rows.front().students) continue;
-    const Row* last = &first;
-    for (const auto& row : rows)
-      if (row.what == first.what) last = &row;
-    const auto growth = last->module / first.module;
-    within = within && growth <= kMostGrowth;
-    std::printf("| %s | %.2f | %.1f%s |\n", first.what.c_str(), growth, kMostGrowth,
-                growth <= kMostGrowth ? "" : " EXCEEDED");
-  }
-  return within;
+/// The statements of all that opens, on the largest school.
+std::vector<RecordedStatement> Openings(const std::vector<Row>& rows) {
+  std::vector<RecordedStatement> statements;
+  for (const auto& row : rows)
+    if (row.opening)
+      statements.insert(statements.end(), row.statements.begin(), row.statements.end());
+  return statements;
 }
 
 int Run(const std::string& guion, const std::string& folder, const std::vector<int>& sizes) {
+  if (!HasQt())
+    std::fprintf(stderr,
+                 "Sin Qt SQL: al construir no estaba (qt6-base-dev, libqt6sql6-sqlite); no se "
+                 "compara con él.\n");
   std::vector<Row> rows;
-  double guionMemory = 0;
+  std::vector<Memory> memory;
+  StatementCost cost;
   for (const auto students : sizes) {
     std::fprintf(stderr, "Escuela de %d alumnos...\n", students);
     const BenchSchool school(folder, students);
-    for (auto& row : MeasureRegister(school, students)) rows.push_back(std::move(row));
-    for (auto& row : MeasureGrades(school, students)) rows.push_back(std::move(row));
-    guionMemory = GuionMemory(guion, school);
+    auto ofSchool = MeasureRegister(school, students);
+    for (auto& row : MeasureGrades(school, students)) ofSchool.push_back(std::move(row));
+    memory.push_back({students, GuionMemory(guion, school)});
+    cost = MeasureStatements(school.Path(), Openings(ofSchool));
+    std::move(ofSchool.begin(), ofSchool.end(), std::back_inserter(rows));
   }
-  auto within = Print(rows);
-  within = PrintGrowth(rows) && within;
-  std::printf("\nPeak memory: this program %.1f MiB, quorvane-guion on the last school %.1f MiB\n",
-              PeakMemory(), guionMemory);
-  return within ? 0 : 1;
+  return Report(rows, cost, memory) ? 0 : 1;
 }
 
 }  // namespace
@@ -62,8 +61,9 @@ int main(int argc, char** argv) {
     if (argument == "--help" || argument == "-h") {
       std::printf(
           "Uso: quorvane-bench [--carpeta CARPETA] [ALUMNOS...]\n\nMide el módulo en escuelas de "
-          "esos tamaños (1000, 20000 y 200000 si no se dan)\njunto a las mismas instrucciones en "
-          "SQLite a secas. Acaba con 1 si algo pasa\nde su límite.\n\n  --carpeta  dónde hacer "
+          "esos tamaños (1000, 20000 y 200000 si no se dan)\njunto a las mismas sentencias en "
+          "sqlite3, SQLiteCpp y Qt SQL, y escribe las tablas. Acaba con 1 si algo pasa\nde su "
+          "límite.\n\n  --carpeta  dónde hacer "
           "las escuelas; /dev/shm si existe, para medir los\n             programas y no el "
           "disco\n");
       return 0;

@@ -1,0 +1,172 @@
+#include "bench/Report.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+#include <string>
+
+#include "bench/Replay.h"
+
+namespace quorvane::bench {
+namespace {
+
+constexpr double kMostGrowth = 1.5;
+
+using Clock = double Time::*;
+
+/// Some rows of a table for each school, so that a name of a thing is found in all of them.
+std::vector<Row> OfSchool(const std::vector<Row>& rows, int students) {
+  std::vector<Row> found;
+  std::copy_if(rows.begin(), rows.end(), std::back_inserter(found),
+               [&](const Row& row) { return row.students == students; });
+  return found;
+}
+
+/// A line as `| one | other |`.
+void Line(const std::vector<std::string>& cells) {
+  for (const auto& cell : cells) std::printf("| %s ", cell.c_str());
+  std::printf("|\n");
+}
+
+void Head(const std::vector<std::string>& cells) {
+  Line(cells);
+  for (std::size_t i = 0; i < cells.size(); ++i) std::printf(i == 0 ? "|---" : "|--:");
+  std::printf("|\n");
+}
+
+std::string Number(double number, int decimals) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.*f", decimals, number);
+  return text;
+}
+
+std::string Milliseconds(double seconds) {
+  const auto milliseconds = seconds * 1e3;
+  return Number(milliseconds, milliseconds < 10 ? 2 : milliseconds < 100 ? 1 : 0);
+}
+
+std::string Thousands(int number) {
+  auto text = std::to_string(number);
+  for (auto at = static_cast<int>(text.size()) - 3; at > 0; at -= 3)
+    text.insert(static_cast<std::size_t>(at), ",");
+  return text;
+}
+
+std::string Limit(double figure, double limit, bool& within) {
+  if (limit == 0) return "";
+  within = within && figure <= limit;
+  return Number(limit, 1) + (figure <= limit ? "" : " EXCEEDED");
+}
+
+/// Opening and saving on one school, by one clock. Only the processor's is held to the limits.
+bool Comparison(const std::vector<Row>& rows, Clock clock, bool limits) {
+  std::vector<std::string> head = {"What", "Statements", "Module, ms"};
+  for (const auto& library : Libraries()) head.push_back(std::string(library.name) + ", ms");
+  head.emplace_back("Module / sqlite3");
+  if (limits) head.emplace_back("Limit");
+  Head(head);
+  auto within = true;
+  for (const auto& row : rows) {
+    if (row.libraries.empty()) continue;
+    std::vector<std::string> line = {row.what, std::to_string(row.statements.size()),
+                                     Milliseconds(row.module.*clock)};
+    for (const auto& time : row.libraries) line.push_back(Milliseconds(time.*clock));
+    const auto ratio = row.module.*clock / row.libraries.front().*clock;
+    line.push_back(Number(ratio, 2));
+    if (limits) line.push_back(Limit(ratio, row.limit, within));
+    Line(line);
+  }
+  return within;
+}
+
+/// The same in every school, and how much longer it takes in the largest than in the smallest.
+bool Growth(const std::vector<std::vector<Row>>& schools) {
+  std::vector<std::string> head = {"What, ms"};
+  for (const auto& school : schools)
+    head.push_back(Thousands(school.front().students) + " students");
+  head.insert(head.end(), {"Growth", "Limit", "Growth of sqlite3"});
+  Head(head);
+  auto within = true;
+  const auto& smallest = schools.front();
+  const auto& largest = schools.back();
+  for (std::size_t i = 0; i < smallest.size(); ++i) {
+    if (smallest[i].libraries.empty()) continue;
+    std::vector<std::string> line = {smallest[i].what};
+    for (const auto& school : schools) line.push_back(Milliseconds(school[i].module.processor));
+    const auto growth = largest[i].module.processor / smallest[i].module.processor;
+    line.push_back(Number(growth, 2));
+    line.push_back(Limit(growth, smallest[i].opening ? kMostGrowth : 0, within));
+    line.push_back(Number(
+        largest[i].libraries.front().processor / smallest[i].libraries.front().processor, 2));
+    Line(line);
+  }
+  return within;
+}
+
+/// The two that each form has, of the forms taken together.
+void Throughput(const std::vector<Row>& rows) {
+  std::vector<std::string> head = {"Statements a second", "Statements", "Module"};
+  for (const auto& library : Libraries()) head.emplace_back(library.name);
+  Head(head);
+  for (const std::string what : {": open", ": save"}) {
+    std::size_t statements = 0;
+    double module = 0;
+    std::vector<double> libraries(Libraries().size());
+    for (const auto& row : rows) {
+      if (row.libraries.empty() || !row.what.ends_with(what)) continue;
+      statements += row.statements.size();
+      module += row.module.processor;
+      for (std::size_t i = 0; i < libraries.size(); ++i) libraries[i] += row.libraries[i].processor;
+    }
+    const auto speed = [&](double seconds) {
+      return Thousands(static_cast<int>(static_cast<double>(statements) / seconds));
+    };
+    std::vector<std::string> line = {
+        what == ": open" ? "Opening the eight grade forms and the register" : "Saving them",
+        std::to_string(statements), speed(module)};
+    for (const auto seconds : libraries) line.push_back(speed(seconds));
+    Line(line);
+  }
+}
+
+void Between(const std::vector<Row>& rows) {
+  Head({"What", "Processor, ms", "Wall, ms"});
+  for (const auto& row : rows)
+    if (row.libraries.empty())
+      Line({row.what, Number(row.module.processor * 1e3, 3), Number(row.module.wall * 1e3, 3)});
+}
+
+void Title(const std::string& title) { std::printf("\n### %s\n\n", title.c_str()); }
+
+}  // namespace
+
+bool Report(const std::vector<Row>& rows, const StatementCost& cost,
+            const std::vector<Memory>& memory) {
+  std::vector<std::vector<Row>> schools;
+  for (const auto& school : memory) schools.push_back(OfSchool(rows, school.students));
+  auto within = true;
+  for (const auto* const school : {&schools.front(), &schools.back()}) {
+    if (school == &schools.back() && schools.size() == 1) break;
+    Title(Thousands(school->front().students) + " students, processor time");
+    within = Comparison(*school, &Time::processor, true) && within;
+  }
+  const auto& largest = schools.back();
+  const auto students = Thousands(largest.front().students) + " students";
+  Title(students + ", wall time");
+  Comparison(largest, &Time::wall, false);
+  Title("Growth with the school, processor time");
+  within = Growth(schools) && within;
+  Title("Statements a second, " + students);
+  Throughput(largest);
+  Title("What a cached statement costs, " + students);
+  within = Print(cost) && within;
+  Title("What the user does between, " + students);
+  Between(largest);
+  Title("Peak memory of quorvane-guion");
+  Head({"School", "MiB"});
+  for (const auto& school : memory)
+    Line({Thousands(school.students) + " students", Number(school.mebibytes, 1)});
+  return within;
+}
+
+}  // namespace quorvane::bench

@@ -1,0 +1,205 @@
+#include "bench/StatementCost.h"
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <sqlite3.h>
+#include <unordered_map>
+#include <utility>
+
+#include "adapters/sqlite/Concatenation.h"
+#include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/NestedJoins.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/sqlite/StatementCache.h"
+#include "adapters/sqlite/StatementLifter.h"
+#include "bench/Measure.h"
+
+namespace quorvane::bench {
+namespace {
+
+constexpr int kRounds = 41;
+constexpr std::chrono::milliseconds kNoWait{0};
+
+/// Kept away from the optimizer, which would leave out what nobody uses.
+volatile std::int64_t sink = 0;
+
+/// A statement as the logic joins it, and what the adapter makes of it.
+struct Piecewise {
+  std::string text;
+  std::string lifted;
+  std::vector<std::string> pieces;  ///< one more than values
+  std::vector<std::int64_t> values;
+  sqlite::PreparedStatement* prepared = nullptr;
+  sqlite3_stmt* raw = nullptr;
+};
+
+/// A connection that does nothing with a statement.
+class NoEngine : public Connection {
+ public:
+  NoEngine() : Connection("centro") {}
+  void Open() override {}
+  void Close() override {}
+  [[nodiscard]] bool IsOpen() const override { return true; }
+  [[nodiscard]] std::string DataSource() const override { return {}; }
+
+ protected:
+  Recordset Run(const std::string& /*statement*/) override { return {}; }
+};
+
+std::vector<std::string> Split(const std::string& lifted) {
+  std::vector<std::string> pieces(1);
+  for (const auto c : lifted) {
+    if (c == '?') {
+      pieces.emplace_back();
+    } else {
+      pieces.back() += c;
+    }
+  }
+  return pieces;
+}
+
+std::string Join(const Piecewise& statement) {
+  auto text = statement.pieces.front();
+  for (std::size_t i = 0; i < statement.values.size(); ++i) {
+    text += std::to_string(statement.values[i]);
+    text += statement.pieces[i + 1];
+  }
+  return text;
+}
+
+void RunRaw(const Piecewise& statement) {
+  for (std::size_t i = 0; i < statement.values.size(); ++i)
+    sqlite3_bind_int64(statement.raw, static_cast<int>(i + 1), statement.values[i]);
+  const auto columns = sqlite3_column_count(statement.raw);
+  std::int64_t sum = 0;
+  while (sqlite3_step(statement.raw) == SQLITE_ROW) {
+    for (int i = 0; i < columns; ++i) {
+      if (sqlite3_column_type(statement.raw, i) == SQLITE_TEXT) {
+        sum += sqlite3_column_text(statement.raw, i)[0] + sqlite3_column_bytes(statement.raw, i);
+      } else {
+        sum += sqlite3_column_int64(statement.raw, i);
+      }
+    }
+  }
+  sqlite3_reset(statement.raw);
+  sink = sum;
+}
+
+void ReadColumns(Recordset& rows) {
+  std::int64_t sum = 0;
+  const auto& names = rows.Names();
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+    for (const auto& name : names) {
+      const auto& value = rows.Fields(name);
+      sum += value.IsText() ? static_cast<std::int64_t>(value.Text().size()) : value.Long();
+    }
+  }
+  sink = sum;
+}
+
+/// All the statements with all that running them takes, prepared once for each text.
+class Workload {
+ public:
+  Workload(const std::string& file, const std::vector<RecordedStatement>& statements)
+      : database_(file, SQLITE_OPEN_READWRITE, kNoWait), connection_(file, "centro"), cache_(1024) {
+    connection_.Open();
+    for (const auto& [text, rows] : statements)
+      if (text.starts_with("SELECT")) Add(text);
+  }
+
+  StatementCost Measure() {
+    StatementCost cost;
+    cost.statements = statements_.size();
+    cost.engine = Each(RunRaw);
+    cost.joining = Each([](const Piecewise& one) { sink = Join(one).back(); });
+    NoEngine none;
+    cost.connection = Each([&](const Piecewise& one) { none.Execute(one.text); });
+    cost.lifting = Each([&](const Piecewise& one) { sink = lifter_.Lift(one.text); });
+    cost.lookUp = Each([&](const Piecewise& one) { sink = cache_.Find(one.lifted) != nullptr; });
+    cost.rows =
+        Each([](const Piecewise& one) { one.prepared->Run(one.values, kNoWait); }) - cost.engine;
+    std::vector<Recordset> recordsets;
+    for (const auto& one : statements_)
+      recordsets.push_back(one.prepared->Run(one.values, kNoWait));
+    std::size_t next = 0;
+    cost.columns = Each([&](const Piecewise&) {
+      auto& rows = recordsets[next++ % recordsets.size()];
+      if (rows.RecordCount() != 0) ReadColumns(rows);
+    });
+    cost.whole = Each([&](const Piecewise& one) { connection_.Execute(one.text); });
+    return cost;
+  }
+
+ private:
+  struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+  };
+
+  void Add(const std::string& text) {
+    if (!lifter_.Lift(text)) return;
+    const auto& lifted = lifter_.Text();
+    Piecewise one{text, lifted, Split(lifted), lifter_.Values()};
+    if (one.pieces.size() != one.values.size() + 1) return;
+    one.prepared = cache_.Find(lifted);
+    if (one.prepared == nullptr) {
+      const auto engineText = sqlite::FlattenJoins(sqlite::RewriteConcatenation(lifted));
+      one.prepared =
+          &cache_.Add(lifted, sqlite::PreparedStatement(database_.Handle(), engineText, true));
+      sqlite3_stmt* raw = nullptr;
+      sqlite3_prepare_v3(database_.Handle(), engineText.c_str(), -1, SQLITE_PREPARE_PERSISTENT,
+                         &raw, nullptr);
+      raws_[lifted].reset(raw);
+    }
+    one.raw = raws_[lifted].get();
+    statements_.push_back(std::move(one));
+  }
+
+  /// Nanoseconds a statement.
+  double Each(const std::function<void(const Piecewise&)>& step) {
+    std::vector<double> rounds;
+    for (int round = 0; round < kRounds; ++round) {
+      const Watch watch;
+      for (const auto& one : statements_) step(one);
+      rounds.push_back(watch.Passed().processor * 1e9 / static_cast<double>(statements_.size()));
+    }
+    return Median(std::move(rounds));
+  }
+
+  sqlite::Database database_;
+  sqlite::SqliteConnection connection_;
+  sqlite::StatementLifter lifter_;
+  sqlite::StatementCache cache_;
+  std::unordered_map<std::string, std::unique_ptr<sqlite3_stmt, Finalizer>> raws_;
+  std::vector<Piecewise> statements_;
+};
+
+}  // namespace
+
+StatementCost MeasureStatements(const std::string& file,
+                                const std::vector<RecordedStatement>& statements) {
+  return Workload(file, statements).Measure();
+}
+
+bool Print(const StatementCost& cost) {
+  std::printf("| One of %zu SELECTs | ns | Of the engine's |\n|---|--:|--:|\n", cost.statements);
+  const auto line = [&](const char* what, double nanoseconds) {
+    std::printf("| %s | %.0f | %.2f |\n", what, nanoseconds, nanoseconds / cost.engine);
+  };
+  line("Engine: bind, step, read the columns, reset", cost.engine);
+  line("Joining the text", cost.joining);
+  line("Connection: open, trace, observer", cost.connection);
+  line("Lifting the numbers out of the text", cost.lifting);
+  line("Finding the prepared statement", cost.lookUp);
+  line("Making the recordset", cost.rows);
+  line("Reading every column by its name", cost.columns);
+  const auto within = cost.Module() <= cost.engine;
+  line(within ? "**The module's share**, at most 1.00"
+              : "**The module's share**, at most 1.00 EXCEEDED",
+       cost.Module());
+  line("For comparison: executed, from the text to the recordset", cost.whole);
+  return within;
+}
+
+}  // namespace quorvane::bench
