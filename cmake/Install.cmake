@@ -1,0 +1,93 @@
+# What `cmake --install` lays down, in two parts: `programas` for who uses the programs and
+# `desarrollo` for who writes a host. Nothing laid down names the folder it was built in.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME programas)
+set(QUORVANE_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/Quorvane)
+set(QUORVANE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/quorvane)
+
+# The module and each adapter in an export of its own, so that a host needs what it asks for alone.
+set(installed_components)
+function(install_library component target)
+  if(NOT TARGET ${target})
+    return()
+  endif()
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${component})
+  install(TARGETS ${target} EXPORT Quorvane-${component}
+          ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT desarrollo
+          INCLUDES DESTINATION ${QUORVANE_INSTALL_INCLUDEDIR})
+  install(EXPORT Quorvane-${component} NAMESPACE Quorvane:: COMPONENT desarrollo
+          DESTINATION ${QUORVANE_INSTALL_CMAKEDIR})
+  set(installed_components ${installed_components} ${component} PARENT_SCOPE)
+  # Each component's headers begin here; what they include comes along.
+  set(header_roots ${header_roots} ${ARGN} PARENT_SCOPE)
+endfunction()
+
+set(header_roots
+    frame/cAsignarDatos.h frame/cDatosSesion.h frame/cNombreNodo.h frame/schema/SchoolSchema.h
+    register/cMatProf.h
+    # The session, the connections and the host's components.
+    platform/Application.h platform/CentroApi.h platform/Connection.h platform/FormInstances.h
+    platform/FrontEnd.h platform/HostObject.h platform/ObjectFactory.h platform/PersonSearch.h
+    platform/Recordset.h platform/RuntimeError.h platform/SessionObject.h platform/SessionValues.h
+    # The models that a front end shows.
+    platform/Animation.h platform/CheckBox.h platform/ComboBox.h platform/CommandButton.h
+    platform/Form.h platform/Frame.h platform/Label.h platform/ListBox.h platform/MSFlexGrid.h
+    platform/Retivo.h platform/TabStrip.h platform/TextBox.h)
+install_library(quorvane quorvane)
+install_library(sqlite quorvane_sqlite adapters/sqlite/SqliteConnection.h)
+install_library(odbc quorvane_odbc adapters/odbc/OdbcConnection.h)
+install_library(guion quorvane_guion adapters/guion/EventPrinter.h adapters/guion/Guion.h
+                adapters/guion/Host.h adapters/guion/ScriptError.h adapters/guion/ScriptParser.h)
+install_library(qt quorvane_qt adapters/qt/FormWindow.h adapters/qt/QtFrontEnd.h)
+
+# Found when installing, not before: touching a header must not configure the project again.
+set(install_headers ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)
+set(header_destination ${QUORVANE_INSTALL_INCLUDEDIR})
+configure_file(cmake/InstallHeaders.cmake.in ${install_headers} @ONLY)
+install(SCRIPT ${install_headers} COMPONENT desarrollo)
+
+configure_package_config_file(cmake/QuorvaneConfig.cmake.in ${CMAKE_BINARY_DIR}/QuorvaneConfig.cmake
+                              INSTALL_DESTINATION ${QUORVANE_INSTALL_CMAKEDIR}
+                              NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/QuorvaneConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/QuorvaneConfig.cmake
+              ${CMAKE_BINARY_DIR}/QuorvaneConfigVersion.cmake
+        DESTINATION ${QUORVANE_INSTALL_CMAKEDIR} COMPONENT desarrollo)
+
+# The programs, and what a desktop and a shell know of each.
+set(installed_programs)
+set(man_pages)
+foreach(program quorvane-escuela quorvane-guion zendria)
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME)
+    list(APPEND installed_programs ${program})
+    list(APPEND man_pages packaging/man/${program}.1)
+    install(FILES packaging/completion/${program}
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+    install(FILES packaging/completion/_${program}
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  endif()
+endforeach()
+set(install_man ${CMAKE_BINARY_DIR}/InstallMan.cmake)
+configure_file(cmake/InstallMan.cmake.in ${install_man} @ONLY)
+install(SCRIPT ${install_man})
+if(TARGET zendria)
+  install(FILES packaging/zendria.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES adapters/qt/iconos/zendria.svg
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+  foreach(size 32 48 64 128 256)
+    install(FILES packaging/iconos/zendria-${size}.png RENAME zendria.png
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+  endforeach()
+endif()
+
+# The documents keep their folders, since they link to each other.
+install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES bench/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/bench)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.guion)
+install(FILES frame/schema/sqlite.sql frame/schema/sqlserver.sql
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane/esquema)
