@@ -33,6 +33,7 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   auto* const copy = new QPushButton("&Copiar");
   auto* const clear = new QPushButton("&Vaciar");
   auto* const close = new QPushButton("C&errar");
+  clear->setObjectName("vaciar");
   for (auto* const button : {copy, clear, close}) button->setAutoDefault(false);
 
   auto* const buttons = new QHBoxLayout;
