@@ -1,0 +1,109 @@
+#include "adapters/odbc/ConnectionString.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "platform/AsciiCase.h"
+
+namespace quorvane::odbc {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+std::string_view Trimmed(std::string_view text) {
+  const auto begin = text.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+
+/// Behind the closing brace of the value that opens at `at`; a doubled one stands for itself.
+std::size_t EndOfBraces(std::string_view text, std::size_t at) {
+  for (auto end = text.find('}', at); end != std::string_view::npos; end = text.find('}', end + 2))
+    if (end + 1 >= text.size() || text[end + 1] != '}') return end + 1;
+  return text.size();
+}
+
+std::string WithoutBraces(std::string_view value) {
+  if (value.size() < 2 || value.front() != '{' || value.back() != '}') return std::string(value);
+  std::string plain;
+  for (const auto letter : value.substr(1, value.size() - 2)) {
+    plain += letter;
+    if (plain.ends_with("}}")) plain.pop_back();
+  }
+  return plain;
+}
+
+std::string InBraces(std::string_view value) {
+  const auto plain = value.find_first_of("[]{}(),;?*=!@") == std::string_view::npos &&
+                     Trimmed(value).size() == value.size();
+  if (plain) return std::string(value);
+  std::string braced = "{";
+  for (const auto letter : value) {
+    braced += letter;
+    if (letter == '}') braced += letter;
+  }
+  return braced + "}";
+}
+
+}  // namespace
+
+ConnectionString::ConnectionString(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const auto equals = text.find('=', at);
+    if (equals == std::string_view::npos) break;
+    const auto keyword = Trimmed(text.substr(at, equals - at));
+    auto begin = text.find_first_not_of(kBlanks, equals + 1);
+    begin = std::min(begin, text.size());
+    const auto braced = begin < text.size() && text[begin] == '{';
+    const auto end =
+        std::min(text.find(';', braced ? EndOfBraces(text, begin + 1) : begin), text.size());
+    const auto value = Trimmed(text.substr(begin, end - begin));
+    const auto name = keyword.substr(std::min(keyword.find_first_not_of("; \t"), keyword.size()));
+    if (!name.empty()) entries_.push_back({std::string(name), std::string(value)});
+    at = end + 1;
+  }
+}
+
+const ConnectionString::Entry* ConnectionString::Find(std::string_view keyword) const {
+  const auto found = std::find_if(entries_.begin(), entries_.end(), [keyword](const Entry& entry) {
+    return EqualNoCase(entry.keyword, keyword);
+  });
+  return found == entries_.end() ? nullptr : &*found;
+}
+
+bool ConnectionString::Has(std::string_view keyword) const { return Find(keyword) != nullptr; }
+
+std::string ConnectionString::Value(std::string_view keyword) const {
+  const auto* const entry = Find(keyword);
+  return entry == nullptr ? std::string() : WithoutBraces(entry->value);
+}
+
+void ConnectionString::Set(std::string_view keyword, std::string_view value) {
+  for (auto& entry : entries_) {
+    if (!EqualNoCase(entry.keyword, keyword)) continue;
+    entry.value = InBraces(value);
+    return;
+  }
+  entries_.push_back({std::string(keyword), InBraces(value)});
+}
+
+void ConnectionString::Remove(std::string_view keyword) {
+  std::erase_if(entries_,
+                [keyword](const Entry& entry) { return EqualNoCase(entry.keyword, keyword); });
+}
+
+std::string ConnectionString::Text() const {
+  std::string text;
+  for (const auto& entry : entries_)
+    text += (text.empty() ? "" : ";") + entry.keyword + "=" + entry.value;
+  return text;
+}
+
+std::string ConnectionString::TextWithoutPassword() const {
+  auto shown = *this;
+  shown.Remove("PWD");
+  shown.Remove("Password");
+  return shown.Text();
+}
+
+}  // namespace quorvane::odbc

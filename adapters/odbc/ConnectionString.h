@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane::odbc {
+
+/// A connection string, "Driver=FreeTDS;Server=escuela;UID=zendria;PWD={a;b}", by its keywords,
+/// which are matched without regard to case. A value that holds a semicolon stands in braces.
+class ConnectionString {
+ public:
+  explicit ConnectionString(std::string_view text);
+
+  /// Whether a text can be one at all, rather than a file's name.
+  static bool Looks(std::string_view text) { return text.find('=') != std::string_view::npos; }
+
+  [[nodiscard]] bool Has(std::string_view keyword) const;
+  /// The value without its braces; empty when there is none.
+  [[nodiscard]] std::string Value(std::string_view keyword) const;
+  /// In the place of the one that stands, or at the end.
+  void Set(std::string_view keyword, std::string_view value);
+  void Remove(std::string_view keyword);
+
+  [[nodiscard]] std::string Text() const;
+  /// What may be shown and kept: without any password.
+  [[nodiscard]] std::string TextWithoutPassword() const;
+
+ private:
+  struct Entry {
+    std::string keyword;
+    std::string value;
+  };
+
+  [[nodiscard]] const Entry* Find(std::string_view keyword) const;
+
+  std::vector<Entry> entries_;
+};
+
+}  // namespace quorvane::odbc

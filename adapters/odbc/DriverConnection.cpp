@@ -1,0 +1,90 @@
+#include "adapters/odbc/DriverConnection.h"
+
+#include <cstdint>
+#include <memory>
+#include <sqlext.h>
+#include <utility>
+#include <vector>
+
+#include "adapters/odbc/ColumnReader.h"
+#include "adapters/odbc/DriverFailure.h"
+
+namespace quorvane::odbc {
+namespace {
+
+constexpr std::uintptr_t kLoginSeconds = 15;
+
+SQLPOINTER AsPointer(std::uintptr_t number) {
+  // The interface passes numbers where it passes pointers.
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
+}
+
+EnvironmentHandle MakeEnvironment() {
+  EnvironmentHandle environment(nullptr);
+  SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
+  return environment;
+}
+
+}  // namespace
+
+DriverConnection::DriverConnection(const std::string& connectionString, Letters letters)
+    : calls_(letters), environment_(MakeEnvironment()), connection_(environment_.Get()) {
+  if (connection_.Get() == nullptr)
+    throw DriverFailure({calls_, SQL_HANDLE_ENV, environment_.Get()});
+  SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(kLoginSeconds), 0);
+  if (!SQL_SUCCEEDED(calls_.Connect(connection_.Get(), connectionString)))
+    throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
+}
+
+DriverConnection::~DriverConnection() { SQLDisconnect(connection_.Get()); }
+
+std::string DriverConnection::Info(SQLUSMALLINT what) const {
+  std::string text;
+  return SQL_SUCCEEDED(calls_.Info(connection_.Get(), what, text)) ? text : std::string();
+}
+
+bool DriverConnection::IsDead() const {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  const auto result =
+      SQLGetConnectAttr(connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
+  return SQL_SUCCEEDED(result) && dead == SQL_CD_TRUE;
+}
+
+Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, bool typed) const {
+  std::vector<ColumnReader> columns;
+  FieldNames names;
+  for (SQLSMALLINT number = 1; number <= count; ++number) {
+    columns.emplace_back(calls_, statement, static_cast<SQLUSMALLINT>(number), typed);
+    names.push_back(columns.back().Name());
+  }
+  std::vector<Value> cells;
+  auto result = SQLFetch(statement);
+  for (; SQL_SUCCEEDED(result); result = SQLFetch(statement))
+    for (const auto& column : columns) cells.push_back(column.Read());
+  if (result != SQL_NO_DATA) throw DriverFailure({calls_, SQL_HANDLE_STMT, statement});
+  return {std::make_shared<const FieldNames>(std::move(names)), std::move(cells)};
+}
+
+Recordset DriverConnection::Execute(const std::string& text, bool typed) const {
+  const StatementHandle handle(connection_.Get());
+  auto* const statement = handle.Get();
+  if (statement == nullptr) throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
+  const auto require = [&](SQLRETURN result) {
+    if (!SQL_SUCCEEDED(result)) throw DriverFailure({calls_, SQL_HANDLE_STMT, statement});
+  };
+  // A brace in the text is the engine's, not the driver's to read.
+  SQLSetStmtAttr(statement, SQL_ATTR_NOSCAN, AsPointer(SQL_NOSCAN_ON), 0);
+  Recordset rows;
+  // Each part of the text gives rows or a count of them. All have to be asked for: a failure of
+  // a later one shows when its turn comes.
+  for (auto result = calls_.Execute(statement, text); result != SQL_NO_DATA;
+       result = SQLMoreResults(statement)) {
+    require(result);
+    SQLSMALLINT columns = 0;
+    require(SQLNumResultCols(statement, &columns));
+    if (columns > 0 && !rows.IsOpen()) rows = ReadRows(statement, columns, typed);
+  }
+  return rows;
+}
+
+}  // namespace quorvane::odbc

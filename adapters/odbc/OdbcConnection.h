@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Connection.h"
+
+namespace quorvane::odbc {
+
+class DriverConnection;
+enum class Letters;
+
+/// A connection to a school through an ODBC driver. Made closed; `Open` may throw, the constructor
+/// doesn't:
+///
+///   OdbcConnection centro("Driver=FreeTDS;Server=escuela;Database=Centro;UID=zendria;PWD=...",
+///                         "centro");
+///   centro.Open();
+///   auto rows = centro.Execute("SELECT IDAlumno FROM Alumno");
+///
+/// The text of a statement reaches the driver unchanged, but for an engine that the driver names
+/// SQLite, which gets it as the file database's own adapter would hand it. Each statement is in
+/// effect when `Execute` returns. All failures, of `Open` too, are error 0x80004005 with the
+/// driver's state, number and text; a lost connection is told as such, and is closed then. Texts
+/// are UTF-8, dates `yyyy/mm/dd`, a true bit -1. To be used by one thread at a time.
+class OdbcConnection : public Connection {
+ public:
+  /// `name` as in `Connection`: empty for one that is not traced.
+  OdbcConnection(std::string connectionString, std::string name);
+  ~OdbcConnection() override;
+  OdbcConnection(const OdbcConnection&) = delete;
+  OdbcConnection& operator=(const OdbcConnection&) = delete;
+  OdbcConnection(OdbcConnection&&) = delete;
+  OdbcConnection& operator=(OdbcConnection&&) = delete;
+
+  void Open() override;
+  void Close() override;
+  /// False as well once a statement has found the connection lost.
+  [[nodiscard]] bool IsOpen() const override;
+  /// The server's name; of a file database its file. As the string has it, or the driver once it
+  /// has been open.
+  [[nodiscard]] std::string DataSource() const override;
+
+  /// What the driver says that it reaches; false for both before the first `Open`.
+  [[nodiscard]] bool EngineIsSqlServer() const noexcept;
+  [[nodiscard]] bool EngineIsSqlite() const noexcept;
+
+ protected:
+  Recordset Run(const std::string& statement) override;
+
+ private:
+  enum class Engine { Unknown, SqlServer, Sqlite };
+
+  void Connect(Letters letters);
+  Recordset RunOnce(const std::string& text, bool typed);
+
+  std::string text_;
+  std::string dataSource_;
+  Engine engine_ = Engine::Unknown;
+  std::unique_ptr<DriverConnection> connection_;  ///< null while closed
+};
+
+}  // namespace quorvane::odbc
