@@ -1,0 +1,144 @@
+#include <exception>
+#include <iostream>
+
+#include "CodedFrontEnd.h"
+#include "CountedConnection.h"
+#include "Session.h"
+#include "frame/cAsignarDatos.h"
+#include "frame/cNombreNodo.h"
+#include "platform/Application.h"
+#include "platform/CentroApi.h"
+#include "platform/FormInstances.h"
+#include "platform/MSFlexGrid.h"
+#include "platform/Retivo.h"
+#include "platform/RuntimeError.h"
+
+namespace {
+
+using namespace quorvane;
+
+/// The host's component: here it tells the date alone.
+class Calendar : public CentroApi {
+ public:
+  std::string ObtenerHoraSistema(std::string& dataSource) override {
+    Expect(dataSource == "anfitrion", "se pregunta la hora a la máquina de la base de datos");
+    return "03/03/2025";
+  }
+};
+
+void PickGrade(Form& form, const std::string& grade) {
+  auto& grid = Usable<Retivo>(form, "rtvNotasAlumno");
+  grid.BeginEdit(1, 1);
+  const auto& list = grid.Lista(1);
+  for (std::size_t index = 0; index < list.size(); ++index)
+    if (list[index].text == grade) return grid.EndEdit(static_cast<int>(index));
+  Expect(false, "la celda ofrece " + grade);
+}
+
+void ReadTheRegister(cAsignarDatos& module, CodedFrontEnd& user) {
+  user.steps = {{"frmPendientes",
+                 [](Form& form) {
+                   Pick(form, "cboTEnsenanza", "Educación Secundaria Obligatoria");
+                   Pick(form, "cboCurso", "3º ESO");
+                   Pick(form, "cboSeccion", "3º ESO A");
+                   Press(form, "cmdAceptar");
+                 }},
+                {"frmAlumnoPendiente", [](Form& form) {
+                   const auto& students = Usable<MSFlexGrid>(form, "msgAlumnos");
+                   for (int row = 0; row < students.Rows(); ++row)
+                     std::cout << "alumno " << students.TextMatrix(row, 0) << '\n';
+                   Expect(students.Rows() == 4, "la sección tiene cuatro alumnos");
+                   Expect(students.TextMatrix(0, 0) == "Domínguez Álvarez, Marina",
+                          "la primera es Marina Domínguez");
+                   form.CloseByUser();
+                 }}};
+  module.ActivarFormulario(cNombreNodo().Pendientes);
+  Expect(user.steps.empty(), "se han abierto las dos pantallas del registro");
+}
+
+void EnterGrades(cAsignarDatos& module, CodedFrontEnd& user) {
+  user.steps = {{"frmNotaManual1",
+                 [](Form& form) {
+                   Pick(form, "cboTipoEnsenanza", "Educación Secundaria Obligatoria");
+                   Pick(form, "cboCursos", "3º ESO");
+                   Pick(form, "cboSecciones", "3º ESO A");
+                   Pick(form, "cboEvaluaciones", "2ª Evaluación");
+                   Press(form, "cmdNotaManual1(0)");
+                 }},
+                {"frmNotaManual",
+                 [](Form& form) {
+                   PickGrade(form, "7");
+                   Press(form, "cmdSiguiente");
+                   PickGrade(form, "5");
+                   Press(form, "cmdAceptar");
+                 }},
+                {"frmNotaManual1", [](Form& form) { Press(form, "cmdNotaManual1(1)"); }}};
+  module.ActivarFormulario(cNombreNodo().NotaPendientesAlumno);
+  Expect(user.steps.empty(), "el paso uno vuelve cuando se han grabado las notas");
+}
+
+void CheckRows(const std::string& file) {
+  sqlite::SqliteConnection another(file, "");
+  another.Open();
+  auto grades = another.Execute(
+      "SELECT Nota.DescripcionCorta FROM EvaluacionPte INNER JOIN AlumnoPte_MatDet ON "
+      "IDAlumnoPte_MatDet=CodAlumnoPte_MatDet INNER JOIN Alumno ON IDAlumno=CodAlumno INNER JOIN "
+      "Nota ON IDNota=EvaluacionPte.CodNota WHERE EvaluacionPte.CodNumEvaluacion=2 AND "
+      "CodMatDet=20 ORDER BY Apellido_1");
+  std::string found;
+  for (; !grades.Eof(); grades.MoveNext()) found += grades.Fields(0).Text() + ' ';
+  std::cout << "notas " << found << '\n';
+  Expect(found == "7 5 ", "las notas están en la base de datos");
+  auto locks = another.Execute("SELECT COUNT(*) FROM BloqueoPte WHERE CodUsuario=3");
+  Expect(locks.Fields(0).Long() == 0, "no queda ningún bloqueo");
+}
+
+void OutliveAFailure(cAsignarDatos& module, CountedConnection& school) {
+  school.broken = true;
+  std::string failure;
+  try {
+    module.ActivarFormulario(cNombreNodo().Pendientes);
+  } catch (const RuntimeError& error) {
+    Expect(error.Is(ErrorNumber::StatementFailed), "el fallo lleva su número");
+    failure = error.Description();
+    FormInstances::DropAll();
+  }
+  std::cout << "fallo " << failure << '\n';
+  Expect(failure == "cable suelto", "el fallo de la conexión llega al anfitrión con su texto");
+  school.broken = false;
+}
+
+void Run(const std::string& file) {
+  CodedFrontEnd user;
+  Application::Instance().UseScreen(&user);
+  Application::Instance().Objects().Register(CentroApi::kProgId,
+                                             [] { return std::make_unique<Calendar>(); });
+  CountedConnection school(file, "centro");
+  school.Open();
+  sqlite::SqliteConnection users(file, "entrada");
+  users.Open();
+  cAsignarDatos module;
+  module.ObtenerDatos(TutorSession(school, users));
+
+  ReadTheRegister(module, user);
+  OutliveAFailure(module, school);
+  EnterGrades(module, user);
+  CheckRows(file);
+  Expect(user.messages.empty(), "nadie ha visto ningún mensaje: " + user.messages);
+  std::cout << "sentencias " << school.count << '\n';
+  Expect(school.count > 100, "las sentencias pasan por la conexión del anfitrión");
+  Application::Instance().UseScreen(nullptr);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    Expect(argc == 2, "se da el fichero de la escuela");
+    Run(argv[1]);
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
+  }
+}
