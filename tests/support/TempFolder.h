@@ -10,8 +10,10 @@ namespace quorvane::test {
 /// A folder of its own for a test's files, that goes with the object.
 class TempFolder {
  public:
-  TempFolder() {
-    auto name = (std::filesystem::temp_directory_path() / "quorvane-XXXXXX").string();
+  /// In the folder for temporary files unless told where.
+  explicit TempFolder(const std::filesystem::path& in = {}) {
+    auto name =
+        ((in.empty() ? std::filesystem::temp_directory_path() : in) / "quorvane-XXXXXX").string();
     path_ = mkdtemp(name.data());
   }
   ~TempFolder() {

@@ -1,0 +1,165 @@
+#include "tests/crowd/Crowd.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/LockList.h"
+#include "apps/escuela/SchoolFile.h"
+#include "apps/escuela/SchoolGenerator.h"
+#include "tests/crowd/Member.h"
+
+namespace quorvane::test {
+namespace {
+
+/// What a process does; it never comes back.
+[[noreturn]] void BeMember(int number, const CrowdOptions& options, const std::string& school,
+                           const std::string& journal, Member::Clock::time_point until) {
+  auto status = 0;
+  try {
+    Member(number, options, school, journal).Play(until);
+  } catch (const std::exception& failure) {
+    std::cerr << "crowd: proceso " << number << ": " << failure.what() << '\n';
+    status = 1;
+  }
+  std::cerr.flush();
+  _exit(status);
+}
+
+void Fill(Connection& school, const CrowdOptions& options) {
+  std::size_t students = 0;
+  const auto* const end = options.school.data() + options.school.size();
+  if (std::from_chars(options.school.data(), end, students).ptr == end)
+    SchoolGenerator(school).Build(students, options.seed, [](std::size_t) {});
+  else
+    DemoSchool(school).Build();
+}
+
+std::map<std::string, Diary::Table> Written(const std::map<std::string, Diary::Table>& all) {
+  std::map<std::string, Diary::Table> tables;
+  for (const auto& name : Diary::Tables()) tables[name] = all.at(name);
+  return tables;
+}
+
+}  // namespace
+
+Crowd::Crowd(const CrowdOptions& options)
+    : options_(options), folder_(options.folder), school_(folder_ / "escuela.sqlite") {}
+
+std::string Crowd::JournalOf(int process) const {
+  return folder_ / ("proceso-" + std::to_string(process));
+}
+
+bool Crowd::Run() {
+  MakeSchool();
+  Play();
+  Check();
+  return violations_.empty();
+}
+
+void Crowd::MakeSchool() {
+  if (std::filesystem::exists(options_.school))
+    std::filesystem::copy_file(options_.school, school_);
+  else
+    MakeSchoolFile(school_, [this](Connection& school) { Fill(school, options_); });
+  sqlite::SqliteConnection school(school_, "");
+  school.Open();
+  school.Execute("PRAGMA journal_mode=" + options_.journalMode);
+  LockList locks(school);
+  for (const auto& publication : locks.Read()) locks.Remove(publication.id);
+  before_ = Diary::ReadAll(school);
+  Diary::Create(school);
+}
+
+void Crowd::Play() {
+  const auto until = Member::Clock::now() + std::chrono::seconds(options_.seconds);
+  std::vector<pid_t> children;
+  for (int process = 1; process <= options_.processes; ++process) {
+    const auto child = fork();
+    if (child == 0) BeMember(process, options_, school_, JournalOf(process), until);
+    if (child < 0) violations_.emplace_back("No se puede iniciar otro proceso");
+    children.push_back(child);
+  }
+  for (const auto child : children) {
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+      violations_.emplace_back("Un proceso ha terminado mal");
+  }
+}
+
+std::vector<Journal::Line> Crowd::TakeFigures(int process) {
+  constexpr std::string_view kError = "error ";
+  auto lines = Journal::Read(JournalOf(process));
+  auto& figures = figures_.emplace_back();
+  std::erase_if(lines, [&](const Journal::Line& line) {
+    if (line.kind != Journal::Kind::Figure) return false;
+    if (line.text.starts_with(kError))
+      figures.errors[line.text.substr(kError.size())] = line.number;
+    else
+      figures[line.text] = line.number;
+    return true;
+  });
+  return lines;
+}
+
+void Crowd::Check() {
+  std::vector<std::vector<Journal::Line>> journals;
+  for (int process = 1; process <= options_.processes; ++process)
+    journals.push_back(TakeFigures(process));
+  CheckFigures();
+  sqlite::SqliteConnection school(school_, "");
+  school.Open();
+  const auto whole = school.Execute("PRAGMA integrity_check").Fields(0).Text();
+  if (whole != "ok") violations_.push_back("La base de datos está dañada: " + whole);
+  const auto after = Diary::ReadAll(school);
+  const auto diary = Diary::Read(school);
+  entries_ = diary.size();
+  Deeds::Columns columns;
+  for (const auto& table : Diary::Tables()) columns[table] = Diary::Columns(school, table);
+  const Deeds deeds(diary, journals, columns);
+  Audit audit(Written(before_));
+  audit.Run(diary, deeds);
+  audit.CompareEnd(Written(after));
+  for (const auto& found : {deeds.Violations(), audit.Violations()})
+    violations_.insert(violations_.end(), found.begin(), found.end());
+  for (const auto& [name, table] : before_)
+    if (Written(after).count(name) == 0 && after.at(name) != table)
+      violations_.push_back("La tabla " + name + " ha cambiado");
+  holes_ = audit.Found();
+}
+
+void Crowd::CheckFigures() {
+  for (std::size_t process = 0; process < figures_.size(); ++process) {
+    auto& figures = figures_[process];
+    const auto name = "El proceso " + std::to_string(process + 1);
+    if (figures[kBusy] != 0)
+      violations_.push_back(name + " ha recibido " + std::to_string(figures[kBusy]) +
+                            " errores de la base de datos que no son un choque de clave");
+    if (figures[kOpenings] == 0 && options_.fault != Fault::Wait)
+      violations_.push_back(name + " no ha abierto nada");
+  }
+}
+
+void Crowd::Report(std::ostream& out) const {
+  out << options_.processes << " procesos, " << options_.seconds << " s, semilla " << options_.seed
+      << ", journal_mode=" << options_.journalMode << '\n';
+  PrintFigures(out, figures_, options_.seconds);
+  out << "Filas escritas, comprobadas una a una con los cuadernos: " << entries_
+      << "\nPor los huecos del protocolo (no son fallos):\n  materias bloqueadas dos veces: "
+      << holes_.doubleLocks
+      << "\n  bloqueos quitados con los de otra publicación del mismo número: "
+      << holes_.foreignLocks
+      << "\n  notas grabadas con bloqueo y cambiadas por quien había cargado antes: "
+      << holes_.alteredUnder << "\n  lo mismo, ya sin bloqueo: " << holes_.overwritten
+      << "\n  notas grabadas con bloqueo y quitadas por un registro abierto antes: "
+      << holes_.removedUnder
+      << "\n  notas dadas a una materia con el número de otra quitada: " << holes_.reusedNumbers
+      << '\n';
+}
+
+}  // namespace quorvane::test

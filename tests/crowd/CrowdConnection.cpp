@@ -1,0 +1,126 @@
+#include "tests/crowd/CrowdConnection.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "apps/escuela/LockList.h"
+#include "platform/RuntimeError.h"
+#include "tests/crowd/Diary.h"
+#include "tests/crowd/Grades.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr std::string_view kLeavesOutLocked = "NOT IN (SELECT CodMatDet FROM BloqueoPte";
+constexpr std::string_view kTakes = "INSERT INTO Publicacionpte  VALUES (";
+/// The first statement of a form that gives back what it has taken.
+constexpr std::string_view kGivesBack = "DELETE FROM PublicacionPte";
+constexpr std::string_view kGivesLocksBack = "DELETE FROM BloqueoPte";
+
+}  // namespace
+
+CrowdConnection::CrowdConnection(const std::string& path, std::string name, int process,
+                                 Fault fault, Journal& journal, Figures& figures)
+    : Connection(std::move(name)),
+      engine_(path, ""),
+      process_(process),
+      fault_(fault),
+      journal_(journal),
+      figures_(figures) {
+  if (fault_ == Fault::Wait) engine_.BusyWait(std::chrono::milliseconds(0));
+}
+
+void CrowdConnection::Open() {
+  if (IsOpen()) return;
+  engine_.Open();
+  Diary::Keep(engine_, process_);
+}
+
+void CrowdConnection::BeginForm(const std::string& name, bool entersGrades) {
+  saved_.clear();
+  entersGrades_ = entersGrades;
+  loads_ = true;
+  hasSaved_ = false;
+  journal_.Write(Journal::Kind::Form, Diary::Last(engine_), name);
+}
+
+void CrowdConnection::RemoveLeftovers() {
+  saved_.clear();
+  if (publication_ == 0) return;
+  journal_.Write(Journal::Kind::Technician, 0, "");
+  if (LockList(*this).Remove(std::exchange(publication_, 0))) ++figures_[kRemoved];
+}
+
+Recordset CrowdConnection::Time(const std::string& statement) {
+  using Clock = std::chrono::steady_clock;
+  const auto start = Clock::now();
+  const auto count = [&] {
+    const auto took = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start);
+    ++figures_[kStatements];
+    figures_[kLongest] = std::max(figures_[kLongest], std::int64_t{took.count()});
+  };
+  try {
+    auto rows = engine_.Execute(statement);
+    count();
+    return rows;
+  } catch (const RuntimeError&) {
+    count();
+    throw;
+  }
+}
+
+bool CrowdConnection::Swallows(const std::string& statement) const {
+  if (fault_ == Fault::Lock)
+    return statement.starts_with(kGivesBack) || statement.starts_with(kGivesLocksBack);
+  const auto update = ParseGradeUpdate(statement);
+  return fault_ == Fault::Lost && update && update->GivesGrades();
+}
+
+void CrowdConnection::NoteLoad(const std::string& statement) {
+  if (!loads_ || statement.find(kLeavesOutLocked) == std::string::npos) return;
+  loads_ = false;
+  journal_.Write(Journal::Kind::Load, Diary::Last(engine_), "");
+}
+
+void CrowdConnection::CompareSaved() {
+  for (const auto& statement : saved_)
+    if (engine_.Execute(ParseGradeUpdate(statement)->DifferingRows()).Fields(0).Long() != 0)
+      journal_.Write(Journal::Kind::Differs, Diary::Last(engine_), statement);
+  saved_.clear();
+}
+
+Recordset CrowdConnection::Run(const std::string& statement) {
+  if (IsSelect(statement)) {
+    NoteLoad(statement);
+    return Time(statement);
+  }
+  loads_ = false;
+  if (statement.starts_with(kGivesBack)) CompareSaved();
+  if (Swallows(statement)) {
+    if (fault_ == Fault::Lost) journal_.Write(Journal::Kind::Written, 1, statement);
+    return {};
+  }
+  ++figures_[kWrites];
+  auto rows = Time(statement);
+  const auto changes = engine_.Execute("SELECT changes()").Fields(0).Long();
+  journal_.Write(Journal::Kind::Written, changes, statement);
+  Note(statement);
+  return rows;
+}
+
+void CrowdConnection::Note(const std::string& statement) {
+  if (statement.starts_with(kTakes)) {
+    publication_ = std::stoi(statement.substr(kTakes.size()));
+    ++figures_[kOpenings];
+  }
+  if (statement.starts_with(kGivesLocksBack)) publication_ = 0;
+  const auto update = ParseGradeUpdate(statement);
+  const auto givesGrades = update && update->GivesGrades();
+  if (givesGrades) saved_.push_back(statement);
+  if (hasSaved_ || !(givesGrades || !entersGrades_)) return;
+  hasSaved_ = true;
+  ++figures_[kSaves];
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "tests/crowd/CrowdOptions.h"
+#include "tests/crowd/Figures.h"
+#include "tests/crowd/Journal.h"
+
+namespace quorvane::test {
+
+/// One of a process's connections to the school. It times each statement, writes into the journal
+/// what has been written, and before a form gives its locks back looks whether what it has saved is
+/// still there.
+class CrowdConnection : public Connection {
+ public:
+  /// `journal` and `figures` outlive the connection.
+  CrowdConnection(const std::string& path, std::string name, int process, Fault fault,
+                  Journal& journal, Figures& figures);
+
+  void Open() override;
+  void Close() override { engine_.Close(); }
+  [[nodiscard]] bool IsOpen() const override { return engine_.IsOpen(); }
+  [[nodiscard]] std::string DataSource() const override { return engine_.DataSource(); }
+
+  /// A grade form or the register is about to be loaded.
+  void BeginForm(const std::string& name, bool entersGrades);
+  /// Removes, from outside the forms, what one that is gone had taken and not given back.
+  void RemoveLeftovers();
+
+  /// The same school, neither timed nor in the journal.
+  [[nodiscard]] sqlite::SqliteConnection& Engine() noexcept { return engine_; }
+
+ protected:
+  Recordset Run(const std::string& statement) override;
+
+ private:
+  Recordset Time(const std::string& statement);
+  void Note(const std::string& statement);
+  void NoteLoad(const std::string& statement);
+  [[nodiscard]] bool Swallows(const std::string& statement) const;
+  void CompareSaved();
+
+  sqlite::SqliteConnection engine_;
+  int process_;
+  Fault fault_;
+  Journal& journal_;
+  Figures& figures_;
+  std::vector<std::string> saved_;  ///< the statements that gave grades, of the form that is open
+  bool entersGrades_ = false;
+  bool loads_ = false;  ///< the form is open and has read nothing yet
+  bool hasSaved_ = false;
+  int publication_ = 0;  ///< of the form that is open
+};
+
+}  // namespace quorvane::test

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorvane::test {
+
+/// Something done wrong on purpose by the first process, to see that it is found.
+enum class Fault {
+  None,
+  Grade,  ///< gives a grade on a subject that another holds
+  Lock,   ///< leaves its locks behind
+  Lost,   ///< tells that it has saved what it hasn't
+  Wait,   ///< doesn't wait for the others
+};
+
+struct CrowdOptions {
+  int processes = 8;
+  int seconds = 60;
+  std::uint64_t seed = 1;
+  std::string school = "300";  ///< "demo", a number of students to generate, or a file to copy
+  std::string journalMode = "wal";
+  std::string folder;  ///< where the school is; that for temporary files when empty
+  Fault fault = Fault::None;
+};
+
+}  // namespace quorvane::test

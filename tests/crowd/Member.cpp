@@ -1,0 +1,132 @@
+#include "tests/crowd/Member.h"
+
+#include <limits>
+#include <utility>
+
+#include "frame/cAsignarDatos.h"
+#include "platform/FormInstances.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr int kRegisterNode = 123;
+constexpr int kGradeNodes = 4;
+/// Subjects of some kinds can't be loaded by some forms, however many users there are.
+constexpr const char* kMissingColumn = "no such column: CodAlumno_MateriaDetalles";
+
+bool IsRegister(const Form& form) { return form.Name() == "frmAlumnoPendiente"; }
+
+/// The forms of step two. Those of step one bear the same names with a 1 behind.
+bool EntersGrades(const Form& form) {
+  return form.Name().starts_with("frmNota") && !form.Name().ends_with("1");
+}
+
+}  // namespace
+
+Member::Member(int number, const CrowdOptions& options, std::string school,
+               const std::string& journal)
+    : number_(number),
+      fault_(number == 1 ? options.fault : Fault::None),
+      school_(std::move(school)),
+      journal_(journal),
+      random_(options.seed * 1000 + static_cast<std::uint64_t>(number)),
+      user_(random_, history_),
+      host_(random_) {
+  user_.UseOnlooker(*this);
+  user_.Limit(std::numeric_limits<std::uint64_t>::max());
+}
+
+void Member::Play(Clock::time_point until) {
+  until_ = until;
+  while (Clock::now() < until_) UseProgram();
+  figures_[kGestures] = static_cast<std::int64_t>(user_.Gestures());
+  for (const auto& [name, count] : figures_.counts)
+    journal_.Write(Journal::Kind::Figure, count, name);
+  for (const auto& [error, times] : figures_.errors)
+    journal_.Write(Journal::Kind::Figure, times, "error " + error);
+}
+
+void Member::UseProgram() {
+  const auto open = [this](const char* name) {
+    return std::make_unique<CrowdConnection>(school_, name, number_, fault_, journal_, figures_);
+  };
+  centro_ = open("centro");
+  borrado_ = open("borrado");
+  entrada_ = open("entrada");
+  try {
+    for (auto* const connection : {centro_.get(), borrado_.get(), entrada_.get()})
+      connection->Open();
+  } catch (const RuntimeError& error) {
+    Recover(error);
+    return;
+  }
+  for (auto screens = 1 + random_.Below(8); screens > 0 && Clock::now() < until_; --screens)
+    OpenScreen();
+}
+
+void Member::OpenScreen() {
+  constexpr std::size_t kUsers = 8;
+  const auto user = random_.Chance(70) ? number_ : 1 + static_cast<int>(random_.Below(kUsers));
+  host_.SignIn({*centro_, *borrado_, *entrada_}, user);
+  const auto node = random_.Chance(5)
+                        ? kRegisterNode
+                        : kRegisterNode + 1 + static_cast<int>(random_.Below(kGradeNodes));
+  try {
+    cAsignarDatos().ActivarFormulario(static_cast<std::uint8_t>(node));
+  } catch (const RuntimeError& error) {
+    Recover(error);
+  }
+}
+
+void Member::CountError(const RuntimeError& error) {
+  const auto text = error.Description();
+  ++figures_.errors[std::to_string(error.Number()) + " " + text];
+  if (text.starts_with("UNIQUE constraint failed"))
+    ++figures_[kCollisions];
+  else if (error.Is(ErrorNumber::StatementFailed) && !text.starts_with(kMissingColumn))
+    ++figures_[kBusy];
+}
+
+void Member::Recover(const RuntimeError& error) {
+  CountError(error);
+  FormInstances::DropAll();
+  if (!centro_->IsOpen()) return;
+  try {
+    centro_->RemoveLeftovers();
+  } catch (const RuntimeError& another) {
+    CountError(another);
+  }
+}
+
+void Member::Loading(Form& form) {
+  if (IsRegister(form) || EntersGrades(form)) centro_->BeginForm(form.Name(), EntersGrades(form));
+}
+
+void Member::Opened(Form& form) {
+  if (IsRegister(form)) ++figures_[kOpenings];
+}
+
+void Member::Settle() {
+  user_.OnlyCloses(Clock::now() >= until_);
+  if (fault_ == Fault::Grade && random_.Chance(20)) GradeForeignSubject();
+}
+
+void Member::Told(const std::string& text) {
+  if (text.starts_with("En la sección y evaluación")) ++figures_[kPublished];
+  if (text.starts_with("No existen alumnos o materias")) ++figures_[kHidden];
+  if (text.starts_with("¡Atención! Existe una publicación")) ++figures_[kReadOnly];
+}
+
+void Member::GradeForeignSubject() {
+  const auto row = centro_->Execute(
+      "SELECT CodAlumnoPte_MatDet, E.CodNumEvaluacion AS Evaluacion, CodNota FROM EvaluacionPte E, "
+      "AlumnoPte_MatDet, BloqueoPte B WHERE IDAlumnoPte_MatDet=CodAlumnoPte_MatDet AND "
+      "B.CodMatDet=AlumnoPte_MatDet.CodMatDet AND B.CodNumEvaluacion=E.CodNumEvaluacion LIMIT 1");
+  if (row.Eof()) return;
+  centro_->Execute(
+      "UPDATE EvaluacionPte SET CodNota=" + std::to_string(row.Fields("CodNota").Long() + 1) +
+      " WHERE CodNumEvaluacion=" + row.Fields("Evaluacion").Text() +
+      " AND CodAlumnoPte_MatDet = " + row.Fields("CodAlumnoPte_MatDet").Text());
+}
+
+}  // namespace quorvane::test
