@@ -76,7 +76,8 @@ struct Times {
 /// time isn't measured, but its statements are recorded.
 class Player {
  public:
-  Player(const std::string& path, const Flow& flow) : session_(path), flow_(flow) {}
+  Player(const std::string& path, const Flow& flow, std::size_t runs)
+      : session_(path), flow_(flow), runs_(runs) {}
 
   std::vector<Times> Play() {
     session_.Screen().OnLoading = [this](const Form& form) {
@@ -91,7 +92,7 @@ class Player {
 
  private:
   void Open(Form& stepOne) {
-    if (times_.size() > kRuns) return stepOne.CloseByUser();
+    if (times_.size() > runs_) return stepOne.CloseByUser();
     times_.emplace_back();
     ChooseAll(stepOne, flow_);
     session_.Screen().On(flow_.stepTwo, [this](Form& stepTwo) {
@@ -123,12 +124,13 @@ class Player {
 
   Session session_;
   const Flow& flow_;
+  std::size_t runs_;
   Watch opening_;
   std::vector<Times> times_;
 };
 
 std::vector<Row> MeasureFlow(const std::string& path, const Flow& flow, int students) {
-  const auto times = Player(path, flow).Play();
+  const auto times = Player(path, flow, kRuns).Play();
   const auto& recorded = times.front();
   const auto& libraries = Libraries();
   std::vector<Time> opens, moves, lists, saves;
@@ -164,6 +166,15 @@ std::vector<Row> MeasureGrades(const BenchSchool& school, int students) {
   for (const auto& flow : kFlows)
     for (auto& row : MeasureFlow(school.Path(), flow, students)) rows.push_back(std::move(row));
   return rows;
+}
+
+bool PlayAlone(const BenchSchool& school, const std::string& form, std::size_t runs) {
+  for (const auto& flow : kFlows) {
+    if (form != flow.stepTwo) continue;
+    Player(school.Path(), flow, runs).Play();
+    return true;
+  }
+  return false;
 }
 
 }  // namespace quorvane::bench

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
 #include <vector>
 
 #include "bench/BenchSchool.h"
@@ -11,5 +13,9 @@ namespace quorvane::bench {
 /// the user can act, moving to the next entry, opening a cell's list, and
 /// saving, until step one is back.
 std::vector<Row> MeasureGrades(const BenchSchool& school, int students);
+
+/// Opens and saves one of those forms so many times and does nothing else: for a profiler. False
+/// when there is no form of that name.
+bool PlayAlone(const BenchSchool& school, const std::string& form, std::size_t runs);
 
 }  // namespace quorvane::bench

@@ -145,11 +145,12 @@ bool Report(const std::vector<Row>& rows, const StatementCost& cost,
   std::vector<std::vector<Row>> schools;
   for (const auto& school : memory) schools.push_back(OfSchool(rows, school.students));
   auto within = true;
-  for (const auto* const school : {&schools.front(), &schools.back()}) {
-    if (school == &schools.back() && schools.size() == 1) break;
-    Title(Thousands(school->front().students) + " students, processor time");
-    within = Comparison(*school, &Time::processor, true) && within;
-  }
+  const auto compare = [&](const std::vector<Row>& school) {
+    Title(Thousands(school.front().students) + " students, processor time");
+    within = Comparison(school, &Time::processor, true) && within;
+  };
+  compare(schools.front());
+  if (schools.size() > 1) compare(schools.back());
   const auto& largest = schools.back();
   const auto students = Thousands(largest.front().students) + " students";
   Title(students + ", wall time");

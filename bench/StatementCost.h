@@ -12,6 +12,7 @@ namespace quorvane::bench {
 struct StatementCost {
   std::size_t statements = 0;
   double engine = 0;      ///< binding, stepping, reading every column and resetting, nothing else
+  double fileLock = 0;    ///< what the engine takes to lock the file for each, and to free it
   double joining = 0;     ///< the text, out of its pieces and numbers
   double connection = 0;  ///< what stands before the adapter: open, trace, observer
   double lifting = 0;     ///< taking the numbers out of the text

@@ -56,20 +56,28 @@ int Run(const std::string& guion, const std::string& folder, const std::vector<i
 int main(int argc, char** argv) {
   std::vector<int> sizes;
   std::string folder = std::filesystem::exists(kMemory) ? kMemory : ".";
+  std::string form;
+  std::size_t times = 0;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
     if (argument == "--help" || argument == "-h") {
       std::printf(
-          "Uso: quorvane-bench [--carpeta CARPETA] [ALUMNOS...]\n\nMide el módulo en escuelas de "
+          "Uso: quorvane-bench [--carpeta CARPETA] [--solo FORMULARIO VECES] [ALUMNOS...]\n\nMide "
+          "el módulo en escuelas de "
           "esos tamaños (1000, 20000 y 200000 si no se dan)\njunto a las mismas sentencias en "
           "sqlite3, SQLiteCpp y Qt SQL, y escribe las tablas. Acaba con 1 si algo pasa\nde su "
           "límite.\n\n  --carpeta  dónde hacer "
           "las escuelas; /dev/shm si existe, para medir los\n             programas y no el "
-          "disco\n");
+          "disco\n  --solo     solo abre y guarda ese formulario de notas, para un perfilador\n");
       return 0;
     }
     if (argument == "--carpeta" && i + 1 < argc) {
       folder = argv[++i];
+      continue;
+    }
+    if (argument == "--solo" && i + 2 < argc) {
+      form = argv[++i];
+      times = static_cast<std::size_t>(std::max(1, std::atoi(argv[++i])));
       continue;
     }
     const auto size = std::atoi(argument.c_str());
@@ -81,6 +89,11 @@ int main(int argc, char** argv) {
   }
   if (sizes.empty()) sizes = {1000, 20000, 200000};
   try {
+    if (!form.empty()) {
+      if (PlayAlone(BenchSchool(folder, sizes.front()), form, times)) return 0;
+      std::fprintf(stderr, "No hay ningún formulario de notas %s\n", form.c_str());
+      return 2;
+    }
     const auto guion =
         std::filesystem::read_symlink("/proc/self/exe").parent_path() / "quorvane-guion";
     return Run(guion, folder, sizes);
