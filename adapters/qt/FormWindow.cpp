@@ -176,7 +176,11 @@ void FormWindow::ShowPosition() {
 
 void FormWindow::ShowFocus() {
   const auto* wanted = form_.WantsFocus();
-  if (wanted == nullptr) return;
+  if (wanted == nullptr) {
+    // A form that hid its controls for a while has taken the keyboard from all of them.
+    if (focusWidget() == nullptr) focusNextChild();
+    return;
+  }
   if (auto* view = View(*wanted)) view->Widget()->setFocus();
   form_.Focus(nullptr);
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "adapters/qt/FocusBorder.h"
 #include "adapters/qt/Units.h"
 
 namespace quorvane::qt {
@@ -21,6 +22,7 @@ constexpr int kGreatestWidth = 1100;
 
 GridTable::GridTable(QWidget* parent) : QTableView(parent) {
   setModel(&cells_);
+  ShowFocusOnBorder(*this);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setTabKeyNavigation(false);
@@ -76,9 +78,21 @@ std::vector<int> GridTable::Widths() const {
   for (std::size_t i = 0; i < columns_.size(); ++i)
     if (!columns_[i].centred && columns_[i].width > 0) plain.push_back(i);
   if (!stretch_ || plain.empty()) return widths;
+  const auto missing = [this, &widths](std::size_t i) {
+    const auto column = static_cast<int>(i);
+    return std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) -
+           widths[i];
+  };
+  auto wanted = -room;
+  for (const auto i : plain) wanted += std::max(0, missing(i));
   for (const auto i : plain) {
-    const auto cut = sizeHintForColumn(static_cast<int>(i)) - widths[i];
-    const auto share = std::clamp(cut, 0, std::max(0, room));
+    const auto share = std::clamp(-missing(i), 0, std::max(0, wanted));
+    widths[i] -= share;
+    room += share;
+    wanted -= share;
+  }
+  for (const auto i : plain) {
+    const auto share = std::clamp(missing(i), 0, std::max(0, room));
     widths[i] += share;
     room -= share;
   }

@@ -17,10 +17,14 @@ class GridTable : public QTableView {
   /// Shows the grid's cells, headings and widths, and makes its current cell the table's. Raises
   /// no signal of the selection.
   void Take(const Grid& grid);
-  /// Room that the columns leave goes to those that aren't centred, first to cut texts.
+  /// Room that the columns leave goes to those that aren't centred, first to cut texts, which take
+  /// what those columns don't need as well.
   void StretchColumns() { stretch_ = true; }
   /// A text too long for its column goes on in another line.
   void WrapTexts();
+
+  /// Hands the keyboard to the control after it, or with False before it.
+  void Leave(bool forward) { QTableView::focusNextPrevChild(forward); }
 
   /// Wide enough for all columns, within reason.
   [[nodiscard]] QSize sizeHint() const override;

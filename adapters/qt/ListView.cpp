@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <algorithm>
 
+#include "adapters/qt/FocusBorder.h"
 #include "adapters/qt/Units.h"
 
 namespace quorvane::qt {
@@ -11,6 +12,7 @@ namespace quorvane::qt {
 ListView::ListView(FormWindow& window, ListBox& list)
     : ControlView(window, list), list_(list), rows_(new QListWidget(Surface())) {
   Use(rows_);
+  ShowFocusOnBorder(*rows_);
   rows_->setUniformItemSizes(true);
   rows_->installEventFilter(this);
   connect(rows_, &QListWidget::itemSelectionChanged, this, [this] { Choose(); });

@@ -78,6 +78,11 @@ void RetivoView::EndEdit(int entry) {
 }
 
 bool RetivoView::TakesKey(const QKeyEvent& key) {
+  if (key.modifiers() & Qt::ControlModifier &&
+      (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab)) {
+    table_->Leave(key.key() == Qt::Key_Tab);
+    return true;
+  }
   const auto cell = table_->currentIndex();
   if (!Opens(cell)) return false;
   if (key.key() == Qt::Key_F2 || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {

@@ -12,7 +12,7 @@ namespace quorvane::qt {
 class GridTable;
 
 /// A table whose list cells open a list on click, F2, Enter or typing. Tab goes from one list cell
-/// to the next, the arrow keys from cell to cell.
+/// to the next, the arrow keys from cell to cell; Ctrl+Tab leaves the table at once.
 class RetivoView : public QObject, public ControlView {
  public:
   RetivoView(FormWindow& window, Retivo& retivo);

@@ -1,6 +1,9 @@
 #include <QGridLayout>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "adapters/qt/FormWindow.h"
 #include "adapters/qt/TabStripBox.h"
 #include "adapters/qt/layouts/FormLayouts.h"
 #include "adapters/qt/layouts/Stage.h"
@@ -33,8 +36,9 @@ void LayOutFrmAlumnoPendiente(Stage& stage) {
       ListPage(stage, "fraTab(1)", "Label2", "msgMaterias", Column(stage, {"cmdPropMat"})));
   // The page that lies behind is to have its room as well.
   const auto margins = pane->contentsMargins();
-  tabs->Pane()->setMinimumWidth(stage["fraTab(1)"]->sizeHint().width() + margins.left() +
-                                margins.right());
+  const auto wanted = stage["fraTab(1)"]->sizeHint().width() + margins.left() + margins.right();
+  const auto most = stage.Window().screen()->availableSize().width() * 4 / 5;
+  tabs->Pane()->setMinimumWidth(std::min(wanted, most));
   stage.Page().addWidget(tabs, 1);
   stage.Buttons({"cmdAceptar", "cmdCancelar"});
 }
