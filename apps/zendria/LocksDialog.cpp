@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "apps/zendria/FailureBox.h"
+#include "apps/zendria/FirstSize.h"
 #include "apps/zendria/NodeRunner.h"
 #include "platform/RuntimeError.h"
 
@@ -81,7 +82,7 @@ LocksDialog::LocksDialog(Connection& school, QWidget* parent)
   column->addWidget(hint);
   column->addWidget(&list_, 1);
   column->addLayout(buttons);
-  resize(760, 420);
+  TakeFirstSize(*this, {760, 420});
 
   connect(&list_, &QTreeWidget::currentItemChanged, this,
           [this] { remove_.setEnabled(Selected() != nullptr); });

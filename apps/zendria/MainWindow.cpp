@@ -13,6 +13,7 @@
 #include "adapters/qt/IconStore.h"
 #include "adapters/qt/QtFrontEnd.h"
 #include "apps/zendria/FailureBox.h"
+#include "apps/zendria/FirstSize.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/Preferences.h"
@@ -56,7 +57,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   screen_.KeepSize = [&preferences](const qt::FormWindow& form, QSize twips) {
     preferences.KeepFormSize(form.objectName(), *form.screen(), twips);
   };
-  if (!preferences_.Restore(kGeometry, *this)) resize(kFirstSize);
+  if (!preferences_.Restore(kGeometry, *this)) TakeFirstSize(*this, kFirstSize);
   ShowSession();
 }
 
@@ -229,8 +230,8 @@ StatementWindow& MainWindow::ShowStatements() {
 void MainWindow::ForgetSizes() {
   preferences_.ForgetSizes();
   showNormal();
-  resize(kFirstSize);
-  if (statements_ != nullptr) statements_->resize(StatementWindow::kFirstSize);
+  TakeFirstSize(*this, kFirstSize);
+  if (statements_ != nullptr) TakeFirstSize(*statements_, StatementWindow::kFirstSize);
   statusBar()->showMessage("Las ventanas vuelven a tener su tamaño de origen.");
 }
 

@@ -5,6 +5,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "apps/zendria/FirstSize.h"
+
 namespace quorvane::zendria {
 
 PersonSearchDialog::PersonSearchDialog(std::vector<FilteredList::Entry> people, const QString& kind,
@@ -20,7 +22,7 @@ PersonSearchDialog::PersonSearchDialog(std::vector<FilteredList::Entry> people, 
   auto* const column = new QVBoxLayout(this);
   column->addWidget(&people_, 1);
   column->addWidget(buttons);
-  resize(440, 420);
+  TakeFirstSize(*this, {440, 420});
   people_.setFocus();
 
   const auto follow = [this, accept] { accept->setEnabled(people_.Chosen().has_value()); };

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/zendria/FirstSize.h"
+
 namespace quorvane::zendria {
 namespace {
 
@@ -52,7 +54,7 @@ SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidg
   column->addWidget(&centreBox_);
   column->addWidget(buttons);
   OfferCentres({}, std::nullopt);
-  resize(520, 420);
+  TakeFirstSize(*this, {520, 420});
   list_.setFocus();
 
   const auto follow = [this, accept] { accept->setEnabled(list_.Chosen().has_value()); };

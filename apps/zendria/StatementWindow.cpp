@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "apps/zendria/FirstSize.h"
 #include "apps/zendria/TextFolding.h"
 
 namespace quorvane::zendria {
@@ -45,7 +46,7 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   column->addWidget(&filter_);
   column->addWidget(&text_, 1);
   column->addLayout(buttons);
-  resize(kFirstSize);
+  TakeFirstSize(*this, kFirstSize);
 
   connect(&filter_, &QLineEdit::textChanged, this, [this] { ShowAll(); });
   connect(copy, &QPushButton::clicked, this, [this] { CopyAll(); });
