@@ -59,6 +59,14 @@ install(FILES ${CMAKE_BINARY_DIR}/QuorvaneConfig.cmake
               ${CMAKE_BINARY_DIR}/QuorvaneConfigVersion.cmake
         DESTINATION ${QUORVANE_INSTALL_CMAKEDIR} COMPONENT desarrollo)
 
+function(install_compressed component destination)
+  set(texts ${ARGN})
+  string(MAKE_C_IDENTIFIER ${destination} name)
+  set(script ${CMAKE_BINARY_DIR}/InstallCompressed-${name}.cmake)
+  configure_file(cmake/InstallCompressed.cmake.in ${script} @ONLY)
+  install(SCRIPT ${script} COMPONENT ${component})
+endfunction()
+
 # The programs, and what a desktop and a shell know of each.
 set(installed_programs)
 set(man_pages)
@@ -73,9 +81,7 @@ foreach(program quorvane-escuela quorvane-guion zendria)
             DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
   endif()
 endforeach()
-set(install_man ${CMAKE_BINARY_DIR}/InstallMan.cmake)
-configure_file(cmake/InstallMan.cmake.in ${install_man} @ONLY)
-install(SCRIPT ${install_man})
+install_compressed(programas ${CMAKE_INSTALL_MANDIR}/man1 ${man_pages})
 if(TARGET zendria)
   install(FILES packaging/zendria.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES adapters/qt/iconos/zendria.svg
@@ -93,3 +99,12 @@ install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
         FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.guion)
 install(FILES frame/schema/sqlite.sql frame/schema/sqlserver.sql
         DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane/esquema)
+
+# What each package says of its history and its terms.
+foreach(package programas:quorvane desarrollo:quorvane-dev)
+  string(REGEX REPLACE ":.*" "" component ${package})
+  string(REGEX REPLACE ".*:" "" folder ${package})
+  set(folder ${CMAKE_INSTALL_DATAROOTDIR}/doc/${folder})
+  install_compressed(${component} ${folder} packaging/debian/changelog)
+  install(FILES packaging/debian/copyright DESTINATION ${folder} COMPONENT ${component})
+endforeach()
