@@ -4,9 +4,11 @@
 In an example, `# Se juega con:` tells the arguments, `# N.` is a step that the manual tells word
 for word, and `# =>` is a line that must come out after the command above it.
 """
+import contextlib
 import os
 import pathlib
 import re
+import sqlite3
 import subprocess
 import tempfile
 import unittest
@@ -119,6 +121,56 @@ class ExamplesTest(unittest.TestCase):
         self.assertNotEqual(problems(text.replace('"7"]', '"8"]')), [])
         self.assertNotEqual(problems(text.replace('pulsar cmdSiguiente', 'pulsar cmdNinguno')), [])
         self.assertNotEqual(problems(text.replace('--hoy 03/03/2025', '--hoy 03/03/2024')), [])
+
+
+class SampleOutputTest(unittest.TestCase):
+    """What the manual shows of a terminal is what a terminal shows."""
+
+    def test_every_sample_of_our_own_tools_is_true(self):
+        told = [(command, output) for command, output in terminal_samples(manual.Manual.read().text)
+                if command.startswith(('quorvane-', 'cat '))]
+        self.assertGreaterEqual(len(told), 7)
+        with tempfile.TemporaryDirectory() as folder:
+            make_damaged_school(os.path.join(folder, 'escuela.sqlite'))
+            for command, output in told:
+                with self.subTest(command):
+                    self.assertEqual(run_sample(folder, command, output), output)
+
+
+def terminal_samples(text):
+    """Each command behind a `$`, and the lines that stand below it."""
+    samples = []
+    for block in re.findall(r'^```\n(\$.*?)^```', text, flags=re.S | re.M):
+        for line in block.splitlines():
+            if line.startswith('$ '):
+                samples.append((line[2:], []))
+            else:
+                samples[-1][1].append(line)
+    return samples
+
+
+def run_sample(folder, command, output):
+    if command.startswith('cat '):
+        # A script that the manual shows before it is played.
+        pathlib.Path(folder, command.split()[1]).write_text('\n'.join(output) + '\n', 'utf-8')
+    if 'copia.sqlite' in command:
+        subprocess.run([SCHOOL_TOOL, 'demo', 'copia.sqlite'], cwd=folder, check=True,
+                       capture_output=True)
+    tools = [os.path.dirname(SCHOOL_TOOL), os.path.dirname(PLAYER), os.environ['PATH']]
+    ran = subprocess.run(['sh', '-c', command], cwd=folder, capture_output=True, text=True,
+                         check=False, env={**os.environ, 'PATH': os.pathsep.join(tools)})
+    return (ran.stdout + ran.stderr).splitlines()
+
+
+def make_damaged_school(path):
+    """Orphans, a double and locks without a publication, for the tool to find."""
+    subprocess.run([SCHOOL_TOOL, 'demo', path], check=True, capture_output=True)
+    with contextlib.closing(sqlite3.connect(path)) as school:
+        school.executescript(
+            "DELETE FROM Alumno WHERE Apellido_1='Ramírez';"
+            'INSERT INTO BloqueoPte VALUES (0,2,14,3,55);'
+            'INSERT INTO AlumnoPte_MatDet SELECT 900,CodAlumno,CodMatDet,3,0 FROM AlumnoPte_MatDet '
+            'WHERE IDAlumnoPte_MatDet=1;')
 
 
 def steps_before_link(text, name):
