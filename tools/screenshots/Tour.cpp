@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTableView>
 
 #include "adapters/qt/RetivoEditor.h"
@@ -109,6 +111,8 @@ void Tour::Host() {
   window_.OpenSchool(school_, kDirector);
   QApplication::processEvents();
   camera_.Take("principal", window_);
+  Menu("&Escuela", "menu-escuela");
+  Menu("&Ver", "menu-ver");
 
   guide_.OnDialog("bloqueos", [this](QWidget& dialog) {
     camera_.Take("bloqueos", dialog);
@@ -120,6 +124,16 @@ void Tour::Host() {
     dialog.close();
   });
   window_.ShowLocks();
+}
+
+void Tour::Menu(const QString& title, const QString& picture) {
+  for (auto* const action : window_.menuBar()->actions()) {
+    if (action->text() != title) continue;
+    const auto place = window_.menuBar()->actionGeometry(action).bottomLeft();
+    action->menu()->popup(window_.menuBar()->mapToGlobal(place));
+    camera_.Take(picture, window_, action->menu());
+    action->menu()->close();
+  }
 }
 
 void Tour::Register() {
@@ -246,6 +260,7 @@ void Tour::Messages() {
   ClosedYear();
   NoTable();
   RecentSchools();
+  SeveralCentres();
 }
 
 void Tour::OwnPublication() {
@@ -377,6 +392,17 @@ void Tour::RecentSchools() {
   again.show();
   QApplication::processEvents();
   camera_.Take("recientes", again);
+}
+
+void Tour::SeveralCentres() {
+  sqlite::SqliteConnection other(school_.toStdString(), "");
+  other.Open();
+  other.Execute("INSERT INTO Centro_TipoEnsenanza (CodCentro, CodTipoEnsenanza) VALUES (2,4)");
+  guide_.OnDialog("entrada", [this](QWidget& dialog) {
+    camera_.Take("entrar-centros", dialog);
+    PressKey(dialog, Qt::Key_Escape);
+  });
+  window_.OpenSchool(school_);
 }
 
 }  // namespace quorvane::screenshots

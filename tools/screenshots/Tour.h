@@ -30,6 +30,8 @@ class Tour {
   void ClosedYear();
   void NoTable();
   void RecentSchools();
+  void Menu(const QString& title, const QString& picture);
+  void SeveralCentres();
   void StepOne(const std::string& form, const QString& picture, const QString& evaluation);
   void StepTwo(const std::string& form, const QString& picture);
   void TakeList(qt::FormWindow& window, QTableView& grid, int column, const QString& picture);
