@@ -38,14 +38,17 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, in
   app.option_defaults()->group("Opciones");
   app.set_help_flag("-h,--help", "Muestra esta ayuda");
   app.add_option("--bd", line.options.bd, "Fichero del centro")->type_name("FICHERO");
-  app.add_option("--odbc", line.options.odbc, "En su lugar, cadena de conexión del centro")
+  app.add_option("--odbc", line.options.odbc, "En su lugar, cadena de conexión ODBC del centro")
       ->type_name("CADENA");
-  app.add_option("--entrada", line.options.entrada, "La base de datos con Usuario, si es otra")
+  app.add_option("--entrada", line.options.entrada,
+                 "La base de datos con Usuario, si es otra: un fichero o, con --odbc, también una "
+                 "cadena de conexión (con un signo =)")
       ->type_name("FICHERO");
   app.add_option("--usuario", host.usuario, "Usuario que abre la sesión")->type_name("N");
   app.add_option("--perfil", host.perfil, "Su perfil; 0 no tiene restricciones")->type_name("N");
   app.add_option("--centro", host.centro, "Centro de la sesión")->type_name("N");
-  app.add_flag("--sqlserver", host.sqlServer, "Sesión de SQL Server");
+  app.add_flag("--sqlserver", host.sqlServer,
+               "Sesión de SQL Server; con --odbc, lo dice el controlador");
   app.add_flag("--inactiva", inactive, "Sesión de solo consulta");
   app.add_option("--hoy", host.hoy, "Fecha que responde el anfitrión")->type_name("dd/mm/aaaa");
   app.add_option("SCRIPT", line.script, "Fichero del guion; sin él, la entrada estándar")

@@ -10,9 +10,11 @@ namespace quorvane::guion {
 struct PlayOptions {
   std::string bd;    ///< the school's file
   std::string odbc;  ///< in its place, a connection string
-  std::string
-      entrada;       ///< where `Usuario` is, as the school is given; the school itself when empty
-  HostOptions host;  ///< its `rutaBD` is filled from the above
+  /// Where `Usuario` is; the school itself when empty. A file; beside `odbc`, what holds an equals
+  /// sign is a connection string.
+  std::string entrada;
+  HostOptions
+      host;  ///< its `rutaBD` is filled from the above; `sqlServer` too where a driver tells
 };
 
 }  // namespace quorvane::guion

@@ -30,7 +30,8 @@ int PlayScript(const PlayOptions& options, std::istream& script, std::ostream& o
     auto commands = written ? std::vector<Command>() : ParseScript(script);
     const SchoolConnections school(options);
     auto session = options.host;
-    session.rutaBD = options.bd;
+    session.rutaBD = school.Place();
+    session.sqlServer = session.sqlServer || school.SqlServer();
     EventPrinter events(out);
     Host host(session, school.Connections(), RealModule(), events);
     if (!written) return Guion(std::move(commands), host, events).Play();

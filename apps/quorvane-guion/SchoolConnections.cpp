@@ -2,52 +2,62 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
-#include <vector>
 
-#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/SchoolAddress.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/AsciiCase.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::guion {
 namespace {
 
-std::unique_ptr<Connection> OpenFile(const std::string& path, const char* name) {
-  auto connection = std::make_unique<sqlite::SqliteConnection>(path, name);
-  connection->Open();
-  return connection;
+SchoolAddress CentroOf(const PlayOptions& options) {
+  return options.odbc.empty() ? SchoolAddress::File(options.bd) : SchoolAddress::Odbc(options.odbc);
 }
 
-bool IsSchoolTable(std::string_view name) {
-  const auto& tables = SchoolTables();
-  return std::any_of(tables.begin(), tables.end(),
-                     [name](const SchemaTable& table) { return EqualNoCase(table.name, name); });
+SchoolAddress EntradaOf(const PlayOptions& options) {
+  if (options.entrada.empty()) return CentroOf(options);
+  const auto isString = !options.odbc.empty() && odbc::ConnectionString::Looks(options.entrada);
+  return isString ? SchoolAddress::Odbc(options.entrada) : SchoolAddress::File(options.entrada);
+}
+
+bool HasTable(Connection& connection, const std::string& table) {
+  try {
+    connection.Execute("SELECT * FROM " + table + " WHERE 1=0");
+    return true;
+  } catch (const RuntimeError& error) {
+    // Of a table that is there and can't be read, the engine's own words say more.
+    if (!IsMissingTable(error.Description())) throw;
+    return false;
+  }
 }
 
 /// A school that lacks a table is still one, and fails where the table is asked for.
-void RequireSchool(const std::string& path) {
-  auto connection = OpenFile(path, "");
-  auto tables = connection->Execute("SELECT name FROM sqlite_master WHERE type='table'");
-  for (; !tables.Eof(); tables.MoveNext())
-    if (IsSchoolTable(tables.Fields(0).Text())) return;
-  throw RuntimeError(ErrorNumber::StatementFailed,
-                     "La base de datos " + path + " no es de ningún centro: no tiene sus tablas");
+void RequireSchool(const SchoolAddress& address) {
+  const auto connection = address.Open("");
+  const auto& tables = SchoolTables();
+  const auto any = std::any_of(tables.begin(), tables.end(), [&](const SchemaTable& table) {
+    return HasTable(*connection, table.name);
+  });
+  if (!any)
+    throw RuntimeError(
+        ErrorNumber::StatementFailed,
+        "La base de datos " + address.Shown() + " no es de ningún centro: no tiene sus tablas");
 }
 
 }  // namespace
 
 SchoolConnections::SchoolConnections(const PlayOptions& options) {
-  if (!options.odbc.empty())
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "Este programa se ha construido sin ODBC: abra el centro con --bd");
-  const auto& entrada = options.entrada.empty() ? options.bd : options.entrada;
-  RequireSchool(options.bd);
-  RequireSchool(entrada);
-  centro_ = OpenFile(options.bd, "centro");
-  borrado_ = OpenFile(options.bd, "borrado");
-  entrada_ = OpenFile(entrada, "entrada");
-  otra_ = OpenFile(options.bd, "");
+  const auto centro = CentroOf(options);
+  const auto entrada = EntradaOf(options);
+  RequireSchool(centro);
+  if (!options.entrada.empty()) RequireSchool(entrada);
+  centro_ = centro.Open("centro");
+  borrado_ = centro.Open("borrado");
+  entrada_ = entrada.Open("entrada");
+  otra_ = centro.Open("");
+  sqlServer_ = ReachesSqlServer(*centro_);
+  place_ = centro.Shown();
 }
 
 }  // namespace quorvane::guion

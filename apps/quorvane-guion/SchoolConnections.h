@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "adapters/guion/HostConnections.h"
 #include "apps/quorvane-guion/PlayOptions.h"
@@ -18,12 +19,18 @@ class SchoolConnections {
   [[nodiscard]] HostConnections Connections() const {
     return {*centro_, *borrado_, *entrada_, *otra_};
   }
+  /// What the driver says of the school's engine.
+  [[nodiscard]] bool SqlServer() const noexcept { return sqlServer_; }
+  /// The school's file, or its connection string without any password.
+  [[nodiscard]] const std::string& Place() const noexcept { return place_; }
 
  private:
   std::unique_ptr<Connection> centro_;
   std::unique_ptr<Connection> borrado_;
   std::unique_ptr<Connection> entrada_;
   std::unique_ptr<Connection> otra_;
+  bool sqlServer_ = false;
+  std::string place_;
 };
 
 }  // namespace quorvane::guion

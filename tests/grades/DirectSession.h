@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "platform/FrontEnd.h"
 #include "tests/grades/GradeSchool.h"
 #include "tests/grades/Statements.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane {
 class ComboBox;
@@ -66,7 +66,7 @@ class DirectSession {
   SilentScreen screen;
 
  private:
-  sqlite::SqliteConnection centro_;
+  TestConnection centro_;
   Lines statements_;
 };
 

@@ -1,7 +1,7 @@
 #include "tests/grades/GradeSchool.h"
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/LockList.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -48,7 +48,7 @@ std::string GradeSchool::Stored(int pendiente, int evaluacion) const {
 }
 
 std::vector<std::string> GradeSchool::Locks() const {
-  sqlite::SqliteConnection connection(Path(), "");
+  TestConnection connection(Path(), "");
   connection.Open();
   std::vector<std::string> lines;
   for (const auto& publication : LockList(connection).Read()) {
@@ -61,7 +61,7 @@ std::vector<std::string> GradeSchool::Locks() const {
 }
 
 void GradeSchool::RemoveLocks() const {
-  sqlite::SqliteConnection connection(Path(), "");
+  TestConnection connection(Path(), "");
   connection.Open();
   LockList locks(connection);
   for (const auto& publication : locks.Read()) locks.Remove(publication.id);

@@ -7,6 +7,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/TestConnection.h"
+
 namespace quorvane::test {
 
 RunningGuion::RunningGuion(const GradeSchool& school, int usuario, int perfil,
@@ -15,6 +17,8 @@ RunningGuion::RunningGuion(const GradeSchool& school, int usuario, int perfil,
   std::ofstream(scriptFile_) << script;
   const auto user = std::to_string(usuario);
   const auto profile = std::to_string(perfil);
+  const auto* const option = ThroughOdbc() ? "--odbc" : "--bd";
+  const auto place = ThroughOdbc() ? OdbcString(school.Path()) : school.Path();
   int ends[2];
   if (pipe(ends) != 0) throw std::runtime_error("pipe");
   process_ = fork();
@@ -22,7 +26,7 @@ RunningGuion::RunningGuion(const GradeSchool& school, int usuario, int perfil,
     dup2(ends[1], STDOUT_FILENO);
     close(ends[0]);
     close(ends[1]);
-    execl(QUORVANE_GUION, QUORVANE_GUION, "--bd", school.Path().c_str(), "--usuario", user.c_str(),
+    execl(QUORVANE_GUION, QUORVANE_GUION, option, place.c_str(), "--usuario", user.c_str(),
           "--perfil", profile.c_str(), scriptFile_.c_str(), nullptr);
     _exit(127);
   }

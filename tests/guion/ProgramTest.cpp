@@ -155,10 +155,31 @@ TEST_F(TheProgram, TheDatabaseWithUsuarioMayBeAnother) {
   EXPECT_EQ(Program("--bd " + school.Path() + " --entrada /no/hay/tal.sqlite").status, 2);
 }
 
-TEST_F(TheProgram, SaysThatItHasNoOdbc) {
-  const auto ended = Program("--odbc DSN=centro");
+TEST_F(TheProgram, PlaysThroughAnOdbcDriver) {
+  const auto script = File("sql \"SELECT COUNT(*) FROM Alumno\"\nnodo 123\ncerrar\n");
+  const auto byFile = Program("--bd " + school.Path() + " " + script);
+  const auto byDriver = Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script);
+  EXPECT_EQ(byDriver.status, 0);
+  EXPECT_EQ(byDriver.printed, byFile.printed);
+}
+
+TEST_F(TheProgram, TakesTheUsersFromAnotherConnectionString) {
+  const auto string = "'Driver=SQLite3;Database=" + school.Path() + "'";
+  for (const auto& entrada : {string, school.Path()})
+    EXPECT_EQ(
+        Program("--odbc " + string + " --entrada " + entrada + " " + File("nodo 11\n")).status, 0);
+  const auto ended = Program("--odbc " + string + " --entrada 'Driver=SQLite3;Database=/no/hay'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.printed.find("sin ODBC"), std::string::npos);
+  EXPECT_NE(ended.printed.find("No se puede conectar"), std::string::npos) << ended.printed;
+}
+
+TEST_F(TheProgram, TellsADriverThatIsNotThereWithoutThePassword) {
+  const auto ended = Program("--odbc 'DSN=no_hay_tal;PWD=secreto'");
+  EXPECT_EQ(ended.status, 2);
+  EXPECT_NE(ended.printed.find("No se puede conectar con la base de datos: [IM002] "),
+            std::string::npos)
+      << ended.printed;
+  EXPECT_EQ(ended.printed.find("secreto"), std::string::npos) << ended.printed;
 }
 
 TEST_F(TheProgram, SqlPrintsRowsOfEveryKind) {

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "platform/Form.h"
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
 #include "tests/support/SmallSchool.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 
@@ -52,7 +52,7 @@ class DirectSession {
   std::vector<std::string> statements;
 
  private:
-  sqlite::SqliteConnection centro_;
+  TestConnection centro_;
 };
 
 }  // namespace quorvane::test

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/register/RegisterScript.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -101,7 +102,8 @@ TEST(RegisterBadInput, AMissingTableOrColumnIsTheEnginesError) {
         "ALTER TABLE Materia RENAME COLUMN Optativa TO Otra",
         "ALTER TABLE Alumno RENAME COLUMN Apellido_2 TO Otra"}) {
     const auto run = OpenAfter(damage, "nodo 123\npulsar cmdCancelar\n");
-    EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("-2147467259 no such "))) << run.Text();
+    EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("-2147467259 " + EngineText("no such "))))
+        << run.Text();
     // The program lives: the screen opens again.
     EXPECT_THAT(run.After("pulsar cmdCancelar"),
                 ElementsAre("descarga frmPendientes", "vuelve 123"));
@@ -112,7 +114,8 @@ TEST(RegisterBadInput, AMissingTableOfTheChoiceIsTheEnginesError) {
   const SmallSchool school;
   school.Sql("DROP TABLE Centro_TipoEnsenanza");
   const auto run = RunScript(school, "nodo 123\n");
-  EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("-2147467259 no such table")));
+  EXPECT_THAT(run.Of("error"),
+              ElementsAre(StartsWith("-2147467259 " + EngineText("no such table"))));
   EXPECT_EQ(run.status, 1);
 }
 

@@ -1,7 +1,6 @@
 // The components of the register on their own.
 #include <gmock/gmock.h>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "register/Centro.h"
@@ -11,6 +10,7 @@
 #include "register/RegisterWriter.h"
 #include "register/ResumeNext.h"
 #include "tests/support/SmallSchool.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -115,7 +115,7 @@ class RegisterWriterTest : public testing::Test {
   }
 
   SmallSchool school;
-  sqlite::SqliteConnection centro;
+  TestConnection centro;
   std::vector<std::string> statements;
 };
 

@@ -1,7 +1,6 @@
 // The person search with the components of a host that shortens names or is in trouble.
 #include <gmock/gmock.h>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
@@ -9,6 +8,7 @@
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmPropMatProf.h"
 #include "tests/register/DirectSession.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -75,7 +75,7 @@ TEST(TeacherSearch, IsHandedTheConnectionsTheSessionAndTheKindOfPerson) {
     Use<NotingSearch>();
     NotingSearch::told.clear();
     auto& configuracion = cConfiguracion::Instancia();
-    sqlite::SqliteConnection borrado(session.school.Path(), "borrado");
+    TestConnection borrado(session.school.Path(), "borrado");
     configuracion.conLocalBorradoCentro = &borrado;
     configuracion.Activa = activa;
     Search(session, [] {});

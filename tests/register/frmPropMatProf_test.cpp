@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/register/RegisterScript.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -119,9 +120,8 @@ TEST(FrmPropMatProf, AFailedStatementIsToldAndChangesNothing) {
 TEST(FrmPropMatProf, AMissingTableIsToldWithTheEnginesText) {
   const SmallSchool school;
   const auto run = RunScript(school, kTeacher + "sql \"DROP TABLE Personal\"\n" + Choose(2));
-  EXPECT_THAT(
-      run.Of("mensaje"),
-      ElementsAre(HasSubstr(R"("ERROR al consultar la base de datos.\rno such table: Personal")")));
+  EXPECT_THAT(run.Of("mensaje"), ElementsAre(HasSubstr("\"ERROR al consultar la base de datos.\\r" +
+                                                       EngineText("no such table: Personal"))));
 }
 
 TEST(FrmPropMatProf, ADetailWithoutARowIsInsertedWithItsTeacherByTheFirstSave) {

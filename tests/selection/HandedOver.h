@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/ComboBox.h"
@@ -12,6 +11,7 @@
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 
@@ -90,8 +90,8 @@ class HandedOver : public ::testing::Test {
   }
 
   PendingSchool school;
-  sqlite::SqliteConnection centro;
-  sqlite::SqliteConnection entrada;
+  TestConnection centro;
+  TestConnection entrada;
   Hands hands;
 };
 

@@ -5,14 +5,14 @@
 
 #include "apps/quorvane-guion/PlayScript.h"
 #include "frame/modGeneral.h"
+#include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
 
 guion::PlayOptions PlayOptions(const TestSchool& school, const ScriptOptions& options) {
   guion::PlayOptions play;
-  play.bd = school.Path();
-  play.entrada = options.entrada;
+  PlayOn(play, school.Path(), options.entrada);
   play.host.usuario = options.usuario;
   play.host.perfil = options.perfil;
   play.host.centro = options.centro;

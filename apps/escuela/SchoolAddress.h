@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Connection.h"
+
+namespace quorvane {
+
+/// Where a school is: in a file, or behind an ODBC connection string.
+class SchoolAddress {
+ public:
+  enum class Access {
+    ReadOnly,  ///< of a file; what an ODBC login may do is the server's to say
+    ReadWrite,
+  };
+
+  static SchoolAddress File(std::string path) { return {std::move(path), false}; }
+  static SchoolAddress Odbc(std::string connectionString) {
+    return {std::move(connectionString), true};
+  }
+
+  [[nodiscard]] bool IsOdbc() const noexcept { return odbc_; }
+  [[nodiscard]] const std::string& Text() const noexcept { return text_; }
+  /// What may be shown and kept: the file, or the string without any password.
+  [[nodiscard]] std::string Shown() const;
+
+  /// A connection that is still closed. `name` as in `Connection`.
+  [[nodiscard]] std::unique_ptr<Connection> Connect(const std::string& name,
+                                                    Access access = Access::ReadWrite) const;
+  /// One that is open. Error 0x80004005 with a text in Spanish when that fails.
+  [[nodiscard]] std::unique_ptr<Connection> Open(const std::string& name,
+                                                 Access access = Access::ReadWrite) const;
+
+ private:
+  SchoolAddress(std::string text, bool odbc) : text_(std::move(text)), odbc_(odbc) {}
+
+  std::string text_;
+  bool odbc_;
+};
+
+/// Whether an open connection says that it reaches SQL Server: statements on flags differ there.
+bool ReachesSqlServer(const Connection& connection);
+
+/// Whether a statement failed because its table is not there.
+bool IsMissingTable(const std::string& description);
+
+}  // namespace quorvane

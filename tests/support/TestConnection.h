@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "apps/quorvane-guion/PlayOptions.h"
+#include "platform/Connection.h"
+
+namespace quorvane::test {
+
+/// Whether the tests reach their schools through ODBC: QUORVANE_PRUEBAS_ODBC=1 in the environment.
+/// The module must not see a difference, so the same tests run either way.
+bool ThroughOdbc();
+
+/// The connection string of a school in a file, which need not survive the machine.
+std::string OdbcString(const std::string& path);
+
+/// The school to play a script on, and the database with `Usuario` unless that is empty.
+void PlayOn(guion::PlayOptions& options, const std::string& path, const std::string& entrada);
+
+/// How the file database's error text begins by that adapter: through a driver its state stands
+/// before it.
+std::string EngineText(const std::string& text);
+
+/// A connection for the module to a school in a file, by the adapter that the tests run on.
+class TestConnection : public Connection {
+ public:
+  TestConnection(const std::string& path, const std::string& name);
+
+  void Open() override { inner_->Open(); }
+  void Close() override { inner_->Close(); }
+  [[nodiscard]] bool IsOpen() const override { return inner_->IsOpen(); }
+  [[nodiscard]] std::string DataSource() const override { return inner_->DataSource(); }
+
+ protected:
+  Recordset Run(const std::string& statement) override { return inner_->Execute(statement); }
+
+ private:
+  std::unique_ptr<Connection> inner_;  ///< without a name: this one is traced
+};
+
+}  // namespace quorvane::test
