@@ -10,7 +10,7 @@ EXAMPLES = ROOT / 'docs' / 'ejemplos'
 MODULE_CALLS = ('MessageBox(', 'BeepAndMessage(', 'MostrarAnimacion(')
 MODULE_FOLDERS = ('register', 'selection', 'grades', 'frame')
 HOST_FOLDERS = ('apps/zendria',)
-HOST_CALLS = ('SchoolError(', 'QMessageBox box(', 'setInformativeText(')
+HOST_CALLS = ('SchoolError(', 'QMessageBox box(', 'setInformativeText(', 'showMessage(')
 # In these the texts of a box are told apart from where it is shown.
 HOST_WHOLE_FILES = ('FailureBox.cpp', 'NodeRunner.cpp')
 TOOL_FILES = ('apps/escuela/SchoolCheck.cpp', 'apps/quorvane-escuela/Commands.cpp')
@@ -73,6 +73,13 @@ def module_messages():
         for text in texts:
             found.setdefault(text.strip(), set()).add(path.stem)
     return found
+
+
+def messages_by_name():
+    """The sources that show a text which isn't a literal where it is shown."""
+    return {path.stem for path, code in sources(MODULE_FOLDERS)
+            for call in ('MessageBox(', 'BeepAndMessage(', 'MostrarAnimacion(')
+            for inside in arguments(code, call) if not literals(inside)}
 
 
 def host_messages():

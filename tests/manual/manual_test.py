@@ -14,6 +14,13 @@ class MessagesTest(unittest.TestCase):
         self.assertGreater(len(messages), 25)
         self.assertEqual(self.manual.lacks(messages), [])
 
+    def test_no_message_of_the_module_escapes_the_reader(self):
+        routines_told_the_text = {'Carga', 'Intentos'}
+        text_that_is_not_there = {'frmNotaSeccionAlumno1', 'frmNotaSeccionMateria1'}
+        self.assertEqual(manual.messages_by_name(),
+                         routines_told_the_text | text_that_is_not_there)
+        self.assertTrue(self.manual.holds('No se encuentra el recurso con el identificador 28001'))
+
     def test_every_message_of_the_host_stands_in_it(self):
         messages = manual.host_messages()
         self.assertGreater(len(messages), 10)
