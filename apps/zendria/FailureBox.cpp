@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "apps/zendria/CopyButton.h"
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/SchoolError.h"
 
@@ -11,35 +12,40 @@ namespace {
 
 constexpr int kMissingShown = 12;
 
-void Run(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& more) {
+void Run(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& more,
+         const QString& details = {}) {
   QMessageBox box(icon, "Zendria Escuela", text, QMessageBox::NoButton, parent);
   box.setObjectName("aviso");
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.setInformativeText(more);
-  box.setDefaultButton(box.addButton("&Aceptar", QMessageBox::AcceptRole));
+  if (!details.isEmpty()) AddCopyButton(box, details);
+  auto* const accept = box.addButton("&Aceptar", QMessageBox::AcceptRole);
+  box.setDefaultButton(accept);
+  box.setEscapeButton(accept);
   box.exec();
-}
-
-QString Heading(const Failure& failure) {
-  return failure.number ? QStringLiteral("Error %1: %2").arg(*failure.number).arg(failure.text)
-                        : QStringLiteral("Error inesperado: %1").arg(failure.text);
 }
 
 }  // namespace
 
-void ShowProblem(QWidget* parent, const Failure& failure) {
-  Run(parent, QMessageBox::Critical, Heading(failure), Advice(failure));
+QString FailureHeading(const Failure& failure) {
+  return failure.number ? QStringLiteral("Error %1: %2").arg(*failure.number).arg(failure.text)
+                        : QStringLiteral("Error inesperado: %1").arg(failure.text);
 }
 
-void ShowFailure(QWidget* parent, const Failure& failure) {
+void ShowProblem(QWidget* parent, const Failure& failure) {
+  Run(parent, QMessageBox::Critical, FailureHeading(failure), Advice(failure));
+}
+
+void ShowFailure(QWidget* parent, const Failure& failure, const QString& details) {
   const QString kept =
       "La pantalla se ha cerrado. Lo que ya se había escrito en la base de datos sigue en ella, y "
       "puede volver a abrir la pantalla.\n\n";
   const QString locks =
       "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: véalas en "
       "el menú Ver, Publicaciones y bloqueos.";
-  Run(parent, QMessageBox::Critical, Heading(failure), kept + Advice(failure) + locks);
+  Run(parent, QMessageBox::Critical, FailureHeading(failure), kept + Advice(failure) + locks,
+      details);
 }
 
 void ShowSchoolError(QWidget* parent, const SchoolError& error) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class QWidget;
 
 namespace quorvane::zendria {
@@ -7,8 +9,12 @@ namespace quorvane::zendria {
 struct Failure;
 class SchoolError;
 
-/// Tells the user what ended a screen, what stayed in the database and what to do.
-void ShowFailure(QWidget* parent, const Failure& failure);
+/// "Error 6: " and the runtime's text, or what stands for that.
+QString FailureHeading(const Failure& failure);
+
+/// Tells the user what ended a screen, what stayed in the database and what to do. `details` is
+/// what a button of the box puts on the clipboard.
+void ShowFailure(QWidget* parent, const Failure& failure, const QString& details);
 
 /// Tells what went wrong in a window of the host's own, and what to do.
 void ShowProblem(QWidget* parent, const Failure& failure);

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <functional>
 
+#include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/NodeRunner.h"
@@ -44,6 +45,7 @@ bool Agrees(QWidget* parent, const LockList::Publication& publication) {
 
 bool Succeeds(QWidget* parent, const std::function<void()>& work) {
   try {
+    const BusyCursor busy;
     work();
     return true;
   } catch (const RuntimeError& error) {

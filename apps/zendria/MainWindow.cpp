@@ -12,6 +12,7 @@
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/IconStore.h"
 #include "adapters/qt/QtFrontEnd.h"
+#include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/LocksDialog.h"
@@ -22,6 +23,7 @@
 #include "apps/zendria/Session.h"
 #include "apps/zendria/SignInDialog.h"
 #include "apps/zendria/StatementWindow.h"
+#include "apps/zendria/SupportDetails.h"
 #include "platform/Application.h"
 
 namespace quorvane::zendria {
@@ -99,6 +101,7 @@ bool MainWindow::OpenSchool(const QString& file, std::optional<std::int32_t> use
   if (nodeOpen_) return false;
   std::unique_ptr<School> school;
   try {
+    const BusyCursor busy;
     school = std::make_unique<School>(file);
   } catch (const SchoolError& error) {
     ShowSchoolError(this, error);
@@ -142,7 +145,7 @@ void MainWindow::OpenNode(std::uint8_t node) {
     failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
   Working({});
-  if (failure) ShowFailure(this, *failure);
+  if (failure) ShowFailure(this, *failure, SupportDetails(*failure, entry->title, log_));
   page_.setFocus();
 }
 

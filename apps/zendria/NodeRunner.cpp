@@ -17,6 +17,9 @@ Failure CleanUp(Failure failure) {
   return failure;
 }
 
+/// Drivers put the state before their text; those of the class 08 tell of the connection.
+bool TellsOfTheConnection(const QString& text) { return text.contains("[08"); }
+
 }  // namespace
 
 std::optional<Failure> OpenNode(std::uint8_t node,
@@ -37,6 +40,14 @@ QString Advice(const Failure& failure) {
   const auto is = [&failure](ErrorNumber number) {
     return failure.number == static_cast<std::int32_t>(number);
   };
+  const auto lost = is(ErrorNumber::StatementFailed) && TellsOfTheConnection(failure.text);
+  if (lost || is(ErrorNumber::ObjectClosed))
+    return "Se ha perdido la conexión con la base de datos. Compruebe la red y que el servidor "
+           "está "
+           "en marcha, y vuelva a abrir la escuela.";
+  if (is(ErrorNumber::StatementFailed) && failure.text.contains("database is locked"))
+    return "Otra persona u otro programa tenía ocupada la base de datos. Espere un momento, vuelva "
+           "a abrir la pantalla y repita lo que falte.";
   if (is(ErrorNumber::StatementFailed))
     return "La base de datos ha rechazado una operación. Compruebe que el fichero de la escuela "
            "sigue en su sitio, que se puede escribir en él y que queda espacio en el disco.";
@@ -47,6 +58,13 @@ QString Advice(const Failure& failure) {
       is(ErrorNumber::DuplicateKey))
     return "A la base de datos le falta un dato que esta pantalla necesita, o lo tiene repetido. "
            "Compruebe la escuela con «quorvane-escuela comprobar».";
+  if (is(ErrorNumber::InvalidCall))
+    return "La pantalla buscaba un alumno o una materia que ya no está; quizá otra persona lo "
+           "quitó. "
+           "Vuelva a abrir la pantalla y repita lo que falte.";
+  if (is(ErrorNumber::MissingResource))
+    return "A la aplicación le falta un texto. En el paso 1 de las notas quiere decir que hoy no "
+           "está entre las fechas fijadas para poner notas: pregunte a la dirección.";
   return "Anote el número y el texto del error y avise a quien mantiene la aplicación.";
 }
 

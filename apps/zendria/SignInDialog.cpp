@@ -26,7 +26,7 @@ SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidg
     : QDialog(parent),
       users_(std::move(users)),
       list_(Entries(users_), "Escriba su nombre"),
-      centreLabel_("C&entro en el que trabaja") {
+      centreLabel_("Cen&tro en el que trabaja") {
   setObjectName("entrada");
   setWindowTitle("Entrar en la escuela");
   auto* const heading = new QLabel(school);

@@ -1,0 +1,37 @@
+#include "apps/zendria/SupportDetails.h"
+
+#include <QDateTime>
+#include <QStringList>
+#include <QSysInfo>
+#include <algorithm>
+
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/StatementLog.h"
+#include "platform/Application.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr std::ptrdiff_t kStatements = 12;
+
+}  // namespace
+
+QString SupportDetails(const Failure& failure, const QString& screen, const StatementLog& log) {
+  const auto version = Application::Instance().Version();
+  QStringList lines{QStringLiteral("Zendria Escuela %1.%2.%3 (%4)")
+                        .arg(version.major)
+                        .arg(version.minor, 2, 10, QLatin1Char('0'))
+                        .arg(version.revision, 4, 10, QLatin1Char('0'))
+                        .arg(QSysInfo::prettyProductName()),
+                    "Fecha: " + QDateTime::currentDateTime().toString("dd/MM/yyyy hh:mm:ss"),
+                    "Pantalla: " + screen, FailureHeading(failure)};
+  const auto& statements = log.Lines();
+  if (!statements.empty()) lines.append("Últimas sentencias:");
+  const auto count = std::min(kStatements, std::ssize(statements));
+  for (auto line = statements.end() - count; line != statements.end(); ++line)
+    lines.append(line->when.toString("hh:mm:ss.zzz  ") + line->Text());
+  return lines.join(u'\n') + u'\n';
+}
+
+}  // namespace quorvane::zendria
