@@ -96,7 +96,7 @@ endif()
 install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES bench/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/bench)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
-        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.guion)
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.guion)
 install(FILES frame/schema/sqlite.sql frame/schema/sqlserver.sql
         DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane/esquema)
 

@@ -23,13 +23,15 @@ set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_NAME quorvane)
 set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PROGRAMAS_DESCRIPTION "registro y notas de las materias pendientes
-Quorvane lleva las materias pendientes de un centro escolar: qué alumnos deben qué materias de un
-curso anterior, en qué evaluaciones se califican y quién las califica; y deja que tutores y
-profesores introduzcan las notas, evaluación por evaluación, sin estorbarse.
+Quorvane lleva las materias pendientes de un centro escolar: qué alumnos
+deben qué materias de un curso anterior, en qué evaluaciones se califican y
+quién las califica; y deja que tutores y profesores introduzcan las notas,
+evaluación por evaluación, sin estorbarse.
 .
-Trae la aplicación de escritorio zendria, las herramientas quorvane-escuela, que crea, comprueba y
-arregla bases de datos de centros, y quorvane-guion, que hace el trabajo de las pantallas desde un
-guion. La base de datos es un fichero o un SQL Server.")
+Trae la aplicación de escritorio zendria y dos herramientas:
+quorvane-escuela crea, comprueba y arregla bases de datos de centros, y
+quorvane-guion hace el trabajo de las pantallas desde un guion. La base de
+datos es un fichero o un SQL Server.")
 if(TARGET zendria)
   # What the programs load while running, which no linker sees: the reader of the drawn icons.
   set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_DEPENDS libqt6svg6)
@@ -40,11 +42,12 @@ set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_SUGGESTS "tdsodbc, libsqliteodbc, man-db, sql
 set(CPACK_DEBIAN_DESARROLLO_PACKAGE_NAME quorvane-dev)
 set(CPACK_DEBIAN_DESARROLLO_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DESARROLLO_DESCRIPTION "biblioteca de materias pendientes, para aplicaciones propias
-La biblioteca con la que una aplicación escolar abre en su propio proceso las pantallas de materias
-pendientes, con sus cabeceras y lo que CMake necesita para encontrarla.
+La biblioteca con la que una aplicación escolar abre en su propio proceso
+las pantallas de materias pendientes, con sus cabeceras y lo que CMake
+necesita para encontrarla.
 .
-Los adaptadores son componentes: SQLite, ODBC, las pantallas con Qt 6 y los guiones. Cada uno
-necesita, para enlazarse, la biblioteca que lleva su nombre.")
+Los adaptadores son componentes: SQLite, ODBC, las pantallas con Qt 6 y los
+guiones. Cada uno necesita, para enlazarse, la biblioteca de su nombre.")
 set(CPACK_DEBIAN_DESARROLLO_PACKAGE_RECOMMENDS "g++, cmake (>= 3.25), libsqlite3-dev")
 set(CPACK_DEBIAN_DESARROLLO_PACKAGE_SUGGESTS "qt6-base-dev, unixodbc-dev, quorvane (= ${PROJECT_VERSION})")
 
