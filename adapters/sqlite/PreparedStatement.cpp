@@ -1,5 +1,6 @@
 #include "adapters/sqlite/PreparedStatement.h"
 
+#include <algorithm>
 #include <sqlite3.h>
 #include <string_view>
 #include <utility>
@@ -24,18 +25,21 @@ class Reset {
   sqlite3_stmt* statement_;
 };
 
-Value ReadCell(sqlite3_stmt* statement, int column) {
+void AppendCell(std::vector<Value>& cells, sqlite3_stmt* statement, int column) {
   switch (sqlite3_column_type(statement, column)) {
     case SQLITE_INTEGER:
-      return Value(std::int64_t{sqlite3_column_int64(statement, column)});
+      cells.emplace_back(std::int64_t{sqlite3_column_int64(statement, column)});
+      break;
     case SQLITE_FLOAT:
-      return Value(sqlite3_column_double(statement, column));
+      cells.emplace_back(sqlite3_column_double(statement, column));
+      break;
     case SQLITE_NULL:
-      return {};
+      cells.emplace_back();
+      break;
     default: {  // a blob's bytes are taken as a text
       const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
       const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
-      return bytes == nullptr ? Value(std::string()) : Value(std::string(bytes, size));
+      cells.emplace_back(bytes == nullptr ? std::string() : std::string(bytes, size));
     }
   }
 }
@@ -53,6 +57,9 @@ std::string FieldName(std::string_view name, std::string_view statement) {
       !number.empty() && number.find_first_not_of("0123456789") == std::string_view::npos;
   return std::string(numbered ? name.substr(0, colon) : name);
 }
+
+// What one long list has needed shall not be taken for each short one.
+constexpr std::size_t kMostExpectedCells = 1024;
 
 constexpr std::string_view kBlank = " \t\r\n;";
 
@@ -98,10 +105,12 @@ int PreparedStatement::Step(std::vector<Value>& cells) {
   auto result = sqlite3_step(statement);
   // The engine prepares a statement anew when the tables have changed: `*` may give others now.
   if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0) != preparations_) ReadNames();
-  for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
-    const auto count = sqlite3_column_count(statement);
-    for (int i = 0; i < count; ++i) cells.push_back(ReadCell(statement, i));
-  }
+  const auto columns = sqlite3_column_count(statement);
+  if (result == SQLITE_ROW)
+    cells.reserve(std::max(static_cast<std::size_t>(columns), expectedCells_));
+  for (; result == SQLITE_ROW; result = sqlite3_step(statement))
+    for (int i = 0; i < columns; ++i) AppendCell(cells, statement, i);
+  expectedCells_ = std::min(cells.size(), kMostExpectedCells);
   return result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -36,6 +37,7 @@ class PreparedStatement {
   sqlite3* database_;
   std::unique_ptr<sqlite3_stmt, Finalizer> statement_;  ///< null for a text without a statement
   std::shared_ptr<const FieldNames> names_;
+  std::size_t expectedCells_ = 0;  ///< as many as the last run gave: room for them is taken at once
   int preparations_ = 0;  ///< how often the engine had prepared it anew when the names were read
 };
 
