@@ -2,11 +2,6 @@
 
 namespace quorvane::sqlite {
 
-std::size_t EndOfWord(std::string_view text, std::size_t at) {
-  while (at < text.size() && IsWordPart(text[at])) ++at;
-  return at;
-}
-
 std::size_t EndOfQuoted(std::string_view text, std::size_t at) {
   const auto partner = text[at] == '[' ? ']' : text[at];
   for (++at; at < text.size(); ++at) {

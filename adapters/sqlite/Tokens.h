@@ -8,9 +8,9 @@ namespace quorvane::sqlite {
 
 /// What a character begins in the engine's SQL.
 enum class CharKind : unsigned char {
-  Other,  ///< blanks, brackets of expressions, operators
-  Word,   ///< letters, underscore, anything beyond ASCII
+  Word,  ///< letters, underscore, anything beyond ASCII
   Digit,
+  Other,      ///< blanks, brackets of expressions, operators
   Quote,      ///< ' " ` and [, each up to its partner
   Dash,       ///< minus, or two of them a comment
   Slash,      ///< division, or with a star a comment
@@ -24,7 +24,7 @@ constexpr std::array<CharKind, 256> MakeKinds() {
   std::array<CharKind, 256> kinds{};
   for (std::size_t c = 0; c < kinds.size(); ++c) {
     const auto letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c >= 0x80;
-    if (letter) kinds[c] = CharKind::Word;
+    kinds[c] = letter ? CharKind::Word : CharKind::Other;
     if (c >= '0' && c <= '9') kinds[c] = CharKind::Digit;
   }
   for (const auto c : std::string_view("'\"`["))
@@ -43,12 +43,13 @@ inline constexpr auto kKinds = MakeKinds();
 constexpr CharKind KindOf(char c) { return detail::kKinds[static_cast<unsigned char>(c)]; }
 
 /// Whether a name or number goes on with this character.
-constexpr bool IsWordPart(char c) {
-  return KindOf(c) == CharKind::Word || KindOf(c) == CharKind::Digit;
-}
+constexpr bool IsWordPart(char c) { return KindOf(c) <= CharKind::Digit; }
 
-/// Behind the word that begins at `at`.
-std::size_t EndOfWord(std::string_view text, std::size_t at);
+/// Behind the word that begins at `at`. Most of a statement's text passes here.
+constexpr std::size_t EndOfWord(std::string_view text, std::size_t at) {
+  while (at < text.size() && IsWordPart(text[at])) ++at;
+  return at;
+}
 
 /// Behind the quoted text that begins at `at`, doubled quotes inside it taken along; the end of the
 /// text when the partner is missing.
