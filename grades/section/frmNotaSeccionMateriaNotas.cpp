@@ -1,17 +1,15 @@
 // The grades of `frmNotaSeccionMateria`: from the database into its objects when it opens, and back
 // when it saves.
-#include <memory>
 #include <optional>
 #include <string>
 
 #include "frame/cConfiguracion.h"
-#include "frame/cConstCol.h"
 #include "grades/GuardarConMarca.h"
 #include "grades/MateriasBloqueo.h"
 #include "grades/MateriasPendientes.h"
-#include "grades/NotasOrdinarias.h"
 #include "grades/Seleccion.h"
 #include "grades/section/frmNotaSeccionMateria.h"
+#include "grades/subject/CargaPorMateria.h"
 #include "platform/Application.h"
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
@@ -22,7 +20,6 @@ namespace quorvane {
 namespace {
 
 constexpr const char* kTabla = "EvaluacionPte";
-constexpr std::int32_t kClaseOrdinaria = 1;
 constexpr std::int32_t kClaseValores = 3;
 
 Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionMateria1>::Get()); }
@@ -76,33 +73,7 @@ void frmNotaSeccionMateria::CargarMaterias(cAlumno& alumno, Recordset& filas) {
 
 void frmNotaSeccionMateria::CargarMateria(cAlumno& alumno, const Recordset& fila,
                                           std::int32_t clase) {
-  auto materia = std::make_shared<cMateria>();
-  const auto codMatDet = fila.Fields("codMatdet").Long();
-  AnotarMateria(strMateriasBloqueo, codMatDet);
-  materia->IDMatDetalle = codMatDet;
-  materia->CodAlumno_MateriaDetalles = fila.Fields("IDAlumnoPte_MatDet").Long();
-  materia->Orden = fila.Fields("Orden").Byte();
-  materia->MateriaExterna = false;
-  materia->Estado = cConstCol().NoModificado;
-
-  DetallesMateria detalles;
-  if (clase == kClaseOrdinaria) {
-    LeerNotas(*materia, PasoUno().evaluacion);
-    // The answer isn't used, but a grade that is gone ends the load here.
-    if (materia->Nota > 0) static_cast<void>(NotaAprobada(materia->Nota));
-    detalles = LeerDetalles(codMatDet);
-  } else {
-    materia->Fct = true;
-    // A pending row has no such column: subjects of these kinds can't be loaded here.
-    detalles = LeerDetalles(fila.Fields("CodMateriaDetalles").Long());
-  }
-  materia->IDProfesor = detalles.CodPersonal;
-  materia->IDProfesorAsociado = detalles.CodPersonalAsociado;
-  materia->IDMateria = detalles.CodMateria;
-  materia->IDseccion = detalles.CodSeccion;
-  materia->Nombre = NombreMateria(detalles);
-  const auto clave = Key(materia->IDMatDetalle);
-  alumno.colMateria.Add(std::move(materia), clave);
+  CargarMateriaDeFila(alumno, fila, clase, PasoUno().evaluacion, strMateriasBloqueo);
 }
 
 void frmNotaSeccionMateria::cmdAceptar_Click() {
