@@ -9,6 +9,7 @@
 #include "tests/grades/FinalStatements.h"
 #include "tests/grades/FormView.h"
 #include "tests/grades/OrdinaryStatements.h"
+#include "tests/grades/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert, in the four final forms.
 
@@ -47,17 +48,6 @@ void Prepare(const FinalSchool& school) {
       "(CodNumEvaluacion=6 AND CodAlumnoPte_MatDet=1) OR (CodNumEvaluacion=4 AND "
       "CodAlumnoPte_MatDet=2);"
       "UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=5");
-}
-
-/// Replays on another school what a session wrote.
-void Replay(const FinalSchool& school, const Lines& traffic) {
-  const std::string prefix = "sql centro ";
-  for (const auto& line : traffic) {
-    if (!line.starts_with(prefix + "INSERT") && !line.starts_with(prefix + "UPDATE") &&
-        !line.starts_with(prefix + "DELETE"))
-      continue;
-    school.Sql(line.substr(prefix.size()));
-  }
 }
 
 /// A session by the number of the node, in as many parts as can be run side by side.
