@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "adapters/sqlite/Concatenation.h"
 #include "adapters/sqlite/Database.h"
@@ -57,10 +58,12 @@ struct SqliteConnection::State {
     return PreparedStatement(database.Handle(), ForEngine(statement), false).Run({}, wait);
   }
 
-  PreparedStatement* FindOrPrepare(const std::string& lifted) {
+  PreparedStatement* FindOrPrepare() {
+    const auto& lifted = lifter.Text();
     if (auto* const kept = cache.Find(lifted); kept != nullptr) return kept;
     try {
-      return &cache.Add(lifted, PreparedStatement(database.Handle(), ForEngine(lifted), true));
+      return &cache.Add(lifter.Shape(),
+                        PreparedStatement(database.Handle(), ForEngine(lifted), true));
     } catch (const RuntimeError&) {
       // The statement's own text gives the engine's own words for what is wrong, if it is.
       return nullptr;
@@ -70,7 +73,8 @@ struct SqliteConnection::State {
   std::chrono::milliseconds wait;
   Database database;
   StatementLifter lifter;
-  StatementCache cache;  // behind the database: its statements go first
+  std::vector<std::int64_t> values;  // of the statement that is being run
+  StatementCache cache;              // behind the database: its statements go first
 };
 
 SqliteConnection::SqliteConnection(std::string path, std::string name, OpenMode mode)
@@ -101,8 +105,10 @@ void SqliteConnection::ExecuteScript(const std::string& statements) {
 
 Recordset SqliteConnection::Run(const std::string& statement) {
   auto& state = *state_;
+  if (auto* const following = state.cache.Following(statement, state.values); following != nullptr)
+    return following->Run(state.values, state.wait);
   if (state.lifter.Lift(statement)) {
-    auto* const prepared = state.FindOrPrepare(state.lifter.Text());
+    auto* const prepared = state.FindOrPrepare();
     if (prepared != nullptr) return prepared->Run(state.lifter.Values(), state.wait);
   }
   return state.RunOnce(statement);

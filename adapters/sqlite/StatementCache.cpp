@@ -1,24 +1,43 @@
 #include "adapters/sqlite/StatementCache.h"
 
+#include <iterator>
 #include <utility>
 
 namespace quorvane::sqlite {
 
-PreparedStatement* StatementCache::Find(std::string_view text) {
-  const auto found = byText_.find(text);
-  if (found == byText_.end()) return nullptr;
-  entries_.splice(entries_.begin(), entries_, found->second);
-  return &found->second->statement;
+PreparedStatement* StatementCache::Following(std::string_view statement,
+                                             std::vector<std::int64_t>& values) {
+  if (entries_.empty()) return nullptr;
+  const auto following = entries_.front().following;
+  if (following == entries_.end() || !following->shape.Fits(statement, values)) return nullptr;
+  return &Use(following);
 }
 
-PreparedStatement& StatementCache::Add(std::string text, PreparedStatement statement) {
-  if (entries_.size() >= capacity_) {
-    byText_.erase(entries_.back().text);
-    entries_.pop_back();
-  }
-  entries_.push_front({std::move(text), std::move(statement)});
-  byText_.emplace(entries_.front().text, entries_.begin());
-  return entries_.front().statement;
+PreparedStatement* StatementCache::Find(std::string_view text) {
+  const auto found = byText_.find(text);
+  return found == byText_.end() ? nullptr : &Use(found->second);
+}
+
+PreparedStatement& StatementCache::Add(StatementShape shape, PreparedStatement statement) {
+  if (entries_.size() >= capacity_) DropLast();
+  entries_.push_back({std::move(shape), std::move(statement), entries_.end()});
+  const auto added = std::prev(entries_.end());
+  byText_.emplace(added->shape.Text(), added);
+  return Use(added);
+}
+
+PreparedStatement& StatementCache::Use(Entries::iterator entry) {
+  entries_.front().following = entry;
+  entries_.splice(entries_.begin(), entries_, entry);
+  return entry->statement;
+}
+
+void StatementCache::DropLast() {
+  const auto last = std::prev(entries_.end());
+  for (auto& entry : entries_)
+    if (entry.following == last) entry.following = entries_.end();
+  byText_.erase(last->shape.Text());
+  entries_.erase(last);
 }
 
 }  // namespace quorvane::sqlite

@@ -1,7 +1,5 @@
 #include "adapters/sqlite/StatementLifter.h"
 
-#include <charconv>
-
 #include "adapters/sqlite/Tokens.h"
 #include "platform/AsciiCase.h"
 
@@ -11,8 +9,6 @@ namespace {
 // A list longer than this is seldom met again at the same length.
 constexpr std::size_t kMostValues = 64;
 constexpr std::size_t kLongestStatement = 16384;
-// More digits might not fit 64 bits; the engine takes those for reals.
-constexpr std::size_t kMostDigits = 18;
 
 bool IsLiftable(std::string_view statement) {
   const auto first = statement.find_first_not_of(" \t\r\n");
@@ -42,18 +38,18 @@ bool StatementLifter::Word(std::string_view word) {
 
 bool StatementLifter::Number(std::string_view statement, std::size_t& at) {
   const auto begin = at;
-  while (at < statement.size() && KindOf(statement[at]) == CharKind::Digit) ++at;
+  std::int64_t value = 0;
+  const auto whole = ReadNumber(statement, at, value);
   const auto fraction = at < statement.size() && statement[at] == '.';
   const auto goesOn = fraction || (at < statement.size() && IsWordPart(statement[at]));
-  if (goesOn || at - begin > kMostDigits || inColumns_ || ended_) {
+  if (goesOn || !whole || inColumns_ || ended_) {
     while (at < statement.size() && (IsWordPart(statement[at]) || statement[at] == '.')) ++at;
     text_.append(statement, begin, at - begin);
     return true;
   }
   if (values_.size() == kMostValues) return false;
-  std::int64_t value = 0;
-  std::from_chars(statement.data() + begin, statement.data() + at, value);
   values_.push_back(value);
+  gaps_.push_back(text_.size());
   text_ += '?';
   return true;
 }
@@ -61,6 +57,7 @@ bool StatementLifter::Number(std::string_view statement, std::size_t& at) {
 bool StatementLifter::Lift(std::string_view statement) {
   text_.clear();
   values_.clear();
+  gaps_.clear();
   inColumns_ = ended_ = false;
   if (statement.size() > kLongestStatement || !IsLiftable(statement)) return false;
   std::size_t copied = 0;  // what stands before this has been put into the text

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "adapters/sqlite/StatementShape.h"
 
 namespace quorvane::sqlite {
 
@@ -22,6 +25,8 @@ class StatementLifter {
   /// The statement with a question mark in each literal's place. Valid until the next `Lift`.
   [[nodiscard]] const std::string& Text() const noexcept { return text_; }
   [[nodiscard]] const std::vector<std::int64_t>& Values() const noexcept { return values_; }
+  /// What all statements lifted to this text share.
+  [[nodiscard]] StatementShape Shape() const { return {text_, gaps_}; }
 
  private:
   bool Word(std::string_view word);
@@ -29,8 +34,9 @@ class StatementLifter {
 
   std::string text_;
   std::vector<std::int64_t> values_;
-  bool inColumns_ = false;  ///< between SELECT and FROM
-  bool ended_ = false;      ///< behind GROUP BY or ORDER BY
+  std::vector<std::size_t> gaps_;  ///< where the question marks stand in the text
+  bool inColumns_ = false;         ///< between SELECT and FROM
+  bool ended_ = false;             ///< behind GROUP BY or ORDER BY
 };
 
 }  // namespace quorvane::sqlite
