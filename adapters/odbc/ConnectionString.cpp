@@ -26,9 +26,9 @@ std::size_t EndOfBraces(std::string_view text, std::size_t at) {
 std::string WithoutBraces(std::string_view value) {
   if (value.size() < 2 || value.front() != '{' || value.back() != '}') return std::string(value);
   std::string plain;
-  for (const auto letter : value.substr(1, value.size() - 2)) {
-    plain += letter;
-    if (plain.ends_with("}}")) plain.pop_back();
+  for (std::size_t at = 1; at + 1 < value.size(); ++at) {
+    plain += value[at];
+    if (value[at] == '}') ++at;
   }
   return plain;
 }

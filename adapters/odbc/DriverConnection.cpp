@@ -8,6 +8,7 @@
 
 #include "adapters/odbc/ColumnReader.h"
 #include "adapters/odbc/DriverFailure.h"
+#include "adapters/sqlite/FieldName.h"
 
 namespace quorvane::odbc {
 namespace {
@@ -50,12 +51,14 @@ bool DriverConnection::IsDead() const {
   return SQL_SUCCEEDED(result) && dead == SQL_CD_TRUE;
 }
 
-Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, bool typed) const {
+Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, const std::string& text,
+                                     bool isSqlite) const {
   std::vector<ColumnReader> columns;
   FieldNames names;
   for (SQLSMALLINT number = 1; number <= count; ++number) {
-    columns.emplace_back(calls_, statement, static_cast<SQLUSMALLINT>(number), typed);
-    names.push_back(columns.back().Name());
+    columns.emplace_back(calls_, statement, static_cast<SQLUSMALLINT>(number), !isSqlite);
+    const auto& name = columns.back().Name();
+    names.push_back(isSqlite ? sqlite::FieldName(name, text) : name);
   }
   std::vector<Value> cells;
   auto result = SQLFetch(statement);
@@ -65,7 +68,7 @@ Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, bool
   return {std::make_shared<const FieldNames>(std::move(names)), std::move(cells)};
 }
 
-Recordset DriverConnection::Execute(const std::string& text, bool typed) const {
+Recordset DriverConnection::Execute(const std::string& text, bool isSqlite) const {
   const StatementHandle handle(connection_.Get());
   auto* const statement = handle.Get();
   if (statement == nullptr) throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
@@ -82,7 +85,7 @@ Recordset DriverConnection::Execute(const std::string& text, bool typed) const {
     require(result);
     SQLSMALLINT columns = 0;
     require(SQLNumResultCols(statement, &columns));
-    if (columns > 0 && !rows.IsOpen()) rows = ReadRows(statement, columns, typed);
+    if (columns > 0 && !rows.IsOpen()) rows = ReadRows(statement, columns, text, isSqlite);
   }
   return rows;
 }

@@ -27,11 +27,13 @@ class DriverConnection {
   [[nodiscard]] bool IsDead() const;
 
   /// Executes a text of one statement or several, and gives the rows of the first that gives any.
-  /// `typed` as in `ColumnReader`. DriverFailure when any of them fails.
-  [[nodiscard]] Recordset Execute(const std::string& text, bool typed) const;
+  /// `isSqlite` tells whether that is the engine, which numbers names and lets any column hold any
+  /// value. DriverFailure when any of the statements fails.
+  [[nodiscard]] Recordset Execute(const std::string& text, bool isSqlite) const;
 
  private:
-  [[nodiscard]] Recordset ReadRows(SQLHSTMT statement, SQLSMALLINT count, bool typed) const;
+  [[nodiscard]] Recordset ReadRows(SQLHSTMT statement, SQLSMALLINT count, const std::string& text,
+                                   bool isSqlite) const;
 
   DriverCalls calls_;
   EnvironmentHandle environment_;

@@ -1,6 +1,7 @@
 #include "adapters/odbc/OdbcConnection.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <sqlext.h>
 #include <string_view>
 #include <thread>
@@ -50,6 +51,11 @@ std::string Advice(const Diagnostics& diagnostics) {
            "de datos";
   return ". Compruebe en la cadena de conexión el servidor y la base de datos, y que este equipo "
          "llega hasta ellos";
+}
+
+std::chrono::milliseconds BusyWait(const ConnectionString& given) {
+  if (!given.Has("Timeout")) return kBusyWait;
+  return std::chrono::milliseconds(std::atol(given.Value("Timeout").c_str()));
 }
 
 std::string NamedSource(const std::string& text) {
@@ -104,16 +110,15 @@ bool OdbcConnection::EngineIsSqlServer() const noexcept { return engine_ == Engi
 bool OdbcConnection::EngineIsSqlite() const noexcept { return engine_ == Engine::Sqlite; }
 
 Recordset OdbcConnection::Run(const std::string& statement) {
-  if (!EngineIsSqlite()) return RunOnce(statement, true);
-  const auto text = sqlite::FlattenJoins(sqlite::RewriteConcatenation(statement));
-  return RunOnce(text, false);
+  if (!EngineIsSqlite()) return RunText(statement);
+  return RunText(sqlite::FlattenJoins(sqlite::RewriteConcatenation(statement)));
 }
 
-Recordset OdbcConnection::RunOnce(const std::string& text, bool typed) {
+Recordset OdbcConnection::RunText(const std::string& text) {
   using Clock = std::chrono::steady_clock;
-  const auto until = Clock::now() + kBusyWait;
+  const auto until = Clock::now() + BusyWait(ConnectionString(text_));
   for (;; std::this_thread::sleep_for(kBusyPause)) try {
-      return connection_->Execute(text, typed);
+      return connection_->Execute(text, EngineIsSqlite());
     } catch (const DriverFailure& failure) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.

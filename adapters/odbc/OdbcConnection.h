@@ -52,7 +52,7 @@ class OdbcConnection : public Connection {
   enum class Engine { Unknown, SqlServer, Sqlite };
 
   void Connect(Letters letters);
-  Recordset RunOnce(const std::string& text, bool typed);
+  Recordset RunText(const std::string& text);
 
   std::string text_;
   std::string dataSource_;

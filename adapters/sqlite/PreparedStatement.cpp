@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/FieldName.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::sqlite {
@@ -45,18 +46,6 @@ void AppendCell(std::vector<Value>& cells, sqlite3_stmt* statement, int column) 
 }
 
 bool IsBusy(int result) { return (result & 0xff) == SQLITE_BUSY; }
-
-// Where tables of one nested join have columns of the same name, the engine numbers the later ones,
-// as in "Descripcion:1". Nobody asked for them by that name.
-std::string FieldName(std::string_view name, std::string_view statement) {
-  const auto colon = name.rfind(':');
-  if (colon == std::string_view::npos || statement.find(name) != std::string_view::npos)
-    return std::string(name);
-  const auto number = name.substr(colon + 1);
-  const auto numbered =
-      !number.empty() && number.find_first_not_of("0123456789") == std::string_view::npos;
-  return std::string(numbered ? name.substr(0, colon) : name);
-}
 
 // What one long list has needed shall not be taken for each short one.
 constexpr std::size_t kMostExpectedCells = 1024;

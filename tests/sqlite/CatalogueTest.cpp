@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -18,37 +17,11 @@
 #include "platform/AsciiCase.h"
 #include "tests/sqlite/PlainDatabase.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/StatementList.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
-
-std::string FillIn(std::string line, int number) {
-  const auto replace = [&line](const std::string& mark, const std::string& value) {
-    for (auto at = line.find(mark); at != std::string::npos; at = line.find(mark))
-      line.replace(at, mark.size(), value);
-  };
-  replace("{l}", std::to_string(number) + "," + std::to_string(number + 1) + ",5");
-  replace("{b}", "-1");
-  replace("{n}", std::to_string(number));
-  return line;
-}
-
-std::vector<std::string> Catalogue() {
-  std::vector<std::string> lines;
-  std::ifstream file(QUORVANE_STATEMENTS);
-  for (std::string line; std::getline(file, line);) {
-    if (line.empty() || line[0] == '#') continue;
-    if (line.starts_with("~ ") || line.starts_with("? ")) line.erase(0, 2);
-    lines.push_back(line);
-  }
-  return lines;
-}
-
-bool IsSelect(const std::string& statement) {
-  return EqualNoCase(std::string_view(statement).substr(statement.find_first_not_of(' '), 6),
-                     "SELECT");
-}
 
 /// Names tables or columns that no school has, or values for columns that aren't there.
 bool IsToFail(const std::string& line) {
@@ -107,7 +80,7 @@ TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
   sqlite::SqliteConnection adapter(ours_, "");
   adapter.Open();
   PlainDatabase engine(theirs_);
-  const auto lines = Catalogue();
+  const auto lines = Catalogue(QUORVANE_STATEMENTS);
   ASSERT_GT(lines.size(), 150U);
   // Reading first, while all rows are there; then what writes, with what it reads in between.
   for (const auto reading : {true, false})
@@ -130,7 +103,7 @@ TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
 TEST_F(CatalogueTest, EveryStatementRunsButThoseThatNameWhatIsNot) {
   sqlite::SqliteConnection school(ours_, "");
   school.Open();
-  for (const auto& line : Catalogue()) {
+  for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     // Numbers that no key has, so that no insert meets a row.
     const auto rows = RunRows(school, FillIn(line, 900000 + static_cast<int>(line.size())));
     const auto failed = !rows.empty() && rows.front().starts_with("error ");
@@ -143,7 +116,7 @@ TEST_F(CatalogueTest, FieldsBearTheNamesThatTheFormsRead) {
   sqlite::SqliteConnection school(ours_, "");
   school.Open();
   auto checked = 0;
-  for (const auto& line : Catalogue()) {
+  for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     const auto statement = FillIn(line, 5);
     if (!IsSelect(statement) || IsToFail(line)) continue;
     const auto expected = ExpectedNames(statement);

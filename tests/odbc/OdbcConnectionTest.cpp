@@ -1,0 +1,246 @@
+#include <chrono>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <thread>
+
+#include "adapters/odbc/OdbcConnection.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "platform/RuntimeError.h"
+#include "tests/sqlite/RunRows.h"
+#include "tests/support/TempFolder.h"
+
+// On the file database's driver, which every machine that builds this has.
+
+namespace quorvane::test {
+namespace {
+
+using odbc::OdbcConnection;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class OdbcConnectionTest : public testing::Test {
+ protected:
+  OdbcConnectionTest() {
+    sqlite::SqliteConnection maker(path, "", sqlite::OpenMode::Create);
+    maker.Open();
+    maker.Execute("CREATE TABLE T (a INTEGER, b TEXT)");
+    con.Open();
+  }
+
+  std::vector<std::string> Rows(const std::string& statement) { return RunRows(con, statement); }
+
+  static std::string ErrorOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const RuntimeError& error) {
+      EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
+      return error.Description();
+    }
+    return "no error";
+  }
+
+  TempFolder folder;
+  std::string path = folder / "a.sqlite";
+  std::string text = "Driver=SQLite3;Database=" + path;
+  OdbcConnection con{text, ""};
+};
+
+TEST_F(OdbcConnectionTest, TellsWhatItReaches) {
+  OdbcConnection fresh(text, "centro");
+  EXPECT_EQ(fresh.Name(), "centro");
+  EXPECT_FALSE(fresh.IsOpen());
+  EXPECT_FALSE(fresh.EngineIsSqlite());
+  EXPECT_EQ(fresh.DataSource(), path);
+  fresh.Open();
+  fresh.Open();
+  EXPECT_TRUE(fresh.IsOpen());
+  EXPECT_TRUE(fresh.EngineIsSqlite());
+  EXPECT_FALSE(fresh.EngineIsSqlServer());
+  EXPECT_EQ(fresh.DataSource(), path);
+  fresh.Close();
+  fresh.Close();
+  EXPECT_FALSE(fresh.IsOpen());
+  EXPECT_TRUE(fresh.EngineIsSqlite());
+}
+
+TEST_F(OdbcConnectionTest, AServersNameIsTheDataSource) {
+  EXPECT_EQ(OdbcConnection("Driver=FreeTDS;Server=escuela;Database=Centro", "").DataSource(),
+            "escuela");
+  EXPECT_EQ(OdbcConnection("DSN=Centro", "").DataSource(), "Centro");
+  EXPECT_EQ(OdbcConnection("", "").DataSource(), "");
+}
+
+TEST_F(OdbcConnectionTest, AClosedOneRunsNothing) {
+  con.Close();
+  try {
+    con.Execute("SELECT 1");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_TRUE(error.Is(ErrorNumber::ObjectClosed));
+  }
+}
+
+TEST_F(OdbcConnectionTest, ValuesKeepTheirKinds) {
+  con.Execute(
+      "CREATE TABLE V (i int, t tinyint, s smallint, g bigint, b bit, f float, x varchar(9),"
+      " d date, n decimal(9,2))");
+  con.Execute(
+      "INSERT INTO V VALUES (-2147483648, 255, -32768, 9007199254740993, -1, 2.5, '007', "
+      "'2026/03/01', 1.25), (NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL)");
+  auto rows = con.Execute("SELECT * FROM V");
+  EXPECT_THAT(rows.Names(), ElementsAre("i", "t", "s", "g", "b", "f", "x", "d", "n"));
+  EXPECT_EQ(rows.Fields("i").Long(), -2147483648);
+  EXPECT_EQ(rows.Fields("t").Byte(), 255);
+  EXPECT_EQ(rows.Fields("s").Integer(), -32768);
+  EXPECT_EQ(rows.Fields("g").Text(), "9007199254740993");
+  EXPECT_TRUE(rows.Fields("b").Flag());
+  EXPECT_EQ(rows.Fields("f").Number(), 2.5);
+  EXPECT_TRUE(rows.Fields("x").IsText());
+  EXPECT_EQ(rows.Fields("x").Text(), "007");
+  EXPECT_EQ(rows.Fields("d").Text(), "2026/03/01");
+  EXPECT_EQ(rows.Fields("n").Number(), 1.25);
+  rows.MoveNext();
+  for (std::size_t i = 0; i < rows.Names().size(); ++i)
+    EXPECT_TRUE(rows.Fields(i).IsNull()) << rows.Names()[i];
+}
+
+// The file database lets any column hold any value.
+TEST_F(OdbcConnectionTest, ATextInAColumnOfNumbersStaysOne) {
+  con.Execute("INSERT INTO T VALUES ('doce', 12), ('', NULL)");
+  EXPECT_THAT(Rows("SELECT * FROM T"), ElementsAre("doce|12", "|NULL"));
+}
+
+TEST_F(OdbcConnectionTest, TextsOfAnyLengthComeWhole) {
+  for (const std::string letter : {"a", "ñ", "😀"})
+    for (const auto count : {0, 1, 255, 256, 511, 512, 1023, 1024, 1025, 2048, 40000}) {
+      std::string written;
+      for (auto i = 0; i < count; ++i) written += letter;
+      con.Execute("DELETE FROM T");
+      con.Execute("INSERT INTO T VALUES (1, '" + written + "')");
+      EXPECT_EQ(con.Execute("SELECT b FROM T").Fields(0).Text(), written) << letter << count;
+    }
+}
+
+TEST_F(OdbcConnectionTest, LettersOfAnyAlphabetGoThereAndBack) {
+  const std::string all = "Íñigo Ñúñez Çelik Ωμέγα Дмитрий שלום 你好 😀🇪🇸 {a} ? ''x'' [y] \"z\"";
+  con.Execute("INSERT INTO T VALUES (1, '" + all + "')");
+  auto rows = con.Execute("SELECT b AS [Año] FROM T");
+  EXPECT_THAT(rows.Names(), ElementsAre("Año"));
+  EXPECT_EQ(rows.Fields("Año").Text(),
+            "Íñigo Ñúñez Çelik Ωμέγα Дмитрий שלום 你好 😀🇪🇸 {a} ? 'x' [y] \"z\"");
+}
+
+TEST_F(OdbcConnectionTest, ARecordsetOutlivesWhatComesLater) {
+  con.Execute("INSERT INTO T VALUES (1,'uno'), (2,'dos'), (3,'tres')");
+  auto rows = con.Execute("SELECT a, b FROM T ORDER BY a");
+  con.Execute("DELETE FROM T");
+  con.Close();
+  EXPECT_EQ(rows.RecordCount(), 3U);
+  rows.MoveNext();
+  rows.MovePrevious();
+  rows.Filter("a=3");
+  EXPECT_EQ(rows.Fields("B").Text(), "tres");
+}
+
+TEST_F(OdbcConnectionTest, AStatementWithoutColumnsGivesAClosedOne) {
+  for (const auto* const statement :
+       {"INSERT INTO T VALUES (1,'a')", "UPDATE T SET b='b'", "DELETE FROM T WHERE a=9",
+        "DELETE FROM T", "CREATE TABLE U (a int)", "DROP TABLE U"})
+    EXPECT_FALSE(con.Execute(statement).IsOpen()) << statement;
+  const auto none = con.Execute("SELECT * FROM T");
+  EXPECT_TRUE(none.IsOpen() && none.Eof());
+  EXPECT_THAT(none.Names(), ElementsAre("a", "b"));
+}
+
+TEST_F(OdbcConnectionTest, JoinsTextsAndNestedTablesAsTheFileDatabaseDoes) {
+  EXPECT_THAT(Rows("SELECT 'a' + ', ' + 'b', 1+2"), ElementsAre("a, b|3"));
+  con.Execute("INSERT INTO T VALUES (1,'uno')");
+  EXPECT_THAT(Rows("SELECT T.b FROM T LEFT JOIN (T AS X LEFT JOIN T AS Y ON Y.a=X.a) ON X.a=T.a"),
+              ElementsAre("uno"));
+}
+
+TEST_F(OdbcConnectionTest, AFailureTellsStateTextAndNumber) {
+  EXPECT_EQ(ErrorOf([&] { con.Execute("SELECT * FROM Señales"); }),
+            "[HY000] no such table: Señales (1)");
+  EXPECT_THAT(ErrorOf([&] { con.Execute("SELEC"); }), StartsWith("[HY000] near \"SELEC\""));
+  EXPECT_TRUE(con.IsOpen());
+  EXPECT_THAT(Rows("SELECT 1"), ElementsAre("1"));
+}
+
+TEST_F(OdbcConnectionTest, AFailedOneLeavesWhatWasWritten) {
+  con.Execute("CREATE TABLE K (k INTEGER PRIMARY KEY)");
+  con.Execute("INSERT INTO K VALUES (1)");
+  EXPECT_THAT(ErrorOf([&] { con.Execute("INSERT INTO K VALUES (1)"); }), HasSubstr("UNIQUE"));
+  sqlite::SqliteConnection other(path, "");
+  other.Open();
+  EXPECT_THAT(RunRows(other, "SELECT * FROM K"), ElementsAre("1"));
+}
+
+TEST_F(OdbcConnectionTest, AFileThatIsNotThereIsNotMade) {
+  const auto missing = folder / "otra.sqlite";
+  OdbcConnection none("Driver=SQLite3;PWD=secreto;Database=" + missing, "");
+  const auto told = ErrorOf([&] { none.Open(); });
+  EXPECT_THAT(told, StartsWith("No se puede conectar con la base de datos: [HY000] "));
+  EXPECT_THAT(told, Not(HasSubstr("secreto")));
+  EXPECT_FALSE(none.IsOpen());
+  EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
+TEST_F(OdbcConnectionTest, SaysWhatToDoAboutADriverThatIsNotThere) {
+  for (const auto* const nobody : {"Driver=NoHayTal;Server=x", "DSN=NoHayTal", "", "x"}) {
+    OdbcConnection none(nobody, "");
+    EXPECT_THAT(ErrorOf([&] { none.Open(); }), HasSubstr("odbcinst -q -d")) << nobody;
+    EXPECT_FALSE(none.IsOpen());
+  }
+}
+
+TEST_F(OdbcConnectionTest, WaitsForWhoWrites) {
+  sqlite::SqliteConnection other(path, "");
+  other.Open();
+  other.Execute("BEGIN IMMEDIATE");
+  std::thread writer([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    other.Execute("INSERT INTO T VALUES (1,'suyo')");
+    other.Execute("COMMIT");
+  });
+  con.Execute("INSERT INTO T VALUES (2,'mío')");
+  writer.join();
+  EXPECT_THAT(Rows("SELECT b FROM T"), ElementsAre("suyo", "mío"));
+}
+
+TEST_F(OdbcConnectionTest, WaitsNoLongerThanTheStringSays) {
+  sqlite::SqliteConnection other(path, "");
+  other.Open();
+  other.Execute("BEGIN IMMEDIATE");
+  OdbcConnection hasty(text + ";Timeout=50", "");
+  hasty.Open();
+  EXPECT_THAT(ErrorOf([&] { hasty.Execute("INSERT INTO T VALUES (2,'')"); }),
+              HasSubstr("database is locked"));
+}
+
+TEST_F(OdbcConnectionTest, WhatIsWrittenIsDurableUnlessTheStringSaysOtherwise) {
+  EXPECT_THAT(Rows("PRAGMA synchronous"), ElementsAre("2"));
+  OdbcConnection fast(text + ";SyncPragma=OFF", "");
+  fast.Open();
+  EXPECT_THAT(RunRows(fast, "PRAGMA synchronous"), ElementsAre("0"));
+}
+
+TEST_F(OdbcConnectionTest, GivesBackWhatItTakes) {
+  const auto open = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto before = open();
+  for (auto i = 0; i < 100; ++i) {
+    OdbcConnection one(text, "");
+    one.Open();
+    for (auto k = 0; k < 20; ++k) one.Execute("SELECT * FROM T");
+  }
+  EXPECT_EQ(open(), before);
+}
+
+}  // namespace
+}  // namespace quorvane::test

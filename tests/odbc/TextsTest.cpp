@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "adapters/odbc/WideText.h"
+
+namespace quorvane::test {
+namespace {
+
+using odbc::ConnectionString;
+using odbc::FromWide;
+using odbc::ToWide;
+
+TEST(WideText, LettersOfEveryLengthGoThereAndBack) {
+  const std::string text = "a\x7fñ߿ࠀ\uFFFF😀\U0010FFFF";
+  EXPECT_EQ(ToWide("añ€😀"), u"añ€😀");
+  EXPECT_EQ(FromWide(ToWide(text)), text);
+  EXPECT_EQ(ToWide(""), u"");
+}
+
+TEST(WideText, WhatIsNoTextIsReplaced) {
+  EXPECT_EQ(ToWide("a\xff"
+                   "b\xc3"),
+            u"a\uFFFDb\uFFFD");
+  EXPECT_EQ(ToWide("\xc3(\xe2\x82"), u"\uFFFD(\uFFFD");
+  EXPECT_EQ(ToWide("\xc0\x80"), u"\uFFFD\uFFFD");    // longer than it need be
+  EXPECT_EQ(ToWide("\xed\xa0\x80"), u"\uFFFD");      // half a pair
+  EXPECT_EQ(ToWide("\xf4\x90\x80\x80"), u"\uFFFD");  // beyond the last letter
+  EXPECT_EQ(FromWide(std::u16string{u'a', 0xD83D}), "a\uFFFD");
+  EXPECT_EQ(FromWide(std::u16string{0xDE00, u'b'}), "\uFFFDb");
+  EXPECT_EQ(FromWide(std::u16string{0xD83D, u'b'}), "\uFFFDb");
+}
+
+TEST(AConnectionString, IsReadByItsKeywords) {
+  const ConnectionString given(" Driver = {SQL Server;x} ;;Server=a,1433; PWD={a}};b};Vacio=");
+  EXPECT_EQ(given.Value("driver"), "SQL Server;x");
+  EXPECT_EQ(given.Value("SERVER"), "a,1433");
+  EXPECT_EQ(given.Value("pwd"), "a};b");
+  EXPECT_TRUE(given.Has("Vacio"));
+  EXPECT_EQ(given.Value("Vacio"), "");
+  EXPECT_FALSE(given.Has("UID"));
+}
+
+TEST(AConnectionString, IsWrittenAsItWasGiven) {
+  for (const auto* const text :
+       {"", "Driver=FreeTDS;Server=a",
+        "Driver={ODBC Driver 18 for SQL Server};Server=tcp:a\\b,1433", "PWD={a}};b}"})
+    EXPECT_EQ(ConnectionString(text).Text(), text);
+}
+
+TEST(AConnectionString, LosesItsPasswordWhenShown) {
+  for (const auto* const text :
+       {"DSN=a;PWD=secreto;UID=b", "DSN=a;pwd={se;creto};UID=b", "DSN=a;Password=secreto;UID=b",
+        "DSN=a; Pwd = secreto ;UID=b", "PWD=x;DSN=a;PWD=secreto;UID=b"})
+    EXPECT_EQ(ConnectionString(text).TextWithoutPassword(), "DSN=a;UID=b") << text;
+}
+
+TEST(AConnectionString, TakesAPasswordOfAnyLetters) {
+  for (const auto* const password :
+       {"simple", "a;b", "a}b", "{a}", " a ", "=", "ñ'\"", "{}};PWD=x"}) {
+    ConnectionString given("DSN=a;UID=b");
+    given.Set("PWD", "antes");
+    given.Set("pwd", password);
+    EXPECT_EQ(ConnectionString(given.Text()).Value("PWD"), password) << given.Text();
+    given.Remove("Pwd");
+    EXPECT_EQ(given.Text(), "DSN=a;UID=b");
+  }
+}
+
+TEST(AConnectionString, OfRubbishHasNothing) {
+  for (const auto* const text : {"=", ";;;", "a", "={", "a;b", ";=x;"})
+    EXPECT_EQ(ConnectionString(text).Text(), "") << text;
+  EXPECT_EQ(ConnectionString("PWD={sin cerrar;UID=b").TextWithoutPassword(), "");
+}
+
+}  // namespace
+}  // namespace quorvane::test
