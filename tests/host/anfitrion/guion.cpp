@@ -1,0 +1,57 @@
+#include "adapters/guion/Guion.h"
+
+#include <exception>
+#include <iostream>
+#include <sstream>
+
+#include "adapters/guion/EventPrinter.h"
+#include "adapters/guion/Host.h"
+#include "adapters/guion/ScriptParser.h"
+#include "adapters/odbc/OdbcConnection.h"
+#include "frame/cAsignarDatos.h"
+#include "platform/RuntimeError.h"
+
+// A host that plays a script in its own process, on connections through ODBC. There is no such
+// source of data, so the failure of opening it is what it sees.
+
+namespace {
+
+using namespace quorvane;
+
+std::string OpenNowhere(odbc::OdbcConnection& connection) {
+  try {
+    connection.Open();
+  } catch (const RuntimeError& error) {
+    return std::to_string(error.Number()) + ' ' + error.Description();
+  }
+  return {};
+}
+
+std::string PlayOn(Connection& connection) {
+  std::istringstream script("nodo 123\n");
+  std::ostringstream out;
+  guion::EventPrinter events(out);
+  guion::Host host({}, {connection, connection, connection, connection},
+                   {[](const auto& session) { cAsignarDatos().ObtenerDatos(session); },
+                    [](std::uint8_t nodo) { cAsignarDatos().ActivarFormulario(nodo); }},
+                   events);
+  guion::Guion(guion::ParseScript(script), host, events).Play();
+  return out.str();
+}
+
+}  // namespace
+
+int main() {
+  try {
+    odbc::OdbcConnection nowhere("DSN=ninguno", "centro");
+    const auto refusal = OpenNowhere(nowhere);
+    const auto played = PlayOn(nowhere);
+    std::cout << refusal << '\n' << played;
+    const auto loaded = played.find("carga frmPendientes") != std::string::npos;
+    const auto failed = played.find("error 3704 ") != std::string::npos;
+    return refusal.starts_with("-2147467259 ") && loaded && failed ? 0 : 1;
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
+  }
+}
