@@ -15,7 +15,7 @@ constexpr char AsciiLower(char letter) {
 constexpr bool EqualNoCase(std::string_view one, std::string_view other) {
   return one.size() == other.size() &&
          std::equal(one.begin(), one.end(), other.begin(),
-                    [](char a, char b) { return AsciiLower(a) == AsciiLower(b); });
+                    [](char a, char b) { return a == b || AsciiLower(a) == AsciiLower(b); });
 }
 
 inline std::string AsciiLower(std::string_view text) {

@@ -11,6 +11,7 @@ namespace quorvane {
 Recordset::Recordset(std::shared_ptr<const FieldNames> names, std::vector<Value> cells)
     : names_(std::move(names)), cells_(std::move(cells)) {
   if (names_ != nullptr && names_->empty()) names_ = nullptr;
+  if (names_ != nullptr) rows_ = cells_.size() / names_->size();
 }
 
 void Recordset::Close() { *this = Recordset(); }
@@ -19,12 +20,10 @@ void Recordset::RequireOpen() const {
   if (!IsOpen()) throw RuntimeError(ErrorNumber::ObjectClosed);
 }
 
-std::size_t Recordset::TotalRows() const {
+std::size_t Recordset::RecordCount() const {
   RequireOpen();
-  return cells_.size() / names_->size();
+  return filtered_ ? passing_.size() : rows_;
 }
-
-std::size_t Recordset::RecordCount() const { return filtered_ ? passing_.size() : TotalRows(); }
 
 bool Recordset::Eof() const { return position_ >= static_cast<std::ptrdiff_t>(RecordCount()); }
 
@@ -76,7 +75,7 @@ void Recordset::Filter(const std::string& conditions) {
   passing_.clear();
   position_ = 0;
   if (!filtered_) return;
-  for (std::size_t row = 0; row < TotalRows(); ++row)
+  for (std::size_t row = 0; row < rows_; ++row)
     if (filter.Passes(&cells_[row * names.size()])) passing_.push_back(row);
 }
 

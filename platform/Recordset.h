@@ -47,12 +47,12 @@ class Recordset {
   void Filter(const std::string& conditions);
 
  private:
-  [[nodiscard]] std::size_t TotalRows() const;
   [[nodiscard]] std::size_t CurrentRow() const;
   void RequireOpen() const;
 
   std::shared_ptr<const FieldNames> names_;
   std::vector<Value> cells_;
+  std::size_t rows_ = 0;              ///< without regard to the filter
   std::vector<std::size_t> passing_;  ///< row numbers, only while a filter is set
   bool filtered_ = false;
   std::ptrdiff_t position_ = 0;  ///< among the rows let through; -1 before the first
