@@ -1,6 +1,8 @@
 #include "apps/zendria/MainWindow.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
@@ -16,6 +18,7 @@
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/LocksDialog.h"
+#include "apps/zendria/ManualPage.h"
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/School.h"
@@ -49,6 +52,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   pages_.addWidget(&welcome_);
   pages_.addWidget(&page_);
   setCentralWidget(&pages_);
+  Browse = [](const QUrl& page) { QDesktopServices::openUrl(page); };
   BuildMenus();
   welcome_.Open = [this] { ChooseFile(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
@@ -90,6 +94,11 @@ void MainWindow::BuildMenus() {
   forget->setObjectName("restablecer");
 
   auto* const help = menuBar()->addMenu("A&yuda");
+  const auto page = FindManual(QCoreApplication::applicationDirPath());
+  auto* const manual = help->addAction("&Manual", QKeySequence("F1"), this,
+                                       [this, page] { Browse(QUrl::fromLocalFile(page)); });
+  manual->setObjectName("manual");
+  manual->setEnabled(!page.isEmpty());
   help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(); });
 
   connect(&changeUser_, &QAction::triggered, this, [this] { ChangeUser(); });

@@ -4,7 +4,9 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QStackedWidget>
+#include <QUrl>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -50,6 +52,9 @@ class MainWindow : public QMainWindow {
   void ShowLocks();
   /// The module's statements, in a window that stays.
   StatementWindow& ShowStatements();
+
+  /// Shows a page outside this program; the desktop's browser unless told otherwise.
+  std::function<void(const QUrl&)> Browse;
 
   [[nodiscard]] bool HasSchool() const noexcept { return school_ != nullptr; }
   [[nodiscard]] SchoolPage& Page() noexcept { return page_; }
