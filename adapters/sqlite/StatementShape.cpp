@@ -1,7 +1,5 @@
 #include "adapters/sqlite/StatementShape.h"
 
-#include <charconv>
-
 #include "adapters/sqlite/Tokens.h"
 
 namespace quorvane::sqlite {
@@ -9,10 +7,10 @@ namespace quorvane::sqlite {
 bool ReadNumber(std::string_view statement, std::size_t& at, std::int64_t& value) {
   constexpr std::size_t kMostDigits = 18;
   const auto begin = at;
-  while (at < statement.size() && KindOf(statement[at]) == CharKind::Digit) ++at;
-  if (at == begin || at - begin > kMostDigits) return false;
-  std::from_chars(statement.data() + begin, statement.data() + at, value);
-  return true;
+  value = 0;
+  for (; at < statement.size() && KindOf(statement[at]) == CharKind::Digit; ++at)
+    if (at - begin < kMostDigits) value = 10 * value + (statement[at] - '0');
+  return at != begin && at - begin <= kMostDigits;
 }
 
 // What begins a number was lifted as one from the same text before it; what follows it in the
