@@ -3,6 +3,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "platform/RuntimeError.h"
 
 namespace quorvane {
 
@@ -28,10 +29,18 @@ bool ReachesSqlServer(const Connection& connection) {
   return odbc != nullptr && odbc->EngineIsSqlServer();
 }
 
-// SQLite's driver has no state of its own for it.
-bool IsMissingTable(const std::string& description) {
-  return description.find("[42S02]") != std::string::npos ||
-         description.find("no such table") != std::string::npos;
+bool HasTable(Connection& connection, const std::string& table) {
+  try {
+    connection.Execute("SELECT * FROM [" + table + "] WHERE 1=0");
+    return true;
+  } catch (const RuntimeError& error) {
+    // SQLite has no state of its own for it.
+    const auto tells = [text = error.Description()](const char* part) {
+      return text.find(part) != std::string::npos;
+    };
+    if (!tells("[42S02]") && !tells("no such table")) throw;
+    return false;
+  }
 }
 
 }  // namespace quorvane

@@ -42,7 +42,8 @@ class SchoolAddress {
 /// Whether an open connection says that it reaches SQL Server: statements on flags differ there.
 bool ReachesSqlServer(const Connection& connection);
 
-/// Whether a statement failed because its table is not there.
-bool IsMissingTable(const std::string& description);
+/// Whether an open database has that table. Of one that is there and can't be read, the engine's
+/// error.
+bool HasTable(Connection& connection, const std::string& table);
 
 }  // namespace quorvane

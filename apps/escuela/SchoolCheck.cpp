@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "platform/AsciiCase.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
@@ -103,14 +103,9 @@ std::string Rows(std::int32_t count) {
 }  // namespace
 
 bool SchoolCheck::ReadNames(const std::string& table, FieldNames& names) const {
-  try {
-    names = connection_.Execute("SELECT * FROM [" + table + "] WHERE 1=0").Names();
-    return true;
-  } catch (const RuntimeError& error) {
-    // An engine names the table that it misses; any other failure is none of the school's shape.
-    if (error.Description().find(table) == std::string::npos) throw;
-    return false;
-  }
+  if (!HasTable(connection_, table)) return false;
+  names = connection_.Execute("SELECT * FROM [" + table + "] WHERE 1=0").Names();
+  return true;
 }
 
 std::vector<std::string> SchoolCheck::Structure(For whom) const {

@@ -5,11 +5,10 @@
 #include <unistd.h>
 #include <vector>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolCheck.h"
-#include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "platform/RuntimeError.h"
 
@@ -50,35 +49,34 @@ void Print(const std::vector<std::string>& lines) {
 
 }  // namespace
 
-int MakeEmpty(const std::string& path) {
-  MakeSchoolFile(path, [](Connection&) {});
-  std::cout << "Creada la escuela vacía " << path << '\n';
+int MakeEmpty(const SchoolAddress& address) {
+  MakeSchool(address, [](Connection&) {});
+  std::cout << "Creada la escuela vacía " << address.Shown() << '\n';
   return 0;
 }
 
-int MakeDemo(const std::string& path) {
-  MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
-  std::cout << "Creada la escuela de ejemplo " << path << "\n\nUsuarios:\n";
+int MakeDemo(const SchoolAddress& address) {
+  MakeSchool(address, [](Connection& school) { DemoSchool(school).Build(); });
+  std::cout << "Creada la escuela de ejemplo " << address.Shown() << "\n\nUsuarios:\n";
   for (const auto& user : DemoSchool::Users())
     std::cout << "  " << user.id << "  " << std::left << std::setw(13) << user.name << " perfil "
               << user.profile << "  " << user.role << '\n';
   return 0;
 }
 
-int Generate(const std::string& path, std::size_t students, std::uint64_t seed) {
-  MakeSchoolFile(path, [students, seed](Connection& school) {
+int Generate(const SchoolAddress& address, std::size_t students, std::uint64_t seed) {
+  MakeSchool(address, [students, seed](Connection& school) {
     const ProgressLine progress;
     SchoolGenerator(school).Build(students, seed,
                                   [&](std::size_t done) { progress.Percent(done, students); });
   });
-  std::cout << "Creada la escuela " << path << " con " << students << " alumnos\n";
+  std::cout << "Creada la escuela " << address.Shown() << " con " << students << " alumnos\n";
   return 0;
 }
 
-int Check(const std::string& path) {
-  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::ReadOnly);
-  school.Open();
-  const SchoolCheck check(school);
+int Check(const SchoolAddress& address) {
+  const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
+  const SchoolCheck check(*school);
   const auto missing = check.Structure(SchoolCheck::For::Module);
   Print(missing);
   if (!missing.empty()) {
@@ -92,11 +90,10 @@ int Check(const std::string& path) {
   return rows.empty() ? 0 : 1;
 }
 
-int ShowLocks(const std::string& path) {
-  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::ReadOnly);
-  school.Open();
-  RequireSchool(school);
-  const auto publications = LockList(school).Read();
+int ShowLocks(const SchoolAddress& address) {
+  const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
+  RequireSchool(*school);
+  const auto publications = LockList(*school).Read();
   for (const auto& publication : publications) {
     std::cout << (publication.exists ? "Publicación " : "Bloqueos sin publicación ")
               << publication.id << ": usuario " << publication.owner;
@@ -108,11 +105,10 @@ int ShowLocks(const std::string& path) {
   return 0;
 }
 
-int RemoveLocks(const std::string& path, int publication) {
-  sqlite::SqliteConnection school(path, "");
-  school.Open();
-  RequireSchool(school);
-  if (!LockList(school).Remove(publication)) {
+int RemoveLocks(const SchoolAddress& address, int publication) {
+  const auto school = address.Open("");
+  RequireSchool(*school);
+  if (!LockList(*school).Remove(publication)) {
     std::cout << "No hay ninguna publicación " << publication << '\n';
     return 1;
   }

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+
+#include "apps/escuela/SchoolAddress.h"
 
 namespace quorvane {
 
@@ -10,11 +11,11 @@ namespace quorvane {
 /// and gives the program's exit status: 0, or 1 when something was found or nothing could be done.
 /// Failures of the engine and the file system are runtime errors.
 
-int MakeEmpty(const std::string& path);
-int MakeDemo(const std::string& path);
-int Generate(const std::string& path, std::size_t students, std::uint64_t seed);
-int Check(const std::string& path);
-int ShowLocks(const std::string& path);
-int RemoveLocks(const std::string& path, int publication);
+int MakeEmpty(const SchoolAddress& address);
+int MakeDemo(const SchoolAddress& address);
+int Generate(const SchoolAddress& address, std::size_t students, std::uint64_t seed);
+int Check(const SchoolAddress& address);
+int ShowLocks(const SchoolAddress& address);
+int RemoveLocks(const SchoolAddress& address, int publication);
 
 }  // namespace quorvane

@@ -28,6 +28,7 @@ std::string Complaint(const CLI::ParseError& error) {
 
 struct Arguments {
   std::string file;
+  std::string odbc;
   std::size_t students = 0;
   std::uint64_t seed = 0;
   int publication = 0;
@@ -37,9 +38,9 @@ CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& 
                      Arguments& arguments) {
   auto* command = app.add_subcommand(name, description)->group("Órdenes");
   command->get_help_ptr()->group("Opciones");
-  command->add_option("FICHERO", arguments.file, "Base de datos de la escuela")
-      ->required()
-      ->type_name("");
+  command->add_option("FICHERO", arguments.file, "Base de datos de la escuela")->type_name("");
+  command->add_option("--odbc", arguments.odbc, "En su lugar, cadena de conexión ODBC")
+      ->type_name("CADENA");
   return command;
 }
 
@@ -85,13 +86,21 @@ int Run(int argc, char** argv) {
     std::cerr << "quorvane-escuela: " << Complaint(error) << "\nPruebe quorvane-escuela --help\n";
     return kBadArguments;
   }
-  if (create->parsed()) return quorvane::MakeEmpty(arguments.file);
-  if (demo->parsed()) return quorvane::MakeDemo(arguments.file);
-  if (generate->parsed())
-    return quorvane::Generate(arguments.file, arguments.students, arguments.seed);
-  if (check->parsed()) return quorvane::Check(arguments.file);
-  if (remove->count() > 0) return quorvane::RemoveLocks(arguments.file, arguments.publication);
-  return quorvane::ShowLocks(arguments.file);
+  if (arguments.file.empty() == arguments.odbc.empty()) {
+    std::cerr << "quorvane-escuela: "
+              << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
+                                         : "FICHERO y --odbc no van juntos")
+              << "\nPruebe quorvane-escuela --help\n";
+    return kBadArguments;
+  }
+  const auto school = arguments.odbc.empty() ? quorvane::SchoolAddress::File(arguments.file)
+                                             : quorvane::SchoolAddress::Odbc(arguments.odbc);
+  if (create->parsed()) return quorvane::MakeEmpty(school);
+  if (demo->parsed()) return quorvane::MakeDemo(school);
+  if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
+  if (check->parsed()) return quorvane::Check(school);
+  if (remove->count() > 0) return quorvane::RemoveLocks(school, arguments.publication);
+  return quorvane::ShowLocks(school);
 }
 
 }  // namespace

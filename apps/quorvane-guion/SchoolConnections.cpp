@@ -21,17 +21,6 @@ SchoolAddress EntradaOf(const PlayOptions& options) {
   return isString ? SchoolAddress::Odbc(options.entrada) : SchoolAddress::File(options.entrada);
 }
 
-bool HasTable(Connection& connection, const std::string& table) {
-  try {
-    connection.Execute("SELECT * FROM " + table + " WHERE 1=0");
-    return true;
-  } catch (const RuntimeError& error) {
-    // Of a table that is there and can't be read, the engine's own words say more.
-    if (!IsMissingTable(error.Description())) throw;
-    return false;
-  }
-}
-
 /// A school that lacks a table is still one, and fails where the table is asked for.
 void RequireSchool(const SchoolAddress& address) {
   const auto connection = address.Open("");
