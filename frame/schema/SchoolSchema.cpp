@@ -8,6 +8,7 @@ namespace quorvane {
 namespace {
 
 constexpr std::string_view kCreateTable = "CREATE TABLE ";
+constexpr std::string_view kPrimaryKey = " PRIMARY KEY ";
 
 bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
@@ -18,13 +19,20 @@ SchemaColumn ReadColumn(const std::string& line) {
   SchemaColumn column;
   std::string type;
   std::istringstream(line) >> column.name >> type;
-  column.key = Contains(line, "PRIMARY KEY");
   column.flag = type == "bit";
   column.text = Contains(type, "varchar");
   column.forHost = Contains(line, "-- host");
   column.freeName = Contains(line, "-- free name");
   column.freePlace = Contains(line, "-- free place");
   return column;
+}
+
+/// "CONSTRAINT PK_Curso PRIMARY KEY (IDCurso)": marks the column in the brackets.
+void ReadKey(const std::string& line, SchemaTable& table) {
+  const auto begin = line.find('(') + 1;
+  const auto name = line.substr(begin, line.find(')') - begin);
+  for (auto& column : table.columns)
+    if (column.name == name) column.key = true;
 }
 
 std::vector<SchemaTable> ReadTables() {
@@ -40,6 +48,8 @@ std::vector<SchemaTable> ReadTables() {
       inTable = true;
     } else if (line.starts_with(")")) {
       inTable = false;
+    } else if (inTable && Contains(line, kPrimaryKey)) {
+      ReadKey(line, tables.back());
     } else if (inTable) {
       tables.back().columns.push_back(ReadColumn(line));
     }

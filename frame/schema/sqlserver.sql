@@ -9,16 +9,17 @@
 
 -- The register: a pending subject of a student.
 CREATE TABLE AlumnoPte_MatDet (  -- by position
-  IDAlumnoPte_MatDet int NOT NULL PRIMARY KEY,
+  IDAlumnoPte_MatDet int NOT NULL,
   CodAlumno int DEFAULT 0,
   CodMatDet int DEFAULT 0,
   Orden tinyint DEFAULT 0,
-  CodCursoPte tinyint DEFAULT 0  -- free name
+  CodCursoPte tinyint DEFAULT 0,  -- free name
+  CONSTRAINT PK_AlumnoPte_MatDet PRIMARY KEY (IDAlumnoPte_MatDet)
 );
 
 -- The grades of a pending subject in an ordinary evaluation.
 CREATE TABLE EvaluacionPte (  -- by position
-  IDEvaluacionPte int NOT NULL PRIMARY KEY,
+  IDEvaluacionPte int NOT NULL,
   CodAlumnoPte_MatDet int DEFAULT 0,
   CodNumEvaluacion int DEFAULT 0,
   Evaluado bit DEFAULT 0,  -- free place
@@ -27,19 +28,21 @@ CREATE TABLE EvaluacionPte (  -- by position
   CodNotaObservacion int DEFAULT 0,  -- free place
   CodNotaConcepto int DEFAULT 0,  -- free place
   CodNotaProcedimiento int DEFAULT 0,  -- free place
-  UltimaEvaluada bit DEFAULT 0  -- free place
+  UltimaEvaluada bit DEFAULT 0,  -- free place
+  CONSTRAINT PK_EvaluacionPte PRIMARY KEY (IDEvaluacionPte)
 );
 
 -- The grades of a pending subject in a final evaluation.
 CREATE TABLE EvaluacionActaPte (  -- by position
-  IDEvaluacionActaPte int NOT NULL PRIMARY KEY,
+  IDEvaluacionActaPte int NOT NULL,
   CodAlumnoPte_MatDet int DEFAULT 0,
   CodNumEvaluacion int DEFAULT 0,
   Evaluado bit DEFAULT 0,  -- free place
   CodNota int DEFAULT 0,  -- free place
   CodNotaObservacion int DEFAULT 0,  -- free place
   RE_AC_DIV tinyint DEFAULT 0,  -- free place
-  UltimaEvaluada bit DEFAULT 0  -- free place
+  UltimaEvaluada bit DEFAULT 0,  -- free place
+  CONSTRAINT PK_EvaluacionActaPte PRIMARY KEY (IDEvaluacionActaPte)
 );
 
 -- The students on the pending register of a section.
@@ -61,11 +64,12 @@ CREATE TABLE Profesor_Pte (  -- by position
 -- not at the teacher, since a teacher's number would match the section of the same number by
 -- chance, and a publication be taken for that section's.
 CREATE TABLE PublicacionPte (  -- by position
-  IDPublicacionPte int NOT NULL PRIMARY KEY,
+  IDPublicacionPte int NOT NULL,
   CodProfesor smallint DEFAULT 0,  -- free name
   CodPropietario smallint DEFAULT 0,
   CodSeccion int DEFAULT 0,  -- free place
-  CodNumEvaluacion int DEFAULT 0
+  CodNumEvaluacion int DEFAULT 0,
+  CONSTRAINT PK_PublicacionPte PRIMARY KEY (IDPublicacionPte)
 );
 
 -- A subject that a grade form holds in an evaluation. It has no key of its own.
@@ -79,19 +83,20 @@ CREATE TABLE BloqueoPte (  -- by position
 
 -- A subject of a student in an evaluation, in the main grade book.
 CREATE TABLE Alumno_MateriaDetalles (  -- by position
-  IDAlumno_MateriaDetalles int NOT NULL PRIMARY KEY,
+  IDAlumno_MateriaDetalles int NOT NULL,
   CodAlumno int DEFAULT 0,
   CodMateriaDetalles int DEFAULT 0,
   CodMateriaDetallesAsociada int DEFAULT 0,
   CodNumEvaluacion smallint DEFAULT 0,
   Orden tinyint DEFAULT 0,
   Cursada bit DEFAULT 0,  -- free name
-  Convocatoria int DEFAULT 0  -- free name
+  Convocatoria int DEFAULT 0,  -- free name
+  CONSTRAINT PK_Alumno_MateriaDetalles PRIMARY KEY (IDAlumno_MateriaDetalles)
 );
 
 -- The grades of a row of Alumno_MateriaDetalles.
 CREATE TABLE Evaluacion (  -- by position
-  IDEvaluacion int NOT NULL PRIMARY KEY,
+  IDEvaluacion int NOT NULL,
   CodAlumno_MateriaDetalles int DEFAULT 0,
   CodNumEvaluacion smallint DEFAULT 0,
   Evaluado int DEFAULT 0,  -- free place
@@ -106,12 +111,13 @@ CREATE TABLE Evaluacion (  -- by position
   CodNotaConceptoR int DEFAULT 0,  -- free place
   CodNotaProcedimientoR int DEFAULT 0,  -- free place
   Recuperacion int DEFAULT 0,  -- free place
-  Faltas int DEFAULT 0  -- free name
+  Faltas int DEFAULT 0,  -- free name
+  CONSTRAINT PK_Evaluacion PRIMARY KEY (IDEvaluacion)
 );
 
 -- The presence of a student in an evaluation.
 CREATE TABLE Alumno_NumEvaluacion (  -- by position
-  IDAlumno_NumEvaluacion int NOT NULL PRIMARY KEY,
+  IDAlumno_NumEvaluacion int NOT NULL,
   CodAlumno int DEFAULT 0,
   CodNumEvaluacion smallint DEFAULT 0,
   FaltasJustificadas int DEFAULT 0,  -- free name
@@ -119,18 +125,20 @@ CREATE TABLE Alumno_NumEvaluacion (  -- by position
   Retrasos int DEFAULT 0,  -- free name
   CodNotaObservacion int DEFAULT 0,  -- free name
   Promociona int DEFAULT 0,  -- free name
-  Repite int DEFAULT 0  -- free name
+  Repite int DEFAULT 0,  -- free name
+  CONSTRAINT PK_Alumno_NumEvaluacion PRIMARY KEY (IDAlumno_NumEvaluacion)
 );
 
 CREATE TABLE Alumno (
-  IDAlumno int NOT NULL PRIMARY KEY,
+  IDAlumno int NOT NULL,
   Nombre nvarchar(255),
   Apellido_1 nvarchar(255),
   Apellido_2 nvarchar(255),
   CodSeccion int DEFAULT 0,
   OrdenSeccion int DEFAULT 0,
   Anticipado bit DEFAULT 0,
-  FechaBaja varchar(10)
+  FechaBaja varchar(10),
+  CONSTRAINT PK_Alumno PRIMARY KEY (IDAlumno)
 );
 
 -- The students of a section, in the list of the host.
@@ -140,50 +148,55 @@ CREATE TABLE Seccion_Alumno (
 );
 
 CREATE TABLE Seccion (
-  IDSeccion int NOT NULL PRIMARY KEY,
+  IDSeccion int NOT NULL,
   Descripcion nvarchar(255),
   CodCurso int DEFAULT 0,
   CodTutor int DEFAULT 0,
   CodModelo int DEFAULT 0,
   Seguimiento bit DEFAULT 0,
-  AcumularObjetivos bit DEFAULT 0
+  AcumularObjetivos bit DEFAULT 0,
+  CONSTRAINT PK_Seccion PRIMARY KEY (IDSeccion)
 );
 
 CREATE TABLE Curso (
-  IDCurso int NOT NULL PRIMARY KEY,
+  IDCurso int NOT NULL,
   Descripcion nvarchar(255),
   CodTipoEnsenanza int DEFAULT 0,
   Orden int DEFAULT 0,
   Promocion smallint DEFAULT 0,
-  RE_AC bit DEFAULT 0
+  RE_AC bit DEFAULT 0,
+  CONSTRAINT PK_Curso PRIMARY KEY (IDCurso)
 );
 
 -- A subject, or an objective of the subject in CodMateriaAsociada.
 CREATE TABLE Materia (
-  IDMateria int NOT NULL PRIMARY KEY,
+  IDMateria int NOT NULL,
   Nombre nvarchar(255),
   Optativa bit DEFAULT 0,
   CodMateriaAsociada int DEFAULT 0,
   CodTipoEnsenanza int DEFAULT 0,
-  CodTipoMateria int DEFAULT 0
+  CodTipoMateria int DEFAULT 0,
+  CONSTRAINT PK_Materia PRIMARY KEY (IDMateria)
 );
 
 -- A subject as taught in one section.
 CREATE TABLE MateriaDetalles (
-  IDMateriaDetalles int NOT NULL PRIMARY KEY,
+  IDMateriaDetalles int NOT NULL,
   CodMateria int DEFAULT 0,
   CodSeccion int DEFAULT 0,
   CodPersonal int DEFAULT 0,
   CodPersonalAsociado int DEFAULT 0,
-  CodTipoMateria int DEFAULT 0
+  CodTipoMateria int DEFAULT 0,
+  CONSTRAINT PK_MateriaDetalles PRIMARY KEY (IDMateriaDetalles)
 );
 
 CREATE TABLE NumEvaluacion (
-  IDNumEvaluacion int NOT NULL PRIMARY KEY,
+  IDNumEvaluacion int NOT NULL,
   Descripcion nvarchar(255),
   Final bit DEFAULT 0,
   Extraordinaria bit DEFAULT 0,
-  Orden int DEFAULT 0
+  Orden int DEFAULT 0,
+  CONSTRAINT PK_NumEvaluacion PRIMARY KEY (IDNumEvaluacion)
 );
 
 -- The evaluations that a section has.
@@ -194,9 +207,10 @@ CREATE TABLE Seccion_NumEvaluacion (
 
 -- A kind of teaching.
 CREATE TABLE TipoEnsenanza (
-  IDTipoEnsenanza int NOT NULL PRIMARY KEY,
+  IDTipoEnsenanza int NOT NULL,
   Nombre nvarchar(255),
-  Orden int DEFAULT 0
+  Orden int DEFAULT 0,
+  CONSTRAINT PK_TipoEnsenanza PRIMARY KEY (IDTipoEnsenanza)
 );
 
 -- The kinds of teaching that a centre gives.
@@ -207,56 +221,62 @@ CREATE TABLE Centro_TipoEnsenanza (
 
 -- A member of staff.
 CREATE TABLE Personal (
-  IDPersonal int NOT NULL PRIMARY KEY,
+  IDPersonal int NOT NULL,
   Apellido1 nvarchar(255),
   Apellido2 nvarchar(255),
   Nombre nvarchar(255),
-  CodUsuario int DEFAULT 0
+  CodUsuario int DEFAULT 0,
+  CONSTRAINT PK_Personal PRIMARY KEY (IDPersonal)
 );
 
 -- Nombre and CodPerfil are for the sign-in of a host; the module reads neither.
 CREATE TABLE Usuario (
-  IDUsuario int NOT NULL PRIMARY KEY,
+  IDUsuario int NOT NULL,
   CodPadre int DEFAULT 0,
   AdminSistema bit DEFAULT 0,
   Nombre nvarchar(255),  -- host
-  CodPerfil int DEFAULT 0  -- host
+  CodPerfil int DEFAULT 0,  -- host
+  CONSTRAINT PK_Usuario PRIMARY KEY (IDUsuario)
 );
 
 CREATE TABLE Modelo (
-  IDModelo int NOT NULL PRIMARY KEY,
-  CodSistemaCalificacion int DEFAULT 0
+  IDModelo int NOT NULL,
+  CodSistemaCalificacion int DEFAULT 0,
+  CONSTRAINT PK_Modelo PRIMARY KEY (IDModelo)
 );
 
 -- A marking system.
 CREATE TABLE SistemaCalificacion (
-  IDSistemaCalificacion int NOT NULL PRIMARY KEY,
+  IDSistemaCalificacion int NOT NULL,
   CodTipoEnsenanza int DEFAULT 0,
-  Recuperaciones bit DEFAULT 0
+  Recuperaciones bit DEFAULT 0,
+  CONSTRAINT PK_SistemaCalificacion PRIMARY KEY (IDSistemaCalificacion)
 );
 
 CREATE TABLE TipoMateria (
-  IDTipoMateria int NOT NULL PRIMARY KEY,
+  IDTipoMateria int NOT NULL,
   Nombre nvarchar(255),
   CodEspecificarTipoMateria smallint DEFAULT 0,
-  CodSistemaCalificacion int DEFAULT 0
+  CodSistemaCalificacion int DEFAULT 0,
+  CONSTRAINT PK_TipoMateria PRIMARY KEY (IDTipoMateria)
 );
 
 -- A kind of grade, that is, a column of the grade grid.
 CREATE TABLE TipoNota (
-  IDTipoNota int NOT NULL PRIMARY KEY,
+  IDTipoNota int NOT NULL,
   Nombre nvarchar(255),
   Orden int DEFAULT 0,
   Abreviatura bit DEFAULT 0,
   Materia bit DEFAULT 0,
   Observacion bit DEFAULT 0,
   Evaluacion bit DEFAULT 0,
-  CodTipoMateria int DEFAULT 0
+  CodTipoMateria int DEFAULT 0,
+  CONSTRAINT PK_TipoNota PRIMARY KEY (IDTipoNota)
 );
 
 -- A grade that can be given. A scope of 0 is any.
 CREATE TABLE Nota (
-  IDNota int NOT NULL PRIMARY KEY,
+  IDNota int NOT NULL,
   DescripcionCorta nvarchar(255),
   Aprobado bit DEFAULT 0,
   NotaExcepcional bit DEFAULT 0,
@@ -265,7 +285,8 @@ CREATE TABLE Nota (
   CodNumEvaluacion int DEFAULT 0,
   CodMateria int DEFAULT 0,
   CodPersonal int DEFAULT 0,
-  CodTipoNota int DEFAULT 0
+  CodTipoNota int DEFAULT 0,
+  CONSTRAINT PK_Nota PRIMARY KEY (IDNota)
 );
 
 -- The days, as yyyy/mm/dd, between which grades may be entered.
