@@ -254,6 +254,7 @@ void Tour::Messages() {
   statements.close();
   OwnPublication();
   RegisterInUse();
+  TooManyFinals();
   MissingData();
   EverythingLocked();
   OutsideTheDates();
@@ -293,6 +294,38 @@ void Tour::RegisterInUse() {
     Close(window);
   });
   window_.OpenNode(123);
+}
+
+void Tour::TooManyFinals() {
+  sqlite::SqliteConnection other(school_.toStdString(), "");
+  other.Open();
+  other.Execute("INSERT INTO NumEvaluacion VALUES (7,'Final de Septiembre',-1,-1,3)");
+  guide_.On("frmPendientes", [](FormWindow& window) {
+    PickClass(window, "cboTEnsenanza", "cboCurso", "cboSeccion");
+    Guide::Press(window, "cmdAceptar");
+  });
+  guide_.On("frmAlumnoPendiente", [](FormWindow& window) {
+    Guide::Row(window, "msgAlumnos", 1);
+    Guide::Press(window, "cmdPropiedades");
+    Close(window);
+  });
+  guide_.On("frmAlumnoMateria", [](FormWindow& window) {
+    Guide::Row(window, "msgMaterias", 1);
+    Guide::Press(window, "cmdPropiedades");
+    Close(window);
+  });
+  guide_.On("frmMateriaEv", [this](FormWindow& window) {
+    Guide::Press(window, "cmdAgregarTodos");
+    guide_.NameMessage("mensaje-demasiadas-finales");
+    Guide::Press(window, "cmdAceptar");
+    Guide::Pick(window, "lstSeleccionados", "Final Ord");
+    Guide::Press(window, "cmdEliminarUno");
+    guide_.NameMessage("mensaje-finales-mezcladas");
+    Guide::Press(window, "cmdAceptar");
+    Close(window);
+  });
+  window_.OpenNode(123);
+  other.Execute("DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=7");
 }
 
 void Tour::MissingData() {

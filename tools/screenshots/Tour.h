@@ -24,6 +24,7 @@ class Tour {
   void Messages();
   void OwnPublication();
   void RegisterInUse();
+  void TooManyFinals();
   void MissingData();
   void EverythingLocked();
   void OutsideTheDates();
