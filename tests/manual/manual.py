@@ -96,6 +96,18 @@ def host_messages():
     return found
 
 
+def host_captions():
+    """What the host's menus, buttons, fields and hints say, without the marks of their keys."""
+    patterns = (r'add(?:Action|Menu|Button)\("([^"]+)"', r'QPushButton\("([^"]+)"',
+                r'QLabel\("([^"]+)"\)', r'setWindowTitle\("([^"]+)"', r'addRow\("([^"]+)"',
+                r'\b\w+_\("([^"]+)"', r'setPlaceholderText\("([^"]+)"')
+    found = set()
+    for _, code in sources(HOST_FOLDERS):
+        for pattern in patterns:
+            found.update(text.replace('&', '') for text in re.findall(pattern, code))
+    return found
+
+
 def tool_messages():
     """What the school's tool finds, and how it ends: the beginnings of its lines."""
     found = set()

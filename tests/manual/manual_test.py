@@ -77,6 +77,11 @@ class PagesTest(unittest.TestCase):
                 with self.subTest(form, caption=caption):
                     self.assertTrue(page.holds(caption))
 
+    def test_every_caption_of_the_host_is_told(self):
+        captions = manual.host_captions()
+        self.assertGreater(len(captions), 30)
+        self.assertEqual(self.manual.lacks(captions), [])
+
     def test_every_message_of_a_screen_is_told_on_its_page(self):
         for text, files in manual.module_messages().items():
             for form in manual.forms():
