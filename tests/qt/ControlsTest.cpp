@@ -7,9 +7,7 @@
 #include <QTabBar>
 #include <gmock/gmock.h>
 
-#include "tests/qt/Hands.h"
-#include "tests/qt/ScreenTest.h"
-#include "tests/qt/frmPrueba.h"
+#include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {
 namespace {
@@ -19,23 +17,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-/// One show of the form with all kinds of control, ended by its button that cancels.
-class ControlsTest : public ScreenTest {
- protected:
-  void Run(const Step& act) {
-    Then([this, act](qt::FormWindow& window) {
-      form->log.clear();
-      act(window);
-      seen = form->log;
-      Click(window, "cmdCancelar");
-    });
-    form->ShowModal();
-    ExpectDone();
-  }
-
-  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
-  std::vector<std::string> seen;  ///< the events, but for the last button's
-};
+using ControlsTest = PruebaTest;
 
 TEST_F(ControlsTest, PickingAnEntrySelectsItAndClicks) {
   Run([](qt::FormWindow& window) { Pick(window, "cboCurso", "Segundo"); });

@@ -4,9 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "adapters/qt/Units.h"
-#include "tests/qt/Hands.h"
-#include "tests/qt/ScreenTest.h"
-#include "tests/qt/frmPrueba.h"
+#include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {
 namespace {
@@ -14,22 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class GridsTest : public ScreenTest {
- protected:
-  void Run(const Step& act) {
-    Then([this, act](qt::FormWindow& window) {
-      form->log.clear();
-      act(window);
-      seen = form->log;
-      Click(window, "cmdCancelar");
-    });
-    form->ShowModal();
-    ExpectDone();
-  }
-
-  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
-  std::vector<std::string> seen;
-};
+using GridsTest = PruebaTest;
 
 TEST_F(GridsTest, TheFixedRowIsTheHeading) {
   Run([](qt::FormWindow& window) {

@@ -7,9 +7,7 @@
 #include "adapters/qt/RetivoEditor.h"
 #include "adapters/qt/Units.h"
 #include "platform/RuntimeError.h"
-#include "tests/qt/Hands.h"
-#include "tests/qt/ScreenTest.h"
-#include "tests/qt/frmPrueba.h"
+#include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {
 namespace {
@@ -18,19 +16,8 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// Cells count from 0 below the heading: list cells are the columns 1 and 2 of two rows.
-class RetivoTest : public ScreenTest {
+class RetivoTest : public PruebaTest {
  protected:
-  void Run(const Step& act) {
-    Then([this, act](qt::FormWindow& window) {
-      form->log.clear();
-      act(window);
-      seen = form->log;
-      Click(window, "cmdCancelar");
-    });
-    form->ShowModal();
-    ExpectDone();
-  }
-
   static qt::RetivoEditor* List() {
     return dynamic_cast<qt::RetivoEditor*>(QApplication::activePopupWidget());
   }
@@ -47,9 +34,6 @@ class RetivoTest : public ScreenTest {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(entry)).center());
   }
-
-  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
-  std::vector<std::string> seen;
 };
 
 TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
@@ -160,6 +144,45 @@ TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
     Key(window, "rtvNotas", Qt::Key_Backtab);
     EXPECT_EQ(form->rtvNotas.Col(), 1);
   });
+}
+
+TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    Key(window, "rtvNotas", Qt::Key_Tab);
+    Key(window, "rtvNotas", Qt::Key_Space);
+    ASSERT_NE(List(), nullptr);
+    EXPECT_EQ(Offered().size(), 7U);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
+}
+
+TEST_F(RetivoTest, CtrlTabLeavesTheTableFromAnyCell) {
+  Run([](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 0);
+    Key(window, "rtvNotas", Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
+    Key(window, "rtvNotas", Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window.focusWidget(), Of(window, "msgRejilla"));
+  });
+  EXPECT_THAT(seen, IsEmpty());
+}
+
+// The grid is drawn with columns alone to drag: no border of a row can be taken hold of.
+TEST_F(RetivoTest, RowsOfferNoBorderToDrag) {
+  form->rtvNotas.CambioAlto = [this] { form->Log("alto"); };
+  Run([](qt::FormWindow& window) {
+    auto* table = Of<QTableView>(window, "rtvNotas");
+    EXPECT_FALSE(table->verticalHeader()->isVisible());
+    const auto before = table->rowHeight(0);
+    const QPoint edge(2, table->rowViewportPosition(1) - 1);
+    QTest::mousePress(table->viewport(), Qt::LeftButton, {}, edge);
+    QTest::mouseMove(table->viewport(), edge + QPoint(0, 20));
+    QTest::mouseRelease(table->viewport(), Qt::LeftButton, {}, edge + QPoint(0, 20));
+    EXPECT_EQ(table->rowHeight(0), before);
+  });
+  EXPECT_THAT(seen, ::testing::Not(::testing::Contains("alto")));
 }
 
 TEST_F(RetivoTest, TheArrowKeysGoFromCellToCell) {
