@@ -31,6 +31,23 @@ if(CONFIG STREQUAL Release AND NOT SANITIZE)
   endif()
 endif()
 
+# What the manual pages point to is there.
+file(GLOB pages ${prefix}/share/man/man1/*.gz)
+foreach(page IN LISTS pages)
+  run(gzip -dc ${page})
+  string(REPLACE "\\-" "-" output "${output}")
+  string(REGEX MATCHALL "/opt/quorvane/[a-z./-]+" paths "${output}")
+  foreach(path IN LISTS paths)
+    string(REPLACE /opt/quorvane ${prefix} there ${path})
+    if(NOT EXISTS ${there})
+      message(FATAL_ERROR "${page} tells of ${path}, which isn't installed")
+    endif()
+  endforeach()
+  if(NOT paths)
+    message(FATAL_ERROR "${page} tells of no file")
+  endif()
+endforeach()
+
 # The documents' links to each other hold.
 file(GLOB_RECURSE documents ${prefix}/share/doc/quorvane/*.md)
 list(LENGTH documents count)
