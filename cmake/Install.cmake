@@ -94,9 +94,9 @@ endif()
 
 # The documents keep their folders, since they link to each other.
 install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES bench/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/bench)
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
-        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.guion)
+install(DIRECTORY docs bench DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.guion
+        PATTERN qt EXCLUDE)
 include(cmake/Manual.cmake)
 install(FILES frame/schema/sqlite.sql frame/schema/sqlserver.sql
         DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane/esquema)
