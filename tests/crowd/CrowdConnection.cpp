@@ -8,6 +8,7 @@
 #include "platform/RuntimeError.h"
 #include "tests/crowd/Diary.h"
 #include "tests/crowd/Grades.h"
+#include "tests/walk/Statement.h"
 
 namespace quorvane::test {
 namespace {
@@ -91,7 +92,7 @@ void CrowdConnection::CompareSaved() {
 }
 
 Recordset CrowdConnection::Run(const std::string& statement) {
-  if (IsSelect(statement)) {
+  if (Reads(statement)) {
     NoteLoad(statement);
     return Time(statement);
   }

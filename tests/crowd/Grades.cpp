@@ -2,8 +2,6 @@
 
 #include <cctype>
 
-#include "platform/AsciiCase.h"
-
 namespace quorvane::test {
 namespace {
 
@@ -20,13 +18,6 @@ std::string Plain(std::string_view text) {
 }
 
 }  // namespace
-
-bool IsSelect(std::string_view statement) {
-  constexpr std::string_view kSelect = "select";
-  const auto start = statement.find_first_not_of(' ');
-  return start != std::string_view::npos &&
-         EqualNoCase(statement.substr(start, kSelect.size()), kSelect);
-}
 
 std::optional<GradeUpdate> ParseGradeUpdate(std::string_view statement) {
   if (!statement.starts_with("UPDATE Evaluacion")) return std::nullopt;

@@ -7,8 +7,6 @@
 
 namespace quorvane::test {
 
-bool IsSelect(std::string_view statement);
-
 /// An UPDATE of the module: what it gives to which rows of which table. Names in lower case.
 struct GradeUpdate {
   std::string table;

@@ -3,23 +3,12 @@
 #include <utility>
 
 #include "frame/schema/SchoolSchema.h"
-#include "platform/AsciiCase.h"
 #include "platform/RuntimeError.h"
 #include "tests/walk/Disturbance.h"
 #include "tests/walk/RandomSchool.h"
+#include "tests/walk/Statement.h"
 
 namespace quorvane::test {
-namespace {
-
-bool Reads(const std::string& statement) {
-  constexpr std::string_view kSelect = "select";
-  const auto start = statement.find_first_not_of(' ');
-  return start != std::string::npos &&
-         EqualNoCase(std::string_view(statement).substr(start, kSelect.size()), kSelect);
-}
-
-}  // namespace
-
 School::School(Prng& random) : sqlServer_(random.Chance(30)) {
   engine_.Open();
   engine_.ExecuteScript(std::string(SqliteSchema()));

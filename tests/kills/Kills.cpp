@@ -1,0 +1,164 @@
+#include "tests/kills/Kills.h"
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/LockList.h"
+#include "apps/escuela/SchoolFile.h"
+#include "tests/kills/Victim.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr int kKillsOfSchool = 20;
+
+/// Kills and waits, whatever happens: no process may outlive the one that looks.
+class Child {
+ public:
+  explicit Child(pid_t pid) : pid_(pid) {
+    if (pid < 0) throw std::runtime_error("No se puede iniciar otro proceso");
+  }
+  ~Child() { Kill(); }
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+  Child(Child&&) = delete;
+  Child& operator=(Child&&) = delete;
+
+  [[nodiscard]] bool IsChild() const noexcept { return pid_ == 0; }
+
+  void Kill() {
+    if (killed_) return;
+    killed_ = true;
+    kill(pid_, SIGKILL);
+    int status = 0;
+    waitpid(pid_, &status, 0);
+    alive_ = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+  }
+  /// It lived until it was killed.
+  [[nodiscard]] bool WasAlive() const noexcept { return alive_; }
+
+ private:
+  pid_t pid_;
+  bool killed_ = false;
+  bool alive_ = false;
+};
+
+/// Waits without sleeping: what takes microseconds isn't met otherwise.
+void Spin(std::chrono::nanoseconds time) {
+  const auto until = std::chrono::steady_clock::now() + time;
+  while (std::chrono::steady_clock::now() < until) {
+  }
+}
+
+std::string Difference(const Replica::Rows& expected, const Replica::Rows& found) {
+  std::string text;
+  for (const auto& [table, rows] : found)
+    if (expected.count(table) == 0 || expected.at(table) != rows) text += " " + table;
+  return text;
+}
+
+}  // namespace
+
+Kills::Kills(const KillOptions& options)
+    : options_(options),
+      folder_(options.folder),
+      random_(options.seed),
+      sample_(folder_ / "muestra.sqlite") {
+  MakeSchoolFile(sample_, [](Connection& school) { DemoSchool(school).Build(); });
+  sqlite::SqliteConnection school(sample_, "");
+  school.Open();
+  LockList locks(school);
+  for (const auto& publication : locks.Read()) locks.Remove(publication.id);
+}
+
+void Kills::NewSchool() {
+  mode_ = schools_ % 2 == 0 ? "wal" : "delete";
+  school_ = folder_ / ("escuela-" + std::to_string(++schools_) + ".sqlite");
+  std::filesystem::copy_file(sample_, school_);
+  Replica::First(school_, "PRAGMA journal_mode=" + mode_);
+  replica_.emplace(school_);
+}
+
+void Kills::Run() {
+  for (; kills_ < options_.times; ++kills_) {
+    if (kills_ % kKillsOfSchool == 0) NewSchool();
+    try {
+      Kill();
+    } catch (const std::exception& failure) {
+      throw std::runtime_error("muerte " + std::to_string(kills_ + 1) + " (" + mode_ +
+                               "): " + failure.what());
+    }
+  }
+}
+
+void Kills::Kill() {
+  // The last to leave clears the log away; with another there, the next finds it as it was left.
+  std::optional<Child> bystander;
+  if (random_.Chance(30)) {
+    ++accompanied_;
+    Report ready;
+    bystander.emplace(fork());
+    if (bystander->IsChild()) BeBystander(school_, ready.In());
+    ready.OnlyRead();
+    if (!ready.Next()) throw std::runtime_error("El otro programa no abre la escuela");
+  }
+  // Made behind the other's start, who would keep it open.
+  Report report;
+  KillOne(report);
+  TakeOver(report);
+  bystander.reset();
+  RemoveLocks();
+}
+
+void Kills::KillOne(Report& report) {
+  constexpr std::size_t kStatements = 1500;
+  constexpr std::size_t kNanoseconds = 500'000;
+  const auto seed = options_.seed * 1'000'000 + static_cast<std::uint64_t>(kills_);
+  const auto target = 1 + static_cast<int>(random_.Below(kStatements));
+  const auto whileWriting = random_.Chance(60);
+  const auto whilePublishing = random_.Chance(50);
+  const std::chrono::nanoseconds delay(random_.Below(kNanoseconds));
+  Child victim(fork());
+  if (victim.IsChild()) BeVictim(school_, seed, report.In(), options_.fault);
+  report.OnlyRead();
+  while (report.Begun() < target || (whileWriting && !report.InFlight()) ||
+         (whilePublishing && !report.Publishes()))
+    if (!report.Next()) throw std::runtime_error("El proceso ha terminado solo");
+  Spin(delay);
+  victim.Kill();
+  if (!victim.WasAlive()) throw std::runtime_error("El proceso ha terminado solo");
+  while (report.Next()) {
+  }
+  returned_ += report.Returned();
+  written_ += static_cast<std::int64_t>(report.Written().size());
+}
+
+void Kills::TakeOver(const Report& report) {
+  for (const auto& statement : report.Written()) replica_->Apply(statement);
+  const auto found = Replica::AllOf(school_);
+  auto expected = replica_->All();
+  if (report.InFlight()) {
+    ++inFlight_;
+    const auto without = expected;
+    replica_->Apply(*report.InFlight());
+    expected = replica_->All();
+    if (found == without && found != expected) {
+      ++outside_;
+      replica_.emplace(school_);
+      return;
+    }
+    if (without != expected) ++inside_;
+  }
+  if (found != expected)
+    throw std::runtime_error(
+        "Tras " + std::to_string(report.Written().size()) +
+        " escrituras no está lo que había vuelto:" + Difference(expected, found));
+}
+
+}  // namespace quorvane::test
