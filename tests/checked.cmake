@@ -1,0 +1,93 @@
+# The checked variant: the module, its adapters and what the test programs link besides, compiled a
+# second time with sanitizers and line counters. The tests themselves are compiled once and linked
+# against either. The rest of the build stays as it is; with sanitizers in the whole build there is
+# no second variant.
+include(CheckCXXSourceCompiles)
+set(CMAKE_REQUIRED_FLAGS "-fsanitize=address,undefined --coverage")
+check_cxx_source_compiles("int main() {}" QUORVANE_HAS_SANITIZERS)
+unset(CMAKE_REQUIRED_FLAGS)
+if(QUORVANE_SANITIZE OR NOT QUORVANE_HAS_SANITIZERS)
+  return()
+endif()
+
+add_library(quorvane_checked_options INTERFACE)
+target_compile_options(quorvane_checked_options INTERFACE
+                       -fsanitize=address,undefined -fno-sanitize-recover=all
+                       -fno-omit-frame-pointer -g1 -O1 --coverage)
+target_link_options(quorvane_checked_options INTERFACE -fsanitize=address,undefined --coverage)
+
+# Objects, not an archive: they come first in each program, so that of the inline functions that
+# the tests compile too the checked ones are taken; and what no test calls is counted as well.
+add_library(quorvane_checked OBJECT)
+target_link_libraries(quorvane_checked PUBLIC quorvane_checked_options quorvane_options)
+foreach(library quorvane quorvane_sqlite quorvane_odbc quorvane_guion quorvane_guion_host
+                quorvane_escuela)
+  if(NOT TARGET ${library})
+    continue()
+  endif()
+  get_target_property(files ${library} SOURCES)
+  get_target_property(folder ${library} SOURCE_DIR)
+  list(TRANSFORM files PREPEND ${folder}/ REGEX "^[^/]")
+  target_sources(quorvane_checked PRIVATE ${files})
+  get_target_property(definitions ${library} COMPILE_DEFINITIONS)
+  if(definitions)
+    target_compile_definitions(quorvane_checked PRIVATE ${definitions})
+  endif()
+  get_target_property(linked ${library} LINK_LIBRARIES)
+  list(FILTER linked EXCLUDE REGEX "^quorvane")
+  target_link_libraries(quorvane_checked PUBLIC ${linked})
+endforeach()
+# The tools that read the compile commands see each file once, as it is built for use.
+set_target_properties(quorvane_checked PROPERTIES EXPORT_COMPILE_COMMANDS OFF)
+set_source_files_properties(${CMAKE_SOURCE_DIR}/platform/Application.cpp PROPERTIES
+                            COMPILE_DEFINITIONS QUORVANE_VERSION="${QUORVANE_VERSION_TEXT}")
+# g++ 12 with sanitizers finds uninitialised members in its own std::regex.
+set_source_files_properties(${CMAKE_SOURCE_DIR}/selection/FechaNotas.cpp PROPERTIES
+                            COMPILE_OPTIONS -Wno-maybe-uninitialized)
+
+# The counters start at zero in each run of the tests.
+add_test(NAME checked_counters
+         COMMAND ${CMAKE_COMMAND} -DFOLDER=${CMAKE_CURRENT_BINARY_DIR}
+                 -P ${CMAKE_CURRENT_LIST_DIR}/remove_counters.cmake)
+set_tests_properties(checked_counters PROPERTIES FIXTURES_SETUP checked_counters LABELS checked)
+
+# Frames are larger under the sanitizers, and shows nest thousands deep in a test.
+set(with_larger_stack sh -c "ulimit -S -s 65536 && exec \"$0\" \"$@\"")
+
+# checked_test(NAME [ENVIRONMENT VARIABLE=VALUE...] COMMAND ...): a run that fills the counters.
+function(checked_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;ENVIRONMENT")
+  list(POP_FRONT arg_COMMAND program)
+  add_test(NAME ${name} COMMAND ${with_larger_stack} $<TARGET_FILE:${program}> ${arg_COMMAND}
+           WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+  set_tests_properties(${name} PROPERTIES LABELS checked FIXTURES_REQUIRED checked_counters
+                       TIMEOUT 600
+                       ENVIRONMENT "${test_variables};${arg_ENVIRONMENT}")
+endfunction()
+
+# checked_area(AREA [SHARDS N] [ENVIRONMENT VARIABLE=VALUE...]): the tests of test_AREA, the same
+# objects, linked against the checked variant; one ctest entry a shard, for a start under the
+# sanitizers takes longer than most tests.
+function(checked_area area)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "SHARDS" "ENVIRONMENT")
+  if(NOT arg_SHARDS)
+    set(arg_SHARDS 1)
+  endif()
+  set(program test_${area}_checked)
+  if(NOT TARGET ${program})
+    add_executable(${program} $<TARGET_OBJECTS:quorvane_checked> $<TARGET_OBJECTS:test_${area}>)
+    get_target_property(linked test_${area} LINK_LIBRARIES)
+    if(quorvane_test_support IN_LIST linked)
+      target_sources(${program} PRIVATE $<TARGET_OBJECTS:quorvane_test_support>)
+    endif()
+    list(FILTER linked EXCLUDE REGEX "^quorvane")
+    get_target_property(checked_linked quorvane_checked INTERFACE_LINK_LIBRARIES)
+    target_link_libraries(${program} PRIVATE ${linked} ${checked_linked})
+  endif()
+  math(EXPR last "${arg_SHARDS} - 1")
+  foreach(shard RANGE ${last})
+    checked_test(checked_${area}_${shard} COMMAND ${program} --gtest_brief=1
+                 ENVIRONMENT GTEST_TOTAL_SHARDS=${arg_SHARDS} GTEST_SHARD_INDEX=${shard}
+                             ${arg_ENVIRONMENT})
+  endforeach()
+endfunction()
