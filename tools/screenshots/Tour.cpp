@@ -103,6 +103,14 @@ void Tour::Host() {
   letter.close();
   window_.OpenSchool(letter.fileName());
 
+  guide_.OnDialog("conectar", [this](QWidget& dialog) {
+    dialog.findChild<QLineEdit*>("cadena")->setText(
+        "Driver=FreeTDS;Server=escuela;Database=Centro;UID=zendria;TDS_Version=7.4");
+    camera_.Take("conectar", dialog);
+    PressKey(dialog, Qt::Key_Escape);
+  });
+  window_.findChild<QAction*>("conectarServidor")->trigger();
+
   guide_.OnDialog("entrada", [this](QWidget& dialog) {
     camera_.Take("entrar", dialog);
     PressKey(dialog, Qt::Key_Escape);
