@@ -5,6 +5,9 @@ import unittest
 import manual
 
 
+PARTS = ('Para qué sirve', 'Cómo se llega', 'Controles', 'Teclado', 'Qué se guarda', 'Mensajes')
+
+
 class MessagesTest(unittest.TestCase):
     def setUp(self):
         self.manual = manual.Manual.read()
@@ -65,10 +68,17 @@ class PagesTest(unittest.TestCase):
 
     def test_every_page_tells_its_use_way_controls_keys_saving_and_messages(self):
         for form in manual.forms():
-            for part in ('Para qué sirve', 'Cómo se llega', 'Controles', 'Teclado', 'Qué se guarda',
-                         'Mensajes'):
+            for part in PARTS:
                 with self.subTest(form, part=part):
                     self.assertIn(f'**{part}', self.manual.page_of(form))
+
+    def test_every_window_of_the_host_is_told_as_whole_as_a_screen(self):
+        for window in ('Inicio', 'Conectar con un servidor', 'Entrar', 'Ventana principal',
+                       'Buscar docente', 'Publicaciones y bloqueos', 'Sentencias'):
+            for part in PARTS:
+                with self.subTest(window, part=part):
+                    self.assertIn(f'**{part}', self.manual.section(window))
+            self.assertIn('](pantallas/', self.manual.section(window))
 
     def test_every_caption_of_a_screen_is_told_on_its_page(self):
         for form in manual.forms():
