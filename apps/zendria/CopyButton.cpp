@@ -8,7 +8,7 @@
 namespace quorvane::zendria {
 
 void AddCopyButton(QMessageBox& box, const QString& text) {
-  auto* const copy = box.addButton("&Copiar detalles", QMessageBox::ActionRole);
+  auto* const copy = box.addButton("&Copiar detalles", QMessageBox::HelpRole);
   copy->setObjectName("copiar");
   // Any button closes a box unless it is cut off from it.
   QObject::disconnect(copy, &QPushButton::clicked, nullptr, nullptr);

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "adapters/qt/FocusBorder.h"
 #include "apps/zendria/TextFolding.h"
 
 namespace quorvane::zendria {
@@ -30,6 +31,7 @@ FilteredList::FilteredList(std::vector<Entry> entries, const QString& hint, QWid
   field_.setClearButtonEnabled(true);
   field_.installEventFilter(this);
   list_.setObjectName("lista");
+  qt::ShowFocusOnBorder(list_);
   list_.setAccessibleName("Resultados");
   list_.setUniformItemSizes(true);
   list_.setAlternatingRowColors(true);

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <functional>
 
+#include "adapters/qt/FocusBorder.h"
 #include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
@@ -65,6 +66,7 @@ LocksDialog::LocksDialog(Connection& school, QWidget* parent)
       "bloqueadas no aparecen en las demás. Una pantalla que terminó mal deja las suyas.");
   hint->setWordWrap(true);
   list_.setObjectName("publicaciones");
+  qt::ShowFocusOnBorder(list_);
   list_.setAccessibleName("Publicaciones");
   list_.setHeaderLabels({"Publicación", "Quién", "Evaluación", "Materias bloqueadas"});
   list_.setAlternatingRowColors(true);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/FocusBorder.h"
 #include "apps/zendria/School.h"
 
 namespace quorvane::zendria {
@@ -34,6 +35,7 @@ QLabel* Named(QLabel& label, const char* name) {
 SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
     : QWidget(parent), screens_(std::move(screens)), session_(new QFormLayout), open_("&Abrir") {
   tree_.setObjectName("arbol");
+  qt::ShowFocusOnBorder(tree_);
   tree_.setAccessibleName("Pantallas");
   tree_.setHeaderHidden(true);
   tree_.setStyleSheet("QTreeWidget::item { padding: 4px 2px; }");

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "adapters/qt/FocusBorder.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/TextFolding.h"
 
@@ -28,6 +29,7 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   filter_.setAccessibleName("Filtro");
   filter_.setClearButtonEnabled(true);
   text_.setReadOnly(true);
+  qt::ShowFocusOnBorder(text_);
   text_.setLineWrapMode(QPlainTextEdit::NoWrap);
   text_.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text_.setMaximumBlockCount(static_cast<int>(StatementLog::kMostLines));

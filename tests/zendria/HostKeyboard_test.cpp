@@ -37,8 +37,14 @@ void ExpectTabReachesAll(QWidget& window) {
   QApplication::setActiveWindow(&window);
   std::set<const QWidget*> reached;
   for (int i = 0; i < 60 && window.focusWidget() != nullptr; ++i) {
-    reached.insert(window.focusWidget());
-    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    auto* const widget = window.focusWidget();
+    const auto with = widget->grab().toImage();
+    const auto isNew = reached.insert(widget).second;
+    QTest::keyClick(widget, Qt::Key_Tab);
+    if (!isNew || widget->hasFocus()) continue;
+    EXPECT_NE(with, widget->grab().toImage())
+        << window.objectName().toStdString() << ": " << widget->objectName().toStdString()
+        << " looks the same without the keyboard";
   }
   auto count = 0;
   for (const auto* const widget : window.findChildren<QWidget*>()) {
