@@ -10,6 +10,7 @@ namespace quorvane::zendria {
 /// What the user asked for when starting the host.
 struct CommandLine {
   std::string file;  ///< the school; empty for none
+  std::string odbc;  ///< in its place, a connection string
   std::optional<std::int32_t> user;
 };
 

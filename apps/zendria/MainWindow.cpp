@@ -15,6 +15,7 @@
 #include "adapters/qt/IconStore.h"
 #include "adapters/qt/QtFrontEnd.h"
 #include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/ConnectDialog.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/LocksDialog.h"
@@ -23,11 +24,13 @@
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/School.h"
 #include "apps/zendria/SchoolError.h"
+#include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/Session.h"
 #include "apps/zendria/SignInDialog.h"
 #include "apps/zendria/StatementWindow.h"
 #include "apps/zendria/SupportDetails.h"
 #include "platform/Application.h"
+#include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -36,6 +39,20 @@ constexpr auto kTitle = "Zendria Escuela";
 constexpr auto kGeometry = "principal";
 constexpr auto kStatementsGeometry = "sentencias";
 constexpr QSize kFirstSize(860, 560);
+
+QString RecentTitle(const QString& place) {
+  return QString::fromStdString(AddressOf(place).Shown());
+}
+
+/// Where the connection was lost, it is made anew.
+std::optional<Failure> Reconnect(School& school) {
+  try {
+    school.Reopen();
+    return std::nullopt;
+  } catch (const RuntimeError& error) {
+    return Failure{error.Number(), QString::fromStdString(error.Description())};
+  }
+}
 
 }  // namespace
 
@@ -55,6 +72,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   Browse = [](const QUrl& page) { QDesktopServices::openUrl(page); };
   BuildMenus();
   welcome_.Open = [this] { ChooseFile(); };
+  welcome_.Connect = [this] { ConnectTo({}, std::nullopt); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
   page_.OpenNode = [this](std::uint8_t node) { OpenNode(node); };
   screen_.RecallSize = [&preferences](const qt::FormWindow& form) {
@@ -72,6 +90,9 @@ MainWindow::~MainWindow() = default;
 void MainWindow::BuildMenus() {
   auto* const school = menuBar()->addMenu("&Escuela");
   school->addAction("&Abrir…", QKeySequence::Open, this, [this] { ChooseFile(); });
+  auto* const server = school->addAction("&Conectar con un servidor…", this,
+                                         [this] { ConnectTo({}, std::nullopt); });
+  server->setObjectName("conectarServidor");
   school->addMenu(&recent_);
   school->addSeparator();
   school->addAction(&changeUser_);
@@ -106,12 +127,23 @@ void MainWindow::BuildMenus() {
   connect(&locks_, &QAction::triggered, this, [this] { ShowLocks(); });
 }
 
-bool MainWindow::OpenSchool(const QString& file, std::optional<std::int32_t> user) {
+bool MainWindow::OpenSchool(const QString& place, std::optional<std::int32_t> user) {
   if (nodeOpen_) return false;
+  const auto address = AddressOf(place);
+  if (NeedsPassword(address)) return ConnectTo(QString::fromStdString(address.Text()), user);
+  return Open(address, user);
+}
+
+bool MainWindow::ConnectTo(const QString& connectionString, std::optional<std::int32_t> user) {
+  ConnectDialog dialog(connectionString, this);
+  return dialog.exec() == QDialog::Accepted && Open(dialog.Address(), user);
+}
+
+bool MainWindow::Open(const SchoolAddress& address, std::optional<std::int32_t> user) {
   std::unique_ptr<School> school;
   try {
     const BusyCursor busy;
-    school = std::make_unique<School>(file);
+    school = std::make_unique<School>(address);
   } catch (const SchoolError& error) {
     ShowSchoolError(this, error);
     return false;
@@ -138,7 +170,7 @@ bool MainWindow::OpenSchool(const QString& file, std::optional<std::int32_t> use
     log_.Add(connection, statement);
     screen_.Pulse();
   });
-  preferences_.AddRecentSchool(school_->File());
+  preferences_.AddRecentSchool(school_->Place());
   ShowSession();
   page_.setFocus();
   return true;
@@ -151,7 +183,9 @@ void MainWindow::OpenNode(std::uint8_t node) {
   {
     const QScopedValueRollback open(nodeOpen_, true);
     Working(entry->title);
-    failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
+    failure = Reconnect(*school_);
+    if (!failure)
+      failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
   Working({});
   if (failure) ShowFailure(this, *failure, SupportDetails(*failure, entry->title, log_));
@@ -220,10 +254,12 @@ void MainWindow::ShowRecent() {
   recent_.clear();
   recent_.setEnabled(!files.isEmpty());
   for (const auto& file : files)
-    recent_.addAction(QString(file).replace(u'&', "&&"), this, [this, file] { OpenSchool(file); });
+    recent_.addAction(RecentTitle(file).replace(u'&', "&&"), this,
+                      [this, file] { OpenSchool(file); });
 }
 
 void MainWindow::ShowLocks() {
+  if (const auto failure = Reconnect(*school_)) return ShowProblem(this, *failure);
   LocksDialog dialog(school_->Own(), this);
   dialog.exec();
 }

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
@@ -39,10 +40,11 @@ class MainWindow : public QMainWindow {
   MainWindow(MainWindow&&) = delete;
   MainWindow& operator=(MainWindow&&) = delete;
 
-  /// Opens that file and signs in: as that user, or as the one who is chosen in the dialog. The
-  /// school that was open stays when this comes to nothing. False then; a file that is no school
-  /// and a user who isn't in it are told to the user first.
-  bool OpenSchool(const QString& file, std::optional<std::int32_t> user = std::nullopt);
+  /// Opens the school at that place, see `AddressOf`, and signs in: as that user, or as the one who
+  /// is chosen in the dialog. A password that the place lacks is asked for. The school that was
+  /// open stays when this comes to nothing. False then; what is no school and a user who isn't in
+  /// it are told to the user first.
+  bool OpenSchool(const QString& place, std::optional<std::int32_t> user = std::nullopt);
 
   /// Opens a screen of the module and returns when it has gone. No effect while one is open,
   /// without a school, or for a screen that isn't available.
@@ -66,6 +68,9 @@ class MainWindow : public QMainWindow {
  private:
   void BuildMenus();
   void ChooseFile();
+  /// Asks for a server's school, beginning with that connection string, and opens it.
+  bool ConnectTo(const QString& connectionString, std::optional<std::int32_t> user);
+  bool Open(const SchoolAddress& address, std::optional<std::int32_t> user);
   void ChangeUser();
   /// Asks who works, and in which centre; none leaves `centre` as it is.
   std::optional<User> SignIn(const School& school, std::optional<Centre>& centre);

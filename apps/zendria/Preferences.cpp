@@ -5,6 +5,8 @@
 #include <QScreen>
 #include <QWidget>
 
+#include "apps/zendria/SchoolPlace.h"
+
 namespace quorvane::zendria {
 namespace {
 
@@ -37,12 +39,12 @@ Preferences::Preferences(const QString& file) : settings_(file, QSettings::IniFo
 QStringList Preferences::RecentSchools() const {
   QStringList there;
   for (const auto& file : settings_.value(kRecent).toStringList())
-    if (QFileInfo::exists(file)) there.append(file);
+    if (IsOdbcPlace(file) || QFileInfo::exists(file)) there.append(file);
   return there;
 }
 
-void Preferences::AddRecentSchool(const QString& file) {
-  const auto whole = QFileInfo(file).absoluteFilePath();
+void Preferences::AddRecentSchool(const QString& place) {
+  const auto whole = PlaceOf(AddressOf(place));
   auto files = settings_.value(kRecent).toStringList();
   files.removeAll(whole);
   files.prepend(whole);

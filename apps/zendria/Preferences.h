@@ -21,9 +21,10 @@ class Preferences {
   /// In that file.
   explicit Preferences(const QString& file);
 
-  /// The newest first, at most eight; files that are gone are left out.
+  /// Their places, see `PlaceOf`: the newest first, at most eight; files that are gone are left
+  /// out.
   [[nodiscard]] QStringList RecentSchools() const;
-  void AddRecentSchool(const QString& file);
+  void AddRecentSchool(const QString& place);
 
   void Remember(const QString& window, const QWidget& widget);
   /// False when nothing was remembered.

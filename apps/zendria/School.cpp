@@ -1,11 +1,9 @@
 #include "apps/zendria/School.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <algorithm>
 #include <utility>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/zendria/SchoolError.h"
 #include "platform/RuntimeError.h"
@@ -13,10 +11,6 @@
 
 namespace quorvane::zendria {
 namespace {
-
-std::unique_ptr<Connection> MakeConnection(const QString& file, const char* name) {
-  return std::make_unique<sqlite::SqliteConnection>(file.toStdString(), name);
-}
 
 /// Whether the file begins as every SQLite database does. True for one that can't be read: what is
 /// wrong with that one shows when it is opened.
@@ -29,18 +23,16 @@ bool LooksLikeDatabase(const QString& file) {
 
 }  // namespace
 
-School::School(const QString& file)
-    : file_(QFileInfo(file).absoluteFilePath()),
-      centro_(MakeConnection(file_, "centro")),
-      borrado_(MakeConnection(file_, "borrado")),
-      entrada_(MakeConnection(file_, "entrada")),
-      own_(MakeConnection(file_, "")) {
-  if (!LooksLikeDatabase(file_))
-    throw SchoolError(QStringLiteral("«%1» no es una base de datos SQLite.").arg(file_));
+School::School(SchoolAddress address)
+    : address_(std::move(address)),
+      centro_(address_.Connect("centro")),
+      borrado_(address_.Connect("borrado")),
+      entrada_(address_.Connect("entrada")),
+      own_(address_.Connect("")) {
+  if (!address_.IsOdbc() && !LooksLikeDatabase(File()))
+    throw SchoolError(QStringLiteral("«%1» no es una base de datos SQLite.").arg(File()));
   try {
-    centro_->Open();
-    borrado_->Open();
-    own_->Open();
+    Reopen();
     CheckTables();
     ReadUsers();
     centres_ = ReadCentres(*own_);
@@ -49,13 +41,15 @@ School::School(const QString& file)
   }
 }
 
-QString School::Name() const { return QFileInfo(file_).completeBaseName(); }
-
 std::optional<User> School::FindUser(std::int32_t id) const {
   const auto found =
       std::find_if(users_.begin(), users_.end(), [id](const User& user) { return user.id == id; });
   if (found == users_.end()) return std::nullopt;
   return *found;
+}
+
+void School::Reopen() {
+  for (auto* const connection : {centro_.get(), borrado_.get(), own_.get()}) connection->Open();
 }
 
 void School::Observe(const Connection::Observer& observer) {
@@ -69,7 +63,7 @@ void School::CheckTables() {
     missing.append(QString::fromStdString(finding));
   if (!missing.isEmpty())
     throw SchoolError(
-        QStringLiteral("«%1» no es una escuela que este programa pueda abrir.").arg(file_),
+        QStringLiteral("«%1» no es una escuela que este programa pueda abrir.").arg(File()),
         missing);
 }
 

@@ -6,22 +6,30 @@
 #include <optional>
 #include <vector>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/User.h"
 #include "platform/Connection.h"
 
 namespace quorvane::zendria {
 
-/// An open school: a SQLite file with the three connections that the module works on. The
-/// connections live as long as the school; the module opens and closes `Entrada` itself.
+/// An open school, in a file or on a server, with the three connections that the module works on.
+/// They live as long as the school; the module opens and closes `Entrada` itself.
 class School {
  public:
-  /// Throws SchoolError for a file that is missing, unreadable, empty, no database or no school.
-  explicit School(const QString& file);
+  /// Throws SchoolError for a file that is missing, unreadable, empty or no database, a server that
+  /// can't be reached, and what is no school.
+  explicit School(SchoolAddress address);
 
-  [[nodiscard]] const QString& File() const noexcept { return file_; }
-  /// The file's name without its ending, as a heading shows it.
-  [[nodiscard]] QString Name() const;
+  /// The file, or the connection string without any password, as it may be shown.
+  [[nodiscard]] QString File() const { return QString::fromStdString(address_.Shown()); }
+  /// As the list of recent schools keeps it.
+  [[nodiscard]] QString Place() const { return PlaceOf(address_); }
+  /// The file's name without its ending or the database's, as a heading shows it.
+  [[nodiscard]] QString Name() const { return SchoolName(address_); }
+  /// Whether the engine is SQL Server, where flags are compared with another number.
+  [[nodiscard]] bool SqlServer() const { return ReachesSqlServer(*centro_); }
   /// By their ids; a session is in one of them.
   [[nodiscard]] const std::vector<Centre>& Centres() const noexcept { return centres_; }
 
@@ -36,6 +44,9 @@ class School {
   /// For what the host asks for itself: not traced and not observed.
   [[nodiscard]] Connection& Own() noexcept { return *own_; }
 
+  /// Connects again where the connection was lost. A runtime error when that fails.
+  void Reopen();
+
   /// Told of each statement on any of the module's three.
   void Observe(const Connection::Observer& observer);
 
@@ -43,7 +54,7 @@ class School {
   void CheckTables();
   void ReadUsers();
 
-  QString file_;
+  SchoolAddress address_;
   std::unique_ptr<Connection> centro_;
   std::unique_ptr<Connection> borrado_;
   std::unique_ptr<Connection> entrada_;

@@ -41,7 +41,7 @@ std::shared_ptr<const SessionObject> MakeSession(School& school, const User& use
   session->Set("Pesetas", Value(0));
   session->Set("RutaIcono", Value(kIconFile));
   session->Set("IDPerfil", Value(user.profile));
-  session->Set("SQLServer", Value(0));
+  session->Set("SQLServer", Value(school.SqlServer() ? -1 : 0));
   return session;
 }
 

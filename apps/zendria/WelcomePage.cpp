@@ -1,13 +1,19 @@
 #include "apps/zendria/WelcomePage.h"
 
-#include <QFileInfo>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QVBoxLayout>
+
+#include "adapters/qt/FocusBorder.h"
+#include "apps/zendria/SchoolPlace.h"
 
 namespace quorvane::zendria {
 
 WelcomePage::WelcomePage(QWidget* parent)
-    : QWidget(parent), open_("&Abrir escuela…"), heading_("Escuelas &recientes") {
+    : QWidget(parent),
+      open_("&Abrir escuela…"),
+      connect_("Co&nectar con un servidor…"),
+      heading_("Escuelas &recientes") {
   auto* const picture = new QLabel;
   picture->setPixmap(QIcon(":/iconos/zendria.svg").pixmap(72, 72));
   picture->setAlignment(Qt::AlignCenter);
@@ -20,9 +26,12 @@ WelcomePage::WelcomePage(QWidget* parent)
   auto* const hint = new QLabel("Abra la base de datos de una escuela para empezar a trabajar.");
   hint->setAlignment(Qt::AlignCenter);
   open_.setObjectName("abrirEscuela");
-  open_.setDefault(true);
+  // Enter presses it, without a look that says that it has the keyboard.
+  open_.setAutoDefault(true);
+  connect_.setObjectName("conectarEscuela");
   heading_.setBuddy(&recent_);
   recent_.setObjectName("recientes");
+  qt::ShowFocusOnBorder(recent_);
   recent_.setAlternatingRowColors(true);
   recent_.setStyleSheet("QListWidget::item { padding: 3px; }");
 
@@ -33,7 +42,12 @@ WelcomePage::WelcomePage(QWidget* parent)
   column->addWidget(picture);
   column->addWidget(title);
   column->addWidget(hint);
-  column->addWidget(&open_, 0, Qt::AlignCenter);
+  auto* const ways = new QHBoxLayout;
+  ways->addStretch(1);
+  ways->addWidget(&open_);
+  ways->addWidget(&connect_);
+  ways->addStretch(1);
+  column->addLayout(ways);
   column->addSpacing(12);
   column->addWidget(&heading_);
   column->addWidget(&recent_, 3);
@@ -41,6 +55,9 @@ WelcomePage::WelcomePage(QWidget* parent)
 
   connect(&open_, &QPushButton::clicked, this, [this] {
     if (Open) Open();
+  });
+  connect(&connect_, &QPushButton::clicked, this, [this] {
+    if (Connect) Connect();
   });
   connect(&recent_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
     if (OpenRecent) OpenRecent(item->data(Qt::UserRole).toString());
@@ -51,11 +68,9 @@ WelcomePage::WelcomePage(QWidget* parent)
 void WelcomePage::ShowRecent(const QStringList& files) {
   recent_.clear();
   for (const auto& file : files) {
-    const QFileInfo info(file);
-    auto* const item =
-        new QListWidgetItem(info.fileName() + QStringLiteral("  ·  ") + info.path(), &recent_);
+    auto* const item = new QListWidgetItem(PlaceTitle(file), &recent_);
     item->setData(Qt::UserRole, file);
-    item->setToolTip(file);
+    item->setToolTip(QString::fromStdString(AddressOf(file).Shown()));
   }
   if (!files.isEmpty()) recent_.setCurrentRow(0);
   heading_.setVisible(!files.isEmpty());

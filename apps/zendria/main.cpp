@@ -7,6 +7,7 @@
 #include "apps/zendria/HostComponents.h"
 #include "apps/zendria/MainWindow.h"
 #include "apps/zendria/Preferences.h"
+#include "apps/zendria/SchoolPlace.h"
 #include "platform/Application.h"
 
 namespace {
@@ -42,9 +43,11 @@ ExitStatus Run(int argc, char** argv) {
     zendria::MainWindow window(screen, preferences, zendria::PendingScreens());
     screen.HostWindow(&window);
     window.show();
-    if (!line->file.empty()) window.OpenSchool(QString::fromStdString(line->file), line->user);
+    const auto place = line->odbc.empty() ? QString::fromStdString(line->file)
+                                          : zendria::OdbcPlace(QString::fromStdString(line->odbc));
+    if (!place.isEmpty()) window.OpenSchool(place, line->user);
     QApplication::exec();
-    if (!line->file.empty() && !window.HasSchool()) status = ExitStatus::NoSchool;
+    if (!place.isEmpty() && !window.HasSchool()) status = ExitStatus::NoSchool;
     screen.HostWindow(nullptr);
   }
   Application::Instance().UseScreen(nullptr);

@@ -34,6 +34,15 @@ TEST_F(CommandLineTest, FileAndUser) {
   EXPECT_EQ(line->user, 4);
 }
 
+TEST_F(CommandLineTest, AConnectionStringStandsInTheFilesPlace) {
+  const auto line = Read({"--odbc", "DSN=Centro;UID=ana", "--usuario", "4"});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->odbc, "DSN=Centro;UID=ana");
+  EXPECT_EQ(line->file, "");
+  EXPECT_FALSE(Read({"escuela.sqlite", "--odbc", "DSN=Centro"}));
+  EXPECT_EQ(status_, ExitStatus::BadArguments);
+}
+
 TEST_F(CommandLineTest, HelpIsNoFailure) {
   EXPECT_FALSE(Read({"--help"}));
   EXPECT_EQ(status_, ExitStatus::Ok);
