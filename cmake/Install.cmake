@@ -68,12 +68,10 @@ function(install_compressed component destination)
 endfunction()
 
 # The programs, and what a desktop and a shell know of each.
-set(installed_programs)
 set(man_pages)
 foreach(program quorvane-escuela quorvane-guion zendria)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME)
-    list(APPEND installed_programs ${program})
     list(APPEND man_pages packaging/man/${program}.1)
     install(FILES packaging/completion/${program}
             DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
