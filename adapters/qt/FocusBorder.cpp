@@ -8,26 +8,28 @@ namespace {
 
 class Border : public QObject {
  public:
-  explicit Border(QFrame& frame) : QObject(&frame), frame_(frame), plain_(frame.frameStyle()) {
+  explicit Border(QFrame& frame) : QObject(&frame), plain_(frame.frameStyle()) {
     frame.installEventFilter(this);
   }
 
  protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // One that loses the keyboard because it is being destroyed is a frame no more.
+    auto* frame = qobject_cast<QFrame*>(watched);
+    if (frame == nullptr) return false;
     if (event->type() == QEvent::FocusIn) {
-      auto colours = frame_.palette();
+      auto colours = frame->palette();
       colours.setColor(QPalette::WindowText, colours.color(QPalette::Highlight));
-      frame_.setPalette(colours);
-      frame_.setFrameStyle(QFrame::Box | QFrame::Plain);
+      frame->setPalette(colours);
+      frame->setFrameStyle(QFrame::Box | QFrame::Plain);
     } else if (event->type() == QEvent::FocusOut) {
-      frame_.setPalette({});
-      frame_.setFrameStyle(plain_);
+      frame->setPalette({});
+      frame->setFrameStyle(plain_);
     }
     return false;
   }
 
  private:
-  QFrame& frame_;
   int plain_;
 };
 

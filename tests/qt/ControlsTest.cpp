@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -6,7 +7,9 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <gmock/gmock.h>
+#include <memory>
 
+#include "adapters/qt/FocusBorder.h"
 #include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {
@@ -176,6 +179,17 @@ TEST_F(ControlsTest, AButtonTakesItsPictureFromTheDrawings) {
     EXPECT_FALSE(Of<QPushButton>(window, "cmdPagina")->icon().pixmap(16, 16).isNull());
     EXPECT_FALSE(window.windowIcon().pixmap(32, 32).isNull());
   });
+}
+
+TEST(FocusBorder, AListThatDiesWithTheKeyboardDoesSoInPeace) {
+  auto list = std::make_unique<QListWidget>();
+  qt::ShowFocusOnBorder(*list);
+  list->show();
+  QApplication::setActiveWindow(list.get());
+  list->setFocus();
+  ASSERT_TRUE(list->hasFocus());
+  list.reset();
+  EXPECT_EQ(QApplication::focusWidget(), nullptr);
 }
 
 }  // namespace
