@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
 #include <gmock/gmock.h>
@@ -41,7 +42,10 @@ void ExpectTabReachesAll(QWidget& window) {
     const auto with = widget->grab().toImage();
     const auto isNew = reached.insert(widget).second;
     QTest::keyClick(widget, Qt::Key_Tab);
-    if (!isNew || widget->hasFocus()) continue;
+    const auto* const button = qobject_cast<QPushButton*>(widget);
+    // The default button bears the same mark wherever nothing else takes Enter.
+    const auto marked = button != nullptr && button->isDefault();
+    if (!isNew || marked || widget->hasFocus()) continue;
     EXPECT_NE(with, widget->grab().toImage())
         << window.objectName().toStdString() << ": " << widget->objectName().toStdString()
         << " looks the same without the keyboard";
