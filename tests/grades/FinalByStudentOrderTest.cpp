@@ -38,7 +38,7 @@ Lines WholeSection(const Role& role) {
   return FinalFormLoad(role, 4) + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
          FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) +
          FinalLoad(role, 4, 2, {{3, 3111, 1}}) + StudentNames({3, 1, 2}) +
-         FinalGrid(role, true, {0, 0, 0}) + FinalLocks(role, 4, {3113, 3111, 3112}) +
+         FinalGrid(role, true, {0, 0, 0}) + TakenLocks(role, 4, {3113, 3111, 3112}) +
          Lines{FinalCellList(role, 4, 4, 0, 1)} + FinalGrid(role, false, {0, 0, 0, 0, 0, 0}) +
          Lines{FinalCellList(role, 4, 1, 0, 5)} + SaveFinalGraded(role, 4, 4, 107) +
          SaveFinalUngraded(role, 4, 1, 202) + SaveFinalUngraded(role, 4, 2) +
@@ -62,7 +62,7 @@ TEST_P(FinalByStudentOrder, TeacherGradesHisOwnSubjects) {
       ElementsAreArray(StepOne(role, 4) + FinalFormLoad(role, 4) +
                        FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
                        FinalLoad(role, 4, 1, {{2, 3112, 2}}) + StudentNames({3, 1}) +
-                       FinalGrid(role, true, {0, 0, 0}) + FinalLocks(role, 4, {3113, 3112}) +
+                       FinalGrid(role, true, {0, 0, 0}) + TakenLocks(role, 4, {3113, 3112}) +
                        Lines{FinalCellList(role, 4, 4, 0, 1)} + FinalGrid(role, false, {0, 0, 0}) +
                        Lines{FinalCellList(role, 4, 2, 0, 5)} + SaveFinalGraded(role, 4, 4, 107) +
                        SaveFinalUngraded(role, 4, 2, 202) + Leave(role, 1)));
@@ -105,7 +105,7 @@ TEST_P(FinalByStudentOrder, SecondFinalAsksWhatTheFirstPassed) {
           Lines{FinalRows(role, 5, 1), KindOf(3111), PassedFirst(1), KindOf(3112), PassedFirst(2)} +
           FinalGrades(5, {2, 3112, 2}) +
           Lines{FinalRows(role, 5, 2), KindOf(3111), PassedFirst(3)} + StudentNames({3, 1}) +
-          FinalGrid(role, true, {0, 0, 0}) + FinalLocks(role, 5, {3113, 3112}) +
+          FinalGrid(role, true, {0, 0, 0}) + TakenLocks(role, 5, {3113, 3112}) +
           Lines{FinalCellList(role, 5, 4, 0, 1)} + FinalGrid(role, false, {0, 0, 0}) +
           Lines{FinalCellList(role, 5, 2, 0, 5)} + SaveFinalGraded(role, 5, 4, 107) +
           SaveFinalUngraded(role, 5, 2, 202) +

@@ -46,7 +46,7 @@ Lines WholeSection(const Role& role) {
   return FinalFormLoad(role, 4) + Lines{FinalCourse()} + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
          FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) +
          FinalLoad(role, 4, 2, {{3, 3111, 1}}) + FinalSubjectGrid(role, true, {{3}}) +
-         FinalLocks(role, 4, {3113, 3111, 3112}) +
+         TakenLocks(role, 4, {3113, 3111, 3112}) +
          Lines{FinalCellListOfSubject(role, 4, 3113, 0, 1)} +
          FinalSubjectGrid(role, false, {{1}, {2}}) +
          Lines{FinalCellListOfSubject(role, 4, 3111, 2, 5)} + SaveFinalGraded(role, 4, 4, 107) +
@@ -71,7 +71,7 @@ TEST_P(FinalBySubjectOrder, TeacherGradesHisOwnSubjects) {
       ElementsAreArray(
           StepOneBySubject(role, 4) + FinalFormLoad(role, 4) + Lines{FinalCourse()} +
           FinalLoad(role, 4, 3, {{4, 3113, 3}}) + FinalLoad(role, 4, 1, {{2, 3112, 2}}) +
-          FinalSubjectGrid(role, true, {{3}}) + FinalLocks(role, 4, {3113, 3112}) +
+          FinalSubjectGrid(role, true, {{3}}) + TakenLocks(role, 4, {3113, 3112}) +
           Lines{FinalCellListOfSubject(role, 4, 3113, 0, 1)} +
           FinalSubjectGrid(role, false, {{1}}) +
           Lines{FinalCellListOfSubject(role, 4, 3112, 0, 5)} + SaveFinalGraded(role, 4, 4, 107) +
@@ -110,7 +110,7 @@ TEST_P(FinalBySubjectOrder, SecondFinalAsksWhatTheFirstPassed) {
           Lines{FinalRows(role, 5, 1), KindOf(3111), PassedFirst(1), KindOf(3112), PassedFirst(2)} +
           FinalGrades(5, {2, 3112, 2}) +
           Lines{FinalRows(role, 5, 2), KindOf(3111), PassedFirst(3)} +
-          FinalSubjectGrid(role, true, {{3}}) + FinalLocks(role, 5, {3113, 3112}) +
+          FinalSubjectGrid(role, true, {{3}}) + TakenLocks(role, 5, {3113, 3112}) +
           Lines{FinalCellListOfSubject(role, 5, 3113, 0, 1)} +
           FinalSubjectGrid(role, false, {{1}}) +
           Lines{FinalCellListOfSubject(role, 5, 3112, 0, 5)} + SaveFinalGraded(role, 5, 4, 107) +

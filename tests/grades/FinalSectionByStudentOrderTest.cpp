@@ -84,7 +84,7 @@ Lines Student(const Role& role, bool first, std::initializer_list<long> grades) 
 Lines WholeSection(const Role& role) {
   return FinalFormLoad(role, 4) + FinalLoad(role, 4, 3, {}, 3111) +
          FinalLoad(role, 4, 1, {{1, 3111, 1}}, 3111) + FinalLoad(role, 4, 2, {{3, 3111, 1}}, 3111) +
-         StudentNames({1, 2}) + Student(role, true, {0, 0, 0}) + FinalLocks(role, 4, {3111}) +
+         StudentNames({1, 2}) + Student(role, true, {0, 0, 0}) + TakenLocks(role, 4, {3111}) +
          Lines{FinalCellList(role, 4, 3111, 2, 1)} + Student(role, false, {0, 0, 0}) +
          Lines{FinalCellList(role, 4, 3111, 2, 5)} + SaveFinalGraded(role, 4, 1, 107) +
          SaveFinalUngraded(role, 4, 3, 202) + Leave(role, 1);
@@ -109,7 +109,7 @@ TEST_P(FinalSectionByStudentOrder, TeacherGradesAllHisSubjectsOfTheStudents) {
       ElementsAreArray(
           SectionStepOne(role, 4) + FinalFormLoad(role, 4) + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
           FinalLoad(role, 4, 1, {{2, 3112, 2}}) + StudentNames({3, 1}) +
-          Student(role, true, {0, 0, 0}) + FinalLocks(role, 4, {3113, 3112}) +
+          Student(role, true, {0, 0, 0}) + TakenLocks(role, 4, {3113, 3112}) +
           Lines{FinalCellList(role, 4, 3113, 0, 1)} + Student(role, false, {0, 0, 0}) +
           Lines{FinalCellList(role, 4, 3112, 0, 5)} + SaveFinalGraded(role, 4, 4, 107) +
           SaveFinalUngraded(role, 4, 2, 202) + Leave(role, 1)));

@@ -86,7 +86,7 @@ Lines Edit(const Role& role, int evaluacion, int matDet, int teacher, int column
 Lines WholeSection(const Role& role) {
   return FinalFormLoadOf(role, 4, 1) + Lines{FinalCourse()} +
          FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) + FinalSubjectGrid(role, true, {{1}}) +
-         FinalLocks(role, 4, {3111, 3112}) + Edit(role, 4, 3111, 2, 1) +
+         TakenLocks(role, 4, {3111, 3112}) + Edit(role, 4, 3111, 2, 1) +
          FinalSubjectGrid(role, false, {{1}}) + Edit(role, 4, 3112, 0, 5) +
          SaveFinalGraded(role, 4, 1, 107) + SaveFinalUngraded(role, 4, 2, 202) + Leave(role, 1);
 }
@@ -109,7 +109,7 @@ TEST_P(FinalSectionBySubjectOrder, TeacherGradesHisOwnSubjectsOfTheStudent) {
   EXPECT_THAT(Session(role),
               ElementsAreArray(StepOneSectionBySubject(role, 4) + FinalFormLoadOf(role, 4, 1) +
                                Lines{FinalCourse()} + FinalLoad(role, 4, 1, {{2, 3112, 2}}) +
-                               FinalSubjectGrid(role, true, {{1}}) + FinalLocks(role, 4, {3112}) +
+                               FinalSubjectGrid(role, true, {{1}}) + TakenLocks(role, 4, {3112}) +
                                Edit(role, 4, 3112, 0, 1) + Edit(role, 4, 3112, 0, 5) +
                                SaveFinalGraded(role, 4, 2, 107, 202) + Leave(role, 1)));
 }
@@ -144,7 +144,7 @@ TEST_P(FinalSectionBySubjectOrder, SecondFinalAsksWhatTheFirstPassed) {
                                Lines{FinalCourse(), FinalRows(role, 5, 1), KindOf(3111),
                                      PassedFirst(1), KindOf(3112), PassedFirst(2)} +
                                FinalGrades(5, {2, 3112, 2}) + FinalSubjectGrid(role, true, {{1}}) +
-                               FinalLocks(role, 5, {3112}) + Edit(role, 5, 3112, 0, 1) +
+                               TakenLocks(role, 5, {3112}) + Edit(role, 5, 3112, 0, 1) +
                                Edit(role, 5, 3112, 0, 5) + SaveFinalGraded(role, 5, 2, 107, 202) +
                                Leave(role, 1)));
 }
@@ -158,7 +158,7 @@ TEST_P(FinalSectionBySubjectOrder, TeacherInTheSecondFinal) {
           StepOneSecondFinal(role, "2,4") + FirstFinal(role) + FinalFormLoadOf(role, 5, 1) +
           Lines{FinalCourse(), FinalRows(role, 5, 1), KindOf(3112), PassedFirst(2)} +
           FinalGrades(5, {2, 3112, 2}) + FinalSubjectGrid(role, true, {{1}}) +
-          FinalLocks(role, 5, {3112}) + Edit(role, 5, 3112, 0, 1) + Edit(role, 5, 3112, 0, 5) +
+          TakenLocks(role, 5, {3112}) + Edit(role, 5, 3112, 0, 1) + Edit(role, 5, 3112, 0, 5) +
           SaveFinalGraded(role, 5, 2, 107, 202) + Leave(role, 1)));
 }
 

@@ -176,21 +176,6 @@ Lines FinalObservation(const Role& role, int evaluacion, bool exceptional) {
   return lines;
 }
 
-Lines FinalLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets) {
-  Lines lines = {Sql("SELECT MAX(idpublicacionpte) FROM [publicacionpte]"),
-                 Sql("INSERT INTO Publicacionpte  VALUES (1,{},{},4,{})",
-                     {role.gIDPersonal, role.user, evaluacion})};
-  for (const auto matDet : matDets) {
-    lines.push_back(
-        Sql("SELECT codProfesor FROM BloqueoPte WHERE CodMatDet={} AND CodNumEvaluacion={}",
-            {matDet, evaluacion}));
-    lines.push_back(Sql("INSERT INTO BloqueoPte  VALUES ({},{},{},{},1)",
-                        {role.gIDPersonal, evaluacion, matDet, role.user}));
-  }
-  lines.push_back(Sql("SELECT IDPersonal FROM Personal WHERE CodUsuario={}", {role.user}));
-  return lines;
-}
-
 std::string FinalCellList(const Role& role, int evaluacion, int codMateria, int teacher, int column,
                           int kind) {
   return Sql(

@@ -50,8 +50,6 @@ Lines FinalSubjectGrid(const Role& role, bool first, const std::vector<FinalStud
 /// The list of the tutor's observation, as it is rebuilt for each student; the form that rebuilds
 /// it at each edit leaves the exceptional grades out.
 Lines FinalObservation(const Role& role, int evaluacion, bool exceptional = true);
-/// Publication and locks.
-Lines FinalLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
 /// The list of a cell, for a subject of that kind. `codMateria` is what the form compares with.
 std::string FinalCellList(const Role& role, int evaluacion, int codMateria, int teacher, int column,
                           int kind = 1);

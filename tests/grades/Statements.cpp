@@ -212,7 +212,7 @@ Lines Grids(const Role& role, int evaluacion, bool first, std::initializer_list<
   return lines;
 }
 
-Lines Locks(const Role& role, int evaluacion, std::initializer_list<long> matDets) {
+Lines TakenLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets) {
   Lines lines = {Sql("SELECT MAX(idpublicacionpte) FROM [publicacionpte]"),
                  Sql("INSERT INTO Publicacionpte  VALUES (1,{},{},4,{})",
                      {role.gIDPersonal, role.user, evaluacion})};
@@ -224,6 +224,11 @@ Lines Locks(const Role& role, int evaluacion, std::initializer_list<long> matDet
                         {role.gIDPersonal, evaluacion, matDet, role.user}));
   }
   lines.push_back(Sql("SELECT IDPersonal FROM Personal WHERE CodUsuario={}", {role.user}));
+  return lines;
+}
+
+Lines Locks(const Role& role, int evaluacion, std::initializer_list<long> matDets) {
+  auto lines = TakenLocks(role, evaluacion, matDets);
   lines.push_back("host ZendriaApi.cCentroApi.notasactivas");
   return lines;
 }

@@ -51,6 +51,8 @@ Lines Load(const Role& role, int evaluacion, int student, const std::vector<Subj
 Lines StudentNames(std::initializer_list<int> students);
 /// The grids of a student with these grades, subject by subject; `first` while the form loads.
 Lines Grids(const Role& role, int evaluacion, bool first, std::initializer_list<long> grades);
+/// The publication and the locks that a form takes, and who takes them.
+Lines TakenLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
 /// Publication and locks, with what the host is asked.
 Lines Locks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
 /// The list of a cell.
