@@ -22,19 +22,19 @@ Time Watch::Passed() const {
   return {now.processor - start_.processor, now.wall - start_.wall};
 }
 
-double Median(std::vector<double> results) {
-  const auto middle = results.begin() + static_cast<std::ptrdiff_t>(results.size() / 2);
-  std::nth_element(results.begin(), middle, results.end());
-  return *middle;
+double Quartile(std::vector<double> results) {
+  const auto quarter = results.begin() + static_cast<std::ptrdiff_t>(results.size() / 4);
+  std::nth_element(results.begin(), quarter, results.end());
+  return *quarter;
 }
 
-Time Median(const std::vector<Time>& results) {
+Time Quartile(const std::vector<Time>& results) {
   std::vector<double> processor, wall;
   for (const auto& result : results) {
     processor.push_back(result.processor);
     wall.push_back(result.wall);
   }
-  return {Median(std::move(processor)), Median(std::move(wall))};
+  return {Quartile(std::move(processor)), Quartile(std::move(wall))};
 }
 
 double PeakMemory() {

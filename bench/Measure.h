@@ -25,9 +25,10 @@ class Watch {
   Time start_ = Now();
 };
 
-/// The middle of several runs' results, of each clock by itself.
-Time Median(const std::vector<Time>& results);
-double Median(std::vector<double> results);
+/// What a quarter of several runs came under, of each clock by itself: what other programs do to
+/// the processor's caches only ever adds.
+Time Quartile(const std::vector<Time>& results);
+double Quartile(std::vector<double> results);
 
 /// One thing that a user does, done by the module, and its statements replayed by each of the
 /// libraries, in the order of `Libraries`.

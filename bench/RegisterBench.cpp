@@ -13,7 +13,7 @@ namespace quorvane::bench {
 namespace {
 
 constexpr std::uint8_t kNode = 123;
-constexpr int kRuns = 5;
+constexpr int kRuns = 7;
 /// The purges are the first two statements of a load in a school without orphans.
 constexpr std::ptrdiff_t kPurges = 2;
 
@@ -90,14 +90,14 @@ std::vector<Row> MeasureRegister(const BenchSchool& school, int students) {
       replayedSaves[i].push_back(libraries[i].replay(path, recorded.saving));
     }
   }
-  Row loaded{"Register: open", students, load, Median(loads), {}, 0.5, true};
-  Row saved{"Register: save", students, recorded.saving, Median(saves), {}, 1.1};
+  Row loaded{"Register: open", students, load, Quartile(loads), {}, 0.5, true};
+  Row saved{"Register: save", students, recorded.saving, Quartile(saves), {}, 1.1};
   for (std::size_t i = 0; i < libraries.size(); ++i) {
-    loaded.libraries.push_back(Median(replayedLoads[i]));
-    saved.libraries.push_back(Median(replayedSaves[i]));
+    loaded.libraries.push_back(Quartile(replayedLoads[i]));
+    saved.libraries.push_back(Quartile(replayedSaves[i]));
   }
   return {std::move(loaded),
-          {"Register: the two purges of an opening", students, {}, Median(purging)},
+          {"Register: the two purges of an opening", students, {}, Quartile(purging)},
           std::move(saved)};
 }
 

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <iterator>
+#include <sqlite3.h>
 #include <string>
+#include <thread>
 
 #include "bench/Replay.h"
 
@@ -136,6 +139,19 @@ void Between(const std::vector<Row>& rows) {
       Line({row.what, Number(row.module.processor * 1e3, 3), Number(row.module.wall * 1e3, 3)});
 }
 
+/// What the figures were made on, so that two pages can be held against each other.
+void Machine() {
+  std::string processor = "unknown processor";
+  std::ifstream cpuinfo("/proc/cpuinfo");
+  for (std::string line; std::getline(cpuinfo, line);) {
+    if (!line.starts_with("model name")) continue;
+    processor = line.substr(line.find(':') + 2);
+    break;
+  }
+  std::printf("\nSQLite %s on %u x %s.\n", sqlite3_libversion(),
+              std::thread::hardware_concurrency(), processor.c_str());
+}
+
 void Title(const std::string& title) { std::printf("\n### %s\n\n", title.c_str()); }
 
 }  // namespace
@@ -144,6 +160,7 @@ bool Report(const std::vector<Row>& rows, const StatementCost& cost,
             const std::vector<Memory>& memory) {
   std::vector<std::vector<Row>> schools;
   for (const auto& school : memory) schools.push_back(OfSchool(rows, school.students));
+  Machine();
   auto within = true;
   const auto compare = [&](const std::vector<Row>& school) {
     Title(Thousands(school.front().students) + " students, processor time");

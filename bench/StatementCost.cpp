@@ -99,6 +99,47 @@ void ReadColumns(Recordset& rows) {
   sink = sum;
 }
 
+/// Things done with each statement, taking turns, so that what else the machine does meets all.
+class Steps {
+ public:
+  using Step = std::function<void(const Piecewise&)>;
+
+  /// `before` and `behind` are SQL round each round of it. Gives its number.
+  std::size_t Add(Step step, const char* before = "", const char* behind = "") {
+    steps_.push_back({std::move(step), before, behind});
+    return steps_.size() - 1;
+  }
+
+  /// Nanoseconds a statement, of each step.
+  [[nodiscard]] std::vector<double> Measure(const std::vector<Piecewise>& statements,
+                                            const sqlite::Database& database) const {
+    std::vector<std::vector<double>> rounds(steps_.size());
+    for (int round = 0; round < kRounds; ++round) {
+      for (std::size_t i = 0; i < steps_.size(); ++i) {
+        database.Script(steps_[i].before);
+        const Watch watch;
+        for (const auto& one : statements) steps_[i].step(one);
+        const auto seconds = watch.Passed().processor;
+        database.Script(steps_[i].behind);
+        rounds[i].push_back(seconds * 1e9 / static_cast<double>(statements.size()));
+      }
+    }
+    std::vector<double> costs;
+    costs.reserve(rounds.size());
+    for (auto& one : rounds) costs.push_back(Quartile(std::move(one)));
+    return costs;
+  }
+
+ private:
+  struct Turn {
+    Step step;
+    const char* before;
+    const char* behind;
+  };
+
+  std::vector<Turn> steps_;
+};
+
 /// All the statements with all that running them takes, prepared once for each text.
 class Workload {
  public:
@@ -110,20 +151,21 @@ class Workload {
   }
 
   StatementCost Measure() {
-    StatementCost cost;
-    cost.statements = statements_.size();
-    const auto alone = Each(RunRaw);
-    // In one transaction the file is locked once.
-    database_.Script("BEGIN");
-    cost.engine = Each(RunRaw);
-    database_.Script("COMMIT");
-    cost.fileLock = alone - cost.engine;
-    cost.joining = Each([](const Piecewise& one) { sink = Join(one).back(); });
     NoEngine none;
-    cost.connection = Each([&](const Piecewise& one) { none.Execute(one.text); });
+    std::vector<Recordset> recordsets;
+    for (const auto& one : statements_)
+      recordsets.push_back(one.prepared->Run(one.values, kNoWait));
+    std::size_t next = 0;
     std::size_t expected = 0;
     std::size_t found = 0;
-    cost.finding = Each([&](const Piecewise& one) {
+    Steps steps;
+    const auto alone = steps.Add(RunRaw);
+    const auto inside = steps.Add(RunRaw, "BEGIN", "COMMIT");
+    const auto run =
+        steps.Add([](const Piecewise& one) { one.prepared->Run(one.values, kNoWait); });
+    const auto joining = steps.Add([](const Piecewise& one) { sink = Join(one).back(); });
+    const auto connection = steps.Add([&](const Piecewise& one) { none.Execute(one.text); });
+    const auto finding = steps.Add([&](const Piecewise& one) {
       ++found;
       if (cache_.Following(one.text, values_) != nullptr) {
         ++expected;
@@ -132,19 +174,29 @@ class Workload {
         cache_.Find(lifter_.Text());
       }
     });
-    cost.expected = 100 * static_cast<double>(expected) / static_cast<double>(found);
-    cost.lifting = Each([&](const Piecewise& one) { sink = lifter_.Lift(one.text); });
-    cost.lookUp = Each([&](const Piecewise& one) { sink = cache_.Find(one.lifted) != nullptr; });
-    cost.rows = Each([](const Piecewise& one) { one.prepared->Run(one.values, kNoWait); }) - alone;
-    std::vector<Recordset> recordsets;
-    for (const auto& one : statements_)
-      recordsets.push_back(one.prepared->Run(one.values, kNoWait));
-    std::size_t next = 0;
-    cost.columns = Each([&](const Piecewise&) {
+    const auto lifting = steps.Add([&](const Piecewise& one) { sink = lifter_.Lift(one.text); });
+    const auto lookUp =
+        steps.Add([&](const Piecewise& one) { sink = cache_.Find(one.lifted) != nullptr; });
+    const auto columns = steps.Add([&](const Piecewise&) {
       auto& rows = recordsets[next++ % recordsets.size()];
       if (rows.RecordCount() != 0) ReadColumns(rows);
     });
-    cost.whole = Each([&](const Piecewise& one) { connection_.Execute(one.text); });
+    const auto whole = steps.Add([&](const Piecewise& one) { connection_.Execute(one.text); });
+    const auto costs = steps.Measure(statements_, database_);
+    StatementCost cost;
+    cost.statements = statements_.size();
+    // In one transaction the file is locked once.
+    cost.engine = costs[inside];
+    cost.fileLock = costs[alone] - costs[inside];
+    cost.rows = costs[run] - costs[alone];
+    cost.joining = costs[joining];
+    cost.connection = costs[connection];
+    cost.finding = costs[finding];
+    cost.expected = 100 * static_cast<double>(expected) / static_cast<double>(found);
+    cost.lifting = costs[lifting];
+    cost.lookUp = costs[lookUp];
+    cost.columns = costs[columns];
+    cost.whole = costs[whole];
     return cost;
   }
 
@@ -170,17 +222,6 @@ class Workload {
     }
     one.raw = raws_[lifted].get();
     statements_.push_back(std::move(one));
-  }
-
-  /// Nanoseconds a statement.
-  double Each(const std::function<void(const Piecewise&)>& step) {
-    std::vector<double> rounds;
-    for (int round = 0; round < kRounds; ++round) {
-      const Watch watch;
-      for (const auto& one : statements_) step(one);
-      rounds.push_back(watch.Passed().processor * 1e9 / static_cast<double>(statements_.size()));
-    }
-    return Median(std::move(rounds));
   }
 
   sqlite::Database database_;
