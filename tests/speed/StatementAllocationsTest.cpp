@@ -26,7 +26,7 @@ class StatementAllocations : public testing::Test {
   std::size_t Of(const std::string& before, const std::string& behind = "") {
     std::size_t taken = 0;
     for (int i = 1; i <= 3; ++i) {
-      const auto statement = before + std::to_string(i) + behind;
+      const auto statement = std::string(before).append(std::to_string(i)).append(behind);
       const auto start = Allocations();
       connection_.Execute(statement);
       taken = Allocations() - start;
