@@ -1,12 +1,22 @@
 #include "apps/zendria/ZendriaPersonSearch.h"
 
 #include <QApplication>
+#include <vector>
 
+#include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/Staff.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
+namespace {
+
+std::vector<FilteredList::Entry> Staff(Connection& school) {
+  const BusyCursor busy;
+  return ReadStaff(school);
+}
+
+}  // namespace
 
 void ZendriaPersonSearch::pasarconexiones(Connection* centro, Connection* /*borrado*/,
                                           Connection* /*otroCentro*/, Connection* /*otroBorrado*/) {
@@ -15,7 +25,7 @@ void ZendriaPersonSearch::pasarconexiones(Connection* centro, Connection* /*borr
 
 std::int32_t ZendriaPersonSearch::Buscar(const std::string& clase) {
   if (centro_ == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
-  PersonSearchDialog dialog(ReadStaff(*centro_), QString::fromStdString(clase),
+  PersonSearchDialog dialog(Staff(*centro_), QString::fromStdString(clase),
                             QApplication::activeWindow());
   dialog.exec();
   return dialog.Person();
