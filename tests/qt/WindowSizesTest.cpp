@@ -48,8 +48,8 @@ class WindowSizesTest : public SchoolScreenTest {
 };
 
 TEST_F(WindowSizesTest, ARecalledSizeReachesTheFormAsAUsersWouldOnceItHasBeenShown) {
-  recalled = QSize(OuterWidth(710), OuterHeight(520));
-  Run([](qt::FormWindow& window) { EXPECT_EQ(window.size(), QSize(710, 520)); });
+  recalled = QSize(OuterWidth(500), OuterHeight(490));
+  Run([](qt::FormWindow& window) { EXPECT_EQ(window.size(), QSize(500, 490)); });
   const auto size = std::to_string(recalled->width()) + "x" + std::to_string(recalled->height());
   EXPECT_THAT(form->log, ElementsAre("medidas 9840x6120", "activa", "medidas " + size, "cancelar",
                                      "descarga"));
