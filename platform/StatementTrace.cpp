@@ -12,12 +12,21 @@ struct Closer {
 };
 using File = std::unique_ptr<std::FILE, Closer>;
 
+constexpr const char* kVariable = "QUORVANE_TRAZA";
+
+void TellUnwritable() {
+  std::fprintf(stderr,
+               "No se puede escribir la traza %s: compruebe su carpeta y que queda espacio en el "
+               "disco\n",
+               std::getenv(kVariable));
+}
+
 File OpenFromEnvironment() {
-  const auto* path = std::getenv("QUORVANE_TRAZA");
+  const auto* path = std::getenv(kVariable);
   if (path == nullptr || *path == '\0') return nullptr;
   File file(std::fopen(path, "ab"));
   if (file == nullptr) {
-    std::fprintf(stderr, "No se puede escribir la traza %s\n", path);
+    TellUnwritable();
     return nullptr;
   }
   // A line leaves the buffer in one write, so that processes don't mix theirs.
@@ -34,11 +43,15 @@ StatementTrace::Silence::Silence() noexcept { ++silences; }
 StatementTrace::Silence::~Silence() { --silences; }
 
 void StatementTrace::Write(const std::string& connection, const std::string& statement) {
-  static const auto file = OpenFromEnvironment();
+  static auto file = OpenFromEnvironment();
   if (file == nullptr || silences > 0) return;
   const auto line = "sql " + connection + " " + statement + "\n";
-  std::fwrite(line.data(), 1, line.size(), file.get());
-  std::fflush(file.get());
+  if (std::fwrite(line.data(), 1, line.size(), file.get()) == line.size() &&
+      std::fflush(file.get()) == 0)
+    return;
+  // A trace with holes would tell of a session that never was: it ends here.
+  TellUnwritable();
+  file.reset();
 }
 
 }  // namespace quorvane

@@ -1,13 +1,33 @@
 #include "adapters/sqlite/Database.h"
 
+#include <cerrno>
 #include <sqlite3.h>
 
 #include "platform/RuntimeError.h"
 
 namespace quorvane::sqlite {
+namespace {
+
+/// What the user can do about a disk that doesn't take what is written; empty where the engine's
+/// own words are all that there is to say.
+std::string Advice(sqlite3* handle) {
+  const auto result = sqlite3_errcode(handle) & 0xff;
+  const auto error = sqlite3_system_errno(handle);
+  const auto ofDisk = result == SQLITE_IOERR || result == SQLITE_CANTOPEN;
+  if (result == SQLITE_FULL || (ofDisk && (error == ENOSPC || error == EFBIG || error == EDQUOT)))
+    return "No queda espacio en el disco: haga sitio y repita lo último.";
+  if (result == SQLITE_READONLY || (ofDisk && (error == EROFS || error == EACCES)))
+    return "No se puede escribir: dé permiso de escritura sobre el archivo y sobre su carpeta.";
+  if (result == SQLITE_IOERR) return "El disco ha fallado: compruebe que queda espacio en él.";
+  return {};
+}
+
+}  // namespace
 
 void ThrowEngineError(sqlite3* handle) {
-  throw RuntimeError(ErrorNumber::StatementFailed, sqlite3_errmsg(handle));
+  const std::string text = sqlite3_errmsg(handle);
+  const auto advice = Advice(handle);
+  throw RuntimeError(ErrorNumber::StatementFailed, advice.empty() ? text : text + ". " + advice);
 }
 
 void Database::Closer::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }

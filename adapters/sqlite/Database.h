@@ -8,7 +8,8 @@ struct sqlite3;
 
 namespace quorvane::sqlite {
 
-/// What the engine refused, as the runtime's error with the engine's own text.
+/// What the engine refused, as the runtime's error with the engine's own text; behind it, where the
+/// disk is to blame, what to do.
 [[noreturn]] void ThrowEngineError(sqlite3* handle);
 
 /// An open database file. All failures are error 0x80004005.

@@ -1,8 +1,10 @@
 #include "apps/escuela/SchoolFile.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <random>
 #include <system_error>
+#include <unistd.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
@@ -24,8 +26,8 @@ class PartialFile {
       : path_(path + ".parcial-" + std::to_string(std::random_device()())) {}
   ~PartialFile() {
     std::error_code ignored;
-    fs::remove(path_, ignored);
-    fs::remove(path_ + "-journal", ignored);
+    for (const auto* const ending : {"", "-journal", "-wal", "-shm"})
+      fs::remove(path_ + ending, ignored);
   }
   PartialFile(const PartialFile&) = delete;
   PartialFile& operator=(const PartialFile&) = delete;
@@ -49,14 +51,23 @@ class PartialFile {
   std::string path_;
 };
 
+// Before the engine does, who would name the file that nobody has asked for.
+void RequireWritableFolder(const std::string& path) {
+  const auto named = fs::path(path).parent_path();
+  const auto folder = named.empty() ? fs::path(".") : named;
+  std::error_code error;
+  if (!fs::is_directory(folder, error)) Refuse(path, "la carpeta no existe");
+  if (access(folder.c_str(), W_OK) == 0) return;
+  Refuse(path, errno == EROFS ? "el disco es de solo lectura"
+                              : "no tiene permiso para escribir en la carpeta");
+}
+
 }  // namespace
 
 void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) Refuse(path, "el archivo ya existe");
-  const auto folder = fs::path(path).parent_path();
-  if (!folder.empty() && !fs::is_directory(folder, error)) Refuse(path, "la carpeta no existe");
-
+  RequireWritableFolder(path);
   const PartialFile partial(path);
   sqlite::SqliteConnection school(partial.Path(), "", sqlite::OpenMode::Create);
   school.Open();

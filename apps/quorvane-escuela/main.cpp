@@ -107,7 +107,11 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    return Run(argc, argv);
+    const auto status = Run(argc, argv);
+    if (std::cout.flush()) return status;
+    std::cerr << "quorvane-escuela: no se puede escribir la salida: compruebe que queda espacio en "
+                 "el disco\n";
+    return kFailed;
   } catch (const std::exception& error) {
     std::cerr << "quorvane-escuela: " << error.what() << '\n';
     return kFailed;

@@ -32,16 +32,23 @@ int PlayFile(const guion::CommandLine& line) {
   return guion::PlayScript(line.options, script, std::cout, std::cerr);
 }
 
+int Play(int argc, char** argv) {
+  int status = 0;
+  const auto line = guion::ReadCommandLine(argc, argv, status);
+  if (!line) return status;
+  if (!line->script.empty()) return PlayFile(*line);
+  return guion::PlayScript(line->options, std::cin, std::cout, std::cerr, true);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
     AllowDeepNesting();
-    int status = 0;
-    const auto line = guion::ReadCommandLine(argc, argv, status);
-    if (!line) return status;
-    if (!line->script.empty()) return PlayFile(*line);
-    return guion::PlayScript(line->options, std::cin, std::cout, std::cerr, true);
+    const auto status = Play(argc, argv);
+    if (std::cout.flush()) return status;
+    std::cerr << "No se puede escribir la salida: compruebe que queda espacio en el disco\n";
+    return kNotPlayed;
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return kNotPlayed;

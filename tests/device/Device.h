@@ -1,0 +1,94 @@
+#pragma once
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+
+struct Outcome {
+  int status = -1;
+  std::string text;  ///< standard output and error
+};
+
+inline Outcome RunCommand(const std::string& command) {
+  Outcome outcome;
+  auto* const pipe = popen((command + " 2>&1").c_str(), "r");
+  if (pipe == nullptr) return outcome;
+  std::array<char, 4096> buffer{};
+  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+    outcome.text.append(buffer.data(), read);
+  outcome.status = WEXITSTATUS(pclose(pipe));
+  return outcome;
+}
+
+inline std::string Content(const std::string& path) {
+  std::ostringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+/// While it lives no file of this process or of those that it starts gets longer.
+class LongestFile {
+ public:
+  explicit LongestFile(rlim_t bytes) {
+    // The signal would kill where a full disk only refuses.
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~LongestFile() { setrlimit(RLIMIT_FSIZE, &before_); }
+  LongestFile(const LongestFile&) = delete;
+  LongestFile& operator=(const LongestFile&) = delete;
+  LongestFile(LongestFile&&) = delete;
+  LongestFile& operator=(LongestFile&&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+/// A disk of its own, of that size, that goes with the object. Only an administrator has it.
+class TinyDisk {
+ public:
+  explicit TinyDisk(const std::string& size)
+      : mounted_(mount("tmpfs", Path().c_str(), "tmpfs", 0, ("size=" + size).c_str()) == 0) {}
+  ~TinyDisk() {
+    if (mounted_) umount(Path().c_str());
+  }
+  TinyDisk(const TinyDisk&) = delete;
+  TinyDisk& operator=(const TinyDisk&) = delete;
+  TinyDisk(TinyDisk&&) = delete;
+  TinyDisk& operator=(TinyDisk&&) = delete;
+
+  [[nodiscard]] bool Mounted() const noexcept { return mounted_; }
+  [[nodiscard]] std::string Path() const { return folder_ / ""; }
+
+  /// Takes all the room that is left.
+  void FillUp() const {
+    std::ofstream filling(Path() + "relleno", std::ios::binary);
+    const std::string page(4096, 'x');
+    while (filling.write(page.data(), static_cast<std::streamsize>(page.size())).flush()) {
+    }
+  }
+  void MakeRoom() const { std::filesystem::remove(Path() + "relleno"); }
+  void ReadOnly(bool readOnly) const {
+    mount(nullptr, Path().c_str(), nullptr, MS_REMOUNT | (readOnly ? MS_RDONLY : 0), nullptr);
+  }
+
+ private:
+  TempFolder folder_;
+  bool mounted_;
+};
+
+}  // namespace quorvane::test

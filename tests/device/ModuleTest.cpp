@@ -1,0 +1,110 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/LockList.h"
+#include "apps/escuela/SchoolFile.h"
+#include "tests/device/Device.h"
+
+// The disk gets full while grades are saved, at one statement after the other.
+
+namespace quorvane::test {
+namespace {
+
+using testing::HasSubstr;
+
+/// All subjects of a section get a grade; the first user may do so at any time.
+const std::string kSave =
+    "nodo 124\\nelegir cboTipoEnsenanza =3\\nelegir cboCursos \"3º ESO\"\\n"
+    "elegir cboSecciones \"3º ESO A\"\\nelegir cboEvaluaciones \"2ª Evaluación\"\\n"
+    "pulsar cmdNotaManual1(0)\\neditar rtvNotasAlumno 1 1 #2\\npulsar cmdAceptar\\n"
+    "pulsar cmdNotaManual1(1)\\n";
+
+class ModuleTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    MakeSchoolFile(sample_, [](Connection& school) { DemoSchool(school).Build(); });
+    sqlite::SqliteConnection school(sample_, "");
+    school.Open();
+    LockList(school).Remove(1);
+  }
+
+  [[nodiscard]] static Outcome Save(const std::string& path) {
+    return RunCommand("printf '" + kSave + "' | " QUORVANE_GUION " --usuario 1 --bd " + path);
+  }
+
+  /// The rows of what a save writes.
+  static std::vector<std::string> Rows(const std::string& path) {
+    sqlite::SqliteConnection school(path, "");
+    school.Open();
+    std::vector<std::string> rows{school.Execute("PRAGMA integrity_check").Fields(0).Text()};
+    for (const std::string table : {"PublicacionPte", "BloqueoPte", "EvaluacionPte"}) {
+      auto found = school.Execute("SELECT * FROM " + table + " ORDER BY rowid");
+      for (; !found.Eof(); found.MoveNext()) {
+        auto row = table;
+        for (std::size_t i = 0; i < found.Names().size(); ++i) row += "|" + found.Fields(i).Text();
+        rows.push_back(row);
+      }
+    }
+    return rows;
+  }
+
+  /// The same after the statements that the program printed, but for the last, which failed.
+  [[nodiscard]] std::vector<std::string> Expected(const std::string& printed) const {
+    const auto path = folder_ / "esperada.sqlite";
+    std::filesystem::copy_file(sample_, path, std::filesystem::copy_options::overwrite_existing);
+    std::vector<std::string> statements;
+    std::istringstream lines(printed);
+    const std::string prefix = "sql centro ";
+    for (std::string line; std::getline(lines, line);)
+      if (line.starts_with(prefix)) statements.push_back(line.substr(prefix.size()));
+    statements.pop_back();
+    {
+      sqlite::SqliteConnection school(path, "");
+      school.Open();
+      for (const auto& statement : statements) school.Execute(statement);
+    }
+    return Rows(path);
+  }
+
+  TempFolder folder_;
+  std::string sample_ = folder_ / "muestra.sqlite";
+};
+
+TEST_F(ModuleTest, ADiskThatFillsUpInTheMiddleKeepsWhatWasWrittenAndTheFormsOpenAgain) {
+  const auto path = folder_ / "escuela.sqlite";
+  int failed = 0;
+  int afterFirstGrade = 0;
+  auto finished = false;
+  // The log beside the school grows by a few pages a statement.
+  for (rlim_t bytes = 40'000; !finished; bytes += 12'000) {
+    ASSERT_LT(bytes, 4'000'000U) << "the save never fits";
+    std::filesystem::copy_file(sample_, path, std::filesystem::copy_options::overwrite_existing);
+    Outcome outcome;
+    {
+      const LongestFile limit(bytes);
+      outcome = Save(path);
+    }
+    finished = outcome.status == 0;
+    if (finished) break;
+    ++failed;
+    ASSERT_EQ(outcome.status, 1) << bytes << '\n' << outcome.text;
+    EXPECT_THAT(outcome.text, HasSubstr("\nerror -2147467259 "));
+    EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << bytes;
+    if (outcome.text.find("sql centro UPDATE EvaluacionPte") != std::string::npos)
+      ++afterFirstGrade;
+    EXPECT_EQ(Rows(path), Expected(outcome.text)) << bytes;
+    const auto locks = RunCommand(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path);
+    EXPECT_LE(locks.status, 1) << locks.text;
+    const auto again = Save(path);
+    EXPECT_EQ(again.status, 0) << again.text;
+    for (const auto* const ending : {"-wal", "-shm"}) std::filesystem::remove(path + ending);
+  }
+  EXPECT_GT(failed, 3);
+  EXPECT_GT(afterFirstGrade, 1);
+}
+
+}  // namespace
+}  // namespace quorvane::test

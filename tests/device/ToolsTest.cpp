@@ -1,0 +1,157 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/SchoolFile.h"
+#include "tests/device/Device.h"
+
+// The programs on a disk that is full or can't be written.
+
+namespace quorvane::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kMakers[] = {"crear", "demo", "generar"};
+
+std::string Maker(const std::string& name, const std::string& path) {
+  return QUORVANE_ESCUELA " " + name + " " + path +
+         (name == "generar" ? " --alumnos 2000 --semilla 1" : "");
+}
+
+/// A program that isn't the administrator's: permissions mean nothing to him.
+std::string Unprivileged(const std::string& command) {
+  return getuid() != 0 ? command : "setpriv --reuid=65534 --regid=65534 --clear-groups " + command;
+}
+
+class ToolsTest : public testing::Test {
+ protected:
+  void MakeDemo() {
+    MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
+  }
+
+  TempFolder folder_;
+  std::string path_ = folder_ / "escuela.sqlite";
+};
+
+TEST_F(ToolsTest, ASchoolThatFindsNoRoomIsRefusedAndLeavesNothing) {
+  for (const std::string maker : kMakers) {
+    for (const rlim_t bytes : {0, 4096, 40'960, 150'000}) {
+      const LongestFile limit(bytes);
+      const auto outcome = RunCommand(Maker(maker, path_));
+      EXPECT_EQ(outcome.status, 1) << maker << ' ' << bytes;
+      EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << maker;
+      EXPECT_EQ(folder_.Files(), 0U) << maker << ' ' << bytes;
+    }
+  }
+}
+
+TEST_F(ToolsTest, TheSameOnADiskThatIsFull) {
+  const TinyDisk disk("200k");
+  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
+  for (const std::string maker : kMakers) {
+    const auto outcome = RunCommand(Maker(maker, disk.Path() + "a.sqlite"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << maker;
+    EXPECT_TRUE(std::filesystem::is_empty(disk.Path())) << maker;
+  }
+}
+
+TEST_F(ToolsTest, AFullDiskKeepsTheLocksAndTheSchoolAsTheyWere) {
+  MakeDemo();
+  const TinyDisk disk("420k");
+  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
+  const auto path = disk.Path() + "escuela.sqlite";
+  std::filesystem::copy_file(path_, path);
+  disk.FillUp();
+  for (const std::string command : {"comprobar ", "bloqueos ", "bloqueos --borrar 1 "}) {
+    const auto outcome = RunCommand(QUORVANE_ESCUELA " " + command + path);
+    EXPECT_EQ(outcome.status, 1) << command;
+    EXPECT_THAT(outcome.text, HasSubstr("No se puede abrir la base de datos " + path));
+    EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << command;
+    EXPECT_EQ(Content(path), Content(path_)) << command;
+  }
+  disk.MakeRoom();
+  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path).status, 0);
+  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " bloqueos " + path).text,
+            "No hay publicaciones ni bloqueos\n");
+}
+
+TEST_F(ToolsTest, AFolderWithoutPermissionIsToldByItsName) {
+  const auto folder = folder_ / "ajena";
+  std::filesystem::create_directory(folder);
+  chmod((folder_ / "").c_str(), 0755);
+  chmod(folder.c_str(), 0555);
+  const auto path = folder + "/a.sqlite";
+  for (const std::string maker : kMakers) {
+    const auto outcome = RunCommand(Unprivileged(Maker(maker, path)));
+    if (outcome.status > 2) GTEST_SKIP() << "another user can't start it: " << outcome.text;
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.text, "quorvane-escuela: No se puede crear " + path +
+                                ": no tiene permiso para escribir en la carpeta\n");
+    EXPECT_TRUE(std::filesystem::is_empty(folder)) << maker;
+  }
+}
+
+TEST_F(ToolsTest, ASchoolThatCantBeWrittenIsReadAndKeepsItsLocks) {
+  MakeDemo();
+  {
+    sqlite::SqliteConnection school(path_, "");
+    school.Open();
+    school.Execute("PRAGMA journal_mode=delete");
+  }
+  chmod((folder_ / "").c_str(), 0555);
+  chmod(path_.c_str(), 0444);
+  const auto before = Content(path_);
+  const auto shown = RunCommand(Unprivileged(QUORVANE_ESCUELA " bloqueos " + path_));
+  if (shown.status > 2) GTEST_SKIP() << "another user can't start it: " << shown.text;
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_THAT(shown.text, StartsWith("Publicación 1"));
+  const auto removed = RunCommand(Unprivileged(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path_));
+  EXPECT_EQ(removed.status, 1);
+  EXPECT_THAT(removed.text, HasSubstr("dé permiso de escritura sobre el archivo"));
+  EXPECT_EQ(Content(path_), before);
+  EXPECT_EQ(folder_.Files(), 1U);
+  chmod((folder_ / "").c_str(), 0755);
+}
+
+TEST_F(ToolsTest, ADiskThatCantBeWrittenIsToldByItsName) {
+  const TinyDisk disk("1m");
+  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
+  disk.ReadOnly(true);
+  const auto path = disk.Path() + "a.sqlite";
+  EXPECT_EQ(RunCommand(Maker("crear", path)).text,
+            "quorvane-escuela: No se puede crear " + path + ": el disco es de solo lectura\n");
+}
+
+TEST_F(ToolsTest, AnOutputThatFindsNoRoomIsNoSuccess) {
+  MakeDemo();
+  const auto list =
+      RunCommand("{ " QUORVANE_ESCUELA " bloqueos " + path_ + " 2>&3 >/dev/full; } 3>&1");
+  EXPECT_EQ(list.status, 1);
+  EXPECT_THAT(list.text, HasSubstr("no se puede escribir la salida"));
+  const auto play =
+      RunCommand("{ echo nodo 124 | " QUORVANE_GUION " --bd " + path_ + " 2>&3 >/dev/full; } 3>&1");
+  EXPECT_EQ(play.status, 2);
+  EXPECT_THAT(play.text, HasSubstr("No se puede escribir la salida"));
+}
+
+TEST_F(ToolsTest, ATraceThatFindsNoRoomIsToldOnceAndDisturbsNothing) {
+  MakeDemo();
+  const std::string play = "echo 'nodo 124\ncerrar\nnodo 124' | ";
+  const auto without = RunCommand(play + QUORVANE_GUION " --bd " + path_);
+  const auto with = RunCommand(play + "{ QUORVANE_TRAZA=/dev/full " QUORVANE_GUION " --bd " +
+                               path_ + " 2>" + (folder_ / "errores") + "; }");
+  EXPECT_EQ(with.status, without.status);
+  EXPECT_EQ(with.text, without.text);
+  EXPECT_EQ(
+      Content(folder_ / "errores"),
+      "No se puede escribir la traza /dev/full: compruebe su carpeta y que queda espacio en el "
+      "disco\n");
+}
+
+}  // namespace
+}  // namespace quorvane::test
