@@ -32,7 +32,7 @@ class JoinReader {
       if (!join) return chain;
       const auto right = Operand();
       if (!right || !Word("ON")) return std::nullopt;
-      auto condition = Condition(right->front().table);
+      auto condition = Condition(right->front().table, *chain);
       if (!condition || !Append(*chain, *right, *join, *condition)) return std::nullopt;
     }
     return std::nullopt;
@@ -58,16 +58,23 @@ class JoinReader {
     return Chain{{false, std::string(name), {}}};
   }
 
-  /// One equality of two columns, one of which is `table`'s.
-  std::optional<std::string> Condition(std::string_view table) {
+  /// One equality of two columns, one of which is `table`'s, the other of one of those before it.
+  std::optional<std::string> Condition(std::string_view table, const Chain& before) {
     const auto start = at_;
     const auto one = Name();
     if (!Character('.') || Name().empty() || !Character('=')) return std::nullopt;
     const auto other = Name();
     if (!Character('.') || Name().empty()) return std::nullopt;
-    if (EqualNoCase(one, table) == EqualNoCase(other, table)) return std::nullopt;
+    if (!(EqualNoCase(one, table) && Holds(before, other)) &&
+        !(EqualNoCase(other, table) && Holds(before, one)))
+      return std::nullopt;
     auto condition = text_.substr(start, at_ - start);
     return std::string(condition.substr(0, condition.find_last_not_of(" \t\r\n") + 1));
+  }
+
+  static bool Holds(const Chain& chain, std::string_view table) {
+    return std::any_of(chain.begin(), chain.end(),
+                       [&](const Joined& one) { return EqualNoCase(one.table, table); });
   }
 
   static bool Append(Chain& chain, const Chain& right, Join join, const std::string& condition) {
@@ -144,7 +151,7 @@ std::string FlattenJoins(std::string_view statement) {
   std::string result;
   for (std::size_t at = 0; at < statement.size();) {
     const auto kind = KindOf(statement[at]);
-    auto end = at + 1;
+    auto end = std::max(at + 1, EndOfBlanks(statement, at));
     if (kind == CharKind::Quote) end = EndOfQuoted(statement, at);
     if (kind == CharKind::Word) end = EndOfWord(statement, at);
     const auto token = statement.substr(at, end - at);

@@ -43,7 +43,7 @@ bool StatementLifter::Number(std::string_view statement, std::size_t& at) {
   const auto fraction = at < statement.size() && statement[at] == '.';
   const auto goesOn = fraction || (at < statement.size() && IsWordPart(statement[at]));
   if (goesOn || !whole || inColumns_ || ended_) {
-    while (at < statement.size() && (IsWordPart(statement[at]) || statement[at] == '.')) ++at;
+    at = EndOfNumber(statement, begin);
     text_.append(statement, begin, at - begin);
     return true;
   }
@@ -79,8 +79,7 @@ bool StatementLifter::Lift(std::string_view statement) {
         copied = at;
         break;
       case CharKind::Dot:  // a fraction without a whole part
-        ++at;
-        while (at < statement.size() && IsWordPart(statement[at])) ++at;
+        at = EndOfNumber(statement, at);
         break;
       case CharKind::Dash:
       case CharKind::Slash: {

@@ -55,4 +55,12 @@ constexpr std::size_t EndOfWord(std::string_view text, std::size_t at) {
 /// text when the partner is missing.
 std::size_t EndOfQuoted(std::string_view text, std::size_t at);
 
+/// Behind the number that begins at `at` with a digit or a point: fraction, exponent and
+/// hexadecimal digits taken along, and the letters that the engine refuses with it.
+std::size_t EndOfNumber(std::string_view text, std::size_t at);
+
+/// Behind the blanks and comments at `at`, if there are any. A comment that isn't closed goes up to
+/// the end of the text.
+std::size_t EndOfBlanks(std::string_view text, std::size_t at);
+
 }  // namespace quorvane::sqlite

@@ -24,5 +24,13 @@ TEST(Concatenation, AQuotedNameIsNoText) {
   EXPECT_EQ(RewriteConcatenation("SELECT [a] + [b]"), "SELECT [a] + [b]");
 }
 
+TEST(Concatenation, ACommentIsNeitherATextNorBetweenThem) {
+  EXPECT_EQ(RewriteConcatenation("SELECT A + /* 1 */ 'b', 'c' -- it's\n + D"),
+            "SELECT A || /* 1 */ 'b', 'c' -- it's\n || D");
+  EXPECT_EQ(RewriteConcatenation("SELECT /* don't */ 'a + ', B+1 /* 'c'+'d' */"),
+            "SELECT /* don't */ 'a + ', B+1 /* 'c'+'d' */");
+  EXPECT_EQ(RewriteConcatenation("SELECT 'a' /* + 'b'"), "SELECT 'a' /* + 'b'");
+}
+
 }  // namespace
 }  // namespace quorvane::sqlite

@@ -37,6 +37,18 @@ TEST(NestedJoinsTest, InnerJoinsBeforeTheBracketStayInner) {
             "D.i=A.d LEFT JOIN E ON E.a=A.i LEFT JOIN F ON F.i=E.f ");
 }
 
+TEST(NestedJoinsTest, ACommentStaysAsItIs) {
+  EXPECT_EQ(Unchanged("SELECT x FROM A -- FROM A LEFT JOIN (B LEFT JOIN C ON C.i=B.c) ON B.i=A.b\n"
+                      "WHERE x=1"),
+            "unchanged");
+}
+
+TEST(NestedJoinsTest, ATableOutOfSightOfTheBracketStaysSo) {
+  // The engine refuses it; the chain would see it.
+  EXPECT_EQ(Unchanged("SELECT x FROM A LEFT JOIN (B LEFT JOIN C ON C.i=A.b) ON B.i=A.b"),
+            "unchanged");
+}
+
 TEST(NestedJoinsTest, WhatCouldChangeTheRowsStaysAsItIs) {
   // An inner join in the bracket drops rows that the chain would keep.
   EXPECT_EQ(Unchanged("SELECT x FROM A LEFT JOIN (B INNER JOIN C ON C.i=B.c) ON B.i=A.b"),

@@ -45,6 +45,7 @@ TEST(StatementLifter, LeavesWhatIsNoValueInTheText) {
            "SELECT A FROM [Tabla 1] WHERE \"x 2\"=`y 3`",
            "SELECT Apellido_1 FROM T2 WHERE T2.A1=T3.B1",
            "SELECT A FROM T WHERE B=1.5 OR B=1e5 OR B=0x1F OR B=.25",
+           "SELECT A FROM T WHERE B=1.5e-3 OR B=2E+1 OR B=.5e-1 OR B=3. OR B=1e-",
            "SELECT A FROM T WHERE B=9223372036854775808",  // a real to the engine
        }) {
     EXPECT_TRUE(lifter.Lift(kept));
