@@ -21,6 +21,7 @@ namespace {
 constexpr std::chrono::milliseconds kBusyWait = std::chrono::seconds(60);
 constexpr std::chrono::milliseconds kBusyPause{5};
 constexpr SQLINTEGER kSqliteBusy = 5;
+constexpr SQLINTEGER kLoginFailed = 18456;
 
 bool Names(std::string_view text, const char* product) {
   return AsciiLower(text).find(product) != std::string::npos;
@@ -45,7 +46,7 @@ std::string Advice(const Diagnostics& diagnostics) {
   if (diagnostics.HasState("IM") || diagnostics.HasState("01000"))
     return ". Compruebe que la cadena nombra un controlador instalado, con «odbcinst -q -d», o un "
            "origen de datos, con «odbcinst -q -s»";
-  if (diagnostics.HasState("28"))
+  if (diagnostics.HasState("28") || diagnostics.HasNative(kLoginFailed))
     return ". Compruebe el usuario y la contraseña (UID y PWD) y que ese usuario puede abrir la "
            "base "
            "de datos";
