@@ -147,7 +147,8 @@ void Crowd::CheckFigures() {
 
 void Crowd::Report(std::ostream& out) const {
   out << options_.processes << " procesos, " << options_.seconds << " s, semilla " << options_.seed
-      << ", journal_mode=" << options_.journalMode << '\n';
+      << ", journal_mode=" << options_.journalMode << ", pausas de hasta " << options_.pause
+      << " ms\n";
   PrintFigures(out, figures_, options_.seconds);
   out << "Filas escritas, comprobadas una a una con los cuadernos: " << entries_
       << "\nPor los huecos del protocolo (no son fallos):\n  materias bloqueadas dos veces: "

@@ -18,6 +18,7 @@ struct CrowdOptions {
   int processes = 8;
   int seconds = 60;
   std::uint64_t seed = 1;
+  int pause = 0;  ///< the longest that a user thinks between two gestures, in milliseconds
   std::string school = "300";  ///< "demo", a number of students to generate, or a file to copy
   std::string journalMode = "wal";
   std::string folder;  ///< where the school is; that for temporary files when empty

@@ -1,6 +1,7 @@
 #include "tests/crowd/Member.h"
 
 #include <limits>
+#include <thread>
 #include <utility>
 
 #include "frame/cAsignarDatos.h"
@@ -27,6 +28,7 @@ Member::Member(int number, const CrowdOptions& options, std::string school,
                const std::string& journal)
     : number_(number),
       fault_(number == 1 ? options.fault : Fault::None),
+      pause_(options.pause),
       school_(std::move(school)),
       journal_(journal),
       random_(options.seed * 1000 + static_cast<std::uint64_t>(number)),
@@ -107,6 +109,9 @@ void Member::Opened(Form& form) {
 }
 
 void Member::Settle() {
+  if (pause_ > 0)
+    std::this_thread::sleep_for(
+        std::chrono::milliseconds(random_.Below(static_cast<std::size_t>(pause_) + 1)));
   user_.OnlyCloses(Clock::now() >= until_);
   if (fault_ == Fault::Grade && random_.Chance(20)) GradeForeignSubject();
 }

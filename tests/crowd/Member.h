@@ -43,6 +43,7 @@ class Member : public Onlooker {
 
   int number_;
   Fault fault_;
+  int pause_;
   std::string school_;
   Journal journal_;
   Figures figures_;

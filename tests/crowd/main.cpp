@@ -18,6 +18,7 @@ azar. Después comprueba, apunte por apunte, que nadie ha perdido lo que grabó.
   --procesos N    cuántos (8)
   --segundos N    cuánto tiempo (60)
   --semilla S     con qué números al azar (1)
+  --pausa N       hasta cuántos milisegundos piensa cada uno entre dos gestos (0)
   --escuela E     demo, un número de alumnos o una base de datos, que se copia (300)
   --diario M      journal_mode de la base de datos: wal o delete (wal)
   --carpeta D     dónde poner la escuela (la de los ficheros temporales)
@@ -47,6 +48,7 @@ bool Take(CrowdOptions& options, std::string_view name, std::string_view value) 
   if (name == "--procesos") return Parse(value, options.processes);
   if (name == "--segundos") return Parse(value, options.seconds);
   if (name == "--semilla") return Parse(value, options.seed);
+  if (name == "--pausa") return Parse(value, options.pause);
   if (name == "--escuela") options.school = value;
   if (name == "--diario") options.journalMode = value;
   if (name == "--carpeta") options.folder = value;
