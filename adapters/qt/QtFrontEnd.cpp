@@ -27,7 +27,8 @@ struct Show {
 
 namespace {
 
-constexpr qint64 kPaintEvery = 40;  // milliseconds
+constexpr qint64 kPaintEvery = 40;  // milliseconds, as the next
+constexpr qint64 kLongWork = 300;
 
 /// Stands on the list for as long as it lives.
 class Standing {
@@ -57,9 +58,13 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 }  // namespace
 
-QtFrontEnd::QtFrontEnd() { sincePaint_.start(); }
+QtFrontEnd::QtFrontEnd() {
+  sincePaint_.start();
+  sinceUser_.start();
+}
 
 QtFrontEnd::~QtFrontEnd() {
+  UsersTurn();
   if (hourglass_) QApplication::restoreOverrideCursor();
 }
 
@@ -90,11 +95,13 @@ void QtFrontEnd::RunModal(Form& form) {
     show.busy = false;
     ShowChanges();
     if (form.Visible()) RecallSizeOf(window);
+    UsersTurn();
     RunHooks(window);
     while (form.Visible() && show.failure == nullptr) {
       // Told to end, the program must still unwind through the handlers that wait here.
       if (show.loop.exec() < 0) show.loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
+    UsersTurn();
     window.hide();
     if (const auto size = window.SizeOfUser(); size && KeepSize) KeepSize(window, *size);
   }
@@ -123,6 +130,7 @@ void QtFrontEnd::Gesture(const FormWindow& window, const std::function<void()>& 
   auto& show = *shows_.back();
   if (&show.window != &window || show.busy || show.failure != nullptr) return;
   show.busy = true;
+  UsersTurn();
   try {
     handler();
     ShowChanges();
@@ -130,6 +138,7 @@ void QtFrontEnd::Gesture(const FormWindow& window, const std::function<void()>& 
     show.failure = std::current_exception();
   }
   show.busy = false;
+  UsersTurn();
   if (show.failure != nullptr || !window.Model().Visible()) show.loop.quit();
 }
 
@@ -162,8 +171,18 @@ void QtFrontEnd::DoEvents() {
 }
 
 void QtFrontEnd::Pulse() {
-  if (shows_.empty() || sincePaint_.elapsed() < kPaintEvery) return;
-  PaintOnly();
+  if (shows_.empty()) return;
+  if (!waiting_ && Busy() && sinceUser_.elapsed() >= kLongWork) {
+    waiting_ = true;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  }
+  if (sincePaint_.elapsed() >= kPaintEvery) PaintOnly();
+}
+
+void QtFrontEnd::UsersTurn() {
+  if (waiting_) QApplication::restoreOverrideCursor();
+  waiting_ = false;
+  sinceUser_.restart();
 }
 
 void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::string& text) {
@@ -171,7 +190,6 @@ void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::
   QMessageBox box(IconOf(icon), Text(title), Text(text).replace('\r', '\n'), QMessageBox::Ok,
                   TopWindow());
   box.setTextFormat(Qt::PlainText);
-  box.button(QMessageBox::Ok)->setText("Aceptar");
   box.button(QMessageBox::Ok)->setText("Aceptar");
   std::exception_ptr failure;
   if (MessageShown) {
@@ -186,7 +204,9 @@ void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::
   }
   // The user is to read and answer: no time for the hourglass.
   if (hourglass_) QApplication::restoreOverrideCursor();
+  UsersTurn();
   box.exec();
+  UsersTurn();
   if (hourglass_) QApplication::setOverrideCursor(Qt::WaitCursor);
   if (failure != nullptr) std::rethrow_exception(failure);
 }

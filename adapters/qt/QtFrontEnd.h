@@ -47,7 +47,8 @@ class QtFrontEnd : public FrontEnd {
   std::int32_t ScreenHeight() override;
 
   /// Keeps the busy sign moving during long work, for a host to call at each statement
-  /// (`Connection::Observe`). It paints every 40 ms at most and never lets the user act.
+  /// (`Connection::Observe`). It paints every 40 ms at most and never lets the user act. Work that
+  /// takes longer than a moment gets the hourglass, asked for or not.
   void Pulse();
 
   /// The window that the user acts on; null when no form is shown. It lives as long as its show.
@@ -79,12 +80,16 @@ class QtFrontEnd : public FrontEnd {
   void RunHooks(FormWindow& window);
   void ShowChanges();
   void PaintOnly();
+  /// The user acts or is to act: what follows is counted from now on.
+  void UsersTurn();
   [[nodiscard]] QWidget* TopWindow() const;
 
   std::vector<Show*> shows_;  // the innermost last; each stands in its RunModal
   QWidget* host_ = nullptr;
   bool hourglass_ = false;
+  bool waiting_ = false;  // the hourglass that nobody asked for stands
   QElapsedTimer sincePaint_;
+  QElapsedTimer sinceUser_;
 };
 
 }  // namespace quorvane::qt

@@ -1,5 +1,6 @@
 #include <QElapsedTimer>
 #include <QGroupBox>
+#include <QMessageBox>
 #include <gmock/gmock.h>
 
 #include "adapters/qt/BusySign.h"
@@ -160,6 +161,30 @@ class PaintCounter : public QObject {
     return false;
   }
 };
+
+TEST_F(WindowTest, LongWorkGetsTheHourglassUntilTheUserIsToAct) {
+  const auto hourglass = [] { return QApplication::overrideCursor() != nullptr; };
+  const auto work = [this, &hourglass] {
+    EXPECT_FALSE(hourglass());
+    EXPECT_TRUE(QTest::qWaitFor([this, &hourglass] {
+      screen.Pulse();
+      return hourglass();
+    }));
+  };
+  screen.MessageShown = [&hourglass](QMessageBox& box) {
+    EXPECT_FALSE(hourglass());
+    box.accept();
+  };
+  form->cmdPagina.Click = [this, &work] {
+    work();
+    screen.Message(MessageIcon::Information, "Zendria Escuela", "A medias");
+    work();
+  };
+  Run([&hourglass](qt::FormWindow& window) {
+    Click(window, "cmdPagina");
+    EXPECT_FALSE(hourglass());
+  });
+}
 
 TEST_F(WindowTest, TheBusySignMovesDuringLongWorkAndNobodyActs) {
   constexpr qint64 kLongEnough = 20000;  // milliseconds
