@@ -33,14 +33,23 @@ instalar() {
 # What the programs are built with and run on.
 paquetes_de_construccion=(
   g++ cmake ninja-build ccache pkgconf
-  libsqlite3-dev nlohmann-json3-dev libcli11-dev
-  qt6-base-dev libqt6svg6-dev libgl1-mesa-dev qt6-qpa-plugins fonts-dejavu-core
-  libgtest-dev libgmock-dev
+  libsqlite3-dev unixodbc-dev nlohmann-json3-dev libcli11-dev
+  qt6-base-dev qt6-svg-dev libgl1-mesa-dev qt6-qpa-plugins fonts-dejavu-core
+  libgtest-dev libgmock-dev python3 perl
 )
 
-# Configures (once) and builds a preset; the build itself sees what has changed.
+# What the tests use besides: ODBC drivers, a T-SQL parser, line counters and checkers.
+paquetes_de_pruebas=(
+  libsqliteodbc tdsodbc libsql-translator-perl gcovr
+  desktop-file-utils groff-base
+  clang-format clang-tidy git
+)
+
+# construir PRESET [TARGET...]: configures (once) and builds a preset, or only those targets; the
+# build itself sees what has changed.
 construir() {
   local preset=$1
+  shift
   mensaje "Se construye ($preset)"
   cmake --preset "$preset" >"/tmp/quorvane-cmake.$$" 2>&1 || {
     cat "/tmp/quorvane-cmake.$$" >&2
@@ -48,5 +57,5 @@ construir() {
     fallo "cmake no ha podido configurar el proyecto"
   }
   rm -f "/tmp/quorvane-cmake.$$"
-  cmake --build --preset "$preset" || fallo "La construcción ha fallado"
+  cmake --build --preset "$preset" ${1:+--target "$@"} || fallo "La construcción ha fallado"
 }
