@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "apps/escuela/Prng.h"
 #include "tests/kills/FormsOpen.h"
@@ -19,6 +20,9 @@ namespace quorvane::test {
 /// flight, its locks can be told and removed, and the forms open as if nobody had died.
 class Kills {
  public:
+  /// In the text of the error that tells of a lost write.
+  static constexpr std::string_view kLost = "no está lo que había vuelto:";
+
   explicit Kills(const KillOptions& options);
 
   /// Throws a runtime error of the language when something is wrong.

@@ -59,7 +59,9 @@ int Main(int argc, char** argv) {
     kills.Run();
   } catch (const std::exception& failure) {
     std::cerr << "kills: " << failure.what() << '\n';
-    return options->fault ? 0 : 1;
+    const auto found =
+        std::string_view(failure.what()).find(Kills::kLost) != std::string_view::npos;
+    return options->fault && found ? 0 : 1;
   }
   kills.Print(std::cout);
   return options->fault ? 1 : 0;
