@@ -39,7 +39,7 @@ class ToolsTest : public testing::Test {
 
 TEST_F(ToolsTest, ASchoolThatFindsNoRoomIsRefusedAndLeavesNothing) {
   for (const std::string maker : kMakers) {
-    for (const rlim_t bytes : {0, 4096, 40'960, 150'000}) {
+    for (const auto bytes : {rlim_t{0}, rlim_t{4096}, rlim_t{40'960}, rlim_t{150'000}}) {
       const LongestFile limit(bytes);
       const auto outcome = RunCommand(Maker(maker, path_));
       EXPECT_EQ(outcome.status, 1) << maker << ' ' << bytes;
@@ -67,8 +67,9 @@ TEST_F(ToolsTest, AFullDiskKeepsTheLocksAndTheSchoolAsTheyWere) {
   const auto path = disk.Path() + "escuela.sqlite";
   std::filesystem::copy_file(path_, path);
   disk.FillUp();
-  for (const std::string command : {"comprobar ", "bloqueos ", "bloqueos --borrar 1 "}) {
-    const auto outcome = RunCommand(QUORVANE_ESCUELA " " + command + path);
+  for (const std::string command : {QUORVANE_ESCUELA " comprobar ", QUORVANE_ESCUELA " bloqueos ",
+                                    QUORVANE_ESCUELA " bloqueos --borrar 1 "}) {
+    const auto outcome = RunCommand(command + path);
     EXPECT_EQ(outcome.status, 1) << command;
     EXPECT_THAT(outcome.text, HasSubstr("No se puede abrir la base de datos " + path));
     EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << command;
