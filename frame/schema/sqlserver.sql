@@ -317,7 +317,6 @@ CREATE INDEX Idx_Profesor_Pte_CodMatDet ON Profesor_Pte (CodMatDet, CodProfesor)
 CREATE INDEX Idx_Profesor_Pte_CodProfesor ON Profesor_Pte (CodProfesor, CodMatDet);
 CREATE INDEX Idx_PublicacionPte_CodPropietario ON PublicacionPte (CodPropietario);
 CREATE INDEX Idx_BloqueoPte_CodMatDet ON BloqueoPte (CodMatDet, CodNumEvaluacion);
-CREATE INDEX Idx_BloqueoPte_CodNumEvaluacion ON BloqueoPte (CodNumEvaluacion, CodMatDet);
 CREATE INDEX Idx_BloqueoPte_CodProfesor ON BloqueoPte (CodProfesor);
 CREATE INDEX Idx_BloqueoPte_CodPublicacion ON BloqueoPte (CodPublicacion);
 CREATE INDEX Idx_Alumno_MateriaDetalles_CodAlumno ON Alumno_MateriaDetalles (CodAlumno, CodNumEvaluacion);
