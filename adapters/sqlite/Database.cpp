@@ -16,7 +16,11 @@ std::string Advice(sqlite3* handle) {
   const auto ofDisk = result == SQLITE_IOERR || result == SQLITE_CANTOPEN;
   if (result == SQLITE_FULL || (ofDisk && (error == ENOSPC || error == EFBIG || error == EDQUOT)))
     return "No queda espacio en el disco: haga sitio y repita lo último.";
-  if (result == SQLITE_READONLY || (ofDisk && (error == EROFS || error == EACCES)))
+  // Who has only promised to read is refused in the same way.
+  const auto readOnly =
+      result == SQLITE_READONLY && (sqlite3_db_readonly(handle, "main") == 1 ||
+                                    sqlite3_extended_errcode(handle) != SQLITE_READONLY);
+  if (readOnly || (ofDisk && (error == EROFS || error == EACCES)))
     return "No se puede escribir: dé permiso de escritura sobre el archivo y sobre su carpeta.";
   if (result == SQLITE_IOERR) return "El disco ha fallado: compruebe que queda espacio en él.";
   return {};
@@ -32,13 +36,27 @@ void ThrowEngineError(sqlite3* handle) {
 
 void Database::Closer::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
 
-Database::Database(const std::string& path, int flags, std::chrono::milliseconds busyWait) {
+// The engine's own way of waiting sleeps longer with each try, so that who has waited long comes
+// behind who has just come: with many users some would wait for seconds.
+int Database::WaitForOther(void* wait, int tries) {
+  constexpr int kMilliseconds = 2;
+  auto& self = *static_cast<Wait*>(wait);
+  const auto now = std::chrono::steady_clock::now();
+  if (tries == 0) self.until = now + self.longest;
+  if (now >= self.until) return 0;
+  sqlite3_sleep(kMilliseconds);
+  return 1;
+}
+
+Database::Database(const std::string& path, int flags, std::chrono::milliseconds busyWait)
+    : wait_(std::make_unique<Wait>()) {
   sqlite3* handle = nullptr;
   const auto result = sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   handle_.reset(handle);
   if (result != SQLITE_OK) ThrowEngineError(handle);
   sqlite3_extended_result_codes(handle, 1);
-  sqlite3_busy_timeout(handle, static_cast<int>(busyWait.count()));
+  wait_->longest = busyWait;
+  sqlite3_busy_handler(handle, WaitForOther, wait_.get());
   // What has been written stays written, whatever happens to the machine.
   // The pages that the screens of a large school come back to fit 16 MB, which the engine only
   // takes as it needs them.

@@ -25,9 +25,17 @@ class Database {
   void Script(const std::string& statements) const;
 
  private:
+  struct Wait {
+    std::chrono::milliseconds longest{0};
+    std::chrono::steady_clock::time_point until;
+  };
+  /// Whether to try again, for the engine.
+  static int WaitForOther(void* wait, int tries);
+
   struct Closer {
     void operator()(sqlite3* handle) const;
   };
+  std::unique_ptr<Wait> wait_;
   std::unique_ptr<sqlite3, Closer> handle_;
 };
 
