@@ -18,7 +18,10 @@ Failure CleanUp(Failure failure) {
 }
 
 /// Drivers put the state before their text; those of the class 08 tell of the connection.
-bool TellsOfTheConnection(const QString& text) { return text.contains("[08"); }
+// Not every driver gives a lost connection a state of that class.
+bool TellsOfTheConnection(const QString& text) {
+  return text.contains("[08") || text.startsWith("Se ha perdido la conexión");
+}
 
 }  // namespace
 

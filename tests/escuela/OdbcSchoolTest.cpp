@@ -67,9 +67,11 @@ TEST_F(OdbcSchool, IsTheSameAsInAFile) {
     std::remove(path.c_str());
     std::remove(file.c_str());
     EmptyDatabase();
-    EXPECT_THAT(Escuela(order + " " + given), StartsWith("Creada la escuela"));
+    EXPECT_THAT(Escuela(std::string(order).append(" ").append(given)),
+                StartsWith("Creada la escuela"));
     EXPECT_EQ(status, 0);
-    EXPECT_THAT(Escuela(order + " " + file), StartsWith("Creada la escuela"));
+    EXPECT_THAT(Escuela(std::string(order).append(" ").append(file)),
+                StartsWith("Creada la escuela"));
     EXPECT_EQ(Escuela("comprobar " + given), Escuela("comprobar " + file));
     EXPECT_EQ(Escuela("bloqueos " + given), Escuela("bloqueos " + file));
     for (const auto& table : SchoolTables()) {

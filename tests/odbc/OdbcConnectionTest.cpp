@@ -1,5 +1,7 @@
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -227,6 +229,18 @@ TEST_F(OdbcConnectionTest, WhatIsWrittenIsDurableUnlessTheStringSaysOtherwise) {
   OdbcConnection fast(text + ";SyncPragma=OFF", "");
   fast.Open();
   EXPECT_THAT(RunRows(fast, "PRAGMA synchronous"), ElementsAre("0"));
+}
+
+TEST_F(OdbcConnectionTest, ADataSourceIsAsGoodAsADriver) {
+  const auto sources = folder / "odbc.ini";
+  std::ofstream(sources) << "[Centro]\nDriver=SQLite3\nDatabase=" << path << "\n";
+  setenv("ODBCINI", sources.c_str(), 1);
+  OdbcConnection named("DSN=Centro", "");
+  named.Open();
+  unsetenv("ODBCINI");
+  EXPECT_TRUE(named.EngineIsSqlite());
+  EXPECT_EQ(named.DataSource(), path);
+  EXPECT_THAT(RunRows(named, "SELECT 'ñ' + ' 😀'"), ElementsAre("ñ 😀"));
 }
 
 TEST_F(OdbcConnectionTest, GivesBackWhatItTakes) {

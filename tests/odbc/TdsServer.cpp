@@ -13,8 +13,7 @@ namespace quorvane::test {
 TdsServer::TdsServer(const std::string& diesAt) {
   const auto log = folder_ / "lotes.json";
   const auto file = File();
-  std::ofstream{file};
-  std::ofstream{log};
+  for (const auto& path : {log, file}) std::ofstream(path, std::ios::app).flush();
   std::vector<const char*> arguments{
       QUORVANE_PYTHON, QUORVANE_TDS_SERVER, "--db",    file.c_str(), "--log",
       log.c_str(),     "--password",        "secreto", "--schema",   QUORVANE_SCHEMA};

@@ -52,6 +52,8 @@ TEST(AdviceTest, EachKindOfFailureIsToldWhatToDo) {
   EXPECT_TRUE(Advice({failed, "database is locked"}).contains("repita lo que falte"));
   EXPECT_TRUE(Advice({failed, "[08S01] Communication link failure (0)"}).contains("la red"));
   EXPECT_TRUE(Advice({failed, "[42S02] Invalid object name"}).contains("ha rechazado"));
+  EXPECT_TRUE(Advice({failed, "Se ha perdido la conexión con la base de datos: [HY000] x (0)"})
+                  .contains("la red"));
   EXPECT_TRUE(Advice({3704, "cerrado"}).contains("vuelva a abrir la escuela"));
   EXPECT_TRUE(Advice({3021, "sin registro"}).contains("quorvane-escuela comprobar"));
   EXPECT_TRUE(Advice({326, "recurso"}).contains("fechas fijadas"));
