@@ -68,8 +68,10 @@ void frmAlumnoMateria::AgregarFila(const cMateria& materia,
       Key(materia.IDMatDetalle));
   auto nombre = materia.Nombre;
   if (!curso.Eof()) nombre += " (" + curso.Fields("CDescripcion").Text() + ")";
-  msgMaterias.AddItem(nombre);
+  // Set, not added with the row, which a tab in a name would part into cells.
+  msgMaterias.AddItem("");
   const auto fila = msgMaterias.Rows() - 1;
+  msgMaterias.TextMatrix(fila, 0, nombre);
   msgMaterias.RowData(fila, materia.IDMatDetalle);
   msgMaterias.TextMatrix(fila, msgMaterias.Cols() - 1, Key(materia.Orden));
   for (const auto& evaluacion : materia.colEvaluaciones) {

@@ -108,7 +108,9 @@ void frmAlumnoPendiente::CargarListaAlumnos() {
   msgAlumnos.ColWidth(0, msgAlumnos.Width());
   for (const auto& alumno : colAlumnos) {
     if (alumno->Estado == estados_.Eliminado) continue;
-    msgAlumnos.AddItem(alumno->Nombre);
+    // Set, not added with the row, which a tab in a name would part into cells.
+    msgAlumnos.AddItem("");
+    msgAlumnos.TextMatrix(msgAlumnos.Rows() - 1, 0, alumno->Nombre);
     msgAlumnos.RowData(msgAlumnos.Rows() - 1, alumno->IDAlumno);
   }
   if (msgAlumnos.Rows() == 0) return;
@@ -130,8 +132,11 @@ void frmAlumnoPendiente::CargarListaMaterias() {
   msgMaterias.ColWidth(1, kMateriasColumn);
   for (const auto& matProf : colMatProf) {
     if (matProf->Estado == estados_.Eliminado) continue;
-    msgMaterias.AddItem(matProf->NombreMat + "\t" + matProf->NombreProf);
-    msgMaterias.RowData(msgMaterias.Rows() - 1, matProf->IDMatDetalle);
+    msgMaterias.AddItem("");
+    const auto fila = msgMaterias.Rows() - 1;
+    msgMaterias.TextMatrix(fila, 0, matProf->NombreMat);
+    msgMaterias.TextMatrix(fila, 1, matProf->NombreProf);
+    msgMaterias.RowData(fila, matProf->IDMatDetalle);
   }
 }
 

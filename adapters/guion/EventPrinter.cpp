@@ -1,10 +1,16 @@
 #include "adapters/guion/EventPrinter.h"
 
+#include <algorithm>
+
 namespace quorvane::guion {
 
 void EventPrinter::Print(std::string_view word, const std::string& rest) {
+  // An event is a line, also when an engine tells its error in several.
+  auto line = rest;
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
   out_ << word;
-  if (!rest.empty()) out_ << ' ' << rest;
+  if (!line.empty()) out_ << ' ' << line;
   out_ << '\n' << std::flush;
 }
 

@@ -57,6 +57,13 @@ TEST_F(Show, AnErrorInLoadNeverShowsTheForm) {
   EXPECT_EQ(status, 1);
 }
 
+TEST_F(Show, AnErrorOfSeveralLinesIsOneEvent) {
+  module.ActivarFormulario = [](std::uint8_t) {
+    throw RuntimeError(ErrorNumber::StatementFailed, "uno\r\ndos\ntres");
+  };
+  EXPECT_EQ(Play("nodo 1"), (Lines{"error -2147467259 uno  dos tres"}));
+}
+
 TEST_F(Show, ANodeBeyondAByteIsAnError) {
   EXPECT_EQ(Play("nodo 256\nnodo -1"), (Lines{"error 6 Desbordamiento", "error 6 Desbordamiento"}));
 }
