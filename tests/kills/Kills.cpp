@@ -113,7 +113,9 @@ void Kills::Kill() {
   Report report;
   KillOne(report);
   TakeOver(report);
+  const auto accompanied = bystander.has_value();
   bystander.reset();
+  if (accompanied && report.InFlight()) TakeLate(*report.InFlight());
   RemoveLocks();
 }
 
@@ -142,6 +144,17 @@ void Kills::KillOne(Report& report) {
   }
   returned_ += report.Returned();
   written_ += static_cast<std::int64_t>(report.Written().size());
+}
+
+// What is whole in the log but not yet in the index that the programs share is out of sight while
+// one of them lives, and comes in when the next one finds the log alone.
+void Kills::TakeLate(const std::string& inFlight) {
+  if (Replica::AllOf(school_) == replica_->All()) return;
+  replica_->Apply(inFlight);
+  ++late_;
+  const auto difference = Difference(replica_->All(), Replica::AllOf(school_));
+  if (!difference.empty())
+    throw std::runtime_error("Sin el otro programa " + std::string(kLost) + difference);
 }
 
 void Kills::TakeOver(const Report& report) {

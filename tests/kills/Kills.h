@@ -35,6 +35,7 @@ class Kills {
   void Kill();
   void KillOne(Report& report);
   void TakeOver(const Report& report);
+  void TakeLate(const std::string& inFlight);
   void RemoveLocks();
   void RemovePublication(const std::string& number);
   void OpenForms(const Target& target);
@@ -54,6 +55,7 @@ class Kills {
   int inFlight_ = 0;
   int inside_ = 0;
   int outside_ = 0;
+  int late_ = 0;
   int publications_ = 0;
   int locks_ = 0;
   int shown_ = 0;

@@ -76,7 +76,8 @@ void Kills::Print(std::ostream& out) const {
       << " con otro programa abierto\n"
       << "  sentencias que habían vuelto: " << returned_ << ", de ellas escrituras: " << written_
       << "\n  escrituras en vuelo: " << inFlight_ << "; han quedado dentro: " << inside_
-      << ", fuera: " << outside_ << ", sin efecto: " << inFlight_ - inside_ - outside_
+      << ", fuera: " << outside_ << " (" << late_ << " hasta que se fue el otro programa)"
+      << ", sin efecto: " << inFlight_ - inside_ - outside_
       << "\n  publicaciones encontradas y borradas: " << publications_
       << ", con bloqueos: " << locks_
       << "\n  formularios de notas abiertos después por otro usuario: " << shown_ << '\n';
