@@ -18,12 +18,11 @@ class Border : public QObject {
     auto* frame = qobject_cast<QFrame*>(watched);
     if (frame == nullptr) return false;
     if (event->type() == QEvent::FocusIn) {
-      auto colours = frame->palette();
-      colours.setColor(QPalette::WindowText, colours.color(QPalette::Highlight));
-      frame->setPalette(colours);
+      // The palette stays: the arrows of a tree are drawn with it, on the selected row too.
+      frame->setForegroundRole(QPalette::Highlight);
       frame->setFrameStyle(QFrame::Box | QFrame::Plain);
     } else if (event->type() == QEvent::FocusOut) {
-      frame->setPalette({});
+      frame->setForegroundRole(QPalette::NoRole);
       frame->setFrameStyle(plain_);
     }
     return false;

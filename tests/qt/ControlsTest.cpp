@@ -5,7 +5,10 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTabBar>
+#include <QTreeWidget>
 #include <gmock/gmock.h>
 #include <memory>
 
@@ -179,6 +182,33 @@ TEST_F(ControlsTest, AButtonTakesItsPictureFromTheDrawings) {
     EXPECT_FALSE(Of<QPushButton>(window, "cmdPagina")->icon().pixmap(16, 16).isNull());
     EXPECT_FALSE(window.windowIcon().pixmap(32, 32).isNull());
   });
+}
+
+TEST(FocusBorder, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
+  const std::unique_ptr<QStyle> style(QStyleFactory::create("Fusion"));
+  QTreeWidget tree;
+  tree.setStyle(style.get());
+  qt::ShowFocusOnBorder(tree);
+  tree.setHeaderHidden(true);
+  auto* const parent = new QTreeWidgetItem(&tree, {"1"});
+  new QTreeWidgetItem(parent, {"Lengua"});
+  tree.expandAll();
+  tree.resize(200, 80);
+  tree.setCurrentItem(parent);
+  QFocusEvent focus(QEvent::FocusIn);
+  QCoreApplication::sendEvent(&tree, &focus);
+
+  const auto picture = tree.grab().toImage();
+  const auto selection = tree.palette().color(QPalette::Highlight).rgb();
+  EXPECT_EQ(picture.pixel(0, 40), selection) << "the border";
+  const auto row = tree.visualItemRect(parent);
+  const auto corner = tree.viewport()->pos();
+  const auto ground = picture.pixel(corner.x() + 1, corner.y() + row.center().y());
+  auto drawn = 0;
+  for (int x = 1; x < row.left(); ++x)
+    for (int y = row.top() + 2; y < row.bottom() - 2; ++y)
+      if (picture.pixel(corner.x() + x, corner.y() + y) != ground) ++drawn;
+  EXPECT_GT(drawn, 10) << "the arrow";
 }
 
 TEST(FocusBorder, AListThatDiesWithTheKeyboardDoesSoInPeace) {
