@@ -54,6 +54,9 @@ set_tests_properties(checked_counters PROPERTIES FIXTURES_SETUP checked_counters
 # Frames are larger under the sanitizers, and shows nest thousands deep in a test.
 set(with_larger_stack sh -c "ulimit -S -s 65536 && exec \"$0\" \"$@\"")
 
+# What others' libraries keep to the end.
+set(checked_leaks "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/leaks.txt")
+
 # checked_test(NAME [ENVIRONMENT VARIABLE=VALUE...] COMMAND ...): a run that fills the counters.
 function(checked_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;ENVIRONMENT")
@@ -62,7 +65,7 @@ function(checked_test name)
            WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
   set_tests_properties(${name} PROPERTIES LABELS checked FIXTURES_REQUIRED checked_counters
                        TIMEOUT 600
-                       ENVIRONMENT "${test_variables};${arg_ENVIRONMENT}")
+                       ENVIRONMENT "${test_variables};${checked_leaks};${arg_ENVIRONMENT}")
 endfunction()
 
 # checked_area(AREA [SHARDS N] [ENVIRONMENT VARIABLE=VALUE...]): the tests of test_AREA, the same
