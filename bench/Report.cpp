@@ -124,8 +124,9 @@ void Throughput(const std::vector<Row>& rows) {
         seconds[i + 1] += row.libraries[i].processor;
     }
     std::vector<std::string> cells = {title, std::to_string(statements)};
-    for (const auto taken : seconds)
-      cells.push_back(Thousands(static_cast<int>(static_cast<double>(statements) / taken)));
+    std::transform(seconds.begin(), seconds.end(), std::back_inserter(cells), [&](double taken) {
+      return Thousands(static_cast<int>(static_cast<double>(statements) / taken));
+    });
     Line(cells);
   };
   line("Opening the eight grade forms", false, true);

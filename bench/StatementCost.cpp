@@ -163,7 +163,8 @@ class Workload {
     const auto inside = steps.Add(RunRaw, "BEGIN", "COMMIT");
     const auto run =
         steps.Add([](const Piecewise& one) { one.prepared->Run(one.values, kNoWait); });
-    const auto joining = steps.Add([](const Piecewise& one) { sink = Join(one).back(); });
+    const auto joining =
+        steps.Add([](const Piecewise& one) { sink = static_cast<std::int64_t>(Join(one).size()); });
     const auto connection = steps.Add([&](const Piecewise& one) { none.Execute(one.text); });
     const auto finding = steps.Add([&](const Piecewise& one) {
       ++found;
