@@ -162,6 +162,7 @@ void Title(const std::string& title) { std::printf("\n### %s\n\n", title.c_str()
 bool Report(const std::vector<Row>& rows, const StatementCost& cost,
             const std::vector<Memory>& memory) {
   std::vector<std::vector<Row>> schools;
+  schools.reserve(memory.size());
   for (const auto& school : memory) schools.push_back(OfSchool(rows, school.students));
   Machine();
   auto within = true;
