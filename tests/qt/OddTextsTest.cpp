@@ -1,0 +1,109 @@
+#include <QComboBox>
+#include <QTableView>
+#include <gmock/gmock.h>
+
+#include "tests/qt/Hands.h"
+#include "tests/qt/SchoolScreenTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Ge;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Le;
+
+std::string Long() {
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "año";
+  return text;
+}
+
+/// The sample school, each of its texts with that one before it. Section 5 is 3º ESO A.
+class OddTextsScreenTest : public SchoolScreenTest,
+                           public testing::WithParamInterface<std::string> {
+ protected:
+  OddTextsScreenTest() {
+    auto text = GetParam();
+    for (auto at = text.find('\''); at != std::string::npos; at = text.find('\'', at + 2))
+      text.insert(at, 1, '\'');
+    for (const std::string change :
+         {"Alumno SET Apellido_1=", "Personal SET Apellido1=", "Materia SET Nombre=",
+          "Seccion SET Descripcion=", "Curso SET Descripcion=", "TipoEnsenanza SET Nombre=",
+          "NumEvaluacion SET Descripcion=", "TipoNota SET Nombre="}) {
+      const auto column =
+          change.substr(change.rfind(' ') + 1, change.size() - change.rfind(' ') - 2);
+      school.Sql("UPDATE " + change + "'" + text + "'||" + column);
+    }
+  }
+
+  /// Nothing has shrunk to a line, nothing has grown out of the screen.
+  static void ExpectInShape(const qt::FormWindow& window, const std::string& grid) {
+    EXPECT_LT(window.width(), 1400);
+    EXPECT_LT(window.height(), 1000);
+    for (const auto* widget : window.findChildren<QWidget*>())
+      if (widget->isVisibleTo(&window) && !widget->objectName().startsWith("qt_")) {
+        EXPECT_FALSE(widget->size().isEmpty()) << widget->objectName().toStdString();
+      }
+    const auto* view = Of<QTableView>(window, grid);
+    ASSERT_GT(view->model()->rowCount(), 0);
+    for (int row = 0; row < view->model()->rowCount(); ++row)
+      if (!view->isRowHidden(row)) {
+        EXPECT_THAT(view->rowHeight(row), AllOf(Ge(10), Le(120)));
+      }
+  }
+};
+
+TEST_P(OddTextsScreenTest, TheRegisterShowsThemInItsLines) {
+  Then([](qt::FormWindow& window) {
+    Pick(window, "cboTEnsenanza", 0);
+    Pick(window, "cboCurso", 2);
+    Pick(window, "cboSeccion", 0);
+    Click(window, "cmdAceptar");
+  });
+  Then([](qt::FormWindow& window) {
+    ExpectInShape(window, "msgAlumnos");
+    EXPECT_THAT(CellText(window, "msgAlumnos", 0, 0), HasSubstr(GetParam()));
+    ClickCell(window, "msgAlumnos", 0, 0);
+    Click(window, "cmdPropiedades");
+    Click(window, "cmdCancelar");
+  });
+  Then([](qt::FormWindow& window) {
+    ExpectInShape(window, "msgMaterias");
+    EXPECT_THAT(CellText(window, "msgMaterias", 0, 0), HasSubstr(GetParam()));
+    Click(window, "cmdCancelar");
+  });
+  OpenNode(123);
+  EXPECT_THAT(messages, IsEmpty());
+  ExpectDone();
+}
+
+TEST_P(OddTextsScreenTest, TheGradesShowThemInTheirLines) {
+  Then([](qt::FormWindow& window) {
+    Pick(window, "cboTipoEnsenanza", 0);
+    Pick(window, "cboCursos", 2);
+    Pick(window, "cboSecciones", 0);
+    Pick(window, "cboEvaluaciones", 1);
+    Click(window, "cmdNotaManual1(0)");
+  });
+  Then([](qt::FormWindow& window) {
+    ExpectInShape(window, "rtvNotasAlumno");
+    EXPECT_THAT(CellText(window, "rtvNotasAlumno", 0, 0), HasSubstr(GetParam()));
+    EXPECT_THAT(Of<QComboBox>(window, "cboAlumnos")->currentText().toStdString(),
+                HasSubstr(GetParam()));
+    Click(window, "cmdCancelar");
+  });
+  Then([](qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); });
+  OpenNode(124);
+  EXPECT_THAT(messages, IsEmpty());
+  ExpectDone();
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, OddTextsScreenTest,
+                         testing::Values("O'Neil \"Rubio\" [a] ", "uno\tdos ", "uno\ndos\r\ntres ",
+                                         Long(), "שלום عليكم ", "n\u0303 👩‍🏫 ",
+                                         "&A && <b>B</b> %s "));
+
+}  // namespace
+}  // namespace quorvane::test
