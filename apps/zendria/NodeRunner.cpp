@@ -1,6 +1,8 @@
 #include "apps/zendria/NodeRunner.h"
 
+#include <algorithm>
 #include <exception>
+#include <initializer_list>
 
 #include "frame/cAsignarDatos.h"
 #include "platform/Application.h"
@@ -17,10 +19,33 @@ Failure CleanUp(Failure failure) {
   return failure;
 }
 
-/// Drivers put the state before their text; those of the class 08 tell of the connection.
-// Not every driver gives a lost connection a state of that class.
-bool TellsOfTheConnection(const QString& text) {
-  return text.contains("[08") || text.startsWith("Se ha perdido la conexión");
+bool HoldsAny(const QString& text, std::initializer_list<const char*> parts) {
+  return std::any_of(parts.begin(), parts.end(),
+                     [&text](const char* part) { return text.contains(part); });
+}
+
+constexpr auto kLost =
+    "Se ha perdido la conexión con la base de datos. Compruebe la red y que el servidor está en "
+    "marcha, y vuelva a abrir la escuela.";
+constexpr auto kNotThere =
+    "La pantalla ha pedido algo que la base de datos no tiene; quizá hay una materia que no se "
+    "puede calificar aquí. Busque el número del error en el manual (F1), o compruebe la escuela "
+    "con «quorvane-escuela comprobar».";
+
+/// What an engine refused can only be told by its own text. Drivers put the state before theirs:
+/// those of the class 08 tell of the connection, but not every driver gives a lost one such a
+/// state.
+QString AdviceOnStatement(const QString& text) {
+  if (HoldsAny(text, {"[08", "Se ha perdido la conexión"})) return kLost;
+  if (HoldsAny(text, {"database is locked", "[40001]"}))
+    return "Otra persona u otro programa tenía ocupada la base de datos. Espere un momento, vuelva "
+           "a abrir la pantalla y repita lo que falte.";
+  if (HoldsAny(text, {"UNIQUE constraint failed", "(2627)"}))
+    return "Otra persona ha guardado en el mismo instante. Vuelva a abrir la pantalla y repita lo "
+           "que falte.";
+  if (HoldsAny(text, {"no such table", "no such column", "[42S02]", "[42S22]"})) return kNotThere;
+  return "La base de datos ha rechazado una operación. Compruebe que el fichero de la escuela "
+         "sigue en su sitio, que se puede escribir en él y que queda espacio en el disco.";
 }
 
 }  // namespace
@@ -43,28 +68,26 @@ QString Advice(const Failure& failure) {
   const auto is = [&failure](ErrorNumber number) {
     return failure.number == static_cast<std::int32_t>(number);
   };
-  const auto lost = is(ErrorNumber::StatementFailed) && TellsOfTheConnection(failure.text);
-  if (lost || is(ErrorNumber::ObjectClosed))
-    return "Se ha perdido la conexión con la base de datos. Compruebe la red y que el servidor "
-           "está "
-           "en marcha, y vuelva a abrir la escuela.";
-  if (is(ErrorNumber::StatementFailed) && failure.text.contains("database is locked"))
-    return "Otra persona u otro programa tenía ocupada la base de datos. Espere un momento, vuelva "
-           "a abrir la pantalla y repita lo que falte.";
-  if (is(ErrorNumber::StatementFailed))
-    return "La base de datos ha rechazado una operación. Compruebe que el fichero de la escuela "
-           "sigue en su sitio, que se puede escribir en él y que queda espacio en el disco.";
+  if (is(ErrorNumber::StatementFailed)) return AdviceOnStatement(failure.text);
+  if (is(ErrorNumber::ObjectClosed)) return kLost;
+  if (is(ErrorNumber::UnknownField)) return kNotThere;
   if (is(ErrorNumber::Overflow) || is(ErrorNumber::TypeMismatch))
     return "La base de datos contiene un valor que esta pantalla no puede leer. Avise a quien "
            "mantiene la base de datos de la escuela.";
-  if (is(ErrorNumber::NoCurrentRecord) || is(ErrorNumber::UnknownField) ||
-      is(ErrorNumber::DuplicateKey))
-    return "A la base de datos le falta un dato que esta pantalla necesita, o lo tiene repetido. "
-           "Compruebe la escuela con «quorvane-escuela comprobar».";
+  if (is(ErrorNumber::DuplicateKey))
+    return "La base de datos tiene algo repetido, quizá la misma materia dos veces en un alumno. "
+           "Abra el registro de su sección, que quita la repetida, y vuelva a abrir esta pantalla.";
+  if (is(ErrorNumber::NoCurrentRecord))
+    return "A la base de datos le falta un dato que esta pantalla necesita; quizá otra persona lo "
+           "ha "
+           "borrado. Vuelva a abrir la pantalla y, si se repite, compruebe la escuela con "
+           "«quorvane-escuela comprobar».";
+  if (is(ErrorNumber::MissingMember))
+    return "Lo que se ha elegido no se puede guardar. Si en el paso 1 marcó «Recuperación», vuelva "
+           "a entrar sin marcarla.";
   if (is(ErrorNumber::InvalidCall))
     return "La pantalla buscaba un alumno o una materia que ya no está; quizá otra persona lo "
-           "quitó. "
-           "Vuelva a abrir la pantalla y repita lo que falte.";
+           "quitó. Vuelva a abrir la pantalla y repita lo que falte.";
   if (is(ErrorNumber::MissingResource))
     return "A la aplicación le falta un texto. En el paso 1 de las notas quiere decir que hoy no "
            "está entre las fechas fijadas para poner notas: pregunte a la dirección.";

@@ -51,11 +51,20 @@ TEST(AdviceTest, EachKindOfFailureIsToldWhatToDo) {
   EXPECT_TRUE(Advice({failed, "attempt to write a readonly database"}).contains("escribir"));
   EXPECT_TRUE(Advice({failed, "database is locked"}).contains("repita lo que falte"));
   EXPECT_TRUE(Advice({failed, "[08S01] Communication link failure (0)"}).contains("la red"));
-  EXPECT_TRUE(Advice({failed, "[42S02] Invalid object name"}).contains("ha rechazado"));
+  EXPECT_TRUE(Advice({failed, "[40001] deadlock victim (1205)"}).contains("ocupada"));
+  EXPECT_TRUE(Advice({failed, "UNIQUE constraint failed: EvaluacionPte.IDEvaluacionPte"})
+                  .contains("mismo instante"));
+  EXPECT_TRUE(Advice({failed, "[23000] Violation of PRIMARY KEY (2627)"}).contains("instante"));
+  EXPECT_TRUE(Advice({failed, "[23000] CHECK constraint (547)"}).contains("ha rechazado"));
+  EXPECT_TRUE(Advice({failed, "no such column: CodAlumno_MateriaDetalles"}).contains("F1"));
+  EXPECT_TRUE(Advice({failed, "[42S02] Invalid object name"}).contains("el manual"));
   EXPECT_TRUE(Advice({failed, "Se ha perdido la conexión con la base de datos: [HY000] x (0)"})
                   .contains("la red"));
   EXPECT_TRUE(Advice({3704, "cerrado"}).contains("vuelva a abrir la escuela"));
   EXPECT_TRUE(Advice({3021, "sin registro"}).contains("quorvane-escuela comprobar"));
+  EXPECT_TRUE(Advice({3265, "sin campo"}).contains("no se puede calificar aquí"));
+  EXPECT_TRUE(Advice({457, "clave"}).contains("quita la repetida"));
+  EXPECT_TRUE(Advice({438, "miembro"}).contains("«Recuperación»"));
   EXPECT_TRUE(Advice({326, "recurso"}).contains("fechas fijadas"));
   EXPECT_TRUE(Advice({5, "clave"}).contains("otra persona"));
   EXPECT_TRUE(Advice({13, "tipos"}).contains("no puede leer"));
