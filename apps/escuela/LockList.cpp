@@ -96,4 +96,9 @@ bool LockList::Remove(int publication) {
   return true;
 }
 
+bool LockList::RemoveUnchanged(const Publication& seen) {
+  const auto now = Read();
+  return std::find(now.begin(), now.end(), seen) != now.end() && Remove(seen.id);
+}
+
 }  // namespace quorvane

@@ -18,6 +18,8 @@ class LockList {
     std::string evaluation;  ///< its name, or its number when it has no row
     bool exists = true;      ///< false for locks that no publication owns any more
     std::vector<std::string> subjects;  ///< "Matemáticas (2º ESO A)", one a lock
+
+    bool operator==(const Publication&) const = default;
   };
 
   /// `connection` is open and outlives the list.
@@ -29,6 +31,10 @@ class LockList {
   /// Removes a publication with its locks, or locks without one that bear the number, and nothing
   /// else; the locks first, as the module does. False when there is neither.
   bool Remove(int publication);
+
+  /// The same, while it stands as it was read. A number that has become free is given again, and
+  /// its next bearer has a form open. False, with nothing removed, when it stands otherwise.
+  bool RemoveUnchanged(const Publication& seen);
 
  private:
   [[nodiscard]] std::string OwnerName(int user) const;

@@ -11,6 +11,7 @@
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/SchoolError.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
@@ -133,7 +134,15 @@ const LockList::Publication* LocksDialog::Selected() const {
 void LocksDialog::RemoveSelected() {
   const auto* const publication = Selected();
   if (publication == nullptr || !Agrees(this, *publication)) return;
-  if (Succeeds(this, [this, publication] { locks_.Remove(publication->id); })) Read();
+  auto removed = false;
+  if (!Succeeds(this,
+                [this, publication, &removed] { removed = locks_.RemoveUnchanged(*publication); }))
+    return;
+  Read();
+  if (!removed)
+    ShowSchoolError(this, SchoolError("La publicación ha cambiado desde que se leyó la lista, y no "
+                                      "se ha quitado nada. Mire otra vez la lista, que ya está al "
+                                      "día."));
 }
 
 }  // namespace quorvane::zendria

@@ -76,6 +76,16 @@ TEST_F(LockListTest, RemovesThatPublicationAndNothingElse) {
   EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionPte"), other);
 }
 
+TEST_F(LockListTest, LeavesANumberThatHasPassedToAnotherAlone) {
+  const auto seen = list_.Read().front();
+  Change("UPDATE PublicacionPte SET CodPropietario=8");
+  EXPECT_FALSE(list_.RemoveUnchanged(seen));
+  EXPECT_EQ(list_.Read().front().subjects.size(), 2U);
+  EXPECT_TRUE(list_.RemoveUnchanged(list_.Read().front()));
+  EXPECT_THAT(list_.Read(), IsEmpty());
+  EXPECT_FALSE(list_.RemoveUnchanged(seen)) << "gone by itself";
+}
+
 TEST_F(LockListTest, TellsThatThereIsNoSuchPublication) {
   EXPECT_FALSE(list_.Remove(5));
   EXPECT_EQ(list_.Read().size(), 1U);

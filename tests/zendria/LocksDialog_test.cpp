@@ -55,6 +55,22 @@ TEST_F(LocksDialogTest, RemovesBehindAQuestion) {
   EXPECT_TRUE(robot_.Done());
 }
 
+TEST_F(LocksDialogTest, SparesAFormThatTookTheNumberMeanwhile) {
+  zendria::LocksDialog dialog(connection_);
+  robot_.OnDialog("pregunta", [this](QWidget& question) {
+    school_.Sql("UPDATE PublicacionPte SET CodPropietario=3");
+    for (auto* const button : dynamic_cast<QMessageBox&>(question).buttons())
+      if (button->text() == "&Quitar") button->click();
+  });
+  QString text;
+  ReadNotice(text);
+  dialog.RemoveButton().click();
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_TRUE(text.startsWith("La publicación ha cambiado")) << text.toStdString();
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 3);
+  EXPECT_TRUE(dialog.List().topLevelItem(0)->text(1).contains("usuario 3")) << "read again";
+}
+
 TEST_F(LocksDialogTest, AnEmptyListOffersNothingToRemove) {
   school_.Sql("DELETE FROM BloqueoPte; DELETE FROM PublicacionPte");
   zendria::LocksDialog dialog(connection_);
