@@ -3,14 +3,28 @@
 #include <CLI/CLI.hpp>
 
 namespace quorvane::zendria {
+namespace {
+
+std::string InSpanish(const CLI::ParseError& error) {
+  if (dynamic_cast<const CLI::ValidationError*>(&error) != nullptr) return error.what();
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
+    return std::string("Sobran argumentos: ") + error.what();
+  return std::string("Argumentos no válidos: ") + error.what();
+}
+
+}  // namespace
 
 std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, std::ostream& out,
                                            std::ostream& err, ExitStatus& status) {
   CommandLine line;
   CLI::App app("Zendria: abre la base de datos de una escuela y sus materias pendientes.",
                "zendria");
+  app.get_formatter()->label("Usage", "Uso");
+  app.get_formatter()->label("OPTIONS", "OPCIONES");
+  app.get_formatter()->label("Positionals", "Escuela");
+  app.option_defaults()->group("Opciones");
   app.set_help_flag("-h,--help", "Muestra esta ayuda");
-  app.add_option("FILE", line.file, "Base de datos SQLite de la escuela");
+  app.add_option("FICHERO", line.file, "Base de datos SQLite de la escuela")->type_name("");
   app.add_option("--odbc", line.odbc,
                  "En su lugar, cadena de conexión ODBC; sin contraseña (PWD), la pregunta")
       ->type_name("CADENA");
@@ -21,12 +35,17 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, st
   try {
     app.parse(argc, argv);
     if (!line.file.empty() && !line.odbc.empty())
-      throw CLI::ValidationError("FILE", "no va junto con --odbc");
+      throw CLI::ValidationError("FICHERO", "no va junto con --odbc");
     if (line.user && line.file.empty() && line.odbc.empty())
-      throw CLI::ValidationError("--usuario", "necesita FILE o --odbc");
+      throw CLI::ValidationError("--usuario", "necesita FICHERO o --odbc");
     return line;
+  } catch (const CLI::CallForHelp&) {
+    out << app.help();
+    status = ExitStatus::Ok;
+    return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    status = app.exit(error, out, err) == 0 ? ExitStatus::Ok : ExitStatus::BadArguments;
+    err << InSpanish(error) << "\nzendria --help muestra la ayuda\n";
+    status = ExitStatus::BadArguments;
     return std::nullopt;
   }
 }

@@ -47,12 +47,15 @@ TEST_F(CommandLineTest, HelpIsNoFailure) {
   EXPECT_FALSE(Read({"--help"}));
   EXPECT_EQ(status_, ExitStatus::Ok);
   EXPECT_NE(out_.str().find("--usuario"), std::string::npos);
+  EXPECT_NE(out_.str().find("Uso: "), std::string::npos);
+  EXPECT_EQ(out_.str().find("Options"), std::string::npos) << "all in the user's language";
 }
 
 TEST_F(CommandLineTest, UnknownOptionsAreRefused) {
   EXPECT_FALSE(Read({"--nada"}));
   EXPECT_EQ(status_, ExitStatus::BadArguments);
   EXPECT_NE(err_.str().find("--nada"), std::string::npos);
+  EXPECT_NE(err_.str().find("zendria --help muestra la ayuda"), std::string::npos);
 }
 
 TEST_F(CommandLineTest, AUserIsANumberOfASchool) {
