@@ -26,7 +26,7 @@ bool HoldsAny(const QString& text, std::initializer_list<const char*> parts) {
 
 constexpr auto kLost =
     "Se ha perdido la conexión con la base de datos. Compruebe la red y que el servidor está en "
-    "marcha, y vuelva a abrir la escuela.";
+    "marcha, y vuelva a abrir la pantalla.";
 constexpr auto kNotThere =
     "La pantalla ha pedido algo que la base de datos no tiene; quizá hay una materia que no se "
     "puede calificar aquí. Busque el número del error en el manual (F1), o compruebe la escuela "

@@ -60,7 +60,7 @@ TEST(AdviceTest, EachKindOfFailureIsToldWhatToDo) {
   EXPECT_TRUE(Advice({failed, "[42S02] Invalid object name"}).contains("el manual"));
   EXPECT_TRUE(Advice({failed, "Se ha perdido la conexión con la base de datos: [HY000] x (0)"})
                   .contains("la red"));
-  EXPECT_TRUE(Advice({3704, "cerrado"}).contains("vuelva a abrir la escuela"));
+  EXPECT_TRUE(Advice({3704, "cerrado"}).contains("vuelva a abrir la pantalla"));
   EXPECT_TRUE(Advice({3021, "sin registro"}).contains("quorvane-escuela comprobar"));
   EXPECT_TRUE(Advice({3265, "sin campo"}).contains("no se puede calificar aquí"));
   EXPECT_TRUE(Advice({457, "clave"}).contains("quita la repetida"));
