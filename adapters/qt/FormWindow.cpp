@@ -14,6 +14,7 @@
 #include "adapters/qt/KeyCodes.h"
 #include "adapters/qt/ModelPlacement.h"
 #include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/ScrolledPage.h"
 #include "adapters/qt/Units.h"
 #include "adapters/qt/layouts/Layouts.h"
 #include "platform/Frame.h"
@@ -46,13 +47,15 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
       form_(form),
       knownSize_(form.Width(), form.Height()) {
   setObjectName(Text(form.Name()));
-  setWindowModality(Qt::ApplicationModal);
+  // What the form stands before waits for it, not all that its host has open.
+  setWindowModality(parent == nullptr ? Qt::ApplicationModal : Qt::WindowModal);
+  if (!HasLayout(form_)) page_ = new ScrolledPage(this);
   for (auto* control : form.Controls()) views_.push_back(MakeView(*this, *control));
   ConnectLabels();
   OrderTabs();
   // A layout measures the texts.
   for (const auto& view : views_) view->Sync();
-  placedByModel_ = !LayOut(*this);
+  if (page_ == nullptr) LayOut(*this);
   Sync();
 }
 
@@ -76,7 +79,8 @@ QWidget* FormWindow::Widget(std::string_view control) const {
 
 QWidget* FormWindow::Surface(const Frame* container) const {
   const auto* view = container == nullptr ? nullptr : View(*container);
-  return view == nullptr ? const_cast<FormWindow*>(this) : view->Widget();
+  if (view != nullptr) return view->Widget();
+  return page_ == nullptr ? const_cast<FormWindow*>(this) : &page_->Page();
 }
 
 void FormWindow::ConnectLabels() {
@@ -104,6 +108,19 @@ void FormWindow::OrderTabs() {
 
 QSize FormWindow::MostSize() const { return screen()->availableSize() * kMostOfTheScreen; }
 
+QSize FormWindow::MostFor(QSize inner) const {
+  auto most = MostSize();
+  const auto whole = screen()->availableSize().width();
+  // The frame is thin on the sides; above, the title needs its room.
+  if (inner.width() <= whole) most.setWidth(whole);
+  // A user who made the window greater than that doesn't lose it.
+  return most.expandedTo(size());
+}
+
+QSize FormWindow::WindowFor(QSize inner) const {
+  return page_ == nullptr ? inner : page_->WindowFor(inner, MostFor(inner));
+}
+
 void FormWindow::Centre() {
   const auto* before = parentWidget();
   const auto whole = screen()->availableGeometry();
@@ -119,7 +136,7 @@ void FormWindow::Centre() {
 }
 
 void FormWindow::Appear() {
-  if (!placedByModel_)
+  if (page_ == nullptr)
     resize(sizeHint()
                .expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())})
                .boundedTo(MostSize()));
@@ -137,9 +154,9 @@ bool FormWindow::Resizable() const {
 }
 
 void FormWindow::TakeSize(QSize twips) {
-  resize(QSize(Pixels(twips.width() - Form::kBorderWidth),
-               Pixels(twips.height() - Form::kBorderHeight))
-             .boundedTo(MostSize()));
+  const QSize inner(Pixels(twips.width() - Form::kBorderWidth),
+                    Pixels(twips.height() - Form::kBorderHeight));
+  resize(WindowFor(inner).boundedTo(MostSize()));
   Centre();
   // Recalled, not chosen now.
   sizeOfUser_.reset();
@@ -149,7 +166,7 @@ void FormWindow::Sync() {
   setWindowTitle(Text(form_.Caption()));
   if (windowIcon().isNull()) setWindowIcon(IconStore::Load(form_.Icon()));
   for (const auto& view : views_) view->Sync();
-  if (placedByModel_) PlaceByModel(*this);
+  if (page_ != nullptr) PlaceByModel(*this);
   ShowSize();
   if (!open_) return;
   ShowPosition();
@@ -160,9 +177,10 @@ void FormWindow::ShowSize() {
   const QSize wanted(form_.Width(), form_.Height());
   const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
   // A form with a layout has the size that this gives it, until the form sets another.
-  const auto changed = placedByModel_ ? size() != inner : knownSize_ != wanted;
+  const auto changed = page_ == nullptr ? knownSize_ != wanted : size() != WindowFor(inner);
   knownSize_ = wanted;
-  if (changed) resize(inner);
+  if (page_ != nullptr) page_->Take(inner, MostFor(inner));
+  if (changed) resize(WindowFor(inner));
 }
 
 void FormWindow::ShowPosition() {
@@ -187,10 +205,13 @@ void FormWindow::ShowFocus() {
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
-  if (!open_ || size() == inner) return;
+  if (page_ != nullptr) page_->setGeometry(rect());
+  const QSize wanted(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
+  if (!open_ || size() == WindowFor(wanted)) return;
   frontEnd_.Gesture(*this, [this] {
-    knownSize_ = {Twips(width()) + Form::kBorderWidth, Twips(height()) + Form::kBorderHeight};
+    const auto inner = page_ == nullptr ? size() : page_->InSight(size());
+    knownSize_ = {Twips(inner.width()) + Form::kBorderWidth,
+                  Twips(inner.height()) + Form::kBorderHeight};
     form_.ResizeByUser(knownSize_.width(), knownSize_.height());
     sizeOfUser_ = {form_.Width(), form_.Height()};
   });
@@ -227,9 +248,11 @@ void FormWindow::reject() {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (!IsUserInput(event->type())) return false;
-  const auto* widget = qobject_cast<QWidget*>(watched);
+  auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr || widget->window() != this) return false;
+  if (event->type() == QEvent::FocusIn && page_ != nullptr)
+    page_->Follow(*widget, *static_cast<QFocusEvent*>(event));
+  if (!IsUserInput(event->type())) return false;
   if (!form_.Enabled() || frontEnd_.Busy()) return true;
   if (event->type() != QEvent::KeyPress) return false;
   // A key that the focused control leaves climbs to what that stands on: ask the form once.

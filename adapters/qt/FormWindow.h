@@ -16,11 +16,14 @@ namespace quorvane::qt {
 
 class ControlView;
 class QtFrontEnd;
+class ScrolledPage;
 
 /// The window of one show of a form. It lives as long as that show, and so on the stack of
 /// `QtFrontEnd::RunModal`; the form and the front end outlive it.
 ///
-/// Each control's widget carries the control's name as its object name.
+/// Each control's widget carries the control's name as its object name. Where the screen is smaller
+/// than a form that places its controls itself, the window is as large as the screen allows and
+/// scrolls; the form keeps its measures.
 class FormWindow : public QDialog {
  public:
   FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent);
@@ -68,6 +71,10 @@ class FormWindow : public QDialog {
   void OrderTabs();
   void Centre();
   [[nodiscard]] QSize MostSize() const;
+  /// The greatest window for a form of that size inside.
+  [[nodiscard]] QSize MostFor(QSize inner) const;
+  /// The window's size for a form of that size inside.
+  [[nodiscard]] QSize WindowFor(QSize inner) const;
   void ShowSize();
   void ShowPosition();
   void ShowFocus();
@@ -77,7 +84,7 @@ class FormWindow : public QDialog {
   QtFrontEnd& frontEnd_;
   Form& form_;
   std::vector<std::unique_ptr<ControlView>> views_;  // in the form's order
-  bool placedByModel_ = false;                       // the form has no layout of its own
+  ScrolledPage* page_ = nullptr;                     // Qt's; null for a form that has a layout
   bool open_ = false;
   bool moving_ = false;
   QSize knownSize_;  // in twips, the last that form and window agree on

@@ -33,7 +33,8 @@ class QtFrontEnd : public FrontEnd {
   QtFrontEnd(QtFrontEnd&&) = delete;
   QtFrontEnd& operator=(QtFrontEnd&&) = delete;
 
-  /// The window that the first dialog stands before; not owned, null for none.
+  /// The window that the first dialog stands before, and that waits for it; not owned. The host's
+  /// other windows stay usable, unless it is null: all of them wait then.
   void HostWindow(QWidget* window) noexcept { host_ = window; }
 
   void RunModal(Form& form) override;

@@ -1,5 +1,8 @@
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
+#include <QWindow>
 #include <gmock/gmock.h>
 
 #include "platform/MessageBox.h"
@@ -90,6 +93,28 @@ TEST_F(ModalityTest, TheWindowBelowWaitsForTheOneBefore) {
   outer->ShowModal();
   EXPECT_THAT(outer->log, ElementsAre("sigue", "aceptar", "descarga"));
   EXPECT_THAT(inner->log, ElementsAre("aceptar", "descarga"));
+  ExpectDone();
+}
+
+TEST_F(ModalityTest, TheHostsWindowWaitsAndItsOthersDoNot) {
+  QLineEdit host;
+  QLineEdit other;
+  for (auto* const window : {&host, &other}) window->show();
+  for (auto* const before : {&host, static_cast<QLineEdit*>(nullptr)}) {
+    screen.HostWindow(before);
+    outer = std::make_shared<frmPrueba>("frmFuera");
+    Then([&](qt::FormWindow& window) {
+      // As the keys come from the desktop, to a window.
+      QTest::keyClick(host.windowHandle(), Qt::Key_A);
+      QTest::keyClick(other.windowHandle(), Qt::Key_B);
+      Click(window, "cmdAceptar");
+    });
+    outer->ShowModal();
+    EXPECT_EQ(host.text(), "");
+    EXPECT_EQ(other.text(), before == nullptr ? "" : "b");
+    other.clear();
+  }
+  screen.HostWindow(nullptr);
   ExpectDone();
 }
 

@@ -1,6 +1,10 @@
 #include <QElapsedTimer>
 #include <QGroupBox>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
 #include <gmock/gmock.h>
 
 #include "adapters/qt/BusySign.h"
@@ -66,6 +70,73 @@ TEST_F(WindowTest, AFormThatSetsItsSizeBackIsObeyed) {
     EXPECT_EQ(window.height(), 800);
     window.resize(900, 100);
     EXPECT_EQ(window.size(), QSize(900, Inner(0, 6465).height()));
+  });
+}
+
+// A large font on a small screen leaves no room for the measures that a form insists on.
+TEST_F(WindowTest, AFormGreaterThanTheScreenScrolls) {
+  form->Width(24'000);
+  form->Height(20'000);
+  form->cmdAceptar.Place(22'000, 19'000, 1335, 375);
+  form->OnResize = [this] {
+    if (form->Width() < 24'000) form->Width(24'000);
+    if (form->Height() < 20'000) form->Height(20'000);
+  };
+  Run([this](qt::FormWindow& window) {
+    const auto whole = window.screen()->availableGeometry();
+    EXPECT_TRUE(whole.contains(window.geometry()));
+    const auto sees = [&window](const char* control) {
+      return Of(window, control)->visibleRegion().boundingRect().size() ==
+             Of(window, control)->size();
+    };
+    EXPECT_TRUE(sees("cboCurso"));
+    EXPECT_FALSE(sees("cmdAceptar"));
+    auto* const area = window.findChild<QScrollArea*>();
+    for (auto* const bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
+      EXPECT_TRUE(bar->isVisible());
+      bar->setValue(bar->maximum());
+    }
+    EXPECT_TRUE(sees("cmdAceptar")) << "with the mouse";
+
+    for (const auto* const control : {"cmdAceptar", "cboCurso"}) Of(window, control)->setFocus();
+    EXPECT_TRUE(sees("cboCurso")) << "with the keyboard";
+    QTest::keyClick(Of(window, "cboCurso"), Qt::Key_Tab);
+    while (window.focusWidget() != Of(window, "cmdAceptar"))
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(sees("cmdAceptar"));
+
+    window.resize(400, 300);
+    EXPECT_TRUE(whole.contains(window.geometry()));
+    EXPECT_GT(window.width(), whole.width() * 9 / 10) << "the form insists";
+    EXPECT_EQ(form->Width(), 24'000);
+    EXPECT_EQ(form->Height(), 20'000);
+  });
+}
+
+TEST_F(WindowTest, AFormTooTallAloneIsAsWideAsItIsDrawnBesideItsScrollBar) {
+  form->Width(6000);
+  form->Height(20'000);
+  form->OnResize = [this] {
+    if (form->Height() < 20'000) form->Height(20'000);
+  };
+  Run([this](qt::FormWindow& window) {
+    const auto* const area = window.findChild<QScrollArea*>();
+    EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(area->viewport()->width(), Inner(6000, 0).width());
+    window.resize(600, window.height());
+    EXPECT_EQ(window.width(), 600);
+    EXPECT_EQ(qt::Pixels(form->ScaleWidth()), area->viewport()->width());
+    EXPECT_EQ(form->Height(), 20'000);
+  });
+}
+
+TEST_F(WindowTest, AFormThatFitsHasNoScrollBar) {
+  Run([](qt::FormWindow& window) {
+    const auto* const area = window.findChild<QScrollArea*>();
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(area->viewport()->size(), window.size());
   });
 }
 

@@ -28,17 +28,21 @@ constexpr std::array<std::pair<std::string_view, Layout>, 11> kLayouts{{
     {"frmNotaSeccionMateria1", LayOutFrmNotaSeccionMateria1},
 }};
 
-}  // namespace
-
-bool LayOut(FormWindow& window) {
-  const std::string_view name = window.Model().Name();
+Layout LayoutOf(const Form& form) {
+  const std::string_view name = form.Name();
   const auto* const found =
       std::find_if(kLayouts.begin(), kLayouts.end(),
                    [name](const auto& layout) { return layout.first == name; });
-  if (found == kLayouts.end()) return false;
+  return found == kLayouts.end() ? nullptr : found->second;
+}
+
+}  // namespace
+
+bool HasLayout(const Form& form) { return LayoutOf(form) != nullptr; }
+
+void LayOut(FormWindow& window) {
   Stage stage(window);
-  found->second(stage);
-  return true;
+  LayoutOf(window.Model())(stage);
 }
 
 }  // namespace quorvane::qt

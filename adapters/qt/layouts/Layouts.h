@@ -1,11 +1,16 @@
 #pragma once
 
+namespace quorvane {
+class Form;
+}
+
 namespace quorvane::qt {
 
 class FormWindow;
 
-/// Arranges the window's widgets if there is a layout for the form of that name. False when there
-/// is none: such a form places its controls itself.
-bool LayOut(FormWindow& window);
+/// Whether there is a layout for the form of that name; one without places its controls itself.
+bool HasLayout(const Form& form);
+/// Arranges the window's widgets by the layout of its form, which has one.
+void LayOut(FormWindow& window);
 
 }  // namespace quorvane::qt
