@@ -3,10 +3,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDesktopServices>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QStatusBar>
 #include <utility>
@@ -14,8 +11,7 @@
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/IconStore.h"
 #include "adapters/qt/QtFrontEnd.h"
-#include "apps/zendria/BusyCursor.h"
-#include "apps/zendria/ConnectDialog.h"
+#include "apps/zendria/AboutBox.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/LocksDialog.h"
@@ -23,13 +19,10 @@
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/School.h"
-#include "apps/zendria/SchoolError.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/Session.h"
-#include "apps/zendria/SignInDialog.h"
 #include "apps/zendria/StatementWindow.h"
 #include "apps/zendria/SupportDetails.h"
-#include "platform/Application.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
@@ -59,6 +52,7 @@ std::optional<Failure> Reconnect(School& school) {
 MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenCatalogue screens)
     : screen_(screen),
       preferences_(preferences),
+      door_(*this, preferences),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
@@ -72,7 +66,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   Browse = [](const QUrl& page) { QDesktopServices::openUrl(page); };
   BuildMenus();
   welcome_.Open = [this] { ChooseFile(); };
-  welcome_.Connect = [this] { ConnectTo({}, std::nullopt); };
+  welcome_.Connect = [this] { Connect(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
   page_.OpenNode = [this](std::uint8_t node) { OpenNode(node); };
   screen_.RecallSize = [&preferences](const qt::FormWindow& form) {
@@ -90,8 +84,7 @@ MainWindow::~MainWindow() = default;
 void MainWindow::BuildMenus() {
   auto* const school = menuBar()->addMenu("&Escuela");
   school->addAction("&Abrir…", QKeySequence::Open, this, [this] { ChooseFile(); });
-  auto* const server = school->addAction("&Conectar con un servidor…", this,
-                                         [this] { ConnectTo({}, std::nullopt); });
+  auto* const server = school->addAction("&Conectar con un servidor…", this, [this] { Connect(); });
   server->setObjectName("conectarServidor");
   school->addMenu(&recent_);
   school->addSeparator();
@@ -120,7 +113,7 @@ void MainWindow::BuildMenus() {
                                        [this, page] { Browse(QUrl::fromLocalFile(page)); });
   manual->setObjectName("manual");
   manual->setEnabled(!page.isEmpty());
-  help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(); });
+  help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(*this); });
 
   connect(&changeUser_, &QAction::triggered, this, [this] { ChangeUser(); });
   connect(&active_, &QAction::toggled, this, [this] { ShowSession(); });
@@ -128,43 +121,20 @@ void MainWindow::BuildMenus() {
 }
 
 bool MainWindow::OpenSchool(const QString& place, std::optional<std::int32_t> user) {
-  if (nodeOpen_) return false;
-  const auto address = AddressOf(place);
-  if (NeedsPassword(address)) return ConnectTo(QString::fromStdString(address.Text()), user);
-  return Open(address, user);
+  return !nodeOpen_ && Enter(door_.Open(place, user));
 }
 
-bool MainWindow::ConnectTo(const QString& connectionString, std::optional<std::int32_t> user) {
-  ConnectDialog dialog(connectionString, this);
-  return dialog.exec() == QDialog::Accepted && Open(dialog.Address(), user);
+void MainWindow::ChooseFile() {
+  if (const auto file = door_.AskForFile(); !file.isEmpty()) OpenSchool(file);
 }
 
-bool MainWindow::Open(const SchoolAddress& address, std::optional<std::int32_t> user) {
-  std::unique_ptr<School> school;
-  try {
-    const BusyCursor busy;
-    school = std::make_unique<School>(address);
-  } catch (const SchoolError& error) {
-    ShowSchoolError(this, error);
-    return false;
-  }
-  auto centre = CentreOrFirst(school->Centres(), preferences_.Centre(school->File()));
-  std::optional<User> who;
-  if (user) {
-    who = school->FindUser(*user);
-    if (!who)
-      ShowSchoolError(
-          this,
-          SchoolError(
-              QStringLiteral("En «%1» no hay ningún usuario %2.").arg(school->File()).arg(*user)));
-  } else {
-    who = SignIn(*school, centre);
-  }
-  if (!who) return false;
+void MainWindow::Connect() { Enter(door_.Connect({}, std::nullopt)); }
 
-  school_ = std::move(school);
-  user_ = *who;
-  centre_ = std::move(centre);
+bool MainWindow::Enter(std::optional<Entrance> entrance) {
+  if (!entrance) return false;
+  school_ = std::move(entrance->school);
+  user_ = std::move(entrance->user);
+  centre_ = std::move(entrance->centre);
   log_.Clear();
   school_->Observe([this](const Connection& connection, const std::string& statement) {
     log_.Add(connection, statement);
@@ -174,6 +144,13 @@ bool MainWindow::Open(const SchoolAddress& address, std::optional<std::int32_t> 
   ShowSession();
   page_.setFocus();
   return true;
+}
+
+void MainWindow::ChangeUser() {
+  if (const auto chosen = door_.SignIn(*school_, centre_)) {
+    user_ = *chosen;
+    ShowSession();
+  }
 }
 
 void MainWindow::OpenNode(std::uint8_t node) {
@@ -204,35 +181,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     statements_->close();
   }
   QMainWindow::closeEvent(event);
-}
-
-void MainWindow::ChooseFile() {
-  QFileDialog dialog(this, "Abrir escuela", {}, "Escuelas (*.sqlite *.db);;Todos los ficheros (*)");
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setLabelText(QFileDialog::Accept, "&Abrir");
-  dialog.setLabelText(QFileDialog::Reject, "&Cancelar");
-  dialog.setLabelText(QFileDialog::LookIn, "Buscar en:");
-  dialog.setLabelText(QFileDialog::FileName, "&Nombre:");
-  dialog.setLabelText(QFileDialog::FileType, "&Tipo:");
-  if (dialog.exec() == QDialog::Accepted) OpenSchool(dialog.selectedFiles().value(0));
-}
-
-void MainWindow::ChangeUser() {
-  if (const auto chosen = SignIn(*school_, centre_)) {
-    user_ = *chosen;
-    ShowSession();
-  }
-}
-
-std::optional<User> MainWindow::SignIn(const School& school, std::optional<Centre>& centre) {
-  SignInDialog dialog(school.Name(), school.Users(), this);
-  dialog.OfferCentres(school.Centres(), centre ? std::optional(centre->id) : std::nullopt);
-  dialog.exec();
-  auto chosen = dialog.Chosen();
-  if (!chosen) return std::nullopt;
-  centre = dialog.ChosenCentre();
-  if (centre && school.Centres().size() > 1) preferences_.KeepCentre(school.File(), centre->id);
-  return chosen;
 }
 
 void MainWindow::ShowSession() {
@@ -281,16 +229,6 @@ void MainWindow::ForgetSizes() {
   TakeFirstSize(*this, kFirstSize);
   if (statements_ != nullptr) TakeFirstSize(*statements_, StatementWindow::kFirstSize);
   statusBar()->showMessage("Las ventanas vuelven a tener su tamaño de origen.");
-}
-
-void MainWindow::ShowAbout() {
-  const auto version = Application::Instance().Version();
-  QMessageBox::about(this, kTitle,
-                     QStringLiteral("<h3>Zendria Escuela</h3><p>Materias pendientes, versión "
-                                    "%1.%2.%3</p>")
-                         .arg(version.major)
-                         .arg(version.minor, 2, 10, QLatin1Char('0'))
-                         .arg(version.revision, 4, 10, QLatin1Char('0')));
 }
 
 void MainWindow::Working(const QString& screenTitle) {

@@ -10,8 +10,8 @@
 #include <memory>
 #include <optional>
 
-#include "apps/escuela/SchoolAddress.h"
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
 #include "apps/zendria/User.h"
@@ -24,7 +24,6 @@ class QtFrontEnd;
 namespace quorvane::zendria {
 
 class Preferences;
-class School;
 class StatementWindow;
 
 /// The host's window: one school, one user, the tree of screens. It hands the module its session
@@ -68,20 +67,18 @@ class MainWindow : public QMainWindow {
  private:
   void BuildMenus();
   void ChooseFile();
-  /// Asks for a server's school, beginning with that connection string, and opens it.
-  bool ConnectTo(const QString& connectionString, std::optional<std::int32_t> user);
-  bool Open(const SchoolAddress& address, std::optional<std::int32_t> user);
+  void Connect();
+  /// The school that was open goes; false when nobody has entered another.
+  bool Enter(std::optional<Entrance> entrance);
   void ChangeUser();
-  /// Asks who works, and in which centre; none leaves `centre` as it is.
-  std::optional<User> SignIn(const School& school, std::optional<Centre>& centre);
   void ShowSession();
   void ShowRecent();
   void ForgetSizes();
-  void ShowAbout();
   void Working(const QString& screenTitle);
 
   qt::QtFrontEnd& screen_;
   Preferences& preferences_;
+  SchoolDoor door_;
   StatementLog log_;
   std::unique_ptr<School> school_;
   User user_;

@@ -5,10 +5,10 @@
 #include <QSysInfo>
 #include <algorithm>
 
+#include "apps/zendria/AboutBox.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/StatementLog.h"
-#include "platform/Application.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -18,14 +18,10 @@ constexpr std::ptrdiff_t kStatements = 12;
 }  // namespace
 
 QString SupportDetails(const Failure& failure, const QString& screen, const StatementLog& log) {
-  const auto version = Application::Instance().Version();
-  QStringList lines{QStringLiteral("Zendria Escuela %1.%2.%3 (%4)")
-                        .arg(version.major)
-                        .arg(version.minor, 2, 10, QLatin1Char('0'))
-                        .arg(version.revision, 4, 10, QLatin1Char('0'))
-                        .arg(QSysInfo::prettyProductName()),
-                    "Fecha: " + QDateTime::currentDateTime().toString("dd/MM/yyyy hh:mm:ss"),
-                    "Pantalla: " + screen, FailureHeading(failure)};
+  QStringList lines{
+      QStringLiteral("Zendria Escuela %1 (%2)").arg(VersionText(), QSysInfo::prettyProductName()),
+      "Fecha: " + QDateTime::currentDateTime().toString("dd/MM/yyyy hh:mm:ss"),
+      "Pantalla: " + screen, FailureHeading(failure)};
   const auto& statements = log.Lines();
   if (!statements.empty()) lines.append("Últimas sentencias:");
   const auto count = std::min(kStatements, std::ssize(statements));
