@@ -213,7 +213,8 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
     knownSize_ = {Twips(inner.width()) + Form::kBorderWidth,
                   Twips(inner.height()) + Form::kBorderHeight};
     form_.ResizeByUser(knownSize_.width(), knownSize_.height());
-    sizeOfUser_ = {form_.Width(), form_.Height()};
+    // A layout that fixes the size changes it as well.
+    if (Resizable()) sizeOfUser_ = {form_.Width(), form_.Height()};
   });
 }
 

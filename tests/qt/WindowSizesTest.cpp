@@ -122,6 +122,18 @@ TEST_F(WindowSizesTest, OnlyFormsThatTheUserMayResizeAreAskedFor) {
   EXPECT_THAT(asked, ElementsAre("frmAlumnoPendiente"));
 }
 
+TEST_F(WindowSizesTest, WhatALayoutMakesOfAFixedSizeIsNotTheUsers) {
+  Then([](qt::FormWindow& window) {
+    const auto width = window.Model().Width();
+    window.setFixedSize(window.size() + QSize(20, 20));
+    EXPECT_NE(window.Model().Width(), width) << "the form knows of it";
+    Click(window, "cmdNotaManual1(1)");
+  });
+  OpenNode(124);
+  ExpectDone();
+  EXPECT_THAT(kept, IsEmpty());
+}
+
 // The form shrinks to its busy box before it goes; that is no size of the user's.
 TEST_F(WindowSizesTest, TheBusyBoxIsNoSizeToKeep) {
   Then([](qt::FormWindow& window) {
