@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "apps/zendria/SignInDialog.h"
+#include "apps/zendria/StatementWindow.h"
 #include "frame/cConfiguracion.h"
 #include "platform/FormInstance.h"
 #include "register/frmAlumnoPendiente.h"
@@ -219,6 +220,23 @@ TEST_F(MainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
 }
 
 // What is no runtime error, as a lack of memory, doesn't end the host either.
+TEST_F(MainWindowTest, TheStatementsAreReadWhileAScreenIsOpen) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  auto& statements = window_->ShowStatements();
+  robot_.On("frmPendientes", [&statements](qt::FormWindow& window) {
+    statements.Filter().setFocus();
+    // As the desktop brings them, to the window.
+    for (const char letter : {'c', 'u', 'r', 's', 'o'})
+      QTest::keyClick(statements.windowHandle(), letter);
+    EXPECT_EQ(statements.Filter().text(), "curso");
+    Robot::Pick(window, "cboTEnsenanza", "E");
+    EXPECT_TRUE(statements.Text().contains("FROM Curso")) << statements.Text().toStdString();
+    window.close();
+  });
+  window_->OpenNode(123);
+  EXPECT_TRUE(robot_.Done());
+}
+
 TEST_F(MainWindowTest, AnUnexpectedFailureIsTold) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   robot_.On("frmPendientes", [](qt::FormWindow& /*window*/) { throw std::bad_alloc(); });
