@@ -76,7 +76,8 @@ QString Advice(const Failure& failure) {
            "mantiene la base de datos de la escuela.";
   if (is(ErrorNumber::DuplicateKey))
     return "La base de datos tiene algo repetido, quizá la misma materia dos veces en un alumno. "
-           "Abra el registro de su sección, que quita la repetida, y vuelva a abrir esta pantalla.";
+           "Abra el registro de su sección, que quita la repetida, y vuelva a abrir esta pantalla. "
+           "Si se repite, compruebe la escuela con «quorvane-escuela comprobar».";
   if (is(ErrorNumber::NoCurrentRecord))
     return "A la base de datos le falta un dato que esta pantalla necesita; quizá otra persona lo "
            "ha "

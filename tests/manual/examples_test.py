@@ -137,6 +137,33 @@ class SampleOutputTest(unittest.TestCase):
                     self.assertEqual(run_sample(folder, command, output), output)
 
 
+class CureTest(unittest.TestCase):
+    """What the technician is given to type does what is said of it."""
+
+    def test_doubled_teachers_are_removed_and_the_ones_that_teach_stay(self):
+        statement = re.search(r'"(DELETE FROM Profesor_Pte [^"]+)"', manual.Manual.read().text)[1]
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, 'escuela.sqlite')
+            subprocess.run([SCHOOL_TOOL, 'demo', path], check=True, capture_output=True)
+            with contextlib.closing(sqlite3.connect(path)) as school:
+                before = sorted(school.execute('SELECT * FROM Profesor_Pte'))
+                school.executescript('INSERT INTO Profesor_Pte SELECT 0, CodMatDet '
+                                     'FROM Profesor_Pte;')
+                self.assertEqual(opened_register(path), 'error 457')
+                school.executescript(statement)
+                self.assertEqual(sorted(school.execute('SELECT * FROM Profesor_Pte')), before)
+            self.assertEqual(opened_register(path), 'muestra frmAlumnoPendiente')
+
+
+def opened_register(path):
+    """How the opening of a section's register ends."""
+    script = ('nodo 123\nelegir cboTEnsenanza =3\nelegir cboCurso "3º ESO"\n'
+              'elegir cboSeccion "3º ESO A"\npulsar cmdAceptar\n')
+    played = subprocess.run([PLAYER, '--bd', path], input=script, text=True, capture_output=True,
+                            check=False)
+    return ' '.join(played.stdout.splitlines()[-1].split()[:2])
+
+
 def terminal_samples(text):
     """Each command behind a `$`, and the lines that stand below it."""
     samples = []
