@@ -38,7 +38,7 @@ class Connection {
   [[nodiscard]] virtual std::string DataSource() const = 0;
 
  protected:
-  virtual Recordset Run(const std::string& statement) = 0;
+  virtual Recordset Run(const std::string& statement) = 0;  ///< when open; all rows, read whole
 
  private:
   std::string name_;
