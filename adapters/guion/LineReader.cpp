@@ -7,7 +7,8 @@
 namespace quorvane::guion {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+// A carriage return parts words too: a script that comes from elsewhere ends its lines with one.
+constexpr std::string_view kBlanks = " \t\r";
 
 std::size_t FirstBlank(std::string_view text, std::size_t from) {
   return std::min(text.find_first_of(kBlanks, from), text.size());

@@ -88,7 +88,6 @@ std::optional<Command> ReadCommand(std::istream& script, std::size_t& line) {
   for (std::string text; std::getline(script, text);) {
     ++line;
     if (line == 1 && text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
-    if (text.ends_with('\r')) text.pop_back();
     if (!IsUtf8(text)) throw ScriptError(line, "el texto no es UTF-8");
     LineReader reader(text, line);
     const auto name = reader.Next(false);

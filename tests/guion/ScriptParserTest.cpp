@@ -52,6 +52,11 @@ TEST(ScriptParser, TakesLinesOfWindowsAndAByteOrderMark) {
   EXPECT_EQ(commands[1].text, "ver");
 }
 
+TEST(ScriptParser, ACarriageReturnWithinALineIsABlank) {
+  EXPECT_EQ(ParseOne("pulsar cmd\r\t").text, "pulsar cmd");
+  EXPECT_EQ(ParseOne("pulsar\rcmd\r").arguments.at(0).text, "cmd");
+}
+
 TEST(ScriptParser, QuotesHoldBlanksCommentsAndDoubledQuotes) {
   EXPECT_EQ(ParseOne("elegir cboX \"1º ESO # a\"").Text(1), "1º ESO # a");
   EXPECT_EQ(ParseOne("sql \"SELECT \"\"a\"\"\"").Text(0), "SELECT \"a\"");
