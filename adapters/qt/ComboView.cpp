@@ -17,7 +17,7 @@ ComboView::ComboView(FormWindow& window, ComboBox& combo)
 bool ComboView::HasSameEntries() const {
   if (box_->count() != combo_.ListCount()) return false;
   for (int i = 0; i < box_->count(); ++i)
-    if (box_->itemText(i) != Text(combo_.List(i))) return false;
+    if (box_->itemText(i) != LineText(combo_.List(i))) return false;
   return true;
 }
 
@@ -25,7 +25,7 @@ void ComboView::Show() {
   box_->setAccessibleDescription(combo_.Mandatory() ? "obligatorio" : "");
   if (!HasSameEntries()) {
     box_->clear();
-    for (int i = 0; i < combo_.ListCount(); ++i) box_->addItem(Text(combo_.List(i)));
+    for (int i = 0; i < combo_.ListCount(); ++i) box_->addItem(LineText(combo_.List(i)));
   }
   box_->setCurrentIndex(combo_.ListIndex());
 }

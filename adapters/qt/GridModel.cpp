@@ -1,6 +1,7 @@
 #include "adapters/qt/GridModel.h"
 
 #include <QFont>
+#include <QTextDocument>
 #include <utility>
 
 #include "adapters/qt/Units.h"
@@ -13,7 +14,7 @@ constexpr int kCentred = 4;
 std::vector<QString> CopyRow(const Grid& grid, int row) {
   std::vector<QString> texts;
   texts.reserve(static_cast<std::size_t>(grid.Cols()));
-  for (int col = 0; col < grid.Cols(); ++col) texts.push_back(Text(grid.TextMatrix(row, col)));
+  for (int col = 0; col < grid.Cols(); ++col) texts.push_back(LineText(grid.TextMatrix(row, col)));
   return texts;
 }
 
@@ -59,8 +60,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       rows_[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
       return text;
+    case Qt::ToolTipRole:
+      // A name is no markup, whatever signs it holds.
+      return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (Centred(index.column()) ? Qt::AlignHCenter : Qt::AlignLeft));

@@ -43,7 +43,7 @@ bool ListView::eventFilter(QObject* /*watched*/, QEvent* event) {
 bool ListView::HasSameEntries() const {
   if (rows_->count() != list_.ListCount()) return false;
   for (int i = 0; i < rows_->count(); ++i)
-    if (rows_->item(i)->text() != Text(list_.List(i))) return false;
+    if (rows_->item(i)->text() != LineText(list_.List(i))) return false;
   return true;
 }
 
@@ -52,7 +52,7 @@ void ListView::Show() {
   const auto before = rows_->currentRow();
   if (!HasSameEntries()) {
     rows_->clear();
-    for (int i = 0; i < list_.ListCount(); ++i) rows_->addItem(Text(list_.List(i)));
+    for (int i = 0; i < list_.ListCount(); ++i) rows_->addItem(LineText(list_.List(i)));
   }
   if (list_.ListIndex() >= 0) {
     rows_->setCurrentRow(list_.ListIndex(), QItemSelectionModel::ClearAndSelect);

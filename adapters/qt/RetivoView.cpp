@@ -69,7 +69,7 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
   auto room = table_->visualRect(kept);
   room.moveTopLeft(table_->viewport()->mapToGlobal(room.topLeft()));
   std::vector<QString> entries;
-  for (const auto& entry : retivo_.Lista(kept.column())) entries.push_back(Text(entry.text));
+  for (const auto& entry : retivo_.Lista(kept.column())) entries.push_back(LineText(entry.text));
   editor_->Open(room, entries, kept.data().toString(), typed);
 }
 

@@ -30,4 +30,9 @@ std::int32_t Twips(int pixels) {
   return static_cast<std::int32_t>(std::lround(pixels / PixelsPerTwip()));
 }
 
+QString LineText(const std::string& utf8) {
+  auto text = Text(utf8);
+  return text.replace("\r\n", " ").replace('\n', ' ').replace('\r', ' ');
+}
+
 }  // namespace quorvane::qt

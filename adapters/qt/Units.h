@@ -15,4 +15,7 @@ std::int32_t Twips(int pixels);
 
 inline QString Text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
+/// A text for an entry or a cell, which are a line each: with blanks for its line breaks.
+QString LineText(const std::string& utf8);
+
 }  // namespace quorvane::qt
