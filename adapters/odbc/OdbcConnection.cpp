@@ -48,8 +48,7 @@ std::string Advice(const Diagnostics& diagnostics) {
            "origen de datos, con «odbcinst -q -s»";
   if (diagnostics.HasState("28") || diagnostics.HasNative(kLoginFailed))
     return ". Compruebe el usuario y la contraseña (UID y PWD) y que ese usuario puede abrir la "
-           "base "
-           "de datos";
+           "base de datos";
   return ". Compruebe en la cadena de conexión el servidor y la base de datos, y que este equipo "
          "llega hasta ellos";
 }

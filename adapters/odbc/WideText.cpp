@@ -1,7 +1,8 @@
 #include "adapters/odbc/WideText.h"
 
 #include <cstddef>
-#include <cstdint>
+
+#include "platform/Utf8.h"
 
 namespace quorvane::odbc {
 namespace {
@@ -41,27 +42,6 @@ char32_t NextLetter(std::string_view text, std::size_t& at) {
   return valid ? letter : kReplacement;
 }
 
-void Append(std::string& text, char32_t letter) {
-  const auto follower = [&](unsigned shift) {
-    text += static_cast<char>(0x80U | ((letter >> shift) & 0x3FU));
-  };
-  if (letter < 0x80) {
-    text += static_cast<char>(letter);
-  } else if (letter < 0x800) {
-    text += static_cast<char>(0xC0U | letter >> 6U);
-    follower(0);
-  } else if (letter < kBeyondPlane) {
-    text += static_cast<char>(0xE0U | letter >> 12U);
-    follower(6);
-    follower(0);
-  } else {
-    text += static_cast<char>(0xF0U | letter >> 18U);
-    follower(12);
-    follower(6);
-    follower(0);
-  }
-}
-
 }  // namespace
 
 std::u16string ToWide(std::string_view text) {
@@ -90,7 +70,7 @@ std::string FromWide(std::u16string_view text) {
     } else if (IsHigh(letter) || IsLow(letter)) {
       letter = kReplacement;
     }
-    Append(narrow, letter);
+    narrow += Utf8Encode(letter);
   }
   return narrow;
 }
