@@ -42,6 +42,7 @@ bool Retivo::EditsThroughList(int col) const noexcept {
 void Retivo::BeginEdit(int row, int col) {
   Row(row);
   Col(col);
+  ListOf(col).clear();
   if (InicioEdicion) InicioEdicion();
 }
 

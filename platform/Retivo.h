@@ -39,8 +39,9 @@ class Retivo : public Grid {
   std::function<void()> CambioAncho;    ///< the user has dragged a column's width
   std::function<void()> CambioAlto;     ///< the user has dragged a row's height
 
-  /// The user begins to edit a cell: it becomes current and the handler fills its column's list. A
-  /// handler that stops before that leaves the list of the former edit. Error 380 off the grid.
+  /// The user begins to edit a cell: it becomes current, its column's list is emptied, and the
+  /// handler fills that. A handler that stops before offers nothing, so that no entry of another
+  /// cell can be chosen. Error 380 off the grid.
   void BeginEdit(int row, int col);
   /// The user ends the edit: a cell that edits through a list takes the entry's text, or none for
   /// -1. Error 381 for an entry that the column doesn't offer.

@@ -65,6 +65,7 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
   });
   // The form's answer may have been another form, or a grid without that cell.
   if (!begun || !kept.isValid() || !table_->isVisible() || !Window().isVisible()) return;
+  if (retivo_.Lista(kept.column()).empty()) return;
   table_->scrollTo(kept);
   auto room = table_->visualRect(kept);
   room.moveTopLeft(table_->viewport()->mapToGlobal(room.topLeft()));

@@ -153,6 +153,17 @@ std::string KeyOfSubject(const Dialog& dialog) {
   return Between(CellOfSubject(dialog), " OR CodMateria=", ")");
 }
 
+/// What row 0 and column 0 offer behind an edit of the cell in their column.
+std::string HeadingsOffer(const Dialog& dialog) {
+  const FinalSchool school;
+  const auto offered = Play(school, dialog.open + dialog.walk +
+                                        "lista rtvNotasAlumno 1 1\nlista rtvNotasAlumno 0 1\n"
+                                        "lista rtvNotasAlumno 1 0\n")
+                           .Of("lista");
+  if (offered.size() != 3 || offered.front() == "[]") return "no";
+  return offered[1] + offered[2];
+}
+
 std::string TeacherOfSubject(const Dialog& dialog) {
   return Between(CellOfSubject(dialog), "CodPersonal=0 OR CodPersonal=", " ");
 }
@@ -257,6 +268,7 @@ INSTANTIATE_TEST_SUITE_P(
               {"Asignatura", kStudentTitle, "Asignatura", kStudentTitle}},
         Point{"ReadsTheCourse", ReadsTheCourse, {"no", "sí", "no", "sí"}},
         Point{"KeyOfSubject", KeyOfSubject, {"1", "3111", "3111", "3111"}},
+        Point{"HeadingsOfferNothing", HeadingsOffer, {"[][]", "[][]", "[][]", "[][]"}},
         Point{"TeacherOfSubject", TeacherOfSubject, {"0", "2", "2", "2"}},
         Point{"TableAndKeyOfOtherKinds",
               TableOfOtherKind,

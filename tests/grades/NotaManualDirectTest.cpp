@@ -72,9 +72,19 @@ TEST_F(NotaManualDirect, RowOfAnObjectiveIsAnErrorAndARowWithoutItsSubjectToo) {
 
 TEST_F(NotaManualDirect, SubjectOfAnotherKindGetsNoList) {
   auto& form = Opened();
-  form.colAlumnos["3"]->colMateria["4"]->Fct = true;
+  form.rtvNotasAlumno.BeginEdit(1, 1);
+  ASSERT_GT(form.rtvNotasAlumno.Lista(1).size(), 1U);
+  static_cast<void>(session_.Statements());
+  auto& subject = *form.colAlumnos["3"]->colMateria["4"];
+  subject.Fct = true;
+  subject.Nota = 107;
   form.rtvNotasAlumno.BeginEdit(1, 1);
   EXPECT_THAT(session_.Statements(), IsEmpty());
+  EXPECT_TRUE(form.rtvNotasAlumno.Lista(1).empty());
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.EndEdit(1); }), 381);
+  EXPECT_EQ(subject.Nota, 107);
+  form.rtvNotasAlumno.EndEdit(-1);
+  EXPECT_EQ(subject.Nota, 0);
 }
 
 TEST_F(NotaManualDirect, ColumnOfWidthZeroNeitherOpensAListNorTakesAValue) {

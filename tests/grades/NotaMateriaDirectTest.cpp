@@ -75,6 +75,19 @@ TEST_F(NotaMateriaDirect, EachColumnWritesItsOwnFieldOfTheStudentOfTheRow) {
   EXPECT_EQ(form.colAlumnos["1"]->colMateria["3111"]->Nota, 0);
 }
 
+TEST_F(NotaMateriaDirect, SubjectOfAnotherKindGetsNoListAlsoBelowAnotherStudents) {
+  auto& form = Opened();
+  form.cboMaterias.ListIndex(1);
+  auto& subject = *form.colAlumnos["2"]->colMateria["3111"];
+  subject.Fct = true;
+  form.rtvNotasAlumno.BeginEdit(1, 1);
+  ASSERT_GT(form.rtvNotasAlumno.Lista(1).size(), 1U);
+  form.rtvNotasAlumno.BeginEdit(2, 1);
+  EXPECT_TRUE(form.rtvNotasAlumno.Lista(1).empty());
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.EndEdit(1); }), 381);
+  EXPECT_EQ(subject.Nota, 0);
+}
+
 TEST_F(NotaMateriaDirect, ObjectivesWouldStandIndentedUnderTheirSubject) {
   auto& form = Opened();
   form.aryMaterias = {{0, 3113, "Francés", 1}, {9, 3111, "Lectura", 2}, {0, 3111, "Lengua", 1}};

@@ -68,6 +68,18 @@ TEST_F(NotaSeccionAlumnoDirect, SelectingAStudentBeginsTheEditOnce) {
   EXPECT_THAT(session_.Statements(), IsEmpty());
 }
 
+TEST_F(NotaSeccionAlumnoDirect, SubjectOfAnotherKindGetsNoList) {
+  auto& form = Opened();
+  form.rtvNotasAlumno.BeginEdit(1, 1);
+  ASSERT_GT(form.rtvNotasAlumno.Lista(1).size(), 1U);
+  auto& subject = *form.colAlumnos["1"]->colMateria["3111"];
+  subject.Fct = true;
+  form.rtvNotasAlumno.BeginEdit(1, 1);
+  EXPECT_TRUE(form.rtvNotasAlumno.Lista(1).empty());
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.EndEdit(1); }), 381);
+  EXPECT_EQ(subject.Nota, 0);
+}
+
 TEST_F(NotaSeccionAlumnoDirect, FirstColumnsAreNotHeadedBeforeAStudentIsShown) {
   auto& form = Form();
   form.Form_Load();
@@ -152,6 +164,18 @@ TEST_F(NotaSeccionMateriaDirect, SelectingASubjectBeginsTheEditOnce) {
   form.cboMaterias.ListIndex(-1);
   form.cboMaterias_Click();
   EXPECT_THAT(session_.Statements(), IsEmpty());
+}
+
+TEST_F(NotaSeccionMateriaDirect, SubjectOfAnotherKindGetsNoList) {
+  auto& form = Opened();
+  form.rtvNotasAlumno.BeginEdit(1, 1);
+  ASSERT_GT(form.rtvNotasAlumno.Lista(1).size(), 1U);
+  auto& subject = *form.colAlumnos["1"]->colMateria["3111"];
+  subject.Fct = true;
+  form.rtvNotasAlumno.BeginEdit(1, 1);
+  EXPECT_TRUE(form.rtvNotasAlumno.Lista(1).empty());
+  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.EndEdit(1); }), 381);
+  EXPECT_EQ(subject.Nota, 0);
 }
 
 TEST_F(NotaSeccionMateriaDirect, EndOfAnEditWantsASelectedSubject) {

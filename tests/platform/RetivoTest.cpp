@@ -61,13 +61,29 @@ TEST_F(AGradeGrid, ACellWithoutAListKeepsItsText) {
   EXPECT_EQ(grid.TextMatrix(0, 1), "Nota");
 }
 
-TEST_F(AGradeGrid, KeepsTheFormerListWhenTheHandlerStopsEarly) {
+TEST_F(AGradeGrid, BeginsAnEditWithAnEmptyList) {
   grid.BeginEdit(1, 1);
   fills = false;
   grid.BeginEdit(2, 1);
-  ASSERT_EQ(grid.Lista(1).size(), 2U);
-  grid.EndEdit(1);
-  EXPECT_EQ(grid.TextMatrix(2, 1), "Notable");
+  EXPECT_TRUE(grid.Lista(1).empty()) << "that of another cell";
+  EXPECT_EQ(ErrorOf([&] { grid.EndEdit(1); }), 381);
+  grid.EndEdit(-1);
+  EXPECT_EQ(grid.TextMatrix(2, 1), "");
+  EXPECT_EQ(ended, (std::vector<int>{-1}));
+}
+
+TEST_F(AGradeGrid, EmptiesTheListBeforeTheHandlerRuns) {
+  grid.BeginEdit(1, 1);
+  auto offered = std::size_t{9};
+  grid.InicioEdicion = [&] { offered = grid.Lista(1).size(); };
+  grid.BeginEdit(1, 1);
+  EXPECT_EQ(offered, 0U);
+}
+
+TEST_F(AGradeGrid, LeavesTheListsOfOtherColumns) {
+  grid.BeginEdit(1, 1);
+  grid.BeginEdit(1, 2);
+  EXPECT_EQ(grid.Lista(1).size(), 2U);
 }
 
 TEST_F(AGradeGrid, EntriesAndCellsThatDontExist) {

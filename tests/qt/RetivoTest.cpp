@@ -49,6 +49,21 @@ TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
   EXPECT_EQ(form->rtvNotas.TextMatrix(2, 1), "5");
 }
 
+TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    ASSERT_NE(List(), nullptr);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+    form->rtvNotas.InicioEdicion = [this] { form->Log("nada"); };
+    ClickCell(window, "rtvNotas", 1, 1);
+    EXPECT_EQ(List(), nullptr);
+    for (const auto key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_7}) Key(window, "rtvNotas", key);
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_TRUE(form->Visible());
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "nada", "nada", "nada", "nada"));
+}
+
 TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
   Run([](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
