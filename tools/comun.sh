@@ -42,6 +42,7 @@ paquetes_de_construccion=(
 paquetes_de_pruebas=(
   libsqliteodbc tdsodbc libsql-translator-perl gcovr
   desktop-file-utils groff-base
+  xvfb openbox xdotool
   clang-format clang-tidy git
 )
 

@@ -7,6 +7,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 #include "adapters/qt/ButtonView.h"
 #include "adapters/qt/ControlView.h"
@@ -14,6 +15,7 @@
 #include "adapters/qt/KeyCodes.h"
 #include "adapters/qt/ModelPlacement.h"
 #include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/RetivoEditor.h"
 #include "adapters/qt/ScrolledPage.h"
 #include "adapters/qt/Units.h"
 #include "adapters/qt/layouts/Layouts.h"
@@ -23,6 +25,10 @@ namespace quorvane::qt {
 namespace {
 
 constexpr double kMostOfTheScreen = 0.95;
+
+bool IsPress(QEvent::Type type) {
+  return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+}
 
 bool IsUserInput(QEvent::Type type) {
   return type == QEvent::KeyPress || type == QEvent::MouseButtonPress ||
@@ -207,7 +213,11 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
   if (page_ != nullptr) page_->setGeometry(rect());
   const QSize wanted(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
-  if (!open_ || size() == WindowFor(wanted)) return;
+  if (open_ && size() != WindowFor(wanted)) TakeSizeOfUser();
+  if (list_ != nullptr) list_->Follow();
+}
+
+void FormWindow::TakeSizeOfUser() {
   frontEnd_.Gesture(*this, [this] {
     const auto inner = page_ == nullptr ? size() : page_->InSight(size());
     knownSize_ = {Twips(inner.width()) + Form::kBorderWidth,
@@ -235,7 +245,7 @@ void FormWindow::CloseByUser() {
 void FormWindow::closeEvent(QCloseEvent* event) {
   // The form decides; its show takes the window away.
   event->ignore();
-  CloseByUser();
+  if (list_ == nullptr || list_->Leave()) CloseByUser();
 }
 
 void FormWindow::reject() {
@@ -255,10 +265,29 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     page_->Follow(*widget, *static_cast<QFocusEvent*>(event));
   if (!IsUserInput(event->type())) return false;
   if (!form_.Enabled() || frontEnd_.Busy()) return true;
+  if (ListTakes(*widget, *event)) return true;
   if (event->type() != QEvent::KeyPress) return false;
   // A key that the focused control leaves climbs to what that stands on: ask the form once.
   const auto* first = focusWidget() == nullptr ? this : focusWidget();
+  if (list_ != nullptr && list_->IsOpen() && list_->isAncestorOf(first)) return false;
   return widget == first && FormTakes(static_cast<QKeyEvent*>(event)->key());
+}
+
+bool FormWindow::ListTakes(const QWidget& widget, const QEvent& event) {
+  const auto type = event.type();
+  if (type == QEvent::MouseButtonRelease) return std::exchange(swallowed_, false);
+  if (IsPress(type)) swallowed_ = false;
+  if (list_ == nullptr || !list_->IsOpen() || &widget == list_ || list_->isAncestorOf(&widget))
+    return false;
+  // Nothing moves under an open list.
+  if (type == QEvent::Wheel) return true;
+  if (!IsPress(type)) return false;
+  const auto where = static_cast<const QMouseEvent&>(event).globalPosition().toPoint();
+  const auto again = list_->Cell().contains(mapFromGlobal(where));
+  swallowed_ = again || !list_->Leave();
+  // A press moves the keyboard before anybody can hold it back.
+  if (swallowed_) list_->setFocus();
+  return swallowed_;
 }
 
 bool FormWindow::FormTakes(int qtKey) {

@@ -16,6 +16,7 @@ namespace quorvane::qt {
 
 class ControlView;
 class QtFrontEnd;
+class RetivoEditor;
 class ScrolledPage;
 
 /// The window of one show of a form. It lives as long as that show, and so on the stack of
@@ -56,6 +57,10 @@ class FormWindow : public QDialog {
   /// Lines the window up with the model. Raises no event.
   void Sync();
 
+  /// That list lies over the controls: until it has closed the keys are its own, and a click
+  /// elsewhere has to wait for it.
+  void OpenList(RetivoEditor* list) noexcept { list_ = list; }
+
   /// Esc: the button that cancels, or the X where the form has none.
   void reject() override;
 
@@ -78,12 +83,17 @@ class FormWindow : public QDialog {
   void ShowSize();
   void ShowPosition();
   void ShowFocus();
+  void TakeSizeOfUser();
   void CloseByUser();
   bool FormTakes(int qtKey);
+  /// What the user does beside the open list reaches the list alone.
+  bool ListTakes(const QWidget& widget, const QEvent& event);
 
   QtFrontEnd& frontEnd_;
   Form& form_;
   std::vector<std::unique_ptr<ControlView>> views_;  // in the form's order
+  RetivoEditor* list_ = nullptr;                     // Qt's; the one opened last
+  bool swallowed_ = false;                           // the press of a button whose release follows
   ScrolledPage* page_ = nullptr;                     // Qt's; null for a form that has a layout
   bool open_ = false;
   bool moving_ = false;

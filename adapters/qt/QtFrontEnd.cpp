@@ -129,6 +129,7 @@ void QtFrontEnd::Gesture(const FormWindow& window, const std::function<void()>& 
   if (shows_.empty()) return;
   auto& show = *shows_.back();
   if (&show.window != &window || show.busy || show.failure != nullptr) return;
+  if (!window.Model().Visible()) return;
   show.busy = true;
   UsersTurn();
   try {

@@ -1,31 +1,46 @@
 #pragma once
 
 #include <QFrame>
+#include <QString>
 #include <functional>
 #include <vector>
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 
 namespace quorvane::qt {
 
-/// The list that a cell opens: what is typed narrows it, Enter or a click chooses, Esc or a click
-/// elsewhere gives it up. One for all cells of a grid, owned by the grid's table.
+/// The list that a cell opens: what is typed narrows it, Enter, Tab or a click on an entry chooses,
+/// Esc gives it up. One for all cells of a table, and owned by the window that it lies over.
+///
+/// It is a part of that window and no window of its own: there is one keyboard, and which key finds
+/// the list open is decided by the order of the keys alone, however fast they come.
 class RetivoEditor : public QFrame {
  public:
-  explicit RetivoEditor(QWidget* table);
+  /// `table` gets the keyboard back when the list has closed; it outlives the list.
+  RetivoEditor(QWidget& window, QWidget& table);
 
   /// What the user does after choosing.
   enum class Then { Stay, Next, Previous };
 
-  /// Opens below the cell (above where the screen ends) with the entry chosen whose text the cell
-  /// shows, and narrowed by what has been typed already.
-  void Open(const QRect& cell, const std::vector<QString>& entries, const QString& shown,
-            const QString& typed);
+  /// Opens below the cell, or above where there is more room, with the entry chosen whose text the
+  /// cell shows, and narrowed by what has been typed already.
+  void Open(const std::vector<QString>& entries, const QString& shown, const QString& typed);
+  [[nodiscard]] bool IsOpen() const noexcept { return open_; }
 
+  /// The user goes elsewhere, by the mouse or to another window. What he has typed chooses the
+  /// entry that it marks; without that the cell stays as it was. False when what he has typed fits
+  /// no entry: the list then stays open and says so.
+  bool Leave();
+  /// Lies at the cell again, wherever that is now.
+  void Follow();
+
+  /// Where the edited cell is in the window. Asked while the list is open.
+  std::function<QRect()> Cell;
   /// The entry's place in the list that was handed to `Open`. Called after the list has closed.
   std::function<void(int entry, Then then)> Chosen;
-  /// Tab without an entry to choose: nothing is chosen, but the user goes on.
+  /// Tab with nothing marked and nothing typed: nothing is chosen, but the user goes on.
   std::function<void(Then then)> LeftAlone;
 
  protected:
@@ -33,14 +48,23 @@ class RetivoEditor : public QFrame {
 
  private:
   void Narrow(const QString& typed);
-  void Place(const QRect& cell);
+  /// The place of the marked entry; -1 for none.
+  [[nodiscard]] int Marked() const;
+  [[nodiscard]] bool FitsNothing() const;
+  void Refuse();
+  void ShowRefusal(bool refused);
+  void Close(Qt::FocusReason reason);
   void Choose(Then then);
   bool TakesKey(int key);
   void MoveBy(int rows);
+  void LeaveByFocus(Qt::FocusReason reason);
 
+  QWidget& table_;
   QLineEdit* filter_;
   QListWidget* list_;
+  QLabel* refusal_;
   int shown_ = -1;  // the entry that the cell shows
+  bool open_ = false;
 };
 
 }  // namespace quorvane::qt

@@ -1,5 +1,6 @@
 #include "adapters/qt/RetivoView.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -12,14 +13,13 @@ namespace quorvane::qt {
 RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
     : ControlView(window, retivo), retivo_(retivo), table_(new GridTable(Surface())) {
   Use(table_);
-  editor_ = new RetivoEditor(table_);
+  editor_ = new RetivoEditor(window, *table_);
+  editor_->Cell = [this] { return RoomOf(table_->currentIndex()); };
   editor_->Chosen = [this](int entry, RetivoEditor::Then then) {
     EndEdit(entry);
-    if (then != RetivoEditor::Then::Stay) MoveOn(then == RetivoEditor::Then::Next);
+    GoOn(then);
   };
-  editor_->LeftAlone = [this](RetivoEditor::Then then) {
-    MoveOn(then == RetivoEditor::Then::Next);
-  };
+  editor_->LeftAlone = [this](RetivoEditor::Then then) { GoOn(then); };
   table_->setSelectionBehavior(QAbstractItemView::SelectItems);
   table_->WrapTexts();
   table_->TakesKey = [this](const QKeyEvent& key) { return TakesKey(key); };
@@ -55,6 +55,12 @@ bool RetivoView::Opens(const QModelIndex& cell) const {
          !table_->isColumnHidden(cell.column());
 }
 
+QRect RetivoView::RoomOf(const QModelIndex& cell) const {
+  auto room = table_->visualRect(cell);
+  room.moveTopLeft(table_->viewport()->mapTo(&Window(), room.topLeft()));
+  return room;
+}
+
 void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
   if (!Opens(cell)) return;
   const QPersistentModelIndex kept(cell);
@@ -65,17 +71,26 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
   });
   // The form's answer may have been another form, or a grid without that cell.
   if (!begun || !kept.isValid() || !table_->isVisible() || !Window().isVisible()) return;
-  if (retivo_.Lista(kept.column()).empty()) return;
-  table_->scrollTo(kept);
-  auto room = table_->visualRect(kept);
-  room.moveTopLeft(table_->viewport()->mapToGlobal(room.topLeft()));
   std::vector<QString> entries;
   for (const auto& entry : retivo_.Lista(kept.column())) entries.push_back(LineText(entry.text));
-  editor_->Open(room, entries, kept.data().toString(), typed);
+  if (entries.empty()) {
+    // A cell that offers nothing; what was typed on it must not go unnoticed.
+    if (!typed.isEmpty()) QApplication::beep();
+    return;
+  }
+  table_->scrollTo(kept);
+  editor_->Open(entries, kept.data().toString(), typed);
+  Window().OpenList(editor_);
 }
 
 void RetivoView::EndEdit(int entry) {
   Gesture([this, entry] { retivo_.EndEdit(entry); });
+}
+
+void RetivoView::GoOn(RetivoEditor::Then then) {
+  if (then == RetivoEditor::Then::Stay) return;
+  const auto forward = then == RetivoEditor::Then::Next;
+  if (!MoveOn(forward)) table_->Leave(forward);
 }
 
 bool RetivoView::TakesKey(const QKeyEvent& key) {

@@ -25,7 +25,10 @@ class RetivoView : public QObject, public ControlView {
 
  private:
   [[nodiscard]] bool Opens(const QModelIndex& cell) const;
+  /// Where the cell is in the window.
+  [[nodiscard]] QRect RoomOf(const QModelIndex& cell) const;
   void Open(const QModelIndex& cell, const QString& typed);
+  void GoOn(RetivoEditor::Then then);
   bool TakesKey(const QKeyEvent& key);
   bool MoveOn(bool forward);
   void EndEdit(int entry);

@@ -40,11 +40,8 @@ TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
   Then([](qt::FormWindow& window) {
     EXPECT_EQ(window.windowTitle(), "Introducción de notas. Paso 2 de 2");
     ClickCell(window, "rtvNotasAlumno", 0, 1);
-    auto* list = QApplication::activePopupWidget();
-    ASSERT_NE(list, nullptr);
-    auto* filter = list->findChild<QLineEdit*>();
-    QTest::keyClicks(filter, "9");
-    QTest::keyClick(filter, Qt::Key_Return);
+    QTest::keyClicks(ListFilter(window), "9");
+    QTest::keyClick(ListFilter(window), Qt::Key_Return);
     EXPECT_EQ(CellText(window, "rtvNotasAlumno", 0, 1), "9");
     Click(window, "cmdAceptar");
   });

@@ -4,8 +4,11 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
+
+#include "adapters/qt/RetivoEditor.h"
 
 namespace quorvane::test {
 namespace {
@@ -83,6 +86,19 @@ void DoubleClickCell(const qt::FormWindow& window, const std::string& grid, int 
 std::string CellText(const qt::FormWindow& window, const std::string& grid, int row, int col) {
   const auto* cells = Of<QTableView>(window, grid)->model();
   return cells->index(row, col).data().toString().toStdString();
+}
+
+qt::RetivoEditor* OpenedList(const qt::FormWindow& window) {
+  for (auto* child : window.children())
+    if (auto* list = dynamic_cast<qt::RetivoEditor*>(child); list != nullptr && list->IsOpen())
+      return list;
+  return nullptr;
+}
+
+QLineEdit* ListFilter(const qt::FormWindow& window) {
+  auto* list = OpenedList(window);
+  if (list == nullptr) throw std::logic_error(window.Model().Name() + ": no list is open");
+  return list->findChild<QLineEdit*>();
 }
 
 }  // namespace quorvane::test

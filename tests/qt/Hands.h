@@ -5,7 +5,12 @@
 
 #include "adapters/qt/FormWindow.h"
 
+class QLineEdit;
 class QTableView;
+
+namespace quorvane::qt {
+class RetivoEditor;
+}
 
 namespace quorvane::test {
 
@@ -36,5 +41,10 @@ void DoubleClickEntry(const qt::FormWindow& window, const std::string& list, int
 void ClickCell(const qt::FormWindow& window, const std::string& grid, int row, int col);
 void DoubleClickCell(const qt::FormWindow& window, const std::string& grid, int row, int col);
 std::string CellText(const qt::FormWindow& window, const std::string& grid, int row, int col);
+
+/// The list that a cell has opened; null when none is open.
+qt::RetivoEditor* OpenedList(const qt::FormWindow& window);
+/// What narrows the open list; fails the test when none is open.
+QLineEdit* ListFilter(const qt::FormWindow& window);
 
 }  // namespace quorvane::test

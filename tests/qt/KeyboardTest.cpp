@@ -172,10 +172,8 @@ TEST_P(GradeKeyboardTest, NeedsNoMouse) {
       TabTo(window, "rtvNotasAlumno");
       Press(window, Qt::Key_Tab);
       Press(window, Qt::Key_F2);
-      auto* list = QApplication::activePopupWidget();
-      ASSERT_NE(list, nullptr) << window.Model().Name();
-      auto* filter = list->findChild<QLineEdit*>();
-      QTest::keyClick(filter, Qt::Key_Escape);
+      ASSERT_NE(OpenedList(window), nullptr) << window.Model().Name();
+      QTest::keyClick(ListFilter(window), Qt::Key_Escape);
       EXPECT_TRUE(window.isVisible()) << "Esc closes the list alone";
       Press(window, Qt::Key_Escape);
     });

@@ -1,4 +1,5 @@
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
@@ -18,18 +19,20 @@ using ::testing::IsEmpty;
 /// Cells count from 0 below the heading: list cells are the columns 1 and 2 of two rows.
 class RetivoTest : public PruebaTest {
  protected:
-  static qt::RetivoEditor* List() {
-    return dynamic_cast<qt::RetivoEditor*>(QApplication::activePopupWidget());
+  [[nodiscard]] qt::RetivoEditor* List() const { return OpenedList(*screen.ActiveWindow()); }
+  [[nodiscard]] QLineEdit* Filter() const { return ListFilter(*screen.ActiveWindow()); }
+  [[nodiscard]] QString Refusal() const {
+    const auto* refusal = List()->findChild<QLabel*>("rechazo");
+    return refusal->isVisible() ? refusal->text() : QString();
   }
-  static QLineEdit* Filter() { return List()->findChild<QLineEdit*>(); }
-  static std::vector<std::string> Offered() {
+  [[nodiscard]] std::vector<std::string> Offered() const {
     std::vector<std::string> texts;
     const auto* list = List()->findChild<QListWidget*>();
     for (int i = 0; i < list->count(); ++i)
       if (!list->item(i)->isHidden()) texts.push_back(list->item(i)->text().toStdString());
     return texts;
   }
-  static void ClickOffered(int entry) {
+  void ClickOffered(int entry) const {
     auto* list = List()->findChild<QListWidget*>();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(entry)).center());
@@ -37,7 +40,7 @@ class RetivoTest : public PruebaTest {
 };
 
 TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 1, 1);
     ASSERT_NE(List(), nullptr);
     EXPECT_THAT(Offered(), ElementsAre(" ", "1", "10", "5", "Notable", "Sobresaliente", "Óptimo"));
@@ -65,7 +68,7 @@ TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
 }
 
 TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
     EXPECT_EQ(List()->findChild<QListWidget*>()->currentRow(), 2);
     QTest::keyClick(Filter(), Qt::Key_Down);
@@ -75,7 +78,7 @@ TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
 }
 
 TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
     QTest::keyClick(Filter(), Qt::Key_Escape);
     EXPECT_EQ(List(), nullptr);
@@ -86,7 +89,7 @@ TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
 }
 
 TEST_F(RetivoTest, F2AndEnterOpenTheList) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 0);
     EXPECT_EQ(List(), nullptr);
     Key(window, "rtvNotas", Qt::Key_Right);
@@ -101,7 +104,7 @@ TEST_F(RetivoTest, F2AndEnterOpenTheList) {
 }
 
 TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 0);
     Key(window, "rtvNotas", Qt::Key_Right);
     Type(window, "rtvNotas", "1");
@@ -115,7 +118,7 @@ TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
 }
 
 TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
     QTest::keyClicks(Filter(), "opt");
     EXPECT_THAT(Offered(), ElementsAre("Óptimo"));
@@ -127,6 +130,7 @@ TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
     EXPECT_THAT(Offered(), IsEmpty());
     QTest::keyClick(Filter(), Qt::Key_Return);
     ASSERT_NE(List(), nullptr) << "there is nothing to choose";
+    EXPECT_EQ(Refusal(), "No hay ninguna nota «zz»");
     QTest::keyClick(Filter(), Qt::Key_Escape);
   });
   EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
@@ -142,6 +146,153 @@ TEST_F(RetivoTest, TabChoosesAndGoesOnToTheNextListCell) {
     EXPECT_EQ(form->rtvNotas.Col(), 1);
   });
   EXPECT_THAT(seen, ElementsAre("inicio 1,2", "fin 3"));
+}
+
+TEST_F(RetivoTest, TabOnATextThatFitsNoEntryStaysAndSaysSo) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "11");
+    QTest::keyClick(Filter(), Qt::Key_Tab);
+    ASSERT_NE(List(), nullptr);
+    EXPECT_EQ(Refusal(), "No hay ninguna nota «11»");
+    QTest::keyClick(Filter(), Qt::Key_Backtab);
+    ASSERT_NE(List(), nullptr);
+    QTest::keyClick(Filter(), Qt::Key_Backspace);
+    EXPECT_EQ(Refusal(), "") << "what is typed now is judged anew";
+    QTest::keyClick(Filter(), Qt::Key_Tab);
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "1");
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 1"));
+}
+
+TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAButtonThatThenDoesItsWork) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "5");
+    Click(window, "cmdPagina");
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "5");
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "pagina"));
+}
+
+TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAnotherCellThatThenOpens) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "5");
+    ClickCell(window, "rtvNotas", 1, 2);
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "5");
+    ASSERT_NE(List(), nullptr);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "inicio 2,2"));
+}
+
+TEST_F(RetivoTest, AListInWhichNothingWasTypedIsLeftByAClickAsByEsc) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClick(Filter(), Qt::Key_Down);
+    Click(window, "cmdPagina");
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "10");
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "pagina"));
+}
+
+TEST_F(RetivoTest, ATextThatFitsNoEntryHoldsClicksBack) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "11");
+    Click(window, "cmdPagina");
+    ASSERT_NE(List(), nullptr);
+    EXPECT_EQ(Refusal(), "No hay ninguna nota «11»");
+    ClickCell(window, "rtvNotas", 0, 0);
+    ClickCell(window, "rtvNotas", 0, 1);
+    DoubleClickCell(window, "rtvNotas", 0, 1);
+    window.close();
+    ASSERT_NE(List(), nullptr);
+    EXPECT_TRUE(form->Visible());
+    EXPECT_EQ(window.focusWidget(), Filter());
+    EXPECT_EQ(Filter()->text(), "11");
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "10");
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
+}
+
+TEST_F(RetivoTest, AnotherWindowThatGetsTheKeyboardTakesWhatWasTyped) {
+  Run([this](qt::FormWindow& window) {
+    QWidget other;
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "nota");
+    other.show();
+    QApplication::setActiveWindow(&other);
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "Notable");
+    QApplication::setActiveWindow(&window);
+    EXPECT_TRUE(Of(window, "rtvNotas")->hasFocus());
+
+    ClickCell(window, "rtvNotas", 0, 2);
+    QTest::keyClicks(Filter(), "11");
+    QApplication::setActiveWindow(&other);
+    ASSERT_NE(List(), nullptr) << "nothing is dropped in silence";
+    EXPECT_EQ(Refusal(), "No hay ninguna nota «11»");
+    QApplication::setActiveWindow(&window);
+    EXPECT_TRUE(Filter()->hasFocus());
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 4", "inicio 1,2"));
+}
+
+TEST_F(RetivoTest, ADoubleClickOpensTheListOnce) {
+  Run([this](qt::FormWindow& window) {
+    DoubleClickCell(window, "rtvNotas", 0, 1);
+    ASSERT_NE(List(), nullptr);
+    EXPECT_EQ(window.focusWidget(), Filter());
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
+}
+
+TEST_F(RetivoTest, TheOpenListLiesInTheWindowAndItsCellStaysInSight) {
+  Run([this](qt::FormWindow& window) {
+    for (const auto size : {QSize(656, 408), QSize(900, 700), QSize(500, 300)}) {
+      window.resize(size);
+      for (const auto row : {0, 1}) {
+        ClickCell(window, "rtvNotas", row, 1);
+        ASSERT_NE(List(), nullptr);
+        EXPECT_TRUE(window.rect().contains(List()->geometry())) << size.width();
+        EXPECT_FALSE(List()->geometry().intersects(List()->Cell())) << size.width();
+        QTest::keyClick(Filter(), Qt::Key_Escape);
+      }
+    }
+  });
+}
+
+TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClicks(Filter(), "5");
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    const auto at = table->viewport()->rect().center();
+    QWheelEvent wheel(at, table->viewport()->mapToGlobal(at), {}, {0, -120}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(table->viewport(), &wheel);
+    ASSERT_NE(List(), nullptr);
+    EXPECT_EQ(Filter()->text(), "5");
+    QTest::keyClick(Filter(), Qt::Key_Return);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
+}
+
+TEST_F(RetivoTest, TabInTheListOfTheLastCellGoesOnToTheNextControl) {
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 1, 2);
+    QTest::keyClicks(Filter(), "5");
+    QTest::keyClick(Filter(), Qt::Key_Tab);
+    EXPECT_EQ(CellText(window, "rtvNotas", 1, 2), "5");
+    EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
+  });
 }
 
 TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
@@ -162,7 +313,7 @@ TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
 }
 
 TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 0);
     Key(window, "rtvNotas", Qt::Key_Tab);
     Key(window, "rtvNotas", Qt::Key_Space);
@@ -174,7 +325,7 @@ TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
 }
 
 TEST_F(RetivoTest, CtrlTabLeavesTheTableFromAnyCell) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 0);
     Key(window, "rtvNotas", Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
@@ -187,7 +338,7 @@ TEST_F(RetivoTest, CtrlTabLeavesTheTableFromAnyCell) {
 // The grid is drawn with columns alone to drag: no border of a row can be taken hold of.
 TEST_F(RetivoTest, RowsOfferNoBorderToDrag) {
   form->rtvNotas.CambioAlto = [this] { form->Log("alto"); };
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     auto* table = Of<QTableView>(window, "rtvNotas");
     EXPECT_FALSE(table->verticalHeader()->isVisible());
     const auto before = table->rowHeight(0);
@@ -228,7 +379,7 @@ TEST_F(RetivoTest, TheFormTakesAKeyBeforeTheGrid) {
 }
 
 TEST_F(RetivoTest, AColumnThatEditsThroughNoListOpensNone) {
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 0);
     Key(window, "rtvNotas", Qt::Key_F2);
     EXPECT_EQ(List(), nullptr);
@@ -244,7 +395,7 @@ TEST_F(RetivoTest, TheGridStandsStillUntilItMayBePaintedAgain) {
     EXPECT_EQ(CellText(*screen.ActiveWindow(), "rtvNotas", 0, 0), "Lengua");
     form->rtvNotas.Redraw(true);
   };
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     Click(window, "cmdPagina");
     EXPECT_EQ(CellText(window, "rtvNotas", 0, 0), "Otra");
   });
@@ -257,7 +408,7 @@ TEST_F(RetivoTest, DraggingAColumnTellsItsWidthOnceAndTheFormMaySetItBack) {
     form->rtvNotas.ColWidth(0, 1500);
     form->Log("ancho");
   };
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     auto* table = Of<QTableView>(window, "rtvNotas");
     auto* bar = table->horizontalHeader();
     const auto edge = bar->sectionViewportPosition(1) - 1;
@@ -276,7 +427,7 @@ TEST_F(RetivoTest, AWiderColumnSetWhenTheEditBeginsIsShown) {
     form->rtvNotas.ListaAnadir(1, "Sobresaliente", 9);
     form->rtvNotas.ColWidth(1, 2700);
   };
-  Run([](qt::FormWindow& window) {
+  Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
     EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->columnWidth(1), qt::Pixels(2700));
     QTest::keyClick(Filter(), Qt::Key_Escape);
@@ -285,14 +436,14 @@ TEST_F(RetivoTest, AWiderColumnSetWhenTheEditBeginsIsShown) {
 
 TEST_F(RetivoTest, AFailureWhenTheEditBeginsOrEndsComesOut) {
   form->rtvNotas.FinEdicion = [] { throw RuntimeError(ErrorNumber::MissingMember); };
-  Then([](qt::FormWindow& window) {
+  Then([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
     ClickOffered(1);
   });
   EXPECT_THROW(form->ShowModal(), RuntimeError);
   form = std::make_shared<frmPrueba>();
   form->rtvNotas.InicioEdicion = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
-  Then([](qt::FormWindow& window) {
+  Then([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 1);
     EXPECT_EQ(List(), nullptr);
   });

@@ -1,0 +1,46 @@
+#include "tests/teclado/XServer.h"
+
+#include <stdexcept>
+
+namespace quorvane::test {
+namespace {
+
+constexpr int kPatience = 20000;  // milliseconds
+
+void Start(QProcess& process, const QString& program, const QStringList& arguments) {
+  process.setStandardErrorFile(QProcess::nullDevice());
+  process.start(program, arguments);
+  if (!process.waitForStarted(kPatience))
+    throw std::runtime_error(program.toStdString() + " can't be started");
+}
+
+void End(QProcess& process) {
+  if (process.state() == QProcess::NotRunning) return;
+  process.terminate();
+  if (process.waitForFinished(kPatience)) return;
+  process.kill();
+  process.waitForFinished();
+}
+
+}  // namespace
+
+XServer::XServer(bool managed) {
+  Start(server_, "Xvfb",
+        {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset"});
+  // The server chooses a free display and says which when it is ready.
+  while (!server_.canReadLine())
+    if (!server_.waitForReadyRead(kPatience)) throw std::runtime_error("Xvfb doesn't answer");
+  display_ = ":" + server_.readLine().trimmed().toStdString();
+  if (!managed) return;
+  auto environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("DISPLAY", QString::fromStdString(display_));
+  manager_.setProcessEnvironment(environment);
+  Start(manager_, "openbox", {"--sm-disable"});
+}
+
+XServer::~XServer() {
+  End(manager_);
+  End(server_);
+}
+
+}  // namespace quorvane::test
