@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/qt/LateKeys.h"
 #include "platform/FrontEnd.h"
 
 class QMessageBox;
@@ -86,6 +87,7 @@ class QtFrontEnd : public FrontEnd {
   [[nodiscard]] QWidget* TopWindow() const;
 
   std::vector<Show*> shows_;  // the innermost last; each stands in its RunModal
+  LateKeys lateKeys_{[this] { return TopWindow(); }};
   QWidget* host_ = nullptr;
   bool hourglass_ = false;
   bool waiting_ = false;  // the hourglass that nobody asked for stands

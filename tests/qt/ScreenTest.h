@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTimer>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -26,6 +27,8 @@ class ScreenTest : public ::testing::Test {
  protected:
   using Step = std::function<void(qt::FormWindow&)>;
 
+  /// The windows of this test may stay open so long.
+  void Patience(std::chrono::milliseconds patience) { patience_.start(patience); }
   void Then(Step step) { steps_.push_back(std::move(step)); }
   /// All steps have been taken, and no window stands.
   void ExpectDone() const;

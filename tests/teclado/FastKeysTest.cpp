@@ -47,6 +47,9 @@ struct Form {
 
 class FastKeysTest : public SchoolScreenTest, public ::testing::WithParamInterface<Form> {
  protected:
+  // Hands take their time, and on a busy machine more.
+  FastKeysTest() { Patience(std::chrono::minutes(5)); }
+
   using Act = std::function<void(qt::FormWindow&, const std::function<void()>& done)>;
 
   /// Opens step two, acts in it, gives what stands there, and leaves without saving.
