@@ -161,6 +161,10 @@ void QtFrontEnd::Hidden(Form& form) {
     if (&show->window.Model() == &form) show->window.hide();
 }
 
+void QtFrontEnd::Unloading(Form& form) {
+  if (FormUnloading) FormUnloading(form);
+}
+
 void QtFrontEnd::PaintOnly() {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   sincePaint_.restart();

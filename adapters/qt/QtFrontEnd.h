@@ -14,6 +14,10 @@
 class QMessageBox;
 class QWidget;
 
+namespace quorvane {
+class Retivo;
+}
+
 namespace quorvane::qt {
 
 class FormWindow;
@@ -40,6 +44,7 @@ class QtFrontEnd : public FrontEnd {
 
   void RunModal(Form& form) override;
   void Hidden(Form& form) override;
+  void Unloading(Form& form) override;
   void Message(MessageIcon icon, const std::string& title, const std::string& text) override;
   void Beep() override;
   void MousePointer(Pointer pointer) override;
@@ -69,6 +74,13 @@ class QtFrontEnd : public FrontEnd {
   std::function<std::optional<QSize>(const FormWindow&)> RecallSize;
   /// Told the measures that the form has after the user has resized it, when its show ends.
   std::function<void(const FormWindow&, QSize)> KeepSize;
+
+  /// Told of an edit that the user ends in a cell, before the form is: the cell is the grid's
+  /// current one and still shows its former text. `entry` is the one chosen in its list, -1 for
+  /// none. What it throws ends the show, as a handler's failure does.
+  std::function<void(const Form& form, const Retivo& grid, int entry)> EditEnding;
+  /// Told of a form that is about to unload itself: it goes in order, not by a failure.
+  std::function<void(const Form& form)> FormUnloading;
 
   /// For the windows: runs what the user's gesture asks for, then shows what it changed. Nothing
   /// happens while another handler of that window runs, or when it isn't the active one. Keeps

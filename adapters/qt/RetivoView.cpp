@@ -6,6 +6,7 @@
 
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/GridTable.h"
+#include "adapters/qt/QtFrontEnd.h"
 #include "adapters/qt/Units.h"
 
 namespace quorvane::qt {
@@ -84,7 +85,11 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
 }
 
 void RetivoView::EndEdit(int entry) {
-  Gesture([this, entry] { retivo_.EndEdit(entry); });
+  Gesture([this, entry] {
+    const auto& told = Window().FrontEnd().EditEnding;
+    if (told) told(Window().Model(), retivo_, entry);
+    retivo_.EndEdit(entry);
+  });
 }
 
 void RetivoView::GoOn(RetivoEditor::Then then) {

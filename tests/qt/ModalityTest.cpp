@@ -23,6 +23,18 @@ class ModalityTest : public ScreenTest {
   std::shared_ptr<frmPrueba> inner = std::make_shared<frmPrueba>("frmDentro");
 };
 
+TEST_F(ModalityTest, TheHostIsToldOfAFormThatGoesInOrder) {
+  std::vector<const Form*> gone;
+  screen.FormUnloading = [&gone](const Form& form) { gone.push_back(&form); };
+  Then([&gone](qt::FormWindow& window) {
+    EXPECT_TRUE(gone.empty());
+    window.close();
+  });
+  outer->ShowModal();
+  EXPECT_EQ(gone, std::vector<const Form*>{outer.get()});
+  ExpectDone();
+}
+
 TEST_F(ModalityTest, TheXUnloads) {
   Then([](qt::FormWindow& window) { window.close(); });
   outer->ShowModal();

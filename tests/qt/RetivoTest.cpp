@@ -88,6 +88,23 @@ TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
   EXPECT_EQ(form->rtvNotas.TextMatrix(1, 1), "10");
 }
 
+// While the cell still shows what it did: a host that keeps what is typed needs both.
+TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
+  screen.EditEnding = [this](const Form& edited, const Retivo& grid, int entry) {
+    EXPECT_EQ(&edited, form.get());
+    EXPECT_EQ(&grid, &form->rtvNotas);
+    form->log.push_back("anfitrión " + grid.TextMatrix(grid.Row(), grid.Col()) + " " +
+                        std::to_string(entry));
+  };
+  Run([this](qt::FormWindow& window) {
+    ClickCell(window, "rtvNotas", 0, 1);
+    QTest::keyClick(Filter(), Qt::Key_Escape);
+    ClickCell(window, "rtvNotas", 0, 1);
+    ClickOffered(3);
+  });
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1", "anfitrión 10 3", "fin 3"));
+}
+
 TEST_F(RetivoTest, F2AndEnterOpenTheList) {
   Run([this](qt::FormWindow& window) {
     ClickCell(window, "rtvNotas", 0, 0);
