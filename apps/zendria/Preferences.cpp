@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QWidget>
 
 #include "apps/zendria/SchoolPlace.h"
@@ -32,9 +33,12 @@ QString CentreKey(const QString& school) {
 
 }  // namespace
 
-Preferences::Preferences() : settings_("Zendria", "Zendria") {}
+Preferences::Preferences()
+    : settings_("Zendria", "Zendria"),
+      dataFolder_(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) {}
 
-Preferences::Preferences(const QString& file) : settings_(file, QSettings::IniFormat) {}
+Preferences::Preferences(const QString& file)
+    : settings_(file, QSettings::IniFormat), dataFolder_(QFileInfo(file).absolutePath()) {}
 
 QStringList Preferences::RecentSchools() const {
   QStringList there;

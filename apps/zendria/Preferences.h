@@ -18,8 +18,11 @@ class Preferences {
  public:
   /// In the user's own settings.
   Preferences();
-  /// In that file.
+  /// In that file, and in its folder.
   explicit Preferences(const QString& file);
+
+  /// Where else the host keeps what is this user's: a folder that may not be there yet.
+  [[nodiscard]] QString DataFolder() const { return dataFolder_; }
 
   /// Their places, see `PlaceOf`: the newest first, at most eight; files that are gone are left
   /// out.
@@ -42,6 +45,7 @@ class Preferences {
 
  private:
   QSettings settings_;
+  QString dataFolder_;
 };
 
 }  // namespace quorvane::zendria

@@ -1,6 +1,7 @@
 #include "apps/zendria/Preferences.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -19,6 +20,10 @@ class PreferencesTest : public testing::Test {
 
   QTemporaryDir folder_;
 };
+
+TEST_F(PreferencesTest, OtherFilesOfTheUserGoBesideThem) {
+  EXPECT_EQ(Preferences(Settings()).DataFolder(), QFileInfo(Settings()).absolutePath());
+}
 
 TEST_F(PreferencesTest, TheNewestSchoolComesFirstAndOnce) {
   const auto one = Make("una.sqlite");

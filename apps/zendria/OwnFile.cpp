@@ -1,0 +1,129 @@
+#include "apps/zendria/OwnFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr mode_t kFileMode = 0600;
+constexpr mode_t kFolderMode = 0700;
+constexpr int kMostOfOneName = 1000;
+
+/// A file that isn't finished: it goes with the object, unless it was given a name.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(const QString& folder)
+      : path_(QFile::encodeName(folder + "/.notas-XXXXXX")),
+        handle_(mkostemp(path_.data(), O_CLOEXEC)) {}
+  ~UnfinishedFile() {
+    if (handle_ < 0) return;
+    close(handle_);
+    unlink(path_.constData());
+  }
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+  UnfinishedFile(UnfinishedFile&&) = delete;
+  UnfinishedFile& operator=(UnfinishedFile&&) = delete;
+
+  /// On the disk, and not in its buffers alone.
+  [[nodiscard]] bool Write(const QByteArray& content) const {
+    // The user's mask may have taken even his own rights away.
+    if (handle_ < 0 || fchmod(handle_, kFileMode) != 0) return false;
+    const auto* left = content.constData();
+    const auto* const end = left + content.size();
+    while (left < end) {
+      const auto written = write(handle_, left, static_cast<std::size_t>(end - left));
+      if (written < 0 && errno == EINTR) continue;
+      if (written <= 0) return false;
+      left += written;
+    }
+    return fsync(handle_) == 0;
+  }
+
+  /// False with the reason in `errno`; EEXIST when there is one of that name.
+  [[nodiscard]] bool TakeName(const QByteArray& path) const {
+    if (renameat2(AT_FDCWD, path_.constData(), AT_FDCWD, path.constData(), RENAME_NOREPLACE) == 0)
+      return true;
+    // Not every file system can; a second name for the file is refused in the same way.
+    return (errno == EINVAL || errno == ENOSYS) && link(path_.constData(), path.constData()) == 0;
+  }
+
+ private:
+  QByteArray path_;
+  int handle_;
+};
+
+bool MakeOwnFolder(const QString& folder) {
+  QDir().mkpath(QFileInfo(folder).absolutePath());
+  const auto path = QFile::encodeName(folder);
+  if (mkdir(path.constData(), kFolderMode) != 0 && errno != EEXIST) return false;
+  struct stat status {};
+  if (lstat(path.constData(), &status) != 0 || !S_ISDIR(status.st_mode) ||
+      status.st_uid != geteuid())
+    return false;
+  return (status.st_mode & ~mode_t{S_IFMT}) == kFolderMode ||
+         chmod(path.constData(), kFolderMode) == 0;
+}
+
+/// A name that is new in a folder is safe when the folder is.
+void SyncFolder(const QString& folder) {
+  const auto handle =
+      open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;
+  fsync(handle);
+  close(handle);
+}
+
+QString Numbered(const QString& name, int number) {
+  const QFileInfo parts(name);
+  return number == 1 ? name
+                     : QStringLiteral("%1-%2.%3")
+                           .arg(parts.completeBaseName())
+                           .arg(number)
+                           .arg(parts.suffix());
+}
+
+std::optional<QString> WriteIn(const QString& folder, const QString& name,
+                               const QByteArray& content) {
+  const UnfinishedFile file(folder);
+  if (!file.Write(content)) return std::nullopt;
+  for (int number = 1; number <= kMostOfOneName; ++number) {
+    const auto path = folder + '/' + Numbered(name, number);
+    if (file.TakeName(QFile::encodeName(path))) {
+      SyncFolder(folder);
+      return path;
+    }
+    if (errno != EEXIST) break;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<QString> WriteOwnFile(const QString& folder, const QString& name,
+                                    const QByteArray& content) {
+  if (!MakeOwnFolder(folder)) return std::nullopt;
+  return WriteIn(folder, name, content);
+}
+
+std::optional<QString> WriteOwnTemporaryFile(const QString& name, const QByteArray& content) {
+  // Qt knows none when the user's own has gone.
+  const auto folder = QDir::tempPath();
+  auto path = QFile::encodeName((folder.isEmpty() ? P_tmpdir : folder) + "/zendria-XXXXXX");
+  if (mkdtemp(path.data()) == nullptr) return std::nullopt;
+  auto written = chmod(path.constData(), kFolderMode) == 0
+                     ? WriteIn(QFile::decodeName(path), name, content)
+                     : std::nullopt;
+  if (!written) rmdir(path.constData());
+  return written;
+}
+
+}  // namespace quorvane::zendria
