@@ -4,7 +4,9 @@
 #include <QPushButton>
 
 #include "apps/zendria/CopyButton.h"
+#include "apps/zendria/GradeRescue.h"
 #include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/RescuedGradesInBox.h"
 #include "apps/zendria/SchoolError.h"
 
 namespace quorvane::zendria {
@@ -12,14 +14,29 @@ namespace {
 
 constexpr int kMissingShown = 12;
 
+/// What the box says of the grades.
+QString TextOf(const RescuedGrades& rescued) {
+  const auto one = rescued.count == 1;
+  const auto which =
+      one ? QStringLiteral("La nota que había cambiado y no se ha guardado está")
+          : QStringLiteral("Las %1 notas que había cambiado y no se han guardado están")
+                .arg(rescued.count);
+  if (rescued.file.isEmpty())
+    return which +
+           " debajo: no se ha podido escribir ningún fichero. Copie el texto antes de cerrar "
+           "este aviso.\n\n";
+  return which + " en este fichero:\n" + rescued.file + "\n\n";
+}
+
 void Run(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& more,
-         const QString& details = {}) {
+         const QString& details = {}, const RescuedGrades* rescued = nullptr) {
   QMessageBox box(icon, "Zendria Escuela", text, QMessageBox::NoButton, parent);
   box.setObjectName("aviso");
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.setInformativeText(more);
   if (!details.isEmpty()) AddCopyButton(box, details);
+  if (rescued != nullptr) AddRescuedGrades(box, *rescued);
   auto* const accept = box.addButton("&Aceptar", QMessageBox::AcceptRole);
   box.setDefaultButton(accept);
   box.setEscapeButton(accept);
@@ -37,15 +54,17 @@ void ShowProblem(QWidget* parent, const Failure& failure) {
   Run(parent, QMessageBox::Critical, FailureHeading(failure), Advice(failure));
 }
 
-void ShowFailure(QWidget* parent, const Failure& failure, const QString& details) {
+void ShowFailure(QWidget* parent, const Failure& failure, const RescuedGrades* rescued,
+                 const QString& details) {
   const QString kept =
       "La pantalla se ha cerrado. Lo que ya se había escrito en la base de datos sigue en ella, y "
       "puede volver a abrir la pantalla.\n\n";
+  const auto grades = rescued == nullptr ? QString() : TextOf(*rescued);
   const QString locks =
       "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: véalas en "
       "el menú Ver, Publicaciones y bloqueos.";
-  Run(parent, QMessageBox::Critical, FailureHeading(failure), kept + Advice(failure) + locks,
-      details);
+  Run(parent, QMessageBox::Critical, FailureHeading(failure),
+      kept + grades + Advice(failure) + locks, details, rescued);
 }
 
 void ShowSchoolError(QWidget* parent, const SchoolError& error) {

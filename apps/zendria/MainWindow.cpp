@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDesktopServices>
 #include <QMenuBar>
 #include <QScopedValueRollback>
@@ -31,6 +32,7 @@ namespace {
 constexpr auto kTitle = "Zendria Escuela";
 constexpr auto kGeometry = "principal";
 constexpr auto kStatementsGeometry = "sentencias";
+constexpr auto kRescueFolder = "/notas-sin-guardar";
 constexpr QSize kFirstSize(860, 560);
 
 QString RecentTitle(const QString& place) {
@@ -53,6 +55,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
     : screen_(screen),
       preferences_(preferences),
       door_(*this, preferences),
+      rescue_(screen, preferences.DataFolder() + kRescueFolder),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
@@ -138,6 +141,7 @@ bool MainWindow::Enter(std::optional<Entrance> entrance) {
   log_.Clear();
   school_->Observe([this](const Connection& connection, const std::string& statement) {
     log_.Add(connection, statement);
+    rescue_.Told(statement);
     screen_.Pulse();
   });
   preferences_.AddRecentSchool(school_->Place());
@@ -160,13 +164,22 @@ void MainWindow::OpenNode(std::uint8_t node) {
   {
     const QScopedValueRollback open(nodeOpen_, true);
     Working(entry->title);
+    rescue_.Begin();
     failure = Reconnect(*school_);
     if (!failure)
       failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
   Working({});
-  if (failure) ShowFailure(this, *failure, SupportDetails(*failure, entry->title, log_));
+  if (failure) ShowFailed(*failure, entry->title);
   page_.setFocus();
+}
+
+void MainWindow::ShowFailed(const Failure& failure, const QString& screenTitle) {
+  const auto rescued =
+      rescue_.Rescue(*school_, {school_->File(), screenTitle, user_.name,
+                                QDateTime::currentDateTime(), FailureHeading(failure)});
+  const auto* const grades = rescued ? &*rescued : nullptr;
+  ShowFailure(this, failure, grades, SupportDetails(failure, screenTitle, grades, log_));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

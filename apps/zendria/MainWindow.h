@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/GradeRescue.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
@@ -25,6 +26,7 @@ namespace quorvane::zendria {
 
 class Preferences;
 class StatementWindow;
+struct Failure;
 
 /// The host's window: one school, one user, the tree of screens. It hands the module its session
 /// and goes on living after whatever ends a screen.
@@ -75,11 +77,13 @@ class MainWindow : public QMainWindow {
   void ShowRecent();
   void ForgetSizes();
   void Working(const QString& screenTitle);
+  void ShowFailed(const Failure& failure, const QString& screenTitle);
 
   qt::QtFrontEnd& screen_;
   Preferences& preferences_;
   SchoolDoor door_;
   StatementLog log_;
+  GradeRescue rescue_;
   std::unique_ptr<School> school_;
   User user_;
   std::optional<Centre> centre_;

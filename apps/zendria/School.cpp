@@ -2,8 +2,10 @@
 
 #include <QFile>
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/zendria/SchoolError.h"
 #include "platform/RuntimeError.h"
@@ -11,6 +13,8 @@
 
 namespace quorvane::zendria {
 namespace {
+
+constexpr std::chrono::seconds kMoment(2);
 
 /// Whether the file begins as every SQLite database does. True for one that can't be read: what is
 /// wrong with that one shows when it is opened.
@@ -46,6 +50,14 @@ std::optional<User> School::FindUser(std::int32_t id) const {
       std::find_if(users_.begin(), users_.end(), [id](const User& user) { return user.id == id; });
   if (found == users_.end()) return std::nullopt;
   return *found;
+}
+
+std::unique_ptr<Connection> School::OpenAnew() const {
+  auto connection = address_.Connect("", SchoolAddress::Access::ReadOnly);
+  if (auto* const file = dynamic_cast<sqlite::SqliteConnection*>(connection.get()))
+    file->BusyWait(kMoment);
+  connection->Open();
+  return connection;
 }
 
 void School::Reopen() {

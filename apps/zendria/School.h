@@ -44,6 +44,12 @@ class School {
   /// For what the host asks for itself: not traced and not observed.
   [[nodiscard]] Connection& Own() noexcept { return *own_; }
 
+  [[nodiscard]] bool IsOnServer() const noexcept { return address_.IsOdbc(); }
+  /// Another connection, to what the place leads to by now: a file that has lost its name can't be
+  /// reached so. Not traced, and it waits but a moment for who writes. A runtime error when that
+  /// fails.
+  [[nodiscard]] std::unique_ptr<Connection> OpenAnew() const;
+
   /// Connects again where the connection was lost. A runtime error when that fails.
   void Reopen();
 
