@@ -31,7 +31,7 @@ class Connection {
 
   void Observe(Observer observer) { observer_ = std::move(observer); }
 
-  virtual void Open() = 0;   ///< no effect on an open one
+  virtual void Open() = 0;   ///< no effect on an open one, but an error if its database has gone
   virtual void Close() = 0;  ///< no effect on a closed one
   [[nodiscard]] virtual bool IsOpen() const = 0;
   /// The property "Data Source": what the host finds the database's machine by.

@@ -70,6 +70,9 @@ void Host::HandSessionIn() {
   module_.ObtenerDatos(session);
 }
 
-void Host::Activate(std::int32_t nodo) { module_.ActivarFormulario(ToByte(nodo)); }
+void Host::Activate(std::int32_t nodo) {
+  for (auto* const connection : {&connections_.centro, &connections_.borrado}) connection->Open();
+  module_.ActivarFormulario(ToByte(nodo));
+}
 
 }  // namespace quorvane::guion

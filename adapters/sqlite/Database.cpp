@@ -26,6 +26,10 @@ std::string Advice(sqlite3* handle) {
   return {};
 }
 
+struct Finalizer {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
 }  // namespace
 
 void ThrowEngineError(sqlite3* handle) {
@@ -57,15 +61,35 @@ Database::Database(const std::string& path, int flags, std::chrono::milliseconds
   sqlite3_extended_result_codes(handle, 1);
   wait_->longest = busyWait;
   sqlite3_busy_handler(handle, WaitForOther, wait_.get());
+  file_ = std::make_unique<OpenedFile>(handle, path);
+  sqlite3_commit_hook(handle, RefuseCommit, file_.get());
   // What has been written stays written, whatever happens to the machine.
   // The pages that the screens of a large school come back to fit 16 MB, which the engine only
   // takes as it needs them.
   Script("PRAGMA synchronous=FULL; PRAGMA cache_size=-16384; PRAGMA schema_version");
 }
 
+int Database::RefuseCommit(void* file) {
+  const auto now = std::chrono::steady_clock::now();
+  return static_cast<OpenedFile*>(file)->MayWrite(now) ? 0 : 1;
+}
+
 void Database::Script(const std::string& statements) const {
-  if (sqlite3_exec(Handle(), statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-    ThrowEngineError(Handle());
+  for (const char* rest = statements.c_str(); *rest != '\0';) {
+    sqlite3_stmt* prepared = nullptr;
+    const auto result = sqlite3_prepare_v2(Handle(), rest, -1, &prepared, &rest);
+    const std::unique_ptr<sqlite3_stmt, Finalizer> statement(prepared);
+    if (result != SQLITE_OK) ThrowEngineError(Handle());
+    if (prepared != nullptr) RunThrough(prepared);
+  }
+}
+
+void Database::RunThrough(sqlite3_stmt* statement) const {
+  if (sqlite3_stmt_readonly(statement) == 0)
+    file_->RequireForWrite(std::chrono::steady_clock::now());
+  auto result = SQLITE_ROW;
+  while (result == SQLITE_ROW) result = sqlite3_step(statement);
+  if (result != SQLITE_DONE) ThrowEngineError(Handle());
 }
 
 }  // namespace quorvane::sqlite

@@ -4,7 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "adapters/sqlite/OpenedFile.h"
+
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace quorvane::sqlite {
 
@@ -12,7 +15,9 @@ namespace quorvane::sqlite {
 /// disk is to blame, what to do.
 [[noreturn]] void ThrowEngineError(sqlite3* handle);
 
-/// An open database file. All failures are error 0x80004005.
+/// An open database file. All failures are error 0x80004005. Nothing is committed to a file that is
+/// no longer in its place, see `OpenedFile`: not by a transaction that was open before either, nor
+/// by a statement that had to wait.
 class Database {
  public:
   /// `flags` as the engine's open flags. Reads the file's header, so that a file that is no
@@ -21,7 +26,10 @@ class Database {
 
   [[nodiscard]] sqlite3* Handle() const noexcept { return handle_.get(); }
 
-  /// Executes statements parted by semicolons, up to the first failure.
+  [[nodiscard]] OpenedFile& File() const noexcept { return *file_; }
+
+  /// Executes statements parted by semicolons, up to the first failure; one that writes only when
+  /// `File` may be written.
   void Script(const std::string& statements) const;
 
  private:
@@ -31,11 +39,16 @@ class Database {
   };
   /// Whether to try again, for the engine.
   static int WaitForOther(void* wait, int tries);
+  /// Whether to roll back instead, for the engine.
+  static int RefuseCommit(void* file);
+
+  void RunThrough(sqlite3_stmt* statement) const;
 
   struct Closer {
     void operator()(sqlite3* handle) const;
   };
   std::unique_ptr<Wait> wait_;
+  std::unique_ptr<OpenedFile> file_;  // before the handle: the engine asks for it up to its end
   std::unique_ptr<sqlite3, Closer> handle_;
 };
 

@@ -89,6 +89,8 @@ void PreparedStatement::Bind(const std::vector<std::int64_t>& values) {
       ThrowEngineError(database_);
 }
 
+bool PreparedStatement::Writes() const { return sqlite3_stmt_readonly(statement_.get()) == 0; }
+
 int PreparedStatement::Step(std::vector<Value>& cells) {
   auto* const statement = statement_.get();
   auto result = sqlite3_step(statement);

@@ -21,6 +21,10 @@ class PreparedStatement {
   /// `kept` tells the engine that it will be run many times.
   PreparedStatement(sqlite3* database, const std::string& text, bool kept);
 
+  /// Whether it changes the database, as the engine sees it: what only begins or ends a transaction
+  /// doesn't.
+  [[nodiscard]] bool Writes() const;
+
   /// Binds the values, runs the statement to its end and gives its rows, all of them. Begins
   /// again while another connection is in the way, until `busyWait` has passed.
   Recordset Run(const std::vector<std::int64_t>& values, std::chrono::milliseconds busyWait);

@@ -54,8 +54,26 @@ struct SqliteConnection::State {
     if (mode == OpenMode::ReadOnly) database.Script("PRAGMA query_only=1");
   }
 
+  /// Does what may fail for no other reason than that the file has gone, which then is the one
+  /// told.
+  template <class Work>
+  auto OnFile(const Work& work) const {
+    try {
+      return work();
+    } catch (const RuntimeError&) {
+      database.File().Require();
+      throw;
+    }
+  }
+
   Recordset RunOnce(const std::string& statement) const {
-    return PreparedStatement(database.Handle(), ForEngine(statement), false).Run({}, wait);
+    PreparedStatement once(database.Handle(), ForEngine(statement), false);
+    return Run(once, {});
+  }
+
+  Recordset Run(PreparedStatement& statement, const std::vector<std::int64_t>& bound) const {
+    if (statement.Writes()) database.File().RequireForWrite(std::chrono::steady_clock::now());
+    return OnFile([&] { return statement.Run(bound, wait); });
   }
 
   PreparedStatement* FindOrPrepare() {
@@ -83,7 +101,7 @@ SqliteConnection::SqliteConnection(std::string path, std::string name, OpenMode 
 SqliteConnection::~SqliteConnection() = default;
 
 void SqliteConnection::Open() {
-  if (IsOpen()) return;
+  if (IsOpen()) return state_->database.File().Require();
   if (mode_ != OpenMode::Create) RequireFile(path_);
   try {
     state_ = std::make_unique<State>(path_, mode_, wait_);
@@ -100,16 +118,16 @@ std::string SqliteConnection::DataSource() const { return path_; }
 
 void SqliteConnection::ExecuteScript(const std::string& statements) {
   if (!IsOpen()) throw RuntimeError(ErrorNumber::ObjectClosed);
-  state_->database.Script(statements);
+  state_->OnFile([&] { state_->database.Script(statements); });
 }
 
 Recordset SqliteConnection::Run(const std::string& statement) {
   auto& state = *state_;
   if (auto* const following = state.cache.Following(statement, state.values); following != nullptr)
-    return following->Run(state.values, state.wait);
+    return state.Run(*following, state.values);
   if (state.lifter.Lift(statement)) {
     auto* const prepared = state.FindOrPrepare();
-    if (prepared != nullptr) return prepared->Run(state.lifter.Values(), state.wait);
+    if (prepared != nullptr) return state.Run(*prepared, state.lifter.Values());
   }
   return state.RunOnce(statement);
 }

@@ -23,6 +23,13 @@ enum class OpenMode {
 /// Writing is durable when `Execute` returns, and the file's journal mode is left as it is. A file
 /// that another connection holds is waited for, up to `BusyWait`. All failures, of `Open` too, are
 /// error 0x80004005. To be used by one thread at a time; open as many on one file as you like.
+///
+/// Nothing is written to a file that has been deleted, moved, or replaced by another since it was
+/// opened: whatever would write fails, with a text in Spanish that tells which of these it was,
+/// until the file is back in its place or the connection has been closed and opened again. It is
+/// looked for before a write, at most once a second: what is written within a second of its loss
+/// may be lost with it. `Open` on an open connection looks for it at once, as before a screen is
+/// opened.
 class SqliteConnection : public Connection {
  public:
   /// `name` as in `Connection`: empty for one that is not traced.
@@ -33,7 +40,8 @@ class SqliteConnection : public Connection {
   SqliteConnection(SqliteConnection&&) = delete;
   SqliteConnection& operator=(SqliteConnection&&) = delete;
 
-  /// Fails with a text in Spanish when the file is missing, empty, unreadable or no database.
+  /// Fails with a text in Spanish when the file is missing, empty, unreadable or no database; on an
+  /// open connection, which stays open, when it isn't in its place any more.
   void Open() override;
   void Close() override;
   [[nodiscard]] bool IsOpen() const override;
