@@ -57,8 +57,11 @@ void ShowProblem(QWidget* parent, const Failure& failure) {
 void ShowFailure(QWidget* parent, const Failure& failure, const RescuedGrades* rescued,
                  const QString& details) {
   const QString kept =
-      "La pantalla se ha cerrado. Lo que ya se había escrito en la base de datos sigue en ella, y "
-      "puede volver a abrir la pantalla.\n\n";
+      LostFile(failure)
+          ? "La pantalla se ha cerrado. Lo que ya se había escrito está en el fichero que se abrió, "
+            "no en el que pueda haber ahora en su sitio.\n\n"
+          : "La pantalla se ha cerrado. Lo que ya se había escrito en la base de datos sigue en "
+            "ella, y puede volver a abrir la pantalla.\n\n";
   const auto grades = rescued == nullptr ? QString() : TextOf(*rescued);
   const QString locks =
       "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: véalas en "

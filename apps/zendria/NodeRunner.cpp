@@ -27,6 +27,10 @@ bool HoldsAny(const QString& text, std::initializer_list<const char*> parts) {
 constexpr auto kLost =
     "Se ha perdido la conexión con la base de datos. Compruebe la red y que el servidor está en "
     "marcha, y vuelva a abrir la pantalla.";
+constexpr auto kFileLost =
+    "Si el fichero se ha movido o ha cambiado de nombre, devuélvalo a su sitio y vuelva a abrir la "
+    "pantalla. Si no, abra la escuela de nuevo (menú Escuela, «Abrir…»), mire qué falta y "
+    "repítalo.";
 constexpr auto kNotThere =
     "La pantalla ha pedido algo que la base de datos no tiene; quizá hay una materia que no se "
     "puede calificar aquí. Busque el número del error en el manual (F1), o compruebe la escuela "
@@ -64,10 +68,16 @@ std::optional<Failure> OpenNode(std::uint8_t node,
   }
 }
 
+bool LostFile(const Failure& failure) {
+  return failure.number == static_cast<std::int32_t>(ErrorNumber::StatementFailed) &&
+         failure.text.startsWith("Se ha perdido el archivo ");
+}
+
 QString Advice(const Failure& failure) {
   const auto is = [&failure](ErrorNumber number) {
     return failure.number == static_cast<std::int32_t>(number);
   };
+  if (LostFile(failure)) return kFileLost;
   if (is(ErrorNumber::StatementFailed)) return AdviceOnStatement(failure.text);
   if (is(ErrorNumber::ObjectClosed)) return kLost;
   if (is(ErrorNumber::UnknownField)) return kNotThere;

@@ -23,6 +23,9 @@ struct Failure {
 std::optional<Failure> OpenNode(std::uint8_t node,
                                 const std::shared_ptr<const SessionObject>& session);
 
+/// Whether the school's file has been deleted, moved or replaced while it was open.
+bool LostFile(const Failure& failure);
+
 /// What the user can do about a failure.
 QString Advice(const Failure& failure);
 
