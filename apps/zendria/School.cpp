@@ -1,6 +1,5 @@
 #include "apps/zendria/School.h"
 
-#include <QFile>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -16,14 +15,9 @@ namespace {
 
 constexpr std::chrono::seconds kMoment(2);
 
-/// Whether the file begins as every SQLite database does. True for one that can't be read: what is
-/// wrong with that one shows when it is opened.
-bool LooksLikeDatabase(const QString& file) {
-  static const QByteArray beginning("SQLite format 3\0", 16);
-  QFile content(file);
-  if (!content.open(QIODevice::ReadOnly) || content.size() == 0) return true;
-  return content.read(beginning.size()) == beginning;
-}
+/// The file is never read here beside the engine: closing it would drop the locks that this process
+/// has on it, and other programs would take away the log of a school that is open.
+bool IsNoDatabase(const QString& failure) { return failure.endsWith("file is not a database"); }
 
 }  // namespace
 
@@ -33,15 +27,16 @@ School::School(SchoolAddress address)
       borrado_(address_.Connect("borrado")),
       entrada_(address_.Connect("entrada")),
       own_(address_.Connect("")) {
-  if (!address_.IsOdbc() && !LooksLikeDatabase(File()))
-    throw SchoolError(QStringLiteral("«%1» no es una base de datos SQLite.").arg(File()));
   try {
     Reopen();
     CheckTables();
     ReadUsers();
     centres_ = ReadCentres(*own_);
   } catch (const RuntimeError& error) {
-    throw SchoolError(QString::fromStdString(error.Description()));
+    const auto text = QString::fromStdString(error.Description());
+    if (!address_.IsOdbc() && IsNoDatabase(text))
+      throw SchoolError(QStringLiteral("«%1» no es una base de datos SQLite.").arg(File()));
+    throw SchoolError(text);
   }
 }
 

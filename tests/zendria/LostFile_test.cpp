@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QLineEdit>
-#include <QMessageBox>
+#include <QProcess>
 #include <QTableView>
 #include <QTest>
 #include <filesystem>
@@ -177,6 +177,16 @@ TEST_F(LostFileTest, WhatIsPutBackIsWorkedOnAgain) {
   window_->OpenNode(124);
   EXPECT_TRUE(robot_.Done());
   EXPECT_EQ(GradesIn(school_.Path()), "-1|107");
+}
+
+// A program that closes the last connection it knows of takes the log away: what was written to it
+// then would have no name either.
+TEST_F(LostFileTest, OpeningTheSchoolTwiceLeavesNoProgramToThinkItIsTheLast) {
+  school_.Sql("INSERT INTO PublicacionPte VALUES (7, 1, 2, 4, 1)");
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  ASSERT_TRUE(QFile::exists(SchoolFile() + "-wal"));
+  EXPECT_EQ(QProcess::execute(QUORVANE_ESCUELA, {"bloqueos", SchoolFile()}), 0);
+  EXPECT_TRUE(QFile::exists(SchoolFile() + "-wal"));
 }
 
 TEST_F(LostFileTest, TheLocksOfADeletedSchoolAreNotShown) {
