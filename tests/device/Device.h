@@ -82,6 +82,11 @@ class TinyDisk {
     }
   }
   void MakeRoom() const { std::filesystem::remove(Path() + "relleno"); }
+  /// Takes the disk away from its folder, although it is in use.
+  void PullOut() {
+    umount2(Path().c_str(), MNT_DETACH);
+    mounted_ = false;
+  }
   void ReadOnly(bool readOnly) const {
     mount(nullptr, Path().c_str(), nullptr, MS_REMOUNT | (readOnly ? MS_RDONLY : 0), nullptr);
   }

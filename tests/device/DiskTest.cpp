@@ -118,5 +118,22 @@ TEST_F(DiskTest, WritingToADiskThatCantBeWrittenIsTheNumberedError) {
   EXPECT_EQ(Content(path), before);
 }
 
+TEST_F(DiskTest, ADiskThatIsPulledOutTakesNothingMore) {
+  TinyDisk disk("2m");
+  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
+  const auto path = disk.Path() + "escuela.sqlite";
+  std::filesystem::copy_file(path_, path);
+  sqlite::SqliteConnection school(path, "");
+  school.Open();
+  disk.PullOut();
+  EXPECT_EQ(FillUp(school, refusal_), 0);
+  EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
+  EXPECT_THAT(refusal_.Description(), StartsWith("Se ha perdido el archivo " + path + ": "));
+  EXPECT_EQ(Students(school), 0);
+  std::filesystem::copy_file(path_, path);
+  EXPECT_EQ(FillUp(school, refusal_), 0) << "another disk, or none, in its place";
+  EXPECT_THROW(school.Open(), RuntimeError);
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -16,11 +16,11 @@ namespace {
 using testing::HasSubstr;
 
 /// All subjects of a section get a grade; the first user may do so at any time.
-const std::string kSave =
+const std::string kGrade =
     "nodo 124\\nelegir cboTipoEnsenanza =3\\nelegir cboCursos \"3º ESO\"\\n"
     "elegir cboSecciones \"3º ESO A\"\\nelegir cboEvaluaciones \"2ª Evaluación\"\\n"
-    "pulsar cmdNotaManual1(0)\\neditar rtvNotasAlumno 1 1 #2\\npulsar cmdAceptar\\n"
-    "pulsar cmdNotaManual1(1)\\n";
+    "pulsar cmdNotaManual1(0)\\neditar rtvNotasAlumno 1 1 #2\\n";
+const std::string kSave = kGrade + "pulsar cmdAceptar\\npulsar cmdNotaManual1(1)\\n";
 
 class ModuleTest : public testing::Test {
  protected:
@@ -51,7 +51,14 @@ class ModuleTest : public testing::Test {
     return rows;
   }
 
-  /// The same after the statements that the program printed, but for the last, which failed.
+  static std::vector<std::string> Grades(const std::string& path) {
+    auto rows = Rows(path);
+    std::erase_if(rows, [](const auto& row) { return !row.starts_with("EvaluacionPte"); });
+    return rows;
+  }
+
+  /// All that a save writes, after the statements that the program printed, but for the last, which
+  /// failed.
   [[nodiscard]] std::vector<std::string> Expected(const std::string& printed) const {
     const auto path = folder_ / "esperada.sqlite";
     std::filesystem::copy_file(sample_, path, std::filesystem::copy_options::overwrite_existing);
@@ -104,6 +111,30 @@ TEST_F(ModuleTest, ADiskThatFillsUpInTheMiddleKeepsWhatWasWrittenAndTheFormsOpen
   }
   EXPECT_GT(failed, 3);
   EXPECT_GT(afterFirstGrade, 1);
+}
+
+TEST_F(ModuleTest, AGradeSavedIntoASchoolThatHasGoneIsAnErrorAndSoIsTheNextScreen) {
+  const auto printed = folder_ / "salida";
+  const auto away = folder_ / "apartada.sqlite";
+  const auto before = Grades(sample_);
+  const auto waitForGrade =
+      "timeout 60 sh -c \"until grep -q '^> editar' " + printed + "; do sleep 0.02; done\"";
+  const auto outcome = RunCommand(
+      "{ printf '" + kGrade + "'; " + waitForGrade + "; sleep 1.2; mv " + sample_ + " " + away +
+      "; printf 'pulsar cmdAceptar\\nnodo 124\\n'; } | " QUORVANE_GUION " --usuario 1 --bd " +
+      sample_ + " > " + printed);
+  EXPECT_EQ(outcome.status, 1) << outcome.text;
+  const auto refusal = "error -2147467259 Se ha perdido el archivo " + sample_ +
+                       ": se ha borrado, movido o cambiado de nombre.";
+  const auto text = Content(printed);
+  const auto saving = text.find("\n> pulsar cmdAceptar\n");
+  ASSERT_NE(saving, std::string::npos);
+  EXPECT_THAT(text.substr(saving), HasSubstr("\n" + refusal));
+  EXPECT_THAT(text, HasSubstr("\n> nodo 124\n" + refusal));
+  EXPECT_FALSE(std::filesystem::exists(sample_));
+  for (const auto* const ending : {"-wal", "-shm"})
+    std::filesystem::rename(sample_ + ending, away + ending);
+  EXPECT_EQ(Grades(away), before);
 }
 
 }  // namespace
