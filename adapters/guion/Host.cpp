@@ -71,7 +71,9 @@ void Host::HandSessionIn() {
 }
 
 void Host::Activate(std::int32_t nodo) {
-  for (auto* const connection : {&connections_.centro, &connections_.borrado}) connection->Open();
+  // One that was lost stays so; one that is open tells whether its database is still there.
+  for (auto* const connection : {&connections_.centro, &connections_.borrado})
+    if (connection->IsOpen()) connection->Open();
   module_.ActivarFormulario(ToByte(nodo));
 }
 
