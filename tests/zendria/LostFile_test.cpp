@@ -1,35 +1,38 @@
 // The school's file is deleted or replaced while the host has it open.
 
 #include <QAction>
-#include <QApplication>
 #include <QFile>
-#include <QLineEdit>
 #include <QProcess>
-#include <QTableView>
 #include <QTest>
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
-#include "tests/zendria/HostTest.h"
+#include "tests/sqlite/RunRows.h"
+#include "tests/support/TestConnection.h"
+#include "tests/zendria/GradeRescueTest.h"
 
 namespace quorvane::test {
 namespace {
 
 namespace fs = std::filesystem;
-using Window = qt::FormWindow;
+using testing::ElementsAre;
 
 constexpr auto kLongEnough = 1100;  // ms, for a look to be trusted no more
 
-class LostFileTest : public HostTest {
+const QString kAdvice =
+    "Si el fichero se ha movido o ha cambiado de nombre, devuélvalo a su sitio y vuelva a abrir la "
+    "pantalla. Si no, abra la escuela de nuevo (menú Escuela, «Abrir…»), mire qué falta y "
+    "repítalo.";
+
+class LostFileTest : public GradeRescueTest {
  protected:
   LostFileTest() {
-    school_.Registra(321, 1);
-    school_.Evalua(school_.Pendiente(1, 3111, 1), 1);
+    // The journal of the schools that the project makes.
     school_.Sql("PRAGMA journal_mode=WAL");
     fs::copy_file(school_.Path(), Other());
-    EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+    before_ = school_.Rows(kGrades);
   }
 
   [[nodiscard]] std::string Away() const {
@@ -39,91 +42,64 @@ class LostFileTest : public HostTest {
 
   void Delete() const { fs::remove(school_.Path()); }
   void Move() const { fs::rename(school_.Path(), Away()); }
+  void MoveBack() const { fs::rename(Away(), school_.Path()); }
   void Replace() const {
     Move();
     fs::rename(Other(), school_.Path());
   }
 
-  /// What the host says of the file; then its advice.
-  [[nodiscard]] QString Told(const QString& what) const {
+  [[nodiscard]] QString Heading(const QString& what) const {
     return "Error -2147467259: Se ha perdido el archivo " + SchoolFile() + ": " + what +
            "; hasta entonces no se guarda nada.\n";
   }
-  static QString Advice() {
-    return "Si el fichero se ha movido o ha cambiado de nombre, devuélvalo a su sitio y vuelva a "
-           "abrir la pantalla. Si no, abra la escuela de nuevo (menú Escuela, «Abrir…»), mire qué "
-           "falta y repítalo.";
+  [[nodiscard]] std::string Told(const QString& what, const QString& rescued = {}) const {
+    const auto told =
+        Heading(what) +
+        "La pantalla se ha cerrado. Lo que ya se había escrito está en el fichero que se abrió, "
+        "no en el que pueda haber ahora en su sitio.\n\n" +
+        rescued + kAdvice +
+        "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: "
+        "véalas en el menú Ver, Publicaciones y bloqueos.";
+    return told.toStdString();
   }
-  static QString Closed() {
-    return "La pantalla se ha cerrado. Lo que ya se había escrito está en el fichero que se abrió, "
-           "no en el que pueda haber ahora en su sitio.\n\n" +
-           Advice() +
-           "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: "
-           "véalas "
-           "en el menú Ver, Publicaciones y bloqueos.";
+  /// What the message says of the grade that wasn't saved.
+  [[nodiscard]] QString Rescued() const {
+    return "La nota que había cambiado y no se ha guardado está en este fichero:\n" + Folder() +
+           '/' + Files().value(0) + "\n\n";
   }
 
   /// Opens the grades by student up to step two; there `lose` happens, and a grade is saved.
-  QString SaveAfter(const std::function<void()>& lose) {
-    QString told;
-    ReadNotice(told);
-    PlanStepOne();
-    robot_.On("frmNotaManual", [this, lose](Window& window) {
-      Grade(window);
-      QTest::qWait(kLongEnough);
-      lose();
-      Robot::Click(window, "cmdAceptar");
-      rows_ = Grades(*cConfiguracion::Instancia().conLocalCentro);
-    });
-    window_->OpenNode(124);
-    EXPECT_TRUE(robot_.Done());
-    EXPECT_TRUE(robot_.unexpected.empty());
-    return told;
+  std::string SaveAfter(const std::function<void()>& lose) {
+    return Fail([this, lose](Window& window) {
+             Grade(window, 0, 1, "7");
+             QTest::qWait(kLongEnough);
+             lose();
+             Robot::Click(window, "cmdAceptar");
+             lost_ = RunRows(*cConfiguracion::Instancia().conLocalCentro, kGrades);
+           })
+        .toStdString();
   }
 
-  void PlanStepOne() {
-    robot_.On("frmNotaManual1", [](Window& window) {
-      Robot::Pick(window, "cboTipoEnsenanza", "ESO");
-      Robot::Pick(window, "cboCursos", "2");
-      Robot::Pick(window, "cboSecciones", "A");
-      Robot::Pick(window, "cboEvaluaciones", "1");
-      Robot::Press(window, "cboEvaluaciones", Qt::Key_Return);
-    });
-  }
-
-  static void Grade(Window& window) {
-    auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-    grid.setFocus();
-    grid.setCurrentIndex(grid.model()->index(0, 1));
-    QTest::keyClick(&grid, Qt::Key_F2);
-    auto* const list = QApplication::activePopupWidget();
-    ASSERT_NE(list, nullptr);
-    auto* const filter = list->findChild<QLineEdit*>();
-    QTest::keyClicks(filter, "7");
-    QTest::keyClick(filter, Qt::Key_Return);
-  }
-
-  static std::string Grades(Connection& school) {
-    const auto row = school.Execute("SELECT Evaluado, CodNota FROM EvaluacionPte");
-    return row.Fields(0).Text() + "|" + row.Fields(1).Text();
-  }
-  static std::string GradesIn(const std::string& path) {
-    sqlite::SqliteConnection school(path, "");
+  static std::vector<std::string> GradesIn(const std::string& path) {
+    TestConnection school(path, "");
     school.Open();
-    return Grades(school);
+    return RunRows(school, kGrades);
   }
 
   /// Opens a screen that then isn't shown.
-  QString OpeningTold() {
+  std::string OpeningTold() {
     QString told;
     ReadNotice(told);
     window_->OpenNode(124);
     EXPECT_TRUE(robot_.Done());
     EXPECT_TRUE(robot_.unexpected.empty());
-    return told;
+    return told.toStdString();
   }
 
-  std::string rows_;  ///< of the file that was lost, behind the saving
+  static constexpr const char* kGrades =
+      "SELECT CodAlumnoPte_MatDet, CodNumEvaluacion, Evaluado, CodNota FROM EvaluacionPte";
+  std::vector<std::string> before_;  ///< the grades
+  std::vector<std::string> lost_;    ///< those of the file that was lost, behind the saving
 };
 
 const QString kDeleted =
@@ -135,48 +111,49 @@ const QString kReplaced =
 
 TEST_F(LostFileTest, NoScreenIsOpenedOnADeletedSchool) {
   Delete();
-  EXPECT_EQ(OpeningTold(), Told(kDeleted) + Closed());
-  EXPECT_EQ(OpeningTold(), Told(kDeleted) + Closed()) << "and so on";
+  EXPECT_EQ(OpeningTold(), Told(kDeleted));
+  EXPECT_EQ(OpeningTold(), Told(kDeleted)) << "and so on";
 }
 
 TEST_F(LostFileTest, NoScreenIsOpenedOnASchoolInItsPlaceUntilThatIsOpened) {
   Replace();
-  EXPECT_EQ(OpeningTold(), Told(kReplaced) + Closed());
+  EXPECT_EQ(OpeningTold(), Told(kReplaced));
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  auto opened = false;
-  robot_.On("frmNotaManual1", [&opened](Window& window) {
-    opened = true;
-    Robot::Click(window, "cmdNotaManual1(1)");
-  });
+  LeaveStepOne("frmNotaManual1");
   window_->OpenNode(124);
-  EXPECT_TRUE(opened);
+  EXPECT_TRUE(robot_.Done());
 }
 
 TEST_F(LostFileTest, SavingIntoADeletedSchoolIsTold) {
-  EXPECT_EQ(SaveAfter([this] { Delete(); }), Told(kDeleted) + Closed());
-  EXPECT_EQ(rows_, "0|0");
+  const auto told = SaveAfter([this] { Delete(); });
+  EXPECT_EQ(told, Told(kDeleted, Rescued()));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
+  EXPECT_EQ(lost_, before_);
   EXPECT_FALSE(fs::exists(school_.Path()));
 }
 
 TEST_F(LostFileTest, SavingIntoAReplacedSchoolIsToldAndReachesNeither) {
-  EXPECT_EQ(SaveAfter([this] { Replace(); }), Told(kReplaced) + Closed());
-  EXPECT_EQ(rows_, "0|0");
-  EXPECT_EQ(GradesIn(Away()), "0|0");
+  const auto told = SaveAfter([this] { Replace(); });
+  EXPECT_EQ(told, Told(kReplaced, Rescued()));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
+  EXPECT_EQ(lost_, before_);
+  EXPECT_EQ(GradesIn(Away()), before_);
 }
 
 TEST_F(LostFileTest, WhatIsPutBackIsWorkedOnAgain) {
-  EXPECT_EQ(SaveAfter([this] { Move(); }), Told(kDeleted) + Closed());
-  fs::rename(Away(), school_.Path());
+  const auto told = SaveAfter([this] { Move(); });
+  EXPECT_EQ(told, Told(kDeleted, Rescued()));
+  MoveBack();
   school_.Sql("DELETE FROM BloqueoPte;DELETE FROM PublicacionPte");
-  PlanStepOne();
+  StepOne("frmNotaManual1", "1");
   robot_.On("frmNotaManual", [](Window& window) {
-    Grade(window);
+    Grade(window, 0, 1, "7");
     Robot::Click(window, "cmdAceptar");
   });
-  robot_.On("frmNotaManual1", [](Window& window) { Robot::Click(window, "cmdNotaManual1(1)"); });
+  LeaveStepOne("frmNotaManual1");
   window_->OpenNode(124);
   EXPECT_TRUE(robot_.Done());
-  EXPECT_EQ(GradesIn(school_.Path()), "-1|107");
+  EXPECT_THAT(GradesIn(school_.Path()), testing::Contains("1|1|-1|107"));
 }
 
 // A program that closes the last connection it knows of takes the log away: what was written to it
@@ -195,7 +172,7 @@ TEST_F(LostFileTest, TheLocksOfADeletedSchoolAreNotShown) {
   ReadNotice(told);
   for (auto* const action : window_->findChildren<QAction*>())
     if (action->text() == "&Publicaciones y bloqueos…") action->trigger();
-  EXPECT_EQ(told, Told(kDeleted) + Advice());
+  EXPECT_EQ(told, Heading(kDeleted) + kAdvice);
 }
 
 }  // namespace
