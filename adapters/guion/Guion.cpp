@@ -8,6 +8,7 @@
 #include "adapters/guion/JsonText.h"
 #include "adapters/guion/Refusal.h"
 #include "platform/Application.h"
+#include "platform/CurrentRows.h"
 #include "platform/Form.h"
 #include "platform/FormInstances.h"
 #include "platform/RuntimeError.h"
@@ -85,12 +86,24 @@ bool Guion::PlayNext() {
   const auto command = script_();
   if (!command) return false;
   events_.Print(">", command->text);
-  try {
-    command->kind->run(*this, *command);
-  } catch (const Refusal& refusal) {
-    events_.Print("rechazo", command->text + ": " + refusal.what());
+  const auto* const form = Active();
+  if (form == nullptr) {
+    Run(*command);
+    return true;
   }
+  const CurrentRows rows(*form);
+  const auto shows = shows_;
+  Run(*command);
+  if (shows_ != shows) rows.ChooseAgain();
   return true;
+}
+
+void Guion::Run(const Command& command) {
+  try {
+    command.kind->run(*this, command);
+  } catch (const Refusal& refusal) {
+    events_.Print("rechazo", command.text + ": " + refusal.what());
+  }
 }
 
 void Guion::Failed(const RuntimeError& error) {
@@ -100,6 +113,7 @@ void Guion::Failed(const RuntimeError& error) {
 
 void Guion::RunModal(Form& form) {
   const ActiveWhile active(shown_, form);
+  ++shows_;
   events_.Print("muestra", form.Name());
   form.Shown();
   while (form.Visible())

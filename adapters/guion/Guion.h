@@ -71,11 +71,13 @@ class Guion : public FrontEnd {
 
   /// False at the end of the script.
   bool PlayNext();
+  void Run(const Command& command);
 
   CommandSource script_;
   Host& host_;
   EventPrinter& events_;
   std::vector<Form*> shown_;  ///< each held by its running show
+  unsigned shows_ = 0;        ///< begun so far
   bool failed_ = false;
 };
 

@@ -12,6 +12,7 @@
 
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/Units.h"
+#include "platform/CurrentRows.h"
 
 namespace quorvane::qt {
 
@@ -88,6 +89,7 @@ void QtFrontEnd::RunModal(Form& form) {
   Show show(window);
   {
     const Standing standing(shows_, show);
+    ++showsBegun_;
     window.Appear();
     PaintOnly();
     show.busy = true;
@@ -133,7 +135,10 @@ void QtFrontEnd::Gesture(const FormWindow& window, const std::function<void()>& 
   show.busy = true;
   UsersTurn();
   try {
+    const CurrentRows rows(window.Model());
+    const auto shows = showsBegun_;
     handler();
+    if (showsBegun_ != shows) rows.ChooseAgain();
     ShowChanges();
   } catch (...) {
     show.failure = std::current_exception();

@@ -82,7 +82,8 @@ class QtFrontEnd : public FrontEnd {
   /// Told of a form that is about to unload itself: it goes in order, not by a failure.
   std::function<void(const Form& form)> FormUnloading;
 
-  /// For the windows: runs what the user's gesture asks for, then shows what it changed. Nothing
+  /// For the windows: runs what the user's gesture asks for, then shows what it changed. When a
+  /// dialog has stood meanwhile, the rows chosen before are chosen again (`CurrentRows`). Nothing
   /// happens while another handler of that window runs, or when it isn't the active one. Keeps
   /// what is thrown.
   void Gesture(const FormWindow& window, const std::function<void()>& handler) noexcept;
@@ -100,6 +101,7 @@ class QtFrontEnd : public FrontEnd {
 
   std::vector<Show*> shows_;  // the innermost last; each stands in its RunModal
   LateKeys lateKeys_{[this] { return TopWindow(); }};
+  unsigned showsBegun_ = 0;
   QWidget* host_ = nullptr;
   bool hourglass_ = false;
   bool waiting_ = false;  // the hourglass that nobody asked for stands

@@ -1,4 +1,5 @@
 #include "tests/guion/GuionTest.h"
+#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {
@@ -45,6 +46,40 @@ TEST_F(Gesture, FilaMovesTheCurrentCellWithoutAnEvent) {
             std::string::npos);
   EXPECT_NE(lines[1].find("\"fila\":1,\"columna\":1,\"fijas\":1,\"anchos\":[960,960,0]"),
             std::string::npos);
+}
+
+/// Fills the grid with rows of these data, the first of which is current then.
+void FillAgain(std::initializer_list<int> rows) {
+  auto& grid = FormInstance<frmPrueba>::Get().msgFilas;
+  grid.Rows(1);
+  for (const auto data : rows) {
+    grid.AddItem("");
+    grid.RowData(grid.Rows() - 1, data);
+  }
+}
+
+TEST_F(Gesture, TheChosenRowIsChosenAgainWhenADialogReturns) {
+  const auto row = [this](const std::string& script) {
+    const auto view = PlayIn(script + "ver").back();
+    const auto from = view.find("\"fila\":") + 7;
+    return view.substr(from, view.find(',', from) - from);
+  };
+  frmPrueba::alPulsar = [] {
+    FormInstance<frmDos>::Get().ShowModal();
+    FillAgain({5, 6, 77});
+  };
+  EXPECT_EQ(row("fila msgFilas 2\npulsar cmdAccion\ncerrar\n"), "3");
+  frmPrueba::alPulsar = [] { FillAgain({5, 6, 77}); };
+  EXPECT_EQ(row("fila msgFilas 2\npulsar cmdAccion\n"), "1") << "without a dialog";
+}
+
+TEST_F(Gesture, NothingIsToldOfTheRowThatIsChosenAgain) {
+  frmPrueba::alPulsar = [] {
+    FormInstance<frmDos>::Get().ShowModal();
+    FillAgain({5, 77});
+  };
+  EXPECT_EQ(PlayIn("fila msgFilas 2\npulsar cmdAccion\ncerrar"),
+            (Lines{"carga frmDos", "muestra frmDos", "descarga frmDos"}));
 }
 
 TEST_F(Gesture, EditarBeginsPicksAndEnds) {

@@ -226,6 +226,33 @@ TEST_F(FrmAlumnoMateria, TheReservedEvaluationStandsAmongTheColumns) {
               testing::HasSubstr(R"x(["Matemáticas (1º ESO)","","","","","","","","X","2"])x"));
 }
 
+// Eliminar asks nothing: it must hit the subject that the user chose before he looked at it.
+TEST_F(FrmAlumnoMateria, TheChosenSubjectStaysChosenBehindADialog) {
+  const std::string choose =
+      "elegir cboCurso =31\nelegir cboSeccion =312\nelegir cboMateria =3121\n";
+  for (const std::string dialog :
+       {"pulsar cmdPropiedades\npulsar cmdCancelar\n",
+        "pulsar cmdPropiedades\nelegir lstDisponibles #0\npulsar cmdAgregarUno\npulsar "
+        "cmdAceptar\n",
+        "doble msgMaterias\ncerrar\n", "pulsar cmdAgregar\npulsar cmdCancelar\n"}) {
+    const auto run = RunScript(
+        school, kEdit + "fila msgMaterias 2\n" + dialog + "ver\npulsar cmdEliminar\nver\n");
+    const auto views = run.Of("ver");
+    ASSERT_EQ(views.size(), 2U) << run.Text();
+    EXPECT_THAT(views[0], testing::HasSubstr(R"("fila":2,"columna":9,)")) << dialog;
+    EXPECT_THAT(views[1], testing::HasSubstr(R"("datos":[0,3111,3113])")) << dialog;
+  }
+  const auto added = RunScript(
+      school, kEdit + "fila msgMaterias 3\npulsar cmdAgregar\n" + choose + kAccept + "ver\n");
+  EXPECT_EQ(View(added, "msgMaterias", "datos"), "[0,3111,3112,3113,3121]");
+  EXPECT_EQ(View(added, "msgMaterias", "fila"), "3");
+}
+
+TEST_F(FrmAlumnoMateria, WithoutADialogTheFirstSubjectIsCurrentOnceTheListIsFilledAgain) {
+  const auto run = RunScript(school, kEdit + "fila msgMaterias 3\npulsar cmdEliminar\nver\n");
+  EXPECT_EQ(View(run, "msgMaterias", "fila"), "1");
+}
+
 TEST_F(FrmAlumnoMateria, ADoubleClickOnTheStudentAndOnTheSubjectOpenTheirProperties) {
   const auto run =
       RunScript(school, kOpen + "doble msgAlumnos\nfila msgMaterias 2\ndoble msgMaterias\nver\n");

@@ -54,6 +54,21 @@ TEST(FrmAlumnos, WhoIsOnTheRegisterIsSelectedAndNotLookedFor) {
             R"([["Díaz Cano, Marta",1],["Blanco Mas, Hugo",5]])");
 }
 
+TEST(FrmAlumnos, TheStudentChosenOnTheRegisterStaysChosen) {
+  const SmallSchool school;
+  for (const auto student : {1, 2, 5}) school.Registra(321, student);
+  const auto current = [&school](const std::string& gestures) {
+    const auto run =
+        RunScript(school, kOpen + "fila msgAlumnos 1\npulsar cmdListar\n" + gestures + "ver\n");
+    return View(run, "msgAlumnos", "fila") + " " + View(run, "msgAlumnos", "datos");
+  };
+  EXPECT_EQ(current("pulsar cmdCancelar\n"), "1 [5,1,2]");
+  EXPECT_EQ(current("elegir lstDisponibles =3\npulsar cmdAgregarUno\n" + kSave), "2 [3,5,1,2]");
+  EXPECT_EQ(current("elegir lstSeleccionados =5\npulsar cmdEliminarUno\n" + kSave), "0 [1,2]");
+  EXPECT_EQ(current("elegir lstSeleccionados =1\npulsar cmdEliminarUno\n" + kSave), "0 [5,2]")
+      << "has left the register";
+}
+
 TEST(FrmAlumnos, AgregarUnoWithNothingSelectedDoesNothing) {
   const SmallSchool school;
   school.Registra(321, 1);
