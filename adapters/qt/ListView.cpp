@@ -28,9 +28,10 @@ void ListView::Choose() {
 }
 
 bool ListView::TakesEnter() {
-  // A list that nothing is done with by double click leaves Enter to the default button.
-  if (!list_.DblClick || list_.ListIndex() < 0) return false;
-  Gesture([this] { list_.DoubleClick(); });
+  // A list that nothing is done with by double click leaves Enter to the default button. Elsewhere
+  // the Enter after the one that moved the last entry would accept the dialog.
+  if (!list_.DblClick) return false;
+  if (list_.ListIndex() >= 0) Gesture([this] { list_.DoubleClick(); });
   return true;
 }
 

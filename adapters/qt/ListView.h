@@ -9,7 +9,8 @@ class QListWidget;
 
 namespace quorvane::qt {
 
-/// A list that is always open; Enter does what a double click does.
+/// A list that is always open. Where a double click does something, Enter does the same with the
+/// entry that is selected, and never reaches the default button while the list has the keyboard.
 class ListView : public QObject, public ControlView {
  public:
   ListView(FormWindow& window, ListBox& list);

@@ -112,7 +112,42 @@ TEST_F(ControlsTest, ADualListMovesByDoubleClickAndByEnter) {
   EXPECT_THAT(seen, ElementsAre("doble 0 Bueno, Luis", "doble 0 Castro, Eva"));
 }
 
-TEST_F(ControlsTest, EnterOnAListWithoutSelectionIsTheDefaultButtons) {
+// The next Enter of somebody who moves entries must not end the dialog.
+TEST_F(ControlsTest, EnterStaysInADualListAlsoWithNothingToMove) {
+  Run([this](qt::FormWindow& window) {
+    auto* const list = Of<QListWidget>(window, "lstLista(0)");
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
+      for (const Qt::KeyboardModifiers with :
+           {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier),
+            Qt::KeyboardModifiers(Qt::ControlModifier), Qt::KeyboardModifiers(Qt::AltModifier),
+            Qt::KeyboardModifiers(Qt::KeypadModifier)})
+        Key(window, "lstLista(0)", key, with);
+    EXPECT_EQ(list->count(), 3) << "none is selected";
+    for (const auto& [key, with] :
+         {std::pair(Qt::Key_Return, Qt::KeyboardModifiers()),
+          std::pair(Qt::Key_Enter, Qt::KeyboardModifiers(Qt::KeypadModifier)),
+          std::pair(Qt::Key_Return, Qt::KeyboardModifiers(Qt::ShiftModifier))}) {
+      Key(window, "lstLista(0)", Qt::Key_Home);
+      list->setCurrentRow(0);
+      const auto before = list->count();
+      Key(window, "lstLista(0)", key, with);
+      EXPECT_EQ(list->count(), before - 1);
+      EXPECT_TRUE(list->hasFocus());
+      Key(window, "lstLista(0)", key, with);
+      EXPECT_EQ(list->count(), before - 1) << "what took its place isn't selected";
+    }
+    ASSERT_EQ(list->count(), 0);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) Key(window, "lstLista(0)", key);
+    EXPECT_TRUE(list->hasFocus());
+    EXPECT_TRUE(form->Visible());
+  });
+  EXPECT_EQ(seen.size(), 3U) << "each entry moved once, and nothing else";
+}
+
+TEST_F(ControlsTest, EnterOnAListWithoutADoubleClickIsTheDefaultButtons) {
+  form->lstLista[1].DblClick = nullptr;
+  form->lstLista[1].AddItem("Díaz, Leo");
+  form->lstLista[1].ListIndex(0);
   Then([this](qt::FormWindow& window) {
     form->log.clear();
     Key(window, "lstLista(1)", Qt::Key_Return);

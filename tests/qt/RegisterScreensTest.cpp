@@ -120,6 +120,61 @@ TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
   EXPECT_EQ(rows("EvaluacionPte") + rows("EvaluacionActaPte"), 2U);
 }
 
+// Eliminar asks nothing.
+TEST_F(RegisterScreensTest, TheSubjectThatTheUserLookedAtIsTheOneThatEliminarTakes) {
+  Then(ChooseClass);
+  Then([](qt::FormWindow& window) {
+    ClickCell(window, "msgAlumnos", 0, 0);
+    Click(window, "cmdPropiedades");
+    Click(window, "cmdCancelar");
+  });
+  Then([](qt::FormWindow& window) {
+    const auto* const table = Of<QTableView>(window, "msgMaterias");
+    const auto first = CellText(window, "msgMaterias", 0, 0);
+    const auto rows = table->model()->rowCount();
+    ASSERT_GE(rows, 2);
+    DoubleClickCell(window, "msgMaterias", rows - 1, 0);
+    EXPECT_EQ(table->currentIndex().row(), rows - 1);
+    const auto chosen = table->selectionModel()->selectedRows();
+    ASSERT_EQ(chosen.size(), 1);
+    EXPECT_EQ(chosen.front().row(), rows - 1);
+    Click(window, "cmdEliminar");
+    EXPECT_EQ(table->model()->rowCount(), rows - 1);
+    EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), first);
+    Click(window, "cmdCancelar");
+  });
+  Then([](qt::FormWindow& window) { Click(window, "cmdCancelar"); });
+  OpenNode(kPendientes);
+  ExpectDone();
+}
+
+TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
+  Then(ChooseClass);
+  Then([](qt::FormWindow& window) {
+    Click(window, "cmdListar");
+    Click(window, "cmdCancelar");
+  });
+  Then([](qt::FormWindow& window) {
+    auto* const right = Of<QListWidget>(window, "lstDisponibles");
+    const auto before = right->count();
+    ASSERT_GT(before, 0);
+    for (int i = 0; i < before; ++i) {
+      ClickEntry(window, "lstDisponibles", 0);
+      Key(window, "lstDisponibles", Qt::Key_Return);
+      EXPECT_TRUE(right->hasFocus());
+    }
+    EXPECT_EQ(right->count(), 0);
+    Key(window, "lstDisponibles", Qt::Key_Return);
+    Key(window, "lstSeleccionados", Qt::Key_Enter);
+    ASSERT_TRUE(window.isVisible());
+    Click(window, "cmdCancelar");
+  });
+  const auto before = Register();
+  OpenNode(kPendientes);
+  ExpectDone();
+  EXPECT_EQ(Register(), before);
+}
+
 TEST_F(RegisterScreensTest, TheArrowsMoveASubjectAndKeepItInSight) {
   Then(ChooseClass);
   Then([](qt::FormWindow& window) {
