@@ -51,6 +51,7 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       frontEnd_(frontEnd),
       form_(form),
+      place_(*this),
       knownSize_(form.Width(), form.Height()) {
   setObjectName(Text(form.Name()));
   // What the form stands before waits for it, not all that its host has open.
@@ -131,28 +132,28 @@ void FormWindow::Centre() {
   const auto* before = parentWidget();
   const auto whole = screen()->availableGeometry();
   const auto room = before != nullptr && before->isVisible() ? before->frameGeometry() : whole;
-  auto place = frameGeometry();
-  place.moveCenter(room.center());
-  // The title and the left edge are in sight, whatever the window before it covers.
-  place.moveRight(std::min(place.right(), whole.right()));
-  place.moveBottom(std::min(place.bottom(), whole.bottom()));
-  place.moveLeft(std::max(place.left(), whole.left()));
-  place.moveTop(std::max(place.top(), whole.top()));
-  move(place.topLeft());
+  auto frame = frameGeometry();
+  frame.moveCenter(room.center());
+  // In sight whatever the window before it covers.
+  place_.Ask(size(), WholeOn(frame, whole).topLeft());
 }
 
 void FormWindow::Appear() {
   if (page_ == nullptr)
-    resize(sizeHint()
-               .expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())})
-               .boundedTo(MostSize()));
+    place_.Ask(sizeHint()
+                   .expandedTo({Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight())})
+                   .boundedTo(MostSize()));
   Centre();
   show();
+  TakePosition();
+  open_ = true;
+  qApp->installEventFilter(this);
+}
+
+void FormWindow::TakePosition() {
   knownPosition_ = {Twips(pos().x()), Twips(pos().y())};
   form_.Left(knownPosition_.x());
   form_.Top(knownPosition_.y());
-  open_ = true;
-  qApp->installEventFilter(this);
 }
 
 bool FormWindow::Resizable() const {
@@ -162,7 +163,7 @@ bool FormWindow::Resizable() const {
 void FormWindow::TakeSize(QSize twips) {
   const QSize inner(Pixels(twips.width() - Form::kBorderWidth),
                     Pixels(twips.height() - Form::kBorderHeight));
-  resize(WindowFor(inner).boundedTo(MostSize()));
+  place_.Ask(WindowFor(inner).boundedTo(MostSize()));
   Centre();
   // Recalled, not chosen now.
   sizeOfUser_.reset();
@@ -173,28 +174,28 @@ void FormWindow::Sync() {
   if (windowIcon().isNull()) setWindowIcon(IconStore::Load(form_.Icon()));
   for (const auto& view : views_) view->Sync();
   if (page_ != nullptr) PlaceByModel(*this);
-  ShowSize();
-  if (!open_) return;
-  ShowPosition();
-  ShowFocus();
+  ShowPlace();
+  if (open_) ShowFocus();
 }
 
-void FormWindow::ShowSize() {
+void FormWindow::ShowPlace() {
   const QSize wanted(form_.Width(), form_.Height());
   const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
-  // A form with a layout has the size that this gives it, until the form sets another.
-  const auto changed = page_ == nullptr ? knownSize_ != wanted : size() != WindowFor(inner);
-  knownSize_ = wanted;
   if (page_ != nullptr) page_->Take(inner, MostFor(inner));
-  if (changed) resize(WindowFor(inner));
-}
-
-void FormWindow::ShowPosition() {
-  const QPoint wanted(form_.Left(), form_.Top());
-  if (wanted == knownPosition_) return;
-  knownPosition_ = wanted;
+  // A form with a layout has the size that this gives it, until the form sets another.
+  const auto resized = page_ == nullptr ? knownSize_ != wanted : place_.Asked() != WindowFor(inner);
+  knownSize_ = wanted;
+  const QPoint corner(form_.Left(), form_.Top());
+  const auto moved = open_ && corner != knownPosition_;
+  if (!resized && !moved) return;
   moving_ = true;
-  move(Pixels(wanted.x()), Pixels(wanted.y()));
+  const auto size = resized ? WindowFor(inner) : place_.Asked();
+  if (moved) {
+    knownPosition_ = corner;
+    place_.Ask(size, QPoint(Pixels(corner.x()), Pixels(corner.y())));
+  } else {
+    place_.Ask(size);
+  }
   moving_ = false;
 }
 
@@ -212,13 +213,21 @@ void FormWindow::ShowFocus() {
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
   if (page_ != nullptr) page_->setGeometry(rect());
-  const QSize wanted(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
-  if (open_ && size() != WindowFor(wanted)) TakeSizeOfUser();
+  if (open_) TakeSizeTold();
   if (list_ != nullptr) list_->Follow();
+}
+
+void FormWindow::TakeSizeTold() {
+  if (!Resizable()) place_.TakeSize();
+  // Told late, or while the form is at work: it is to be as it was asked for in the end.
+  if (size() != place_.Asked()) place_.Watch();
+  const QSize wanted(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
+  if (!place_.Late() && size() != WindowFor(wanted)) TakeSizeOfUser();
 }
 
 void FormWindow::TakeSizeOfUser() {
   frontEnd_.Gesture(*this, [this] {
+    if (size() != place_.Asked()) place_.TakeSize();
     const auto inner = page_ == nullptr ? size() : page_->InSight(size());
     knownSize_ = {Twips(inner.width()) + Form::kBorderWidth,
                   Twips(inner.height()) + Form::kBorderHeight};
@@ -230,10 +239,9 @@ void FormWindow::TakeSizeOfUser() {
 
 void FormWindow::moveEvent(QMoveEvent* event) {
   QDialog::moveEvent(event);
-  if (!open_ || moving_) return;
-  knownPosition_ = {Twips(pos().x()), Twips(pos().y())};
-  form_.Left(knownPosition_.x());
-  form_.Top(knownPosition_.y());
+  if (!open_ || moving_ || place_.Late()) return;
+  place_.TakeCorner();
+  TakePosition();
 }
 
 void FormWindow::CloseByUser() {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/qt/WindowPlace.h"
 #include "platform/Form.h"
 
 namespace quorvane {
@@ -80,9 +81,12 @@ class FormWindow : public QDialog {
   [[nodiscard]] QSize MostFor(QSize inner) const;
   /// The window's size for a form of that size inside.
   [[nodiscard]] QSize WindowFor(QSize inner) const;
-  void ShowSize();
-  void ShowPosition();
+  void ShowPlace();
   void ShowFocus();
+  /// The form stands where its window does.
+  void TakePosition();
+  /// The window system tells of a size.
+  void TakeSizeTold();
   void TakeSizeOfUser();
   void CloseByUser();
   bool FormTakes(int qtKey);
@@ -95,9 +99,10 @@ class FormWindow : public QDialog {
   RetivoEditor* list_ = nullptr;                     // Qt's; the one opened last
   bool swallowed_ = false;                           // the press of a button whose release follows
   ScrolledPage* page_ = nullptr;                     // Qt's; null for a form that has a layout
+  WindowPlace place_;
   bool open_ = false;
-  bool moving_ = false;
-  QSize knownSize_;  // in twips, the last that form and window agree on
+  bool moving_ = false;  // to where the form wants to stand
+  QSize knownSize_;      // in twips, the last that form and window agree on
   QPoint knownPosition_;
   std::optional<QSize> sizeOfUser_;
 };
