@@ -6,9 +6,11 @@
 #include <QFontMetrics>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <exception>
+#include <utility>
 
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/Units.h"
@@ -82,6 +84,7 @@ QWidget* QtFrontEnd::TopWindow() const {
 bool QtFrontEnd::Busy() const noexcept { return !shows_.empty() && shows_.back()->busy; }
 
 void QtFrontEnd::RunModal(Form& form) {
+  if (leaving_) return TakeAway(form);
   // Windows that come and go inside a show are no reason to end the program.
   const QEventLoopLocker keepRunning;
   ShowChanges();
@@ -90,25 +93,61 @@ void QtFrontEnd::RunModal(Form& form) {
   {
     const Standing standing(shows_, show);
     ++showsBegun_;
-    window.Appear();
-    PaintOnly();
-    show.busy = true;
-    form.Shown();
-    show.busy = false;
-    ShowChanges();
-    if (form.Visible()) RecallSizeOf(window);
-    UsersTurn();
-    RunHooks(window);
-    while (form.Visible() && show.failure == nullptr) {
+    try {
+      Begin(show);
+    } catch (...) {
+      if (!leaving_) throw;
+      show.failure = std::current_exception();
+    }
+    while (form.Visible() && show.failure == nullptr && !leaving_) {
       // Told to end, the program must still unwind through the handlers that wait here.
       if (show.loop.exec() < 0) show.loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     UsersTurn();
+    if (leaving_) {
+      if (show.failure != nullptr) KeepFailure(std::exchange(show.failure, nullptr));
+      show.busy = true;
+      TakeAway(form);
+    }
     window.hide();
     if (const auto size = window.SizeOfUser(); size && KeepSize) KeepSize(window, *size);
   }
   if (show.failure != nullptr) std::rethrow_exception(show.failure);
+  if (leaving_) return;
   if (auto* below = TopWindow()) below->activateWindow();
+}
+
+void QtFrontEnd::Begin(Show& show) {
+  auto& form = show.window.Model();
+  show.window.Appear();
+  PaintOnly();
+  if (leaving_) return;
+  show.busy = true;
+  form.Shown();
+  show.busy = false;
+  ShowChanges();
+  if (form.Visible()) RecallSizeOf(show.window);
+  UsersTurn();
+  RunHooks(show.window);
+}
+
+void QtFrontEnd::Leave() {
+  if (std::exchange(leaving_, true)) return;
+  if (message_ != nullptr) message_->accept();
+  for (auto* show : shows_) show->loop.quit();
+}
+
+void QtFrontEnd::KeepFailure(const std::exception_ptr& failure) {
+  leavingFailures_.push_back(failure);
+  if (FailedWhileLeaving) FailedWhileLeaving(failure);
+}
+
+void QtFrontEnd::TakeAway(Form& form) {
+  try {
+    form.Unload();
+  } catch (...) {
+    leavingFailures_.push_back(std::current_exception());
+  }
 }
 
 void QtFrontEnd::RecallSizeOf(FormWindow& window) {
@@ -130,7 +169,7 @@ void QtFrontEnd::RunHooks(FormWindow& window) {
 void QtFrontEnd::Gesture(const FormWindow& window, const std::function<void()>& handler) noexcept {
   if (shows_.empty()) return;
   auto& show = *shows_.back();
-  if (&show.window != &window || show.busy || show.failure != nullptr) return;
+  if (&show.window != &window || show.busy || show.failure != nullptr || leaving_) return;
   if (!window.Model().Visible()) return;
   show.busy = true;
   UsersTurn();
@@ -196,6 +235,7 @@ void QtFrontEnd::UsersTurn() {
 }
 
 void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::string& text) {
+  if (leaving_) return;
   ShowChanges();
   QMessageBox box(IconOf(icon), Text(title), Text(text).replace('\r', '\n'), QMessageBox::Ok,
                   TopWindow());
@@ -215,6 +255,7 @@ void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::
   // The user is to read and answer: no time for the hourglass.
   if (hourglass_) QApplication::restoreOverrideCursor();
   UsersTurn();
+  const QScopedValueRollback waiting(message_, &box);
   box.exec();
   UsersTurn();
   if (hourglass_) QApplication::setOverrideCursor(Qt::WaitCursor);

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QSize>
+#include <exception>
 #include <functional>
 #include <optional>
 #include <string>
@@ -41,6 +42,22 @@ class QtFrontEnd : public FrontEnd {
   /// The window that the first dialog stands before, and that waits for it; not owned. The host's
   /// other windows stay usable, unless it is null: all of them wait then.
   void HostWindow(QWidget* window) noexcept { host_ = window; }
+
+  /// The program is to end: unloads the open forms from the innermost out, each once the handler
+  /// that runs in it has returned, and asks nobody. From now on a form that is shown is unloaded at
+  /// once without a window, a message counts as read, and what the user does goes nowhere. A
+  /// failure keeps no other form from being unloaded and comes out of no show; see
+  /// `LeavingFailures`.
+  ///
+  /// Returns before the forms have gone: the outermost `RunModal` returns when they have. A dialog
+  /// of the host's own that stands before a form is the host's to close. No effect when called
+  /// again.
+  void Leave();
+  [[nodiscard]] bool Leaving() const noexcept { return leaving_; }
+  /// What handlers and `Form_Unload` have thrown while leaving, in its order.
+  [[nodiscard]] const std::vector<std::exception_ptr>& LeavingFailures() const noexcept {
+    return leavingFailures_;
+  }
 
   void RunModal(Form& form) override;
   void Hidden(Form& form) override;
@@ -81,6 +98,8 @@ class QtFrontEnd : public FrontEnd {
   std::function<void(const Form& form, const Retivo& grid, int entry)> EditEnding;
   /// Told of a form that is about to unload itself: it goes in order, not by a failure.
   std::function<void(const Form& form)> FormUnloading;
+  /// Told of a handler's failure while leaving, before its form is unloaded. Throws nothing.
+  std::function<void(const std::exception_ptr& failure)> FailedWhileLeaving;
 
   /// For the windows: runs what the user's gesture asks for, then shows what it changed. When a
   /// dialog has stood meanwhile, the rows chosen before are chosen again (`CurrentRows`). Nothing
@@ -91,6 +110,11 @@ class QtFrontEnd : public FrontEnd {
   [[nodiscard]] bool Busy() const noexcept;
 
  private:
+  void Begin(Show& show);
+  /// A handler has failed while leaving.
+  void KeepFailure(const std::exception_ptr& failure);
+  /// The end of a form while leaving, shown or not.
+  void TakeAway(Form& form);
   void RecallSizeOf(FormWindow& window);
   void RunHooks(FormWindow& window);
   void ShowChanges();
@@ -103,6 +127,9 @@ class QtFrontEnd : public FrontEnd {
   LateKeys lateKeys_{[this] { return TopWindow(); }};
   unsigned showsBegun_ = 0;
   QWidget* host_ = nullptr;
+  QMessageBox* message_ = nullptr;  // the one that waits to be read
+  bool leaving_ = false;
+  std::vector<std::exception_ptr> leavingFailures_;
   bool hourglass_ = false;
   bool waiting_ = false;  // the hourglass that nobody asked for stands
   QElapsedTimer sincePaint_;

@@ -126,4 +126,9 @@ void frmPrueba::Form_Resize() {
   if (OnResize) OnResize();
 }
 
+void frmPrueba::Form_Unload() {
+  Log("descarga");
+  if (OnUnload) OnUnload();
+}
+
 }  // namespace quorvane::test

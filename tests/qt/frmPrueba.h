@@ -45,6 +45,7 @@ class frmPrueba : public Form {
   std::function<void()> OnActivate;
   std::function<void(int&)> OnKey;
   std::function<void()> OnResize;
+  std::function<void()> OnUnload;
 
   void Log(const std::string& event) { log.push_back(event); }
 
@@ -52,7 +53,7 @@ class frmPrueba : public Form {
   void Form_Activate() override;
   void Form_KeyDown(int& keyCode) override;
   void Form_Resize() override;
-  void Form_Unload() override { Log("descarga"); }
+  void Form_Unload() override;
 
  private:
   void Draw();

@@ -1,0 +1,222 @@
+#include <QMessageBox>
+#include <QTimer>
+#include <gmock/gmock.h>
+
+#include "platform/MessageBox.h"
+#include "platform/RuntimeError.h"
+#include "tests/qt/Hands.h"
+#include "tests/qt/ScreenTest.h"
+#include "tests/qt/frmPrueba.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// Two forms, one opened from the other, and what happens to both in one list.
+class LeavingTest : public ScreenTest {
+ protected:
+  LeavingTest() {
+    outer->OnUnload = [this] { events.emplace_back("fuera"); };
+    inner->OnUnload = [this] { events.emplace_back("dentro"); };
+    outer->cmdPagina.Click = [this] {
+      inner->ShowModal();
+      events.emplace_back("sigue");
+    };
+  }
+
+  /// Opens the inner form from the outer one, and leaves the program from its window.
+  void LeaveFromInner() {
+    Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+    Then([this](qt::FormWindow&) { screen.Leave(); });
+  }
+
+  [[nodiscard]] std::string Failures() const {
+    std::string texts;
+    for (const auto& failure : screen.LeavingFailures()) {
+      try {
+        std::rethrow_exception(failure);
+      } catch (const std::exception& error) {
+        texts += std::string(texts.empty() ? "" : ", ") + error.what();
+      }
+    }
+    return texts;
+  }
+
+  std::shared_ptr<frmPrueba> outer = std::make_shared<frmPrueba>("frmFuera");
+  std::shared_ptr<frmPrueba> inner = std::make_shared<frmPrueba>("frmDentro");
+  std::vector<std::string> events;
+};
+
+TEST_F(LeavingTest, TheFormsAreUnloadedFromTheInnermostOut) {
+  LeaveFromInner();
+  outer->ShowModal();
+  // What stands behind the opening of a form goes on before its own form goes.
+  EXPECT_THAT(events, ElementsAre("dentro", "sigue", "fuera"));
+  EXPECT_FALSE(outer->Loaded());
+  EXPECT_EQ(Failures(), "");
+  ExpectDone();
+}
+
+TEST_F(LeavingTest, NothingHappensWithoutAForm) {
+  screen.Leave();
+  EXPECT_TRUE(screen.Leaving());
+}
+
+TEST_F(LeavingTest, AFormHiddenBehindTheOpenOneIsUnloaded) {
+  outer->cmdPagina.Click = [this] {
+    outer->Hide();
+    inner->ShowModal();
+  };
+  LeaveFromInner();
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("dentro", "fuera"));
+}
+
+TEST_F(LeavingTest, AFormThatIsShownTwiceIsUnloadedOnce) {
+  outer->cmdPagina.Click = [this] {
+    outer->Hide();
+    inner->ShowModal();
+  };
+  inner->cmdAceptar.Click = [this] {
+    inner->Unload();
+    outer->ShowModal();
+  };
+  for (int round = 0; round < 2; ++round) {
+    Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+    Then([](qt::FormWindow& window) { Click(window, "cmdAceptar"); });
+  }
+  Then([this](qt::FormWindow&) {
+    events.clear();
+    screen.Leave();
+  });
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("fuera"));
+  ExpectDone();
+}
+
+TEST_F(LeavingTest, TheHandlerThatRunsEndsFirst) {
+  outer->cmdPagina.Click = [this] {
+    screen.Leave();
+    outer->Refresh();
+    events.emplace_back("guardado");
+  };
+  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("guardado", "fuera"));
+}
+
+TEST_F(LeavingTest, AFormThatIsOpenedMeanwhileComesNotOnTheScreen) {
+  inner->OnActivate = [this] { events.emplace_back("activa"); };
+  outer->cmdPagina.Click = [this] {
+    screen.Leave();
+    inner->ShowModal();
+    EXPECT_FALSE(inner->Loaded());
+    events.emplace_back("sigue");
+  };
+  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("dentro", "sigue", "fuera"));
+  ExpectDone();
+}
+
+TEST_F(LeavingTest, AnActivationThatRunsEndsFirst) {
+  outer->OnActivate = [this] {
+    QTimer::singleShot(0, [this] { screen.Leave(); });
+    outer->Refresh();
+    EXPECT_TRUE(screen.Leaving());
+    events.emplace_back("activa");
+  };
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("activa", "fuera"));
+}
+
+TEST_F(LeavingTest, AFormWhoseWindowJustComesUpIsNotActivated) {
+  outer->OnActivate = [this] { events.emplace_back("activa"); };
+  QTimer::singleShot(0, [this] { screen.Leave(); });
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("fuera"));
+}
+
+TEST_F(LeavingTest, TheMessageThatWaitsCountsAsReadAndNoOtherComes) {
+  auto shown = 0;
+  screen.MessageShown = [this, &shown](QMessageBox&) {
+    ++shown;
+    screen.Leave();
+  };
+  outer->cmdPagina.Click = [this] {
+    for (const auto* const text : {"Uno", "Dos"}) MessageBox(text, MessageIcon::Information);
+    events.emplace_back("sigue");
+  };
+  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  outer->ShowModal();
+  EXPECT_EQ(shown, 1);
+  EXPECT_THAT(events, ElementsAre("sigue", "fuera"));
+}
+
+TEST_F(LeavingTest, WhatTheUserDoesMeanwhileGoesNowhere) {
+  Then([this](qt::FormWindow& window) {
+    screen.Leave();
+    Click(window, "cmdAceptar");
+    Type(window, "txtTexto", "1");
+    window.close();
+  });
+  outer->ShowModal();
+  EXPECT_THAT(outer->log, ElementsAre("descarga"));
+}
+
+TEST_F(LeavingTest, LeavingAgainDoesNothing) {
+  outer->OnUnload = [this] {
+    screen.Leave();
+    events.emplace_back("fuera");
+  };
+  Then([this](qt::FormWindow&) {
+    screen.Leave();
+    screen.Leave();
+  });
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("fuera"));
+}
+
+TEST_F(LeavingTest, AFailingUnloadKeepsNoOtherFormFromIt) {
+  inner->OnUnload = [] { throw RuntimeError(ErrorNumber::StatementFailed, "uno"); };
+  outer->OnUnload = [this] {
+    events.emplace_back("fuera");
+    throw RuntimeError(ErrorNumber::StatementFailed, "dos");
+  };
+  LeaveFromInner();
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("sigue", "fuera"));
+  EXPECT_EQ(Failures(), "uno, dos");
+  ExpectDone();
+}
+
+TEST_F(LeavingTest, AHandlerThatFailsMeanwhileIsFollowedByTheUnload) {
+  inner->cmdAceptar.Click = [this] {
+    screen.Leave();
+    throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
+  };
+  screen.FailedWhileLeaving = [this](const std::exception_ptr& failure) {
+    EXPECT_NE(failure, nullptr);
+    events.emplace_back("falla");
+  };
+  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  Then([](qt::FormWindow& window) { Click(window, "cmdAceptar"); });
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("falla", "dentro", "sigue", "fuera"));
+  EXPECT_EQ(Failures(), "fallo");
+}
+
+TEST_F(LeavingTest, AnActivationThatFailsMeanwhileIsFollowedByTheUnload) {
+  outer->OnActivate = [this] {
+    screen.Leave();
+    throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
+  };
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("fuera"));
+  EXPECT_EQ(Failures(), "fallo");
+}
+
+}  // namespace
+}  // namespace quorvane::test
