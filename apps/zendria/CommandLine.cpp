@@ -31,7 +31,8 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, st
   app.add_option("--usuario", line.user, "Entra como el usuario N sin preguntar")->type_name("N");
   app.footer(
       "Estado de salida: 0; 1 si la escuela pedida no se pudo abrir; 2 si los argumentos no\n"
-      "valen; 3 si no hay pantalla.");
+      "valen; 3 si no hay pantalla; 4 si, al pedirle que acabe, algo falló en una pantalla\n"
+      "abierta. Con SIGHUP, SIGINT o SIGTERM cierra lo abierto y acaba por esa señal.");
   try {
     app.parse(argc, argv);
     if (!line.file.empty() && !line.odbc.empty())

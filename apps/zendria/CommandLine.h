@@ -15,7 +15,7 @@ struct CommandLine {
 };
 
 /// How the host ends.
-enum class ExitStatus { Ok = 0, NoSchool = 1, BadArguments = 2, NoDisplay = 3 };
+enum class ExitStatus { Ok = 0, NoSchool = 1, BadArguments = 2, NoDisplay = 3, LeftBadly = 4 };
 
 /// Reads the arguments. Without a result there is nothing more to do but to end with `status`: the
 /// help has been written to `out`, or what is wrong to `err`.

@@ -1,7 +1,7 @@
 #include "apps/zendria/MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QMenuBar>
@@ -13,6 +13,7 @@
 #include "adapters/qt/IconStore.h"
 #include "adapters/qt/QtFrontEnd.h"
 #include "apps/zendria/AboutBox.h"
+#include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/LocksDialog.h"
@@ -163,6 +164,11 @@ void MainWindow::OpenNode(std::uint8_t node) {
   std::optional<Failure> failure;
   {
     const QScopedValueRollback open(nodeOpen_, true);
+    const QScopedValueRollback<decltype(screen_.FailedWhileLeaving)> rescue(
+        screen_.FailedWhileLeaving, [this, entry](const std::exception_ptr& thrown) {
+          const auto rescued = Rescue(FailureOf(thrown), entry->title);
+          if (rescued && Rescued) Rescued(*rescued);
+        });
     Working(entry->title);
     rescue_.Begin();
     failure = Reconnect(*school_);
@@ -170,22 +176,28 @@ void MainWindow::OpenNode(std::uint8_t node) {
       failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
   Working({});
+  if (screen_.Leaving()) return;
   if (failure) ShowFailed(*failure, entry->title);
   page_.setFocus();
 }
 
+std::optional<RescuedGrades> MainWindow::Rescue(const Failure& failure,
+                                                const QString& screenTitle) {
+  return rescue_.Rescue(*school_, {school_->File(), screenTitle, user_.name,
+                                   QDateTime::currentDateTime(), FailureHeading(failure)});
+}
+
 void MainWindow::ShowFailed(const Failure& failure, const QString& screenTitle) {
-  const auto rescued =
-      rescue_.Rescue(*school_, {school_->File(), screenTitle, user_.name,
-                                QDateTime::currentDateTime(), FailureHeading(failure)});
+  const auto rescued = Rescue(failure, screenTitle);
   const auto* const grades = rescued ? &*rescued : nullptr;
   ShowFailure(this, failure, grades, SupportDetails(failure, screenTitle, grades, log_));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   // The screen that is open works on the connections of this window's school.
-  if (nodeOpen_) {
+  if (nodeOpen_ || QApplication::activeModalWidget() != nullptr) {
     event->ignore();
+    if (Leave) Leave();
     return;
   }
   preferences_.Remember(kGeometry, *this);
@@ -194,6 +206,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     statements_->close();
   }
   QMainWindow::closeEvent(event);
+}
+
+bool MainWindow::nativeEvent(const QByteArray& eventType, void* message, qintptr* result) {
+  // Qt drops the request while a modal window stands before this one.
+  if (!IsCloseRequest(eventType, message))
+    return QMainWindow::nativeEvent(eventType, message, result);
+  close();
+  return true;
 }
 
 void MainWindow::ShowSession() {

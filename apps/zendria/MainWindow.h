@@ -56,6 +56,11 @@ class MainWindow : public QMainWindow {
   /// The module's statements, in a window that stays.
   StatementWindow& ShowStatements();
 
+  /// Asked to end the program while a screen or a dialog stands before the window, as the task bar
+  /// does; without it the window stays.
+  std::function<void()> Leave;
+  /// Told of grades that couldn't be saved any more while the program leaves.
+  std::function<void(const RescuedGrades&)> Rescued;
   /// Shows a page outside this program; the desktop's browser unless told otherwise.
   std::function<void(const QUrl&)> Browse;
 
@@ -65,6 +70,7 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool nativeEvent(const QByteArray& eventType, void* message, qintptr* result) override;
 
  private:
   void BuildMenus();
@@ -77,6 +83,7 @@ class MainWindow : public QMainWindow {
   void ShowRecent();
   void ForgetSizes();
   void Working(const QString& screenTitle);
+  std::optional<RescuedGrades> Rescue(const Failure& failure, const QString& screenTitle);
   void ShowFailed(const Failure& failure, const QString& screenTitle);
 
   qt::QtFrontEnd& screen_;

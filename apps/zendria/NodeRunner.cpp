@@ -1,7 +1,6 @@
 #include "apps/zendria/NodeRunner.h"
 
 #include <algorithm>
-#include <exception>
 #include <initializer_list>
 
 #include "frame/cAsignarDatos.h"
@@ -61,10 +60,18 @@ std::optional<Failure> OpenNode(std::uint8_t node,
     module.ObtenerDatos(session);
     module.ActivarFormulario(node);
     return std::nullopt;
+  } catch (const std::exception&) {
+    return CleanUp(FailureOf(std::current_exception()));
+  }
+}
+
+Failure FailureOf(const std::exception_ptr& thrown) {
+  try {
+    std::rethrow_exception(thrown);
   } catch (const RuntimeError& error) {
-    return CleanUp({error.Number(), QString::fromStdString(error.Description())});
+    return {error.Number(), QString::fromStdString(error.Description())};
   } catch (const std::exception& error) {
-    return CleanUp({std::nullopt, QString::fromUtf8(error.what())});
+    return {std::nullopt, QString::fromUtf8(error.what())};
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <optional>
 
@@ -22,6 +23,9 @@ struct Failure {
 /// the next screen starts afresh.
 std::optional<Failure> OpenNode(std::uint8_t node,
                                 const std::shared_ptr<const SessionObject>& session);
+
+/// What an exception of the module, or of another kind, tells.
+Failure FailureOf(const std::exception_ptr& thrown);
 
 /// Whether the school's file has been deleted, moved or replaced while it was open.
 bool LostFile(const Failure& failure);

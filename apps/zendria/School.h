@@ -50,8 +50,8 @@ class School {
   /// fails.
   [[nodiscard]] std::unique_ptr<Connection> OpenAnew() const;
 
-  /// Before a screen: connects again where the connection was lost. A runtime error when that fails,
-  /// or when the school's file isn't in its place any more.
+  /// Before a screen: connects again where the connection was lost. A runtime error when that
+  /// fails, or when the school's file isn't in its place any more.
   void Reopen();
 
   /// Told of each statement on any of the module's three.

@@ -1,0 +1,245 @@
+#include "tests/salida/Session.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+
+#include "apps/zendria/MainWindow.h"
+#include "tests/salida/Moment.h"
+#include "tests/zendria/Robot.h"
+
+namespace quorvane::test {
+namespace {
+
+using Window = qt::FormWindow;
+using zendria::MainWindow;
+
+constexpr int kRegister = 123;
+constexpr int kByStudent = 124;
+constexpr const char* kSaved = "SELECT COUNT(*) FROM EvaluacionPte WHERE CodNota=107";
+constexpr const char* kSavedFinal = "SELECT COUNT(*) FROM EvaluacionActaPte WHERE CodNota=107";
+
+const std::vector<std::string> kTutor{"--usuario", "2"};
+const std::vector<std::string> kHead{"--usuario", "1"};
+
+void On(Robot& user, const std::string& form, const std::function<void(Window&)>& step) {
+  user.On(form, [step](Window& window) {
+    if (!AtRest()) step(window);
+  });
+}
+
+void OnDialog(Robot& user, const std::string& dialog, const std::function<void(QWidget&)>& step) {
+  user.OnDialog(dialog, [step](QWidget& widget) {
+    if (!AtRest()) step(widget);
+  });
+}
+
+void Reject(QWidget& dialog) { dynamic_cast<QDialog&>(dialog).reject(); }
+
+void LeaveStepOne(Window& window) { Robot::Click(window, "cmdNotaManual1(1)"); }
+
+std::function<void(MainWindow&)> Opens(int node) {
+  return [node](MainWindow& window) { window.OpenNode(static_cast<std::uint8_t>(node)); };
+}
+
+/// False when he rests with the list open, and does nothing any more.
+bool Grade(Window& window) {
+  auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
+  grid.setFocus();
+  grid.setCurrentIndex(grid.model()->index(0, 1));
+  QTest::keyClick(&grid, Qt::Key_F2);
+  if (AtRest()) return false;
+  // The list has the keyboard.
+  auto* const filter = window.focusWidget();
+  QTest::keyClicks(filter, "7");
+  QTest::keyClick(filter, Qt::Key_Return);
+  return true;
+}
+
+/// One flow of the grades: saved, those by student cancelled before, and out through step one.
+Session Grades(int node, const std::string& form, const QString& evaluation,
+               const std::string& choice = {}) {
+  const auto final = evaluation == "Final";
+  const auto stepOne = form + "1";
+  const auto stepTwo = form + (final ? "Final" : "");
+  Session session{.name = stepTwo, .arguments = kTutor};
+  session.prepare = [=](Robot& user) {
+    On(user, stepOne, [evaluation, choice](Window& window) {
+      Robot::Pick(window, "cboCursos", "2");
+      Robot::Pick(window, "cboSecciones", "A");
+      Robot::Pick(window, "cboEvaluaciones", evaluation);
+      if (!choice.empty()) Robot::Press(window, choice, Qt::Key_Down);
+      Robot::Click(window, "cmdNotaManual1(0)");
+    });
+    if (node == kByStudent) {
+      On(user, stepTwo, [](Window& window) {
+        if (Grade(window)) Robot::Click(window, "cmdCancelar");
+      });
+      On(user, stepOne, [](Window& window) { Robot::Click(window, "cmdNotaManual1(0)"); });
+    }
+    On(user, stepTwo, [](Window& window) {
+      if (!Grade(window)) return;
+      Saves();
+      Robot::Click(window, "cmdAceptar");
+    });
+    On(user, stepOne, LeaveStepOne);
+  };
+  session.begin = Opens(node);
+  session.select = final ? kSavedFinal : kSaved;
+  session.expected = 1;
+  return session;
+}
+
+void PickLocked(Window& window) {
+  Robot::Pick(window, "cboCursos", "3");
+  Robot::Pick(window, "cboSecciones", "A");
+  Robot::Pick(window, "cboEvaluaciones", "2");
+  Robot::Click(window, "cmdNotaManual1(0)");
+}
+
+/// All that could be graded is locked: step two says so and goes back.
+void NothingToGrade(Robot& user) {
+  On(user, "frmNotaManual1", PickLocked);
+  On(user, "frmNotaManual1", LeaveStepOne);
+}
+
+constexpr const char* kUnlockedButFull =
+    "DELETE FROM BloqueoPte WHERE CodMatDet=3112;"
+    "INSERT INTO BloqueoPte VALUES (2,3,3112,3,77);"
+    "CREATE TRIGGER lleno BEFORE INSERT ON PublicacionPte "
+    "BEGIN SELECT RAISE(ABORT,'lleno'); END";
+
+/// The publication can't be written: the screen ends, and the host tells why.
+void Failure(Robot& user) {
+  On(user, "frmNotaManual1", PickLocked);
+  OnDialog(user, "aviso", Reject);
+}
+
+void PickClass(Window& window) {
+  Robot::Pick(window, "cboTEnsenanza", "ESO");
+  Robot::Pick(window, "cboCurso", "2");
+  Robot::Pick(window, "cboSeccion", "A");
+  Robot::Click(window, "cmdAceptar");
+}
+
+void Students(Robot& user) {
+  On(user, "frmPendientes", PickClass);
+  On(user, "frmAlumnoPendiente", [](Window& window) {
+    Robot::Click(window, "cmdListar");
+    Robot::ClickRow(window, "msgAlumnos", 0);
+    Robot::Click(window, "cmdPropiedades");
+    Robot::Click(window, "cmdAceptar");
+  });
+  On(user, "frmAlumnos", [](Window& window) {
+    Robot::DoubleClickRow(window, "lstDisponibles", 0);
+    Robot::Click(window, "cmdAceptar");
+  });
+  On(user, "frmAlumnoMateria", [](Window& window) {
+    Robot::Click(window, "cmdAgregar");
+    Robot::ClickRow(window, "msgMaterias", 0);
+    Robot::Click(window, "cmdPropiedades");
+    Robot::Click(window, "cmdAceptar");
+  });
+  On(user, "frmMateriaPend", [](Window& window) {
+    Robot::Pick(window, "cboCurso", "1");
+    Robot::Pick(window, "cboSeccion", "A");
+    Robot::Pick(window, "cboMateria", "Leng");
+    Robot::Click(window, "cmdAceptar");
+  });
+  On(user, "frmMateriaEv", [](Window& window) {
+    Robot::ClickRow(window, "lstDisponibles", 0);
+    Robot::Click(window, "cmdAgregarUno");
+    Robot::Click(window, "cmdAceptar");
+  });
+}
+
+void Teachers(Robot& user) {
+  On(user, "frmPendientes", PickClass);
+  On(user, "frmAlumnoPendiente", [](Window& window) {
+    window.findChild<QTabBar*>()->setCurrentIndex(1);
+    Robot::ClickRow(window, "msgMaterias", 0);
+    Robot::Click(window, "cmdPropMat");
+    Robot::Click(window, "cmdAceptar");
+  });
+  On(user, "frmPropMatProf", [](Window& window) {
+    Robot::Click(window, "cmdNProfesor");
+    Robot::Click(window, "cmdAceptar");
+  });
+  OnDialog(user, "buscarPersona", [](QWidget& dialog) {
+    auto* const field = dialog.findChild<QLineEdit*>();
+    QTest::keyClicks(field, "vega");
+    QTest::keyClick(field, Qt::Key_Return);
+  });
+}
+
+/// The dialogs of the host's own windows.
+void HostDialogs(Robot& user) {
+  OnDialog(user, "bloqueos", [](QWidget& dialog) {
+    auto* const remove = dialog.findChild<QWidget*>("quitar");
+    remove->setFocus();
+    QTest::keyClick(remove, Qt::Key_Space);
+    Reject(dialog);
+  });
+  for (const auto* const dialog : {"pregunta", "conectar", "entrada", "QFileDialog"})
+    OnDialog(user, dialog, Reject);
+}
+
+void OpenHostDialogs(MainWindow& window) {
+  window.ShowLocks();
+  for (const auto* const action : {"conectarServidor", "cambiarUsuario"})
+    window.findChild<QAction*>(action)->trigger();
+  for (auto* const action : window.findChildren<QAction*>())
+    if (action->shortcut() == QKeySequence::Open) action->trigger();
+}
+
+/// Nobody has signed in yet.
+void SignIn(Robot& user) {
+  OnDialog(user, "entrada", [](QWidget& dialog) {
+    auto* const field = dialog.findChild<QLineEdit*>();
+    QTest::keyClicks(field, "ruiz");
+    QTest::keyClick(field, Qt::Key_Return);
+  });
+  On(user, "frmNotaManual1", LeaveStepOne);
+}
+
+}  // namespace
+
+void PrintTo(const Session& session, std::ostream* out) { *out << session.name; }
+
+const std::vector<Session>& Sessions() {
+  static const std::vector<Session> all{
+      Grades(kByStudent, "frmNotaManual", "1"),
+      Grades(kByStudent, "frmNotaManual", "Final"),
+      Grades(125, "frmNotaMateria", "1"),
+      Grades(125, "frmNotaMateria", "Final"),
+      Grades(126, "frmNotaSeccionMateria", "1", "cboAlumno"),
+      Grades(126, "frmNotaSeccionMateria", "Final", "cboAlumno"),
+      Grades(127, "frmNotaSeccionAlumno", "1", "cboMateria"),
+      Grades(127, "frmNotaSeccionAlumno", "Final", "cboMateria"),
+      {.name = "vacio", .arguments = kHead, .prepare = NothingToGrade, .begin = Opens(kByStudent)},
+      {.name = "fallo",
+       .sql = kUnlockedButFull,
+       .arguments = kHead,
+       .prepare = Failure,
+       .begin = Opens(kByStudent)},
+      {.name = "registro",
+       .arguments = kHead,
+       .prepare = Students,
+       .begin = Opens(kRegister),
+       .select = "SELECT COUNT(*) FROM Seccion_AlumnoPte WHERE CodSeccion=321",
+       .expected = 2},
+      {.name = "profesores",
+       .arguments = kHead,
+       .prepare = Teachers,
+       .begin = Opens(kRegister),
+       .select = "SELECT COUNT(*) FROM Profesor_Pte WHERE CodProfesor=3",
+       .expected = 1},
+      {.name = "ventanas", .arguments = kHead, .prepare = HostDialogs, .begin = OpenHostDialogs},
+      {.name = "entrada", .prepare = SignIn, .begin = Opens(kByStudent)},
+  };
+  return all;
+}
+
+}  // namespace quorvane::test
