@@ -65,31 +65,38 @@ RandomHost::RandomHost(Prng& random) : random_(random) {
 RandomHost::~RandomHost() { Application::Instance().Objects().Reset(); }
 
 std::string RandomHost::SignIn(const HostConnections& school, int user) {
-  const auto profile = random_.Chance(50) ? 0 : 1;
-  const auto centre = random_.Chance(97) ? 1 : 2;
-  const auto active = random_.Chance(90);
+  HostSession drawn;
+  drawn.user = user;
+  drawn.profile = random_.Chance(50) ? 0 : 1;
+  drawn.centre = random_.Chance(97) ? 1 : 2;
+  drawn.active = random_.Chance(90);
+  return SignIn(school, drawn);
+}
+
+std::string RandomHost::SignIn(const HostConnections& school, const HostSession& asked) {
   const auto flag = [](bool value) { return Value(value ? -1 : 0); };
   auto session = std::make_shared<SessionValues>();
   session->Set("RutaAplicacion", Value("C:\\Zendria"));
   session->Set("RutaIcono", Value("C:\\Zendria\\iconos\\zendria.ico"));
   session->Set("RutaBD", Value("C:\\Zendria\\centro.mdb"));
-  session->Set("Activa", flag(active));
+  session->Set("Activa", flag(asked.active));
   session->Set("Accion", Value(0));
   session->Set("lngRowData", Value(0));
   session->Set("conexionBORRADOlocalCENTRO", &school.borrado);
   session->Set("conexionlocalCENTRO", &school.centro);
   session->Set("conexionAppEntrada", &school.entrada);
-  session->Set("IDUsuario", Value(user));
-  session->Set("IDPerfil", Value(profile));
-  session->Set("IDCentro", Value(centre));
+  session->Set("IDUsuario", Value(asked.user));
+  session->Set("IDPerfil", Value(asked.profile));
+  session->Set("IDCentro", Value(asked.centre));
   session->Set("IDCursoEscolar", Value(1));
   session->Set("NombreUsuario", Value("Usuario"));
   session->Set("NombreCentro", Value("Centro"));
   session->Set("Pesetas", flag(false));
   session->Set("SQLServer", flag(school.sqlServer));
   cAsignarDatos().ObtenerDatos(session);
-  return "sesion usuario=" + std::to_string(user) + " perfil=" + std::to_string(profile) +
-         " centro=" + std::to_string(centre) + " activa=" + (active ? "1" : "0") +
+  return "sesion usuario=" + std::to_string(asked.user) +
+         " perfil=" + std::to_string(asked.profile) + " centro=" + std::to_string(asked.centre) +
+         " activa=" + (asked.active ? "1" : "0") +
          (school.sqlServer ? " sqlserver" : "");
 }
 

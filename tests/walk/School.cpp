@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "apps/escuela/DemoSchool.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "tests/walk/Disturbance.h"
@@ -9,10 +10,20 @@
 #include "tests/walk/Statement.h"
 
 namespace quorvane::test {
+
 School::School(Prng& random) : sqlServer_(random.Chance(30)) {
+  Open();
+  engine_.ExecuteScript(RandomSchool(random, sqlServer_).Script());
+}
+
+School::School(Sample /*which*/) {
+  Open();
+  DemoSchool(engine_).Build();
+}
+
+void School::Open() {
   engine_.Open();
   engine_.ExecuteScript(std::string(SqliteSchema()));
-  engine_.ExecuteScript(RandomSchool(random, sqlServer_).Script());
   for (auto* connection : {&centro_, &borrado_, &entrada_})
     connection->Observe(
         [this](const Connection& /*watched*/, const std::string& statement) { Watch(statement); });
@@ -24,6 +35,7 @@ void School::Watch(const std::string& statement) {
     throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
   }
   if (!Reads(statement)) written_ = true;
+  if (Executing) Executing(statement);
 }
 
 void School::Disturb(Prng& random) { engine_.ExecuteScript(RandomDisturbance(random)); }

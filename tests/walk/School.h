@@ -1,15 +1,28 @@
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "apps/escuela/Prng.h"
 #include "tests/walk/SchoolConnection.h"
 
 namespace quorvane::test {
 
-/// A small random school in memory, with the connections that a host has to it. It watches the
-/// module's statements, and can have one of them fail.
+/// A small school in memory, with the connections that a host has to it. It watches the module's
+/// statements, and can have one of them fail.
 class School {
  public:
+  struct Sample {};
+
+  /// A random one.
   explicit School(Prng& random);
+  /// The sample school, in which nothing is odd.
+  explicit School(Sample which);
+  School(const School&) = delete;
+  School& operator=(const School&) = delete;
+  School(School&&) = delete;
+  School& operator=(School&&) = delete;
+  ~School() = default;
 
   [[nodiscard]] SchoolConnection& Centro() noexcept { return centro_; }
   [[nodiscard]] SchoolConnection& Borrado() noexcept { return borrado_; }
@@ -30,7 +43,11 @@ class School {
   /// Whether the module has executed anything but reading since the last time that this was asked.
   [[nodiscard]] bool TakeWritten() noexcept;
 
+  /// The module is about to execute a statement.
+  std::function<void(const std::string& statement)> Executing;
+
  private:
+  void Open();
   void Watch(const std::string& statement);
 
   sqlite::SqliteConnection engine_{":memory:", "", sqlite::OpenMode::Create};

@@ -1,0 +1,150 @@
+#include "tests/ventana/HastyHands.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTableView>
+#include <QWindow>
+#include <vector>
+
+#include "tests/ventana/Keys.h"
+#include "tests/ventana/OpenList.h"
+#include "tests/ventana/Weighted.h"
+
+namespace quorvane::test {
+namespace {
+
+/// How often a user clicks it, against the others.
+int WeightOf(const QWidget& widget) {
+  if (const auto* box = dynamic_cast<const QComboBox*>(&widget))
+    return box->currentIndex() < 0 && box->count() > 0 ? 80 : 8;
+  if (dynamic_cast<const QTableView*>(&widget) != nullptr) return 50;
+  if (dynamic_cast<const QAbstractItemView*>(&widget) != nullptr) return 25;
+  if (dynamic_cast<const QTabBar*>(&widget) != nullptr) return 4;
+  if (dynamic_cast<const QLineEdit*>(&widget) != nullptr) return 3;
+  if (dynamic_cast<const QCheckBox*>(&widget) != nullptr) return 3;
+  if (const auto* button = dynamic_cast<const QPushButton*>(&widget)) {
+    const auto name = button->objectName();
+    // What leaves a form: seldom, so that something is done in it.
+    if (name == "cmdCancelar" || name == "cmdNotaManual1(1)") return 1;
+    if (name == "cmdAceptar") return 6;
+    return button->isDefault() ? 20 : 10;
+  }
+  return 0;
+}
+
+std::vector<QWidget*> Reachable(QWidget& front) {
+  std::vector<QWidget*> widgets;
+  for (auto* widget : front.findChildren<QWidget*>())
+    if (widget->isVisible() && widget->isEnabled() && widget->window() == &front &&
+        WeightOf(*widget) > 0)
+      widgets.push_back(widget);
+  return widgets;
+}
+
+std::string NameOf(const QWidget& widget) {
+  const auto name = widget.objectName();
+  return name.isEmpty() ? std::string(widget.metaObject()->className()) : name.toStdString();
+}
+
+}  // namespace
+
+HastyHands::Deed HastyHands::Act(QWidget& front, const qt::FormWindow& window) {
+  if (Chance(2)) {
+    InputQueue::Close(window.windowHandle());
+    return {"cierra " + window.Model().Name()};
+  }
+  return Chance(FindOpenList(window) ? 750 : 520) ? Type(front, window) : Click(front, window);
+}
+
+HastyHands::Deed HastyHands::Type(QWidget& front, const qt::FormWindow& window) {
+  const auto leaves = &front == &window && !FindOpenList(window);
+  const auto& press = AnyKey(random_, leaves ? 3 : 40);
+  // As often to where the keyboard is by then as to the window that the user looks at.
+  Put(queue_, random_.Chance(50) ? nullptr : front.window()->windowHandle(), press);
+  return {std::string("tecla ") + press.name};
+}
+
+HastyHands::Deed HastyHands::ClickAt(QPoint place, const std::string& text) {
+  if (Chance(60)) {
+    queue_.DoubleClick(place);
+    return {"doble clic en " + text, 1, place};
+  }
+  if (Chance(20)) {
+    queue_.Wheel(place, random_.Chance(50) ? 1 : -1);
+    return {"rueda sobre " + text};
+  }
+  if (Chance(10)) {
+    queue_.Click(place, Qt::RightButton);
+    return {"clic derecho en " + text};
+  }
+  queue_.Click(place);
+  return {"clic en " + text, 1, place};
+}
+
+HastyHands::Deed HastyHands::Click(QWidget& front, const qt::FormWindow& window) {
+  if (const auto open = FindOpenList(window); open && random_.Chance(35))
+    return ClickOn(*open->entries);
+  if (Chance(40)) {
+    const auto room = front.frameGeometry();
+    const QPoint inside(static_cast<int>(random_.Below(static_cast<std::size_t>(room.width()))),
+                        static_cast<int>(random_.Below(static_cast<std::size_t>(room.height()))));
+    return ClickAt(room.topLeft() + inside, "la ventana");
+  }
+  if (Chance(10)) return ClickAt({2, 2}, "la esquina de la pantalla");
+  const auto widgets = Reachable(front);
+  if (widgets.empty()) return ClickAt(front.frameGeometry().center(), "la ventana");
+  return ClickOn(*Weighted(random_, widgets, [](const auto* widget) { return WeightOf(*widget); }));
+}
+
+HastyHands::Deed HastyHands::ClickOn(QWidget& widget) {
+  auto* box = dynamic_cast<QComboBox*>(&widget);
+  if (box != nullptr && box->count() > 0 && random_.Chance(90)) return PickByKeys(*box);
+  if (auto* table = dynamic_cast<QTableView*>(&widget); table != nullptr && Chance(10)) {
+    auto* header = table->horizontalHeader();
+    const auto border = header->sectionViewportPosition(0) + header->sectionSize(0) - 1;
+    const auto from = header->viewport()->mapToGlobal(QPoint(border, header->height() / 2));
+    queue_.Drag(from, from + QPoint(static_cast<int>(random_.Below(80)) - 40, 0));
+    return {"arrastra una columna de " + NameOf(widget)};
+  }
+  const auto place = PlaceOn(widget);
+  return ClickAt(
+      place, NameOf(widget) + " " + std::to_string(place.x()) + "," + std::to_string(place.y()));
+}
+
+HastyHands::Deed HastyHands::PickByKeys(QComboBox& box) {
+  const auto entry = static_cast<int>(random_.Below(static_cast<std::size_t>(box.count())));
+  auto* window = box.window()->windowHandle();
+  queue_.Click(box.mapToGlobal(box.rect().center()));
+  queue_.Key(window, Qt::Key_Home);
+  for (int i = 0; i < entry; ++i) queue_.Key(window, Qt::Key_Down);
+  queue_.Key(window, Qt::Key_Return, {}, "\r");
+  return {"elige la entrada " + std::to_string(entry) + " de " + NameOf(box), entry + 3};
+}
+
+QPoint HastyHands::PlaceOn(QWidget& widget) {
+  if (auto* view = dynamic_cast<QAbstractItemView*>(&widget)) {
+    const auto* model = view->model();
+    // Some tries for a cell that is in sight; else just somewhere.
+    for (int tries = 0; tries < 10 && model->rowCount() > 0 && model->columnCount() > 0; ++tries) {
+      const auto row = random_.Below(static_cast<std::size_t>(model->rowCount()));
+      const auto column = random_.Below(static_cast<std::size_t>(model->columnCount()));
+      const auto room =
+          view->visualRect(model->index(static_cast<int>(row), static_cast<int>(column)));
+      if (room.isEmpty() || !view->viewport()->rect().contains(room.center())) continue;
+      return view->viewport()->mapToGlobal(room.center());
+    }
+    return view->viewport()->mapToGlobal(view->viewport()->rect().center());
+  }
+  if (const auto* tabs = dynamic_cast<QTabBar*>(&widget); tabs != nullptr && tabs->count() > 0) {
+    const auto tab = random_.Below(static_cast<std::size_t>(tabs->count()));
+    return tabs->mapToGlobal(tabs->tabRect(static_cast<int>(tab)).center());
+  }
+  return widget.mapToGlobal(widget.rect().center());
+}
+
+}  // namespace quorvane::test

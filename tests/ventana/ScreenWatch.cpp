@@ -1,0 +1,82 @@
+#include "tests/ventana/ScreenWatch.h"
+
+#include <string_view>
+
+#include "adapters/qt/FormWindow.h"
+#include "platform/CommandButton.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr std::string_view kRegister = "frmAlumnoPendiente";
+
+}  // namespace
+
+ScreenWatch::ScreenWatch(School& school, const WatchedScreen& screen)
+    : screen_(screen), tables_(school), grades_(school) {}
+
+void ScreenWatch::Begin(bool disturbed) {
+  if (disturbed) registers_.Forget();
+  tables_.Begin();
+}
+
+void ScreenWatch::Loading(Form& form) { tables_.Loading(form); }
+
+void ScreenWatch::Opened(Form& form) {
+  Settle();
+  tables_.Opened(form);
+  if (EntersGrades(form)) {
+    grades_.Open(form);
+    WatchSaving(form);
+  } else if (form.Name() == kRegister) {
+    register_ = form.shared_from_this();
+    WatchSaving(form);
+  }
+}
+
+void ScreenWatch::WatchSaving(Form& form) {
+  auto& button = dynamic_cast<CommandButton&>(*form.Find("cmdAceptar"));
+  button.Click = [this, &form, save = button.Click] {
+    Accepting(form);
+    save();
+  };
+}
+
+void ScreenWatch::Accepting(const Form& form) {
+  tables_.Accepting(form);
+  const auto& window = *screen_.ActiveWindow();
+  if (EntersGrades(form))
+    grades_.Accept(window);
+  else
+    registers_.Accept(window);
+}
+
+void ScreenWatch::Settle() {
+  if (grades_.Watched() != nullptr && !grades_.Watched()->Loaded()) grades_.Close(true);
+  if (const auto form = register_.lock(); form != nullptr && !form->Loaded()) {
+    registers_.Close(true);
+    register_.reset();
+  }
+  tables_.Settle();
+}
+
+void ScreenWatch::End() {
+  Settle();
+  tables_.End();
+}
+
+void ScreenWatch::Failed(bool registerNode) {
+  grades_.Close(false);
+  registers_.Close(false);
+  register_.reset();
+  tables_.Failed(registerNode);
+}
+
+void ScreenWatch::Look(bool oneGesture) {
+  Settle();
+  const auto& window = *screen_.ActiveWindow();
+  if (EntersGrades(window.Model()) && screen_.Ready()) grades_.Look(window, oneGesture);
+  if (window.Model().Name() == kRegister) registers_.Look(window);
+}
+
+}  // namespace quorvane::test

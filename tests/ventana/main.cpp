@@ -1,0 +1,45 @@
+#include <QApplication>
+#include <iostream>
+
+#include "tests/ventana/WindowWalk.h"
+#include "tests/walk/WalkMain.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr WalkOptions kDefaults{20'000, 1};
+
+constexpr const char* kUsage = R"(Uso: ventana [--gestos N] [--semilla S]
+
+Abre las pantallas del módulo en sus ventanas de verdad y actúa como un usuario
+con prisa: teclas y ratón al azar, de una en una o muchas a la vez, también
+mientras un formulario carga o graba. Comprueba tras cada grabación que la base
+de datos tiene lo que se mostraba, y al cerrar que no quedan publicaciones ni
+bloqueos.
+
+  --gestos N    cuántos gestos (20000)
+  --semilla S   con qué números al azar (1)
+)";
+
+void Run(const WalkOptions& options, History& history) {
+  WindowWalk walk(options, history);
+  walk.Run();
+  walk.Report(std::cout);
+}
+
+}  // namespace
+}  // namespace quorvane::test
+
+int main(int argc, char** argv) {
+  using namespace quorvane::test;
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  // Nothing that hangs on the clock: the same seed is to give the same walk.
+  for (const auto effect : {Qt::UI_AnimateCombo, Qt::UI_AnimateMenu, Qt::UI_AnimateTooltip})
+    QApplication::setEffectEnabled(effect, false);
+  QApplication::setCursorFlashTime(0);
+  QApplication::setKeyboardInputInterval(-1);
+  QApplication::setDoubleClickInterval(20);
+  return WalkMain({"ventana", kUsage, kDefaults, Run}, argc, argv);
+}
