@@ -1,15 +1,16 @@
 #pragma once
 
-#include <QObject>
 #include <QTimer>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "apps/escuela/Prng.h"
 #include "tests/ventana/InputQueue.h"
 #include "tests/ventana/Keys.h"
-#include "tests/ventana/ScreenWatch.h"
 #include "tests/ventana/WatchedScreen.h"
+#include "tests/walk/History.h"
+#include "tests/walk/Onlooker.h"
 #include "tests/walk/School.h"
 
 namespace quorvane::test {
@@ -38,7 +39,7 @@ class KeyPass : private Onlooker {
   class EscapeFilter;
 
   void Loading(Form& /*form*/) override {}
-  void Opened(Form& form) override;
+  void Opened(Form& /*form*/) override {}
   void Accepting(const Form& /*form*/) override {}
   void Settle() override {}
 
@@ -60,7 +61,7 @@ class KeyPass : private Onlooker {
   QTimer turn_;
   std::vector<std::string> log_;
   std::function<void()> save_;
-  std::size_t next_ = 0;  ///< the key to come
+  std::size_t next_ = 0;   ///< the key to come
   std::size_t entry_ = 0;  ///< of step one's last list, to be tried
   int quiet_ = 0;
   bool begun_ = false;

@@ -112,13 +112,12 @@ void WindowWalk::OpenScreen() {
 }
 
 bool WindowWalk::Explains(const RuntimeError& error) const {
-  if (IsOfTheSubjects(error)) return true;
+  if (IsOfTheSubjects(error) || error.Is(ErrorNumber::MissingResource)) return true;
   if (sample_) return false;
   // The tutor's grid has no column for such a kind of grade.
   if (error.Is(ErrorNumber::InvalidArrayIndex))
     return lastStatement_.starts_with("SELECT CodEspecificartipoMateria FROM TipoMateria");
-  return error.Is(ErrorNumber::NoCurrentRecord) || error.Is(ErrorNumber::DuplicateKey) ||
-         error.Is(ErrorNumber::MissingResource);
+  return error.Is(ErrorNumber::NoCurrentRecord) || error.Is(ErrorNumber::DuplicateKey);
 }
 
 void WindowWalk::Recover(int node, const RuntimeError& error) {

@@ -1,8 +1,7 @@
-#include <QApplication>
 #include <iostream>
 
+#include "tests/ventana/WindowMain.h"
 #include "tests/ventana/WindowWalk.h"
-#include "tests/walk/WalkMain.h"
 
 namespace quorvane::test {
 namespace {
@@ -32,14 +31,5 @@ void Run(const WalkOptions& options, History& history) {
 
 int main(int argc, char** argv) {
   using namespace quorvane::test;
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  // Nothing that hangs on the clock: the same seed is to give the same walk.
-  for (const auto effect : {Qt::UI_AnimateCombo, Qt::UI_AnimateMenu, Qt::UI_AnimateTooltip})
-    QApplication::setEffectEnabled(effect, false);
-  QApplication::setCursorFlashTime(0);
-  QApplication::setKeyboardInputInterval(-1);
-  QApplication::setDoubleClickInterval(20);
-  return WalkMain({"ventana", kUsage, kDefaults, Run}, argc, argv);
+  return WindowMain({"ventana", kUsage, kDefaults, Run}, argc, argv);
 }

@@ -1,0 +1,37 @@
+#include "tests/ventana/BusyCores.h"
+
+#include <algorithm>
+#include <csignal>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace quorvane::test {
+namespace {
+
+[[noreturn]] void Spin() {
+  // Not beyond the test, however that ends.
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  for (volatile unsigned turns = 0;;) turns = turns + 1;
+}
+
+}  // namespace
+
+BusyCores::BusyCores() {
+  const auto cores = std::max(1U, std::thread::hardware_concurrency());
+  for (unsigned core = 0; core < cores; ++core) {
+    const auto child = fork();
+    if (child == 0) Spin();
+    if (child > 0) spinning_.push_back(child);
+  }
+}
+
+BusyCores::~BusyCores() {
+  for (const auto child : spinning_) {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+  }
+}
+
+}  // namespace quorvane::test

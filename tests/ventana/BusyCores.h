@@ -1,0 +1,22 @@
+#pragma once
+
+#include <sys/types.h>
+#include <vector>
+
+namespace quorvane::test {
+
+/// Keeps every core of the machine busy as long as it lives, with processes of its own.
+class BusyCores {
+ public:
+  BusyCores();
+  ~BusyCores();
+  BusyCores(const BusyCores&) = delete;
+  BusyCores& operator=(const BusyCores&) = delete;
+  BusyCores(BusyCores&&) = delete;
+  BusyCores& operator=(BusyCores&&) = delete;
+
+ private:
+  std::vector<pid_t> spinning_;
+};
+
+}  // namespace quorvane::test

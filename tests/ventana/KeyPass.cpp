@@ -1,0 +1,165 @@
+#include "tests/ventana/KeyPass.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QTableView>
+#include <QWindow>
+
+#include "adapters/qt/FormWindow.h"
+#include "frame/cAsignarDatos.h"
+#include "platform/ComboBox.h"
+#include "platform/CommandButton.h"
+#include "platform/FormInstances.h"
+#include "platform/RuntimeError.h"
+#include "tests/ventana/OpenList.h"
+#include "tests/ventana/ShownGrades.h"
+#include "tests/walk/RandomHost.h"
+#include "tests/walk/Violation.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr int kSettled = 3;
+constexpr std::size_t kLongestBurst = 200;
+constexpr std::uint64_t kHostSeed = 7;
+constexpr const char* kCourse = "3º ESO";
+
+CommandButton& Button(const Form& form, const char* name) {
+  return dynamic_cast<CommandButton&>(*form.Find(name));
+}
+
+ComboBox& Combo(const Form& form, const char* name) {
+  return dynamic_cast<ComboBox&>(*form.Find(name));
+}
+
+void Pick(ComboBox& combo, const std::string& entry) {
+  for (int i = 0; i < combo.ListCount(); ++i)
+    if (combo.List(i) == entry) {
+      combo.ListIndex(i);
+      return;
+    }
+  throw Violation(combo.Name() + " no ofrece " + entry);
+}
+
+}  // namespace
+
+/// Esc that no list has taken would close the form, and the keys after it would be another's.
+class KeyPass::EscapeFilter : public QObject {
+ public:
+  EscapeFilter(KeyPass& pass, qt::FormWindow& window) : QObject(&window), pass_(pass) {
+    window.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress ||
+        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
+      return false;
+    pass_.LogCells(*static_cast<qt::FormWindow*>(watched), "Esc");
+    return true;
+  }
+
+ private:
+  KeyPass& pass_;
+};
+
+KeyPass::KeyPass(const GradeScreen& which, const std::vector<const KeyPress*>& keys, Pace pace)
+    : which_(which), keys_(keys), pace_(pace) {
+  screen_.UseOnlooker(*this);
+  screen_.WindowShown = [this](qt::FormWindow& window) {
+    if (window.Model().Name() != which_.form) Choose(window);
+  };
+  screen_.MessageShown = [this](QMessageBox& box) {
+    Log("mensaje " + box.text().toStdString());
+    box.accept();
+  };
+  QObject::connect(&turn_, &QTimer::timeout, [this] { Tick(); });
+  turn_.start(0);
+}
+
+std::vector<std::string> KeyPass::Run() {
+  Prng random(kHostSeed);
+  const RandomHost host(random);
+  RandomHost::SignIn({school_.Centro(), school_.Borrado(), school_.Entrada(), false},
+                     HostSession{});
+  school_.Executing = [this](const std::string& statement) {
+    Log("sql " + statement);
+    // Long work lets the screen be painted, and the keys come meanwhile.
+    if (pace_ == Pace::Fast) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  };
+  try {
+    cAsignarDatos().ActivarFormulario(static_cast<std::uint8_t>(which_.node));
+  } catch (const RuntimeError& error) {
+    Log("error " + std::to_string(error.Number()) + " " + error.Description());
+    FormInstances::DropAll();
+    screen_.MousePointer(Pointer::Default);
+  }
+  if (!begun_) throw Violation(std::string("No se ha abierto ") + which_.form);
+  return std::move(log_);
+}
+
+void KeyPass::Choose(qt::FormWindow& window) {
+  auto& form = window.Model();
+  if (finished_) {
+    form.CloseByUser();
+    return;
+  }
+  Combo(form, "cboTipoEnsenanza").ListIndex(0);
+  Pick(Combo(form, "cboCursos"), kCourse);
+  Combo(form, "cboSecciones").ListIndex(0);
+  Pick(Combo(form, "cboEvaluaciones"), which_.evaluation);
+  for (const auto* last : {"cboMateria", "cboAlumno"})
+    if (form.Find(last) != nullptr) Combo(form, last).ListIndex(static_cast<int>(entry_++));
+  Button(form, "cmdNotaManual1(0)").Press();
+}
+
+void KeyPass::Begin(qt::FormWindow& window) {
+  begun_ = true;
+  auto& form = window.Model();
+  new EscapeFilter(*this, window);
+  auto& accept = Button(form, "cmdAceptar");
+  save_ = accept.Click;
+  accept.Click = [this, &window] { LogCells(window, "cmdAceptar"); };
+  Button(form, "cmdCancelar").Click = [this, &window] { LogCells(window, "cmdCancelar"); };
+}
+
+void KeyPass::Finish(qt::FormWindow& window) {
+  finished_ = true;
+  Log(FindOpenList(window) ? "queda abierta una lista" : "no queda abierta ninguna lista");
+  LogCells(window, "fin");
+  screen_.Gesture(window, save_);
+}
+
+void KeyPass::Tick() {
+  auto* window = screen_.ActiveWindow();
+  if (window == nullptr || window->Model().Name() != which_.form || !screen_.Ready() ||
+      !InputQueue::Empty() || screen_.Busy()) {
+    quiet_ = 0;
+    return;
+  }
+  if (++quiet_ < kSettled) return;
+  quiet_ = 0;
+  if (!begun_) Begin(*window);
+  if (next_ == keys_.size()) {
+    if (!finished_) Finish(*window);
+    return;
+  }
+  const auto burst = pace_ == Pace::Slow ? 1 : 1 + bursts_.Below(kLongestBurst);
+  for (std::size_t i = 0; i < burst && next_ < keys_.size(); ++i)
+    Put(queue_, nullptr, *keys_[next_++]);
+}
+
+void KeyPass::Log(const std::string& what) { log_.push_back(what); }
+
+void KeyPass::LogCells(const qt::FormWindow& window, const std::string& when) {
+  auto line = when + ":";
+  for (const auto& [name, texts] : ShownGrades(window).texts) {
+    line += " " + name;
+    for (const auto& [column, text] : texts) line += "|" + text;
+  }
+  Log(line);
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,97 @@
+#include "tests/ventana/KeyRuns.h"
+
+#include <QElapsedTimer>
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "tests/ventana/BusyCores.h"
+#include "tests/walk/Violation.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr const char* kOrdinary = "3ª Evaluación";
+constexpr const char* kFinal = "Final Ordinaria";
+
+constexpr std::array<GradeScreen, 8> kScreens{{
+    {"frmNotaManual", 124, kOrdinary},
+    {"frmNotaManualFinal", 124, kFinal},
+    {"frmNotaMateria", 125, kOrdinary},
+    {"frmNotaMateriaFinal", 125, kFinal},
+    {"frmNotaSeccionMateria", 126, kOrdinary},
+    {"frmNotaSeccionMateriaFinal", 126, kFinal},
+    {"frmNotaSeccionAlumno", 127, kOrdinary},
+    {"frmNotaSeccionAlumnoFinal", 127, kFinal},
+}};
+
+using Log = std::vector<std::string>;
+
+/// Where the two part, for a message.
+std::string FirstDifference(const Log& slow, const Log& fast) {
+  const auto [one, other] = std::mismatch(slow.begin(), slow.end(), fast.begin(), fast.end());
+  const auto text = [](const Log& log, Log::const_iterator at) {
+    return at == log.end() ? std::string("(nada más)") : *at;
+  };
+  return "\n  despacio: " + text(slow, one) + "\n  deprisa:  " + text(fast, other);
+}
+
+void RequireNoError(const GradeScreen& which, const Log& log) {
+  for (const auto& event : log)
+    if (event.starts_with("error"))
+      throw Violation(std::string(which.form) + ": " + event + ", aun despacio");
+}
+
+}  // namespace
+
+void KeyRuns::Run(std::ostream& out) {
+  Prng random(options_.seed);
+  constexpr std::size_t kEscapes = 30;  // in a thousand
+  for (const auto& which : kScreens) {
+    Keys keys(options_.gestures / kScreens.size());
+    std::generate(keys.begin(), keys.end(), [&random] { return &AnyKey(random, kEscapes); });
+    Compare(which, keys, out);
+  }
+}
+
+void KeyRuns::Compare(const GradeScreen& which, const Keys& keys, std::ostream& out) const {
+  QElapsedTimer clock;
+  clock.start();
+  const auto slow = KeyPass(which, keys, Pace::Slow).Run();
+  const auto fast = KeyPass(which, keys, Pace::Fast).Run();
+  const auto busy = [&] {
+    const BusyCores cores;
+    return KeyPass(which, keys, Pace::Fast).Run();
+  }();
+  RequireNoError(which, slow);
+  const auto& other = slow == fast ? busy : fast;
+  if (slow != other) {
+    auto text = std::string(which.form) +
+                ": lo mismo deprisa acaba de otra manera:" + FirstDifference(slow, other) +
+                "\n  con estas teclas:";
+    for (const auto* key : Fewest(which, keys)) text += std::string(" ") + key->name;
+    throw Violation(text);
+  }
+  out << which.form << ": " << keys.size() << " teclas, " << slow.size()
+      << " sucesos iguales despacio, deprisa y con la máquina ocupada, " << clock.elapsed()
+      << " ms\n";
+}
+
+KeyRuns::Keys KeyRuns::Fewest(const GradeScreen& which, Keys keys) {
+  const auto differs = [&which](const Keys& some) {
+    return KeyPass(which, some, Pace::Slow).Run() != KeyPass(which, some, Pace::Fast).Run();
+  };
+  for (auto part = keys.size() / 2; part > 0; part /= 2)
+    for (std::size_t from = 0; from < keys.size();) {
+      Keys some(keys.begin(), keys.begin() + static_cast<std::ptrdiff_t>(from));
+      const auto rest = std::min(keys.size(), from + part);
+      some.insert(some.end(), keys.begin() + static_cast<std::ptrdiff_t>(rest), keys.end());
+      if (differs(some))
+        keys = std::move(some);
+      else
+        from += part;
+    }
+  return keys;
+}
+
+}  // namespace quorvane::test
