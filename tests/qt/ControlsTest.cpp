@@ -60,6 +60,19 @@ TEST_F(ControlsTest, AComboShowsWhatAHandlerMakesOfIt) {
   });
 }
 
+TEST_F(ControlsTest, TheKeyThatPicksAComboEntryIsNoKeyForTheForm) {
+  Run([](qt::FormWindow& window) {
+    // What is typed fast still comes to the form's window, though the list stands before it.
+    auto* keyboard = window.windowHandle();
+    Of(window, "cboCurso")->setFocus();
+    for (const auto key : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Return})
+      QTest::keyClick(keyboard, key);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(keyboard, Qt::Key_Down);
+  });
+  EXPECT_THAT(seen, ElementsAre("curso 0", "curso 1"));
+}
+
 TEST_F(ControlsTest, ADisabledControlTakesNoGesture) {
   form->cboCurso.Enabled(false);
   form->chkTodo.Enabled(false);

@@ -1,5 +1,9 @@
 #include "tests/ventana/GradeMemory.h"
 
+#include <QComboBox>
+#include <utility>
+
+#include "adapters/qt/FormWindow.h"
 #include "tests/walk/Violation.h"
 
 namespace quorvane::test {
@@ -28,11 +32,31 @@ void GradeMemory::Open(Form& form) {
   shown_.clear();
   expected_.reset();
   before_.reset();
+  entry_ = 0;
+  auto& entries = EntriesOf(form);
+  entries.Click = [this, &entries, turn = entries.Click] {
+    Turn();
+    if (entries.ListIndex() >= 0) entry_ = entries.SelectedData();
+    turn();
+  };
 }
 
-void GradeMemory::Look(const qt::FormWindow& window, bool oneGesture) {
-  if (&window.Model() != form_.get()) return;
-  const ShownGrades shown(window);
+bool GradeMemory::OnScreen() const {
+  return form_ != nullptr && screen_.Ready() && &screen_.ActiveWindow()->Model() == form_.get();
+}
+
+void GradeMemory::Turn() {
+  if (OnScreen()) Remember(ShownGrades(*screen_.ActiveWindow(), entry_));
+}
+
+void GradeMemory::Look(bool oneGesture) {
+  if (!OnScreen()) return;
+  const auto& window = *screen_.ActiveWindow();
+  const auto& entries = EntriesOf(*form_);
+  if (dynamic_cast<const QComboBox*>(window.Widget(entries.Name()))->currentIndex() !=
+      entries.ListIndex())
+    throw Violation("La pantalla muestra otra entrada de " + entries.Name());
+  const ShownGrades shown(window, entry_);
   CheckExpected(shown);
   std::size_t changes = 0;
   std::string text;
@@ -44,13 +68,16 @@ void GradeMemory::Look(const qt::FormWindow& window, bool oneGesture) {
   }
   if (oneGesture && changes > 1)
     throw Violation("Un solo gesto ha cambiado " + std::to_string(changes) + " notas:" + text);
+  Remember(shown);
+}
+
+void GradeMemory::Remember(const ShownGrades& shown) {
   for (const auto& [name, texts] : shown.texts) shown_[name] = texts;
 }
 
-void GradeMemory::Expect(const qt::FormWindow& window, int row, int column,
-                         const std::string& text) {
-  if (&window.Model() != form_.get() || row < 0) return;
-  const ShownGrades shown(window);
+void GradeMemory::Expect(int row, int column, const std::string& text) {
+  if (!OnScreen() || row < 0) return;
+  const ShownGrades shown(*screen_.ActiveWindow(), entry_);
   const auto& name = shown.rows.at(static_cast<std::size_t>(row));
   if (shown.texts.at(name).contains(column)) expected_ = Expected{name, column, Plain(text)};
 }
@@ -58,22 +85,17 @@ void GradeMemory::Expect(const qt::FormWindow& window, int row, int column,
 void GradeMemory::CheckExpected(const ShownGrades& shown) {
   if (!expected_) return;
   const auto expected = *std::exchange(expected_, std::nullopt);
-  const auto row = shown.texts.find(expected.name);
-  if (row == shown.texts.end()) {
-    // Another student or subject is on the screen by now: it is looked at when this comes back.
-    const auto known = shown_.find(expected.name);
-    if (known != shown_.end()) known->second[expected.column] = expected.text;
-    return;
-  }
+  // Where another student or subject is on the screen by now, what this one showed last.
+  const auto& texts = shown.texts.contains(expected.name) ? shown.texts : shown_;
+  const auto row = texts.find(expected.name);
   if (row->second.at(expected.column) != expected.text)
     throw Violation("Lo escrito se ha perdido: " + expected.name + " columna " +
                     std::to_string(expected.column) + " muestra «" +
                     row->second.at(expected.column) + "» y no «" + expected.text + "»");
 }
 
-void GradeMemory::Accept(const qt::FormWindow& window) {
-  if (&window.Model() != form_.get()) return;
-  Look(window, false);
+void GradeMemory::Accept() {
+  Look(false);
   evaluation_ = EvaluationOf(*form_);
   before_.emplace(school_.Unwatched(), EntersFinals(*form_), evaluation_);
 }

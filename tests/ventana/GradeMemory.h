@@ -8,6 +8,7 @@
 
 #include "tests/ventana/ShownGrades.h"
 #include "tests/ventana/StoredGrades.h"
+#include "tests/ventana/WatchedScreen.h"
 #include "tests/walk/School.h"
 
 namespace quorvane::test {
@@ -16,23 +17,23 @@ namespace quorvane::test {
 /// form leaves in the school.
 class GradeMemory {
  public:
-  /// The school outlives this.
-  explicit GradeMemory(School& school) : school_(school) {}
+  /// Both outlive this.
+  GradeMemory(School& school, const WatchedScreen& screen) : school_(school), screen_(screen) {}
 
   /// A grade form has been opened: all that was known of another is forgotten.
   void Open(Form& form);
   [[nodiscard]] const Form* Watched() const noexcept { return form_.get(); }
 
-  /// What its window shows now. After no more than one gesture no more than one grade changes.
-  void Look(const qt::FormWindow& window, bool oneGesture);
+  /// What the screen shows now. After no more than one gesture no more than one grade changes.
+  void Look(bool oneGesture);
 
   /// What the user has typed into a cell's list and marked there is to be that cell's grade, if he
   /// goes on with the mouse.
-  void Expect(const qt::FormWindow& window, int row, int column, const std::string& text);
+  void Expect(int row, int column, const std::string& text);
   void ExpectNothing() noexcept { expected_.reset(); }
 
   /// The form is about to save what it shows.
-  void Accept(const qt::FormWindow& window);
+  void Accept();
   /// The form has gone. With an error on the way each grade is as it was or as it was shown.
   void Close(bool whole);
   /// How often what was shown has been held against the school.
@@ -45,15 +46,21 @@ class GradeMemory {
     std::string text;
   };
 
+  [[nodiscard]] bool OnScreen() const;
+  /// Another entry has been chosen: what the one before shows for the last time.
+  void Turn();
+  void Remember(const ShownGrades& shown);
   void CheckExpected(const ShownGrades& shown);
   /// Whether the row's grades have been on the screen.
   bool CheckRow(const std::string& key, const StoredGrades::Row& row, bool whole) const;
 
   School& school_;
+  const WatchedScreen& screen_;
   std::shared_ptr<Form> form_;
   std::map<std::string, GradeTexts> shown_;
   std::optional<Expected> expected_;
   std::optional<StoredGrades> before_;  ///< while it saves
+  std::int32_t entry_ = 0;              ///< item data of the one on the screen
   std::int32_t evaluation_ = 0;
   std::uint64_t saves_ = 0;
 };

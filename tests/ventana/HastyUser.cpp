@@ -64,6 +64,8 @@ void HastyUser::Tick() {
 }
 
 void HastyUser::Look() {
+  // A list that is still open holds what was typed.
+  if (FindOpenList(*screen_.ActiveWindow())) watch_->Grades().ExpectNothing();
   try {
     watch_->Look(sinceLook_ <= 1);
   } catch (...) {
@@ -72,7 +74,6 @@ void HastyUser::Look() {
                     [failure = std::current_exception()] { std::rethrow_exception(failure); });
   }
   sinceLook_ = 0;
-  watch_->Grades().ExpectNothing();
 }
 
 void HastyUser::Note(const qt::FormWindow& window, const HastyHands::Deed& deed, const char* how) {
@@ -87,7 +88,7 @@ void HastyUser::ExpectTyped(const qt::FormWindow& window, const HastyHands::Deed
   if (!open || open->typed.isEmpty() || !open->marked || !deed.clicked) return;
   const auto* editor = open->entries->parentWidget();
   if (editor->rect().contains(editor->mapFromGlobal(*deed.clicked))) return;
-  watch_->Grades().Expect(window, open->row, open->column, open->marked->toStdString());
+  watch_->Grades().Expect(open->row, open->column, open->marked->toStdString());
 }
 
 void HastyUser::ActOnce(QWidget& front, const qt::FormWindow& window) {
@@ -124,9 +125,11 @@ void HastyUser::Interrupt() {
 }
 
 void HastyUser::Leave(QWidget& front, const qt::FormWindow& window) {
-  if (++leaving_ > kPatience) qFatal("a window can't be closed");
+  if (++leaving_ == kPatience)
+    screen_.Gesture(window,
+                    [&window] { throw Violation(window.Model().Name() + " no se deja cerrar"); });
   sinceLook_ = kPatience;
-  if (&front == &window) {
+  if (&front == &window && !FindOpenList(window)) {
     history_.Add(window.Model().Name() + ": cierra");
     InputQueue::Close(window.windowHandle());
   } else {

@@ -155,7 +155,8 @@ void KeyPass::Log(const std::string& what) { log_.push_back(what); }
 
 void KeyPass::LogCells(const qt::FormWindow& window, const std::string& when) {
   auto line = when + ":";
-  for (const auto& [name, texts] : ShownGrades(window).texts) {
+  for (const auto& [name, texts] :
+       ShownGrades(window, EntriesOf(window.Model()).SelectedData()).texts) {
     line += " " + name;
     for (const auto& [column, text] : texts) line += "|" + text;
   }

@@ -13,7 +13,7 @@ constexpr std::string_view kRegister = "frmAlumnoPendiente";
 }  // namespace
 
 ScreenWatch::ScreenWatch(School& school, const WatchedScreen& screen)
-    : screen_(screen), tables_(school), grades_(school) {}
+    : screen_(screen), tables_(school), grades_(school, screen) {}
 
 void ScreenWatch::Begin(bool disturbed) {
   if (disturbed) registers_.Forget();
@@ -23,7 +23,7 @@ void ScreenWatch::Begin(bool disturbed) {
 void ScreenWatch::Loading(Form& form) { tables_.Loading(form); }
 
 void ScreenWatch::Opened(Form& form) {
-  Settle();
+  SettleForms();
   tables_.Opened(form);
   if (EntersGrades(form)) {
     grades_.Open(form);
@@ -44,20 +44,23 @@ void ScreenWatch::WatchSaving(Form& form) {
 
 void ScreenWatch::Accepting(const Form& form) {
   tables_.Accepting(form);
-  const auto& window = *screen_.ActiveWindow();
   if (EntersGrades(form))
-    grades_.Accept(window);
+    grades_.Accept();
   else
-    registers_.Accept(window);
+    registers_.Accept(*screen_.ActiveWindow());
 }
 
 void ScreenWatch::Settle() {
+  SettleForms();
+  tables_.Settle();
+}
+
+void ScreenWatch::SettleForms() {
   if (grades_.Watched() != nullptr && !grades_.Watched()->Loaded()) grades_.Close(true);
   if (const auto form = register_.lock(); form != nullptr && !form->Loaded()) {
     registers_.Close(true);
     register_.reset();
   }
-  tables_.Settle();
 }
 
 void ScreenWatch::End() {
@@ -74,8 +77,8 @@ void ScreenWatch::Failed(bool registerNode) {
 
 void ScreenWatch::Look(bool oneGesture) {
   Settle();
+  grades_.Look(oneGesture);
   const auto& window = *screen_.ActiveWindow();
-  if (EntersGrades(window.Model()) && screen_.Ready()) grades_.Look(window, oneGesture);
   if (window.Model().Name() == kRegister) registers_.Look(window);
 }
 

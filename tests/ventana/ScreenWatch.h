@@ -38,6 +38,8 @@ class ScreenWatch : public Onlooker {
 
  private:
   void WatchSaving(Form& form);
+  /// Looks at the tables when a form whose grades or students were remembered has gone.
+  void SettleForms();
 
   const WatchedScreen& screen_;
   Watch tables_;

@@ -1,12 +1,9 @@
 #include "tests/ventana/ShownGrades.h"
 
-#include <QComboBox>
 #include <QTableView>
 
 #include "grades/final/frmNotaMateriaFinal.h"
-#include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
-#include "grades/section/frmNotaSeccionAlumno.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/frmNotaMateria.h"
 #include "platform/FormInstance.h"
@@ -14,65 +11,42 @@
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"
-#include "tests/walk/Violation.h"
 
 namespace quorvane::test {
 namespace {
 
 constexpr const char* kGrid = "rtvNotasAlumno";
 
-/// The combo box of the form and the one on the screen stand on the same entry.
-void RequireSameEntry(const qt::FormWindow& window, const ComboBox& combo) {
-  const auto* box = dynamic_cast<const QComboBox*>(window.Widget(combo.Name()));
-  if (box->currentIndex() != combo.ListIndex())
-    throw Violation("La pantalla muestra otra entrada de " + combo.Name());
-}
+using Subjects = std::vector<MateriaDeCombo>;
 
-std::string ByStudent(const std::string& student, const std::string& subject) {
-  return student + "/" + subject;
-}
-
-template <class F>
-std::string OfStudent(const qt::FormWindow& window, const F& form, const std::string& key) {
-  RequireSameEntry(window, form.cboAlumnos);
-  return ByStudent(std::to_string(form.cboAlumnos.SelectedData()), key);
-}
-
-template <class F>
-std::string OfSubject(const qt::FormWindow& window, const F& form,
-                      const std::vector<MateriaDeCombo>& subjects, const std::string& key) {
-  RequireSameEntry(window, form.cboMaterias);
-  const auto entry = static_cast<std::size_t>(form.cboMaterias.SelectedData() - 1);
-  return ByStudent(key, std::to_string(subjects.at(entry).IDMatDet));
-}
-
-/// By what a row's subject is known, from the key in the row's last column.
-std::string NameOf(const qt::FormWindow& window, const std::string& key) {
-  const auto& form = window.Model();
-  if (const auto* f = dynamic_cast<const frmNotaSeccionAlumno*>(&form))
-    return OfStudent(window, *f, key);
-  if (const auto* f = dynamic_cast<const frmNotaSeccionAlumnoFinal*>(&form))
-    return OfStudent(window, *f, key);
-  if (const auto* f = dynamic_cast<const frmNotaMateria*>(&form))
-    return OfSubject(window, *f, f->aryMaterias, key);
-  if (const auto* f = dynamic_cast<const frmNotaSeccionMateria*>(&form))
-    return OfSubject(window, *f, f->aryMaterias, key);
-  if (const auto* f = dynamic_cast<const frmNotaMateriaFinal*>(&form))
-    return OfSubject(window, *f, f->ListaMaterias, key);
+/// The subjects behind the entries of a form that walks subjects; null for the others.
+const Subjects* SubjectsOf(const Form& form) {
+  if (const auto* f = dynamic_cast<const frmNotaMateria*>(&form)) return &f->aryMaterias;
+  if (const auto* f = dynamic_cast<const frmNotaSeccionMateria*>(&form)) return &f->aryMaterias;
+  if (const auto* f = dynamic_cast<const frmNotaMateriaFinal*>(&form)) return &f->ListaMaterias;
   if (const auto* f = dynamic_cast<const frmNotaSeccionMateriaFinal*>(&form))
-    return OfSubject(window, *f, f->ListaMaterias, key);
-  return key;
+    return &f->ListaMaterias;
+  return nullptr;
+}
+
+/// By what a row's subject is known, from the entry and the key in the row's last column.
+std::string NameOf(const Form& form, std::int32_t entry, const std::string& key) {
+  if (const auto* subjects = SubjectsOf(form)) {
+    const auto place = static_cast<std::size_t>(entry - 1);
+    return key + "/" + std::to_string(subjects->at(place).IDMatDet);
+  }
+  return form.Name().starts_with("frmNotaSeccion") ? std::to_string(entry) + "/" + key : key;
 }
 
 }  // namespace
 
-ShownGrades::ShownGrades(const qt::FormWindow& window) {
+ShownGrades::ShownGrades(const qt::FormWindow& window, std::int32_t entry) {
   const auto* cells = dynamic_cast<const QTableView*>(window.Widget(kGrid))->model();
   const auto text = [cells](int row, int column) {
     return cells->index(row, column).data().toString().toStdString();
   };
   for (int row = 0; row < cells->rowCount(); ++row) {
-    rows.push_back(NameOf(window, text(row, cells->columnCount() - 1)));
+    rows.push_back(NameOf(window.Model(), entry, text(row, cells->columnCount() - 1)));
     for (const auto column : StoredColumns(window.Model()))
       texts[rows.back()][column] = Plain(text(row, column));
   }
@@ -83,6 +57,11 @@ bool EntersGrades(const Form& form) {
 }
 
 bool EntersFinals(const Form& form) { return form.Name().ends_with("Final"); }
+
+ComboBox& EntriesOf(const Form& form) {
+  auto* students = form.Find("cboAlumnos");
+  return dynamic_cast<ComboBox&>(*(students != nullptr ? students : form.Find("cboMaterias")));
+}
 
 std::int32_t EvaluationOf(const Form& form) {
   const auto& name = form.Name();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "adapters/qt/FormWindow.h"
+#include "platform/ComboBox.h"
 
 namespace quorvane::test {
 
@@ -15,8 +16,9 @@ using GradeTexts = std::map<int, std::string>;
 /// What a grade form shows on the screen at one moment: a subject's texts by what the subject is
 /// known by, see `StoredGrades`.
 struct ShownGrades {
-  /// `window` is that of a grade form that has loaded.
-  explicit ShownGrades(const qt::FormWindow& window);
+  /// `window` is that of a grade form that has loaded; `entry` the item data of the student or
+  /// subject whose rows it shows.
+  ShownGrades(const qt::FormWindow& window, std::int32_t entry);
 
   std::vector<std::string> rows;  ///< the subjects' names, as the grid's rows stand
   std::map<std::string, GradeTexts> texts;
@@ -27,6 +29,9 @@ bool EntersGrades(const Form& form);
 
 /// It enters the grades of a final evaluation.
 bool EntersFinals(const Form& form);
+
+/// The combo box whose entry says what the form shows: the student, or the subject.
+ComboBox& EntriesOf(const Form& form);
 
 /// The evaluation that step one has fixed for it.
 std::int32_t EvaluationOf(const Form& form);
