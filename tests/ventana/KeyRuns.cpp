@@ -27,13 +27,20 @@ constexpr std::array<GradeScreen, 8> kScreens{{
 
 using Log = std::vector<std::string>;
 
-/// Where the two part, for a message.
-std::string FirstDifference(const Log& slow, const Log& fast) {
-  const auto [one, other] = std::mismatch(slow.begin(), slow.end(), fast.begin(), fast.end());
-  const auto text = [](const Log& log, Log::const_iterator at) {
-    return at == log.end() ? std::string("(nada más)") : *at;
-  };
-  return "\n  despacio: " + text(slow, one) + "\n  deprisa:  " + text(fast, other);
+/// What one has from where the two part on, for a message.
+std::string From(const Log& log, std::size_t start) {
+  constexpr std::size_t kEvents = 6;
+  constexpr std::size_t kLetters = 100;
+  std::string text;
+  for (auto i = start; i < std::min(log.size(), start + kEvents); ++i)
+    text += "\n    " + log[i].substr(0, kLetters);
+  return text;
+}
+
+std::string Difference(const Log& slow, const Log& fast) {
+  const auto parts = std::mismatch(slow.begin(), slow.end(), fast.begin(), fast.end()).first;
+  const auto start = static_cast<std::size_t>(parts - slow.begin());
+  return "\n  despacio:" + From(slow, start) + "\n  deprisa:" + From(fast, start);
 }
 
 void RequireNoError(const GradeScreen& which, const Log& log) {
@@ -66,10 +73,12 @@ void KeyRuns::Compare(const GradeScreen& which, const Keys& keys, std::ostream& 
   RequireNoError(which, slow);
   const auto& other = slow == fast ? busy : fast;
   if (slow != other) {
-    auto text = std::string(which.form) +
-                ": lo mismo deprisa acaba de otra manera:" + FirstDifference(slow, other) +
-                "\n  con estas teclas:";
-    for (const auto* key : Fewest(which, keys)) text += std::string(" ") + key->name;
+    auto text = std::string(which.form) + ": lo mismo deprisa acaba de otra manera" +
+                Difference(slow, other) + "\n  y con las teclas";
+    const auto fewest = Fewest(which, keys);
+    for (const auto* key : fewest) text += std::string(" ") + key->name;
+    text += Difference(KeyPass(which, fewest, Pace::Slow).Run(),
+                       KeyPass(which, fewest, Pace::Fast).Run());
     throw Violation(text);
   }
   out << which.form << ": " << keys.size() << " teclas, " << slow.size()
