@@ -1,6 +1,8 @@
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -60,17 +62,36 @@ TEST_F(ControlsTest, AComboShowsWhatAHandlerMakesOfIt) {
   });
 }
 
+/// A key that comes while the list of the box is open: it is announced, and then comes, each time
+/// to the list unless that is closed by then.
+void PressOnOpenList(QComboBox& box, Qt::Key key) {
+  for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    const auto open = box.view()->isVisible();
+    QApplication::sendEvent(open ? static_cast<QWidget*>(box.view()) : &box, &event);
+  }
+}
+
 TEST_F(ControlsTest, TheKeyThatPicksAComboEntryIsNoKeyForTheForm) {
   Run([](qt::FormWindow& window) {
-    // What is typed fast still comes to the form's window, though the list stands before it.
-    auto* keyboard = window.windowHandle();
-    Of(window, "cboCurso")->setFocus();
-    for (const auto key : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Return})
-      QTest::keyClick(keyboard, key);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    QTest::keyClick(keyboard, Qt::Key_Down);
+    auto* box = Of<QComboBox>(window, "cboCurso");
+    box->showPopup();
+    box->view()->setCurrentIndex(box->model()->index(1, 0));
+    PressOnOpenList(*box, Qt::Key_Return);
+    EXPECT_FALSE(box->view()->isVisible());
+    Key(window, "cboCurso", Qt::Key_Down);
   });
-  EXPECT_THAT(seen, ElementsAre("curso 0", "curso 1"));
+  EXPECT_THAT(seen, ElementsAre("curso 1", "curso 2"));
+}
+
+TEST_F(ControlsTest, TheKeyThatGivesAComboUpIsNoKeyForTheForm) {
+  Run([](qt::FormWindow& window) {
+    auto* box = Of<QComboBox>(window, "cboCurso");
+    box->showPopup();
+    PressOnOpenList(*box, Qt::Key_Escape);
+    EXPECT_FALSE(box->view()->isVisible());
+  });
+  EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(ControlsTest, ADisabledControlTakesNoGesture) {
