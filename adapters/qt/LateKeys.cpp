@@ -12,12 +12,6 @@ LateKeys::LateKeys(std::function<QWidget*()> current) : current_(std::move(curre
   qApp->installEventFilter(this);
 }
 
-bool LateKeys::TakenByClosing(int key) {
-  // A list is asked about a key before it gets it, and may close at once.
-  const auto offered = std::exchange(offered_, 0);
-  return offered == key && QApplication::activePopupWidget() == nullptr;
-}
-
 bool LateKeys::SendOn(const QWindow& window, const QKeyEvent& key) {
   if (window.isVisible()) return false;
   auto* const modal = QApplication::activeModalWidget();
@@ -30,15 +24,9 @@ bool LateKeys::SendOn(const QWindow& window, const QKeyEvent& key) {
 }
 
 bool LateKeys::eventFilter(QObject* watched, QEvent* event) {
-  const auto type = event->type();
-  if (type == QEvent::ShortcutOverride && QApplication::activePopupWidget() != nullptr)
-    offered_ = static_cast<QKeyEvent*>(event)->key();
-  if (type != QEvent::KeyPress && type != QEvent::KeyRelease) return false;
+  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
   const auto* const window = qobject_cast<QWindow*>(watched);
-  if (window == nullptr) return false;
-  const auto& key = *static_cast<QKeyEvent*>(event);
-  if (type == QEvent::KeyPress && TakenByClosing(key.key())) return true;
-  return SendOn(*window, key);
+  return window != nullptr && SendOn(*window, *static_cast<QKeyEvent*>(event));
 }
 
 }  // namespace quorvane::qt

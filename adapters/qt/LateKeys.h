@@ -11,8 +11,7 @@ namespace quorvane::qt {
 
 /// Sees to it that each key is taken once, by what has the keyboard when its turn comes. Windows
 /// come and go faster than the window system moves the keyboard: a key may be sent to a list that
-/// has dropped down and closed again, or to a form that has made way for the next. And a list that
-/// closes at Enter would leave the same Enter to the form behind it.
+/// has dropped down and closed again, or to a form that has made way for the next.
 ///
 /// Works from its making to its end, for all windows of the program.
 class LateKeys : public QObject {
@@ -24,11 +23,9 @@ class LateKeys : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool TakenByClosing(int key);
   bool SendOn(const QWindow& window, const QKeyEvent& key);
 
   std::function<QWidget*()> current_;
-  int offered_ = 0;  // the key that an open list was offered last; 0 for none
 };
 
 }  // namespace quorvane::qt
