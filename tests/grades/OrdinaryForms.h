@@ -33,9 +33,10 @@ struct OrdinaryForm {
   const char* headings;  ///< from the second time on
   const char* row;
   std::vector<int> widths;
-  int keyOfSubject;      ///< under which a student holds the subject, `IDMatDetalle`
-  bool editOnSelection;  ///< showing another entry begins an edit
-  bool paneOnSelection;  ///< and fills the pane of the tutor
+  int keyOfSubject;          ///< under which a student holds the subject, `IDMatDetalle`
+  bool editOnSelection;      ///< showing another entry begins an edit
+  bool paneOnSelection;      ///< and fills the pane of the tutor
+  const char* headingError;  ///< of an edit of the heading, to which no student belongs
   // Saving of a passing grade while a later evaluation holds the mark, and while none does.
   std::vector<std::string> saveBehind;
   std::vector<std::string> save;
