@@ -1,6 +1,8 @@
 #include "tests/teclado/XServer.h"
 
+#include <csignal>
 #include <stdexcept>
+#include <sys/prctl.h>
 
 namespace quorvane::test {
 namespace {
@@ -9,6 +11,8 @@ constexpr int kPatience = 20000;  // milliseconds
 
 void Start(QProcess& process, const QString& program, const QStringList& arguments) {
   process.setStandardErrorFile(QProcess::nullDevice());
+  // Tests that are broken off leave no server behind.
+  process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
   process.start(program, arguments);
   if (!process.waitForStarted(kPatience))
     throw std::runtime_error(program.toStdString() + " can't be started");
