@@ -21,6 +21,7 @@
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/School.h"
+#include "apps/zendria/SchoolError.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/Session.h"
 #include "apps/zendria/StatementWindow.h"
@@ -125,7 +126,20 @@ void MainWindow::BuildMenus() {
 }
 
 bool MainWindow::OpenSchool(const QString& place, std::optional<std::int32_t> user) {
-  return !nodeOpen_ && Enter(door_.Open(place, user));
+  return !nodeOpen_ && MayOpen(place) && Enter(door_.Open(place, user));
+}
+
+bool MainWindow::MayOpen(const QString& place) {
+  if (school_ == nullptr || PlaceOf(AddressOf(place)) != school_->Place()) return true;
+  const auto log = school_->LogOfAnother();
+  if (log.isEmpty()) return true;
+  ShowSchoolError(
+      this, SchoolError(QStringLiteral(
+                            "Junto a «%1» está todavía «%2», el diario del fichero que había "
+                            "antes, que estropearía este al abrirlo. Salga de Zendria en todos los "
+                            "ordenadores, quite «%2» y «%1-shm» y ábralo de nuevo.")
+                            .arg(school_->File(), log)));
+  return false;
 }
 
 void MainWindow::ChooseFile() {
@@ -191,6 +205,8 @@ void MainWindow::ShowFailed(const Failure& failure, const QString& screenTitle) 
   const auto rescued = Rescue(failure, screenTitle);
   const auto* const grades = rescued ? &*rescued : nullptr;
   ShowFailure(this, failure, grades, SupportDetails(failure, screenTitle, grades, log_));
+  // Told to leave, the box has gone before anybody could copy what only stood in it.
+  if (rescued && rescued->file.isEmpty() && screen_.Leaving() && Rescued) Rescued(*rescued);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

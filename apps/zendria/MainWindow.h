@@ -75,6 +75,8 @@ class MainWindow : public QMainWindow {
  private:
   void BuildMenus();
   void ChooseFile();
+  /// False, and told, for a file that would be ruined by what another has left beside it.
+  bool MayOpen(const QString& place);
   void Connect();
   /// The school that was open goes; false when nobody has entered another.
   bool Enter(std::optional<Entrance> entrance);

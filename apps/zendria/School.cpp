@@ -1,5 +1,6 @@
 #include "apps/zendria/School.h"
 
+#include <QFileInfo>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -48,11 +49,25 @@ std::optional<User> School::FindUser(std::int32_t id) const {
 }
 
 std::unique_ptr<Connection> School::OpenAnew() const {
+  // Beside a file that has taken the place of this one lies this one's log, and whoever opens that
+  // file, even to read, has the engine write the log into it.
+  if (!IsOnServer()) centro_->Open();
   auto connection = address_.Connect("", SchoolAddress::Access::ReadOnly);
   if (auto* const file = dynamic_cast<sqlite::SqliteConnection*>(connection.get()))
     file->BusyWait(kMoment);
   connection->Open();
   return connection;
+}
+
+QString School::LogOfAnother() const {
+  if (IsOnServer()) return {};
+  try {
+    centro_->Open();
+    return {};
+  } catch (const RuntimeError&) {
+    const QFileInfo log(File() + "-wal");
+    return QFileInfo::exists(File()) && log.size() > 0 ? log.filePath() : QString();
+  }
 }
 
 void School::Reopen() {

@@ -45,10 +45,14 @@ class School {
   [[nodiscard]] Connection& Own() noexcept { return *own_; }
 
   [[nodiscard]] bool IsOnServer() const noexcept { return address_.IsOdbc(); }
-  /// Another connection, to what the place leads to by now: a file that has lost its name can't be
-  /// reached so. Not traced, and it waits but a moment for who writes. A runtime error when that
-  /// fails.
+  /// Another connection, that doesn't know what failed on the others. Not traced, and it waits but
+  /// a moment for who writes. A runtime error when that fails, or when the school's file isn't in
+  /// its place any more: the one that may be there now is not touched.
   [[nodiscard]] std::unique_ptr<Connection> OpenAnew() const;
+
+  /// The log of this school's file where another file has taken its place, which the log would ruin
+  /// as soon as that is opened; empty where nothing is in the way.
+  [[nodiscard]] QString LogOfAnother() const;
 
   /// Before a screen: connects again where the connection was lost. A runtime error when that
   /// fails, or when the school's file isn't in its place any more.

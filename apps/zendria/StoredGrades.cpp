@@ -1,15 +1,14 @@
 #include "apps/zendria/StoredGrades.h"
 
+#include <exception>
 #include <string>
-
-#include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
 
 StoredGrades::StoredGrades(const std::function<std::unique_ptr<Connection>()>& open) {
   try {
     connection_ = open();
-  } catch (const RuntimeError&) {
+  } catch (const std::exception&) {
     connection_.reset();
   }
 }
@@ -23,7 +22,7 @@ std::optional<bool> StoredGrades::Holds(const GradeSheet& sheet, const GradeCell
                              " WHERE CodNumEvaluacion=" + std::to_string(sheet.evaluacion) +
                              " AND CodAlumnoPte_MatDet=" + std::to_string(cell.pending));
     return !row.Eof() && row.Fields(cell.field).Long() == cell.data;
-  } catch (const RuntimeError&) {
+  } catch (const std::exception&) {
     connection_.reset();
     return std::nullopt;
   }

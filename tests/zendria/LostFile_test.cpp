@@ -2,12 +2,14 @@
 
 #include <QAction>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTest>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/TestConnection.h"
@@ -43,9 +45,23 @@ class LostFileTest : public GradeRescueTest {
   void Delete() const { fs::remove(school_.Path()); }
   void Move() const { fs::rename(school_.Path(), Away()); }
   void MoveBack() const { fs::rename(Away(), school_.Path()); }
-  void Replace() const {
+  /// The other school is larger, so that pages of this one in it would break it.
+  void Replace() {
     Move();
+    {
+      sqlite::SqliteConnection other(Other(), "");
+      other.Open();
+      other.ExecuteScript("PRAGMA journal_mode=DELETE");
+      for (int i = 1000; i < 1400; ++i)
+        other.Execute("INSERT INTO Curso (IDCurso, Descripcion) VALUES (" + std::to_string(i) +
+                      ", '" + std::string(1000, 'x') + "')");
+    }
+    other_ = BytesOf(Other());
     fs::rename(Other(), school_.Path());
+  }
+  static QByteArray BytesOf(const std::string& path) {
+    QFile file(QString::fromStdString(path));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
   [[nodiscard]] QString Heading(const QString& what) const {
@@ -99,6 +115,7 @@ class LostFileTest : public GradeRescueTest {
   static constexpr const char* kGrades =
       "SELECT CodAlumnoPte_MatDet, CodNumEvaluacion, Evaluado, CodNota FROM EvaluacionPte";
   std::vector<std::string> before_;  ///< the grades
+  QByteArray other_;                 ///< the file that took the place
   std::vector<std::string> lost_;    ///< those of the file that was lost, behind the saving
 };
 
@@ -118,6 +135,17 @@ TEST_F(LostFileTest, NoScreenIsOpenedOnADeletedSchool) {
 TEST_F(LostFileTest, NoScreenIsOpenedOnASchoolInItsPlaceUntilThatIsOpened) {
   Replace();
   EXPECT_EQ(OpeningTold(), Told(kReplaced));
+  ASSERT_GT(QFileInfo(SchoolFile() + "-wal").size(), 0);
+  const auto untouched = BytesOf(school_.Path());
+  QString told;
+  ReadNotice(told);
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile(), 1));
+  EXPECT_EQ(told, "Junto a «" + SchoolFile() + "» está todavía «" + SchoolFile() +
+                      "-wal», el diario del fichero que había antes, que estropearía este al "
+                      "abrirlo. Salga de Zendria en todos los ordenadores, quite «" +
+                      SchoolFile() + "-wal» y «" + SchoolFile() + "-shm» y ábralo de nuevo.\n");
+  EXPECT_EQ(BytesOf(school_.Path()), untouched);
+  for (const auto* ending : {"-wal", "-shm"}) fs::remove(school_.Path() + ending);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   LeaveStepOne("frmNotaManual1");
   window_->OpenNode(124);
@@ -138,6 +166,7 @@ TEST_F(LostFileTest, SavingIntoAReplacedSchoolIsToldAndReachesNeither) {
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
   EXPECT_EQ(lost_, before_);
   EXPECT_EQ(GradesIn(Away()), before_);
+  EXPECT_EQ(BytesOf(school_.Path()), other_) << "what took the place is not touched at all";
 }
 
 TEST_F(LostFileTest, WhatIsPutBackIsWorkedOnAgain) {
