@@ -22,12 +22,14 @@ class ListKeys : public QObject {
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (announcing_ || !list_->isVisible()) return false;
+    if (announcing_) return false;
     if (event->type() == QEvent::ShortcutOverride) {
-      event->accept();
+      // Closed, it would choose its entry once more for a key that was on its way to it.
+      event->setAccepted(list_->isVisible());
       return true;
     }
-    return event->type() == QEvent::KeyPress && Closes(static_cast<const QKeyEvent&>(*event));
+    return event->type() == QEvent::KeyPress && list_->isVisible() &&
+           Closes(static_cast<const QKeyEvent&>(*event));
   }
 
  private:

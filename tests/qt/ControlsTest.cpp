@@ -94,6 +94,17 @@ TEST_F(ControlsTest, TheKeyThatGivesAComboUpIsNoKeyForTheForm) {
   EXPECT_THAT(seen, IsEmpty());
 }
 
+TEST_F(ControlsTest, AComboListThatHasClosedTakesNoKeyThatWasOnItsWay) {
+  Run([](qt::FormWindow& window) {
+    auto* box = Of<QComboBox>(window, "cboCurso");
+    box->showPopup();
+    PressOnOpenList(*box, Qt::Key_Return);
+    QKeyEvent late(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(box->view(), &late);
+  });
+  EXPECT_THAT(seen, ElementsAre("curso 0"));
+}
+
 TEST_F(ControlsTest, ADisabledControlTakesNoGesture) {
   form->cboCurso.Enabled(false);
   form->chkTodo.Enabled(false);
