@@ -88,6 +88,7 @@ void GradeMemory::CheckExpected(const ShownGrades& shown) {
   // Where another student or subject is on the screen by now, what this one showed last.
   const auto& texts = shown.texts.contains(expected.name) ? shown.texts : shown_;
   const auto row = texts.find(expected.name);
+  ++leftTyped_;
   if (row->second.at(expected.column) != expected.text)
     throw Violation("Lo escrito se ha perdido: " + expected.name + " columna " +
                     std::to_string(expected.column) + " muestra «" +

@@ -38,6 +38,8 @@ class GradeMemory {
   void Close(bool whole);
   /// How often what was shown has been held against the school.
   [[nodiscard]] std::uint64_t Saves() const noexcept { return saves_; }
+  /// How often a grade has been typed and then left with the mouse.
+  [[nodiscard]] std::uint64_t LeftTyped() const noexcept { return leftTyped_; }
 
  private:
   struct Expected {
@@ -63,6 +65,7 @@ class GradeMemory {
   std::int32_t entry_ = 0;              ///< item data of the one on the screen
   std::int32_t evaluation_ = 0;
   std::uint64_t saves_ = 0;
+  std::uint64_t leftTyped_ = 0;
 };
 
 }  // namespace quorvane::test

@@ -13,6 +13,7 @@
 
 #include "tests/ventana/Keys.h"
 #include "tests/ventana/OpenList.h"
+#include "tests/ventana/ShownGrades.h"
 #include "tests/ventana/Weighted.h"
 
 namespace quorvane::test {
@@ -21,18 +22,18 @@ namespace {
 /// How often a user clicks it, against the others.
 int WeightOf(const QWidget& widget) {
   if (const auto* box = dynamic_cast<const QComboBox*>(&widget))
-    return box->currentIndex() < 0 && box->count() > 0 ? 80 : 8;
+    return box->currentIndex() < 0 && box->count() > 0 ? 80 : 3;
   if (dynamic_cast<const QTableView*>(&widget) != nullptr) return 50;
   if (dynamic_cast<const QAbstractItemView*>(&widget) != nullptr) return 25;
-  if (dynamic_cast<const QTabBar*>(&widget) != nullptr) return 4;
+  if (dynamic_cast<const QTabBar*>(&widget) != nullptr) return 12;
   if (dynamic_cast<const QLineEdit*>(&widget) != nullptr) return 3;
   if (dynamic_cast<const QCheckBox*>(&widget) != nullptr) return 3;
   if (const auto* button = dynamic_cast<const QPushButton*>(&widget)) {
     const auto name = button->objectName();
     // What leaves a form: seldom, so that something is done in it.
     if (name == "cmdCancelar" || name == "cmdNotaManual1(1)") return 1;
-    if (name == "cmdAceptar") return 6;
-    return button->isDefault() ? 20 : 10;
+    if (name == "cmdAceptar") return 5;
+    return button->isDefault() ? 40 : 10;
   }
   return 0;
 }
@@ -58,7 +59,16 @@ HastyHands::Deed HastyHands::Act(QWidget& front, const qt::FormWindow& window) {
     InputQueue::Close(window.windowHandle());
     return {"cierra " + window.Model().Name()};
   }
-  return Chance(FindOpenList(window) ? 750 : 520) ? Type(front, window) : Click(front, window);
+  const auto open = FindOpenList(window);
+  if (open && !open->typed.isEmpty() && !open->marked && random_.Chance(50)) {
+    queue_.Key(front.windowHandle(), Qt::Key_Escape);
+    return {"tecla Esc"};
+  }
+  // Half of what is typed into a list is left there, for something else.
+  if (open && !open->typed.isEmpty() && random_.Chance(50)) return ClickBeside(front);
+  // Grades are typed; the other forms are filled in with the mouse.
+  const std::size_t keys = open ? 750 : EntersGrades(window.Model()) ? 520 : 200;
+  return Chance(keys) ? Type(front, window) : Click(front, window);
 }
 
 HastyHands::Deed HastyHands::Type(QWidget& front, const qt::FormWindow& window) {
@@ -96,6 +106,10 @@ HastyHands::Deed HastyHands::Click(QWidget& front, const qt::FormWindow& window)
     return ClickAt(room.topLeft() + inside, "la ventana");
   }
   if (Chance(10)) return ClickAt({2, 2}, "la esquina de la pantalla");
+  return ClickBeside(front);
+}
+
+HastyHands::Deed HastyHands::ClickBeside(QWidget& front) {
   const auto widgets = Reachable(front);
   if (widgets.empty()) return ClickAt(front.frameGeometry().center(), "la ventana");
   return ClickOn(*Weighted(random_, widgets, [](const auto* widget) { return WeightOf(*widget); }));
@@ -119,11 +133,12 @@ HastyHands::Deed HastyHands::ClickOn(QWidget& widget) {
 HastyHands::Deed HastyHands::PickByKeys(QComboBox& box) {
   const auto entry = static_cast<int>(random_.Below(static_cast<std::size_t>(box.count())));
   auto* window = box.window()->windowHandle();
-  queue_.Click(box.mapToGlobal(box.rect().center()));
+  const auto place = box.mapToGlobal(box.rect().center());
+  queue_.Click(place);
   queue_.Key(window, Qt::Key_Home);
   for (int i = 0; i < entry; ++i) queue_.Key(window, Qt::Key_Down);
   queue_.Key(window, Qt::Key_Return, {}, "\r");
-  return {"elige la entrada " + std::to_string(entry) + " de " + NameOf(box), entry + 3};
+  return {"elige la entrada " + std::to_string(entry) + " de " + NameOf(box), entry + 3, place};
 }
 
 QPoint HastyHands::PlaceOn(QWidget& widget) {

@@ -22,7 +22,7 @@ class HastyHands {
   struct Deed {
     std::string text;  ///< for the history
     int gestures = 1;
-    std::optional<QPoint> clicked = {};  ///< the place on the screen, of a click alone
+    std::optional<QPoint> clicked = {};  ///< the place on the screen, of what begins with a click
   };
 
   /// Acts on the window of a form, or on what stands before it: a message, the list of a combo
@@ -33,6 +33,7 @@ class HastyHands {
 
  private:
   Deed Click(QWidget& front, const qt::FormWindow& window);
+  Deed ClickBeside(QWidget& front);
   Deed ClickOn(QWidget& widget);
   Deed ClickAt(QPoint place, const std::string& text);
   Deed PickByKeys(QComboBox& box);

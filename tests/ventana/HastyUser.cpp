@@ -4,8 +4,10 @@
 #include <QMessageBox>
 #include <QThread>
 #include <QWindow>
+#include <utility>
 
 #include "tests/ventana/OpenList.h"
+#include "tests/ventana/ShownGrades.h"
 #include "tests/walk/Violation.h"
 
 namespace quorvane::test {
@@ -64,9 +66,17 @@ void HastyUser::Tick() {
 }
 
 void HastyUser::Look() {
+  const auto open = FindOpenList(*screen_.ActiveWindow());
   // A list that is still open holds what was typed.
-  if (FindOpenList(*screen_.ActiveWindow())) watch_->Grades().ExpectNothing();
+  if (open) watch_->Grades().ExpectNothing();
+  const auto refused = std::exchange(refused_, {});
   try {
+    if (!refused.isEmpty()) {
+      if (!open || open->typed != refused)
+        throw Violation("Se ha perdido lo escrito que no es ninguna nota: " +
+                        refused.toStdString());
+      ++refusals_;
+    }
     watch_->Look(sinceLook_ <= 1);
   } catch (...) {
     // Out of here it would cross the event loop: the form's show takes it on.
@@ -80,14 +90,19 @@ void HastyUser::Note(const qt::FormWindow& window, const HastyHands::Deed& deed,
   const auto gestures = static_cast<std::uint64_t>(deed.gestures);
   gestures_ += gestures;
   sinceLook_ += gestures;
+  byForm_[window.Model().Name()] += gestures;
   history_.Add(how + window.Model().Name() + ": " + deed.text);
 }
 
 void HastyUser::ExpectTyped(const qt::FormWindow& window, const HastyHands::Deed& deed) {
   const auto open = FindOpenList(window);
-  if (!open || open->typed.isEmpty() || !open->marked || !deed.clicked) return;
+  if (!open || open->typed.trimmed().isEmpty() || !deed.clicked) return;
   const auto* editor = open->entries->parentWidget();
   if (editor->rect().contains(editor->mapFromGlobal(*deed.clicked))) return;
+  if (!open->marked) {
+    refused_ = open->typed;
+    return;
+  }
   watch_->Grades().Expect(open->row, open->column, open->marked->toStdString());
 }
 
@@ -98,16 +113,19 @@ void HastyUser::ActOnce(QWidget& front, const qt::FormWindow& window) {
 }
 
 void HastyUser::Act(QWidget& front, const qt::FormWindow& window) {
-  constexpr std::size_t kFew = 5;
+  constexpr std::size_t kFew = 3;
   constexpr std::size_t kMany = 15;
   constexpr std::size_t kLongest = 15;  // milliseconds
   const auto pace = random_.Below(100);
   if (pace < 5) QThread::msleep(1 + static_cast<unsigned long>(random_.Below(kLongest)));
-  if (pace < 40) {
+  const auto open = FindOpenList(window);
+  if (pace < 40 || (open && !open->typed.isEmpty())) {
     ActOnce(front, window);
     return;
   }
-  const auto count = 2 + random_.Below(pace < 80 ? kFew : kMany);
+  // Grades are what is typed in a hurry.
+  const auto many = pace >= 80 && EntersGrades(window.Model());
+  const auto count = 2 + random_.Below(many ? kMany : kFew);
   for (std::size_t i = 0; i < count; ++i)
     Note(window, hands_.Act(front, window), i == 0 ? "" : "  + ");
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QString>
 #include <QTimer>
 #include <cstdint>
-#include <exception>
+#include <map>
 #include <string>
 
 #include "apps/escuela/Prng.h"
@@ -28,6 +29,12 @@ class HastyUser {
   void Interrupt();
 
   [[nodiscard]] std::uint64_t Gestures() const noexcept { return gestures_; }
+  /// How often a text that is no grade has held him back.
+  [[nodiscard]] std::uint64_t Refusals() const noexcept { return refusals_; }
+  /// How many of them on each form.
+  [[nodiscard]] const std::map<std::string, std::uint64_t>& GesturesByForm() const noexcept {
+    return byForm_;
+  }
 
  private:
   void Tick();
@@ -36,6 +43,7 @@ class HastyUser {
   void Act(QWidget& front, const qt::FormWindow& window);
   void Leave(QWidget& front, const qt::FormWindow& window);
   void Note(const qt::FormWindow& window, const HastyHands::Deed& deed, const char* how);
+  /// What was typed into a list and then left by that click is taken, or holds the user back.
   void ExpectTyped(const qt::FormWindow& window, const HastyHands::Deed& deed);
 
   Prng& random_;
@@ -48,7 +56,10 @@ class HastyUser {
   int quiet_ = 0;  ///< turns since nothing waits any more
   std::uint64_t sinceLook_ = 0;
   std::uint64_t gestures_ = 0;
+  std::map<std::string, std::uint64_t> byForm_;
   std::uint64_t until_ = 0;
+  QString refused_;  ///< typed, fits no grade, and left by the last click
+  std::uint64_t refusals_ = 0;
   int leaving_ = 0;  ///< tries to close what is open
 };
 

@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "apps/escuela/Prng.h"
 #include "platform/RuntimeError.h"
@@ -25,7 +27,8 @@ class WindowWalk {
   /// `history` outlives the walk.
   WindowWalk(const WalkOptions& options, History& history);
 
-  /// Returns at its end, with everything as it should be. `Violation` when it isn't.
+  /// Returns at its end, with every form seen and everything as it should be. `Violation` when it
+  /// isn't.
   void Run();
 
   /// What was done, for whoever reads the test's output.
@@ -37,7 +40,9 @@ class WindowWalk {
   void OpenScreen();
   void Recover(int node, const RuntimeError& error);
   [[nodiscard]] bool Explains(const RuntimeError& error) const;
-  void RequireAllForms() const;
+  void CountChecks();
+  /// A form that has been shown on none of the screens; none when all have.
+  [[nodiscard]] std::optional<std::string_view> FormNotSeen() const;
 
   WalkOptions options_;
   Prng random_;
@@ -53,6 +58,7 @@ class WindowWalk {
   std::uint64_t schools_ = 0;
   std::uint64_t screens_ = 0;
   std::uint64_t saves_ = 0;
+  std::uint64_t leftTyped_ = 0;
   std::uint64_t reopened_ = 0;
   std::map<std::string, std::uint64_t> errors_;
 };
