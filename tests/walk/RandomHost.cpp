@@ -96,8 +96,7 @@ std::string RandomHost::SignIn(const HostConnections& school, const HostSession&
   cAsignarDatos().ObtenerDatos(session);
   return "sesion usuario=" + std::to_string(asked.user) +
          " perfil=" + std::to_string(asked.profile) + " centro=" + std::to_string(asked.centre) +
-         " activa=" + (asked.active ? "1" : "0") +
-         (school.sqlServer ? " sqlserver" : "");
+         " activa=" + (asked.active ? "1" : "0") + (school.sqlServer ? " sqlserver" : "");
 }
 
 }  // namespace quorvane::test
