@@ -35,7 +35,7 @@ paquetes_de_construccion=(
   g++ cmake ninja-build ccache pkgconf
   libsqlite3-dev unixodbc-dev nlohmann-json3-dev libcli11-dev
   qt6-base-dev qt6-svg-dev libgl1-mesa-dev libxcb1-dev qt6-qpa-plugins fonts-dejavu-core
-  libgtest-dev libgmock-dev python3 perl
+  libgtest-dev libgmock-dev libsm-dev libice-dev qt6-base-private-dev python3 perl
 )
 
 # What the tests use besides: ODBC drivers, a T-SQL parser, line counters and checkers, and a desktop
@@ -43,7 +43,7 @@ paquetes_de_construccion=(
 paquetes_de_pruebas=(
   libsqliteodbc tdsodbc libsql-translator-perl gcovr
   desktop-file-utils groff-base
-  xvfb openbox xdotool wmctrl libsm-dev libice-dev
+  xvfb openbox xdotool wmctrl
   clang-format clang-tidy git
 )
 
