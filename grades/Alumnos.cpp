@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "platform/Connection.h"
@@ -11,8 +12,6 @@ namespace {
 
 constexpr const char* kNombre =
     "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre";
-
-Connection& Centro() { return *cConfiguracion::Instancia().conLocalCentro; }
 
 std::string DeSeccion(std::int32_t seccion) {
   return std::string(kNombre) +

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "platform/Connection.h"
@@ -36,7 +37,7 @@ std::string SentenciaNotas(const Seleccion& seleccion, const CondicionesNota& co
 void LlenarLista(Retivo& rejilla, int columna, const std::string& sentencia, const Form& form) {
   static const std::string kHolgura = std::string(7, ' ') + std::string(5, ' ');
   std::int32_t mayor = 0;
-  auto recordset = cConfiguracion::Instancia().conLocalCentro->Execute(sentencia);
+  auto recordset = Centro().Execute(sentencia);
   for (; !recordset.Eof(); recordset.MoveNext()) {
     const auto texto = recordset.Fields("DescripcionCorta").Text();
     if (gblnMostrarAnchoNotas) mayor = std::max(mayor, form.TextWidth(texto + kHolgura));

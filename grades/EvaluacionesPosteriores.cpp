@@ -1,5 +1,6 @@
 #include "grades/EvaluacionesPosteriores.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Intentos.h"
 #include "platform/Application.h"
@@ -9,9 +10,7 @@
 namespace quorvane {
 namespace {
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 Recordset Posteriores(const std::string& columnas, std::int32_t seccion, std::int32_t evaluacion) {
   return Execute("SELECT " + columnas +

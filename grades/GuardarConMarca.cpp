@@ -1,5 +1,6 @@
 #include "grades/GuardarConMarca.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/MateriasPendientes.h"
 #include "grades/NotasOrdinarias.h"
@@ -8,9 +9,7 @@
 namespace quorvane {
 namespace {
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 }  // namespace
 

@@ -1,14 +1,13 @@
 #include "grades/MateriasPendientes.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 
 namespace quorvane {
 namespace {
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 std::string SinBloqueadas(std::int32_t evaluacion) {
   return " AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  "

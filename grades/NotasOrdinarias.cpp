@@ -1,5 +1,6 @@
 #include "grades/NotasOrdinarias.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Escala.h"
 #include "platform/Connection.h"
@@ -13,7 +14,7 @@ void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recup
 }
 
 void LeerNotas(cMateria& materia, std::int32_t evaluacion) {
-  const auto recordset = cConfiguracion::Instancia().conLocalCentro->Execute(
+  const auto recordset = Centro().Execute(
       "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, "
       "CodNotaProcedimiento FROM EvaluacionPte WHERE CodNumEvaluacion=" +
       std::to_string(evaluacion) +

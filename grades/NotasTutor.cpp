@@ -1,5 +1,6 @@
 #include "grades/NotasTutor.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/CeldaNotas.h"
 #include "grades/Escala.h"
@@ -14,9 +15,7 @@ namespace {
 
 constexpr std::int32_t kClaseObservacion = 5;
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 std::string SistemasDe(std::int32_t tipo) {
   return "CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE "

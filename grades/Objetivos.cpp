@@ -1,14 +1,13 @@
 #include "grades/Objetivos.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 
 namespace quorvane {
 namespace {
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 }  // namespace
 

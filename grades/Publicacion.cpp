@@ -1,5 +1,6 @@
 #include "grades/Publicacion.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "grades/Intentos.h"
@@ -14,8 +15,6 @@ namespace quorvane {
 namespace {
 
 constexpr const char* kErrorInsertar = "Error al insertar la publicacion";
-
-Connection& Centro() { return *cConfiguracion::Instancia().conLocalCentro; }
 
 std::string Usuario() { return std::to_string(cConfiguracion::Instancia().intIDUsuario); }
 

@@ -1,9 +1,9 @@
 // The matrix of frmAlumnoMateria: subjects against evaluations.
 #include <algorithm>
 
+#include "frame/Conexiones.h"
 #include "platform/Connection.h"
 #include "platform/Value.h"
-#include "register/Centro.h"
 #include "register/frmAlumnoMateria.h"
 
 namespace quorvane {

@@ -1,10 +1,10 @@
 #include "register/frmAlumnoPendiente.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
-#include "register/Centro.h"
 #include "register/MatProfLoader.h"
 #include "register/RegisterLoader.h"
 #include "register/RegisterPurge.h"

@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
-#include "register/Centro.h"
 #include "register/DualList.h"
 #include "register/IdList.h"
 #include "register/PersonName.h"

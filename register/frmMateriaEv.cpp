@@ -2,12 +2,12 @@
 
 #include <memory>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
 #include "platform/Value.h"
-#include "register/Centro.h"
 #include "register/DualList.h"
 #include "register/SelectedKey.h"
 #include "register/frmAlumnoMateria.h"

@@ -1,5 +1,6 @@
 #include "register/frmPendientes.h"
 
+#include "frame/Conexiones.h"
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
@@ -7,7 +8,6 @@
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
-#include "register/Centro.h"
 #include "register/FillList.h"
 #include "register/frmAlumnoPendiente.h"
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
@@ -9,7 +10,6 @@
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
 #include "platform/PersonSearch.h"
-#include "register/Centro.h"
 #include "register/PersonName.h"
 #include "register/ResumeNext.h"
 #include "register/SelectedKey.h"

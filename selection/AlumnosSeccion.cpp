@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 #include "selection/EvaluacionElegida.h"
@@ -13,9 +14,7 @@ const std::string kActivos = "Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS N
 const std::string kApellidos =
     "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + ";
 
-Recordset Ejecutar(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Ejecutar(const std::string& statement) { return Centro().Execute(statement); }
 
 /// The values of a column, each followed by a comma.
 std::string Listar(Recordset filas, const std::string& columna) {

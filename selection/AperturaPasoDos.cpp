@@ -1,5 +1,6 @@
 #include "selection/AperturaPasoDos.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/ComboBox.h"
@@ -14,16 +15,15 @@ std::string TituloPasoDos(const ComboBox& tipo, const ComboBox& curso, const Com
 
 void MarcarSegundaFinal(const PasoDosFinal& pasoDos) {
   const auto& configuracion = cConfiguracion::Instancia();
-  const auto primera = configuracion.conLocalCentro->Execute(
-      "SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final=" + configuracion.Verdadero() +
-      " AND Orden=1");
+  const auto primera = Centro().Execute("SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final=" +
+                                        configuracion.Verdadero() + " AND Orden=1");
   pasoDos.mlngIdEvaluacionJunio(primera.Fields("IDNUMEVALUACION").Long());
   pasoDos.mblnFinalSeptiembre(true);
 }
 
 void MostrarPasoDos(const PasoDos& pasoDos) {
   Application::Instance().Screen().MousePointer(Pointer::Default);
-  cConfiguracion::Instancia().conLocalAppEntrada->Close();
+  AppEntrada().Close();
   pasoDos.Mostrar();
 }
 

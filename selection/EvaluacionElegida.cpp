@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/CheckBox.h"
 #include "platform/Connection.h"
@@ -9,9 +10,7 @@
 namespace quorvane {
 namespace {
 
-Recordset Leer(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Leer(const std::string& statement) { return Centro().Execute(statement); }
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <ctime>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
@@ -14,7 +15,7 @@ namespace {
 
 bool UsuarioSinFechas() {
   const auto& configuracion = cConfiguracion::Instancia();
-  auto& entrada = *configuracion.conLocalAppEntrada;
+  auto& entrada = AppEntrada();
   entrada.Open();
   const auto usuario =
       entrada.Execute(" SELECT codpadre,idUsuario,adminsistema FROM Usuario WHERE  IDUsuario = " +
@@ -23,7 +24,7 @@ bool UsuarioSinFechas() {
 }
 
 Recordset LeerFechaNotas(std::int32_t seccion, std::int32_t evaluacion) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(
+  return Centro().Execute(
       " SELECT fechaInicio,fechaFin,codseccion  FROM FechaNotas WHERE  codseccion=" +
       std::to_string(seccion) + "  AND codNumEvaluacion= " + std::to_string(evaluacion) + " ");
 }
@@ -46,7 +47,7 @@ std::optional<Recordset> PeriodoDeEntrada(std::int32_t seccion, std::int32_t eva
 }
 
 std::string FechaServidor() {
-  auto origen = cConfiguracion::Instancia().conLocalCentro->DataSource();
+  auto origen = Centro().DataSource();
   const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
   auto fecha = api->ObtenerHoraSistema(origen);
   return fecha.empty() ? FechaLocal() : fecha;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/AsciiCase.h"
 #include "platform/ComboBox.h"
@@ -11,9 +12,7 @@
 namespace quorvane {
 namespace {
 
-Recordset Leer(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Leer(const std::string& statement) { return Centro().Execute(statement); }
 
 bool SinLimites() { return cConfiguracion::Instancia().intIDPerfil == 0; }
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 #include "selection/EvaluacionElegida.h"
@@ -12,9 +13,7 @@ namespace {
 /// A work placement: it stays on offer in the second final, passed or not.
 constexpr std::int32_t kFormacionEnCentros = 4;
 
-Recordset Ejecutar(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Ejecutar(const std::string& statement) { return Centro().Execute(statement); }
 
 /// Leaves the rows of that condition; True when there is one.
 bool FiltrarRecordset(Recordset& filas, const std::string& condicion) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
@@ -70,9 +71,8 @@ void frmNotaManual1::cboEvaluaciones_Click() {
   if (cboSecciones.ListIndex() != -1) {
     cmdNotaManual1[0].Enabled(true);
     // What it gives isn't looked at: this dialog offers neither recovery nor promotion.
-    cConfiguracion::Instancia().conLocalCentro->Execute(
-        "SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion = " +
-        std::to_string(cboEvaluaciones.SelectedData()));
+    Centro().Execute("SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion = " +
+                     std::to_string(cboEvaluaciones.SelectedData()));
     chkTodosProm.Visible(false);
     chkRecuperacion.Visible(false);
   } else {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
@@ -77,9 +78,9 @@ void frmNotaMateria1::cboEvaluaciones_Click() {
   blnEntrar = false;
   if (cboSecciones.ListIndex() != -1) {
     cmdNotaManual1[0].Enabled(true);
-    const auto evaluacion = cConfiguracion::Instancia().conLocalCentro->Execute(
-        "SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion = " +
-        std::to_string(cboEvaluaciones.SelectedData()));
+    const auto evaluacion =
+        Centro().Execute("SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion = " +
+                         std::to_string(cboEvaluaciones.SelectedData()));
     if (evaluacion.Eof()) {
       blnEntrar = true;
       return;

@@ -1,5 +1,6 @@
 #include "grades/final/CargaFinal.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/Alumnos.h"
@@ -10,9 +11,7 @@ namespace {
 
 constexpr const char* kTabla = "EvaluacionActaPte";
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 bool VeTodaLaSeccion(bool blnTutor) {
   return cConfiguracion::Instancia().intIDPerfil == 0 || blnTutor;

@@ -2,15 +2,14 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
 
 namespace quorvane {
 namespace {
 
-Recordset Execute(const std::string& statement) {
-  return cConfiguracion::Instancia().conLocalCentro->Execute(statement);
-}
+Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 /// One subject's rows of final evaluations, seen from one of them. What is stored for True is the
 /// same on both engines; what is compared with it isn't.

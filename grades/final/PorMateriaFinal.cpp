@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Alumnos.h"
 #include "grades/CeldaNotas.h"
@@ -23,8 +24,8 @@ cMateria& MateriaDeAlumno(const Retivo& rejilla, const Collection<cAlumno>& colA
 
 void LeerCurso(std::int32_t curso, CheckBox& chkPromocion, std::uint8_t& bytPromocion,
                bool& blnMedidas) {
-  const auto fila = cConfiguracion::Instancia().conLocalCentro->Execute(
-      "SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=" + std::to_string(curso));
+  const auto fila =
+      Centro().Execute("SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=" + std::to_string(curso));
   const auto promocion = fila.Fields("Promocion").Long();
   if (promocion == 0) chkPromocion.Visible(false);
   if (promocion == 1 || promocion == 2) {

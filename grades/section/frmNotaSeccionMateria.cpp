@@ -1,5 +1,6 @@
 #include "grades/section/frmNotaSeccionMateria.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Alumnos.h"
 #include "grades/EvaluacionesPosteriores.h"
@@ -77,7 +78,7 @@ void frmNotaSeccionMateria::Form_Load() {
   auto alumnos =
       AlumnoElegido(FormInstance<frmNotaSeccionMateria1>::Get().cboAlumno.SelectedData());
   for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
-  const auto nombres = configuracion.conLocalCentro->Execute(
+  const auto nombres = Centro().Execute(
       "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=5 AND CodSistemaCalificacion "
       "IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza=" +
       std::to_string(paso.tipo) + ")");

@@ -1,5 +1,6 @@
 #include "grades/student/frmNotaManual.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "grades/Alumnos.h"
@@ -152,8 +153,8 @@ void frmNotaManual::PreguntarNotasActivas() {
   auto idPersonal = PersonalDelUsuario("CodUsuario");
   auto idSeccion = ToInteger(paso.seccion);
   auto idEvaluacion = ToInteger(paso.evaluacion);
-  if (!api->notasactivas(*configuracion.conLocalCentro, strNotasActivas, configuracion.intIDUsuario,
-                         idPersonal, idSeccion, idEvaluacion))
+  if (!api->notasactivas(Centro(), strNotasActivas, configuracion.intIDUsuario, idPersonal,
+                         idSeccion, idEvaluacion))
     return;
   cmdAceptar.Enabled(false);
   strNotasActivas = "B";
@@ -206,8 +207,7 @@ void frmNotaManual::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
                                                          std::int32_t& objetivo) {
   const auto& configuracion = cConfiguracion::Instancia();
   const auto siguienteId = [&configuracion](const std::string& tabla, const std::string& campo) {
-    return ObtenerSiguienteId(*configuracion.conLocalCentro, configuracion.conLocalBorradoCentro,
-                              tabla, campo);
+    return ObtenerSiguienteId(Centro(), configuracion.conLocalBorradoCentro, tabla, campo);
   };
   const auto paso = PasoUno();
   AnadirEnEvaluacionSiguiente(

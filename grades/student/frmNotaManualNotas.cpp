@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/MateriasBloqueo.h"
@@ -104,7 +105,7 @@ void frmNotaManual::cmdAceptar_Click() {
 }
 
 void frmNotaManual::GuardarMateria(const cMateria& materia, std::int32_t evaluacion) const {
-  auto& centro = *cConfiguracion::Instancia().conLocalCentro;
+  auto& centro = Centro();
   const auto id = std::to_string(materia.CodAlumno_MateriaDetalles);
   const auto asignaciones = AsignacionesNotas(materia) +
                             " WHERE CodNumEvaluacion=" + std::to_string(evaluacion) +

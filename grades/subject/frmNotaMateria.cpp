@@ -1,5 +1,6 @@
 #include "grades/subject/frmNotaMateria.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Alumnos.h"
 #include "grades/EvaluacionesPosteriores.h"
@@ -82,9 +83,9 @@ void frmNotaMateria::Form_Load() {
     for (; !alumnos.Eof(); alumnos.MoveNext()) {
       AnadirAlumno(colAlumnos, alumnos);
       // Asked again for each student, though the answer is the section's.
-      const auto seguimiento = configuracion.conLocalCentro->Execute(
-          "SELECT Seguimiento, AcumularObjetivos FROM Seccion WHERE IDSeccion=" +
-          std::to_string(paso.seccion));
+      const auto seguimiento =
+          Centro().Execute("SELECT Seguimiento, AcumularObjetivos FROM Seccion WHERE IDSeccion=" +
+                           std::to_string(paso.seccion));
       blnSeguimiento = seguimiento.Fields("Seguimiento").Flag();
       blnAcumularObjetivos = seguimiento.Fields("AcumularObjetivos").Flag();
     }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/GuardarConMarca.h"
 #include "grades/MateriasBloqueo.h"
@@ -73,8 +74,8 @@ void frmNotaMateria::CargarMaterias(cAlumno& alumno, Recordset& filas) {
       filas.MoveNext();
       BorrarNotas(id);
       // No such table: the purge ends here, and the row stays.
-      cConfiguracion::Instancia().conLocalCentro->Execute(
-          "DELETE FROM AlumnoPte_MateriaDetalles WHERE IDAlumnoPte_MatDet=" + std::to_string(id));
+      Centro().Execute("DELETE FROM AlumnoPte_MateriaDetalles WHERE IDAlumnoPte_MatDet=" +
+                       std::to_string(id));
       continue;
     }
     if (*clase != kClaseValores) CargarMateria(alumno, filas, *clase);

@@ -1,9 +1,9 @@
 // The components of the register on their own.
 #include <gmock/gmock.h>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "register/Centro.h"
 #include "register/CopiarAlumno.h"
 #include "register/IdList.h"
 #include "register/PersonName.h"
