@@ -13,7 +13,7 @@ std::string TituloPasoDos(const ComboBox& tipo, const ComboBox& curso, const Com
   return tipo.Text() + " " + curso.Text() + " " + seccion.Text();
 }
 
-void MarcarSegundaFinal(const PasoDosFinal& pasoDos) {
+void MarcarSegundaFinal(PasoDosFinal& pasoDos) {
   const auto& configuracion = cConfiguracion::Instancia();
   const auto primera = Centro().Execute("SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final=" +
                                         configuracion.Verdadero() + " AND Orden=1");
@@ -21,7 +21,7 @@ void MarcarSegundaFinal(const PasoDosFinal& pasoDos) {
   pasoDos.mblnFinalSeptiembre(true);
 }
 
-void MostrarPasoDos(const PasoDos& pasoDos) {
+void MostrarPasoDos(PasoDos& pasoDos) {
   Application::Instance().Screen().MousePointer(Pointer::Default);
   AppEntrada().Close();
   pasoDos.Mostrar();

@@ -13,9 +13,9 @@ std::string TituloPasoDos(const ComboBox& tipo, const ComboBox& curso, const Com
 
 /// Tells the final form that this is the second final evaluation, and which was the first.
 /// Error 3021 when there is no first.
-void MarcarSegundaFinal(const PasoDosFinal& pasoDos);
+void MarcarSegundaFinal(PasoDosFinal& pasoDos);
 
 /// Restores the pointer, closes `conLocalAppEntrada` and shows the form modally.
-void MostrarPasoDos(const PasoDos& pasoDos);
+void MostrarPasoDos(PasoDos& pasoDos);
 
 }  // namespace quorvane

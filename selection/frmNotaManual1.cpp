@@ -108,7 +108,7 @@ void frmNotaManual1::AbrirPasoDos() {
   Hide();
   const auto titulo = TituloPasoDos(cboTipoEnsenanza, cboCursos, cboSecciones);
   if (evaluacion.Fields("Final").Flag()) {
-    const auto pasoDos = PasoDosFrmNotaManualFinal();
+    auto& pasoDos = PasoDosFrmNotaManualFinal();
     pasoDos.mstrCaption(titulo);
     screen.MousePointer(Pointer::Default);
     if (evaluacion.Fields("ORDEN").Long() == kOrdenSegundaFinal) MarcarSegundaFinal(pasoDos);
@@ -116,7 +116,7 @@ void frmNotaManual1::AbrirPasoDos() {
     MostrarPasoDos(pasoDos);
     return;
   }
-  const auto pasoDos = PasoDosFrmNotaManual();
+  auto& pasoDos = PasoDosFrmNotaManual();
   pasoDos.mstrCaption(titulo);
   MostrarPasoDos(pasoDos);
 }

@@ -120,14 +120,14 @@ void frmNotaMateria1::AbrirPasoDos() {
   Hide();
   const auto titulo = TituloPasoDos(cboTipoEnsenanza, cboCursos, cboSecciones);
   if (evaluacion.Fields("Final").Flag()) {
-    const auto pasoDos = PasoDosFrmNotaMateriaFinal();
+    auto& pasoDos = PasoDosFrmNotaMateriaFinal();
     screen.MousePointer(Pointer::Default);
     if (evaluacion.Fields("ORDEN").Long() == kOrdenSegundaFinal) MarcarSegundaFinal(pasoDos);
     pasoDos.mstrCaption(titulo);
     MostrarPasoDos(pasoDos);
     return;
   }
-  const auto pasoDos = PasoDosFrmNotaMateria();
+  auto& pasoDos = PasoDosFrmNotaMateria();
   pasoDos.mstrCaption(titulo);
   MostrarPasoDos(pasoDos);
 }

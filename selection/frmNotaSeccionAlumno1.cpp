@@ -138,7 +138,7 @@ void frmNotaSeccionAlumno1::AbrirPasoDos() {
   Hide();
   const auto titulo = TituloPasoDos(cboTipoEnsenanza, cboCursos, cboSecciones);
   if (evaluacion.Fields("Final").Flag()) {
-    const auto pasoDos = PasoDosFrmNotaSeccionAlumnoFinal();
+    auto& pasoDos = PasoDosFrmNotaSeccionAlumnoFinal();
     pasoDos.mstrCaption(titulo);
     screen.MousePointer(Pointer::Default);
     if (evaluacion.Fields("ORDEN").Long() == kOrdenSegundaFinal) MarcarSegundaFinal(pasoDos);
@@ -146,7 +146,7 @@ void frmNotaSeccionAlumno1::AbrirPasoDos() {
     MostrarPasoDos(pasoDos);
     return;
   }
-  const auto pasoDos = PasoDosFrmNotaSeccionAlumno();
+  auto& pasoDos = PasoDosFrmNotaSeccionAlumno();
   pasoDos.mstrCaption(titulo);
   MostrarPasoDos(pasoDos);
 }

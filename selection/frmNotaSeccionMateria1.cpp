@@ -140,7 +140,7 @@ void frmNotaSeccionMateria1::AbrirPasoDos() {
   Hide();
   const auto titulo = TituloPasoDos(cboTipoEnsenanza, cboCursos, cboSecciones);
   if (evaluacion.Fields("Final").Flag()) {
-    const auto pasoDos = PasoDosFrmNotaSeccionMateriaFinal();
+    auto& pasoDos = PasoDosFrmNotaSeccionMateriaFinal();
     pasoDos.mstrCaption(titulo);
     screen.MousePointer(Pointer::Default);
     if (evaluacion.Fields("ORDEN").Long() == kOrdenSegundaFinal) MarcarSegundaFinal(pasoDos);
@@ -148,7 +148,7 @@ void frmNotaSeccionMateria1::AbrirPasoDos() {
     MostrarPasoDos(pasoDos);
     return;
   }
-  const auto pasoDos = PasoDosFrmNotaSeccionMateria();
+  auto& pasoDos = PasoDosFrmNotaSeccionMateria();
   pasoDos.mstrCaption(titulo);
   MostrarPasoDos(pasoDos);
 }

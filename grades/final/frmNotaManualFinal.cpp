@@ -13,7 +13,6 @@
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {
@@ -23,16 +22,7 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaManual1>::Get()); }
 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
-frmNotaManualFinal& Formulario() { return FormInstance<frmNotaManualFinal>::Get(); }
-
 }  // namespace
-
-PasoDosFinal PasoDosFrmNotaManualFinal() {
-  return {{[](const std::string& caption) { Formulario().mstrCaption = caption; },
-           [] { Formulario().ShowModal(); }},
-          [](std::int32_t id) { Formulario().elegida.mlngIdEvaluacionJunio = id; },
-          [](bool segunda) { Formulario().elegida.mblnFinalSeptiembre = segunda; }};
-}
 
 frmNotaManualFinal::frmNotaManualFinal() : Form("frmNotaManualFinal") {
   DibujarFinal(*this, ControlesDe(*this, cboAlumnos), "Alumno:", 780);

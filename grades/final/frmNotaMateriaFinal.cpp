@@ -14,7 +14,6 @@
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
@@ -24,16 +23,7 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); 
 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
-frmNotaMateriaFinal& Formulario() { return FormInstance<frmNotaMateriaFinal>::Get(); }
-
 }  // namespace
-
-PasoDosFinal PasoDosFrmNotaMateriaFinal() {
-  return {{[](const std::string& caption) { Formulario().mstrCaption = caption; },
-           [] { Formulario().ShowModal(); }},
-          [](std::int32_t id) { Formulario().elegida.mlngIdEvaluacionJunio = id; },
-          [](bool segunda) { Formulario().elegida.mblnFinalSeptiembre = segunda; }};
-}
 
 frmNotaMateriaFinal::frmNotaMateriaFinal() : Form("frmNotaMateriaFinal") {
   DibujarFinal(*this, ControlesDe(*this, cboMaterias), "Materias:", 900);

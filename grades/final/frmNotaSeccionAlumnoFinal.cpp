@@ -13,7 +13,6 @@
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {
@@ -23,16 +22,7 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionAlumno1>::Ge
 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
-frmNotaSeccionAlumnoFinal& Formulario() { return FormInstance<frmNotaSeccionAlumnoFinal>::Get(); }
-
 }  // namespace
-
-PasoDosFinal PasoDosFrmNotaSeccionAlumnoFinal() {
-  return {{[](const std::string& caption) { Formulario().mstrCaption = caption; },
-           [] { Formulario().ShowModal(); }},
-          [](std::int32_t id) { Formulario().elegida.mlngIdEvaluacionJunio = id; },
-          [](bool segunda) { Formulario().elegida.mblnFinalSeptiembre = segunda; }};
-}
 
 frmNotaSeccionAlumnoFinal::frmNotaSeccionAlumnoFinal() : Form("frmNotaSeccionAlumnoFinal") {
   DibujarFinal(*this, ControlesDe(*this, cboAlumnos), "Alumno:", 780);

@@ -14,7 +14,6 @@
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {
@@ -24,16 +23,7 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionMateria1>::G
 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
-frmNotaSeccionMateriaFinal& Formulario() { return FormInstance<frmNotaSeccionMateriaFinal>::Get(); }
-
 }  // namespace
-
-PasoDosFinal PasoDosFrmNotaSeccionMateriaFinal() {
-  return {{[](const std::string& caption) { Formulario().mstrCaption = caption; },
-           [] { Formulario().ShowModal(); }},
-          [](std::int32_t id) { Formulario().elegida.mlngIdEvaluacionJunio = id; },
-          [](bool segunda) { Formulario().elegida.mblnFinalSeptiembre = segunda; }};
-}
 
 frmNotaSeccionMateriaFinal::frmNotaSeccionMateriaFinal() : Form("frmNotaSeccionMateriaFinal") {
   DibujarFinal(*this, ControlesDe(*this, cboMaterias), "Materias:", 900);

@@ -12,7 +12,6 @@
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {
@@ -23,13 +22,6 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionAlumno1>::Ge
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
 }  // namespace
-
-PasoDos PasoDosFrmNotaSeccionAlumno() {
-  return {[](const std::string& caption) {
-            FormInstance<frmNotaSeccionAlumno>::Get().mstrCaption = caption;
-          },
-          [] { FormInstance<frmNotaSeccionAlumno>::Get().ShowModal(); }};
-}
 
 frmNotaSeccionAlumno::frmNotaSeccionAlumno() : Form("frmNotaSeccionAlumno") {
   DibujarNotas(*this, Controles(), "Alumno:", 780);

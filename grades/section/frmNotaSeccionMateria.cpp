@@ -14,7 +14,6 @@
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {
@@ -25,13 +24,6 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionMateria1>::G
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
 }  // namespace
-
-PasoDos PasoDosFrmNotaSeccionMateria() {
-  return {[](const std::string& caption) {
-            FormInstance<frmNotaSeccionMateria>::Get().mstrCaption = caption;
-          },
-          [] { FormInstance<frmNotaSeccionMateria>::Get().ShowModal(); }};
-}
 
 frmNotaSeccionMateria::frmNotaSeccionMateria() : Form("frmNotaSeccionMateria") {
   DibujarNotas(*this, Controles(), "Materias y objetivos:", 1700);

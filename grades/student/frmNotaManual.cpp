@@ -16,7 +16,6 @@
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {
@@ -27,12 +26,6 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaManual1>::Get()); }
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
 }  // namespace
-
-PasoDos PasoDosFrmNotaManual() {
-  return {
-      [](const std::string& caption) { FormInstance<frmNotaManual>::Get().mstrCaption = caption; },
-      [] { FormInstance<frmNotaManual>::Get().ShowModal(); }};
-}
 
 frmNotaManual::frmNotaManual() : Form("frmNotaManual") {
   DibujarNotas(*this, Controles(), "Alumno:", 780);

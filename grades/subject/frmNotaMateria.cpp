@@ -14,7 +14,6 @@
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
-#include "selection/PasoDos.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
@@ -25,12 +24,6 @@ Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
 }  // namespace
-
-PasoDos PasoDosFrmNotaMateria() {
-  return {
-      [](const std::string& caption) { FormInstance<frmNotaMateria>::Get().mstrCaption = caption; },
-      [] { FormInstance<frmNotaMateria>::Get().ShowModal(); }};
-}
 
 frmNotaMateria::frmNotaMateria() : Form("frmNotaMateria") {
   DibujarNotas(*this, Controles(), "Materias y objetivos:", 1700);
