@@ -12,7 +12,7 @@ set(QUORVANE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/quorvane)
 # The module and each adapter in an export of its own, so that a host needs what it asks for alone.
 set(installed_components)
 function(install_library component target)
-  if(NOT TARGET ${target})
+  if(NOT TARGET ${target})  # the desktop's, where it isn't built
     return()
   endif()
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${component})
@@ -30,19 +30,24 @@ set(header_roots
     frame/cAsignarDatos.h frame/cDatosSesion.h frame/cNombreNodo.h frame/schema/SchoolSchema.h
     register/cMatProf.h
     # The session, the connections and the host's components.
-    platform/Application.h platform/CentroApi.h platform/Connection.h platform/FormInstances.h
-    platform/FrontEnd.h platform/HostObject.h platform/ObjectFactory.h platform/PersonSearch.h
-    platform/Recordset.h platform/RuntimeError.h platform/SessionObject.h platform/SessionValues.h
+    platform/RuntimeError.h platform/controls/FormInstances.h platform/data/Connection.h
+    platform/data/Recordset.h platform/host/Application.h platform/host/CentroApi.h
+    platform/host/FrontEnd.h platform/host/HostObject.h platform/host/ObjectFactory.h
+    platform/host/PersonSearch.h platform/host/SessionObject.h platform/host/SessionValues.h
     # The models that a front end shows.
-    platform/Animation.h platform/CheckBox.h platform/ComboBox.h platform/CommandButton.h
-    platform/Form.h platform/Frame.h platform/Label.h platform/ListBox.h platform/MSFlexGrid.h
-    platform/Retivo.h platform/TabStrip.h platform/TextBox.h)
+    platform/controls/Animation.h platform/controls/CheckBox.h platform/controls/ComboBox.h
+    platform/controls/CommandButton.h platform/controls/Form.h platform/controls/Frame.h
+    platform/controls/Label.h platform/controls/ListBox.h platform/controls/MSFlexGrid.h
+    platform/controls/Retivo.h platform/controls/TabStrip.h platform/controls/TextBox.h)
 install_library(quorvane quorvane)
+# What the adapters of databases stand on: no host asks for it.
+install_library(sqltext quorvane_sqltext)
 install_library(sqlite quorvane_sqlite adapters/sqlite/SqliteConnection.h)
 install_library(odbc quorvane_odbc adapters/odbc/OdbcConnection.h)
-install_library(guion quorvane_guion adapters/guion/EventPrinter.h adapters/guion/Guion.h
-                adapters/guion/Host.h adapters/guion/ScriptError.h adapters/guion/ScriptParser.h)
-install_library(qt quorvane_qt adapters/qt/FormWindow.h adapters/qt/QtFrontEnd.h)
+install_library(guion quorvane_guion adapters/guion/host/Host.h
+                adapters/guion/language/ScriptError.h adapters/guion/language/ScriptParser.h
+                adapters/guion/player/EventPrinter.h adapters/guion/player/Guion.h)
+install_library(qt quorvane_qt adapters/qt/window/FormWindow.h adapters/qt/window/QtFrontEnd.h)
 
 # Found when installing, not before: touching a header must not configure the project again.
 set(install_headers ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)

@@ -20,11 +20,8 @@ target_link_options(quorvane_checked_options INTERFACE -fsanitize=address,undefi
 # the tests compile too the checked ones are taken; and what no test calls is counted as well.
 add_library(quorvane_checked OBJECT)
 target_link_libraries(quorvane_checked PUBLIC quorvane_checked_options quorvane_options)
-foreach(library quorvane quorvane_sqlite quorvane_odbc quorvane_guion quorvane_guion_host
-                quorvane_escuela)
-  if(NOT TARGET ${library})
-    continue()
-  endif()
+foreach(library quorvane quorvane_sqltext quorvane_sqlite quorvane_odbc quorvane_guion
+                quorvane_guion_host quorvane_escuela)
   get_target_property(files ${library} SOURCES)
   get_target_property(folder ${library} SOURCE_DIR)
   list(TRANSFORM files PREPEND ${folder}/ REGEX "^[^/]")
@@ -39,8 +36,8 @@ foreach(library quorvane quorvane_sqlite quorvane_odbc quorvane_guion quorvane_g
 endforeach()
 # The tools that read the compile commands see each file once, as it is built for use.
 set_target_properties(quorvane_checked PROPERTIES EXPORT_COMPILE_COMMANDS OFF)
-set_source_files_properties(${CMAKE_SOURCE_DIR}/platform/Application.cpp PROPERTIES
-                            COMPILE_DEFINITIONS QUORVANE_VERSION="${QUORVANE_VERSION_TEXT}")
+compile_headers_once(quorvane_checked)
+set_source_files_properties(${version_source} PROPERTIES COMPILE_DEFINITIONS ${version_definition})
 
 # The counters start at zero in each run of the tests.
 add_test(NAME checked_counters
