@@ -61,7 +61,7 @@ paquetes_de_pruebas=(
   libsqliteodbc tdsodbc libsql-translator-perl gcovr
   desktop-file-utils groff-base
   xvfb openbox xdotool wmctrl
-  clang-format clang-tidy git
+  clang-format clang-tidy iwyu git
 )
 
 # construir PRESET [TARGET...]: configures (once) and builds a preset, or only those targets; the

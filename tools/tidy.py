@@ -2,74 +2,21 @@
 """Run clang-tidy over the project's sources, each once for each state of it and its headers.
 
 Sources that are compiled alike and lie in one folder are read together, so that the headers which
-they share are read once; names of theirs that clash part them again. A source that passed is
-remembered, by what it is made of, in the user's cache folder.
+they share are read once; names of theirs that clash part them again.
 """
 import collections
 import concurrent.futures
-import hashlib
-import json
 import os
 import pathlib
-import re
-import shlex
 import subprocess
 import sys
 import tempfile
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
-CACHE = pathlib.Path(os.environ.get('XDG_CACHE_HOME') or pathlib.Path.home() / '.cache') / 'quorvane-tidy'
+from compiled import ROOT, sources
+
 TOGETHER = 32
 FOLDERS = 'platform|frame|register|selection|grades|adapters|apps|fuzz|tools'
 HEADERS = rf'({FOLDERS})/.*\.(h|cpp)$'
-
-Source = collections.namedtuple('Source', 'file flags mark')
-
-
-def dependencies(build):
-    """The project's files that each object was made from, as the build has noted them."""
-    text = subprocess.run(['ninja', '-C', str(build), '-t', 'deps'], check=True, text=True,
-                          capture_output=True).stdout
-    found = {}
-    for block in text.split('\n\n'):
-        lines = block.strip().splitlines()
-        if len(lines) > 1:
-            files = (pathlib.Path(build, line.strip()).resolve() for line in lines[1:])
-            found[lines[0].split(':')[0]] = sorted(f for f in files if f.is_relative_to(ROOT))
-    return found
-
-
-def flags_of(words):
-    """What the meaning of a source hangs on: folders, definitions and the language."""
-    words = iter(words)
-    for word in words:
-        if word in ('-isystem', '-I', '-D'):
-            yield from (word, next(words))
-        elif word.startswith(('-I', '-D', '-std=', '-fPI')):
-            yield word
-
-
-def sources(build, base):
-    """Each source file once; tests and generated code aside."""
-    deps = dependencies(build)
-    seen = set()
-    for entry in json.loads((build / 'compile_commands.json').read_text()):
-        file = pathlib.Path(entry['file']).resolve()
-        inside = file.is_relative_to(ROOT) and not file.is_relative_to(build)
-        if not inside or file in seen or file.relative_to(ROOT).parts[0] in ('tests', 'bench'):
-            continue
-        seen.add(file)
-        words = shlex.split(entry['command'])
-        output = words[words.index('-o') + 1]
-        yield Source(file, tuple(flags_of(words)), key(deps.get(output, [file]), base))
-
-
-def key(files, base):
-    digest = hashlib.sha256(base)
-    for file in files:
-        if file.suffix != '.gch':
-            digest.update(str(file.name).encode() + file.read_bytes())
-    return CACHE / digest.hexdigest()
 
 
 def bundles(waiting):
@@ -112,10 +59,9 @@ def check(bundle):
 
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
-    CACHE.mkdir(parents=True, exist_ok=True)
     version = subprocess.run(['clang-tidy', '--version'], check=True, capture_output=True).stdout
     base = version + (ROOT / '.clang-tidy').read_bytes()
-    every = list(sources(build, base))
+    every = list(sources(build, 'quorvane-tidy', base))
     waiting = [source for source in every if not source.mark.exists()]
     done = failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "apps/escuela/SchoolAddress.h"
+#include "frame/schema/SchoolSchema.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane {

@@ -15,6 +15,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/quorvane-guion/PlayScript.h"
 #include "frame/modGeneral.h"
+#include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "tests/odbc/TdsServer.h"
 #include "tests/sqlite/RunRows.h"
