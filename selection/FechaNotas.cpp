@@ -8,6 +8,7 @@
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/Connection.h"
+#include "platform/LocalTime.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -54,9 +55,7 @@ std::string FechaServidor() {
 }
 
 std::string FechaLocal() {
-  const auto now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const auto local = LocalTime(std::time(nullptr));
   std::string text(sizeof "dd/mm/yyyy" - 1, ' ');
   std::strftime(text.data(), text.size() + 1, "%d/%m/%Y", &local);
   return text;
