@@ -5,7 +5,7 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 namespace {

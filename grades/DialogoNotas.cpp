@@ -1,16 +1,16 @@
 #include "grades/DialogoNotas.h"
 
-#include "platform/Animation.h"
-#include "platform/Application.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/FrontEnd.h"
-#include "platform/Label.h"
-#include "platform/Retivo.h"
-#include "platform/TabStrip.h"
-#include "platform/TextBox.h"
+#include "platform/controls/Animation.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Retivo.h"
+#include "platform/controls/TabStrip.h"
+#include "platform/controls/TextBox.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane {
 namespace {

@@ -3,8 +3,8 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Anchos.h"
-#include "platform/Connection.h"
-#include "platform/Retivo.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 namespace {

@@ -3,9 +3,9 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Intentos.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 
 namespace quorvane {
 namespace {

@@ -3,8 +3,8 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Escala.h"
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -4,11 +4,11 @@
 #include "frame/cConfiguracion.h"
 #include "grades/CeldaNotas.h"
 #include "grades/Escala.h"
-#include "platform/ComboBox.h"
-#include "platform/Connection.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
-#include "platform/Retivo.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 namespace {

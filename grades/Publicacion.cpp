@@ -6,10 +6,10 @@
 #include "grades/Intentos.h"
 #include "grades/MateriasBloqueo.h"
 #include "grades/Usuario.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
-#include "platform/MessageBox.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
+#include "platform/host/MessageBox.h"
 
 namespace quorvane {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ListBox.h"
+#include "platform/controls/ListBox.h"
 
 namespace quorvane {
 

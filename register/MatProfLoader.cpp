@@ -4,7 +4,7 @@
 #include <string>
 
 #include "frame/cConstCol.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 #include "register/PersonName.h"
 
 namespace quorvane {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "platform/data/Connection.h"
 #include "register/PersonName.h"
 #include "register/RegisterPurge.h"
 

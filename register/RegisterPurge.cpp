@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

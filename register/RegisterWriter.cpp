@@ -1,7 +1,7 @@
 #include "register/RegisterWriter.h"
 
 #include "frame/modGeneral.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "frame/cConstCol.h"
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cAlumno.h"
 #include "register/cMatProf.h"
 

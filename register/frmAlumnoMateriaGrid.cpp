@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "frame/Conexiones.h"
-#include "platform/Connection.h"
-#include "platform/Value.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Value.h"
 #include "register/frmAlumnoMateria.h"
 
 namespace quorvane {

@@ -4,8 +4,8 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
 #include "register/DualList.h"
 #include "register/IdList.h"
 #include "register/PersonName.h"

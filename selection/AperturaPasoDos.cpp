@@ -2,10 +2,10 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/ComboBox.h"
-#include "platform/Connection.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane {
 

@@ -4,14 +4,14 @@
 #include <array>
 
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/FrontEnd.h"
-#include "platform/Label.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/ListasPasoUno.h"
 
 namespace quorvane {

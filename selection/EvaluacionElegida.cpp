@@ -4,8 +4,8 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/CheckBox.h"
-#include "platform/Connection.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 namespace {

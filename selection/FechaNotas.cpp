@@ -5,11 +5,11 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
 #include "platform/LocalTime.h"
 #include "platform/RuntimeError.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 
 namespace quorvane {
 namespace {

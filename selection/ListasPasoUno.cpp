@@ -4,10 +4,10 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/AsciiCase.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Connection.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/data/Connection.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {

@@ -4,7 +4,7 @@
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/Alumnos.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 namespace {

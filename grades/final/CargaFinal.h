@@ -8,8 +8,8 @@
 
 #include "grades/MateriasPendientes.h"
 #include "grades/Seleccion.h"
-#include "platform/Collection.h"
-#include "platform/Recordset.h"
+#include "platform/data/Collection.h"
+#include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -1,14 +1,14 @@
 #include "grades/final/DialogoFinal.h"
 
 #include "grades/final/RejillaFinal.h"
-#include "platform/Animation.h"
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
-#include "platform/Retivo.h"
+#include "platform/controls/Animation.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Retivo.h"
 
 namespace quorvane {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

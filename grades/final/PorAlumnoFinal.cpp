@@ -4,7 +4,7 @@
 
 #include "grades/CeldaNotas.h"
 #include "grades/final/RejillaFinal.h"
-#include "platform/Retivo.h"
+#include "platform/controls/Retivo.h"
 
 namespace quorvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grades/Seleccion.h"
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cMateria.h"
 
 namespace quorvane {

@@ -7,10 +7,10 @@
 #include "grades/Alumnos.h"
 #include "grades/CeldaNotas.h"
 #include "grades/final/RejillaFinal.h"
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/Connection.h"
-#include "platform/Retivo.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "grades/Seleccion.h"
 #include "grades/subject/MateriasDeCombo.h"
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -3,8 +3,8 @@
 #include "frame/cConfiguracion.h"
 #include "grades/Anchos.h"
 #include "grades/CeldaNotas.h"
-#include "platform/Retivo.h"
-#include "platform/Value.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Value.h"
 
 namespace quorvane {
 

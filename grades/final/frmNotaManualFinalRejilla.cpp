@@ -2,8 +2,8 @@
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaManualFinal.h"
-#include "platform/FormInstance.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

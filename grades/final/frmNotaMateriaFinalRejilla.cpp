@@ -2,10 +2,10 @@
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {

@@ -4,8 +4,8 @@
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
-#include "platform/FormInstance.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

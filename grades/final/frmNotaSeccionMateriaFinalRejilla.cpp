@@ -5,10 +5,10 @@
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {

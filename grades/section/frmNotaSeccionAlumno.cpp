@@ -8,9 +8,9 @@
 #include "grades/Objetivos.h"
 #include "grades/Seleccion.h"
 #include "grades/Usuario.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/MessageBox.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/MessageBox.h"
 #include "selection/EvaluacionElegida.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 

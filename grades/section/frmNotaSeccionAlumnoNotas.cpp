@@ -13,9 +13,9 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/Seleccion.h"
 #include "grades/section/frmNotaSeccionAlumno.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

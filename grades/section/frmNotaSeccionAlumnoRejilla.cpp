@@ -4,8 +4,8 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/Seleccion.h"
 #include "grades/section/frmNotaSeccionAlumno.h"
-#include "platform/FormInstance.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

@@ -10,10 +10,10 @@
 #include "grades/Seleccion.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/CargaPorMateria.h"
-#include "platform/Application.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {

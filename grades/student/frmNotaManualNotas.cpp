@@ -11,10 +11,10 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/Seleccion.h"
 #include "grades/student/frmNotaManual.h"
-#include "platform/Application.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

@@ -4,8 +4,8 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/Seleccion.h"
 #include "grades/student/frmNotaManual.h"
-#include "platform/FormInstance.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

@@ -4,10 +4,10 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/Seleccion.h"
 #include "grades/subject/frmNotaMateria.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "platform/Sql.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane::test {
 namespace {
