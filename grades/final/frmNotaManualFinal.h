@@ -61,7 +61,7 @@ class frmNotaManualFinal : public Form {
   static constexpr const char* kCargando = "Cargando Datos";
   static constexpr const char* kGuardando = "Guardando Datos";
 
-  using PasoUno = frmNotaManual1;
+  using PasoUno = frmNotaManual1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

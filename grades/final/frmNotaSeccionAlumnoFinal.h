@@ -62,7 +62,7 @@ class frmNotaSeccionAlumnoFinal : public Form {
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
-  using PasoUno = frmNotaSeccionAlumno1;
+  using PasoUno = frmNotaSeccionAlumno1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

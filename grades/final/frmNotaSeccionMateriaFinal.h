@@ -65,7 +65,7 @@ class frmNotaSeccionMateriaFinal : public Form {
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
-  using PasoUno = frmNotaSeccionMateria1;
+  using PasoUno = frmNotaSeccionMateria1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
