@@ -1,10 +1,11 @@
 #include "grades/final/frmNotaManualFinal.h"
 
+#include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Alumnos.h"
 #include "grades/MateriasBloqueo.h"
 #include "grades/Navegacion.h"
-#include "grades/Usuario.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "platform/Application.h"
@@ -12,7 +13,6 @@
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {
@@ -48,7 +48,7 @@ void frmNotaManualFinal::Form_Load() {
     blnConPublicacion = true;
     return;
   }
-  blnTutor = EsTutor(paso.seccion);
+  blnTutor = EsTutor(Centro(), paso.seccion);
   if (!blnTutor) {
     fraObservacion[0].Visible(false);
     chkPromocion.Visible(false);
@@ -83,7 +83,7 @@ void frmNotaManualFinal::Form_Activate() {
   publicacion.InsertarBloqueos(strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
   // Neither the component nor the answer is used.
   static_cast<void>(Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId));
-  static_cast<void>(PersonalDelUsuario("CodUsuario"));
+  static_cast<void>(PersonalDelUsuario(Centro()));
   aniCarga.Stop();
   MostrarCarga(true);
   chkPromocion.Visible(bytPromocion == 1);
