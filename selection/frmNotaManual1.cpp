@@ -2,11 +2,9 @@
 
 #include "frame/Conexiones.h"
 #include "frame/PrimeraPantalla.h"
-#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "platform/Application.h"
-#include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
@@ -25,15 +23,14 @@ frmNotaManual1::frmNotaManual1() : Form("frmNotaManual1") {
 
 void frmNotaManual1::Form_Load() {
   blnEntrar = true;
-  auto& screen = Application::Instance().Screen();
-  screen.MousePointer(Pointer::Hourglass);
+  Application::Instance().Screen().MousePointer(Pointer::Hourglass);
   OcultarOpciones(*this);
   Icon(cConfiguracion::Instancia().RutaIcono);
   BuscarPersonal(*this, Centro());
   LlenarTipos(Centro(), cboTipoEnsenanza, gIDPersonal);
   if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
   LlenarEvaluacionesOrdinarias(Centro(), cboEvaluaciones);
-  screen.MousePointer(Pointer::Default);
+  Application::Instance().Screen().MousePointer(Pointer::Default);
 }
 
 void frmNotaManual1::cboTipoEnsenanza_Click() {

@@ -3,13 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
 #include "platform/ControlArray.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
+#include "selection/FormularioPasoUno.h"
 
 namespace quorvane {
 
@@ -21,6 +16,7 @@ class frmNotaManual1 : public Form {
   std::array<Frame, 2> fraNotaManual1 = ControlArray<Frame, 2>(*this, "fraNotaManual1");
   std::array<Label, 4> lblNotamanual1 =
       ControlArray<Label>(*this, "lblNotamanual1", fraNotaManual1, {0, 0, 0, 1});
+  std::int16_t gIDPersonal = 0;  ///< the user's row in Personal; 0 for none, or profile 0
   ComboBox cboTipoEnsenanza{*this, "cboTipoEnsenanza", &fraNotaManual1[0]};
   bool blnPosibleRecuperacion = false;  ///< the marking system of that type has recoveries
   ComboBox cboCursos{*this, "cboCursos", &fraNotaManual1[0]};
@@ -33,8 +29,7 @@ class frmNotaManual1 : public Form {
   bool gblnTPromocion = false;  ///< it was checked; nobody reads it
   std::array<CommandButton, 2> cmdNotaManual1 =
       ControlArray<CommandButton, 2>(*this, "cmdNotaManual1");
-  bool blnEntrar = false;        ///< a click of a list may run: it isn't the code's own
-  std::int16_t gIDPersonal = 0;  ///< the user's row in Personal; 0 for none, or profile 0
+  bool blnEntrar = false;  ///< a click of a list may run: it isn't the code's own
 
   frmNotaManual1();
 
@@ -51,5 +46,7 @@ class frmNotaManual1 : public Form {
  private:
   void AbrirPasoDos();
 };
+
+static_assert(FormularioPasoUno<frmNotaManual1>);
 
 }  // namespace quorvane

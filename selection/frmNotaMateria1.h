@@ -3,13 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
 #include "platform/ControlArray.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
+#include "selection/FormularioPasoUno.h"
 
 namespace quorvane {
 
@@ -21,6 +16,7 @@ class frmNotaMateria1 : public Form {
   std::array<Frame, 2> fraNotaManual1 = ControlArray<Frame, 2>(*this, "fraNotaManual1");
   std::array<Label, 4> lblNotamanual1 =
       ControlArray<Label>(*this, "lblNotamanual1", fraNotaManual1, {0, 0, 0, 1});
+  std::int16_t gIDPersonal = 0;  ///< the user's row in Personal; 0 for none, or profile 0
   ComboBox cboTipoEnsenanza{*this, "cboTipoEnsenanza", &fraNotaManual1[0]};
   ComboBox cboCursos{*this, "cboCursos", &fraNotaManual1[0]};
   ComboBox cboSecciones{*this, "cboSecciones", &fraNotaManual1[0]};
@@ -33,7 +29,6 @@ class frmNotaMateria1 : public Form {
   std::array<CommandButton, 2> cmdNotaManual1 =
       ControlArray<CommandButton, 2>(*this, "cmdNotaManual1");
   bool blnEntrar = false;               ///< a click of a list may run: it isn't the code's own
-  std::int16_t gIDPersonal = 0;         ///< the user's row in Personal; 0 for none, or profile 0
   bool blnPosibleRecuperacion = false;  ///< never set here: this dialog doesn't ask for recoveries
 
   frmNotaMateria1();
@@ -51,5 +46,7 @@ class frmNotaMateria1 : public Form {
  private:
   void AbrirPasoDos();
 };
+
+static_assert(FormularioPasoUno<frmNotaMateria1>);
 
 }  // namespace quorvane

@@ -6,7 +6,6 @@
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "platform/Application.h"
-#include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
@@ -32,15 +31,14 @@ frmNotaSeccionAlumno1::frmNotaSeccionAlumno1() : Form("frmNotaSeccionAlumno1") {
 void frmNotaSeccionAlumno1::Form_Load() {
   blnTutor = false;
   blnEntrar = true;
-  auto& screen = Application::Instance().Screen();
-  screen.MousePointer(Pointer::Hourglass);
+  Application::Instance().Screen().MousePointer(Pointer::Hourglass);
   OcultarOpciones(*this);
   Icon(cConfiguracion::Instancia().RutaIcono);
   BuscarPersonal(*this, Centro());
   LlenarTipos(Centro(), cboTipoEnsenanza, gIDPersonal);
   if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
   LlenarEvaluacionesOrdinarias(Centro(), cboEvaluaciones);
-  screen.MousePointer(Pointer::Default);
+  Application::Instance().Screen().MousePointer(Pointer::Default);
 }
 
 void frmNotaSeccionAlumno1::cboTipoEnsenanza_Click() {
