@@ -8,12 +8,11 @@ always there follows; such a part is a literal too. Neither is cut where a numbe
 have places in it.
 """
 import argparse
-import pathlib
 import re
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-LIST = ROOT / 'tests/sqlite/statements.txt'
+from statement_list import LIST, ROOT, read_list
+
 FOLDERS = ['frame', 'register', 'selection', 'grades']
 
 # The database itself: no statement of the forms.
@@ -24,10 +23,6 @@ KNOWN = {
     ('frame/modGeneral.cpp', 'SELECT MAX('),
 }
 
-# Headings of the list that name the forms of a folder before grades/.
-NOT_GRADES = re.compile(r'step-one forms|frmNota\w+1\b|frm(Pendientes|Alumno|Materia|PropMatProf)')
-
-PLACE = re.compile(r'\{[nbl]\}')
 TOKEN = re.compile(r'''//[^\n]*|/\*.*?\*/|'(?:\\.|[^'\\\n])'|"(?:\\.|[^"\\\n])*"(?:\s*"(?:\\.|[^"\\\n])*")*''',
                    re.S)
 PIECE = re.compile(r'"((?:\\.|[^"\\\n])*)"')
@@ -41,28 +36,6 @@ CUT_AT_A_NUMBER = re.compile(r'[=<>(,]\s*$')
 # One rule, wherever a statement asks for the students who are still there.
 ACTIVE = re.compile(r'\bAnticipado\b')
 ACTIVE_STUDENT = "Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL)"
-
-
-class Line:
-    """A line of the list, `of_grades` when only grades/ issues it; `mark` is "~" for a statement
-    that no event reaches and "?" for another joining of the line above it."""
-
-    def __init__(self, number, text, of_grades):
-        self.number, self.of_grades = number, of_grades
-        self.mark = text[0] if text[:2] in ('~ ', '? ') else ''
-        text = text[2:] if self.mark else text
-        self.whole = PLACE.sub('{}', text)  # as `Sql` spells it
-        self.head = PLACE.split(text)[0]
-
-
-def read_list():
-    lines, of_grades = [], False
-    for number, text in enumerate(LIST.read_text(encoding='utf-8').split('\n'), 1):
-        if text.startswith('#'):
-            of_grades = NOT_GRADES.search(text) is None
-        elif text:
-            lines.append(Line(number, text, of_grades))
-    return lines
 
 
 class Literal:
