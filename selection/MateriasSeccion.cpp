@@ -65,8 +65,7 @@ Recordset MateriasSeccion::SegundaFinal(Connection& centro) const {
         "SELECT DISTINCT MateriaDetalles.IDMateriaDetalles, Materia.Nombre, Nota.Aprobado, curso.Descripcion  FROM Materia INNER JOIN ((MateriaDetalles INNER JOIN (AlumnoPte_MatDet INNER JOIN (EvaluacionActaPte INNER JOIN Nota ON EvaluacionActaPte.codNota=Nota.IDNota) ON AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet) ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_MatDet.codMatDet) INNER JOIN (Seccion INNER JOIN Curso ON Curso.IDCurso=Seccion.codcurso) ON Seccion.IDseccion=MateriaDetalles.codSeccion) ON Materia.IDMateria = MateriaDetalles.codMateria WHERE MateriaDetalles.IDMateriaDetalles IN({}) ORDER BY IDMateriaDetalles",
         candidatas));
     for (const auto id : aryCandidatas)
-      if (FiltrarRecordset(materias, Sql("IDMATERIADETALLES={} AND Aprobado=0", id)))
-        lista.Add(id);
+      if (FiltrarRecordset(materias, Sql("IDMATERIADETALLES={} AND Aprobado=0", id))) lista.Add(id);
   }
   // With nothing to show what was read last stands: no row passes its filter.
   if (lista.Empty()) return materias;
