@@ -1,11 +1,11 @@
 #include "grades/Publicacion.h"
 
 #include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "grades/Intentos.h"
 #include "grades/MateriasBloqueo.h"
-#include "grades/Usuario.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/Connection.h"
@@ -77,7 +77,7 @@ void Publicacion::Devolver(std::int32_t seccion, std::int32_t evaluacion) const 
   auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
   auto idSeccion = ToInteger(seccion);
   auto idEvaluacion = ToInteger(evaluacion);
-  auto idPersonal = PersonalDelUsuario("codUsuario");
+  auto idPersonal = PersonalDelPublicador(Centro());
   api->DesbloquearNotas(Centro(), cConfiguracion::Instancia().intIDUsuario, idPersonal, idSeccion,
                         idEvaluacion);
   Centro().Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" +

@@ -3,16 +3,16 @@
 #include <cstdint>
 #include <string>
 
+#include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Carga.h"
 #include "grades/Seleccion.h"
-#include "grades/Usuario.h"
 #include "grades/final/FormularioFinal.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/FrontEnd.h"
 #include "platform/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
 
 namespace quorvane {
 
@@ -31,7 +31,7 @@ void EmpezarApertura(F& form) {
 /// Finds out whether the user is the tutor; if he isn't, what concerns the tutor alone is hidden.
 template <FormularioFinal F>
 void DecidirTutor(F& form, std::int32_t seccion) {
-  form.blnTutor = EsTutor(seccion);
+  form.blnTutor = EsTutor(Centro(), seccion);
   if (form.blnTutor) return;
   form.fraObservacion[0].Visible(false);
   form.chkPromocion.Visible(false);
@@ -78,7 +78,7 @@ void PublicarFinal(F& form, const Seleccion& paso) {
   form.publicacion.InsertarBloqueos(form.strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
   // Neither the component nor the answer is used.
   static_cast<void>(Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId));
-  static_cast<void>(PersonalDelUsuario("CodUsuario"));
+  static_cast<void>(PersonalDelUsuario(Centro()));
 }
 
 /// Gives the form back its measures and its controls, each as far as this user may reach it.

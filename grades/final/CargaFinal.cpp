@@ -108,6 +108,6 @@ void TomarDetalles(cMateria& materia, const DetallesMateria& detalles) {
   materia.Nombre = NombreMateria(detalles);
 }
 
-std::int32_t VerdaderoComparado() { return cConfiguracion::Instancia().SQLServer ? 1 : -1; }
+std::int32_t VerdaderoComparado() { return cConfiguracion::Instancia().NumeroVerdadero(); }
 
 }  // namespace quorvane

@@ -1,6 +1,7 @@
 #include "grades/student/frmNotaManual.h"
 
 #include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "grades/Alumnos.h"
@@ -9,13 +10,11 @@
 #include "grades/Navegacion.h"
 #include "grades/Objetivos.h"
 #include "grades/Seleccion.h"
-#include "grades/Usuario.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {
@@ -66,7 +65,7 @@ void frmNotaManual::Form_Load() {
   strMateriasBloqueo.clear();
   colAlumnos.Clear();
   Icon(configuracion.RutaIcono);
-  blnTutor = EsTutor(paso.seccion);
+  blnTutor = EsTutor(Centro(), paso.seccion);
   ConfigurarRejillas();
   Recordset alumnos;
   if (configuracion.intIDPerfil == 0 || blnTutor)
@@ -143,7 +142,7 @@ void frmNotaManual::PreguntarNotasActivas() {
   const auto& configuracion = cConfiguracion::Instancia();
   const auto paso = PasoUno();
   const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
-  auto idPersonal = PersonalDelUsuario("CodUsuario");
+  auto idPersonal = PersonalDelUsuario(Centro());
   auto idSeccion = ToInteger(paso.seccion);
   auto idEvaluacion = ToInteger(paso.evaluacion);
   if (!api->notasactivas(Centro(), strNotasActivas, configuracion.intIDUsuario, idPersonal,

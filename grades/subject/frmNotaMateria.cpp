@@ -1,6 +1,7 @@
 #include "grades/subject/frmNotaMateria.h"
 
 #include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "grades/Alumnos.h"
 #include "grades/EvaluacionesPosteriores.h"
@@ -8,12 +9,10 @@
 #include "grades/Navegacion.h"
 #include "grades/Objetivos.h"
 #include "grades/Seleccion.h"
-#include "grades/Usuario.h"
 #include "platform/Application.h"
 #include "platform/Connection.h"
 #include "platform/FormInstance.h"
 #include "platform/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
@@ -65,7 +64,7 @@ void frmNotaMateria::Form_Load() {
   strMateriasBloqueo.clear();
   colAlumnos.Clear();
   Icon(configuracion.RutaIcono);
-  blnTutor = EsTutor(paso.seccion);
+  blnTutor = EsTutor(Centro(), paso.seccion);
   ConfigurarRejillas();
   Recordset alumnos;
   if (configuracion.intIDPerfil == 0 || blnTutor)
@@ -112,7 +111,7 @@ void frmNotaMateria::Form_Activate() {
     return;
   }
   TomarBloqueos();
-  static_cast<void>(PersonalDelUsuario("CodUsuario"));  // asked, and not looked at
+  static_cast<void>(PersonalDelUsuario(Centro()));  // asked, and not looked at
   aniCarga.Stop();
   MostrarCarga(true);
   fraAniCarga.Visible(false);

@@ -13,7 +13,7 @@ class Connection;
 /// with its teacher, in the order of courses, sections and names. True when a grade form of one of
 /// the teachers is open, or `locked` was; after the first such teacher no further one is looked at.
 /// Error 3021 for a course that is gone, 457 for a subject detail with two teachers.
-bool LoadMatProf(Connection& centro, std::int32_t tipoEnsenanza, std::int32_t curso, bool locked,
-                 Collection<cMatProf>& colMatProf);
+bool LoadTeachers(Connection& centro, std::int32_t tipoEnsenanza, std::int32_t curso, bool locked,
+                  Collection<cMatProf>& colMatProf);
 
 }  // namespace quorvane
