@@ -3,43 +3,29 @@
 #include <memory>
 
 #include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "platform/Connection.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
-namespace {
-
-constexpr const char* kNombre =
-    "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre";
-
-std::string DeSeccion(std::int32_t seccion) {
-  return std::string(kNombre) +
-         " FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND "
-         "codSeccion=" +
-         std::to_string(seccion);
-}
-
-}  // namespace
 
 Recordset AlumnosDeSeccion(std::int32_t seccion) {
-  return Centro().Execute(DeSeccion(seccion) + " ORDER BY OrdenSeccion");
+  return Centro().Execute(Sql(
+      "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} ORDER BY OrdenSeccion",
+      seccion));
 }
 
-Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion, std::int16_t gIDPersonal,
-                            const std::string& tabla) {
-  return Centro().Execute(
-      DeSeccion(seccion) +
-      " AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN " + tabla +
-      " ON AlumnoPte_MatDet.idAlumnoPte_MatDet=" + tabla +
-      ".codAlumnoPte_MatDet WHERE codNumEvaluacion=" + std::to_string(evaluacion) +
-      " AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE CodProfesor=" +
-      std::to_string(gIDPersonal) + ")) ORDER BY OrdenSeccion");
+Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion,
+                            std::int16_t gIDPersonal) {
+  return Centro().Execute(Sql(
+      "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN EvaluacionPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionPte.codAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE CodProfesor={})) ORDER BY OrdenSeccion",
+      seccion, evaluacion, gIDPersonal));
 }
 
 Recordset AlumnoElegido(std::int32_t idAlumno) {
-  return Centro().Execute(std::string(kNombre) +
-                          " FROM Alumno WHERE IDAlumno=" + std::to_string(idAlumno));
+  return Centro().Execute(Sql(
+      "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE IDAlumno={}",
+      idAlumno));
 }
 
 void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila) {
@@ -50,10 +36,10 @@ void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila) {
   colAlumnos.Add(std::move(alumno), clave);
 }
 
-std::string TextoAlumno(std::int32_t idAlumno) {
-  const auto recordset =
-      Centro().Execute(std::string(kNombre) +
-                       ", OrdenSeccion FROM Alumno WHERE IDAlumno=" + std::to_string(idAlumno));
+std::string AlumnoConOrden(std::int32_t idAlumno) {
+  const auto recordset = Centro().Execute(Sql(
+      "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre, OrdenSeccion FROM Alumno WHERE IDAlumno={}",
+      idAlumno));
   const auto orden = recordset.Fields("OrdenSeccion").Text();
   return orden + (orden.size() == 1 ? "   " : " ") + recordset.Fields("Nombre").Text();
 }

@@ -12,10 +12,9 @@ namespace quorvane {
 /// the ordinary year.
 Recordset AlumnosDeSeccion(std::int32_t seccion);
 
-/// Of these, the ones with a subject of that teacher in that evaluation. `tabla` is the table of
-/// grades: "EvaluacionPte" or "EvaluacionActaPte".
-Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion, std::int16_t gIDPersonal,
-                            const std::string& tabla);
+/// Of these, the ones with a subject of that teacher in that ordinary evaluation.
+Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion,
+                            std::int16_t gIDPersonal);
 
 /// The one student whom step one has chosen, whatever has become of him since.
 Recordset AlumnoElegido(std::int32_t idAlumno);
@@ -26,6 +25,6 @@ void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila);
 
 /// How lists name a student: his order in the section, blanks, his name. Error 3021 when he is
 /// gone.
-std::string TextoAlumno(std::int32_t idAlumno);
+std::string AlumnoConOrden(std::int32_t idAlumno);
 
 }  // namespace quorvane

@@ -11,7 +11,7 @@
 
 namespace quorvane {
 
-void Carga::Encoger(Form& form, const Frame& fraAniCarga) {
+void FormularioEncogido::Encoger(Form& form, const Frame& fraAniCarga) {
   lngMedidasForm_ = {form.Height(), form.Width(), form.Top(), form.Left()};
   for (auto* control : form.Controls()) control->Visible(false);
   blnOcultando = true;
@@ -23,7 +23,8 @@ void Carga::Encoger(Form& form, const Frame& fraAniCarga) {
   blnOcultando = false;
 }
 
-void Carga::Restaurar(Form& form, std::initializer_list<const Control*> ocultos) const {
+void FormularioEncogido::Restaurar(Form& form,
+                                   std::initializer_list<const Control*> ocultos) const {
   for (auto* control : form.Controls())
     control->Visible(std::find(ocultos.begin(), ocultos.end(), control) == ocultos.end());
   form.Height(lngMedidasForm_.alto);

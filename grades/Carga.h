@@ -12,7 +12,7 @@ class Form;
 class Frame;
 
 /// What a grade form shows during long work: itself, shrunk to the frame with the animation.
-class Carga {
+class FormularioEncogido {
  public:
   /// True while `Encoger` resizes the form; `Form_Resize` does nothing then.
   bool blnOcultando = false;

@@ -18,7 +18,7 @@ std::string DeMateriaYProfesores(const std::string& codMateria, std::int32_t idP
          " OR CodPersonal=" + std::to_string(idProfesorAsociado) + ")";
 }
 
-std::string SentenciaNotas(const Seleccion& seleccion, const CondicionesNota& condiciones) {
+std::string SentenciaNotas(const DatosPasoUno& seleccion, const CondicionesNota& condiciones) {
   return std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE ") +
          (condiciones.sinExcepcionales ? "NotaExcepcional=0 AND " : "") +
          "(CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion=" +

@@ -26,7 +26,7 @@ std::string DeMateriaYProfesores(const std::string& codMateria, std::int32_t idP
 
 /// The grades that a cell may take: of the section's model, the course, the evaluation and the
 /// marking systems of the type of teaching, each grade general or of exactly that.
-std::string SentenciaNotas(const Seleccion& seleccion, const CondicionesNota& condiciones);
+std::string SentenciaNotas(const DatosPasoUno& seleccion, const CondicionesNota& condiciones);
 
 /// Adds each grade that the statement gives to the list of the grid's column. While the widths are
 /// to show the longest grade, the column takes the width of the widest, measured in the form's

@@ -1,17 +1,13 @@
 #include "grades/Escala.h"
 
 #include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
 #include "grades/Anchos.h"
+#include "grades/Verdadero.h"
 #include "platform/Connection.h"
 #include "platform/Retivo.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
-namespace {
-
-Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
-
-}  // namespace
 
 void ConfigurarRejilla(Retivo& rejilla, std::initializer_list<ColumnaInicial> columnas) {
   rejilla.Cols(static_cast<int>(columnas.size()));
@@ -35,25 +31,32 @@ void PrepararColumnas(Retivo& rejilla, int columnas, std::int32_t anchoPrimera,
 }
 
 std::string TituloMaterias(std::int32_t tipo) {
-  return Execute(
-             "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=1 AND "
-             "CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion "
-             "WHERE CodTipoEnsenanza=" +
-             std::to_string(tipo) + ")")
+  return Centro()
+      .Execute(Sql(
+          "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=1 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})",
+          tipo))
       .Fields("nombre")
       .Text();
 }
 
-void LeerEscala(Retivo& rejilla, std::int32_t tipo, const std::string& columna, Anchos& anchos,
-                Titulos& strColumna) {
-  auto recordset = Execute("SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE " + columna + "=" +
-                           cConfiguracion::Instancia().Verdadero() +
-                           " AND CodTipoMateria IN (SELECT CodTipoMateria FROM Materia WHERE "
-                           "CodTipoEnsenanza=" +
-                           std::to_string(tipo) + ") ORDER BY Orden");
-  for (; !recordset.Eof(); recordset.MoveNext()) {
-    const auto orden = recordset.Fields("Orden").Long();
-    const auto nombre = recordset.Fields("Nombre").Text();
+Recordset TiposDeNota(std::int32_t tipo) {
+  const auto verdadero = NumeroVerdadero();
+  return Centro().Execute(Sql(
+      "SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE Abreviatura={} AND CodTipoMateria IN (SELECT CodTipoMateria FROM Materia WHERE CodTipoEnsenanza={}) ORDER BY Orden",
+      verdadero, tipo));
+}
+
+Recordset TiposDeNotaFinal(std::int32_t tipo) {
+  const auto verdadero = NumeroVerdadero();
+  return Centro().Execute(Sql(
+      "SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE abreviatura={} AND CodTipoMateria IN (SELECT CodTipoMateria FROM Materia WHERE CodTipoEnsenanza={}) ORDER BY Orden",
+      verdadero, tipo));
+}
+
+void LeerEscala(Retivo& rejilla, Recordset tipos, Anchos& anchos, Titulos& strColumna) {
+  for (; !tipos.Eof(); tipos.MoveNext()) {
+    const auto orden = tipos.Fields("Orden").Long();
+    const auto nombre = tipos.Fields("Nombre").Text();
     rejilla.ColWidth(orden, kAnchoNota);
     anchos.Crecer(orden);
     rejilla.TextMatrix(0, orden, nombre);
@@ -63,7 +66,7 @@ void LeerEscala(Retivo& rejilla, std::int32_t tipo, const std::string& columna, 
 
 void EscribirNota(Retivo& rejilla, int fila, int columna, std::int32_t idNota) {
   const auto recordset =
-      Execute("SELECT DescripcionCorta FROM Nota WHERE IDNota=" + std::to_string(idNota));
+      Centro().Execute(Sql("SELECT DescripcionCorta FROM Nota WHERE IDNota={}", idNota));
   if (!recordset.Eof())
     rejilla.TextMatrix(fila, columna, recordset.Fields("DescripcionCorta").Text());
 }

@@ -5,6 +5,8 @@
 #include <initializer_list>
 #include <string>
 
+#include "platform/Recordset.h"
+
 namespace quorvane {
 
 class Anchos;
@@ -37,11 +39,15 @@ void PrepararColumnas(Retivo& rejilla, int columnas, std::int32_t anchoPrimera,
 /// kind of subject.
 std::string TituloMaterias(std::int32_t tipo);
 
-/// Reads the kinds of grade, and for each gives its column its width and heading, makes room in
-/// `anchos` and keeps the heading of columns 1 to 5. `columna` is the name of the condition's
-/// column as the caller spells it. Error 381 for a kind whose `Orden` is off the grid.
-void LeerEscala(Retivo& rejilla, std::int32_t tipo, const std::string& columna, Anchos& anchos,
-                Titulos& strColumna);
+/// The kinds of grade of the subjects of that type of teaching: `Nombre` and `Orden`.
+Recordset TiposDeNota(std::int32_t tipo);
+
+/// The same for a final evaluation, whose statement spells a column otherwise.
+Recordset TiposDeNotaFinal(std::int32_t tipo);
+
+/// For each of those kinds gives its column its width and heading, makes room in `anchos` and keeps
+/// the heading of columns 1 to 5. Error 381 for a kind whose `Orden` is off the grid.
+void LeerEscala(Retivo& rejilla, Recordset tipos, Anchos& anchos, Titulos& strColumna);
 
 /// Writes the text of a grade in a cell; a grade that doesn't exist, as 0, leaves it as it is.
 void EscribirNota(Retivo& rejilla, int fila, int columna, std::int32_t idNota);

@@ -1,57 +1,46 @@
 #include "grades/EvaluacionesPosteriores.h"
 
 #include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
 #include "grades/Intentos.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/Connection.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
 namespace {
 
-Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
-
-Recordset Posteriores(const std::string& columnas, std::int32_t seccion, std::int32_t evaluacion) {
-  return Execute("SELECT " + columnas +
-                 " FROM NumEvaluacion WHERE Orden > (SELECT Orden FROM NumEvaluacion WHERE "
-                 "IDNumEvaluacion=" +
-                 std::to_string(evaluacion) +
-                 ") AND FINAL=0 AND IDNumEvaluacion IN (SELECT CodNumEvaluacion FROM "
-                 "Seccion_NumEvaluacion WHERE CodSeccion=" +
-                 std::to_string(seccion) + ") ORDER BY Orden");
+/// `IDMateriaDetalles` of a subject in a section.
+std::int32_t DetalleDe(Connection& centro, std::int32_t materia, std::int32_t seccion) {
+  return centro
+      .Execute(
+          Sql("SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={} AND CodSeccion={}",
+              materia, seccion))
+      .Fields("IDMateriaDetalles")
+      .Long();
 }
 
-std::string DetalleDe(std::int32_t materia, std::int32_t seccion) {
-  return std::to_string(Execute("SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria=" +
-                                std::to_string(materia) +
-                                " AND CodSeccion=" + std::to_string(seccion))
-                            .Fields("IDMateriaDetalles")
-                            .Long());
-}
-
-/// The rest of a statement on the objective's row, from its FROM on.
-std::string FilaObjetivo(std::int32_t alumno, const std::string& idEvaluacion,
-                         const std::string& asociada, const std::string& detalle) {
-  return " FROM Alumno_MateriaDetalles WHERE CodAlumno=" + std::to_string(alumno) +
-         " AND CodNumEvaluacion=" + idEvaluacion + " AND CodMateriaDetallesAsociada=" + asociada +
-         " AND CodMateriaDetalles=" + detalle;
-}
-
-void Quitar(const std::string& fila, const std::string& idEvaluacion,
-            const std::string& borrarNotas) {
-  const auto objetivos = Execute("SELECT IDAlumno_MateriaDetalles" + fila);
-  if (objetivos.Eof()) return;
-  Execute(borrarNotas + " WHERE CodAlumno_MateriaDetalles=" +
-          std::to_string(objetivos.Fields("IDAlumno_MateriaDetalles").Long()) +
-          " AND CodNumEvaluacion=" + idEvaluacion);
-  Execute("DELETE" + fila);
+void ApuntarAlumno(Connection& centro, std::int32_t alumno, std::int32_t evaluacion,
+                   const TextosAnadir& textos) {
+  if (!centro
+           .Execute(Sql(
+               "SELECT CodAlumno FROM Alumno_NumEvaluacion WHERE CodAlumno={} AND CodNumEvaluacion={}",
+               alumno, evaluacion))
+           .Eof())
+    return;
+  InsertarConIntentos(textos.mensaje, [&] {
+    const auto id = textos.siguienteId("Alumno_NumEvaluacion", "IDAlumno_NumEvaluacion");
+    centro.Execute(Sql("INSERT INTO Alumno_NumEvaluacion VALUES ({},{},{},0,0,0,0,0,0)", id, alumno,
+                       evaluacion));
+    return 0;
+  });
 }
 
 }  // namespace
 
 std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo) {
-  const auto recordset = Execute("SELECT MAX(" + campo + ") AS IDMax FROM [" + tabla + "]");
+  const auto recordset =
+      Centro().Execute("SELECT MAX(" + campo + ") AS IDMax FROM [" + tabla + "]");
   if (recordset.Eof() || recordset.Fields("IDMax").IsNull()) return 1;
   return Value(std::int64_t{recordset.Fields("IDMax").Long()} + 1).Long();
 }
@@ -61,57 +50,59 @@ void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, 
                                  const TextosAnadir& textos) {
   // Asked for nothing, but without the host's component nothing is added.
   const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
-  const auto posteriores = Posteriores("IDNumEvaluacion, Orden", seccion, evaluacion);
+  auto& centro = Centro();
+  const auto posteriores = centro.Execute(Sql(
+      "SELECT IDNumEvaluacion, Orden FROM NumEvaluacion WHERE Orden > (SELECT Orden FROM NumEvaluacion WHERE IDNumEvaluacion={}) AND FINAL=0 AND IDNumEvaluacion IN (SELECT CodNumEvaluacion FROM Seccion_NumEvaluacion WHERE CodSeccion={}) ORDER BY Orden",
+      evaluacion, seccion));
   if (posteriores.Eof()) return;
-  const auto siguiente = std::to_string(posteriores.Fields("IDNumEvaluacion").Long());
-  const auto codAlumno = std::to_string(alumno);
+  const auto siguiente = posteriores.Fields("IDNumEvaluacion").Long();
+  ApuntarAlumno(centro, alumno, siguiente, textos);
 
-  if (Execute("SELECT CodAlumno FROM Alumno_NumEvaluacion WHERE CodAlumno=" + codAlumno +
-              " AND CodNumEvaluacion=" + siguiente)
-          .Eof())
-    InsertarConIntentos(textos.mensaje, [&] {
-      const auto id = textos.siguienteId("Alumno_NumEvaluacion", "IDAlumno_NumEvaluacion");
-      Execute("INSERT INTO Alumno_NumEvaluacion VALUES (" + std::to_string(id) + "," + codAlumno +
-              "," + siguiente + ",0,0,0,0,0,0)");
-      return 0;
-    });
-
-  const auto asociada = DetalleDe(materia, seccion);
-  const auto detalle = DetalleDe(objetivo, seccion);
-  const auto enEvaluacion = [&](const std::string& columnas, const std::string& idEvaluacion) {
-    return Execute("SELECT " + columnas +
-                   " FROM Alumno_MateriaDetalles WHERE CodAlumno=" + codAlumno +
-                   " AND CodNumEvaluacion=" + idEvaluacion + " AND CodMateriaDetalles=" + detalle);
-  };
+  const auto asociada = DetalleDe(centro, materia, seccion);
+  const auto detalle = DetalleDe(centro, objetivo, seccion);
   const auto orden =
-      std::to_string(enEvaluacion("Orden", std::to_string(evaluacion)).Fields("Orden").Long());
-  if (!enEvaluacion(textos.columnasObjetivo, siguiente).Eof()) return;
+      centro
+          .Execute(Sql(
+              "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
+              alumno, evaluacion, detalle))
+          .Fields("Orden")
+          .Long();
+  if (!centro.Execute(Sql(textos.buscarObjetivo, alumno, siguiente, detalle)).Eof()) return;
 
   std::int32_t idObjetivo = 0;
   InsertarConIntentos(textos.mensaje, [&] {
     idObjetivo = textos.siguienteId("Alumno_MateriaDetalles", "IDAlumno_MateriaDetalles");
-    Execute("INSERT INTO Alumno_MateriaDetalles VALUES (" + std::to_string(idObjetivo) + "," +
-            codAlumno + "," + detalle + "," + asociada + "," + siguiente + "," + orden + ",-1,0)");
+    centro.Execute(Sql("INSERT INTO Alumno_MateriaDetalles VALUES ({},{},{},{},{},{},-1,0)",
+                       idObjetivo, alumno, detalle, asociada, siguiente, orden));
     return 0;
   });
   InsertarConIntentos(textos.mensaje, [&] {
     const auto id = textos.siguienteId("Evaluacion", "IDEvaluacion");
-    Execute(textos.insertarNotas + std::to_string(id) + "," + std::to_string(idObjetivo) + "," +
-            siguiente + ",0,0,0,0,0,0,0,0,0,0,0,0,0)");
+    centro.Execute(Sql(textos.insertarNotas, id, idObjetivo, siguiente));
     return 0;
   });
 }
 
 void QuitarDeEvaluacionesPosteriores(std::int32_t seccion, std::int32_t evaluacion,
                                      std::int32_t alumno, std::int32_t materia,
-                                     std::int32_t objetivo, const std::string& borrarNotas) {
+                                     std::int32_t objetivo, SqlText<2> borrarNotas) {
   if (objetivo <= 0) return;
-  auto posteriores = Posteriores("IDNumEvaluacion", seccion, evaluacion);
+  auto& centro = Centro();
+  auto posteriores = centro.Execute(Sql(
+      "SELECT IDNumEvaluacion FROM NumEvaluacion WHERE Orden > (SELECT Orden FROM NumEvaluacion WHERE IDNumEvaluacion={}) AND FINAL=0 AND IDNumEvaluacion IN (SELECT CodNumEvaluacion FROM Seccion_NumEvaluacion WHERE CodSeccion={}) ORDER BY Orden",
+      evaluacion, seccion));
   for (; !posteriores.Eof(); posteriores.MoveNext()) {
-    const auto idEvaluacion = std::to_string(posteriores.Fields("IDNumEvaluacion").Long());
-    const auto asociada = DetalleDe(materia, seccion);
-    const auto detalle = DetalleDe(objetivo, seccion);
-    Quitar(FilaObjetivo(alumno, idEvaluacion, asociada, detalle), idEvaluacion, borrarNotas);
+    const auto posterior = posteriores.Fields("IDNumEvaluacion").Long();
+    const auto asociada = DetalleDe(centro, materia, seccion);
+    const auto detalle = DetalleDe(centro, objetivo, seccion);
+    const auto filas = centro.Execute(Sql(
+        "SELECT IDAlumno_MateriaDetalles FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetallesAsociada={} AND CodMateriaDetalles={}",
+        alumno, posterior, asociada, detalle));
+    if (filas.Eof()) continue;
+    centro.Execute(Sql(borrarNotas, filas.Fields("IDAlumno_MateriaDetalles").Long(), posterior));
+    centro.Execute(Sql(
+        "DELETE FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetallesAsociada={} AND CodMateriaDetalles={}",
+        alumno, posterior, asociada, detalle));
   }
 }
 

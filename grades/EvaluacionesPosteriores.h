@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
+
+#include "platform/Sql.h"
 
 namespace quorvane {
 
@@ -17,10 +18,12 @@ std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo);
 /// What differs between the forms in adding.
 struct TextosAnadir {
   /// Takes the key of a new row: table, column.
-  std::function<std::int32_t(const std::string&, const std::string&)> siguienteId;
-  std::string mensaje;           ///< of the loop of attempts
-  std::string columnasObjetivo;  ///< what is selected of an objective that is there already
-  std::string insertarNotas;     ///< "INSERT INTO ... VALUES (" of the sixteen empty grades
+  std::int32_t (*siguienteId)(const std::string&, const std::string&) = SiguienteIdMax;
+  std::string mensaje;  ///< of the loop of attempts
+  /// Looks for an objective that is there already: student, evaluation, objective.
+  SqlText<3> buscarObjetivo;
+  /// Writes the sixteen empty grades: key, the objective's row, evaluation.
+  SqlText<3> insertarNotas;
 };
 
 /// `materia` and `objetivo` are ids of `Materia`. Error 429 when the host has no
@@ -29,10 +32,10 @@ void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, 
                                  std::int32_t materia, std::int32_t objetivo,
                                  const TextosAnadir& textos);
 
-/// Does nothing unless `objetivo` is above 0. `borrarNotas` is the "DELETE FROM ..." of the
-/// grades, up to its WHERE.
+/// Does nothing unless `objetivo` is above 0. `borrarNotas` deletes the grades: the objective's
+/// row, evaluation.
 void QuitarDeEvaluacionesPosteriores(std::int32_t seccion, std::int32_t evaluacion,
                                      std::int32_t alumno, std::int32_t materia,
-                                     std::int32_t objetivo, const std::string& borrarNotas);
+                                     std::int32_t objetivo, SqlText<2> borrarNotas);
 
 }  // namespace quorvane

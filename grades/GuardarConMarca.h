@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
+#include "platform/Sql.h"
 #include "register/cMateria.h"
 
 namespace quorvane {
@@ -11,9 +11,9 @@ namespace quorvane {
 /// evaluation, unless a later evaluation holds it. Later and earlier go by `CodNumEvaluacion`.
 ///
 /// A grade that is taken away gives the mark to the first earlier evaluated row that the database
-/// delivers, and leaves it on this row too if it was here. `igual` is how the caller writes the
-/// equal sign before the row's key where this evaluation takes the mark: "= " or " =".
+/// delivers, and leaves it on this row too if it was here. `marcar` is how the caller writes the
+/// statement by which this evaluation takes the mark: the evaluation, the subject's row.
 /// Error 3021 for a grade that is gone.
-void GuardarConMarca(const cMateria& materia, std::int32_t evaluacion, const std::string& igual);
+void GuardarConMarca(const cMateria& materia, std::int32_t evaluacion, SqlText<2> marcar);
 
 }  // namespace quorvane

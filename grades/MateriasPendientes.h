@@ -8,19 +8,21 @@
 
 namespace quorvane {
 
-// The pending subjects of a student in an evaluation, without those that any form has locked.
-// `tabla` is the table of grades: "EvaluacionPte" or "EvaluacionActaPte".
+// The pending subjects of a student in an ordinary evaluation, without those that any form has
+// locked.
 
 /// Those of a teacher.
 Recordset MateriasDeProfesor(std::int32_t idAlumno, std::int32_t evaluacion,
-                             std::int16_t gIDPersonal, const std::string& tabla);
+                             std::int16_t gIDPersonal);
 
-/// All of them. `condicion` goes before the others: empty, or a condition with " AND " behind it.
-Recordset MateriasDeAlumno(std::int32_t idAlumno, std::int32_t evaluacion, const std::string& tabla,
-                           const std::string& condicion = {});
+/// All of them.
+Recordset MateriasDeAlumno(std::int32_t idAlumno, std::int32_t evaluacion);
 
-/// What kind of subject it is, by the fixed code: 1 ordinary, 3 values and attitudes, 4 work
-/// centres. None when the subject is gone from the school's subjects.
+/// That one alone.
+Recordset MateriaDeAlumno(std::int32_t idAlumno, std::int32_t codMatDet, std::int32_t evaluacion);
+
+/// The kind of a subject, as `ClaseMateria` names them. None when it is gone from the school's
+/// subjects.
 std::optional<std::int32_t> ClaseDeMateria(std::int32_t codMatDet);
 
 /// Deletes the grades of a pending row whose subject is gone: the first part of its purge.

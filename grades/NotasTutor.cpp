@@ -1,32 +1,25 @@
 #include "grades/NotasTutor.h"
 
+#include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
-#include "grades/CeldaNotas.h"
 #include "grades/Escala.h"
+#include "grades/Verdadero.h"
 #include "platform/ComboBox.h"
 #include "platform/Connection.h"
 #include "platform/Frame.h"
 #include "platform/Label.h"
 #include "platform/Retivo.h"
+#include "platform/RuntimeError.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
 namespace {
 
-constexpr std::int32_t kClaseObservacion = 5;
-
-Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
-
-std::string SistemasDe(std::int32_t tipo) {
-  return "CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE "
-         "CodTipoEnsenanza=" +
-         std::to_string(tipo) + ")";
-}
-
 void ConfigurarRejilla(Retivo& rejilla, EstadoTutor& estado, std::int32_t tipo) {
   rejilla.Clear();
-  const auto valores = Execute(
-      "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=3 AND " + SistemasDe(tipo));
+  const auto valores = Centro().Execute(Sql(
+      "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=3 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})",
+      tipo));
   if (!valores.Eof()) estado.strTutorColumna[0] = valores.Fields("nombre").Text();
   rejilla.Cols(4);
   rejilla.Rows(1);
@@ -55,39 +48,40 @@ void PonerColumna(Retivo& rejilla, EstadoTutor& estado, std::int32_t orden,
 
 }  // namespace
 
-std::string SentenciaObservaciones(const Seleccion& seleccion, bool sinExcepcionales) {
-  CondicionesNota condiciones;
-  condiciones.sinExcepcionales = sinExcepcionales;
-  condiciones.tipoNota = "Orden=1 AND Materia=0 AND Observacion=0 AND Evaluacion=" +
-                         cConfiguracion::Instancia().Verdadero();
-  return SentenciaNotas(seleccion, condiciones);
+std::string SentenciaObservaciones(const DatosPasoUno& seleccion, bool sinExcepcionales) {
+  const auto verdadero = NumeroVerdadero();
+  if (sinExcepcionales)
+    return Sql(
+        "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden=1 AND Materia=0 AND Observacion=0 AND Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+        seleccion.seccion, seleccion.curso, seleccion.evaluacion, verdadero, seleccion.tipo);
+  return Sql(
+      "SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden=1 AND Materia=0 AND Observacion=0 AND Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+      seleccion.seccion, seleccion.curso, seleccion.evaluacion, verdadero, seleccion.tipo);
 }
 
 void LlenarObservaciones(ComboBox& cboObservacion, const std::string& sentencia) {
   cboObservacion.Clear();
-  auto notas = Execute(sentencia);
+  auto notas = Centro().Execute(sentencia);
   cboObservacion.AddItem(" ", 0);
   for (; !notas.Eof(); notas.MoveNext())
     cboObservacion.AddItem(notas.Fields("DescripcionCorta").Text(), notas.Fields("IDNota").Long());
 }
 
-void LlenarPanelTutor(const PanelTutor& panel, EstadoTutor& estado, const Seleccion& seleccion,
+void LlenarPanelTutor(const PanelTutor& panel, EstadoTutor& estado, const DatosPasoUno& seleccion,
                       bool cargando) {
   ConfigurarRejilla(panel.rtvNotasTutor, estado, seleccion.tipo);
   panel.cboObservacion.Clear();
   panel.fraObservacion.Visible(false);
-  auto tipos = Execute(
-      "SELECT IDTipoNota, Nombre, Orden FROM TipoNota WHERE Abreviatura=0 AND CodTipoMateria IN "
-      "(SELECT IDTipoMateria FROM TipoMateria WHERE " +
-      SistemasDe(seleccion.tipo) + ") ORDER BY Orden");
+  auto tipos = Centro().Execute(Sql(
+      "SELECT IDTipoNota, Nombre, Orden FROM TipoNota WHERE Abreviatura=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})) ORDER BY Orden",
+      seleccion.tipo));
   if (cargando) PrepararAnchos(estado.intAnchosTutor, tipos);
   for (; !tipos.Eof(); tipos.MoveNext()) {
     const auto nombre = tipos.Fields("Nombre").Text();
-    const auto clase = Execute(
-        "SELECT CodEspecificartipoMateria FROM TipoMateria WHERE IDTipoMateria IN (SELECT "
-        "CodTipoMateria FROM TipoNota WHERE IDTipoNota=" +
-        std::to_string(tipos.Fields("IDTipoNota").Long()) + ")");
-    if (clase.Fields("CodEspecificartipoMateria").Long() == kClaseObservacion) {
+    const auto clase = Centro().Execute(Sql(
+        "SELECT CodEspecificartipoMateria FROM TipoMateria WHERE IDTipoMateria IN (SELECT CodTipoMateria FROM TipoNota WHERE IDTipoNota={})",
+        tipos.Fields("IDTipoNota").Long()));
+    if (clase.Fields("CodEspecificartipoMateria").Long() == ClaseMateria::kObservacion) {
       panel.fraObservacion.Visible(true);
       panel.lblObservacion.Caption(nombre);
       LlenarObservaciones(panel.cboObservacion, SentenciaObservaciones(seleccion, false));
@@ -101,22 +95,26 @@ void LlenarPanelTutor(const PanelTutor& panel, EstadoTutor& estado, const Selecc
     estado.intAnchosTutor.Restaurar(panel.rtvNotasTutor, cargando);
 }
 
-void LlenarCeldaTutor(Retivo& rtvNotasTutor, const Seleccion& seleccion) {
+void LlenarCeldaTutor(Retivo& rtvNotasTutor, const DatosPasoUno& seleccion) {
   const auto columna = rtvNotasTutor.Col();
   const auto ultima = rtvNotasTutor.Cols() - 1;
   if (columna == ultima || rtvNotasTutor.Row() == 0 || columna == 0) return;
   rtvNotasTutor.ListaLimpiar(columna);
   rtvNotasTutor.ListaAnadir(columna, " ", 0);
   const auto& clave = rtvNotasTutor.TextMatrix(rtvNotasTutor.Row(), ultima);
-  CondicionesNota condiciones;
-  condiciones.materiaYProfesor =
-      " AND (CodMateria=0 OR CodMateria=" + clave + ") AND (CodPersonal=0)";
-  condiciones.tipoNota = "Orden=" + std::to_string(columna);
-  condiciones.clase = "CodEspecificarTipoMateria=3 AND ";
-  auto notas = Execute(SentenciaNotas(seleccion, condiciones));
+  auto notas = Centro().Execute(
+      Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria=",
+          seleccion.seccion, seleccion.curso, seleccion.evaluacion) +
+      clave +
+      Sql(") AND (CodPersonal=0) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria=3 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+          columna, seleccion.tipo));
   for (; !notas.Eof(); notas.MoveNext())
     rtvNotasTutor.ListaAnadir(columna, notas.Fields("DescripcionCorta").Text(),
                               notas.Fields("IDNota").Long());
+}
+
+void SinMiembroDelTutor(const cAlumno& /*alumno*/) {
+  throw RuntimeError(ErrorNumber::MissingMember);
 }
 
 }  // namespace quorvane

@@ -1,38 +1,39 @@
 #include "grades/Objetivos.h"
 
 #include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
 #include "platform/Connection.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
-namespace {
 
-Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
+Recordset LeerObjetivos(std::int32_t evaluacion, std::int32_t idAlumno, std::int32_t codMateria) {
+  return Centro().Execute(Sql(
+      "SELECT * FROM Alumno_MateriaDetalles WHERE CodNumEvaluacion={} AND CodAlumno={} AND CodMateriaDetallesAsociada > 0 AND (CodMateriaDetallesAsociada IN (SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={})) ORDER BY CodAlumno, CodMateriaDetallesAsociada, Orden",
+      evaluacion, idAlumno, codMateria));
+}
 
-}  // namespace
-
-Recordset LeerObjetivos(const std::string& columnas, std::int32_t evaluacion, std::int32_t idAlumno,
-                        std::int32_t codMateria) {
-  return Execute("SELECT " + columnas + " FROM Alumno_MateriaDetalles WHERE CodNumEvaluacion=" +
-                 std::to_string(evaluacion) + " AND CodAlumno=" + std::to_string(idAlumno) +
-                 " AND CodMateriaDetallesAsociada > 0 AND (CodMateriaDetallesAsociada IN (SELECT "
-                 "IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria=" +
-                 std::to_string(codMateria) +
-                 ")) ORDER BY CodAlumno, CodMateriaDetallesAsociada, Orden");
+Recordset LeerColumnasDeObjetivos(std::int32_t evaluacion, std::int32_t idAlumno,
+                                  std::int32_t codMateria) {
+  return Centro().Execute(Sql(
+      "SELECT IDAlumno_MateriaDetalles, CodMateriaDetalles, CodMateriaDetallesAsociada, Orden FROM Alumno_MateriaDetalles WHERE CodNumEvaluacion={} AND CodAlumno={} AND CodMateriaDetallesAsociada > 0 AND (CodMateriaDetallesAsociada IN (SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={})) ORDER BY CodAlumno, CodMateriaDetallesAsociada, Orden",
+      evaluacion, idAlumno, codMateria));
 }
 
 void RecorrerObjetivos(Recordset objetivos, std::int32_t evaluacion, bool recuperar) {
+  auto& centro = Centro();
   std::int32_t anterior = 0;
   for (; !objetivos.Eof(); objetivos.MoveNext()) {
     const auto codMateriaDetalles = objetivos.Fields("CodMateriaDetalles").Long();
     if (codMateriaDetalles == anterior) continue;
-    Execute(
-        "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, "
-        "CodNotaProcedimiento, CodNotaR, CodNotaActitudR, CodNotaObservacionR, CodNotaConceptoR, "
-        "CodNotaProcedimientoR, Recuperacion FROM Evaluacion WHERE CodNumEvaluacion=" +
-        std::to_string(evaluacion) + (recuperar ? " AND (Recuperacion=2 OR Recuperacion=3)" : "") +
-        " AND CodAlumno_MateriaDetalles=" +
-        std::to_string(objetivos.Fields("IDAlumno_MateriaDetalles").Long()));
+    const auto id = objetivos.Fields("IDAlumno_MateriaDetalles").Long();
+    if (recuperar)
+      centro.Execute(Sql(
+          "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento, CodNotaR, CodNotaActitudR, CodNotaObservacionR, CodNotaConceptoR, CodNotaProcedimientoR, Recuperacion FROM Evaluacion WHERE CodNumEvaluacion={} AND (Recuperacion=2 OR Recuperacion=3) AND CodAlumno_MateriaDetalles={}",
+          evaluacion, id));
+    else
+      centro.Execute(Sql(
+          "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento, CodNotaR, CodNotaActitudR, CodNotaObservacionR, CodNotaConceptoR, CodNotaProcedimientoR, Recuperacion FROM Evaluacion WHERE CodNumEvaluacion={} AND CodAlumno_MateriaDetalles={}",
+          evaluacion, id));
     anterior = codMateriaDetalles;
   }
 }

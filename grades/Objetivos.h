@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "platform/Recordset.h"
 
@@ -9,10 +8,12 @@ namespace quorvane {
 
 // Objectives that hang from a subject, in the host's main grade book. No form shows them.
 
-/// The objectives of a student in that evaluation under that subject. `columnas` is what the
-/// statement selects.
-Recordset LeerObjetivos(const std::string& columnas, std::int32_t evaluacion, std::int32_t idAlumno,
-                        std::int32_t codMateria);
+/// The objectives of a student in that evaluation under that subject.
+Recordset LeerObjetivos(std::int32_t evaluacion, std::int32_t idAlumno, std::int32_t codMateria);
+
+/// The same with the columns by name, as one of the forms asks.
+Recordset LeerColumnasDeObjetivos(std::int32_t evaluacion, std::int32_t idAlumno,
+                                  std::int32_t codMateria);
 
 /// Reads the grades of each objective, once for those that repeat in a row, and keeps nothing.
 /// With `recuperar` only rows that carry a recovery are read.

@@ -10,21 +10,21 @@
 #include "platform/CentroApi.h"
 #include "platform/Connection.h"
 #include "platform/MessageBox.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
 namespace {
 
 constexpr const char* kErrorInsertar = "Error al insertar la publicacion";
 
-std::string Usuario() { return std::to_string(cConfiguracion::Instancia().intIDUsuario); }
+std::int16_t Usuario() { return cConfiguracion::Instancia().intIDUsuario; }
 
 }  // namespace
 
 bool Publicacion::YaAbierta(std::int32_t seccion, std::int32_t evaluacion) {
-  const auto recordset = Centro().Execute(
-      "SELECT IDPublicacionPte FROM PublicacionPte WHERE codPropietario=" + Usuario() +
-      " AND CodSeccion=" + std::to_string(seccion) +
-      " AND CodNumEvaluacion=" + std::to_string(evaluacion));
+  const auto recordset = Centro().Execute(Sql(
+      "SELECT IDPublicacionPte FROM PublicacionPte WHERE codPropietario={} AND CodSeccion={} AND CodNumEvaluacion={}",
+      Usuario(), seccion, evaluacion));
   if (recordset.Eof()) return false;
   BeepAndMessage(
       "En la sección y evaluación seleccionadas se están introduciendo notas. "
@@ -39,9 +39,8 @@ void Publicacion::InsertarPublicacion(std::int16_t gIDPersonal, std::int32_t eva
   InsertarConIntentos(kErrorInsertar, [this, gIDPersonal, evaluacion] {
     const auto id = ObtenerSiguienteId(Centro(), cConfiguracion::Instancia().conLocalBorradoCentro,
                                        "publicacionpte", "idpublicacionpte");
-    Centro().Execute("INSERT INTO Publicacionpte  VALUES (" + std::to_string(id) + "," +
-                     std::to_string(gIDPersonal) + "," + Usuario() + ",4," +
-                     std::to_string(evaluacion) + ")");
+    Centro().Execute(Sql("INSERT INTO Publicacionpte  VALUES ({},{},{},4,{})", id, gIDPersonal,
+                         Usuario(), evaluacion));
     IDPublicacion = id;
     return 0;
   });
@@ -50,13 +49,12 @@ void Publicacion::InsertarPublicacion(std::int16_t gIDPersonal, std::int32_t eva
 void Publicacion::InsertarBloqueo(std::int32_t codMatDet, std::int16_t gIDPersonal,
                                   std::int32_t evaluacion) const {
   const auto recordset = Centro().Execute(
-      "SELECT codProfesor FROM BloqueoPte WHERE CodMatDet=" + std::to_string(codMatDet) +
-      " AND CodNumEvaluacion=" + std::to_string(evaluacion));
+      Sql("SELECT codProfesor FROM BloqueoPte WHERE CodMatDet={} AND CodNumEvaluacion={}",
+          codMatDet, evaluacion));
   if (!recordset.Eof()) return;
   InsertarConIntentos(kErrorInsertar, [this, codMatDet, gIDPersonal, evaluacion] {
-    Centro().Execute("INSERT INTO BloqueoPte  VALUES (" + std::to_string(gIDPersonal) + "," +
-                     std::to_string(evaluacion) + "," + std::to_string(codMatDet) + "," +
-                     Usuario() + "," + std::to_string(IDPublicacion) + ")");
+    Centro().Execute(Sql("INSERT INTO BloqueoPte  VALUES ({},{},{},{},{})", gIDPersonal, evaluacion,
+                         codMatDet, Usuario(), IDPublicacion));
     return 0;
   });
 }
@@ -68,9 +66,8 @@ void Publicacion::InsertarBloqueos(const std::string& strMateriasBloqueo, std::i
 }
 
 void Publicacion::BorrarPublicacion() const {
-  const auto id = std::to_string(IDPublicacion);
-  Centro().Execute("DELETE FROM BloqueoPte WHERE codPublicacion=" + id);
-  Centro().Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" + id);
+  Centro().Execute(Sql("DELETE FROM BloqueoPte WHERE codPublicacion={}", IDPublicacion));
+  Centro().Execute(Sql("DELETE FROM PublicacionPte WHERE IDPublicacionPte={}", IDPublicacion));
 }
 
 void Publicacion::Devolver(std::int32_t seccion, std::int32_t evaluacion) const {
@@ -80,8 +77,7 @@ void Publicacion::Devolver(std::int32_t seccion, std::int32_t evaluacion) const 
   auto idPersonal = PersonalDelUsuario("codUsuario");
   api->DesbloquearNotas(Centro(), cConfiguracion::Instancia().intIDUsuario, idPersonal, idSeccion,
                         idEvaluacion);
-  Centro().Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" +
-                   std::to_string(IDPublicacion));
+  Centro().Execute(Sql("DELETE FROM PublicacionPte WHERE IDPublicacionPte={}", IDPublicacion));
   api.reset();
   // The publication is gone by now: its second DELETE finds nothing.
   BorrarPublicacion();

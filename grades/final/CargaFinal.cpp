@@ -5,11 +5,10 @@
 #include "frame/cConstCol.h"
 #include "grades/Alumnos.h"
 #include "platform/Connection.h"
+#include "platform/Sql.h"
 
 namespace quorvane {
 namespace {
-
-constexpr const char* kTabla = "EvaluacionActaPte";
 
 Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
@@ -41,24 +40,31 @@ void PreguntarAprobado(std::int32_t nota) {
 
 }  // namespace
 
-void AnadirAlumnosFinales(Collection<cAlumno>& colAlumnos, const Seleccion& seleccion,
+void AnadirAlumnosFinales(Collection<cAlumno>& colAlumnos, const DatosPasoUno& seleccion,
                           bool blnTutor) {
   Recordset alumnos;
   if (VeTodaLaSeccion(blnTutor))
     alumnos = AlumnosDeSeccion(seleccion.seccion);
   else if (seleccion.gIDPersonal > 0)
-    alumnos =
-        AlumnosDeProfesor(seleccion.seccion, seleccion.evaluacion, seleccion.gIDPersonal, kTabla);
+    alumnos = Execute(Sql(
+        "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE CodProfesor={})) ORDER BY OrdenSeccion",
+        seleccion.seccion, seleccion.evaluacion, seleccion.gIDPersonal));
   if (!alumnos.IsOpen()) return;
   for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
 }
 
-std::optional<Recordset> PendientesVisibles(std::int32_t idAlumno, const Seleccion& seleccion,
+std::optional<Recordset> PendientesVisibles(std::int32_t idAlumno, const DatosPasoUno& seleccion,
                                             bool blnTutor, const std::string& condicion) {
   if (VeTodaLaSeccion(blnTutor))
-    return MateriasDeAlumno(idAlumno, seleccion.evaluacion, kTabla, condicion);
+    return Execute(
+        "SELECT AlumnoPte_MatDet.* FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet WHERE " +
+        condicion +
+        Sql("codNumEvaluacion={} AND CodAlumno={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={})  ORDER BY Orden",
+            seleccion.evaluacion, idAlumno, seleccion.evaluacion));
   if (seleccion.gIDPersonal > 0)
-    return MateriasDeProfesor(idAlumno, seleccion.evaluacion, seleccion.gIDPersonal, kTabla);
+    return Execute(Sql(
+        "SELECT AlumnoPte_MatDet.* FROM (AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet) INNER JOIN Profesor_Pte ON Profesor_Pte.codMatdet=AlumnoPte_MatDet.codmatdet WHERE CodAlumno={} AND CodNumEvaluacion={} AND Profesor_Pte.codProfesor={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={}) ORDER BY Orden",
+        idAlumno, seleccion.evaluacion, seleccion.gIDPersonal, seleccion.evaluacion));
   return std::nullopt;
 }
 

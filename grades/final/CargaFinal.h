@@ -29,13 +29,13 @@ struct FinalElegida {
 
 /// Adds the students whom this user grades: the whole section for profile 0 and the tutor, those of
 /// his own subjects for a teacher, none for anybody else.
-void AnadirAlumnosFinales(Collection<cAlumno>& colAlumnos, const Seleccion& seleccion,
+void AnadirAlumnosFinales(Collection<cAlumno>& colAlumnos, const DatosPasoUno& seleccion,
                           bool blnTutor);
 
 /// The pending subjects of a student that this user grades; nothing for one who grades none.
 /// `condicion` goes before the others where he sees the whole section, as "codmatdet=5 AND "; the
 /// statement for a teacher has no place for it.
-std::optional<Recordset> PendientesVisibles(std::int32_t idAlumno, const Seleccion& seleccion,
+std::optional<Recordset> PendientesVisibles(std::int32_t idAlumno, const DatosPasoUno& seleccion,
                                             bool blnTutor, const std::string& condicion = {});
 
 /// Walks those rows and calls `cargar`, with the row and the kind of its subject, for each that is

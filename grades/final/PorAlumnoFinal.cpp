@@ -31,7 +31,7 @@ void LlenarFilasDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias) 
 }
 
 void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
-                         const Seleccion& seleccion, const Form& form) {
+                         const DatosPasoUno& seleccion, const Form& form) {
   const auto columna = rejilla.Col();
   const auto& clave = ClaveDeFila(rejilla);
   rejilla.ListaLimpiar(columna);

@@ -19,7 +19,7 @@ void LlenarFilasDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias);
 /// Fills the list of the current cell: measures, or the grades that aren't exceptional, none in a
 /// row that may not be edited. Error 5 for a row whose subject isn't there.
 void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
-                         const Seleccion& seleccion, const Form& form);
+                         const DatosPasoUno& seleccion, const Form& form);
 
 /// Writes what was chosen in the current cell into the subject of the row, unless that may not be
 /// edited. Errors as above, and as `AsignarNotaFinal`.

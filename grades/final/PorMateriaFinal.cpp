@@ -49,7 +49,7 @@ void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
   if (entrada.CodAsociada != 0) return;
   for (const auto& alumno : colAlumnos) {
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
-    rejilla.AddItem(TextoAlumno(alumno->IDAlumno));
+    rejilla.AddItem(AlumnoConOrden(alumno->IDAlumno));
     const auto fila = rejilla.Rows() - 1;
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(alumno->IDAlumno));
     EscribirNotasFinales(rejilla, fila, *alumno->colMateria[Key(entrada.IDMatDet)]);
@@ -57,7 +57,7 @@ void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
 }
 
 void LlenarCeldaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const Seleccion& seleccion,
+                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
                           const Form& form) {
   const auto columna = rejilla.Col();
   rejilla.ListaLimpiar(columna);

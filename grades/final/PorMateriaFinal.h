@@ -36,7 +36,7 @@ void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
 /// Fills the list of the current cell: measures, or grades, the exceptional ones too. No grades for
 /// an entry that is no subject. Error 5 when the student of the row isn't there or lacks it.
 void LlenarCeldaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const Seleccion& seleccion,
+                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
                           const Form& form);
 
 /// Writes what was chosen in the current cell into the student's subject, unless the entry is no

@@ -15,7 +15,7 @@ void PrepararRejillaFinal(Retivo& rejilla, const ConstruccionFinal& construccion
   rejilla.TextMatrix(0, kColumnaMedidas, "Medidas Adoptadas");
   rejilla.ColWidth(kColumnaMedidas, construccion.medidas ? kAnchoNota : 0);
   if (construccion.cargando) {
-    LeerEscala(rejilla, tipo, "abreviatura", anchos, strColumna);
+    LeerEscala(rejilla, TiposDeNotaFinal(tipo), anchos, strColumna);
     anchos.Guardar(rejilla, construccion.cargando, true);
   } else {
     anchos.Restaurar(rejilla, construccion.cargando);
@@ -68,7 +68,7 @@ void LlenarMedidas(Retivo& rejilla, const cMateria& materia) {
   rejilla.ListaAnadir(kColumnaMedidas, "Adaptación curricular", 2);
 }
 
-std::string SentenciaCeldaFinal(const Seleccion& seleccion, int columna, const cMateria& materia,
+std::string SentenciaCeldaFinal(const DatosPasoUno& seleccion, int columna, const cMateria& materia,
                                 const std::string& codMateria, bool sinExcepcionales) {
   CondicionesNota condiciones;
   condiciones.sinExcepcionales = sinExcepcionales;

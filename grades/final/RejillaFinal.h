@@ -56,7 +56,7 @@ void LlenarMedidas(Retivo& rejilla, const cMateria& materia);
 
 /// What the list of grades of a cell of that column is read with. `codMateria` is whatever the form
 /// compares `CodMateria` with.
-std::string SentenciaCeldaFinal(const Seleccion& seleccion, int columna, const cMateria& materia,
+std::string SentenciaCeldaFinal(const DatosPasoUno& seleccion, int columna, const cMateria& materia,
                                 const std::string& codMateria, bool sinExcepcionales);
 
 /// The data of the entry chosen in the cell just edited; 0 for none.

@@ -18,7 +18,7 @@
 namespace quorvane {
 namespace {
 
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaManual1>::Get()); }
+DatosPasoUno PasoUno() { return DatosPasoUnoDe(FormInstance<frmNotaManual1>::Get()); }
 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 
@@ -110,7 +110,7 @@ void frmNotaManualFinal::LlenarAlumnos() {
   if (colAlumnos.Count() == 0) return;
   cboAlumnos.Clear();
   for (const auto& alumno : colAlumnos)
-    cboAlumnos.AddItem(TextoAlumno(alumno->IDAlumno), alumno->IDAlumno);
+    cboAlumnos.AddItem(AlumnoConOrden(alumno->IDAlumno), alumno->IDAlumno);
   cboAlumnos.ListIndex(0);
 }
 

@@ -60,7 +60,7 @@ class frmNotaManualFinal : public Form {
   Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `IDAlumnoPte_MatDet`
   Titulos strColumna;
   Anchos intAnchosAlumno;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
   void cboAlumnos_Click();
   void cmdAnterior_Click();

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int32_t kAltoConstruccion = 17670;
 constexpr int kColumnas = 9;
 
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaManual1>::Get()); }
+DatosPasoUno PasoUno() { return DatosPasoUnoDe(FormInstance<frmNotaManual1>::Get()); }
 
 }  // namespace
 

@@ -19,7 +19,7 @@
 namespace quorvane {
 namespace {
 
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
+DatosPasoUno PasoUno() { return DatosPasoUnoDe(FormInstance<frmNotaMateria1>::Get()); }
 
 FrontEnd& Pantalla() { return Application::Instance().Screen(); }
 

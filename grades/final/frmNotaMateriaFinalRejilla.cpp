@@ -16,7 +16,7 @@ constexpr std::int32_t kAltoConstruccion = 17670;
 constexpr int kColumnas = 8;
 constexpr std::int32_t kAnchoAlumno = 3000;
 
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
+DatosPasoUno PasoUno() { return DatosPasoUnoDe(FormInstance<frmNotaMateria1>::Get()); }
 
 }  // namespace
 

@@ -62,7 +62,7 @@ class frmNotaSeccionAlumnoFinal : public Form {
   Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
   Titulos strColumna;
   Anchos intAnchosAlumno;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
   void cboAlumnos_Click();
   void cmdAnterior_Click();

@@ -15,7 +15,7 @@ namespace {
 constexpr std::int32_t kAltoConstruccion = 17670;
 constexpr int kColumnas = 9;
 
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionAlumno1>::Get()); }
+DatosPasoUno PasoUno() { return DatosPasoUnoDe(FormInstance<frmNotaSeccionAlumno1>::Get()); }
 
 }  // namespace
 

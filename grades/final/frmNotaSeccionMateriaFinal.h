@@ -65,7 +65,7 @@ class frmNotaSeccionMateriaFinal : public Form {
   std::vector<MateriaDeCombo> ListaMaterias;  ///< counted from 1 by the data of `cboMaterias`
   Titulos strColumna;
   Anchos intAnchosAlumno;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
   void cboMaterias_Click();
   void cmdAnterior_Click();

@@ -19,7 +19,7 @@ constexpr std::int32_t kAltoConstruccion = 17670;
 constexpr int kColumnas = 8;
 constexpr std::int32_t kAnchoAlumno = 3000;
 
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionMateria1>::Get()); }
+DatosPasoUno PasoUno() { return DatosPasoUnoDe(FormInstance<frmNotaSeccionMateria1>::Get()); }
 
 }  // namespace
 

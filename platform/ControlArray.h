@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <utility>
+
+namespace quorvane {
+
+class Form;
+class Frame;
+
+/// A control array. Its elements bear its name with their index, "fraTab(0)", and stand on the form
+/// itself:
+///
+///   std::array<Frame, 2> fraTab = ControlArray<Frame, 2>(*this, "fraTab");
+template <class T, std::size_t N>
+std::array<T, N> ControlArray(Form& form, const std::string& name) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array<T, N>{T(form, name + "(" + std::to_string(I) + ")")...};
+  }
+  (std::make_index_sequence<N>());
+}
+
+/// The same of controls on frames: an element for each frame named.
+template <class T, std::size_t N>
+std::array<T, N> ControlArray(Form& form, const std::string& name,
+                              const Frame* const (&containers)[N]) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array<T, N>{T(form, name + "(" + std::to_string(I) + ")", containers[I])...};
+  }
+  (std::make_index_sequence<N>());
+}
+
+}  // namespace quorvane
