@@ -31,6 +31,14 @@ namespace quorvane {
 // it does otherwise in its own files. The routines that the four share are templates over these
 // concepts, and touch no other member than the ones named here.
 
+/// `lblNotaManual` of such a form: of the walk, of the observation, of the two counters.
+inline std::array<Label, 4> RotulosNotas(Form& form, const Frame& fraObservacion,
+                                         const Frame& fraAusencia) {
+  return {Label(form, "lblNotaManual(0)"), Label(form, "lblNotaManual(1)", &fraObservacion),
+          Label(form, "lblNotaManual(2)", &fraAusencia),
+          Label(form, "lblNotaManual(3)", &fraAusencia)};
+}
+
 /// The controls: the walk is `PorAlumno`'s or `PorMateria`'s.
 template <class F>
 concept ControlesDeNotas = std::derived_from<F, Form> && requires(F& form) {

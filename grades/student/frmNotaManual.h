@@ -1,7 +1,6 @@
 #pragma once
 
 #include "grades/dialog/FormularioNotas.h"
-#include "platform/ControlArray.h"
 #include "platform/Recordset.h"
 
 namespace quorvane {
@@ -25,13 +24,13 @@ class frmNotaManual : public Form {
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   TabStrip tabNotaManual{*this, "tabNotaManual"};
-  std::array<Frame, 2> fraNotaManual = ControlArray<Frame, 2>(*this, "fraNotaManual");
+  std::array<Frame, 2> fraNotaManual{Frame(*this, "fraNotaManual(0)"),
+                                     Frame(*this, "fraNotaManual(1)")};
   std::array<Frame, 1> fraNota{Frame(*this, "fraNota(0)", &fraNotaManual[0])};
   std::array<Frame, 1> fraNotaTutor{Frame(*this, "fraNotaTutor(0)", &fraNotaManual[1])};
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)", &fraNotaTutor[0])};
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
-  std::array<Label, 4> lblNotaManual = ControlArray<Label>(
-      *this, "lblNotaManual", {nullptr, &fraObservacion[0], &fraAusencia[0], &fraAusencia[0]});
+  std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};  ///< a row for each pending subject
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
