@@ -1,8 +1,8 @@
 #include "grades/NotasOrdinarias.h"
 
 #include "frame/Conexiones.h"
-#include "grades/Escala.h"
 #include "grades/Verdadero.h"
+#include "grades/grid/Escala.h"
 #include "platform/Connection.h"
 #include "platform/Retivo.h"
 #include "platform/RuntimeError.h"

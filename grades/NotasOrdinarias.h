@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/CeldaNotas.h"
+#include "grades/grid/CeldaNotas.h"
 #include "platform/Sql.h"
 #include "register/cMateria.h"
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/NotasTutor.h"
-#include "grades/Publicacion.h"
-#include "grades/Seleccion.h"
+#include "grades/dialog/FormularioEncogido.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/grid/NotasTutor.h"
+#include "grades/loading/DatosPasoUno.h"
+#include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/Animation.h"
 #include "platform/ComboBox.h"

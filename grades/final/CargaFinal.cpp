@@ -3,7 +3,7 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "grades/Alumnos.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/Connection.h"
 #include "platform/Sql.h"
 

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "grades/MateriasPendientes.h"
-#include "grades/Seleccion.h"
+#include "grades/loading/DatosPasoUno.h"
+#include "grades/loading/MateriasPendientes.h"
 #include "platform/Collection.h"
 #include "platform/Recordset.h"
 #include "register/cAlumno.h"

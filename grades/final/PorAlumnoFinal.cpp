@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "grades/CeldaNotas.h"
 #include "grades/final/RejillaFinal.h"
+#include "grades/grid/CeldaNotas.h"
 #include "platform/Retivo.h"
 
 namespace quorvane {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grades/Seleccion.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "platform/Collection.h"
 #include "register/cMateria.h"
 

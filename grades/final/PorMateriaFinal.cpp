@@ -4,9 +4,9 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "grades/Alumnos.h"
-#include "grades/CeldaNotas.h"
 #include "grades/final/RejillaFinal.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/CheckBox.h"
 #include "platform/ComboBox.h"
 #include "platform/Connection.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "grades/Seleccion.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/Collection.h"
 #include "register/cAlumno.h"

@@ -1,8 +1,8 @@
 #include "grades/final/RejillaFinal.h"
 
 #include "frame/cConfiguracion.h"
-#include "grades/Anchos.h"
-#include "grades/CeldaNotas.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/CeldaNotas.h"
 #include "platform/Retivo.h"
 #include "platform/Value.h"
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Escala.h"
-#include "grades/Seleccion.h"
+#include "grades/grid/Escala.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "register/cMateria.h"
 
 namespace quorvane {

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
+#include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/CargaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/locks/Publicacion.h"
 #include "platform/Animation.h"
 #include "platform/CheckBox.h"
 #include "platform/ComboBox.h"

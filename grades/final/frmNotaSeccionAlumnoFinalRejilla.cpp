@@ -1,9 +1,9 @@
 // The grid of `frmNotaSeccionAlumnoFinal`: what it shows of the student, and the edit of its cells.
-#include "grades/NotasTutor.h"
 #include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
+#include "grades/grid/NotasTutor.h"
 #include "platform/FormInstance.h"
 #include "platform/RuntimeError.h"
 #include "selection/frmNotaSeccionAlumno1.h"

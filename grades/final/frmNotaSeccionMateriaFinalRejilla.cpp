@@ -1,10 +1,10 @@
 // The grid of `frmNotaSeccionMateriaFinal`: what it shows of the subject, and the edit of its
 // cells.
-#include "grades/NotasTutor.h"
 #include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
+#include "grades/grid/NotasTutor.h"
 #include "platform/Application.h"
 #include "platform/FormInstance.h"
 #include "platform/FrontEnd.h"

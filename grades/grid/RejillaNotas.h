@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "grades/CeldaNotas.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/dialog/FormularioNotas.h"
+#include "grades/grid/CeldaNotas.h"
 
 namespace quorvane {
 

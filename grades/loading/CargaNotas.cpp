@@ -5,9 +5,9 @@
 #include "frame/ClaseMateria.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "grades/Alumnos.h"
-#include "grades/MateriasPendientes.h"
 #include "grades/NotasOrdinarias.h"
+#include "grades/loading/Alumnos.h"
+#include "grades/loading/MateriasPendientes.h"
 
 namespace quorvane {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "grades/Seleccion.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "platform/Recordset.h"
 #include "register/cAlumno.h"
 

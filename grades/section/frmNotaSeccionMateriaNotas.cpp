@@ -1,11 +1,11 @@
 // The grades of `frmNotaSeccionMateria`: from the database into its objects when it opens, and back
 // when it saves.
 #include "frame/ClaseMateria.h"
-#include "grades/GuardarConMarca.h"
-#include "grades/MateriasBloqueo.h"
-#include "grades/MateriasPendientes.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/CargaNotas.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
+#include "grades/saving/GuardarConMarca.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/CargaPorMateria.h"
 

@@ -1,6 +1,6 @@
 // The grids of `frmNotaSeccionMateria`: what they show of the subject, and the edit of their cells.
-#include "grades/CeldaNotas.h"
 #include "grades/NotasOrdinarias.h"
+#include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/RejillaPorMateria.h"

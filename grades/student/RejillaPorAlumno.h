@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "grades/Alumnos.h"
 #include "grades/dialog/FormularioNotas.h"
+#include "grades/loading/Alumnos.h"
 
 namespace quorvane {
 

@@ -2,11 +2,11 @@
 // saves.
 #include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "grades/MateriasBloqueo.h"
-#include "grades/MateriasPendientes.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/CargaNotas.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
 #include "grades/student/frmNotaManual.h"
 #include "platform/Connection.h"
 #include "platform/Sql.h"

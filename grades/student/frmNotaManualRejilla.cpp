@@ -1,6 +1,6 @@
 // The grids of `frmNotaManual`: what they show of the student, and the edit of their cells.
-#include "grades/CeldaNotas.h"
 #include "grades/NotasOrdinarias.h"
+#include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
 #include "grades/student/RejillaPorAlumno.h"
 #include "grades/student/frmNotaManual.h"

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <utility>
 
-#include "grades/MateriasBloqueo.h"
-#include "grades/MateriasPendientes.h"
 #include "grades/dialog/FormularioNotas.h"
 #include "grades/loading/CargaNotas.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
 
 namespace quorvane {
 

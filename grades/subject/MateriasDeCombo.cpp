@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "grades/Alumnos.h"
 #include "grades/NotasOrdinarias.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
 

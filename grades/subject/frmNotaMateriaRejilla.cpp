@@ -1,6 +1,6 @@
 // The grids of `frmNotaMateria`: what they show of the subject, and the edit of their cells.
-#include "grades/CeldaNotas.h"
 #include "grades/NotasOrdinarias.h"
+#include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
 #include "grades/subject/RejillaPorMateria.h"
 #include "grades/subject/frmNotaMateria.h"

@@ -2,12 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "frame/cConfiguracion.h"
-#include "grades/Anchos.h"
-#include "grades/CeldaNotas.h"
-#include "grades/Intentos.h"
-#include "grades/MateriasBloqueo.h"
 #include "grades/NotasOrdinarias.h"
-#include "grades/NotasTutor.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/grid/NotasTutor.h"
+#include "grades/locks/MateriasBloqueo.h"
+#include "grades/saving/Intentos.h"
 #include "platform/Application.h"
 #include "platform/Form.h"
 #include "platform/Retivo.h"

@@ -1,4 +1,4 @@
-#include "grades/Intentos.h"
+#include "grades/saving/Intentos.h"
 
 #include "platform/MessageBox.h"
 #include "platform/RuntimeError.h"

@@ -1,4 +1,4 @@
-#include "grades/MateriasPendientes.h"
+#include "grades/loading/MateriasPendientes.h"
 
 #include "frame/Conexiones.h"
 #include "platform/Connection.h"

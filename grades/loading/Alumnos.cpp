@@ -1,4 +1,4 @@
-#include "grades/Alumnos.h"
+#include "grades/loading/Alumnos.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "grades/Objetivos.h"
+#include "grades/loading/Objetivos.h"
 
 #include "frame/Conexiones.h"
 #include "platform/Connection.h"

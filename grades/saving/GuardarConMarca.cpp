@@ -1,9 +1,9 @@
-#include "grades/GuardarConMarca.h"
+#include "grades/saving/GuardarConMarca.h"
 
 #include "frame/Conexiones.h"
-#include "grades/MateriasPendientes.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/Verdadero.h"
+#include "grades/loading/MateriasPendientes.h"
 #include "platform/Connection.h"
 
 namespace quorvane {

@@ -1,4 +1,4 @@
-#include "grades/MateriasBloqueo.h"
+#include "grades/locks/MateriasBloqueo.h"
 
 #include "platform/Value.h"
 

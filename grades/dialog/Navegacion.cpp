@@ -1,4 +1,4 @@
-#include "grades/Navegacion.h"
+#include "grades/dialog/Navegacion.h"
 
 #include "platform/ComboBox.h"
 #include "platform/CommandButton.h"

@@ -1,4 +1,4 @@
-#include "grades/Carga.h"
+#include "grades/dialog/FormularioEncogido.h"
 
 #include <algorithm>
 

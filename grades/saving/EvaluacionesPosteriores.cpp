@@ -1,7 +1,7 @@
-#include "grades/EvaluacionesPosteriores.h"
+#include "grades/saving/EvaluacionesPosteriores.h"
 
 #include "frame/Conexiones.h"
-#include "grades/Intentos.h"
+#include "grades/saving/Intentos.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/Connection.h"

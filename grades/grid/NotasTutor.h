@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Anchos.h"
-#include "grades/Seleccion.h"
+#include "grades/grid/Anchos.h"
+#include "grades/loading/DatosPasoUno.h"
 
 namespace quorvane {
 

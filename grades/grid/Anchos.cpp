@@ -1,4 +1,4 @@
-#include "grades/Anchos.h"
+#include "grades/grid/Anchos.h"
 
 #include "platform/Retivo.h"
 #include "platform/RuntimeError.h"

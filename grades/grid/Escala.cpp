@@ -1,8 +1,8 @@
-#include "grades/Escala.h"
+#include "grades/grid/Escala.h"
 
 #include "frame/Conexiones.h"
-#include "grades/Anchos.h"
 #include "grades/Verdadero.h"
+#include "grades/grid/Anchos.h"
 #include "platform/Connection.h"
 #include "platform/Retivo.h"
 #include "platform/Sql.h"

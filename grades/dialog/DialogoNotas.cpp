@@ -1,4 +1,4 @@
-#include "grades/DialogoNotas.h"
+#include "grades/dialog/DialogoNotas.h"
 
 #include "grades/dialog/Pantalla.h"
 

@@ -1,4 +1,4 @@
-#include "grades/CeldaNotas.h"
+#include "grades/grid/CeldaNotas.h"
 
 #include <algorithm>
 

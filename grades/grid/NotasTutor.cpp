@@ -1,9 +1,9 @@
-#include "grades/NotasTutor.h"
+#include "grades/grid/NotasTutor.h"
 
 #include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "grades/Escala.h"
 #include "grades/Verdadero.h"
+#include "grades/grid/Escala.h"
 #include "platform/ComboBox.h"
 #include "platform/Connection.h"
 #include "platform/Frame.h"

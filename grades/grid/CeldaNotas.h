@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Seleccion.h"
+#include "grades/loading/DatosPasoUno.h"
 
 namespace quorvane {
 
