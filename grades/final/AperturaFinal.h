@@ -6,9 +6,9 @@
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
-#include "grades/Carga.h"
-#include "grades/Seleccion.h"
+#include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/FormularioFinal.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "platform/Application.h"
 #include "platform/CentroApi.h"
 #include "platform/FrontEnd.h"
@@ -73,7 +73,7 @@ void CerrarSinNotas(F& form, const std::string& texto) {
 
 /// Writes the publication and a lock for each subject loaded.
 template <FormularioFinal F>
-void PublicarFinal(F& form, const Seleccion& paso) {
+void PublicarFinal(F& form, const DatosPasoUno& paso) {
   form.publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
   form.publicacion.InsertarBloqueos(form.strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
   // Neither the component nor the answer is used.

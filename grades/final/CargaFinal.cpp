@@ -2,7 +2,7 @@
 
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "grades/Alumnos.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/Connection.h"
 #include "platform/Sql.h"
 
@@ -14,7 +14,7 @@ bool VeTodaLaSeccion(bool blnTutor) {
 }
 
 std::optional<Recordset> PendientesDeProfesor(Connection& centro, std::int32_t idAlumno,
-                                              const Seleccion& seleccion) {
+                                              const DatosPasoUno& seleccion) {
   if (seleccion.gIDPersonal <= 0) return std::nullopt;
   return centro.Execute(Sql(
       "SELECT AlumnoPte_MatDet.* FROM (AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet) INNER JOIN Profesor_Pte ON Profesor_Pte.codMatdet=AlumnoPte_MatDet.codmatdet WHERE CodAlumno={} AND CodNumEvaluacion={} AND Profesor_Pte.codProfesor={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={}) ORDER BY Orden",
@@ -28,12 +28,12 @@ void PreguntarAprobado(Connection& centro, std::int32_t nota) {
 
 }  // namespace
 
-bool PuedeCalificar(const Seleccion& seleccion) {
+bool PuedeCalificar(const DatosPasoUno& seleccion) {
   return seleccion.gIDPersonal != 0 || cConfiguracion::Instancia().intIDPerfil <= 0;
 }
 
 void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
-                          const Seleccion& seleccion, bool blnTutor) {
+                          const DatosPasoUno& seleccion, bool blnTutor) {
   Recordset alumnos;
   if (VeTodaLaSeccion(blnTutor))
     alumnos = AlumnosDeSeccion(seleccion.seccion);
@@ -46,7 +46,7 @@ void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
 }
 
 std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idAlumno,
-                                            const Seleccion& seleccion, bool blnTutor) {
+                                            const DatosPasoUno& seleccion, bool blnTutor) {
   if (!VeTodaLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
   return centro.Execute(Sql(
       "SELECT AlumnoPte_MatDet.* FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodAlumno={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={})  ORDER BY Orden",
@@ -54,7 +54,7 @@ std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idA
 }
 
 std::optional<Recordset> PendientesDeMateria(Connection& centro, std::int32_t idAlumno,
-                                             std::int32_t codMatDet, const Seleccion& seleccion,
+                                             std::int32_t codMatDet, const DatosPasoUno& seleccion,
                                              bool blnTutor) {
   if (!VeTodaLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
   return centro.Execute(Sql(
@@ -107,7 +107,5 @@ void TomarDetalles(cMateria& materia, const DetallesMateria& detalles) {
   materia.IDProfesorAsociado = detalles.CodPersonalAsociado;
   materia.Nombre = NombreMateria(detalles);
 }
-
-std::int32_t VerdaderoComparado() { return cConfiguracion::Instancia().NumeroVerdadero(); }
 
 }  // namespace quorvane

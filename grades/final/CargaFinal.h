@@ -7,11 +7,11 @@
 
 #include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "grades/MateriasBloqueo.h"
-#include "grades/MateriasPendientes.h"
-#include "grades/Seleccion.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/final/SegundaFinal.h"
+#include "grades/loading/DatosPasoUno.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
 #include "platform/Collection.h"
 #include "platform/Recordset.h"
 #include "register/cAlumno.h"
@@ -24,20 +24,20 @@ class Connection;
 // their own, `EvaluacionActaPte`. Statements fail as they do; nothing is caught.
 
 /// Whether this user grades at all: with profile 0 and below, or as a member of staff.
-bool PuedeCalificar(const Seleccion& seleccion);
+bool PuedeCalificar(const DatosPasoUno& seleccion);
 
 /// Adds the students whom this user grades: the whole section for profile 0 and the tutor, those of
 /// his own subjects for a teacher, none for anybody else.
 void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
-                          const Seleccion& seleccion, bool blnTutor);
+                          const DatosPasoUno& seleccion, bool blnTutor);
 
 /// The pending subjects of a student that this user grades; nothing for one who grades none.
 std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idAlumno,
-                                            const Seleccion& seleccion, bool blnTutor);
+                                            const DatosPasoUno& seleccion, bool blnTutor);
 
 /// The same with that subject alone where he sees the whole section; a teacher has all of his.
 std::optional<Recordset> PendientesDeMateria(Connection& centro, std::int32_t idAlumno,
-                                             std::int32_t codMatDet, const Seleccion& seleccion,
+                                             std::int32_t codMatDet, const DatosPasoUno& seleccion,
                                              bool blnTutor);
 
 /// Walks those rows and has the form load each that is to be graded; a student who is left without
@@ -86,8 +86,5 @@ void TomarNotasFct(Connection& centro, cMateria& materia, const Recordset& notas
 
 /// Takes ids, teachers and name from the subject as it was taught.
 void TomarDetalles(cMateria& materia, const DetallesMateria& detalles);
-
-/// The number that a condition compares a flag column with for True: each engine has its own.
-std::int32_t VerdaderoComparado();
 
 }  // namespace quorvane

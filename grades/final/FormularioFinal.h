@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
-#include "grades/Seleccion.h"
+#include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/SegundaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/loading/DatosPasoUno.h"
+#include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/Animation.h"
 #include "platform/CheckBox.h"
@@ -63,7 +63,7 @@ concept FormularioFinal = std::derived_from<F, Form> &&
   { form.bytPromocion } -> std::same_as<std::uint8_t&>;
   { form.strColumna } -> std::same_as<Titulos&>;
   { form.intAnchosAlumno } -> std::same_as<Anchos&>;
-  { form.carga } -> std::same_as<Carga&>;
+  { form.carga } -> std::same_as<FormularioEncogido&>;
 
   // The handlers that the controls raise.
   form.cmdAnterior_Click();
@@ -114,8 +114,8 @@ ComboBox& Recorrido(F& form) {
 
 /// What step one has fixed, taken afresh. Error 381 while one of its lists has no selected entry.
 template <FormularioFinal F>
-Seleccion PasoUnoDe(const F& /*form*/) {
-  return SeleccionDe(FormInstance<typename F::PasoUno>::Get());
+DatosPasoUno PasoUnoDe(const F& /*form*/) {
+  return DatosPasoUnoDe(FormInstance<typename F::PasoUno>::Get());
 }
 
 }  // namespace quorvane

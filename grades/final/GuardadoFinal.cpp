@@ -1,5 +1,6 @@
 #include "grades/final/GuardadoFinal.h"
 
+#include "frame/cConfiguracion.h"
 #include "grades/final/CargaFinal.h"
 #include "platform/Connection.h"
 #include "platform/Sql.h"
@@ -39,7 +40,7 @@ class FilasActa {
     return !centro_
                 .Execute(Sql(
                     "SELECT IDEvaluacionActaPte FROM EvaluacionActaPte WHERE UltimaEvaluada={} AND CodNumEvaluacion > {} AND CodAlumnoPte_MatDet ={}",
-                    VerdaderoComparado(), evaluacion_, id_))
+                    cConfiguracion::Instancia().NumeroVerdadero(), evaluacion_, id_))
                 .Eof();
   }
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "frame/Conexiones.h"
-#include "grades/Carga.h"
+#include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/FormularioFinal.h"
 #include "platform/Application.h"
 #include "platform/FrontEnd.h"

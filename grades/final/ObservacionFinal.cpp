@@ -1,6 +1,7 @@
 #include "grades/final/ObservacionFinal.h"
 
 #include "frame/ClaseMateria.h"
+#include "frame/cConfiguracion.h"
 #include "grades/final/CargaFinal.h"
 #include "platform/Connection.h"
 #include "platform/RuntimeError.h"
@@ -12,7 +13,7 @@ Observaciones::Observaciones(Connection& centro, std::int32_t tipo)
     : centro_(centro),
       tipos_(centro.Execute(Sql(
           "SELECT IDTipoNota, Nombre, Orden FROM TipoNota WHERE Abreviatura={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})) ORDER BY Orden",
-          VerdaderoComparado(), tipo))) {}
+          cConfiguracion::Instancia().NumeroVerdadero(), tipo))) {}
 
 bool Observaciones::Siguiente() {
   if (empezado_) tipos_.MoveNext();

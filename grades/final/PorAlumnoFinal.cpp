@@ -2,10 +2,11 @@
 
 #include <string>
 
-#include "grades/Alumnos.h"
-#include "grades/CeldaNotas.h"
+#include "frame/cConfiguracion.h"
 #include "grades/final/CargaFinal.h"
 #include "grades/final/RejillaFinal.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/ComboBox.h"
 #include "platform/Retivo.h"
 #include "platform/Sql.h"
@@ -27,7 +28,7 @@ void LlenarComboAlumnos(ComboBox& cboAlumnos, const Collection<cAlumno>& colAlum
   if (colAlumnos.Count() == 0) return;
   cboAlumnos.Clear();
   for (const auto& alumno : colAlumnos)
-    cboAlumnos.AddItem(TextoAlumno(alumno->IDAlumno), alumno->IDAlumno);
+    cboAlumnos.AddItem(AlumnoConOrden(alumno->IDAlumno), alumno->IDAlumno);
   cboAlumnos.ListIndex(0);
 }
 
@@ -55,7 +56,7 @@ void LlenarFilasDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias) 
 }
 
 void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
-                         const Seleccion& seleccion, const Form& form) {
+                         const DatosPasoUno& seleccion, const Form& form) {
   const auto columna = rejilla.Col();
   const auto& clave = ClaveDeFila(rejilla);
   rejilla.ListaLimpiar(columna);
@@ -70,8 +71,8 @@ void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
       rejilla, columna,
       Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria={} AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
           seleccion.seccion, seleccion.curso, seleccion.evaluacion, materia.IDMatDetalle,
-          materia.IDProfesor, materia.IDProfesorAsociado, columna, VerdaderoComparado(),
-          ClaseDeCelda(materia), seleccion.tipo),
+          materia.IDProfesor, materia.IDProfesorAsociado, columna,
+          cConfiguracion::Instancia().NumeroVerdadero(), ClaseDeCelda(materia), seleccion.tipo),
       form);
 }
 

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "grades/Escala.h"
-#include "grades/Seleccion.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/final/RejillaFinal.h"
+#include "grades/grid/Escala.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "platform/Collection.h"
 #include "register/cAlumno.h"
 
@@ -44,7 +44,7 @@ void ConfigurarColumnasDeAlumno(F& form, std::int32_t tipo) {
 /// Fills the list of the current cell: measures, or the grades that aren't exceptional, none in a
 /// row that may not be edited. Error 5 for a row whose subject isn't there.
 void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
-                         const Seleccion& seleccion, const Form& form);
+                         const DatosPasoUno& seleccion, const Form& form);
 
 /// `rtvNotasAlumno_InicioEdicion`, which does nothing in the headings, in the names and in the
 /// columns behind the grades.

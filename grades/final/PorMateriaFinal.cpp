@@ -2,9 +2,10 @@
 
 #include <string>
 
-#include "grades/Alumnos.h"
-#include "grades/CeldaNotas.h"
+#include "frame/cConfiguracion.h"
 #include "grades/final/CargaFinal.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/ComboBox.h"
 #include "platform/Connection.h"
 #include "platform/Retivo.h"
@@ -49,7 +50,7 @@ void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
   if (entrada.CodAsociada != 0) return;
   for (const auto& alumno : colAlumnos) {
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
-    rejilla.AddItem(TextoAlumno(alumno->IDAlumno));
+    rejilla.AddItem(AlumnoConOrden(alumno->IDAlumno));
     const auto fila = rejilla.Rows() - 1;
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, Key(alumno->IDAlumno));
     EscribirNotasFinales(rejilla, fila, *alumno->colMateria[Key(entrada.IDMatDet)]);
@@ -57,7 +58,7 @@ void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
 }
 
 void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const Seleccion& seleccion,
+                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
                           const Form& form) {
   const auto columna = rejilla.Col();
   rejilla.ListaLimpiar(columna);
@@ -72,8 +73,8 @@ void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos
       rejilla, columna,
       Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria={} AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
           seleccion.seccion, seleccion.curso, seleccion.evaluacion, entrada.IDMatDet,
-          materia.IDProfesor, materia.IDProfesorAsociado, columna, VerdaderoComparado(),
-          ClaseDeCelda(materia), seleccion.tipo),
+          materia.IDProfesor, materia.IDProfesorAsociado, columna,
+          cConfiguracion::Instancia().NumeroVerdadero(), ClaseDeCelda(materia), seleccion.tipo),
       form);
 }
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "grades/Seleccion.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/final/RejillaFinal.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/Application.h"
 #include "platform/Collection.h"
@@ -81,7 +81,7 @@ void ConfigurarColumnasDeMateria(F& form) {
 /// Fills the list of the current cell: measures, or grades, the exceptional ones too. No grades for
 /// an entry that is no subject. Error 5 when the student of the row isn't there or lacks it.
 void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const Seleccion& seleccion,
+                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
                           const Form& form);
 
 /// The same, but nothing in the headings, in the names and in the keys.

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Anchos.h"
-#include "grades/Escala.h"
 #include "grades/final/FormularioFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
 #include "register/cMateria.h"
 
 namespace quorvane {
@@ -38,7 +38,7 @@ void PrepararRejilla(F& form, int columnas, std::int32_t anchoPrimera, std::int3
   rejilla.TextMatrix(0, kColumnaMedidas, "Medidas Adoptadas");
   rejilla.ColWidth(kColumnaMedidas, form.blnMedidas ? kAnchoNota : 0);
   if (form.blnCargando) {
-    LeerEscala(rejilla, tipo, "abreviatura", form.intAnchosAlumno, form.strColumna);
+    LeerEscala(rejilla, TiposDeNotaFinal(tipo), form.intAnchosAlumno, form.strColumna);
     form.intAnchosAlumno.Guardar(rejilla, form.blnCargando, true);
   } else {
     form.intAnchosAlumno.Restaurar(rejilla, form.blnCargando);

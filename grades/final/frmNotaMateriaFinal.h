@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
+#include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/SegundaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/Animation.h"
 #include "platform/CheckBox.h"
@@ -61,7 +61,7 @@ class frmNotaMateriaFinal : public Form {
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
 

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
+#include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/SegundaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/locks/Publicacion.h"
 #include "platform/Animation.h"
 #include "platform/CheckBox.h"
 #include "platform/ComboBox.h"
@@ -58,7 +58,7 @@ class frmNotaSeccionAlumnoFinal : public Form {
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
 

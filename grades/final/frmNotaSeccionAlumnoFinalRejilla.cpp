@@ -1,10 +1,10 @@
 // The grid of `frmNotaSeccionAlumnoFinal`: what it shows of the student, and the edit of its cells.
 #include "frame/Conexiones.h"
-#include "grades/NotasTutor.h"
 #include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
+#include "grades/grid/NotasTutor.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

@@ -1,14 +1,15 @@
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 
-#include "grades/Alumnos.h"
-#include "grades/MateriasBloqueo.h"
-#include "grades/Navegacion.h"
+#include "frame/Conexiones.h"
+#include "grades/dialog/Navegacion.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
 #include "grades/final/CierreFinal.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorMateriaFinal.h"
+#include "grades/loading/Alumnos.h"
+#include "grades/locks/MateriasBloqueo.h"
 #include "platform/FormInstance.h"
 #include "selection/frmNotaSeccionMateria1.h"
 

@@ -1,11 +1,11 @@
 // The grid of `frmNotaSeccionMateriaFinal`: what it shows of the subject, and the edit of its
 // cells.
 #include "frame/Conexiones.h"
-#include "grades/NotasTutor.h"
 #include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
+#include "grades/grid/NotasTutor.h"
 #include "platform/Application.h"
 #include "platform/FrontEnd.h"
 #include "selection/frmNotaSeccionMateria1.h"
