@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/Form.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Form.h"
 
 namespace quorvane::bench {
 

@@ -5,7 +5,7 @@
 #include <queue>
 #include <string>
 
-#include "platform/FrontEnd.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane::bench {
 

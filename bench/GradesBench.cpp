@@ -4,10 +4,10 @@
 
 #include "bench/Replay.h"
 #include "bench/Session.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Retivo.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Retivo.h"
 
 namespace quorvane::bench {
 namespace {

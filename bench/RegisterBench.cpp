@@ -5,7 +5,7 @@
 #include "bench/Replay.h"
 #include "bench/Session.h"
 #include "frame/cConstCol.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmPendientes.h"
 

@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "frame/cAsignarDatos.h"
-#include "platform/Application.h"
-#include "platform/FormInstances.h"
-#include "platform/SessionValues.h"
+#include "platform/controls/FormInstances.h"
+#include "platform/host/Application.h"
+#include "platform/host/SessionValues.h"
 
 namespace quorvane::bench {
 

@@ -8,12 +8,12 @@
 #include <unordered_map>
 #include <utility>
 
-#include "adapters/sqlite/Concatenation.h"
 #include "adapters/sqlite/Database.h"
-#include "adapters/sqlite/NestedJoins.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/StatementCache.h"
 #include "adapters/sqlite/StatementLifter.h"
+#include "adapters/sqltext/Concatenation.h"
+#include "adapters/sqltext/NestedJoins.h"
 #include "bench/Measure.h"
 
 namespace quorvane::bench {

@@ -30,19 +30,19 @@ set(header_roots
     frame/cAsignarDatos.h frame/cDatosSesion.h frame/cNombreNodo.h frame/schema/SchoolSchema.h
     register/cMatProf.h
     # The session, the connections and the host's components.
-    platform/Application.h platform/CentroApi.h platform/Connection.h platform/FormInstances.h
-    platform/FrontEnd.h platform/HostObject.h platform/ObjectFactory.h platform/PersonSearch.h
-    platform/Recordset.h platform/RuntimeError.h platform/SessionObject.h platform/SessionValues.h
+    platform/host/Application.h platform/host/CentroApi.h platform/data/Connection.h platform/controls/FormInstances.h
+    platform/host/FrontEnd.h platform/host/HostObject.h platform/host/ObjectFactory.h platform/host/PersonSearch.h
+    platform/data/Recordset.h platform/RuntimeError.h platform/host/SessionObject.h platform/host/SessionValues.h
     # The models that a front end shows.
-    platform/Animation.h platform/CheckBox.h platform/ComboBox.h platform/CommandButton.h
-    platform/Form.h platform/Frame.h platform/Label.h platform/ListBox.h platform/MSFlexGrid.h
-    platform/Retivo.h platform/TabStrip.h platform/TextBox.h)
+    platform/controls/Animation.h platform/controls/CheckBox.h platform/controls/ComboBox.h platform/controls/CommandButton.h
+    platform/controls/Form.h platform/controls/Frame.h platform/controls/Label.h platform/controls/ListBox.h platform/controls/MSFlexGrid.h
+    platform/controls/Retivo.h platform/controls/TabStrip.h platform/controls/TextBox.h)
 install_library(quorvane quorvane)
 install_library(sqlite quorvane_sqlite adapters/sqlite/SqliteConnection.h)
 install_library(odbc quorvane_odbc adapters/odbc/OdbcConnection.h)
-install_library(guion quorvane_guion adapters/guion/EventPrinter.h adapters/guion/Guion.h
-                adapters/guion/Host.h adapters/guion/ScriptError.h adapters/guion/ScriptParser.h)
-install_library(qt quorvane_qt adapters/qt/FormWindow.h adapters/qt/QtFrontEnd.h)
+install_library(guion quorvane_guion adapters/guion/player/EventPrinter.h adapters/guion/player/Guion.h
+                adapters/guion/host/Host.h adapters/guion/language/ScriptError.h adapters/guion/language/ScriptParser.h)
+install_library(qt quorvane_qt adapters/qt/window/FormWindow.h adapters/qt/window/QtFrontEnd.h)
 
 # Found when installing, not before: touching a header must not configure the project again.
 set(install_headers ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)

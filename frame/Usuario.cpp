@@ -1,8 +1,8 @@
 #include "frame/Usuario.h"
 
 #include "frame/cConfiguracion.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {

@@ -3,9 +3,9 @@
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cNombreNodo.h"
-#include "platform/Application.h"
 #include "platform/RuntimeError.h"
-#include "platform/SessionObject.h"
+#include "platform/host/Application.h"
+#include "platform/host/SessionObject.h"
 
 namespace quorvane {
 namespace {

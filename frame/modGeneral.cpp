@@ -1,6 +1,6 @@
 #include "frame/modGeneral.h"
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -9,8 +9,8 @@
 
 #include "fuzz/Choices.h"
 #include "fuzz/Fail.h"
-#include "platform/RecordsetFilter.h"
 #include "platform/RuntimeError.h"
+#include "platform/data/RecordsetFilter.h"
 
 // A filter's text is refused with one of its two errors, or lets a row through exactly when its
 // conditions hold.

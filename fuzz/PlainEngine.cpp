@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <sqlite3.h>
 
-#include "adapters/sqlite/FieldName.h"
-#include "adapters/sqlite/Tokens.h"
+#include "adapters/sqltext/FieldName.h"
+#include "adapters/sqltext/Tokens.h"
 #include "fuzz/Fail.h"
 #include "platform/RuntimeError.h"
-#include "platform/Value.h"
+#include "platform/data/Value.h"
 
 namespace quorvane::fuzz {
 namespace {

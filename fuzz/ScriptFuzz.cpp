@@ -4,9 +4,9 @@
 #include <sstream>
 #include <string>
 
-#include "adapters/guion/CommandKind.h"
-#include "adapters/guion/ScriptError.h"
-#include "adapters/guion/ScriptParser.h"
+#include "adapters/guion/language/CommandKind.h"
+#include "adapters/guion/language/ScriptError.h"
+#include "adapters/guion/language/ScriptParser.h"
 #include "fuzz/Fail.h"
 
 // A script is refused with the number of a line that it has, or its commands, written as they were

@@ -3,9 +3,9 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Escala.h"
-#include "platform/Connection.h"
-#include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "grades/grid/CeldaNotas.h"
-#include "platform/Sql.h"
+#include "platform/data/Sql.h"
 #include "register/cMateria.h"
 
 namespace quorvane {

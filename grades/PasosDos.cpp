@@ -7,7 +7,7 @@
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/student/frmNotaManual.h"
 #include "grades/subject/frmNotaMateria.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/PasoDos.h"
 
 namespace quorvane {

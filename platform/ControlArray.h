@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/Frame.h"
+#include "platform/controls/Frame.h"
 
 namespace quorvane {
 

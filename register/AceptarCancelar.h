@@ -3,8 +3,8 @@
 #include <concepts>
 #include <cstdint>
 
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
 
 namespace quorvane {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ItemList.h"
-#include "platform/Recordset.h"
+#include "platform/controls/ItemList.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane {
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "register/PersonName.h"
 #include "register/RegisterPurge.h"
 

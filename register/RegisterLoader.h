@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "frame/cConstCol.h"
-#include "platform/Collection.h"
-#include "platform/Recordset.h"
+#include "platform/data/Collection.h"
+#include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -1,7 +1,7 @@
 #include "register/RegisterPurge.h"
 
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

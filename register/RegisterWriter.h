@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "frame/cConstCol.h"
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cAlumno.h"
 #include "register/cMatProf.h"
 

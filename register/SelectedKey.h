@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/Collection.h"
-#include "platform/MSFlexGrid.h"
+#include "platform/controls/MSFlexGrid.h"
+#include "platform/data/Collection.h"
 
 namespace quorvane {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "frame/cConstCol.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "register/PersonName.h"
 
 namespace quorvane {

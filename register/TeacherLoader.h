@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cMatProf.h"
 
 namespace quorvane {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cMateria.h"
 
 namespace quorvane {

@@ -1,8 +1,8 @@
 #include "register/frmAlumnoMateria.h"
 
 #include "frame/cConfiguracion.h"
-#include "platform/FormInstance.h"
-#include "platform/Value.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Value.h"
 #include "register/CopiarAlumno.h"
 #include "register/SelectedKey.h"
 #include "register/frmAlumnoPendiente.h"

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "frame/cConstCol.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Label.h"
-#include "platform/MSFlexGrid.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/MSFlexGrid.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -2,9 +2,9 @@
 #include <algorithm>
 
 #include "frame/Conexiones.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
-#include "platform/Value.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
+#include "platform/data/Value.h"
 #include "register/frmAlumnoMateria.h"
 
 namespace quorvane {

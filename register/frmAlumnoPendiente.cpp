@@ -2,9 +2,9 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/MessageBox.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/MessageBox.h"
 #include "register/AceptarCancelar.h"
 #include "register/RegisterLoader.h"
 #include "register/RegisterPurge.h"

@@ -3,14 +3,14 @@
 #include <array>
 
 #include "frame/cConstCol.h"
-#include "platform/Collection.h"
-#include "platform/CommandButton.h"
 #include "platform/ControlArray.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
-#include "platform/MSFlexGrid.h"
-#include "platform/TabStrip.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/MSFlexGrid.h"
+#include "platform/controls/TabStrip.h"
+#include "platform/data/Collection.h"
 #include "register/cAlumno.h"
 #include "register/cMatProf.h"
 

@@ -4,9 +4,9 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
 #include "platform/SqlList.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
 #include "register/AceptarCancelar.h"
 #include "register/DualList.h"
 #include "register/PersonName.h"

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "frame/cConstCol.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Label.h"
-#include "platform/ListBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListBox.h"
 
 namespace quorvane {
 

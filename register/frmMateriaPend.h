@@ -1,10 +1,10 @@
 #pragma once
 
 #include "frame/cConstCol.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Label.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
 
 namespace quorvane {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 
 #include "frame/cConstCol.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Label.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
 #include "register/cMatProf.h"
 
 namespace quorvane {

@@ -1,7 +1,7 @@
 #include "selection/AlumnosSeccion.h"
 
-#include "platform/Connection.h"
 #include "platform/SqlList.h"
+#include "platform/data/Connection.h"
 #include "selection/EvaluacionElegida.h"
 
 namespace quorvane {

@@ -1,8 +1,8 @@
 #include "selection/AperturaPasoDos.h"
 
-#include "platform/Application.h"
-#include "platform/Connection.h"
-#include "platform/FrontEnd.h"
+#include "platform/data/Connection.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/EvaluacionElegida.h"
 
 namespace quorvane {

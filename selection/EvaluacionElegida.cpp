@@ -1,9 +1,9 @@
 #include "selection/EvaluacionElegida.h"
 
 #include "frame/cConfiguracion.h"
-#include "platform/CheckBox.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

@@ -4,11 +4,11 @@
 #include <ctime>
 
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 
 namespace quorvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane {
 

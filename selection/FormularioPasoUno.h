@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <tuple>
 
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
 
 namespace quorvane {
 

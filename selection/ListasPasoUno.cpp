@@ -1,11 +1,11 @@
 #include "selection/ListasPasoUno.h"
 
 #include "frame/cConfiguracion.h"
-#include "platform/AsciiCase.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Connection.h"
 #include "platform/SqlList.h"
+#include "platform/data/Connection.h"
 #include "selection/EvaluacionElegida.h"
 
 namespace quorvane {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/Application.h"
-#include "platform/FrontEnd.h"
-#include "platform/MessageBox.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
+#include "platform/host/MessageBox.h"
 
 namespace quorvane {
 namespace {

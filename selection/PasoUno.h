@@ -6,7 +6,7 @@
 
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Value.h"
+#include "platform/data/Value.h"
 #include "selection/FormularioPasoUno.h"
 
 namespace quorvane {

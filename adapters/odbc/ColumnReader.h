@@ -4,7 +4,7 @@
 #include <string>
 
 #include "adapters/odbc/DriverCalls.h"
-#include "platform/Value.h"
+#include "platform/data/Value.h"
 
 namespace quorvane::odbc {
 

@@ -8,7 +8,7 @@
 
 #include "adapters/odbc/ColumnReader.h"
 #include "adapters/odbc/DriverFailure.h"
-#include "adapters/sqlite/FieldName.h"
+#include "adapters/sqltext/FieldName.h"
 
 namespace quorvane::odbc {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "adapters/odbc/DriverCalls.h"
 #include "adapters/odbc/Handles.h"
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane::odbc {
 

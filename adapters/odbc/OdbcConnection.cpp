@@ -10,10 +10,10 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverConnection.h"
 #include "adapters/odbc/DriverFailure.h"
-#include "adapters/sqlite/Concatenation.h"
-#include "adapters/sqlite/NestedJoins.h"
-#include "platform/AsciiCase.h"
+#include "adapters/sqltext/Concatenation.h"
+#include "adapters/sqltext/NestedJoins.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
 namespace {

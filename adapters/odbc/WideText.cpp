@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/Utf8.h"
+#include "platform/text/Utf8.h"
 
 namespace quorvane::odbc {
 namespace {

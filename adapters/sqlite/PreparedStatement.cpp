@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "adapters/sqlite/Database.h"
-#include "adapters/sqlite/FieldName.h"
+#include "adapters/sqltext/FieldName.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::sqlite {

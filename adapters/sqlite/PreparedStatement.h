@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

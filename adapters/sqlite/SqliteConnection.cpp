@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/sqlite/Concatenation.h"
 #include "adapters/sqlite/Database.h"
-#include "adapters/sqlite/NestedJoins.h"
 #include "adapters/sqlite/StatementCache.h"
 #include "adapters/sqlite/StatementLifter.h"
+#include "adapters/sqltext/Concatenation.h"
+#include "adapters/sqltext/NestedJoins.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::sqlite {

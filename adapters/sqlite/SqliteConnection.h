@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::sqlite {
 

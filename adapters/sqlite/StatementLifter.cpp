@@ -1,7 +1,7 @@
 #include "adapters/sqlite/StatementLifter.h"
 
-#include "adapters/sqlite/Tokens.h"
-#include "platform/AsciiCase.h"
+#include "adapters/sqltext/Tokens.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane::sqlite {
 namespace {

@@ -1,6 +1,6 @@
 #include "adapters/sqlite/StatementShape.h"
 
-#include "adapters/sqlite/Tokens.h"
+#include "adapters/sqltext/Tokens.h"
 
 namespace quorvane::sqlite {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "apps/escuela/SchoolRecords.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/AsciiCase.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {

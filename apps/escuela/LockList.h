@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

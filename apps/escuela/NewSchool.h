@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "apps/escuela/SchoolAddress.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "apps/escuela/SchoolAddress.h"
-#include "platform/AsciiCase.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "frame/schema/SchoolSchema.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

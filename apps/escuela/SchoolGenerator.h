@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "adapters/guion/HostOptions.h"
+#include "adapters/guion/host/HostOptions.h"
 
 namespace quorvane::guion {
 

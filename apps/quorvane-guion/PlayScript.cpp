@@ -3,11 +3,11 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/guion/EventPrinter.h"
-#include "adapters/guion/Guion.h"
-#include "adapters/guion/Host.h"
-#include "adapters/guion/ScriptError.h"
-#include "adapters/guion/ScriptParser.h"
+#include "adapters/guion/host/Host.h"
+#include "adapters/guion/language/ScriptError.h"
+#include "adapters/guion/language/ScriptParser.h"
+#include "adapters/guion/player/EventPrinter.h"
+#include "adapters/guion/player/Guion.h"
 #include "apps/quorvane-guion/SchoolConnections.h"
 #include "frame/cAsignarDatos.h"
 #include "platform/RuntimeError.h"

@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "adapters/guion/HostConnections.h"
+#include "adapters/guion/host/HostConnections.h"
 #include "apps/quorvane-guion/PlayOptions.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::guion {
 

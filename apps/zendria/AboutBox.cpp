@@ -2,7 +2,7 @@
 
 #include <QMessageBox>
 
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::zendria {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::zendria {
 

@@ -4,7 +4,7 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 
 namespace quorvane::zendria {
 

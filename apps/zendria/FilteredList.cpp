@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "adapters/qt/FocusBorder.h"
+#include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/TextFolding.h"
 
 namespace quorvane::zendria {

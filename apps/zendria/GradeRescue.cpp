@@ -2,12 +2,12 @@
 
 #include <utility>
 
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/OwnFile.h"
 #include "apps/zendria/School.h"
 #include "apps/zendria/StoredGrades.h"
-#include "platform/Form.h"
+#include "platform/controls/Form.h"
 
 namespace quorvane::zendria {
 

@@ -4,7 +4,7 @@
 
 #include "apps/zendria/ZendriaCentroApi.h"
 #include "apps/zendria/ZendriaPersonSearch.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::zendria {
 

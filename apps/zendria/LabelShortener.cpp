@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "platform/Form.h"
-#include "platform/FrontEnd.h"
-#include "platform/Label.h"
-#include "platform/Utf8.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
+#include "platform/host/FrontEnd.h"
+#include "platform/text/Utf8.h"
 
 namespace quorvane::zendria {
 namespace {

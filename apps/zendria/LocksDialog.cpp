@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <functional>
 
-#include "adapters/qt/FocusBorder.h"
+#include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"

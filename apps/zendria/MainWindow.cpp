@@ -9,9 +9,9 @@
 #include <QStatusBar>
 #include <utility>
 
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/IconStore.h"
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/views/IconStore.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/AboutBox.h"
 #include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"

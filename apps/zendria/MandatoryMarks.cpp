@@ -1,8 +1,8 @@
 #include "apps/zendria/MandatoryMarks.h"
 
-#include "platform/ComboBox.h"
-#include "platform/Form.h"
-#include "platform/Label.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Label.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -4,10 +4,10 @@
 #include <initializer_list>
 
 #include "frame/cAsignarDatos.h"
-#include "platform/Application.h"
-#include "platform/FormInstances.h"
-#include "platform/FrontEnd.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstances.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -6,7 +6,7 @@
 #include <iostream>
 #include <optional>
 
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/CommandLine.h"
 #include "apps/zendria/Departure.h"
 #include "apps/zendria/FailureBox.h"
@@ -15,8 +15,8 @@
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/SchoolPlace.h"
-#include "platform/Application.h"
-#include "platform/FormInstances.h"
+#include "platform/controls/FormInstances.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -9,7 +9,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/zendria/SchoolError.h"
 #include "platform/RuntimeError.h"
-#include "platform/SpanishOrder.h"
+#include "platform/text/SpanishOrder.h"
 
 namespace quorvane::zendria {
 namespace {

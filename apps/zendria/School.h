@@ -10,7 +10,7 @@
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/User.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::zendria {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/qt/FocusBorder.h"
+#include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/School.h"
 
 namespace quorvane::zendria {

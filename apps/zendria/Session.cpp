@@ -2,7 +2,7 @@
 
 #include "apps/zendria/School.h"
 #include "apps/zendria/User.h"
-#include "platform/SessionValues.h"
+#include "platform/host/SessionValues.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
-#include "platform/Connection.h"
-#include "platform/SpanishOrder.h"
-#include "platform/StatementTrace.h"
+#include "platform/data/Connection.h"
+#include "platform/data/StatementTrace.h"
+#include "platform/text/SpanishOrder.h"
 
 namespace quorvane::zendria {
 

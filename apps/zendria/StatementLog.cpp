@@ -1,6 +1,6 @@
 #include "apps/zendria/StatementLog.h"
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::zendria {
 

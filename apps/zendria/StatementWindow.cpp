@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "adapters/qt/FocusBorder.h"
+#include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/TextFolding.h"
 

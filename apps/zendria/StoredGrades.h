@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "apps/zendria/GradeCell.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::zendria {
 

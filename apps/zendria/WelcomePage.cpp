@@ -4,7 +4,7 @@
 #include <QIcon>
 #include <QVBoxLayout>
 
-#include "adapters/qt/FocusBorder.h"
+#include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/SchoolPlace.h"
 
 namespace quorvane::zendria {

@@ -4,7 +4,7 @@
 
 #include "apps/zendria/LabelShortener.h"
 #include "apps/zendria/MandatoryMarks.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::zendria {
 

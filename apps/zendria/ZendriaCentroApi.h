@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CentroApi.h"
+#include "platform/host/CentroApi.h"
 
 namespace quorvane::zendria {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PersonSearch.h"
+#include "platform/host/PersonSearch.h"
 
 namespace quorvane::zendria {
 

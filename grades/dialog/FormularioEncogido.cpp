@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "frame/cConfiguracion.h"
-#include "platform/Animation.h"
-#include "platform/Application.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/Animation.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane {
 

@@ -1,7 +1,7 @@
 #include "grades/dialog/Navegacion.h"
 
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
 
 namespace quorvane {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Application.h"
-#include "platform/FrontEnd.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane {
 

@@ -9,10 +9,10 @@
 #include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/loading/DatosPasoUno.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/FrontEnd.h"
-#include "platform/MessageBox.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
+#include "platform/host/FrontEnd.h"
+#include "platform/host/MessageBox.h"
 
 namespace quorvane {
 

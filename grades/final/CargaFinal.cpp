@@ -3,8 +3,8 @@
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/loading/Alumnos.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {

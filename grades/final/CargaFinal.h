@@ -12,8 +12,8 @@
 #include "grades/loading/DatosPasoUno.h"
 #include "grades/loading/MateriasPendientes.h"
 #include "grades/locks/MateriasBloqueo.h"
-#include "platform/Collection.h"
-#include "platform/Recordset.h"
+#include "platform/data/Collection.h"
+#include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "grades/final/FormularioFinal.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane {
 

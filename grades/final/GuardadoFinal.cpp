@@ -2,8 +2,8 @@
 
 #include "frame/cConfiguracion.h"
 #include "grades/final/CargaFinal.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {

@@ -6,8 +6,8 @@
 #include "frame/Conexiones.h"
 #include "grades/dialog/FormularioEncogido.h"
 #include "grades/final/FormularioFinal.h"
-#include "platform/Application.h"
-#include "platform/FrontEnd.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -3,9 +3,9 @@
 #include "frame/ClaseMateria.h"
 #include "frame/cConfiguracion.h"
 #include "grades/final/CargaFinal.h"
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

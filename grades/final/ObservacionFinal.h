@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

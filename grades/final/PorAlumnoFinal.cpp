@@ -7,9 +7,9 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"
-#include "platform/ComboBox.h"
-#include "platform/Retivo.h"
-#include "platform/Sql.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {

@@ -6,7 +6,7 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/Escala.h"
 #include "grades/loading/DatosPasoUno.h"
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

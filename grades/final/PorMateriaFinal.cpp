@@ -6,10 +6,10 @@
 #include "grades/final/CargaFinal.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"
-#include "platform/ComboBox.h"
-#include "platform/Connection.h"
-#include "platform/Retivo.h"
-#include "platform/Sql.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {

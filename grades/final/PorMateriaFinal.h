@@ -7,9 +7,9 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/loading/DatosPasoUno.h"
 #include "grades/subject/MateriasDeCombo.h"
-#include "platform/Application.h"
-#include "platform/Collection.h"
-#include "platform/FrontEnd.h"
+#include "platform/data/Collection.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -1,8 +1,8 @@
 #include "grades/final/RejillaFinal.h"
 
 #include "frame/ClaseMateria.h"
-#include "platform/Retivo.h"
-#include "platform/Value.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Value.h"
 
 namespace quorvane {
 

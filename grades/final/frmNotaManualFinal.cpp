@@ -10,9 +10,9 @@
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
-#include "platform/Sql.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

@@ -3,8 +3,8 @@
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
-#include "platform/Application.h"
-#include "platform/FrontEnd.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {

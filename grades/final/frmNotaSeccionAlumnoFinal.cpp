@@ -10,7 +10,7 @@
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

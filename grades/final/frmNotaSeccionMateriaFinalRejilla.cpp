@@ -6,8 +6,8 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 #include "grades/grid/NotasTutor.h"
-#include "platform/Application.h"
-#include "platform/FrontEnd.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {

@@ -1,8 +1,8 @@
 #include "grades/grid/Anchos.h"
 
-#include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
-#include "platform/Value.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Value.h"
 
 namespace quorvane {
 

@@ -5,9 +5,9 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
-#include "platform/Connection.h"
-#include "platform/Form.h"
-#include "platform/Retivo.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

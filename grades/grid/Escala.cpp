@@ -3,9 +3,9 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Anchos.h"
-#include "platform/Connection.h"
-#include "platform/Retivo.h"
-#include "platform/Sql.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane {
 

@@ -4,13 +4,13 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Escala.h"
-#include "platform/ComboBox.h"
-#include "platform/Connection.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
-#include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
-#include "platform/Sql.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Retivo.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

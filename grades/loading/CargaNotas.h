@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "grades/loading/DatosPasoUno.h"
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -1,8 +1,8 @@
 #include "grades/loading/MateriasPendientes.h"
 
 #include "frame/Conexiones.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

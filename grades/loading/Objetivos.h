@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane {
 

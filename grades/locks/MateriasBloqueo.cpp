@@ -1,6 +1,6 @@
 #include "grades/locks/MateriasBloqueo.h"
 
-#include "platform/Value.h"
+#include "platform/data/Value.h"
 
 namespace quorvane {
 

@@ -6,11 +6,11 @@
 #include "frame/modGeneral.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/saving/Intentos.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
-#include "platform/MessageBox.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
+#include "platform/host/MessageBox.h"
 
 namespace quorvane {
 namespace {

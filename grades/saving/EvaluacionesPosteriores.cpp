@@ -2,10 +2,10 @@
 
 #include "frame/Conexiones.h"
 #include "grades/saving/Intentos.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 
 namespace quorvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Sql.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

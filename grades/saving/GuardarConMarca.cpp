@@ -4,7 +4,7 @@
 #include "frame/cConfiguracion.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/MateriasPendientes.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/Sql.h"
+#include "platform/data/Sql.h"
 #include "register/cMateria.h"
 
 namespace quorvane {

@@ -1,7 +1,7 @@
 #include "grades/saving/Intentos.h"
 
-#include "platform/MessageBox.h"
 #include "platform/RuntimeError.h"
+#include "platform/host/MessageBox.h"
 
 namespace quorvane {
 

@@ -12,8 +12,8 @@
 #include "grades/loading/Objetivos.h"
 #include "grades/saving/EvaluacionesPosteriores.h"
 #include "grades/student/RejillaPorAlumno.h"
-#include "platform/FormInstance.h"
-#include "platform/MessageBox.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/MessageBox.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

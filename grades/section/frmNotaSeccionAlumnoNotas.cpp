@@ -7,7 +7,7 @@
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/saving/GuardarConMarca.h"
 #include "grades/section/frmNotaSeccionAlumno.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

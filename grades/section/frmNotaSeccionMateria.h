@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "grades/dialog/FormularioNotas.h"
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane {
 

@@ -13,10 +13,10 @@
 #include "grades/loading/Objetivos.h"
 #include "grades/saving/EvaluacionesPosteriores.h"
 #include "grades/student/RejillaPorAlumno.h"
-#include "platform/CentroApi.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
-#include "platform/MessageBox.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
+#include "platform/host/CentroApi.h"
+#include "platform/host/MessageBox.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

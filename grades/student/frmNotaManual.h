@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grades/dialog/FormularioNotas.h"
-#include "platform/Recordset.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane {
 

@@ -8,8 +8,8 @@
 #include "grades/loading/MateriasPendientes.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/student/frmNotaManual.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

@@ -4,8 +4,8 @@
 
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/Alumnos.h"
-#include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Retivo.h"
 
 namespace quorvane {
 

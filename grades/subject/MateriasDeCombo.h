@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {

@@ -11,10 +11,10 @@
 #include "grades/loading/MateriasPendientes.h"
 #include "grades/loading/Objetivos.h"
 #include "grades/saving/EvaluacionesPosteriores.h"
-#include "platform/Connection.h"
-#include "platform/FormInstance.h"
-#include "platform/MessageBox.h"
-#include "platform/Sql.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
+#include "platform/host/MessageBox.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {

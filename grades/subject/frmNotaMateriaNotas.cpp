@@ -9,8 +9,8 @@
 #include "grades/saving/GuardarConMarca.h"
 #include "grades/subject/CargaPorMateria.h"
 #include "grades/subject/frmNotaMateria.h"
-#include "platform/Connection.h"
-#include "platform/Sql.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 

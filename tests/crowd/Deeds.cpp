@@ -1,6 +1,6 @@
 #include "tests/crowd/Deeds.h"
 
-#include "platform/AsciiCase.h"
+#include "platform/text/AsciiCase.h"
 #include "tests/crowd/Grades.h"
 #include "tests/crowd/Rows.h"
 

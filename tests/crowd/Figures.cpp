@@ -4,7 +4,7 @@
 #include <array>
 #include <iomanip>
 
-#include "platform/Utf8.h"
+#include "platform/text/Utf8.h"
 
 namespace quorvane::test {
 namespace {

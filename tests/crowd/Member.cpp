@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "frame/cAsignarDatos.h"
-#include "platform/FormInstances.h"
+#include "platform/controls/FormInstances.h"
 
 namespace quorvane::test {
 namespace {

@@ -1,6 +1,6 @@
 #include "frame/cAsignarDatos.h"
 #include "frame/cConfiguracion.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "register/frmPendientes.h"
 #include "tests/frame/TableConnection.h"
 #include "tests/platform/FailsWith.h"

@@ -1,6 +1,6 @@
 #include "frame/cAsignarDatos.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 #include "tests/frame/RecordingSession.h"
 #include "tests/frame/TableConnection.h"
 #include "tests/platform/FailsWith.h"

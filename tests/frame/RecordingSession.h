@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/SessionValues.h"
+#include "platform/host/SessionValues.h"
 
 namespace quorvane::test {
 

@@ -8,10 +8,10 @@
 #include "grades/grid/NotasTutor.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/saving/Intentos.h"
-#include "platform/Application.h"
-#include "platform/Form.h"
-#include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Retivo.h"
+#include "platform/host/Application.h"
 #include "tests/grades/DirectSession.h"
 
 // What the grade forms share, where it depends on what a form passes.

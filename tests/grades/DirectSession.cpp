@@ -3,9 +3,9 @@
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "grades/student/frmNotaManual.h"
-#include "platform/Application.h"
-#include "platform/FormInstance.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane::test {

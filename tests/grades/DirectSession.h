@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/FrontEnd.h"
+#include "platform/host/FrontEnd.h"
 #include "tests/grades/GradeSchool.h"
 #include "tests/grades/Statements.h"
 #include "tests/support/TestConnection.h"

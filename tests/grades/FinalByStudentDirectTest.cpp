@@ -3,7 +3,7 @@
 
 #include "frame/cConfiguracion.h"
 #include "grades/final/frmNotaManualFinal.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "tests/grades/DirectSession.h"
 #include "tests/grades/FinalSchool.h"
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <vector>
 
-#include "platform/FrontEnd.h"
+#include "platform/host/FrontEnd.h"
 #include "tests/grades/FinalStatements.h"
 #include "tests/grades/FinalSubjectDirect.h"
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "tests/grades/DirectSession.h"
 #include "tests/grades/FinalSchool.h"

@@ -6,7 +6,7 @@
 
 #include "grades/final/frmNotaMateriaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionMateria1.h"
 #include "tests/grades/DirectSession.h"

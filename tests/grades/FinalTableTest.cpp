@@ -11,7 +11,7 @@
 #include "grades/final/frmNotaMateriaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"

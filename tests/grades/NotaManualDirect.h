@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "grades/student/frmNotaManual.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 #include "tests/grades/DirectSession.h"
 

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
 #include "platform/RuntimeError.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 #include "tests/grades/NotaManualDirect.h"
 
 // When the host's component is made, what it is asked, and what happens without it.

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 #include "tests/grades/NotaManualDirect.h"
 
 // The dialog itself: measures, busy sign, tab, and the pane of the tutor that has none.

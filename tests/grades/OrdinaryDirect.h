@@ -5,7 +5,7 @@
 #include "grades/section/frmNotaSeccionAlumno.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/frmNotaMateria.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
-#include "platform/StatementTrace.h"
+#include "platform/data/Connection.h"
+#include "platform/data/StatementTrace.h"
 
 namespace quorvane::test {
 

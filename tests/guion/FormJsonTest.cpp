@@ -1,4 +1,4 @@
-#include "adapters/guion/FormJson.h"
+#include "adapters/guion/player/FormJson.h"
 #include "tests/guion/GuionTest.h"
 #include "tests/guion/TestForms.h"
 

@@ -2,11 +2,11 @@
 
 #include <sstream>
 
-#include "adapters/guion/EventPrinter.h"
-#include "adapters/guion/Guion.h"
-#include "adapters/guion/Host.h"
-#include "adapters/guion/ScriptParser.h"
-#include "platform/FormInstance.h"
+#include "adapters/guion/host/Host.h"
+#include "adapters/guion/language/ScriptParser.h"
+#include "adapters/guion/player/EventPrinter.h"
+#include "adapters/guion/player/Guion.h"
+#include "platform/controls/FormInstance.h"
 #include "tests/guion/TestForms.h"
 
 namespace quorvane::test {

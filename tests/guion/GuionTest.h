@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "adapters/guion/HostOptions.h"
-#include "adapters/guion/ModuleEntry.h"
+#include "adapters/guion/host/HostOptions.h"
+#include "adapters/guion/host/ModuleEntry.h"
 #include "tests/guion/FakeConnection.h"
 
 namespace quorvane::test {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "adapters/guion/ScriptError.h"
-#include "adapters/guion/ScriptParser.h"
+#include "adapters/guion/language/ScriptError.h"
+#include "adapters/guion/language/ScriptParser.h"
 
 namespace quorvane::guion {
 namespace {

@@ -4,20 +4,20 @@
 #include <functional>
 #include <string>
 
-#include "platform/Animation.h"
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Connection.h"
-#include "platform/Form.h"
-#include "platform/FormInstance.h"
-#include "platform/Frame.h"
-#include "platform/Label.h"
-#include "platform/ListBox.h"
-#include "platform/MSFlexGrid.h"
-#include "platform/Retivo.h"
-#include "platform/TabStrip.h"
-#include "platform/TextBox.h"
+#include "platform/controls/Animation.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/MSFlexGrid.h"
+#include "platform/controls/Retivo.h"
+#include "platform/controls/TabStrip.h"
+#include "platform/controls/TextBox.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::test {
 

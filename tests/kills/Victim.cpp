@@ -5,8 +5,8 @@
 #include <unistd.h>
 
 #include "frame/cAsignarDatos.h"
-#include "platform/FormInstances.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstances.h"
 #include "tests/kills/Report.h"
 #include "tests/kills/ReportingConnection.h"
 #include "tests/walk/History.h"

@@ -10,7 +10,7 @@
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/AsciiCase.h"
+#include "platform/text/AsciiCase.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/StatementList.h"
 #include "tests/support/TempFolder.h"

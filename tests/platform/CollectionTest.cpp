@@ -1,4 +1,4 @@
-#include "platform/Collection.h"
+#include "platform/data/Collection.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "platform/CurrentRows.h"
-#include "platform/Form.h"
-#include "platform/MSFlexGrid.h"
+#include "platform/controls/CurrentRows.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/MSFlexGrid.h"
 
 namespace quorvane::test {
 namespace {

@@ -1,8 +1,8 @@
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/FormInstance.h"
-#include "platform/Frame.h"
-#include "platform/MessageBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/controls/Frame.h"
+#include "platform/host/MessageBox.h"
 #include "tests/platform/FailsWith.h"
 #include "tests/platform/ScriptedFrontEnd.h"
 

@@ -1,6 +1,6 @@
-#include "platform/Form.h"
-#include "platform/Grid.h"
-#include "platform/MSFlexGrid.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/MSFlexGrid.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {

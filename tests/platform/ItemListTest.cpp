@@ -1,7 +1,7 @@
-#include "platform/ComboBox.h"
-#include "platform/Form.h"
-#include "platform/ItemList.h"
-#include "platform/ListBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/ItemList.h"
+#include "platform/controls/ListBox.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {

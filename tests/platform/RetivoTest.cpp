@@ -1,5 +1,5 @@
-#include "platform/Form.h"
-#include "platform/Retivo.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Retivo.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/Application.h"
-#include "platform/Form.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/Form.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 
 namespace quorvane::test {
 

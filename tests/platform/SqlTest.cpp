@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "platform/Sql.h"
 #include "platform/SqlList.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane::test {
 namespace {

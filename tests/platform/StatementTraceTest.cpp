@@ -5,7 +5,7 @@
 #include <sstream>
 #include <unistd.h>
 
-#include "platform/StatementTrace.h"
+#include "platform/data/StatementTrace.h"
 
 namespace quorvane::test {
 namespace {

@@ -1,6 +1,6 @@
-#include "platform/SpanishOrder.h"
-#include "platform/StringTable.h"
-#include "platform/Utf8.h"
+#include "platform/text/SpanishOrder.h"
+#include "platform/text/StringTable.h"
+#include "platform/text/Utf8.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {

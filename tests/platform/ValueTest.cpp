@@ -1,4 +1,4 @@
-#include "platform/Value.h"
+#include "platform/data/Value.h"
 #include "tests/platform/FailsWith.h"
 
 namespace quorvane::test {

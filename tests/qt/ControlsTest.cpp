@@ -14,7 +14,7 @@
 #include <gmock/gmock.h>
 #include <memory>
 
-#include "adapters/qt/FocusBorder.h"
+#include "adapters/qt/views/FocusBorder.h"
 #include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {

@@ -4,8 +4,8 @@
 #include <QTableView>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/BusySign.h"
-#include "adapters/qt/Units.h"
+#include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/BusySign.h"
 #include "platform/RuntimeError.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"

@@ -3,7 +3,7 @@
 #include <QTableView>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/Units.h"
+#include "adapters/qt/views/Units.h"
 #include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {

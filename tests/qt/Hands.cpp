@@ -8,7 +8,7 @@
 #include <QListWidget>
 #include <QTableView>
 
-#include "adapters/qt/RetivoEditor.h"
+#include "adapters/qt/grid/RetivoEditor.h"
 
 namespace quorvane::test {
 namespace {

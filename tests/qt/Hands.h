@@ -3,7 +3,7 @@
 #include <QTest>
 #include <string>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 
 class QLineEdit;
 class QTableView;

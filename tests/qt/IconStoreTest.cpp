@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include "adapters/qt/IconStore.h"
+#include "adapters/qt/views/IconStore.h"
 
 namespace quorvane::test {
 namespace {

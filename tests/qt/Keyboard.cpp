@@ -4,7 +4,7 @@
 #include <QTest>
 #include <stdexcept>
 
-#include "adapters/qt/ControlView.h"
+#include "adapters/qt/views/ControlView.h"
 
 namespace quorvane::test {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 
 namespace quorvane::test {
 

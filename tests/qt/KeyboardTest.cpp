@@ -4,7 +4,7 @@
 #include <QTableView>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/ControlView.h"
+#include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/Keyboard.h"
 #include "tests/qt/SchoolScreenTest.h"

@@ -2,8 +2,8 @@
 #include <QTimer>
 #include <gmock/gmock.h>
 
-#include "platform/MessageBox.h"
 #include "platform/RuntimeError.h"
+#include "platform/host/MessageBox.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"
 #include "tests/qt/frmPrueba.h"

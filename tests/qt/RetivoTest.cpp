@@ -5,8 +5,8 @@
 #include <QTableView>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/RetivoEditor.h"
-#include "adapters/qt/Units.h"
+#include "adapters/qt/grid/RetivoEditor.h"
+#include "adapters/qt/views/Units.h"
 #include "platform/RuntimeError.h"
 #include "tests/qt/PruebaTest.h"
 

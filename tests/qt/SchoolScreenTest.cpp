@@ -5,9 +5,9 @@
 #include "apps/escuela/DemoSchool.h"
 #include "frame/cAsignarDatos.h"
 #include "frame/modGeneral.h"
-#include "platform/Application.h"
-#include "platform/PersonSearch.h"
-#include "platform/SessionValues.h"
+#include "platform/host/Application.h"
+#include "platform/host/PersonSearch.h"
+#include "platform/host/SessionValues.h"
 
 namespace quorvane::test {
 namespace {

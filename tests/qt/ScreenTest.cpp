@@ -2,8 +2,8 @@
 
 #include <QMessageBox>
 
-#include "platform/Application.h"
-#include "platform/FormInstances.h"
+#include "platform/controls/FormInstances.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::test {
 namespace {

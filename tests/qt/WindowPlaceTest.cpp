@@ -3,8 +3,8 @@
 #include <QWindow>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/Units.h"
-#include "adapters/qt/WindowPlace.h"
+#include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/WindowPlace.h"
 #include "apps/escuela/Prng.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"

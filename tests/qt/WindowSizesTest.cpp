@@ -1,7 +1,7 @@
 #include <QScreen>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/Units.h"
+#include "adapters/qt/views/Units.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/qt/frmPrueba.h"

@@ -7,8 +7,8 @@
 #include <QTest>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/BusySign.h"
-#include "adapters/qt/Units.h"
+#include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/BusySign.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"
 #include "tests/qt/frmPrueba.h"

@@ -2,7 +2,7 @@
 
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 #include "register/frmPendientes.h"
 
 namespace quorvane::test {

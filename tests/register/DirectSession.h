@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/Form.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/FrontEnd.h"
 #include "tests/support/SmallSchool.h"
 #include "tests/support/TestConnection.h"
 

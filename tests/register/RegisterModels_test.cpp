@@ -3,8 +3,8 @@
 #include <iterator>
 
 #include "frame/cConstCol.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 #include "register/frmAlumnoMateria.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmAlumnos.h"

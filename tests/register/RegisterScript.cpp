@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::test {
 namespace {

@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/PersonSearch.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
+#include "platform/host/PersonSearch.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmPropMatProf.h"
 #include "tests/register/DirectSession.h"

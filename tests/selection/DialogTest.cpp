@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/modGeneral.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"

@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "frame/cConfiguracion.h"
-#include "platform/Application.h"
-#include "platform/ComboBox.h"
-#include "platform/Form.h"
-#include "platform/FormInstance.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
 #include "tests/selection/StepOne.h"
 #include "tests/support/TestConnection.h"
 

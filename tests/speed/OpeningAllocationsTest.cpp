@@ -3,9 +3,9 @@
 
 #include "bench/BenchSchool.h"
 #include "bench/Session.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
 #include "tests/speed/Allocations.h"
 #include "tests/support/TempFolder.h"
 

@@ -9,12 +9,12 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/sqlite/Concatenation.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/sqltext/Concatenation.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/AsciiCase.h"
+#include "platform/text/AsciiCase.h"
 #include "tests/sqlite/PlainDatabase.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/StatementList.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "adapters/sqlite/Concatenation.h"
+#include "adapters/sqltext/Concatenation.h"
 
 namespace quorvane::sqlite {
 namespace {

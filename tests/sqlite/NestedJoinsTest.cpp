@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/sqlite/NestedJoins.h"
+#include "adapters/sqltext/NestedJoins.h"
 #include "tests/sqlite/PlainDatabase.h"
 #include "tests/support/TestSchool.h"
 

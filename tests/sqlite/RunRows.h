@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::test {
 

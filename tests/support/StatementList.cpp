@@ -3,7 +3,7 @@
 #include <fstream>
 #include <string_view>
 
-#include "platform/AsciiCase.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane::test {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "apps/quorvane-guion/PlayOptions.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::test {
 

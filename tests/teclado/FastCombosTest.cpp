@@ -2,7 +2,7 @@
 #include <QTimer>
 #include <gmock/gmock.h>
 
-#include "adapters/qt/ControlView.h"
+#include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/teclado/Hasty.h"

@@ -3,7 +3,7 @@
 #include <QComboBox>
 #include <utility>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 #include "tests/walk/Violation.h"
 
 namespace quorvane::test {

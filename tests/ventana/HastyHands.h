@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 #include "apps/escuela/Prng.h"
 #include "tests/ventana/InputQueue.h"
 

@@ -7,12 +7,12 @@
 #include <QTableView>
 #include <QWindow>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 #include "frame/cAsignarDatos.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/FormInstances.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/FormInstances.h"
 #include "tests/ventana/OpenList.h"
 #include "tests/ventana/ShownGrades.h"
 #include "tests/walk/RandomHost.h"

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <QTableView>
 
-#include "adapters/qt/RetivoEditor.h"
+#include "adapters/qt/grid/RetivoEditor.h"
 
 namespace quorvane::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <QString>
 #include <optional>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 
 namespace quorvane::test {
 

@@ -2,7 +2,7 @@
 
 #include <QTableView>
 
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "register/frmPendientes.h"
 #include "tests/walk/Violation.h"
 

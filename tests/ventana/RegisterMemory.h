@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/window/FormWindow.h"
 
 namespace quorvane::test {
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "adapters/qt/FormWindow.h"
-#include "platform/CommandButton.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "platform/controls/CommandButton.h"
 
 namespace quorvane::test {
 namespace {

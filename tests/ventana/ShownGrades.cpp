@@ -6,7 +6,7 @@
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/frmNotaMateria.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"

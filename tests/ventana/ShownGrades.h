@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "adapters/qt/FormWindow.h"
-#include "platform/ComboBox.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "platform/controls/ComboBox.h"
 
 namespace quorvane::test {
 

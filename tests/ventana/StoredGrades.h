@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 #include "tests/ventana/ShownGrades.h"
 
 namespace quorvane::test {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "adapters/qt/FormWindow.h"
-#include "platform/Application.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "tests/walk/History.h"
 #include "tests/walk/Onlooker.h"
 

@@ -7,7 +7,7 @@
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
 #include "frame/cAsignarDatos.h"
-#include "platform/FormInstances.h"
+#include "platform/controls/FormInstances.h"
 #include "tests/walk/Disturbance.h"
 #include "tests/walk/Violation.h"
 

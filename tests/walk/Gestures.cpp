@@ -2,15 +2,15 @@
 
 #include <array>
 
-#include "platform/CheckBox.h"
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/ListBox.h"
-#include "platform/MSFlexGrid.h"
-#include "platform/Retivo.h"
-#include "platform/TabStrip.h"
-#include "platform/TextBox.h"
-#include "platform/Utf8.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/MSFlexGrid.h"
+#include "platform/controls/Retivo.h"
+#include "platform/controls/TabStrip.h"
+#include "platform/controls/TextBox.h"
+#include "platform/text/Utf8.h"
 
 namespace quorvane::test {
 namespace {

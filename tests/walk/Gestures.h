@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "apps/escuela/Prng.h"
-#include "platform/Form.h"
+#include "platform/controls/Form.h"
 
 namespace quorvane::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 #include "tests/walk/Tables.h"
 
 namespace quorvane::test {

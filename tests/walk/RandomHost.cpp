@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "frame/cAsignarDatos.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/Label.h"
-#include "platform/PersonSearch.h"
-#include "platform/SessionValues.h"
+#include "platform/controls/Label.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
+#include "platform/host/PersonSearch.h"
+#include "platform/host/SessionValues.h"
 
 namespace quorvane::test {
 namespace {

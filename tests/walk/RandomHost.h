@@ -3,7 +3,7 @@
 #include <string>
 
 #include "apps/escuela/Prng.h"
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::test {
 

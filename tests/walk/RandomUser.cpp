@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/Application.h"
-#include "platform/Utf8.h"
+#include "platform/host/Application.h"
+#include "platform/text/Utf8.h"
 
 namespace quorvane::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "apps/escuela/Prng.h"
-#include "platform/FrontEnd.h"
+#include "platform/host/FrontEnd.h"
 #include "tests/walk/Gestures.h"
 #include "tests/walk/History.h"
 #include "tests/walk/Onlooker.h"

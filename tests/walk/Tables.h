@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/Connection.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::test {
 

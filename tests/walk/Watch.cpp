@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "register/frmPendientes.h"
 #include "tests/walk/GradeRules.h"
 #include "tests/walk/RegisterRules.h"

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/Form.h"
+#include "platform/controls/Form.h"
 #include "tests/walk/Onlooker.h"
 #include "tests/walk/RegisterSave.h"
 #include "tests/walk/School.h"

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <new>
 
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "tests/zendria/GradeRescueTest.h"
 

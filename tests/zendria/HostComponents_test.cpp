@@ -3,12 +3,12 @@
 
 #include "apps/zendria/LabelShortener.h"
 #include "apps/zendria/ZendriaCentroApi.h"
-#include "platform/ComboBox.h"
-#include "platform/Form.h"
-#include "platform/Frame.h"
-#include "platform/FrontEnd.h"
-#include "platform/Label.h"
-#include "platform/Utf8.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/host/FrontEnd.h"
+#include "platform/text/Utf8.h"
 
 namespace quorvane::zendria {
 namespace {

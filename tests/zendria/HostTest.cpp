@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "apps/zendria/HostComponents.h"
-#include "platform/Application.h"
-#include "platform/FormInstances.h"
+#include "platform/controls/FormInstances.h"
+#include "platform/host/Application.h"
 
 namespace quorvane::test {
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/MainWindow.h"
 #include "apps/zendria/Preferences.h"
 #include "tests/support/SmallSchool.h"

@@ -10,7 +10,7 @@
 #include "apps/zendria/SignInDialog.h"
 #include "apps/zendria/StatementWindow.h"
 #include "frame/cConfiguracion.h"
-#include "platform/FormInstance.h"
+#include "platform/controls/FormInstance.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmPendientes.h"
 #include "tests/zendria/HostTest.h"

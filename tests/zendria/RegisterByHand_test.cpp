@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "apps/zendria/PersonSearchDialog.h"
-#include "platform/Label.h"
+#include "platform/controls/Label.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {

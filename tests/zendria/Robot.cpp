@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-#include "platform/Form.h"
+#include "platform/controls/Form.h"
 
 namespace quorvane::test {
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 
 namespace quorvane::test {
 

@@ -6,10 +6,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "adapters/qt/BusySign.h"
-#include "platform/Grid.h"
-#include "platform/ItemList.h"
-#include "platform/TabStrip.h"
+#include "adapters/qt/window/BusySign.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/ItemList.h"
+#include "platform/controls/TabStrip.h"
 
 namespace quorvane::screenshots {
 namespace {

@@ -6,8 +6,8 @@
 #include <map>
 #include <string>
 
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "tools/screenshots/Camera.h"
 
 namespace quorvane::screenshots {

@@ -11,7 +11,7 @@
 #include <QMenuBar>
 #include <QTableView>
 
-#include "adapters/qt/RetivoEditor.h"
+#include "adapters/qt/grid/RetivoEditor.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"

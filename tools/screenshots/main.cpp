@@ -3,9 +3,9 @@
 #include <exception>
 #include <iostream>
 
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/HostComponents.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 #include "tools/screenshots/Camera.h"
 #include "tools/screenshots/Tour.h"
 

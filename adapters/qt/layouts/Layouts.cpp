@@ -5,9 +5,9 @@
 #include <string_view>
 #include <utility>
 
-#include "adapters/qt/FormWindow.h"
 #include "adapters/qt/layouts/FormLayouts.h"
 #include "adapters/qt/layouts/Stage.h"
+#include "adapters/qt/window/FormWindow.h"
 
 namespace quorvane::qt {
 namespace {

@@ -6,10 +6,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/Units.h"
-#include "platform/Control.h"
+#include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/FormWindow.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Control.h"
 
 namespace quorvane::qt {
 namespace {

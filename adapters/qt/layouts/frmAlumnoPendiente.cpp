@@ -3,10 +3,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/TabStripBox.h"
 #include "adapters/qt/layouts/FormLayouts.h"
 #include "adapters/qt/layouts/Stage.h"
+#include "adapters/qt/views/TabStripBox.h"
+#include "adapters/qt/window/FormWindow.h"
 
 namespace quorvane::qt {
 namespace {

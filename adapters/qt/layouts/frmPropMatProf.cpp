@@ -1,10 +1,10 @@
 #include <QWidget>
 
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/Units.h"
 #include "adapters/qt/layouts/FormLayouts.h"
 #include "adapters/qt/layouts/Stage.h"
-#include "platform/Control.h"
+#include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "platform/controls/Control.h"
 
 namespace quorvane::qt {
 

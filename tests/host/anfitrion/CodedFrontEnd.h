@@ -5,10 +5,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/ComboBox.h"
-#include "platform/CommandButton.h"
-#include "platform/Form.h"
-#include "platform/FrontEnd.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
+#include "platform/host/FrontEnd.h"
 
 inline void Expect(bool fulfilled, const std::string& expectation) {
   if (!fulfilled) throw std::runtime_error("no se cumple: " + expectation);

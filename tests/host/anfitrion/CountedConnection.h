@@ -3,8 +3,8 @@
 #include <string>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "platform/data/Connection.h"
 
 /// A host's own connection, on top of one that is there: it counts, and can break.
 class CountedConnection : public quorvane::Connection {

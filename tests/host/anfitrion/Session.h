@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/Connection.h"
-#include "platform/SessionValues.h"
+#include "platform/data/Connection.h"
+#include "platform/host/SessionValues.h"
 
 /// The class tutor's session, at the demo school. The module closes `users` when it has read it.
 inline std::shared_ptr<quorvane::SessionValues> TutorSession(quorvane::Connection& school,

@@ -1,12 +1,12 @@
-#include "adapters/guion/Guion.h"
+#include "adapters/guion/player/Guion.h"
 
 #include <exception>
 #include <iostream>
 #include <sstream>
 
-#include "adapters/guion/EventPrinter.h"
-#include "adapters/guion/Host.h"
-#include "adapters/guion/ScriptParser.h"
+#include "adapters/guion/host/Host.h"
+#include "adapters/guion/language/ScriptParser.h"
+#include "adapters/guion/player/EventPrinter.h"
 #include "adapters/odbc/OdbcConnection.h"
 #include "frame/cAsignarDatos.h"
 #include "platform/RuntimeError.h"

@@ -6,12 +6,12 @@
 #include "Session.h"
 #include "frame/cAsignarDatos.h"
 #include "frame/cNombreNodo.h"
-#include "platform/Application.h"
-#include "platform/CentroApi.h"
-#include "platform/FormInstances.h"
-#include "platform/MSFlexGrid.h"
-#include "platform/Retivo.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstances.h"
+#include "platform/controls/MSFlexGrid.h"
+#include "platform/controls/Retivo.h"
+#include "platform/host/Application.h"
+#include "platform/host/CentroApi.h"
 
 namespace {
 

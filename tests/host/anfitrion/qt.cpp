@@ -3,12 +3,12 @@
 #include <iostream>
 
 #include "Session.h"
-#include "adapters/qt/FormWindow.h"
-#include "adapters/qt/QtFrontEnd.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cAsignarDatos.h"
 #include "frame/cNombreNodo.h"
-#include "platform/Application.h"
+#include "platform/host/Application.h"
 
 namespace {
 

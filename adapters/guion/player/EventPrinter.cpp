@@ -1,0 +1,17 @@
+#include "adapters/guion/player/EventPrinter.h"
+
+#include <algorithm>
+
+namespace quorvane::guion {
+
+void EventPrinter::Print(std::string_view word, const std::string& rest) {
+  // An event is a line, also when an engine tells its error in several.
+  auto line = rest;
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  out_ << word;
+  if (!line.empty()) out_ << ' ' << line;
+  out_ << '\n' << std::flush;
+}
+
+}  // namespace quorvane::guion

@@ -1,0 +1,145 @@
+#include "adapters/qt/grid/GridTable.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <numeric>
+
+#include "adapters/qt/views/FocusBorder.h"
+#include "adapters/qt/views/Units.h"
+
+namespace quorvane::qt {
+namespace {
+
+constexpr int kRowPadding = 7;  // pixels above and below the text of a row, together
+constexpr int kCentred = 4;
+constexpr int kLeastWidth = 256;  // pixels, as the next
+constexpr int kGreatestWidth = 1100;
+
+}  // namespace
+
+GridTable::GridTable(QWidget* parent) : QTableView(parent) {
+  setModel(&cells_);
+  ShowFocusOnBorder(*this);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setWordWrap(false);
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(fontMetrics().height() + kRowPadding);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setMinimumSectionSize(8);
+  horizontalHeader()->setMinimumHeight(fontMetrics().height() + kRowPadding);
+}
+
+void GridTable::Take(const Grid& grid) {
+  const QSignalBlocker quiet(selectionModel());
+  const auto scrolled = verticalScrollBar()->value();
+  cells_.Take(grid);
+  horizontalHeader()->setVisible(grid.FixedRows() > 0);
+  std::vector<Column> columns;
+  columns.reserve(static_cast<std::size_t>(grid.Cols()));
+  for (int col = 0; col < grid.Cols(); ++col)
+    columns.push_back({Pixels(grid.ColWidth(col)), grid.ColAlignment(col) == kCentred});
+  // Widths that the user dragged stay until the grid sets others.
+  if (columns != columns_ || !stretch_) {
+    columns_ = std::move(columns);
+    ShowWidths();
+  }
+  verticalScrollBar()->setValue(scrolled);
+  const auto row = grid.Row() - grid.FixedRows();
+  const auto current = row < 0 ? QModelIndex() : cells_.index(row, grid.Col());
+  if (!current.isValid()) {
+    selectionModel()->clear();
+    viewport()->update();
+    return;
+  }
+  const auto moved = current != currentIndex();
+  const auto whole =
+      selectionBehavior() == SelectRows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate;
+  selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | whole);
+  if (moved) scrollTo(current);
+  // The blocked signals would have had it painted.
+  viewport()->update();
+}
+
+std::vector<int> GridTable::Widths() const {
+  std::vector<int> widths;
+  widths.reserve(columns_.size());
+  for (const auto& column : columns_) widths.push_back(column.width);
+  auto room = viewport()->width() - std::accumulate(widths.begin(), widths.end(), 0);
+  std::vector<std::size_t> plain;
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    if (!columns_[i].centred && columns_[i].width > 0) plain.push_back(i);
+  if (!stretch_ || plain.empty()) return widths;
+  const auto missing = [this, &widths](std::size_t i) {
+    const auto column = static_cast<int>(i);
+    return std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) -
+           widths[i];
+  };
+  auto wanted = -room;
+  for (const auto i : plain) wanted += std::max(0, missing(i));
+  for (const auto i : plain) {
+    const auto share = std::clamp(-missing(i), 0, std::max(0, wanted));
+    widths[i] -= share;
+    room += share;
+    wanted -= share;
+  }
+  for (const auto i : plain) {
+    const auto share = std::clamp(missing(i), 0, std::max(0, room));
+    widths[i] += share;
+    room -= share;
+  }
+  const auto share = std::max(0, room) / static_cast<int>(plain.size());
+  for (const auto i : plain) widths[i] += share;
+  return widths;
+}
+
+void GridTable::ShowWidths() {
+  const auto widths = Widths();
+  for (int col = 0; col < static_cast<int>(widths.size()); ++col) {
+    const auto width = widths[static_cast<std::size_t>(col)];
+    setColumnHidden(col, width == 0);
+    if (width > 0 && columnWidth(col) != width) setColumnWidth(col, width);
+  }
+}
+
+void GridTable::WrapTexts() {
+  setWordWrap(true);
+  verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+QSize GridTable::sizeHint() const {
+  auto width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  for (int col = 0; col < static_cast<int>(columns_.size()); ++col) {
+    const auto& column = columns_[static_cast<std::size_t>(col)];
+    if (column.width > 0) width += std::max(column.width, sizeHintForColumn(col));
+  }
+  return {std::clamp(width, kLeastWidth, kGreatestWidth), QTableView::sizeHint().height()};
+}
+
+void GridTable::keyPressEvent(QKeyEvent* event) {
+  if (TakesKey && TakesKey(*event)) {
+    event->accept();
+    return;
+  }
+  QTableView::keyPressEvent(event);
+}
+
+bool GridTable::focusNextPrevChild(bool next) {
+  if (TakesTab && TakesTab(next)) return true;
+  return QTableView::focusNextPrevChild(next);
+}
+
+void GridTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (stretch_) ShowWidths();
+}
+
+}  // namespace quorvane::qt

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QTableView>
+#include <functional>
+#include <vector>
+
+#include "adapters/qt/grid/GridModel.h"
+#include "platform/controls/Grid.h"
+
+namespace quorvane::qt {
+
+/// The table of both kinds of grid: no editing of its own, no row headings, the grid's widths.
+class GridTable : public QTableView {
+ public:
+  explicit GridTable(QWidget* parent);
+
+  /// Shows the grid's cells, headings and widths, and makes its current cell the table's. Raises
+  /// no signal of the selection.
+  void Take(const Grid& grid);
+  /// Room that the columns leave goes to those that aren't centred, first to cut texts, which take
+  /// what those columns don't need as well.
+  void StretchColumns() { stretch_ = true; }
+  /// A text too long for its column goes on in another line.
+  void WrapTexts();
+
+  /// Hands the keyboard to the control after it, or with False before it.
+  void Leave(bool forward) { QTableView::focusNextPrevChild(forward); }
+
+  /// Wide enough for all columns, within reason.
+  [[nodiscard]] QSize sizeHint() const override;
+
+  /// Asked first for each key; takes it by answering True.
+  std::function<bool(const QKeyEvent&)> TakesKey;
+  /// Asked first for Tab and, with False, for Shift+Tab.
+  std::function<bool(bool forward)> TakesTab;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Column {
+    int width = 0;  // in pixels; 0 is hidden
+    bool centred = false;
+    bool operator==(const Column&) const = default;
+  };
+
+  void ShowWidths();
+  [[nodiscard]] std::vector<int> Widths() const;
+
+  GridModel cells_;
+  std::vector<Column> columns_;
+  bool stretch_ = false;
+};
+
+}  // namespace quorvane::qt

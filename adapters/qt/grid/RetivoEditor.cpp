@@ -1,0 +1,246 @@
+#include "adapters/qt/grid/RetivoEditor.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace quorvane::qt {
+namespace {
+
+constexpr int kRowsInSight = 10;
+constexpr int kPage = kRowsInSight - 1;
+constexpr int kTextMargin = 16;  // pixels, as the next
+constexpr int kRefusalWidth = 220;
+
+/// Without case and accents.
+QString Folded(const QString& text) {
+  QString plain;
+  for (const auto letter : text.normalized(QString::NormalizationForm_D))
+    if (letter.category() != QChar::Mark_NonSpacing) plain += letter.toCaseFolded();
+  return plain.trimmed();
+}
+
+}  // namespace
+
+RetivoEditor::RetivoEditor(QWidget& window, QWidget& table)
+    : QFrame(&window),
+      table_(table),
+      filter_(new QLineEdit(this)),
+      list_(new QListWidget(this)),
+      refusal_(new QLabel(this)) {
+  hide();
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setAutoFillBackground(true);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(1, 1, 1, 1);
+  layout->setSpacing(0);
+  layout->addWidget(filter_);
+  layout->addWidget(refusal_);
+  layout->addWidget(list_, 1);
+  filter_->setPlaceholderText("Buscar...");
+  filter_->setAccessibleName("Nota");
+  filter_->setContextMenuPolicy(Qt::NoContextMenu);
+  filter_->installEventFilter(this);
+  refusal_->setObjectName("rechazo");
+  refusal_->setTextFormat(Qt::PlainText);
+  refusal_->setWordWrap(true);
+  refusal_->setMargin(3);
+  list_->setFocusPolicy(Qt::NoFocus);
+  list_->setUniformItemSizes(true);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusProxy(filter_);
+  connect(filter_, &QLineEdit::textEdited, this, [this](const QString& typed) { Narrow(typed); });
+  connect(list_, &QListWidget::itemClicked, this, [this] { Choose(Then::Stay); });
+}
+
+void RetivoEditor::Open(const std::vector<QString>& entries, const QString& shown,
+                        const QString& typed) {
+  list_->clear();
+  shown_ = -1;
+  for (const auto& entry : entries) {
+    if (shown_ < 0 && entry.trimmed() == shown.trimmed()) shown_ = list_->count();
+    list_->addItem(entry);
+  }
+  filter_->setText(typed);
+  Narrow(typed);
+  open_ = true;
+  Follow();
+  show();
+  raise();
+  filter_->setFocus(Qt::PopupFocusReason);
+  filter_->end(false);
+}
+
+void RetivoEditor::Narrow(const QString& typed) {
+  const auto wanted = Folded(typed);
+  const auto count = list_->count();
+  const auto hide = [this, count, &wanted](auto&& fits) {
+    auto any = false;
+    for (int i = 0; i < count; ++i) {
+      const auto match = fits(Folded(list_->item(i)->text()), wanted);
+      list_->item(i)->setHidden(!match);
+      any = any || match;
+    }
+    return any;
+  };
+  // Those that begin so; when none does, those that have it anywhere.
+  if (!hide([](const QString& entry, const QString& text) { return entry.startsWith(text); }))
+    hide([](const QString& entry, const QString& text) { return entry.contains(text); });
+  auto best = wanted.isEmpty() ? shown_ : -1;
+  for (int i = 0; i < count && best < 0 && !wanted.isEmpty(); ++i)
+    if (Folded(list_->item(i)->text()) == wanted) best = i;
+  for (int i = 0; i < count && best < 0 && !wanted.isEmpty(); ++i)
+    if (!list_->item(i)->isHidden()) best = i;
+  list_->setCurrentRow(best);
+  ShowRefusal(false);
+}
+
+void RetivoEditor::Follow() {
+  if (!open_) return;
+  const auto cell = Cell();
+  const auto whole = parentWidget()->rect();
+  const auto line = std::max(list_->sizeHintForRow(0), fontMetrics().height());
+  const auto rest = filter_->sizeHint().height() + 2 * list_->frameWidth() + 2 * frameWidth() + 2 +
+                    (refusal_->isHidden() ? 0 : refusal_->sizeHint().height());
+  const auto text = list_->sizeHintForColumn(0) + list_->verticalScrollBar()->sizeHint().width();
+  auto width = std::max({cell.width(), text + kTextMargin, filter_->minimumSizeHint().width()});
+  if (!refusal_->isHidden()) width = std::max(width, kRefusalWidth);
+  auto height = rest + std::clamp(list_->count(), 1, kRowsInSight) * line;
+  const auto below = whole.bottom() - cell.bottom();
+  const auto above = cell.top() - whole.top();
+  const auto fitsBelow = height <= below || below >= above;
+  height = std::min(height, std::max(fitsBelow ? below : above, rest + line));
+  width = std::min(width, whole.width());
+  QRect room(cell.left(), fitsBelow ? cell.bottom() + 1 : cell.top() - height, width, height);
+  if (room.right() > whole.right()) room.moveRight(whole.right());
+  if (room.left() < whole.left()) room.moveLeft(whole.left());
+  if (room.bottom() > whole.bottom()) room.moveBottom(whole.bottom());
+  setGeometry(room);
+  if (list_->currentRow() >= 0) list_->scrollToItem(list_->currentItem());
+}
+
+int RetivoEditor::Marked() const {
+  const auto row = list_->currentRow();
+  return row >= 0 && !list_->item(row)->isHidden() ? row : -1;
+}
+
+bool RetivoEditor::FitsNothing() const {
+  return Marked() < 0 && !filter_->text().trimmed().isEmpty();
+}
+
+void RetivoEditor::Refuse() {
+  refusal_->setText(QStringLiteral("No hay ninguna nota «%1»").arg(filter_->text().trimmed()));
+  ShowRefusal(true);
+  QApplication::beep();
+}
+
+void RetivoEditor::ShowRefusal(bool refused) {
+  if (refused == !refusal_->isHidden()) return;
+  refusal_->setVisible(refused);
+  filter_->setAccessibleDescription(refused ? refusal_->text() : QString());
+  // In the colours of what is marked, so that it is seen under any palette.
+  refusal_->setAutoFillBackground(true);
+  refusal_->setBackgroundRole(QPalette::Highlight);
+  refusal_->setForegroundRole(QPalette::HighlightedText);
+  Follow();
+}
+
+void RetivoEditor::Close(Qt::FocusReason reason) {
+  // Shut first: the keyboard's leaving is then no going elsewhere.
+  open_ = false;
+  if (filter_->hasFocus() || window()->focusWidget() == filter_) table_.setFocus(reason);
+  hide();
+  ShowRefusal(false);
+}
+
+void RetivoEditor::Choose(Then then) {
+  if (!open_) return;
+  if (FitsNothing()) return Refuse();
+  const auto entry = Marked();
+  if (entry < 0 && then == Then::Stay) return;
+  Close(Qt::PopupFocusReason);
+  if (entry >= 0)
+    Chosen(entry, then);
+  else
+    LeftAlone(then);
+}
+
+bool RetivoEditor::Leave() {
+  if (!open_) return true;
+  if (FitsNothing()) {
+    Refuse();
+    return false;
+  }
+  const auto typed = !filter_->text().trimmed().isEmpty();
+  const auto entry = Marked();
+  Close(Qt::MouseFocusReason);
+  if (typed) Chosen(entry, Then::Stay);
+  return true;
+}
+
+void RetivoEditor::MoveBy(int rows) {
+  const auto step = rows < 0 ? -1 : 1;
+  auto row = list_->currentRow();
+  auto left = std::abs(rows);
+  for (int next = row + step; left > 0 && next >= 0 && next < list_->count(); next += step) {
+    if (list_->item(next)->isHidden()) continue;
+    row = next;
+    --left;
+  }
+  list_->setCurrentRow(row);
+}
+
+bool RetivoEditor::TakesKey(int key) {
+  switch (key) {
+    case Qt::Key_Up:
+      MoveBy(-1);
+      return true;
+    case Qt::Key_Down:
+      MoveBy(1);
+      return true;
+    case Qt::Key_PageUp:
+      MoveBy(-kPage);
+      return true;
+    case Qt::Key_PageDown:
+      MoveBy(kPage);
+      return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Choose(Then::Stay);
+      return true;
+    case Qt::Key_Tab:
+      Choose(Then::Next);
+      return true;
+    case Qt::Key_Backtab:
+      Choose(Then::Previous);
+      return true;
+    case Qt::Key_Escape:
+      Close(Qt::PopupFocusReason);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void RetivoEditor::LeaveByFocus(Qt::FocusReason reason) {
+  // Where the mouse goes is judged by the window, which knows what is under it.
+  if (!open_ || reason == Qt::MouseFocusReason || Leave()) return;
+  // Another window may have the keyboard; in this one the list has it.
+  if (reason != Qt::ActiveWindowFocusReason)
+    QTimer::singleShot(0, this, [this] {
+      if (open_) filter_->setFocus(Qt::OtherFocusReason);
+    });
+}
+
+bool RetivoEditor::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() == QEvent::FocusOut) LeaveByFocus(static_cast<QFocusEvent*>(event)->reason());
+  return event->type() == QEvent::KeyPress && TakesKey(static_cast<QKeyEvent*>(event)->key());
+}
+
+}  // namespace quorvane::qt
