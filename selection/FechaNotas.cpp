@@ -1,5 +1,6 @@
 #include "selection/FechaNotas.h"
 
+#include <chrono>
 #include <ctime>
 
 #include "frame/cConfiguracion.h"
