@@ -37,7 +37,7 @@ function(mutantes_precompile_all)
   # A fault such as `a || b && c` is wanted: the warning would keep it out.
   target_compile_options(quorvane PRIVATE -Wno-parentheses)
   foreach(target quorvane_test_support test_platform test_frame test_guion test_register
-                 test_selection test_grades test_sqlite test_escuela)
+                 test_selection test_grades)
     mutantes_precompile(${target} ${standard} <gmock/gmock.h> <gtest/gtest.h>)
   endforeach()
   mutantes_precompile(quorvane_walk ${standard})
