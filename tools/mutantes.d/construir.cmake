@@ -41,7 +41,7 @@ function(mutantes_precompile_all)
   target_compile_definitions(quorvane PRIVATE _GLIBCXX_ASSERTIONS)
   target_link_options(quorvane PRIVATE -Wl,-Bsymbolic-functions)
   foreach(target quorvane_test_support test_platform test_frame test_guion test_register
-                 test_selection test_grades)
+                 test_selection test_grades test_escuela)
     mutantes_precompile(${target} ${standard} <gmock/gmock.h> <gtest/gtest.h>)
   endforeach()
   mutantes_precompile(quorvane_walk ${standard})
