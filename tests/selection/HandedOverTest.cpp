@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "frame/PrimeraPantalla.h"
 #include "grades/final/frmNotaManualFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
@@ -12,13 +10,14 @@
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"
 #include "tests/selection/HandedOver.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
+using HandedOverTest = HandedOver;
 
-TEST_F(HandedOver, ByStudent) {
+TEST_F(HandedOverTest, ByStudent) {
   hands.acts = {[this] {
                   auto& form = FormInstance<frmNotaManual1>::Get();
                   SelectSection(form, 1);
@@ -44,7 +43,7 @@ TEST_F(HandedOver, ByStudent) {
   EXPECT_FALSE(FormInstance<frmNotaManual1>::Exists()) << "the first show drops it";
 }
 
-TEST_F(HandedOver, ByStudentInTheSecondFinal) {
+TEST_F(HandedOverTest, ByStudentInTheSecondFinal) {
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaManual1>::Get();
                   SelectSection(form, 5);
@@ -60,7 +59,7 @@ TEST_F(HandedOver, ByStudentInTheSecondFinal) {
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1", "frmNotaManualFinal"));
 }
 
-TEST_F(HandedOver, ByStudentInTheFirstFinal) {
+TEST_F(HandedOverTest, ByStudentInTheFirstFinal) {
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaManual1>::Get();
                   SelectSection(form, 4);
@@ -76,7 +75,7 @@ TEST_F(HandedOver, ByStudentInTheFirstFinal) {
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1", "frmNotaManualFinal"));
 }
 
-TEST_F(HandedOver, BySubjectOfATutor) {
+TEST_F(HandedOverTest, BySubjectOfATutor) {
   User(2, 3);
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaMateria1>::Get();
@@ -95,14 +94,14 @@ TEST_F(HandedOver, BySubjectOfATutor) {
 }
 
 // A member of staff with profile 0 is nobody in particular.
-TEST_F(HandedOver, ProfileZeroHasNoStaffKey) {
+TEST_F(HandedOverTest, ProfileZeroHasNoStaffKey) {
   User(2, 0);
   hands.acts = {[] { EXPECT_EQ(FormInstance<frmNotaManual1>::Get().gIDPersonal, 0); }};
   MostrarFrmNotaManual1();
 }
 
 // The one way in which the grades of a recovery are entered.
-TEST_F(HandedOver, BySectionAndStudentWithTheRecovery) {
+TEST_F(HandedOverTest, BySectionAndStudentWithTheRecovery) {
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaSeccionAlumno1>::Get();
                   SelectSection(form, 1);
@@ -125,7 +124,7 @@ TEST_F(HandedOver, BySectionAndStudentWithTheRecovery) {
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaSeccionAlumno1", "frmNotaSeccionAlumno"));
 }
 
-TEST_F(HandedOver, BySectionAndStudentInTheSecondFinal) {
+TEST_F(HandedOverTest, BySectionAndStudentInTheSecondFinal) {
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaSeccionAlumno1>::Get();
                   SelectSection(form, 5);
@@ -143,7 +142,7 @@ TEST_F(HandedOver, BySectionAndStudentInTheSecondFinal) {
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaSeccionAlumno1", "frmNotaSeccionAlumnoFinal"));
 }
 
-TEST_F(HandedOver, BySectionAndSubjectOfATeacher) {
+TEST_F(HandedOverTest, BySectionAndSubjectOfATeacher) {
   User(3, 3);
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaSeccionMateria1>::Get();
