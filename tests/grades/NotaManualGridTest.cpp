@@ -10,10 +10,8 @@ const std::string kGrades =
     R"([[" ",0],["0",100],["1",101],["10",110],["2",102],["3",103],["4",104],["5",105],)"
     R"(["6",106],["7",107],["8",108],["9",109]])";
 
-class NotaManualGridTest : public OneFormTest {
+class NotaManualGridTest : public OneFormTest<kByStudent> {
  protected:
-  NotaManualGridTest() : OneFormTest(kByStudent) {}
-
   [[nodiscard]] Lines Offered(const std::string& cell = "1 1") const {
     return Play("lista rtvNotasAlumno " + cell + "\n").Of("lista");
   }

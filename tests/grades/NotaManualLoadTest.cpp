@@ -6,10 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-class NotaManualLoadTest : public OneFormTest {
- protected:
-  NotaManualLoadTest() : OneFormTest(kByStudent) {}
-};
+using NotaManualLoadTest = OneFormTest<kByStudent>;
 
 TEST_F(NotaManualLoadTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
   EXPECT_EQ(Shown().Text("lblNotaManual(1)"), "Observación del tutor");

@@ -7,10 +7,8 @@
 namespace quorvane::test {
 namespace {
 
-class NotaManualLocksTest : public OneFormTest {
+class NotaManualLocksTest : public OneFormTest<kByStudent> {
  protected:
-  NotaManualLocksTest() : OneFormTest(kByStudent) {}
-
   [[nodiscard]] Lines Locks() const {
     return school_.Rows(
         "SELECT CodProfesor, CodNumEvaluacion, CodMatDet, CodPublicacion FROM BloqueoPte ORDER BY "

@@ -8,10 +8,8 @@
 namespace quorvane::test {
 namespace {
 
-class NotaManualSaveTest : public OneFormTest {
+class NotaManualSaveTest : public OneFormTest<kByStudent> {
  protected:
-  NotaManualSaveTest() : OneFormTest(kByStudent) {}
-
   ScriptResult Save(const std::string& gestures = {}) const {
     return Play(gestures + "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n");
   }

@@ -9,10 +9,7 @@ namespace {
 
 constexpr const char* kHeading = "Orden en Sección / Alumno|Nota||||Observación|";
 
-class NotaMateriaTest : public OneFormTest {
- protected:
-  NotaMateriaTest() : OneFormTest(kBySubject) {}
-};
+using NotaMateriaTest = OneFormTest<kBySubject>;
 
 TEST_F(NotaMateriaTest, SubjectsAreGatheredInTheOrderInWhichTheStudentsBringThem) {
   const auto form = Shown();

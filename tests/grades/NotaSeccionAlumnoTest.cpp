@@ -13,10 +13,7 @@ namespace {
 constexpr const char* kFirstHeading = "Materia|Nota|Concepto|Procedimiento|Actitud|Observación||";
 constexpr const char* kLaterHeading = "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion||";
 
-class NotaSeccionAlumnoTest : public OneFormTest {
- protected:
-  NotaSeccionAlumnoTest() : OneFormTest(kSectionByStudent) {}
-};
+using NotaSeccionAlumnoTest = OneFormTest<kSectionByStudent>;
 
 TEST_F(NotaSeccionAlumnoTest, OnlyStudentsWhoHaveTheChosenSubjectStandInTheCombo) {
   for (const auto& user : {Unrestricted(), Tutor()}) {

@@ -7,10 +7,7 @@ namespace quorvane::test {
 namespace {
 
 constexpr const char* kHeading = "Orden en Sección / Alumno|Nota||||Observación|";
-class NotaSeccionMateriaTest : public OneFormTest {
- protected:
-  NotaSeccionMateriaTest() : OneFormTest(kSectionBySubject) {}
-};
+using NotaSeccionMateriaTest = OneFormTest<kSectionBySubject>;
 
 // Its caption is the kind's name; the pane of the tutor then puts that of the kind of grade.
 TEST_F(NotaSeccionMateriaTest, CaptionOfTheObservationComesFromTheKindOfSubject) {

@@ -210,10 +210,7 @@ TEST_P(OrdinaryValuesTest, ManyRoundsNestWithoutHarm) {
   EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM BloqueoPte"), ElementsAre("0"));
 }
 
-class NotaManualFaultTest : public OneFormTest {
- protected:
-  NotaManualFaultTest() : OneFormTest(kByStudent) {}
-};
+using NotaManualFaultTest = OneFormTest<kByStudent>;
 
 TEST_F(NotaManualFaultTest, SubjectDetailsThatAreGonePurgeAllAndNothingRemains) {
   school_.Sql("DELETE FROM MateriaDetalles");

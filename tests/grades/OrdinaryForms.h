@@ -7,6 +7,7 @@
 
 #include "tests/grades/GradeSchool.h"
 #include "tests/grades/OrdinaryStatements.h"
+#include "tests/support/ExpectedStatements.h"
 #include "tests/support/FormView.h"
 
 namespace quorvane::test {
@@ -17,42 +18,43 @@ struct OrdinaryForm {
   const char* name;
   const char* stepOne;
   int node;
-  const char* ownChoice;  ///< the gesture that step one asks for besides, with its end of line
-  const char* combo;      ///< what the form walks
-  std::string toLengua;   ///< the gesture that shows the row, first in the grid
-  int index;              ///< of that entry in evaluation 1
-  int entries;            ///< of the combo in evaluation 1
+  const char* ownChoice = "";  ///< the gesture that step one asks for besides, with its end of line
+  const char* combo;           ///< what the form walks
+  std::string toLengua;        ///< the gesture that shows the row, first in the grid
+  int index = 1;               ///< of that entry in evaluation 1
+  int entries = 3;             ///< of the combo in evaluation 1
   // Texts.
   const char* label;
-  const char* loading;  ///< of the busy sign
-  const char* saving;
+  const char* loading = "Cargando... Espere por favor";  ///< of the busy sign
+  const char* saving = "Grabando... Espere por favor";
   const char* nothing;
-  bool secondMessage;  ///< after the refusal of an own publication
+  bool secondMessage = false;  ///< after the refusal of an own publication
   // Statements of the load, to the tutor.
   Lines (*toStepTwo)(const Role& role, int evaluacion);  ///< all of step one
-  Lines load;        ///< of `Form_Load`, behind the question for the tutor
-  const char* rows;  ///< of a student's subjects, the beginning of its condition
-  bool hostAsked;    ///< whether grades are active
-  Lines purge;       ///< of pending row 2 when its subject is gone
-  const char* purgeError;
-  const char* otherKind;  ///< the error of a subject of kind 4
+  Lines load;  ///< of `Form_Load`, behind the question for the tutor
+  /// Of a student's subjects, the beginning of its condition.
+  const char* rows = " WHERE codNumEvaluacion=1 AND CodAlumno=";
+  bool hostAsked = false;  ///< whether grades are active
+  Lines purge = {};        ///< of pending row 2 when its subject is gone
+  const char* purgeError = "";
+  const char* otherKind = "3265 ";  ///< the error of a subject of kind 4
   // The grid.
   const char* headings;  ///< from the second time on
   const char* row;
   std::vector<int> widths;
-  int keyOfSubject;          ///< under which a student holds the subject, `IDMatDetalle`
-  bool editOnSelection;      ///< showing another entry begins an edit
-  bool paneOnSelection;      ///< and fills the pane of the tutor
-  bool tutorWidthsKept;      ///< of the columns of that pane
-  const char* headingError;  ///< of an edit of the heading, to which no student belongs
+  int keyOfSubject = 3111;        ///< under which a student holds the subject, `IDMatDetalle`
+  bool editOnSelection = false;   ///< showing another entry begins an edit
+  bool paneOnSelection = true;    ///< and fills the pane of the tutor
+  bool tutorWidthsKept = true;    ///< of the columns of that pane
+  const char* headingError = "";  ///< of an edit of the heading, to which no student belongs
   // Saving of a passing grade while a later evaluation holds the mark, and while none does.
-  Lines saveBehind;
+  Lines saveBehind = SaveBehindTheMark(kTutor, 1, 2, 107);
   Lines save;
   // Routines without a caller.
-  const char* objectives;
-  const char* keyName;          ///< of a new row's key
-  const char* objectiveSought;  ///< where it is to be added
-  const char* insertGrades;
+  const char* objectives = expected::kObjectives;
+  const char* keyName = " AS IDMax";                        ///< of a new row's key
+  const char* objectiveSought = expected::kObjectiveOrder;  ///< where it is to be added
+  const char* insertGrades = expected::kInsertGrades;
 
   /// Opens step one, chooses section 321 and that evaluation and goes on. `before` are gestures
   /// before the last one, each with its end of line.
@@ -101,9 +103,10 @@ class FormScripts {
 };
 
 /// One of the four.
+template <const OrdinaryForm& form>
 class OneFormTest : public ::testing::Test, protected FormScripts {
  protected:
-  using FormScripts::FormScripts;
+  OneFormTest() : FormScripts(form) {}
 };
 
 /// Each of them.

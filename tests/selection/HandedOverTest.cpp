@@ -43,46 +43,31 @@ TEST_F(HandedOverTest, ByStudent) {
   EXPECT_FALSE(FormInstance<frmNotaManual1>::Exists()) << "the first show drops it";
 }
 
+/// What the form of step two knows of a final evaluation; `firstFinal` is 0 where that is the
+/// first.
+template <class StepTwo>
+void ExpectFinal(int firstFinal) {
+  const auto& stepTwo = FormInstance<StepTwo>::Get();
+  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
+  EXPECT_EQ(stepTwo.elegida.mblnFinalSeptiembre, firstFinal != 0);
+  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, firstFinal);
+}
+
 TEST_F(HandedOverTest, ByStudentInTheSecondFinal) {
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaManual1>::Get();
-                  SelectSection(form, 5);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
-                  const auto& stepTwo = FormInstance<frmNotaManualFinal>::Get();
-                  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
-                  EXPECT_TRUE(stepTwo.elegida.mblnFinalSeptiembre);
-                  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, 4);
-                }};
+  hands.acts = {GoesOn<frmNotaManual1>(5), [] { ExpectFinal<frmNotaManualFinal>(4); }};
   MostrarFrmNotaManual1();
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1", "frmNotaManualFinal"));
 }
 
 TEST_F(HandedOverTest, ByStudentInTheFirstFinal) {
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaManual1>::Get();
-                  SelectSection(form, 4);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
-                  const auto& stepTwo = FormInstance<frmNotaManualFinal>::Get();
-                  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
-                  EXPECT_FALSE(stepTwo.elegida.mblnFinalSeptiembre);
-                  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, 0);
-                }};
+  hands.acts = {GoesOn<frmNotaManual1>(4), [] { ExpectFinal<frmNotaManualFinal>(0); }};
   MostrarFrmNotaManual1();
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1", "frmNotaManualFinal"));
 }
 
 TEST_F(HandedOverTest, BySubjectOfATutor) {
   User(2, 3);
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaMateria1>::Get();
-                  SelectSection(form, 1);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
+  hands.acts = {GoesOn<frmNotaMateria1>(1), [] {
                   EXPECT_EQ(FormInstance<frmNotaMateria>::Get().mstrCaption, "ESO 2º ESO A");
                   const auto& stepOne = FormInstance<frmNotaMateria1>::Get();
                   EXPECT_FALSE(stepOne.blnPosibleRecuperacion) << "never read here";
@@ -125,17 +110,8 @@ TEST_F(HandedOverTest, BySectionAndStudentWithTheRecovery) {
 }
 
 TEST_F(HandedOverTest, BySectionAndStudentInTheSecondFinal) {
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaSeccionAlumno1>::Get();
-                  SelectSection(form, 5);
-                  Select(form.cboMateria, 3111);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
-                  const auto& stepTwo = FormInstance<frmNotaSeccionAlumnoFinal>::Get();
-                  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
-                  EXPECT_TRUE(stepTwo.elegida.mblnFinalSeptiembre);
-                  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, 4);
+  hands.acts = {GoesOn<frmNotaSeccionAlumno1>(5), [] {
+                  ExpectFinal<frmNotaSeccionAlumnoFinal>(4);
                   EXPECT_FALSE(FormInstance<frmNotaSeccionAlumno1>::Get().blnRecuperar);
                 }};
   MostrarFrmNotaSeccionAlumno1();
@@ -144,16 +120,10 @@ TEST_F(HandedOverTest, BySectionAndStudentInTheSecondFinal) {
 
 TEST_F(HandedOverTest, BySectionAndSubjectOfATeacher) {
   User(3, 3);
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaSeccionMateria1>::Get();
-                  SelectSection(form, 1);
-                  EXPECT_FALSE(form.blnTutor);
-                  Select(form.cboAlumno, 1);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
+  hands.acts = {GoesOn<frmNotaSeccionMateria1>(1), [] {
                   EXPECT_EQ(FormInstance<frmNotaSeccionMateria>::Get().mstrCaption, "ESO 2º ESO A");
                   const auto& stepOne = FormInstance<frmNotaSeccionMateria1>::Get();
+                  EXPECT_FALSE(stepOne.blnTutor);
                   EXPECT_EQ(stepOne.gIDPersonal, 2);
                   EXPECT_EQ(stepOne.cboAlumno.SelectedData(), 1);
                   EXPECT_FALSE(stepOne.blnRecuperar);
