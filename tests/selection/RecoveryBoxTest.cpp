@@ -16,8 +16,9 @@ class RecoveryBoxTest : public EachDialogTest {
         "UPDATE Seccion SET Seguimiento=-1 WHERE IDSeccion=321");
   }
 
-  [[nodiscard]] ScriptResult Run(const std::string& commands) const {
-    return Play(commands + "ver");
+  /// With everything chosen in an ordinary evaluation, and what follows.
+  [[nodiscard]] ScriptResult Chosen(const std::string& commands = {}) const {
+    return PlayIn(1, commands + "ver");
   }
   [[nodiscard]] bool Shown(const ScriptResult& result) const {
     return FormView(result).Visible("chkRecuperacion");
@@ -30,7 +31,7 @@ class RecoveryBoxTest : public EachDialogTest {
 INSTANTIATE_TEST_SUITE_P(StepOne, RecoveryBoxTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
 TEST_P(RecoveryBoxTest, ShowsOnlyInTheSectionDialogByStudent) {
-  const auto result = Run(Choose(dialog_, 1) + kSection + "\n");
+  const auto result = Chosen(kSection + "\n");
   EXPECT_EQ(Shown(result), Shows()) << result.Text();
   EXPECT_EQ(FormView(result).Value("chkRecuperacion"), 0);
   const auto statements = Statements(result.After(kSection));
@@ -42,51 +43,50 @@ TEST_P(RecoveryBoxTest, ShowsOnlyInTheSectionDialogByStudent) {
 }
 
 TEST_P(RecoveryBoxTest, ChoosingTheEvaluationLeavesItAsItIs) {
-  EXPECT_FALSE(Shown(Run(Choose(dialog_, 1))));
-  EXPECT_EQ(Shown(Run(Choose(dialog_, 1) + kSection + "\nelegir cboEvaluaciones =2\n")), Shows());
+  EXPECT_FALSE(Shown(Chosen()));
+  EXPECT_EQ(Shown(Chosen(kSection + "\nelegir cboEvaluaciones =2\n")), Shows());
 }
 
 TEST_P(RecoveryBoxTest, AFinalEvaluationHidesIt) {
-  EXPECT_FALSE(Shown(Run(Choose(dialog_, 1) + kSection + "\nelegir cboEvaluaciones =4\n")));
-  EXPECT_FALSE(Shown(
-      Run(Choose(dialog_, 1) + kSection + "\nelegir cboEvaluaciones =4\n" + kSection + "\n")));
+  EXPECT_FALSE(Shown(Chosen(kSection + "\nelegir cboEvaluaciones =4\n")));
+  EXPECT_FALSE(Shown(Chosen(kSection + "\nelegir cboEvaluaciones =4\n" + kSection + "\n")));
   // Only the section, chosen with an ordinary evaluation, brings it back.
-  EXPECT_EQ(Shown(Run(Choose(dialog_, 1) + kSection + "\nelegir cboEvaluaciones =4\n" +
-                      "elegir cboEvaluaciones =1\n")),
-            false);
-  EXPECT_EQ(Shown(Run(Choose(dialog_, 1) + kSection + "\nelegir cboEvaluaciones =4\n" +
-                      "elegir cboEvaluaciones =1\n" + kSection + "\n")),
+  EXPECT_EQ(
+      Shown(Chosen(kSection + "\nelegir cboEvaluaciones =4\n" + "elegir cboEvaluaciones =1\n")),
+      false);
+  EXPECT_EQ(Shown(Chosen(kSection + "\nelegir cboEvaluaciones =4\n" +
+                         "elegir cboEvaluaciones =1\n" + kSection + "\n")),
             Shows());
 }
 
 TEST_P(RecoveryBoxTest, AMarkingSystemWithoutRecoveriesHidesItUnasked) {
   school.Sql("UPDATE SistemaCalificacion SET Recuperaciones=0");
-  const auto result = Run(Choose(dialog_, 1) + kSection + "\n");
+  const auto result = Chosen(kSection + "\n");
   EXPECT_FALSE(Shown(result));
   EXPECT_THAT(Statements(result.lines), Not(Contains(Sql(expected::kFollowUp, {321}))));
 }
 
 TEST_P(RecoveryBoxTest, ASectionWithoutFollowUpHidesIt) {
   const auto without = [this](const std::string& change) {
-    return Run(Choose(dialog_, 1) + kSection + "\nelegir cboEvaluaciones =1\nsql \"" + change +
-               "\"\n" + kSection + "\n");
+    return Chosen(kSection + "\nelegir cboEvaluaciones =1\nsql \"" + change + "\"\n" + kSection +
+                  "\n");
   };
   EXPECT_FALSE(Shown(without("UPDATE Seccion SET Seguimiento=0 WHERE IDSeccion=321")));
   EXPECT_FALSE(Shown(without("UPDATE Seccion SET Seguimiento=NULL WHERE IDSeccion=321")));
 }
 
 TEST_P(RecoveryBoxTest, ASectionThatHasGoneHidesIt) {
-  const auto result = Run(Choose(dialog_, 1) + kSection +
-                          "\nelegir cboEvaluaciones =1\nsql \"DELETE FROM Seccion WHERE "
-                          "IDSeccion=321\"\n" +
-                          kSection + "\n");
+  const auto result = Chosen(kSection +
+                             "\nelegir cboEvaluaciones =1\nsql \"DELETE FROM Seccion WHERE "
+                             "IDSeccion=321\"\n" +
+                             kSection + "\n");
   EXPECT_FALSE(Shown(result));
 }
 
 TEST_P(RecoveryBoxTest, PromotionNeverShows) {
   for (const auto evaluation : {1, 4, 5})
-    EXPECT_FALSE(FormView(Run("elegir cboCursos =32\n" + kSection +
-                              "\nelegir cboEvaluaciones =" + std::to_string(evaluation) + "\n"))
+    EXPECT_FALSE(FormView(Play("elegir cboCursos =32\n" + kSection +
+                               "\nelegir cboEvaluaciones =" + std::to_string(evaluation) + "\nver"))
                      .Visible("chkTodosProm"));
 }
 

@@ -23,7 +23,7 @@ INSTANTIATE_TEST_SUITE_P(StepOne, ChoosingTheSectionTest, ::testing::ValuesIn(kD
                          kNameOfDialog);
 
 TEST_P(ChoosingTheSectionTest, ListsTheEvaluationsOfItsRegister) {
-  const auto result = Play(kCourse + kSection + "\nver");
+  const auto result = PlayInSection("ver");
   EXPECT_EQ(Statements(result.After(kSection)),
             Expected({Sql(expected::kEvaluations, {321, 321})}));
   const FormView view(result);
@@ -38,11 +38,11 @@ TEST_P(ChoosingTheSectionTest, ListsTheEvaluationsOfItsRegister) {
 TEST_P(ChoosingTheSectionTest, TheEnginesTrueDecidesTheOrderOfTheEvaluations) {
   school.Evalua(1, 6);
   school.Evalua(1, 3);
-  EXPECT_THAT(FormView(Play(kCourse + kSection + "\nver")).Entries("cboEvaluaciones"),
+  EXPECT_THAT(FormView(PlayInSection("ver")).Entries("cboEvaluaciones"),
               ElementsAre("1ª Evaluación=1", "2ª Evaluación=2", "3ª Evaluación=3", "Final=4",
                           "Segunda final=5", "Extraordinaria=6"));
   school.Sql("UPDATE NumEvaluacion SET Final=-Final, Extraordinaria=-Extraordinaria");
-  EXPECT_THAT(FormView(Play(kCourse + kSection + "\nver")).Entries("cboEvaluaciones"),
+  EXPECT_THAT(FormView(PlayInSection("ver")).Entries("cboEvaluaciones"),
               ElementsAre("Extraordinaria=6", "Final=4", "Segunda final=5", "1ª Evaluación=1",
                           "2ª Evaluación=2", "3ª Evaluación=3"));
 }
@@ -118,16 +118,15 @@ INSTANTIATE_TEST_SUITE_P(StepOne, ChoosingTheEvaluationTest,
 
 TEST_P(ChoosingTheEvaluationTest, FreesTheWayOn) {
   const std::string command = "elegir cboEvaluaciones =2";
-  const auto result = Play(kCourse + kSection + "\n" + command + "\nver");
+  const auto result = PlayInSection(command + "\nver");
   EXPECT_THAT(Statements(result.After(command)), ElementsAre(Sql(expected::kFinalOfChosen, {2})));
   EXPECT_TRUE(FormView(result).Enabled("cmdNotaManual1(0)"));
 }
 
 TEST_P(ChoosingTheEvaluationTest, AnEvaluationThatHasGoneFreesItToo) {
   const std::string command = "elegir cboEvaluaciones =2";
-  const auto result =
-      Play(kCourse + kSection + "\nsql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=2\"\n" +
-           command + "\nelegir cboEvaluaciones =1\nver");
+  const auto result = PlayInSection("sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=2\"\n" +
+                                    command + "\nelegir cboEvaluaciones =1\nver");
   EXPECT_THAT(Statements(result.After(command)), ElementsAre(Sql(expected::kFinalOfChosen, {2})));
   EXPECT_THAT(Statements(result.After("elegir cboEvaluaciones =1")),
               ElementsAre(Sql(expected::kFinalOfChosen, {1})));
@@ -141,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(StepOne, SectionDialogTest,
                          ::testing::Values(kSectionByStudent, kSectionBySubject), kNameOfDialog);
 
 TEST_P(SectionDialogTest, TheEvaluationAloneDoesNotGoOn) {
-  const auto result = Play(kCourse + kSection + "\nelegir cboEvaluaciones =1\nver");
+  const auto result = PlayInSection("elegir cboEvaluaciones =1\nver");
   const FormView view(result);
   EXPECT_THAT(view.Entries(dialog_.choice), SizeIs(2)) << result.Text();
   EXPECT_EQ(view.Index(dialog_.choice), -1);
@@ -158,8 +157,7 @@ TEST_P(SectionDialogTest, AnotherEvaluationLosesTheChoice) {
 TEST_P(SectionDialogTest, AnEvaluationThatHasGoneIsAnError) {
   const std::string command = "elegir cboEvaluaciones =2";
   const auto result =
-      Play(kCourse + kSection + "\nsql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=2\"\n" +
-           command);
+      PlayInSection("sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=2\"\n" + command);
   EXPECT_THAT(Statements(result.After(command)), ElementsAre(Sql(expected::kFinalAndOrder, {2})));
   EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
 }
@@ -167,7 +165,7 @@ TEST_P(SectionDialogTest, AnEvaluationThatHasGoneIsAnError) {
 TEST_P(SectionDialogTest, ASecondFinalWithoutAFirstIsAnError) {
   school.Sql("UPDATE NumEvaluacion SET Orden=7 WHERE IDNumEvaluacion=4");
   const std::string command = "elegir cboEvaluaciones =5";
-  const auto result = Play(kCourse + kSection + "\n" + command);
+  const auto result = PlayInSection(command);
   EXPECT_THAT(
       Statements(result.After(command)),
       ElementsAre(Sql(expected::kFinalAndOrder, {5}), Sql(expected::kFirstFinalOfList, {-1})));
@@ -176,7 +174,7 @@ TEST_P(SectionDialogTest, ASecondFinalWithoutAFirstIsAnError) {
 
 TEST_P(SectionDialogTest, TheButtonsWalkItsListAndStopAtTheEnds) {
   const auto index = [this](const std::string& commands) {
-    return FormView(Play(kCourse + kSection + "\nelegir cboEvaluaciones =1\n" + commands + "ver"))
+    return FormView(PlayInSection("elegir cboEvaluaciones =1\n" + commands + "ver"))
         .Index(dialog_.choice);
   };
   const std::string next = "pulsar cmdSiguiente\n";
@@ -190,8 +188,7 @@ TEST_P(SectionDialogTest, TheButtonsWalkItsListAndStopAtTheEnds) {
 }
 
 TEST_P(SectionDialogTest, WalkingTheListClicksIt) {
-  const auto result =
-      Play(kCourse + kSection + "\nelegir cboEvaluaciones =1\npulsar cmdSiguiente\nver");
+  const auto result = PlayInSection("elegir cboEvaluaciones =1\npulsar cmdSiguiente\nver");
   EXPECT_TRUE(FormView(result).Enabled("cmdNotaManual1(0)"));
 }
 

@@ -80,6 +80,11 @@ class EachDialogTest : public ::testing::TestWithParam<Dialog> {
     return Play(Choose(dialog_, evaluation) + commands, options);
   }
 
+  /// With section 321 chosen.
+  ScriptResult PlayInSection(const std::string& commands) const {
+    return Play("elegir cboCursos =32\nelegir cboSecciones =321\n" + commands);
+  }
+
   const Dialog dialog_ = GetParam();
   PendingSchool school;
 };
