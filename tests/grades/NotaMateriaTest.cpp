@@ -18,6 +18,10 @@ TEST_F(NotaMateriaTest, SubjectsAreGatheredInTheOrderInWhichTheStudentsBringThem
   EXPECT_EQ(form.Index("cboMaterias"), 0);
 }
 
+TEST_F(NotaMateriaTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
+  EXPECT_EQ(Shown().Text("lblNotaManual(1)"), "Observación del tutor");
+}
+
 TEST_F(NotaMateriaTest, RowsChangeFromSubjectToSubject) {
   school_.Sql(
       "UPDATE EvaluacionPte SET CodNota=107, CodNotaObservacion=201 WHERE CodAlumnoPte_MatDet=3 "

@@ -51,7 +51,11 @@ TYPED_TEST(OrdinaryDirectTest, SubjectOfAnotherKindGetsNoList) {
   auto& subject = this->Lengua();
   subject.Fct = true;
   subject.Nota = 107;
+  static_cast<void>(this->session_.Statements());
   form.rtvNotasAlumno.BeginEdit(1, 1);
+  EXPECT_THAT(
+      this->session_.Statements(),
+      ElementsAreArray(this->Known().WalksSubjects() ? TutorPane(kUnrestricted, 1) : Lines{}));
   EXPECT_TRUE(form.rtvNotasAlumno.Lista(1).empty());
   EXPECT_EQ(this->ErrorOf([&form] { form.rtvNotasAlumno.EndEdit(1); }), 381);
   EXPECT_EQ(subject.Nota, 107);

@@ -162,9 +162,14 @@ TEST_P(OrdinaryValuesTest, ProgramLivesOnAfterAFailure) {
 }
 
 TEST_P(OrdinaryValuesTest, FailureOfTheLastStatementsLeavesTheLocksOfTheForm) {
+  const std::string locked = "SELECT CodMatDet FROM BloqueoPte ORDER BY 1";
+  Play();
+  const auto open = school_.Rows(locked);
+  ASSERT_THAT(open, Contains("3111"));
+  school_.RemoveLocks();
   // The user's staff row is read first on leaving: nothing has been given back yet.
   Play("fallo 1\npulsar cmdCancelar\n");
-  EXPECT_THAT(school_.Rows("SELECT CodMatDet FROM BloqueoPte"), Contains("3111"));
+  EXPECT_EQ(school_.Rows(locked), open);
   EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("1"));
 }
 

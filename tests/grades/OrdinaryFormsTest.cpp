@@ -45,6 +45,8 @@ TEST_P(OrdinaryFormsTest, DialogHasItsCaptions) {
   EXPECT_EQ(view.Text("fraAniCarga"), form_.loading);
   EXPECT_THAT(view.Tabs("tabNotaManual"), ElementsAre("Notas"));
   EXPECT_FALSE(view.Visible("fraNotaManual(1)") || view.Visible("fraAniCarga"));
+  EXPECT_EQ(view.Width(), 9300) << "back at its measures after the busy sign";
+  EXPECT_EQ(view.Height(), 6465);
   for (const auto* const control :
        {form_.combo, "cmdAceptar", "cmdCancelar", "tabNotaManual", "cmdAnterior", "cmdSiguiente"})
     EXPECT_TRUE(view.Enabled(control) && view.Visible(control)) << control;
@@ -144,6 +146,9 @@ TEST_P(OrdinaryFormsTest, PurgeOfASubjectThatIsGone) {
   }
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith(error)));
+  if (!purge.empty()) {
+    EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("AlumnoPte_MateriaDetalles")));
+  }
   EXPECT_EQ(Statements(result.lines).back(),
             purge.empty() ? Sql(expected::kKindOfSubject, {3111}) : purge.back());
   EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM AlumnoPte_MatDet"), ElementsAre("5"));
@@ -192,6 +197,7 @@ TEST_P(OrdinaryFormsTest, StoredGradesAreShownAndEditsStayWhileTheEntriesChange)
                            "ver\neditar rtvNotasAlumno 1 1 \"7\"\n"
                            "pulsar cmdAnterior\npulsar cmdSiguiente\n" +
                            form_.toLengua + "ver\n");
+  EXPECT_THAT(Traffic(result), Contains(Sql(expected::kPasses, {105})));
   const auto row = [this](const std::string& grades) {
     std::string cells = form_.row;
     return cells.replace(cells.find("||||||"), 6, grades);
