@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <ostream>
 #include <tuple>
 
 #include "tests/grades/OrdinaryForms.h"
@@ -88,6 +88,8 @@ struct Missing {
   const char* statement;
   const char* number;
 };
+
+void PrintTo(const Missing& missing, std::ostream* out) { *out << missing.what; }
 
 class OrdinaryMissingTest : public ::testing::TestWithParam<std::tuple<OrdinaryForm, Missing>> {};
 

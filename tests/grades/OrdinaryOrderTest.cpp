@@ -1,3 +1,4 @@
+#include <ostream>
 #include <tuple>
 
 #include "tests/grades/OrdinaryForms.h"
@@ -18,6 +19,8 @@ struct Order {
   const char* taughtChoice;           ///< of step one, where the teacher makes another
   Lines (*nobody)(const Role& role);  ///< `Form_Load` to no member of staff
 };
+
+void PrintTo(const Order* order, std::ostream* out) { *out << order->form.name; }
 
 constexpr auto kMarkBySubject = expected::kMarkBySubject;
 constexpr auto kMarkBySection = expected::kMarkBySection;
