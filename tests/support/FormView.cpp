@@ -1,6 +1,7 @@
-#include "tests/grades/FormView.h"
+#include "tests/support/FormView.h"
 
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 
 namespace quorvane::test {
 namespace {
@@ -15,6 +16,7 @@ Json Control(const std::string& json, const std::string& name) {
 
 FormView::FormView(const ScriptResult& result, std::size_t before) {
   const auto views = result.Of("ver");
+  if (views.size() <= before) throw std::runtime_error("it was not shown:\n" + result.Text());
   json_ = views.at(views.size() - 1 - before);
 }
 
@@ -30,6 +32,12 @@ bool FormView::Visible(const std::string& control) const {
 }
 std::string FormView::Text(const std::string& control) const {
   return Control(json_, control).at("texto");
+}
+bool FormView::Has(const std::string& control) const {
+  return Json::parse(json_).at("controles").contains(control);
+}
+int FormView::Value(const std::string& checkBox) const {
+  return Control(json_, checkBox).at("valor");
 }
 int FormView::Index(const std::string& control) const {
   return Control(json_, control).at("indice");
