@@ -1,5 +1,7 @@
 #include "tests/grades/FinalStatements.h"
 
+#include "tests/grades/OrdinaryStatements.h"
+
 namespace quorvane::test {
 namespace {
 
@@ -7,15 +9,26 @@ const std::string kSystems =
     "CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE "
     "CodTipoEnsenanza=3)";
 
-const std::string kStudents =
+const std::string kStudentNames =
     "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM "
-    "Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion=321";
+    "Alumno";
+const std::string kStudents =
+    kStudentNames +
+    " WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion=321";
 
 const std::string kUnlocked =
     " AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  "
     "CodNumEvaluacion={}) ";
 
-std::string LaterMark(const Role& role, int evaluacion, int pending) {
+/// The question for the first final, which is asked in two spellings.
+Lines FirstFinalNumber(const std::string& column, const Role& role) {
+  return {
+      Sql("SELECT " + column + " FROM NumEvaluacion WHERE Final={} AND Orden=1", {role.True()})};
+}
+
+std::string TutorOfSection(const Role& role) { return FormLoad(role, 4).at(1); }
+
+std::string FinalLaterMark(const Role& role, int evaluacion, int pending) {
   return Sql(
       "SELECT IDEvaluacionActaPte FROM EvaluacionActaPte WHERE UltimaEvaluada={} AND "
       "CodNumEvaluacion > {} AND CodAlumnoPte_MatDet ={}",
@@ -35,46 +48,104 @@ std::string GradeText(long grade) {
 
 const std::string kNoExceptional = "NotaExcepcional=0 AND ";
 
-}  // namespace
-
-Lines FirstFinal(const Role& role) {
-  return {
-      Sql("SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final={} AND Orden=1", {role.True()})};
+/// The subjects that step one by section and subject offers in a final evaluation.
+std::string SubjectsOfStepOne(const Role& role, int evaluacion) {
+  const std::string joins =
+      " AND curso.IDCurso=Seccion.codcurso AND seccion.idseccion=MateriaDetalles.codseccion";
+  const std::string systems =
+      " AND TipoMateria.CodSistemaCalificacion=SistemaCalificacion.IDSistemacalificacion AND "
+      "SistemaCalificacion.CodTipoEnsenanza=3";
+  const auto scope = role.section ? joins + systems
+                                  : systems + joins +
+                                        " AND  MateriaDetalles.IDMateriaDEtalles IN (SELECT "
+                                        "codMatdet FROM Profesor_Pte WHERE CodProfesor=" +
+                                        std::to_string(role.gIDPersonal) + ")";
+  return Sql(
+      "SELECT DISTINCT MateriaDetalles.IDMateriaDetalles, Materia.Nombre, "
+      "TipoMateria.CodEspecificarTipoMateria, curso.Descripcion FROM curso, seccion, "
+      "Seccion_AlumnoPte, AlumnoPte_MatDet, MateriaDetalles, Materia, TipoMateria, "
+      "SistemaCalificacion,EvaluacionActaPte  WHERE "
+      "Materia.IDMateria=MateriaDetalles.CodMateria AND "
+      "Seccion_AlumnoPte.codAlumno=AlumnoPte_MatDet.codalumno AND "
+      "Seccion_AlumnoPte.CodSeccion = 321 AND "
+      "TipoMateria.IDTipoMateria=Materia.CodTipoMateria AND "
+      "MateriaDetalles.IDMateriaDetalles=AlumnoPte_MatDet.codMatDet AND "
+      "TipoMateria.CodEspecificarTipoMateria IN(1,4)" +
+          scope +
+          " AND EvaluacionActaPte.codnumEvaluacion={} AND "
+          "EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet  AND "
+          "MateriaDetalles.IDMateriaDetalles NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE "
+          "CodNumEvaluacion={})",
+      {evaluacion, evaluacion});
 }
 
+}  // namespace
+
+Lines StepOneFinalOfSubject(const Role& role, int evaluacion) {
+  auto lines = StepOne(role, evaluacion);
+  const auto chosen = lines.end() - 3;
+  *chosen = lines.back();
+  lines.insert(chosen + 1, SubjectsOfStepOne(role, evaluacion));
+  lines.insert(lines.end() - 5, TutorOfSection(role));
+  return lines;
+}
+
+Lines StepOneSecondFinalOfStudent(const Role& role, const std::string& pendings) {
+  const std::string active = "Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL)";
+  const auto failed =
+      "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Alumno.Nombre AS "
+      "Nombre FROM Nota INNER JOIN (EvaluacionActaPte INNER JOIN (AlumnoPte_MatDet INNER JOIN "
+      "(Alumno INNER JOIN Seccion_AlumnoPte ON Alumno.IDAlumno=Seccion_AlumnoPte.codalumno) ON "
+      "Alumno.IDAlumno=AlumnoPte_MatDet.codAlumno) ON "
+      "AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.CodAlumnoPte_MatDet) ON "
+      "Nota.IDNota=EvaluacionActaPte.codNota WHERE EvaluacionActaPte.CodNumEvaluacion=4 AND "
+      "CodAlumnoPte_MatDet IN (" +
+      pendings + ") AND Nota.Aprobado=0 AND " + active + " AND Seccion_AlumnoPte.codSeccion=321 ";
+  const std::string own =
+      role.section ? ""
+                   : " AND AlumnoPte_MatDet.codMatDet IN (SELECT codmatdet FROM profesor_Pte WHERE "
+                     "CodProfesor=" +
+                         std::to_string(role.gIDPersonal) + ")";
+  const auto lists =
+      FirstFinalNumber("IDNumEvaluacion", role) +
+      Lines{
+          Sql("SELECT IDAlumnoPte_MatDet FROM Alumno INNER JOIN (Seccion_AlumnoPte INNER JOIN "
+              "(AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON "
+              "AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet) ON "
+              "Seccion_AlumnoPte.codalumno = AlumnoPte_MatDet.codAlumno) ON "
+              "Seccion_AlumnoPte.codAlumno=Alumno.IDAlumno WHERE " +
+              active + " AND Seccion_AlumnoPte.codSeccion=321" + own + " AND codNumEvaluacion=5 "),
+          Sql("SELECT codAlumno FROM TipoMateria INNER JOIN (MateriaDetalles INNER JOIN "
+              "Alumno_MateriaDetalles ON MateriaDetalles.IDMateriaDetalles = "
+              "Alumno_MateriaDetalles.codMateriaDetalles) ON "
+              "MateriaDetalles.codTipoMateria=TipoMateria.IDTipoMateria WHERE "
+              "IDAlumno_MateriaDetalles in(" +
+              pendings + ") AND codEspecificarTipoMateria=4"),
+          Sql(failed + " UNION " + failed)};
+  auto lines = StepOneSectionBySubject(role, 5);
+  lines.insert(lines.erase(lines.end() - 3), lists.begin(), lists.end());
+  return lines;
+}
+
+Lines FirstFinal(const Role& role) { return FirstFinalNumber("IdNumEvaluacion", role); }
+
 Lines FinalFormLoad(const Role& role, int evaluacion) {
-  Lines lines = {Sql("SELECT IDPublicacionPte FROM PublicacionPte WHERE codPropietario={} AND "
-                     "CodSeccion=321 AND CodNumEvaluacion={}",
-                     {role.user, evaluacion}),
-                 Sql("SELECT IDPersonal FROM Personal WHERE CodUsuario={} AND IDPersonal IN "
-                     "(SELECT CodTutor FROM Seccion WHERE IDSeccion=321)",
-                     {role.user})};
-  if (role.section)
-    lines.push_back(Sql(kStudents + " ORDER BY OrdenSeccion"));
-  else if (role.gIDPersonal > 0)
-    lines.push_back(
-        Sql(kStudents +
-                " AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN "
-                "EvaluacionActaPte ON "
-                "AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet WHERE "
-                "codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE "
-                "CodProfesor={})) ORDER BY OrdenSeccion",
-            {evaluacion, role.gIDPersonal}));
-  lines.push_back(
-      Sql("SELECT TipoNota.Nombre FROM TipoNota INNER JOIN TipoMateria ON "
-          "TipoNota.CodTipoMateria=TipoMateria.IDTipoMateria WHERE "
-          "TipoMateria.CodEspecificarTipoMateria=5 AND TipoMateria." +
-          kSystems));
+  auto lines = FormLoad(role, evaluacion);
+  // Who teaches a pending subject, the teacher's list asks another table.
+  if (!role.section && role.gIDPersonal > 0)
+    lines[2] = Sql(kStudents +
+                       " AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER "
+                       "JOIN EvaluacionActaPte ON "
+                       "AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet "
+                       "WHERE codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM "
+                       "profesor_pte WHERE CodProfesor={})) ORDER BY OrdenSeccion",
+                   {evaluacion, role.gIDPersonal});
   return lines;
 }
 
 Lines FinalFormLoadOf(const Role& role, int evaluacion, int student) {
   const auto whole = FinalFormLoad(role, evaluacion);
-  return {whole[0], whole[1],
-          Sql("SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS "
-              "Nombre FROM Alumno WHERE IDAlumno={}",
-              {student}),
-          whole.back()};
+  return {whole[0], whole[1], Sql(kStudentNames + " WHERE IDAlumno={}", {student}), whole.back()};
 }
 
 std::string FinalCourse() { return Sql("SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=32"); }
@@ -110,19 +181,51 @@ std::string PassedFirst(int pending) {
       {pending});
 }
 
+std::string Passes(int nota) { return Sql("SELECT Aprobado FROM Nota WHERE IDNota={}", {nota}); }
+
+Lines FinalNames(int matDet, int materia) {
+  return {Sql("SELECT CodPersonal, CodPersonalAsociado, CodMateria, CodSeccion FROM "
+              "MateriaDetalles WHERE IDMateriaDetalles={}",
+              {matDet}),
+          Sql("SELECT Nombre FROM Materia WHERE IDMateria={}", {materia}),
+          Sql("SELECT Curso.Descripcion FROM Curso INNER JOIN Seccion ON "
+              "Seccion.codCurso=Curso.IDCurso WHERE IDSeccion=311")};
+}
+
+std::string OtherKindByStudent(int evaluacion, int pending) {
+  return Sql(
+      "SELECT Evaluado, CodNota, CodNotaObservacion FROM EvaluacionActaPte WHERE "
+      "CodNumEvaluacion={} AND CodAlumno_MateriaDetalles={}",
+      {evaluacion, pending});
+}
+
+std::string OtherKindBySubject(int evaluacion, int hostRow) {
+  return Sql(
+      "SELECT Evaluado, CodNota, CodNotaObservacion FROM EvaluacionActa WHERE CodNumEvaluacion={} "
+      "AND CodAlumno_MateriaDetalles={}",
+      {evaluacion, hostRow});
+}
+
+std::string OtherKindOfSection(int evaluacion, int pending) {
+  return Sql(
+      "SELECT Evaluado, CodNota, CodNotaObservacion FROM EvaluacionActaPte WHERE "
+      "CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
+      {evaluacion, pending});
+}
+
+Lines FinalPurge(int pending) {
+  return {Sql("DELETE FROM EvaluacionPte WHERE CodAlumnoPte_MatDet={}", {pending}),
+          Sql("DELETE FROM EvaluacionActaPte WHERE CodAlumnoPte_MatDet={}", {pending}),
+          Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet={}", {pending})};
+}
+
 Lines FinalGrades(int evaluacion, const FinalSubject& subject) {
   Lines lines = {
       Sql("SELECT Evaluado, CodNota, CodNotaObservacion, RE_AC_DIV FROM EvaluacionActaPte WHERE "
           "CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
           {evaluacion, subject.pending})};
-  if (subject.nota > 0)
-    lines.push_back(Sql("SELECT Aprobado FROM Nota WHERE IDNota={}", {subject.nota}));
-  return lines + Lines{Sql("SELECT CodPersonal, CodPersonalAsociado, CodMateria, CodSeccion FROM "
-                           "MateriaDetalles WHERE IDMateriaDetalles={}",
-                           {subject.matDet}),
-                       Sql("SELECT Nombre FROM Materia WHERE IDMateria={}", {subject.materia}),
-                       Sql("SELECT Curso.Descripcion FROM Curso INNER JOIN Seccion ON "
-                           "Seccion.codCurso=Curso.IDCurso WHERE IDSeccion=311")};
+  if (subject.nota > 0) lines.push_back(Passes(subject.nota));
+  return lines + FinalNames(subject.matDet, subject.materia);
 }
 
 Lines FinalLoad(const Role& role, int evaluacion, int student,
@@ -198,7 +301,7 @@ std::string FinalCellListOfSubject(const Role& role, int evaluacion, int matDet,
 
 Lines SaveFinalGraded(const Role& role, int evaluacion, int pending, int nota, int observacion,
                       int medida) {
-  return {LaterMark(role, evaluacion, pending),
+  return {FinalLaterMark(role, evaluacion, pending),
           Sql("UPDATE EvaluacionActaPte SET UltimaEvaluada=-1, CodNota={}, CodNotaObservacion={}, "
               "RE_AC_DIV={}, Evaluado=-1 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet ={}",
               {nota, observacion, medida, evaluacion, pending}),
@@ -207,15 +310,26 @@ Lines SaveFinalGraded(const Role& role, int evaluacion, int pending, int nota, i
               {evaluacion, pending})};
 }
 
+Lines SaveFinalBehindTheMark(const Role& role, int evaluacion, int pending, int nota) {
+  return {FinalLaterMark(role, evaluacion, pending),
+          Sql("UPDATE EvaluacionActaPte SET UltimaEvaluada=0, CodNota={}, CodNotaObservacion=0, "
+              "RE_AC_DIV=0, Evaluado=-1 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet ={}",
+              {nota, evaluacion, pending})};
+}
+
 Lines SaveFinalUngraded(const Role& role, int evaluacion, int pending, int observacion,
                         int medida) {
   return {Sql("UPDATE EvaluacionActaPte SET UltimaEvaluada=0, CodNota=0, CodNotaObservacion={}, "
               "RE_AC_DIV={}, Evaluado=0 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet ={}",
               {observacion, medida, evaluacion, pending}),
-          LaterMark(role, evaluacion, pending),
+          FinalLaterMark(role, evaluacion, pending),
           Sql("SELECT IDEvaluacionActaPte FROM EvaluacionActaPte WHERE CodNota > 0 AND "
               "CodNumEvaluacion < {} AND CodAlumnoPte_MatDet ={}",
               {evaluacion, pending})};
+}
+
+std::string FinalMarkGivenBack(int row) {
+  return Sql("UPDATE EvaluacionActaPte SET UltimaEvaluada=-1 WHERE IDEvaluacionActaPte={}", {row});
 }
 
 }  // namespace quorvane::test

@@ -132,7 +132,7 @@ std::string SecondFinal() {
          Cell(1, 1, "10") + kSave;
 }
 
-TEST(SchoolYear, FromTheRegisterToTheSecondFinal) {
+TEST(SchoolYearTest, FromTheRegisterToTheSecondFinal) {
   const NewYear school;
   const std::string counts =
       "SELECT (SELECT COUNT(*) FROM Seccion_AlumnoPte), (SELECT COUNT(*) FROM AlumnoPte_MatDet), "
