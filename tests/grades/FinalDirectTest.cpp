@@ -192,14 +192,6 @@ TYPED_TEST(FinalDirectTest, AnimationStandsAloneWhileTheFormWorks) {
   this->session_.screen.Painting = nullptr;
 }
 
-TYPED_TEST(FinalDirectTest, PointerComesBackAfterTheLoadAndEachEntry) {
-  auto& form = this->Opened();
-  EXPECT_EQ(this->session_.screen.MousePointer(), Pointer::Default);
-  this->session_.screen.MousePointer(Pointer::Arrow);
-  this->Combo(form).ListIndex(1);
-  EXPECT_EQ(this->session_.screen.MousePointer(), Pointer::Default);
-}
-
 // The pointer and the icon come before the test of the publication.
 TYPED_TEST(FinalDirectTest, PublicationIsRefusedUnderTheHourglass) {
   this->school_.Sql(
@@ -349,6 +341,13 @@ TYPED_TEST(FinalSubjectDirectTest, EntriesBehindTheComboAreSubjects) {
   const auto& lengua = *form.colAlumnos["1"]->colMateria["3111"];
   EXPECT_EQ(lengua.IDMateria, 1);
   EXPECT_EQ(lengua.IDseccion, 311);
+}
+
+TYPED_TEST(FinalSubjectDirectTest, PointerComesBackAfterEachSubject) {
+  auto& form = this->Opened();
+  this->session_.screen.MousePointer(Pointer::Arrow);
+  form.cboMaterias.ListIndex(1);
+  EXPECT_EQ(this->session_.screen.MousePointer(), Pointer::Default);
 }
 
 // The first of the two forms of the measures and the promotion is a field of its own.

@@ -6,8 +6,6 @@
 namespace quorvane::test {
 namespace {
 
-constexpr const char* kLoading = "Cargando... Espere por favor";
-constexpr const char* kSaving = "Grabando... Espere por favor";
 constexpr const char* kStudents =
     "Orden en Sección / Alumno|Nota||||Observación|Medidas Adoptadas|";
 constexpr const char* kStudentsConcept =
@@ -27,7 +25,6 @@ const FinalForm kFinalByStudent{
     .form = "frmNotaManualFinal",
     .stepOne = "frmNotaManual1",
     .node = 124,
-    .choice = "",
     .stepOneTraffic = StepOne,
     .walksSubjects = false,
     .combo = "cboAlumnos",
@@ -62,13 +59,10 @@ const FinalForm kFinalBySubject{
     .form = "frmNotaMateriaFinal",
     .stepOne = "frmNotaMateria1",
     .node = 125,
-    .choice = "",
     .stepOneTraffic = StepOneBySubject,
     .walksSubjects = true,
     .combo = "cboMaterias",
     .observacion = "Observación del tutor al alumno ",
-    .loading = kLoading,
-    .saving = kSaving,
     .nothing = "No existen alumno o materias para poner notas",
     .walked = {"Francés (1º ESO)=1: 3", "Lengua (1º ESO)=2: 1 2", "Matemáticas (1º ESO)=3: 1"},
     .withoutLengua = {"Francés (1º ESO)=1", "Matemáticas (1º ESO)=2"},
@@ -86,8 +80,6 @@ const FinalForm kFinalBySubject{
     .otherPending = 3,
     .student = 3,
     .subjectKey = "3113",
-    .lenguaKey = "3111",
-    .takesTeachers = true,
     .locked = {3113, 3111, 3112},
     .lengua = {1, 3}};
 
@@ -101,8 +93,6 @@ const FinalForm kFinalSectionByStudent{
     .walksSubjects = false,
     .combo = "cboAlumnos",
     .observacion = "Observación del tutor",
-    .loading = kLoading,
-    .saving = kSaving,
     .nothing = "No existen materias o alumnos para poner notas",
     .walked = {"2   Díaz Cano, Marta=1: 3111", "3   Ñúñez Sanz, Íñigo=2: 3111"},
     .withoutLengua = {},
@@ -120,9 +110,6 @@ const FinalForm kFinalSectionByStudent{
     .pending = 1,
     .otherPending = 3,
     .student = 1,
-    .subjectKey = "3111",
-    .lenguaKey = "3111",
-    .takesTeachers = true,
     .locked = {3111},
     .lengua = {1, 3}};
 
@@ -136,8 +123,6 @@ const FinalForm kFinalSectionBySubject{
     .walksSubjects = true,
     .combo = "cboMaterias",
     .observacion = "Observación del tutor al alumno ",
-    .loading = kLoading,
-    .saving = kSaving,
     .nothing = "No existen alumnos o materias para introducir notas",
     .walked = {"Lengua (1º ESO)=1: 1", "Matemáticas (1º ESO)=2: 1"},
     .withoutLengua = {"Matemáticas (1º ESO)=1"},
@@ -154,9 +139,6 @@ const FinalForm kFinalSectionBySubject{
     .pending = 1,
     .otherPending = 2,
     .student = 1,
-    .subjectKey = "3111",
-    .lenguaKey = "3111",
-    .takesTeachers = true,
     .locked = {3111, 3112},
     .lengua = {1}};
 

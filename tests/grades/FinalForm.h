@@ -19,13 +19,13 @@ struct FinalForm {
   const char* form;
   const char* stepOne;
   int node;
-  std::string choice;  ///< the gesture of step one behind that of the evaluation
+  std::string choice = "";  ///< the gesture of step one behind that of the evaluation
   Lines (*stepOneTraffic)(const Role& role, int evaluacion);
   bool walksSubjects;  ///< its rows are students; it asks the course for measures and promotion
   const char* combo;   ///< what it walks
   const char* observacion;  ///< the caption of the tutor's observation
-  const char* loading;
-  const char* saving;
+  const char* loading = "Cargando... Espere por favor";
+  const char* saving = "Grabando... Espere por favor";
   const char* nothing;   ///< to grade
   Lines walked;          ///< the entries of the combo with what each shows: "entry: keys of rows"
   Lines withoutLengua;   ///< the entries when subject 3111 isn't offered
@@ -38,15 +38,15 @@ struct FinalForm {
   const char* headingConcept;  ///< the same without a main grade
   const char* rowTitle;
   const char* rowKey;
-  const char* offered;      ///< for subject 3111, of grades of several scopes
-  int pending;              ///< of the row
-  int otherPending;         ///< another that is saved along with it
-  int student;              ///< of the row
-  const char* subjectKey;   ///< of the row's subject among those of its student
-  const char* lenguaKey;    ///< of subject 3111 among those of student 1
-  bool takesTeachers;       ///< of the subjects, for the lists
-  std::vector<int> locked;  ///< the subjects, as they are loaded
-  std::vector<int> lengua;  ///< the pending rows of subject 3111 that are loaded
+  const char* offered;              ///< for subject 3111, of grades of several scopes
+  int pending;                      ///< of the row
+  int otherPending;                 ///< another that is saved along with it
+  int student;                      ///< of the row
+  const char* subjectKey = "3111";  ///< of the row's subject among those of its student
+  const char* lenguaKey = "3111";   ///< of subject 3111 among those of student 1
+  bool takesTeachers = true;        ///< of the subjects, for the lists
+  std::vector<int> locked;          ///< the subjects, as they are loaded
+  std::vector<int> lengua;          ///< the pending rows of subject 3111 that are loaded
 
   /// Opens step one, chooses, makes the gestures `before` and goes on.
   [[nodiscard]] std::string Open(int evaluacion = 4, const std::string& before = "") const;

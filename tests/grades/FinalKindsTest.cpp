@@ -18,12 +18,11 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 
-/// The row's student owes subject 3116, pending row 6, of that kind, graded 402 in 4 and 5.
+/// The row's student owes subject 3116, pending row 6, of that kind, graded 402 in evaluation 4.
 class FinalKindsTest : public FinalTest, public ::testing::WithParamInterface<int> {
  protected:
   explicit FinalKindsTest(const FinalForm& form) : FinalTest(form.On(3116)) {
-    const auto pending = school_.Pendiente(form.student, 3116, 3);
-    for (const auto evaluacion : {4, 5}) school_.Evalua(pending, evaluacion, 402);
+    school_.Evalua(school_.Pendiente(form.student, 3116, 3), 4, 402);
     school_.Sql("UPDATE TipoMateria SET CodEspecificarTipoMateria=" + std::to_string(GetParam()) +
                 " WHERE IDTipoMateria=40");
   }
@@ -59,6 +58,7 @@ TEST_P(FinalByStudentKindsTest, EndTheLoadInTheDatabasesError) {
 // Kind 4 is kept in the second final without a look at the first, so its load gets as far as in
 // the first; any other kind asks.
 TEST_P(FinalByStudentKindsTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
+  school_.Evalua(6, 5, 402);
   const auto traffic = Traffic(Play("", kTutor, 5));
   EXPECT_EQ(traffic.back(), OtherKindByStudent(5, 6));
   EXPECT_EQ(std::count(traffic.begin(), traffic.end(), PassedFirst(6)), IsWorkPlacement() ? 0 : 1);
@@ -81,6 +81,7 @@ TEST_P(FinalBySubjectKindsTest, EndTheLoadWithAnUnknownField) {
 }
 
 TEST_P(FinalBySubjectKindsTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
+  school_.Evalua(6, 5, 402);
   const auto result = Play("", kTutor, 5);
   EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("3265 ")));
   EXPECT_EQ(Traffic(result).back(), IsWorkPlacement() ? KindOf(3116) : PassedFirst(6));
@@ -135,6 +136,7 @@ TEST_P(FinalSectionByStudentKindsTest, AreLoadedWithAListOfTheirOwnAndSaved) {
 }
 
 TEST_P(FinalSectionByStudentKindsTest, AreKeptInTheSecondFinal) {
+  school_.Evalua(6, 5, 402);
   Set(6, "CodNota=401");
   EXPECT_THAT(Entries(kTutor, 5), ElementsAre("2   Díaz Cano, Marta=1"));
 }
@@ -161,6 +163,7 @@ TEST_P(FinalSectionBySubjectKindsTest, AreLoadedWithAListOfTheirOwnAndSaved) {
 TEST_P(FinalSectionBySubjectKindsTest, AreKeptInTheSecondFinalWhenTheyAreWorkPlacements) {
   GradeFirst(1, 105);
   GradeFirst(2, 103);
+  school_.Evalua(6, 5, 402);
   Set(6, "CodNota=401");
   EXPECT_EQ(Entries(kTutor, 5), IsWorkPlacement()
                                     ? Lines({"Matemáticas (1º ESO)=1", "Taller (1º ESO)=2"})
