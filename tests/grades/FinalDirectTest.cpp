@@ -1,6 +1,4 @@
 #include <cstdint>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <utility>
@@ -20,16 +18,13 @@
 #include "tests/grades/DirectSession.h"
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
+#include "tests/support/Matchers.h"
 
 // What no gesture reaches in the final dialogs: objects, guards, members that a student doesn't
 // have, what stands while the form works.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
 
 template <class FormPasoUno, class FormPasoDos, const FinalForm& kForm>
 struct Pair {
@@ -435,13 +430,10 @@ TEST_F(FinalBySubjectDirectTest, SavingWritesEverySubjectOfEveryStudent) {
   auto& form = Opened();
   form.colAlumnos["2"]->colMateria["3111"]->Nota = 104;
   form.cmdAceptar_Click();
-  auto statements = session_.Statements();
   const auto& role = kUnrestricted;
   const auto saved = SaveFinalUngraded(role, 4, 4) + SaveFinalUngraded(role, 4, 1) +
                      SaveFinalUngraded(role, 4, 2) + SaveFinalGraded(role, 4, 3, 104);
-  ASSERT_GE(statements.size(), saved.size());
-  statements.resize(saved.size());
-  EXPECT_THAT(statements, ElementsAreArray(saved));
+  EXPECT_EQ(First(session_.Statements(), saved.size()), saved);
 }
 
 class FinalSectionByStudentDirectTest : public FinalDirect<SectionByStudent> {};

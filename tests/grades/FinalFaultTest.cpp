@@ -1,23 +1,16 @@
 #include <algorithm>
 #include <array>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <tuple>
 
 #include "tests/grades/FinalForm.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert, in the four final forms.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 /// A session that uses every statement that saving can take: subject 4 takes the mark, subject 1
 /// leaves it to a later evaluation, subject 2 gives it back to an earlier one.

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "tests/grades/FinalSchool.h"
-#include "tests/grades/FormView.h"
 #include "tests/grades/Statements.h"
+#include "tests/support/FormView.h"
 
 namespace quorvane::test {
 
@@ -110,7 +110,14 @@ class FinalTest : public ::testing::Test {
   FinalSchool school_;
 };
 
-/// The same over several of the forms.
+/// The same for one of the forms.
+template <const FinalForm& kForm>
+class OneFinalTest : public FinalTest {
+ protected:
+  OneFinalTest() : FinalTest(kForm) {}
+};
+
+/// The same over several of them.
 class FinalFormTest : public FinalTest, public ::testing::WithParamInterface<FinalForm> {
  protected:
   FinalFormTest() : FinalTest(GetParam()) {}

@@ -1,21 +1,16 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "tests/grades/FinalForm.h"
+#include "tests/support/Matchers.h"
 
 // The grid of the final dialogs: columns, lists, edits, keys and measures.
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::Ne;
-using ::testing::StartsWith;
 
 constexpr const char* kWalk = "pulsar cmdSiguiente\n";
 
@@ -242,10 +237,7 @@ TEST_P(FinalMeasuresTest, GradeTypeOnThemShowsThemWhateverTheCourseSays) {
 INSTANTIATE_TEST_SUITE_P(Forms, FinalMeasuresTest, ::testing::ValuesIn(FinalFormsBySubject()),
                          NameOf);
 
-class FinalGridByStudentTest : public FinalTest {
- protected:
-  FinalGridByStudentTest() : FinalTest(kFinalByStudent) {}
-};
+using FinalGridByStudentTest = OneFinalTest<kFinalByStudent>;
 
 TEST_F(FinalGridByStudentTest, KindWithoutASubjectTypeCannotBeShown) {
   school_.Sql("UPDATE TipoMateria SET CodSistemaCalificacion=99 WHERE IDTipoMateria=10");
@@ -259,10 +251,7 @@ TEST_F(FinalGridByStudentTest, GradeTypesNameTheirColumns) {
               "Materia|Nota|Conceptos|Procedimientos|Actitudes|Observación|Medidas Adoptadas||");
 }
 
-class FinalGridBySubjectTest : public FinalTest {
- protected:
-  FinalGridBySubjectTest() : FinalTest(kFinalBySubject) {}
-};
+using FinalGridBySubjectTest = OneFinalTest<kFinalBySubject>;
 
 TEST_F(FinalGridBySubjectTest, EditsOfLaterRowsStayWhileTheSubjectsAreWalked) {
   EXPECT_THAT(Cells("pulsar cmdSiguiente\neditar rtvNotasAlumno 2 1 \"8\"\n"

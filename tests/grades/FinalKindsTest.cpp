@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
+#include "tests/support/Matchers.h"
 
 // What the final dialogs make of a subject that is neither of the ordinary kind nor the tutor's:
 // a work placement, which is kind 4, or any other.
@@ -13,10 +12,6 @@ namespace quorvane::test {
 namespace {
 
 using ::testing::_;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
 
 /// The row's student owes subject 3116, pending row 6, of that kind, graded 402 in evaluation 4.
 class FinalKindsTest : public FinalTest, public ::testing::WithParamInterface<int> {

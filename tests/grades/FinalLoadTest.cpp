@@ -1,24 +1,16 @@
 #include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <tuple>
 
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
+#include "tests/grades/OrdinaryStatements.h"
+#include "tests/support/Matchers.h"
 
 // What the final dialogs hold when they have opened, and what opening them does.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::SizeIs;
 
 class FinalLoadTest : public FinalFormTest {
  protected:
@@ -123,11 +115,10 @@ TEST_P(FinalLoadTest, SubjectWithoutDetailsLosesItsRowsAlsoWhenTheDialogIsCancel
   Lines expected;
   Lines left = {"1", "2", "3", "4", "5"};
   for (const auto pending : form_.lengua) {
-    expected = expected + FinalPurge(pending);
+    expected = expected + Purge(pending);
     std::erase(left, std::to_string(pending));
   }
-  deletes.resize(expected.size());
-  EXPECT_EQ(deletes, expected);
+  EXPECT_EQ(First(deletes, expected.size()), expected);
   EXPECT_EQ(school_.Rows("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet ORDER BY 1"), left);
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM EvaluacionPte"),
             2 - static_cast<int>(form_.lengua.size()));
@@ -261,10 +252,7 @@ INSTANTIATE_TEST_SUITE_P(Codes, FinalPromotionTest,
                                   ("Code" + std::to_string(std::get<1>(both.param).code));
                          });
 
-class FinalByStudentTest : public FinalTest {
- protected:
-  FinalByStudentTest() : FinalTest(kFinalByStudent) {}
-};
+using FinalByStudentTest = OneFinalTest<kFinalByStudent>;
 
 TEST_F(FinalByStudentTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
   school_.Sql("DELETE FROM TipoNota WHERE IDTipoNota=51");
@@ -300,10 +288,7 @@ TEST_F(FinalByStudentTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
   EXPECT_THAT(Walked(5), ElementsAre("2   Díaz Cano, Marta=1: 2"));
 }
 
-class FinalBySubjectTest : public FinalTest {
- protected:
-  FinalBySubjectTest() : FinalTest(kFinalBySubject) {}
-};
+using FinalBySubjectTest = OneFinalTest<kFinalBySubject>;
 
 TEST_F(FinalBySubjectTest, RowsAreTheStudentsOfTheSubjectByTheirOrder) {
   school_.Sql("UPDATE Alumno SET OrdenSeccion=10 WHERE IDAlumno=2");
@@ -347,10 +332,7 @@ TEST_F(FinalBySubjectTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
   EXPECT_THAT(Entries(kTutor, 5), ElementsAre("Matemáticas (1º ESO)=1"));
 }
 
-class FinalSectionByStudentTest : public FinalTest {
- protected:
-  FinalSectionByStudentTest() : FinalTest(kFinalSectionByStudent) {}
-};
+using FinalSectionByStudentTest = OneFinalTest<kFinalSectionByStudent>;
 
 TEST_F(FinalSectionByStudentTest, TeacherAlsoGetsSubjectsOtherThanTheChosenOneAndSavesThem) {
   form_ = form_.On(3113);
@@ -375,10 +357,8 @@ TEST_F(FinalSectionByStudentTest, WithoutAKindOfObservationTheListIsEmpty) {
   EXPECT_THAT(Shown().Entries("cboObservacion"), IsEmpty());
 }
 
-class FinalSectionBySubjectTest : public FinalTest {
+class FinalSectionBySubjectTest : public OneFinalTest<kFinalSectionBySubject> {
  protected:
-  FinalSectionBySubjectTest() : FinalTest(kFinalSectionBySubject) {}
-
   void ExpectUntouchedObservation(const FormView& form) const {
     EXPECT_THAT(form.Entries("cboObservacion"), IsEmpty());
     EXPECT_EQ(form.Text("lblNotaManual(1)"), form_.observacion);

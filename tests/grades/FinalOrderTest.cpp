@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -7,15 +5,13 @@
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
 #include "tests/grades/OrdinaryStatements.h"
+#include "tests/support/Matchers.h"
 
 // The whole order of the statements of a session of each final dialog, from step one to the last
 // DELETE.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 
 /// A session that grades row 1 of the first entry, gives an observation to `lastRow` of the next
 /// (or of the same, where there is one alone), saves, and leaves step one.

@@ -1,23 +1,15 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <tuple>
 
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
+#include "tests/support/Matchers.h"
 
 // What a save of the final dialogs writes, and where it leaves the mark of the last evaluation with
 // a grade.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
 
 /// A pending subject before and after a save: grade and mark of its two final evaluations.
 struct Transition {
@@ -116,9 +108,8 @@ TEST_P(FinalSaveTest, FirstSavedAfterTheSecondLeavesTheMarkOnTheSecond) {
   const auto result = Play("editar rtvNotasAlumno 1 1 \"9\"\npulsar cmdAceptar\n");
   EXPECT_EQ(Stored(4), "109|0|0|-1|0");
   EXPECT_EQ(Stored(5), "103|0|0|-1|-1");
-  auto saved = Traffic(result.After("pulsar cmdAceptar"));
-  saved.resize(2);
-  EXPECT_THAT(saved, ElementsAreArray(SaveFinalBehindTheMark(kTutor, 4, form_.pending, 109)));
+  EXPECT_EQ(First(Traffic(result.After("pulsar cmdAceptar")), 2),
+            SaveFinalBehindTheMark(kTutor, 4, form_.pending, 109));
 }
 
 TEST_P(FinalSaveTest, TakingTheOnlyGradeAwayLeavesTheSubjectWithoutAMark) {

@@ -46,8 +46,6 @@ Lines FinalNames(int matDet, int materia);
 std::string OtherKindByStudent(int evaluacion, int pending);
 std::string OtherKindBySubject(int evaluacion, int hostRow);
 std::string OtherKindOfSection(int evaluacion, int pending);
-/// What takes away a pending row whose subject is gone.
-Lines FinalPurge(int pending);
 /// The grades, teachers and names of a subject of the ordinary kind, behind its kind.
 Lines FinalGrades(int evaluacion, const FinalSubject& subject);
 /// The load of a student with the subjects that he turns out to have.

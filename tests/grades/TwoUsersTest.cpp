@@ -1,16 +1,11 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "tests/grades/FormView.h"
 #include "tests/grades/RunningGuion.h"
+#include "tests/support/FormView.h"
+#include "tests/support/Matchers.h"
 
 // Two programs on one school: who sees what, and what a program that is killed leaves.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// Keeps a program busy, without any hold on the file, for as long as it takes to stop it.
 const std::string kPause =
