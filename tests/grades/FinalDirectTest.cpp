@@ -317,12 +317,12 @@ TYPED_TEST(FinalDirectTest, ControlsStayInsideTheFormAndFollowItsEdges) {
 }
 
 template <class Dialog>
-class FinalSubjectDirectTest : public FinalDirect<Dialog> {};
+class FinalDirectOfSubjectsTest : public FinalDirect<Dialog> {};
 
 using SubjectDialogs = ::testing::Types<BySubject, SectionBySubject>;
-TYPED_TEST_SUITE(FinalSubjectDirectTest, SubjectDialogs, Names);
+TYPED_TEST_SUITE(FinalDirectOfSubjectsTest, SubjectDialogs, Names);
 
-TYPED_TEST(FinalSubjectDirectTest, EntriesBehindTheComboAreSubjects) {
+TYPED_TEST(FinalDirectOfSubjectsTest, EntriesBehindTheComboAreSubjects) {
   auto& form = this->Opened();
   const auto& locked = TypeParam::Texts().locked;
   ASSERT_EQ(form.ListaMaterias.size(), locked.size());
@@ -338,7 +338,7 @@ TYPED_TEST(FinalSubjectDirectTest, EntriesBehindTheComboAreSubjects) {
   EXPECT_EQ(lengua.IDseccion, 311);
 }
 
-TYPED_TEST(FinalSubjectDirectTest, PointerComesBackAfterEachSubject) {
+TYPED_TEST(FinalDirectOfSubjectsTest, PointerComesBackAfterEachSubject) {
   auto& form = this->Opened();
   this->session_.screen.MousePointer(Pointer::Arrow);
   form.cboMaterias.ListIndex(1);
@@ -346,7 +346,7 @@ TYPED_TEST(FinalSubjectDirectTest, PointerComesBackAfterEachSubject) {
 }
 
 // The first of the two forms of the measures and the promotion is a field of its own.
-TYPED_TEST(FinalSubjectDirectTest, CourseDecidesPromotionAndMeasuresEachByItself) {
+TYPED_TEST(FinalDirectOfSubjectsTest, CourseDecidesPromotionAndMeasuresEachByItself) {
   const std::vector<std::pair<const char*, int>> codes = {
       {"0", 0}, {"1", 1}, {"2", 1}, {"3", 0}, {"NULL", 0}};
   for (const auto& [code, field] : codes) {
@@ -362,7 +362,7 @@ TYPED_TEST(FinalSubjectDirectTest, CourseDecidesPromotionAndMeasuresEachByItself
   EXPECT_EQ(this->Form().bytPromocion, 0);
 }
 
-TYPED_TEST(FinalSubjectDirectTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
+TYPED_TEST(FinalDirectOfSubjectsTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
   auto& form = this->Opened();
   form.ListaMaterias[0].CodAsociada = TypeParam::Texts().locked[1];
   this->ExpectLocked(form);
@@ -375,13 +375,13 @@ TYPED_TEST(FinalSubjectDirectTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
 }
 
-TYPED_TEST(FinalSubjectDirectTest, RowOfAStudentWhoIsNotThereIsAnError) {
+TYPED_TEST(FinalDirectOfSubjectsTest, RowOfAStudentWhoIsNotThereIsAnError) {
   auto& form = this->Opened();
   form.rtvNotasAlumno.TextMatrix(1, 7, "77");
   EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 5);
 }
 
-TYPED_TEST(FinalSubjectDirectTest, HeadingsUntilTheFirstSubject) {
+TYPED_TEST(FinalDirectOfSubjectsTest, HeadingsUntilTheFirstSubject) {
   auto& form = this->Form();
   form.ConfigurarRejillaInicial();
   Lines headings;
@@ -396,18 +396,18 @@ TYPED_TEST(FinalSubjectDirectTest, HeadingsUntilTheFirstSubject) {
   EXPECT_THAT(widths, ElementsAre(2000, 1000, 2000, 2000, 2000, 2000, 2000));
 }
 
-class FinalByStudentDirectTest : public FinalDirect<ByStudent> {};
+class FinalDirectByStudentTest : public FinalDirect<ByStudent> {};
 
-TEST_F(FinalByStudentDirectTest, RowThatMayNotBeEditedNeitherOffersNorTakes) {
+TEST_F(FinalDirectByStudentTest, RowThatMayNotBeEditedNeitherOffersNorTakes) {
   auto& form = Opened();
   form.rtvNotasAlumno.TextMatrix(1, 7, "1");
   ExpectLocked(form);
   EXPECT_THAT(session_.Statements(), IsEmpty());
 }
 
-class FinalBySubjectDirectTest : public FinalDirect<BySubject> {};
+class FinalDirectBySubjectTest : public FinalDirect<BySubject> {};
 
-TEST_F(FinalBySubjectDirectTest, EditWritesTheStudentOfTheRowAlone) {
+TEST_F(FinalDirectBySubjectTest, EditWritesTheStudentOfTheRowAlone) {
   auto& form = Opened();
   form.cboMaterias.ListIndex(1);
   form.rtvNotasAlumno.BeginEdit(2, 1);
@@ -417,7 +417,7 @@ TEST_F(FinalBySubjectDirectTest, EditWritesTheStudentOfTheRowAlone) {
 }
 
 // What the list costs is issued by no other edit.
-TEST_F(FinalBySubjectDirectTest, LockedEntryAndMeasuresIssueNothing) {
+TEST_F(FinalDirectBySubjectTest, LockedEntryAndMeasuresIssueNothing) {
   auto& form = Opened();
   form.ListaMaterias[0].CodAsociada = 3111;
   ExpectLocked(form);
@@ -426,7 +426,7 @@ TEST_F(FinalBySubjectDirectTest, LockedEntryAndMeasuresIssueNothing) {
   EXPECT_THAT(session_.Statements(), IsEmpty());
 }
 
-TEST_F(FinalBySubjectDirectTest, SavingWritesEverySubjectOfEveryStudent) {
+TEST_F(FinalDirectBySubjectTest, SavingWritesEverySubjectOfEveryStudent) {
   auto& form = Opened();
   form.colAlumnos["2"]->colMateria["3111"]->Nota = 104;
   form.cmdAceptar_Click();
@@ -436,19 +436,19 @@ TEST_F(FinalBySubjectDirectTest, SavingWritesEverySubjectOfEveryStudent) {
   EXPECT_EQ(First(session_.Statements(), saved.size()), saved);
 }
 
-class FinalSectionByStudentDirectTest : public FinalDirect<SectionByStudent> {};
+class FinalDirectSectionByStudentTest : public FinalDirect<SectionByStudent> {};
 
-TEST_F(FinalSectionByStudentDirectTest, PromotionOfACourseReachesAMissingMember) {
+TEST_F(FinalDirectSectionByStudentTest, PromotionOfACourseReachesAMissingMember) {
   auto& form = Opened();
   form.bytPromocion = 1;
   EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboAlumnos_Click(); }), 438);
 }
 
-class FinalSectionBySubjectDirectTest : public FinalDirect<SectionBySubject> {};
+class FinalDirectSectionBySubjectTest : public FinalDirect<SectionBySubject> {};
 
 // The observation comes before the guards of the cells, so that it is rebuilt where nothing is
 // offered, but not while the grid is built.
-TEST_F(FinalSectionBySubjectDirectTest, ObservationIsRebuiltBeforeTheGuards) {
+TEST_F(FinalDirectSectionBySubjectTest, ObservationIsRebuiltBeforeTheGuards) {
   auto& form = Opened();
   for (const auto column : {0, 7}) {
     form.rtvNotasAlumno.BeginEdit(1, column);
@@ -457,7 +457,7 @@ TEST_F(FinalSectionBySubjectDirectTest, ObservationIsRebuiltBeforeTheGuards) {
   }
 }
 
-TEST_F(FinalSectionBySubjectDirectTest, FrameIsHiddenAgainAndItsLabelStandsWhereTheComboDoes) {
+TEST_F(FinalDirectSectionBySubjectTest, FrameIsHiddenAgainAndItsLabelStandsWhereTheComboDoes) {
   auto& form = Opened();
   for (const auto tutor : {true, false}) {
     form.blnTutor = tutor;
@@ -469,7 +469,7 @@ TEST_F(FinalSectionBySubjectDirectTest, FrameIsHiddenAgainAndItsLabelStandsWhere
   }
 }
 
-TEST_F(FinalSectionBySubjectDirectTest, RebuiltObservationReachesAMissingMember) {
+TEST_F(FinalDirectSectionBySubjectTest, RebuiltObservationReachesAMissingMember) {
   auto& form = Opened();
   form.rtvNotasAlumno.BeginEdit(1, 1);
   EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(1); }), 438);

@@ -27,7 +27,7 @@ void Prepare(const FinalSchool& school) {
 /// A session of a form, in as many parts as can be run side by side.
 constexpr int kParts = 4;
 
-class FinalFailureTest : public ::testing::TestWithParam<std::tuple<FinalForm, int>> {
+class FinalFaultFailureTest : public ::testing::TestWithParam<std::tuple<FinalForm, int>> {
  protected:
   static const FinalForm& Dialog() { return std::get<0>(GetParam()); }
   static std::string Session() {
@@ -37,7 +37,7 @@ class FinalFailureTest : public ::testing::TestWithParam<std::tuple<FinalForm, i
   }
 };
 
-TEST_P(FinalFailureTest, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
+TEST_P(FinalFaultFailureTest, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
   const FinalSchool whole;
   Prepare(whole);
   const auto all = Traffic(RunScript(whole, Session(), SessionOf(kTutor)));
@@ -71,7 +71,7 @@ TEST_P(FinalFailureTest, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sessions, FinalFailureTest,
+INSTANTIATE_TEST_SUITE_P(Sessions, FinalFaultFailureTest,
                          ::testing::Combine(::testing::ValuesIn(FinalForms()),
                                             ::testing::Range(1, kParts + 1)),
                          [](const auto& part) {
@@ -110,9 +110,9 @@ struct BadInput {
   std::array<const char*, 4> ends;  ///< by form
 };
 
-class FinalBadInputTest : public ::testing::TestWithParam<BadInput> {};
+class FinalFaultBadInputTest : public ::testing::TestWithParam<BadInput> {};
 
-TEST_P(FinalBadInputTest, EndsTheLoadOrIsRead) {
+TEST_P(FinalFaultBadInputTest, EndsTheLoadOrIsRead) {
   auto expected = GetParam().ends.begin();
   for (const auto& form : FinalForms()) {
     const FinalSchool school;
@@ -127,7 +127,7 @@ TEST_P(FinalBadInputTest, EndsTheLoadOrIsRead) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Schools, FinalBadInputTest,
+    Schools, FinalFaultBadInputTest,
     ::testing::Values(
         BadInput{"NullGrades",
                  "UPDATE EvaluacionActaPte SET CodNota=NULL, CodNotaObservacion=NULL, "

@@ -179,12 +179,12 @@ TEST_P(FinalGridTest, NothingCanBePickedInTheObservationOrThePromotion) {
 INSTANTIATE_TEST_SUITE_P(Forms, FinalGridTest, ::testing::ValuesIn(FinalForms()), NameOf);
 
 /// The forms by subject, for a course with measures.
-class FinalMeasuresTest : public FinalGridTest {
+class FinalGridMeasuresTest : public FinalGridTest {
  protected:
-  FinalMeasuresTest() { school_.Sql("UPDATE Curso SET RE_AC=-1"); }
+  FinalGridMeasuresTest() { school_.Sql("UPDATE Curso SET RE_AC=-1"); }
 };
 
-TEST_P(FinalMeasuresTest, OfferNothingUntilTheSubjectHasAGrade) {
+TEST_P(FinalGridMeasuresTest, OfferNothingUntilTheSubjectHasAGrade) {
   Set(form_.pending, "RE_AC_DIV=1");
   EXPECT_THAT(
       Lists("lista rtvNotasAlumno 1 6\neditar rtvNotasAlumno 1 1 \"7\"\n"
@@ -195,7 +195,7 @@ TEST_P(FinalMeasuresTest, OfferNothingUntilTheSubjectHasAGrade) {
 }
 
 // The list spells the text with the accent, the row that is shown again without.
-TEST_P(FinalMeasuresTest, AreEditedWhereTheyAreShownAndSaved) {
+TEST_P(FinalGridMeasuresTest, AreEditedWhereTheyAreShownAndSaved) {
   const auto result = Play(std::string("editar rtvNotasAlumno 1 1 \"7\"\n"
                                        "editar rtvNotasAlumno 1 6 \"Adaptación curricular\"\n"
                                        "ver\nelegir ") +
@@ -209,21 +209,21 @@ TEST_P(FinalMeasuresTest, AreEditedWhereTheyAreShownAndSaved) {
 }
 
 // The list is empty by then: no entry takes the measure away.
-TEST_P(FinalMeasuresTest, OfASubjectWithoutAGradeAreTakenAwayByNoEntry) {
+TEST_P(FinalGridMeasuresTest, OfASubjectWithoutAGradeAreTakenAwayByNoEntry) {
   Set(form_.pending, "RE_AC_DIV=1");
   Save("editar rtvNotasAlumno 1 6 nada\n");
   EXPECT_EQ(school_.Stored(form_.pending, 4), "0|0|0|0|0");
 }
 
 // The widths are kept before the keys are hidden, and restored after it.
-TEST_P(FinalMeasuresTest, GradeTypeOnTheKeysUncoversThemOnTheWalk) {
+TEST_P(FinalGridMeasuresTest, GradeTypeOnTheKeysUncoversThemOnTheWalk) {
   school_.Sql("UPDATE TipoNota SET Orden=7 WHERE IDTipoNota=12");
   EXPECT_EQ(Widths().at(7), 0);
   EXPECT_EQ(Widths(kWalk).at(7), 2000);
 }
 
 // Its kept width stands in for the measures' own from the second subject on.
-TEST_P(FinalMeasuresTest, GradeTypeOnThemShowsThemWhateverTheCourseSays) {
+TEST_P(FinalGridMeasuresTest, GradeTypeOnThemShowsThemWhateverTheCourseSays) {
   school_.Sql("UPDATE Curso SET RE_AC=0; UPDATE TipoNota SET Orden=6 WHERE IDTipoNota=12");
   for (const std::string gestures : {"", kWalk}) {
     const auto form = Shown(gestures);
@@ -234,7 +234,7 @@ TEST_P(FinalMeasuresTest, GradeTypeOnThemShowsThemWhateverTheCourseSays) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, FinalMeasuresTest, ::testing::ValuesIn(FinalFormsBySubject()),
+INSTANTIATE_TEST_SUITE_P(Forms, FinalGridMeasuresTest, ::testing::ValuesIn(FinalFormsBySubject()),
                          NameOf);
 
 using FinalGridByStudentTest = OneFinalTest<kFinalByStudent>;

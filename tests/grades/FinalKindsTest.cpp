@@ -35,13 +35,13 @@ std::string KindName(const ::testing::TestParamInfo<int>& kind) {
   return "Kind" + std::to_string(kind.param);
 }
 
-class FinalByStudentKindsTest : public FinalKindsTest {
+class FinalKindsByStudentTest : public FinalKindsTest {
  protected:
-  FinalByStudentKindsTest() : FinalKindsTest(kFinalByStudent) {}
+  FinalKindsByStudentTest() : FinalKindsTest(kFinalByStudent) {}
 };
 
 // The statement names a column that isn't there.
-TEST_P(FinalByStudentKindsTest, EndTheLoadInTheDatabasesError) {
+TEST_P(FinalKindsByStudentTest, EndTheLoadInTheDatabasesError) {
   const auto result = Play("");
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("-2147467259 ")));
@@ -52,22 +52,22 @@ TEST_P(FinalByStudentKindsTest, EndTheLoadInTheDatabasesError) {
 
 // Kind 4 is kept in the second final without a look at the first, so its load gets as far as in
 // the first; any other kind asks.
-TEST_P(FinalByStudentKindsTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
+TEST_P(FinalKindsByStudentTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
   school_.Evalua(6, 5, 402);
   const auto traffic = Traffic(Play("", kTutor, 5));
   EXPECT_EQ(traffic.back(), OtherKindByStudent(5, 6));
   EXPECT_EQ(std::count(traffic.begin(), traffic.end(), PassedFirst(6)), IsWorkPlacement() ? 0 : 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FinalByStudentKindsTest, ::testing::Values(4, 2), KindName);
+INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsByStudentTest, ::testing::Values(4, 2), KindName);
 
-class FinalBySubjectKindsTest : public FinalKindsTest {
+class FinalKindsBySubjectTest : public FinalKindsTest {
  protected:
-  FinalBySubjectKindsTest() : FinalKindsTest(kFinalBySubject) {}
+  FinalKindsBySubjectTest() : FinalKindsTest(kFinalBySubject) {}
 };
 
 // The row has no such field: the load ends there, with nothing published.
-TEST_P(FinalBySubjectKindsTest, EndTheLoadWithAnUnknownField) {
+TEST_P(FinalKindsBySubjectTest, EndTheLoadWithAnUnknownField) {
   const auto result = Play("");
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("3265 ")));
@@ -75,7 +75,7 @@ TEST_P(FinalBySubjectKindsTest, EndTheLoadWithAnUnknownField) {
   EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("0"));
 }
 
-TEST_P(FinalBySubjectKindsTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
+TEST_P(FinalKindsBySubjectTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
   school_.Evalua(6, 5, 402);
   const auto result = Play("", kTutor, 5);
   EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("3265 ")));
@@ -83,7 +83,7 @@ TEST_P(FinalBySubjectKindsTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
 }
 
 // Where a school's rows had the two fields, the grades would come from the host's own table.
-TEST_P(FinalBySubjectKindsTest, WouldReadTheHostsGrades) {
+TEST_P(FinalKindsBySubjectTest, WouldReadTheHostsGrades) {
   school_.Sql(
       "ALTER TABLE AlumnoPte_MatDet ADD COLUMN CodMateriaDetalles INTEGER DEFAULT 3113;"
       "ALTER TABLE AlumnoPte_MatDet ADD COLUMN IDAlumno_MateriaDetalles INTEGER DEFAULT 77;"
@@ -97,13 +97,13 @@ TEST_P(FinalBySubjectKindsTest, WouldReadTheHostsGrades) {
   EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"), ElementsAre(_, form_.Row("Apto||||| ")));
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FinalBySubjectKindsTest, ::testing::Values(4, 2), KindName);
+INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsBySubjectTest, ::testing::Values(4, 2), KindName);
 
 /// The forms of a section, whose statement names a column that is there. Their measure isn't read,
 /// and so not kept.
-class FinalSectionKindsTest : public FinalKindsTest {
+class FinalKindsSectionTest : public FinalKindsTest {
  protected:
-  explicit FinalSectionKindsTest(const FinalForm& form) : FinalKindsTest(form) {
+  explicit FinalKindsSectionTest(const FinalForm& form) : FinalKindsTest(form) {
     Set(6, "RE_AC_DIV=2");
   }
 
@@ -114,12 +114,12 @@ class FinalSectionKindsTest : public FinalKindsTest {
   }
 };
 
-class FinalSectionByStudentKindsTest : public FinalSectionKindsTest {
+class FinalKindsSectionByStudentTest : public FinalKindsSectionTest {
  protected:
-  FinalSectionByStudentKindsTest() : FinalSectionKindsTest(kFinalSectionByStudent) {}
+  FinalKindsSectionByStudentTest() : FinalKindsSectionTest(kFinalSectionByStudent) {}
 };
 
-TEST_P(FinalSectionByStudentKindsTest, AreLoadedWithAListOfTheirOwnAndSaved) {
+TEST_P(FinalKindsSectionByStudentTest, AreLoadedWithAListOfTheirOwnAndSaved) {
   const auto result = Play(
       "ver\nlista rtvNotasAlumno 1 1\neditar rtvNotasAlumno 1 1 \"Apto\"\npulsar cmdAceptar\n");
   EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"),
@@ -130,21 +130,21 @@ TEST_P(FinalSectionByStudentKindsTest, AreLoadedWithAListOfTheirOwnAndSaved) {
   EXPECT_EQ(school_.Stored(6, 4), "401|0|0|-1|-1");
 }
 
-TEST_P(FinalSectionByStudentKindsTest, AreKeptInTheSecondFinal) {
+TEST_P(FinalKindsSectionByStudentTest, AreKeptInTheSecondFinal) {
   school_.Evalua(6, 5, 402);
   Set(6, "CodNota=401");
   EXPECT_THAT(Entries(kTutor, 5), ElementsAre("2   Díaz Cano, Marta=1"));
 }
 
 // Its step one offers no other kind.
-INSTANTIATE_TEST_SUITE_P(Kinds, FinalSectionByStudentKindsTest, ::testing::Values(4), KindName);
+INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsSectionByStudentTest, ::testing::Values(4), KindName);
 
-class FinalSectionBySubjectKindsTest : public FinalSectionKindsTest {
+class FinalKindsSectionBySubjectTest : public FinalKindsSectionTest {
  protected:
-  FinalSectionBySubjectKindsTest() : FinalSectionKindsTest(kFinalSectionBySubject) {}
+  FinalKindsSectionBySubjectTest() : FinalKindsSectionTest(kFinalSectionBySubject) {}
 };
 
-TEST_P(FinalSectionBySubjectKindsTest, AreLoadedWithAListOfTheirOwnAndSaved) {
+TEST_P(FinalKindsSectionBySubjectTest, AreLoadedWithAListOfTheirOwnAndSaved) {
   const auto result =
       Play("elegir cboMaterias #2\nver\nlista rtvNotasAlumno 1 1\npulsar cmdAceptar\n");
   EXPECT_THAT(FormView(result).Entries("cboMaterias"), Contains("Taller (1º ESO)=3"));
@@ -155,7 +155,7 @@ TEST_P(FinalSectionBySubjectKindsTest, AreLoadedWithAListOfTheirOwnAndSaved) {
 }
 
 // Student 1 passed 3111 in the first final and failed 3112.
-TEST_P(FinalSectionBySubjectKindsTest, AreKeptInTheSecondFinalWhenTheyAreWorkPlacements) {
+TEST_P(FinalKindsSectionBySubjectTest, AreKeptInTheSecondFinalWhenTheyAreWorkPlacements) {
   GradeFirst(1, 105);
   GradeFirst(2, 103);
   school_.Evalua(6, 5, 402);
@@ -165,7 +165,7 @@ TEST_P(FinalSectionBySubjectKindsTest, AreKeptInTheSecondFinalWhenTheyAreWorkPla
                                     : Lines{"Matemáticas (1º ESO)=1"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FinalSectionBySubjectKindsTest, ::testing::Values(4, 2), KindName);
+INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsSectionBySubjectTest, ::testing::Values(4, 2), KindName);
 
 }  // namespace
 }  // namespace quorvane::test

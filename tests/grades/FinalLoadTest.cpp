@@ -221,13 +221,14 @@ struct Promotion {
 void PrintTo(const Promotion& promotion, std::ostream* out) { *out << promotion.code; }
 
 /// The forms that ask the course; promotion decides a caption and nothing more.
-class FinalPromotionTest : public FinalTest,
-                           public ::testing::WithParamInterface<std::tuple<FinalForm, Promotion>> {
+class FinalLoadPromotionTest
+    : public FinalTest,
+      public ::testing::WithParamInterface<std::tuple<FinalForm, Promotion>> {
  protected:
-  FinalPromotionTest() : FinalTest(std::get<0>(GetParam())) {}
+  FinalLoadPromotionTest() : FinalTest(std::get<0>(GetParam())) {}
 };
 
-TEST_P(FinalPromotionTest, DecidesACaptionAndMeasuresFollowTheirOwnFlag) {
+TEST_P(FinalLoadPromotionTest, DecidesACaptionAndMeasuresFollowTheirOwnFlag) {
   const auto& promotion = std::get<1>(GetParam());
   for (const auto measures : {false, true})
     for (const auto& role : {kUnrestricted, kTutor, kTeacher}) {
@@ -241,7 +242,7 @@ TEST_P(FinalPromotionTest, DecidesACaptionAndMeasuresFollowTheirOwnFlag) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, FinalPromotionTest,
+INSTANTIATE_TEST_SUITE_P(Codes, FinalLoadPromotionTest,
                          ::testing::Combine(::testing::ValuesIn(FinalFormsBySubject()),
                                             ::testing::Values(Promotion{0, "Promoción"},
                                                               Promotion{1, "Promoción"},
@@ -252,14 +253,14 @@ INSTANTIATE_TEST_SUITE_P(Codes, FinalPromotionTest,
                                   ("Code" + std::to_string(std::get<1>(both.param).code));
                          });
 
-using FinalByStudentTest = OneFinalTest<kFinalByStudent>;
+using FinalLoadByStudentTest = OneFinalTest<kFinalByStudent>;
 
-TEST_F(FinalByStudentTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
+TEST_F(FinalLoadByStudentTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
   school_.Sql("DELETE FROM TipoNota WHERE IDTipoNota=51");
   EXPECT_EQ(Shown().Text("lblNotaManual(1)"), "Observación del tutor:");
 }
 
-TEST_F(FinalByStudentTest, TutorSeesAnEmptyObservationAndNobodyThePromotion) {
+TEST_F(FinalLoadByStudentTest, TutorSeesAnEmptyObservationAndNobodyThePromotion) {
   for (const auto& role : {kUnrestricted, kTutor, kTeacher}) {
     const auto form = Shown("", role);
     EXPECT_EQ(form.Visible("fraObservacion(0)"), role.section);
@@ -270,7 +271,7 @@ TEST_F(FinalByStudentTest, TutorSeesAnEmptyObservationAndNobodyThePromotion) {
   }
 }
 
-TEST_F(FinalByStudentTest, StudentsAndSubjectsByTheirOrderWithTheirCourse) {
+TEST_F(FinalLoadByStudentTest, StudentsAndSubjectsByTheirOrderWithTheirCourse) {
   school_.Sql("UPDATE Alumno SET OrdenSeccion=10 WHERE IDAlumno=2");
   const auto form = Shown("pulsar cmdSiguiente\n");
   EXPECT_THAT(
@@ -282,15 +283,15 @@ TEST_F(FinalByStudentTest, StudentsAndSubjectsByTheirOrderWithTheirCourse) {
 }
 
 // The subject is out either way; the student stays by another subject of his.
-TEST_F(FinalByStudentTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
+TEST_F(FinalLoadByStudentTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
   GradeFirst(2, 104);
   GradeFirst(3, 999);
   EXPECT_THAT(Walked(5), ElementsAre("2   Díaz Cano, Marta=1: 2"));
 }
 
-using FinalBySubjectTest = OneFinalTest<kFinalBySubject>;
+using FinalLoadBySubjectTest = OneFinalTest<kFinalBySubject>;
 
-TEST_F(FinalBySubjectTest, RowsAreTheStudentsOfTheSubjectByTheirOrder) {
+TEST_F(FinalLoadBySubjectTest, RowsAreTheStudentsOfTheSubjectByTheirOrder) {
   school_.Sql("UPDATE Alumno SET OrdenSeccion=10 WHERE IDAlumno=2");
   EXPECT_THAT(Cells(), ElementsAre(form_.heading, form_.Row()));
   EXPECT_THAT(
@@ -298,12 +299,12 @@ TEST_F(FinalBySubjectTest, RowsAreTheStudentsOfTheSubjectByTheirOrder) {
       ElementsAre(form_.heading, "2   Díaz Cano, Marta|||||| |1", "10 Ñúñez Sanz, Íñigo|||||| |2"));
 }
 
-TEST_F(FinalBySubjectTest, StudentHasOneRowHoweverManySubjectsHeCarries) {
+TEST_F(FinalLoadBySubjectTest, StudentHasOneRowHoweverManySubjectsHeCarries) {
   school_.Evalua(school_.Pendiente(1, 3113, 3), 4);
   EXPECT_THAT(Cells(), ElementsAre(form_.heading, form_.Row(), "2   Díaz Cano, Marta|||||| |1"));
 }
 
-TEST_F(FinalBySubjectTest, TwoSectionsOfTheSameSubjectAreTwoSubjects) {
+TEST_F(FinalLoadBySubjectTest, TwoSectionsOfTheSameSubjectAreTwoSubjects) {
   school_.Evalua(school_.Pendiente(3, 3121, 2), 4);
   const auto form = Shown("pulsar cmdSiguiente\n");
   EXPECT_THAT(form.Entries("cboMaterias"),
@@ -314,7 +315,7 @@ TEST_F(FinalBySubjectTest, TwoSectionsOfTheSameSubjectAreTwoSubjects) {
               ElementsAre("3111", "3112", "3113", "3121"));
 }
 
-TEST_F(FinalBySubjectTest, ObservationIsNeverFilledAndItsCaptionWaitsForAStudent) {
+TEST_F(FinalLoadBySubjectTest, ObservationIsNeverFilledAndItsCaptionWaitsForAStudent) {
   for (const auto& role : {kUnrestricted, kTutor, kTeacher}) {
     const auto form = Shown("lista rtvNotasAlumno 1 1\n", role);
     EXPECT_EQ(form.Text("lblNotaManual(1)"), form_.observacion);
@@ -326,15 +327,15 @@ TEST_F(FinalBySubjectTest, ObservationIsNeverFilledAndItsCaptionWaitsForAStudent
   EXPECT_EQ(Shown().Text("lblNotaManual(1)"), " al alumno ");
 }
 
-TEST_F(FinalBySubjectTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
+TEST_F(FinalLoadBySubjectTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
   GradeFirst(2, 104);
   GradeFirst(3, 999);
   EXPECT_THAT(Entries(kTutor, 5), ElementsAre("Matemáticas (1º ESO)=1"));
 }
 
-using FinalSectionByStudentTest = OneFinalTest<kFinalSectionByStudent>;
+using FinalLoadSectionByStudentTest = OneFinalTest<kFinalSectionByStudent>;
 
-TEST_F(FinalSectionByStudentTest, TeacherAlsoGetsSubjectsOtherThanTheChosenOneAndSavesThem) {
+TEST_F(FinalLoadSectionByStudentTest, TeacherAlsoGetsSubjectsOtherThanTheChosenOneAndSavesThem) {
   form_ = form_.On(3113);
   Set(2, "CodNota=104");
   const auto result = Play("pulsar cmdSiguiente\nver\npulsar cmdAceptar\n", kTeacher);
@@ -343,7 +344,7 @@ TEST_F(FinalSectionByStudentTest, TeacherAlsoGetsSubjectsOtherThanTheChosenOneAn
   EXPECT_EQ(school_.Stored(2, 4), "104|0|0|-1|-1");
 }
 
-TEST_F(FinalSectionByStudentTest, ObservationIsRebuiltForEachStudentOutOfSight) {
+TEST_F(FinalLoadSectionByStudentTest, ObservationIsRebuiltForEachStudentOutOfSight) {
   for (const auto& role : {kUnrestricted, kTutor}) {
     const auto form = Shown("pulsar cmdSiguiente\n", role);
     EXPECT_THAT(form.Entries("cboObservacion"), ElementsAre(" =0", "Sigue así=501"));
@@ -352,12 +353,12 @@ TEST_F(FinalSectionByStudentTest, ObservationIsRebuiltForEachStudentOutOfSight) 
   }
 }
 
-TEST_F(FinalSectionByStudentTest, WithoutAKindOfObservationTheListIsEmpty) {
+TEST_F(FinalLoadSectionByStudentTest, WithoutAKindOfObservationTheListIsEmpty) {
   school_.Sql("UPDATE TipoNota SET Abreviatura=0 WHERE IDTipoNota=51");
   EXPECT_THAT(Shown().Entries("cboObservacion"), IsEmpty());
 }
 
-class FinalSectionBySubjectTest : public OneFinalTest<kFinalSectionBySubject> {
+class FinalLoadSectionBySubjectTest : public OneFinalTest<kFinalSectionBySubject> {
  protected:
   void ExpectUntouchedObservation(const FormView& form) const {
     EXPECT_THAT(form.Entries("cboObservacion"), IsEmpty());
@@ -366,18 +367,18 @@ class FinalSectionBySubjectTest : public OneFinalTest<kFinalSectionBySubject> {
   }
 };
 
-TEST_F(FinalSectionBySubjectTest, StudentIsTakenWhateverHasBecomeOfHim) {
+TEST_F(FinalLoadSectionBySubjectTest, StudentIsTakenWhateverHasBecomeOfHim) {
   const auto result = PlayBehind(
       "sql \"UPDATE Alumno SET Anticipado=-1, FechaBaja='01/02/2026', codSeccion=331\"\n", "ver\n");
   EXPECT_EQ(FormView(result).Entries("cboMaterias"), form_.Entries());
 }
 
-TEST_F(FinalSectionBySubjectTest, TeacherSeesHisSubjectsAlone) {
+TEST_F(FinalLoadSectionBySubjectTest, TeacherSeesHisSubjectsAlone) {
   EXPECT_THAT(Entries(kTeacher), ElementsAre("Matemáticas (1º ESO)=1"));
 }
 
 // Nobody sees the frame, before, while or after it is rebuilt.
-TEST_F(FinalSectionBySubjectTest, ObservationIsRebuiltAtEachEditOutOfSight) {
+TEST_F(FinalLoadSectionBySubjectTest, ObservationIsRebuiltAtEachEditOutOfSight) {
   for (const auto& role : {kUnrestricted, kTutor}) {
     ExpectUntouchedObservation(Shown("", role));
     for (const auto* const gestures :
@@ -393,20 +394,20 @@ TEST_F(FinalSectionBySubjectTest, ObservationIsRebuiltAtEachEditOutOfSight) {
   }
 }
 
-TEST_F(FinalSectionBySubjectTest, TeacherHasNoObservationRebuilt) {
+TEST_F(FinalLoadSectionBySubjectTest, TeacherHasNoObservationRebuilt) {
   const auto form = Shown("lista rtvNotasAlumno 1 1\n", kTeacher);
   ExpectUntouchedObservation(form);
   EXPECT_FALSE(form.Enabled("cboObservacion"));
 }
 
-TEST_F(FinalSectionBySubjectTest, WithoutAKindOfObservationNothingIsRebuilt) {
+TEST_F(FinalLoadSectionBySubjectTest, WithoutAKindOfObservationNothingIsRebuilt) {
   school_.Sql("UPDATE TipoNota SET Abreviatura=0 WHERE IDTipoNota=51");
   ExpectUntouchedObservation(Shown("lista rtvNotasAlumno 1 1\n"));
 }
 
 // What the start of an edit costs: a statement for the kinds of grade, one for each, the list of
 // the observation, the list of the cell; the last alone for a plain teacher.
-TEST_F(FinalSectionBySubjectTest, EditCostsATutorTheObservation) {
+TEST_F(FinalLoadSectionBySubjectTest, EditCostsATutorTheObservation) {
   const auto cost = [this](const Role& role) {
     return Traffic(Play("lista rtvNotasAlumno 1 1\n", role).After("lista rtvNotasAlumno 1 1"))
         .size();
@@ -415,7 +416,7 @@ TEST_F(FinalSectionBySubjectTest, EditCostsATutorTheObservation) {
   EXPECT_EQ(cost(kTeacher), 1U);
 }
 
-TEST_F(FinalSectionBySubjectTest, ExceptionalGradesAreOfferedInTheCellsAlone) {
+TEST_F(FinalLoadSectionBySubjectTest, ExceptionalGradesAreOfferedInTheCellsAlone) {
   school_.Sql(
       "DELETE FROM Nota WHERE CodTipoNota=11 AND IDNota<>104;"
       "UPDATE Nota SET NotaExcepcional=-1 WHERE IDNota IN (104,501)");

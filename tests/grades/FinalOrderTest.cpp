@@ -220,12 +220,12 @@ INSTANTIATE_TEST_SUITE_P(Sessions, FinalOrderTest,
                                    EngineName(std::get<1>(both.param)));
                          });
 
-class FinalNobodyTest : public ::testing::TestWithParam<std::tuple<FinalForm, bool>> {};
+class FinalOrderNobodyTest : public ::testing::TestWithParam<std::tuple<FinalForm, bool>> {};
 
 // A user without staff who chose as the unrestricted one before his profile changed: the only way
 // to get this far. A chosen student is found all the same, but none of his subjects; the course is
 // read in any case.
-TEST_P(FinalNobodyTest, OfTheStaffGetsNothing) {
+TEST_P(FinalOrderNobodyTest, OfTheStaffGetsNothing) {
   const auto& [form, sqlServer] = GetParam();
   const FinalSchool school;
   if (sqlServer) school.FlagsOfSqlServer();
@@ -246,7 +246,7 @@ TEST_P(FinalNobodyTest, OfTheStaffGetsNothing) {
   EXPECT_THAT(result.Of("mensaje"), ElementsAre(form.NothingMessage()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, FinalNobodyTest,
+INSTANTIATE_TEST_SUITE_P(Forms, FinalOrderNobodyTest,
                          ::testing::Combine(::testing::ValuesIn(FinalForms()), ::testing::Bool()),
                          [](const auto& both) {
                            return std::get<0>(both.param).name +

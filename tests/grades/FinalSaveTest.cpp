@@ -24,10 +24,10 @@ struct Transition {
 
 void PrintTo(const Transition& transition, std::ostream* out) { *out << transition.name; }
 
-class FinalMarkTest : public FinalTest,
-                      public ::testing::WithParamInterface<std::tuple<FinalForm, Transition>> {
+class FinalSaveMarkTest : public FinalTest,
+                          public ::testing::WithParamInterface<std::tuple<FinalForm, Transition>> {
  protected:
-  FinalMarkTest() : FinalTest(std::get<0>(GetParam())) {}
+  FinalSaveMarkTest() : FinalTest(std::get<0>(GetParam())) {}
 
   std::string SetRow(int evaluacion, int nota, bool marked) const {
     return "UPDATE EvaluacionActaPte SET CodNota=" + std::to_string(nota) +
@@ -39,7 +39,7 @@ class FinalMarkTest : public FinalTest,
 
 // The second final offers a subject only while the first has failed it: what the first has in the
 // end, the table sets when the dialog stands open.
-TEST_P(FinalMarkTest, Moves) {
+TEST_P(FinalSaveMarkTest, Moves) {
   const auto& transition = std::get<1>(GetParam());
   school_.Sql(SetRow(4, 103, false));
   school_.Sql(SetRow(5, transition.second, transition.marked == 5));
@@ -56,7 +56,7 @@ TEST_P(FinalMarkTest, Moves) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Transitions, FinalMarkTest,
+    Transitions, FinalSaveMarkTest,
     ::testing::Combine(
         ::testing::ValuesIn(FinalForms()),
         ::testing::Values(Transition{"FirstGradedWithoutMark", 4, "7", 0, 0, 0, 4},
