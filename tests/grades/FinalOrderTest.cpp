@@ -4,7 +4,6 @@
 
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
-#include "tests/grades/OrdinaryStatements.h"
 #include "tests/support/Matchers.h"
 
 // The whole order of the statements of a session of each final dialog, from step one to the last
