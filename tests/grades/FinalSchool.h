@@ -3,7 +3,6 @@
 #include <string>
 
 #include "tests/grades/Roles.h"
-#include "tests/grades/Statements.h"
 #include "tests/support/ScriptRun.h"
 #include "tests/support/SmallSchool.h"
 
@@ -31,10 +30,5 @@ class FinalSchool : public SmallSchool {
   /// Takes back what a form that was left open holds.
   void DropPublications() const;
 };
-
-/// By student: opens step one, chooses section 321 and that evaluation and goes on.
-std::string OpenFinal(int evaluacion = 4);
-/// By section and subject: the same with a subject.
-std::string OpenSectionFinal(int evaluacion = 4, int matDet = 3111);
 
 }  // namespace quorvane::test
