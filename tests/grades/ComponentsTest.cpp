@@ -1,8 +1,8 @@
 #include "frame/cConfiguracion.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/Anchos.h"
-#include "grades/grid/CeldaNotas.h"
 #include "grades/grid/NotasTutor.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/saving/Intentos.h"
 #include "platform/RuntimeError.h"
@@ -140,71 +140,31 @@ TEST_F(GridOnAFormTest, ColumnBeyondTheGridEndsTheCopyAndIsAnErrorWhenGivenBack)
   EXPECT_THAT(Widths(), ElementsAre(500, 500, 500, 500));
 }
 
-class CellStatementTest : public ::testing::TestWithParam<bool> {
+class ObservationStatementTest : public ::testing::TestWithParam<bool> {
  public:
-  CellStatementTest() { cConfiguracion::Instancia().SQLServer = GetParam(); }
-  ~CellStatementTest() override { cConfiguracion::Instancia().SQLServer = false; }
-  CellStatementTest(const CellStatementTest&) = delete;
-  CellStatementTest& operator=(const CellStatementTest&) = delete;
-  CellStatementTest(CellStatementTest&&) = delete;
-  CellStatementTest& operator=(CellStatementTest&&) = delete;
+  ObservationStatementTest() { cConfiguracion::Instancia().SQLServer = GetParam(); }
+  ~ObservationStatementTest() override { cConfiguracion::Instancia().SQLServer = false; }
+  ObservationStatementTest(const ObservationStatementTest&) = delete;
+  ObservationStatementTest& operator=(const ObservationStatementTest&) = delete;
+  ObservationStatementTest(ObservationStatementTest&&) = delete;
+  ObservationStatementTest& operator=(ObservationStatementTest&&) = delete;
 
  protected:
   const DatosPasoUno chosen_{11, 22, 33, 44, 5, false};
-  const std::string true_ = GetParam() ? "1" : "-1";
-};
-
-TEST_P(CellStatement, OfASubjectAndOfAnObjective) {
-  cMateria subject;
-  subject.IDMatDetalle = 66;
-  subject.IDProfesor = 7;
-  subject.IDProfesorAsociado = 8;
-  for (const bool objective : {false, true}) {
-    EXPECT_EQ(
-        SentenciaCelda(chosen_, 2, subject, objective),
-        std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND ") +
-            kScope +
-            " AND (CodMateria=0 OR CodMateria=66) AND (CodPersonal=0 OR CodPersonal=7 OR "
-            "CodPersonal=8) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE "
-            "Orden=2 AND Materia=" +
-            (objective ? "0" : true_) + " AND Observacion=" + (objective ? true_ : "0") +
-            " AND Evaluacion=" + true_ +
-            " AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE " + kSystems);
-  const Seleccion chosen_{11, 22, 33, 44, 5, false};
   const int true_ = GetParam() ? 1 : -1;
 };
 
-TEST_P(CellStatementTest, OfASubjectAndOfAnObjective) {
-  for (const bool objective : {false, true}) {
-    CondicionesNota conditions;
-    conditions.materiaYProfesor = DeMateriaYProfesores("66", 7, 8);
-    conditions.tipoNota = TipoNotaDeCelda(2, objective);
-    EXPECT_EQ("sql centro " + SentenciaNotas(chosen_, conditions),
-              Sql(expected::kCellList, {33, 22, 44, 66, 7, 8, 2, objective ? 0 : true_,
-                                        objective ? true_ : 0, true_, 11}));
-  }
-}
-
-TEST_P(CellStatementTest, WithoutTheExceptionalOnesAndForAKindOfSubject) {
-  CondicionesNota conditions;
-  conditions.sinExcepcionales = false;
-  conditions.materiaYProfesor = DeMateriaYProfesores("66", 0, 0);
-  conditions.tipoNota = "Orden=1 AND Materia=" + std::to_string(true_) + " AND Observacion=0";
-  conditions.clase = "CodEspecificarTipoMateria=4 AND ";
-  EXPECT_EQ("sql centro " + SentenciaNotas(chosen_, conditions),
-            Sql(expected::kCellListOfKind, {33, 22, 44, 66, 0, 0, 1, true_, 4, 11}));
-}
-
-TEST_P(CellStatementTest, OfTheObservation) {
+TEST_P(ObservationStatementTest, WithAndWithoutTheExceptionalOnes) {
   for (const bool without : {false, true})
     EXPECT_EQ("sql centro " + SentenciaObservaciones(chosen_, without),
               Sql(without ? expected::kPlainObservations : expected::kObservations,
                   {33, 22, 44, true_, 11}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CellStatementTest, ::testing::Bool(), [](const auto& engine) {
-  return engine.param ? "SqlServer" : "FileDatabase";
-});
+INSTANTIATE_TEST_SUITE_P(Engines, ObservationStatementTest, ::testing::Bool(),
+                         [](const auto& engine) {
+                           return engine.param ? "SqlServer" : "FileDatabase";
+                         });
 
 }  // namespace
 }  // namespace quorvane::test

@@ -12,7 +12,7 @@
 namespace quorvane::test {
 namespace {
 
-class WhileReading : public HandedOver {
+class WhileReadingTest : public HandedOver {
  protected:
   /// The pointer while the evaluations are read, as the form loads; none when they aren't.
   template <class F>
@@ -28,7 +28,7 @@ class WhileReading : public HandedOver {
   }
 };
 
-TEST_F(WhileReading, AnHourglassStandsUntilTheLastListIsFull) {
+TEST_F(WhileReadingTest, AnHourglassStandsUntilTheLastListIsFull) {
   EXPECT_EQ(PointerOverEvaluations<frmNotaManual1>(), Pointer::Hourglass);
   EXPECT_EQ(PointerOverEvaluations<frmNotaMateria1>(), Pointer::Hourglass);
   EXPECT_EQ(PointerOverEvaluations<frmNotaSeccionAlumno1>(), Pointer::Hourglass);
@@ -36,7 +36,7 @@ TEST_F(WhileReading, AnHourglassStandsUntilTheLastListIsFull) {
   EXPECT_EQ(hands.pointers.back(), Pointer::Default);
 }
 
-TEST_F(WhileReading, BySubjectTheButtonIsClosedBehindTheEvaluationsOfANewSection) {
+TEST_F(WhileReadingTest, BySubjectTheButtonIsClosedBehindTheEvaluationsOfANewSection) {
   auto& form = FormInstance<frmNotaMateria1>::Get();
   form.ShowModal();
   SelectSection(form, 1);
