@@ -142,7 +142,7 @@ TEST_F(DemoSchoolTest, TheGridsHaveColumns) {
   EXPECT_THAT(columns(4), ElementsAre("Nota", "Observación"));
 }
 
-TEST(DemoSchool, IsTheSameEachTime) {
+TEST(NewDemoSchoolTest, IsTheSameEachTime) {
   OpenSchool one([](Connection& school) { DemoSchool(school).Build(); });
   OpenSchool other([](Connection& school) { DemoSchool(school).Build(); });
   for (const auto* table : {"Alumno", "AlumnoPte_MatDet", "EvaluacionPte", "Nota"})

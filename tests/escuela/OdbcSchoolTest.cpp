@@ -21,7 +21,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-class OdbcSchool : public testing::Test {
+class OdbcSchoolTest : public testing::Test {
  protected:
   /// Runs the program; what it printed.
   std::string Escuela(const std::string& arguments) {
@@ -50,7 +50,7 @@ class OdbcSchool : public testing::Test {
   int status = -1;
 };
 
-TEST_F(OdbcSchool, IsMadeInADatabaseThatIsThere) {
+TEST_F(OdbcSchoolTest, IsMadeInADatabaseThatIsThere) {
   EXPECT_THAT(Escuela("crear " + given), HasSubstr("No se puede conectar"));
   EXPECT_EQ(status, 1);
   EmptyDatabase();
@@ -60,7 +60,7 @@ TEST_F(OdbcSchool, IsMadeInADatabaseThatIsThere) {
   EXPECT_EQ(Escuela("comprobar " + given), "Apta para el módulo, sin avisos\n");
 }
 
-TEST_F(OdbcSchool, IsTheSameAsInAFile) {
+TEST_F(OdbcSchoolTest, IsTheSameAsInAFile) {
   EmptyDatabase();
   const auto file = folder / "fichero.sqlite";
   for (const std::string order : {"demo", "generar --alumnos 30 --semilla 7"}) {
@@ -83,7 +83,7 @@ TEST_F(OdbcSchool, IsTheSameAsInAFile) {
   }
 }
 
-TEST_F(OdbcSchool, IsNeverWrittenOver) {
+TEST_F(OdbcSchoolTest, IsNeverWrittenOver) {
   {
     sqlite::SqliteConnection database(path, "", sqlite::OpenMode::Create);
     database.Open();
@@ -98,7 +98,7 @@ TEST_F(OdbcSchool, IsNeverWrittenOver) {
   EXPECT_EQ(Tables(), 1);
 }
 
-TEST_F(OdbcSchool, LeavesNothingWhenItsMakingFails) {
+TEST_F(OdbcSchoolTest, LeavesNothingWhenItsMakingFails) {
   EmptyDatabase();
   try {
     MakeSchool(SchoolAddress::Odbc(string), [](Connection& school) {
@@ -116,7 +116,7 @@ TEST_F(OdbcSchool, LeavesNothingWhenItsMakingFails) {
   EXPECT_GT(Tables(), 20);
 }
 
-TEST_F(OdbcSchool, ShowsAndRemovesItsLocks) {
+TEST_F(OdbcSchoolTest, ShowsAndRemovesItsLocks) {
   EmptyDatabase();
   Escuela("demo " + given);
   EXPECT_THAT(Escuela("bloqueos " + given), StartsWith("Publicación 1: usuario 2"));
@@ -126,7 +126,7 @@ TEST_F(OdbcSchool, ShowsAndRemovesItsLocks) {
   EXPECT_EQ(Escuela("bloqueos " + given), "No hay publicaciones ni bloqueos\n");
 }
 
-TEST_F(OdbcSchool, WithoutItsTablesIsNone) {
+TEST_F(OdbcSchoolTest, WithoutItsTablesIsNone) {
   EmptyDatabase();
   EXPECT_EQ(Escuela("comprobar " + given),
             "La base de datos no es una escuela: no tiene ninguna de sus tablas\nNo apta para el "
@@ -135,7 +135,7 @@ TEST_F(OdbcSchool, WithoutItsTablesIsNone) {
   EXPECT_THAT(Escuela("bloqueos " + given), HasSubstr("no es una escuela"));
 }
 
-TEST_F(OdbcSchool, StandsInTheFilesPlaceAndNotBesideIt) {
+TEST_F(OdbcSchoolTest, StandsInTheFilesPlaceAndNotBesideIt) {
   for (const auto& arguments : {std::string("crear"), "crear a " + given, "demo b " + given}) {
     EXPECT_THAT(Escuela(arguments), HasSubstr("FICHERO"));
     EXPECT_EQ(status, 2) << arguments;

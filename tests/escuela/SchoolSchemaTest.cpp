@@ -22,7 +22,7 @@ std::vector<std::string> Names(const SchemaTable& table) {
   return names;
 }
 
-TEST(SchoolSchema, TheDescriptionIsWhatTheFileDatabaseHas) {
+TEST(SchoolSchemaTest, TheDescriptionIsWhatTheFileDatabaseHas) {
   const TempFolder folder;
   sqlite::SqliteConnection school(folder / "a.sqlite", "", sqlite::OpenMode::Create);
   school.Open();
@@ -34,7 +34,7 @@ TEST(SchoolSchema, TheDescriptionIsWhatTheFileDatabaseHas) {
   EXPECT_EQ(school.Execute("SELECT name FROM sqlite_master WHERE type='table'").RecordCount(), 29U);
 }
 
-TEST(SchoolSchema, BothEnginesGetTheSameTablesAndIndexes) {
+TEST(SchoolSchemaTest, BothEnginesGetTheSameTablesAndIndexes) {
   const auto head = [](const std::string& statement) {
     return statement.substr(0, statement.find('\n'));
   };
@@ -44,13 +44,13 @@ TEST(SchoolSchema, BothEnginesGetTheSameTablesAndIndexes) {
   for (std::size_t i = 0; i < sqlite.size(); ++i) EXPECT_EQ(head(sqlite[i]), head(server[i]));
 }
 
-TEST(SchoolSchema, OnlyPrimaryKeysAreUnique) {
+TEST(SchoolSchemaTest, OnlyPrimaryKeysAreUnique) {
   for (const auto text : {SqliteSchema(), SqlServerSchema()})
     for (const auto* word : {"UNIQUE", "REFERENCES", "FOREIGN"})
       EXPECT_EQ(text.find(word), std::string_view::npos) << word;
 }
 
-TEST(SchoolSchema, TellsKeysFlagsTextsAndPlaces) {
+TEST(SchoolSchemaTest, TellsKeysFlagsTextsAndPlaces) {
   const auto& pending = Table("AlumnoPte_MatDet");
   EXPECT_TRUE(pending.byPosition);
   EXPECT_TRUE(pending.columns[0].key);
@@ -71,7 +71,7 @@ TEST(SchoolSchema, TellsKeysFlagsTextsAndPlaces) {
   for (const auto& column : Table("BloqueoPte").columns) EXPECT_FALSE(column.key);
 }
 
-TEST(SchoolSchema, ThePublicationNamesItsConstantAsTheSection) {
+TEST(SchoolSchemaTest, ThePublicationNamesItsConstantAsTheSection) {
   EXPECT_THAT(Names(Table("PublicacionPte")),
               testing::ElementsAre("IDPublicacionPte", "CodProfesor", "CodPropietario",
                                    "CodSeccion", "CodNumEvaluacion"));

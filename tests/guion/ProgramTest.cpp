@@ -30,7 +30,7 @@ Ended Program(const std::string& arguments) {
   return ended;
 }
 
-class TheProgram : public testing::Test {
+class ProgramTest : public testing::Test {
  protected:
   /// A file of that content that goes with the test.
   std::string File(const std::string& content) {
@@ -51,14 +51,14 @@ class TheProgram : public testing::Test {
   std::vector<std::string> files_;
 };
 
-TEST_F(TheProgram, PlaysAFile) {
+TEST_F(ProgramTest, PlaysAFile) {
   const auto ended = Program("--bd " + school.Path() + " " + File("nodo 11 # nada\nver\n"));
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.printed,
             "> nodo 11\nvuelve 11\n> ver\nrechazo ver: no hay ningún formulario abierto\n");
 }
 
-TEST_F(TheProgram, PlaysStandardInputAsItIsWritten) {
+TEST_F(ProgramTest, PlaysStandardInputAsItIsWritten) {
   // The second line is written only when the first has been played.
   const auto out = File("");
   const auto pipe = out + ".pipe";
@@ -71,32 +71,32 @@ TEST_F(TheProgram, PlaysStandardInputAsItIsWritten) {
   EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
 }
 
-TEST_F(TheProgram, AMistakeInStandardInputEndsItThere) {
+TEST_F(ProgramTest, AMistakeInStandardInputEndsItThere) {
   const auto ended =
       Program("--bd " + school.Path() + " < " + File("nodo 11\n\nbailar\nnodo 12\n"));
   EXPECT_EQ(ended.status, 2);
   EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
 }
 
-TEST_F(TheProgram, PlaysStandardInput) {
+TEST_F(ProgramTest, PlaysStandardInput) {
   const auto ended = Program("--bd " + school.Path() + " < " + File("nodo 0\n"));
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.printed, "> nodo 0\nvuelve 0\n");
 }
 
-TEST_F(TheProgram, EndsWithOneAfterAnError) {
+TEST_F(ProgramTest, EndsWithOneAfterAnError) {
   const auto ended = Program("--bd " + school.Path() + " " + File("nodo 256\nnodo 11\n"));
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.printed, "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
 }
 
-TEST_F(TheProgram, EndsWithOneWhenTheSessionDoesntFitItsFields) {
+TEST_F(ProgramTest, EndsWithOneWhenTheSessionDoesntFitItsFields) {
   const auto ended = Program("--bd " + school.Path() + " --usuario 70000");
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.printed, "error 6 Desbordamiento\n");
 }
 
-TEST_F(TheProgram, AScriptWithAMistakePlaysNothing) {
+TEST_F(ProgramTest, AScriptWithAMistakePlaysNothing) {
   const auto script = File("sql \"INSERT INTO Usuario (IDUsuario) VALUES (1)\"\n\nabrir\n");
   const auto ended = Program("--bd " + school.Path() + " " + script);
   EXPECT_EQ(ended.status, 2);
@@ -104,7 +104,7 @@ TEST_F(TheProgram, AScriptWithAMistakePlaysNothing) {
   EXPECT_TRUE(school.Rows("SELECT IDUsuario FROM Usuario").empty());
 }
 
-TEST_F(TheProgram, HelpIsNoMistake) {
+TEST_F(ProgramTest, HelpIsNoMistake) {
   const auto ended = Program("--help");
   EXPECT_EQ(ended.status, 0);
   for (const auto* option : {"--bd", "--odbc", "--entrada", "--usuario", "--perfil", "--centro",
@@ -112,7 +112,7 @@ TEST_F(TheProgram, HelpIsNoMistake) {
     EXPECT_NE(ended.printed.find(option), std::string::npos) << option;
 }
 
-TEST_F(TheProgram, BadArgumentsEndWithTwo) {
+TEST_F(ProgramTest, BadArgumentsEndWithTwo) {
   const auto bd = "--bd " + school.Path();
   EXPECT_EQ(Program("").printed,
             "Indique el centro con --bd o con --odbc, y solo con uno\n"
@@ -122,7 +122,7 @@ TEST_F(TheProgram, BadArgumentsEndWithTwo) {
     EXPECT_EQ(Program(arguments).status, 2) << arguments;
 }
 
-TEST_F(TheProgram, AScriptThatCantBeReadEndsWithTwo) {
+TEST_F(ProgramTest, AScriptThatCantBeReadEndsWithTwo) {
   for (const auto* script : {"/no/hay/tal.guion", "/"}) {
     const auto ended = Program("--bd " + school.Path() + " " + script);
     EXPECT_EQ(ended.status, 2);
@@ -130,7 +130,7 @@ TEST_F(TheProgram, AScriptThatCantBeReadEndsWithTwo) {
   }
 }
 
-TEST_F(TheProgram, AFileThatIsNoSchoolEndsWithTwo) {
+TEST_F(ProgramTest, AFileThatIsNoSchoolEndsWithTwo) {
   const auto empty = File("");
   const auto foreign = File("esto no es una base de datos, ni lo ha sido nunca en su vida");
   const auto refused = [](const std::string& file, const std::string& reason) {
@@ -149,13 +149,13 @@ TEST_F(TheProgram, AFileThatIsNoSchoolEndsWithTwo) {
   refused(school.Path(), "no es de ningún centro");
 }
 
-TEST_F(TheProgram, TheDatabaseWithUsuarioMayBeAnother) {
+TEST_F(ProgramTest, TheDatabaseWithUsuarioMayBeAnother) {
   TestSchool other;
   EXPECT_EQ(Program("--bd " + school.Path() + " --entrada " + other.Path()).status, 0);
   EXPECT_EQ(Program("--bd " + school.Path() + " --entrada /no/hay/tal.sqlite").status, 2);
 }
 
-TEST_F(TheProgram, PlaysThroughAnOdbcDriver) {
+TEST_F(ProgramTest, PlaysThroughAnOdbcDriver) {
   const auto script = File("sql \"SELECT COUNT(*) FROM Alumno\"\nnodo 123\ncerrar\n");
   const auto byFile = Program("--bd " + school.Path() + " " + script);
   const auto byDriver = Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script);
@@ -163,7 +163,7 @@ TEST_F(TheProgram, PlaysThroughAnOdbcDriver) {
   EXPECT_EQ(byDriver.printed, byFile.printed);
 }
 
-TEST_F(TheProgram, TakesTheUsersFromAnotherConnectionString) {
+TEST_F(ProgramTest, TakesTheUsersFromAnotherConnectionString) {
   const auto string = "'Driver=SQLite3;Database=" + school.Path() + "'";
   for (const auto& entrada : {string, school.Path()})
     EXPECT_EQ(
@@ -173,7 +173,7 @@ TEST_F(TheProgram, TakesTheUsersFromAnotherConnectionString) {
   EXPECT_NE(ended.printed.find("No se puede conectar"), std::string::npos) << ended.printed;
 }
 
-TEST_F(TheProgram, TellsADriverThatIsNotThereWithoutThePassword) {
+TEST_F(ProgramTest, TellsADriverThatIsNotThereWithoutThePassword) {
   const auto ended = Program("--odbc 'DSN=no_hay_tal;PWD=secreto'");
   EXPECT_EQ(ended.status, 2);
   EXPECT_NE(ended.printed.find("No se puede conectar con la base de datos: [IM002] "),
@@ -182,7 +182,7 @@ TEST_F(TheProgram, TellsADriverThatIsNotThereWithoutThePassword) {
   EXPECT_EQ(ended.printed.find("secreto"), std::string::npos) << ended.printed;
 }
 
-TEST_F(TheProgram, SqlPrintsRowsOfEveryKind) {
+TEST_F(ProgramTest, SqlPrintsRowsOfEveryKind) {
   const auto ended = Program("--bd " + school.Path() + " " +
                              File("sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
                                   "sql \"SELECT 1 WHERE 1=0\"\nsql \"SELEC\"\n"));
@@ -195,7 +195,7 @@ TEST_F(TheProgram, SqlPrintsRowsOfEveryKind) {
   EXPECT_EQ(ended.status, 0);
 }
 
-TEST(ScriptResultOfARun, PicksLinesByTheirWord) {
+TEST(ScriptResultTest, PicksLinesByTheirWord) {
   ScriptResult result;
   result.lines = {"> ver",           "sql centro UNO", "> nodo 1",        "pitido",
                   "sql borrado DOS", "> nodo 1",       "sql centro TRES", "error 6 x"};
@@ -207,7 +207,7 @@ TEST(ScriptResultOfARun, PicksLinesByTheirWord) {
   EXPECT_TRUE(result.After("cerrar").empty());
 }
 
-TEST(ASchoolForTests, HasAllTablesAndNoRowsAndGoesWithTheObject) {
+TEST(TestSchoolTest, HasAllTablesAndNoRowsAndGoesWithTheObject) {
   std::string path;
   {
     const TestSchool school;

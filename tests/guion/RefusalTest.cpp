@@ -4,9 +4,9 @@
 namespace quorvane::test {
 namespace {
 
-class Refused : public GuionTest {};
+class RefusalTest : public GuionTest {};
 
-TEST_F(Refused, WithoutAForm) {
+TEST_F(RefusalTest, WithoutAForm) {
   for (const auto* command :
        {"elegir cboCurso #0", "marcar chkVer 1", "pulsar cmdAceptar", "doble lstAlumnos",
         "fila msgFilas 1", "editar rtvNotas 1 1 nada", "lista rtvNotas 1 1", "pestana tabFichas 1",
@@ -17,22 +17,22 @@ TEST_F(Refused, WithoutAForm) {
   }
 }
 
-TEST_F(Refused, ANodeWhileAFormIsOpen) {
+TEST_F(RefusalTest, ANodeWhileAFormIsOpen) {
   EXPECT_EQ(PlayIn("nodo 11"), Lines{"rechazo nodo 11: ya hay un formulario abierto"});
 }
 
-TEST_F(Refused, AControlThatIsntThere) {
+TEST_F(RefusalTest, AControlThatIsntThere) {
   EXPECT_EQ(PlayIn("pulsar cmdNadie"),
             Lines{"rechazo pulsar cmdNadie: frmPrueba no tiene ningún control cmdNadie"});
 }
 
-TEST_F(Refused, AControlOnAHiddenOrDisabledFrame) {
+TEST_F(RefusalTest, AControlOnAHiddenOrDisabledFrame) {
   EXPECT_EQ(PlayIn("pulsar cmdOculto"), Lines{"rechazo pulsar cmdOculto: cmdOculto está oculto"});
   EXPECT_EQ(PlayIn("pulsar cmdInactivo"),
             Lines{"rechazo pulsar cmdInactivo: cmdInactivo está deshabilitado"});
 }
 
-TEST_F(Refused, AHiddenOrDisabledControl) {
+TEST_F(RefusalTest, AHiddenOrDisabledControl) {
   frmPrueba::alPulsar = [] {
     auto& form = FormInstance<frmPrueba>::Get();
     form.cmdAceptar.Enabled(false);
@@ -44,7 +44,7 @@ TEST_F(Refused, AHiddenOrDisabledControl) {
              "rechazo elegir cboCurso #0: cboCurso está oculto", "sql centro suceso KeyDown 13"}));
 }
 
-TEST_F(Refused, EverythingOnADisabledFormButToLook) {
+TEST_F(RefusalTest, EverythingOnADisabledFormButToLook) {
   frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().Enabled(false); };
   const auto lines = PlayIn("pulsar cmdAccion\ncerrar\npulsar cmdAceptar\nver");
   ASSERT_EQ(lines.size(), 3U);
@@ -53,7 +53,7 @@ TEST_F(Refused, EverythingOnADisabledFormButToLook) {
   EXPECT_TRUE(lines[2].starts_with("ver {"));
 }
 
-TEST_F(Refused, AControlOfAnotherKind) {
+TEST_F(RefusalTest, AControlOfAnotherKind) {
   EXPECT_EQ(PlayIn("elegir cmdAceptar #0"),
             Lines{"rechazo elegir cmdAceptar #0: cmdAceptar no es una lista"});
   EXPECT_EQ(PlayIn("marcar cmdAceptar 1"),
@@ -70,7 +70,7 @@ TEST_F(Refused, AControlOfAnotherKind) {
             Lines{"rechazo doble cboCurso: cboCurso no responde al doble clic"});
 }
 
-TEST_F(Refused, AnEntryThatIsntThere) {
+TEST_F(RefusalTest, AnEntryThatIsntThere) {
   for (const auto* entry : {"#3", "#-1", "=40", "\"2º ESO\"", "\"\"", "nada"}) {
     const auto lines = PlayIn("elegir cboCurso " + std::string(entry));
     ASSERT_EQ(lines.size(), 1U) << entry;
@@ -80,7 +80,7 @@ TEST_F(Refused, AnEntryThatIsntThere) {
   }
 }
 
-TEST_F(Refused, ADoubleClickOnNothing) {
+TEST_F(RefusalTest, ADoubleClickOnNothing) {
   EXPECT_EQ(PlayIn("doble lstAlumnos"),
             Lines{"rechazo doble lstAlumnos: no hay ninguna entrada elegida"});
   frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().msgFilas.Rows(0); };
@@ -88,7 +88,7 @@ TEST_F(Refused, ADoubleClickOnNothing) {
             Lines{"rechazo doble msgFilas: no hay ninguna fila"});
 }
 
-TEST_F(Refused, CellsThatNobodySees) {
+TEST_F(RefusalTest, CellsThatNobodySees) {
   EXPECT_EQ(PlayIn("fila msgFilas 3"), Lines{"rechazo fila msgFilas 3: no hay ninguna fila 3"});
   EXPECT_EQ(PlayIn("fila msgFilas -1"), Lines{"rechazo fila msgFilas -1: no hay ninguna fila -1"});
   EXPECT_EQ(PlayIn("fila msgFilas 0"), Lines{"rechazo fila msgFilas 0: la fila 0 es fija"});
@@ -103,19 +103,19 @@ TEST_F(Refused, CellsThatNobodySees) {
             Lines{"rechazo editar rtvNotas 1 3 nada: no hay ninguna columna 3"});
 }
 
-TEST_F(Refused, ATabThatIsntThere) {
+TEST_F(RefusalTest, ATabThatIsntThere) {
   EXPECT_EQ(PlayIn("pestana tabFichas 0"),
             Lines{"rechazo pestana tabFichas 0: no hay ninguna pestaña 0"});
   EXPECT_EQ(PlayIn("pestana tabFichas 3"),
             Lines{"rechazo pestana tabFichas 3: no hay ninguna pestaña 3"});
 }
 
-TEST_F(Refused, AWindowBelowNothing) {
+TEST_F(RefusalTest, AWindowBelowNothing) {
   EXPECT_EQ(PlayIn("tamano -1 100"),
             Lines{"rechazo tamano -1 100: una ventana no puede medir menos que nada"});
 }
 
-TEST_F(Refused, WhatIsLeftOfATextWhenTheBoxGoes) {
+TEST_F(RefusalTest, WhatIsLeftOfATextWhenTheBoxGoes) {
   frmPrueba::alPulsar = [] {
     auto& form = FormInstance<frmPrueba>::Get();
     form.txtNombre.Change = [&form] { form.txtNombre.Enabled(false); };
@@ -124,7 +124,7 @@ TEST_F(Refused, WhatIsLeftOfATextWhenTheBoxGoes) {
             Lines{"rechazo escribir txtNombre ab: ya no se puede seguir escribiendo"});
 }
 
-TEST_F(Refused, AnEditWhoseGridGoesAtItsBeginning) {
+TEST_F(RefusalTest, AnEditWhoseGridGoesAtItsBeginning) {
   frmPrueba::alPulsar = [] {
     auto& form = FormInstance<frmPrueba>::Get();
     form.rtvNotas.InicioEdicion = [&form] { form.rtvNotas.Visible(false); };

@@ -44,20 +44,20 @@ std::string ErrorOf(const std::function<void()>& action) {
 
 void Demo(Connection& school) { DemoSchool(school).Build(); }
 
-class SqlServer : public testing::Test {
+class SqlServerTest : public testing::Test {
  protected:
   TdsServer server;
   OdbcConnection con{server.String(), ""};
 };
 
-TEST_F(SqlServer, IsWhatTheDriverNames) {
+TEST_F(SqlServerTest, IsWhatTheDriverNames) {
   con.Open();
   EXPECT_TRUE(con.EngineIsSqlServer());
   EXPECT_FALSE(con.EngineIsSqlite());
   EXPECT_EQ(con.DataSource(), "127.0.0.1");
 }
 
-TEST_F(SqlServer, ValuesOfEveryType) {
+TEST_F(SqlServerTest, ValuesOfEveryType) {
   con.Open();
   auto rows = con.Execute("EXEC tipos");
   EXPECT_EQ(rows.RecordCount(), 3U);
@@ -85,7 +85,7 @@ TEST_F(SqlServer, ValuesOfEveryType) {
   EXPECT_EQ(rows.Fields("decimal").Long(), 700);
 }
 
-TEST_F(SqlServer, ATextReachesItUnchanged) {
+TEST_F(SqlServerTest, ATextReachesItUnchanged) {
   con.Open();
   std::string longest = "SELECT '";
   for (auto i = 0; i < 20000; ++i) longest += "ñ€";
@@ -101,7 +101,7 @@ TEST_F(SqlServer, ATextReachesItUnchanged) {
   EXPECT_THAT(RunRows(con, statements[1]), ElementsAre("Ωμέγα Дмитрий שלום 你好 😀🇪🇸"));
 }
 
-TEST_F(SqlServer, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
+TEST_F(SqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
   con.Open();
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
   EXPECT_EQ(ErrorOf([&] { con.Execute("EXEC falla"); }),
@@ -110,7 +110,7 @@ TEST_F(SqlServer, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
 }
 
-TEST_F(SqlServer, AFailureTellsStateTextAndNumber) {
+TEST_F(SqlServerTest, AFailureTellsStateTextAndNumber) {
   con.Open();
   EXPECT_EQ(ErrorOf([&] { con.Execute("SELECT * FROM Nada"); }),
             "[42S02] Invalid object name 'Nada'. (208)");
@@ -121,7 +121,7 @@ TEST_F(SqlServer, AFailureTellsStateTextAndNumber) {
               AllOf(StartsWith("[23000] "), HasSubstr("(2627)")));
 }
 
-TEST_F(SqlServer, AWrongPasswordIsToldWithoutIt) {
+TEST_F(SqlServerTest, AWrongPasswordIsToldWithoutIt) {
   OdbcConnection other(server.String("equivocada"), "");
   EXPECT_THAT(
       ErrorOf([&] { other.Open(); }),
@@ -130,7 +130,7 @@ TEST_F(SqlServer, AWrongPasswordIsToldWithoutIt) {
   EXPECT_FALSE(other.IsOpen());
 }
 
-TEST_F(SqlServer, ALostConnectionIsToldAndClosed) {
+TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
   con.Open();
   con.Execute("SELECT 1");
   server.Kill();
@@ -146,7 +146,7 @@ TEST_F(SqlServer, ALostConnectionIsToldAndClosed) {
   EXPECT_THAT(ErrorOf([&] { con.Open(); }), StartsWith("No se puede conectar"));
 }
 
-TEST_F(SqlServer, TakesASchoolAndKeepsIt) {
+TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
   const auto address = SchoolAddress::Odbc(server.String());
   MakeSchool(address, Demo);
   const auto school = address.Open("");
@@ -158,7 +158,7 @@ TEST_F(SqlServer, TakesASchoolAndKeepsIt) {
   EXPECT_THAT(ErrorOf([&] { MakeSchool(address, Demo); }), HasSubstr("ya tiene la tabla"));
 }
 
-TEST_F(SqlServer, IsLeftEmptyByASchoolThatFails) {
+TEST_F(SqlServerTest, IsLeftEmptyByASchoolThatFails) {
   const auto address = SchoolAddress::Odbc(server.String());
   EXPECT_THAT(ErrorOf([&] {
                 MakeSchool(address, [](Connection& school) {
@@ -223,7 +223,7 @@ Lines Table(const std::string& file, const std::string& table) {
   return rows;
 }
 
-TEST_F(SqlServer, AWholeSchoolYearIsTheSameAsOnAFile) {
+TEST_F(SqlServerTest, AWholeSchoolYearIsTheSameAsOnAFile) {
   TempFolder folder;
   const auto file = folder / "centro.sqlite";
   MakeSchool(SchoolAddress::File(file), Demo);
@@ -264,7 +264,7 @@ TEST_F(SqlServer, AWholeSchoolYearIsTheSameAsOnAFile) {
   EXPECT_FALSE(compares("Abreviatura=-1"));
 }
 
-TEST(ASqlServer, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
+TEST(DyingSqlServerTest, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
   // The sample school ends at 105: this is the first that the register writes.
   const TdsServer server("INSERT INTO EvaluacionPte VALUES (106,");
   MakeSchool(SchoolAddress::Odbc(server.String()), Demo);

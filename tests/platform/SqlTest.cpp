@@ -8,13 +8,13 @@
 namespace quorvane::test {
 namespace {
 
-TEST(Sql, PutsEachNumberInItsPlace) {
+TEST(SqlTest, PutsEachNumberInItsPlace) {
   EXPECT_EQ(Sql("SELECT * FROM Curso"), "SELECT * FROM Curso");
   EXPECT_EQ(Sql("DELETE FROM T WHERE A={} AND B IN ({},{}) ", 7, -1, 0),
             "DELETE FROM T WHERE A=7 AND B IN (-1,0) ");
 }
 
-TEST(Sql, TakesWholeNumbersOfEveryWidth) {
+TEST(SqlTest, TakesWholeNumbersOfEveryWidth) {
   EXPECT_EQ(Sql("{} {} {}", std::numeric_limits<std::int64_t>::min(), std::uint8_t{255},
                 std::int16_t{-32768}),
             "-9223372036854775808 255 -32768");
@@ -26,7 +26,7 @@ concept GoesIntoSql = requires(T value) {
   Sql("{}", value);
 };
 
-TEST(Sql, TakesNothingElse) {
+TEST(SqlTest, TakesNothingElse) {
   EXPECT_TRUE(GoesIntoSql<std::int32_t>);
   EXPECT_FALSE(GoesIntoSql<bool>);
   EXPECT_FALSE(GoesIntoSql<char>);

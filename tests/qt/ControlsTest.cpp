@@ -264,7 +264,7 @@ TEST_F(ControlsTest, AButtonTakesItsPictureFromTheDrawings) {
   });
 }
 
-TEST(FocusBorder, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
+TEST(FocusBorderTest, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
   const std::unique_ptr<QStyle> style(QStyleFactory::create("Fusion"));
   QTreeWidget tree;
   tree.setStyle(style.get());
@@ -291,7 +291,7 @@ TEST(FocusBorder, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
   EXPECT_GT(drawn, 10) << "the arrow";
 }
 
-TEST(FocusBorder, AListThatDiesWithTheKeyboardDoesSoInPeace) {
+TEST(FocusBorderTest, AListThatDiesWithTheKeyboardDoesSoInPeace) {
   auto list = std::make_unique<QListWidget>();
   qt::ShowFocusOnBorder(*list);
   list->show();

@@ -1,0 +1,170 @@
+// The components of the register on their own.
+#include <gmock/gmock.h>
+
+#include "frame/Conexiones.h"
+#include "frame/cConfiguracion.h"
+#include "frame/cConstCol.h"
+#include "register/CopiarAlumno.h"
+#include "register/IdList.h"
+#include "register/PersonName.h"
+#include "register/RegisterWriter.h"
+#include "register/ResumeNext.h"
+#include "tests/support/SmallSchool.h"
+#include "tests/support/TestConnection.h"
+
+namespace quorvane::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(RegisterPartsTest, AnEmptyListOfIdsIsZero) {
+  IdList ids;
+  EXPECT_EQ(ids.Text(), "0");
+  ids.Add(3111);
+  ids.Add(-4);
+  EXPECT_EQ(ids.Text(), "3111,-4");
+}
+
+TEST(RegisterPartsTest, ANameKeepsItsBlanksAndCommaWithoutItsParts) {
+  EXPECT_EQ(PersonName("Díaz", "Cano", "Marta"), "Díaz Cano, Marta");
+  EXPECT_EQ(PersonName(Value(), Value(), Value()), " , ");
+}
+
+TEST(RegisterPartsTest, ResumeNextKeepsTheLastFailureUntilItIsCleared) {
+  ResumeNext errores;
+  int ran = 0;
+  errores.Try([&] { ++ran; });
+  EXPECT_EQ(errores.Number(), 0);
+  errores.Try([&] { throw RuntimeError(ErrorNumber::ObjectNotSet); });
+  errores.Try([&] { throw RuntimeError(ErrorNumber::Overflow, "demasiado"); });
+  errores.Try([&] { ++ran; });
+  EXPECT_EQ(ran, 2);
+  EXPECT_EQ(errores.Number(), 6);
+  EXPECT_EQ(errores.Description(), "demasiado");
+  errores.Clear();
+  EXPECT_EQ(errores.Number(), 0);
+  EXPECT_EQ(errores.Description(), "");
+}
+
+TEST(RegisterPartsTest, WithoutASessionThereIsNoConnection) {
+  auto* const before = std::exchange(cConfiguracion::Instancia().conLocalCentro, nullptr);
+  EXPECT_THROW(Centro(), RuntimeError);
+  cConfiguracion::Instancia().conLocalCentro = before;
+}
+
+TEST(RegisterPartsTest, ACopyHasEveryFieldButTheCourse) {
+  cAlumno alumno;
+  alumno.IDAlumno = 7;
+  alumno.Nombre = "Díaz Cano, Marta";
+  alumno.REACDIV = 1;
+  alumno.Diversificacion = 2;
+  alumno.Estado = 2;
+  alumno.EstadoAnterior = 1;
+  const auto materia = std::make_shared<cMateria>();
+  materia->IDMatDetalle = 3111;
+  materia->IDPersonal = 255;
+  materia->Nombre = "Lengua";
+  materia->Orden = 9;
+  materia->Estado = 3;
+  materia->EstadoAnterior = 2;
+  materia->codCurso = 32;
+  const auto evaluacion = std::make_shared<cEvaluacion>();
+  evaluacion->IDEvaluacion = 4;
+  evaluacion->Nombre = "Final";
+  evaluacion->Final = true;
+  evaluacion->Extraordinaria = true;
+  evaluacion->Orden = 5;
+  evaluacion->Estado = 1;
+  evaluacion->EstadoAnterior = 1;
+  materia->colEvaluaciones.Add(evaluacion, "4");
+  alumno.colMateria.Add(materia, "3111");
+
+  const auto copia = CopiarAlumno(alumno);
+  EXPECT_EQ(copia->IDAlumno, 7);
+  EXPECT_EQ(copia->Nombre, "Díaz Cano, Marta");
+  EXPECT_EQ(copia->REACDIV, 1);
+  EXPECT_EQ(copia->Diversificacion, 2);
+  EXPECT_EQ(copia->Estado, 2);
+  EXPECT_EQ(copia->EstadoAnterior, 1);
+  const auto& suya = *copia->colMateria["3111"];
+  EXPECT_NE(&suya, materia.get());
+  EXPECT_EQ(suya.IDMatDetalle, 3111);
+  EXPECT_EQ(suya.IDPersonal, 255);
+  EXPECT_EQ(suya.Nombre, "Lengua");
+  EXPECT_EQ(suya.Orden, 9);
+  EXPECT_EQ(suya.Estado, 3);
+  EXPECT_EQ(suya.EstadoAnterior, 2);
+  EXPECT_EQ(suya.codCurso, 0);
+  const auto& otra = *suya.colEvaluaciones["4"];
+  EXPECT_NE(&otra, evaluacion.get());
+  EXPECT_EQ(otra.Nombre, "Final");
+  EXPECT_TRUE(otra.Final && otra.Extraordinaria);
+  EXPECT_EQ(otra.Orden, 5);
+  EXPECT_EQ(otra.Estado, 1);
+  EXPECT_EQ(otra.EstadoAnterior, 1);
+}
+
+/// What the screens never ask of the writer, which is driven by the states alone.
+class RegisterWriterTest : public testing::Test {
+ protected:
+  RegisterWriterTest() : centro(school.Path(), "") {
+    centro.Open();
+    centro.Observe([this](const Connection&, const std::string& statement) {
+      statements.push_back(statement);
+    });
+  }
+
+  SmallSchool school;
+  TestConnection centro;
+  std::vector<std::string> statements;
+};
+
+TEST_F(RegisterWriterTest, ATeacherMarkedForDeletionLosesItsRow) {
+  school.Profesor(1, 3111);
+  Collection<cMatProf> colMatProf;
+  const auto matProf = std::make_shared<cMatProf>();
+  matProf->IDMatDetalle = 3111;
+  matProf->Estado = cConstCol().Eliminado;
+  colMatProf.Add(matProf, "3111");
+  RegisterWriter(centro, 321).SaveTeachers(colMatProf);
+  EXPECT_THAT(statements, ElementsAre("DELETE FROM Profesor_Pte WHERE codMatDet=3111"));
+  EXPECT_THAT(school.Rows("SELECT * FROM Profesor_Pte"), testing::IsEmpty());
+}
+
+TEST_F(RegisterWriterTest, ANewStudentsSubjectsAreInsertedWhateverTheirState) {
+  cConstCol estados;
+  Collection<cAlumno> colAlumnos;
+  const auto alumno = std::make_shared<cAlumno>();
+  alumno->IDAlumno = 1;
+  alumno->Estado = estados.NUEVO;
+  const auto materia = std::make_shared<cMateria>();
+  materia->IDMatDetalle = 3111;
+  materia->Orden = 3;
+  materia->codCurso = 32;
+  materia->Estado = estados.Eliminado;
+  const auto evaluacion = std::make_shared<cEvaluacion>();
+  evaluacion->IDEvaluacion = 2;
+  evaluacion->Estado = estados.NoModificado;
+  materia->colEvaluaciones.Add(evaluacion, "2");
+  alumno->colMateria.Add(materia, "3111");
+  colAlumnos.Add(alumno, "1");
+  RegisterWriter(centro, 321).SaveStudents(colAlumnos);
+  EXPECT_THAT(school.Rows("SELECT * FROM AlumnoPte_MatDet"), ElementsAre("1|1|3111|3|32"));
+  EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM EvaluacionPte"), 1);
+}
+
+TEST_F(RegisterWriterTest, NothingBelowAnUnchangedStudentIsLookedAt) {
+  cConstCol estados;
+  Collection<cAlumno> colAlumnos;
+  const auto alumno = std::make_shared<cAlumno>();
+  alumno->Estado = estados.NoModificado;
+  const auto materia = std::make_shared<cMateria>();
+  materia->Estado = estados.NUEVO;
+  alumno->colMateria.Add(materia, "0");
+  colAlumnos.Add(alumno, "0");
+  RegisterWriter(centro, 321).SaveStudents(colAlumnos);
+  EXPECT_THAT(statements, testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace quorvane::test
