@@ -9,7 +9,7 @@
 #include "tests/grades/FinalStatements.h"
 #include "tests/grades/FormView.h"
 #include "tests/grades/OrdinaryStatements.h"
-#include "tests/grades/Replay.h"
+#include "tests/support/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert, in the four final forms.
 

@@ -3,8 +3,8 @@
 
 #include "tests/grades/FormView.h"
 #include "tests/grades/GradeSchool.h"
-#include "tests/grades/Replay.h"
 #include "tests/grades/Statements.h"
+#include "tests/support/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert.
 

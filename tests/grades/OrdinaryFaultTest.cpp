@@ -6,7 +6,7 @@
 #include "tests/grades/FormView.h"
 #include "tests/grades/GradeSchool.h"
 #include "tests/grades/OrdinaryFlow.h"
-#include "tests/grades/Replay.h"
+#include "tests/support/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert, by subject and in the
 // two flows of a section.
