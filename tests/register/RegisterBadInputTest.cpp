@@ -1,13 +1,8 @@
-#include <gmock/gmock.h>
-
-#include "tests/register/RegisterScript.h"
+#include "tests/register/RegisterTest.h"
 #include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::StartsWith;
 
 /// A register of one student with one subject in one evaluation, after that statement.
 ScriptResult OpenAfter(const std::string& damage, const std::string& more = "") {
@@ -25,12 +20,12 @@ TEST(RegisterBadInputTest, NullsAreEmptyNamesAndNoNumber) {
       "UPDATE Materia SET Nombre=NULL; UPDATE Curso SET Descripcion=NULL;"
       "UPDATE Seccion SET Descripcion=NULL; UPDATE NumEvaluacion SET Descripcion=NULL, Final=NULL;"
       "UPDATE Personal SET Nombre=NULL, Apellido2=NULL; INSERT INTO Profesor_Pte VALUES (1,3111)",
-      "ver\npulsar cmdPropiedades\nver\n");
+      kSee + kProperties + kSee);
   EXPECT_EQ(run.status, 0) << run.Text();
   const auto views = run.Of("ver");
   ASSERT_EQ(views.size(), 2U);
-  EXPECT_THAT(views[0], testing::HasSubstr(R"("celdas":[[" , "]],"datos":[1])"));
-  EXPECT_THAT(views[0], testing::HasSubstr(R"x([" ( - )","Ruiz , "])x"));
+  EXPECT_THAT(views[0], HasSubstr(R"("celdas":[[" , "]],"datos":[1])"));
+  EXPECT_THAT(views[0], HasSubstr(R"x([" ( - )","Ruiz , "])x"));
   EXPECT_EQ(View(run, "msgMaterias", "celdas"),
             R"x([["Materia","","","","","","","","",""],[" ()","","","X","","","","","","0"]])x");
 }
@@ -73,11 +68,8 @@ TEST(RegisterBadInputTest, TextsThatAreNoNumbersAreAMismatch) {
 TEST(RegisterBadInputTest, AnyValueButZeroIsATrueFlag) {
   // It decides the table that the row of the evaluation goes to.
   const auto run = OpenAfter("UPDATE NumEvaluacion SET Final=7 WHERE IDNumEvaluacion=2",
-                             "pulsar cmdPropiedades\npulsar cmdPropiedades\n"
-                             "elegir lstDisponibles =2\npulsar cmdAgregarUno\npulsar cmdAceptar\n"
-                             "pulsar cmdAceptar\npulsar cmdAceptar\n");
-  EXPECT_THAT(run.Sql(),
-              testing::Contains("INSERT INTO EvaluacionActaPte VALUES (1,1,2,0,0,0,0,0)"));
+                             kProperties + kProperties + TakeIn(2) + kAccept + kAccept + kAccept);
+  EXPECT_THAT(run.Sql(), Contains(statement::InsertFinal(1, 1, 2).back()));
 }
 
 TEST(RegisterBadInputTest, ASubjectDetailWithTwoTeachersIsADuplicateKey) {
@@ -87,11 +79,8 @@ TEST(RegisterBadInputTest, ASubjectDetailWithTwoTeachersIsADuplicateKey) {
 }
 
 TEST(RegisterBadInputTest, ACourseThatIsGoneHasNoOrder) {
-  const SmallSchool school;
-  const auto run = RunScript(school,
-                             "nodo 123\nelegir cboTEnsenanza =3\nelegir cboCurso =32\n"
-                             "elegir cboSeccion =321\n"
-                             "sql \"DELETE FROM Curso WHERE IDCurso=32\"\npulsar cmdAceptar\n");
+  const auto run = RunScript(
+      SmallSchool(), ChooseSection(321) + "sql \"DELETE FROM Curso WHERE IDCurso=32\"\n" + kAccept);
   EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("3021 ")));
 }
 
@@ -101,7 +90,7 @@ TEST(RegisterBadInputTest, AMissingTableOrColumnIsTheEnginesError) {
         "DROP TABLE Profesor_Pte", "DROP TABLE Seccion_AlumnoPte", "DROP TABLE NumEvaluacion",
         "ALTER TABLE Materia RENAME COLUMN Optativa TO Otra",
         "ALTER TABLE Alumno RENAME COLUMN Apellido_2 TO Otra"}) {
-    const auto run = OpenAfter(damage, "nodo 123\npulsar cmdCancelar\n");
+    const auto run = OpenAfter(damage, "nodo 123\n" + kCancel);
     EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("-2147467259 " + EngineText("no such "))))
         << run.Text();
     // The program lives: the screen opens again.

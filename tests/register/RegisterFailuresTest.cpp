@@ -1,16 +1,8 @@
 // Every statement of a whole session fails once.
-#include <gmock/gmock.h>
-
-#include "tests/register/RegisterScript.h"
+#include "tests/register/RegisterTest.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
-const std::string kAccept = "pulsar cmdAceptar\n";
 
 /// A register with something to purge, to heal, to change and to delete.
 void Fill(const SmallSchool& school) {
@@ -30,22 +22,11 @@ void Fill(const SmallSchool& school) {
 /// From the node to the save, through every dialog. The search of a teacher, which catches its
 /// errors, has a test of its own.
 const std::string kSession =
-    "nodo 123\nelegir cboTEnsenanza =3\nelegir cboCurso =32\nelegir cboSeccion =321\n" + kAccept +
-    "pestana TabDatos 2\nfila msgMaterias 3\npulsar cmdPropMat\npulsar cmdElimProfesor\n" +
-    kAccept +
-    "pestana TabDatos 1\npulsar cmdListar\nelegir lstSeleccionados =3\npulsar cmdEliminarUno\n"
-    "elegir lstDisponibles =2\npulsar cmdAgregarUno\n" +
-    kAccept +
-    "fila msgAlumnos 0\npulsar cmdPropiedades\npulsar cmdPropiedades\n"
-    "elegir lstDisponibles =2\npulsar cmdAgregarUno\nelegir lstSeleccionados =1\n"
-    "pulsar cmdEliminarUno\n" +
-    kAccept +
-    "fila msgMaterias 2\npulsar cmdEliminar\npulsar cmdAgregar\nelegir cboCurso =31\n"
-    "elegir cboSeccion =312\nelegir cboMateria =3123\n" +
-    kAccept +
-    "fila msgMaterias 2\npulsar cmdPropiedades\nelegir lstDisponibles =5\n"
-    "pulsar cmdAgregarUno\nelegir lstDisponibles =3\npulsar cmdAgregarUno\n" +
-    kAccept + kAccept + kAccept;
+    kOpen + "pestana TabDatos 2\nfila msgMaterias 3\npulsar cmdPropMat\npulsar cmdElimProfesor\n" +
+    kAccept + "pestana TabDatos 1\n" + kList + TakeOut(3) + TakeIn(2) + kAccept +
+    "fila msgAlumnos 0\n" + kProperties + kProperties + TakeIn(2) + TakeOut(1) + kAccept +
+    "fila msgMaterias 2\n" + kRemove + AddSubject(3123) + "fila msgMaterias 2\n" + kProperties +
+    TakeIn(5) + TakeIn(3) + kAccept + kAccept + kAccept;
 
 TEST(RegisterFailuresTest, EachStatementOfASessionMayFail) {
   std::vector<std::string> whole;
@@ -76,7 +57,7 @@ TEST(RegisterFailuresTest, EachStatementOfASessionMayFail) {
     if (k > 1 && !whole[k - 2].starts_with("SELECT")) byHand.Sql(whole[k - 2]);
     EXPECT_EQ(school.Modulo(), byHand.Modulo()) << k;
     // Opening again works.
-    const auto again = RunScript(school, kOpen + "pulsar cmdCancelar\n");
+    const auto again = RunScript(school, kOpen + kCancel);
     EXPECT_EQ(again.status, 0) << k << '\n' << again.Text();
   }
 }
@@ -85,10 +66,8 @@ TEST(RegisterFailuresTest, TheSearchOfATeacherTellsItsFailureAndGoesOn) {
   const SmallSchool school;
   Fill(school);
   const auto run =
-      RunScript(school, kOpen +
-                            "pestana TabDatos 2\npulsar cmdPropMat\ndocente 2\nfallo 1\n"
-                            "pulsar cmdNProfesor\ndocente 2\npulsar cmdNProfesor\n"
-                            "ver\n");
+      RunScript(school, kOpen + "pestana TabDatos 2\npulsar cmdPropMat\ndocente 2\nfallo 1\n" +
+                            "pulsar cmdNProfesor\ndocente 2\npulsar cmdNProfesor\n" + kSee);
   EXPECT_THAT(run.Of("mensaje"),
               ElementsAre(HasSubstr("ERROR al consultar la base de datos.\\rfallo")));
   EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"Gil Mora, Luis\"");
@@ -97,7 +76,7 @@ TEST(RegisterFailuresTest, TheSearchOfATeacherTellsItsFailureAndGoesOn) {
 TEST(RegisterFailuresTest, AfterAFailureTheNextScreenOpensAfresh) {
   const SmallSchool school;
   Fill(school);
-  const auto run = RunScript(school, "fallo 6\n" + kOpen + kOpen + "ver\npulsar cmdCancelar\n");
+  const auto run = RunScript(school, "fallo 6\n" + kOpen + kOpen + kSee + kCancel);
   EXPECT_THAT(run.Of("error"), ElementsAre("-2147467259 fallo"));
   EXPECT_EQ(View(run, "msgAlumnos", "datos"), "[3,1]");
   EXPECT_THAT(run.After("pulsar cmdCancelar"),

@@ -1,6 +1,8 @@
 // What the forms do to the models and the host that a script doesn't show.
-#include <gmock/gmock.h>
+#include <array>
 #include <iterator>
+#include <string>
+#include <tuple>
 
 #include "frame/cConstCol.h"
 #include "platform/host/Application.h"
@@ -13,15 +15,15 @@
 #include "register/frmPendientes.h"
 #include "register/frmPropMatProf.h"
 #include "tests/register/DirectSession.h"
+#include "tests/register/Fields.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-
-template <class F>
-F& The() {
-  return FormInstance<F>::Get();
+template <class... F>
+void ExpectGone() {
+  EXPECT_EQ((std::array{FormInstance<F>::Exists()...}), (std::array<bool, sizeof...(F)>{}));
 }
 
 constexpr const char* kIcon = "C:\\iconos\\Zendria.ico";
@@ -50,30 +52,18 @@ TEST(RegisterModelsTest, TheGraphHoldsWhatTheTablesSay) {
     ASSERT_EQ(form.colAlumnos.Count(), 1U);
     const auto& alumno = *form.colAlumnos["1"];
     const cConstCol estados;
-    EXPECT_EQ(alumno.IDAlumno, 1);
-    EXPECT_EQ(alumno.Nombre, "Díaz Cano, Marta");
-    EXPECT_EQ(alumno.Estado, estados.NoModificado);
-    EXPECT_EQ(alumno.EstadoAnterior, estados.Modificado);
+    EXPECT_EQ(Fields(alumno), std::tuple(1, std::string("Díaz Cano, Marta"), 0, 0,
+                                         int{estados.NoModificado}, int{estados.Modificado}));
     const auto& materia = *alumno.colMateria["3111"];
-    EXPECT_EQ(materia.Nombre, "Lengua");
-    EXPECT_EQ(materia.Orden, 4);
-    EXPECT_EQ(materia.IDPersonal, 0);
-    EXPECT_EQ(materia.codCurso, 32);  // of the student's section, not of the subject's
-    EXPECT_EQ(materia.Estado, estados.NoModificado);
-    EXPECT_EQ(materia.EstadoAnterior, estados.Modificado);
+    // The course is that of the student's section, not the subject's.
+    EXPECT_EQ(Fields(materia), std::tuple(3111, std::string("Lengua"), 0, 4,
+                                          int{estados.NoModificado}, int{estados.Modificado}, 32));
     const auto& evaluacion = *materia.colEvaluaciones["4"];
-    EXPECT_EQ(evaluacion.IDEvaluacion, 4);
-    EXPECT_EQ(evaluacion.Nombre, "Final");
-    EXPECT_TRUE(evaluacion.Final);
-    EXPECT_FALSE(evaluacion.Extraordinaria);
-    EXPECT_EQ(evaluacion.Orden, 0);
-    EXPECT_EQ(evaluacion.Estado, estados.NoModificado);
-    EXPECT_EQ(evaluacion.EstadoAnterior, estados.Modificado);
-    const auto& conProfesor = *form.colMatProf["3111"];
-    EXPECT_EQ(conProfesor.IDPersonal, 2);
-    EXPECT_EQ(conProfesor.NombreProf, "Gil Mora, Luis");
-    EXPECT_EQ(conProfesor.NombreMat, "Lengua (1º ESO - A)");
-    EXPECT_EQ(conProfesor.Estado, estados.NoModificado);
+    EXPECT_EQ(Fields(evaluacion), std::tuple(4, std::string("Final"), true, false, 0,
+                                             int{estados.NoModificado}, int{estados.Modificado}));
+    EXPECT_EQ(Fields(*form.colMatProf["3111"]),
+              std::tuple(2, int{estados.NoModificado}, std::string("Gil Mora, Luis"),
+                         std::string("Lengua (1º ESO - A)")));
   }});
 }
 
@@ -83,9 +73,8 @@ TEST(RegisterModelsTest, ASubjectDetailThatNeverHadATeachersRowLoadsAsNew) {
   session.Play({[] {
     const cConstCol estados;
     const auto& colMatProf = The<frmAlumnoPendiente>().colMatProf;
-    EXPECT_EQ(colMatProf["3112"]->Estado, estados.NUEVO);
-    EXPECT_EQ(colMatProf["3112"]->IDPersonal, 0);
-    EXPECT_EQ(colMatProf["3112"]->NombreProf, "");
+    EXPECT_EQ(Fields(*colMatProf["3112"]), std::tuple(0, int{estados.NUEVO}, std::string(""),
+                                                      std::string("Matemáticas (1º ESO - A)")));
     // One that has a row without a teacher doesn't.
     EXPECT_EQ(colMatProf["3111"]->Estado, estados.NoModificado);
     EXPECT_EQ(colMatProf["3111"]->IDPersonal, 0);
@@ -94,9 +83,8 @@ TEST(RegisterModelsTest, ASubjectDetailThatNeverHadATeachersRowLoadsAsNew) {
 
 TEST(RegisterModelsTest, AcceptingWithNoChangeMarksTheStudentChangedAndPutsHimLast) {
   DirectSession session;
-  session.school.Registra(321, 1);
-  session.school.Registra(321, 3);
-  static_cast<void>(session.school.Pendiente(1, 3111, 1));
+  session.Pendientes(1, {3111});
+  session.Pendientes(3, {});
   session.Play({[] {
                   auto& form = The<frmAlumnoPendiente>();
                   form.msgAlumnos.Row(1);
@@ -138,8 +126,7 @@ TEST(RegisterModelsTest, TheHostMarksTheFieldsOfTheFormThatLoadsBeforeItsIcon) {
 
 TEST(RegisterModelsTest, EachFormHasTheIconADefaultAndACancelButton) {
   DirectSession session;
-  session.school.Registra(321, 1);
-  static_cast<void>(session.school.Pendiente(1, 3111, 1));
+  session.Pendientes(1, {3111});
   std::vector<std::string> seen;
   const auto look = [&seen](auto& form) {
     EXPECT_EQ(form.Icon(), kIcon);
@@ -190,20 +177,13 @@ TEST(RegisterModelsTest, EachFormHasTheIconADefaultAndACancelButton) {
   EXPECT_THAT(seen,
               ElementsAre("frmPendientes", "frmAlumnoPendiente", "frmAlumnos", "frmAlumnoMateria",
                           "frmMateriaPend", "frmMateriaEv", "frmPropMatProf"));
-  EXPECT_FALSE(FormInstance<frmPendientes>::Exists());
-  EXPECT_FALSE(FormInstance<frmAlumnoPendiente>::Exists());
-  EXPECT_FALSE(FormInstance<frmAlumnos>::Exists());
-  EXPECT_FALSE(FormInstance<frmAlumnoMateria>::Exists());
-  EXPECT_FALSE(FormInstance<frmMateriaPend>::Exists());
-  EXPECT_FALSE(FormInstance<frmMateriaEv>::Exists());
-  EXPECT_FALSE(FormInstance<frmPropMatProf>::Exists());
+  ExpectGone<frmPendientes, frmAlumnoPendiente, frmAlumnos, frmAlumnoMateria, frmMateriaPend,
+             frmMateriaEv, frmPropMatProf>();
 }
 
 TEST(RegisterModelsTest, TheMatrixIsCentredAndFollowsTheMovedRow) {
   DirectSession session;
-  session.school.Registra(321, 1);
-  for (const auto matDet : {3111, 3112, 3113})
-    static_cast<void>(session.school.Pendiente(1, matDet, matDet - 3110));
+  session.Pendientes(1, {3111, 3112, 3113});
   session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
                 [] {
                   auto& form = The<frmAlumnoMateria>();
@@ -227,9 +207,7 @@ TEST(RegisterModelsTest, TheMatrixIsCentredAndFollowsTheMovedRow) {
 
 TEST(RegisterModelsTest, OrderThatLeavesEightBitsIsAnOverflow) {
   DirectSession session;
-  session.school.Registra(321, 1);
-  for (const auto matDet : {3111, 3112})
-    static_cast<void>(session.school.Pendiente(1, matDet, matDet - 3110));
+  session.Pendientes(1, {3111, 3112});
   session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
                 [] {
                   auto& form = The<frmAlumnoMateria>();
@@ -286,19 +264,12 @@ TEST(RegisterModelsTest, WhatTheDialogsCreateIsNew) {
                 [] {
                   const cConstCol estados;
                   const auto& materia = *The<frmAlumnoMateria>().objAlumno->colMateria["3113"];
-                  EXPECT_EQ(materia.Nombre, "Francés (Optativa)");
-                  EXPECT_EQ(materia.IDPersonal, 255);
-                  EXPECT_EQ(materia.Orden, 1);
-                  EXPECT_EQ(materia.codCurso, 0);
-                  EXPECT_EQ(materia.Estado, estados.NUEVO);
-                  EXPECT_EQ(materia.EstadoAnterior, estados.NUEVO);
-                  const auto& evaluacion = *materia.colEvaluaciones["6"];
-                  EXPECT_EQ(evaluacion.Nombre, "Extraordinaria");
-                  EXPECT_TRUE(evaluacion.Final);
-                  EXPECT_TRUE(evaluacion.Extraordinaria);
-                  EXPECT_EQ(evaluacion.Orden, 3);
-                  EXPECT_EQ(evaluacion.Estado, estados.NUEVO);
-                  EXPECT_EQ(evaluacion.EstadoAnterior, estados.NUEVO);
+                  EXPECT_EQ(Fields(materia),
+                            std::tuple(3113, std::string("Francés (Optativa)"), 255, 1,
+                                       int{estados.NUEVO}, int{estados.NUEVO}, 0));
+                  EXPECT_EQ(Fields(*materia.colEvaluaciones["6"]),
+                            std::tuple(6, std::string("Extraordinaria"), true, true, 3,
+                                       int{estados.NUEVO}, int{estados.NUEVO}));
                 }});
 }
 

@@ -1,28 +1,22 @@
-#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 #include "tests/register/RegisterModel.h"
-#include "tests/register/RegisterScript.h"
+#include "tests/register/RegisterTest.h"
 
 namespace quorvane::test {
 namespace {
 
-/// The matrix as the model tells it: the row data, then the marks of each row.
+/// The matrix as the model tells it: the row data, then the marks of each row, which stand between
+/// the subject and its order.
 std::string Matrix(const std::string& view) {
-  ScriptResult one;
-  one.lines.push_back("ver " + view);
-  const auto cells = View(one, "msgMaterias", "celdas");
+  const auto grid = nlohmann::json::parse(view).at("controles").at("msgMaterias");
   std::string marks;
-  // Each row after the heading: a text, eight marks, the order.
-  auto row = cells.find("],[");
-  while (row != std::string::npos) {
-    const auto end = cells.find("],[", row + 1);
-    auto texts =
-        cells.substr(row + 3, (end == std::string::npos ? cells.size() - 2 : end) - row - 3);
-    texts = texts.substr(texts.find("\",\"") + 1);
-    marks += texts.substr(0, texts.rfind(",\"")) + ";";
-    row = end;
+  for (const auto& row : grid.at("celdas")) {
+    if (row == grid.at("celdas").front()) continue;
+    for (std::size_t i = 1; i + 1 < row.size(); ++i) marks += "," + row[i].dump();
+    marks += ";";
   }
-  return View(one, "msgMaterias", "datos") + " " + marks;
+  return grid.at("datos").dump() + " " + marks;
 }
 
 class RegisterWalkTest : public testing::TestWithParam<unsigned> {};
@@ -34,8 +28,8 @@ TEST_P(RegisterWalkTest, WhatIsSavedIsWhatTheUserSeesWhenHeComesBack) {
     const auto script = model.Session();
     const auto run = RunScript(school, script);
     ASSERT_EQ(run.status, 0) << run.Text();
-    ASSERT_THAT(run.Of("rechazo"), testing::IsEmpty()) << script;
-    ASSERT_THAT(run.Of("mensaje"), testing::IsEmpty()) << script;
+    ASSERT_THAT(run.Of("rechazo"), IsEmpty()) << script;
+    ASSERT_THAT(run.Of("mensaje"), IsEmpty()) << script;
     ASSERT_EQ(RegisterModel::Stored(school), model.Expected()) << script;
 
     auto look = kOpen;

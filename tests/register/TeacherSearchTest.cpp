@@ -1,6 +1,4 @@
 // The person search with the components of a host that shortens names or is in trouble.
-#include <gmock/gmock.h>
-
 #include "frame/cConfiguracion.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
@@ -8,18 +6,12 @@
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmPropMatProf.h"
 #include "tests/register/DirectSession.h"
+#include "tests/register/RegisterStatements.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-template <class F>
-F& The() {
-  return FormInstance<F>::Get();
-}
 
 class ShorteningApi : public CentroApi {
  public:
@@ -108,8 +100,7 @@ TEST(TeacherSearchTest, AFailureOfTheSearchSurfacesInTheOneTest) {
   EXPECT_THAT(session.screen.messages,
               ElementsAre("ERROR al consultar la base de datos.\rsin buscador"));
   // The statement ran all the same, for nobody.
-  EXPECT_EQ(session.statements.back(),
-            "SELECT IDPersonal,Apellido1,Apellido2,Nombre FROM Personal WHERE IDPersonal=0");
+  EXPECT_EQ(session.statements.back(), statement::Person(0));
 }
 
 TEST(TeacherSearchTest, AComponentThatCantBeCreatedTellsTheLastFailure) {
@@ -132,8 +123,7 @@ TEST(TeacherSearchTest, AFailureAfterTheTestIsPassedOver) {
     }
   };
   DirectSession session;
-  Application::Instance().Objects().Register(CentroApi::kProgId,
-                                             [] { return std::make_unique<FailingApi>(); });
+  Use<FailingApi>();
   Use<FoundSearch>();
   Search(session, [] {
     EXPECT_EQ(The<frmPropMatProf>().lblProfesor.Caption(), "Gil Mora, Luis");
