@@ -49,10 +49,7 @@ class LongestFile {
     setrlimit(RLIMIT_FSIZE, &limit);
   }
   ~LongestFile() { setrlimit(RLIMIT_FSIZE, &before_); }
-  LongestFile(const LongestFile&) = delete;
-  LongestFile& operator=(const LongestFile&) = delete;
   LongestFile(LongestFile&&) = delete;
-  LongestFile& operator=(LongestFile&&) = delete;
 
  private:
   rlimit before_{};
@@ -66,10 +63,7 @@ class TinyDisk {
   ~TinyDisk() {
     if (mounted_) umount(Path().c_str());
   }
-  TinyDisk(const TinyDisk&) = delete;
-  TinyDisk& operator=(const TinyDisk&) = delete;
   TinyDisk(TinyDisk&&) = delete;
-  TinyDisk& operator=(TinyDisk&&) = delete;
 
   [[nodiscard]] bool Mounted() const noexcept { return mounted_; }
   [[nodiscard]] std::string Path() const { return folder_ / ""; }

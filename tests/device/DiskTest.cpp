@@ -1,18 +1,14 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/SchoolFile.h"
 #include "platform/RuntimeError.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
 
 // The connection to a school on a disk that takes no more.
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 class DiskTest : public testing::Test {
  protected:

@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
@@ -7,13 +5,12 @@
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/SchoolFile.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
 
 // The disk gets full while grades are saved, at one statement after the other.
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
 
 /// All subjects of a section get a grade; the first user may do so at any time.
 const std::string kGrade =

@@ -1,19 +1,15 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
 
 // The programs on a disk that is full or can't be written.
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 constexpr const char* kMakers[] = {"crear", "demo", "generar"};
 

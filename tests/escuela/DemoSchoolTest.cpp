@@ -1,16 +1,12 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class DemoSchoolTest : public testing::Test {
  protected:

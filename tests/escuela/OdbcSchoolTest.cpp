@@ -3,8 +3,6 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <sys/wait.h>
 
@@ -12,14 +10,11 @@
 #include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 class OdbcSchoolTest : public testing::Test {
  protected:

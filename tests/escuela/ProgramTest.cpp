@@ -3,19 +3,16 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
 
 struct Outcome {
   int status = -1;

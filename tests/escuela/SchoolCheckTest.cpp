@@ -1,6 +1,4 @@
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <string>
 
@@ -8,12 +6,10 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class SchoolCheckTest : public testing::Test {
  protected:
@@ -146,7 +142,7 @@ TEST_F(SchoolCheckTest, FindsDoubledKeysWhereTheTableHasNone) {
   Change("DROP TABLE Alumno");
   Change("ALTER TABLE Copia RENAME TO Alumno");
   Change("UPDATE Alumno SET IDAlumno=1 WHERE IDAlumno=2");
-  EXPECT_THAT(Rows(), testing::Contains("Dobles en Alumno: 1 valor repetido de IDAlumno"));
+  EXPECT_THAT(Rows(), Contains("Dobles en Alumno: 1 valor repetido de IDAlumno"));
 }
 
 TEST_F(SchoolCheckTest, FindsGradesInTheWrongTable) {

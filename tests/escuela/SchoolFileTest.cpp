@@ -1,11 +1,10 @@
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 
 #include "apps/escuela/SchoolFile.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -43,7 +42,7 @@ TEST(SchoolFileTest, NeverTouchesAFileThatComesMeanwhile) {
   const TempFolder folder;
   const auto path = folder / "a.sqlite";
   EXPECT_THAT(ErrorOf(path, [&](Connection&) { std::ofstream(path) << "de otro"; }),
-              testing::HasSubstr("el archivo ya existe"));
+              HasSubstr("el archivo ya existe"));
   EXPECT_EQ(std::filesystem::file_size(path), 7U);
   EXPECT_EQ(folder.Files(), 1U);
 }
@@ -51,7 +50,7 @@ TEST(SchoolFileTest, NeverTouchesAFileThatComesMeanwhile) {
 TEST(SchoolFileTest, ALinkToNowhereIsAFileThatIsThere) {
   const TempFolder folder;
   std::filesystem::create_symlink(folder / "nada", folder / "a.sqlite");
-  EXPECT_THAT(ErrorOf(folder / "a.sqlite", kNothing), testing::HasSubstr("el archivo ya existe"));
+  EXPECT_THAT(ErrorOf(folder / "a.sqlite", kNothing), HasSubstr("el archivo ya existe"));
 }
 
 TEST(SchoolFileTest, AFailureLeavesNothing) {
@@ -64,8 +63,7 @@ TEST(SchoolFileTest, AFailureLeavesNothing) {
 
 TEST(SchoolFileTest, TellsThatTheFolderIsMissing) {
   const TempFolder folder;
-  EXPECT_THAT(ErrorOf(folder / "falta/a.sqlite", kNothing),
-              testing::HasSubstr("la carpeta no existe"));
+  EXPECT_THAT(ErrorOf(folder / "falta/a.sqlite", kNothing), HasSubstr("la carpeta no existe"));
 }
 
 TEST(SchoolFileTest, HalfASchoolNeverBearsTheName) {

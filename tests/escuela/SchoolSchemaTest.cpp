@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -73,8 +72,8 @@ TEST(SchoolSchemaTest, TellsKeysFlagsTextsAndPlaces) {
 
 TEST(SchoolSchemaTest, ThePublicationNamesItsConstantAsTheSection) {
   EXPECT_THAT(Names(Table("PublicacionPte")),
-              testing::ElementsAre("IDPublicacionPte", "CodProfesor", "CodPropietario",
-                                   "CodSeccion", "CodNumEvaluacion"));
+              ElementsAre("IDPublicacionPte", "CodProfesor", "CodPropietario", "CodSeccion",
+                          "CodNumEvaluacion"));
 }
 
 }  // namespace

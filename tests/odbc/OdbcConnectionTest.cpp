@@ -2,8 +2,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <thread>
 
@@ -11,6 +9,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 // On the file database's driver, which every machine that builds this has.
@@ -19,10 +18,6 @@ namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::Not;
-using ::testing::StartsWith;
 
 class OdbcConnectionTest : public testing::Test {
  protected:

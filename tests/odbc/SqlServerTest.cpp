@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 
@@ -18,17 +16,12 @@
 #include "platform/RuntimeError.h"
 #include "tests/odbc/TdsServer.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::StartsWith;
 
 using Lines = std::vector<std::string>;
 
@@ -278,8 +271,8 @@ TEST(DyingSqlServerTest, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
               StartsWith("error -2147467259 Se ha perdido la conexión con la base de datos: ["));
   EXPECT_THAT(*(error - 1), StartsWith("sql centro INSERT INTO EvaluacionPte VALUES (106,"));
   // What had been written stays, and nothing more is tried on a connection that is gone.
-  EXPECT_THAT(Table(server.File(), "AlumnoPte_MatDet"), testing::Contains(StartsWith("36|34|20|")));
-  EXPECT_THAT(lines, testing::Contains(StartsWith("error 3704 ")));
+  EXPECT_THAT(Table(server.File(), "AlumnoPte_MatDet"), Contains(StartsWith("36|34|20|")));
+  EXPECT_THAT(lines, Contains(StartsWith("error 3704 ")));
   EXPECT_EQ(server.Batches().back(), (error - 1)->substr(sizeof "sql centro"));
 }
 

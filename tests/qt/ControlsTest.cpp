@@ -11,19 +11,14 @@
 #include <QStyleFactory>
 #include <QTabBar>
 #include <QTreeWidget>
-#include <gmock/gmock.h>
 #include <memory>
 
 #include "adapters/qt/views/FocusBorder.h"
 #include "tests/qt/PruebaTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Not;
 
 using ControlsTest = PruebaTest;
 

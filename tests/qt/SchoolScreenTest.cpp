@@ -46,6 +46,13 @@ SchoolScreenTest::SchoolScreenTest()
 
 SchoolScreenTest::~SchoolScreenTest() { Application::Instance().Objects().Reset(); }
 
+void SchoolScreenTest::ChooseRegister(const qt::FormWindow& window) {
+  Pick(window, "cboTEnsenanza", 0);
+  Pick(window, "cboCurso", "3º ESO");
+  Pick(window, "cboSeccion", 0);
+  Click(window, "cmdAceptar");
+}
+
 void SchoolScreenTest::OpenNode(std::uint8_t node) {
   auto session = std::make_shared<SessionValues>();
   for (const auto* member : {"Accion", "lngRowData", "Pesetas", "SQLServer", "IDPerfil"})
@@ -63,6 +70,7 @@ void SchoolScreenTest::OpenNode(std::uint8_t node) {
   cAsignarDatos module;
   module.ObtenerDatos(session);
   module.ActivarFormulario(node);
+  ExpectDone();
 }
 
 }  // namespace quorvane::test

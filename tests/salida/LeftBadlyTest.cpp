@@ -1,11 +1,9 @@
-#include <gmock/gmock.h>
 
 #include "tests/salida/SessionTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::HasSubstr;
 
 constexpr int kLeftBadly = 4;  // the program's exit status
 

@@ -5,8 +5,6 @@
 #include <fstream>
 #include <functional>
 #include <future>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <map>
 #include <string>
@@ -17,6 +15,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -25,8 +24,6 @@ namespace {
 namespace fs = std::filesystem;
 using sqlite::OpenMode;
 using sqlite::SqliteConnection;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using namespace std::chrono_literals;
 
 constexpr auto kLongEnough = 1100ms;  // for a look to be trusted no more

@@ -2,8 +2,6 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <string>
 #include <thread>
@@ -11,6 +9,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -18,9 +17,6 @@ namespace {
 
 using sqlite::OpenMode;
 using sqlite::SqliteConnection;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 using namespace std::chrono_literals;
 
 std::string OpenError(SqliteConnection& connection) {
@@ -241,7 +237,7 @@ TEST_F(SqliteConnectionTest, ReadOnlyReadsOnly) {
   reader.Open();
   EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
   EXPECT_THAT(RunRows(reader, "INSERT INTO T VALUES (1,'x')"),
-              ElementsAre(testing::StartsWith("error attempt to write a readonly database")));
+              ElementsAre(StartsWith("error attempt to write a readonly database")));
 }
 
 TEST_F(SqliteConnectionTest, ReadingLeavesNothingBesideAFileWithALog) {

@@ -15,10 +15,7 @@ class WatchedScreen : public qt::QtFrontEnd {
  public:
   explicit WatchedScreen(History& history);
   ~WatchedScreen() override;
-  WatchedScreen(const WatchedScreen&) = delete;
-  WatchedScreen& operator=(const WatchedScreen&) = delete;
   WatchedScreen(WatchedScreen&&) = delete;
-  WatchedScreen& operator=(WatchedScreen&&) = delete;
 
   /// Who looks on from now on; needed before the first form opens, and outlives its use here.
   void UseOnlooker(Onlooker& onlooker) noexcept { onlooker_ = &onlooker; }

@@ -18,10 +18,7 @@ class RandomUser : public FrontEnd {
  public:
   RandomUser(Prng& random, History& history);
   ~RandomUser() override;
-  RandomUser(const RandomUser&) = delete;
-  RandomUser& operator=(const RandomUser&) = delete;
   RandomUser(RandomUser&&) = delete;
-  RandomUser& operator=(RandomUser&&) = delete;
 
   /// Who looks on from now on; needed before the first form opens, and outlives its use here.
   void UseOnlooker(Onlooker& onlooker) noexcept { onlooker_ = &onlooker; }

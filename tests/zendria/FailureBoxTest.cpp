@@ -20,8 +20,7 @@ using FailureBoxTest = HostTest;
 TEST_F(FailureBoxTest, TheDetailsOfAFailedScreenCanBeCopied) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   school_.Sql("ALTER TABLE Curso RENAME TO Apartado");
-  robot_.On("frmPendientes",
-            [](qt::FormWindow& window) { Robot::Pick(window, "cboTEnsenanza", "ESO"); });
+  robot_.On("frmPendientes", {{"cboTEnsenanza", "ESO"}});
   robot_.OnDialog("aviso", [](QWidget& dialog) {
     auto* const copy = dialog.findChild<QPushButton*>("copiar");
     ASSERT_NE(copy, nullptr);
@@ -32,8 +31,7 @@ TEST_F(FailureBoxTest, TheDetailsOfAFailedScreenCanBeCopied) {
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
   });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
   const auto lines = QGuiApplication::clipboard()->text().split(u'\n');
   ASSERT_GT(lines.size(), 6);
   EXPECT_TRUE(lines[0].startsWith("Zendria Escuela "));

@@ -37,8 +37,7 @@ class FormSizesTest : public HostTest {
       act(window);
       Robot::Click(window, "cmdCancelar");
     });
-    robot_.On("frmNotaManual1",
-              [](qt::FormWindow& window) { Robot::Click(window, "cmdNotaManual1(1)"); });
+    robot_.On("frmNotaManual1", {"cmdNotaManual1(1)"});
     window_->OpenNode(124);
     EXPECT_TRUE(robot_.Done());
     return came;
@@ -55,8 +54,12 @@ class FormSizesTest : public HostTest {
   }
 };
 
-TEST_F(FormSizesTest, AFormComesBackWithTheSizeOfItsUser) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+class OpenFormSizesTest : public FormSizesTest {
+ protected:
+  OpenFormSizesTest() { EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 2)); }
+};
+
+TEST_F(OpenFormSizesTest, AFormComesBackWithTheSizeOfItsUser) {
   EXPECT_NE(Grade("frmNotaManual", "1", Enlarge), kChosen);
   EXPECT_EQ(Grade("frmNotaManual", "1"), kChosen);
   EXPECT_NE(Grade("frmNotaManualFinal", "F"), kChosen) << "each form has a size of its own";
@@ -65,8 +68,7 @@ TEST_F(FormSizesTest, AFormComesBackWithTheSizeOfItsUser) {
   EXPECT_EQ(Grade("frmNotaManual", "1"), kChosen) << "in another run too";
 }
 
-TEST_F(FormSizesTest, ARememberedSizeChangesNoStatement) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+TEST_F(OpenFormSizesTest, ARememberedSizeChangesNoStatement) {
   for (const auto& [form, evaluation] :
        {std::pair("frmNotaManual", "1"), std::pair("frmNotaManualFinal", "F")}) {
     Statements();
@@ -80,8 +82,7 @@ TEST_F(FormSizesTest, ARememberedSizeChangesNoStatement) {
   }
 }
 
-TEST_F(FormSizesTest, AllSizesAreForgottenOnDemand) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+TEST_F(OpenFormSizesTest, AllSizesAreForgottenOnDemand) {
   const auto first = Grade("frmNotaManual", "1", Enlarge);
   const auto home = window_->size();
   window_->resize(640, 480);
@@ -90,8 +91,7 @@ TEST_F(FormSizesTest, AllSizesAreForgottenOnDemand) {
   EXPECT_EQ(Grade("frmNotaManual", "1"), first);
 }
 
-TEST_F(FormSizesTest, NonsenseInTheSettingsIsNoSize) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+TEST_F(OpenFormSizesTest, NonsenseInTheSettingsIsNoSize) {
   const auto first = Grade("frmNotaManual", "1");
   const auto screen = window_->screen()->size();
   for (const auto* const value :

@@ -1,33 +1,28 @@
 // Which grades a screen that fails has left without saving.
 
 #include <QFileInfo>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <new>
 
 #include "apps/zendria/GradeRescue.h"
 #include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
+#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
 namespace {
 
-using testing::ElementsAre;
-
 class GradeRescueTest : public RescueTest {};
 
 TEST_F(GradeRescueTest, RowsThatTheSaveHadWrittenAreNotInTheFile) {
   FullAt(3);
-  Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "8");
-    Grade(window, 1, 1, "9");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "10");
-    Robot::Click(window, "cmdAceptar");
-  });
+  Fail(Doing({{0, 1, "7"},
+              "cmdSiguiente",
+              {0, 1, "8"},
+              {1, 1, "9"},
+              "cmdSiguiente",
+              {0, 1, "10"},
+              "cmdAceptar"}));
   EXPECT_EQ(school_.Rows("SELECT CodNota FROM EvaluacionPte WHERE CodNumEvaluacion=1 ORDER BY 1"),
             (Lines{"0", "0", "107", "108"}));
   EXPECT_THAT(Cells(),
@@ -36,35 +31,26 @@ TEST_F(GradeRescueTest, RowsThatTheSaveHadWrittenAreNotInTheFile) {
 
 TEST_F(GradeRescueTest, TheLastTextOfACellCountsAndAFormerOneIsNoChange) {
   FullAt(1);
-  Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "9");
-    Grade(window, 0, 1, "5");
-    Robot::Click(window, "cmdAnterior");
-    Grade(window, 0, 1, "6");
-    Robot::Click(window, "cmdAceptar");
-  });
+  Fail(Doing({{0, 1, "7"},
+              {0, 1, "8"},
+              "cmdSiguiente",
+              {0, 1, "9"},
+              {0, 1, "5"},
+              "cmdAnterior",
+              {0, 1, "6"},
+              "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "6")));
 }
 
 TEST_F(GradeRescueTest, AGradeTakenAwayIsAChangeToo) {
   FullAt(1);
-  Fail([](Window& window) {
-    Grade(window, 0, 1, "");
-    Robot::Click(window, "cmdAceptar");
-  });
+  Fail(Doing({{0, 1, ""}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "(en blanco)")));
 }
 
 TEST_F(GradeRescueTest, WithoutAChangeThereIsNoFile) {
   FullAt(1);
-  const auto text = Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
-    Grade(window, 0, 1, "5");
-    Robot::Click(window, "cmdAceptar");
-  });
+  const auto text = Fail(Doing({{0, 1, "7"}, {0, 1, "5"}, "cmdAceptar"}));
   EXPECT_FALSE(QFileInfo::exists(Folder()));
   EXPECT_FALSE(text.contains("notas que había")) << text.toStdString();
 }
@@ -72,36 +58,27 @@ TEST_F(GradeRescueTest, WithoutAChangeThereIsNoFile) {
 TEST_F(GradeRescueTest, NothingIsKeptOfWhatWasSavedOrCancelled) {
   for (const auto* const button : {"cmdAceptar", "cmdCancelar"}) {
     StepOne("frmNotaManual1", "1");
-    robot_.On("frmNotaManual", [button](Window& window) {
-      Grade(window, 0, 1, "7");
-      Robot::Click(window, button);
-    });
+    robot_.On("frmNotaManual", {{0, 1, "7"}, button});
     LeaveStepOne("frmNotaManual1");
     window_->OpenNode(124);
   }
   // A screen that fails later has nothing to do with them.
   school_.Sql("UPDATE EvaluacionPte SET CodNota=0");
   FullAt(1);
-  Fail([](Window& window) { Robot::Click(window, "cmdAceptar"); });
+  Fail(Doing({"cmdAceptar"}));
   EXPECT_FALSE(QFileInfo::exists(Folder()));
 }
 
 TEST_F(GradeRescueTest, OnlyTheFormThatFailsIsInTheFile) {
   StepOne("frmNotaManual1", "1");
   robot_.On("frmNotaManual", [this](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     FullAt(1);
     Robot::Click(window, "cmdCancelar");
   });
   StepOne("frmNotaManual1", "2");
-  robot_.On("frmNotaManual", [](Window& window) {
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdAceptar");
-  });
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(124);
+  robot_.On("frmNotaManual", Doing({"cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
+  NoticeOf(124);
   EXPECT_TRUE(robot_.Done());
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
   EXPECT_TRUE(Content().contains("Evaluación: 2ª Evaluación\n"));
@@ -109,16 +86,16 @@ TEST_F(GradeRescueTest, OnlyTheFormThatFailsIsInTheFile) {
 
 TEST_F(GradeRescueTest, AnErrorAtTheBeginOfAnEditLosesNothing) {
   Fail([this](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     school_.Sql("ALTER TABLE TipoNota RENAME TO Apartado");
-    EXPECT_EQ(OpenList(window, 0, 5), nullptr);
+    EXPECT_EQ(Robot::OpenList(window, 0, 5), nullptr);
   });
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
 TEST_F(GradeRescueTest, AFailureThatIsNoRuntimeErrorLosesNothing) {
   const auto text = Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     throw std::bad_alloc();
   });
   EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
@@ -127,17 +104,17 @@ TEST_F(GradeRescueTest, AFailureThatIsNoRuntimeErrorLosesNothing) {
 
 // A grade of a recovery has no place in the database: choosing it is an error already.
 TEST_F(GradeRescueTest, AnErrorAtTheEndOfAnEditLosesNothing) {
-  robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
-    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
-    Robot::Pick(window, "cboCursos", "2");
-    Robot::Pick(window, "cboSecciones", "A");
-    Robot::Pick(window, "cboEvaluaciones", "1");
-    Robot::Pick(window, "cboMateria", "Lengua");
+  auto stepOne = Doing({{"cboTipoEnsenanza", "ESO"},
+                        {"cboCursos", "2"},
+                        {"cboSecciones", "A"},
+                        {"cboEvaluaciones", "1"},
+                        {"cboMateria", "Lengua"}});
+  robot_.On("frmNotaSeccionAlumno1", [stepOne](Window& window) {
+    stepOne(window);
     FormInstance<frmNotaSeccionAlumno1>::Get().chkRecuperacion.Value(1);
     Robot::Click(window, "cmdNotaManual1(0)");
   });
-  const auto text =
-      FailIn(127, "frmNotaSeccionAlumno", [](Window& window) { Grade(window, 0, 1, "5"); });
+  const auto text = FailIn(127, "frmNotaSeccionAlumno", Doing({{0, 1, "5"}}));
   EXPECT_TRUE(text.startsWith("Error 438: ")) << text.toStdString();
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "5")));
 }
@@ -145,13 +122,8 @@ TEST_F(GradeRescueTest, AnErrorAtTheEndOfAnEditLosesNothing) {
 TEST_F(GradeRescueTest, BySubject) {
   FullAt(2);
   StepOne("frmNotaMateria1", "1");
-  FailIn(125, "frmNotaMateria", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Grade(window, 1, 1, "8");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "9");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(125, "frmNotaMateria",
+         Doing({{0, 1, "7"}, {1, 1, "8"}, "cmdSiguiente", {0, 1, "9"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(),
               ElementsAre(Line(kMarta, kLengua, "Nota", "8"), Line(kMarta, kMates, "Nota", "9")));
   EXPECT_TRUE(Content().contains("Pantalla: Por materia (frmNotaMateria)\n"));
@@ -160,12 +132,8 @@ TEST_F(GradeRescueTest, BySubject) {
 TEST_F(GradeRescueTest, OfOneSubjectByStudent) {
   FullAt(2);
   StepOne("frmNotaSeccionAlumno1", "1", "cboMateria", "Lengua");
-  FailIn(127, "frmNotaSeccionAlumno", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(127, "frmNotaSeccionAlumno",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
   EXPECT_TRUE(Content().contains("Evaluación: 1ª Evaluación\nMateria: Lengua"));
 }
@@ -173,12 +141,8 @@ TEST_F(GradeRescueTest, OfOneSubjectByStudent) {
 TEST_F(GradeRescueTest, OfOneStudentBySubject) {
   FullAt(3);
   StepOne("frmNotaSeccionMateria1", "1", "cboAlumno", "D");
-  FailIn(126, "frmNotaSeccionMateria", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(126, "frmNotaSeccionMateria",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Nota", "8")));
   EXPECT_TRUE(Content().contains("Evaluación: 1ª Evaluación\nAlumno: Díaz Cano, Marta\n"));
 }
@@ -187,13 +151,8 @@ TEST_F(GradeRescueTest, FinalBySubject) {
   school_.Sql("UPDATE Curso SET RE_AC=-1");
   FullAt(2, "EvaluacionActaPte");
   StepOne("frmNotaMateria1", "Final");
-  FailIn(125, "frmNotaMateriaFinal", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Grade(window, 0, 6, "Ref");
-    Grade(window, 1, 1, "8");
-    Grade(window, 1, 6, "Ada");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(125, "frmNotaMateriaFinal",
+         Doing({{0, 1, "7"}, {0, 6, "Ref"}, {1, 1, "8"}, {1, 6, "Ada"}, "cmdAceptar"}));
   EXPECT_EQ(school_.Rows("SELECT CodNota, RE_AC_DIV FROM EvaluacionActaPte ORDER BY "
                          "CodAlumnoPte_MatDet"),
             (Lines{"107|1", "105|0", "0|0", "0|0"}));
@@ -205,36 +164,24 @@ TEST_F(GradeRescueTest, FinalBySubject) {
 TEST_F(GradeRescueTest, FinalByStudent) {
   FullAt(2, "EvaluacionActaPte");
   StepOne("frmNotaManual1", "Final");
-  FailIn(124, "frmNotaManualFinal", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 1, 5, "Mejora");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(124, "frmNotaManualFinal",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {1, 5, "Mejora"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Observación", "Mejora")));
 }
 
 TEST_F(GradeRescueTest, FinalOfOneSubjectByStudent) {
   FullAt(2, "EvaluacionActaPte");
   StepOne("frmNotaSeccionAlumno1", "Final", "cboMateria", "Lengua");
-  FailIn(127, "frmNotaSeccionAlumnoFinal", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(127, "frmNotaSeccionAlumnoFinal",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
 }
 
 TEST_F(GradeRescueTest, FinalOfOneStudentBySubject) {
   FullAt(3, "EvaluacionActaPte");
   StepOne("frmNotaSeccionMateria1", "Final", "cboAlumno", "D");
-  FailIn(126, "frmNotaSeccionMateriaFinal", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdAceptar");
-  });
+  FailIn(126, "frmNotaSeccionMateriaFinal",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Nota", "8")));
 }
 

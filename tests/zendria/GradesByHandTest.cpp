@@ -36,29 +36,21 @@ TEST_F(GradesByHandTest, ATutorSignsInGradesASubjectAndSaves) {
   school_.Registra(321, 1);
   const auto pending = school_.Pendiente(1, 3111, 1);
   school_.Evalua(pending, 1);
-  robot_.OnDialog("entrada", [](QWidget& dialog) {
-    auto& list = dynamic_cast<zendria::SignInDialog&>(dialog).List();
-    QTest::keyClicks(&list.Field(), "ruiz");
-    QTest::keyClick(&list.Field(), Qt::Key_Return);
-  });
+  SignIn("ruiz");
   ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
 
-  robot_.On("frmNotaManual1", [](Window& window) {
-    Robot::Pick(window, "cboCursos", "2");
-    Robot::Pick(window, "cboSecciones", "A");
-    Robot::Pick(window, "cboEvaluaciones", "1");
-    Robot::Press(window, "cboEvaluaciones", Qt::Key_Return);  // the default button
-  });
+  robot_.On("frmNotaManual1", {{"cboCursos", "2"},
+                               {"cboSecciones", "A"},
+                               {"cboEvaluaciones", "1"},
+                               {"cboEvaluaciones", Qt::Key_Return}});
   robot_.On("frmNotaManual", [this](Window& window) {
     EXPECT_EQ(Grid(window).model()->index(0, 0).data().toString(), "Lengua (1º ESO)");
     EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte WHERE CodMatDet=3111"), 1);
     Grade(window, 0, 1, "7");
     Robot::Click(window, "cmdAceptar");
   });
-  robot_.On("frmNotaManual1", [](Window& window) { Robot::Click(window, "cmdNotaManual1(1)"); });
-  window_->OpenNode(124);
-
-  EXPECT_TRUE(robot_.Done());
+  robot_.On("frmNotaManual1", {"cmdNotaManual1(1)"});
+  Play(124);
   EXPECT_TRUE(robot_.messages.empty());
   EXPECT_TRUE(robot_.unexpected.empty());
   EXPECT_EQ(school_.Rows("SELECT Evaluado, CodNota, UltimaEvaluada FROM EvaluacionPte"),

@@ -5,12 +5,11 @@
 #include <QProcess>
 #include <QTest>
 #include <filesystem>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TestConnection.h"
 #include "tests/zendria/RescueTest.h"
 
@@ -18,7 +17,6 @@ namespace quorvane::test {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 
 constexpr auto kLongEnough = 1100;  // ms, for a look to be trusted no more
 
@@ -87,7 +85,7 @@ class LostFileTest : public RescueTest {
   /// Opens the grades by student up to step two; there `lose` happens, and a grade is saved.
   std::string SaveAfter(const std::function<void()>& lose) {
     return Fail([this, lose](Window& window) {
-             Grade(window, 0, 1, "7");
+             Robot::Grade(window, 0, 1, "7");
              QTest::qWait(kLongEnough);
              lose();
              Robot::Click(window, "cmdAceptar");
@@ -153,8 +151,7 @@ TEST_F(LostFileTest, NoScreenIsOpenedOnASchoolInItsPlaceUntilThatIsOpened) {
   for (const auto* ending : {"-wal", "-shm"}) fs::remove(school_.Path() + ending);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   LeaveStepOne("frmNotaManual1");
-  window_->OpenNode(124);
-  EXPECT_TRUE(robot_.Done());
+  Play(124);
 }
 
 TEST_F(LostFileTest, SavingIntoADeletedSchoolIsTold) {
@@ -180,14 +177,10 @@ TEST_F(LostFileTest, WhatIsPutBackIsWorkedOnAgain) {
   MoveBack();
   school_.Sql("DELETE FROM BloqueoPte;DELETE FROM PublicacionPte");
   StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdAceptar");
-  });
+  robot_.On("frmNotaManual", Doing({{0, 1, "7"}, "cmdAceptar"}));
   LeaveStepOne("frmNotaManual1");
-  window_->OpenNode(124);
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_THAT(GradesIn(school_.Path()), testing::Contains("1|1|-1|107"));
+  Play(124);
+  EXPECT_THAT(GradesIn(school_.Path()), Contains("1|1|-1|107"));
 }
 
 // A program that closes the last connection it knows of takes the log away: what was written to it

@@ -19,6 +19,12 @@ namespace {
 
 using MainWindowTest = HostTest;
 
+/// With the school, for the administrator.
+class OpenMainWindowTest : public HostTest {
+ protected:
+  OpenMainWindowTest() { EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1)); }
+};
+
 std::vector<std::string> Titles(QTreeWidget& tree, bool disabledOnly = false) {
   std::vector<std::string> titles;
   for (QTreeWidgetItemIterator at(&tree); *at != nullptr; ++at)
@@ -36,8 +42,7 @@ TEST_F(MainWindowTest, WithoutASchoolItOffersToOpenOne) {
   EXPECT_FALSE(window_->YearAction().isEnabled());
 }
 
-TEST_F(MainWindowTest, ShowsUserProfileFileAndYear) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, ShowsUserProfileFileAndYear) {
   EXPECT_EQ(LabelText("usuario"), "Dirección");
   EXPECT_EQ(LabelText("perfil"), "0 (sin restricciones), administrador");
   EXPECT_EQ(LabelText("fichero"), SchoolFile());
@@ -59,13 +64,12 @@ TEST_F(MainWindowTest, SignsInAsTheOneWhoIsChosen) {
 }
 
 TEST_F(MainWindowTest, GivingUpTheSignInOpensNothing) {
-  robot_.OnDialog("entrada", [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  GiveUp("entrada");
   EXPECT_FALSE(window_->OpenSchool(SchoolFile()));
   EXPECT_FALSE(window_->HasSchool());
 }
 
-TEST_F(MainWindowTest, ARecentSchoolOpensWithEnter) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, ARecentSchoolOpensWithEnter) {
   UseScreens(zendria::PendingScreens());
   auto* const recent = window_->findChild<QListWidget*>("recientes");
   ASSERT_EQ(recent->count(), 1);
@@ -105,8 +109,7 @@ TEST_F(MainWindowTest, WithoutAnyScreenThereIsNothingToOpen) {
   EXPECT_FALSE(window_->Page().OpenButton().isEnabled());
 }
 
-TEST_F(MainWindowTest, EveryNodeOpensItsScreen) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, EveryNodeOpensItsScreen) {
   const std::vector<std::pair<std::uint8_t, std::string>> screens = {
       {123, "frmPendientes"},
       {124, "frmNotaManual1"},
@@ -145,8 +148,7 @@ TEST_F(MainWindowTest, HandsTheModuleTheWholeSession) {
   EXPECT_EQ(session.CarpetaIconos(), "C:\\Zendria\\iconos\\");
 }
 
-TEST_F(MainWindowTest, StaysOpenWhileAScreenIs) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, StaysOpenWhileAScreenIs) {
   robot_.On("frmPendientes", [this](qt::FormWindow& window) {
     EXPECT_FALSE(window_->close());
     window.close();
@@ -155,26 +157,17 @@ TEST_F(MainWindowTest, StaysOpenWhileAScreenIs) {
   EXPECT_TRUE(window_->close());
 }
 
-TEST_F(MainWindowTest, ChangingTheUserKeepsTheSchool) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  robot_.OnDialog("entrada", [](QWidget& dialog) {
-    auto& list = dynamic_cast<zendria::SignInDialog&>(dialog).List();
-    QTest::keyClicks(&list.Field(), "gil");
-    QTest::keyClick(&list.Field(), Qt::Key_Return);
-  });
+TEST_F(OpenMainWindowTest, ChangingTheUserKeepsTheSchool) {
+  SignIn("gil");
   window_->findChild<QAction*>("cambiarUsuario")->trigger();
   EXPECT_EQ(LabelText("usuario"), "Luis Gil");
 }
 
 // A statement fails under the form that is open; the host tells it and goes on living.
-TEST_F(MainWindowTest, ARuntimeErrorIsToldAndTheNextScreenOpens) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, ARuntimeErrorIsToldAndTheNextScreenOpens) {
   school_.Sql("ALTER TABLE Curso RENAME TO Apartado");
-  robot_.On("frmPendientes",
-            [](qt::FormWindow& window) { Robot::Pick(window, "cboTEnsenanza", "ESO"); });
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(123);
+  robot_.On("frmPendientes", {{"cboTEnsenanza", "ESO"}});
+  const auto text = NoticeOf(123);
   EXPECT_TRUE(text.contains("Error -2147467259: no such table: Curso")) << text.toStdString();
   EXPECT_TRUE(text.contains("La pantalla se ha cerrado"));
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
@@ -186,13 +179,11 @@ TEST_F(MainWindowTest, ARuntimeErrorIsToldAndTheNextScreenOpens) {
     Robot::Pick(window, "cboCurso", "2");
     window.close();
   });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
 }
 
 // The failure comes out of two nested shows; neither form is left.
-TEST_F(MainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
   school_.Sql("ALTER TABLE Profesor_Pte RENAME TO Apartado");
   const auto pickClass = [](qt::FormWindow& window) {
     Robot::Pick(window, "cboTEnsenanza", "ESO");
@@ -201,9 +192,7 @@ TEST_F(MainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
     Robot::Click(window, "cmdAceptar");
   };
   robot_.On("frmPendientes", pickClass);
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(123);
+  const auto text = NoticeOf(123);
   EXPECT_TRUE(text.contains("no such table")) << text.toStdString();
   EXPECT_FALSE(FormInstance<frmPendientes>::Exists());
   EXPECT_FALSE(FormInstance<frmAlumnoPendiente>::Exists());
@@ -214,13 +203,11 @@ TEST_F(MainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
     pickClass(window);
   });
   robot_.On("frmAlumnoPendiente", [](qt::FormWindow& window) { window.close(); });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
 }
 
 // What is no runtime error, as a lack of memory, doesn't end the host either.
-TEST_F(MainWindowTest, TheStatementsAreReadWhileAScreenIsOpen) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, TheStatementsAreReadWhileAScreenIsOpen) {
   auto& statements = window_->ShowStatements();
   robot_.On("frmPendientes", [&statements](qt::FormWindow& window) {
     statements.Filter().setFocus();
@@ -232,29 +219,22 @@ TEST_F(MainWindowTest, TheStatementsAreReadWhileAScreenIsOpen) {
     EXPECT_TRUE(statements.Text().contains("FROM Curso")) << statements.Text().toStdString();
     window.close();
   });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
 }
 
-TEST_F(MainWindowTest, AnUnexpectedFailureIsTold) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+TEST_F(OpenMainWindowTest, AnUnexpectedFailureIsTold) {
   robot_.On("frmPendientes", [](qt::FormWindow& /*window*/) { throw std::bad_alloc(); });
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(123);
+  const auto text = NoticeOf(123);
   EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
   robot_.On("frmPendientes", [](qt::FormWindow& window) { window.close(); });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
 }
 
 // A user's number that the session's 16 bits can't hold fails before any form comes up.
 TEST_F(MainWindowTest, AFailingSessionIsToldToo) {
   school_.Sql("INSERT INTO Usuario (IDUsuario, Nombre, CodPerfil) VALUES (70000, 'Zoe', 0)");
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 70000));
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(123);
+  const auto text = NoticeOf(123);
   EXPECT_TRUE(text.startsWith("Error 6: ")) << text.toStdString();
 }
 

@@ -76,7 +76,7 @@ TEST_F(OdbcSchoolTest, TheRecentOneAsksForThePassword) {
 }
 
 TEST_F(OdbcSchoolTest, GivingThePasswordUpOpensNothing) {
-  robot_.OnDialog("conectar", [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  GiveUp("conectar");
   EXPECT_FALSE(window_->OpenSchool(zendria::OdbcPlace(String(";UID=ana")), 2));
   EXPECT_FALSE(window_->HasSchool());
   EXPECT_TRUE(preferences_.RecentSchools().isEmpty());
@@ -97,7 +97,7 @@ TEST_F(OdbcSchoolTest, IsConnectedFromTheWelcomePageAndTheMenu) {
       EXPECT_TRUE(enabled());
       QTest::keyClick(&asked.String(), Qt::Key_Return);
     });
-    robot_.OnDialog("entrada", [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    GiveUp("entrada");
   };
   connect();
   window_->findChild<QPushButton*>("conectarEscuela")->click();

@@ -10,52 +10,39 @@
 namespace quorvane::test {
 namespace {
 
-using RegisterByHandTest = HostTest;
 using Window = qt::FormWindow;
 
-void PickClass(Window& window) {
-  Robot::Pick(window, "cboTEnsenanza", "ESO");
-  Robot::Pick(window, "cboCurso", "2");
-  Robot::Pick(window, "cboSeccion", "A");
-  Robot::Press(window, "cboSeccion", Qt::Key_Return);  // the default button
-}
+class RegisterByHandTest : public HostTest {
+ protected:
+  RegisterByHandTest() {
+    EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+    // Enter is the default button.
+    pickClass_ = {{"cboTEnsenanza", "ESO"},
+                  {"cboCurso", "2"},
+                  {"cboSeccion", "A"},
+                  {"cboSeccion", Qt::Key_Return}};
+  }
+
+  std::vector<Robot::Deed> pickClass_;
+};
 
 // A student, a subject of his and two evaluations, by keyboard and mouse, up to the saved rows.
 TEST_F(RegisterByHandTest, AStudentWithASubjectIsSaved) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  robot_.On("frmPendientes", PickClass);
-  robot_.On("frmAlumnoPendiente", [](Window& window) {
-    Robot::Click(window, "cmdListar");
-    Robot::ClickRow(window, "msgAlumnos", 0);
-    Robot::Click(window, "cmdPropiedades");
-    Robot::Click(window, "cmdAceptar");
-  });
+  robot_.On("frmPendientes", pickClass_);
+  robot_.On("frmAlumnoPendiente", {"cmdListar", {"msgAlumnos", 0}, "cmdPropiedades", "cmdAceptar"});
   robot_.On("frmAlumnos", [](Window& window) {
     Robot::DoubleClickRow(window, "lstDisponibles", 0);
     Robot::Click(window, "cmdAceptar");
   });
-  robot_.On("frmAlumnoMateria", [](Window& window) {
-    Robot::Click(window, "cmdAgregar");
-    Robot::ClickRow(window, "msgMaterias", 0);
-    Robot::Click(window, "cmdPropiedades");
-    Robot::Click(window, "cmdAceptar");
-  });
-  robot_.On("frmMateriaPend", [](Window& window) {
-    Robot::Pick(window, "cboCurso", "1");
-    Robot::Pick(window, "cboSeccion", "A");
-    Robot::Pick(window, "cboMateria", "Leng");
-    Robot::Click(window, "cmdAceptar");
-  });
-  robot_.On("frmMateriaEv", [](Window& window) {
-    Robot::ClickRow(window, "lstDisponibles", 0);
-    Robot::Press(window, "lstDisponibles", Qt::Key_Return);
-    Robot::ClickRow(window, "lstDisponibles", 0);
-    Robot::Click(window, "cmdAgregarUno");
-    Robot::Click(window, "cmdAceptar");
-  });
-  window_->OpenNode(123);
-
-  EXPECT_TRUE(robot_.Done());
+  robot_.On("frmAlumnoMateria", {"cmdAgregar", {"msgMaterias", 0}, "cmdPropiedades", "cmdAceptar"});
+  robot_.On("frmMateriaPend",
+            {{"cboCurso", "1"}, {"cboSeccion", "A"}, {"cboMateria", "Leng"}, "cmdAceptar"});
+  robot_.On("frmMateriaEv", {{"lstDisponibles", 0},
+                             {"lstDisponibles", Qt::Key_Return},
+                             {"lstDisponibles", 0},
+                             "cmdAgregarUno",
+                             "cmdAceptar"});
+  Play(123);
   EXPECT_TRUE(robot_.messages.empty());
   EXPECT_TRUE(robot_.unexpected.empty());
   const auto student = school_.Rows("SELECT CodSeccion FROM Seccion_AlumnoPte");
@@ -68,7 +55,6 @@ TEST_F(RegisterByHandTest, AStudentWithASubjectIsSaved) {
 }
 
 TEST_F(RegisterByHandTest, MandatoryFieldsAreMarkedOnTheScreenAlone) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
   robot_.On("frmPendientes", [](Window& window) {
     for (const auto* const name : {"Label1", "Label2", "Label3"}) {
       EXPECT_TRUE(dynamic_cast<QLabel&>(*window.Widget(name)).text().contains("*")) << name;
@@ -77,24 +63,19 @@ TEST_F(RegisterByHandTest, MandatoryFieldsAreMarkedOnTheScreenAlone) {
     }
     window.close();
   });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
 }
 
 // The teacher comes from the person search: accents ignored, Enter chooses.
 TEST_F(RegisterByHandTest, ATeacherIsSearchedAndSaved) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  robot_.On("frmPendientes", PickClass);
+  robot_.On("frmPendientes", pickClass_);
   robot_.On("frmAlumnoPendiente", [](Window& window) {
     window.findChild<QTabBar*>()->setCurrentIndex(1);
     Robot::ClickRow(window, "msgMaterias", 0);
     Robot::Click(window, "cmdPropMat");
     Robot::Click(window, "cmdAceptar");
   });
-  robot_.On("frmPropMatProf", [](Window& window) {
-    Robot::Click(window, "cmdNProfesor");
-    Robot::Click(window, "cmdAceptar");
-  });
+  robot_.On("frmPropMatProf", {"cmdNProfesor", "cmdAceptar"});
   robot_.OnDialog("buscarPersona", [](QWidget& dialog) {
     auto& search = dynamic_cast<zendria::PersonSearchDialog&>(dialog);
     EXPECT_EQ(search.windowTitle(), "Buscar: Docente");
@@ -102,28 +83,21 @@ TEST_F(RegisterByHandTest, ATeacherIsSearchedAndSaved) {
     QTest::keyClicks(&search.People().Field(), "VEGA");
     QTest::keyClick(&search.People().Field(), Qt::Key_Return);
   });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  Play(123);
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM Profesor_Pte WHERE CodProfesor=3"), 1);
 }
 
 TEST_F(RegisterByHandTest, EscapeInTheSearchKeepsTheTeacher) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  robot_.On("frmPendientes", PickClass);
+  robot_.On("frmPendientes", pickClass_);
   robot_.On("frmAlumnoPendiente", [](Window& window) {
     window.findChild<QTabBar*>()->setCurrentIndex(1);
     Robot::ClickRow(window, "msgMaterias", 0);
     Robot::Click(window, "cmdPropMat");
     window.close();
   });
-  robot_.On("frmPropMatProf", [](Window& window) {
-    Robot::Click(window, "cmdNProfesor");
-    Robot::Press(window, "cmdAceptar", Qt::Key_Escape);
-  });
-  robot_.OnDialog("buscarPersona",
-                  [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-  window_->OpenNode(123);
-  EXPECT_TRUE(robot_.Done());
+  robot_.On("frmPropMatProf", {"cmdNProfesor", {"cmdAceptar", Qt::Key_Escape}});
+  GiveUp("buscarPersona");
+  Play(123);
   EXPECT_TRUE(robot_.messages.empty());
   EXPECT_TRUE(school_.Modulo().empty());
 }

@@ -9,19 +9,16 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <optional>
 #include <sys/stat.h>
 
 #include "apps/zendria/SchoolPlace.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::ElementsAre;
 
 class RescueFileTest : public RescueTest {
  protected:
@@ -31,10 +28,7 @@ class RescueFileTest : public RescueTest {
   }
 
   /// One grade is typed, and can't be saved.
-  static void GradeAndAccept(Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdAceptar");
-  }
+  const Step gradeAndAccept = Doing({{0, 1, "7"}, "cmdAceptar"});
 
   /// No folder can be made where the files go.
   void BlockFolder() const { QFile(Folder()).open(QIODevice::WriteOnly); }
@@ -42,13 +36,8 @@ class RescueFileTest : public RescueTest {
 
 TEST_F(RescueFileTest, AFailedSaveLeavesTheGradesInAFileThatTheErrorNames) {
   FullAt(1);
-  const auto text = Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdSiguiente");
-    Grade(window, 1, 1, "3");
-    Grade(window, 1, 5, "Mejora");
-    Robot::Click(window, "cmdAceptar");
-  });
+  const auto text =
+      Fail(Doing({{0, 1, "7"}, "cmdSiguiente", {1, 1, "3"}, {1, 5, "Mejora"}, "cmdAceptar"}));
   EXPECT_TRUE(text.startsWith("Error -2147467259: database or disk is full\n"))
       << text.toStdString();
   ASSERT_EQ(Files().size(), 1);
@@ -62,16 +51,10 @@ TEST_F(RescueFileTest, AFailedSaveLeavesTheGradesInAFileThatTheErrorNames) {
 TEST_F(RescueFileTest, TheFileIsTheUsersAloneWhateverTheMask) {
   FullAt(1);
   const auto mask = umask(0);
-  Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdAceptar");
-  });
+  Fail(gradeAndAccept);
   umask(0277);
   school_.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
-  Fail([](Window& window) {
-    Grade(window, 0, 1, "8");
-    Robot::Click(window, "cmdAceptar");
-  });
+  Fail(Doing({{0, 1, "8"}, "cmdAceptar"}));
   umask(mask);
   ASSERT_EQ(Files().size(), 2) << "the first was not overwritten";
   for (const auto& file : Files()) EXPECT_EQ(Mode(Folder() + '/' + file), 0600U);
@@ -80,10 +63,7 @@ TEST_F(RescueFileTest, TheFileIsTheUsersAloneWhateverTheMask) {
 
 TEST_F(RescueFileTest, TheFileTellsAllThatIsNeededToTypeThemAgain) {
   FullAt(1);
-  Fail([](Window& window) {
-    Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdAceptar");
-  });
+  Fail(gradeAndAccept);
   const auto name = QFileInfo(school_.Path().c_str()).completeBaseName();
   ASSERT_EQ(Files().size(), 1);
   EXPECT_TRUE(QRegularExpression("^\\d{4}-\\d\\d-\\d\\d-\\d{6}-" +
@@ -114,7 +94,7 @@ TEST_F(RescueFileTest, TheFileTellsAllThatIsNeededToTypeThemAgain) {
 TEST_F(RescueFileTest, ADiskThatIsReallyFullLosesNothing) {
   std::optional<LongestFile> full;
   const auto text = Fail([&full](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     full.emplace(2048);  // less than a page of the school, more than the grades
     Robot::Click(window, "cmdAceptar");
   });
@@ -144,7 +124,7 @@ TEST_F(RescueFileTest, WithoutItsFolderTheFileGoesAmongTheTemporaryOnes) {
   ASSERT_TRUE(QDir(folder_.path()).mkdir("tmp"));
   const TemporaryFolder temporary(folder_.filePath("tmp"));
   FullAt(1);
-  const auto text = Fail(GradeAndAccept);
+  const auto text = Fail(gradeAndAccept);
   const QDir tmp(folder_.filePath("tmp"));
   const auto made = tmp.entryList({"zendria-*"}, QDir::Dirs);
   ASSERT_EQ(made.size(), 1);
@@ -161,7 +141,7 @@ TEST_F(RescueFileTest, WhereNoFileCanBeWrittenTheBoxShowsTheGrades) {
   const TemporaryFolder temporary(MakeFile("tmp", "no folder"));
   FullAt(1);
   StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", GradeAndAccept);
+  robot_.On("frmNotaManual", gradeAndAccept);
   robot_.OnDialog("aviso", [](QWidget& dialog) {
     auto& box = dynamic_cast<QMessageBox&>(dialog);
     EXPECT_TRUE(box.informativeText().contains("no se ha podido escribir ningún fichero"))
@@ -177,14 +157,13 @@ TEST_F(RescueFileTest, WhereNoFileCanBeWrittenTheBoxShowsTheGrades) {
     }
     box.accept();
   });
-  window_->OpenNode(124);
-  EXPECT_TRUE(robot_.Done());
+  Play(124);
 }
 
 TEST_F(RescueFileTest, AButtonOfTheBoxShowsTheGrades) {
   FullAt(1);
   StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", GradeAndAccept);
+  robot_.On("frmNotaManual", gradeAndAccept);
   robot_.OnDialog("notasSinGuardar", [this](QWidget& dialog) {
     EXPECT_EQ(dialog.findChild<QLabel*>("fichero")->text(), Folder() + '/' + Files()[0]);
     EXPECT_EQ(dialog.findChild<QPlainTextEdit*>()->toPlainText().toUtf8(), Content());
@@ -200,8 +179,7 @@ TEST_F(RescueFileTest, AButtonOfTheBoxShowsTheGrades) {
     QTest::mouseClick(dialog.findChild<QPushButton*>("copiar"), Qt::LeftButton);
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
-  window_->OpenNode(124);
-  EXPECT_TRUE(robot_.Done());
+  Play(124);
   const auto details = QGuiApplication::clipboard()->text();
   EXPECT_TRUE(details.contains("\nNotas sin guardar: 1, en " + Folder() + '/' + Files()[0] + '\n'))
       << details.toStdString();
@@ -212,7 +190,7 @@ TEST_F(RescueFileTest, AButtonOfTheBoxShowsTheGrades) {
 TEST_F(RescueFileTest, TabsAndLineBreaksInTextsAreBlanks) {
   school_.Sql("UPDATE Alumno SET Nombre='Jor'||char(9)||'ge'||char(10)||'Luis' WHERE IDAlumno=3");
   FullAt(1);
-  Fail(GradeAndAccept);
+  Fail(gradeAndAccept);
   EXPECT_THAT(Cells(), ElementsAre(Line("1 Abad Rey, Jor ge Luis", kLengua, "Nota", "7")));
 }
 
@@ -223,7 +201,7 @@ TEST_F(RescueFileTest, OfASchoolThatIsGoneAllIsKept) {
   const QString elsewhere = SchoolFile() + ".aparte";
   FullAt(2);
   Fail([&](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     ASSERT_TRUE(QFile::rename(SchoolFile(), elsewhere));
     Robot::Click(window, "cmdAceptar");
   });
@@ -237,7 +215,7 @@ TEST_F(RescueFileTest, OfASchoolThatWasReplacedAllIsKept) {
   school_.Sql("VACUUM INTO '" + elsewhere.toStdString() + "'");
   FullAt(2);
   Fail([&](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     for (const auto* const ending : {"", "-wal", "-shm"}) QFile::remove(SchoolFile() + ending);
     ASSERT_TRUE(QFile::rename(elsewhere, SchoolFile()));
     Robot::Click(window, "cmdAceptar");
@@ -253,10 +231,10 @@ TEST_F(RescueFileTest, OfAServerThatIsGoneOnlyWhatItDidNotAcknowledge) {
   ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace("Driver=SQLite3;Database=" + place), 1));
   FullAt(3);
   Fail([&](Window& window) {
-    Grade(window, 0, 1, "7");
+    Robot::Grade(window, 0, 1, "7");
     Robot::Click(window, "cmdSiguiente");
-    Grade(window, 0, 1, "");
-    Grade(window, 1, 1, "9");
+    Robot::Grade(window, 0, 1, "");
+    Robot::Grade(window, 1, 1, "9");
     // Who connects from now on finds nothing.
     ASSERT_TRUE(QFile::remove(place));
     ASSERT_TRUE(QFile::link(MakeFile("nada", "no database"), place));

@@ -2,8 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTableView>
-#include <QTest>
 #include <utility>
 
 namespace quorvane::test {
@@ -23,60 +21,34 @@ RescueTest::RescueTest() {
   EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1));
 }
 
-QWidget* RescueTest::OpenList(Window& window, int row, int column) {
-  auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-  grid.setFocus();
-  grid.setCurrentIndex(grid.model()->index(row, column));
-  QTest::keyClick(&grid, Qt::Key_F2);
-  // An open list has the keyboard.
-  auto* const focus = window.focusWidget();
-  return focus == &grid ? nullptr : focus;
-}
-
-void RescueTest::Grade(Window& window, int row, int column, const QString& text) {
-  auto* const filter = OpenList(window, row, column);
-  ASSERT_NE(filter, nullptr);
-  if (text.isEmpty())
-    QTest::keyClick(filter, Qt::Key_PageUp);
-  else
-    QTest::keyClicks(filter, text);
-  QTest::keyClick(filter, Qt::Key_Return);
-}
-
 void RescueTest::FullAt(int pending, const std::string& table) const {
   school_.Sql("CREATE TRIGGER lleno BEFORE UPDATE ON " + table +
               " WHEN NEW.CodAlumnoPte_MatDet=" + std::to_string(pending) +
               " BEGIN SELECT RAISE(FAIL,'database or disk is full'); END");
 }
 
-void RescueTest::StepOne(const std::string& form, const QString& evaluation,
-                         const std::string& more, const QString& entry) {
-  robot_.On(form, [=](Window& window) {
-    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
-    Robot::Pick(window, "cboCursos", "2");
-    Robot::Pick(window, "cboSecciones", "A");
-    Robot::Pick(window, "cboEvaluaciones", evaluation);
-    if (!more.empty()) Robot::Pick(window, more, entry);
-    Robot::Click(window, "cmdNotaManual1(0)");
-  });
+void RescueTest::StepOne(const std::string& form, const char* evaluation, const char* more,
+                         const char* entry) {
+  std::vector<Robot::Deed> deeds{{"cboTipoEnsenanza", "ESO"},
+                                 {"cboCursos", "2"},
+                                 {"cboSecciones", "A"},
+                                 {"cboEvaluaciones", evaluation}};
+  if (more != nullptr) deeds.emplace_back(more, entry);
+  deeds.emplace_back("cmdNotaManual1(0)");
+  robot_.On(form, deeds);
 }
 
-void RescueTest::LeaveStepOne(const std::string& form) {
-  robot_.On(form, [](Window& window) { Robot::Click(window, "cmdNotaManual1(1)"); });
-}
+void RescueTest::LeaveStepOne(const std::string& form) { robot_.On(form, {"cmdNotaManual1(1)"}); }
 
-QString RescueTest::FailIn(std::uint8_t node, const std::string& form,
-                           const std::function<void(Window&)>& act) {
+QString RescueTest::FailIn(std::uint8_t node, const std::string& form, const Step& act) {
   robot_.On(form, act);
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(node);
+  auto text = NoticeOf(node);
   EXPECT_TRUE(robot_.Done());
   EXPECT_TRUE(robot_.unexpected.empty());
   return text;
 }
 
-QString RescueTest::Fail(const std::function<void(Window&)>& act) {
+QString RescueTest::Fail(const Step& act) {
   StepOne("frmNotaManual1", "1");
   return FailIn(124, "frmNotaManual", act);
 }

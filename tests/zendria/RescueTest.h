@@ -9,8 +9,6 @@
 
 #include "tests/zendria/HostTest.h"
 
-class QWidget;
-
 namespace quorvane::test {
 
 /// A section whose grades are typed and not saved. Students 3, 1 and 2 of section 321 owe "Lengua",
@@ -21,6 +19,7 @@ class RescueTest : public HostTest {
  protected:
   using Window = qt::FormWindow;
   using Lines = std::vector<std::string>;
+  using Step = Robot::Step;
 
   static constexpr const char* kJorge = "1 Abad Rey, Jorge";
   static constexpr const char* kMarta = "2 Díaz Cano, Marta";
@@ -30,23 +29,18 @@ class RescueTest : public HostTest {
 
   RescueTest();
 
-  /// Begins the edit of a cell; what takes the keys of the list that it opens, null without one.
-  static QWidget* OpenList(Window& window, int row, int column);
-  /// Picks an entry of a cell's list with the keyboard: by what is typed, or the first, which is
-  /// blank.
-  static void Grade(Window& window, int row, int column, const QString& text);
+  static Step Doing(const std::vector<Robot::Deed>& deeds) { return Robot::Doing(deeds); }
 
   /// The database refuses to write that pending row, as a disk does that is full.
   void FullAt(int pending, const std::string& table = "EvaluacionPte") const;
   /// Fixes section, evaluation and what else that step asks for, and goes on.
-  void StepOne(const std::string& form, const QString& evaluation, const std::string& more = "",
-               const QString& entry = "");
+  void StepOne(const std::string& form, const char* evaluation, const char* more = nullptr,
+               const char* entry = nullptr);
   void LeaveStepOne(const std::string& form);
   /// Grades in that form until it fails, and gives the message.
-  QString FailIn(std::uint8_t node, const std::string& form,
-                 const std::function<void(Window&)>& act);
+  QString FailIn(std::uint8_t node, const std::string& form, const Step& act);
   /// By student, in the first evaluation.
-  QString Fail(const std::function<void(Window&)>& act);
+  QString Fail(const Step& act);
 
   /// Where the files are.
   [[nodiscard]] QString Folder() const;
