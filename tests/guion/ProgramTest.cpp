@@ -30,6 +30,11 @@ Ended Program(const std::string& arguments) {
   return ended;
 }
 
+void ExpectEnd(const Ended& ended, int status, const std::string& printed) {
+  EXPECT_EQ(ended.status, status);
+  EXPECT_EQ(ended.printed, printed);
+}
+
 class ProgramTest : public testing::Test {
  protected:
   /// A file of that content that goes with the test.
@@ -40,6 +45,10 @@ class ProgramTest : public testing::Test {
             .string());
     std::ofstream(files_.back(), std::ios::binary) << content;
     return files_.back();
+  }
+  /// Runs it on the school.
+  [[nodiscard]] Ended OnSchool(const std::string& arguments) const {
+    return Program("--bd " + school.Path() + " " + arguments);
   }
   void TearDown() override {
     for (const auto& file : files_) std::filesystem::remove(file);
@@ -52,9 +61,7 @@ class ProgramTest : public testing::Test {
 };
 
 TEST_F(ProgramTest, PlaysAFile) {
-  const auto ended = Program("--bd " + school.Path() + " " + File("nodo 11 # nada\nver\n"));
-  EXPECT_EQ(ended.status, 0);
-  EXPECT_EQ(ended.printed,
+  ExpectEnd(OnSchool(File("nodo 11 # nada\nver\n")), 0,
             "> nodo 11\nvuelve 11\n> ver\nrechazo ver: no hay ningún formulario abierto\n");
 }
 
@@ -63,44 +70,34 @@ TEST_F(ProgramTest, PlaysStandardInputAsItIsWritten) {
   const auto out = File("");
   const auto pipe = out + ".pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  const auto ended = Program("--bd " + school.Path() + " < " + pipe + " | tee " + out +
-                             " & { echo 'nodo 11'; until grep -q vuelve " + out +
-                             "; do sleep 0.01; done; echo 'nodo 12'; } > " + pipe + "; wait");
+  const auto ended =
+      OnSchool("< " + pipe + " | tee " + out + " & { echo 'nodo 11'; until grep -q vuelve " + out +
+               "; do sleep 0.01; done; echo 'nodo 12'; } > " + pipe + "; wait");
   std::filesystem::remove(pipe);
-  EXPECT_EQ(ended.status, 0);
-  EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
+  ExpectEnd(ended, 0, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
 }
 
 TEST_F(ProgramTest, AMistakeInStandardInputEndsItThere) {
-  const auto ended =
-      Program("--bd " + school.Path() + " < " + File("nodo 11\n\nbailar\nnodo 12\n"));
-  EXPECT_EQ(ended.status, 2);
-  EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
+  const auto ended = OnSchool("< " + File("nodo 11\n\nbailar\nnodo 12\n"));
+  ExpectEnd(ended, 2, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
 }
 
 TEST_F(ProgramTest, PlaysStandardInput) {
-  const auto ended = Program("--bd " + school.Path() + " < " + File("nodo 0\n"));
-  EXPECT_EQ(ended.status, 0);
-  EXPECT_EQ(ended.printed, "> nodo 0\nvuelve 0\n");
+  ExpectEnd(OnSchool("< " + File("nodo 0\n")), 0, "> nodo 0\nvuelve 0\n");
 }
 
 TEST_F(ProgramTest, EndsWithOneAfterAnError) {
-  const auto ended = Program("--bd " + school.Path() + " " + File("nodo 256\nnodo 11\n"));
-  EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.printed, "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
+  ExpectEnd(OnSchool(File("nodo 256\nnodo 11\n")), 1,
+            "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
 }
 
 TEST_F(ProgramTest, EndsWithOneWhenTheSessionDoesntFitItsFields) {
-  const auto ended = Program("--bd " + school.Path() + " --usuario 70000");
-  EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.printed, "error 6 Desbordamiento\n");
+  ExpectEnd(OnSchool("--usuario 70000"), 1, "error 6 Desbordamiento\n");
 }
 
 TEST_F(ProgramTest, AScriptWithAMistakePlaysNothing) {
   const auto script = File("sql \"INSERT INTO Usuario (IDUsuario) VALUES (1)\"\n\nabrir\n");
-  const auto ended = Program("--bd " + school.Path() + " " + script);
-  EXPECT_EQ(ended.status, 2);
-  EXPECT_EQ(ended.printed, "línea 3: orden desconocida: abrir\n");
+  ExpectEnd(OnSchool(script), 2, "línea 3: orden desconocida: abrir\n");
   EXPECT_TRUE(school.Rows("SELECT IDUsuario FROM Usuario").empty());
 }
 
@@ -124,9 +121,8 @@ TEST_F(ProgramTest, BadArgumentsEndWithTwo) {
 
 TEST_F(ProgramTest, AScriptThatCantBeReadEndsWithTwo) {
   for (const auto* script : {"/no/hay/tal.guion", "/"}) {
-    const auto ended = Program("--bd " + school.Path() + " " + script);
-    EXPECT_EQ(ended.status, 2);
-    EXPECT_EQ(ended.printed, "No se puede leer el guion " + std::string(script) + "\n");
+    const auto ended = OnSchool(script);
+    ExpectEnd(ended, 2, "No se puede leer el guion " + std::string(script) + "\n");
   }
 }
 
@@ -157,7 +153,7 @@ TEST_F(ProgramTest, TheDatabaseWithUsuarioMayBeAnother) {
 
 TEST_F(ProgramTest, PlaysThroughAnOdbcDriver) {
   const auto script = File("sql \"SELECT COUNT(*) FROM Alumno\"\nnodo 123\ncerrar\n");
-  const auto byFile = Program("--bd " + school.Path() + " " + script);
+  const auto byFile = OnSchool(script);
   const auto byDriver = Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script);
   EXPECT_EQ(byDriver.status, 0);
   EXPECT_EQ(byDriver.printed, byFile.printed);
