@@ -11,6 +11,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "platform/RuntimeError.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -33,8 +34,7 @@ class OdbcSchoolTest : public testing::Test {
   void EmptyDatabase() const { std::ofstream{path}; }
 
   int Tables() const {
-    sqlite::SqliteConnection database(path, "", sqlite::OpenMode::Create);
-    database.Open();
+    Opened<sqlite::SqliteConnection> database(path, "", sqlite::OpenMode::Create);
     return database.Execute("SELECT COUNT(*) FROM sqlite_master").Fields(0).Long();
   }
 
@@ -80,8 +80,7 @@ TEST_F(OdbcSchoolTest, IsTheSameAsInAFile) {
 
 TEST_F(OdbcSchoolTest, IsNeverWrittenOver) {
   {
-    sqlite::SqliteConnection database(path, "", sqlite::OpenMode::Create);
-    database.Open();
+    Opened<sqlite::SqliteConnection> database(path, "", sqlite::OpenMode::Create);
     database.Execute("CREATE TABLE Nota (IDNota int)");
   }
   for (const auto* const order : {"crear ", "demo ", "generar --alumnos 3 --semilla 1 "}) {

@@ -9,6 +9,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -37,8 +38,7 @@ std::string Content(const std::string& path) {
 }
 
 void Change(const std::string& path, const std::string& statement) {
-  sqlite::SqliteConnection school(path, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(path, "");
   school.Execute(statement);
 }
 
@@ -75,8 +75,7 @@ TEST_F(ProgramTest, TheSameSeedGivesTheSameFile) {
   EXPECT_EQ(one, generate("dos", "7"));
   EXPECT_NE(one, generate("tres", "8"));
   EXPECT_EQ(Escuela("comprobar " + (folder_ / "uno")).status, 0);
-  sqlite::SqliteConnection school(folder_ / "uno", "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(folder_ / "uno", "");
   EXPECT_EQ(school.Execute("SELECT COUNT(*) AS N FROM Alumno").Fields("N").Long(), 700);
   // Sections are of one size, but for the last.
   EXPECT_EQ(school
@@ -139,8 +138,7 @@ TEST_F(ProgramTest, TellsWhyAFileIsNoSchool) {
   EXPECT_THAT(Escuela("bloqueos " + path_).text, HasSubstr("file is not a database"));
   const auto foreign = folder_ / "ajena.sqlite";
   {
-    sqlite::SqliteConnection other(foreign, "", sqlite::OpenMode::Create);
-    other.Open();
+    Opened<sqlite::SqliteConnection> other(foreign, "", sqlite::OpenMode::Create);
     other.Execute("CREATE TABLE Cosas (A INTEGER)");
   }
   EXPECT_EQ(Escuela("bloqueos " + foreign).status, 1);

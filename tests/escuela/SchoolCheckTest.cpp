@@ -7,6 +7,7 @@
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
@@ -24,8 +25,7 @@ class SchoolCheckTest : public testing::Test {
 
 TEST_F(SchoolCheckTest, AForeignDatabaseIsOneFinding) {
   const TempFolder folder;
-  sqlite::SqliteConnection foreign(folder / "a.sqlite", "", sqlite::OpenMode::Create);
-  foreign.Open();
+  Opened<sqlite::SqliteConnection> foreign(folder / "a.sqlite", "", sqlite::OpenMode::Create);
   foreign.Execute("CREATE TABLE Cosas (A INTEGER)");
   EXPECT_THAT(SchoolCheck(foreign).Structure(SchoolCheck::For::Module),
               ElementsAre("La base de datos no es una escuela: no tiene ninguna de sus tablas"));

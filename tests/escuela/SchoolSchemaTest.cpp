@@ -4,6 +4,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -23,8 +24,7 @@ std::vector<std::string> Names(const SchemaTable& table) {
 
 TEST(SchoolSchemaTest, TheDescriptionIsWhatTheFileDatabaseHas) {
   const TempFolder folder;
-  sqlite::SqliteConnection school(folder / "a.sqlite", "", sqlite::OpenMode::Create);
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(folder / "a.sqlite", "", sqlite::OpenMode::Create);
   school.Execute("BEGIN");
   for (const auto& statement : SchemaStatements(SqliteSchema())) school.Execute(statement);
   EXPECT_EQ(SchoolTables().size(), 29U);

@@ -14,9 +14,11 @@
 #include "apps/quorvane-guion/PlayScript.h"
 #include "frame/modGeneral.h"
 #include "platform/RuntimeError.h"
+#include "tests/odbc/StatementError.h"
 #include "tests/odbc/TdsServer.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
@@ -24,16 +26,6 @@ namespace {
 using odbc::OdbcConnection;
 
 using Lines = std::vector<std::string>;
-
-std::string ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
-    return error.Description();
-  }
-  return "no error";
-}
 
 void Demo(Connection& school) { DemoSchool(school).Build(); }
 
@@ -97,7 +89,7 @@ TEST_F(SqlServerTest, ATextReachesItUnchanged) {
 TEST_F(SqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
   con.Open();
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
-  EXPECT_EQ(ErrorOf([&] { con.Execute("EXEC falla"); }),
+  EXPECT_EQ(StatementError([&] { con.Execute("EXEC falla"); }),
             "[23000] La parte última falló, señor (547)");
   EXPECT_TRUE(con.IsOpen());
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
@@ -105,19 +97,19 @@ TEST_F(SqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
 
 TEST_F(SqlServerTest, AFailureTellsStateTextAndNumber) {
   con.Open();
-  EXPECT_EQ(ErrorOf([&] { con.Execute("SELECT * FROM Nada"); }),
+  EXPECT_EQ(StatementError([&] { con.Execute("SELECT * FROM Nada"); }),
             "[42S02] Invalid object name 'Nada'. (208)");
-  EXPECT_THAT(ErrorOf([&] { con.Execute("SELEC"); }), StartsWith("[42000] "));
+  EXPECT_THAT(StatementError([&] { con.Execute("SELEC"); }), StartsWith("[42000] "));
   con.Execute("CREATE TABLE K (k int NOT NULL PRIMARY KEY)");
   EXPECT_FALSE(con.Execute("INSERT INTO K VALUES (1)").IsOpen());
-  EXPECT_THAT(ErrorOf([&] { con.Execute("INSERT INTO K VALUES (1)"); }),
+  EXPECT_THAT(StatementError([&] { con.Execute("INSERT INTO K VALUES (1)"); }),
               AllOf(StartsWith("[23000] "), HasSubstr("(2627)")));
 }
 
 TEST_F(SqlServerTest, AWrongPasswordIsToldWithoutIt) {
   OdbcConnection other(server.String("equivocada"), "");
   EXPECT_THAT(
-      ErrorOf([&] { other.Open(); }),
+      StatementError([&] { other.Open(); }),
       AllOf(HasSubstr("Login failed for user 'zendria'. (18456)"),
             HasSubstr("Compruebe el usuario y la contraseña"), Not(HasSubstr("equivocada"))));
   EXPECT_FALSE(other.IsOpen());
@@ -127,7 +119,7 @@ TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
   con.Open();
   con.Execute("SELECT 1");
   server.Kill();
-  EXPECT_THAT(ErrorOf([&] { con.Execute("SELECT 2"); }),
+  EXPECT_THAT(StatementError([&] { con.Execute("SELECT 2"); }),
               StartsWith("Se ha perdido la conexión con la base de datos: ["));
   EXPECT_FALSE(con.IsOpen());
   try {
@@ -136,7 +128,7 @@ TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
   } catch (const RuntimeError& error) {
     EXPECT_TRUE(error.Is(ErrorNumber::ObjectClosed));
   }
-  EXPECT_THAT(ErrorOf([&] { con.Open(); }), StartsWith("No se puede conectar"));
+  EXPECT_THAT(StatementError([&] { con.Open(); }), StartsWith("No se puede conectar"));
 }
 
 TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
@@ -148,27 +140,26 @@ TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
   EXPECT_EQ(LockList(*school).Read().size(), 1U);
   EXPECT_TRUE(LockList(*school).Remove(1));
   EXPECT_THAT(LockList(*school).Read(), IsEmpty());
-  EXPECT_THAT(ErrorOf([&] { MakeSchool(address, Demo); }), HasSubstr("ya tiene la tabla"));
+  EXPECT_THAT(StatementError([&] { MakeSchool(address, Demo); }), HasSubstr("ya tiene la tabla"));
 }
 
 TEST_F(SqlServerTest, IsLeftEmptyByASchoolThatFails) {
   const auto address = SchoolAddress::Odbc(server.String());
-  EXPECT_THAT(ErrorOf([&] {
+  EXPECT_THAT(StatementError([&] {
                 MakeSchool(address, [](Connection& school) {
                   school.Execute("INSERT INTO Profesor_Pte VALUES (1,1)");
                   school.Execute("INSERT INTO Nada VALUES (1)");
                 });
               }),
               HasSubstr("No ha quedado nada escrito"));
-  EXPECT_THAT(ErrorOf([&] {
+  EXPECT_THAT(StatementError([&] {
                 MakeSchool(address, [this](Connection& school) {
                   server.Kill();
                   school.Execute("INSERT INTO Profesor_Pte VALUES (1,1)");
                 });
               }),
               AllOf(HasSubstr("Se ha perdido la conexión"), Not(HasSubstr("secreto"))));
-  sqlite::SqliteConnection file(server.File(), "", sqlite::OpenMode::Create);
-  file.Open();
+  Opened<sqlite::SqliteConnection> file(server.File(), "", sqlite::OpenMode::Create);
   EXPECT_THAT(RunRows(file, "SELECT name FROM sqlite_master"), IsEmpty());
 }
 
@@ -208,8 +199,7 @@ Lines WithoutStatements(Lines lines) {
 
 /// A table with True as 1, as the server has it and a file has not.
 Lines Table(const std::string& file, const std::string& table) {
-  sqlite::SqliteConnection school(file, "", sqlite::OpenMode::ReadOnly);
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(file, "", sqlite::OpenMode::ReadOnly);
   auto rows = RunRows(school, "SELECT * FROM " + table + " ORDER BY 1, 2");
   for (auto& row : rows)
     for (auto at = row.find("-1"); at != std::string::npos; at = row.find("-1")) row.erase(at, 1);

@@ -8,6 +8,7 @@
 #include "platform/host/Application.h"
 #include "platform/host/PersonSearch.h"
 #include "platform/host/SessionValues.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
@@ -32,8 +33,7 @@ SchoolScreenTest::SchoolScreenTest()
     connection->Open();
     connection->ExecuteScript("PRAGMA synchronous=OFF");
   }
-  sqlite::SqliteConnection builder(school.Path(), "");
-  builder.Open();
+  Opened<sqlite::SqliteConnection> builder(school.Path(), "");
   builder.ExecuteScript("PRAGMA synchronous=OFF");
   DemoSchool(builder).Build();
   centro_.Observe([this](const Connection&, const std::string& statement) {

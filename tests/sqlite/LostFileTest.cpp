@@ -16,6 +16,7 @@
 #include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -72,8 +73,7 @@ class LostFileTest : public testing::TestWithParam<const char*> {
 
   /// A file with one row.
   static void Make(const std::string& path, const std::string& row) {
-    SqliteConnection maker(path, "", OpenMode::Create);
-    maker.Open();
+    Opened<SqliteConnection> maker(path, "", OpenMode::Create);
     maker.ExecuteScript("PRAGMA journal_mode=" + std::string(GetParam()) +
                         ";CREATE TABLE T (A TEXT);INSERT INTO T VALUES ('" + row + "')");
   }
@@ -220,8 +220,7 @@ TEST_P(LostFileTest, ALinkThatLeadsElsewhere) {
   Make(away_, "ajeno");
   const auto link = whole_ / "enlace.sqlite";
   fs::create_symlink(path_, link);
-  SqliteConnection linked(link, "");
-  linked.Open();
+  Opened<SqliteConnection> linked(link, "");
   fs::remove(link);
   fs::create_symlink(away_, link);
   ExpectLost(linked, kOther);
@@ -235,8 +234,7 @@ TEST_P(LostFileTest, ALinkThatLeadsElsewhere) {
 TEST_P(LostFileTest, AnotherLinkToTheSameFileIsAsGood) {
   const auto link = whole_ / "enlace.sqlite";
   fs::create_symlink(path_, link);
-  SqliteConnection linked(link, "");
-  linked.Open();
+  Opened<SqliteConnection> linked(link, "");
   fs::remove(link);
   fs::create_symlink(folder_ + "/./escuela.sqlite", link);
   linked.Open();
@@ -257,8 +255,7 @@ TEST_P(LostFileTest, MovedWithALinkToItInItsPlace) {
 
 TEST_P(LostFileTest, OneThatIsRewrittenWhereItLiesIsTheSame) {
   {
-    SqliteConnection other(path_, "");
-    other.Open();
+    Opened<SqliteConnection> other(path_, "");
     other.Execute("VACUUM");
   }
   chmod(path_.c_str(), 0640);
@@ -270,8 +267,7 @@ TEST_P(LostFileTest, OneThatIsRewrittenWhereItLiesIsTheSame) {
 TEST_P(LostFileTest, ARelativePathIsKeptWhenTheProgramGoesElsewhere) {
   const auto here = fs::current_path();
   fs::current_path(folder_);
-  SqliteConnection relative("escuela.sqlite", "");
-  relative.Open();
+  Opened<SqliteConnection> relative("escuela.sqlite", "");
   fs::current_path(whole_ / "");
   relative.Execute("INSERT INTO T VALUES ('segundo')");
   fs::rename(path_, away_);
@@ -302,8 +298,7 @@ TEST_P(LostFileTest, ATransactionThatIsOpenThenCanBeGivenUp) {
 }
 
 TEST_P(LostFileTest, WhileAStatementWaitsForAnothersWrite) {
-  SqliteConnection other(path_, "");
-  other.Open();
+  Opened<SqliteConnection> other(path_, "");
   other.Execute("BEGIN IMMEDIATE");
   auto waiting = std::async(std::launch::async, [this] {
     return RunRows(connection_, "INSERT INTO T VALUES ('perdido')");
@@ -334,8 +329,7 @@ TEST_P(LostFileTest, AStatementThatIsWrongIsToldSoWhileTheFileIsThere) {
 
 TEST(NoFileTest, ADatabaseInMemoryHasNoneToLose) {
   for (const std::string path : {":memory:", ""}) {
-    SqliteConnection memory(path, "", OpenMode::Create);
-    memory.Open();
+    Opened<SqliteConnection> memory(path, "", OpenMode::Create);
     memory.Execute("CREATE TABLE T (A INTEGER)");
     memory.Open();
     memory.Execute("INSERT INTO T VALUES (1)");

@@ -10,6 +10,7 @@
 #include "frame/cConfiguracion.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TestConnection.h"
 #include "tests/zendria/RescueTest.h"
 
@@ -47,8 +48,7 @@ class LostFileTest : public RescueTest {
   void Replace() {
     Move();
     {
-      sqlite::SqliteConnection other(Other(), "");
-      other.Open();
+      Opened<sqlite::SqliteConnection> other(Other(), "");
       other.ExecuteScript("PRAGMA journal_mode=DELETE");
       for (int i = 1000; i < 1400; ++i)
         other.Execute("INSERT INTO Curso (IDCurso, Descripcion) VALUES (" + std::to_string(i) +
@@ -95,8 +95,7 @@ class LostFileTest : public RescueTest {
   }
 
   static std::vector<std::string> GradesIn(const std::string& path) {
-    TestConnection school(path, "");
-    school.Open();
+    Opened<TestConnection> school(path, "");
     return RunRows(school, kGrades);
   }
 
