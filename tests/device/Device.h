@@ -1,42 +1,17 @@
 #pragma once
 
-#include <array>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
-
-struct Outcome {
-  int status = -1;
-  std::string text;  ///< standard output and error
-};
-
-inline Outcome RunCommand(const std::string& command) {
-  Outcome outcome;
-  auto* const pipe = popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return outcome;
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    outcome.text.append(buffer.data(), read);
-  outcome.status = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
-
-inline std::string Content(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 /// While it lives no file of this process or of those that it starts gets longer.
 class LongestFile {

@@ -1,10 +1,7 @@
 // Schools behind a connection string, made, checked and mended by the program.
 
-#include <array>
-#include <cstdio>
 #include <fstream>
 #include <string>
-#include <sys/wait.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/NewSchool.h"
@@ -12,6 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -21,14 +19,9 @@ class OdbcSchoolTest : public testing::Test {
  protected:
   /// Runs the program; what it printed.
   std::string Escuela(const std::string& arguments) {
-    std::string text;
-    auto* const pipe = popen((QUORVANE_ESCUELA " " + arguments + " 2>&1").c_str(), "r");
-    if (pipe == nullptr) return text;
-    std::array<char, 4096> buffer{};
-    for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-      text.append(buffer.data(), read);
-    status = WEXITSTATUS(pclose(pipe));
-    return text;
+    const auto outcome = RunCommand(QUORVANE_ESCUELA " " + arguments);
+    status = outcome.status;
+    return outcome.text;
   }
 
   void EmptyDatabase() const { std::ofstream{path}; }

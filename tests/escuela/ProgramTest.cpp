@@ -1,40 +1,19 @@
 // The program quorvane-escuela from outside.
 
-#include <array>
-#include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <string>
-#include <sys/wait.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
 
-struct Outcome {
-  int status = -1;
-  std::string text;  ///< standard output and error
-};
-
 Outcome Escuela(const std::string& arguments) {
-  Outcome outcome;
-  auto* const pipe = popen((QUORVANE_ESCUELA " " + arguments + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return outcome;
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    outcome.text.append(buffer.data(), read);
-  outcome.status = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
-
-std::string Content(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
+  return RunCommand(QUORVANE_ESCUELA " " + arguments);
 }
 
 void Change(const std::string& path, const std::string& statement) {

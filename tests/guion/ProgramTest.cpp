@@ -1,38 +1,24 @@
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/RunCommand.h"
 #include "tests/support/ScriptRun.h"
 #include "tests/support/TestSchool.h"
 
 namespace quorvane::test {
 namespace {
 
-struct Ended {
-  int status = -1;
-  std::string printed;  ///< both streams
-};
-
 /// Runs the program through a shell, with nothing to read unless the arguments say so.
-Ended Program(const std::string& arguments) {
-  const auto command = "( '" QUORVANE_GUION "' " + arguments + " ) 2>&1 </dev/null";
-  Ended ended;
-  auto* const pipe = popen(command.c_str(), "r");
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    ended.printed.append(buffer.data(), read);
-  ended.status = WEXITSTATUS(pclose(pipe));
-  return ended;
+Outcome Program(const std::string& arguments) {
+  return RunCommand("( '" QUORVANE_GUION "' " + arguments + " ) </dev/null");
 }
 
-void ExpectEnd(const Ended& ended, int status, const std::string& printed) {
+void ExpectEnd(const Outcome& ended, int status, const std::string& printed) {
   EXPECT_EQ(ended.status, status);
-  EXPECT_EQ(ended.printed, printed);
+  EXPECT_EQ(ended.text, printed);
 }
 
 class ProgramTest : public testing::Test {
@@ -47,7 +33,7 @@ class ProgramTest : public testing::Test {
     return files_.back();
   }
   /// Runs it on the school.
-  [[nodiscard]] Ended OnSchool(const std::string& arguments) const {
+  [[nodiscard]] Outcome OnSchool(const std::string& arguments) const {
     return Program("--bd " + school.Path() + " " + arguments);
   }
   void TearDown() override {
@@ -106,12 +92,12 @@ TEST_F(ProgramTest, HelpIsNoMistake) {
   EXPECT_EQ(ended.status, 0);
   for (const auto* option : {"--bd", "--odbc", "--entrada", "--usuario", "--perfil", "--centro",
                              "--sqlserver", "--inactiva", "--hoy", "SCRIPT"})
-    EXPECT_NE(ended.printed.find(option), std::string::npos) << option;
+    EXPECT_NE(ended.text.find(option), std::string::npos) << option;
 }
 
 TEST_F(ProgramTest, BadArgumentsEndWithTwo) {
   const auto bd = "--bd " + school.Path();
-  EXPECT_EQ(Program("").printed,
+  EXPECT_EQ(Program("").text,
             "Indique el centro con --bd o con --odbc, y solo con uno\n"
             "quorvane-guion --help muestra la ayuda\n");
   for (const auto& arguments : {std::string(), bd + " --odbc DSN=x", bd + " --usuario x",
@@ -132,8 +118,8 @@ TEST_F(ProgramTest, AFileThatIsNoSchoolEndsWithTwo) {
   const auto refused = [](const std::string& file, const std::string& reason) {
     const auto ended = Program("--bd " + file);
     EXPECT_EQ(ended.status, 2) << file;
-    EXPECT_NE(ended.printed.find("base de datos " + file), std::string::npos) << ended.printed;
-    EXPECT_NE(ended.printed.find(reason), std::string::npos) << ended.printed;
+    EXPECT_NE(ended.text.find("base de datos " + file), std::string::npos) << ended.text;
+    EXPECT_NE(ended.text.find(reason), std::string::npos) << ended.text;
   };
   refused("/no/hay/tal.sqlite", "el archivo no existe");
   refused("/", "es una carpeta");
@@ -156,7 +142,7 @@ TEST_F(ProgramTest, PlaysThroughAnOdbcDriver) {
   const auto byFile = OnSchool(script);
   const auto byDriver = Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script);
   EXPECT_EQ(byDriver.status, 0);
-  EXPECT_EQ(byDriver.printed, byFile.printed);
+  EXPECT_EQ(byDriver.text, byFile.text);
 }
 
 TEST_F(ProgramTest, TakesTheUsersFromAnotherConnectionString) {
@@ -166,23 +152,23 @@ TEST_F(ProgramTest, TakesTheUsersFromAnotherConnectionString) {
         Program("--odbc " + string + " --entrada " + entrada + " " + File("nodo 11\n")).status, 0);
   const auto ended = Program("--odbc " + string + " --entrada 'Driver=SQLite3;Database=/no/hay'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.printed.find("No se puede conectar"), std::string::npos) << ended.printed;
+  EXPECT_NE(ended.text.find("No se puede conectar"), std::string::npos) << ended.text;
 }
 
 TEST_F(ProgramTest, TellsADriverThatIsNotThereWithoutThePassword) {
   const auto ended = Program("--odbc 'DSN=no_hay_tal;PWD=secreto'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.printed.find("No se puede conectar con la base de datos: [IM002] "),
+  EXPECT_NE(ended.text.find("No se puede conectar con la base de datos: [IM002] "),
             std::string::npos)
-      << ended.printed;
-  EXPECT_EQ(ended.printed.find("secreto"), std::string::npos) << ended.printed;
+      << ended.text;
+  EXPECT_EQ(ended.text.find("secreto"), std::string::npos) << ended.text;
 }
 
 TEST_F(ProgramTest, SqlPrintsRowsOfEveryKind) {
   const auto ended = Program("--bd " + school.Path() + " " +
                              File("sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
                                   "sql \"SELECT 1 WHERE 1=0\"\nsql \"SELEC\"\n"));
-  EXPECT_EQ(ended.printed,
+  EXPECT_EQ(ended.text,
             "> sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
             "fila [1,-2.5,null,\"Ñu \\\"x\\\"\",null]\n"
             "> sql \"SELECT 1 WHERE 1=0\"\n"
