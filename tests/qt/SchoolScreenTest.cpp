@@ -48,7 +48,7 @@ SchoolScreenTest::~SchoolScreenTest() { Application::Instance().Objects().Reset(
 
 void SchoolScreenTest::ChooseRegister(const qt::FormWindow& window) {
   Pick(window, "cboTEnsenanza", 0);
-  Pick(window, "cboCurso", "3º ESO");
+  Pick(window, "cboCurso", 2);
   Pick(window, "cboSeccion", 0);
   Click(window, "cmdAceptar");
 }

@@ -23,13 +23,13 @@ class SchoolScreenTest : public ScreenTest {
   /// steps taken.
   void OpenNode(std::uint8_t node);
 
-  /// Chooses section 5, 3º ESO A, for the register.
+  /// Chooses section 5, 3º ESO A, for the register; by its place, whatever it is called.
   static void ChooseRegister(const qt::FormWindow& window);
   /// Chooses it for grades, with the evaluation of that text or place.
   template <class Evaluation>
   static void ChooseGrades(const qt::FormWindow& window, const Evaluation& evaluation) {
     Pick(window, "cboTipoEnsenanza", 0);
-    Pick(window, "cboCursos", "3º ESO");
+    Pick(window, "cboCursos", 2);
     Pick(window, "cboSecciones", 0);
     Pick(window, "cboEvaluaciones", evaluation);
     Click(window, "cmdNotaManual1(0)");
