@@ -2,6 +2,23 @@
 
 mensaje() { printf '\n== %s\n' "$*"; }
 
+# etapa NAME: a stage of a long task begins, and the one before it ends. tiempos prints them all.
+etapas=()
+etapa() {
+  etapas+=("$SECONDS $*")
+  mensaje "$*"
+}
+tiempos() {
+  [ "${#etapas[@]}" -eq 0 ] && return
+  local fin=$SECONDS lineas='' i desde nombre
+  for ((i = ${#etapas[@]} - 1; i >= 0; --i)); do
+    desde=${etapas[i]%% *} nombre=${etapas[i]#* }
+    lineas="$(printf '%4d min %02d s  %s' $(((fin - desde) / 60)) $(((fin - desde) % 60)) "$nombre")"$'\n'$lineas
+    fin=$desde
+  done
+  printf '\n== Tiempos\n%s%4d min %02d s  en total\n' "$lineas" $((SECONDS / 60)) $((SECONDS % 60))
+}
+
 fallo() {
   printf '\nERROR: %s\n' "$*" >&2
   exit 1
@@ -44,20 +61,18 @@ paquetes_de_pruebas=(
   libsqliteodbc tdsodbc libsql-translator-perl gcovr
   desktop-file-utils groff-base
   xvfb openbox xdotool wmctrl
-  clang-format clang-tidy git
+  clang-format clang-tidy iwyu git
 )
 
 # construir PRESET [TARGET...]: configures (once) and builds a preset, or only those targets; the
 # build itself sees what has changed.
 construir() {
-  local preset=$1
+  local preset=$1 salida
   shift
-  mensaje "Se construye ($preset)"
-  cmake --preset "$preset" >"/tmp/quorvane-cmake.$$" 2>&1 || {
-    cat "/tmp/quorvane-cmake.$$" >&2
-    rm -f "/tmp/quorvane-cmake.$$"
+  etapa "Se construye ($preset)"
+  salida=$(cmake --preset "$preset" 2>&1) || {
+    printf '%s\n' "$salida" >&2
     fallo "cmake no ha podido configurar el proyecto"
   }
-  rm -f "/tmp/quorvane-cmake.$$"
   cmake --build --preset "$preset" ${1:+--target "$@"} || fallo "La construcción ha fallado"
 }

@@ -1,81 +1,80 @@
 #!/usr/bin/env python3
 """Run clang-tidy over the project's sources, each once for each state of it and its headers.
 
-A file that passed is remembered, by what it is made of, in the user's cache folder.
+Sources that are compiled alike and lie in one folder are read together, so that the headers which
+they share are read once; names of theirs that clash part them again.
 """
+import collections
 import concurrent.futures
-import hashlib
-import json
 import os
 import pathlib
-import re
 import subprocess
 import sys
+import tempfile
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
-OUTPUT = re.compile(r' -o (\S+) ')
-CACHE = pathlib.Path(os.environ.get('XDG_CACHE_HOME') or pathlib.Path.home() / '.cache') / 'quorvane-tidy'
+from compiled import ROOT, sources
 
-
-def dependencies(build):
-    """The project's files that each object was made from, as the build has noted them."""
-    text = subprocess.run(['ninja', '-C', str(build), '-t', 'deps'], check=True, text=True,
-                          capture_output=True).stdout
-    found = {}
-    for block in text.split('\n\n'):
-        lines = block.strip().splitlines()
-        if len(lines) > 1:
-            files = (pathlib.Path(build, line.strip()).resolve() for line in lines[1:])
-            found[lines[0].split(':')[0]] = sorted(f for f in files if f.is_relative_to(ROOT))
-    return found
+TOGETHER = 32
+FOLDERS = 'platform|frame|register|selection|grades|adapters|apps|fuzz|tools'
+HEADERS = rf'({FOLDERS})/.*\.(h|cpp)$'
 
 
-def sources(build):
-    """Pairs of a source file and the files that it is made of; tests and generated code aside."""
-    deps = dependencies(build)
-    for entry in json.loads((build / 'compile_commands.json').read_text()):
-        file = pathlib.Path(entry['file']).resolve()
-        inside = file.is_relative_to(ROOT) and not file.is_relative_to(build)
-        if inside and file.relative_to(ROOT).parts[0] not in ('tests', 'bench'):
-            output = OUTPUT.search(entry['command']).group(1)
-            yield file, deps.get(output, [file])
+def bundles(waiting):
+    """What can be read together, the largest first."""
+    alike = collections.defaultdict(list)
+    for source in waiting:
+        folder = source.file.relative_to(ROOT).parts[:-1][:2]
+        alike[source.flags, folder].append(source)
+    parts = [group[i:i + TOGETHER] for group in alike.values() for i in range(0, len(group), TOGETHER)]
+    return sorted(parts, key=len, reverse=True)
 
 
-def key(files, base):
-    digest = hashlib.sha256(base)
-    for file in files:
-        digest.update(str(file.name).encode() + file.read_bytes())
-    return CACHE / digest.hexdigest()
-
-
-def check(build, file, mark):
-    if mark.exists():
-        return True, ''
-    done = subprocess.run(['clang-tidy', '-p', str(build), '--quiet',
-                           '--extra-arg=-Wno-unknown-warning-option', str(file)], text=True,
-                          capture_output=True)
+def tidy(bundle):
+    """Whether they pass, and what there is to say: where they can't be read together, None and why."""
+    with tempfile.TemporaryDirectory() as folder:
+        file = bundle[0].file
+        if len(bundle) > 1:
+            file = pathlib.Path(folder, 'together.cpp')
+            file.write_text(''.join(f'#include "{one.file}"\n' for one in bundle))
+        done = subprocess.run(['clang-tidy', '--quiet', f'--config-file={ROOT}/.clang-tidy',
+                               f'--header-filter={HEADERS}', str(file), '--', *bundle[0].flags,
+                               '-Wno-unknown-warning-option'], text=True, capture_output=True)
     if done.returncode == 0:
-        mark.touch()
-    return done.returncode == 0, done.stdout
+        for one in bundle:
+            one.mark.touch()
+        return True, ''
+    if len(bundle) > 1 and 'clang-diagnostic-error' in done.stdout:
+        return None, done.stdout
+    return False, done.stdout
+
+
+def check(bundle):
+    passed, text = tidy(bundle)
+    if passed is not None:
+        return [(bundle, passed, text)]
+    apart = [one for one in bundle[1:] if f'{one.file.relative_to(ROOT)}:' in text]
+    apart = apart or bundle[len(bundle) // 2:]
+    return check([one for one in bundle if one not in apart]) + check(apart)
 
 
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
-    CACHE.mkdir(parents=True, exist_ok=True)
     version = subprocess.run(['clang-tidy', '--version'], check=True, capture_output=True).stdout
     base = version + (ROOT / '.clang-tidy').read_bytes()
-    work = [(file, key(files, base)) for file, files in sources(build)]
-    failed = 0
+    every = list(sources(build, 'quorvane-tidy', base))
+    waiting = [source for source in every if not source.mark.exists()]
+    done = failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        jobs = {pool.submit(check, build, file, mark): file for file, mark in work}
-        for number, job in enumerate(concurrent.futures.as_completed(jobs), 1):
-            fine, text = job.result()
-            if sys.stderr.isatty():
-                print(f'\r{number}/{len(work)}', end='', file=sys.stderr)
-            if not fine:
-                failed += 1
-                print(f'{jobs[job].relative_to(ROOT)}\n{text}')
-    print(f'clang-tidy: {len(work) - failed} passed, {failed} failed')
+        for job in concurrent.futures.as_completed(pool.submit(check, one) for one in bundles(waiting)):
+            for bundle, passed, text in job.result():
+                done += len(bundle)
+                if sys.stderr.isatty():
+                    print(f'\r{done}/{len(waiting)}', end='', file=sys.stderr)
+                if not passed:
+                    failed += 1
+                    print(text)
+    print(f'clang-tidy: {len(every)} sources, {len(waiting)} of them read; '
+          + (f'{failed} times something to say' if failed else 'nothing to say'))
     return 1 if failed else 0
 
 

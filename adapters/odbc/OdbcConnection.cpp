@@ -12,7 +12,6 @@
 #include "adapters/odbc/DriverFailure.h"
 #include "adapters/sqltext/Concatenation.h"
 #include "adapters/sqltext/NestedJoins.h"
-#include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {

@@ -1,7 +1,5 @@
 #include "apps/escuela/PendingBuilder.h"
 
-#include <algorithm>
-
 namespace quorvane {
 namespace {
 

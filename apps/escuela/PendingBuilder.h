@@ -1,7 +1,6 @@
 #pragma once
 
 #include <set>
-#include <vector>
 
 #include "apps/escuela/Prng.h"
 #include "apps/escuela/RowWriter.h"

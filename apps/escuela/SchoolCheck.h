@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "frame/schema/SchoolSchema.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane {

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
 #include "platform/host/FrontEnd.h"
 #include "platform/text/Utf8.h"

@@ -10,7 +10,7 @@
 #include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
-#include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/NodeRunner.h"  // IWYU pragma: keep: a Failure is made of braces alone
 #include "apps/zendria/SchoolError.h"
 #include "platform/RuntimeError.h"
 

@@ -6,6 +6,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"

@@ -13,6 +13,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/quorvane-guion/PlayScript.h"
 #include "frame/modGeneral.h"
+#include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "tests/odbc/StatementError.h"
 #include "tests/odbc/TdsServer.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "adapters/guion/host/HostConnections.h"
 #include "adapters/guion/host/HostOptions.h"

@@ -6,10 +6,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/FormWindow.h"
 #include "platform/RuntimeError.h"
-#include "platform/controls/Control.h"
 
 namespace quorvane::qt {
 namespace {

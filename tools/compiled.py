@@ -1,0 +1,63 @@
+"""The project's sources as the build compiles them, for the tools that read each with another compiler.
+
+A source that passed a tool is remembered, by what it is made of, in the user's cache folder.
+"""
+import collections
+import hashlib
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+Source = collections.namedtuple('Source', 'file flags mark')
+
+
+def _dependencies(build):
+    """The project's files that each object was made from, as the build has noted them."""
+    text = subprocess.run(['ninja', '-C', str(build), '-t', 'deps'], check=True, text=True,
+                          capture_output=True).stdout
+    found = {}
+    for block in text.split('\n\n'):
+        lines = block.strip().splitlines()
+        if len(lines) > 1:
+            files = (pathlib.Path(build, line.strip()).resolve() for line in lines[1:])
+            found[lines[0].split(':')[0]] = sorted(f for f in files if f.is_relative_to(ROOT))
+    return found
+
+
+def _flags(words):
+    """What the meaning of a source hangs on: folders, definitions and the language."""
+    words = iter(words)
+    for word in words:
+        if word in ('-isystem', '-I', '-D'):
+            yield from (word, next(words))
+        elif word.startswith(('-I', '-D', '-std=', '-fPI')):
+            yield word
+
+
+def _key(files, base):
+    digest = hashlib.sha256(base)
+    for file in files:
+        if file.suffix != '.gch':
+            digest.update(str(file.name).encode() + file.read_bytes())
+    return digest.hexdigest()
+
+
+def sources(build, tool, base):
+    """Each source file once, tests and generated code aside; `base` is what else the tool's verdict
+    hangs on. A mark that exists says that this state of the source has passed."""
+    cache = pathlib.Path(os.environ.get('XDG_CACHE_HOME') or pathlib.Path.home() / '.cache') / tool
+    cache.mkdir(parents=True, exist_ok=True)
+    deps = _dependencies(build)
+    seen = set()
+    for entry in json.loads((build / 'compile_commands.json').read_text()):
+        file = pathlib.Path(entry['file']).resolve()
+        inside = file.is_relative_to(ROOT) and not file.is_relative_to(build)
+        if not inside or file in seen or file.relative_to(ROOT).parts[0] in ('tests', 'bench'):
+            continue
+        seen.add(file)
+        words = shlex.split(entry['command'])
+        output = words[words.index('-o') + 1]
+        yield Source(file, tuple(_flags(words)), cache / _key(deps.get(output, [file]), base))
