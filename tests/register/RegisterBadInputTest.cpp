@@ -26,7 +26,7 @@ TEST(RegisterBadInputTest, NullsAreEmptyNamesAndNoNumber) {
   ASSERT_EQ(views.size(), 2U);
   EXPECT_THAT(views[0], HasSubstr(R"("celdas":[[" , "]],"datos":[1])"));
   EXPECT_THAT(views[0], HasSubstr(R"x([" ( - )","Ruiz , "])x"));
-  EXPECT_EQ(View(run, "msgMaterias", "celdas"),
+  EXPECT_EQ(Materias(run),
             R"x([["Materia","","","","","","","","",""],[" ()","","","X","","","","","","0"]])x");
 }
 

@@ -78,7 +78,7 @@ TEST_F(RegisterOpeningTest, AStudentWithoutSubjectsIsListedWithNone) {
 TEST_F(RegisterOpeningTest, ASubjectWithoutEvaluationRowsHasNoMark) {
   Pendientes(1, {3112});
   const auto run = Run(kOpen + kProperties + kSee);
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
+  EXPECT_THAT(Materias(run),
               EndsWith(R"x(["Matemáticas (1º ESO)","","","","","","","","","1"]])x"));
 }
 
@@ -104,7 +104,7 @@ TEST_F(RegisterOpeningTest, TheTabsShowOnePageAtATime) {
 TEST_F(RegisterOpeningTest, OnAFirstCourseThePageOfSubjectsIsEmptyAndItsPropertiesDoNothing) {
   const auto run = Run(ChooseSection(311) + kAccept + "pestana TabDatos 2\n" + kSee +
                        "pulsar cmdPropMat\ndoble msgMaterias\n");
-  EXPECT_EQ(View(run, "msgMaterias", "celdas"), R"([["Materia","Profesor"]])");
+  EXPECT_EQ(Materias(run), R"([["Materia","Profesor"]])");
   EXPECT_THAT(run.After("pulsar cmdPropMat"), IsEmpty());
   EXPECT_THAT(run.Of("carga"), Not(Contains("frmPropMatProf")));
 }

@@ -35,6 +35,11 @@ inline const std::string kOpen = ChooseSection(321) + kAccept;
 std::string View(const ScriptResult& result, const std::string& control,
                  const std::string& member = "");
 
+/// The cells of the grid of subjects.
+inline std::string Materias(const ScriptResult& result) {
+  return View(result, "msgMaterias", "celdas");
+}
+
 /// That the last `ver` shows that title, and texts of controls, each as "Label1=Curso:".
 void ExpectTexts(const ScriptResult& result, const std::string& title,
                  const std::vector<std::string>& texts);

@@ -74,8 +74,7 @@ TEST_F(frmMateriaEvTest, ARefusalChangesNothingOfTheSubject) {
   const auto run = Run(kPick + TakeOut(1) + TakeIn(4) + TakeIn(6) + kAccept + kCancel + kSee +
                        kAccept + kAccept);
   EXPECT_EQ(run.Of("mensaje").size(), 1U);
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
-              HasSubstr(R"x(["Lengua (1º ESO)","","","","","X","","","","1"])x"));
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO)","","","","","X","","","","1"])x"));
   EXPECT_EQ(school.Modulo(), before);
 }
 
@@ -99,8 +98,7 @@ TEST_F(frmMateriaEvTest, TwoExtraordinaryOnesWithOrdinaryOnesAreAccepted) {
             Join({Validations({1, 6, 2, 7}),
                   Sent({statement::Creation(6), statement::Creation(2), statement::Creation(7)}),
                   {"descarga frmMateriaEv"}}));
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
-              HasSubstr(R"x(["Lengua (1º ESO)","X","X","","","X","X","","","1"])x"));
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO)","X","X","","","X","X","","","1"])x"));
 }
 
 TEST_F(frmMateriaEvTest, TwoFinalOnesAreAccepted) {

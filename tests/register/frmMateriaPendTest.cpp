@@ -58,7 +58,7 @@ TEST_F(frmMateriaPendTest, ANewSubjectStandsLastAndIsInsertedWithItsFinalOrder) 
               ElementsAre(Sent(statement::SubjectsToChoose("3111"))));
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0,3111,3113]");
   // The number of rows with the heading shows until it is renumbered; two data rows, so 2.
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
+  EXPECT_THAT(Materias(run),
               EndsWith(R"x(["Francés (Optativa) (1º ESO)","","","","","","","","","2"]])x"));
   EXPECT_EQ(Saved(run), statement::InsertSubject(2, 3113, 2));
 }
@@ -88,8 +88,7 @@ TEST_F(frmMateriaPendTest, ASubjectTakenOffAndChosenAgainIsUpdatedWithItsEvaluat
               ElementsAre(Sent(statement::SubjectsToChoose("3112"))));
   EXPECT_THAT(run.Of("ver").front(), HasSubstr(R"(["Lengua",3111])"));
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0,3112,3111]");
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
-              EndsWith(R"x(["Lengua (1º ESO)","","","","","X","","","","2"]])x"));
+  EXPECT_THAT(Materias(run), EndsWith(R"x(["Lengua (1º ESO)","","","","","X","","","","2"]])x"));
   EXPECT_EQ(Saved(run),
             Join({statement::UpdateSubject(3111, 1, 2), statement::UpdateSubject(3112, 2, 1)}));
   EXPECT_THAT(school.Rows("SELECT CodNota FROM EvaluacionPte"), ElementsAre("105"));

@@ -56,8 +56,7 @@ TEST_F(frmPropMatProfSavingTest, TheSearchGivesTheTeacher) {
               ElementsAre(kSearch + "pasarconexiones", kSearch + "ObtenerDatos", kSearch + "Buscar",
                           Sent(statement::Person(2)), kApi + "acortartextolabel"));
   EXPECT_THAT(run.Of("ver").front(), HasSubstr(R"("texto":"Gil Mora, Luis")"));
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
-              HasSubstr(R"x(["Lengua (1º ESO - A)","Gil Mora, Luis"])x"));
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO - A)","Gil Mora, Luis"])x"));
   EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(2, 3111)));
   EXPECT_THAT(school.Rows("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=3111"),
               ElementsAre("2"));
@@ -120,7 +119,7 @@ TEST_F(frmPropMatProfSavingTest, AClearedTeacherIsWrittenAsZeroAndTheRowRemains)
   Has(1);
   const auto run = Run(kTeacher + "pulsar cmdElimProfesor\n" + kSee + kAccept + kSee + kAccept);
   EXPECT_THAT(run.Of("ver").front(), Not(HasSubstr("Ruiz")));
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"), HasSubstr(R"x(["Lengua (1º ESO - A)",""])x"));
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO - A)",""])x"));
   EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(0, 3111)));
   EXPECT_THAT(school.Rows("SELECT * FROM Profesor_Pte WHERE CodMatDet=3111"),
               ElementsAre("0|3111"));
@@ -129,8 +128,7 @@ TEST_F(frmPropMatProfSavingTest, AClearedTeacherIsWrittenAsZeroAndTheRowRemains)
 TEST_F(frmPropMatProfSavingTest, ChangedTwiceTheListShowsTheSecondTeacherAndTheFirstIsSaved) {
   const auto run = Run(kTeacher + ChooseTeacher(2) + kAccept + "pulsar cmdPropMat\n" +
                        ChooseTeacher(1) + kAccept + kSee + kAccept);
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"),
-              HasSubstr(R"x(["Lengua (1º ESO - A)","Ruiz Soto, Ana"])x"));
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO - A)","Ruiz Soto, Ana"])x"));
   EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(2, 3111)));
 }
 
@@ -138,14 +136,14 @@ TEST_F(frmPropMatProfSavingTest, TheSameTeacherChosenAgainTouchesNothing) {
   Has(1);
   const auto run = Run(kTeacher + "sql \"UPDATE Personal SET Nombre='Anna' WHERE IDPersonal=1\"\n" +
                        ChooseTeacher(1) + kAccept + kSee + kAccept);
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"), HasSubstr("Ruiz Soto, Ana\""));
+  EXPECT_THAT(Materias(run), HasSubstr("Ruiz Soto, Ana\""));
   EXPECT_THAT(TeacherWrites(run), IsEmpty());
 }
 
 TEST_F(frmPropMatProfSavingTest, CancellingTouchesNothing) {
   const auto run = Run(kTeacher + ChooseTeacher(2) + kCancel + kSee + kAccept);
   EXPECT_THAT(run.After("pulsar cmdCancelar"), ElementsAre("descarga frmPropMatProf"));
-  EXPECT_THAT(View(run, "msgMaterias", "celdas"), Not(HasSubstr("Gil")));
+  EXPECT_THAT(Materias(run), Not(HasSubstr("Gil")));
   EXPECT_THAT(TeacherWrites(run), IsEmpty());
 }
 
