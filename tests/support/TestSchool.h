@@ -10,10 +10,7 @@ class TestSchool {
  public:
   TestSchool();
   ~TestSchool();
-  TestSchool(const TestSchool&) = delete;
-  TestSchool& operator=(const TestSchool&) = delete;
   TestSchool(TestSchool&&) = delete;
-  TestSchool& operator=(TestSchool&&) = delete;
 
   [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
