@@ -84,7 +84,4 @@ void LeerNotasFct(Connection& centro, cMateria& materia, std::int32_t evaluacion
 /// Takes those two from the row that a form has read in its own way.
 void TomarNotasFct(Connection& centro, cMateria& materia, const Recordset& notas);
 
-/// Takes ids, teachers and name from the subject as it was taught.
-void TomarDetalles(cMateria& materia, const DetallesMateria& detalles);
-
 }  // namespace quorvane

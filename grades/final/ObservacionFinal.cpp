@@ -29,6 +29,4 @@ bool Observaciones::EsObservacion() const {
   return clase.Fields("CodEspecificartipoMateria").Long() == ClaseMateria::kObservacion;
 }
 
-void SinMiembro(const cAlumno& /*alumno*/) { throw RuntimeError(ErrorNumber::MissingMember); }
-
 }  // namespace quorvane

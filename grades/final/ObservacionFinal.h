@@ -27,8 +27,4 @@ class Observaciones {
   bool empezado_ = false;
 };
 
-/// What the handlers of `cboObservacion` and `chkPromocion` come to once they have found the
-/// student: he has neither `Observacion` nor `Promocion`, which is error 438.
-[[noreturn]] void SinMiembro(const cAlumno& alumno);
-
 }  // namespace quorvane

@@ -51,15 +51,6 @@ void LlenarMedidas(Retivo& rejilla, const cMateria& materia) {
   rejilla.ListaAnadir(kColumnaMedidas, "Adaptación curricular", 2);
 }
 
-std::int32_t ClaseDeCelda(const cMateria& materia) {
-  return materia.Fct ? ClaseMateria::kFct : ClaseMateria::kOrdinaria;
-}
-
-std::int32_t DatoElegido(const Retivo& rejilla) {
-  const auto indice = rejilla.ListaIndice();
-  return indice == -1 ? 0 : rejilla.ListaDato(indice);
-}
-
 void AsignarNotaFinal(cMateria& materia, int columna, std::int32_t valor) {
   switch (columna) {
     case kColumnaNota:

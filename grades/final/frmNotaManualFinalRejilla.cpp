@@ -3,6 +3,7 @@
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaManualFinal.h"
+#include "grades/loading/Alumnos.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

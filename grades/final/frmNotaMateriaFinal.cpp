@@ -1,7 +1,6 @@
 #include "grades/final/frmNotaMateriaFinal.h"
 
 #include "frame/Conexiones.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
 #include "grades/final/CierreFinal.h"
@@ -13,6 +12,7 @@
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {

@@ -3,6 +3,7 @@
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
 #include "selection/frmNotaMateria1.h"

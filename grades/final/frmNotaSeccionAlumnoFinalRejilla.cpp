@@ -5,6 +5,7 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/grid/NotasTutor.h"
+#include "grades/loading/Alumnos.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {

@@ -113,8 +113,4 @@ void LlenarCeldaTutor(Retivo& rtvNotasTutor, const DatosPasoUno& seleccion) {
                               notas.Fields("IDNota").Long());
 }
 
-void SinMiembroDelTutor(const cAlumno& /*alumno*/) {
-  throw RuntimeError(ErrorNumber::MissingMember);
-}
-
 }  // namespace quorvane

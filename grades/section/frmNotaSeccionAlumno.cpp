@@ -4,7 +4,6 @@
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "grades/dialog/DialogoNotas.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/CargaNotas.h"
@@ -14,6 +13,7 @@
 #include "grades/student/RejillaPorAlumno.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/host/MessageBox.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {
@@ -96,8 +96,7 @@ void frmNotaSeccionAlumno::AnadirMateriaEvaluacionesPosteriores(std::int32_t& al
   const auto paso = PasoUno();
   AnadirEnEvaluacionSiguiente(
       paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-      {.siguienteId = SiguienteIdMax,
-       .mensaje = "Error al insertar datos en la base de datos",
+      {.mensaje = "Error al insertar datos en la base de datos",
        .buscarObjetivo =
            "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
        .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});

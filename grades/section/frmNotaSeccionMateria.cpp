@@ -4,7 +4,6 @@
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "grades/dialog/DialogoNotas.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/MateriasPendientes.h"
@@ -14,6 +13,7 @@
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 #include "platform/host/MessageBox.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {
@@ -100,8 +100,7 @@ void frmNotaSeccionMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& a
   const auto paso = PasoUno();
   AnadirEnEvaluacionSiguiente(
       paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-      {.siguienteId = SiguienteIdMax,
-       .mensaje = "Error al insertar datos en la base de datos",
+      {.mensaje = "Error al insertar datos en la base de datos",
        .buscarObjetivo =
            "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
        .insertarNotas = "INSERT INTO EvaluacionPte  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});

@@ -23,10 +23,8 @@ TEST(TheConfiguration, IsOneInstance) {
 TEST(TheConfiguration, WritesTrueAsTheEngineHasIt) {
   cConfiguracion configuracion;
   EXPECT_EQ(configuracion.NumeroVerdadero(), -1);
-  EXPECT_EQ(configuracion.Verdadero(), "-1");
   configuracion.SQLServer = true;
   EXPECT_EQ(configuracion.NumeroVerdadero(), 1);
-  EXPECT_EQ(configuracion.Verdadero(), "1");
 }
 
 TEST(TheConfiguration, KnowsTheFolderOfTheIcons) {

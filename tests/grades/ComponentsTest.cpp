@@ -4,7 +4,6 @@
 #include "frame/cConfiguracion.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/Anchos.h"
-#include "grades/grid/CeldaNotas.h"
 #include "grades/grid/NotasTutor.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/saving/Intentos.h"
@@ -182,23 +181,6 @@ TEST_P(CellStatement, OfASubjectAndOfAnObjective) {
             " AND Evaluacion=" + true_ +
             " AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE " + kSystems);
   }
-}
-
-TEST_P(CellStatement, WithoutTheExceptionalOnesAndForAKindOfSubject) {
-  CondicionesNota conditions;
-  conditions.sinExcepcionales = false;
-  conditions.materiaYProfesor = DeMateriaYProfesores("66", 0, 0);
-  conditions.tipoNota = "Orden=1 AND Materia=" + true_ + " AND Observacion=0";
-  conditions.clase = "CodEspecificarTipoMateria=4 AND ";
-  EXPECT_EQ(SentenciaNotas(chosen_, conditions),
-            std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE ") + kScope +
-                " AND (CodMateria=0 OR CodMateria=66) AND (CodPersonal=0 OR CodPersonal=0 OR "
-                "CodPersonal=0) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden=1 "
-                "AND Materia=" +
-                true_ +
-                " AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria "
-                "WHERE CodEspecificarTipoMateria=4 AND " +
-                kSystems);
 }
 
 TEST_P(CellStatement, OfTheObservation) {
