@@ -3,11 +3,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
 
 #include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/final/SegundaFinal.h"
 #include "grades/loading/DatosPasoUno.h"
 #include "grades/loading/MateriasPendientes.h"

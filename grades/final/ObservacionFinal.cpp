@@ -2,8 +2,6 @@
 
 #include "frame/ClaseMateria.h"
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
-#include "platform/RuntimeError.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 

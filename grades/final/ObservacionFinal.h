@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
 
 namespace quorvane {
 

@@ -1,10 +1,8 @@
 #include "grades/final/PorAlumnoFinal.h"
 
-#include <cstdint>
 #include <string>
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "platform/controls/ComboBox.h"

@@ -1,6 +1,5 @@
 #include "grades/final/RejillaFinal.h"
 
-#include "frame/ClaseMateria.h"
 #include "platform/controls/Retivo.h"
 #include "platform/data/Value.h"
 

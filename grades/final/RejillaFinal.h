@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
 #include "register/cMateria.h"

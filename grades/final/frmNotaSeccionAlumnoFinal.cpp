@@ -7,7 +7,6 @@
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
-#include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "platform/controls/FormInstance.h"
 #include "selection/Navegacion.h"

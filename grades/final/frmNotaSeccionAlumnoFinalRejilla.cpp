@@ -6,7 +6,7 @@
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/grid/NotasTutor.h"
 #include "grades/loading/Alumnos.h"
-#include "selection/frmNotaSeccionAlumno1.h"
+#include "selection/frmNotaSeccionAlumno1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 

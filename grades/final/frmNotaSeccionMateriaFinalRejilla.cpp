@@ -9,7 +9,7 @@
 #include "grades/loading/Alumnos.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaSeccionMateria1.h"
+#include "selection/frmNotaSeccionMateria1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 

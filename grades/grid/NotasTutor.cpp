@@ -4,7 +4,6 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Escala.h"
-#include "platform/RuntimeError.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Frame.h"
 #include "platform/controls/Label.h"

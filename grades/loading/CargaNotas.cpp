@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "frame/ClaseMateria.h"
-#include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/Alumnos.h"

@@ -2,11 +2,9 @@
 
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
-#include "frame/cConfiguracion.h"
 #include "grades/dialog/DialogoNotas.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
-#include "grades/loading/MateriasPendientes.h"
 #include "grades/loading/Objetivos.h"
 #include "grades/saving/EvaluacionesPosteriores.h"
 #include "platform/controls/FormInstance.h"

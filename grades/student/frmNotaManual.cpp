@@ -3,7 +3,6 @@
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
-#include "frame/modGeneral.h"
 #include "grades/dialog/DialogoNotas.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"

@@ -2,7 +2,6 @@
 
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
-#include "frame/cConfiguracion.h"
 #include "grades/dialog/DialogoNotas.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
