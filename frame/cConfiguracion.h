@@ -41,7 +41,6 @@ class cConfiguracion {
   [[nodiscard]] std::int16_t NumeroVerdadero() const {
     return SQLServer ? std::int16_t{1} : std::int16_t{-1};
   }
-  [[nodiscard]] std::string Verdadero() const { return std::to_string(NumeroVerdadero()); }
   /// The folder of the icons: `RutaIcono` up to and including its last backslash.
   [[nodiscard]] std::string CarpetaIconos() const;
 };

@@ -14,11 +14,6 @@ void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recup
   materia.*kCamposNota[static_cast<std::size_t>(columna) - 1] = idNota;
 }
 
-std::int32_t NotaElegida(const Retivo& rejilla) {
-  const auto indice = rejilla.ListaIndice();
-  return indice == -1 ? 0 : rejilla.ListaDato(indice);
-}
-
 void LeerNotas(cMateria& materia, std::int32_t evaluacion) {
   const auto recordset = Centro().Execute(Sql(
       "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento FROM EvaluacionPte WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
@@ -40,11 +35,16 @@ void EscribirNotas(Retivo& rejilla, int fila, const cMateria& materia) {
 std::string SentenciaCelda(const DatosPasoUno& pasoUno, int columna, const cMateria& materia,
                            bool objetivo) {
   const std::int32_t verdadero = cConfiguracion::Instancia().NumeroVerdadero();
+  if (objetivo)
+    return Sql(
+        "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia=0 AND Observacion={} AND Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+        pasoUno.seccion, pasoUno.curso, pasoUno.evaluacion, materia.IDMatDetalle,
+        materia.IDProfesor, materia.IDProfesorAsociado, columna, verdadero, verdadero,
+        pasoUno.tipo);
   return Sql(
-      "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion={} AND Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+      "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
       pasoUno.seccion, pasoUno.curso, pasoUno.evaluacion, materia.IDMatDetalle, materia.IDProfesor,
-      materia.IDProfesorAsociado, columna, objetivo ? 0 : verdadero, objetivo ? verdadero : 0,
-      verdadero, pasoUno.tipo);
+      materia.IDProfesorAsociado, columna, verdadero, verdadero, pasoUno.tipo);
 }
 
 void GuardarNotas(SqlText<7> sentencia, const cMateria& materia, std::int32_t evaluacion) {

@@ -4,11 +4,13 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/grid/CeldaNotas.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "platform/data/Sql.h"
 #include "register/cMateria.h"
 
 namespace quorvane {
+
+class Retivo;
 
 // The five grades of a subject in an ordinary evaluation. Each is a column of the grid, from 1:
 // Nota, Concepto, Procedimiento, Actitud, Observacion.
@@ -23,9 +25,6 @@ constexpr bool EsColumnaNota(int columna) { return columna >= 1 && columna <= 5;
 /// Writes a grade into the field of that column, which has to be one of the five. With `recuperar`
 /// the grade goes to the field of the recovery, which a subject doesn't have: error 438.
 void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recuperar);
-
-/// The grade chosen in the cell just edited; 0 for no choice.
-std::int32_t NotaElegida(const Retivo& rejilla);
 
 /// Reads the grades that are stored, and whether they were ever given; without a row they stay as
 /// they are.

@@ -112,12 +112,4 @@ void LlenarEvaluaciones(Connection& centro, ComboBox& lista, std::int32_t seccio
           seccion, seccion)));
 }
 
-void ElegirAnterior(ComboBox& lista) {
-  if (lista.ListIndex() > 0) lista.ListIndex(lista.ListIndex() - 1);
-}
-
-void ElegirSiguiente(ComboBox& lista) {
-  if (lista.ListIndex() < lista.ListCount() - 1) lista.ListIndex(lista.ListIndex() + 1);
-}
-
 }  // namespace quorvane

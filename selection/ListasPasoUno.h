@@ -45,9 +45,4 @@ void LlenarSecciones(Connection& centro, ComboBox& lista, std::int32_t curso,
 /// The evaluations in which the students of the section's pending register have a grade row.
 void LlenarEvaluaciones(Connection& centro, ComboBox& lista, std::int32_t seccion);
 
-/// The entry before the selected one, which clicks the list; nothing at its beginning.
-void ElegirAnterior(ComboBox& lista);
-/// The entry behind the selected one, the first when there is none; nothing at its end.
-void ElegirSiguiente(ComboBox& lista);
-
 }  // namespace quorvane

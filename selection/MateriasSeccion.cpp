@@ -3,15 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "frame/ClaseMateria.h"
 #include "platform/data/Connection.h"
 #include "platform/data/SqlList.h"
 #include "selection/EvaluacionElegida.h"
 
 namespace quorvane {
 namespace {
-
-/// A work placement: it stays on offer in the second final, passed or not.
-constexpr std::int32_t kFormacionEnCentros = 4;
 
 /// Leaves the rows of that condition; True when there is one.
 bool FiltrarRecordset(Recordset& filas, const std::string& condicion) {
@@ -53,7 +51,8 @@ Recordset MateriasSeccion::SegundaFinal(Connection& centro) const {
   std::vector<std::int32_t> aryCandidatas;
   for (; !materias.Eof(); materias.MoveNext()) {
     const auto id = materias.Fields("IDMATERIADETALLES").Long();
-    if (materias.Fields("codespecificartipomateria").Long() == kFormacionEnCentros) {
+    if (materias.Fields("codespecificartipomateria").Long() == ClaseMateria::kFct) {
+      // It stays on offer in the second final, passed or not.
       lista.Add(id);
     } else {
       candidatas.Add(id);

@@ -15,6 +15,7 @@
 #include "selection/FechaNotas.h"
 #include "selection/ListasPasoUno.h"
 #include "selection/MateriasSeccion.h"
+#include "selection/Navegacion.h"
 #include "selection/PasoUno.h"
 
 namespace quorvane {
@@ -96,9 +97,9 @@ void frmNotaSeccionAlumno1::cboMateria_Click() {
     cmdNotaManual1[0].Enabled(true);
 }
 
-void frmNotaSeccionAlumno1::cmdAnterior_Click() { ElegirAnterior(cboMateria); }
+void frmNotaSeccionAlumno1::cmdAnterior_Click() { SeleccionarAnterior(cboMateria); }
 
-void frmNotaSeccionAlumno1::cmdSiguiente_Click() { ElegirSiguiente(cboMateria); }
+void frmNotaSeccionAlumno1::cmdSiguiente_Click() { SeleccionarSiguiente(cboMateria); }
 
 void frmNotaSeccionAlumno1::cmdNotaManual1_Click(int Index) {
   gblnMostrarAnchoNotas = chkMostrar.Value() == 1;

@@ -15,6 +15,7 @@
 #include "selection/EvaluacionElegida.h"
 #include "selection/FechaNotas.h"
 #include "selection/ListasPasoUno.h"
+#include "selection/Navegacion.h"
 #include "selection/PasoUno.h"
 
 namespace quorvane {
@@ -98,9 +99,9 @@ void frmNotaSeccionMateria1::cboAlumno_Click() {
     cmdNotaManual1[0].Enabled(true);
 }
 
-void frmNotaSeccionMateria1::cmdAnterior_Click() { ElegirAnterior(cboAlumno); }
+void frmNotaSeccionMateria1::cmdAnterior_Click() { SeleccionarAnterior(cboAlumno); }
 
-void frmNotaSeccionMateria1::cmdSiguiente_Click() { ElegirSiguiente(cboAlumno); }
+void frmNotaSeccionMateria1::cmdSiguiente_Click() { SeleccionarSiguiente(cboAlumno); }
 
 void frmNotaSeccionMateria1::cmdNotaManual1_Click(int Index) {
   gblnMostrarAnchoNotas = chkMostrar.Value() == 1;

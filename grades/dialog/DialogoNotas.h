@@ -3,7 +3,7 @@
 #include <span>
 
 #include "grades/dialog/DibujoNotas.h"
-#include "grades/dialog/FormularioNotas.h"
+#include "grades/dialog/FormularioNotas.h"  // IWYU pragma: keep (the concept)
 
 namespace quorvane {
 

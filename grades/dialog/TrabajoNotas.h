@@ -8,7 +8,6 @@
 #include "frame/cConfiguracion.h"
 #include "grades/dialog/FormularioNotas.h"
 #include "grades/dialog/Pantalla.h"
-#include "selection/EvaluacionElegida.h"
 
 namespace quorvane {
 

@@ -9,10 +9,6 @@
 namespace quorvane {
 namespace {
 
-bool VeTodaLaSeccion(bool blnTutor) {
-  return cConfiguracion::Instancia().intIDPerfil == 0 || blnTutor;
-}
-
 std::optional<Recordset> PendientesDeProfesor(Connection& centro, std::int32_t idAlumno,
                                               const DatosPasoUno& seleccion) {
   if (seleccion.gIDPersonal <= 0) return std::nullopt;
@@ -35,7 +31,7 @@ bool PuedeCalificar(const DatosPasoUno& seleccion) {
 void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
                           const DatosPasoUno& seleccion, bool blnTutor) {
   Recordset alumnos;
-  if (VeTodaLaSeccion(blnTutor))
+  if (VeLaSeccion(blnTutor))
     alumnos = AlumnosDeSeccion(seleccion.seccion);
   else if (seleccion.gIDPersonal > 0)
     alumnos = centro.Execute(Sql(
@@ -47,7 +43,7 @@ void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
 
 std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idAlumno,
                                             const DatosPasoUno& seleccion, bool blnTutor) {
-  if (!VeTodaLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
+  if (!VeLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
   return centro.Execute(Sql(
       "SELECT AlumnoPte_MatDet.* FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodAlumno={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={})  ORDER BY Orden",
       seleccion.evaluacion, idAlumno, seleccion.evaluacion));
@@ -56,7 +52,7 @@ std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idA
 std::optional<Recordset> PendientesDeMateria(Connection& centro, std::int32_t idAlumno,
                                              std::int32_t codMatDet, const DatosPasoUno& seleccion,
                                              bool blnTutor) {
-  if (!VeTodaLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
+  if (!VeLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
   return centro.Execute(Sql(
       "SELECT AlumnoPte_MatDet.* FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet WHERE codmatdet={} AND codNumEvaluacion={} AND CodAlumno={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={})  ORDER BY Orden",
       codMatDet, seleccion.evaluacion, idAlumno, seleccion.evaluacion));
@@ -98,14 +94,6 @@ void TomarNotasFct(Connection& centro, cMateria& materia, const Recordset& notas
   materia.Observacion = notas.Fields("CodNotaObservacion").Long();
   PreguntarAprobado(centro, materia.Nota);
   materia.Recuperacion = false;
-}
-
-void TomarDetalles(cMateria& materia, const DetallesMateria& detalles) {
-  materia.IDMateria = detalles.CodMateria;
-  materia.IDseccion = detalles.CodSeccion;
-  materia.IDProfesor = detalles.CodPersonal;
-  materia.IDProfesorAsociado = detalles.CodPersonalAsociado;
-  materia.Nombre = NombreMateria(detalles);
 }
 
 }  // namespace quorvane

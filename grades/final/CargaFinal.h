@@ -3,11 +3,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
 
 #include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/final/SegundaFinal.h"
 #include "grades/loading/DatosPasoUno.h"
 #include "grades/loading/MateriasPendientes.h"
@@ -83,8 +82,5 @@ void LeerNotasFct(Connection& centro, cMateria& materia, std::int32_t evaluacion
 
 /// Takes those two from the row that a form has read in its own way.
 void TomarNotasFct(Connection& centro, cMateria& materia, const Recordset& notas);
-
-/// Takes ids, teachers and name from the subject as it was taught.
-void TomarDetalles(cMateria& materia, const DetallesMateria& detalles);
 
 }  // namespace quorvane

@@ -1,7 +1,6 @@
 #include "grades/final/GuardadoFinal.h"
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 

@@ -2,8 +2,6 @@
 
 #include "frame/ClaseMateria.h"
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
-#include "platform/RuntimeError.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 
@@ -28,7 +26,5 @@ bool Observaciones::EsObservacion() const {
       tipos_.Fields("IDTipoNota").Long()));
   return clase.Fields("CodEspecificartipoMateria").Long() == ClaseMateria::kObservacion;
 }
-
-void SinMiembro(const cAlumno& /*alumno*/) { throw RuntimeError(ErrorNumber::MissingMember); }
 
 }  // namespace quorvane

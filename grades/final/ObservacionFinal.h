@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
 
 namespace quorvane {
 
@@ -26,9 +25,5 @@ class Observaciones {
   Recordset tipos_;
   bool empezado_ = false;
 };
-
-/// What the handlers of `cboObservacion` and `chkPromocion` come to once they have found the
-/// student: he has neither `Observacion` nor `Promocion`, which is error 438.
-[[noreturn]] void SinMiembro(const cAlumno& alumno);
 
 }  // namespace quorvane

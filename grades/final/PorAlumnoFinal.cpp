@@ -3,7 +3,6 @@
 #include <string>
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"
@@ -20,6 +19,20 @@ const std::string& ClaveDeFila(const Retivo& rejilla) {
 
 bool FilaEditable(const Retivo& rejilla) {
   return rejilla.TextMatrix(rejilla.Row(), rejilla.Cols() - 2) == "0";
+}
+
+/// What the grades of a cell are read with, those of the subject's kind.
+std::string SentenciaDeAlumno(const DatosPasoUno& seleccion, int columna, const cMateria& materia) {
+  const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
+  if (materia.Fct)
+    return Sql(
+        "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria=4 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+        seleccion.seccion, seleccion.curso, seleccion.evaluacion, materia.IDMatDetalle,
+        materia.IDProfesor, materia.IDProfesorAsociado, columna, verdadero, seleccion.tipo);
+  return Sql(
+      "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria=1 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+      seleccion.seccion, seleccion.curso, seleccion.evaluacion, materia.IDMatDetalle,
+      materia.IDProfesor, materia.IDProfesorAsociado, columna, verdadero, seleccion.tipo);
 }
 
 }  // namespace
@@ -67,13 +80,7 @@ void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
   if (!FilaEditable(rejilla)) return;
   rejilla.ListaAnadir(columna, " ", 0);
   const auto& materia = *materias[clave];
-  LlenarLista(
-      rejilla, columna,
-      Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria={} AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
-          seleccion.seccion, seleccion.curso, seleccion.evaluacion, materia.IDMatDetalle,
-          materia.IDProfesor, materia.IDProfesorAsociado, columna,
-          cConfiguracion::Instancia().NumeroVerdadero(), ClaseDeCelda(materia), seleccion.tipo),
-      form);
+  LlenarLista(rejilla, columna, SentenciaDeAlumno(seleccion, columna, materia), form);
 }
 
 void TomarCeldaDeAlumno(const Retivo& rejilla, const Collection<cMateria>& materias) {

@@ -1,9 +1,9 @@
 #include "grades/final/PorMateriaFinal.h"
 
+#include <cstdint>
 #include <string>
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/CargaFinal.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "platform/controls/ComboBox.h"
@@ -17,6 +17,21 @@ namespace {
 cMateria& MateriaDeAlumno(const Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                           const MateriaDeCombo& entrada) {
   return *AlumnoDeFila(rejilla, colAlumnos).colMateria[Key(entrada.IDMatDet)];
+}
+
+/// What the grades of a cell are read with, those of the subject's kind.
+std::string SentenciaDeMateria(const DatosPasoUno& seleccion, int columna, const cMateria& materia,
+                               std::int32_t idMatDet) {
+  const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
+  if (materia.Fct)
+    return Sql(
+        "SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria=4 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+        seleccion.seccion, seleccion.curso, seleccion.evaluacion, idMatDet, materia.IDProfesor,
+        materia.IDProfesorAsociado, columna, verdadero, seleccion.tipo);
+  return Sql(
+      "SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria=1 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+      seleccion.seccion, seleccion.curso, seleccion.evaluacion, idMatDet, materia.IDProfesor,
+      materia.IDProfesorAsociado, columna, verdadero, seleccion.tipo);
 }
 
 }  // namespace
@@ -69,13 +84,8 @@ void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos
   if (entrada.CodAsociada != 0) return;
   rejilla.ListaAnadir(columna, " ", 0);
   const auto& materia = MateriaDeAlumno(rejilla, colAlumnos, entrada);
-  LlenarLista(
-      rejilla, columna,
-      Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria={} AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
-          seleccion.seccion, seleccion.curso, seleccion.evaluacion, entrada.IDMatDet,
-          materia.IDProfesor, materia.IDProfesorAsociado, columna,
-          cConfiguracion::Instancia().NumeroVerdadero(), ClaseDeCelda(materia), seleccion.tipo),
-      form);
+  LlenarLista(rejilla, columna, SentenciaDeMateria(seleccion, columna, materia, entrada.IDMatDet),
+              form);
 }
 
 void TomarCeldaDeMateria(const Retivo& rejilla, const Collection<cAlumno>& colAlumnos,

@@ -1,6 +1,5 @@
 #include "grades/final/RejillaFinal.h"
 
-#include "frame/ClaseMateria.h"
 #include "platform/controls/Retivo.h"
 #include "platform/data/Value.h"
 
@@ -49,15 +48,6 @@ void LlenarMedidas(Retivo& rejilla, const cMateria& materia) {
   rejilla.ListaAnadir(kColumnaMedidas, " ", 0);
   rejilla.ListaAnadir(kColumnaMedidas, "Refuerzo educativo", 1);
   rejilla.ListaAnadir(kColumnaMedidas, "Adaptación curricular", 2);
-}
-
-std::int32_t ClaseDeCelda(const cMateria& materia) {
-  return materia.Fct ? ClaseMateria::kFct : ClaseMateria::kOrdinaria;
-}
-
-std::int32_t DatoElegido(const Retivo& rejilla) {
-  const auto indice = rejilla.ListaIndice();
-  return indice == -1 ? 0 : rejilla.ListaDato(indice);
 }
 
 void AsignarNotaFinal(cMateria& materia, int columna, std::int32_t valor) {

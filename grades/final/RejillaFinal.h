@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
 #include "register/cMateria.h"
@@ -77,12 +77,6 @@ void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia);
 
 /// Adds the measures to the list of their column; none for a subject without a grade.
 void LlenarMedidas(Retivo& rejilla, const cMateria& materia);
-
-/// The kind of subject whose grades the list of a cell offers.
-std::int32_t ClaseDeCelda(const cMateria& materia);
-
-/// The data of the entry chosen in the cell just edited; 0 for none.
-std::int32_t DatoElegido(const Retivo& rejilla);
 
 /// Writes the value into the field of that column; nothing happens for a column without one.
 /// Error 6 for a measure beyond 8 bits.

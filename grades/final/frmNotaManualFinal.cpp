@@ -1,18 +1,17 @@
 #include "grades/final/frmNotaManualFinal.h"
 
 #include "frame/Conexiones.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
 #include "grades/final/CierreFinal.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
-#include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {

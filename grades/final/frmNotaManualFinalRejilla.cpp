@@ -1,9 +1,9 @@
 // The grid of `frmNotaManualFinal`: what it shows of the student, and the edit of its cells.
-#include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaManualFinal.h"
-#include "selection/frmNotaManual1.h"
+#include "grades/loading/Alumnos.h"
+#include "selection/frmNotaManual1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 

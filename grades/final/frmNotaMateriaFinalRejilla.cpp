@@ -1,11 +1,11 @@
 // The grid of `frmNotaMateriaFinal`: what it shows of the subject, and the edit of its cells.
-#include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaMateria1.h"
+#include "selection/frmNotaMateria1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 

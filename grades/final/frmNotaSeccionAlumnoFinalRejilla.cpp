@@ -5,7 +5,8 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/grid/NotasTutor.h"
-#include "selection/frmNotaSeccionAlumno1.h"
+#include "grades/loading/Alumnos.h"
+#include "selection/frmNotaSeccionAlumno1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 

@@ -1,7 +1,6 @@
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 
 #include "frame/Conexiones.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
 #include "grades/final/CierreFinal.h"
@@ -11,6 +10,7 @@
 #include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "platform/controls/FormInstance.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {

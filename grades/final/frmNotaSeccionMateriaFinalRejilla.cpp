@@ -6,9 +6,10 @@
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 #include "grades/grid/NotasTutor.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaSeccionMateria1.h"
+#include "selection/frmNotaSeccionMateria1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 

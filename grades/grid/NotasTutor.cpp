@@ -4,7 +4,6 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Escala.h"
-#include "platform/RuntimeError.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Frame.h"
 #include "platform/controls/Label.h"
@@ -111,10 +110,6 @@ void LlenarCeldaTutor(Retivo& rtvNotasTutor, const DatosPasoUno& seleccion) {
   for (; !notas.Eof(); notas.MoveNext())
     rtvNotasTutor.ListaAnadir(columna, notas.Fields("DescripcionCorta").Text(),
                               notas.Fields("IDNota").Long());
-}
-
-void SinMiembroDelTutor(const cAlumno& /*alumno*/) {
-  throw RuntimeError(ErrorNumber::MissingMember);
 }
 
 }  // namespace quorvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 
 #include "grades/grid/Anchos.h"
@@ -45,10 +44,6 @@ void LlenarCeldaTutor(Retivo& rtvNotasTutor, const DatosPasoUno& seleccion);
 /// What the grades of the observation are read with; `sinExcepcionales` leaves exceptional ones
 /// out.
 std::string SentenciaObservaciones(const DatosPasoUno& seleccion, bool sinExcepcionales);
-
-/// What a handler of the pane ends in, once the student whom it would write to is found: he has no
-/// such member. Error 438.
-[[noreturn]] void SinMiembroDelTutor(const cAlumno& alumno);
 
 /// Fills the list of the observation: a blank entry, then the grades that the statement gives.
 void LlenarObservaciones(ComboBox& cboObservacion, const std::string& sentencia);

@@ -3,7 +3,9 @@
 #include <memory>
 
 #include "frame/Conexiones.h"
+#include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
+#include "platform/RuntimeError.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 
@@ -43,5 +45,9 @@ std::string AlumnoConOrden(std::int32_t idAlumno) {
   const auto orden = recordset.Fields("OrdenSeccion").Text();
   return orden + (orden.size() == 1 ? "   " : " ") + recordset.Fields("Nombre").Text();
 }
+
+void SinMiembro(const cAlumno& /*alumno*/) { throw RuntimeError(ErrorNumber::MissingMember); }
+
+bool VeLaSeccion(bool blnTutor) { return cConfiguracion::Instancia().intIDPerfil == 0 || blnTutor; }
 
 }  // namespace quorvane

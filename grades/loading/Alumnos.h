@@ -27,4 +27,11 @@ void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila);
 /// gone.
 std::string AlumnoConOrden(std::int32_t idAlumno);
 
+/// What the handlers of the tutor's pane, of the observation and of the promotion come to once they
+/// have found the student whom they would write to: he has no such member. Error 438.
+[[noreturn]] void SinMiembro(const cAlumno& alumno);
+
+/// Whether this user grades the whole section: with profile 0, and as its tutor.
+bool VeLaSeccion(bool blnTutor);
+
 }  // namespace quorvane

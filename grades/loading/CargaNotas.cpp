@@ -3,15 +3,12 @@
 #include <utility>
 
 #include "frame/ClaseMateria.h"
-#include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/MateriasPendientes.h"
 
 namespace quorvane {
-
-bool VeLaSeccion(bool blnTutor) { return cConfiguracion::Instancia().intIDPerfil == 0 || blnTutor; }
 
 Recordset AlumnosVisibles(const DatosPasoUno& pasoUno, bool blnTutor) {
   if (VeLaSeccion(blnTutor)) return AlumnosDeSeccion(pasoUno.seccion);
@@ -53,11 +50,7 @@ DetallesMateria DetallesDeClase(const Recordset& fila, std::int32_t codMatDet, s
 
 void AnadirMateria(cAlumno& alumno, std::shared_ptr<cMateria> materia,
                    const DetallesMateria& detalles) {
-  materia->IDProfesor = detalles.CodPersonal;
-  materia->IDProfesorAsociado = detalles.CodPersonalAsociado;
-  materia->IDMateria = detalles.CodMateria;
-  materia->IDseccion = detalles.CodSeccion;
-  materia->Nombre = NombreMateria(detalles);
+  TomarDetalles(*materia, detalles);
   const auto clave = Key(materia->IDMatDetalle);
   alumno.colMateria.Add(std::move(materia), clave);
 }

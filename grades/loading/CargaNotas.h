@@ -15,9 +15,6 @@ struct DetallesMateria;
 // How the ordinary grade forms find students, subjects and grades. In which order a form asks, and
 // what it keys its subjects by, is told in the form. Statements fail as they do; nothing is caught.
 
-/// Whether this user grades the whole section: with profile 0, and as its tutor.
-bool VeLaSeccion(bool blnTutor);
-
 /// The students of the section whom this user grades: all of them for profile 0 and the tutor,
 /// those of his own subjects for a teacher, and a recordset that isn't open for anybody else.
 Recordset AlumnosVisibles(const DatosPasoUno& pasoUno, bool blnTutor);

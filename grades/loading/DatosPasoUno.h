@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "selection/FormularioPasoUno.h"
+
 namespace quorvane {
 
 /// What step one has fixed: the item data of its selected entries and its public fields. A step-two
@@ -16,10 +18,10 @@ struct DatosPasoUno {
   bool blnRecuperar = false;
 };
 
-/// The selection of one of the step-one forms, which all have these members. Error 381 while one
+/// The selection of a step-one form. Error 381 while one
 /// of the combo boxes has no selected entry.
-template <class FormularioPasoUno>
-DatosPasoUno DatosPasoUnoDe(const FormularioPasoUno& pasoUno) {
+template <FormularioPasoUno F>
+DatosPasoUno DatosPasoUnoDe(const F& pasoUno) {
   DatosPasoUno seleccion;
   seleccion.tipo = pasoUno.cboTipoEnsenanza.SelectedData();
   seleccion.curso = pasoUno.cboCursos.SelectedData();

@@ -3,6 +3,7 @@
 #include "frame/Conexiones.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
+#include "register/cMateria.h"
 
 namespace quorvane {
 
@@ -74,6 +75,14 @@ std::string NombreMateria(const DetallesMateria& detalles) {
           .Fields("Descripcion")
           .Text();
   return materia + " (" + curso + ")";
+}
+
+void TomarDetalles(cMateria& materia, const DetallesMateria& detalles) {
+  materia.IDMateria = detalles.CodMateria;
+  materia.IDseccion = detalles.CodSeccion;
+  materia.IDProfesor = detalles.CodPersonal;
+  materia.IDProfesorAsociado = detalles.CodPersonalAsociado;
+  materia.Nombre = NombreMateria(detalles);
 }
 
 bool NotaAprobada(std::int32_t idNota) {

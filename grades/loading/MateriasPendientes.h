@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+class cMateria;
+
 // The pending subjects of a student in an ordinary evaluation, without those that any form has
 // locked.
 
@@ -45,6 +47,9 @@ DetallesMateria LeerDetalles(std::int32_t codMatDet, bool conProfesores = true);
 /// How lists name a subject: "{subject} ({course})", the course by the section. Error 3021 when
 /// one of them is gone.
 std::string NombreMateria(const DetallesMateria& detalles);
+
+/// Takes ids, teachers and name from the subject as it was taught. Errors as `NombreMateria`.
+void TomarDetalles(cMateria& materia, const DetallesMateria& detalles);
 
 /// Whether the grade passes. Error 3021 when it is gone.
 bool NotaAprobada(std::int32_t idNota);

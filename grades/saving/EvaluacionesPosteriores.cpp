@@ -1,6 +1,7 @@
 #include "grades/saving/EvaluacionesPosteriores.h"
 
 #include "frame/Conexiones.h"
+#include "frame/modGeneral.h"
 #include "grades/saving/Intentos.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
@@ -29,7 +30,7 @@ void ApuntarAlumno(Connection& centro, std::int32_t alumno, std::int32_t evaluac
            .Eof())
     return;
   InsertarConIntentos(textos.mensaje, [&] {
-    const auto id = textos.siguienteId("Alumno_NumEvaluacion", "IDAlumno_NumEvaluacion");
+    const auto id = SiguienteId(centro, Sql(textos.maximaInscripcion));
     centro.Execute(Sql("INSERT INTO Alumno_NumEvaluacion VALUES ({},{},{},0,0,0,0,0,0)", id, alumno,
                        evaluacion));
     return 0;
@@ -37,13 +38,6 @@ void ApuntarAlumno(Connection& centro, std::int32_t alumno, std::int32_t evaluac
 }
 
 }  // namespace
-
-std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo) {
-  const auto recordset =
-      Centro().Execute("SELECT MAX(" + campo + ") AS IDMax FROM [" + tabla + "]");
-  if (recordset.Eof() || recordset.Fields("IDMax").IsNull()) return 1;
-  return Value(std::int64_t{recordset.Fields("IDMax").Long()} + 1).Long();
-}
 
 void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, std::int32_t alumno,
                                  std::int32_t materia, std::int32_t objetivo,
@@ -71,13 +65,13 @@ void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, 
 
   std::int32_t idObjetivo = 0;
   InsertarConIntentos(textos.mensaje, [&] {
-    idObjetivo = textos.siguienteId("Alumno_MateriaDetalles", "IDAlumno_MateriaDetalles");
+    idObjetivo = SiguienteId(centro, Sql(textos.maximoObjetivo));
     centro.Execute(Sql("INSERT INTO Alumno_MateriaDetalles VALUES ({},{},{},{},{},{},-1,0)",
                        idObjetivo, alumno, detalle, asociada, siguiente, orden));
     return 0;
   });
   InsertarConIntentos(textos.mensaje, [&] {
-    const auto id = textos.siguienteId("Evaluacion", "IDEvaluacion");
+    const auto id = SiguienteId(centro, Sql(textos.maximasNotas));
     centro.Execute(Sql(textos.insertarNotas, id, idObjetivo, siguiente));
     return 0;
   });

@@ -12,13 +12,14 @@ namespace quorvane {
 // ones. Later are the evaluations that follow by `Orden`, aren't final and are given in the
 // section. Fails as the statements do; error 3021 where a row that has to be there isn't.
 
-/// The key of a new row, as `ObtenerSiguienteId` gives it, with a name for the column that is read.
-std::int32_t SiguienteIdMax(const std::string& tabla, const std::string& campo);
-
 /// What differs between the forms in adding.
 struct TextosAnadir {
-  /// Takes the key of a new row: table, column.
-  std::int32_t (*siguienteId)(const std::string&, const std::string&) = SiguienteIdMax;
+  // The largest keys of the rows that it adds, as `SiguienteId` asks for them.
+  SqlText<0> maximaInscripcion =
+      "SELECT MAX(IDAlumno_NumEvaluacion) AS IDMax FROM [Alumno_NumEvaluacion]";
+  SqlText<0> maximoObjetivo =
+      "SELECT MAX(IDAlumno_MateriaDetalles) AS IDMax FROM [Alumno_MateriaDetalles]";
+  SqlText<0> maximasNotas = "SELECT MAX(IDEvaluacion) AS IDMax FROM [Evaluacion]";
   std::string mensaje;  ///< of the loop of attempts
   /// Looks for an objective that is there already: student, evaluation, objective.
   SqlText<3> buscarObjetivo;

@@ -2,18 +2,16 @@
 
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
-#include "frame/cConfiguracion.h"
 #include "grades/dialog/DialogoNotas.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/CargaNotas.h"
-#include "grades/loading/MateriasPendientes.h"
 #include "grades/loading/Objetivos.h"
 #include "grades/saving/EvaluacionesPosteriores.h"
 #include "grades/student/RejillaPorAlumno.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/host/MessageBox.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {
@@ -96,8 +94,7 @@ void frmNotaSeccionAlumno::AnadirMateriaEvaluacionesPosteriores(std::int32_t& al
   const auto paso = PasoUno();
   AnadirEnEvaluacionSiguiente(
       paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-      {.siguienteId = SiguienteIdMax,
-       .mensaje = "Error al insertar datos en la base de datos",
+      {.mensaje = "Error al insertar datos en la base de datos",
        .buscarObjetivo =
            "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
        .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});

@@ -22,6 +22,7 @@ class frmNotaSeccionAlumno : public Form {
   ComboBox cboAlumnos{*this, "cboAlumnos"};  ///< who owe the chosen subject
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+
   TabStrip tabNotaManual{*this, "tabNotaManual"};
   std::array<Frame, 2> fraNotaManual{Frame(*this, "fraNotaManual(0)"),
                                      Frame(*this, "fraNotaManual(1)")};
@@ -31,6 +32,10 @@ class frmNotaSeccionAlumno : public Form {
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
   std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};  ///< a row for the chosen subject
+  bool blnEdicionActiva = false;  ///< the grids may answer edit events
+  Titulos strColumna;
+  Anchos intAnchosAlumno;
+
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
@@ -39,53 +44,57 @@ class frmNotaSeccionAlumno : public Form {
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando... Espere por favor"
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
   std::string mstrCaption;         ///< written by step one; not shown
+  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
+  bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
+  bool blnCargando = false;        ///< `Form_Activate` runs, and the scale is read
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
   bool blnConPublicacion = false;  ///< `Form_Load` found a publication; nobody reads it
-  bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
-  bool blnCargando = false;        ///< `Form_Activate` runs, and the scale is read
-  bool blnEdicionActiva = false;   ///< the grids may answer edit events
-  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
-  Titulos strColumna;
-  Anchos intAnchosAlumno;
   EstadoTutor tutor;
-  FormularioEncogido carga;  ///< with `blnOcultando`
 
   /// What step one has fixed. Error 381 while one of its lists has no entry selected.
   [[nodiscard]] DatosPasoUno PasoUno() const;
 
-  void cboAlumnos_Click();  ///< as by student, and then offers grades as for an edit
-  void cmdAnterior_Click();
-  void cmdSiguiente_Click();
-  void cmdAceptar_Click();  ///< saves, but for the mark of a later evaluation
-  void cmdCancelar_Click();
-  void tabNotaManual_Click();
+  // The steps of its life.
+  void Form_Load() override;      ///< the students; the observation keeps its name
+  void Form_Activate() override;  ///< loads and locks; the host isn't asked
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
+  /// False shrinks the form to the animation, True gives it back its measures and controls.
+  void MostrarCarga(bool mostrar);
+
+  // The grid of grades.
   void rtvNotasAlumno_InicioEdicion();
   void rtvNotasAlumno_FinEdicion();
   void rtvNotasAlumno_CambioAncho();
+  void ConfigurarRejillas();  ///< the first columns without a heading
+  void ConfigurarColumnas();
+  void GuardarAnchosAlumno(bool siempre);
+  void RestaurarAnchosAlumno();
+
+  // The walk.
+  void cboAlumnos_Click();  ///< as by student, and then offers grades as for an edit
+  void cmdAnterior_Click();
+  void cmdSiguiente_Click();
+  void tabNotaManual_Click();
+
+  // Loading, saving, leaving.
+  void CargarNotas();       ///< subjects that are gone are purged behind the student's others
+  void cmdAceptar_Click();  ///< saves, but for the mark of a later evaluation
+  void cmdCancelar_Click();
+
+  // The tutor's pane.
   void rtvNotasTutor_InicioEdicion();
   void rtvNotasTutor_FinEdicion();
   void rtvNotasTutor_CambioAncho();
   void cboObservacion_Click();
   void txtAusencias_Change();
   void txtRetrasos_Change();
-
-  void Form_Load() override;      ///< the students; the observation keeps its name
-  void Form_Activate() override;  ///< loads and locks; the host isn't asked
-  void Form_Resize() override;
-  void Form_KeyDown(int& keyCode) override;
-  void Form_Unload() override;
-
-  /// False shrinks the form to the animation, True gives it back its measures and controls.
-  void MostrarCarga(bool mostrar);
-  void CargarNotas();  ///< subjects that are gone are purged behind the student's others
   void CargarNotasTutor();
-  void ConfigurarRejillas();  ///< the first columns without a heading
-  void ConfigurarColumnas();
-  void GuardarAnchosAlumno(bool siempre);
-  void RestaurarAnchosAlumno();
   void GuardarAnchosTutor(bool siempre);
   void RestaurarAnchosTutor();
 

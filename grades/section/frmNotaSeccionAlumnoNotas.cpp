@@ -2,6 +2,7 @@
 // when it saves.
 #include "frame/ClaseMateria.h"
 #include "grades/dialog/TrabajoNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/loading/CargaNotas.h"
 #include "grades/loading/MateriasPendientes.h"
 #include "grades/locks/MateriasBloqueo.h"

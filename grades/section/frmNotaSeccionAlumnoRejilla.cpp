@@ -2,6 +2,7 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/section/frmNotaSeccionAlumno.h"
 #include "grades/student/RejillaPorAlumno.h"
 
@@ -61,7 +62,7 @@ void frmNotaSeccionAlumno::rtvNotasAlumno_InicioEdicion() {
 
 void frmNotaSeccionAlumno::rtvNotasAlumno_FinEdicion() {
   if (NotaEditada(*this)) {
-    const auto idNota = NotaElegida(rtvNotasAlumno);
+    const auto idNota = DatoElegido(rtvNotasAlumno);
     AsignarNota(MateriaDeFila(rtvNotasAlumno, AlumnoActual(*this)), rtvNotasAlumno.Col(), idNota,
                 PasoUno().blnRecuperar);
   }
@@ -76,23 +77,22 @@ void frmNotaSeccionAlumno::rtvNotasTutor_InicioEdicion() {
 }
 
 void frmNotaSeccionAlumno::rtvNotasTutor_FinEdicion() {
-  if (NotaTutorEditada(*this)) SinMiembroDelTutor(AlumnoActual(*this));  // has no `Valores`
+  if (NotaTutorEditada(*this)) SinMiembro(AlumnoActual(*this));  // has no `Valores`
   GuardarAnchosTutor(false);
 }
 
 void frmNotaSeccionAlumno::rtvNotasTutor_CambioAncho() { RestaurarAnchosTutor(); }
 
 void frmNotaSeccionAlumno::cboObservacion_Click() {
-  if (cboObservacion.ListIndex() != -1)
-    SinMiembroDelTutor(AlumnoActual(*this));  // nor `Observacion`
+  if (cboObservacion.ListIndex() != -1) SinMiembro(AlumnoActual(*this));  // nor `Observacion`
 }
 
 void frmNotaSeccionAlumno::txtAusencias_Change() {
-  SinMiembroDelTutor(AlumnoActual(*this));  // nor `Ausencias`
+  SinMiembro(AlumnoActual(*this));  // nor `Ausencias`
 }
 
 void frmNotaSeccionAlumno::txtRetrasos_Change() {
-  SinMiembroDelTutor(AlumnoActual(*this));  // nor `Retrasos`
+  SinMiembro(AlumnoActual(*this));  // nor `Retrasos`
 }
 
 }  // namespace quorvane

@@ -2,6 +2,7 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/section/frmNotaSeccionMateria.h"
 #include "grades/subject/RejillaPorMateria.h"
 
@@ -50,7 +51,7 @@ void frmNotaSeccionMateria::rtvNotasAlumno_InicioEdicion() {
 
 void frmNotaSeccionMateria::rtvNotasAlumno_FinEdicion() {
   if (NotaEditada(*this) && cboMaterias.ListIndex() != -1) {
-    const auto idNota = NotaElegida(rtvNotasAlumno);
+    const auto idNota = DatoElegido(rtvNotasAlumno);
     AsignarNota(MateriaDeFila(rtvNotasAlumno, colAlumnos, EntradaActual(*this)),
                 rtvNotasAlumno.Col(), idNota, PasoUno().blnRecuperar);
   }
@@ -66,7 +67,7 @@ void frmNotaSeccionMateria::rtvNotasTutor_InicioEdicion() {
 
 void frmNotaSeccionMateria::rtvNotasTutor_FinEdicion() {
   if (NotaTutorEditada(*this))
-    SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // has no `Valores`
+    SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // has no `Valores`
   GuardarAnchosTutor(false);
 }
 
@@ -76,15 +77,15 @@ void frmNotaSeccionMateria::rtvNotasTutor_CambioAlto() { AnotarAltosTutor(*this)
 
 void frmNotaSeccionMateria::cboObservacion_Click() {
   if (cboObservacion.ListIndex() != -1)
-    SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Observacion`
+    SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Observacion`
 }
 
 void frmNotaSeccionMateria::txtAusencias_Change() {
-  SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Ausencias`
+  SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Ausencias`
 }
 
 void frmNotaSeccionMateria::txtRetrasos_Change() {
-  SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Retrasos`
+  SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Retrasos`
 }
 
 }  // namespace quorvane

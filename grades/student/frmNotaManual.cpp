@@ -3,9 +3,7 @@
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
-#include "frame/modGeneral.h"
 #include "grades/dialog/DialogoNotas.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/CargaNotas.h"
@@ -17,6 +15,7 @@
 #include "platform/data/Connection.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/MessageBox.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaManual1.h"
 
 namespace quorvane {
@@ -111,14 +110,12 @@ void frmNotaManual::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlum
 void frmNotaManual::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
                                                          std::int32_t& materia,
                                                          std::int32_t& objetivo) {
-  const auto siguienteId = [](const std::string& tabla, const std::string& campo) {
-    return ObtenerSiguienteId(Centro(), cConfiguracion::Instancia().conLocalBorradoCentro, tabla,
-                              campo);
-  };
   const auto paso = PasoUno();
   AnadirEnEvaluacionSiguiente(
       paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-      {.siguienteId = siguienteId,
+      {.maximaInscripcion = "SELECT MAX(IDAlumno_NumEvaluacion) FROM [Alumno_NumEvaluacion]",
+       .maximoObjetivo = "SELECT MAX(IDAlumno_MateriaDetalles) FROM [Alumno_MateriaDetalles]",
+       .maximasNotas = "SELECT MAX(IDEvaluacion) FROM [Evaluacion]",
        .mensaje = "Error al insertar la evaluacion",
        .buscarObjetivo =
            "SELECT IDAlumno_MateriaDetalles, Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",

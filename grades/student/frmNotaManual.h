@@ -23,6 +23,9 @@ class frmNotaManual : public Form {
   ComboBox cboAlumnos{*this, "cboAlumnos"};  ///< all of the section, or a teacher's
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `IDAlumnoPte_MatDet`
+  bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
+
   TabStrip tabNotaManual{*this, "tabNotaManual"};
   std::array<Frame, 2> fraNotaManual{Frame(*this, "fraNotaManual(0)"),
                                      Frame(*this, "fraNotaManual(1)")};
@@ -32,14 +35,22 @@ class frmNotaManual : public Form {
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
   std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};  ///< a row for each pending subject
+  Titulos strColumna;
+  Anchos intAnchosAlumno;
+  bool blnEdicionActiva = false;  ///< the grids may answer edit events
+
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
   TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
+  EstadoTutor tutor;
+
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando datos", "Grabando datos"
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+  FormularioEncogido carga;  ///< with `blnOcultando`
+  bool blnCargando = false;  ///< `Form_Activate` runs, and the scale is read
 
   std::string mstrCaption;  ///< written by step one; not shown
   /// "B" once the host has forbidden saving. It is given to the host, which alone reads it.
@@ -47,50 +58,49 @@ class frmNotaManual : public Form {
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
   bool blnConPublicacion = false;  ///< `Form_Load` found a publication; nobody reads it
-  bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
-  bool blnCargando = false;        ///< `Form_Activate` runs, and the scale is read
-  bool blnEdicionActiva = false;   ///< the grids may answer edit events
-  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `IDAlumnoPte_MatDet`
-  Titulos strColumna;
-  Anchos intAnchosAlumno;
-  EstadoTutor tutor;
-  FormularioEncogido carga;  ///< with `blnOcultando`
 
   /// What step one has fixed. Error 381 while one of its lists has no entry selected.
   [[nodiscard]] DatosPasoUno PasoUno() const;
 
+  // The steps of its life.
+  void Form_Load() override;      ///< the students, and the observation's name
+  void Form_Activate() override;  ///< loads, locks, and asks the host whether to save
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
+  /// False shrinks the form to the animation, True gives it back its measures and controls.
+  void MostrarCarga(bool mostrar);
+
+  // The walk.
   void cboAlumnos_Click();  ///< shows the student's subjects, and the pane of the tutor
   void cmdAnterior_Click();
   void cmdSiguiente_Click();
-  void cmdAceptar_Click();  ///< saves, and takes the mark from every other evaluation
-  void cmdCancelar_Click();
   void tabNotaManual_Click();
+
+  // The grid of grades.
   void rtvNotasAlumno_InicioEdicion();
   void rtvNotasAlumno_FinEdicion();
   void rtvNotasAlumno_CambioAncho();
+  void ConfigurarRejillas();  ///< headed "Materia", "Valores/Actitudes"
+  void ConfigurarColumnas();
+  void GuardarAnchosAlumno(bool siempre);
+  void RestaurarAnchosAlumno();
+
+  // The tutor's pane.
   void rtvNotasTutor_InicioEdicion();
   void rtvNotasTutor_FinEdicion();
   void rtvNotasTutor_CambioAncho();
   void cboObservacion_Click();
   void txtAusencias_Change();
   void txtRetrasos_Change();
-
-  void Form_Load() override;      ///< the students, and the observation's name
-  void Form_Activate() override;  ///< loads, locks, and asks the host whether to save
-  void Form_Resize() override;
-  void Form_KeyDown(int& keyCode) override;
-  void Form_Unload() override;
-
-  /// False shrinks the form to the animation, True gives it back its measures and controls.
-  void MostrarCarga(bool mostrar);
-  void CargarNotas();  ///< a subject that is gone is purged at once
   void CargarNotasTutor();
-  void ConfigurarRejillas();  ///< headed "Materia", "Valores/Actitudes"
-  void ConfigurarColumnas();
-  void GuardarAnchosAlumno(bool siempre);
-  void RestaurarAnchosAlumno();
   void GuardarAnchosTutor(bool siempre);
   void RestaurarAnchosTutor();
+
+  // Loading, saving, leaving.
+  void CargarNotas();       ///< a subject that is gone is purged at once
+  void cmdAceptar_Click();  ///< saves, and takes the mark from every other evaluation
+  void cmdCancelar_Click();
 
   // Nobody calls these three: they work on objectives, which the pending register doesn't have.
 

@@ -2,6 +2,7 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/student/RejillaPorAlumno.h"
 #include "grades/student/frmNotaManual.h"
 
@@ -56,7 +57,7 @@ void frmNotaManual::rtvNotasAlumno_InicioEdicion() {
 
 void frmNotaManual::rtvNotasAlumno_FinEdicion() {
   if (NotaEditada(*this)) {
-    const auto idNota = NotaElegida(rtvNotasAlumno);
+    const auto idNota = DatoElegido(rtvNotasAlumno);
     AsignarNota(MateriaDeFila(rtvNotasAlumno, AlumnoActual(*this)), rtvNotasAlumno.Col(), idNota,
                 PasoUno().blnRecuperar);
   }
@@ -71,23 +72,22 @@ void frmNotaManual::rtvNotasTutor_InicioEdicion() {
 }
 
 void frmNotaManual::rtvNotasTutor_FinEdicion() {
-  if (NotaTutorEditada(*this)) SinMiembroDelTutor(AlumnoActual(*this));  // has no `Valores`
+  if (NotaTutorEditada(*this)) SinMiembro(AlumnoActual(*this));  // has no `Valores`
   GuardarAnchosTutor(false);
 }
 
 void frmNotaManual::rtvNotasTutor_CambioAncho() { RestaurarAnchosTutor(); }
 
 void frmNotaManual::cboObservacion_Click() {
-  if (cboObservacion.ListIndex() != -1)
-    SinMiembroDelTutor(AlumnoActual(*this));  // nor `Observacion`
+  if (cboObservacion.ListIndex() != -1) SinMiembro(AlumnoActual(*this));  // nor `Observacion`
 }
 
 void frmNotaManual::txtAusencias_Change() {
-  SinMiembroDelTutor(AlumnoActual(*this));  // nor `Ausencias`
+  SinMiembro(AlumnoActual(*this));  // nor `Ausencias`
 }
 
 void frmNotaManual::txtRetrasos_Change() {
-  SinMiembroDelTutor(AlumnoActual(*this));  // nor `Retrasos`
+  SinMiembro(AlumnoActual(*this));  // nor `Retrasos`
 }
 
 }  // namespace quorvane

@@ -2,9 +2,7 @@
 
 #include "frame/Conexiones.h"
 #include "frame/Usuario.h"
-#include "frame/cConfiguracion.h"
 #include "grades/dialog/DialogoNotas.h"
-#include "grades/dialog/Navegacion.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/CargaNotas.h"
@@ -15,6 +13,7 @@
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 #include "platform/host/MessageBox.h"
+#include "selection/Navegacion.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
@@ -107,8 +106,7 @@ void frmNotaMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
   const auto paso = PasoUno();
   AnadirEnEvaluacionSiguiente(
       paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-      {.siguienteId = SiguienteIdMax,
-       .mensaje = "Error al insertar registros en Base de Datos",
+      {.mensaje = "Error al insertar registros en Base de Datos",
        .buscarObjetivo =
            "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
        .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});

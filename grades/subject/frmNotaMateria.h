@@ -19,8 +19,10 @@ class frmNotaMateria : public Form {
   frmNotaMateria();
 
   ComboBox cboMaterias{*this, "cboMaterias"};  ///< of all the students
+  std::vector<MateriaDeCombo> aryMaterias;     ///< counted from 1 by the item data of `cboMaterias`
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+
   TabStrip tabNotaManual{*this, "tabNotaManual"};
   std::array<Frame, 2> fraNotaManual{Frame(*this, "fraNotaManual(0)"),
                                      Frame(*this, "fraNotaManual(1)")};
@@ -31,44 +33,46 @@ class frmNotaMateria : public Form {
   std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno",
                         &fraNota[0]};  ///< a row for each student who has it
+  Anchos intAnchosAlumno;
+  Titulos strColumna;
+
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
+  std::vector<std::int16_t> intAltosTutor;  ///< one entry for each row of `rtvNotasTutor`
+  EstadoTutor tutor;
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
   TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
+
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando Datos...", "Grabando Datos..."
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+  bool blnCargando = false;       ///< `Form_Activate` runs, and the scale is read
+  bool blnEdicionActiva = false;  ///< the grids may answer edit events
+  FormularioEncogido carga;       ///< with `blnOcultando`
 
   std::string mstrCaption;         ///< written by step one; not shown
   Publicacion publicacion;         ///< with `IDPublicacion`
-  std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
   bool blnConPublicacion = false;  ///< `Form_Load` found a publication, and said so
+  std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
   bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
-  bool blnCargando = false;        ///< `Form_Activate` runs, and the scale is read
-  bool blnEdicionActiva = false;   ///< the grids may answer edit events
   Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
-  std::vector<MateriaDeCombo> aryMaterias;  ///< counted from 1 by the item data of `cboMaterias`
-  bool blnSeguimiento = false;              ///< of the section; nobody reads the two
+  bool blnSeguimiento = false;     ///< of the section; nobody reads the two
   bool blnAcumularObjetivos = false;
-  std::vector<std::int16_t> intAltosTutor;  ///< one entry for each row of `rtvNotasTutor`
-  Titulos strColumna;
-  Anchos intAnchosAlumno;
-  EstadoTutor tutor;
-  FormularioEncogido carga;  ///< with `blnOcultando`
 
   /// What step one has fixed. Error 381 while one of its lists has no entry selected.
   [[nodiscard]] DatosPasoUno PasoUno() const;
 
-  void cboMaterias_Click();  ///< shows the students who have the subject
-  void cmdAnterior_Click();
-  void cmdSiguiente_Click();
-  void cmdAceptar_Click();  ///< saves; a later evaluation keeps its mark
-  void cmdCancelar_Click();
-  void tabNotaManual_Click();
-  void rtvNotasAlumno_InicioEdicion();
-  void rtvNotasAlumno_FinEdicion();
-  void rtvNotasAlumno_CambioAncho();
+  // The steps of its life.
+  void Form_Load() override;      ///< the students, and the section's follow-up anew for each
+  void Form_Activate() override;  ///< loads and locks; without anything to grade, closes
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
+  /// False shrinks the form to the animation, True gives it back its measures and controls.
+  void MostrarCarga(bool mostrar);
+
+  // The tutor's pane.
   void rtvNotasTutor_InicioEdicion();
   void rtvNotasTutor_FinEdicion();
   void rtvNotasTutor_CambioAncho();
@@ -76,24 +80,24 @@ class frmNotaMateria : public Form {
   void cboObservacion_Click();
   void txtAusencias_Change();
   void txtRetrasos_Change();
-
-  void Form_Load() override;      ///< the students, and the section's follow-up anew for each
-  void Form_Activate() override;  ///< loads and locks; without anything to grade, closes
-  void Form_Resize() override;
-  void Form_KeyDown(int& keyCode) override;
-  void Form_Unload() override;
-
-  /// False shrinks the form to the animation, True gives it back its measures and controls.
-  void MostrarCarga(bool mostrar);
-  void CargarNotas();  ///< fails at the first subject that is gone
-  void CargarComboMaterias();
   void CargarNotasTutor();
+  void GuardarAnchosTutor(bool siempre);
+  void RestaurarAnchosTutor();
+
+  // The grid of grades.
+  void rtvNotasAlumno_InicioEdicion();
+  void rtvNotasAlumno_FinEdicion();
+  void rtvNotasAlumno_CambioAncho();
   void ConfigurarRejillas();  ///< headed "Materia", "Alumno"
   void ConfigurarColumnas();
   void GuardarAnchosAlumno(bool siempre);
   void RestaurarAnchosAlumno();
-  void GuardarAnchosTutor(bool siempre);
-  void RestaurarAnchosTutor();
+
+  // Loading, saving, leaving.
+  void CargarNotas();  ///< fails at the first subject that is gone
+  void CargarComboMaterias();
+  void cmdAceptar_Click();  ///< saves; a later evaluation keeps its mark
+  void cmdCancelar_Click();
 
   // Nobody calls these three: they work on objectives, which the pending register doesn't have.
 
@@ -103,6 +107,12 @@ class frmNotaMateria : public Form {
                                             std::int32_t& objetivo);
   void QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
                                             std::int32_t& objetivo);
+
+  // The walk.
+  void cboMaterias_Click();  ///< shows the students who have the subject
+  void cmdAnterior_Click();
+  void cmdSiguiente_Click();
+  void tabNotaManual_Click();
 
  private:
   void LlenarMaterias();

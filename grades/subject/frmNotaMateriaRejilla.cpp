@@ -2,6 +2,7 @@
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/subject/RejillaPorMateria.h"
 #include "grades/subject/frmNotaMateria.h"
 
@@ -45,7 +46,7 @@ void frmNotaMateria::rtvNotasAlumno_InicioEdicion() {
 
 void frmNotaMateria::rtvNotasAlumno_FinEdicion() {
   if (NotaEditada(*this)) {
-    const auto idNota = NotaElegida(rtvNotasAlumno);
+    const auto idNota = DatoElegido(rtvNotasAlumno);
     AsignarNota(MateriaDeFila(rtvNotasAlumno, colAlumnos, EntradaActual(*this)),
                 rtvNotasAlumno.Col(), idNota, PasoUno().blnRecuperar);
   }
@@ -61,7 +62,7 @@ void frmNotaMateria::rtvNotasTutor_InicioEdicion() {
 
 void frmNotaMateria::rtvNotasTutor_FinEdicion() {
   if (NotaTutorEditada(*this))
-    SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // has no `Valores`
+    SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // has no `Valores`
   GuardarAnchosTutor(false);
 }
 
@@ -71,15 +72,15 @@ void frmNotaMateria::rtvNotasTutor_CambioAlto() { AnotarAltosTutor(*this); }
 
 void frmNotaMateria::cboObservacion_Click() {
   if (cboObservacion.ListIndex() != -1)
-    SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Observacion`
+    SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Observacion`
 }
 
 void frmNotaMateria::txtAusencias_Change() {
-  SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Ausencias`
+  SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Ausencias`
 }
 
 void frmNotaMateria::txtRetrasos_Change() {
-  SinMiembroDelTutor(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Retrasos`
+  SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));  // nor `Retrasos`
 }
 
 }  // namespace quorvane

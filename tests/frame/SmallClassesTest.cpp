@@ -23,10 +23,8 @@ TEST(ConfigurationTest, IsOneInstance) {
 TEST(ConfigurationTest, WritesTrueAsTheEngineHasIt) {
   cConfiguracion configuracion;
   EXPECT_EQ(configuracion.NumeroVerdadero(), -1);
-  EXPECT_EQ(configuracion.Verdadero(), "-1");
   configuracion.SQLServer = true;
   EXPECT_EQ(configuracion.NumeroVerdadero(), 1);
-  EXPECT_EQ(configuracion.Verdadero(), "1");
 }
 
 TEST(ConfigurationTest, KnowsTheFolderOfTheIcons) {

@@ -140,28 +140,39 @@ TEST_F(GridOnAFormTest, ColumnBeyondTheGridEndsTheCopyAndIsAnErrorWhenGivenBack)
   EXPECT_THAT(Widths(), ElementsAre(500, 500, 500, 500));
 }
 
-class ObservationStatementTest : public ::testing::TestWithParam<bool> {
+class CellStatementTest : public ::testing::TestWithParam<bool> {
  public:
-  ObservationStatementTest() { cConfiguracion::Instancia().SQLServer = GetParam(); }
-  ~ObservationStatementTest() override { cConfiguracion::Instancia().SQLServer = false; }
-  ObservationStatementTest(const ObservationStatementTest&) = delete;
-  ObservationStatementTest& operator=(const ObservationStatementTest&) = delete;
-  ObservationStatementTest(ObservationStatementTest&&) = delete;
-  ObservationStatementTest& operator=(ObservationStatementTest&&) = delete;
+  CellStatementTest() { cConfiguracion::Instancia().SQLServer = GetParam(); }
+  ~CellStatementTest() override { cConfiguracion::Instancia().SQLServer = false; }
+  CellStatementTest(const CellStatementTest&) = delete;
+  CellStatementTest& operator=(const CellStatementTest&) = delete;
+  CellStatementTest(CellStatementTest&&) = delete;
+  CellStatementTest& operator=(CellStatementTest&&) = delete;
 
  protected:
   const DatosPasoUno chosen_{11, 22, 33, 44, 5, false};
   const int true_ = GetParam() ? 1 : -1;
 };
 
-TEST_P(ObservationStatementTest, WithAndWithoutTheExceptionalOnes) {
+TEST_P(CellStatementTest, OfASubjectAndOfAnObjective) {
+  cMateria subject;
+  subject.IDMatDetalle = 66;
+  subject.IDProfesor = 7;
+  subject.IDProfesorAsociado = 8;
+  for (const bool objective : {false, true})
+    EXPECT_EQ("sql centro " + SentenciaCelda(chosen_, 2, subject, objective),
+              Sql(expected::kCellList, {33, 22, 44, 66, 7, 8, 2, objective ? 0 : true_,
+                                        objective ? true_ : 0, true_, 11}));
+}
+
+TEST_P(CellStatementTest, OfTheObservation) {
   for (const bool without : {false, true})
     EXPECT_EQ("sql centro " + SentenciaObservaciones(chosen_, without),
               Sql(without ? expected::kPlainObservations : expected::kObservations,
                   {33, 22, 44, true_, 11}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ObservationStatementTest, ::testing::Bool(),
+INSTANTIATE_TEST_SUITE_P(Engines, CellStatementTest, ::testing::Bool(),
                          [](const auto& engine) {
                            return engine.param ? "SqlServer" : "FileDatabase";
                          });

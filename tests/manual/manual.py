@@ -7,7 +7,10 @@ MANUAL = ROOT / 'docs' / 'manual.md'
 EXAMPLES = ROOT / 'docs' / 'ejemplos'
 
 # What shows a text to the user: in the module, and in the desktop host.
-MODULE_CALLS = ('MessageBox(', 'BeepAndMessage(', 'MostrarAnimacion(')
+BOXES = ('MessageBox(', 'BeepAndMessage(', 'MostrarAnimacion(')
+# Routines of several forms that hand a form's text on to one.
+MODULE_CALLS = BOXES + ('EmpezarCarga(', 'EmpezarGrabacion(', 'EmpezarGuardado(', 'CerrarSinNotas(')
+NAMED_TEXT = re.compile(r'constexpr const char\* (k\w+) =\s*("[^;]*");')
 MODULE_FOLDERS = ('register', 'selection', 'grades', 'frame')
 HOST_FOLDERS = ('apps/zendria',)
 HOST_CALLS = ('SchoolError(', 'QMessageBox box(', 'setInformativeText(', 'showMessage(')
@@ -56,30 +59,44 @@ def without_comments(code):
     return re.sub(r'^\s*(//|#include).*$', '', code, flags=re.M)
 
 
-def sources(folders):
+def sources(folders, endings=('.cpp',)):
     for folder in folders:
-        for path in sorted((ROOT / folder).rglob('*.cpp')):
-            yield path, without_comments(path.read_text(encoding='utf-8'))
+        for path in sorted((ROOT / folder).rglob('*')):
+            if path.suffix in endings:
+                yield path, without_comments(path.read_text(encoding='utf-8'))
+
+
+def module_units():
+    """The module's sources with their headers: the name, the code, the texts that have a name there."""
+    units = {}
+    for path, code in sources(MODULE_FOLDERS, ('.cpp', '.h')):
+        units[path.stem] = units.get(path.stem, '') + code
+    for name, code in units.items():
+        yield name, code, {key: literals(text)[0] for key, text in NAMED_TEXT.findall(code)}
+
+
+def shown_texts(inside, named):
+    """The texts among what a call is given."""
+    return literals(inside) or [text for key, text in named.items() if re.search(rf'\b{key}\b', inside)]
 
 
 def module_messages():
     """The texts of the module's message boxes and busy signs, each with the files it stands in."""
     found = {}
-    for path, code in sources(MODULE_FOLDERS):
+    for name, code, named in module_units():
         texts = [text for call in MODULE_CALLS for inside in arguments(code, call)
-                 for text in literals(inside)]
-        # Texts that go to a box by way of a name, or of a routine that several forms share.
+                 for text in shown_texts(inside, named)]
+        # Texts that go to a box by way of a routine which tries a statement again.
         texts += [text for text in literals(code) if text.startswith('Error al ')]
         for text in texts:
-            found.setdefault(text.strip(), set()).add(path.stem)
+            found.setdefault(text.strip(), set()).add(name)
     return found
 
 
 def messages_by_name():
-    """The sources that show a text which isn't a literal where it is shown."""
-    return {path.stem for path, code in sources(MODULE_FOLDERS)
-            for call in ('MessageBox(', 'BeepAndMessage(', 'MostrarAnimacion(')
-            for inside in arguments(code, call) if not literals(inside)}
+    """The sources that show a text which doesn't stand in them."""
+    return {name for name, code, named in module_units()
+            for call in BOXES for inside in arguments(code, call) if not shown_texts(inside, named)}
 
 
 def host_messages():

@@ -17,10 +17,17 @@ FOLDERS = ['frame', 'register', 'selection', 'grades']
 
 # The database itself: no statement of the forms.
 LEFT_OUT = 'frame/schema/'
+# The tutor's grid keeps no number, but the text that a row is keyed by.
+TUTOR_CELL = ('SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR '
+              'CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR '
+              'CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR '
+              'CodMateria=')
 # What isn't sent to a database, and what is made for any table.
 KNOWN = {
     ('selection/MateriasSeccion.cpp', 'IDMATERIADETALLES={} AND Aprobado=0'),  # a filter of rows
-    ('frame/modGeneral.cpp', 'SELECT MAX('),
+    ('frame/modGeneral.cpp', 'SELECT MAX('),  # of the table and column that are asked for
+    # Goes on with the text of a cell.
+    ('grades/grid/NotasTutor.cpp', TUTOR_CELL),
 }
 
 TOKEN = re.compile(r'''//[^\n]*|/\*.*?\*/|'(?:\\.|[^'\\\n])'|"(?:\\.|[^"\\\n])*"(?:\s*"(?:\\.|[^"\\\n])*")*''',

@@ -1,4 +1,4 @@
-#include "grades/dialog/Navegacion.h"
+#include "selection/Navegacion.h"
 
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/CommandButton.h"

@@ -5,10 +5,12 @@ namespace quorvane {
 class ComboBox;
 class CommandButton;
 
-// The walk over the entries of a grade form's combo box. Selecting one raises the combo's click;
-// nothing happens at the ends of the list.
+// The walk over the entries of a combo box, in steps one and two. Selecting one raises the combo's
+// click.
 
+/// The entry before the selected one; nothing at the beginning of the list.
 void SeleccionarAnterior(ComboBox& combo);
+/// The entry behind the selected one, the first when there is none; nothing at the end.
 void SeleccionarSiguiente(ComboBox& combo);
 
 /// Arrow up and arrow down press the buttons of the walk; the key is then taken, so that the grid
