@@ -17,8 +17,8 @@ namespace {
 }
 
 std::string_view SchemaFor(const odbc::OdbcConnection& database, const std::string& place) {
-  if (database.EngineIsSqlServer()) return SqlServerSchema();
-  if (database.EngineIsSqlite()) return SqliteSchema();
+  if (database.ReachedEngine() == sqltext::Engine::SqlServer) return SqlServerSchema();
+  if (database.ReachedEngine() == sqltext::Engine::Sqlite) return SqliteSchema();
   Refuse(place, "solo se sabe hacer en SQL Server y en SQLite");
 }
 

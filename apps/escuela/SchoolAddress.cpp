@@ -26,7 +26,7 @@ std::unique_ptr<Connection> SchoolAddress::Open(const std::string& name, Access 
 
 bool ReachesSqlServer(const Connection& connection) {
   const auto* const odbc = dynamic_cast<const odbc::OdbcConnection*>(&connection);
-  return odbc != nullptr && odbc->EngineIsSqlServer();
+  return odbc != nullptr && odbc->ReachedEngine() == sqltext::Engine::SqlServer;
 }
 
 bool HasTable(Connection& connection, const std::string& table) {

@@ -53,8 +53,7 @@ class SqlServer : public testing::Test {
 
 TEST_F(SqlServer, IsWhatTheDriverNames) {
   con.Open();
-  EXPECT_TRUE(con.EngineIsSqlServer());
-  EXPECT_FALSE(con.EngineIsSqlite());
+  EXPECT_EQ(con.ReachedEngine(), sqltext::Engine::SqlServer);
   EXPECT_EQ(con.DataSource(), "127.0.0.1");
 }
 
