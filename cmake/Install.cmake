@@ -100,9 +100,9 @@ install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs bench DESTINATION ${CMAKE_INSTALL_DOCDIR}
         FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.guion
         PATTERN qt EXCLUDE)
-install(FILES frame/schema/sqlserver.sql DESTINATION ${CMAKE_INSTALL_DOCDIR}/frame/schema)
+install(FILES frame/schema/school.schema DESTINATION ${CMAKE_INSTALL_DOCDIR}/frame/schema)
 include(cmake/Manual.cmake)
-install(FILES frame/schema/sqlite.sql frame/schema/sqlserver.sql
+install(FILES ${schema_files}/sqlite.sql ${schema_files}/sqlserver.sql
         DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane/esquema)
 
 # What each package says of its history and its terms.

@@ -9,6 +9,7 @@
 #include "platform/data/Connection.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
+#include "platform/host/LocalTime.h"
 
 namespace quorvane {
 namespace {
@@ -54,9 +55,7 @@ std::string FechaServidor() {
 }
 
 std::string FechaLocal() {
-  const auto now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const auto local = LocalTime(std::time(nullptr));
   std::string text(sizeof "dd/mm/yyyy" - 1, ' ');
   std::strftime(text.data(), text.size() + 1, "%d/%m/%Y", &local);
   return text;

@@ -82,11 +82,12 @@ void CheckColumns(const SchemaTable& table, const FieldNames& names, SchoolCheck
                   std::vector<std::string>& findings) {
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const auto& column = table.columns[i];
-    if (column.freeName || (column.forHost && whom == SchoolCheck::For::Module)) continue;
+    if (column.mark == SchemaMark::FreeName) continue;
+    if (column.mark == SchemaMark::Host && whom == SchoolCheck::For::Module) continue;
     const auto place = PlaceOf(names, column.name);
     if (place == kNowhere) {
       findings.push_back(Join({"Falta la columna ", column.name, " en la tabla ", table.name}));
-    } else if (table.byPosition && !column.freePlace && place != i) {
+    } else if (table.byPosition && column.mark != SchemaMark::FreePlace && place != i) {
       findings.push_back(
           Join({"La columna ", column.name, " de la tabla ", table.name, " está en el lugar ",
                 std::to_string(place + 1), " y debe estar en el ", std::to_string(i + 1)}));
@@ -155,7 +156,7 @@ void SchoolCheck::FindDoubles(std::vector<std::string>& findings) const {
   // A school from elsewhere may lack the primary keys.
   for (const auto& table : SchoolTables())
     for (const auto& column : table.columns)
-      if (column.key) find(table.name, column.name);
+      if (column.kind == SchemaKind::Key) find(table.name, column.name);
 }
 
 std::vector<std::string> SchoolCheck::Rows() const {

@@ -10,7 +10,7 @@ class ZendriaCentroApi : public CentroApi {
  public:
   void marcar_Obligatorios(Form& form) override;
   void acortartextolabel(Label& label) override;
-  /// The school is a file, and this machine's date counts, as "dd/mm/yyyy".
+  /// This machine's date, as "dd/mm/yyyy", also for a school on a server.
   std::string ObtenerHoraSistema(std::string& dataSource) override;
 };
 

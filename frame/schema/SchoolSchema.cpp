@@ -4,60 +4,28 @@
 #include <sstream>
 #include <utility>
 
+#include "frame/schema/SchemaSql.h"
+#include "frame/schema/SchoolSchemaText.h"
+
 namespace quorvane {
 namespace {
 
-constexpr std::string_view kCreateTable = "CREATE TABLE ";
-constexpr std::string_view kPrimaryKey = " PRIMARY KEY ";
-
-bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
-
-// The kinds are told by the SQL Server text, whose types tell a flag from a number.
-SchemaColumn ReadColumn(const std::string& line) {
-  SchemaColumn column;
-  std::string type;
-  std::istringstream(line) >> column.name >> type;
-  column.flag = type == "bit";
-  column.text = Contains(type, "varchar");
-  column.forHost = Contains(line, "-- host");
-  column.freeName = Contains(line, "-- free name");
-  column.freePlace = Contains(line, "-- free place");
-  return column;
-}
-
-/// "CONSTRAINT PK_Curso PRIMARY KEY (IDCurso)": marks the column in the brackets.
-void ReadKey(const std::string& line, SchemaTable& table) {
-  const auto begin = line.find('(') + 1;
-  const auto name = line.substr(begin, line.find(')') - begin);
-  for (auto& column : table.columns)
-    if (column.name == name) column.key = true;
-}
-
-std::vector<SchemaTable> ReadTables() {
-  std::vector<SchemaTable> tables;
-  std::istringstream lines{std::string(SqlServerSchema())};
-  auto inTable = false;
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with(kCreateTable)) {
-      SchemaTable table;
-      std::istringstream(line.substr(kCreateTable.size())) >> table.name;
-      table.byPosition = Contains(line, "-- by position");
-      tables.push_back(std::move(table));
-      inTable = true;
-    } else if (line.starts_with(")")) {
-      inTable = false;
-    } else if (inTable && Contains(line, kPrimaryKey)) {
-      ReadKey(line, tables.back());
-    } else if (inTable) {
-      tables.back().columns.push_back(ReadColumn(line));
-    }
-  }
-  return tables;
+const SchemaDescription& School() {
+  static const auto school = ReadSchema(SchoolSchemaText());
+  return school;
 }
 
 }  // namespace
+
+std::string_view SqliteSchema() {
+  static const auto sql = SchemaSql(School(), kSqliteEngine);
+  return sql;
+}
+
+std::string_view SqlServerSchema() {
+  static const auto sql = SchemaSql(School(), kSqlServerEngine);
+  return sql;
+}
 
 std::vector<std::string> SchemaStatements(std::string_view text) {
   std::vector<std::string> statements;
@@ -77,9 +45,6 @@ std::vector<std::string> SchemaStatements(std::string_view text) {
   return statements;
 }
 
-const std::vector<SchemaTable>& SchoolTables() {
-  static const auto tables = ReadTables();
-  return tables;
-}
+const std::vector<SchemaTable>& SchoolTables() { return School().tables; }
 
 }  // namespace quorvane

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
@@ -22,16 +23,65 @@ std::vector<std::string> Names(const SchemaTable& table) {
   return names;
 }
 
-TEST(SchoolSchema, TheDescriptionIsWhatTheFileDatabaseHas) {
-  const TempFolder folder;
-  sqlite::SqliteConnection school(folder / "a.sqlite", "", sqlite::OpenMode::Create);
-  school.Open();
-  school.Execute("BEGIN");
-  for (const auto& statement : SchemaStatements(SqliteSchema())) school.Execute(statement);
-  EXPECT_EQ(SchoolTables().size(), 29U);
+class NewFile : public testing::Test {
+ protected:
+  void SetUp() override {
+    school_.Open();
+    school_.Execute("BEGIN");
+    for (const auto& statement : SchemaStatements(SqliteSchema())) school_.Execute(statement);
+  }
+
+  /// The values of a row each, with blanks between them.
+  std::vector<std::string> Rows(const std::string& select) {
+    std::vector<std::string> lines;
+    for (auto rows = school_.Execute(select); !rows.Eof(); rows.MoveNext()) {
+      auto& line = lines.emplace_back();
+      for (std::size_t i = 0; i < rows.Names().size(); ++i)
+        line += (i == 0 ? "" : " ") + rows.Fields(i).Text();
+    }
+    return lines;
+  }
+
+ private:
+  const TempFolder folder_;
+  sqlite::SqliteConnection school_{folder_ / "a.sqlite", "", sqlite::OpenMode::Create};
+};
+
+TEST_F(NewFile, HasTheTablesOfTheDescription) {
+  std::vector<std::string> names;
+  for (const auto& table : SchoolTables()) names.push_back(table.name);
+  EXPECT_EQ(names.size(), 29U);
+  EXPECT_EQ(Rows("SELECT name FROM sqlite_master WHERE type='table' ORDER BY rowid"), names);
+}
+
+TEST_F(NewFile, HasTheColumnsOfTheDescriptionAndItsKeys) {
+  for (const auto& table : SchoolTables()) {
+    std::vector<std::string> columns;
+    for (const auto& column : table.columns) {
+      const auto key = column.kind == SchemaKind::Key;
+      const auto text = column.kind == SchemaKind::Text || column.kind == SchemaKind::Date;
+      columns.push_back(column.name + (text ? " TEXT" : " INTEGER") + (key ? " 1" : " 0") +
+                        (text || key ? " none" : " 0"));
+    }
+    EXPECT_EQ(Rows("SELECT name, type, pk, coalesce(dflt_value, 'none') FROM pragma_table_info('" +
+                   table.name + "') ORDER BY cid"),
+              columns)
+        << table.name;
+  }
+}
+
+TEST_F(NewFile, HasTheIndexesOfTheDescription) {
+  auto indexes = 0;
   for (const auto& table : SchoolTables())
-    EXPECT_EQ(school.Execute("SELECT * FROM " + table.name).Names(), Names(table)) << table.name;
-  EXPECT_EQ(school.Execute("SELECT name FROM sqlite_master WHERE type='table'").RecordCount(), 29U);
+    for (const auto& columns : table.indexes) {
+      ++indexes;
+      EXPECT_EQ(Rows("SELECT name FROM pragma_index_info('Idx_" + table.name + "_" +
+                     columns.front() + "') ORDER BY seqno"),
+                columns)
+          << table.name;
+    }
+  EXPECT_EQ(Rows("SELECT COUNT(*) FROM sqlite_master WHERE type='index'"),
+            std::vector{std::to_string(indexes)});
 }
 
 TEST(SchoolSchema, BothEnginesGetTheSameTablesAndIndexes) {
@@ -53,22 +103,23 @@ TEST(SchoolSchema, OnlyPrimaryKeysAreUnique) {
 TEST(SchoolSchema, TellsKeysFlagsTextsAndPlaces) {
   const auto& pending = Table("AlumnoPte_MatDet");
   EXPECT_TRUE(pending.byPosition);
-  EXPECT_TRUE(pending.columns[0].key);
-  EXPECT_FALSE(pending.columns[1].key);
-  EXPECT_TRUE(pending.columns[4].freeName);
+  EXPECT_EQ(pending.columns[0].kind, SchemaKind::Key);
+  EXPECT_EQ(pending.columns[1].kind, SchemaKind::Long);
+  EXPECT_EQ(pending.columns[3].kind, SchemaKind::Byte);
+  EXPECT_EQ(pending.columns[4].mark, SchemaMark::FreeName);
 
   const auto& grades = Table("EvaluacionPte");
-  EXPECT_FALSE(grades.columns[2].freePlace);
-  EXPECT_TRUE(grades.columns[3].freePlace);
-  EXPECT_TRUE(grades.columns[3].flag);
+  EXPECT_EQ(grades.columns[2].mark, SchemaMark::None);
+  EXPECT_EQ(grades.columns[3].mark, SchemaMark::FreePlace);
+  EXPECT_EQ(grades.columns[3].kind, SchemaKind::Flag);
 
   const auto& student = Table("Alumno");
   EXPECT_FALSE(student.byPosition);
-  EXPECT_TRUE(student.columns[1].text);
-  EXPECT_TRUE(student.columns[7].text);
+  EXPECT_EQ(student.columns[1].kind, SchemaKind::Text);
+  EXPECT_EQ(student.columns[7].kind, SchemaKind::Date);
 
-  EXPECT_TRUE(Table("Usuario").columns[3].forHost);
-  for (const auto& column : Table("BloqueoPte").columns) EXPECT_FALSE(column.key);
+  EXPECT_EQ(Table("Usuario").columns[3].mark, SchemaMark::Host);
+  for (const auto& column : Table("BloqueoPte").columns) EXPECT_NE(column.kind, SchemaKind::Key);
 }
 
 TEST(SchoolSchema, ThePublicationNamesItsConstantAsTheSection) {

@@ -1,0 +1,94 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+
+#include "frame/schema/SchemaDescription.h"
+
+namespace quorvane::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// Why a description can't be read; empty when it can.
+std::string Refusal(const std::string& text) {
+  try {
+    ReadSchema(text);
+    return "";
+  } catch (const std::invalid_argument& error) {
+    return error.what();
+  }
+}
+
+TEST(SchemaDescription, TellsTablesColumnsAndIndexesInTheirOrder) {
+  const auto school = ReadSchema(
+      "# Not in the SQL.\n"
+      "-- On the whole.\n"
+      "-- In two lines.\n"
+      "\n"
+      "-- On Nota.\n"
+      "table Nota by position\n"
+      "  IDNota  key\n"
+      "  Nombre  text  free name\n"
+      "  index IDNota, Nombre\n"
+      "  index Nombre\n"
+      "\n"
+      "table Curso\n"
+      "  Orden byte");
+  EXPECT_THAT(school.heading, ElementsAre("-- On the whole.", "-- In two lines."));
+  ASSERT_EQ(school.tables.size(), 2U);
+
+  const auto& nota = school.tables[0];
+  EXPECT_EQ(nota.name, "Nota");
+  EXPECT_TRUE(nota.byPosition);
+  EXPECT_THAT(nota.comment, ElementsAre("-- On Nota."));
+  ASSERT_EQ(nota.columns.size(), 2U);
+  EXPECT_EQ(nota.columns[0].name, "IDNota");
+  EXPECT_EQ(nota.columns[0].kind, SchemaKind::Key);
+  EXPECT_EQ(nota.columns[0].mark, SchemaMark::None);
+  EXPECT_EQ(nota.columns[1].kind, SchemaKind::Text);
+  EXPECT_EQ(nota.columns[1].mark, SchemaMark::FreeName);
+  EXPECT_THAT(nota.indexes, ElementsAre(ElementsAre("IDNota", "Nombre"), ElementsAre("Nombre")));
+
+  const auto& curso = school.tables[1];
+  EXPECT_EQ(curso.name, "Curso");
+  EXPECT_FALSE(curso.byPosition);
+  EXPECT_THAT(curso.comment, ElementsAre());
+  EXPECT_EQ(curso.columns.at(0).kind, SchemaKind::Byte);
+}
+
+TEST(SchemaDescription, MayHaveNoHeading) {
+  const auto school = ReadSchema("-- On A.\ntable A\nB long");
+  EXPECT_THAT(school.heading, ElementsAre());
+  EXPECT_THAT(school.tables.at(0).comment, ElementsAre("-- On A."));
+}
+
+TEST(SchemaDescription, NamesTheLineThatIsWrong) {
+  EXPECT_EQ(Refusal("\n# x\n  IDNota key\n"), "line 3: 'IDNota' stands in no table");
+  EXPECT_EQ(Refusal("table\n"), "line 1: a table has a name");
+  EXPECT_EQ(Refusal("table A by positon\n"), "line 1: a table can't be 'by positon'");
+  EXPECT_EQ(Refusal("table A\nB long\ntable a\n"), "line 3: there is a table a already");
+  EXPECT_EQ(Refusal("table A\n\ntable B\nC long\n"), "line 3: the table A above has no columns");
+  EXPECT_EQ(Refusal("table A\n"), "line 1: the table A above has no columns");
+}
+
+TEST(SchemaDescription, NamesTheColumnThatIsWrong) {
+  EXPECT_EQ(Refusal("table A\n  B\n"), "line 2: the column B has no kind");
+  EXPECT_EQ(Refusal("table A\n  B lnog\n"), "line 2: there is no kind 'lnog'");
+  EXPECT_EQ(Refusal("table A\n  B long free\n"), "line 2: there is no mark 'free'");
+  EXPECT_EQ(Refusal("table A\n  B long\n  b text\n"), "line 3: A has a column b already");
+  EXPECT_EQ(Refusal("table A\n  B key\n  C key\n"), "line 3: A has a key already");
+  EXPECT_EQ(Refusal("table A\n  B key\n  index\n"), "line 3: an index has columns");
+  EXPECT_EQ(Refusal("table A\n  B key\n  index B, C\n"), "line 3: A has no column C");
+}
+
+TEST(SchemaDescription, HasCommentsAboveTablesAlone) {
+  EXPECT_EQ(Refusal("table A\n-- On B.\n  B long\n"), "line 3: a comment stands above a table");
+  EXPECT_EQ(Refusal("table A\n  B long\n-- On A.\n\n"), "line 4: a comment stands above a table");
+  EXPECT_EQ(Refusal("-- One.\n\n-- Two.\n\ntable A\n  B long\n"),
+            "line 4: a comment stands above a table");
+  EXPECT_EQ(Refusal("table A\n  B long\n-- The end."), "line 3: a comment stands above a table");
+}
+
+}  // namespace
+}  // namespace quorvane::test
