@@ -4,11 +4,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <unistd.h>
 
+#include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/ServerSchools.h"
 
 namespace quorvane::test {
 namespace {
@@ -29,23 +32,45 @@ std::string NewPath() {
 
 std::string CellText(const Value& value) { return value.IsNull() ? "NULL" : value.Text(); }
 
-}  // namespace
+std::unique_ptr<Connection> Opened(const std::string& path, sqlite::OpenMode mode) {
+  std::unique_ptr<Connection> school;
+  if (OnServer())
+    school = std::make_unique<odbc::OdbcConnection>(OwnerString(path), "");
+  else
+    school = std::make_unique<sqlite::SqliteConnection>(path, "", mode);
+  school->Open();
+  return school;
+}
 
-TestSchool::TestSchool() : path_(NewPath()) {
+void MakeFile(const std::string& path) {
   // A program that was killed may have left one of that name.
-  std::filesystem::remove(path_);
-  sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::Create);
+  std::filesystem::remove(path);
+  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::Create);
   school.Open();
   school.ExecuteScript(kFast + ("BEGIN;" + std::string(SqliteSchema())) + ";COMMIT;");
 }
 
+}  // namespace
+
+TestSchool::TestSchool() : path_(OnServer() ? TakeServerSchool() : NewPath()) {
+  if (!OnServer()) MakeFile(path_);
+}
+
 TestSchool::~TestSchool() {
+  if (OnServer()) {
+    GiveBackServerSchool(path_);
+    return;
+  }
   std::error_code ignored;
   std::filesystem::remove(path_, ignored);
 }
 
 void TestSchool::Sql(const std::string& statements) const {
   try {
+    if (OnServer()) {
+      Opened(path_, sqlite::OpenMode::ReadWrite)->Execute(statements);
+      return;
+    }
     sqlite::SqliteConnection school(path_, "");
     school.Open();
     school.ExecuteScript(kFast + statements);
@@ -57,9 +82,8 @@ void TestSchool::Sql(const std::string& statements) const {
 std::vector<std::string> TestSchool::Rows(const std::string& select) const {
   std::vector<std::string> rows;
   try {
-    sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::ReadOnly);
-    school.Open();
-    auto found = school.Execute(select);
+    const auto school = Opened(path_, sqlite::OpenMode::ReadOnly);
+    auto found = school->Execute(select);
     for (; !found.Eof(); found.MoveNext()) {
       std::string row;
       for (std::size_t i = 0; i < found.Names().size(); ++i)
