@@ -37,8 +37,11 @@ class cConfiguracion {
   std::string RutaBD;
   std::string RutaAplicacion;
 
-  /// The literal that a condition compares a flag column with True by.
-  [[nodiscard]] std::string Verdadero() const { return SQLServer ? "1" : "-1"; }
+  /// The number that a condition compares a flag column with True by.
+  [[nodiscard]] std::int16_t NumeroVerdadero() const {
+    return SQLServer ? std::int16_t{1} : std::int16_t{-1};
+  }
+  [[nodiscard]] std::string Verdadero() const { return std::to_string(NumeroVerdadero()); }
   /// The folder of the icons: `RutaIcono` up to and including its last backslash.
   [[nodiscard]] std::string CarpetaIconos() const;
 };

@@ -6,11 +6,15 @@ namespace quorvane {
 
 bool gblnMostrarAnchoNotas = false;
 
+std::int32_t SiguienteId(Connection& conexion, const std::string& maximo) {
+  const auto mayor = conexion.Execute(maximo);
+  if (mayor.Eof() || mayor.Fields(0).IsNull()) return 1;
+  return Value(std::int64_t{mayor.Fields(0).Long()} + 1).Long();
+}
+
 std::int32_t ObtenerSiguienteId(Connection& conexion, Connection* /*conexionBorrado*/,
                                 const std::string& tabla, const std::string& campo) {
-  const auto recordset = conexion.Execute("SELECT MAX(" + campo + ") FROM [" + tabla + "]");
-  if (recordset.Eof() || recordset.Fields(0).IsNull()) return 1;
-  return Value(std::int64_t{recordset.Fields(0).Long()} + 1).Long();
+  return SiguienteId(conexion, "SELECT MAX(" + campo + ") FROM [" + tabla + "]");
 }
 
 }  // namespace quorvane

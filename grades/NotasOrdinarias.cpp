@@ -2,8 +2,9 @@
 
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "grades/Escala.h"
+#include "grades/grid/Escala.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Retivo.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane {
@@ -13,12 +14,15 @@ void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recup
   materia.*kCamposNota[static_cast<std::size_t>(columna) - 1] = idNota;
 }
 
+std::int32_t NotaElegida(const Retivo& rejilla) {
+  const auto indice = rejilla.ListaIndice();
+  return indice == -1 ? 0 : rejilla.ListaDato(indice);
+}
+
 void LeerNotas(cMateria& materia, std::int32_t evaluacion) {
-  const auto recordset = Centro().Execute(
-      "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, "
-      "CodNotaProcedimiento FROM EvaluacionPte WHERE CodNumEvaluacion=" +
-      std::to_string(evaluacion) +
-      " AND CodAlumnoPte_MatDet=" + std::to_string(materia.CodAlumno_MateriaDetalles));
+  const auto recordset = Centro().Execute(Sql(
+      "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento FROM EvaluacionPte WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
+      evaluacion, materia.CodAlumno_MateriaDetalles));
   if (recordset.Eof()) return;
   materia.Evaluado = recordset.Fields("Evaluado").Flag();
   materia.Nota = recordset.Fields("CodNota").Long();
@@ -33,18 +37,26 @@ void EscribirNotas(Retivo& rejilla, int fila, const cMateria& materia) {
     EscribirNota(rejilla, fila, static_cast<int>(i) + 1, materia.*kCamposNota[i]);
 }
 
-std::string TipoNotaDeCelda(int columna, bool objetivo) {
-  const auto verdadero = cConfiguracion::Instancia().Verdadero();
-  return "Orden=" + std::to_string(columna) + " AND Materia=" + (objetivo ? "0" : verdadero) +
-         " AND Observacion=" + (objetivo ? verdadero : "0") + " AND Evaluacion=" + verdadero;
+std::string SentenciaCelda(const DatosPasoUno& pasoUno, int columna, const cMateria& materia,
+                           bool objetivo) {
+  const std::int32_t verdadero = cConfiguracion::Instancia().NumeroVerdadero();
+  return Sql(
+      "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion={} AND Evaluacion={} AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+      pasoUno.seccion, pasoUno.curso, pasoUno.evaluacion, materia.IDMatDetalle, materia.IDProfesor,
+      materia.IDProfesorAsociado, columna, objetivo ? 0 : verdadero, objetivo ? verdadero : 0,
+      verdadero, pasoUno.tipo);
 }
 
-std::string AsignacionesNotas(const cMateria& materia) {
-  return "CodNota=" + std::to_string(materia.Nota) +
-         ",CodNotaActitud=" + std::to_string(materia.Actitud) +
-         ", CodNotaObservacion=" + std::to_string(materia.Observacion) +
-         ",CodNotaConcepto=" + std::to_string(materia.Concepto) +
-         ",CodNotaProcedimiento=" + std::to_string(materia.Procedimiento);
+void GuardarNotas(SqlText<7> sentencia, const cMateria& materia, std::int32_t evaluacion) {
+  Centro().Execute(Sql(sentencia, materia.Nota, materia.Actitud, materia.Observacion,
+                       materia.Concepto, materia.Procedimiento, evaluacion,
+                       materia.CodAlumno_MateriaDetalles));
+}
+
+void GuardarSinNota(const cMateria& materia, std::int32_t evaluacion) {
+  GuardarNotas(
+      "UPDATE EvaluacionPte SET CodNota={},CodNotaActitud={}, CodNotaObservacion={},CodNotaConcepto={},CodNotaProcedimiento={} WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet = {}",
+      materia, evaluacion);
 }
 
 }  // namespace quorvane

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/CeldaNotas.h"
+#include "grades/grid/CeldaNotas.h"
+#include "platform/data/Sql.h"
 #include "register/cMateria.h"
 
 namespace quorvane {
@@ -23,6 +24,9 @@ constexpr bool EsColumnaNota(int columna) { return columna >= 1 && columna <= 5;
 /// the grade goes to the field of the recovery, which a subject doesn't have: error 438.
 void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recuperar);
 
+/// The grade chosen in the cell just edited; 0 for no choice.
+std::int32_t NotaElegida(const Retivo& rejilla);
+
 /// Reads the grades that are stored, and whether they were ever given; without a row they stay as
 /// they are.
 void LeerNotas(cMateria& materia, std::int32_t evaluacion);
@@ -30,10 +34,18 @@ void LeerNotas(cMateria& materia, std::int32_t evaluacion);
 /// Writes the texts of the five grades in a row of the grid.
 void EscribirNotas(Retivo& rejilla, int fila, const cMateria& materia);
 
-/// The conditions on `TipoNota` for a cell of that column, on a subject's row or an objective's.
-std::string TipoNotaDeCelda(int columna, bool objetivo);
+/// What the grades that a cell of that column may take are read with, `IDNota` and
+/// `DescripcionCorta`: of the section's model, the course, the evaluation, the subject and its
+/// teachers, each grade general or of exactly that. Exceptional grades aren't among them. No row is
+/// an objective's: nobody asks for `objetivo`.
+std::string SentenciaCelda(const DatosPasoUno& pasoUno, int columna, const cMateria& materia,
+                           bool objetivo = false);
 
-/// "CodNota={n},CodNotaActitud={n}, ...": the five assignments of an UPDATE of `EvaluacionPte`.
-std::string AsignacionesNotas(const cMateria& materia);
+/// Writes the grades of a subject. The statement has seven places: CodNota, CodNotaActitud,
+/// CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento, the evaluation, the subject's row.
+void GuardarNotas(SqlText<7> sentencia, const cMateria& materia, std::int32_t evaluacion);
+
+/// Writes the grades of a subject whose main grade is none. Whether it was ever graded stays.
+void GuardarSinNota(const cMateria& materia, std::int32_t evaluacion);
 
 }  // namespace quorvane

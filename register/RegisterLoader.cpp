@@ -6,29 +6,12 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "register/PersonName.h"
 #include "register/RegisterPurge.h"
 
 namespace quorvane {
 namespace {
-
-/// The half of the statement that reads the evaluations in that table.
-std::string Half(const std::string& table) {
-  return "SELECT Seccion.Descripcion AS SDescripcion, Alumno.Apellido_2, Alumno.Apellido_1, "
-         "Alumno.Nombre, Alumno.IDAlumno, AlumnoPte_MatDet.IDAlumnoPte_MatDet, "
-         "AlumnoPte_MatDet.codMatDet, AlumnoPte_MatDet.Orden, NumEvaluacion.IDNumEvaluacion, "
-         "NumEvaluacion.Descripcion, NumEvaluacion.Final, Materia.Nombre AS MNombre, "
-         "Materia.Optativa, seccion.codcurso FROM (Seccion_AlumnoPte LEFT JOIN (Alumno LEFT JOIN "
-         "Seccion ON Seccion.IDSeccion=Alumno.codSeccion) ON "
-         "Seccion_AlumnoPte.codAlumno=alumno.idalumno) LEFT JOIN ((AlumnoPte_MatDet LEFT JOIN (" +
-         table + " LEFT JOIN NumEvaluacion ON NumEvaluacion.IDNumEvaluacion=" + table +
-         ".codNumEvaluacion) ON " + table +
-         ".codAlumnoPte_Matdet=AlumnoPte_Matdet.IDAlumnoPte_Matdet) LEFT JOIN (MateriaDetalles "
-         "LEFT "
-         "JOIN Materia ON Materia.IDMateria=MateriaDetalles.codMateria) ON "
-         "MateriaDetalles.IDMateriaDetalles=AlumnoPte_Matdet.codMatdet) ON "
-         "AlumnoPte_Matdet.codAlumno=Seccion_AlumnoPte.codAlumno ";
-}
 
 /// Rounds as reading the id did: what gave the id always is it, or the walk would not move on.
 bool Is(const Value& column, std::int32_t id) {
@@ -52,11 +35,8 @@ RegisterLoader::RegisterLoader(Connection& centro, Collection<cAlumno>& colAlumn
     : centro_(centro), colAlumnos_(colAlumnos) {}
 
 bool RegisterLoader::Load(std::int32_t section) {
-  const auto s = std::to_string(section);
-  rows_ = centro_.Execute(Half("EvaluacionPte") + "WHERE Seccion_AlumnoPte.codSeccion = " + s +
-                          " Union " + Half("EvaluacionActaPte") +
-                          "Where Seccion_AlumnoPte.codSeccion = " + s +
-                          " ORDER BY Alumno.IDAlumno, AlumnoPte_Matdet.Orden");
+  rows_ = centro_.Execute(Sql(
+      "SELECT Seccion.Descripcion AS SDescripcion, Alumno.Apellido_2, Alumno.Apellido_1, Alumno.Nombre, Alumno.IDAlumno, AlumnoPte_MatDet.IDAlumnoPte_MatDet, AlumnoPte_MatDet.codMatDet, AlumnoPte_MatDet.Orden, NumEvaluacion.IDNumEvaluacion, NumEvaluacion.Descripcion, NumEvaluacion.Final, Materia.Nombre AS MNombre, Materia.Optativa, seccion.codcurso FROM (Seccion_AlumnoPte LEFT JOIN (Alumno LEFT JOIN Seccion ON Seccion.IDSeccion=Alumno.codSeccion) ON Seccion_AlumnoPte.codAlumno=alumno.idalumno) LEFT JOIN ((AlumnoPte_MatDet LEFT JOIN (EvaluacionPte LEFT JOIN NumEvaluacion ON NumEvaluacion.IDNumEvaluacion=EvaluacionPte.codNumEvaluacion) ON EvaluacionPte.codAlumnoPte_Matdet=AlumnoPte_Matdet.IDAlumnoPte_Matdet) LEFT JOIN (MateriaDetalles LEFT JOIN Materia ON Materia.IDMateria=MateriaDetalles.codMateria) ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_Matdet.codMatdet) ON AlumnoPte_Matdet.codAlumno=Seccion_AlumnoPte.codAlumno WHERE Seccion_AlumnoPte.codSeccion = {} Union SELECT Seccion.Descripcion AS SDescripcion, Alumno.Apellido_2, Alumno.Apellido_1, Alumno.Nombre, Alumno.IDAlumno, AlumnoPte_MatDet.IDAlumnoPte_MatDet, AlumnoPte_MatDet.codMatDet, AlumnoPte_MatDet.Orden, NumEvaluacion.IDNumEvaluacion, NumEvaluacion.Descripcion, NumEvaluacion.Final, Materia.Nombre AS MNombre, Materia.Optativa, seccion.codcurso FROM (Seccion_AlumnoPte LEFT JOIN (Alumno LEFT JOIN Seccion ON Seccion.IDSeccion=Alumno.codSeccion) ON Seccion_AlumnoPte.codAlumno=alumno.idalumno) LEFT JOIN ((AlumnoPte_MatDet LEFT JOIN (EvaluacionActaPte LEFT JOIN NumEvaluacion ON NumEvaluacion.IDNumEvaluacion=EvaluacionActaPte.codNumEvaluacion) ON EvaluacionActaPte.codAlumnoPte_Matdet=AlumnoPte_Matdet.IDAlumnoPte_Matdet) LEFT JOIN (MateriaDetalles LEFT JOIN Materia ON Materia.IDMateria=MateriaDetalles.codMateria) ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_Matdet.codMatdet) ON AlumnoPte_Matdet.codAlumno=Seccion_AlumnoPte.codAlumno Where Seccion_AlumnoPte.codSeccion = {} ORDER BY Alumno.IDAlumno, AlumnoPte_Matdet.Orden", section, section));
   while (!rows_.Eof()) {
     if (!rows_.Fields("IDAlumno").IsNull()) {
       ReadStudent();
@@ -102,8 +82,8 @@ void RegisterLoader::ReadSubject(cAlumno& alumno) {
   materia->Orden = rows_.Fields("Orden").Byte();
   if (!locked_)
     locked_ = !centro_
-                   .Execute("SELECT codmatdet FROM BloqueoPte where codmatdet=" +
-                            Key(materia->IDMatDetalle))
+                   .Execute(Sql("SELECT codmatdet FROM BloqueoPte where codmatdet={}",
+                                materia->IDMatDetalle))
                    .Eof();
 
   std::int32_t lastSeen = 0;

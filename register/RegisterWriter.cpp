@@ -2,30 +2,26 @@
 
 #include "frame/modGeneral.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 
 RegisterWriter::RegisterWriter(Connection& centro, std::int32_t section)
-    : centro_(centro), section_(Key(section)) {}
-
-std::string RegisterWriter::SiguienteId(const std::string& tabla, const std::string& campo) {
-  return Key(ObtenerSiguienteId(centro_, nullptr, tabla, campo));
-}
+    : centro_(centro), section_(section) {}
 
 void RegisterWriter::SaveTeachers(const Collection<cMatProf>& colMatProf) {
   for (const auto& matProf : colMatProf) SaveTeacher(*matProf);
 }
 
 void RegisterWriter::SaveTeacher(const cMatProf& matProf) {
-  const auto matDet = Key(matProf.IDMatDetalle);
-  const auto profesor = Key(matProf.IDPersonal);
+  const auto materia = matProf.IDMatDetalle;
   if (matProf.Estado == estados_.Eliminado)
-    centro_.Execute("DELETE FROM Profesor_Pte WHERE codMatDet=" + matDet);
+    centro_.Execute(Sql("DELETE FROM Profesor_Pte WHERE codMatDet={}", materia));
   else if (matProf.Estado == estados_.Modificado)
-    centro_.Execute("UPDATE Profesor_Pte SET codProfesor=" + profesor +
-                    " WHERE codMatDet=" + matDet);
+    centro_.Execute(Sql("UPDATE Profesor_Pte SET codProfesor={} WHERE codMatDet={}",
+                        matProf.IDPersonal, materia));
   else if (matProf.Estado == estados_.NUEVO)
-    centro_.Execute("INSERT INTO Profesor_Pte VALUES (" + profesor + "," + matDet + ")");
+    centro_.Execute(Sql("INSERT INTO Profesor_Pte VALUES ({},{})", matProf.IDPersonal, materia));
 }
 
 void RegisterWriter::SaveStudents(const Collection<cAlumno>& colAlumnos) {
@@ -40,22 +36,24 @@ void RegisterWriter::SaveStudents(const Collection<cAlumno>& colAlumnos) {
 }
 
 void RegisterWriter::DeleteStudent(const cAlumno& alumno) {
-  const auto a = Key(alumno.IDAlumno);
-  const auto subjects =
-      "(SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodAlumno=" + a + ")";
-  centro_.Execute("DELETE FROM EvaluacionActaPte WHERE codAlumnoPte_MatDet IN " + subjects);
-  centro_.Execute("DELETE FROM EvaluacionPte WHERE codAlumnoPte_MatDet IN " + subjects);
-  centro_.Execute("DELETE FROM AlumnoPte_MatDet WHERE CodAlumno=" + a);
+  const auto id = alumno.IDAlumno;
+  centro_.Execute(Sql(
+      "DELETE FROM EvaluacionActaPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodAlumno={})",
+      id));
+  centro_.Execute(Sql(
+      "DELETE FROM EvaluacionPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodAlumno={})",
+      id));
+  centro_.Execute(Sql("DELETE FROM AlumnoPte_MatDet WHERE CodAlumno={}", id));
   // His places on the registers of other sections too: he leaves them all.
-  centro_.Execute("DELETE FROM Seccion_AlumnoPte WHERE CodAlumno=" + a);
+  centro_.Execute(Sql("DELETE FROM Seccion_AlumnoPte WHERE CodAlumno={}", id));
 }
 
 void RegisterWriter::InsertStudent(const cAlumno& alumno) {
-  const auto a = Key(alumno.IDAlumno);
   // A row left over must not be doubled.
-  centro_.Execute("DELETE FROM Seccion_AlumnoPte WHERE codSeccion = " + section_ +
-                  " AND codAlumno = " + a);
-  centro_.Execute("INSERT INTO Seccion_AlumnoPte VALUES (" + section_ + "," + a + ",0,0)");
+  centro_.Execute(Sql("DELETE FROM Seccion_AlumnoPte WHERE codSeccion = {} AND codAlumno = {}",
+                      section_, alumno.IDAlumno));
+  centro_.Execute(
+      Sql("INSERT INTO Seccion_AlumnoPte VALUES ({},{},0,0)", section_, alumno.IDAlumno));
   for (const auto& materia : alumno.colMateria) InsertSubject(alumno, *materia);
 }
 
@@ -71,22 +69,23 @@ void RegisterWriter::UpdateStudent(const cAlumno& alumno) {
 }
 
 void RegisterWriter::InsertSubject(const cAlumno& alumno, const cMateria& materia) {
-  const auto id = SiguienteId("Alumnopte_matdet", "IDAlumnopte_matdet");
-  centro_.Execute("INSERT INTO Alumnopte_MatDet VALUES (" + id + "," + Key(alumno.IDAlumno) + "," +
-                  Key(materia.IDMatDetalle) + "," + Key(materia.Orden) + "," +
-                  Key(materia.codCurso) + ")");
+  const auto id =
+      SiguienteId(centro_, Sql("SELECT MAX(IDAlumnopte_matdet) FROM [Alumnopte_matdet]"));
+  centro_.Execute(Sql("INSERT INTO Alumnopte_MatDet VALUES ({},{},{},{},{})", id, alumno.IDAlumno,
+                      materia.IDMatDetalle, materia.Orden, materia.codCurso));
   for (const auto& evaluacion : materia.colEvaluaciones) InsertEvaluation(id, *evaluacion);
 }
 
 void RegisterWriter::UpdateSubject(const cAlumno& alumno, const cMateria& materia) {
   const auto id =
-      Key(centro_
-              .Execute("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet=" +
-                       Key(materia.IDMatDetalle) + " AND CodAlumno=" + Key(alumno.IDAlumno))
-              .Fields(0)
-              .Long());
-  centro_.Execute("UPDATE AlumnoPte_MatDet SET Orden=" + Key(materia.Orden) +
-                  " WHERE IDAlumnoPte_MatDet=" + id);
+      centro_
+          .Execute(Sql(
+              "SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno={}",
+              materia.IDMatDetalle, alumno.IDAlumno))
+          .Fields(0)
+          .Long();
+  centro_.Execute(
+      Sql("UPDATE AlumnoPte_MatDet SET Orden={} WHERE IDAlumnoPte_MatDet={}", materia.Orden, id));
   for (const auto& evaluacion : materia.colEvaluaciones) {
     if (evaluacion->Estado == estados_.NUEVO)
       InsertEvaluation(id, *evaluacion);
@@ -96,27 +95,36 @@ void RegisterWriter::UpdateSubject(const cAlumno& alumno, const cMateria& materi
 }
 
 void RegisterWriter::DeleteSubject(const cAlumno& alumno, const cMateria& materia) {
-  const auto which =
-      "WHERE CodMatDet=" + Key(materia.IDMatDetalle) + " AND CodAlumno=" + Key(alumno.IDAlumno);
-  const auto subjects = "(SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet " + which + ")";
-  centro_.Execute("DELETE FROM EvaluacionActaPte WHERE codAlumnoPte_MatDet IN " + subjects);
-  centro_.Execute("DELETE FROM EvaluacionPte WHERE codAlumnoPte_MatDet IN " + subjects);
-  centro_.Execute("DELETE FROM AlumnoPte_MatDet " + which);
+  centro_.Execute(Sql(
+      "DELETE FROM EvaluacionActaPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno={})",
+      materia.IDMatDetalle, alumno.IDAlumno));
+  centro_.Execute(Sql(
+      "DELETE FROM EvaluacionPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno={})",
+      materia.IDMatDetalle, alumno.IDAlumno));
+  centro_.Execute(Sql("DELETE FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno={}",
+                      materia.IDMatDetalle, alumno.IDAlumno));
 }
 
-void RegisterWriter::InsertEvaluation(const std::string& pending, const cEvaluacion& evaluacion) {
-  const std::string tabla = evaluacion.Final ? "EvaluacionActaPte" : "EvaluacionPte";
-  const auto n = SiguienteId(tabla, "ID" + tabla);
-  centro_.Execute("INSERT INTO " + tabla + " VALUES (" + n + "," + pending + "," +
-                  Key(evaluacion.IDEvaluacion) +
-                  (evaluacion.Final ? ",0,0,0,0,0)" : ",0,0,0,0,0,0,0)"));
+void RegisterWriter::InsertEvaluation(std::int32_t pending, const cEvaluacion& evaluacion) {
+  if (evaluacion.Final) {
+    const auto id =
+        SiguienteId(centro_, Sql("SELECT MAX(IDEvaluacionActaPte) FROM [EvaluacionActaPte]"));
+    centro_.Execute(Sql("INSERT INTO EvaluacionActaPte VALUES ({},{},{},0,0,0,0,0)", id, pending,
+                        evaluacion.IDEvaluacion));
+  } else {
+    const auto id = SiguienteId(centro_, Sql("SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]"));
+    centro_.Execute(Sql("INSERT INTO EvaluacionPte VALUES ({},{},{},0,0,0,0,0,0,0)", id, pending,
+                        evaluacion.IDEvaluacion));
+  }
 }
 
-void RegisterWriter::DeleteEvaluation(const std::string& pending, const cEvaluacion& evaluacion) {
-  const auto which = " WHERE codnumevaluacion=" + Key(evaluacion.IDEvaluacion) +
-                     " AND codAlumnoPte_MatDet=" + pending;
-  centro_.Execute("DELETE FROM EvaluacionActaPte" + which);
-  centro_.Execute("DELETE FROM EvaluacionPte" + which);
+void RegisterWriter::DeleteEvaluation(std::int32_t pending, const cEvaluacion& evaluacion) {
+  centro_.Execute(
+      Sql("DELETE FROM EvaluacionActaPte WHERE codnumevaluacion={} AND codAlumnoPte_MatDet={}",
+          evaluacion.IDEvaluacion, pending));
+  centro_.Execute(
+      Sql("DELETE FROM EvaluacionPte WHERE codnumevaluacion={} AND codAlumnoPte_MatDet={}",
+          evaluacion.IDEvaluacion, pending));
 }
 
 }  // namespace quorvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "frame/cConstCol.h"
 #include "platform/data/Collection.h"
@@ -32,13 +31,11 @@ class RegisterWriter {
   void InsertSubject(const cAlumno& alumno, const cMateria& materia);
   void UpdateSubject(const cAlumno& alumno, const cMateria& materia);
   void DeleteSubject(const cAlumno& alumno, const cMateria& materia);
-  void InsertEvaluation(const std::string& pending, const cEvaluacion& evaluacion);
-  void DeleteEvaluation(const std::string& pending, const cEvaluacion& evaluacion);
-  /// The key of a new row: take it right before the INSERT.
-  [[nodiscard]] std::string SiguienteId(const std::string& tabla, const std::string& campo);
+  void InsertEvaluation(std::int32_t pending, const cEvaluacion& evaluacion);
+  void DeleteEvaluation(std::int32_t pending, const cEvaluacion& evaluacion);
 
   Connection& centro_;
-  std::string section_;
+  std::int32_t section_;
   cConstCol estados_;
 };
 

@@ -19,8 +19,6 @@ namespace quorvane {
 /// `cmdAceptar_Click` and is forgotten otherwise.
 class frmAlumnoMateria : public Form {
  public:
-  frmAlumnoMateria();
-
   /// The working copy; null while the form isn't loaded.
   std::shared_ptr<cAlumno> objAlumno;
 
@@ -36,6 +34,8 @@ class frmAlumnoMateria : public Form {
   CommandButton cmdPropiedades{*this, "cmdPropiedades"};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmAlumnoMateria();
 
   void cmdSubir_Click();
   void cmdBajar_Click();

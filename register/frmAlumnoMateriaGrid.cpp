@@ -3,6 +3,7 @@
 
 #include "frame/Conexiones.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "platform/data/Value.h"
 #include "register/frmAlumnoMateria.h"
 
@@ -47,9 +48,8 @@ void frmAlumnoMateria::CargarRejillaMaterias() {
 
 std::vector<std::uint8_t> frmAlumnoMateria::CargarEvaluaciones() {
   std::vector<std::uint8_t> evaluaciones;
-  auto filas = Centro().Execute(
-      "SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion ORDER BY Final, Extraordinaria, "
-      "Orden");
+  auto filas = Centro().Execute(Sql(
+      "SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion ORDER BY Final, Extraordinaria, Orden"));
   if (!filas.Eof()) msgMaterias.Cols(static_cast<int>(filas.RecordCount()) + 2);
   for (int columna = 1; !filas.Eof(); filas.MoveNext(), ++columna) {
     msgMaterias.TextMatrix(0, columna, filas.Fields("Descripcion").Text());
@@ -61,11 +61,9 @@ std::vector<std::uint8_t> frmAlumnoMateria::CargarEvaluaciones() {
 
 void frmAlumnoMateria::AgregarFila(const cMateria& materia,
                                    const std::vector<std::uint8_t>& evaluaciones) {
-  const auto curso = Centro().Execute(
-      "SELECT Curso.Descripcion AS CDescripcion, Seccion.Descripcion AS SDescripcion FROM "
-      "MateriaDetalles INNER JOIN (Seccion INNER JOIN Curso ON Seccion.CodCurso=Curso.IDCurso) ON "
-      "MateriaDetalles.codSeccion=Seccion.IDSeccion WHERE IDMateriaDetalles=" +
-      Key(materia.IDMatDetalle));
+  const auto curso = Centro().Execute(Sql(
+      "SELECT Curso.Descripcion AS CDescripcion, Seccion.Descripcion AS SDescripcion FROM MateriaDetalles INNER JOIN (Seccion INNER JOIN Curso ON Seccion.CodCurso=Curso.IDCurso) ON MateriaDetalles.codSeccion=Seccion.IDSeccion WHERE IDMateriaDetalles={}",
+      materia.IDMatDetalle));
   auto nombre = materia.Nombre;
   if (!curso.Eof()) nombre += " (" + curso.Fields("CDescripcion").Text() + ")";
   // Set, not added with the row, which a tab in a name would part into cells.

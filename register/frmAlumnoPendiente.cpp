@@ -5,10 +5,11 @@
 #include "platform/controls/FormInstance.h"
 #include "platform/host/Application.h"
 #include "platform/host/MessageBox.h"
-#include "register/MatProfLoader.h"
+#include "register/AceptarCancelar.h"
 #include "register/RegisterLoader.h"
 #include "register/RegisterPurge.h"
 #include "register/RegisterWriter.h"
+#include "register/TeacherLoader.h"
 #include "register/frmAlumnoMateria.h"
 #include "register/frmAlumnos.h"
 #include "register/frmPendientes.h"
@@ -45,12 +46,7 @@ frmAlumnoPendiente::frmAlumnoPendiente() : Form("frmAlumnoPendiente") {
   msgMaterias.Place(120, 420, 6720, 4500);
   cmdPropMat.Caption("Propiedades");
   cmdPropMat.Place(6960, 420, 1440, 375);
-  cmdAceptar.Caption("Aceptar");
-  cmdAceptar.Default = true;
-  cmdAceptar.Place(6150, 5865, 1305, 375);
-  cmdCancelar.Caption("Cancelar");
-  cmdCancelar.Cancel = true;
-  cmdCancelar.Place(7575, 5865, 1305, 375);
+  PonerAceptarCancelar(*this, 6150, 5865);
 
   TabDatos.Click = [this] { TabDatos_Click(); };
   cmdListar.Click = [this] { cmdListar_Click(); };
@@ -58,8 +54,6 @@ frmAlumnoPendiente::frmAlumnoPendiente() : Form("frmAlumnoPendiente") {
   msgAlumnos.DblClick = [this] { cmdPropiedades_Click(); };
   cmdPropMat.Click = [this] { cmdPropMat_Click(); };
   msgMaterias.DblClick = [this] { cmdPropMat_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
 }
 
 bool frmAlumnoPendiente::WithTeachers() {
@@ -79,8 +73,8 @@ void frmAlumnoPendiente::Form_Load() {
   CargarListaAlumnos();
 
   if (WithTeachers()) {
-    bloqueado = LoadMatProf(centro, seleccion.cboTEnsenanza.SelectedData(),
-                            seleccion.cboCurso.SelectedData(), bloqueado, colMatProf);
+    bloqueado = LoadTeachers(centro, seleccion.cboTEnsenanza.SelectedData(),
+                             seleccion.cboCurso.SelectedData(), bloqueado, colMatProf);
     CargarListaMaterias();
   } else {
     bloqueado = false;

@@ -4,6 +4,7 @@
 
 #include "frame/cConstCol.h"
 #include "platform/controls/CommandButton.h"
+#include "platform/controls/ControlArray.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Frame.h"
 #include "platform/controls/Label.h"
@@ -19,14 +20,12 @@ namespace quorvane {
 /// memory, where the dialogs that it opens change it; only `cmdAceptar_Click` writes.
 class frmAlumnoPendiente : public Form {
  public:
-  frmAlumnoPendiente();
-
   /// The register, for the dialogs to change. The keys are the texts of the ids.
   Collection<cAlumno> colAlumnos;
   Collection<cMatProf> colMatProf;
 
   TabStrip TabDatos{*this, "TabDatos"};
-  std::array<Frame, 2> fraTab{Frame{*this, "fraTab(0)"}, Frame{*this, "fraTab(1)"}};
+  std::array<Frame, 2> fraTab = ControlArray<Frame, 2>(*this, "fraTab");
   Label Label1{*this, "Label1", &fraTab[0]};
   MSFlexGrid msgAlumnos{*this, "msgAlumnos", &fraTab[0]};  ///< row data: `IDAlumno`
   CommandButton cmdListar{*this, "cmdListar", &fraTab[0]};
@@ -36,6 +35,8 @@ class frmAlumnoPendiente : public Form {
   CommandButton cmdPropMat{*this, "cmdPropMat", &fraTab[1]};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmAlumnoPendiente();
 
   void TabDatos_Click();
   void cmdListar_Click();

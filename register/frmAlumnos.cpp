@@ -6,8 +6,9 @@
 #include "frame/cConfiguracion.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
+#include "platform/data/SqlList.h"
+#include "register/AceptarCancelar.h"
 #include "register/DualList.h"
-#include "register/IdList.h"
 #include "register/PersonName.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmPendientes.h"
@@ -23,52 +24,30 @@ frmAlumnos::frmAlumnos() : Form("frmAlumnos") {
   Caption("Selección de Alumnos con Materias Pendientes");
   Width(9240);
   Height(5685);
-  lblDisponibles.Caption("Seleccionadas:");
+  PonerDosListas(*this);
   lblDisponibles.Place(120, 120, 3600, 255);
   lstSeleccionados.Place(120, 420, 3600, 4050);
-  cmdAgregarUno.Caption("<- Agregar");
   cmdAgregarUno.Place(3840, 1080, 1440, 375);
-  cmdAgregarTodos.Caption("<<- Todos");
   cmdAgregarTodos.Place(3840, 1560, 1440, 375);
-  cmdEliminarUno.Caption("Quitar ->");
   cmdEliminarUno.Place(3840, 2520, 1440, 375);
-  cmdEliminarTodos.Caption("Todos ->>");
   cmdEliminarTodos.Place(3840, 3000, 1440, 375);
-  lblSeleccionadas.Caption("Disponibles:");
   lblSeleccionadas.Place(5400, 120, 3600, 255);
   lstDisponibles.Place(5400, 420, 3600, 4050);
-  cmdAceptar.Caption("Aceptar");
-  cmdAceptar.Default = true;
-  cmdAceptar.Place(6270, 4785, 1305, 375);
-  cmdCancelar.Caption("Cancelar");
-  cmdCancelar.Cancel = true;
-  cmdCancelar.Place(7695, 4785, 1305, 375);
-
-  cmdAgregarUno.Click = [this] { cmdAgregarUno_Click(); };
-  lstDisponibles.DblClick = [this] { cmdAgregarUno_Click(); };
-  cmdAgregarTodos.Click = [this] { cmdAgregarTodos_Click(); };
-  cmdEliminarUno.Click = [this] { cmdEliminarUno_Click(); };
-  lstSeleccionados.DblClick = [this] { cmdEliminarUno_Click(); };
-  cmdEliminarTodos.Click = [this] { cmdEliminarTodos_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
+  PonerAceptarCancelar(*this, 6270, 4785);
 }
 
 void frmAlumnos::Form_Load() {
   Icon(cConfiguracion::Instancia().RutaIcono);
-  IdList ids;
+  SqlList ids;
   for (const auto& alumno : Alumnos()) {
     auto& list = alumno->Estado == estados_.Eliminado ? lstDisponibles : lstSeleccionados;
     list.AddItem(alumno->Nombre, alumno->IDAlumno);
     ids.Add(alumno->IDAlumno);
   }
   const auto seccion = FormInstance<frmPendientes>::Get().cboSeccion.SelectedData();
-  auto rows = Centro().Execute(
-      "SELECT alumno.IDAlumno, Alumno.Apellido_1, Alumno.Apellido_2, Alumno.nombre FROM Alumno "
-      "INNER JOIN Seccion_Alumno ON Alumno.IDAlumno=Seccion_Alumno.codAlumno WHERE idalumno not in "
-      "(" +
-      ids.Text() +
-      ") AND (FechaBaja='' OR FechaBaja IS NULL) AND alumno.codSeccion=" + std::to_string(seccion));
+  auto rows = Centro().Execute(Sql(
+      "SELECT alumno.IDAlumno, Alumno.Apellido_1, Alumno.Apellido_2, Alumno.nombre FROM Alumno INNER JOIN Seccion_Alumno ON Alumno.IDAlumno=Seccion_Alumno.codAlumno WHERE idalumno not in ({}) AND (FechaBaja='' OR FechaBaja IS NULL) AND alumno.codSeccion={}",
+      ids, seccion));
   for (; !rows.Eof(); rows.MoveNext())
     lstDisponibles.AddItem(
         PersonName(rows.Fields("Apellido_1"), rows.Fields("Apellido_2"), rows.Fields("nombre")),

@@ -12,8 +12,6 @@ namespace quorvane {
 /// `frmAlumnoPendiente`, which opens it and refreshes its list afterwards; writes nothing.
 class frmAlumnos : public Form {
  public:
-  frmAlumnos();
-
   // The captions of these two labels are crossed: each stands over the list that it names.
   Label lblDisponibles{*this, "lblDisponibles"};
   ListBox lstSeleccionados{*this, "lstSeleccionados"};  ///< item data: `IDAlumno`
@@ -25,6 +23,8 @@ class frmAlumnos : public Form {
   ListBox lstDisponibles{*this, "lstDisponibles"};  ///< item data: `IDAlumno`
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmAlumnos();
 
   void cmdAgregarUno_Click();
   void cmdAgregarTodos_Click();

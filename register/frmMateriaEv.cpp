@@ -6,8 +6,10 @@
 #include "frame/cConfiguracion.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "platform/data/Value.h"
 #include "platform/host/MessageBox.h"
+#include "register/AceptarCancelar.h"
 #include "register/DualList.h"
 #include "register/SelectedKey.h"
 #include "register/frmAlumnoMateria.h"
@@ -29,35 +31,16 @@ frmMateriaEv::frmMateriaEv() : Form("frmMateriaEv") {
   Label1.Caption("Materia:");
   Label1.Place(120, 150, 960, 255);
   Label2.Place(1140, 150, 6660, 255);
-  lblDisponibles.Caption("Seleccionadas:");
+  PonerDosListas(*this);
   lblDisponibles.Place(120, 540, 3000, 255);
   lstSeleccionados.Place(120, 840, 3000, 3030);
-  cmdAgregarUno.Caption("<- Agregar");
   cmdAgregarUno.Place(3240, 1080, 1440, 375);
-  cmdAgregarTodos.Caption("<<- Todos");
   cmdAgregarTodos.Place(3240, 1560, 1440, 375);
-  cmdEliminarUno.Caption("Quitar ->");
   cmdEliminarUno.Place(3240, 2400, 1440, 375);
-  cmdEliminarTodos.Caption("Todos ->>");
   cmdEliminarTodos.Place(3240, 2880, 1440, 375);
-  lblSeleccionadas.Caption("Disponibles:");
   lblSeleccionadas.Place(4800, 540, 3000, 255);
   lstDisponibles.Place(4800, 840, 3000, 3030);
-  cmdAceptar.Caption("Aceptar");
-  cmdAceptar.Default = true;
-  cmdAceptar.Place(5070, 4185, 1305, 375);
-  cmdCancelar.Caption("Cancelar");
-  cmdCancelar.Cancel = true;
-  cmdCancelar.Place(6495, 4185, 1305, 375);
-
-  cmdAgregarUno.Click = [this] { cmdAgregarUno_Click(); };
-  lstDisponibles.DblClick = [this] { cmdAgregarUno_Click(); };
-  cmdAgregarTodos.Click = [this] { cmdAgregarTodos_Click(); };
-  cmdEliminarUno.Click = [this] { cmdEliminarUno_Click(); };
-  lstSeleccionados.DblClick = [this] { cmdEliminarUno_Click(); };
-  cmdEliminarTodos.Click = [this] { cmdEliminarTodos_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
+  PonerAceptarCancelar(*this, 5070, 4185);
 }
 
 cMateria& frmMateriaEv::Materia() {
@@ -67,9 +50,8 @@ cMateria& frmMateriaEv::Materia() {
 
 void frmMateriaEv::Form_Load() {
   Icon(cConfiguracion::Instancia().RutaIcono);
-  const std::string sinReservada = " WHERE idnumevaluacion<>11 ";
-  auto filas = Centro().Execute("SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion " +
-                                sinReservada + " ORDER BY Final, Extraordinaria,Orden");
+  auto filas = Centro().Execute(Sql(
+      "SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion  WHERE idnumevaluacion<>11  ORDER BY Final, Extraordinaria,Orden"));
   const auto& materia = Materia();
   for (; !filas.Eof(); filas.MoveNext()) {
     const auto id = filas.Fields("IDNumEvaluacion").Long();
@@ -93,9 +75,9 @@ bool frmMateriaEv::Validar() {
   int finales = 0;
   auto clase = Clase::Ninguna;
   for (int i = 0; i < lstSeleccionados.ListCount(); ++i) {
-    const auto fila =
-        Centro().Execute("SELECT Extraordinaria, Final FROM NumEvaluacion WHERE IDNumEvaluacion=" +
-                         Key(lstSeleccionados.ItemData(i)));
+    const auto fila = Centro().Execute(
+        Sql("SELECT Extraordinaria, Final FROM NumEvaluacion WHERE IDNumEvaluacion={}",
+            lstSeleccionados.ItemData(i)));
     if (!fila.Fields("final").Flag()) continue;
     if (++finales > kMaximoFinales) {
       BeepAndMessage("No puede seleccionar más de dos evaluaciones finales",
@@ -141,7 +123,7 @@ void frmMateriaEv::PutOnSubject(std::int32_t id, const std::string& nombre) {
   evaluacion->IDEvaluacion = ToByte(id);
   evaluacion->Nombre = nombre;
   const auto fila = Centro().Execute(
-      "SELECT Extraordinaria, Final, Orden FROM NumEvaluacion WHERE IDNumEvaluacion=" + Key(id));
+      Sql("SELECT Extraordinaria, Final, Orden FROM NumEvaluacion WHERE IDNumEvaluacion={}", id));
   evaluacion->Extraordinaria = fila.Fields("Extraordinaria").Flag();
   evaluacion->Final = fila.Fields("Final").Flag();
   evaluacion->Orden = fila.Fields("Orden").Byte();

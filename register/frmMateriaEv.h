@@ -13,8 +13,6 @@ namespace quorvane {
 /// ordinary ones, and at most two final ones of one kind. Changes that subject; writes nothing.
 class frmMateriaEv : public Form {
  public:
-  frmMateriaEv();
-
   Label Label1{*this, "Label1"};
   Label Label2{*this, "Label2"};
   // The captions of these two labels are crossed: each stands over the list that it names.
@@ -28,6 +26,8 @@ class frmMateriaEv : public Form {
   ListBox lstDisponibles{*this, "lstDisponibles"};  ///< item data: `IDNumEvaluacion`
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmMateriaEv();
 
   void cmdAgregarUno_Click();
   void cmdAgregarTodos_Click();

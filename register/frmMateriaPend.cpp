@@ -6,12 +6,13 @@
 #include "frame/cConfiguracion.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
+#include "platform/data/SqlList.h"
 #include "platform/data/Value.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/MessageBox.h"
+#include "register/AceptarCancelar.h"
 #include "register/FillList.h"
-#include "register/IdList.h"
 #include "register/frmAlumnoMateria.h"
 #include "register/frmPendientes.h"
 
@@ -35,17 +36,10 @@ frmMateriaPend::frmMateriaPend() : Form("frmMateriaPend") {
   Label2.Caption("Materia:");
   Label2.Place(180, 1170, 1155, 255);
   cboMateria.Place(1440, 1125, 4500, 315);
-  cmdAceptar.Caption("Aceptar");
-  cmdAceptar.Default = true;
-  cmdAceptar.Place(3210, 1710, 1305, 375);
-  cmdCancelar.Caption("Cancelar");
-  cmdCancelar.Cancel = true;
-  cmdCancelar.Place(4635, 1710, 1305, 375);
+  PonerAceptarCancelar(*this, 3210, 1710);
 
   cboCurso.Click = [this] { cboCurso_Click(); };
   cboSeccion.Click = [this] { cboSeccion_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
 }
 
 void frmMateriaPend::Form_Load() {
@@ -54,35 +48,31 @@ void frmMateriaPend::Form_Load() {
       .Create<CentroApi>(CentroApi::kProgId)
       ->marcar_Obligatorios(*this);
   Icon(cConfiguracion::Instancia().RutaIcono);
-  auto cursos = Centro().Execute(
-      "SELECT DISTINCT IDCurso, Descripcion, Curso.Orden FROM Curso WHERE codTipoEnsenanza=" +
-      std::to_string(FormInstance<frmPendientes>::Get().cboTEnsenanza.SelectedData()) +
-      " ORDER BY Curso.Orden");
+  const auto tipo = FormInstance<frmPendientes>::Get().cboTEnsenanza.SelectedData();
+  auto cursos = Centro().Execute(Sql(
+      "SELECT DISTINCT IDCurso, Descripcion, Curso.Orden FROM Curso WHERE codTipoEnsenanza={} ORDER BY Curso.Orden",
+      tipo));
   FillList(cboCurso, cursos, "Descripcion", "IDCurso");
 }
 
 void frmMateriaPend::cboCurso_Click() {
   if (cboCurso.ListIndex() < 0) return;
   cboSeccion.Clear();
-  auto secciones = Centro().Execute(
-      "SELECT Seccion.IDSeccion, Seccion.Descripcion FROM Seccion WHERE codCurso=" +
-      std::to_string(cboCurso.SelectedData()) + " ORDER BY Descripcion");
+  auto secciones = Centro().Execute(Sql(
+      "SELECT Seccion.IDSeccion, Seccion.Descripcion FROM Seccion WHERE codCurso={} ORDER BY Descripcion",
+      cboCurso.SelectedData()));
   FillList(cboSeccion, secciones, "Descripcion", "IDSeccion");
 }
 
 void frmMateriaPend::cboSeccion_Click() {
   if (cboSeccion.ListIndex() < 0) return;
   cboMateria.Clear();
-  IdList ids;
+  SqlList ids;
   for (const auto& materia : FormInstance<frmAlumnoMateria>::Get().objAlumno->colMateria)
     if (materia->Estado != estados_.Eliminado) ids.Add(materia->IDMatDetalle);
-  auto materias = Centro().Execute(
-      "SELECT MateriaDetalles.IDMateriaDetalles, Materia.Nombre, Materia.Optativa FROM "
-      "MateriaDetalles INNER JOIN Materia ON MAteria.IDMateria=MateriaDetalles.codMAteria WHERE "
-      "MateriaDetalles.codSeccion=" +
-      std::to_string(cboSeccion.SelectedData()) +
-      " AND MateriaDetalles.IDMateriaDetalles NOT IN (" + ids.Text() +
-      ") AND Materia.codMateriaAsociada=0 ORDER BY Materia.Nombre");
+  auto materias = Centro().Execute(Sql(
+      "SELECT MateriaDetalles.IDMateriaDetalles, Materia.Nombre, Materia.Optativa FROM MateriaDetalles INNER JOIN Materia ON MAteria.IDMateria=MateriaDetalles.codMAteria WHERE MateriaDetalles.codSeccion={} AND MateriaDetalles.IDMateriaDetalles NOT IN ({}) AND Materia.codMateriaAsociada=0 ORDER BY Materia.Nombre",
+      cboSeccion.SelectedData(), ids));
   for (; !materias.Eof(); materias.MoveNext()) {
     auto nombre = materias.Fields("Nombre").Text();
     if (materias.Fields("Optativa").Flag()) nombre += " (Optativa)";

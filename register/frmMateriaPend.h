@@ -11,8 +11,6 @@ namespace quorvane {
 /// Adds a pending subject to the student of `frmAlumnoMateria`: a subject as taught in a section.
 class frmMateriaPend : public Form {
  public:
-  frmMateriaPend();
-
   Label Label1{*this, "Label1"};
   ComboBox cboCurso{*this, "cboCurso"};  ///< item data: `IDCurso`
   Label Label3{*this, "Label3"};
@@ -21,6 +19,8 @@ class frmMateriaPend : public Form {
   ComboBox cboMateria{*this, "cboMateria"};  ///< item data: `IDMateriaDetalles`
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmMateriaPend();
 
   void cboCurso_Click();
   void cboSeccion_Click();

@@ -5,9 +5,11 @@
 #include "frame/cConfiguracion.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/MessageBox.h"
+#include "register/AceptarCancelar.h"
 #include "register/FillList.h"
 #include "register/frmAlumnoPendiente.h"
 
@@ -31,17 +33,12 @@ frmPendientes::frmPendientes() : Form("frmPendientes") {
   Label3.Caption("Sección:");
   Label3.Place(180, 1170, 1755, 255);
   cboSeccion.Place(2040, 1125, 3900, 315);
+  PonerAceptarCancelar(*this, 3210, 1710);
   cmdAceptar.Caption("Siguiente >");
-  cmdAceptar.Default = true;
-  cmdAceptar.Place(3210, 1710, 1305, 375);
   cmdCancelar.Caption("Salir");
-  cmdCancelar.Cancel = true;
-  cmdCancelar.Place(4635, 1710, 1305, 375);
 
   cboTEnsenanza.Click = [this] { cboTEnsenanza_Click(); };
   cboCurso.Click = [this] { cboCurso_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
 }
 
 void frmPendientes::Form_Load() {
@@ -51,28 +48,27 @@ void frmPendientes::Form_Load() {
       .Create<CentroApi>(CentroApi::kProgId)
       ->marcar_Obligatorios(*this);
   Icon(configuracion.RutaIcono);
-  auto tipos = Centro().Execute(
-      "SELECT DISTINCT IDTipoEnsenanza, Nombre, orden FROM TipoEnsenanza INNER JOIN "
-      "Centro_tipoensenanza ON Centro_tipoensenanza.CodTipoEnsenanza=TipoEnsenanza.IDTipoEnsenanza "
-      "WHERE codtipoensenanza not in (1,2) AND codCentro=" +
-      std::to_string(configuracion.intIdCentro) + " ORDER BY Orden");
+  auto tipos = Centro().Execute(Sql(
+      "SELECT DISTINCT IDTipoEnsenanza, Nombre, orden FROM TipoEnsenanza INNER JOIN Centro_tipoensenanza ON Centro_tipoensenanza.CodTipoEnsenanza=TipoEnsenanza.IDTipoEnsenanza WHERE codtipoensenanza not in (1,2) AND codCentro={} ORDER BY Orden",
+      configuracion.intIdCentro));
   FillList(cboTEnsenanza, tipos, "Nombre", "IDTipoEnsenanza");
 }
 
 void frmPendientes::cboTEnsenanza_Click() {
   if (cboTEnsenanza.ListIndex() < 0) return;
   cboCurso.Clear();
-  auto cursos = Centro().Execute("SELECT IDCurso, Descripcion FROM Curso WHERE codTipoEnsenanza=" +
-                                 std::to_string(cboTEnsenanza.SelectedData()) + " ORDER BY Orden");
+  auto cursos = Centro().Execute(
+      Sql("SELECT IDCurso, Descripcion FROM Curso WHERE codTipoEnsenanza={} ORDER BY Orden",
+          cboTEnsenanza.SelectedData()));
   FillList(cboCurso, cursos, "Descripcion", "IDCurso");
 }
 
 void frmPendientes::cboCurso_Click() {
   if (cboCurso.ListIndex() < 0) return;
   cboSeccion.Clear();
-  auto secciones =
-      Centro().Execute("SELECT IDSeccion, Descripcion FROM Seccion WHERE codCurso=" +
-                       std::to_string(cboCurso.SelectedData()) + " ORDER BY Descripcion");
+  auto secciones = Centro().Execute(
+      Sql("SELECT IDSeccion, Descripcion FROM Seccion WHERE codCurso={} ORDER BY Descripcion",
+          cboCurso.SelectedData()));
   FillList(cboSeccion, secciones, "Descripcion", "IDSeccion");
 }
 

@@ -11,8 +11,6 @@ namespace quorvane {
 /// alive, hidden, while the next screens run: they read the selection off its combo boxes.
 class frmPendientes : public Form {
  public:
-  frmPendientes();
-
   Label Label1{*this, "Label1"};
   ComboBox cboTEnsenanza{*this, "cboTEnsenanza"};  ///< item data: `IDTipoEnsenanza`
   Label Label2{*this, "Label2"};
@@ -21,6 +19,8 @@ class frmPendientes : public Form {
   ComboBox cboSeccion{*this, "cboSeccion"};  ///< item data: `IDSeccion`
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmPendientes();
 
   void cboTEnsenanza_Click();
   void cboCurso_Click();

@@ -6,10 +6,12 @@
 #include "frame/cConfiguracion.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/MessageBox.h"
 #include "platform/host/PersonSearch.h"
+#include "register/AceptarCancelar.h"
 #include "register/PersonName.h"
 #include "register/ResumeNext.h"
 #include "register/SelectedKey.h"
@@ -39,17 +41,10 @@ frmPropMatProf::frmPropMatProf() : Form("frmPropMatProf") {
   lblProfesor.Place(1320, 705, 4260, 255);
   cmdNProfesor.Place(5700, 645, 420, 375);
   cmdElimProfesor.Place(6240, 645, 420, 375);
-  cmdAceptar.Caption("Aceptar");
-  cmdAceptar.Default = true;
-  cmdAceptar.Place(3930, 1245, 1305, 375);
-  cmdCancelar.Caption("Cancelar");
-  cmdCancelar.Cancel = true;
-  cmdCancelar.Place(5355, 1245, 1305, 375);
+  PonerAceptarCancelar(*this, 3930, 1245);
 
   cmdNProfesor.Click = [this] { cmdNProfesor_Click(); };
   cmdElimProfesor.Click = [this] { cmdElimProfesor_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
 }
 
 cMatProf& frmPropMatProf::MatProf() {
@@ -92,7 +87,7 @@ void frmPropMatProf::cmdNProfesor_Click() {
   errores.Try([&] { id = Existing(objBuscar).Buscar("Docente"); });
   errores.Try([&] {
     persona = Centro().Execute(
-        "SELECT IDPersonal,Apellido1,Apellido2,Nombre FROM Personal WHERE IDPersonal=" + Key(id));
+        Sql("SELECT IDPersonal,Apellido1,Apellido2,Nombre FROM Personal WHERE IDPersonal={}", id));
   });
   // The one test: a failure of the host's components before the statement shows here too.
   if (errores.Number() != 0) {

@@ -15,8 +15,6 @@ namespace quorvane {
 /// row; writes nothing.
 class frmPropMatProf : public Form {
  public:
-  frmPropMatProf();
-
   std::int32_t IDProfesorSeleccionado = 0;  ///< the teacher chosen so far, 0 for none
 
   Label Label1{*this, "Label1"};
@@ -27,6 +25,8 @@ class frmPropMatProf : public Form {
   CommandButton cmdElimProfesor{*this, "cmdElimProfesor"};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
+
+  frmPropMatProf();
 
   void cmdNProfesor_Click();
   void cmdElimProfesor_Click();

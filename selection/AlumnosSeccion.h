@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "platform/data/Recordset.h"
 
 namespace quorvane {
 
+class Connection;
 struct EvaluacionElegida;
 
 /// Which students, in which evaluation, and for whose eyes.
@@ -16,17 +16,16 @@ struct AlumnosSeccion {
   std::int16_t idPersonal = 0;
   bool blnDocente = false;  ///< only the students with a subject that `idPersonal` teaches
 
-  /// The students of the section's register with grade rows in that evaluation; of a second final
-  /// evaluation only those who failed the first.
-  [[nodiscard]] Recordset Leer(const EvaluacionElegida& elegida) const;
+  /// The active students of the section's register with a grade row in that evaluation, of either
+  /// table: also with the first final everybody. Of a second final only those with a row of it who
+  /// failed a subject of theirs in the first, and, failed or not, who keeps a work placement; who
+  /// that is goes by a comparison of keys of two tables. No row when nobody has one of it.
+  [[nodiscard]] Recordset Leer(Connection& centro, const EvaluacionElegida& elegida) const;
 
  private:
-  [[nodiscard]] std::string Mitad(const std::string& tabla) const;
-  [[nodiscard]] std::string SentenciaPendientes() const;
-  [[nodiscard]] Recordset SegundaFinal(Recordset pendientes, std::int32_t primeraFinal) const;
+  [[nodiscard]] Recordset ConFilas(Connection& centro) const;
+  [[nodiscard]] Recordset PendientesDeActa(Connection& centro) const;
+  [[nodiscard]] Recordset SegundaFinal(Connection& centro, std::int32_t primeraFinal) const;
 };
-
-/// The entry of a student: his name, surnames first.
-std::string TextoAlumno(const std::string& clave, const Recordset& fila);
 
 }  // namespace quorvane

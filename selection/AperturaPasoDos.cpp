@@ -1,29 +1,20 @@
 #include "selection/AperturaPasoDos.h"
 
-#include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
-#include "platform/controls/ComboBox.h"
 #include "platform/data/Connection.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
+#include "selection/EvaluacionElegida.h"
 
 namespace quorvane {
 
-std::string TituloPasoDos(const ComboBox& tipo, const ComboBox& curso, const ComboBox& seccion) {
-  return tipo.Text() + " " + curso.Text() + " " + seccion.Text();
-}
-
-void MarcarSegundaFinal(PasoDosFinal& pasoDos) {
-  const auto& configuracion = cConfiguracion::Instancia();
-  const auto primera = Centro().Execute("SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final=" +
-                                        configuracion.Verdadero() + " AND Orden=1");
-  pasoDos.mlngIdEvaluacionJunio(primera.Fields("IDNUMEVALUACION").Long());
+void MarcarSegundaFinal(Connection& centro, PasoDosFinal& pasoDos) {
+  pasoDos.mlngIdEvaluacionJunio(LeerPrimeraFinal(centro));
   pasoDos.mblnFinalSeptiembre(true);
 }
 
-void MostrarPasoDos(PasoDos& pasoDos) {
+void MostrarPasoDos(Connection& entrada, PasoDos& pasoDos) {
   Application::Instance().Screen().MousePointer(Pointer::Default);
-  AppEntrada().Close();
+  entrada.Close();
   pasoDos.Mostrar();
 }
 

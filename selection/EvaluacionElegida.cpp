@@ -1,39 +1,54 @@
 #include "selection/EvaluacionElegida.h"
 
-#include <string>
-
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
-namespace {
 
-Recordset Leer(const std::string& statement) { return Centro().Execute(statement); }
-
-}  // namespace
-
-Recordset LeerFinal(std::int32_t evaluacion) {
-  return Leer("SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion=" +
-              std::to_string(evaluacion));
+Recordset LeerFinal(Connection& centro, std::int32_t evaluacion) {
+  return centro.Execute(
+      Sql("SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion={}", evaluacion));
 }
 
-Recordset LeerFinalYOrden(std::int32_t evaluacion) {
-  return Leer("SELECT Final, Orden FROM NumEvaluacion WHERE IDNumEvaluacion = " +
-              std::to_string(evaluacion));
+Recordset LeerFinalAlElegir(Connection& centro, std::int32_t evaluacion) {
+  return centro.Execute(
+      Sql("SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion = {}", evaluacion));
 }
 
-EvaluacionElegida LeerEvaluacion(std::int32_t evaluacion) {
-  const auto fila = LeerFinalYOrden(evaluacion);
+Recordset LeerFinalYOrden(Connection& centro, std::int32_t evaluacion) {
+  return centro.Execute(
+      Sql("SELECT Final, Orden FROM NumEvaluacion WHERE IDNumEvaluacion = {}", evaluacion));
+}
+
+bool EsSegundaFinal(const Recordset& filaDeFinal) {
+  return filaDeFinal.Fields("Orden").Long() == 2;
+}
+
+std::int32_t LeerPrimeraFinal(Connection& centro) {
+  const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
+  return centro
+      .Execute(
+          Sql("SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final={} AND Orden=1", verdadero))
+      .Fields("IDNUMEVALUACION")
+      .Long();
+}
+
+EvaluacionElegida LeerEvaluacion(Connection& centro, std::int32_t evaluacion) {
+  const auto fila = LeerFinalYOrden(centro, evaluacion);
   EvaluacionElegida elegida;
   elegida.Final = fila.Fields("Final").Flag();
-  elegida.SegundaFinal = elegida.Final && fila.Fields("Orden").Long() == kOrdenSegundaFinal;
-  if (elegida.SegundaFinal)
-    elegida.PrimeraFinal = Leer("SELECT IDNumEvaluacion FROM NumEvaluacion WHERE Final=" +
-                                cConfiguracion::Instancia().Verdadero() + " AND Orden=1")
-                               .Fields("IDNUMEVALUACION")
-                               .Long();
+  elegida.SegundaFinal = elegida.Final && EsSegundaFinal(fila);
+  if (!elegida.SegundaFinal) return elegida;
+  // Not `LeerPrimeraFinal`: the column is spelled otherwise.
+  const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
+  elegida.PrimeraFinal =
+      centro
+          .Execute(Sql("SELECT IDNumEvaluacion FROM NumEvaluacion WHERE Final={} AND Orden=1",
+                       verdadero))
+          .Fields("IDNUMEVALUACION")
+          .Long();
   return elegida;
 }
 
@@ -42,11 +57,11 @@ void OcultarRecuperacion(CheckBox& chkRecuperacion) {
   chkRecuperacion.Visible(false);
 }
 
-bool AdmiteRecuperacion(CheckBox& chkRecuperacion, bool blnFinal, bool blnPosibleRecuperacion,
-                        std::int32_t seccion) {
+bool AdmiteRecuperacion(Connection& centro, CheckBox& chkRecuperacion, bool blnFinal,
+                        bool blnPosibleRecuperacion, std::int32_t seccion) {
   if (!blnFinal && blnPosibleRecuperacion) {
     const auto fila =
-        Leer("SELECT Seguimiento FROM Seccion WHERE IDSeccion=" + std::to_string(seccion));
+        centro.Execute(Sql("SELECT Seguimiento FROM Seccion WHERE IDSeccion={}", seccion));
     if (!fila.Eof() && fila.Fields("Seguimiento").Flag()) {
       chkRecuperacion.Value(0);
       return true;
@@ -54,15 +69,6 @@ bool AdmiteRecuperacion(CheckBox& chkRecuperacion, bool blnFinal, bool blnPosibl
   }
   OcultarRecuperacion(chkRecuperacion);
   return false;
-}
-
-bool EsTutor(std::int32_t seccion) {
-  const auto& configuracion = cConfiguracion::Instancia();
-  const auto fila = Leer("SELECT IDPersonal FROM Personal WHERE CodUsuario=" +
-                         std::to_string(configuracion.intIDUsuario) +
-                         " AND IDPersonal IN (SELECT CodTutor FROM Seccion WHERE IDSeccion=" +
-                         std::to_string(seccion) + ")");
-  return !fila.Eof() || configuracion.intIDPerfil <= 0;
 }
 
 }  // namespace quorvane

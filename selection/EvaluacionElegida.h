@@ -7,15 +7,24 @@
 namespace quorvane {
 
 class CheckBox;
+class Connection;
 
-/// "SELECT Final ..." of an evaluation that was chosen before; no row when it is gone.
-Recordset LeerFinal(std::int32_t evaluacion);
+// What a chosen evaluation is: ordinary or final, of two final ones the second, with a recovery.
+
+/// `Final` of an evaluation that was chosen before; no row when it is gone.
+Recordset LeerFinal(Connection& centro, std::int32_t evaluacion);
+
+/// The same of an evaluation that is being chosen: the statement has blanks that the other hasn't.
+Recordset LeerFinalAlElegir(Connection& centro, std::int32_t evaluacion);
 
 /// `Final` and `Orden` of an evaluation; no row when it is gone.
-Recordset LeerFinalYOrden(std::int32_t evaluacion);
+Recordset LeerFinalYOrden(Connection& centro, std::int32_t evaluacion);
 
-/// Of two final evaluations the second has this `Orden`.
-inline constexpr std::int32_t kOrdenSegundaFinal = 2;
+/// A final evaluation, in a row with its `Orden`, is the second of two.
+bool EsSegundaFinal(const Recordset& filaDeFinal);
+
+/// The key of the first final evaluation, for step two. Error 3021 when there is none.
+std::int32_t LeerPrimeraFinal(Connection& centro);
 
 /// An evaluation as the section dialogs see it.
 struct EvaluacionElegida {
@@ -25,17 +34,14 @@ struct EvaluacionElegida {
 };
 
 /// Error 3021 for an evaluation that is gone, and for a second final without a first.
-EvaluacionElegida LeerEvaluacion(std::int32_t evaluacion);
+EvaluacionElegida LeerEvaluacion(Connection& centro, std::int32_t evaluacion);
 
 /// No recovery: the box is cleared and out of sight.
 void OcultarRecuperacion(CheckBox& chkRecuperacion);
 
 /// A final evaluation, a marking system without recoveries and a section without follow-up have no
 /// recovery. True when there is one: then the box is cleared, and whether it shows is the caller's.
-bool AdmiteRecuperacion(CheckBox& chkRecuperacion, bool blnFinal, bool blnPosibleRecuperacion,
-                        std::int32_t seccion);
-
-/// The session's user sees the whole of that section: he is its tutor, or his profile is 0 or less.
-bool EsTutor(std::int32_t seccion);
+bool AdmiteRecuperacion(Connection& centro, CheckBox& chkRecuperacion, bool blnFinal,
+                        bool blnPosibleRecuperacion, std::int32_t seccion);
 
 }  // namespace quorvane

@@ -3,10 +3,10 @@
 #include <chrono>
 #include <ctime>
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/RuntimeError.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/LocalTime.h"
@@ -14,20 +14,12 @@
 namespace quorvane {
 namespace {
 
-bool UsuarioSinFechas() {
-  const auto& configuracion = cConfiguracion::Instancia();
-  auto& entrada = AppEntrada();
+bool UsuarioSinFechas(Connection& entrada) {
   entrada.Open();
-  const auto usuario =
-      entrada.Execute(" SELECT codpadre,idUsuario,adminsistema FROM Usuario WHERE  IDUsuario = " +
-                      std::to_string(configuracion.intIDUsuario));
+  const auto usuario = entrada.Execute(
+      Sql(" SELECT codpadre,idUsuario,adminsistema FROM Usuario WHERE  IDUsuario = {}",
+          cConfiguracion::Instancia().intIDUsuario));
   return usuario.Fields("codpadre").Long() != 0 || usuario.Fields("AdminSistema").Flag();
-}
-
-Recordset LeerFechaNotas(std::int32_t seccion, std::int32_t evaluacion) {
-  return Centro().Execute(
-      " SELECT fechaInicio,fechaFin,codseccion  FROM FechaNotas WHERE  codseccion=" +
-      std::to_string(seccion) + "  AND codNumEvaluacion= " + std::to_string(evaluacion) + " ");
 }
 
 /// The text, which has to be so many digits and nothing else.
@@ -40,15 +32,18 @@ std::string Cifras(const std::string& text, std::size_t least, std::size_t most)
 
 }  // namespace
 
-std::optional<Recordset> PeriodoDeEntrada(std::int32_t seccion, std::int32_t evaluacion) {
-  if (UsuarioSinFechas()) return std::nullopt;
-  auto periodo = LeerFechaNotas(seccion, evaluacion);
+std::optional<Recordset> PeriodoDeEntrada(Connection& entrada, Connection& centro,
+                                          std::int32_t seccion, std::int32_t evaluacion) {
+  if (UsuarioSinFechas(entrada)) return std::nullopt;
+  auto periodo = centro.Execute(Sql(
+      " SELECT fechaInicio,fechaFin,codseccion  FROM FechaNotas WHERE  codseccion={}  AND codNumEvaluacion= {} ",
+      seccion, evaluacion));
   if (periodo.Eof()) return std::nullopt;
   return periodo;
 }
 
-std::string FechaServidor() {
-  auto origen = Centro().DataSource();
+std::string FechaServidor(const Connection& centro) {
+  auto origen = centro.DataSource();
   const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
   auto fecha = api->ObtenerHoraSistema(origen);
   return fecha.empty() ? FechaLocal() : fecha;

@@ -1,59 +1,31 @@
 #include "selection/ListasPasoUno.h"
 
-#include <utility>
-
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {
 
-Recordset Leer(const std::string& statement) { return Centro().Execute(statement); }
-
 bool SinLimites() { return cConfiguracion::Instancia().intIDPerfil == 0; }
 
-/// The sections that a member of staff may see: his own, and those whose pending register has a
-/// student with a subject that he teaches.
-std::string SeccionesVisibles(std::int16_t idPersonal) {
-  const auto id = std::to_string(idPersonal);
-  return "CodTutor= " + id +
-         " OR IDSeccion IN (SELECT CodSeccion FROM AlumnoPte_matDet INNER JOIN Seccion_AlumnoPte"
-         " ON AlumnoPte_matDet.codAlumno=Seccion_AlumnoPte.codAlumno WHERE codMatDet IN"
-         " (SELECT codmatdet FROM profesor_pte WHERE CodProfesor=" +
-         id + "))";
-}
-
-/// The evaluations of a section's register that have rows in one of the two grade tables.
-std::string EvaluacionesEn(const std::string& tabla, std::int32_t seccion) {
-  return "SELECT IDNumEvaluacion, Descripcion, Final, Extraordinaria, NumEvaluacion.Orden FROM"
-         " NumEvaluacion INNER JOIN (" +
-         tabla +
-         " INNER JOIN (AlumnoPte_MatDet INNER JOIN Seccion_AlumnoPte ON"
-         " Seccion_AlumnoPte.codalumno=AlumnoPte_MatDet.codAlumno) ON"
-         " AlumnoPte_MatDet.idAlumnoPte_MatDet=" +
-         tabla + ".codAlumnoPte_MatDet) ON " + tabla +
-         ".codNumEvaluacion=NumEvaluacion.IDNumEvaluacion WHERE Seccion_AlumnoPte.codSeccion=" +
-         std::to_string(seccion);
-}
-
-const std::string kOrdenEvaluaciones =
-    " ORDER BY NumEvaluacion.Final DESC, NumEvaluacion.Extraordinaria DESC, NumEvaluacion.Orden";
-
-}  // namespace
-
-std::string TextoComun(const std::string& clave, const Recordset& fila) {
-  if (clave == "idtipoensenanza") return fila.Fields("Nombre").Text();
+/// `clave` in lower case.
+std::string TextoEntrada(const std::string& clave, const Recordset& fila) {
+  if (clave == "idtipoensenanza" || clave == "idalumno") return fila.Fields("Nombre").Text();
   if (clave == "idcurso" || clave == "idseccion" || clave == "idnumevaluacion")
     return fila.Fields("Descripcion").Text();
+  // The subject, and in brackets the course in which it was taught.
+  if (clave == "idmateriadetalles")
+    return fila.Fields("Nombre").Text() + " (" + fila.Fields("Descripcion").Text() + ")";
   return {};
 }
 
-void LlenarCombo(const std::string& clave, ComboBox& lista, Recordset filas,
-                 const TextoEntrada& texto) {
+}  // namespace
+
+void LlenarCombo(const std::string& clave, ComboBox& lista, Recordset filas) {
   lista.Clear();
   if (filas.Eof()) {
     lista.Enabled(false);
@@ -62,32 +34,23 @@ void LlenarCombo(const std::string& clave, ComboBox& lista, Recordset filas,
   lista.Enabled(true);
   const auto nombre = AsciiLower(clave);
   for (filas.MoveFirst(); !filas.Eof(); filas.MoveNext())
-    lista.AddItem(texto(nombre, filas), filas.Fields(clave).Long());
+    lista.AddItem(TextoEntrada(nombre, filas), filas.Fields(clave).Long());
 }
 
-std::int16_t LeerPersonal() {
-  const auto filas = Leer("SELECT IDPersonal FROM Personal WHERE CodUsuario=" +
-                          std::to_string(cConfiguracion::Instancia().intIDUsuario));
-  return filas.Eof() ? std::int16_t{0} : filas.Fields("IDPersonal").Integer();
+void LlenarTipos(Connection& centro, ComboBox& lista, std::int16_t idPersonal) {
+  const auto visibles =
+      SinLimites()
+          ? Sql("SELECT * FROM TipoEnsenanza WHERE IDTipoEnsenanza IN (SELECT codTipoEnsenanza FROM Centro_TipoEnsenanza) AND IDTipoEnsenanza NOT IN (1,2) ORDER BY Orden")
+          : Sql("SELECT * FROM TipoEnsenanza WHERE IDTipoEnsenanza IN (SELECT codTipoEnsenanza FROM Centro_TipoEnsenanza) AND IDTipoEnsenanza IN (SELECT CodTipoEnsenanza FROM SistemaCalificacion WHERE IDSistemaCalificacion IN (SELECT CodSistemaCalificacion FROM Modelo WHERE IDModelo IN (SELECT CodModelo FROM Seccion WHERE CodTutor= {} OR IDSeccion IN (SELECT CodSeccion FROM AlumnoPte_matDet INNER JOIN Seccion_AlumnoPte ON AlumnoPte_matDet.codAlumno=Seccion_AlumnoPte.codAlumno WHERE codMatDet IN (SELECT codmatdet FROM profesor_pte WHERE CodProfesor={}))))) ORDER BY Orden",
+                idPersonal, idPersonal);
+  LlenarCombo("IDTipoEnsenanza", lista, centro.Execute(visibles));
 }
 
-void LlenarTipos(ComboBox& lista, std::int16_t idPersonal) {
-  const std::string delCentro =
-      "SELECT * FROM TipoEnsenanza WHERE IDTipoEnsenanza IN"
-      " (SELECT codTipoEnsenanza FROM Centro_TipoEnsenanza) AND IDTipoEnsenanza ";
-  const std::string visibles =
-      SinLimites() ? "NOT IN (1,2)"
-                   : "IN (SELECT CodTipoEnsenanza FROM SistemaCalificacion WHERE"
-                     " IDSistemaCalificacion IN (SELECT CodSistemaCalificacion FROM Modelo WHERE"
-                     " IDModelo IN (SELECT CodModelo FROM Seccion WHERE " +
-                         SeccionesVisibles(idPersonal) + ")))";
-  LlenarCombo("IDTipoEnsenanza", lista, Leer(delCentro + visibles + " ORDER BY Orden"));
-}
-
-void LlenarEvaluacionesOrdinarias(ComboBox& lista) {
-  LlenarCombo("IDNumEvaluacion", lista,
-              Leer("SELECT Descripcion, IDNumEvaluacion FROM NumEvaluacion WHERE Final=0" +
-                   kOrdenEvaluaciones));
+void LlenarEvaluacionesOrdinarias(Connection& centro, ComboBox& lista) {
+  LlenarCombo(
+      "IDNumEvaluacion", lista,
+      centro.Execute(Sql(
+          "SELECT Descripcion, IDNumEvaluacion FROM NumEvaluacion WHERE Final=0 ORDER BY NumEvaluacion.Final DESC, NumEvaluacion.Extraordinaria DESC, NumEvaluacion.Orden")));
 }
 
 bool AbrirLista(const ComboBox& elegida, ComboBox& siguiente, CommandButton& cmdSeguir) {
@@ -101,38 +64,60 @@ bool AbrirLista(const ComboBox& elegida, ComboBox& siguiente, CommandButton& cmd
   return true;
 }
 
-bool TieneRecuperaciones(std::int32_t tipo) {
-  return Leer("SELECT Recuperaciones FROM SistemaCalificacion WHERE CodTipoEnsenanza=" +
-              std::to_string(tipo))
+bool TieneRecuperaciones(Connection& centro, std::int32_t tipo) {
+  return centro
+      .Execute(
+          Sql("SELECT Recuperaciones FROM SistemaCalificacion WHERE CodTipoEnsenanza={}", tipo))
       .Fields("recuperaciones")
       .Flag();
 }
 
-void LlenarCursos(ComboBox& lista, std::int32_t tipo, std::int16_t idPersonal) {
-  auto statement =
-      "SELECT Descripcion, IDCurso FROM Curso WHERE codTipoEnsenanza=" + std::to_string(tipo);
-  if (!SinLimites()) {
-    if (idPersonal <= 0) return;
-    statement += " AND IDCurso IN (SELECT CodCurso FROM Seccion WHERE " +
-                 SeccionesVisibles(idPersonal) + ")";
-  }
-  LlenarCombo("IDCurso", lista, Leer(statement + " ORDER BY Orden"));
+void LlenarCursos(Connection& centro, ComboBox& lista, std::int32_t tipo, std::int16_t idPersonal) {
+  if (SinLimites())
+    LlenarCombo(
+        "IDCurso", lista,
+        centro.Execute(
+            Sql("SELECT Descripcion, IDCurso FROM Curso WHERE codTipoEnsenanza={} ORDER BY Orden",
+                tipo)));
+  else if (idPersonal > 0)
+    LlenarCombo(
+        "IDCurso", lista,
+        centro.Execute(Sql(
+            "SELECT Descripcion, IDCurso FROM Curso WHERE codTipoEnsenanza={} AND IDCurso IN (SELECT CodCurso FROM Seccion WHERE CodTutor= {} OR IDSeccion IN (SELECT CodSeccion FROM AlumnoPte_matDet INNER JOIN Seccion_AlumnoPte ON AlumnoPte_matDet.codAlumno=Seccion_AlumnoPte.codAlumno WHERE codMatDet IN (SELECT codmatdet FROM profesor_pte WHERE CodProfesor={}))) ORDER BY Orden",
+            tipo, idPersonal, idPersonal)));
 }
 
-void LlenarSecciones(ComboBox& lista, std::int32_t curso, std::int16_t idPersonal) {
-  auto statement =
-      "SELECT Descripcion, IDSeccion FROM Seccion WHERE codCurso=" + std::to_string(curso);
-  if (SinLimites() || idPersonal > 0) {
-    if (!SinLimites()) statement += " AND (" + SeccionesVisibles(idPersonal) + ")";
-    LlenarCombo("IDSeccion", lista, Leer(statement + " ORDER BY Descripcion"));
-  }
+void LlenarSecciones(Connection& centro, ComboBox& lista, std::int32_t curso,
+                     std::int16_t idPersonal) {
+  if (SinLimites())
+    LlenarCombo(
+        "IDSeccion", lista,
+        centro.Execute(
+            Sql("SELECT Descripcion, IDSeccion FROM Seccion WHERE codCurso={} ORDER BY Descripcion",
+                curso)));
+  else if (idPersonal > 0)
+    LlenarCombo(
+        "IDSeccion", lista,
+        centro.Execute(Sql(
+            "SELECT Descripcion, IDSeccion FROM Seccion WHERE codCurso={} AND (CodTutor= {} OR IDSeccion IN (SELECT CodSeccion FROM AlumnoPte_matDet INNER JOIN Seccion_AlumnoPte ON AlumnoPte_matDet.codAlumno=Seccion_AlumnoPte.codAlumno WHERE codMatDet IN (SELECT codmatdet FROM profesor_pte WHERE CodProfesor={}))) ORDER BY Descripcion",
+            curso, idPersonal, idPersonal)));
   lista.Enabled(lista.ListCount() > 0);
 }
 
-void LlenarEvaluaciones(ComboBox& lista, std::int32_t seccion) {
-  LlenarCombo("IDNumEvaluacion", lista,
-              Leer(EvaluacionesEn("EvaluacionPte", seccion) + " UNION " +
-                   EvaluacionesEn("EvaluacionActaPte", seccion) + kOrdenEvaluaciones));
+void LlenarEvaluaciones(Connection& centro, ComboBox& lista, std::int32_t seccion) {
+  LlenarCombo(
+      "IDNumEvaluacion", lista,
+      centro.Execute(Sql(
+          "SELECT IDNumEvaluacion, Descripcion, Final, Extraordinaria, NumEvaluacion.Orden FROM NumEvaluacion INNER JOIN (EvaluacionPte INNER JOIN (AlumnoPte_MatDet INNER JOIN Seccion_AlumnoPte ON Seccion_AlumnoPte.codalumno=AlumnoPte_MatDet.codAlumno) ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionPte.codAlumnoPte_MatDet) ON EvaluacionPte.codNumEvaluacion=NumEvaluacion.IDNumEvaluacion WHERE Seccion_AlumnoPte.codSeccion={} UNION SELECT IDNumEvaluacion, Descripcion, Final, Extraordinaria, NumEvaluacion.Orden FROM NumEvaluacion INNER JOIN (EvaluacionActaPte INNER JOIN (AlumnoPte_MatDet INNER JOIN Seccion_AlumnoPte ON Seccion_AlumnoPte.codalumno=AlumnoPte_MatDet.codAlumno) ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet) ON EvaluacionActaPte.codNumEvaluacion=NumEvaluacion.IDNumEvaluacion WHERE Seccion_AlumnoPte.codSeccion={} ORDER BY NumEvaluacion.Final DESC, NumEvaluacion.Extraordinaria DESC, NumEvaluacion.Orden",
+          seccion, seccion)));
+}
+
+void ElegirAnterior(ComboBox& lista) {
+  if (lista.ListIndex() > 0) lista.ListIndex(lista.ListIndex() - 1);
+}
+
+void ElegirSiguiente(ComboBox& lista) {
+  if (lista.ListIndex() < lista.ListCount() - 1) lista.ListIndex(lista.ListIndex() + 1);
 }
 
 }  // namespace quorvane

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "platform/data/Recordset.h"
 
 namespace quorvane {
 
+class Connection;
 struct EvaluacionElegida;
 
 /// Whose pending subjects, in which evaluation, and for whose eyes.
@@ -18,15 +18,14 @@ struct MateriasSeccion {
   bool blnTutor = false;  ///< all subjects of the section, else those that `idPersonal` teaches
 
   /// The subjects of the section's register in that evaluation that nobody has locked; of a second
-  /// final evaluation only those that some student hasn't passed, and the work placements.
-  [[nodiscard]] Recordset Leer(const EvaluacionElegida& elegida) const;
+  /// final evaluation only those that some student has failed in a final one, whichever, and the
+  /// work placements.
+  [[nodiscard]] Recordset Leer(Connection& centro, const EvaluacionElegida& elegida) const;
 
  private:
-  [[nodiscard]] std::string Sentencia(bool blnFinal) const;
-  [[nodiscard]] Recordset SegundaFinal(Recordset materias) const;
+  [[nodiscard]] Recordset Ordinarias(Connection& centro) const;
+  [[nodiscard]] Recordset Finales(Connection& centro) const;
+  [[nodiscard]] Recordset SegundaFinal(Connection& centro) const;
 };
-
-/// The entry of a subject: its name, and in brackets the course in which it was taught.
-std::string TextoMateria(const std::string& clave, const Recordset& fila);
 
 }  // namespace quorvane

@@ -3,12 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/Form.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
+#include "platform/controls/ControlArray.h"
+#include "selection/FormularioPasoUno.h"
 
 namespace quorvane {
 
@@ -17,29 +13,25 @@ namespace quorvane {
 /// entries, `gIDPersonal` and `blnRecuperar` from here while it lives.
 class frmNotaManual1 : public Form {
  public:
-  frmNotaManual1();
-
-  std::array<Frame, 2> fraNotaManual1{Frame(*this, "fraNotaManual1(0)"),
-                                      Frame(*this, "fraNotaManual1(1)")};
-  std::array<Label, 4> lblNotamanual1{Label(*this, "lblNotamanual1(0)", &fraNotaManual1[0]),
-                                      Label(*this, "lblNotamanual1(1)", &fraNotaManual1[0]),
-                                      Label(*this, "lblNotamanual1(2)", &fraNotaManual1[0]),
-                                      Label(*this, "lblNotamanual1(3)", &fraNotaManual1[1])};
+  std::array<Frame, 2> fraNotaManual1 = ControlArray<Frame, 2>(*this, "fraNotaManual1");
+  std::array<Label, 4> lblNotamanual1 =
+      ControlArray<Label>(*this, "lblNotamanual1", fraNotaManual1, {0, 0, 0, 1});
+  std::int16_t gIDPersonal = 0;  ///< the user's row in Personal; 0 for none, or profile 0
   ComboBox cboTipoEnsenanza{*this, "cboTipoEnsenanza", &fraNotaManual1[0]};
+  bool blnPosibleRecuperacion = false;  ///< the marking system of that type has recoveries
   ComboBox cboCursos{*this, "cboCursos", &fraNotaManual1[0]};
   ComboBox cboSecciones{*this, "cboSecciones", &fraNotaManual1[0]};
   ComboBox cboEvaluaciones{*this, "cboEvaluaciones", &fraNotaManual1[1]};
   CheckBox chkMostrar{*this, "chkMostrar"};
   CheckBox chkRecuperacion{*this, "chkRecuperacion"};
+  bool blnRecuperar = false;  ///< the grades of the recovery are entered
   CheckBox chkTodosProm{*this, "chkTodosProm"};
-  std::array<CommandButton, 2> cmdNotaManual1{CommandButton(*this, "cmdNotaManual1(0)"),
-                                              CommandButton(*this, "cmdNotaManual1(1)")};
+  bool gblnTPromocion = false;  ///< it was checked; nobody reads it
+  std::array<CommandButton, 2> cmdNotaManual1 =
+      ControlArray<CommandButton, 2>(*this, "cmdNotaManual1");
+  bool blnEntrar = false;  ///< a click of a list may run: it isn't the code's own
 
-  bool blnRecuperar = false;            ///< the grades of the recovery are entered
-  bool blnPosibleRecuperacion = false;  ///< the marking system of the type has recoveries
-  bool blnEntrar = false;               ///< a click of a list may run: it isn't the code's own
-  std::int16_t gIDPersonal = 0;         ///< the user's row in Personal; 0 for none, or profile 0
-  bool gblnTPromocion = false;          ///< chkTodosProm was checked; nobody reads it
+  frmNotaManual1();
 
   void cboTipoEnsenanza_Click();
   void cboCursos_Click();
@@ -54,5 +46,7 @@ class frmNotaManual1 : public Form {
  private:
   void AbrirPasoDos();
 };
+
+static_assert(FormularioPasoUno<frmNotaManual1>);
 
 }  // namespace quorvane

@@ -1,56 +1,55 @@
 #include "selection/frmNotaMateria1.h"
 
-#include <string>
-
 #include "frame/Conexiones.h"
 #include "frame/PrimeraPantalla.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "platform/controls/FormInstance.h"
-#include "platform/data/Connection.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
 #include "platform/host/MessageBox.h"
 #include "selection/AperturaPasoDos.h"
-#include "selection/ControlesPasoUno.h"
 #include "selection/EvaluacionElegida.h"
 #include "selection/FechaNotas.h"
 #include "selection/ListasPasoUno.h"
+#include "selection/PasoUno.h"
 
 namespace quorvane {
 namespace {
 
 /// Asked twice for an empty date, before and after it is formatted.
-std::string FechaDelDia() {
-  auto fecha = FormatoFecha(FechaServidor());
+std::string FechaDelDia(const Connection& centro) {
+  auto fecha = FormatoFecha(FechaServidor(centro));
   return fecha.empty() ? FechaLocal() : fecha;
 }
 
 }  // namespace
 
 frmNotaMateria1::frmNotaMateria1() : Form("frmNotaMateria1") {
-  DibujarPasoUno(*this, ControlesDe(*this));
-  cboTipoEnsenanza.Click = [this] { cboTipoEnsenanza_Click(); };
-  cboCursos.Click = [this] { cboCursos_Click(); };
-  cboSecciones.Click = [this] { cboSecciones_Click(); };
-  cboEvaluaciones.Click = [this] { cboEvaluaciones_Click(); };
-  cmdNotaManual1[0].Click = [this] { cmdNotaManual1_Click(0); };
-  cmdNotaManual1[1].Click = [this] { cmdNotaManual1_Click(1); };
+  DibujarPasoUno(*this);
+  ConectarPasoUno(*this);
 }
 
 void frmNotaMateria1::Form_Load() {
   blnEntrar = true;
-  CargarPasoUno(*this, ControlesDe(*this), gIDPersonal);
+  Application::Instance().Screen().MousePointer(Pointer::Hourglass);
+  OcultarOpciones(*this);
+  Icon(cConfiguracion::Instancia().RutaIcono);
+  BuscarPersonal(*this, Centro());
+  LlenarTipos(Centro(), cboTipoEnsenanza, gIDPersonal);
+  if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
+  LlenarEvaluacionesOrdinarias(Centro(), cboEvaluaciones);
+  Application::Instance().Screen().MousePointer(Pointer::Default);
 }
 
 void frmNotaMateria1::cboTipoEnsenanza_Click() {
   if (!AbrirLista(cboTipoEnsenanza, cboCursos, cmdNotaManual1[0])) return;
-  LlenarCursos(cboCursos, cboTipoEnsenanza.SelectedData(), gIDPersonal);
+  LlenarCursos(Centro(), cboCursos, cboTipoEnsenanza.SelectedData(), gIDPersonal);
 }
 
 void frmNotaMateria1::cboCursos_Click() {
   if (!AbrirLista(cboCursos, cboSecciones, cmdNotaManual1[0])) return;
-  LlenarSecciones(cboSecciones, cboCursos.SelectedData(), gIDPersonal);
+  LlenarSecciones(Centro(), cboSecciones, cboCursos.SelectedData(), gIDPersonal);
 }
 
 void frmNotaMateria1::cboSecciones_Click() {
@@ -58,17 +57,17 @@ void frmNotaMateria1::cboSecciones_Click() {
   blnEntrar = false;
   if (cboEvaluaciones.ListIndex() != -1) {
     cmdNotaManual1[0].Enabled(true);
-    const auto evaluacion = LeerFinal(cboEvaluaciones.SelectedData());
+    const auto evaluacion = LeerFinal(Centro(), cboEvaluaciones.SelectedData());
     if (evaluacion.Eof()) {
       blnEntrar = true;
       return;
     }
-    AdmiteRecuperacion(chkRecuperacion, evaluacion.Fields("Final").Flag(), blnPosibleRecuperacion,
-                       cboSecciones.SelectedData());
+    AdmiteRecuperacion(Centro(), chkRecuperacion, evaluacion.Fields("Final").Flag(),
+                       blnPosibleRecuperacion, cboSecciones.SelectedData());
   } else {
     cmdNotaManual1[0].Enabled(false);
   }
-  LlenarEvaluaciones(cboEvaluaciones, cboSecciones.SelectedData());
+  LlenarEvaluaciones(Centro(), cboEvaluaciones, cboSecciones.SelectedData());
   cmdNotaManual1[0].Enabled(false);
   blnEntrar = true;
 }
@@ -78,15 +77,13 @@ void frmNotaMateria1::cboEvaluaciones_Click() {
   blnEntrar = false;
   if (cboSecciones.ListIndex() != -1) {
     cmdNotaManual1[0].Enabled(true);
-    const auto evaluacion =
-        Centro().Execute("SELECT Final FROM NumEvaluacion WHERE IDNumEvaluacion = " +
-                         std::to_string(cboEvaluaciones.SelectedData()));
+    const auto evaluacion = LeerFinalAlElegir(Centro(), cboEvaluaciones.SelectedData());
     if (evaluacion.Eof()) {
       blnEntrar = true;
       return;
     }
-    AdmiteRecuperacion(chkRecuperacion, evaluacion.Fields("Final").Flag(), blnPosibleRecuperacion,
-                       cboSecciones.SelectedData());
+    AdmiteRecuperacion(Centro(), chkRecuperacion, evaluacion.Fields("Final").Flag(),
+                       blnPosibleRecuperacion, cboSecciones.SelectedData());
   } else {
     cmdNotaManual1[0].Enabled(false);
   }
@@ -99,13 +96,10 @@ void frmNotaMateria1::cmdNotaManual1_Click(int Index) {
     Unload();
     return;
   }
-  if (!TodosElegidos({&cboTipoEnsenanza, &cboCursos, &cboSecciones, &cboEvaluaciones})) {
-    BeepAndMessage("Intruduzca todos los datos", MessageIcon::Information);
-    return;
-  }
-  const auto periodo =
-      PeriodoDeEntrada(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
-  if (!periodo || EnFecha(FechaDelDia(), *periodo))
+  if (FaltanDatos({&cboTipoEnsenanza, &cboCursos, &cboSecciones, &cboEvaluaciones})) return;
+  const auto periodo = PeriodoDeEntrada(AppEntrada(), Centro(), cboSecciones.SelectedData(),
+                                        cboEvaluaciones.SelectedData());
+  if (!periodo || EnFecha(FechaDelDia(Centro()), *periodo))
     AbrirPasoDos();
   else
     MessageBox("La fecha de la evaluación se ha superado", MessageIcon::Exclamation);
@@ -114,22 +108,21 @@ void frmNotaMateria1::cmdNotaManual1_Click(int Index) {
 void frmNotaMateria1::AbrirPasoDos() {
   auto& screen = Application::Instance().Screen();
   screen.MousePointer(Pointer::Hourglass);
-  const auto evaluacion = LeerFinalYOrden(cboEvaluaciones.SelectedData());
-  blnRecuperar = chkRecuperacion.Value() == 1;
-  gblnTPromocion = chkTodosProm.Value() == 1;
+  const auto evaluacion = LeerFinalYOrden(Centro(), cboEvaluaciones.SelectedData());
+  TomarOpciones(*this);
   Hide();
-  const auto titulo = TituloPasoDos(cboTipoEnsenanza, cboCursos, cboSecciones);
+  const auto titulo = TituloPasoDos(*this);
   if (evaluacion.Fields("Final").Flag()) {
     auto& pasoDos = PasoDosFrmNotaMateriaFinal();
     screen.MousePointer(Pointer::Default);
-    if (evaluacion.Fields("ORDEN").Long() == kOrdenSegundaFinal) MarcarSegundaFinal(pasoDos);
+    if (EsSegundaFinal(evaluacion)) MarcarSegundaFinal(Centro(), pasoDos);
     pasoDos.mstrCaption(titulo);
-    MostrarPasoDos(pasoDos);
+    MostrarPasoDos(AppEntrada(), pasoDos);
     return;
   }
   auto& pasoDos = PasoDosFrmNotaMateria();
   pasoDos.mstrCaption(titulo);
-  MostrarPasoDos(pasoDos);
+  MostrarPasoDos(AppEntrada(), pasoDos);
 }
 
 void frmNotaMateria1::Form_Unload() {

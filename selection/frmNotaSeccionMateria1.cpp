@@ -1,80 +1,75 @@
 #include "selection/frmNotaSeccionMateria1.h"
 
+#include "frame/Conexiones.h"
 #include "frame/PrimeraPantalla.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "platform/controls/FormInstance.h"
-#include "platform/data/Connection.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
 #include "platform/host/MessageBox.h"
 #include "platform/text/StringTable.h"
 #include "selection/AlumnosSeccion.h"
 #include "selection/AperturaPasoDos.h"
-#include "selection/ControlesPasoUno.h"
 #include "selection/EvaluacionElegida.h"
 #include "selection/FechaNotas.h"
 #include "selection/ListasPasoUno.h"
+#include "selection/PasoUno.h"
 
 namespace quorvane {
-namespace {
-
-/// The string table has no such entry, so this refusal ends in error 326.
-constexpr int kTextoFueraDeFecha = 28001;
-
-}  // namespace
 
 frmNotaSeccionMateria1::frmNotaSeccionMateria1() : Form("frmNotaSeccionMateria1") {
-  DibujarPasoUno(*this, ControlesDe(*this));
-  DibujarEleccion(*this, ControlesDe(*this),
-                  {fraNotaManual1[2], lblNotamanual1[4], cboAlumno, cmdAnterior, cmdSiguiente},
-                  "(*) Alumno:");
-  cboTipoEnsenanza.Click = [this] { cboTipoEnsenanza_Click(); };
-  cboCursos.Click = [this] { cboCursos_Click(); };
-  cboSecciones.Click = [this] { cboSecciones_Click(); };
-  cboEvaluaciones.Click = [this] { cboEvaluaciones_Click(); };
+  DibujarPasoUno(*this);
+  DibujarEleccion(*this, cboAlumno, "(*) Alumno:");
+  ConectarPasoUno(*this);
   cboAlumno.Click = [this] { cboAlumno_Click(); };
   cmdAnterior.Click = [this] { cmdAnterior_Click(); };
   cmdSiguiente.Click = [this] { cmdSiguiente_Click(); };
-  cmdNotaManual1[0].Click = [this] { cmdNotaManual1_Click(0); };
-  cmdNotaManual1[1].Click = [this] { cmdNotaManual1_Click(1); };
 }
 
 void frmNotaSeccionMateria1::Form_Load() {
   blnTutor = false;
   blnEntrar = true;
-  CargarPasoUno(*this, ControlesDe(*this), gIDPersonal);
+  Application::Instance().Screen().MousePointer(Pointer::Hourglass);
+  OcultarOpciones(*this);
+  Icon(cConfiguracion::Instancia().RutaIcono);
+  BuscarPersonal(*this, Centro());
+  LlenarTipos(Centro(), cboTipoEnsenanza, gIDPersonal);
+  if (cboTipoEnsenanza.ListCount() > 0) cboTipoEnsenanza.ListIndex(0);
+  LlenarEvaluacionesOrdinarias(Centro(), cboEvaluaciones);
+  Application::Instance().Screen().MousePointer(Pointer::Default);
 }
 
 void frmNotaSeccionMateria1::cboTipoEnsenanza_Click() {
   if (!AbrirLista(cboTipoEnsenanza, cboCursos, cmdNotaManual1[0])) return;
-  blnPosibleRecuperacion = TieneRecuperaciones(cboTipoEnsenanza.SelectedData());
-  LlenarCursos(cboCursos, cboTipoEnsenanza.SelectedData(), gIDPersonal);
+  blnPosibleRecuperacion = TieneRecuperaciones(Centro(), cboTipoEnsenanza.SelectedData());
+  LlenarCursos(Centro(), cboCursos, cboTipoEnsenanza.SelectedData(), gIDPersonal);
 }
 
 void frmNotaSeccionMateria1::cboCursos_Click() {
   if (!AbrirLista(cboCursos, cboSecciones, cmdNotaManual1[0])) return;
-  LlenarSecciones(cboSecciones, cboCursos.SelectedData(), gIDPersonal);
+  LlenarSecciones(Centro(), cboSecciones, cboCursos.SelectedData(), gIDPersonal);
 }
 
 void frmNotaSeccionMateria1::cboSecciones_Click() {
   if (!blnEntrar || cboSecciones.ListIndex() == -1) return;
   blnEntrar = false;
   const auto seccion = cboSecciones.SelectedData();
-  blnTutor = EsTutor(seccion);
+  blnTutor = EsTutor(Centro(), seccion);
   if (cboEvaluaciones.ListIndex() != -1) {
-    const auto evaluacion = LeerFinal(cboEvaluaciones.SelectedData());
+    const auto evaluacion = LeerFinal(Centro(), cboEvaluaciones.SelectedData());
     if (evaluacion.Eof()) {
       blnEntrar = true;
       return;
     }
     // Once hidden the box stays hidden here.
-    AdmiteRecuperacion(chkRecuperacion, evaluacion.Fields("Final").Flag(), blnPosibleRecuperacion,
-                       seccion);
+    AdmiteRecuperacion(Centro(), chkRecuperacion, evaluacion.Fields("Final").Flag(),
+                       blnPosibleRecuperacion, seccion);
   } else {
     cmdNotaManual1[0].Enabled(false);
   }
-  LlenarEvaluaciones(cboEvaluaciones, seccion);
+  LlenarEvaluaciones(Centro(), cboEvaluaciones, seccion);
   cboAlumno.Clear();
   cmdNotaManual1[0].Enabled(false);
   blnEntrar = true;
@@ -83,8 +78,8 @@ void frmNotaSeccionMateria1::cboSecciones_Click() {
 void frmNotaSeccionMateria1::cboEvaluaciones_Click() {
   if (cboSecciones.ListIndex() == -1 || cboEvaluaciones.ListIndex() == -1 || !blnEntrar) return;
   blnEntrar = false;
-  const auto elegida = LeerEvaluacion(cboEvaluaciones.SelectedData());
-  AdmiteRecuperacion(chkRecuperacion, elegida.Final, blnPosibleRecuperacion,
+  const auto elegida = LeerEvaluacion(Centro(), cboEvaluaciones.SelectedData());
+  AdmiteRecuperacion(Centro(), chkRecuperacion, elegida.Final, blnPosibleRecuperacion,
                      cboSecciones.SelectedData());
   const AlumnosSeccion alumnos{
       .seccion = cboSecciones.SelectedData(),
@@ -93,7 +88,7 @@ void frmNotaSeccionMateria1::cboEvaluaciones_Click() {
       .blnDocente = cConfiguracion::Instancia().intIDPerfil != 0 && !blnTutor};
   // A teacher who is no member of staff has no students: nothing is read, the list stays empty.
   if (!alumnos.blnDocente || gIDPersonal >= 1)
-    LlenarCombo("IDAlumno", cboAlumno, alumnos.Leer(elegida), TextoAlumno);
+    LlenarCombo("IDAlumno", cboAlumno, alumnos.Leer(Centro(), elegida));
   cmdNotaManual1[0].Enabled(false);
   blnEntrar = true;
 }
@@ -103,14 +98,9 @@ void frmNotaSeccionMateria1::cboAlumno_Click() {
     cmdNotaManual1[0].Enabled(true);
 }
 
-void frmNotaSeccionMateria1::cmdAnterior_Click() {
-  if (cboAlumno.ListIndex() > 0) cboAlumno.ListIndex(cboAlumno.ListIndex() - 1);
-}
+void frmNotaSeccionMateria1::cmdAnterior_Click() { ElegirAnterior(cboAlumno); }
 
-void frmNotaSeccionMateria1::cmdSiguiente_Click() {
-  if (cboAlumno.ListIndex() < cboAlumno.ListCount() - 1)
-    cboAlumno.ListIndex(cboAlumno.ListIndex() + 1);
-}
+void frmNotaSeccionMateria1::cmdSiguiente_Click() { ElegirSiguiente(cboAlumno); }
 
 void frmNotaSeccionMateria1::cmdNotaManual1_Click(int Index) {
   gblnMostrarAnchoNotas = chkMostrar.Value() == 1;
@@ -118,14 +108,11 @@ void frmNotaSeccionMateria1::cmdNotaManual1_Click(int Index) {
     Unload();
     return;
   }
-  if (!TodosElegidos(
-          {&cboTipoEnsenanza, &cboCursos, &cboSecciones, &cboEvaluaciones, &cboAlumno})) {
-    BeepAndMessage("Intruduzca todos los datos", MessageIcon::Information);
+  if (FaltanDatos({&cboTipoEnsenanza, &cboCursos, &cboSecciones, &cboEvaluaciones, &cboAlumno}))
     return;
-  }
-  const auto periodo =
-      PeriodoDeEntrada(cboSecciones.SelectedData(), cboEvaluaciones.SelectedData());
-  if (!periodo || EnFecha(FormatoFecha(FechaServidor()), *periodo))
+  const auto periodo = PeriodoDeEntrada(AppEntrada(), Centro(), cboSecciones.SelectedData(),
+                                        cboEvaluaciones.SelectedData());
+  if (!periodo || EnFecha(FormatoFecha(FechaServidor(Centro())), *periodo))
     AbrirPasoDos();
   else
     MessageBox(LoadString(kTextoFueraDeFecha), MessageIcon::Exclamation);
@@ -134,23 +121,22 @@ void frmNotaSeccionMateria1::cmdNotaManual1_Click(int Index) {
 void frmNotaSeccionMateria1::AbrirPasoDos() {
   auto& screen = Application::Instance().Screen();
   screen.MousePointer(Pointer::Hourglass);
-  const auto evaluacion = LeerFinalYOrden(cboEvaluaciones.SelectedData());
-  blnRecuperar = chkRecuperacion.Value() == 1;
-  gblnTPromocion = chkTodosProm.Value() == 1;
+  const auto evaluacion = LeerFinalYOrden(Centro(), cboEvaluaciones.SelectedData());
+  TomarOpciones(*this);
   Hide();
-  const auto titulo = TituloPasoDos(cboTipoEnsenanza, cboCursos, cboSecciones);
+  const auto titulo = TituloPasoDos(*this);
   if (evaluacion.Fields("Final").Flag()) {
     auto& pasoDos = PasoDosFrmNotaSeccionMateriaFinal();
     pasoDos.mstrCaption(titulo);
     screen.MousePointer(Pointer::Default);
-    if (evaluacion.Fields("ORDEN").Long() == kOrdenSegundaFinal) MarcarSegundaFinal(pasoDos);
+    if (EsSegundaFinal(evaluacion)) MarcarSegundaFinal(Centro(), pasoDos);
     pasoDos.mstrCaption(titulo);
-    MostrarPasoDos(pasoDos);
+    MostrarPasoDos(AppEntrada(), pasoDos);
     return;
   }
   auto& pasoDos = PasoDosFrmNotaSeccionMateria();
   pasoDos.mstrCaption(titulo);
-  MostrarPasoDos(pasoDos);
+  MostrarPasoDos(AppEntrada(), pasoDos);
 }
 
 void frmNotaSeccionMateria1::Form_Unload() {

@@ -1,121 +1,102 @@
 #include "grades/final/CargaFinal.h"
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "grades/Alumnos.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {
-
-constexpr const char* kTabla = "EvaluacionActaPte";
-
-Recordset Execute(const std::string& statement) { return Centro().Execute(statement); }
 
 bool VeTodaLaSeccion(bool blnTutor) {
   return cConfiguracion::Instancia().intIDPerfil == 0 || blnTutor;
 }
 
-/// What becomes of a row in the second final evaluation.
-struct Suerte {
-  bool fuera = false;
-  bool mantieneAlumno = false;
-};
-
-Suerte EnSegundaFinal(std::int32_t clase, std::int32_t idEvaluacionJunio, std::int32_t id) {
-  if (clase == kClaseFct) return {false, true};
-  const auto primera = Execute(
-      "SELECT Aprobado FROM Nota WHERE IdNota =(SELECT CodNota FROM EvaluacionActaPte WHERE "
-      "CodNumEvaluacion=" +
-      std::to_string(idEvaluacionJunio) + " AND CodAlumnoPte_MatDet=" + std::to_string(id) + ")");
-  if (primera.Eof()) return {true, true};
-  const auto aprobada = primera.Fields("Aprobado").Flag();
-  return {aprobada, !aprobada};
+std::optional<Recordset> PendientesDeProfesor(Connection& centro, std::int32_t idAlumno,
+                                              const DatosPasoUno& seleccion) {
+  if (seleccion.gIDPersonal <= 0) return std::nullopt;
+  return centro.Execute(Sql(
+      "SELECT AlumnoPte_MatDet.* FROM (AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet) INNER JOIN Profesor_Pte ON Profesor_Pte.codMatdet=AlumnoPte_MatDet.codmatdet WHERE CodAlumno={} AND CodNumEvaluacion={} AND Profesor_Pte.codProfesor={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={}) ORDER BY Orden",
+      idAlumno, seleccion.evaluacion, seleccion.gIDPersonal, seleccion.evaluacion));
 }
 
 /// The statement runs as in the ordinary forms, but nobody looks at the answer.
-void PreguntarAprobado(std::int32_t nota) {
-  if (nota > 0) Execute("SELECT Aprobado FROM Nota WHERE IDNota=" + std::to_string(nota));
+void PreguntarAprobado(Connection& centro, std::int32_t nota) {
+  if (nota > 0) centro.Execute(Sql("SELECT Aprobado FROM Nota WHERE IDNota={}", nota));
 }
 
 }  // namespace
 
-void AnadirAlumnosFinales(Collection<cAlumno>& colAlumnos, const Seleccion& seleccion,
-                          bool blnTutor) {
+bool PuedeCalificar(const DatosPasoUno& seleccion) {
+  return seleccion.gIDPersonal != 0 || cConfiguracion::Instancia().intIDPerfil <= 0;
+}
+
+void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
+                          const DatosPasoUno& seleccion, bool blnTutor) {
   Recordset alumnos;
   if (VeTodaLaSeccion(blnTutor))
     alumnos = AlumnosDeSeccion(seleccion.seccion);
   else if (seleccion.gIDPersonal > 0)
-    alumnos =
-        AlumnosDeProfesor(seleccion.seccion, seleccion.evaluacion, seleccion.gIDPersonal, kTabla);
+    alumnos = centro.Execute(Sql(
+        "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE CodProfesor={})) ORDER BY OrdenSeccion",
+        seleccion.seccion, seleccion.evaluacion, seleccion.gIDPersonal));
   if (!alumnos.IsOpen()) return;
   for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
 }
 
-std::optional<Recordset> PendientesVisibles(std::int32_t idAlumno, const Seleccion& seleccion,
-                                            bool blnTutor, const std::string& condicion) {
-  if (VeTodaLaSeccion(blnTutor))
-    return MateriasDeAlumno(idAlumno, seleccion.evaluacion, kTabla, condicion);
-  if (seleccion.gIDPersonal > 0)
-    return MateriasDeProfesor(idAlumno, seleccion.evaluacion, seleccion.gIDPersonal, kTabla);
-  return std::nullopt;
+std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idAlumno,
+                                            const DatosPasoUno& seleccion, bool blnTutor) {
+  if (!VeTodaLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
+  return centro.Execute(Sql(
+      "SELECT AlumnoPte_MatDet.* FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodAlumno={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={})  ORDER BY Orden",
+      seleccion.evaluacion, idAlumno, seleccion.evaluacion));
 }
 
-bool RecorrerPendientes(Recordset& filas, const FinalElegida& elegida,
-                        const std::function<void(const Recordset&, std::int32_t)>& cargar) {
-  auto mantener = false;
-  while (!filas.Eof()) {
-    const auto id = filas.Fields("IDAlumnoPte_MatDet").Long();
-    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
-    if (!clase) {
-      filas.MoveNext();
-      PurgarMateria(id);
-      continue;
-    }
-    if (*clase != kClaseValores) {
-      Suerte suerte;
-      if (elegida.mblnFinalSeptiembre)
-        suerte = EnSegundaFinal(*clase, elegida.mlngIdEvaluacionJunio, id);
-      mantener = mantener || suerte.mantieneAlumno;
-      if (!suerte.fuera) cargar(filas, *clase);
-    }
-    filas.MoveNext();
-  }
-  return mantener;
+std::optional<Recordset> PendientesDeMateria(Connection& centro, std::int32_t idAlumno,
+                                             std::int32_t codMatDet, const DatosPasoUno& seleccion,
+                                             bool blnTutor) {
+  if (!VeTodaLaSeccion(blnTutor)) return PendientesDeProfesor(centro, idAlumno, seleccion);
+  return centro.Execute(Sql(
+      "SELECT AlumnoPte_MatDet.* FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON EvaluacionActaPte.codAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet WHERE codmatdet={} AND codNumEvaluacion={} AND CodAlumno={} AND AlumnoPte_MatDet.CodMatDet NOT IN (SELECT CodMatDet FROM BloqueoPte WHERE  CodNumEvaluacion={})  ORDER BY Orden",
+      codMatDet, seleccion.evaluacion, idAlumno, seleccion.evaluacion));
 }
 
-std::shared_ptr<cMateria> NuevaMateriaFinal(const Recordset& fila, std::int32_t idMatDetalle) {
+std::shared_ptr<cMateria> NuevaMateriaFinal(const Recordset& fila, std::int32_t clase,
+                                            std::int32_t idMatDetalle) {
   auto materia = std::make_shared<cMateria>();
   materia->IDMatDetalle = idMatDetalle;
   materia->CodAlumno_MateriaDetalles = fila.Fields("IDAlumnoPte_MatDet").Long();
   materia->MateriaExterna = false;
+  materia->Fct = ClaseMateria::CuentaComoFct(clase);
   materia->Estado = cConstCol().NoModificado;
   return materia;
 }
 
-void LeerNotasFinales(cMateria& materia, std::int32_t evaluacion) {
-  const auto notas = Execute(
-      "SELECT Evaluado, CodNota, CodNotaObservacion, RE_AC_DIV FROM EvaluacionActaPte WHERE "
-      "CodNumEvaluacion=" +
-      std::to_string(evaluacion) +
-      " AND CodAlumnoPte_MatDet=" + std::to_string(materia.CodAlumno_MateriaDetalles));
+void LeerNotasFinales(Connection& centro, cMateria& materia, std::int32_t evaluacion) {
+  const auto notas = centro.Execute(Sql(
+      "SELECT Evaluado, CodNota, CodNotaObservacion, RE_AC_DIV FROM EvaluacionActaPte WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
+      evaluacion, materia.CodAlumno_MateriaDetalles));
   materia.REACDIV = notas.Fields("RE_AC_DIV").Byte();
   materia.Evaluado = notas.Fields("Evaluado").Flag();
   materia.Nota = notas.Fields("CodNota").Long();
   materia.Observacion = notas.Fields("CodNotaObservacion").Long();
   materia.Recuperacion = false;
-  PreguntarAprobado(materia.Nota);
+  PreguntarAprobado(centro, materia.Nota);
 }
 
-void LeerNotasFct(cMateria& materia, const std::string& tabla, const std::string& clave,
-                  std::int32_t evaluacion, std::int32_t id) {
-  const auto notas = Execute("SELECT Evaluado, CodNota, CodNotaObservacion FROM " + tabla +
-                             " WHERE CodNumEvaluacion=" + std::to_string(evaluacion) + " AND " +
-                             clave + "=" + std::to_string(id));
+void LeerNotasFct(Connection& centro, cMateria& materia, std::int32_t evaluacion) {
+  TomarNotasFct(
+      centro, materia,
+      centro.Execute(Sql(
+          "SELECT Evaluado, CodNota, CodNotaObservacion FROM EvaluacionActaPte WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
+          evaluacion, materia.CodAlumno_MateriaDetalles)));
+}
+
+void TomarNotasFct(Connection& centro, cMateria& materia, const Recordset& notas) {
   materia.Nota = notas.Fields("CodNota").Long();
   materia.Observacion = notas.Fields("CodNotaObservacion").Long();
-  PreguntarAprobado(materia.Nota);
+  PreguntarAprobado(centro, materia.Nota);
   materia.Recuperacion = false;
 }
 

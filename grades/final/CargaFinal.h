@@ -1,64 +1,88 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
-#include "grades/MateriasPendientes.h"
-#include "grades/Seleccion.h"
+#include "frame/ClaseMateria.h"
+#include "frame/Conexiones.h"
+#include "grades/final/FormularioFinal.h"
+#include "grades/final/SegundaFinal.h"
+#include "grades/loading/DatosPasoUno.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
 #include "platform/data/Collection.h"
 #include "platform/data/Recordset.h"
 #include "register/cAlumno.h"
 
 namespace quorvane {
 
+class Connection;
+
 // How the final grade forms find students, subjects and grades. Final evaluations have a table of
 // their own, `EvaluacionActaPte`. Statements fail as they do; nothing is caught.
 
-inline constexpr std::int32_t kClaseOrdinaria = 1;  ///< `Fct` is True for all others but 3
-inline constexpr std::int32_t kClaseValores = 3;    ///< not graded here
-inline constexpr std::int32_t kClaseFct = 4;        ///< kept in the second final in any case
-
-/// Which of the two final evaluations this is, as step one has written it.
-struct FinalElegida {
-  bool mblnFinalSeptiembre = false;        ///< the second
-  std::int32_t mlngIdEvaluacionJunio = 0;  ///< then, the first
-};
+/// Whether this user grades at all: with profile 0 and below, or as a member of staff.
+bool PuedeCalificar(const DatosPasoUno& seleccion);
 
 /// Adds the students whom this user grades: the whole section for profile 0 and the tutor, those of
 /// his own subjects for a teacher, none for anybody else.
-void AnadirAlumnosFinales(Collection<cAlumno>& colAlumnos, const Seleccion& seleccion,
-                          bool blnTutor);
+void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
+                          const DatosPasoUno& seleccion, bool blnTutor);
 
 /// The pending subjects of a student that this user grades; nothing for one who grades none.
-/// `condicion` goes before the others where he sees the whole section, as "codmatdet=5 AND "; the
-/// statement for a teacher has no place for it.
-std::optional<Recordset> PendientesVisibles(std::int32_t idAlumno, const Seleccion& seleccion,
-                                            bool blnTutor, const std::string& condicion = {});
+std::optional<Recordset> PendientesVisibles(Connection& centro, std::int32_t idAlumno,
+                                            const DatosPasoUno& seleccion, bool blnTutor);
 
-/// Walks those rows and calls `cargar`, with the row and the kind of its subject, for each that is
-/// to be graded. A row whose subject is gone is purged with its grades, one of the tutor's kind is
-/// passed over, and so is, in the second final evaluation, one that the first passed or left
-/// without a grade.
-///
-/// True when a row speaks for keeping the student in the second final evaluation: one that is
-/// graded, but also one that is out for having no grade in the first.
-bool RecorrerPendientes(Recordset& filas, const FinalElegida& elegida,
-                        const std::function<void(const Recordset&, std::int32_t)>& cargar);
+/// The same with that subject alone where he sees the whole section; a teacher has all of his.
+std::optional<Recordset> PendientesDeMateria(Connection& centro, std::int32_t idAlumno,
+                                             std::int32_t codMatDet, const DatosPasoUno& seleccion,
+                                             bool blnTutor);
 
-/// The subject of that row, without grades and names. `idMatDetalle` is what the form keys it by.
-std::shared_ptr<cMateria> NuevaMateriaFinal(const Recordset& fila, std::int32_t idMatDetalle);
+/// Walks those rows and has the form load each that is to be graded; a student who is left without
+/// reason to be in the form is taken out. A row whose subject is gone is purged with its grades,
+/// and one of the tutor's kind is passed over.
+template <FormularioFinal F>
+void CargarPendientes(F& form, cAlumno& alumno, Recordset& filas) {
+  SegundaFinal segunda(Centro(), form.elegida);
+  while (!filas.Eof()) {
+    const auto id = filas.Fields("IDAlumnoPte_MatDet").Long();
+    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
+    if (!clase) {
+      filas.MoveNext();
+      PurgarMateria(id);
+      continue;
+    }
+    if (ClaseMateria::SeCalifica(*clase) && segunda.Ofrece(id, *clase))
+      form.CargarMateria(alumno, filas, *clase);
+    filas.MoveNext();
+  }
+  if (!segunda.Conserva(alumno)) form.colAlumnos.Remove(Key(alumno.IDAlumno));
+}
+
+/// Notes the subject of that row among those that the form will lock, and gives its key.
+template <FormularioFinal F>
+std::int32_t AnotarFila(F& form, const Recordset& fila) {
+  const auto codMatDet = fila.Fields("codmatdet").Long();
+  AnotarMateria(form.strMateriasBloqueo, codMatDet);
+  return codMatDet;
+}
+
+/// The subject of that row, of that kind, without grades and names. `idMatDetalle` is what the form
+/// keys it by.
+std::shared_ptr<cMateria> NuevaMateriaFinal(const Recordset& fila, std::int32_t clase,
+                                            std::int32_t idMatDetalle);
 
 /// The grades of a subject of the ordinary kind, with its measure. Error 6 for a measure beyond 8
 /// bits, 13 for a text that is no number.
-void LeerNotasFinales(cMateria& materia, std::int32_t evaluacion);
+void LeerNotasFinales(Connection& centro, cMateria& materia, std::int32_t evaluacion);
 
-/// The grades of a subject of another kind: grade and observation alone. `tabla` and `clave`, the
-/// column that is compared with `id`, are the form's.
-void LeerNotasFct(cMateria& materia, const std::string& tabla, const std::string& clave,
-                  std::int32_t evaluacion, std::int32_t id);
+/// The grades of a subject of another kind: grade and observation alone.
+void LeerNotasFct(Connection& centro, cMateria& materia, std::int32_t evaluacion);
+
+/// Takes those two from the row that a form has read in its own way.
+void TomarNotasFct(Connection& centro, cMateria& materia, const Recordset& notas);
 
 /// Takes ids, teachers and name from the subject as it was taught.
 void TomarDetalles(cMateria& materia, const DetallesMateria& detalles);

@@ -1,15 +1,49 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
-#include "register/cMateria.h"
+#include "frame/Conexiones.h"
+#include "grades/dialog/FormularioEncogido.h"
+#include "grades/final/FormularioFinal.h"
+#include "platform/host/Application.h"
+#include "platform/host/FrontEnd.h"
+#include "register/cAlumno.h"
 
 namespace quorvane {
+
+class Connection;
 
 /// Writes a subject's grade, observation and measure of that final evaluation, and sees to the mark
 /// `UltimaEvaluada`: it goes to this evaluation when there is a grade, unless a later one, by its
 /// id, holds it; when the grade has been taken away, it goes back to an earlier evaluation with a
 /// grade, to whichever the database gives first. A negative grade counts as none.
-void GuardarMateriaFinal(const cMateria& materia, std::int32_t evaluacion);
+void GuardarMateriaFinal(Connection& centro, const cMateria& materia, std::int32_t evaluacion);
+
+/// `cmdAceptar_Click` begins: the form shrinks to the animation under that text, and the pointer
+/// waits.
+template <FormularioFinal F>
+void EmpezarGuardado(F& form, const std::string& texto) {
+  auto& pantalla = Application::Instance().Screen();
+  form.MostrarCarga(false);
+  form.Enabled(false);
+  MostrarAnimacion(form.fraAniCarga, form.aniCarga, texto);
+  pantalla.DoEvents();
+  pantalla.MousePointer(Pointer::Hourglass);
+}
+
+/// Saves all subjects of a student.
+template <FormularioFinal F>
+void GuardarAlumno(const F& form, const cAlumno& alumno) {
+  for (const auto& materia : alumno.colMateria)
+    GuardarMateriaFinal(Centro(), *materia, PasoUnoDe(form).evaluacion);
+}
+
+/// After the last student: the pointer rests, and the form closes as when it is cancelled.
+template <FormularioFinal F>
+void TerminarGuardado(F& form) {
+  Application::Instance().Screen().MousePointer(Pointer::Default);
+  form.cmdCancelar_Click();
+}
 
 }  // namespace quorvane

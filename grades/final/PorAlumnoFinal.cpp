@@ -2,9 +2,14 @@
 
 #include <string>
 
-#include "grades/CeldaNotas.h"
+#include "frame/cConfiguracion.h"
+#include "grades/final/CargaFinal.h"
 #include "grades/final/RejillaFinal.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/loading/Alumnos.h"
+#include "platform/controls/ComboBox.h"
 #include "platform/controls/Retivo.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {
@@ -19,19 +24,39 @@ bool FilaEditable(const Retivo& rejilla) {
 
 }  // namespace
 
+void LlenarComboAlumnos(ComboBox& cboAlumnos, const Collection<cAlumno>& colAlumnos) {
+  if (colAlumnos.Count() == 0) return;
+  cboAlumnos.Clear();
+  for (const auto& alumno : colAlumnos)
+    cboAlumnos.AddItem(AlumnoConOrden(alumno->IDAlumno), alumno->IDAlumno);
+  cboAlumnos.ListIndex(0);
+}
+
+void ConfigurarRejillaDeAlumno(Retivo& rejilla) {
+  ConfigurarRejilla(rejilla, {{2000, "Materia"},
+                              {1000, "Nota"},
+                              {2000, "Concepto"},
+                              {2000, "Procedimiento"},
+                              {2000, "Actitud"},
+                              {2000, "Observacion"},
+                              {2000, "Medidas Adoptadas"},
+                              {},
+                              {}});
+}
+
 void LlenarFilasDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias) {
   for (const auto& materia : materias) rejilla.AddItem(materia->Nombre);
   int fila = 1;
   for (const auto& materia : materias) {
     EscribirNotasFinales(rejilla, fila, *materia);
-    rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(materia->IDMatDetalle));
+    rejilla.TextMatrix(fila, rejilla.Cols() - 1, Key(materia->IDMatDetalle));
     rejilla.TextMatrix(fila, rejilla.Cols() - 2, "0");
     ++fila;
   }
 }
 
 void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
-                         const Seleccion& seleccion, const Form& form) {
+                         const DatosPasoUno& seleccion, const Form& form) {
   const auto columna = rejilla.Col();
   const auto& clave = ClaveDeFila(rejilla);
   rejilla.ListaLimpiar(columna);
@@ -41,8 +66,14 @@ void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
   }
   if (!FilaEditable(rejilla)) return;
   rejilla.ListaAnadir(columna, " ", 0);
-  LlenarLista(rejilla, columna,
-              SentenciaCeldaFinal(seleccion, columna, *materias[clave], clave, true), form);
+  const auto& materia = *materias[clave];
+  LlenarLista(
+      rejilla, columna,
+      Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria={} AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+          seleccion.seccion, seleccion.curso, seleccion.evaluacion, materia.IDMatDetalle,
+          materia.IDProfesor, materia.IDProfesorAsociado, columna,
+          cConfiguracion::Instancia().NumeroVerdadero(), ClaseDeCelda(materia), seleccion.tipo),
+      form);
 }
 
 void TomarCeldaDeAlumno(const Retivo& rejilla, const Collection<cMateria>& materias) {

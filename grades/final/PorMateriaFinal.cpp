@@ -2,15 +2,14 @@
 
 #include <string>
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
-#include "grades/Alumnos.h"
-#include "grades/CeldaNotas.h"
-#include "grades/final/RejillaFinal.h"
-#include "platform/controls/CheckBox.h"
+#include "grades/final/CargaFinal.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Retivo.h"
 #include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
 namespace {
@@ -22,17 +21,8 @@ cMateria& MateriaDeAlumno(const Retivo& rejilla, const Collection<cAlumno>& colA
 
 }  // namespace
 
-void LeerCurso(std::int32_t curso, CheckBox& chkPromocion, std::uint8_t& bytPromocion,
-               bool& blnMedidas) {
-  const auto fila =
-      Centro().Execute("SELECT Promocion, RE_AC FROM Curso WHERE IDCurso=" + std::to_string(curso));
-  const auto promocion = fila.Fields("Promocion").Long();
-  if (promocion == 0) chkPromocion.Visible(false);
-  if (promocion == 1 || promocion == 2) {
-    chkPromocion.Caption(promocion == 1 ? "Promoción" : "Promoción al título");
-    bytPromocion = 1;
-  }
-  if (fila.Fields("RE_AC").Flag()) blnMedidas = true;
+Recordset FilaDeCurso(Connection& centro, std::int32_t curso) {
+  return centro.Execute(Sql("SELECT Promocion, RE_AC FROM Curso WHERE IDCurso={}", curso));
 }
 
 void LlenarComboMaterias(ComboBox& cboMaterias, const std::vector<MateriaDeCombo>& materias) {
@@ -44,20 +34,31 @@ void LlenarComboMaterias(ComboBox& cboMaterias, const std::vector<MateriaDeCombo
   cboMaterias.ListIndex(0);
 }
 
+void ConfigurarRejillaDeMateria(Retivo& rejilla) {
+  ConfigurarRejilla(rejilla, {{2000, "Materia"},
+                              {1000, "Nota"},
+                              {2000, "Concepto"},
+                              {2000, "Procedimiento"},
+                              {2000, "Actitud"},
+                              {2000, "Observacion"},
+                              {2000, "Medidas Adoptadas"},
+                              {}});
+}
+
 void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                         const MateriaDeCombo& entrada) {
   if (entrada.CodAsociada != 0) return;
   for (const auto& alumno : colAlumnos) {
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
-    rejilla.AddItem(TextoAlumno(alumno->IDAlumno));
+    rejilla.AddItem(AlumnoConOrden(alumno->IDAlumno));
     const auto fila = rejilla.Rows() - 1;
-    rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(alumno->IDAlumno));
+    rejilla.TextMatrix(fila, rejilla.Cols() - 1, Key(alumno->IDAlumno));
     EscribirNotasFinales(rejilla, fila, *alumno->colMateria[Key(entrada.IDMatDet)]);
   }
 }
 
-void LlenarCeldaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const Seleccion& seleccion,
+void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
+                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
                           const Form& form) {
   const auto columna = rejilla.Col();
   rejilla.ListaLimpiar(columna);
@@ -67,10 +68,14 @@ void LlenarCeldaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos
   }
   if (entrada.CodAsociada != 0) return;
   rejilla.ListaAnadir(columna, " ", 0);
-  LlenarLista(rejilla, columna,
-              SentenciaCeldaFinal(seleccion, columna, MateriaDeAlumno(rejilla, colAlumnos, entrada),
-                                  std::to_string(entrada.IDMatDet), false),
-              form);
+  const auto& materia = MateriaDeAlumno(rejilla, colAlumnos, entrada);
+  LlenarLista(
+      rejilla, columna,
+      Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria={}) AND (CodPersonal=0 OR CodPersonal={} OR CodPersonal={}) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden={} AND Materia={} AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria={} AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={}))) ORDER BY DescripcionCorta",
+          seleccion.seccion, seleccion.curso, seleccion.evaluacion, entrada.IDMatDet,
+          materia.IDProfesor, materia.IDProfesorAsociado, columna,
+          cConfiguracion::Instancia().NumeroVerdadero(), ClaseDeCelda(materia), seleccion.tipo),
+      form);
 }
 
 void TomarCeldaDeMateria(const Retivo& rejilla, const Collection<cAlumno>& colAlumnos,

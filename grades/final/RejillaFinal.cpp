@@ -1,27 +1,10 @@
 #include "grades/final/RejillaFinal.h"
 
-#include "frame/cConfiguracion.h"
-#include "grades/Anchos.h"
-#include "grades/CeldaNotas.h"
+#include "frame/ClaseMateria.h"
 #include "platform/controls/Retivo.h"
 #include "platform/data/Value.h"
 
 namespace quorvane {
-
-void PrepararRejillaFinal(Retivo& rejilla, const ConstruccionFinal& construccion, std::int32_t tipo,
-                          Anchos& anchos, Titulos& strColumna) {
-  rejilla.Clear();
-  PrepararColumnas(rejilla, construccion.columnas, construccion.anchoPrimera, strColumna);
-  rejilla.TextMatrix(0, kColumnaMedidas, "Medidas Adoptadas");
-  rejilla.ColWidth(kColumnaMedidas, construccion.medidas ? kAnchoNota : 0);
-  if (construccion.cargando) {
-    LeerEscala(rejilla, tipo, "abreviatura", anchos, strColumna);
-    anchos.Guardar(rejilla, construccion.cargando, true);
-  } else {
-    anchos.Restaurar(rejilla, construccion.cargando);
-  }
-  OcultarColumnas(rejilla);
-}
 
 void OcultarColumnas(Retivo& rejilla) {
   rejilla.ColWidth(4, 0);
@@ -68,18 +51,8 @@ void LlenarMedidas(Retivo& rejilla, const cMateria& materia) {
   rejilla.ListaAnadir(kColumnaMedidas, "Adaptación curricular", 2);
 }
 
-std::string SentenciaCeldaFinal(const Seleccion& seleccion, int columna, const cMateria& materia,
-                                const std::string& codMateria, bool sinExcepcionales) {
-  CondicionesNota condiciones;
-  condiciones.sinExcepcionales = sinExcepcionales;
-  condiciones.materiaYProfesor =
-      DeMateriaYProfesores(codMateria, materia.IDProfesor, materia.IDProfesorAsociado);
-  condiciones.tipoNota = "Orden=" + std::to_string(columna) +
-                         " AND Materia=" + cConfiguracion::Instancia().Verdadero() +
-                         " AND Observacion=0";
-  condiciones.clase =
-      materia.Fct ? "CodEspecificarTipoMateria=4 AND " : "CodEspecificarTipoMateria=1 AND ";
-  return SentenciaNotas(seleccion, condiciones);
+std::int32_t ClaseDeCelda(const cMateria& materia) {
+  return materia.Fct ? ClaseMateria::kFct : ClaseMateria::kOrdinaria;
 }
 
 std::int32_t DatoElegido(const Retivo& rejilla) {

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Escala.h"
-#include "grades/Seleccion.h"
+#include "grades/final/FormularioFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
 #include "register/cMateria.h"
 
 namespace quorvane {
 
-class Anchos;
 class Retivo;
 
 // The grid of the final grade forms: a final evaluation has a grade or a concept, an observation
@@ -20,26 +20,53 @@ inline constexpr int kColumnaConcepto = 2;
 inline constexpr int kColumnaObservacion = 5;
 inline constexpr int kColumnaMedidas = 6;
 
-/// How a form builds its grid.
-struct ConstruccionFinal {
-  int columnas = 0;
-  std::int32_t anchoPrimera = 0;
-  bool medidas = false;   ///< the column of the measures shows
-  bool cargando = false;  ///< the first load: the scale is read, and its widths are kept
-};
-
-/// `ConfigurarColumnas` up to the rows: empties the grid and gives it its columns under the
-/// headings `strColumna` and "Medidas Adoptadas", those of the grades as wide as the scale says or
-/// as they were kept. Errors as `LeerEscala`.
-void PrepararRejillaFinal(Retivo& rejilla, const ConstruccionFinal& construccion, std::int32_t tipo,
-                          Anchos& anchos, Titulos& strColumna);
-
 /// A school never sees procedures or attitudes here, and concepts only without a main grade. Runs
 /// behind whatever sets widths.
 void OcultarColumnas(Retivo& rejilla);
 
 /// `RestaurarAnchosAlumno`: the kept widths, without those columns.
 void RestaurarAnchosFinales(Retivo& rejilla, const Anchos& anchos, bool cargando);
+
+/// `ConfigurarColumnas` up to the rows: empties the grid and gives it that many columns under the
+/// form's headings and "Medidas Adoptadas", those of the grades as wide as the scale says, which is
+/// read on the first load, or as they were kept. Errors as `LeerEscala`.
+template <FormularioFinal F>
+void PrepararRejilla(F& form, int columnas, std::int32_t anchoPrimera, std::int32_t tipo) {
+  auto& rejilla = form.rtvNotasAlumno;
+  rejilla.Clear();
+  PrepararColumnas(rejilla, columnas, anchoPrimera, form.strColumna);
+  rejilla.TextMatrix(0, kColumnaMedidas, "Medidas Adoptadas");
+  rejilla.ColWidth(kColumnaMedidas, form.blnMedidas ? kAnchoNota : 0);
+  if (form.blnCargando) {
+    LeerEscala(rejilla, TiposDeNotaFinal(tipo), form.intAnchosAlumno, form.strColumna);
+    form.intAnchosAlumno.Guardar(rejilla, form.blnCargando, true);
+  } else {
+    form.intAnchosAlumno.Restaurar(rejilla, form.blnCargando);
+  }
+  OcultarColumnas(rejilla);
+}
+
+/// Makes the first row under the heading current, once there is one.
+void SeleccionarPrimeraFila(Retivo& rejilla);
+
+/// The click of the combo box that the form walks: builds the grid afresh for its entry. While the
+/// rows are written the grid is so high that it neither scrolls nor clips.
+template <FormularioFinal F>
+void ReconstruirRejilla(F& form) {
+  constexpr std::int32_t kAltoConstruccion = 17670;
+  auto& rejilla = form.rtvNotasAlumno;
+  form.blnEdicionActiva = false;
+  rejilla.Redraw(false);
+  const auto alto = rejilla.Height();
+  rejilla.Height(kAltoConstruccion);
+  rejilla.Visible(false);
+  form.ConfigurarColumnas();
+  rejilla.Height(alto);
+  SeleccionarPrimeraFila(rejilla);
+  rejilla.Visible(true);
+  rejilla.Redraw(true);
+  form.blnEdicionActiva = true;
+}
 
 /// What a row shows of a measure code, empty for a code beyond 2. The list that a cell offers
 /// spells its last text with the accent, this one without.
@@ -48,16 +75,11 @@ std::string TextoMedida(std::uint8_t medida);
 /// Writes the texts of grade, concept, observation and measure in a row.
 void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia);
 
-/// Makes the first row under the heading current, once there is one.
-void SeleccionarPrimeraFila(Retivo& rejilla);
-
 /// Adds the measures to the list of their column; none for a subject without a grade.
 void LlenarMedidas(Retivo& rejilla, const cMateria& materia);
 
-/// What the list of grades of a cell of that column is read with. `codMateria` is whatever the form
-/// compares `CodMateria` with.
-std::string SentenciaCeldaFinal(const Seleccion& seleccion, int columna, const cMateria& materia,
-                                const std::string& codMateria, bool sinExcepcionales);
+/// The kind of subject whose grades the list of a cell offers.
+std::int32_t ClaseDeCelda(const cMateria& materia);
 
 /// The data of the entry chosen in the cell just edited; 0 for none.
 std::int32_t DatoElegido(const Retivo& rejilla);

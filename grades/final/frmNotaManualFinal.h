@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
-#include "grades/final/CargaFinal.h"
+#include "grades/dialog/FormularioEncogido.h"
+#include "grades/final/SegundaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/locks/Publicacion.h"
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
@@ -22,6 +22,8 @@
 
 namespace quorvane {
 
+class frmNotaManual1;
+
 /// Step two of grade entry by student, for final evaluations: walks the students of the section
 /// that `frmNotaManual1` has fixed and saves the grades of all their pending subjects at once. In
 /// the second final evaluation what the first passed isn't offered again.
@@ -30,14 +32,23 @@ namespace quorvane {
 /// `Observacion`: the handlers of the two controls are error 438 when they run.
 class frmNotaManualFinal : public Form {
  public:
-  frmNotaManualFinal();
+  std::string mstrCaption;  ///< written by step one; not shown
 
+  // The tutor's observation.
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)")};
   std::array<Label, 2> lblNotaManual{Label(*this, "lblNotaManual(0)"),
                                      Label(*this, "lblNotaManual(1)", &fraObservacion[0])};
+
+  // The walk.
+  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `IDAlumnoPte_MatDet`
   ComboBox cboAlumnos{*this, "cboAlumnos"};
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  /// Said instead of a form without anything to walk.
+  static constexpr const char* kSinNotas =
+      "No se han encontrado alumnos o materias para introducir notas";
+
+  // The grid and the rest of the dialog.
   Frame fraNota{*this, "fraNota"};
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
@@ -46,8 +57,12 @@ class frmNotaManualFinal : public Form {
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+  FormularioEncogido carga;  ///< with `blnOcultando`
+  static constexpr const char* kCargando = "Cargando Datos";
+  static constexpr const char* kGuardando = "Guardando Datos";
 
-  std::string mstrCaption;         ///< written by step one; not shown
+  using PasoUno = frmNotaManual1;  ///< fixes what is graded; comes back behind this form
+
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
@@ -57,10 +72,16 @@ class frmNotaManualFinal : public Form {
   bool blnEdicionActiva = false;   ///< the grid may answer edit events
   bool blnMedidas = false;         ///< shows the measures; this form never does
   std::uint8_t bytPromocion = 0;   ///< 1 shows `chkPromocion`; this form never does
-  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `IDAlumnoPte_MatDet`
   Titulos strColumna;
   Anchos intAnchosAlumno;
-  Carga carga;  ///< with `blnOcultando`
+
+  frmNotaManualFinal();
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
 
   void cboAlumnos_Click();
   void cmdAnterior_Click();
@@ -73,25 +94,16 @@ class frmNotaManualFinal : public Form {
   void cboObservacion_Click();
   void chkPromocion_Click();
 
-  void Form_Load() override;
-  void Form_Activate() override;
-  void Form_Resize() override;
-  void Form_KeyDown(int& keyCode) override;
-  void Form_Unload() override;
-
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
   void CargarNotas();
+  /// Gives the student the subject of that row, which is of that kind.
+  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
   void ConfigurarRejillaInicial();
   void ConfigurarColumnas();
   void RestaurarAnchosAlumno();
-
- private:
   /// The student of `cboAlumnos`. Error 381 with none selected, 5 when he isn't there.
   [[nodiscard]] cAlumno& AlumnoActual() const;
-  void ActivarControles(bool activar);
-  void LlenarAlumnos();
-  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };
 
 }  // namespace quorvane

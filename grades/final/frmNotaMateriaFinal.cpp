@@ -1,129 +1,58 @@
 #include "grades/final/frmNotaMateriaFinal.h"
 
-#include "frame/cConfiguracion.h"
-#include "grades/Alumnos.h"
-#include "grades/MateriasBloqueo.h"
-#include "grades/Navegacion.h"
-#include "grades/Usuario.h"
+#include "frame/Conexiones.h"
+#include "grades/dialog/Navegacion.h"
+#include "grades/final/AperturaFinal.h"
+#include "grades/final/CargaFinal.h"
+#include "grades/final/CierreFinal.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorMateriaFinal.h"
+#include "grades/loading/Alumnos.h"
+#include "grades/locks/MateriasBloqueo.h"
 #include "platform/controls/FormInstance.h"
-#include "platform/host/Application.h"
-#include "platform/host/CentroApi.h"
-#include "platform/host/FrontEnd.h"
-#include "platform/host/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
+#include "platform/data/Connection.h"
+#include "platform/data/Sql.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
-namespace {
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
-
-FrontEnd& Pantalla() { return Application::Instance().Screen(); }
-
-}  // namespace
 
 frmNotaMateriaFinal::frmNotaMateriaFinal() : Form("frmNotaMateriaFinal") {
-  DibujarFinal(*this, ControlesDe(*this, cboMaterias), "Materias:", 900);
+  DibujarFinal(*this, "Materias:", 900);
+  ConectarFinal(*this);
   cboMaterias.Click = [this] { cboMaterias_Click(); };
-  cmdAnterior.Click = [this] { cmdAnterior_Click(); };
-  cmdSiguiente.Click = [this] { cmdSiguiente_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
-  rtvNotasAlumno.InicioEdicion = [this] { rtvNotasAlumno_InicioEdicion(); };
-  rtvNotasAlumno.FinEdicion = [this] { rtvNotasAlumno_FinEdicion(); };
-  rtvNotasAlumno.CambioAncho = [this] { rtvNotasAlumno_CambioAncho(); };
   rtvNotasAlumno.CambioAlto = [this] { rtvNotasAlumno_CambioAlto(); };
-  cboObservacion.Click = [this] { cboObservacion_Click(); };
-  chkPromocion.Click = [this] { chkPromocion_Click(); };
 }
 
 void frmNotaMateriaFinal::Form_Load() {
-  Pantalla().MousePointer(Pointer::Hourglass);
-  colAlumnos.Clear();
-  Icon(cConfiguracion::Instancia().RutaIcono);
-  blnConPublicacion = false;
-  const auto paso = PasoUno();
-  if (Publicacion::YaAbierta(paso.seccion, paso.evaluacion)) {
-    blnConPublicacion = true;
-    return;
-  }
-  blnTutor = EsTutor(paso.seccion);
-  if (!blnTutor) {
-    fraObservacion[0].Visible(false);
-    chkPromocion.Visible(false);
-  }
+  EmpezarApertura(*this);
+  const auto paso = PasoUnoDe(*this);
+  blnConPublicacion = Publicacion::YaAbierta(paso.seccion, paso.evaluacion);
+  if (blnConPublicacion) return;
+  DecidirTutor(*this, paso.seccion);
   ConfigurarRejillaInicial();
-  AnadirAlumnosFinales(colAlumnos, paso, blnTutor);
+  AnadirAlumnosFinales(Centro(), colAlumnos, paso, blnTutor);
   if (const auto nombre = NombreObservacion(paso.tipo)) ObservacionAlumno = *nombre;
 }
 
 void frmNotaMateriaFinal::Form_Activate() {
-  const auto& configuracion = cConfiguracion::Instancia();
-  blnCargando = true;
-  Pantalla().MousePointer(Pointer::Hourglass);
-  ActivarControles(false);
-  MostrarCarga(false);
-  MostrarAnimacion(fraAniCarga, aniCarga, "Cargando... Espere por favor");
-  Pantalla().DoEvents();
-  LeerCurso(PasoUno().curso, chkPromocion, bytPromocion, blnMedidas);
+  EmpezarCarga(*this, kCargando);
+  LeerCurso(Centro(), *this, PasoUnoDe(*this).curso);
   CargarNotas();
-  Pantalla().MousePointer(Pointer::Default);
-  ActivarControles(true);
-  Enabled(true);
-  const auto paso = PasoUno();
-  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 ||
-      (configuracion.intIDPerfil >= 1 && paso.gIDPersonal == 0)) {
-    if (!blnConPublicacion)
-      BeepAndMessage("No existen alumno o materias para poner notas", MessageIcon::Information);
-    cmdCancelar_Click();
-    return;
-  }
-  publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
-  publicacion.InsertarBloqueos(strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
-  // Neither the component nor the answer is used.
-  static_cast<void>(Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId));
-  static_cast<void>(PersonalDelUsuario("CodUsuario"));
-  aniCarga.Stop();
-  MostrarCarga(true);
-  chkPromocion.Visible(bytPromocion == 1);
-  if (configuracion.intIDPerfil != 0 && !blnTutor) {
-    cboObservacion.Enabled(false);
-    chkPromocion.Enabled(false);
-  }
-  fraAniCarga.Visible(false);
-  if (!configuracion.Activa) {
-    cmdAceptar.Enabled(false);
-    cboMaterias.Enabled(true);
-  }
-  Pantalla().MousePointer(Pointer::Default);
-  blnCargando = false;
-  // Whatever the course and the tutor said, the two are never left on the screen.
-  lblNotaManual[1].Caption(ObservacionAlumno + " al alumno ");
-  fraObservacion[0].Visible(false);
-  chkPromocion.Visible(false);
-  Pantalla().MousePointer(Pointer::Default);
-}
-
-void frmNotaMateriaFinal::ActivarControles(bool activar) {
-  cboMaterias.Enabled(activar);
-  cmdAceptar.Enabled(activar);
-  cmdCancelar.Enabled(activar);
+  TerminarCarga(*this, Pointer::Default);
+  const auto paso = PasoUnoDe(*this);
+  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || !PuedeCalificar(paso))
+    return CerrarSinNotas(*this, kSinNotas);
+  PublicarFinal(*this, paso);
+  MostrarFinal(*this);
+  EsconderObservacion(*this);
 }
 
 void frmNotaMateriaFinal::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
-  for (const auto& alumno : colAlumnos.Snapshot()) {
-    auto filas = PendientesVisibles(alumno->IDAlumno, PasoUno(), blnTutor);
-    if (!filas) continue;
-    const auto mantener = RecorrerPendientes(
-        *filas, elegida,
-        [&](const Recordset& fila, std::int32_t clase) { CargarMateria(*alumno, fila, clase); });
-    if (alumno->colMateria.Count() == 0 || (elegida.mblnFinalSeptiembre && !mantener))
-      colAlumnos.Remove(Key(alumno->IDAlumno));
-  }
+  for (const auto& alumno : colAlumnos.Snapshot())
+    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUnoDe(*this), blnTutor))
+      CargarPendientes(*this, *alumno, *filas);
   ListaMaterias = ReunirMaterias(colAlumnos);
   LlenarComboMaterias(cboMaterias, ListaMaterias);
   CerrarLista(strMateriasBloqueo);
@@ -131,38 +60,32 @@ void frmNotaMateriaFinal::CargarNotas() {
 
 void frmNotaMateriaFinal::CargarMateria(cAlumno& alumno, const Recordset& fila,
                                         std::int32_t clase) {
-  const auto codMatDet = fila.Fields("codmatdet").Long();
-  AnotarMateria(strMateriasBloqueo, codMatDet);
-  const auto materia = NuevaMateriaFinal(fila, codMatDet);
-  const auto evaluacion = PasoUno().evaluacion;
-  if (clase == kClaseOrdinaria) {
-    LeerNotasFinales(*materia, evaluacion);
-    materia->Fct = false;
+  const auto codMatDet = AnotarFila(*this, fila);
+  const auto materia = NuevaMateriaFinal(fila, clase, codMatDet);
+  const auto evaluacion = PasoUnoDe(*this).evaluacion;
+  if (!materia->Fct) {
+    LeerNotasFinales(Centro(), *materia, evaluacion);
     TomarDetalles(*materia, LeerDetalles(codMatDet));
   } else {
-    materia->Fct = true;
     // A pending row has neither of the two columns: no subject of these kinds can be loaded here.
     TomarDetalles(*materia, LeerDetalles(fila.Fields("CodMateriaDetalles").Long()));
-    LeerNotasFct(*materia, "EvaluacionActa", "CodAlumno_MateriaDetalles", evaluacion,
-                 fila.Fields("IDAlumno_MateriaDetalles").Long());
+    TomarNotasFct(
+        Centro(), *materia,
+        Centro().Execute(Sql(
+            "SELECT Evaluado, CodNota, CodNotaObservacion FROM EvaluacionActa WHERE CodNumEvaluacion={} AND CodAlumno_MateriaDetalles={}",
+            evaluacion, fila.Fields("IDAlumno_MateriaDetalles").Long())));
   }
   alumno.colMateria.Add(materia, Key(materia->IDMatDetalle));
 }
 
 void frmNotaMateriaFinal::cmdAceptar_Click() {
-  MostrarCarga(false);
-  Enabled(false);
-  MostrarAnimacion(fraAniCarga, aniCarga, "Grabando... Espere por favor");
-  Pantalla().DoEvents();
-  Pantalla().MousePointer(Pointer::Hourglass);
+  EmpezarGuardado(*this, kGuardando);
   for (const auto& alumno : colAlumnos) {
     // Looked at, and dropped.
     if (cboObservacion.Visible()) static_cast<void>(cboObservacion.ListIndex());
-    for (const auto& materia : alumno->colMateria)
-      GuardarMateriaFinal(*materia, PasoUno().evaluacion);
+    GuardarAlumno(*this, *alumno);
   }
-  Pantalla().MousePointer(Pointer::Default);
-  cmdCancelar_Click();
+  TerminarGuardado(*this);
 }
 
 void frmNotaMateriaFinal::cmdCancelar_Click() {
@@ -175,22 +98,13 @@ void frmNotaMateriaFinal::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias)
 
 void frmNotaMateriaFinal::cmdSiguiente_Click() { SeleccionarSiguiente(cboMaterias); }
 
-void frmNotaMateriaFinal::Form_Resize() {
-  if (!carga.blnOcultando) AjustarFinal(*this, ControlesDe(*this, cboMaterias));
-}
+void frmNotaMateriaFinal::Form_Resize() { AjustarFinal(*this); }
 
 void frmNotaMateriaFinal::Form_KeyDown(int& keyCode) {
   PulsarConFlechas(keyCode, cmdAnterior, cmdSiguiente);
 }
 
-void frmNotaMateriaFinal::Form_Unload() {
-  const auto paso = PasoUno();
-  publicacion.Devolver(paso.seccion, paso.evaluacion);
-  blnEdicionActiva = false;
-  Hide();
-  Pantalla().DoEvents();
-  FormInstance<frmNotaMateriaFinal>::Drop();
-}
+void frmNotaMateriaFinal::Form_Unload() { DescargarFinal(*this); }
 
 void frmNotaMateriaFinal::MostrarCarga(bool mostrar) {
   if (mostrar)

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
-#include "grades/final/CargaFinal.h"
+#include "grades/dialog/FormularioEncogido.h"
+#include "grades/final/SegundaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
@@ -24,6 +24,8 @@
 
 namespace quorvane {
 
+class frmNotaMateria1;
+
 /// Step two of grade entry by subject, for final evaluations: walks the subjects of the section
 /// that `frmNotaMateria1` has fixed, shows the students who have each, and saves the grades of all
 /// at once. In the second final evaluation what the first passed isn't offered again.
@@ -33,14 +35,24 @@ namespace quorvane {
 /// 438 when they run.
 class frmNotaMateriaFinal : public Form {
  public:
-  frmNotaMateriaFinal();
+  std::string mstrCaption;  ///< written by step one; not shown
 
+  // The tutor's observation.
+  std::string ObservacionAlumno;  ///< the name of the tutor's kind of grade
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)")};
   std::array<Label, 2> lblNotaManual{Label(*this, "lblNotaManual(0)"),
                                      Label(*this, "lblNotaManual(1)", &fraObservacion[0])};
+
+  // The walk.
+  Collection<cAlumno> colAlumnos;             ///< keyed by `IDAlumno`; subjects by `CodMatDet`
+  std::vector<MateriaDeCombo> ListaMaterias;  ///< counted from 1 by the data of `cboMaterias`
   ComboBox cboMaterias{*this, "cboMaterias"};
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  /// Said instead of a form without anything to walk.
+  static constexpr const char* kSinNotas = "No existen alumno o materias para poner notas";
+
+  // The grid and the rest of the dialog.
   Frame fraNota{*this, "fraNota"};
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
@@ -49,8 +61,12 @@ class frmNotaMateriaFinal : public Form {
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+  FormularioEncogido carga;  ///< with `blnOcultando`
+  static constexpr const char* kCargando = "Cargando... Espere por favor";
+  static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
-  std::string mstrCaption;         ///< written by step one; not shown
+  using PasoUno = frmNotaMateria1;  ///< fixes what is graded; comes back behind this form
+
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
@@ -60,12 +76,16 @@ class frmNotaMateriaFinal : public Form {
   bool blnEdicionActiva = false;   ///< the grid may answer edit events
   bool blnMedidas = false;         ///< shows the measures: the course has them
   std::uint8_t bytPromocion = 0;   ///< 1 shows `chkPromocion`, until the end of the load
-  std::string ObservacionAlumno;   ///< the name of the tutor's kind of grade
-  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
-  std::vector<MateriaDeCombo> ListaMaterias;  ///< counted from 1 by the data of `cboMaterias`
   Titulos strColumna;
   Anchos intAnchosAlumno;
-  Carga carga;  ///< with `blnOcultando`
+
+  frmNotaMateriaFinal();
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Resize() override;
+  void Form_KeyDown(int& keyCode) override;
+  void Form_Unload() override;
 
   void cboMaterias_Click();
   void cmdAnterior_Click();
@@ -79,24 +99,16 @@ class frmNotaMateriaFinal : public Form {
   void cboObservacion_Click();
   void chkPromocion_Click();
 
-  void Form_Load() override;
-  void Form_Activate() override;
-  void Form_Resize() override;
-  void Form_KeyDown(int& keyCode) override;
-  void Form_Unload() override;
-
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
   void CargarNotas();
+  /// Gives the student the subject of that row, which is of that kind.
+  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
   void ConfigurarRejillaInicial();
   void ConfigurarColumnas();
   void RestaurarAnchosAlumno();
-
- private:
   /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
   [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
-  void ActivarControles(bool activar);
-  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };
 
 }  // namespace quorvane

@@ -1,67 +1,27 @@
 // The grid of `frmNotaMateriaFinal`: what it shows of the subject, and the edit of its cells.
+#include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
-#include "platform/RuntimeError.h"
-#include "platform/controls/FormInstance.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
-namespace {
-
-/// While the rows are written the grid is so high that it neither scrolls nor clips.
-constexpr std::int32_t kAltoConstruccion = 17670;
-constexpr int kColumnas = 8;
-constexpr std::int32_t kAnchoAlumno = 3000;
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
-
-}  // namespace
 
 const MateriaDeCombo& frmNotaMateriaFinal::EntradaActual() const {
   return ListaMaterias[static_cast<std::size_t>(cboMaterias.SelectedData()) - 1];
 }
 
-void frmNotaMateriaFinal::ConfigurarRejillaInicial() {
-  ConfigurarRejilla(rtvNotasAlumno, {{2000, "Materia"},
-                                     {1000, "Nota"},
-                                     {2000, "Concepto"},
-                                     {2000, "Procedimiento"},
-                                     {2000, "Actitud"},
-                                     {2000, "Observacion"},
-                                     {2000, "Medidas Adoptadas"},
-                                     {}});
-}
+void frmNotaMateriaFinal::ConfigurarRejillaInicial() { ConfigurarRejillaDeMateria(rtvNotasAlumno); }
 
-void frmNotaMateriaFinal::ConfigurarColumnas() {
-  const auto tipo = PasoUno().tipo;
-  strColumna[0] = "Orden en Sección / Alumno";
-  blnEdicionActiva = false;
-  PrepararRejillaFinal(rtvNotasAlumno, {kColumnas, kAnchoAlumno, blnMedidas, blnCargando}, tipo,
-                       intAnchosAlumno, strColumna);
-  LlenarFilasFinales(rtvNotasAlumno, colAlumnos, EntradaActual());
-  rtvNotasAlumno.ColWidth(kColumnas - 1, 0);
-  blnEdicionActiva = true;
-  if (!blnCargando) RestaurarAnchosAlumno();
-}
+void frmNotaMateriaFinal::ConfigurarColumnas() { ConfigurarColumnasDeMateria(*this); }
 
 void frmNotaMateriaFinal::cboMaterias_Click() {
   if (cboMaterias.ListIndex() == -1) return;
   auto& pantalla = Application::Instance().Screen();
   pantalla.MousePointer(Pointer::Hourglass);
-  blnEdicionActiva = false;
-  rtvNotasAlumno.Redraw(false);
-  const auto alto = rtvNotasAlumno.Height();
-  rtvNotasAlumno.Height(kAltoConstruccion);
-  rtvNotasAlumno.Visible(false);
-  ConfigurarColumnas();
-  rtvNotasAlumno.Height(alto);
-  SeleccionarPrimeraFila(rtvNotasAlumno);
-  rtvNotasAlumno.Visible(true);
-  rtvNotasAlumno.Redraw(true);
-  blnEdicionActiva = true;
+  ReconstruirRejilla(*this);
   pantalla.MousePointer(Pointer::Default);
 }
 
@@ -71,10 +31,7 @@ void frmNotaMateriaFinal::RestaurarAnchosAlumno() {
 
 void frmNotaMateriaFinal::rtvNotasAlumno_InicioEdicion() {
   RestaurarAnchosAlumno();
-  if (!blnEdicionActiva) return;
-  const auto columna = rtvNotasAlumno.Col();
-  if (columna == 0 || rtvNotasAlumno.Row() == 0 || columna > rtvNotasAlumno.Cols() - 2) return;
-  LlenarCeldaDeMateria(rtvNotasAlumno, colAlumnos, EntradaActual(), PasoUno(), *this);
+  if (blnEdicionActiva) LlenarCeldaDeMateria(*this);
 }
 
 void frmNotaMateriaFinal::rtvNotasAlumno_FinEdicion() {
@@ -87,14 +44,11 @@ void frmNotaMateriaFinal::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno()
 void frmNotaMateriaFinal::rtvNotasAlumno_CambioAlto() {}
 
 void frmNotaMateriaFinal::cboObservacion_Click() {
-  if (cboObservacion.ListIndex() == -1) return;
-  static_cast<void>(AlumnoDeFila(rtvNotasAlumno, colAlumnos));
-  throw RuntimeError(ErrorNumber::MissingMember);  // a student has no `Observacion`
+  if (cboObservacion.ListIndex() != -1) SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));
 }
 
 void frmNotaMateriaFinal::chkPromocion_Click() {
-  static_cast<void>(AlumnoDeFila(rtvNotasAlumno, colAlumnos));
-  throw RuntimeError(ErrorNumber::MissingMember);  // nor `Promocion`
+  SinMiembro(AlumnoDeFila(rtvNotasAlumno, colAlumnos));
 }
 
 }  // namespace quorvane

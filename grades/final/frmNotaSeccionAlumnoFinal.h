@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/Escala.h"
-#include "grades/Publicacion.h"
-#include "grades/final/CargaFinal.h"
+#include "grades/dialog/FormularioEncogido.h"
+#include "grades/final/SegundaFinal.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/Escala.h"
+#include "grades/locks/Publicacion.h"
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
@@ -22,6 +22,8 @@
 
 namespace quorvane {
 
+class frmNotaSeccionAlumno1;
+
 /// Step two of grade entry by section and subject, for final evaluations: walks the students who
 /// have the subject that `frmNotaSeccionAlumno1` has fixed and saves all their grades at once. A
 /// teacher who isn't the tutor sees all his subjects of each student. In the second final
@@ -32,14 +34,22 @@ namespace quorvane {
 /// run.
 class frmNotaSeccionAlumnoFinal : public Form {
  public:
-  frmNotaSeccionAlumnoFinal();
+  std::string mstrCaption;  ///< written by step one; not shown
 
+  // The tutor's observation.
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)")};
   std::array<Label, 2> lblNotaManual{Label(*this, "lblNotaManual(0)"),
                                      Label(*this, "lblNotaManual(1)", &fraObservacion[0])};
+
+  // The walk.
+  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
   ComboBox cboAlumnos{*this, "cboAlumnos"};
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
+  /// Said instead of a form without anything to walk.
+  static constexpr const char* kSinNotas = "No existen materias o alumnos para poner notas";
+
+  // The grid and the rest of the dialog.
   Frame fraNota{*this, "fraNota"};
   Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
@@ -48,8 +58,12 @@ class frmNotaSeccionAlumnoFinal : public Form {
   CommandButton cmdCancelar{*this, "cmdCancelar"};
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
+  FormularioEncogido carga;  ///< with `blnOcultando`
+  static constexpr const char* kCargando = "Cargando... Espere por favor";
+  static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
-  std::string mstrCaption;         ///< written by step one; not shown
+  using PasoUno = frmNotaSeccionAlumno1;  ///< fixes what is graded; comes back behind this form
+
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
@@ -59,21 +73,10 @@ class frmNotaSeccionAlumnoFinal : public Form {
   bool blnEdicionActiva = false;   ///< the grid may answer edit events
   bool blnMedidas = false;         ///< shows the measures; this form never does
   std::uint8_t bytPromocion = 0;   ///< 1 shows `chkPromocion`; this form never does
-  Collection<cAlumno> colAlumnos;  ///< keyed by `IDAlumno`; subjects by `CodMatDet`
   Titulos strColumna;
   Anchos intAnchosAlumno;
-  Carga carga;  ///< with `blnOcultando`
 
-  void cboAlumnos_Click();
-  void cmdAnterior_Click();
-  void cmdSiguiente_Click();
-  void cmdAceptar_Click();
-  void cmdCancelar_Click();
-  void rtvNotasAlumno_InicioEdicion();
-  void rtvNotasAlumno_FinEdicion();
-  void rtvNotasAlumno_CambioAncho();
-  void cboObservacion_Click();
-  void chkPromocion_Click();
+  frmNotaSeccionAlumnoFinal();
 
   void Form_Load() override;
   void Form_Activate() override;
@@ -81,20 +84,31 @@ class frmNotaSeccionAlumnoFinal : public Form {
   void Form_KeyDown(int& keyCode) override;
   void Form_Unload() override;
 
+  void cboAlumnos_Click();
+  void cmdAnterior_Click();
+  void cmdSiguiente_Click();
+  void cmdAceptar_Click();
+  void cmdCancelar_Click();
+  void rtvNotasAlumno_InicioEdicion();
+  /// Fills the list of the observation, out of sight.
+  void RehacerObservacion();
+  void rtvNotasAlumno_FinEdicion();
+  void rtvNotasAlumno_CambioAncho();
+  void cboObservacion_Click();
+  void chkPromocion_Click();
+
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
   void CargarNotas();
+  /// The subject that step one has fixed.
+  [[nodiscard]] static std::int32_t MateriaFijada();
+  /// Gives the student the subject of that row, which is of that kind.
+  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
   void ConfigurarRejillaInicial();
   void ConfigurarColumnas();
   void RestaurarAnchosAlumno();
-
- private:
   /// The student of `cboAlumnos`. Error 381 with none selected, 5 when he isn't there.
   [[nodiscard]] cAlumno& AlumnoActual() const;
-  void RehacerObservacion();
-  void ActivarControles(bool activar);
-  void LlenarAlumnos();
-  void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };
 
 }  // namespace quorvane

@@ -1,68 +1,33 @@
 // The grid of `frmNotaSeccionAlumnoFinal`: what it shows of the student, and the edit of its cells.
-#include "grades/NotasTutor.h"
+#include "frame/Conexiones.h"
 #include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
-#include "platform/RuntimeError.h"
-#include "platform/controls/FormInstance.h"
+#include "grades/grid/NotasTutor.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 
 namespace quorvane {
-namespace {
-
-/// While the rows are written the grid is so high that it neither scrolls nor clips.
-constexpr std::int32_t kAltoConstruccion = 17670;
-constexpr int kColumnas = 9;
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionAlumno1>::Get()); }
-
-}  // namespace
 
 cAlumno& frmNotaSeccionAlumnoFinal::AlumnoActual() const {
   return *colAlumnos[Key(cboAlumnos.SelectedData())];
 }
 
 void frmNotaSeccionAlumnoFinal::ConfigurarRejillaInicial() {
-  ConfigurarRejilla(rtvNotasAlumno, {{2000, "Materia"},
-                                     {1000, "Nota"},
-                                     {2000, "Concepto"},
-                                     {2000, "Procedimiento"},
-                                     {2000, "Actitud"},
-                                     {2000, "Observacion"},
-                                     {2000, "Medidas Adoptadas"},
-                                     {},
-                                     {}});
+  ConfigurarRejillaDeAlumno(rtvNotasAlumno);
 }
 
 void frmNotaSeccionAlumnoFinal::ConfigurarColumnas() {
-  const auto tipo = PasoUno().tipo;
+  const auto tipo = PasoUnoDe(*this).tipo;
   // Only on the first load the kinds of grade give their names to the columns.
   strColumna = {TituloMaterias(tipo), "Nota",    "Concepto",
                 "Procedimiento",      "Actitud", "Observacion"};
-  blnEdicionActiva = false;
-  PrepararRejillaFinal(rtvNotasAlumno, {kColumnas, kAnchoNota, blnMedidas, blnCargando}, tipo,
-                       intAnchosAlumno, strColumna);
-  LlenarFilasDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria);
-  rtvNotasAlumno.ColWidth(kColumnas - 2, 0);
-  rtvNotasAlumno.ColWidth(kColumnas - 1, 0);
-  blnEdicionActiva = true;
-  if (!blnCargando) RestaurarAnchosAlumno();
+  ConfigurarColumnasDeAlumno(*this, tipo);
 }
 
 void frmNotaSeccionAlumnoFinal::cboAlumnos_Click() {
   if (cboAlumnos.ListIndex() == -1) return;
-  blnEdicionActiva = false;
-  rtvNotasAlumno.Redraw(false);
-  const auto alto = rtvNotasAlumno.Height();
-  rtvNotasAlumno.Height(kAltoConstruccion);
-  rtvNotasAlumno.Visible(false);
-  ConfigurarColumnas();
-  rtvNotasAlumno.Height(alto);
-  SeleccionarPrimeraFila(rtvNotasAlumno);
-  rtvNotasAlumno.Visible(true);
-  rtvNotasAlumno.Redraw(true);
-  blnEdicionActiva = true;
+  ReconstruirRejilla(*this);
   RehacerObservacion();
   // All of it once more, behind the observation.
   rtvNotasAlumno.Redraw(true);
@@ -71,28 +36,19 @@ void frmNotaSeccionAlumnoFinal::cboAlumnos_Click() {
 }
 
 void frmNotaSeccionAlumnoFinal::RehacerObservacion() {
-  if (bytPromocion == 1) {
-    static_cast<void>(AlumnoActual());
-    throw RuntimeError(ErrorNumber::MissingMember);  // a student has no `Promocion`
-  }
+  if (bytPromocion == 1) SinMiembro(AlumnoActual());
   cboObservacion.Clear();
   fraObservacion[0].Visible(false);
-  const auto paso = PasoUno();
-  RecorrerObservaciones(
-      paso.tipo, [&] { LlenarObservaciones(cboObservacion, SentenciaObservaciones(paso, false)); });
+  const auto paso = PasoUnoDe(*this);
+  for (Observaciones tipos(Centro(), paso.tipo); tipos.Siguiente();)
+    LlenarObservaciones(cboObservacion, SentenciaObservaciones(paso, false));
 }
 
 void frmNotaSeccionAlumnoFinal::RestaurarAnchosAlumno() {
   RestaurarAnchosFinales(rtvNotasAlumno, intAnchosAlumno, blnCargando);
 }
 
-void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_InicioEdicion() {
-  RestaurarAnchosAlumno();
-  if (!blnEdicionActiva) return;
-  const auto columna = rtvNotasAlumno.Col();
-  if (columna == 0 || rtvNotasAlumno.Row() == 0 || columna > rtvNotasAlumno.Cols() - 3) return;
-  LlenarCeldaDeAlumno(rtvNotasAlumno, AlumnoActual().colMateria, PasoUno(), *this);
-}
+void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_InicioEdicion() { EmpezarEdicionDeAlumno(*this); }
 
 void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_FinEdicion() {
   if (rtvNotasAlumno.Row() < 1 || !blnEdicionActiva) return;
@@ -102,14 +58,9 @@ void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_FinEdicion() {
 void frmNotaSeccionAlumnoFinal::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }
 
 void frmNotaSeccionAlumnoFinal::cboObservacion_Click() {
-  if (cboObservacion.ListIndex() == -1) return;
-  static_cast<void>(AlumnoActual());
-  throw RuntimeError(ErrorNumber::MissingMember);  // nor `Observacion`
+  if (cboObservacion.ListIndex() != -1) SinMiembro(AlumnoActual());
 }
 
-void frmNotaSeccionAlumnoFinal::chkPromocion_Click() {
-  static_cast<void>(AlumnoActual());
-  throw RuntimeError(ErrorNumber::MissingMember);  // nor `Promocion`
-}
+void frmNotaSeccionAlumnoFinal::chkPromocion_Click() { SinMiembro(AlumnoActual()); }
 
 }  // namespace quorvane

@@ -1,27 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/DialogoNotas.h"
-#include "grades/Escala.h"
-#include "grades/NotasTutor.h"
-#include "grades/Publicacion.h"
-#include "platform/controls/Animation.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/Form.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
-#include "platform/controls/Retivo.h"
-#include "platform/controls/TabStrip.h"
-#include "platform/controls/TextBox.h"
+#include "grades/dialog/FormularioNotas.h"
 #include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
 
 namespace quorvane {
 
@@ -36,7 +19,7 @@ class frmNotaSeccionAlumno : public Form {
  public:
   frmNotaSeccionAlumno();
 
-  ComboBox cboAlumnos{*this, "cboAlumnos"};
+  ComboBox cboAlumnos{*this, "cboAlumnos"};  ///< who owe the chosen subject
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   TabStrip tabNotaManual{*this, "tabNotaManual"};
@@ -46,18 +29,15 @@ class frmNotaSeccionAlumno : public Form {
   std::array<Frame, 1> fraNotaTutor{Frame(*this, "fraNotaTutor(0)", &fraNotaManual[1])};
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)", &fraNotaTutor[0])};
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
-  std::array<Label, 4> lblNotaManual{Label(*this, "lblNotaManual(0)"),
-                                     Label(*this, "lblNotaManual(1)", &fraObservacion[0]),
-                                     Label(*this, "lblNotaManual(2)", &fraAusencia[0]),
-                                     Label(*this, "lblNotaManual(3)", &fraAusencia[0])};
-  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};
+  std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
+  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};  ///< a row for the chosen subject
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
   TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
-  Frame fraAniCarga{*this, "fraAniCarga"};
+  Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando... Espere por favor"
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
 
   std::string mstrCaption;         ///< written by step one; not shown
@@ -71,12 +51,15 @@ class frmNotaSeccionAlumno : public Form {
   Titulos strColumna;
   Anchos intAnchosAlumno;
   EstadoTutor tutor;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
-  void cboAlumnos_Click();
+  /// What step one has fixed. Error 381 while one of its lists has no entry selected.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
+
+  void cboAlumnos_Click();  ///< as by student, and then offers grades as for an edit
   void cmdAnterior_Click();
   void cmdSiguiente_Click();
-  void cmdAceptar_Click();
+  void cmdAceptar_Click();  ///< saves, but for the mark of a later evaluation
   void cmdCancelar_Click();
   void tabNotaManual_Click();
   void rtvNotasAlumno_InicioEdicion();
@@ -89,17 +72,17 @@ class frmNotaSeccionAlumno : public Form {
   void txtAusencias_Change();
   void txtRetrasos_Change();
 
-  void Form_Load() override;
-  void Form_Activate() override;
+  void Form_Load() override;      ///< the students; the observation keeps its name
+  void Form_Activate() override;  ///< loads and locks; the host isn't asked
   void Form_Resize() override;
   void Form_KeyDown(int& keyCode) override;
   void Form_Unload() override;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
-  void CargarNotas();
+  void CargarNotas();  ///< subjects that are gone are purged behind the student's others
   void CargarNotasTutor();
-  void ConfigurarRejillas();
+  void ConfigurarRejillas();  ///< the first columns without a heading
   void ConfigurarColumnas();
   void GuardarAnchosAlumno(bool siempre);
   void RestaurarAnchosAlumno();
@@ -108,7 +91,7 @@ class frmNotaSeccionAlumno : public Form {
 
   // Nobody calls these three: they work on objectives, which the pending register doesn't have.
 
-  /// Reads the objectives of that subject and student, and keeps nothing.
+  /// Reads the objectives with their columns by name, and keeps nothing.
   void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);
   void AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
                                             std::int32_t& objetivo);
@@ -116,14 +99,6 @@ class frmNotaSeccionAlumno : public Form {
                                             std::int32_t& objetivo);
 
  private:
-  [[nodiscard]] ControlesNotas Controles();
-  /// The student of `cboAlumnos`. Error 381 with none selected, 5 when he isn't there.
-  [[nodiscard]] cAlumno& AlumnoActual() const;
-  /// The subject of the grid's current row. Error 5 when it isn't there, 438 for an objective.
-  [[nodiscard]] cMateria& MateriaDeFila() const;
-  void ActivarControles(bool activar);
-  void LlenarAlumnos();
-  void TomarBloqueos();
   /// Gives back the keys of the rows whose subject is gone.
   std::vector<std::int32_t> CargarMaterias(cAlumno& alumno, Recordset& filas);
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);

@@ -1,137 +1,69 @@
 #include "grades/section/frmNotaSeccionMateria.h"
 
 #include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
-#include "grades/Alumnos.h"
-#include "grades/EvaluacionesPosteriores.h"
-#include "grades/MateriasPendientes.h"
-#include "grades/Navegacion.h"
-#include "grades/Objetivos.h"
-#include "grades/Seleccion.h"
-#include "grades/Usuario.h"
+#include "grades/dialog/DialogoNotas.h"
+#include "grades/dialog/Navegacion.h"
+#include "grades/dialog/TrabajoNotas.h"
+#include "grades/loading/Alumnos.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/loading/Objetivos.h"
+#include "grades/saving/EvaluacionesPosteriores.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
-#include "platform/host/Application.h"
+#include "platform/data/Sql.h"
 #include "platform/host/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
 #include "selection/frmNotaSeccionMateria1.h"
 
 namespace quorvane {
-namespace {
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaSeccionMateria1>::Get()); }
-
-FrontEnd& Pantalla() { return Application::Instance().Screen(); }
-
-}  // namespace
 
 frmNotaSeccionMateria::frmNotaSeccionMateria() : Form("frmNotaSeccionMateria") {
-  DibujarNotas(*this, Controles(), "Materias y objetivos:", 1700);
+  DibujarNotas(*this, "Materias y objetivos:", 1700);
+  Conectar(*this);
   cboMaterias.Click = [this] { cboMaterias_Click(); };
-  cmdAnterior.Click = [this] { cmdAnterior_Click(); };
-  cmdSiguiente.Click = [this] { cmdSiguiente_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
-  tabNotaManual.Click = [this] { tabNotaManual_Click(); };
-  rtvNotasAlumno.InicioEdicion = [this] { rtvNotasAlumno_InicioEdicion(); };
-  rtvNotasAlumno.FinEdicion = [this] { rtvNotasAlumno_FinEdicion(); };
-  rtvNotasAlumno.CambioAncho = [this] { rtvNotasAlumno_CambioAncho(); };
-  rtvNotasTutor.InicioEdicion = [this] { rtvNotasTutor_InicioEdicion(); };
-  rtvNotasTutor.FinEdicion = [this] { rtvNotasTutor_FinEdicion(); };
-  rtvNotasTutor.CambioAncho = [this] { rtvNotasTutor_CambioAncho(); };
   rtvNotasTutor.CambioAlto = [this] { rtvNotasTutor_CambioAlto(); };
-  cboObservacion.Click = [this] { cboObservacion_Click(); };
-  txtAusencias.KeyPress = SoloCifras;
-  txtRetrasos.KeyPress = SoloCifras;
-  txtAusencias.Change = [this] { txtAusencias_Change(); };
-  txtRetrasos.Change = [this] { txtRetrasos_Change(); };
 }
 
-ControlesNotas frmNotaSeccionMateria::Controles() {
-  return {lblNotaManual,     cboMaterias,    cmdAnterior,    cmdSiguiente,    tabNotaManual,
-          fraNotaManual,     fraNota[0],     rtvNotasAlumno, fraNotaTutor[0], rtvNotasTutor,
-          fraObservacion[0], cboObservacion, fraAusencia[0], txtAusencias,    txtRetrasos,
-          cmdAceptar,        cmdCancelar,    fraAniCarga,    aniCarga};
+DatosPasoUno frmNotaSeccionMateria::PasoUno() const {
+  return DatosPasoUnoDe(FormInstance<frmNotaSeccionMateria1>::Get());
 }
 
 void frmNotaSeccionMateria::Form_Load() {
-  const auto& configuracion = cConfiguracion::Instancia();
   const auto paso = PasoUno();
   if (Publicacion::YaAbierta(paso.seccion, paso.evaluacion)) {
     blnConPublicacion = true;
     return;
   }
-  Pantalla().MousePointer(Pointer::Hourglass);
-  strMateriasBloqueo.clear();
-  colAlumnos.Clear();
-  Icon(configuracion.RutaIcono);
-  blnTutor = EsTutor(paso.seccion);
+  Vaciar(*this, paso.seccion);
   ConfigurarRejillas();
   auto alumnos =
       AlumnoElegido(FormInstance<frmNotaSeccionMateria1>::Get().cboAlumno.SelectedData());
   for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
-  const auto nombres = Centro().Execute(
-      "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=5 AND CodSistemaCalificacion "
-      "IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza=" +
-      std::to_string(paso.tipo) + ")");
+  const auto nombres = Centro().Execute(Sql(
+      "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=5 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})",
+      paso.tipo));
   if (!nombres.Eof()) lblNotaManual[1].Caption(nombres.Fields("Nombre").Text());
 }
 
 void frmNotaSeccionMateria::Form_Activate() {
-  blnCargando = true;
-  Pantalla().MousePointer(Pointer::Hourglass);
-  ActivarControles(false);
-  Refresh();
-  Pantalla().DoEvents();
-  MostrarCarga(false);
-  MostrarAnimacion(fraAniCarga, aniCarga, "Cargando... Espere por favor");
-  Pantalla().DoEvents();
-  Enabled(false);
+  EmpezarCarga(*this, "Cargando... Espere por favor");
   CargarNotas();
-  Pantalla().MousePointer(Pointer::Arrow);
-  ActivarControles(true);
-  Enabled(true);
-  if (PasoUno().blnRecuperar) {
-    fraObservacion[0].Visible(false);
-    fraAusencia[0].Visible(false);
-  }
-  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 ||
-      (PasoUno().gIDPersonal == 0 && cConfiguracion::Instancia().intIDPerfil >= 1)) {
+  DejarActuar(*this);
+  if (PasoUno().blnRecuperar) OcultarTutoria(*this);
+  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || SinNadaQueCalificar(PasoUno())) {
     if (!blnConPublicacion)
       BeepAndMessage("No existen alumnos o materias para calificar", MessageIcon::Information);
     cmdCancelar_Click();
     return;
   }
-  TomarBloqueos();
-  static_cast<void>(PersonalDelUsuario("CodUsuario"));  // asked, and not looked at
-  aniCarga.Stop();
-  MostrarCarga(true);
-  fraAniCarga.Visible(false);
-  if (!cConfiguracion::Instancia().Activa) {
-    cmdAceptar.Enabled(false);
-    cboMaterias.Enabled(true);
-  }
-  Pantalla().MousePointer(Pointer::Default);
-  blnCargando = false;
-}
-
-void frmNotaSeccionMateria::ActivarControles(bool activar) {
-  cboMaterias.Enabled(activar);
-  cmdAceptar.Enabled(activar);
-  cmdCancelar.Enabled(activar);
-  tabNotaManual.Enabled(activar);
-  cmdAnterior.Enabled(activar);
-  cmdSiguiente.Enabled(activar);
-}
-
-void frmNotaSeccionMateria::TomarBloqueos() {
-  const auto paso = PasoUno();
-  publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
-  publicacion.InsertarBloqueos(strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
+  TomarBloqueos(*this);
+  static_cast<void>(PersonalDelUsuario(Centro()));  // asked, and not looked at
+  TerminarCarga(*this);
 }
 
 void frmNotaSeccionMateria::Form_Resize() {
-  if (!carga.blnOcultando) AjustarNotas(*this, Controles());
+  if (!carga.blnOcultando) AjustarNotas(*this);
 }
 
 void frmNotaSeccionMateria::Form_KeyDown(int& keyCode) {
@@ -139,20 +71,11 @@ void frmNotaSeccionMateria::Form_KeyDown(int& keyCode) {
 }
 
 void frmNotaSeccionMateria::Form_Unload() {
-  const auto paso = PasoUno();
-  publicacion.Devolver(paso.seccion, paso.evaluacion);
-  blnEdicionActiva = false;
-  Hide();
-  Pantalla().DoEvents();
+  DevolverYOcultar(*this);
   FormInstance<frmNotaSeccionMateria>::Drop();
 }
 
-void frmNotaSeccionMateria::MostrarCarga(bool mostrar) {
-  if (mostrar)
-    carga.Restaurar(*this, {&fraNotaManual[1]});
-  else
-    carga.Encoger(*this, fraAniCarga);
-}
+void frmNotaSeccionMateria::MostrarCarga(bool mostrar) { EncogerORestaurar(*this, mostrar); }
 
 void frmNotaSeccionMateria::cmdCancelar_Click() {
   colAlumnos.Clear();
@@ -168,24 +91,29 @@ void frmNotaSeccionMateria::tabNotaManual_Click() { MostrarPanel(tabNotaManual, 
 
 void frmNotaSeccionMateria::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno) {
   const auto paso = PasoUno();
-  static_cast<void>(LeerObjetivos("*", paso.evaluacion, idAlumno, codMateria));
+  static_cast<void>(LeerObjetivos(paso.evaluacion, idAlumno, codMateria));
 }
 
 void frmNotaSeccionMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
                                                                  std::int32_t& materia,
                                                                  std::int32_t& objetivo) {
   const auto paso = PasoUno();
-  AnadirEnEvaluacionSiguiente(paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-                              {SiguienteIdMax, "Error al insertar datos en la base de datos",
-                               "Orden", "INSERT INTO EvaluacionPte  VALUES ("});
+  AnadirEnEvaluacionSiguiente(
+      paso.seccion, paso.evaluacion, alumno, materia, objetivo,
+      {.siguienteId = SiguienteIdMax,
+       .mensaje = "Error al insertar datos en la base de datos",
+       .buscarObjetivo =
+           "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
+       .insertarNotas = "INSERT INTO EvaluacionPte  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
 }
 
 void frmNotaSeccionMateria::QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno,
                                                                  std::int32_t& materia,
                                                                  std::int32_t& objetivo) {
   const auto paso = PasoUno();
-  QuitarDeEvaluacionesPosteriores(paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-                                  "DELETE FROM EvaluacionPte");
+  QuitarDeEvaluacionesPosteriores(
+      paso.seccion, paso.evaluacion, alumno, materia, objetivo,
+      "DELETE FROM EvaluacionPte WHERE CodAlumno_MateriaDetalles={} AND CodNumEvaluacion={}");
 }
 
 }  // namespace quorvane

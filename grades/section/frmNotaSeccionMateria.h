@@ -1,28 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/DialogoNotas.h"
-#include "grades/Escala.h"
-#include "grades/NotasTutor.h"
-#include "grades/Publicacion.h"
-#include "grades/subject/MateriasDeCombo.h"
-#include "platform/controls/Animation.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/Form.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
-#include "platform/controls/Retivo.h"
-#include "platform/controls/TabStrip.h"
-#include "platform/controls/TextBox.h"
+#include "grades/dialog/FormularioNotas.h"
 #include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
 
 namespace quorvane {
 
@@ -35,7 +17,7 @@ class frmNotaSeccionMateria : public Form {
  public:
   frmNotaSeccionMateria();
 
-  ComboBox cboMaterias{*this, "cboMaterias"};
+  ComboBox cboMaterias{*this, "cboMaterias"};  ///< the chosen student's
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   TabStrip tabNotaManual{*this, "tabNotaManual"};
@@ -45,24 +27,21 @@ class frmNotaSeccionMateria : public Form {
   std::array<Frame, 1> fraNotaTutor{Frame(*this, "fraNotaTutor(0)", &fraNotaManual[1])};
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)", &fraNotaTutor[0])};
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
-  std::array<Label, 4> lblNotaManual{Label(*this, "lblNotaManual(0)"),
-                                     Label(*this, "lblNotaManual(1)", &fraObservacion[0]),
-                                     Label(*this, "lblNotaManual(2)", &fraAusencia[0]),
-                                     Label(*this, "lblNotaManual(3)", &fraAusencia[0])};
-  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};
+  std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
+  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};  ///< one row, the chosen student's
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
   TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
-  Frame fraAniCarga{*this, "fraAniCarga"};
+  Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando...", "Grabando..."
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
 
   std::string mstrCaption;         ///< written by step one; not shown
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
-  bool blnConPublicacion = false;  ///< `Form_Load` found a publication, and said so
+  bool blnConPublicacion = false;  ///< `Form_Load` found a publication, and has told the user
   bool blnTutor = false;           ///< sees the whole section: its tutor, or profile 0 or below
   bool blnCargando = false;        ///< `Form_Activate` runs, and the scale is read
   bool blnEdicionActiva = false;   ///< the grids may answer edit events
@@ -74,16 +53,19 @@ class frmNotaSeccionMateria : public Form {
   Titulos strColumna;
   Anchos intAnchosAlumno;
   EstadoTutor tutor;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
-  void cboMaterias_Click();
+  /// What step one has fixed. Error 381 while one of its lists has no entry selected.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
+
+  void cboMaterias_Click();  ///< shows the subject, and then offers grades as for an edit
   void cmdAnterior_Click();
   void cmdSiguiente_Click();
-  void cmdAceptar_Click();
+  void cmdAceptar_Click();  ///< saves the one student; later marks stay
   void cmdCancelar_Click();
   void tabNotaManual_Click();
   void rtvNotasAlumno_InicioEdicion();
-  void rtvNotasAlumno_FinEdicion();
+  void rtvNotasAlumno_FinEdicion();  ///< takes nothing while no subject is selected
   void rtvNotasAlumno_CambioAncho();
   void rtvNotasTutor_InicioEdicion();
   void rtvNotasTutor_FinEdicion();
@@ -93,17 +75,17 @@ class frmNotaSeccionMateria : public Form {
   void txtAusencias_Change();
   void txtRetrasos_Change();
 
-  void Form_Load() override;
-  void Form_Activate() override;
+  void Form_Load() override;      ///< the chosen student, whatever has become of him
+  void Form_Activate() override;  ///< loads and locks the subjects of the one student
   void Form_Resize() override;
   void Form_KeyDown(int& keyCode) override;
   void Form_Unload() override;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
-  void CargarNotas();
+  void CargarNotas();  ///< fails at a subject that is gone, and deletes nothing of it
   void CargarNotasTutor();
-  void ConfigurarRejillas();
+  void ConfigurarRejillas();  ///< headed as in the other one by subject
   void ConfigurarColumnas();
   void GuardarAnchosAlumno(bool siempre);
   void RestaurarAnchosAlumno();
@@ -112,20 +94,15 @@ class frmNotaSeccionMateria : public Form {
 
   // Nobody calls these three: they work on objectives, which the pending register doesn't have.
 
-  /// Reads the objectives of that subject and student, and keeps nothing.
-  void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);
+  /// Reads the objectives, and not even their grades.
+  void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);  ///< no grades
   void AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
                                             std::int32_t& objetivo);
   void QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
                                             std::int32_t& objetivo);
 
  private:
-  [[nodiscard]] ControlesNotas Controles();
-  /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
-  [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
-  void ActivarControles(bool activar);
   void LlenarMaterias();
-  void TomarBloqueos();
   void CargarMaterias(cAlumno& alumno, Recordset& filas);
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };

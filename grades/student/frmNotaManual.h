@@ -1,33 +1,18 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
-#include <string>
-
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/DialogoNotas.h"
-#include "grades/Escala.h"
-#include "grades/NotasTutor.h"
-#include "grades/Publicacion.h"
-#include "platform/controls/Animation.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/Form.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
-#include "platform/controls/Retivo.h"
-#include "platform/controls/TabStrip.h"
-#include "platform/controls/TextBox.h"
+#include "grades/dialog/FormularioNotas.h"
 #include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
 
 namespace quorvane {
 
 /// Step two of grade entry by student, for ordinary evaluations: walks the students of the section
 /// that `frmNotaManual1` has fixed, shows the pending subjects of each, and saves all of them at
-/// once. All grades are read when the form opens; nothing is read from the database again, and
-/// nothing is written, before `cmdAceptar_Click`.
+/// once.
+///
+/// All grades are read when the form opens, and those that are stored aren't looked at again.
+/// Opening it writes the publication and the locks, and purges the subjects that are gone; grades
+/// are written by `cmdAceptar_Click` alone. What is read later is the scale and the texts of the
+/// grades.
 ///
 /// The pane of the tutor is there and filled, but has no tab. What its handlers write, a student
 /// doesn't have: each is error 438 when it runs.
@@ -35,7 +20,7 @@ class frmNotaManual : public Form {
  public:
   frmNotaManual();
 
-  ComboBox cboAlumnos{*this, "cboAlumnos"};
+  ComboBox cboAlumnos{*this, "cboAlumnos"};  ///< all of the section, or a teacher's
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   TabStrip tabNotaManual{*this, "tabNotaManual"};
@@ -45,22 +30,20 @@ class frmNotaManual : public Form {
   std::array<Frame, 1> fraNotaTutor{Frame(*this, "fraNotaTutor(0)", &fraNotaManual[1])};
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)", &fraNotaTutor[0])};
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
-  std::array<Label, 4> lblNotaManual{Label(*this, "lblNotaManual(0)"),
-                                     Label(*this, "lblNotaManual(1)", &fraObservacion[0]),
-                                     Label(*this, "lblNotaManual(2)", &fraAusencia[0]),
-                                     Label(*this, "lblNotaManual(3)", &fraAusencia[0])};
-  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};
+  std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
+  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};  ///< a row for each pending subject
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
   TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
-  Frame fraAniCarga{*this, "fraAniCarga"};
+  Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando datos", "Grabando datos"
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
 
-  std::string mstrCaption;         ///< written by step one; not shown
-  std::string strNotasActivas;     ///< "B" once the host has forbidden saving; nobody reads it
+  std::string mstrCaption;  ///< written by step one; not shown
+  /// "B" once the host has forbidden saving. It is given to the host, which alone reads it.
+  std::string strNotasActivas;
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
   bool blnConPublicacion = false;  ///< `Form_Load` found a publication; nobody reads it
@@ -71,12 +54,15 @@ class frmNotaManual : public Form {
   Titulos strColumna;
   Anchos intAnchosAlumno;
   EstadoTutor tutor;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
-  void cboAlumnos_Click();
+  /// What step one has fixed. Error 381 while one of its lists has no entry selected.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
+
+  void cboAlumnos_Click();  ///< shows the student's subjects, and the pane of the tutor
   void cmdAnterior_Click();
   void cmdSiguiente_Click();
-  void cmdAceptar_Click();
+  void cmdAceptar_Click();  ///< saves, and takes the mark from every other evaluation
   void cmdCancelar_Click();
   void tabNotaManual_Click();
   void rtvNotasAlumno_InicioEdicion();
@@ -89,17 +75,17 @@ class frmNotaManual : public Form {
   void txtAusencias_Change();
   void txtRetrasos_Change();
 
-  void Form_Load() override;
-  void Form_Activate() override;
+  void Form_Load() override;      ///< the students, and the observation's name
+  void Form_Activate() override;  ///< loads, locks, and asks the host whether to save
   void Form_Resize() override;
   void Form_KeyDown(int& keyCode) override;
   void Form_Unload() override;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
-  void CargarNotas();
+  void CargarNotas();  ///< a subject that is gone is purged at once
   void CargarNotasTutor();
-  void ConfigurarRejillas();
+  void ConfigurarRejillas();  ///< headed "Materia", "Valores/Actitudes"
   void ConfigurarColumnas();
   void GuardarAnchosAlumno(bool siempre);
   void RestaurarAnchosAlumno();
@@ -116,14 +102,6 @@ class frmNotaManual : public Form {
                                             std::int32_t& objetivo);
 
  private:
-  [[nodiscard]] ControlesNotas Controles();
-  /// The student of `cboAlumnos`. Error 381 with none selected, 5 when he isn't there.
-  [[nodiscard]] cAlumno& AlumnoActual() const;
-  /// The subject of the grid's current row. Error 5 when it isn't there, 438 for an objective.
-  [[nodiscard]] cMateria& MateriaDeFila() const;
-  void ActivarControles(bool activar);
-  void LlenarAlumnos();
-  void TomarBloqueos();
   void PreguntarNotasActivas();
   void CargarMaterias(cAlumno& alumno, Recordset& filas);
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);

@@ -1,102 +1,35 @@
 // The grids of `frmNotaManual`: what they show of the student, and the edit of their cells.
-#include "frame/cConfiguracion.h"
-#include "grades/CeldaNotas.h"
 #include "grades/NotasOrdinarias.h"
-#include "grades/Seleccion.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/grid/RejillaNotas.h"
+#include "grades/student/RejillaPorAlumno.h"
 #include "grades/student/frmNotaManual.h"
-#include "platform/RuntimeError.h"
-#include "platform/controls/FormInstance.h"
-#include "selection/frmNotaManual1.h"
 
 namespace quorvane {
-namespace {
-
-/// While the rows are written the grid is so wide that it neither scrolls nor clips.
-constexpr std::int32_t kAnchoConstruccion = 17620;
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaManual1>::Get()); }
-
-}  // namespace
-
-cAlumno& frmNotaManual::AlumnoActual() const { return *colAlumnos[Key(cboAlumnos.SelectedData())]; }
-
-cMateria& frmNotaManual::MateriaDeFila() const {
-  const auto fila = rtvNotasAlumno.Row();
-  const auto columnas = rtvNotasAlumno.Cols();
-  const auto& padre = rtvNotasAlumno.TextMatrix(fila, columnas - 2);
-  const auto& clave = rtvNotasAlumno.TextMatrix(fila, columnas - 1);
-  const auto& materias = AlumnoActual().colMateria;
-  if (padre == "0") return *materias[clave];
-  static_cast<void>(materias[padre]);
-  throw RuntimeError(ErrorNumber::MissingMember);  // a subject has no `Objetivos`
-}
 
 void frmNotaManual::ConfigurarRejillas() {
-  ConfigurarRejilla(rtvNotasAlumno, {{2000, "Materia"},
-                                     {1000, "Nota"},
-                                     {2000, "Concepto"},
-                                     {2000, "Procedimiento"},
-                                     {2000, "Actitud"},
-                                     {2000, "Observacion"}});
-  ConfigurarRejilla(rtvNotasTutor,
-                    {{2000, "Valores/Actitudes"}, {1000, "Nota"}, {2000, "Actitud"}});
+  PonerColumnasIniciales(*this, {2000, "Materia"}, {2000, "Valores/Actitudes"});
 }
 
 void frmNotaManual::ConfigurarColumnas() {
   rtvNotasAlumno.Clear();
   const auto paso = PasoUno();
   strColumna[0] = TituloMaterias(paso.tipo);
-  PrepararColumnas(rtvNotasAlumno, 8, 2000, strColumna);
-  if (blnCargando) {
-    LeerEscala(rtvNotasAlumno, paso.tipo, "Abreviatura", intAnchosAlumno, strColumna);
-    GuardarAnchosAlumno(true);
-  } else {
-    RestaurarAnchosAlumno();
-  }
-  const auto& materias = AlumnoActual().colMateria;
-  for (const auto& materia : materias) rtvNotasAlumno.AddItem(materia->Nombre);
-  int fila = 1;
-  for (const auto& materia : materias) {
-    if (!paso.blnRecuperar) EscribirNotas(rtvNotasAlumno, fila, *materia);
-    rtvNotasAlumno.TextMatrix(fila, rtvNotasAlumno.Cols() - 1,
-                              std::to_string(materia->IDMatDetalle));
-    rtvNotasAlumno.TextMatrix(fila, rtvNotasAlumno.Cols() - 2, "0");
-    ++fila;
-  }
-  rtvNotasAlumno.ColWidth(6, 0);
-  rtvNotasAlumno.ColWidth(7, 0);
-  // To nothing and back: the grid lays its columns out anew.
-  rtvNotasAlumno.ColWidth(0, 0);
-  rtvNotasAlumno.ColWidth(0, 2000);
-  if (!blnCargando) RestaurarAnchosAlumno();
+  PrepararColumnas(rtvNotasAlumno, kColumnasPorAlumno, kAnchoMateria, strColumna);
+  AnchosDeEscala(*this, paso.tipo);
+  LlenarFilas(rtvNotasAlumno, AlumnoActual(*this), paso.blnRecuperar);
+  RecolocarColumnas(*this, kAnchoMateria);
 }
 
-void frmNotaManual::CargarNotasTutor() {
-  LlenarPanelTutor({rtvNotasTutor, fraObservacion[0], lblNotaManual[1], cboObservacion}, tutor,
-                   PasoUno(), blnCargando);
-}
+void frmNotaManual::CargarNotasTutor() { LlenarTutor(*this); }
 
 void frmNotaManual::cboAlumnos_Click() {
   if (cboAlumnos.ListIndex() == -1) return;
-  blnEdicionActiva = false;
-  rtvNotasAlumno.Redraw(false);
-  rtvNotasTutor.Redraw(false);
-  rtvNotasAlumno.Visible(false);
-  const auto ancho = rtvNotasAlumno.Width();
-  rtvNotasAlumno.Width(kAnchoConstruccion);
-  rtvNotasTutor.Visible(false);
-  rtvNotasTutor.Width(kAnchoConstruccion);
+  const auto ancho = OcultarRejillas(*this);
   ConfigurarColumnas();
-  rtvNotasAlumno.Visible(true);
-  rtvNotasAlumno.Width(ancho);
+  MostrarRejillaAlumno(*this, ancho);
   CargarNotasTutor();
-  rtvNotasTutor.Width(ancho);
-  rtvNotasTutor.Visible(true);
-  if (rtvNotasAlumno.Rows() >= 2) rtvNotasAlumno.FixedRows(1);
-  if (rtvNotasTutor.Rows() >= 2) rtvNotasTutor.FixedRows(1);
-  rtvNotasAlumno.Redraw(true);
-  rtvNotasTutor.Redraw(true);
-  blnEdicionActiva = true;
+  MostrarRejillaTutor(*this, ancho);
 }
 
 void frmNotaManual::GuardarAnchosAlumno(bool siempre) {
@@ -117,31 +50,15 @@ void frmNotaManual::RestaurarAnchosTutor() {
 
 void frmNotaManual::rtvNotasAlumno_InicioEdicion() {
   RestaurarAnchosAlumno();
-  if (!blnEdicionActiva) return;
-  const auto columna = rtvNotasAlumno.Col();
-  const auto fila = rtvNotasAlumno.Row();
-  if (columna > rtvNotasAlumno.Cols() - 3 || rtvNotasAlumno.ColWidth(columna) == 0 || fila == 0 ||
-      columna == 0)
-    return;
-  const auto& materia = MateriaDeFila();
-  if (materia.Fct) return;
-  rtvNotasAlumno.ListaLimpiar(columna);
-  rtvNotasAlumno.ListaAnadir(columna, " ", 0);
-  CondicionesNota condiciones;
-  condiciones.materiaYProfesor =
-      DeMateriaYProfesores(rtvNotasAlumno.TextMatrix(fila, rtvNotasAlumno.Cols() - 1),
-                           materia.IDProfesor, materia.IDProfesorAsociado);
-  condiciones.tipoNota = TipoNotaDeCelda(columna, false);
-  LlenarLista(rtvNotasAlumno, columna, SentenciaNotas(PasoUno(), condiciones), *this);
+  if (blnEdicionActiva && CeldaConLista(*this, kOcultasPorAlumno))
+    OfrecerNotas(*this, MateriaDeFila(rtvNotasAlumno, AlumnoActual(*this)));
 }
 
 void frmNotaManual::rtvNotasAlumno_FinEdicion() {
-  const auto columna = rtvNotasAlumno.Col();
-  if (rtvNotasAlumno.ColWidth(columna) >= 1 && rtvNotasAlumno.Row() >= 1 && blnEdicionActiva &&
-      EsColumnaNota(columna)) {
-    const auto indice = rtvNotasAlumno.ListaIndice();
-    const auto idNota = indice == -1 ? 0 : rtvNotasAlumno.ListaDato(indice);
-    AsignarNota(MateriaDeFila(), columna, idNota, PasoUno().blnRecuperar);
+  if (NotaEditada(*this)) {
+    const auto idNota = NotaElegida(rtvNotasAlumno);
+    AsignarNota(MateriaDeFila(rtvNotasAlumno, AlumnoActual(*this)), rtvNotasAlumno.Col(), idNota,
+                PasoUno().blnRecuperar);
   }
   GuardarAnchosAlumno(false);
 }
@@ -154,30 +71,23 @@ void frmNotaManual::rtvNotasTutor_InicioEdicion() {
 }
 
 void frmNotaManual::rtvNotasTutor_FinEdicion() {
-  const auto columna = rtvNotasTutor.Col();
-  if (rtvNotasTutor.Row() >= 1 && blnEdicionActiva && (columna == 1 || columna == 2)) {
-    static_cast<void>(AlumnoActual());
-    throw RuntimeError(ErrorNumber::MissingMember);  // a student has no `Valores`
-  }
+  if (NotaTutorEditada(*this)) SinMiembroDelTutor(AlumnoActual(*this));  // has no `Valores`
   GuardarAnchosTutor(false);
 }
 
 void frmNotaManual::rtvNotasTutor_CambioAncho() { RestaurarAnchosTutor(); }
 
 void frmNotaManual::cboObservacion_Click() {
-  if (cboObservacion.ListIndex() == -1) return;
-  static_cast<void>(AlumnoActual());
-  throw RuntimeError(ErrorNumber::MissingMember);  // nor `Observacion`
+  if (cboObservacion.ListIndex() != -1)
+    SinMiembroDelTutor(AlumnoActual(*this));  // nor `Observacion`
 }
 
 void frmNotaManual::txtAusencias_Change() {
-  static_cast<void>(AlumnoActual());
-  throw RuntimeError(ErrorNumber::MissingMember);  // nor `Ausencias`
+  SinMiembroDelTutor(AlumnoActual(*this));  // nor `Ausencias`
 }
 
 void frmNotaManual::txtRetrasos_Change() {
-  static_cast<void>(AlumnoActual());
-  throw RuntimeError(ErrorNumber::MissingMember);  // nor `Retrasos`
+  SinMiembroDelTutor(AlumnoActual(*this));  // nor `Retrasos`
 }
 
 }  // namespace quorvane

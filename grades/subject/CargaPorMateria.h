@@ -1,17 +1,26 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <utility>
 
-#include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
+#include "grades/dialog/FormularioNotas.h"
+#include "grades/loading/CargaNotas.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
 
 namespace quorvane {
 
 /// `CargarMateria` of the forms that walk subjects: gives the student the pending subject of that
 /// row and notes it in the list of subjects to lock. Error 3265 for a subject that is neither of
 /// kind 1 nor 3: a pending row lacks the column that those are found by.
-void CargarMateriaDeFila(cAlumno& alumno, const Recordset& fila, std::int32_t clase,
-                         std::int32_t evaluacion, std::string& strMateriasBloqueo);
+template <NotasPorMateria F>
+void CargarMateriaDeFila(F& form, cAlumno& alumno, const Recordset& fila, std::int32_t clase) {
+  const auto codMatDet = fila.Fields("codMatdet").Long();
+  AnotarMateria(form.strMateriasBloqueo, codMatDet);
+  auto materia = NuevaMateria(fila, codMatDet);
+  materia->Orden = fila.Fields("Orden").Byte();
+  CargarNotasDeClase(*materia, clase, form.PasoUno().evaluacion);
+  AnadirMateria(alumno, std::move(materia), DetallesDeClase(fila, codMatDet, clase));
+}
 
 }  // namespace quorvane

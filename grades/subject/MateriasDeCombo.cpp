@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "grades/Alumnos.h"
 #include "grades/NotasOrdinarias.h"
+#include "grades/loading/Alumnos.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Retivo.h"
 
@@ -28,7 +28,7 @@ void LlenarFilas(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
     if (entrada.CodAsociada > 0) throw RuntimeError(ErrorNumber::MissingMember);
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
     const auto& materia = *alumno->colMateria[Key(entrada.IDMatDet)];
-    rejilla.AddItem(TextoAlumno(alumno->IDAlumno));
+    rejilla.AddItem(AlumnoConOrden(alumno->IDAlumno));
     const auto fila = rejilla.Rows() - 1;
     if (!sinNotas) EscribirNotas(rejilla, fila, materia);
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(alumno->IDAlumno));

@@ -1,84 +1,50 @@
 #include "grades/subject/frmNotaMateria.h"
 
 #include "frame/Conexiones.h"
+#include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
-#include "grades/Alumnos.h"
-#include "grades/EvaluacionesPosteriores.h"
-#include "grades/MateriasPendientes.h"
-#include "grades/Navegacion.h"
-#include "grades/Objetivos.h"
-#include "grades/Seleccion.h"
-#include "grades/Usuario.h"
+#include "grades/dialog/DialogoNotas.h"
+#include "grades/dialog/Navegacion.h"
+#include "grades/dialog/TrabajoNotas.h"
+#include "grades/loading/Alumnos.h"
+#include "grades/loading/CargaNotas.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/loading/Objetivos.h"
+#include "grades/saving/EvaluacionesPosteriores.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
-#include "platform/host/Application.h"
+#include "platform/data/Sql.h"
 #include "platform/host/MessageBox.h"
-#include "selection/EvaluacionElegida.h"
 #include "selection/frmNotaMateria1.h"
 
 namespace quorvane {
-namespace {
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
-
-FrontEnd& Pantalla() { return Application::Instance().Screen(); }
-
-}  // namespace
 
 frmNotaMateria::frmNotaMateria() : Form("frmNotaMateria") {
-  DibujarNotas(*this, Controles(), "Materias y objetivos:", 1700);
+  DibujarNotas(*this, "Materias y objetivos:", 1700);
+  Conectar(*this);
   cboMaterias.Click = [this] { cboMaterias_Click(); };
-  cmdAnterior.Click = [this] { cmdAnterior_Click(); };
-  cmdSiguiente.Click = [this] { cmdSiguiente_Click(); };
-  cmdAceptar.Click = [this] { cmdAceptar_Click(); };
-  cmdCancelar.Click = [this] { cmdCancelar_Click(); };
-  tabNotaManual.Click = [this] { tabNotaManual_Click(); };
-  rtvNotasAlumno.InicioEdicion = [this] { rtvNotasAlumno_InicioEdicion(); };
-  rtvNotasAlumno.FinEdicion = [this] { rtvNotasAlumno_FinEdicion(); };
-  rtvNotasAlumno.CambioAncho = [this] { rtvNotasAlumno_CambioAncho(); };
-  rtvNotasTutor.InicioEdicion = [this] { rtvNotasTutor_InicioEdicion(); };
-  rtvNotasTutor.FinEdicion = [this] { rtvNotasTutor_FinEdicion(); };
-  rtvNotasTutor.CambioAncho = [this] { rtvNotasTutor_CambioAncho(); };
   rtvNotasTutor.CambioAlto = [this] { rtvNotasTutor_CambioAlto(); };
-  cboObservacion.Click = [this] { cboObservacion_Click(); };
-  txtAusencias.KeyPress = SoloCifras;
-  txtRetrasos.KeyPress = SoloCifras;
-  txtAusencias.Change = [this] { txtAusencias_Change(); };
-  txtRetrasos.Change = [this] { txtRetrasos_Change(); };
 }
 
-ControlesNotas frmNotaMateria::Controles() {
-  return {lblNotaManual,     cboMaterias,    cmdAnterior,    cmdSiguiente,    tabNotaManual,
-          fraNotaManual,     fraNota[0],     rtvNotasAlumno, fraNotaTutor[0], rtvNotasTutor,
-          fraObservacion[0], cboObservacion, fraAusencia[0], txtAusencias,    txtRetrasos,
-          cmdAceptar,        cmdCancelar,    fraAniCarga,    aniCarga};
+DatosPasoUno frmNotaMateria::PasoUno() const {
+  return DatosPasoUnoDe(FormInstance<frmNotaMateria1>::Get());
 }
 
 void frmNotaMateria::Form_Load() {
-  const auto& configuracion = cConfiguracion::Instancia();
   const auto paso = PasoUno();
   if (Publicacion::YaAbierta(paso.seccion, paso.evaluacion)) {
     blnConPublicacion = true;
     return;
   }
-  Pantalla().MousePointer(Pointer::Hourglass);
-  strMateriasBloqueo.clear();
-  colAlumnos.Clear();
-  Icon(configuracion.RutaIcono);
-  blnTutor = EsTutor(paso.seccion);
+  Vaciar(*this, paso.seccion);
   ConfigurarRejillas();
-  Recordset alumnos;
-  if (configuracion.intIDPerfil == 0 || blnTutor)
-    alumnos = AlumnosDeSeccion(paso.seccion);
-  else if (paso.gIDPersonal > 0)
-    alumnos = AlumnosDeProfesor(paso.seccion, paso.evaluacion, paso.gIDPersonal, "EvaluacionPte");
+  auto alumnos = AlumnosVisibles(paso, blnTutor);
   if (alumnos.IsOpen())
     for (; !alumnos.Eof(); alumnos.MoveNext()) {
       AnadirAlumno(colAlumnos, alumnos);
       // Asked again for each student, though the answer is the section's.
-      const auto seguimiento =
-          Centro().Execute("SELECT Seguimiento, AcumularObjetivos FROM Seccion WHERE IDSeccion=" +
-                           std::to_string(paso.seccion));
+      const auto seguimiento = Centro().Execute(Sql(
+          "SELECT Seguimiento, AcumularObjetivos FROM Seccion WHERE IDSeccion={}", paso.seccion));
       blnSeguimiento = seguimiento.Fields("Seguimiento").Flag();
       blnAcumularObjetivos = seguimiento.Fields("AcumularObjetivos").Flag();
     }
@@ -86,61 +52,24 @@ void frmNotaMateria::Form_Load() {
 }
 
 void frmNotaMateria::Form_Activate() {
-  blnCargando = true;
-  Pantalla().MousePointer(Pointer::Hourglass);
-  ActivarControles(false);
-  Refresh();
-  Pantalla().DoEvents();
-  MostrarCarga(false);
-  MostrarAnimacion(fraAniCarga, aniCarga, "Cargando Datos...");
-  Pantalla().DoEvents();
-  Enabled(false);
+  EmpezarCarga(*this, "Cargando Datos...");
   CargarNotas();
-  Pantalla().MousePointer(Pointer::Arrow);
-  ActivarControles(true);
-  Enabled(true);
-  if (PasoUno().blnRecuperar) {
-    fraObservacion[0].Visible(false);
-    fraAusencia[0].Visible(false);
-  }
-  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 ||
-      (PasoUno().gIDPersonal == 0 && cConfiguracion::Instancia().intIDPerfil >= 1)) {
+  DejarActuar(*this);
+  if (PasoUno().blnRecuperar) OcultarTutoria(*this);
+  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || SinNadaQueCalificar(PasoUno())) {
     if (!blnConPublicacion)
       BeepAndMessage("No exiten alumnos o materias para introducir notas",
                      MessageIcon::Information);
     cmdCancelar_Click();
     return;
   }
-  TomarBloqueos();
-  static_cast<void>(PersonalDelUsuario("CodUsuario"));  // asked, and not looked at
-  aniCarga.Stop();
-  MostrarCarga(true);
-  fraAniCarga.Visible(false);
-  if (!cConfiguracion::Instancia().Activa) {
-    cmdAceptar.Enabled(false);
-    cboMaterias.Enabled(true);
-  }
-  Pantalla().MousePointer(Pointer::Default);
-  blnCargando = false;
-}
-
-void frmNotaMateria::ActivarControles(bool activar) {
-  cboMaterias.Enabled(activar);
-  cmdAceptar.Enabled(activar);
-  cmdCancelar.Enabled(activar);
-  tabNotaManual.Enabled(activar);
-  cmdAnterior.Enabled(activar);
-  cmdSiguiente.Enabled(activar);
-}
-
-void frmNotaMateria::TomarBloqueos() {
-  const auto paso = PasoUno();
-  publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
-  publicacion.InsertarBloqueos(strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
+  TomarBloqueos(*this);
+  static_cast<void>(PersonalDelUsuario(Centro()));  // asked, and not looked at
+  TerminarCarga(*this);
 }
 
 void frmNotaMateria::Form_Resize() {
-  if (!carga.blnOcultando) AjustarNotas(*this, Controles());
+  if (!carga.blnOcultando) AjustarNotas(*this);
 }
 
 void frmNotaMateria::Form_KeyDown(int& keyCode) {
@@ -148,20 +77,11 @@ void frmNotaMateria::Form_KeyDown(int& keyCode) {
 }
 
 void frmNotaMateria::Form_Unload() {
-  const auto paso = PasoUno();
-  publicacion.Devolver(paso.seccion, paso.evaluacion);
-  blnEdicionActiva = false;
-  Hide();
-  Pantalla().DoEvents();
+  DevolverYOcultar(*this);
   FormInstance<frmNotaMateria>::Drop();
 }
 
-void frmNotaMateria::MostrarCarga(bool mostrar) {
-  if (mostrar)
-    carga.Restaurar(*this, {&fraNotaManual[1]});
-  else
-    carga.Encoger(*this, fraAniCarga);
-}
+void frmNotaMateria::MostrarCarga(bool mostrar) { EncogerORestaurar(*this, mostrar); }
 
 void frmNotaMateria::cmdCancelar_Click() {
   colAlumnos.Clear();
@@ -177,7 +97,7 @@ void frmNotaMateria::tabNotaManual_Click() { MostrarPanel(tabNotaManual, fraNota
 
 void frmNotaMateria::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno) {
   const auto paso = PasoUno();
-  RecorrerObjetivos(LeerObjetivos("*", paso.evaluacion, idAlumno, codMateria), paso.evaluacion,
+  RecorrerObjetivos(LeerObjetivos(paso.evaluacion, idAlumno, codMateria), paso.evaluacion,
                     paso.blnRecuperar);
 }
 
@@ -185,17 +105,22 @@ void frmNotaMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
                                                           std::int32_t& materia,
                                                           std::int32_t& objetivo) {
   const auto paso = PasoUno();
-  AnadirEnEvaluacionSiguiente(paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-                              {SiguienteIdMax, "Error al insertar registros en Base de Datos",
-                               "Orden", "INSERT INTO Evaluacion VALUES ("});
+  AnadirEnEvaluacionSiguiente(
+      paso.seccion, paso.evaluacion, alumno, materia, objetivo,
+      {.siguienteId = SiguienteIdMax,
+       .mensaje = "Error al insertar registros en Base de Datos",
+       .buscarObjetivo =
+           "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
+       .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
 }
 
 void frmNotaMateria::QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno,
                                                           std::int32_t& materia,
                                                           std::int32_t& objetivo) {
   const auto paso = PasoUno();
-  QuitarDeEvaluacionesPosteriores(paso.seccion, paso.evaluacion, alumno, materia, objetivo,
-                                  "DELETE FROM Evaluacion");
+  QuitarDeEvaluacionesPosteriores(
+      paso.seccion, paso.evaluacion, alumno, materia, objetivo,
+      "DELETE FROM Evaluacion WHERE CodAlumno_MateriaDetalles={} AND CodNumEvaluacion={}");
 }
 
 }  // namespace quorvane

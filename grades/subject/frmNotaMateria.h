@@ -1,28 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string>
 #include <vector>
 
-#include "grades/Anchos.h"
-#include "grades/Carga.h"
-#include "grades/DialogoNotas.h"
-#include "grades/Escala.h"
-#include "grades/NotasTutor.h"
-#include "grades/Publicacion.h"
-#include "grades/subject/MateriasDeCombo.h"
-#include "platform/controls/Animation.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/Form.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
-#include "platform/controls/Retivo.h"
-#include "platform/controls/TabStrip.h"
-#include "platform/controls/TextBox.h"
+#include "grades/dialog/FormularioNotas.h"
 #include "platform/data/Recordset.h"
-#include "register/cAlumno.h"
 
 namespace quorvane {
 
@@ -36,7 +18,7 @@ class frmNotaMateria : public Form {
  public:
   frmNotaMateria();
 
-  ComboBox cboMaterias{*this, "cboMaterias"};
+  ComboBox cboMaterias{*this, "cboMaterias"};  ///< of all the students
   CommandButton cmdAnterior{*this, "cmdAnterior"};
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   TabStrip tabNotaManual{*this, "tabNotaManual"};
@@ -46,18 +28,16 @@ class frmNotaMateria : public Form {
   std::array<Frame, 1> fraNotaTutor{Frame(*this, "fraNotaTutor(0)", &fraNotaManual[1])};
   std::array<Frame, 1> fraObservacion{Frame(*this, "fraObservacion(0)", &fraNotaTutor[0])};
   std::array<Frame, 1> fraAusencia{Frame(*this, "fraAusencia(0)", &fraNotaTutor[0])};
-  std::array<Label, 4> lblNotaManual{Label(*this, "lblNotaManual(0)"),
-                                     Label(*this, "lblNotaManual(1)", &fraObservacion[0]),
-                                     Label(*this, "lblNotaManual(2)", &fraAusencia[0]),
-                                     Label(*this, "lblNotaManual(3)", &fraAusencia[0])};
-  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno", &fraNota[0]};
+  std::array<Label, 4> lblNotaManual = RotulosNotas(*this, fraObservacion[0], fraAusencia[0]);
+  Retivo rtvNotasAlumno{*this, "rtvNotasAlumno",
+                        &fraNota[0]};  ///< a row for each student who has it
   Retivo rtvNotasTutor{*this, "rtvNotasTutor", &fraNotaTutor[0]};
   ComboBox cboObservacion{*this, "cboObservacion", &fraObservacion[0]};
   TextBox txtAusencias{*this, "txtAusencias", &fraAusencia[0]};
   TextBox txtRetrasos{*this, "txtRetrasos", &fraAusencia[0]};
   CommandButton cmdAceptar{*this, "cmdAceptar"};
   CommandButton cmdCancelar{*this, "cmdCancelar"};
-  Frame fraAniCarga{*this, "fraAniCarga"};
+  Frame fraAniCarga{*this, "fraAniCarga"};  ///< "Cargando Datos...", "Grabando Datos..."
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
 
   std::string mstrCaption;         ///< written by step one; not shown
@@ -75,12 +55,15 @@ class frmNotaMateria : public Form {
   Titulos strColumna;
   Anchos intAnchosAlumno;
   EstadoTutor tutor;
-  Carga carga;  ///< with `blnOcultando`
+  FormularioEncogido carga;  ///< with `blnOcultando`
 
-  void cboMaterias_Click();
+  /// What step one has fixed. Error 381 while one of its lists has no entry selected.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
+
+  void cboMaterias_Click();  ///< shows the students who have the subject
   void cmdAnterior_Click();
   void cmdSiguiente_Click();
-  void cmdAceptar_Click();
+  void cmdAceptar_Click();  ///< saves; a later evaluation keeps its mark
   void cmdCancelar_Click();
   void tabNotaManual_Click();
   void rtvNotasAlumno_InicioEdicion();
@@ -94,18 +77,18 @@ class frmNotaMateria : public Form {
   void txtAusencias_Change();
   void txtRetrasos_Change();
 
-  void Form_Load() override;
-  void Form_Activate() override;
+  void Form_Load() override;      ///< the students, and the section's follow-up anew for each
+  void Form_Activate() override;  ///< loads and locks; without anything to grade, closes
   void Form_Resize() override;
   void Form_KeyDown(int& keyCode) override;
   void Form_Unload() override;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);
-  void CargarNotas();
+  void CargarNotas();  ///< fails at the first subject that is gone
   void CargarComboMaterias();
   void CargarNotasTutor();
-  void ConfigurarRejillas();
+  void ConfigurarRejillas();  ///< headed "Materia", "Alumno"
   void ConfigurarColumnas();
   void GuardarAnchosAlumno(bool siempre);
   void RestaurarAnchosAlumno();
@@ -114,7 +97,7 @@ class frmNotaMateria : public Form {
 
   // Nobody calls these three: they work on objectives, which the pending register doesn't have.
 
-  /// Reads the objectives of that subject and student, and keeps nothing.
+  /// Reads the objectives of that subject and student, and keeps none.
   void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);
   void AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
                                             std::int32_t& objetivo);
@@ -122,12 +105,7 @@ class frmNotaMateria : public Form {
                                             std::int32_t& objetivo);
 
  private:
-  [[nodiscard]] ControlesNotas Controles();
-  /// The entry that is selected in `cboMaterias`. Error 381 with none selected.
-  [[nodiscard]] const MateriaDeCombo& EntradaActual() const;
-  void ActivarControles(bool activar);
   void LlenarMaterias();
-  void TomarBloqueos();
   void CargarMaterias(cAlumno& alumno, Recordset& filas);
   void CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase);
 };

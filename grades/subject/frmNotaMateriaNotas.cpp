@@ -1,46 +1,24 @@
 // The grades of `frmNotaMateria`: from the database into its objects when it opens, and back when
 // it saves.
-#include <optional>
-#include <string>
-
+#include "frame/ClaseMateria.h"
 #include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
-#include "grades/GuardarConMarca.h"
-#include "grades/MateriasBloqueo.h"
-#include "grades/MateriasPendientes.h"
-#include "grades/Seleccion.h"
+#include "grades/dialog/TrabajoNotas.h"
+#include "grades/loading/CargaNotas.h"
+#include "grades/loading/MateriasPendientes.h"
+#include "grades/locks/MateriasBloqueo.h"
+#include "grades/saving/GuardarConMarca.h"
 #include "grades/subject/CargaPorMateria.h"
 #include "grades/subject/frmNotaMateria.h"
-#include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
-#include "platform/host/Application.h"
-#include "platform/host/FrontEnd.h"
-#include "selection/frmNotaMateria1.h"
+#include "platform/data/Sql.h"
 
 namespace quorvane {
-namespace {
-
-constexpr const char* kTabla = "EvaluacionPte";
-constexpr std::int32_t kClaseValores = 3;
-
-Seleccion PasoUno() { return SeleccionDe(FormInstance<frmNotaMateria1>::Get()); }
-
-/// The pending subjects of a student that this user grades; nothing for one who grades none.
-std::optional<Recordset> MateriasVisibles(std::int32_t idAlumno, bool tutor) {
-  const auto paso = PasoUno();
-  if (cConfiguracion::Instancia().intIDPerfil == 0 || tutor)
-    return MateriasDeAlumno(idAlumno, paso.evaluacion, kTabla);
-  if (paso.gIDPersonal >= 1)
-    return MateriasDeProfesor(idAlumno, paso.evaluacion, paso.gIDPersonal, kTabla);
-  return std::nullopt;
-}
-
-}  // namespace
 
 void frmNotaMateria::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot()) {
-    if (auto filas = MateriasVisibles(alumno->IDAlumno, blnTutor)) CargarMaterias(*alumno, *filas);
+    if (auto filas = MateriasVisibles(alumno->IDAlumno, PasoUno(), blnTutor))
+      CargarMaterias(*alumno, *filas);
     if (alumno->colMateria.Count() == 0) colAlumnos.Remove(Key(alumno->IDAlumno));
   }
   LlenarMaterias();
@@ -74,31 +52,28 @@ void frmNotaMateria::CargarMaterias(cAlumno& alumno, Recordset& filas) {
       filas.MoveNext();
       BorrarNotas(id);
       // No such table: the purge ends here, and the row stays.
-      Centro().Execute("DELETE FROM AlumnoPte_MateriaDetalles WHERE IDAlumnoPte_MatDet=" +
-                       std::to_string(id));
+      Centro().Execute(
+          Sql("DELETE FROM AlumnoPte_MateriaDetalles WHERE IDAlumnoPte_MatDet={}", id));
       continue;
     }
-    if (*clase != kClaseValores) CargarMateria(alumno, filas, *clase);
+    if (ClaseMateria::SeCalifica(*clase)) CargarMateria(alumno, filas, *clase);
     filas.MoveNext();
   }
 }
 
 void frmNotaMateria::CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase) {
-  CargarMateriaDeFila(alumno, fila, clase, PasoUno().evaluacion, strMateriasBloqueo);
+  CargarMateriaDeFila(*this, alumno, fila, clase);
 }
 
 void frmNotaMateria::cmdAceptar_Click() {
-  MostrarCarga(false);
-  Enabled(false);
-  MostrarAnimacion(fraAniCarga, aniCarga, "Grabando Datos...");
-  auto& pantalla = Application::Instance().Screen();
-  pantalla.DoEvents();
-  pantalla.MousePointer(Pointer::Hourglass);
+  EmpezarGrabacion(*this, "Grabando Datos...");
   if (!PasoUno().blnRecuperar)
     for (const auto& alumno : colAlumnos)
       for (const auto& materia : alumno->colMateria)
-        GuardarConMarca(*materia, PasoUno().evaluacion, "= ");
-  pantalla.MousePointer(Pointer::Default);
+        GuardarConMarca(
+            *materia, PasoUno().evaluacion,
+            "UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet= {}");
+  Pantalla().MousePointer(Pointer::Default);
   cmdCancelar_Click();
 }
 

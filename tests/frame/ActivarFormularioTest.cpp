@@ -79,6 +79,15 @@ TEST_F(TheNodes, StartFromAFreshFormEachTime) {
   EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "carga frmPendientes"), 2);
 }
 
+TEST_F(TheNodes, WithAScreenFailBeforeThereIsASession) {
+  const ScriptedFrontEnd screen;
+  cConfiguracion::Instancia() = cConfiguracion();
+  for (std::uint8_t nodo = 123; nodo <= 127; ++nodo) {
+    EXPECT_EQ(ErrorOf([nodo] { cAsignarDatos().ActivarFormulario(nodo); }), 91) << int{nodo};
+    FormInstances::DropAll();
+  }
+}
+
 TEST_F(TheNodes, DeleteNothing) {
   for (int nodo = 0; nodo < 256; ++nodo)
     EXPECT_FALSE(cAsignarDatos().Eliminar(static_cast<std::uint8_t>(nodo)));

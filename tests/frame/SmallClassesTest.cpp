@@ -22,8 +22,10 @@ TEST(TheConfiguration, IsOneInstance) {
 
 TEST(TheConfiguration, WritesTrueAsTheEngineHasIt) {
   cConfiguracion configuracion;
+  EXPECT_EQ(configuracion.NumeroVerdadero(), -1);
   EXPECT_EQ(configuracion.Verdadero(), "-1");
   configuracion.SQLServer = true;
+  EXPECT_EQ(configuracion.NumeroVerdadero(), 1);
   EXPECT_EQ(configuracion.Verdadero(), "1");
 }
 

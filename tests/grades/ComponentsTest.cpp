@@ -2,12 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "frame/cConfiguracion.h"
-#include "grades/Anchos.h"
-#include "grades/CeldaNotas.h"
-#include "grades/Intentos.h"
-#include "grades/MateriasBloqueo.h"
 #include "grades/NotasOrdinarias.h"
-#include "grades/NotasTutor.h"
+#include "grades/grid/Anchos.h"
+#include "grades/grid/CeldaNotas.h"
+#include "grades/grid/NotasTutor.h"
+#include "grades/locks/MateriasBloqueo.h"
+#include "grades/saving/Intentos.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Retivo.h"
@@ -161,17 +161,18 @@ class CellStatement : public ::testing::TestWithParam<bool> {
   CellStatement& operator=(CellStatement&&) = delete;
 
  protected:
-  const Seleccion chosen_{11, 22, 33, 44, 5, false};
+  const DatosPasoUno chosen_{11, 22, 33, 44, 5, false};
   const std::string true_ = GetParam() ? "1" : "-1";
 };
 
 TEST_P(CellStatement, OfASubjectAndOfAnObjective) {
+  cMateria subject;
+  subject.IDMatDetalle = 66;
+  subject.IDProfesor = 7;
+  subject.IDProfesorAsociado = 8;
   for (const bool objective : {false, true}) {
-    CondicionesNota conditions;
-    conditions.materiaYProfesor = DeMateriaYProfesores("66", 7, 8);
-    conditions.tipoNota = TipoNotaDeCelda(2, objective);
     EXPECT_EQ(
-        SentenciaNotas(chosen_, conditions),
+        SentenciaCelda(chosen_, 2, subject, objective),
         std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND ") +
             kScope +
             " AND (CodMateria=0 OR CodMateria=66) AND (CodPersonal=0 OR CodPersonal=7 OR "

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "platform/data/Sql.h"
+#include "platform/data/SqlList.h"
 
 namespace quorvane::test {
 namespace {
@@ -33,6 +34,24 @@ TEST(Sql, TakesNothingElse) {
   EXPECT_FALSE(GoesIntoSql<double>);
   EXPECT_FALSE(GoesIntoSql<std::string>);
   EXPECT_FALSE(GoesIntoSql<std::uint64_t>);
+}
+
+TEST(SqlList, IsZeroWithoutNumbers) {
+  SqlList ids;
+  EXPECT_TRUE(ids.Empty());
+  EXPECT_EQ(ids.Text(), "0");
+  ids.Add(3111);
+  ids.Add(-4);
+  EXPECT_FALSE(ids.Empty());
+  EXPECT_EQ(ids.Text(), "3111,-4");
+}
+
+TEST(SqlList, StandsInAPlaceAmongNumbers) {
+  SqlList ids;
+  ids.Add(1);
+  ids.Add(2);
+  EXPECT_EQ(Sql("A={} AND B IN ({}) AND C IN({})", 7, ids, ids),
+            "A=7 AND B IN (1,2) AND C IN(1,2)");
 }
 
 }  // namespace

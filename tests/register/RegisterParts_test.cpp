@@ -5,7 +5,6 @@
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "register/CopiarAlumno.h"
-#include "register/IdList.h"
 #include "register/PersonName.h"
 #include "register/RegisterWriter.h"
 #include "register/ResumeNext.h"
@@ -16,14 +15,6 @@ namespace quorvane::test {
 namespace {
 
 using ::testing::ElementsAre;
-
-TEST(RegisterParts, AnEmptyListOfIdsIsZero) {
-  IdList ids;
-  EXPECT_EQ(ids.Text(), "0");
-  ids.Add(3111);
-  ids.Add(-4);
-  EXPECT_EQ(ids.Text(), "3111,-4");
-}
 
 TEST(RegisterParts, ANameKeepsItsBlanksAndCommaWithoutItsParts) {
   EXPECT_EQ(PersonName("Díaz", "Cano", "Marta"), "Díaz Cano, Marta");

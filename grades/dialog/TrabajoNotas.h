@@ -1,0 +1,129 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "frame/Conexiones.h"
+#include "frame/Usuario.h"
+#include "frame/cConfiguracion.h"
+#include "grades/dialog/FormularioNotas.h"
+#include "grades/dialog/Pantalla.h"
+#include "selection/EvaluacionElegida.h"
+
+namespace quorvane {
+
+// The steps by which an ordinary grade form goes into its long work, loading or saving, and comes
+// out of it. In which order a form takes them, and what it does between, is told in the form.
+
+/// What the user can reach; what belongs to one student or subject isn't touched.
+template <FormularioNotas F>
+void ActivarControles(F& form, bool activar) {
+  Recorrido(form).Enabled(activar);
+  form.cmdAceptar.Enabled(activar);
+  form.cmdCancelar.Enabled(activar);
+  form.tabNotaManual.Enabled(activar);
+  form.cmdAnterior.Enabled(activar);
+  form.cmdSiguiente.Enabled(activar);
+}
+
+/// `MostrarCarga`: False shrinks the form to the animation, True gives it back its measures and
+/// controls, but for the tutor's pane, which nobody is to reach.
+template <FormularioNotas F>
+void EncogerORestaurar(F& form, bool mostrar) {
+  if (mostrar)
+    form.carga.Restaurar(form, {&form.fraNotaManual[1]});
+  else
+    form.carga.Encoger(form, form.fraAniCarga);
+}
+
+/// What `Form_Load` begins with once nobody stands in the way: nothing is loaded, and it is known
+/// whether the user sees the whole section.
+template <FormularioNotas F>
+void Vaciar(F& form, std::int32_t seccion) {
+  Pantalla().MousePointer(Pointer::Hourglass);
+  form.strMateriasBloqueo.clear();
+  form.colAlumnos.Clear();
+  form.Icon(cConfiguracion::Instancia().RutaIcono);
+  form.blnTutor = EsTutor(Centro(), seccion);
+}
+
+/// The first step of loading: under that caption nothing but the animation is to be seen, and
+/// nothing of the form can be used.
+template <FormularioNotas F>
+void EmpezarCarga(F& form, const std::string& caption) {
+  form.blnCargando = true;
+  Pantalla().MousePointer(Pointer::Hourglass);
+  ActivarControles(form, false);
+  form.Refresh();
+  Pantalla().DoEvents();
+  form.MostrarCarga(false);
+  MostrarAnimacion(form.fraAniCarga, form.aniCarga, caption);
+  Pantalla().DoEvents();
+  form.Enabled(false);
+}
+
+/// What is to be loaded is there: the form can be used again, still shrunk.
+template <FormularioNotas F>
+void DejarActuar(F& form) {
+  Pantalla().MousePointer(Pointer::Arrow);
+  ActivarControles(form, true);
+  form.Enabled(true);
+}
+
+/// A recovery has neither observation nor counters.
+template <FormularioNotas F>
+void OcultarTutoria(F& form) {
+  form.fraObservacion[0].Visible(false);
+  form.fraAusencia[0].Visible(false);
+}
+
+/// A user without the unrestricted profile who is no member of staff grades nobody.
+inline bool SinNadaQueCalificar(const DatosPasoUno& pasoUno) {
+  return pasoUno.gIDPersonal == 0 && cConfiguracion::Instancia().intIDPerfil >= 1;
+}
+
+/// The publication and the locks of the subjects that were loaded.
+template <FormularioNotas F>
+void TomarBloqueos(F& form) {
+  const auto paso = form.PasoUno();
+  form.publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
+  form.publicacion.InsertarBloqueos(form.strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
+}
+
+/// The last step of loading: the form in its full size. In a school year that can't be changed it
+/// can be looked at, and not saved.
+template <FormularioNotas F>
+void TerminarCarga(F& form) {
+  form.aniCarga.Stop();
+  form.MostrarCarga(true);
+  form.fraAniCarga.Visible(false);
+  if (!cConfiguracion::Instancia().Activa) {
+    form.cmdAceptar.Enabled(false);
+    Recorrido(form).Enabled(true);
+  }
+  Pantalla().MousePointer(Pointer::Default);
+  form.blnCargando = false;
+}
+
+/// The first step of saving, from which the form doesn't come back: it closes when it has saved.
+template <FormularioNotas F>
+void EmpezarGrabacion(F& form, const std::string& caption) {
+  form.MostrarCarga(false);
+  form.Enabled(false);
+  MostrarAnimacion(form.fraAniCarga, form.aniCarga, caption);
+  Pantalla().DoEvents();
+  Pantalla().MousePointer(Pointer::Hourglass);
+}
+
+/// What `Form_Unload` begins with, however the form closes: what it holds in the school is given
+/// back, then it goes. Errors as `Publicacion::Devolver`, which leave it on the screen.
+template <FormularioNotas F>
+void DevolverYOcultar(F& form) {
+  const auto paso = form.PasoUno();
+  form.publicacion.Devolver(paso.seccion, paso.evaluacion);
+  form.blnEdicionActiva = false;
+  form.Hide();
+  Pantalla().DoEvents();
+}
+
+}  // namespace quorvane
