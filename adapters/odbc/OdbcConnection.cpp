@@ -38,12 +38,17 @@ struct Setting {
 /// somebody else writes to is waited for, and what is written is durable.
 constexpr Setting kForSqlite[] = {{"Timeout", "60000"}, {"NoCreat", "Yes"}, {"SyncPragma", "FULL"}};
 
-/// One round trip a statement, which a pooler can hand to any of its connections; True is a bit;
+/// One round trip a statement, which a pooler can hand to any of its connections; no log of them in
+/// the system's temporary folder, as Debian registers the driver; True is a bit;
 /// and a server that has gone silent is given up.
-constexpr Setting kForPostgreSql[] = {
-    {"UseServerSidePrepare", "0"}, {"UseDeclareFetch", "0"},
-    {"BoolsAsChar", "0"},          {"KeepaliveTime", "30"},
-    {"KeepaliveInterval", "10"},   {"pqopt", "{keepalives_count=3 tcp_user_timeout=20000}"}};
+constexpr Setting kForPostgreSql[] = {{"UseServerSidePrepare", "0"},
+                                      {"UseDeclareFetch", "0"},
+                                      {"CommLog", "0"},
+                                      {"Debug", "0"},
+                                      {"BoolsAsChar", "0"},
+                                      {"KeepaliveTime", "30"},
+                                      {"KeepaliveInterval", "10"},
+                                      {"pqopt", "{keepalives_count=3 tcp_user_timeout=20000}"}};
 
 std::span<const Setting> SettingsFor(Engine engine) {
   if (engine == Engine::Sqlite) return kForSqlite;
