@@ -17,7 +17,7 @@ USER = 'zendria'     # works on them, with the rights that docs/servidores.md te
 PASSWORD = 'una clave; con {signos}'
 SETTINGS = {
     'fsync': 'off', 'full_page_writes': 'off', 'synchronous_commit': 'off', 'max_connections': '90',
-    'shared_buffers': '32MB', 'max_wal_size': '256MB', 'autovacuum': 'off', 'log_min_messages': 'fatal',
+    'shared_buffers': '32MB', 'max_wal_size': '256MB', 'autovacuum': 'off', 'log_min_messages': 'fatal', 'password_encryption': 'scram-sha-256',
     'log_min_error_statement': 'fatal', 'logging_collector': 'off', 'jit': 'off'}
 
 

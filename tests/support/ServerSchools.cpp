@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <map>
+#include <memory>
 #include <stdexcept>
 #include <unistd.h>
 #include <vector>
@@ -49,8 +51,7 @@ std::string Make(std::size_t number) {
   odbc::OdbcConnection server(OwnerString("postgres"), "");
   server.Open();
   server.Execute("CREATE DATABASE " + name);
-  odbc::OdbcConnection school(OwnerString(name), "");
-  school.Open();
+  auto& school = OwnersConnection(name);
   for (const auto& statement : SchemaStatements(PostgreSqlSchema())) school.Execute(statement);
   for (const auto& grant : Grants()) school.Execute(grant);
   if (Shape().empty()) Shape() = Shape(school);
@@ -82,14 +83,21 @@ std::string TakeServerSchool() {
   return database;
 }
 
+Connection& OwnersConnection(const std::string& database) {
+  static std::map<std::string, std::unique_ptr<odbc::OdbcConnection>> connections;
+  auto& connection = connections[database];
+  if (!connection) connection = std::make_unique<odbc::OdbcConnection>(OwnerString(database), "");
+  connection->Open();
+  return *connection;
+}
+
 void GiveBackServerSchool(const std::string& database) {
-  odbc::OdbcConnection school(OwnerString(database), "");
-  school.Open();
-  std::string tables;
-  for (const auto& table : SchoolTables()) tables += (tables.empty() ? "" : ", ") + table.name;
+  auto& school = OwnersConnection(database);
   // One whose tables a test has altered isn't used again.
   if (Shape(school) != Shape()) return;
-  school.Execute("TRUNCATE " + tables);
+  std::string statements;
+  for (const auto& table : SchoolTables()) statements += "DELETE FROM " + table.name + ";";
+  school.Execute(statements);
   Free().push_back(database);
 }
 

@@ -2,6 +2,10 @@
 
 #include <string>
 
+namespace quorvane {
+class Connection;
+}
+
 namespace quorvane::test {
 
 /// Whether the tests reach their schools on a server of their own (tests/servidor): two strings
@@ -17,5 +21,9 @@ std::string OwnerString(const std::string& database);
 /// is given back is emptied and taken again.
 std::string TakeServerSchool();
 void GiveBackServerSchool(const std::string& database);
+
+/// Open as who made the database, to the end of the program: to open one takes longer than most
+/// tests.
+Connection& OwnersConnection(const std::string& database);
 
 }  // namespace quorvane::test

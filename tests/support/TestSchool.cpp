@@ -4,10 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <unistd.h>
 
-#include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
@@ -32,14 +30,10 @@ std::string NewPath() {
 
 std::string CellText(const Value& value) { return value.IsNull() ? "NULL" : value.Text(); }
 
-std::unique_ptr<Connection> Opened(const std::string& path, sqlite::OpenMode mode) {
-  std::unique_ptr<Connection> school;
-  if (OnServer())
-    school = std::make_unique<odbc::OdbcConnection>(OwnerString(path), "");
-  else
-    school = std::make_unique<sqlite::SqliteConnection>(path, "", mode);
-  school->Open();
-  return school;
+Recordset ReadFile(const std::string& path, const std::string& select) {
+  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::ReadOnly);
+  school.Open();
+  return school.Execute(select);
 }
 
 void MakeFile(const std::string& path) {
@@ -68,7 +62,7 @@ TestSchool::~TestSchool() {
 void TestSchool::Sql(const std::string& statements) const {
   try {
     if (OnServer()) {
-      Opened(path_, sqlite::OpenMode::ReadWrite)->Execute(statements);
+      OwnersConnection(path_).Execute(statements);
       return;
     }
     sqlite::SqliteConnection school(path_, "");
@@ -82,8 +76,7 @@ void TestSchool::Sql(const std::string& statements) const {
 std::vector<std::string> TestSchool::Rows(const std::string& select) const {
   std::vector<std::string> rows;
   try {
-    const auto school = Opened(path_, sqlite::OpenMode::ReadOnly);
-    auto found = school->Execute(select);
+    auto found = OnServer() ? OwnersConnection(path_).Execute(select) : ReadFile(path_, select);
     for (; !found.Eof(); found.MoveNext()) {
       std::string row;
       for (std::size_t i = 0; i < found.Names().size(); ++i)
