@@ -1,11 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "frame/cConfiguracion.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/Anchos.h"
-#include "grades/grid/CeldaNotas.h"
 #include "grades/grid/NotasTutor.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "grades/saving/Intentos.h"
 #include "platform/RuntimeError.h"
@@ -13,14 +10,13 @@
 #include "platform/controls/Retivo.h"
 #include "platform/host/Application.h"
 #include "tests/grades/DirectSession.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 // What the grade forms share, where it depends on what a form passes.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 std::string ListOf(std::initializer_list<int> subjects) {
   auto list = ListaMateriasBloqueo();
@@ -29,28 +25,28 @@ std::string ListOf(std::initializer_list<int> subjects) {
   return list;
 }
 
-TEST(MateriasBloqueo, EachSubjectStandsOnceBehindTheLeadingZero) {
+TEST(MateriasBloqueoTest, EachSubjectStandsOnceBehindTheLeadingZero) {
   EXPECT_EQ(ListOf({7}), "0,7");
   EXPECT_EQ(ListOf({7, 12, 7, 2, 12}), "0,7,12,2");
   EXPECT_EQ(ListOf({112, 12, 1}), "0,112,12,1") << "not found inside a longer number";
 }
 
-TEST(MateriasBloqueo, ListWithoutSubjectsIsEmptied) { EXPECT_EQ(ListOf({}), ""); }
+TEST(MateriasBloqueoTest, ListWithoutSubjectsIsEmptied) { EXPECT_EQ(ListOf({}), ""); }
 
-TEST(MateriasBloqueo, SplittingSkipsTheLeadingZero) {
+TEST(MateriasBloqueoTest, SplittingSkipsTheLeadingZero) {
   EXPECT_THAT(MateriasDeLista("0,7,12"), ElementsAre(7, 12));
   EXPECT_THAT(MateriasDeLista("0"), IsEmpty());
   EXPECT_THAT(MateriasDeLista(""), IsEmpty());
 }
 
-class Attempts : public ::testing::Test {
+class AttemptsTest : public ::testing::Test {
  public:
-  Attempts() { Application::Instance().UseScreen(&screen_); }
-  ~Attempts() override { Application::Instance().UseScreen(nullptr); }
-  Attempts(const Attempts&) = delete;
-  Attempts& operator=(const Attempts&) = delete;
-  Attempts(Attempts&&) = delete;
-  Attempts& operator=(Attempts&&) = delete;
+  AttemptsTest() { Application::Instance().UseScreen(&screen_); }
+  ~AttemptsTest() override { Application::Instance().UseScreen(nullptr); }
+  AttemptsTest(const AttemptsTest&) = delete;
+  AttemptsTest& operator=(const AttemptsTest&) = delete;
+  AttemptsTest(AttemptsTest&&) = delete;
+  AttemptsTest& operator=(AttemptsTest&&) = delete;
 
  protected:
   /// Runs the loop over these answers; gives back how many attempts it made.
@@ -63,19 +59,19 @@ class Attempts : public ::testing::Test {
   SilentScreen screen_;
 };
 
-TEST_F(Attempts, EndWithTheFirstThatSucceeds) {
+TEST_F(AttemptsTest, EndWithTheFirstThatSucceeds) {
   EXPECT_EQ(Run({0}), 1);
   EXPECT_THAT(screen_.messages, IsEmpty());
 }
 
-TEST_F(Attempts, GoOnWithoutLimitWhileTheEngineRefuses) {
+TEST_F(AttemptsTest, GoOnWithoutLimitWhileTheEngineRefuses) {
   std::vector<std::int32_t> answers(50, -2147467259);
   answers.push_back(0);
   EXPECT_EQ(Run(answers), 51);
   EXPECT_THAT(screen_.messages, IsEmpty());
 }
 
-TEST_F(Attempts, AnyOtherNumberIsAMessageAndTheEnd) {
+TEST_F(AttemptsTest, AnyOtherNumberIsAMessageAndTheEnd) {
   EXPECT_EQ(Run({-2147467259, 6}), 2);
   EXPECT_THAT(screen_.messages,
               ElementsAre(std::to_string(static_cast<int>(MessageIcon::Critical)) +
@@ -83,7 +79,7 @@ TEST_F(Attempts, AnyOtherNumberIsAMessageAndTheEnd) {
   EXPECT_EQ(screen_.beeps, 1);
 }
 
-TEST_F(Attempts, FailureThatNobodyTrapsLeavesTheLoop) {
+TEST_F(AttemptsTest, FailureThatNobodyTrapsLeavesTheLoop) {
   EXPECT_EQ(DirectSession::ErrorOf([] {
               InsertarConIntentos("No va", []() -> std::int32_t {
                 throw RuntimeError(ErrorNumber::StatementFailed);
@@ -93,9 +89,9 @@ TEST_F(Attempts, FailureThatNobodyTrapsLeavesTheLoop) {
   EXPECT_THAT(screen_.messages, IsEmpty());
 }
 
-class GridOnAForm : public ::testing::Test {
+class GridOnAFormTest : public ::testing::Test {
  protected:
-  GridOnAForm() { grid_.Cols(4); }
+  GridOnAFormTest() { grid_.Cols(4); }
 
   std::vector<std::int32_t> Widths() const {
     return {grid_.ColWidth(0), grid_.ColWidth(1), grid_.ColWidth(2), grid_.ColWidth(3)};
@@ -108,7 +104,7 @@ class GridOnAForm : public ::testing::Test {
   Retivo grid_{form_, "rtv"};
 };
 
-TEST_F(GridOnAForm, WidthsReachUpToTheHighestColumnAndKeepWhatTheyHold) {
+TEST_F(GridOnAFormTest, WidthsReachUpToTheHighestColumnAndKeepWhatTheyHold) {
   Anchos widths;
   widths.Crecer(1);
   Widen(500);
@@ -120,7 +116,7 @@ TEST_F(GridOnAForm, WidthsReachUpToTheHighestColumnAndKeepWhatTheyHold) {
   EXPECT_THAT(Widths(), ElementsAre(500, 500, 0, 100));
 }
 
-TEST_F(GridOnAForm, WhileTheFormLoadsWidthsAreKeptOnlyWhenAskedAndNeverGivenBack) {
+TEST_F(GridOnAFormTest, WhileTheFormLoadsWidthsAreKeptOnlyWhenAskedAndNeverGivenBack) {
   Anchos widths;
   widths.Crecer(3);
   Widen(500);
@@ -134,7 +130,7 @@ TEST_F(GridOnAForm, WhileTheFormLoadsWidthsAreKeptOnlyWhenAskedAndNeverGivenBack
   EXPECT_THAT(Widths(), ElementsAre(700, 700, 700, 700));
 }
 
-TEST_F(GridOnAForm, ColumnBeyondTheGridEndsTheCopyAndIsAnErrorWhenGivenBack) {
+TEST_F(GridOnAFormTest, ColumnBeyondTheGridEndsTheCopyAndIsAnErrorWhenGivenBack) {
   Anchos widths;
   widths.Crecer(5);
   Widen(500);
@@ -144,77 +140,31 @@ TEST_F(GridOnAForm, ColumnBeyondTheGridEndsTheCopyAndIsAnErrorWhenGivenBack) {
   EXPECT_THAT(Widths(), ElementsAre(500, 500, 500, 500));
 }
 
-constexpr const char* kScope =
-    "(CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion=33)) AND "
-    "(CodCurso=0 OR CodCurso=22) AND (CodNumevaluacion=0 OR CodNumEvaluacion=44)";
-constexpr const char* kSystems =
-    "CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE "
-    "CodTipoEnsenanza=11))) ORDER BY DescripcionCorta";
-
-class CellStatement : public ::testing::TestWithParam<bool> {
+class ObservationStatementTest : public ::testing::TestWithParam<bool> {
  public:
-  CellStatement() { cConfiguracion::Instancia().SQLServer = GetParam(); }
-  ~CellStatement() override { cConfiguracion::Instancia().SQLServer = false; }
-  CellStatement(const CellStatement&) = delete;
-  CellStatement& operator=(const CellStatement&) = delete;
-  CellStatement(CellStatement&&) = delete;
-  CellStatement& operator=(CellStatement&&) = delete;
+  ObservationStatementTest() { cConfiguracion::Instancia().SQLServer = GetParam(); }
+  ~ObservationStatementTest() override { cConfiguracion::Instancia().SQLServer = false; }
+  ObservationStatementTest(const ObservationStatementTest&) = delete;
+  ObservationStatementTest& operator=(const ObservationStatementTest&) = delete;
+  ObservationStatementTest(ObservationStatementTest&&) = delete;
+  ObservationStatementTest& operator=(ObservationStatementTest&&) = delete;
 
  protected:
   const DatosPasoUno chosen_{11, 22, 33, 44, 5, false};
-  const std::string true_ = GetParam() ? "1" : "-1";
+  const int true_ = GetParam() ? 1 : -1;
 };
 
-TEST_P(CellStatement, OfASubjectAndOfAnObjective) {
-  cMateria subject;
-  subject.IDMatDetalle = 66;
-  subject.IDProfesor = 7;
-  subject.IDProfesorAsociado = 8;
-  for (const bool objective : {false, true}) {
-    EXPECT_EQ(
-        SentenciaCelda(chosen_, 2, subject, objective),
-        std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND ") +
-            kScope +
-            " AND (CodMateria=0 OR CodMateria=66) AND (CodPersonal=0 OR CodPersonal=7 OR "
-            "CodPersonal=8) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE "
-            "Orden=2 AND Materia=" +
-            (objective ? "0" : true_) + " AND Observacion=" + (objective ? true_ : "0") +
-            " AND Evaluacion=" + true_ +
-            " AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE " + kSystems);
-  }
-}
-
-TEST_P(CellStatement, WithoutTheExceptionalOnesAndForAKindOfSubject) {
-  CondicionesNota conditions;
-  conditions.sinExcepcionales = false;
-  conditions.materiaYProfesor = DeMateriaYProfesores("66", 0, 0);
-  conditions.tipoNota = "Orden=1 AND Materia=" + true_ + " AND Observacion=0";
-  conditions.clase = "CodEspecificarTipoMateria=4 AND ";
-  EXPECT_EQ(SentenciaNotas(chosen_, conditions),
-            std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE ") + kScope +
-                " AND (CodMateria=0 OR CodMateria=66) AND (CodPersonal=0 OR CodPersonal=0 OR "
-                "CodPersonal=0) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden=1 "
-                "AND Materia=" +
-                true_ +
-                " AND Observacion=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria "
-                "WHERE CodEspecificarTipoMateria=4 AND " +
-                kSystems);
-}
-
-TEST_P(CellStatement, OfTheObservation) {
+TEST_P(ObservationStatementTest, WithAndWithoutTheExceptionalOnes) {
   for (const bool without : {false, true})
-    EXPECT_EQ(SentenciaObservaciones(chosen_, without),
-              std::string("SELECT IDNota, DescripcionCorta FROM Nota WHERE ") +
-                  (without ? "NotaExcepcional=0 AND " : "") + kScope +
-                  " AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota WHERE Orden=1 AND "
-                  "Materia=0 AND Observacion=0 AND Evaluacion=" +
-                  true_ + " AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE " +
-                  kSystems);
+    EXPECT_EQ("sql centro " + SentenciaObservaciones(chosen_, without),
+              Sql(without ? expected::kPlainObservations : expected::kObservations,
+                  {33, 22, 44, true_, 11}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CellStatement, ::testing::Bool(), [](const auto& engine) {
-  return engine.param ? "SqlServer" : "FileDatabase";
-});
+INSTANTIATE_TEST_SUITE_P(Engines, ObservationStatementTest, ::testing::Bool(),
+                         [](const auto& engine) {
+                           return engine.param ? "SqlServer" : "FileDatabase";
+                         });
 
 }  // namespace
 }  // namespace quorvane::test

@@ -1,42 +1,16 @@
 #include <algorithm>
 #include <array>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
-#include <vector>
+#include <tuple>
 
-#include "tests/grades/FinalSchool.h"
-#include "tests/grades/FinalStatements.h"
-#include "tests/grades/FormView.h"
-#include "tests/grades/OrdinaryStatements.h"
-#include "tests/grades/Replay.h"
+#include "tests/grades/FinalForm.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Replay.h"
 
 // Statements that fail, rows that are missing, values that don't convert, in the four final forms.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
-/// Opens the form of that node, where it narrows the section on subject 3111 or on student 1.
-std::string OpenNode(int node, int evaluacion) {
-  switch (node) {
-    case 124:
-      return OpenFinal(evaluacion);
-    case 125:
-      return OpenBySubject(evaluacion);
-    case 126:
-      return OpenSectionBySubject(evaluacion);
-    default:
-      return OpenSectionFinal(evaluacion);
-  }
-}
-
-constexpr int kNodes[] = {124, 125, 126, 127};
 
 /// A session that uses every statement that saving can take: subject 4 takes the mark, subject 1
 /// leaves it to a later evaluation, subject 2 gives it back to an earlier one.
@@ -50,26 +24,20 @@ void Prepare(const FinalSchool& school) {
       "UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=5");
 }
 
-/// A session by the number of the node, in as many parts as can be run side by side.
-struct Part {
-  int node;
-  int first;
-};
-
+/// A session of a form, in as many parts as can be run side by side.
 constexpr int kParts = 4;
 
-class FinalFailure : public ::testing::TestWithParam<Part> {
+class FinalFaultFailureTest : public ::testing::TestWithParam<std::tuple<FinalForm, int>> {
  protected:
-  static std::string Open() { return OpenNode(GetParam().node, 5); }
-
+  static const FinalForm& Dialog() { return std::get<0>(GetParam()); }
   static std::string Session() {
-    return Open() +
+    return Dialog().Open(5) +
            "editar rtvNotasAlumno 1 1 \"7\"\npulsar cmdSiguiente\npulsar cmdAceptar\n"
            "pulsar cmdNotaManual1(1)\n";
   }
 };
 
-TEST_P(FinalFailure, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
+TEST_P(FinalFaultFailureTest, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
   const FinalSchool whole;
   Prepare(whole);
   const auto all = Traffic(RunScript(whole, Session(), SessionOf(kTutor)));
@@ -79,7 +47,7 @@ TEST_P(FinalFailure, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
   const FinalSchool expected;
   Prepare(expected);
   auto replayed = all.begin();
-  for (auto k = GetParam().first; k <= statements; k += kParts) {
+  for (auto k = std::get<1>(GetParam()); k <= statements; k += kParts) {
     SCOPED_TRACE("fallo " + std::to_string(k));
     const FinalSchool school;
     Prepare(school);
@@ -97,30 +65,24 @@ TEST_P(FinalFailure, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
     ASSERT_EQ(school.Modulo(), expected.Modulo());
     // Once what is left of it is removed the way can be gone again.
     school.DropPublications();
-    const auto again = RunScript(school, Open() + "ver\n", SessionOf(kTutor));
+    const auto again = RunScript(school, Dialog().Open(5) + "ver\n", SessionOf(kTutor));
     ASSERT_EQ(again.status, 0) << again.Text();
-    const auto walkSubjects = GetParam().node == 125 || GetParam().node == 126;
-    ASSERT_GE(FormView(again).Entries(walkSubjects ? "cboMaterias" : "cboAlumnos").size(), 2U);
+    ASSERT_GE(FormView(again).Entries(Dialog().combo).size(), 2U);
   }
 }
 
-std::vector<Part> Parts() {
-  std::vector<Part> parts;
-  for (const auto node : kNodes)
-    for (int first = 1; first <= kParts; ++first) parts.push_back({node, first});
-  return parts;
-}
-
-INSTANTIATE_TEST_SUITE_P(Sessions, FinalFailure, ::testing::ValuesIn(Parts()),
+INSTANTIATE_TEST_SUITE_P(Sessions, FinalFaultFailureTest,
+                         ::testing::Combine(::testing::ValuesIn(FinalForms()),
+                                            ::testing::Range(1, kParts + 1)),
                          [](const auto& part) {
-                           return "Node" + std::to_string(part.param.node) + "Part" +
-                                  std::to_string(part.param.first);
+                           return std::get<0>(part.param).name +
+                                  ("Part" + std::to_string(std::get<1>(part.param)));
                          });
 
-TEST(FinalFault, ProgramLivesOnInTheSameRun) {
+TEST(FinalFaultTest, ProgramLivesOnInTheSameRun) {
   const FinalSchool school;
   const auto result = RunScript(school,
-                                "fallo 30\n" + OpenFinal() + OpenFinal() +
+                                "fallo 30\n" + kFinalByStudent.Open() + kFinalByStudent.Open() +
                                     "ver\npulsar cmdCancelar\npulsar cmdNotaManual1(1)\n",
                                 SessionOf(kTutor));
   EXPECT_THAT(result.Of("error"), ElementsAre("-2147467259 fallo"));
@@ -129,10 +91,11 @@ TEST(FinalFault, ProgramLivesOnInTheSameRun) {
 }
 
 // A save that breaks off leaves the form as it is, shrunk to the animation, and its locks standing.
-TEST(FinalFault, SaveThatBreaksOffLeavesTheEarlierSubjectsSaved) {
+TEST(FinalFaultTest, SaveThatBreaksOffLeavesTheEarlierSubjectsSaved) {
   const FinalSchool school;
   const auto result = RunScript(
-      school, OpenFinal() + "editar rtvNotasAlumno 1 1 \"7\"\nfallo 4\npulsar cmdAceptar\n",
+      school,
+      kFinalByStudent.Open() + "editar rtvNotasAlumno 1 1 \"7\"\nfallo 4\npulsar cmdAceptar\n",
       SessionOf(kTutor));
   EXPECT_THAT(result.Of("error"), ElementsAre("-2147467259 fallo"));
   EXPECT_EQ(school.Stored(4, 4), "107|0|0|-1|-1");
@@ -144,27 +107,27 @@ TEST(FinalFault, SaveThatBreaksOffLeavesTheEarlierSubjectsSaved) {
 struct BadInput {
   const char* name;
   const char* change;
-  std::array<const char*, 4> ends;  ///< by student, by subject, section by subject, by student
+  std::array<const char*, 4> ends;  ///< by form
 };
 
-class FinalBadInput : public ::testing::TestWithParam<BadInput> {};
+class FinalFaultBadInputTest : public ::testing::TestWithParam<BadInput> {};
 
-TEST_P(FinalBadInput, EndsTheLoadOrIsRead) {
+TEST_P(FinalFaultBadInputTest, EndsTheLoadOrIsRead) {
   auto expected = GetParam().ends.begin();
-  for (const auto node : kNodes) {
+  for (const auto& form : FinalForms()) {
     const FinalSchool school;
     school.Sql(GetParam().change);
-    const auto result = RunScript(school, OpenNode(node, 4), SessionOf(kTutor));
+    const auto result = RunScript(school, form.Open(), SessionOf(kTutor));
     const std::string error = *expected++;
     if (error.empty())
-      EXPECT_THAT(result.Of("error"), IsEmpty()) << node;
+      EXPECT_THAT(result.Of("error"), IsEmpty()) << form.name;
     else
-      EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr(error + " "))) << node;
+      EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr(error + " "))) << form.name;
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Schools, FinalBadInput,
+    Schools, FinalFaultBadInputTest,
     ::testing::Values(
         BadInput{"NullGrades",
                  "UPDATE EvaluacionActaPte SET CodNota=NULL, CodNotaObservacion=NULL, "
@@ -181,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadInput{"SectionBeyondSixteenBits",
                  "UPDATE MateriaDetalles SET codSeccion=40000 WHERE "
                  "IDMateriaDetalles IN (3111,3113)",
-                 {"6", "6", "6", ""}},
+                 {"6", "6", "", "6"}},
         BadInput{"TeacherThatIsNoNumber",
                  "UPDATE MateriaDetalles SET CodPersonal='Ana'",
                  {"", "13", "13", "13"}},
@@ -192,27 +155,18 @@ INSTANTIATE_TEST_SUITE_P(
                  "UPDATE Alumno SET Nombre=NULL, Apellido_1=NULL",
                  {"", "", "", ""}},
         BadInput{
-            "PromotionThatIsNoNumber", "UPDATE Curso SET Promocion='si'", {"", "13", "13", ""}},
+            "PromotionThatIsNoNumber", "UPDATE Curso SET Promocion='si'", {"", "13", "", "13"}},
         BadInput{"NullCourse", "UPDATE Curso SET Promocion=NULL, RE_AC=NULL", {"", "", "", ""}},
         BadInput{"GradeTypeOffTheGrid",
                  "UPDATE TipoNota SET Orden=9 WHERE IDTipoNota=12",
                  {"381", "381", "381", "381"}},
         BadInput{"GradeTypeOnTheLastOfNineColumns",
                  "UPDATE TipoNota SET Orden=8 WHERE IDTipoNota=12",
-                 {"", "381", "381", ""}},
+                 {"", "381", "", "381"}},
         BadInput{"GradeTypeOnTheLastOfEightColumns",
                  "UPDATE TipoNota SET Orden=7 WHERE IDTipoNota=12",
                  {"", "", "", ""}}),
     [](const auto& input) { return input.param.name; });
-
-TEST(FinalFault, NullGradesAreSavedAsNone) {
-  const FinalSchool school;
-  school.Sql(
-      "UPDATE EvaluacionActaPte SET CodNota=NULL, CodNotaObservacion=NULL, RE_AC_DIV=NULL, "
-      "Evaluado=NULL, UltimaEvaluada=NULL WHERE CodNumEvaluacion=4");
-  static_cast<void>(RunScript(school, OpenFinal() + "pulsar cmdAceptar\n", SessionOf(kTutor)));
-  EXPECT_EQ(school.Stored(4, 4), "0|0|0|0|0");
-}
 
 }  // namespace
 }  // namespace quorvane::test

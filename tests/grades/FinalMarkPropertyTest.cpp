@@ -73,7 +73,7 @@ bool HandsTheMarkTwice(const std::array<bool, 3>& graded, const Save& save) {
   return save.evaluation == 2 && !save.grade && graded[0] && graded[1];
 }
 
-TEST(FinalMarkProperty, AtMostOneRowHoldsTheMarkAndItHasAGrade) {
+TEST(FinalMarkPropertyTest, AtMostOneRowHoldsTheMarkAndItHasAGrade) {
   std::mt19937 random(kSeed);
   for (int i = 0; i < kSequences; ++i) {
     Sequence saves;
@@ -102,7 +102,7 @@ TEST(FinalMarkProperty, AtMostOneRowHoldsTheMarkAndItHasAGrade) {
 
 // What is left out above: the mark is handed back without taking it from anybody. It stays so until
 // the next save with a grade of an evaluation that no marked one follows.
-TEST(FinalMarkProperty, ThirdFinalWithoutAGradeMarksTheFirstBesideTheSecond) {
+TEST(FinalMarkPropertyTest, ThirdFinalWithoutAGradeMarksTheFirstBesideTheSecond) {
   const auto states =
       Play({{0, true}, {1, true}, {2, false}, {0, true}, {2, false}, {1, true}, {2, true}});
   std::vector<std::string> marks;
@@ -112,7 +112,7 @@ TEST(FinalMarkProperty, ThirdFinalWithoutAGradeMarksTheFirstBesideTheSecond) {
 }
 
 // Taken away from the third, the mark goes to whichever row comes first, which isn't the latest.
-TEST(FinalMarkProperty, MarkGoesBackToTheFirstRowAndNotToTheLatest) {
+TEST(FinalMarkPropertyTest, MarkGoesBackToTheFirstRowAndNotToTheLatest) {
   const auto states = Play({{0, true}, {1, true}, {2, true}, {2, false}});
   ASSERT_EQ(states.size(), 4U);
   EXPECT_EQ(states.back().Marks(), "100");

@@ -36,28 +36,4 @@ void FinalSchool::DropPublications() const {
   Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
 }
 
-Role OnEngine(Role role, bool sqlServer) {
-  role.sqlServer = sqlServer;
-  return role;
-}
-
-ScriptOptions SessionOf(const Role& role) {
-  ScriptOptions options;
-  options.usuario = role.user;
-  options.perfil = role.unrestricted ? 0 : 3;
-  options.sqlServer = role.sqlServer;
-  return options;
-}
-
-std::string OpenFinal(int evaluacion) {
-  return "nodo 124\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
-         std::to_string(evaluacion) + "\npulsar cmdNotaManual1(0)\n";
-}
-
-std::string OpenSectionFinal(int evaluacion, int matDet) {
-  return "nodo 127\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
-         std::to_string(evaluacion) + "\nelegir cboMateria =" + std::to_string(matDet) +
-         "\npulsar cmdNotaManual1(0)\n";
-}
-
 }  // namespace quorvane::test

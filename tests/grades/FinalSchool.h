@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tests/grades/Statements.h"
+#include "tests/grades/Roles.h"
 #include "tests/support/ScriptRun.h"
 #include "tests/support/SmallSchool.h"
 
@@ -30,18 +30,5 @@ class FinalSchool : public SmallSchool {
   /// Takes back what a form that was left open holds.
   void DropPublications() const;
 };
-
-/// Who opens the forms, as `Statements.h` knows them and as a session.
-inline const Role kUnrestricted{1, 0, 0, true, true, false};
-inline const Role kTutor{2, 1, 1, false, true, false};
-inline const Role kTeacher{3, 2, 2, false, false, false};
-inline const Role kNoStaff{4, 0, 0, false, false, false};
-Role OnEngine(Role role, bool sqlServer);
-ScriptOptions SessionOf(const Role& role);
-
-/// By student: opens step one, chooses section 321 and that evaluation and goes on.
-std::string OpenFinal(int evaluacion = 4);
-/// By section and subject: the same with a subject.
-std::string OpenSectionFinal(int evaluacion = 4, int matDet = 3111);
 
 }  // namespace quorvane::test

@@ -20,6 +20,11 @@ struct FinalSubject {
   int nota = 0;
 };
 
+/// Step one by section and subject: the subjects in place of the kind of evaluation.
+Lines StepOneFinalOfSubject(const Role& role, int evaluacion);
+/// Step one by section and student in the second final: in place of one list, the section's pending
+/// rows, who keeps a work placement, and who failed the first. `pendings` are those rows, "1,2".
+Lines StepOneSecondFinalOfStudent(const Role& role, const std::string& pendings);
 /// What step one asks more for the second final evaluation.
 Lines FirstFinal(const Role& role);
 /// `Form_Load` of step two, but by section and student.
@@ -33,6 +38,14 @@ std::string FinalRows(const Role& role, int evaluacion, int student, int matDet 
 std::string KindOf(int matDet);
 /// Whether the first final evaluation passed it.
 std::string PassedFirst(int pending);
+/// Whether a stored grade passes.
+std::string Passes(int nota);
+/// The teachers of a subject, its name and that of its course.
+Lines FinalNames(int matDet, int materia);
+/// The grades of a subject of another kind, in evaluation 4 or 5, by the key that each form has.
+std::string OtherKindByStudent(int evaluacion, int pending);
+std::string OtherKindBySubject(int evaluacion, int hostRow);
+std::string OtherKindOfSection(int evaluacion, int pending);
 /// The grades, teachers and names of a subject of the ordinary kind, behind its kind.
 Lines FinalGrades(int evaluacion, const FinalSubject& subject);
 /// The load of a student with the subjects that he turns out to have.
@@ -59,8 +72,12 @@ std::string FinalCellListOfSubject(const Role& role, int evaluacion, int matDet,
 /// A subject that is saved with a grade while no later evaluation holds the mark.
 Lines SaveFinalGraded(const Role& role, int evaluacion, int pending, int nota, int observacion = 0,
                       int medida = 0);
+/// One that is saved with a grade while a later evaluation holds the mark.
+Lines SaveFinalBehindTheMark(const Role& role, int evaluacion, int pending, int nota);
 /// One without a grade, while neither a later evaluation holds the mark nor an earlier one a grade.
 Lines SaveFinalUngraded(const Role& role, int evaluacion, int pending, int observacion = 0,
                         int medida = 0);
+/// The mark given back to the evaluation of that row, behind a save without a grade.
+std::string FinalMarkGivenBack(int row);
 
 }  // namespace quorvane::test

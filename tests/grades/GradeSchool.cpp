@@ -4,16 +4,6 @@
 #include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
-namespace {
-
-ScriptOptions Session(int user, int profile) {
-  ScriptOptions options;
-  options.usuario = user;
-  options.perfil = profile;
-  return options;
-}
-
-}  // namespace
 
 GradeSchool::GradeSchool() {
   for (const auto student : {1, 2, 3, 4}) Registra(321, student);
@@ -66,11 +56,6 @@ void GradeSchool::RemoveLocks() const {
   LockList locks(connection);
   for (const auto& publication : locks.Read()) locks.Remove(publication.id);
 }
-
-ScriptOptions Unrestricted() { return Session(1, 0); }
-ScriptOptions Tutor() { return Session(2, 3); }
-ScriptOptions Teacher() { return Session(3, 3); }
-ScriptOptions NoStaff() { return Session(4, 3); }
 
 std::string Open(int evaluacion) {
   return "nodo 124\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +

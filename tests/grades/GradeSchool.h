@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/ScriptRun.h"
+#include "tests/support/Sessions.h"
 #include "tests/support/SmallSchool.h"
 
 namespace quorvane::test {
@@ -30,12 +31,6 @@ class GradeSchool : public SmallSchool {
   /// Removes all that the technician's list shows.
   void RemoveLocks() const;
 };
-
-/// Sessions: profile 0; the tutor of 321; the teacher of 3112 and 3113; no member of staff.
-ScriptOptions Unrestricted();
-ScriptOptions Tutor();
-ScriptOptions Teacher();
-ScriptOptions NoStaff();
 
 /// Opens step one, chooses section 321 and that evaluation and goes on.
 std::string Open(int evaluacion = 1);

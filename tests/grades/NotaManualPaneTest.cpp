@@ -1,23 +1,22 @@
-#include <gmock/gmock.h>
-
 #include "frame/cConfiguracion.h"
 #include "platform/host/Application.h"
-#include "tests/grades/NotaManualDirect.h"
+#include "tests/grades/OrdinaryDirect.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 // The dialog itself: measures, busy sign, tab, and the pane of the tutor that has none.
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using NotaManualPaneTest = NotaManualDirect;
 
 std::vector<std::int32_t> Placed(const Control& control) {
   return {control.Left(), control.Top(), control.Width(), control.Height()};
 }
 
-TEST_F(NotaManualDirect, IsDrawnBeforeItLoads) {
-  const auto& form = FormInstance<frmNotaManual>::Get();
+TEST_F(NotaManualPaneTest, IsDrawnBeforeItLoads) {
+  const auto& form = Form();
   EXPECT_EQ(form.fraAniCarga.Caption(), "Procesando... Espere por favor");
   EXPECT_EQ(form.lblNotaManual[1].Caption(), "Observación:");
   EXPECT_EQ(form.rtvNotasAlumno.Cols(), 8);
@@ -29,14 +28,14 @@ TEST_F(NotaManualDirect, IsDrawnBeforeItLoads) {
     EXPECT_EQ(form.rtvNotasTutor.EditsThroughList(column), column == 1 || column == 2);
 }
 
-TEST_F(NotaManualDirect, BearsTheSessionsIcon) {
+TEST_F(NotaManualPaneTest, BearsTheSessionsIcon) {
   cConfiguracion::Instancia().RutaIcono = "C:\\zendria\\zendria.ico";
   EXPECT_EQ(Opened().Icon(), "C:\\zendria\\zendria.ico");
 }
 
 // Until the first student is shown the grids have the headings that they are set up with.
-TEST_F(NotaManualDirect, GridsBeforeTheFirstStudent) {
-  auto& form = FormInstance<frmNotaManual>::Get();
+TEST_F(NotaManualPaneTest, GridsBeforeTheFirstStudent) {
+  auto& form = Form();
   form.ConfigurarRejillas();
   const auto columns = [](const Retivo& grid) {
     std::vector<std::string> told;
@@ -68,25 +67,25 @@ class NotedScreen : public SilentScreen {
   }
 };
 
-TEST_F(NotaManualDirect, PointerWhileItOpens) {
+TEST_F(NotaManualPaneTest, PointerWhileItOpens) {
   NotedScreen screen;
   Application::Instance().UseScreen(&screen);
-  session_.Open();
+  Shown();
   EXPECT_THAT(screen.told, ElementsAre("pointer 11", "pointer 11", "pointer 1", "pointer 0"));
 }
 
-TEST_F(NotaManualDirect, PointerAndBeepWhereNobodyRemains) {
+TEST_F(NotaManualPaneTest, PointerAndBeepWhereNobodyRemains) {
   school_.Sql("DELETE FROM EvaluacionPte");
   NotedScreen screen;
   Application::Instance().UseScreen(&screen);
-  const auto held = FormInstance<frmNotaManual>::Get().shared_from_this();
-  session_.Open();
+  const auto held = Form().shared_from_this();
+  Shown();
   EXPECT_THAT(screen.told, ElementsAre("pointer 11", "pointer 11", "pointer 1", "beep",
                                        "No existen alumnos o materias para introducir notas"));
   EXPECT_TRUE(static_cast<frmNotaManual&>(*held).aniCarga.Playing()) << "until the form goes";
 }
 
-TEST_F(NotaManualDirect, ResizeMovesTheBottomAndTheRightEdge) {
+TEST_F(NotaManualPaneTest, ResizeMovesTheBottomAndTheRightEdge) {
   auto& form = Opened();
   form.ResizeByUser(12000, 9000);
   // Inside: 11880 by 8595.
@@ -105,7 +104,7 @@ TEST_F(NotaManualDirect, ResizeMovesTheBottomAndTheRightEdge) {
   EXPECT_THAT(Placed(form.rtvNotasTutor), ElementsAre(180, 300, 10680 - 360, 6080 - 1070 - 360));
 }
 
-TEST_F(NotaManualDirect, FormMadeTooSmallReturnsToItsLeastMeasures) {
+TEST_F(NotaManualPaneTest, FormMadeTooSmallReturnsToItsLeastMeasures) {
   auto& form = Opened();
   form.ResizeByUser(100, 100);
   EXPECT_EQ(form.Width(), 9300);
@@ -116,19 +115,19 @@ TEST_F(NotaManualDirect, FormMadeTooSmallReturnsToItsLeastMeasures) {
   EXPECT_EQ(form.Height(), 6465);
 }
 
-TEST_F(NotaManualDirect, MeasureThatAControlRefusesIsAnError) {
+TEST_F(NotaManualPaneTest, MeasureThatAControlRefusesIsAnError) {
   auto& form = Opened();
   form.tabNotaManual.Top(6000);
-  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.ResizeByUser(9400, 6465); }), 380);
+  EXPECT_EQ(ErrorOf([&form] { form.ResizeByUser(9400, 6465); }), 380);
 }
 
-TEST_F(NotaManualDirect, WhileItLoadsOnlyTheBusySignShowsAndResizingHasNoEffect) {
+TEST_F(NotaManualPaneTest, WhileItLoadsOnlyTheBusySignShowsAndResizingHasNoEffect) {
   std::vector<std::string> shown;
   std::vector<std::int32_t> measures;
   std::string caption;
   int paints = 0;
   session_.screen.Painting = [&] {
-    auto& form = FormInstance<frmNotaManual>::Get();
+    auto& form = Form();
     if (!form.aniCarga.Playing() || ++paints > 1) return;
     for (const auto* control : form.Controls())
       if (control->Shown()) shown.push_back(control->Name());
@@ -137,7 +136,7 @@ TEST_F(NotaManualDirect, WhileItLoadsOnlyTheBusySignShowsAndResizingHasNoEffect)
     EXPECT_EQ(form.aniCarga.File(), "C:\\zendria\\avis\\filecopy.avi");
     EXPECT_EQ(session_.screen.MousePointer(), Pointer::Hourglass);
   };
-  auto& form = session_.Open();
+  auto& form = Shown();
   EXPECT_THAT(shown, ElementsAre("fraAniCarga", "aniCarga"));
   // The frame is 4320 by 1140 at 120, 120; the screen 20000 by 12000.
   EXPECT_THAT(measures, ElementsAre((20000 - 4780) / 2, (12000 - 1790) / 2, 4780, 1790));
@@ -148,24 +147,7 @@ TEST_F(NotaManualDirect, WhileItLoadsOnlyTheBusySignShowsAndResizingHasNoEffect)
   EXPECT_EQ(session_.screen.MousePointer(), Pointer::Default);
 }
 
-TEST_F(NotaManualDirect, WhileItSavesTheBusySignShowsAndTheFormTakesNoGesture) {
-  auto& form = Opened();
-  std::string caption;
-  bool enabled = true;
-  session_.screen.Painting = [&] {
-    if (!form.aniCarga.Playing()) return;
-    caption = form.fraAniCarga.Caption();
-    enabled = form.Enabled();
-    session_.screen.Painting = nullptr;
-  };
-  const auto held = form.shared_from_this();
-  form.cmdAceptar_Click();
-  EXPECT_EQ(caption, "Grabando datos");
-  EXPECT_FALSE(enabled);
-  EXPECT_FALSE(FormInstance<frmNotaManual>::Exists());
-}
-
-TEST_F(NotaManualDirect, MeasuresAndPlaceComeBackAfterTheBusySign) {
+TEST_F(NotaManualPaneTest, MeasuresAndPlaceComeBackAfterTheBusySign) {
   auto& form = Opened();
   form.ResizeByUser(12000, 9000);
   form.Left(500);
@@ -181,7 +163,7 @@ TEST_F(NotaManualDirect, MeasuresAndPlaceComeBackAfterTheBusySign) {
   EXPECT_EQ(form.tabNotaManual.Height(), 8040 - 720 - 240) << "the panes follow";
 }
 
-TEST_F(NotaManualDirect, PressingTheOnlyTabShowsTheGrades) {
+TEST_F(NotaManualPaneTest, PressingTheOnlyTabShowsTheGrades) {
   auto& form = Opened();
   form.fraNotaManual[0].Visible(false);
   form.tabNotaManual.SelectedTab(1);
@@ -190,27 +172,12 @@ TEST_F(NotaManualDirect, PressingTheOnlyTabShowsTheGrades) {
   EXPECT_LT(form.tabNotaManual.Layer(), form.fraNotaManual[0].Layer());
 }
 
-TEST_F(NotaManualDirect, CaptionOfStepOneIsKeptAndNotShown) {
-  FormInstance<frmNotaManual>::Get().mstrCaption = "ESO 2º ESO A";
+TEST_F(NotaManualPaneTest, CaptionOfStepOneIsKeptAndNotShown) {
+  Form().mstrCaption = "ESO 2º ESO A";
   EXPECT_EQ(Opened().Caption(), "Introducción de notas. Paso 2 de 2");
 }
 
-TEST_F(NotaManualDirect, MembersThatAStudentDoesNotHaveAreAnError) {
-  auto& form = Opened();
-  const auto error = [](const auto& action) { return DirectSession::ErrorOf(action); };
-  EXPECT_EQ(error([&form] { form.cboObservacion.ListIndex(0); }), 438);
-  EXPECT_EQ(error([&form] { form.cboObservacion.ListIndex(-1); }), 0);
-  EXPECT_EQ(error([&form] { form.txtAusencias.TypeKey("3"); }), 438);
-  EXPECT_EQ(error([&form] { form.txtRetrasos.Text("2"); }), 438);
-  form.rtvNotasTutor.AddItem("");
-  form.rtvNotasTutor.TextMatrix(1, 3, "77");
-  for (const int column : {1, 2}) {
-    form.rtvNotasTutor.BeginEdit(1, column);
-    EXPECT_EQ(error([&form] { form.rtvNotasTutor.EndEdit(0); }), 438) << column;
-  }
-}
-
-TEST_F(NotaManualDirect, CountersTakeDigitsAndTheBackspaceAlone) {
+TEST_F(NotaManualPaneTest, CountersTakeDigitsAndTheBackspaceAlone) {
   auto& form = Opened();
   for (auto* box : {&form.txtAusencias, &form.txtRetrasos}) {
     int key = 'x';
@@ -225,28 +192,19 @@ TEST_F(NotaManualDirect, CountersTakeDigitsAndTheBackspaceAlone) {
   EXPECT_EQ(session_.screen.beeps, 2);
 }
 
-TEST_F(NotaManualDirect, CellOfTheTutorsGridIsFilledWithTheGradesOfValues) {
+TEST_F(NotaManualPaneTest, CellOfTheTutorsGridIsFilledWithTheGradesOfValues) {
   auto& form = Opened();
   form.rtvNotasTutor.AddItem("");
   form.rtvNotasTutor.TextMatrix(1, 3, "77");
   form.rtvNotasTutor.BeginEdit(1, 1);
-  EXPECT_THAT(
-      session_.Statements(),
-      ElementsAre(Sql(
-          "SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR "
-          "CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion=321)) AND (CodCurso=0 OR "
-          "CodCurso=32) AND (CodNumevaluacion=0 OR CodNumEvaluacion=1) AND (CodMateria=0 OR "
-          "CodMateria=77) AND (CodPersonal=0) AND CodTipoNota IN (SELECT IDTipoNota FROM TipoNota "
-          "WHERE Orden=1 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE "
-          "CodEspecificarTipoMateria=3 AND CodSistemaCalificacion IN (SELECT "
-          "IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza=3))) ORDER BY "
-          "DescripcionCorta")));
+  EXPECT_THAT(session_.Statements(),
+              ElementsAre(Sql(expected::kTutorCellList, {321, 32, 1, 77, 1, 3})));
   ASSERT_EQ(form.rtvNotasTutor.Lista(1).size(), 2U);
   EXPECT_EQ(form.rtvNotasTutor.Lista(1)[0].text, " ");
   EXPECT_EQ(form.rtvNotasTutor.Lista(1)[1].data, 301);
 }
 
-TEST_F(NotaManualDirect, HeadingFirstAndLastColumnOfTheTutorsGridOfferNothing) {
+TEST_F(NotaManualPaneTest, HeadingFirstAndLastColumnOfTheTutorsGridOfferNothing) {
   auto& form = Opened();
   form.rtvNotasTutor.AddItem("");
   for (const auto& [row, column] : {std::pair{0, 1}, std::pair{1, 0}, std::pair{1, 3}})
@@ -254,14 +212,6 @@ TEST_F(NotaManualDirect, HeadingFirstAndLastColumnOfTheTutorsGridOfferNothing) {
   form.blnEdicionActiva = false;
   form.rtvNotasTutor.BeginEdit(1, 1);
   EXPECT_THAT(session_.Statements(), IsEmpty());
-}
-
-TEST_F(NotaManualDirect, WidthsOfTheTutorsGridAreKeptByAnEdit) {
-  auto& form = Opened();
-  form.rtvNotasTutor.ColWidth(2, 3456);
-  form.rtvNotasTutor_FinEdicion();  // on the heading row: the widths are saved all the same
-  form.rtvNotasTutor.DragColumn(2, 100);
-  EXPECT_EQ(form.rtvNotasTutor.ColWidth(2), 3456);
 }
 
 }  // namespace

@@ -1,24 +1,23 @@
-#include <gmock/gmock.h>
-
 #include "frame/cConfiguracion.h"
-#include "tests/grades/NotaManualDirect.h"
+#include "tests/grades/OrdinaryDirect.h"
+#include "tests/support/Matchers.h"
 
 // How the form stands where something has stopped it, and what it leaves behind.
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::IsEmpty;
+using NotaManualStateTest = NotaManualDirect;
 
 std::vector<const Control*> Gestures(const frmNotaManual& form) {
   return {&form.cboAlumnos,    &form.cmdAceptar,  &form.cmdCancelar,
           &form.tabNotaManual, &form.cmdAnterior, &form.cmdSiguiente};
 }
 
-TEST_F(NotaManualDirect, LoadThatFailsLeavesTheFormBusy) {
+TEST_F(NotaManualStateTest, LoadThatFailsLeavesTheFormBusy) {
   school_.Sql("UPDATE EvaluacionPte SET CodNota=999");
-  EXPECT_EQ(DirectSession::ErrorOf([this] { session_.Open(); }), 3021);
-  const auto& form = FormInstance<frmNotaManual>::Get();
+  EXPECT_EQ(ErrorOf([this] { Shown(); }), 3021);
+  const auto& form = Form();
   EXPECT_TRUE(form.blnCargando);
   EXPECT_FALSE(form.Enabled());
   for (const auto* control : Gestures(form)) EXPECT_FALSE(control->Enabled()) << control->Name();
@@ -27,13 +26,13 @@ TEST_F(NotaManualDirect, LoadThatFailsLeavesTheFormBusy) {
   EXPECT_EQ(session_.screen.MousePointer(), Pointer::Hourglass);
 }
 
-TEST_F(NotaManualDirect, PublicationThatFailsFindsTheLoadDone) {
+TEST_F(NotaManualStateTest, PublicationThatFailsFindsTheLoadDone) {
   school_.Sql(
       "CREATE TRIGGER lleno BEFORE INSERT ON PublicacionPte BEGIN SELECT RAISE(FAIL, 'lleno'); "
       "END");
   PasoUno().blnRecuperar = true;
-  EXPECT_EQ(DirectSession::ErrorOf([this] { session_.Open(); }), -2147467259);
-  const auto& form = FormInstance<frmNotaManual>::Get();
+  EXPECT_EQ(ErrorOf([this] { Shown(); }), -2147467259);
+  const auto& form = Form();
   EXPECT_EQ(form.publicacion.IDPublicacion, 0);
   EXPECT_TRUE(form.Enabled());
   for (const auto* control : Gestures(form)) EXPECT_TRUE(control->Enabled()) << control->Name();
@@ -43,20 +42,20 @@ TEST_F(NotaManualDirect, PublicationThatFailsFindsTheLoadDone) {
   EXPECT_THAT(session_.screen.messages, IsEmpty());
 }
 
-TEST_F(NotaManualDirect, RefusedFormKnowsWhyAndIsNotSetUp) {
+TEST_F(NotaManualStateTest, RefusedFormKnowsWhyAndIsNotSetUp) {
   cConfiguracion::Instancia().RutaIcono = "zendria.ico";
   school_.Sql(
       "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
       "CodNumEvaluacion) VALUES (7, 1, 321, 1)");
-  auto& form = FormInstance<frmNotaManual>::Get();
+  auto& form = Form();
   const auto held = form.shared_from_this();
-  session_.Open();
+  Shown();
   EXPECT_TRUE(form.blnConPublicacion);
   EXPECT_EQ(form.Icon(), "");
   EXPECT_EQ(session_.screen.beeps, 2);
 }
 
-TEST_F(NotaManualDirect, LeavingForgetsTheStudentsAndEndsTheEditing) {
+TEST_F(NotaManualStateTest, LeavingForgetsTheStudentsAndEndsTheEditing) {
   auto& form = Opened();
   const auto held = form.shared_from_this();
   EXPECT_TRUE(form.blnEdicionActiva);
@@ -66,7 +65,7 @@ TEST_F(NotaManualDirect, LeavingForgetsTheStudentsAndEndsTheEditing) {
   EXPECT_FALSE(FormInstance<frmNotaManual>::Exists());
 }
 
-TEST_F(NotaManualDirect, WidthsOfTheTutorsGridComeBackAtAnEditAndWithTheNextStudent) {
+TEST_F(NotaManualStateTest, WidthsOfTheTutorsGridComeBackAtAnEditAndWithTheNextStudent) {
   auto& form = Opened();
   form.rtvNotasTutor.ColWidth(2, 3456);
   form.GuardarAnchosTutor(false);
@@ -77,14 +76,14 @@ TEST_F(NotaManualDirect, WidthsOfTheTutorsGridComeBackAtAnEditAndWithTheNextStud
   EXPECT_EQ(form.rtvNotasTutor.ColWidth(2), 3456);
 }
 
-TEST_F(NotaManualDirect, WithoutKindsOfTheTutorTheWidthOfTheFirstColumnIsKept) {
+TEST_F(NotaManualStateTest, WithoutKindsOfTheTutorTheWidthOfTheFirstColumnIsKept) {
   school_.Sql("DELETE FROM TipoNota WHERE Abreviatura=0");
   auto& form = Opened();
   form.rtvNotasTutor.DragColumn(0, 100);
   EXPECT_EQ(form.rtvNotasTutor.ColWidth(0), 2000);
 }
 
-TEST_F(NotaManualDirect, ObservationThatIsGoneGoesWithTheNextStudent) {
+TEST_F(NotaManualStateTest, ObservationThatIsGoneGoesWithTheNextStudent) {
   auto& form = Opened();
   ASSERT_EQ(form.cboObservacion.ListCount(), 2);
   school_.Sql("DELETE FROM TipoNota WHERE IDTipoNota=51");

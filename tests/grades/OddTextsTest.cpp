@@ -115,9 +115,9 @@ std::vector<std::string> FirstWords(const ScriptResult& result) {
   return words;
 }
 
-class OddTexts : public ::testing::TestWithParam<OddText> {};
+class OddTextsTest : public ::testing::TestWithParam<OddText> {};
 
-TEST_P(OddTexts, ChangeNothingButWhatIsShown) {
+TEST_P(OddTextsTest, ChangeNothingButWhatIsShown) {
   const auto& odd = GetParam().text;
   const OddSchool expectedSchool("Texto");
   const auto expected = RunScript(expectedSchool, Script());
@@ -136,7 +136,7 @@ TEST_P(OddTexts, ChangeNothingButWhatIsShown) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Texts, OddTexts,
+    Texts, OddTextsTest,
     testing::Values(OddText{"Quote", "O'Neil "}, OddText{"DoubleQuote", "el \"Rubio\" "},
                     OddText{"Brackets", "[a] ]b[ "}, OddText{"Tab", "uno\tdos "},
                     OddText{"LineBreak", "uno\ndos "}, OddText{"CarriageReturn", "uno\r\ndos "},

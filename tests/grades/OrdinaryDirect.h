@@ -4,12 +4,15 @@
 
 #include "grades/section/frmNotaSeccionAlumno.h"
 #include "grades/section/frmNotaSeccionMateria.h"
+#include "grades/student/frmNotaManual.h"
 #include "grades/subject/frmNotaMateria.h"
 #include "platform/controls/FormInstance.h"
+#include "selection/frmNotaManual1.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"
 #include "tests/grades/DirectSession.h"
+#include "tests/grades/OrdinaryForms.h"
 
 namespace quorvane::test {
 
@@ -28,8 +31,7 @@ FormPasoUno& ChosenStepOne() {
   return stepOne;
 }
 
-/// An ordinary form by subject or of a section on the small school, for what no gesture of the user
-/// reaches.
+/// An ordinary form on the small school, opened by user 1, for what no gesture reaches.
 template <class FormPasoUno, class FormPasoDos>
 class OrdinaryDirect : public ::testing::Test {
  protected:
@@ -40,27 +42,65 @@ class OrdinaryDirect : public ::testing::Test {
 
   static FormPasoUno& PasoUno() { return FormInstance<FormPasoUno>::Get(); }
   static FormPasoDos& Form() { return FormInstance<FormPasoDos>::Get(); }
+  static const OrdinaryForm& Known() { return OrdinaryFormNamed(Form().Name()); }
 
+  FormPasoDos& Shown() {
+    Form().ShowModal();
+    return Form();
+  }
   FormPasoDos& Opened() {
-    auto& form = Form();
-    form.ShowModal();
+    auto& form = Shown();
     static_cast<void>(session_.Statements());
     return form;
+  }
+
+  static ComboBox& Combo() {
+    if constexpr (requires { Form().cboAlumnos; })
+      return Form().cboAlumnos;
+    else
+      return Form().cboMaterias;
+  }
+  /// Opened with subject 3111 of student 1 in row 1.
+  FormPasoDos& OpenedAtLengua() {
+    auto& form = Opened();
+    Combo().ListIndex(Known().index);
+    static_cast<void>(session_.Statements());
+    return form;
+  }
+  static auto& Lengua() {
+    return *Form().colAlumnos["1"]->colMateria[std::to_string(Known().keyOfSubject)];
+  }
+  static std::int32_t ErrorOf(const std::function<void()>& action) {
+    return DirectSession::ErrorOf(action);
   }
 
   GradeSchool school_;
   DirectSession session_{school_};
 };
 
-/// By subject.
-class NotaMateriaDirect : public OrdinaryDirect<frmNotaMateria1, frmNotaMateria> {};
+using NotaManualDirect = OrdinaryDirect<frmNotaManual1, frmNotaManual>;
+using NotaMateriaDirect = OrdinaryDirect<frmNotaMateria1, frmNotaMateria>;
+using NotaSeccionAlumnoDirect = OrdinaryDirect<frmNotaSeccionAlumno1, frmNotaSeccionAlumno>;
+using NotaSeccionMateriaDirect = OrdinaryDirect<frmNotaSeccionMateria1, frmNotaSeccionMateria>;
 
-/// By the students of a section.
-class NotaSeccionAlumnoDirect : public OrdinaryDirect<frmNotaSeccionAlumno1, frmNotaSeccionAlumno> {
+using WalkStudents = ::testing::Types<NotaManualDirect, NotaSeccionAlumnoDirect>;
+using WalkSubjects = ::testing::Types<NotaMateriaDirect, NotaSeccionMateriaDirect>;
+using AllFour = ::testing::Types<NotaManualDirect, NotaMateriaDirect, NotaSeccionAlumnoDirect,
+                                 NotaSeccionMateriaDirect>;
+
+/// A test's name for the form of such a type.
+struct NameOfDirect {
+  template <class Direct>
+  static std::string GetName(int /*place*/) {
+    if constexpr (std::is_same_v<Direct, NotaManualDirect>)
+      return "frmNotaManual";
+    else if constexpr (std::is_same_v<Direct, NotaMateriaDirect>)
+      return "frmNotaMateria";
+    else if constexpr (std::is_same_v<Direct, NotaSeccionAlumnoDirect>)
+      return "frmNotaSeccionAlumno";
+    else
+      return "frmNotaSeccionMateria";
+  }
 };
-
-/// By the subjects of a student of a section.
-class NotaSeccionMateriaDirect
-    : public OrdinaryDirect<frmNotaSeccionMateria1, frmNotaSeccionMateria> {};
 
 }  // namespace quorvane::test

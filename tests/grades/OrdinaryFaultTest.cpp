@@ -1,61 +1,55 @@
-#include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <ostream>
 #include <tuple>
 
-#include "tests/grades/FormView.h"
-#include "tests/grades/GradeSchool.h"
-#include "tests/grades/OrdinaryFlow.h"
-#include "tests/grades/Replay.h"
+#include "tests/grades/OrdinaryForms.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Replay.h"
 
-// Statements that fail, rows that are missing, values that don't convert, by subject and in the
-// two flows of a section.
+// Statements that fail, rows that are missing, values that don't convert, in the four ordinary
+// forms.
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
 /// So that saving takes each of its ways as far as the form has the subjects: pending row 2 is
-/// graded and takes the mark, 1 leaves it to a later evaluation, 3 gives it to an earlier one.
+/// graded and takes the mark, 1 failed and leaves it to a later evaluation, 3 gives it to an
+/// earlier one.
 void Prepare(const GradeSchool& school) {
   school.Evalua(1, 3);
   school.Sql(
       "UPDATE EvaluacionPte SET CodNota=105, Evaluado=-1, UltimaEvaluada=-1 WHERE "
-      "(CodNumEvaluacion=3 AND CodAlumnoPte_MatDet=1);"
+      "CodNumEvaluacion=3 AND CodAlumnoPte_MatDet=1;"
       "UPDATE EvaluacionPte SET CodNota=105, Evaluado=-1 WHERE CodNumEvaluacion=1 AND "
       "CodAlumnoPte_MatDet=3;"
-      "UPDATE EvaluacionPte SET CodNota=107, Evaluado=-1 WHERE CodNumEvaluacion=2 AND "
+      "UPDATE EvaluacionPte SET CodNota=103, Evaluado=-1 WHERE CodNumEvaluacion=2 AND "
       "CodAlumnoPte_MatDet=1");
 }
 
 // Every statement of a session, in as many parts as can be run side by side.
 constexpr int kParts = 4;
 
-class OrdinaryFailure : public ::testing::TestWithParam<std::tuple<OrdinaryFlow, int>> {
+class OrdinaryFailureTest : public ::testing::TestWithParam<std::tuple<OrdinaryForm, int>> {
  protected:
-  static const OrdinaryFlow& Flow() { return std::get<0>(GetParam()); }
+  static const OrdinaryForm& Form() { return std::get<0>(GetParam()); }
 
   static std::string Session() {
-    return Flow().open(2, "") + "editar rtvNotasAlumno 1 1 =107\npulsar cmdSiguiente\n" +
-           "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n";
+    return Form().Open(2) +
+           "editar rtvNotasAlumno 1 1 =107\npulsar cmdSiguiente\npulsar cmdAceptar\n"
+           "pulsar cmdNotaManual1(1)\n";
   }
 };
 
-TEST_P(OrdinaryFailure, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
+TEST_P(OrdinaryFailureTest, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
   const GradeSchool whole;
   Prepare(whole);
   const auto all = Traffic(RunScript(whole, Session(), Tutor()));
-  const auto statements =
-      std::count_if(all.begin(), all.end(), [](const auto& l) { return l.starts_with("sql "); });
-  ASSERT_GT(statements, 55);
+  const auto statements = Statements(all).size();
+  ASSERT_GT(statements, 55U);
   const GradeSchool expected;
   Prepare(expected);
   auto replayed = all.begin();
-  for (int k = std::get<1>(GetParam()); k <= statements; k += kParts) {
+  for (auto k = static_cast<std::size_t>(std::get<1>(GetParam())); k <= statements; k += kParts) {
     SCOPED_TRACE("fallo " + std::to_string(k));
     const GradeSchool school;
     Prepare(school);
@@ -71,19 +65,21 @@ TEST_P(OrdinaryFailure, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
     Replay(expected, {replayed, failed});
     replayed = failed;
     ASSERT_EQ(school.Modulo(), expected.Modulo());
-    // Once the locks that remained are removed the form opens again.
-    school.Sql("DELETE FROM BloqueoPte; DELETE FROM PublicacionPte");
-    ASSERT_EQ(FormView(RunScript(school, Flow().open(2, "") + "ver\n", Tutor())).Form(),
-              Flow().form);
+    // The locks that remained are listed; once they are removed the form opens again.
+    ASSERT_EQ(school.Locks(), expected.Locks());
+    school.RemoveLocks();
+    ASSERT_THAT(school.Locks(), IsEmpty());
+    const FormView again(RunScript(school, Form().Open(2) + "ver\n", Tutor()));
+    ASSERT_EQ(again.Form(), Form().name);
+    ASSERT_THAT(again.Entries(Form().combo), SizeIs(2));
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryFailure,
-                         ::testing::Combine(::testing::Values(kBySubject, kSectionByStudent,
-                                                              kSectionBySubject),
+INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryFailureTest,
+                         ::testing::Combine(::testing::ValuesIn(OrdinaryForms()),
                                             ::testing::Range(1, kParts + 1)),
                          [](const auto& part) {
-                           return std::string(std::get<0>(part.param).form) +
+                           return std::get<0>(part.param).name +
                                   std::to_string(std::get<1>(part.param));
                          });
 
@@ -95,23 +91,28 @@ struct Missing {
 
 void PrintTo(const Missing& missing, std::ostream* out) { *out << missing.what; }
 
-class OrdinaryMissing : public ::testing::TestWithParam<std::tuple<OrdinaryFlow, Missing>> {};
+class OrdinaryMissingTest : public ::testing::TestWithParam<std::tuple<OrdinaryForm, Missing>> {};
 
-TEST_P(OrdinaryMissing, RowGivesTheNumberedErrorAndLocksNothing) {
-  const auto& [flow, missing] = GetParam();
+TEST_P(OrdinaryMissingTest, RowGivesTheNumberedErrorAndLocksNothing) {
+  const auto& [form, missing] = GetParam();
   const GradeSchool school;
   const auto result = RunScript(
-      school, flow.open(1, "sql \"" + std::string(missing.statement) + "\"\n") + "ver\n", Tutor());
+      school, form.Open(1, "sql \"" + std::string(missing.statement) + "\"\n") + "ver\n", Tutor());
   EXPECT_EQ(result.status, 1) << result.Text();
-  EXPECT_THAT(result.Of("error"), ElementsAre(::testing::StartsWith(missing.number)));
+  EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith(missing.number)));
   EXPECT_THAT(school.Rows("SELECT * FROM BloqueoPte"), IsEmpty());
 }
 
+const auto kNameOfMissing = [](const auto& test) {
+  return std::get<0>(test.param).name + std::string(std::get<1>(test.param).what);
+};
+
 INSTANTIATE_TEST_SUITE_P(
-    Forms, OrdinaryMissing,
+    Forms, OrdinaryMissingTest,
     ::testing::Combine(
-        ::testing::Values(kBySubject, kSectionByStudent, kSectionBySubject),
+        ::testing::ValuesIn(OrdinaryForms()),
         ::testing::Values(
+            Missing{"Usuario", "DELETE FROM Usuario", "3021 "},
             Missing{"Materia", "DELETE FROM Materia WHERE IDMateria=1", "3021 "},
             Missing{"Seccion",
                     "UPDATE MateriaDetalles SET codSeccion=999 WHERE IDMateriaDetalles=3111",
@@ -132,65 +133,104 @@ INSTANTIATE_TEST_SUITE_P(
                     "6 "},
             Missing{"OrderOfAKindOfGradeOffTheGrid",
                     "UPDATE TipoNota SET Orden=20 WHERE IDTipoNota=12", "381 "})),
-    [](const auto& test) {
-      return std::string(std::get<0>(test.param).form) + std::get<1>(test.param).what;
-    });
+    kNameOfMissing);
 
-class OrdinaryValues : public ::testing::TestWithParam<OrdinaryFlow> {};
+// Only entry by student reads these while it loads.
+INSTANTIATE_TEST_SUITE_P(
+    ByStudent, OrdinaryMissingTest,
+    ::testing::Combine(::testing::Values(kByStudent),
+                       ::testing::Values(Missing{"SistemaCalificacion",
+                                                 "DELETE FROM SistemaCalificacion", "3021 "},
+                                         Missing{"OrdinaryKind",
+                                                 "UPDATE TipoMateria SET CodSistemaCalificacion=9 "
+                                                 "WHERE CodEspecificarTipoMateria=1",
+                                                 "3021 "})),
+    kNameOfMissing);
 
-TEST_P(OrdinaryValues, NullsAreNothing) {
-  const GradeSchool school;
-  const auto result =
-      RunScript(school,
-                GetParam().open(1,
-                                "sql \"UPDATE EvaluacionPte SET CodNota=NULL, CodNotaActitud=NULL, "
-                                "Evaluado=NULL\"\n"
-                                "sql \"UPDATE MateriaDetalles SET CodPersonal=NULL, "
-                                "CodPersonalAsociado=NULL\"\n"
-                                "sql \"UPDATE AlumnoPte_MatDet SET Orden=NULL\"\n"
-                                "sql \"UPDATE TipoNota SET Nombre=NULL\"\n") +
-                    GetParam().toLengua + "ver\nlista rtvNotasAlumno 1 1\npulsar cmdAceptar\n",
-                Tutor());
-  EXPECT_THAT(result.Of("error"), IsEmpty()) << result.Text();
-  EXPECT_EQ(FormView(result).Cells("rtvNotasAlumno").at(1), GetParam().row);
-  EXPECT_EQ(school.Stored(2, 1), "0|0|0|0|0|NULL|0");
+class OrdinaryValuesTest : public EachFormTest {};
+
+INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryValuesTest, ::testing::ValuesIn(OrdinaryForms()),
+                         kNameOfForm);
+
+TEST_P(OrdinaryValuesTest, ProgramLivesOnAfterAFailure) {
+  // The 30th statement is one of the load.
+  const auto result = RunScript(school_,
+                                "fallo 30\n" + form_.Open() + form_.Open() +
+                                    "ver\npulsar cmdCancelar\npulsar cmdNotaManual1(1)\n",
+                                Tutor());
+  EXPECT_THAT(result.Of("error"), ElementsAre("-2147467259 fallo"));
+  EXPECT_EQ(FormView(result).Form(), form_.name);
+  EXPECT_THAT(result.Of("vuelve"), Contains(std::to_string(form_.node)));
 }
 
-TEST_P(OrdinaryValues, NamesMayHoldAnything) {
-  const GradeSchool school;
-  const auto result = RunScript(
-      school,
-      GetParam().open(1,
-                      "sql \"UPDATE Alumno SET Nombre='O''Neil [x] {1}', OrdenSeccion=NULL WHERE "
-                      "IDAlumno=1\"\n"
-                      "sql \"UPDATE Materia SET Nombre='Física, ''química''' WHERE "
-                      "IDMateria=1\"\n") +
-          "pulsar cmdSiguiente\nver\npulsar cmdAceptar\npulsar cmdNotaManual1(1)\n",
-      Tutor());
+TEST_P(OrdinaryValuesTest, FailureOfTheLastStatementsLeavesTheLocksOfTheForm) {
+  const std::string locked = "SELECT CodMatDet FROM BloqueoPte ORDER BY 1";
+  Play();
+  const auto open = school_.Rows(locked);
+  ASSERT_THAT(open, Contains("3111"));
+  school_.RemoveLocks();
+  // The user's staff row is read first on leaving: nothing has been given back yet.
+  Play("fallo 1\npulsar cmdCancelar\n");
+  EXPECT_EQ(school_.Rows(locked), open);
+  EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("1"));
+}
+
+TEST_P(OrdinaryValuesTest, NullsAreNothing) {
+  const auto result =
+      RunScript(school_,
+                form_.Open(1,
+                           "sql \"UPDATE EvaluacionPte SET CodNota=NULL, "
+                           "CodNotaActitud=NULL, Evaluado=NULL\"\n"
+                           "sql \"UPDATE MateriaDetalles SET CodPersonal=NULL, "
+                           "CodPersonalAsociado=NULL\"\n"
+                           "sql \"UPDATE AlumnoPte_MatDet SET Orden=NULL\"\n"
+                           "sql \"UPDATE TipoNota SET Nombre=NULL\"\n") +
+                    form_.toLengua + "ver\nlista rtvNotasAlumno 1 1\npulsar cmdAceptar\n",
+                Tutor());
+  EXPECT_THAT(result.Of("error"), IsEmpty()) << result.Text();
+  EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"), Contains(form_.row));
+  EXPECT_EQ(school_.Stored(2, 1), "0|0|0|0|0|NULL|0");
+}
+
+TEST_P(OrdinaryValuesTest, NamesMayHoldAnything) {
+  school_.Sql(
+      "UPDATE Alumno SET Nombre='O''Neil \"Bo\" [x]'||char(9)||'{1}', OrdenSeccion=NULL WHERE "
+      "IDAlumno=1;"
+      "UPDATE Materia SET Nombre='Física, ''química'' {1}' WHERE IDMateria=1");
+  const auto result =
+      Play("ver\npulsar cmdSiguiente\nver\npulsar cmdAceptar\npulsar cmdNotaManual1(1)\n");
   EXPECT_EQ(result.status, 0) << result.Text();
-  const auto text = result.Text();
-  EXPECT_THAT(text, HasSubstr("Díaz Cano, O'Neil [x] {1}"));
-  EXPECT_THAT(text, HasSubstr("Física, 'química' (1º ESO)"));
+  EXPECT_THAT(result.Text(), HasSubstr(R"(Díaz Cano, O'Neil \"Bo\" [x]\t{1})"));
+  EXPECT_THAT(result.Text(), HasSubstr("Física, 'química' {1} (1º ESO)"));
 }
 
 // Rounds of grading and saving nest: step one opens the form again from inside its own closing.
-TEST_P(OrdinaryValues, ManyRoundsNestWithoutHarm) {
-  const GradeSchool school;
-  auto script = GetParam().open(1, "");
-  for (int i = 0; i < 10; ++i)
-    script += GetParam().toLengua + std::string("editar rtvNotasAlumno 1 1 #") +
-              std::to_string(i % 5 + 1) + "\npulsar cmdAceptar\npulsar cmdNotaManual1(0)\n";
-  const auto result =
-      RunScript(school, script + "pulsar cmdCancelar\npulsar cmdNotaManual1(1)\n", Tutor());
+TEST_P(OrdinaryValuesTest, ManyRoundsNestWithoutHarm) {
+  std::string script;
+  for (int i = 0; i < 20; ++i)
+    script += form_.toLengua + "editar rtvNotasAlumno 1 1 #" + std::to_string(i % 5 + 1) +
+              "\npulsar cmdAceptar\npulsar cmdNotaManual1(0)\n";
+  const auto result = Play(script + "pulsar cmdCancelar\npulsar cmdNotaManual1(1)\n");
   EXPECT_EQ(result.status, 0) << result.Text();
-  EXPECT_EQ(result.Of("carga").size(), 12U) << "a fresh form each time";
-  EXPECT_THAT(school.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("0"));
-  EXPECT_THAT(school.Rows("SELECT COUNT(*) FROM BloqueoPte"), ElementsAre("0"));
+  EXPECT_THAT(result.Of("carga"), SizeIs(22)) << "a fresh form each time";
+  EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("0"));
+  EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM BloqueoPte"), ElementsAre("0"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryValues,
-                         ::testing::Values(kBySubject, kSectionByStudent, kSectionBySubject),
-                         [](const auto& flow) { return std::string(flow.param.form); });
+using NotaManualFaultTest = OneFormTest<kByStudent>;
+
+TEST_F(NotaManualFaultTest, SubjectDetailsThatAreGonePurgeAllAndNothingRemains) {
+  school_.Sql("DELETE FROM MateriaDetalles");
+  const auto result = Play("ver\n", Unrestricted());
+  EXPECT_THAT(result.Of("mensaje"), ElementsAre(form_.NothingToGrade()));
+  EXPECT_THAT(school_.Rows("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet"), ElementsAre("5"))
+      << "the student who has left isn't loaded";
+}
+
+TEST_F(NotaManualFaultTest, SubjectWithoutANameIsItsCourseAlone) {
+  school_.Sql("UPDATE Materia SET Nombre=NULL");
+  EXPECT_EQ(Shown().Cells("rtvNotasAlumno").back(), " (1º ESO)||||||0|4");
+}
 
 }  // namespace
 }  // namespace quorvane::test

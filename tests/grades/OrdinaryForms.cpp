@@ -1,238 +1,143 @@
 #include "tests/grades/OrdinaryForms.h"
 
-#include <memory>
+#include <algorithm>
 
-#include "grades/student/frmNotaManual.h"
-#include "selection/frmNotaManual1.h"
-#include "tests/grades/OrdinaryDirect.h"
-#include "tests/grades/OrdinaryStatements.h"
+#include "tests/support/ExpectedStatements.h"
 
 namespace quorvane::test {
 namespace {
 
-/// What the forms say while they load and while they save.
-template <class FormPasoUno, class FormPasoDos>
-std::pair<std::string, std::string> CaptionsAtWork() {
-  const GradeSchool school;
-  DirectSession session(school);
-  ChosenStepOne<FormPasoUno>();
-  const auto form =
-      std::static_pointer_cast<FormPasoDos>(FormInstance<FormPasoDos>::Get().shared_from_this());
-  std::pair<std::string, std::string> captions;
-  auto* caption = &captions.first;
-  session.screen.Painting = [&] {
-    if (form->aniCarga.Playing()) *caption = form->fraAniCarga.Caption();
-  };
-  form->ShowModal();
-  caption = &captions.second;
-  form->cmdAceptar_Click();
-  return captions;
-}
+const std::string kStudents = Sql(expected::kStudents, {321});
+const std::string kFlags = Sql(expected::kSectionFlags, {321});
+const std::string kObservation = Sql(expected::kObservationByGrade, {3});
 
-/// What the routine without a caller runs that adds an objective to the next evaluation, from the
-/// question for the objective on.
-template <class FormPasoUno, class FormPasoDos>
-Lines Adding() {
-  const GradeSchool school;
-  school.Sql(
-      "INSERT INTO MateriaDetalles (IDMateriaDetalles, codMateria, codSeccion, CodPersonal, "
-      "CodPersonalAsociado, CodTipoMateria) VALUES (3214,4,321,0,0,10);"
-      "INSERT INTO Alumno_MateriaDetalles VALUES (51,1,3214,3211,1,6,-1,0)");
-  DirectSession session(school);
-  ChosenStepOne<FormPasoUno>();
-  static_cast<void>(session.Statements());
-  std::int32_t student = 1;
-  std::int32_t subject = 1;
-  std::int32_t objective = 4;
-  static_cast<void>(DirectSession::ErrorOf([&] {
-    FormInstance<FormPasoDos>::Get().AnadirMateriaEvaluacionesPosteriores(student, subject,
-                                                                          objective);
-  }));
-  const auto statements = session.Statements();
-  return {statements.end() - 5, statements.end()};
-}
-
-/// The one that reads the objectives of a subject: its first statement.
-template <class FormPasoUno, class FormPasoDos>
-std::string Objectives() {
-  const GradeSchool school;
-  DirectSession session(school);
-  ChosenStepOne<FormPasoUno>();
-  static_cast<void>(session.Statements());
-  FormInstance<FormPasoDos>::Get().CargarObjetivos(1, 1);
-  return session.Statements().at(0);
-}
-
-const std::string kStudents =
-    "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM "
-    "Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion=321 ORDER "
-    "BY OrdenSeccion";
-const std::string kChosenStudent =
-    "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM "
-    "Alumno WHERE IDAlumno=1";
-const std::string kFlags = "SELECT Seguimiento, AcumularObjetivos FROM Seccion WHERE IDSeccion=321";
-const std::string kKindOfGrade =
-    "SELECT TipoNota.Nombre FROM TipoNota INNER JOIN TipoMateria ON "
-    "TipoNota.CodTipoMateria=TipoMateria.IDTipoMateria WHERE "
-    "TipoMateria.CodEspecificarTipoMateria=5 AND TipoMateria.CodSistemaCalificacion IN (SELECT "
-    "IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza=3)";
-const std::string kKindOfSubject =
-    "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=5 AND CodSistemaCalificacion "
-    "IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza=3)";
-
-const std::string kDeleteGrades = "DELETE FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=2";
-const std::string kDeleteFinal = "DELETE FROM EvaluacionActaPte WHERE CodAlumnoPte_MatDet=2";
-const std::string kDeleteRow = "DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=2";
-const std::string kDeleteElsewhere =
-    "DELETE FROM AlumnoPte_MateriaDetalles WHERE IDAlumnoPte_MatDet=2";
-
-const std::string kGrades =
-    "CodNota=107,CodNotaActitud=0, CodNotaObservacion=0,CodNotaConcepto=0,CodNotaProcedimiento=0 "
-    "WHERE CodNumEvaluacion=1 AND CodAlumnoPte_MatDet = 2";
-const std::string kPasses = "SELECT Aprobado FROM Nota WHERE IDNota=107";
-const std::string kLater =
-    "SELECT IDEvaluacionPte FROM EvaluacionPte WHERE UltimaEvaluada=-1 AND CodNumEvaluacion > 1 "
-    "AND CodAlumnoPte_MatDet = 2";
-const std::string kEvaluated = "UPDATE EvaluacionPte SET Evaluado=-1," + kGrades;
-const std::string kMark =
-    "UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE CodNumEvaluacion=1 AND CodAlumnoPte_MatDet";
-const std::string kUnmark =
-    "UPDATE EvaluacionPte SET UltimaEvaluada=0 WHERE CodNumEvaluacion<>1 AND CodAlumnoPte_MatDet "
-    "= 2";
-const std::vector<std::string> kSaveByStudent = {
-    kPasses, "UPDATE EvaluacionPte SET UltimaEvaluada=-1 ,Evaluado=-1," + kGrades,
-    "UPDATE EvaluacionPte SET UltimaEvaluada=0  WHERE CodNumEvaluacion<>1 AND CodAlumnoPte_MatDet "
-    "= 2"};
-const std::vector<std::string> kSaveBehind = {kPasses, kEvaluated, kLater};
-
-const std::string kObjectiveNames =
-    "IDAlumno_MateriaDetalles, CodMateriaDetalles, CodMateriaDetallesAsociada, Orden";
+Lines Marked(const char* mark) { return SaveMarked(kTutor, 1, 2, 107, mark); }
 
 }  // namespace
 
-const std::vector<OrdinaryForm>& OrdinaryFormsTable() {
-  static const std::vector<OrdinaryForm> forms = {
-      {.name = "frmNotaManual",
-       .open = Open(),
-       .toLengua = "elegir cboAlumnos =1\n",
-       .label = "Alumno:",
-       .loading = "Cargando datos",
-       .saving = "Grabando datos",
-       .nothing = "No existen alumnos o materias para introducir notas",
-       .secondMessage = true,
-       .captionsAtWork = CaptionsAtWork<frmNotaManual1, frmNotaManual>,
-       .load = {kStudents, kKindOfGrade},
-       .rows = " WHERE codNumEvaluacion=1 AND CodAlumno=",
-       .hostAsked = true,
-       .purge = {kDeleteGrades, kDeleteFinal, kDeleteRow},
-       .purgeError = "",
-       .otherKind = "3265 ",
-       .headings = "Materia|Nota||||Observación||",
-       .row = "Lengua (1º ESO)||||||0|2",
-       .widths = {2000, 2000, 0, 0, 0, 2000, 0, 0},
-       .keyOfSubject = 2,
-       .editOnSelection = false,
-       .paneOnSelection = true,
-       .headingError = "",
-       .saveBehind = kSaveByStudent,
-       .save = kSaveByStudent,
-       .objectiveColumns = "*",
-       .objectives = Objectives<frmNotaManual1, frmNotaManual>,
-       .keyName = "",
-       .objectiveSought = "IDAlumno_MateriaDetalles, Orden",
-       .gradesTable = "Evaluacion ",
-       .adding = Adding<frmNotaManual1, frmNotaManual>},
-      {.name = "frmNotaMateria",
-       .open = OpenBySubject(),
-       .toLengua = "elegir cboMaterias =2\n",
-       .label = "Materias y objetivos:",
-       .loading = "Cargando Datos...",
-       .saving = "Grabando Datos...",
-       .nothing = "No exiten alumnos o materias para introducir notas",
-       .secondMessage = false,
-       .captionsAtWork = CaptionsAtWork<frmNotaMateria1, frmNotaMateria>,
-       .load = {kStudents, kFlags, kFlags, kFlags, kKindOfGrade},
-       .rows = " WHERE codNumEvaluacion=1 AND CodAlumno=",
-       .hostAsked = false,
-       .purge = {kDeleteGrades, kDeleteFinal, kDeleteElsewhere},
-       .purgeError = "-2147467259 ",
-       .otherKind = "3265 ",
-       .headings = "Orden en Sección / Alumno|Nota||||Observación|",
-       .row = "2   Díaz Cano, Marta||||||1",
-       .widths = {3000, 2000, 0, 0, 0, 2000, 0},
-       .keyOfSubject = 3111,
-       .editOnSelection = false,
-       .paneOnSelection = false,
-       .headingError = "",
-       .saveBehind = kSaveBehind,
-       .save = {kPasses, kEvaluated, kLater, kMark + "= 2", kUnmark},
-       .objectiveColumns = "*",
-       .objectives = Objectives<frmNotaMateria1, frmNotaMateria>,
-       .keyName = " AS IDMax",
-       .objectiveSought = "Orden",
-       .gradesTable = "Evaluacion ",
-       .adding = Adding<frmNotaMateria1, frmNotaMateria>},
-      {.name = "frmNotaSeccionAlumno",
-       .open = OpenSectionByStudent(),
-       .toLengua = "elegir cboAlumnos =1\n",
-       .label = "Alumno:",
-       .loading = "Cargando... Espere por favor",
-       .saving = "Grabando... Espere por favor",
-       .nothing = "No existen alumnos o materias para introducir sus notas",
-       .secondMessage = true,
-       .captionsAtWork = CaptionsAtWork<frmNotaSeccionAlumno1, frmNotaSeccionAlumno>,
-       .load = {kStudents},
-       .rows = " WHERE CodMatDet=3111 AND codNumEvaluacion=1 AND CodAlumno=",
-       .hostAsked = false,
-       .purge = {kDeleteGrades, kDeleteFinal, kDeleteRow},
-       .purgeError = "",
-       .otherKind = "",
-       .headings = "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion||",
-       .row = "Lengua (1º ESO)||||||0|3111",
-       .widths = {2000, 2000, 0, 0, 0, 2000, 0, 0},
-       .keyOfSubject = 3111,
-       .editOnSelection = true,
-       .paneOnSelection = true,
-       .headingError = "",
-       .saveBehind = kSaveBehind,
-       .save = {kPasses, kEvaluated, kLater, kMark + " =2", kUnmark},
-       .objectiveColumns = kObjectiveNames,
-       .objectives = Objectives<frmNotaSeccionAlumno1, frmNotaSeccionAlumno>,
-       .keyName = " AS IDMax",
-       .objectiveSought = "Orden",
-       .gradesTable = "Evaluacion ",
-       .adding = Adding<frmNotaSeccionAlumno1, frmNotaSeccionAlumno>},
-      {.name = "frmNotaSeccionMateria",
-       .open = OpenSectionBySubject(),
-       .toLengua = "elegir cboMaterias =1\n",
-       .label = "Materias y objetivos:",
-       .loading = "Cargando... Espere por favor",
-       .saving = "Grabando... Espere por favor",
-       .nothing = "No existen alumnos o materias para calificar",
-       .secondMessage = false,
-       .captionsAtWork = CaptionsAtWork<frmNotaSeccionMateria1, frmNotaSeccionMateria>,
-       .load = {kChosenStudent, kKindOfSubject},
-       .rows = " WHERE codNumEvaluacion=1 AND CodAlumno=",
-       .hostAsked = false,
-       .purge = {},
-       .purgeError = "3265 ",
-       .otherKind = "3265 ",
-       .headings = "Orden en Sección / Alumno|Nota||||Observación|",
-       .row = "2   Díaz Cano, Marta||||||1",
-       .widths = {3000, 2000, 0, 0, 0, 2000, 0},
-       .keyOfSubject = 3111,
-       .editOnSelection = true,
-       .paneOnSelection = true,
-       .headingError = "5 ",
-       .saveBehind = kSaveBehind,
-       .save = {kPasses, kEvaluated, kLater, kMark + " =2", kUnmark},
-       .objectiveColumns = "*",
-       .objectives = Objectives<frmNotaSeccionMateria1, frmNotaSeccionMateria>,
-       .keyName = " AS IDMax",
-       .objectiveSought = "Orden",
-       .gradesTable = "EvaluacionPte  ",
-       .adding = Adding<frmNotaSeccionMateria1, frmNotaSeccionMateria>}};
-  return forms;
+const std::string kInUse =
+    "informacion \"Zendria Escuela\" \"En la sección y evaluación seleccionadas se están "
+    "introduciendo notas. No puede acceder a estos datos.\"";
+
+const OrdinaryForm kByStudent = {.name = "frmNotaManual",
+                                 .stepOne = "frmNotaManual1",
+                                 .node = 124,
+                                 .combo = "cboAlumnos",
+                                 .toLengua = "elegir cboAlumnos =1\n",
+                                 .label = "Alumno:",
+                                 .loading = "Cargando datos",
+                                 .saving = "Grabando datos",
+                                 .nothing = "No existen alumnos o materias para introducir notas",
+                                 .secondMessage = true,
+                                 .toStepTwo = StepOne,
+                                 .load = {kStudents, kObservation},
+                                 .hostAsked = true,
+                                 .purge = Purge(2),
+                                 .headings = "Materia|Nota||||Observación||",
+                                 .row = "Lengua (1º ESO)||||||0|2",
+                                 .widths = {2000, 2000, 0, 0, 0, 2000, 0, 0},
+                                 .keyOfSubject = 2,
+                                 .saveBehind = SaveByStudent(1, 2, 107, true),
+                                 .save = SaveByStudent(1, 2, 107, true),
+                                 .keyName = "",
+                                 .objectiveSought = expected::kObjectiveKeyAndOrder};
+
+const OrdinaryForm kBySubject = {
+    .name = "frmNotaMateria",
+    .stepOne = "frmNotaMateria1",
+    .node = 125,
+    .combo = "cboMaterias",
+    .toLengua = "elegir cboMaterias \"Lengua (1º ESO)\"\n",
+    .label = "Materias y objetivos:",
+    .loading = "Cargando Datos...",
+    .saving = "Grabando Datos...",
+    .nothing = "No exiten alumnos o materias para introducir notas",
+    .toStepTwo = StepOneBySubject,
+    .load = {kStudents, kFlags, kFlags, kFlags, kObservation},
+    .purge = First(Purge(2), 2) + Lines{Sql(expected::kPurgeElsewhere, {2})},
+    .purgeError = "-2147467259 ",
+    .headings = "Orden en Sección / Alumno|Nota||||Observación|",
+    .row = "2   Díaz Cano, Marta||||||1",
+    .widths = {3000, 2000, 0, 0, 0, 2000, 0},
+    .paneOnSelection = false,
+    .tutorWidthsKept = false,
+    .save = Marked(expected::kMarkBySubject)};
+
+const OrdinaryForm kSectionByStudent = {
+    .name = "frmNotaSeccionAlumno",
+    .stepOne = "frmNotaSeccionAlumno1",
+    .node = 127,
+    .ownChoice = "elegir cboMateria =3111\n",
+    .combo = "cboAlumnos",
+    .toLengua = "elegir cboAlumnos =1\n",
+    .index = 0,
+    .entries = 2,
+    .label = "Alumno:",
+    .nothing = "No existen alumnos o materias para introducir sus notas",
+    .secondMessage = true,
+    .toStepTwo = StepOneSectionByStudent,
+    .load = {kStudents},
+    .rows = " WHERE CodMatDet=3111 AND codNumEvaluacion=1 AND CodAlumno=",
+    .purge = Purge(2),
+    .otherKind = "",
+    .headings = "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion||",
+    .row = "Lengua (1º ESO)||||||0|3111",
+    .widths = {2000, 2000, 0, 0, 0, 2000, 0, 0},
+    .editOnSelection = true,
+    .save = Marked(expected::kMarkBySection),
+    .objectives = expected::kNamedObjectives};
+
+const OrdinaryForm kSectionBySubject = {
+    .name = "frmNotaSeccionMateria",
+    .stepOne = "frmNotaSeccionMateria1",
+    .node = 126,
+    .ownChoice = "elegir cboAlumno =1\n",
+    .combo = "cboMaterias",
+    .toLengua = "elegir cboMaterias =1\n",
+    .index = 0,
+    .entries = 2,
+    .label = "Materias y objetivos:",
+    .nothing = "No existen alumnos o materias para calificar",
+    .toStepTwo = StepOneSectionBySubject,
+    .load = {Sql(expected::kChosenStudent, {1}), Sql(expected::kKindName, {5, 3})},
+    .purgeError = "3265 ",
+    .headings = "Orden en Sección / Alumno|Nota||||Observación|",
+    .row = "2   Díaz Cano, Marta||||||1",
+    .widths = {3000, 2000, 0, 0, 0, 2000, 0},
+    .editOnSelection = true,
+    .headingError = "5 ",
+    .save = Marked(expected::kMarkBySection),
+    .insertGrades = expected::kInsertPendingGrades};
+
+std::string OrdinaryForm::Open(int evaluacion, const std::string& before) const {
+  return "nodo " + std::to_string(node) +
+         "\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
+         std::to_string(evaluacion) + "\n" + ownChoice + before + "pulsar cmdNotaManual1(0)\n";
+}
+
+std::string OrdinaryForm::NothingToGrade() const {
+  return "informacion \"Zendria Escuela\" \"" + std::string(nothing) + "\"";
+}
+
+void PrintTo(const OrdinaryForm& form, std::ostream* out) { *out << form.name; }
+
+std::vector<OrdinaryForm> OrdinaryForms() {
+  return {kByStudent, kBySubject, kSectionByStudent, kSectionBySubject};
+}
+
+std::vector<OrdinaryForm> FormsThatRespectTheMark() {
+  return {kBySubject, kSectionByStudent, kSectionBySubject};
+}
+
+const OrdinaryForm& OrdinaryFormNamed(const std::string& name) {
+  for (const auto* form : {&kByStudent, &kBySubject, &kSectionByStudent})
+    if (name == form->name) return *form;
+  return kSectionBySubject;
+}
+
+FormView FormScripts::Shown(const std::string& gestures, const ScriptOptions& user) const {
+  school_.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
+  return FormView(Play(gestures + "ver\n", user));
 }
 
 }  // namespace quorvane::test

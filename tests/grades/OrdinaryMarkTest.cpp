@@ -1,9 +1,6 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "tests/grades/FinalSchool.h"
-#include "tests/grades/GradeSchool.h"
-#include "tests/grades/OrdinaryFlow.h"
+#include "tests/grades/OrdinaryForms.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 // How the three forms that respect a later mark move `UltimaEvaluada` when they save. Pending row
 // 2 is graded in evaluations 1, 2 and 3. Stored rows read: the grades of columns 1 to 5,
@@ -12,16 +9,9 @@
 namespace quorvane::test {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsSupersetOf;
-using ::testing::Not;
-
-class OrdinaryMark : public ::testing::TestWithParam<OrdinaryFlow> {
+class OrdinaryMarkTest : public EachFormTest {
  protected:
-  OrdinaryMark() { school_.Evalua(2, 3); }
+  OrdinaryMarkTest() { school_.Evalua(2, 3); }
 
   /// The grade of that row as it stands before the test.
   void Stands(int evaluacion, int nota, bool marked) const {
@@ -30,42 +20,48 @@ class OrdinaryMark : public ::testing::TestWithParam<OrdinaryFlow> {
                 " WHERE CodAlumnoPte_MatDet=2 AND CodNumEvaluacion=" + std::to_string(evaluacion));
   }
 
+  /// Opens the form in that evaluation at the row and goes on.
+  [[nodiscard]] ScriptResult PlayIn(int evaluacion, const std::string& gestures) const {
+    return RunScript(school_, form_.Open(evaluacion) + form_.toLengua + gestures, Tutor());
+  }
+
   /// Picks an entry for the main grade in that evaluation, and saves.
   Lines Save(int evaluacion, const std::string& entry) const {
-    const auto result =
-        RunScript(school_,
-                  GetParam().open(evaluacion, "") + GetParam().toLengua +
-                      (entry.empty() ? "" : "editar rtvNotasAlumno 1 1 " + entry + "\n") +
-                      "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n",
-                  Tutor());
+    const auto edit = entry.empty() ? "" : "editar rtvNotasAlumno 1 1 " + entry + "\n";
+    const auto result = PlayIn(evaluacion, edit + "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n");
     EXPECT_EQ(result.status, 0) << result.Text();
     return Traffic(result.After("pulsar cmdAceptar"));
+  }
+
+  /// What saving that grade in row 2 takes where no later evaluation holds the mark.
+  [[nodiscard]] Lines Marked(int nota) const {
+    return SaveMarked(
+        kTutor, 2, 2, nota,
+        form_.node == kBySubject.node ? expected::kMarkBySubject : expected::kMarkBySection);
   }
 
   [[nodiscard]] Lines Stored() const {
     return {school_.Stored(2, 1), school_.Stored(2, 2), school_.Stored(2, 3)};
   }
-
-  GradeSchool school_;
 };
 
 const std::string kUnmarked = "0|0|0|0|0|0|0";
 
-TEST_P(OrdinaryMark, GradeTakesTheMarkFromAnEarlierEvaluation) {
+TEST_P(OrdinaryMarkTest, GradeTakesTheMarkFromAnEarlierEvaluation) {
   Stands(1, 103, true);
   const auto traffic = Save(2, "=107");
   EXPECT_THAT(Stored(), ElementsAre("103|0|0|0|0|-1|0", "107|0|0|0|0|-1|-1", kUnmarked));
-  EXPECT_THAT(traffic, IsSupersetOf(SaveMarked(kTutor, 2, 2, 107, GetParam().equals)));
+  EXPECT_THAT(traffic, IsSupersetOf(Marked(107)));
 }
 
-TEST_P(OrdinaryMark, FailingGradeTakesItWithTheSameStatements) {
+TEST_P(OrdinaryMarkTest, FailingGradeTakesItWithTheSameStatements) {
   Stands(1, 107, true);
   const auto traffic = Save(2, "=103");
   EXPECT_THAT(Stored(), ElementsAre("107|0|0|0|0|-1|0", "103|0|0|0|0|-1|-1", kUnmarked));
-  EXPECT_THAT(traffic, IsSupersetOf(SaveMarked(kTutor, 2, 2, 103, GetParam().equals)));
+  EXPECT_THAT(traffic, IsSupersetOf(Marked(103)));
 }
 
-TEST_P(OrdinaryMark, GradeBeforeTheMarkedEvaluationLeavesTheMarkWhereItIs) {
+TEST_P(OrdinaryMarkTest, GradeBeforeTheMarkedEvaluationLeavesTheMarkWhereItIs) {
   Stands(3, 105, true);
   const auto traffic = Save(2, "=107");
   EXPECT_THAT(Stored(), ElementsAre(kUnmarked, "107|0|0|0|0|-1|0", "105|0|0|0|0|-1|-1"));
@@ -76,14 +72,14 @@ TEST_P(OrdinaryMark, GradeBeforeTheMarkedEvaluationLeavesTheMarkWhereItIs) {
 }
 
 // Later goes by the key of the evaluation, whatever its order.
-TEST_P(OrdinaryMark, LaterIsWhatHasTheGreaterKey) {
+TEST_P(OrdinaryMarkTest, LaterIsWhatHasTheGreaterKey) {
   school_.Sql("UPDATE NumEvaluacion SET Orden=0 WHERE IDNumEvaluacion=3");
   Stands(3, 105, true);
   Save(2, "=107");
   EXPECT_THAT(Stored(), ElementsAre(kUnmarked, "107|0|0|0|0|-1|0", "105|0|0|0|0|-1|-1"));
 }
 
-TEST_P(OrdinaryMark, ClearedGradeLeavesItsRowMarkedAndMarksTheFirstEarlierOneToo) {
+TEST_P(OrdinaryMarkTest, ClearedGradeLeavesItsRowMarkedAndMarksTheFirstEarlierOneToo) {
   Stands(1, 103, false);
   Stands(2, 107, true);
   const auto traffic = Save(2, "#0");
@@ -92,14 +88,11 @@ TEST_P(OrdinaryMark, ClearedGradeLeavesItsRowMarkedAndMarksTheFirstEarlierOneToo
   const auto key = school_.Numero(
       "SELECT IDEvaluacionPte FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=2 AND "
       "CodNumEvaluacion=1");
-  EXPECT_THAT(traffic,
-              IsSupersetOf({SaveUngraded(2, 2), LaterMark(kTutor, 2, 2), EarlierGrade(kTutor, 2, 2),
-                            Sql("UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE "
-                                "IDEvaluacionPte={}",
-                                {key})}));
+  EXPECT_THAT(traffic, IsSupersetOf({SaveUngraded(2, 2), LaterMark(kTutor, 2, 2),
+                                     EarlierGrade(kTutor, 2, 2), Sql(expected::kMarkRow, {key})}));
 }
 
-TEST_P(OrdinaryMark, OfSeveralEarlierRowsTheFirstThatTheDatabaseGivesIsMarked) {
+TEST_P(OrdinaryMarkTest, OfSeveralEarlierRowsTheFirstThatTheDatabaseGivesIsMarked) {
   Stands(1, 103, false);
   Stands(2, 105, false);
   Stands(3, 107, true);
@@ -107,14 +100,14 @@ TEST_P(OrdinaryMark, OfSeveralEarlierRowsTheFirstThatTheDatabaseGivesIsMarked) {
   EXPECT_THAT(Stored(), ElementsAre("103|0|0|0|0|-1|-1", "105|0|0|0|0|-1|0", "0|0|0|0|0|-1|-1"));
 }
 
-TEST_P(OrdinaryMark, ClearedGradeWithoutAnEarlierOneStaysMarked) {
+TEST_P(OrdinaryMarkTest, ClearedGradeWithoutAnEarlierOneStaysMarked) {
   Stands(2, 107, true);
   const auto traffic = Save(2, "#0");
   EXPECT_THAT(Stored(), ElementsAre(kUnmarked, "0|0|0|0|0|-1|-1", kUnmarked));
   EXPECT_THAT(traffic, IsSupersetOf(SaveNothing(kTutor, 2, 2)));
 }
 
-TEST_P(OrdinaryMark, ClearedGradeBeforeTheMarkedEvaluationTouchesNothing) {
+TEST_P(OrdinaryMarkTest, ClearedGradeBeforeTheMarkedEvaluationTouchesNothing) {
   Stands(1, 103, false);
   Stands(2, 105, false);
   Stands(3, 107, true);
@@ -123,46 +116,39 @@ TEST_P(OrdinaryMark, ClearedGradeBeforeTheMarkedEvaluationTouchesNothing) {
   EXPECT_THAT(traffic, Not(Contains(EarlierGrade(kTutor, 2, 2))));
 }
 
-TEST_P(OrdinaryMark, SubjectThatWasNeverGradedHereMarksAnEarlierOneWithoutAnEdit) {
+TEST_P(OrdinaryMarkTest, SubjectThatWasNeverGradedHereMarksAnEarlierOneWithoutAnEdit) {
   Stands(1, 103, false);
   Save(2, "");
   EXPECT_THAT(Stored(), ElementsAre("103|0|0|0|0|-1|-1", kUnmarked, kUnmarked));
 }
 
-TEST_P(OrdinaryMark, SavingWithoutAChangeRewritesTheGradeAndMovesTheMark) {
+TEST_P(OrdinaryMarkTest, SavingWithoutAChangeRewritesTheGradeAndMovesTheMark) {
   Stands(1, 103, true);
   Stands(2, 107, false);
   Save(2, "");
   EXPECT_THAT(Stored(), ElementsAre("103|0|0|0|0|-1|0", "107|0|0|0|0|-1|-1", kUnmarked));
 }
 
-TEST_P(OrdinaryMark, OtherGradesAloneDoNotMakeItEvaluated) {
-  RunScript(school_,
-            GetParam().open(2, "") + GetParam().toLengua +
-                "editar rtvNotasAlumno 1 5 \"Mejora\"\npulsar cmdAceptar\n",
-            Tutor());
+TEST_P(OrdinaryMarkTest, OtherGradesAloneDoNotMakeItEvaluated) {
+  static_cast<void>(PlayIn(2, "editar rtvNotasAlumno 1 5 \"Mejora\"\npulsar cmdAceptar\n"));
   EXPECT_THAT(Stored(), ElementsAre(kUnmarked, "0|0|0|0|202|0|0", kUnmarked));
 }
 
 // A grade that has gone while the form was open.
-TEST_P(OrdinaryMark, GradeThatIsGoneStopsTheSaveBeforeItsUpdate) {
-  const auto result = RunScript(school_,
-                                GetParam().open(2, "") + GetParam().toLengua +
-                                    "editar rtvNotasAlumno 1 1 =108\n"
-                                    "sql \"DELETE FROM Nota WHERE IDNota=108\"\n"
-                                    "pulsar cmdAceptar\n",
-                                Tutor());
+TEST_P(OrdinaryMarkTest, GradeThatIsGoneStopsTheSaveBeforeItsUpdate) {
+  const auto result = PlayIn(2,
+                             "editar rtvNotasAlumno 1 1 =108\n"
+                             "sql \"DELETE FROM Nota WHERE IDNota=108\"\npulsar cmdAceptar\n");
   EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("3021 ")));
-  EXPECT_EQ(Traffic(result).back(), Sql("SELECT Aprobado FROM Nota WHERE IDNota=108"));
+  EXPECT_EQ(Traffic(result).back(), Sql(expected::kPasses, {108}));
   EXPECT_THAT(Stored(), ElementsAre(kUnmarked, kUnmarked, kUnmarked));
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryMark,
-                         ::testing::Values(kBySubject, kSectionByStudent, kSectionBySubject),
-                         [](const auto& flow) { return std::string(flow.param.form); });
+INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryMarkTest, ::testing::ValuesIn(FormsThatRespectTheMark()),
+                         kNameOfForm);
 
 // The other engine stores True as 1: a mark of -1, as the module writes it, isn't found there.
-TEST(OrdinaryMarkOnSqlServer, ComparesWithOneAndWritesMinusOne) {
+TEST(OrdinaryMarkOnSqlServerTest, ComparesWithOneAndWritesMinusOne) {
   const GradeSchool school;
   school.FlagsOfSqlServer();
   school.Evalua(2, 3);
@@ -170,7 +156,7 @@ TEST(OrdinaryMarkOnSqlServer, ComparesWithOneAndWritesMinusOne) {
       "UPDATE EvaluacionPte SET Evaluado=1, UltimaEvaluada=1, CodNota=105 WHERE "
       "CodAlumnoPte_MatDet=2 AND CodNumEvaluacion=3");
   RunScript(school,
-            OpenBySubject(2) +
+            kBySubject.Open(2) +
                 "elegir cboMaterias #0\neditar rtvNotasAlumno 1 1 =107\npulsar cmdAceptar\n",
             SessionOf(OnEngine(kTutor, true)));
   EXPECT_EQ(school.Stored(2, 2), "107|0|0|0|0|-1|0");

@@ -1,223 +1,160 @@
-#include <gmock/gmock.h>
-
 #include "tests/grades/OrdinaryDirect.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
-// The routines without a caller, on objectives in the host's grade book, of the forms by subject
-// and of a section.
+// The routines without a caller, on objectives in the host's grade book: subject 1 "Lengua" and its
+// objective 4 "Lectura" as taught in section 321.
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-
-std::string Objectives(const std::string& columns) {
-  return Sql("SELECT " + columns +
-             " FROM Alumno_MateriaDetalles WHERE CodNumEvaluacion=1 AND CodAlumno=1 AND "
-             "CodMateriaDetallesAsociada > 0 AND (CodMateriaDetallesAsociada IN (SELECT "
-             "IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria=1)) ORDER BY CodAlumno, "
-             "CodMateriaDetallesAsociada, Orden");
-}
-
-std::string ObjectiveGrades(int id, bool recovery) {
-  return Sql("SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, "
-             "CodNotaProcedimiento, CodNotaR, CodNotaActitudR, CodNotaObservacionR, "
-             "CodNotaConceptoR, CodNotaProcedimientoR, Recuperacion FROM Evaluacion WHERE "
-             "CodNumEvaluacion=1") +
-         (recovery ? " AND (Recuperacion=2 OR Recuperacion=3)" : "") +
-         " AND CodAlumno_MateriaDetalles=" + std::to_string(id);
-}
-
-const std::string kTwoObjectives =
-    "INSERT INTO Alumno_MateriaDetalles VALUES (51,1,3114,3111,1,1,-1,0), "
-    "(52,1,3114,3111,1,2,-1,0), (53,1,3113,3111,1,3,-1,0), (54,1,3114,0,1,4,-1,0)";
-
-TEST_F(NotaMateriaDirect, ObjectivesAreReadWithAllColumns) {
-  school_.Sql(kTwoObjectives);
-  Form().CargarObjetivos(1, 1);
-  EXPECT_THAT(session_.Statements(),
-              ElementsAre(Objectives("*"), ObjectiveGrades(51, false), ObjectiveGrades(53, false)));
-}
-
-TEST_F(NotaSeccionAlumnoDirect, ObjectivesAreReadByTheNamesOfTheColumns) {
-  school_.Sql(kTwoObjectives);
-  PasoUno().blnRecuperar = true;
-  Form().CargarObjetivos(1, 1);
-  EXPECT_THAT(session_.Statements(),
-              ElementsAre(Objectives("IDAlumno_MateriaDetalles, CodMateriaDetalles, "
-                                     "CodMateriaDetallesAsociada, Orden"),
-                          ObjectiveGrades(51, true), ObjectiveGrades(53, true)));
-}
-
-TEST_F(NotaSeccionMateriaDirect, ObjectivesAreReadAndNothingMore) {
-  school_.Sql(kTwoObjectives);
-  Form().CargarObjetivos(1, 1);
-  EXPECT_THAT(session_.Statements(), ElementsAre(Objectives("*")));
-}
-
-// Subject 1 "Lengua" and its objective 4 "Lectura" as taught in section 321.
-const std::string kObjective =
+constexpr const char* kLectura =
     "INSERT INTO MateriaDetalles (IDMateriaDetalles, codMateria, codSeccion, CodPersonal, "
     "CodPersonalAsociado, CodTipoMateria) VALUES (3214,4,321,0,0,10);"
     "INSERT INTO Alumno_MateriaDetalles VALUES (51,1,3214,3211,1,6,-1,0)";
-const std::string kObjectiveInTwo =
-    "INSERT INTO Alumno_MateriaDetalles VALUES (60,1,3214,3211,2,6,-1,0);"
-    "INSERT INTO Evaluacion VALUES (1,60,2,0,0,0,0,0,0,0,0,0,0,0,0,0)";
 
-std::string Later(const std::string& columns) {
-  return Sql("SELECT " + columns +
-             " FROM NumEvaluacion WHERE Orden > (SELECT Orden FROM NumEvaluacion WHERE "
-             "IDNumEvaluacion=1) AND FINAL=0 AND IDNumEvaluacion IN (SELECT CodNumEvaluacion FROM "
-             "Seccion_NumEvaluacion WHERE CodSeccion=321) ORDER BY Orden");
+template <class Direct>
+class OrdinaryPropagationTest : public Direct {
+ protected:
+  void Add() { this->Form().AnadirMateriaEvaluacionesPosteriores(student_, subject_, objective_); }
+  void Remove() {
+    this->Form().QuitarMateriaEvaluacionesPosteriores(student_, subject_, objective_);
+  }
+  /// Whether the form takes the grades for those of pending subjects, whose table hasn't the
+  /// columns: adding and removing end in the engine's error there.
+  bool Stumbles() const {
+    return std::string(this->Known().insertGrades) == expected::kInsertPendingGrades;
+  }
+  static constexpr std::int32_t kFailed = -2147467259;
+
+  std::int32_t student_ = 1;
+  std::int32_t subject_ = 1;
+  std::int32_t objective_ = 4;
+};
+TYPED_TEST_SUITE(OrdinaryPropagationTest, AllFour, NameOfDirect);
+
+const Lines kDetails = {Sql(expected::kDetailOfSubject, {1, 321}),
+                        Sql(expected::kDetailOfSubject, {4, 321})};
+
+TYPED_TEST(OrdinaryPropagationTest, ObjectivesAreReadOnceForEachThatRepeatsAndNothingIsKept) {
+  this->school_.Sql(
+      "INSERT INTO Alumno_MateriaDetalles VALUES (51,1,3114,3111,1,1,-1,0), "
+      "(52,1,3114,3111,1,2,-1,0), (53,1,3113,3111,1,3,-1,0), (54,1,3114,0,1,4,-1,0), "
+      "(55,2,3114,3111,1,1,-1,0)");
+  for (const bool recovery : {false, true}) {
+    this->PasoUno().blnRecuperar = recovery;
+    this->Form().CargarObjetivos(1, 1);
+    const auto* const grades = recovery ? expected::kObjectiveRecovery : expected::kObjectiveGrades;
+    Lines asked = {Sql(this->Known().objectives, {1, 1, 1})};
+    // By section and subject their grades aren't asked for.
+    if (!this->Stumbles()) asked = asked + Lines{Sql(grades, {1, 51}), Sql(grades, {1, 53})};
+    EXPECT_THAT(this->session_.Statements(), ElementsAreArray(asked));
+  }
 }
 
-std::string Detail(int subject) {
-  return Sql("SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={} AND CodSeccion=321",
-             {subject});
-}
-
-std::string OrderIn(int evaluacion) {
-  return Sql(
-      "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno=1 AND CodNumEvaluacion={} AND "
-      "CodMateriaDetalles=3214",
-      {evaluacion});
-}
-
-/// What adding runs, up to the grades of the objective. Keys come under the name IDMax.
-Lines AddsUpToTheGrades() {
-  return {Later("IDNumEvaluacion, Orden"),
-          Sql("SELECT CodAlumno FROM Alumno_NumEvaluacion WHERE CodAlumno=1 AND "
-              "CodNumEvaluacion=2"),
-          Sql("SELECT MAX(IDAlumno_NumEvaluacion) AS IDMax FROM [Alumno_NumEvaluacion]"),
-          Sql("INSERT INTO Alumno_NumEvaluacion VALUES (1,1,2,0,0,0,0,0,0)"),
-          Detail(1),
-          Detail(4),
-          OrderIn(1),
-          OrderIn(2),
-          Sql("SELECT MAX(IDAlumno_MateriaDetalles) AS IDMax FROM [Alumno_MateriaDetalles]"),
-          Sql("INSERT INTO Alumno_MateriaDetalles VALUES (52,1,3214,3211,2,6,-1,0)"),
-          Sql("SELECT MAX(IDEvaluacion) AS IDMax FROM [Evaluacion]")};
-}
-
-const std::string kSixteenValues = " VALUES (1,52,2,0,0,0,0,0,0,0,0,0,0,0,0,0)";
-
-std::string InTwo(const std::string& columns) {
-  return Sql(columns +
-             " FROM Alumno_MateriaDetalles WHERE CodAlumno=1 AND CodNumEvaluacion=2 AND "
-             "CodMateriaDetallesAsociada=3211 AND CodMateriaDetalles=3214");
-}
-
-template <class Form>
-void Add(Form& form) {
-  std::int32_t student = 1;
-  std::int32_t subject = 1;
-  std::int32_t objective = 4;
-  form.AnadirMateriaEvaluacionesPosteriores(student, subject, objective);
-}
-
-template <class Form>
-void Remove(Form& form) {
-  std::int32_t student = 1;
-  std::int32_t subject = 1;
-  std::int32_t objective = 4;
-  form.QuitarMateriaEvaluacionesPosteriores(student, subject, objective);
-}
-
-TEST_F(NotaMateriaDirect, ObjectiveIsAddedToTheNextEvaluation) {
-  school_.Sql(kObjective);
-  Add(Form());
-  EXPECT_THAT(session_.Statements(),
-              ElementsAreArray(AddsUpToTheGrades() +
-                               Lines{Sql("INSERT INTO Evaluacion" + kSixteenValues)}));
-  EXPECT_THAT(school_.Rows("SELECT IDEvaluacion, CodAlumno_MateriaDetalles FROM Evaluacion"),
-              ElementsAre("1|52"));
-}
-
-TEST_F(NotaSeccionAlumnoDirect, ObjectiveIsAddedToTheNextEvaluation) {
-  school_.Sql(kObjective);
-  Add(Form());
-  EXPECT_THAT(session_.Statements(),
-              ElementsAreArray(AddsUpToTheGrades() +
-                               Lines{Sql("INSERT INTO Evaluacion" + kSixteenValues)}));
-}
-
-// The table of pending grades isn't that wide.
-TEST_F(NotaSeccionMateriaDirect, LastInsertOfAddingFailsAndTheFirstTwoStay) {
-  school_.Sql(kObjective);
-  EXPECT_EQ(DirectSession::ErrorOf([] { Add(Form()); }), -2147467259);
-  EXPECT_THAT(session_.Statements(),
-              ElementsAreArray(AddsUpToTheGrades() +
-                               Lines{Sql("INSERT INTO EvaluacionPte " + kSixteenValues)}));
-  EXPECT_THAT(session_.screen.messages, IsEmpty());
-  EXPECT_THAT(school_.Rows("SELECT IDAlumno_MateriaDetalles FROM Alumno_MateriaDetalles"),
+TYPED_TEST(OrdinaryPropagationTest, ObjectiveIsAddedToTheNextEvaluationAlone) {
+  this->school_.Sql(kLectura);
+  EXPECT_EQ(this->ErrorOf([this] { this->Add(); }), this->Stumbles() ? this->kFailed : 0);
+  const auto& form = this->Known();
+  EXPECT_THAT(
+      this->session_.Statements(),
+      ElementsAreArray(
+          Lines{Sql(expected::kLaterToAdd, {1, 321}), Sql(expected::kStudentInEvaluation, {1, 2}),
+                Sql(expected::kLastInEvaluation, {form.keyName}),
+                Sql(expected::kInsertInEvaluation, {1, 1, 2})} +
+          kDetails +
+          Lines{Sql(expected::kObjectiveOrder, {1, 1, 3214}),
+                Sql(form.objectiveSought, {1, 2, 3214}),
+                Sql(expected::kLastObjective, {form.keyName}),
+                Sql(expected::kInsertObjective, {52, 1, 3214, 3211, 2, 6}),
+                Sql(expected::kLastGrades, {form.keyName}), Sql(form.insertGrades, {1, 52, 2})}));
+  EXPECT_THAT(this->session_.screen.messages, IsEmpty());
+  EXPECT_THAT(this->school_.Rows("SELECT IDAlumno_MateriaDetalles FROM Alumno_MateriaDetalles"),
               ElementsAre("51", "52"));
+  EXPECT_THAT(this->school_.Rows("SELECT IDEvaluacion, CodAlumno_MateriaDetalles FROM Evaluacion"),
+              ElementsAreArray(this->Stumbles() ? Lines{} : Lines{"1|52"}));
 }
 
-TEST_F(NotaMateriaDirect, KeysOfFilledTablesAreOneMore) {
-  school_.Sql(kObjective);
-  school_.Sql(
+TYPED_TEST(OrdinaryPropagationTest, StudentAndObjectiveThatAreThereAreNotInsertedAgain) {
+  this->school_.Sql(kLectura);
+  this->school_.Sql(
+      "INSERT INTO Alumno_NumEvaluacion VALUES (9,1,2,0,0,0,0,0,0);"
+      "INSERT INTO Alumno_MateriaDetalles VALUES (60,1,3214,3211,2,6,-1,0)");
+  this->Add();
+  EXPECT_THAT(this->session_.Statements(), SizeIs(6)) << "nothing but the questions";
+}
+
+TYPED_TEST(OrdinaryPropagationTest, KeysOfFilledTablesAreOneMore) {
+  this->school_.Sql(kLectura);
+  this->school_.Sql(
       "INSERT INTO Alumno_NumEvaluacion VALUES (9,2,2,0,0,0,0,0,0);"
       "INSERT INTO Evaluacion VALUES (30,1,2,0,0,0,0,0,0,0,0,0,0,0,0,0)");
-  Add(Form());
-  EXPECT_THAT(school_.Rows("SELECT MAX(IDAlumno_NumEvaluacion) FROM Alumno_NumEvaluacion"),
+  static_cast<void>(this->ErrorOf([this] { this->Add(); }));
+  EXPECT_THAT(this->school_.Rows("SELECT MAX(IDAlumno_NumEvaluacion) FROM Alumno_NumEvaluacion"),
               ElementsAre("10"));
-  EXPECT_THAT(school_.Rows("SELECT MAX(IDEvaluacion) FROM Evaluacion"), ElementsAre("31"));
+  EXPECT_THAT(this->session_.Statements(), Contains(Sql(this->Known().insertGrades, {31, 52, 2})));
 }
 
-TEST_F(NotaMateriaDirect, FailedInsertGoesUpAsItsErrorAndShowsNoMessage) {
-  school_.Sql(kObjective);
-  school_.Sql(
+TYPED_TEST(OrdinaryPropagationTest, WithoutALaterEvaluationNothingHappens) {
+  this->school_.Sql(kLectura);
+  this->school_.Sql("DELETE FROM Seccion_NumEvaluacion WHERE CodNumEvaluacion<>1");
+  this->Add();
+  this->Remove();
+  EXPECT_THAT(this->session_.Statements(), ElementsAre(Sql(expected::kLaterToAdd, {1, 321}),
+                                                       Sql(expected::kLaterToRemove, {1, 321})));
+}
+
+TYPED_TEST(OrdinaryPropagationTest, RowThatHasToBeThereIsNotTested) {
+  this->school_.Sql(kLectura);
+  this->objective_ = 999;
+  EXPECT_EQ(this->ErrorOf([this] { this->Add(); }), 3021);
+  EXPECT_EQ(this->ErrorOf([this] { this->Remove(); }), 3021);
+  EXPECT_THAT(this->school_.Rows("SELECT COUNT(*) FROM Alumno_NumEvaluacion"), ElementsAre("1"))
+      << "what was written stays";
+}
+
+TYPED_TEST(OrdinaryPropagationTest, FailedInsertGoesUpAsItsErrorAndShowsNoMessage) {
+  this->school_.Sql(kLectura);
+  this->school_.Sql(
       "CREATE TRIGGER lleno BEFORE INSERT ON Evaluacion BEGIN SELECT RAISE(FAIL, 'lleno'); END");
-  EXPECT_EQ(DirectSession::ErrorOf([] { Add(Form()); }), -2147467259);
-  EXPECT_THAT(session_.screen.messages, IsEmpty());
+  EXPECT_EQ(this->ErrorOf([this] { this->Add(); }), this->kFailed);
+  EXPECT_THAT(this->session_.screen.messages, IsEmpty());
 }
 
-TEST_F(NotaMateriaDirect, ObjectiveIsRemovedFromTheLaterEvaluations) {
-  school_.Sql(kObjective + ";" + kObjectiveInTwo);
-  Remove(Form());
-  const auto statements = session_.Statements();
-  ASSERT_GE(statements.size(), 6U);
-  EXPECT_THAT(Lines(statements.begin(), statements.begin() + 6),
-              ElementsAre(Later("IDNumEvaluacion"), Detail(1), Detail(4),
-                          InTwo("SELECT IDAlumno_MateriaDetalles"),
-                          Sql("DELETE FROM Evaluacion WHERE CodAlumno_MateriaDetalles=60 AND "
-                              "CodNumEvaluacion=2"),
-                          InTwo("DELETE")));
-  EXPECT_THAT(school_.Rows("SELECT * FROM Evaluacion"), IsEmpty());
+TYPED_TEST(OrdinaryPropagationTest, ObjectiveIsRemovedFromAllLaterEvaluations) {
+  this->school_.Sql(kLectura);
+  this->school_.Sql(
+      "INSERT INTO Alumno_MateriaDetalles VALUES (60,1,3214,3211,2,6,-1,0), "
+      "(61,1,3214,3211,3,6,-1,0), (62,2,3214,3211,2,6,-1,0);"
+      "INSERT INTO Evaluacion VALUES (1,60,2,0,0,0,0,0,0,0,0,0,0,0,0,0), "
+      "(2,61,3,0,0,0,0,0,0,0,0,0,0,0,0,0), (3,62,2,0,0,0,0,0,0,0,0,0,0,0,0,0)");
+  EXPECT_EQ(this->ErrorOf([this] { this->Remove(); }), this->Stumbles() ? this->kFailed : 0);
+  const auto key = [](int evaluation) {
+    return kDetails + Lines{Sql(expected::kObjectiveKey, {1, evaluation, 3211, 3214})};
+  };
+  const Lines asked = Lines{Sql(expected::kLaterToRemove, {1, 321})} + key(2);
+  const std::string remaining = "SELECT IDAlumno_MateriaDetalles FROM Alumno_MateriaDetalles";
+  if (this->Stumbles()) {
+    EXPECT_THAT(this->session_.Statements(),
+                ElementsAreArray(asked + Lines{Sql(expected::kDeletePendingGrades, {60, 2})}));
+    EXPECT_THAT(this->school_.Rows(remaining), ElementsAre("51", "60", "61", "62"));
+    return;
+  }
+  const auto deletes = [](int id, int evaluation) {
+    return Lines{Sql(expected::kDeleteObjectiveGrades, {id, evaluation}),
+                 Sql(expected::kDeleteObjective, {1, evaluation, 3211, 3214})};
+  };
+  // The reserved evaluation is the last; the student isn't in it.
+  EXPECT_THAT(this->session_.Statements(),
+              ElementsAreArray(asked + deletes(60, 2) + key(3) + deletes(61, 3) + key(11)));
+  EXPECT_THAT(this->school_.Rows(remaining), ElementsAre("51", "62"));
+  EXPECT_THAT(this->school_.Rows("SELECT IDEvaluacion FROM Evaluacion"), ElementsAre("3"));
 }
 
-TEST_F(NotaSeccionAlumnoDirect, ObjectiveIsRemovedFromTheLaterEvaluations) {
-  school_.Sql(kObjective + ";" + kObjectiveInTwo);
-  Remove(Form());
-  EXPECT_THAT(session_.Statements(),
-              ::testing::Contains(Sql("DELETE FROM Evaluacion WHERE CodAlumno_MateriaDetalles=60 "
-                                      "AND CodNumEvaluacion=2")));
-  EXPECT_THAT(school_.Rows("SELECT * FROM Evaluacion"), IsEmpty());
-}
-
-// The table of pending grades has no such column.
-TEST_F(NotaSeccionMateriaDirect, DeleteOfRemovingFailsAndTheObjectiveStays) {
-  school_.Sql(kObjective + ";" + kObjectiveInTwo);
-  EXPECT_EQ(DirectSession::ErrorOf([] { Remove(Form()); }), -2147467259);
-  EXPECT_THAT(session_.Statements().back(),
-              HasSubstr("DELETE FROM EvaluacionPte WHERE CodAlumno_MateriaDetalles=60"));
-  EXPECT_THAT(school_.Rows("SELECT IDAlumno_MateriaDetalles FROM Alumno_MateriaDetalles"),
-              ElementsAre("51", "60"));
-}
-
-TEST_F(NotaSeccionMateriaDirect, WithoutAnObjectiveOrALaterEvaluationNothingHappens) {
-  std::int32_t student = 1;
-  std::int32_t subject = 1;
-  std::int32_t none = 0;
-  Form().QuitarMateriaEvaluacionesPosteriores(student, subject, none);
-  EXPECT_THAT(session_.Statements(), IsEmpty());
-  school_.Sql("DELETE FROM Seccion_NumEvaluacion WHERE CodNumEvaluacion<>1");
-  Add(Form());
-  Remove(Form());
-  EXPECT_THAT(session_.Statements(),
-              ElementsAre(Later("IDNumEvaluacion, Orden"), Later("IDNumEvaluacion")));
+TYPED_TEST(OrdinaryPropagationTest, WithoutAnObjectiveNothingIsRemoved) {
+  this->objective_ = 0;
+  this->Remove();
+  EXPECT_THAT(this->session_.Statements(), IsEmpty());
 }
 
 }  // namespace

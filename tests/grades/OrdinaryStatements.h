@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -8,9 +9,8 @@
 
 namespace quorvane::test {
 
-// The statements of the ordinary forms by subject and of the two of a section as they have to reach
-// the database, to the letter and the blank. Those that they share with entry by student are in
-// `Statements.h`.
+// What the ordinary forms by subject and of a section send to the database, step by step. What they
+// share with entry by student is in `Statements.h`.
 
 /// Opens step one, chooses section 321 and that evaluation and goes on, by subject. `before` are
 /// gestures before the last one, each with its end of line.
@@ -32,10 +32,6 @@ Lines FormLoadBySubject(const Role& role, int evaluacion, int students);
 Lines FormLoadSectionByStudent(const Role& role, int evaluacion);
 Lines FormLoadSectionBySubject(const Role& role, int evaluacion, int student);
 
-/// The load of a student by one who sees the whole section, cut down to a subject.
-Lines LoadChosen(const Role& role, int evaluacion, int student, int matDet,
-                 const std::vector<Subject>& subjects);
-
 /// A row of the grid of a subject: the student and his grades in columns 1 to 5.
 struct StudentRow {
   int student;
@@ -45,16 +41,16 @@ struct StudentRow {
 Lines SubjectGrid(const Role& role, bool first, const std::vector<StudentRow>& rows);
 /// The pane of the tutor, as it is filled; nothing for one who doesn't see the whole section.
 Lines TutorPane(const Role& role, int evaluacion);
-/// Publication and locks, without a question to the host.
-Lines LocksUnasked(const Role& role, int evaluacion, std::initializer_list<long> matDets);
+/// What a form leaves the database with where no host listens.
+Lines LeaveUnheard(const Role& role, int publication);
+/// What removes a pending row whose subject is gone, where that works.
+Lines Purge(int pending);
 
-/// How a form writes the equal sign where an evaluation takes the mark.
-inline const std::string kEqualsBySubject = "= ";
-inline const std::string kEqualsBySection = " =";
-
-/// A subject that is saved with a main grade while no later evaluation holds the mark.
-Lines SaveMarked(const Role& role, int evaluacion, int pending, int nota,
-                 const std::string& equals);
+/// By student: a subject that is saved with a main grade.
+Lines SaveByStudent(int evaluacion, int pending, int nota, bool passes);
+/// In the other three: one saved with a main grade while no later evaluation holds the mark;
+/// `mark` is how the form gives it.
+Lines SaveMarked(const Role& role, int evaluacion, int pending, int nota, const char* mark);
 /// One saved with a main grade while a later evaluation holds it.
 Lines SaveBehindTheMark(const Role& role, int evaluacion, int pending, int nota);
 /// One without a main grade, while no later evaluation holds the mark and no earlier one was

@@ -1,9 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/ScriptRun.h"
 #include "tests/support/TestSchool.h"
 
@@ -12,9 +11,6 @@
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// The sample school before the first day: the register of the others stands, nobody has a grade.
 ///
@@ -132,7 +128,7 @@ std::string SecondFinal() {
          Cell(1, 1, "10") + kSave;
 }
 
-TEST(SchoolYear, FromTheRegisterToTheSecondFinal) {
+TEST(SchoolYearTest, FromTheRegisterToTheSecondFinal) {
   const NewYear school;
   const std::string counts =
       "SELECT (SELECT COUNT(*) FROM Seccion_AlumnoPte), (SELECT COUNT(*) FROM AlumnoPte_MatDet), "

@@ -4,35 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/ScriptRun.h"
+#include "tests/grades/Roles.h"
+#include "tests/support/Traffic.h"
 
 namespace quorvane::test {
 
-// The statements of entry by student as they have to reach the database, to the letter and the
-// blank, each a line as a script prints it.
-
-using Lines = std::vector<std::string>;
-
-/// Statements and calls of the host among the lines, in their order.
-Lines Traffic(const std::vector<std::string>& lines);
-Lines Traffic(const ScriptResult& result);
-
-Lines operator+(Lines left, const Lines& right);
-
-/// The text behind "sql centro ", with its "{}" filled in from left to right.
-std::string Sql(const std::string& text, std::initializer_list<long> numbers = {});
-
-/// Who opens the form, and what of it shows in the statements.
-struct Role {
-  int user = 1;
-  int person = 0;       ///< of the user
-  int gIDPersonal = 0;  ///< as step one has it: 0 for profile 0
-  bool unrestricted = true;
-  bool section = true;  ///< sees the whole section
-  bool sqlServer = false;
-
-  [[nodiscard]] long True() const { return sqlServer ? 1 : -1; }
-};
+// What entry by student sends to the database, step by step, made of `ExpectedStatements.h`.
 
 /// A subject as the load reads it.
 struct Subject {
@@ -46,20 +23,24 @@ struct Subject {
 Lines StepOne(const Role& role, int evaluacion);
 /// `Form_Load` of step two.
 Lines FormLoad(const Role& role, int evaluacion);
-/// The load of a student with the subjects that he turns out to have.
-Lines Load(const Role& role, int evaluacion, int student, const std::vector<Subject>& subjects);
+/// The load of a student with the subjects that he turns out to have; the rows are those of
+/// `matDet` alone where a form that was opened on it asks for one who sees the whole section.
+Lines Load(const Role& role, int evaluacion, int student, const std::vector<Subject>& subjects,
+           int matDet = 0);
 Lines StudentNames(std::initializer_list<int> students);
 /// The grids of a student with these grades, subject by subject; `first` while the form loads.
 Lines Grids(const Role& role, int evaluacion, bool first, std::initializer_list<long> grades);
+/// The pane of the tutor, as it is filled.
+Lines TutorGrid(const Role& role, int evaluacion);
 /// The publication and the locks that a form takes, and who takes them.
 Lines TakenLocks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
 /// Publication and locks, with what the host is asked.
 Lines Locks(const Role& role, int evaluacion, std::initializer_list<long> matDets);
-/// The list of a cell.
-std::string CellList(const Role& role, int evaluacion, int pending, int teacher, int column);
-/// A subject that is saved without a main grade.
+/// The list of a cell. `codMateria` is what the form compares with.
+std::string CellList(const Role& role, int evaluacion, int codMateria, int teacher, int column);
+/// A subject that is saved without a main grade, with those of columns 4, 5, 2 and 3.
 std::string SaveUngraded(int evaluacion, int pending,
-                         std::initializer_list<long> others = {0, 0, 0, 0});
+                         const std::vector<long>& others = {0, 0, 0, 0});
 Lines Leave(const Role& role, int publication);
 
 }  // namespace quorvane::test

@@ -1,16 +1,11 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "tests/grades/FormView.h"
 #include "tests/grades/RunningGuion.h"
+#include "tests/support/FormView.h"
+#include "tests/support/Matchers.h"
 
 // Two programs on one school: who sees what, and what a program that is killed leaves.
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// Keeps a program busy, without any hold on the file, for as long as it takes to stop it.
 const std::string kPause =
@@ -18,7 +13,7 @@ const std::string kPause =
     "COUNT(*) FROM c\"";
 
 /// The teacher of 3112 and 3113 with his form open, a grade chosen and not saved.
-class TwoUsers : public ::testing::Test {
+class TwoUsersTest : public ::testing::Test {
  protected:
   void TeacherHasHisFormOpen() {
     teacher_.AwaitLine("> " + kPause);
@@ -45,7 +40,7 @@ class TwoUsers : public ::testing::Test {
                             "\npulsar cmdAceptar\npulsar cmdNotaManual1(1)\n"};
 };
 
-TEST_F(TwoUsers, SecondSeesWhatTheFirstHasNotLockedAndNeitherDisturbsTheOther) {
+TEST_F(TwoUsersTest, SecondSeesWhatTheFirstHasNotLockedAndNeitherDisturbsTheOther) {
   TeacherHasHisFormOpen();
   EXPECT_THAT(Students(Tutor()), ElementsAre("2   Díaz Cano, Marta=1", "3   Ñúñez Sanz, Íñigo=2"));
   EXPECT_EQ(school_.Stored(2, 1), "105|0|0|0|0|-1|-1");
@@ -61,7 +56,7 @@ TEST_F(TwoUsers, SecondSeesWhatTheFirstHasNotLockedAndNeitherDisturbsTheOther) {
   EXPECT_THAT(school_.Rows("SELECT * FROM PublicacionPte"), IsEmpty());
 }
 
-TEST_F(TwoUsers, KilledProgramLeavesItsPublicationAndItsLocksUntilTheyAreRemoved) {
+TEST_F(TwoUsersTest, KilledProgramLeavesItsPublicationAndItsLocksUntilTheyAreRemoved) {
   TeacherHasHisFormOpen();
   teacher_.Kill();
   EXPECT_THAT(school_.Locks(),

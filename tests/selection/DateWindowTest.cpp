@@ -1,25 +1,20 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "platform/RuntimeError.h"
 #include "selection/FechaNotas.h"
-#include "tests/selection/Sentences.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::StartsWith;
-
 constexpr const char* kHost = "host ZendriaApi.cCentroApi.ObtenerHoraSistema";
 
 /// Who may enter grades on which day, the same in the four dialogs but for the refusal.
-class DateWindow : public ::testing::TestWithParam<Dialog> {
+class DateWindowTest : public EachDialogTest {
  protected:
-  DateWindow() { school.Sql("UPDATE Usuario SET CodPadre=0, AdminSistema=0 WHERE IDUsuario=1"); }
+  DateWindowTest() {
+    school.Sql("UPDATE Usuario SET CodPadre=0, AdminSistema=0 WHERE IDUsuario=1");
+  }
 
   void Window(const std::string& first, const std::string& last) const {
     school.Sql(
@@ -33,19 +28,19 @@ class DateWindow : public ::testing::TestWithParam<Dialog> {
     school.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
     auto options = Unrestricted();
     options.hoy = today;
-    return Play(school, GetParam(), Choose(GetParam(), 1) + kNext + "\n" + more, options);
+    return PlayIn(1, kNext + "\n" + more, options);
   }
 
-  static void ExpectEntry(const ScriptResult& result) {
-    EXPECT_THAT(result.lines, Contains(std::string("oculta ") + GetParam().form)) << result.Text();
-    EXPECT_THAT(result.Of("mensaje"), ::testing::Not(Contains(::testing::HasSubstr("superado"))));
+  void ExpectEntry(const ScriptResult& result) const {
+    EXPECT_THAT(result.lines, Contains("oculta " + Name())) << result.Text();
+    EXPECT_THAT(result.Of("mensaje"), Not(Contains(HasSubstr("superado"))));
   }
 
   /// The plain dialogs say so; those of a section look up a text that isn't there.
-  static void ExpectRefusal(const ScriptResult& result) {
+  void ExpectRefusal(const ScriptResult& result) const {
     EXPECT_THAT(result.Of("oculta"), IsEmpty()) << result.Text();
     EXPECT_THAT(result.Of("pitido"), IsEmpty());
-    if (GetParam().BySection()) {
+    if (dialog_.BySection()) {
       EXPECT_THAT(result.Of("mensaje"), IsEmpty());
       EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("326 ")));
     } else {
@@ -56,62 +51,59 @@ class DateWindow : public ::testing::TestWithParam<Dialog> {
       EXPECT_THAT(result.Of("error"), IsEmpty());
     }
   }
-
-  PendingSchool school;
 };
 
-INSTANTIATE_TEST_SUITE_P(StepOne, DateWindow, ::testing::ValuesIn(kDialogs),
-                         [](const auto& dialog) { return std::string(dialog.param.form); });
+INSTANTIATE_TEST_SUITE_P(StepOne, DateWindowTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-TEST_P(DateWindow, WithoutARowTheHostIsNotAsked) {
+TEST_P(DateWindowTest, WithoutARowTheHostIsNotAsked) {
   const auto result = GoOn("15/01/2026");
   ExpectEntry(result);
   EXPECT_THAT(First(Statements(result.After(kNext)), 3),
-              ElementsAre(Fill(kUser, {1}), Fill(kDates, {321, 1}), Fill(kFinalAndOrder, {1})));
-  EXPECT_THAT(First(result.After(kNext), 4), ::testing::Not(Contains(kHost)));
+              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kDates, {321, 1}),
+                          Sql(expected::kFinalAndOrder, {1})));
+  EXPECT_THAT(First(result.After(kNext), 4), Not(Contains(kHost)));
 }
 
-TEST_P(DateWindow, TheFirstDayIsIncluded) {
+TEST_P(DateWindowTest, TheFirstDayIsIncluded) {
   Window("'2026/01/10'", "'2026/01/20'");
   const auto result = GoOn("10/01/2026");
   ExpectEntry(result);
-  EXPECT_THAT(
-      First(result.After(kNext), 5),
-      ElementsAre("sql " + Fill(kUser, {1}), "sql " + Fill(kDates, {321, 1}), kHost,
-                  "sql " + Fill(kFinalAndOrder, {1}), std::string("oculta ") + GetParam().form));
+  EXPECT_THAT(First(result.After(kNext), 5),
+              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kDates, {321, 1}), kHost,
+                          Sql(expected::kFinalAndOrder, {1}), "oculta " + Name()));
 }
 
-TEST_P(DateWindow, TheLastDayIsIncluded) {
+TEST_P(DateWindowTest, TheLastDayIsIncluded) {
   Window("'2026/01/10'", "'2026/01/20'");
   ExpectEntry(GoOn("20/01/2026"));
 }
 
-TEST_P(DateWindow, ADayWithin) {
+TEST_P(DateWindowTest, ADayWithin) {
   Window("'2025/12/10'", "'2026/01/20'");
   ExpectEntry(GoOn("1/1/2026"));
 }
 
-TEST_P(DateWindow, TheDayAfterIsRefused) {
+TEST_P(DateWindowTest, TheDayAfterIsRefused) {
   Window("'2026/01/10'", "'2026/01/20'");
   const auto result = GoOn("21/01/2026");
   ExpectRefusal(result);
   EXPECT_THAT(Statements(result.After(kNext)),
-              ElementsAre(Fill(kUser, {1}), Fill(kDates, {321, 1})));
+              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kDates, {321, 1})));
 }
 
-TEST_P(DateWindow, TheDayBeforeIsRefusedAsPassed) {
+TEST_P(DateWindowTest, TheDayBeforeIsRefusedAsPassed) {
   Window("'2026/01/10'", "'2026/01/20'");
   ExpectRefusal(GoOn("09/01/2026"));
 }
 
-TEST_P(DateWindow, NullBoundsLetNoDateIn) {
+TEST_P(DateWindowTest, NullBoundsLetNoDateIn) {
   Window("NULL", "'2026/01/20'");
   ExpectRefusal(GoOn("15/01/2026"));
   Window("'2026/01/10'", "NULL");
   ExpectRefusal(GoOn("15/01/2026"));
 }
 
-TEST_P(DateWindow, AnEmptyHostDateIsTodayHere) {
+TEST_P(DateWindowTest, AnEmptyHostDateIsTodayHere) {
   const auto today = "'" + FormatoFecha(FechaLocal()) + "'";
   Window(today, today);
   ExpectEntry(GoOn(""));
@@ -119,7 +111,7 @@ TEST_P(DateWindow, AnEmptyHostDateIsTodayHere) {
   ExpectRefusal(GoOn(""));
 }
 
-TEST_P(DateWindow, AHostTextThatIsNoDateIsATypeMismatch) {
+TEST_P(DateWindowTest, AHostTextThatIsNoDateIsATypeMismatch) {
   Window("'2026/01/10'", "'2026/01/20'");
   for (const auto* text : {"ayer", "31/02/2026", "2026/01/15", "15/13/2026", "15/01/26"}) {
     const auto result = GoOn(text);
@@ -128,62 +120,62 @@ TEST_P(DateWindow, AHostTextThatIsNoDateIsATypeMismatch) {
   }
 }
 
-TEST_P(DateWindow, AWindowOfAnotherSectionOrEvaluationDoesNotCount) {
+TEST_P(DateWindowTest, AWindowOfAnotherSectionOrEvaluationDoesNotCount) {
   school.Sql(
       "INSERT INTO FechaNotas (FechaInicio, FechaFin, CodSeccion, CodNumEvaluacion) VALUES "
       "('1990/01/01','1990/01/02',321,2), ('1990/01/01','1990/01/02',311,1)");
   ExpectEntry(GoOn("15/01/2026"));
 }
 
-TEST_P(DateWindow, AnAdministratorEntersOnAnyDay) {
+TEST_P(DateWindowTest, AnAdministratorEntersOnAnyDay) {
   Window("'1990/01/01'", "'1990/01/02'");
   for (const auto* flag : {"-1", "1"}) {
     school.Sql(std::string("UPDATE Usuario SET AdminSistema=") + flag + " WHERE IDUsuario=1");
     const auto result = GoOn("15/01/2026");
     ExpectEntry(result);
     EXPECT_THAT(First(Statements(result.After(kNext)), 2),
-                ElementsAre(Fill(kUser, {1}), Fill(kFinalAndOrder, {1})));
+                ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {1})));
   }
 }
 
-TEST_P(DateWindow, AUserWithAParentEntersOnAnyDay) {
+TEST_P(DateWindowTest, AUserWithAParentEntersOnAnyDay) {
   Window("'1990/01/01'", "'1990/01/02'");
   school.Sql("UPDATE Usuario SET CodPadre=7, AdminSistema=NULL WHERE IDUsuario=1");
   const auto result = GoOn("15/01/2026");
   ExpectEntry(result);
   EXPECT_THAT(First(Statements(result.After(kNext)), 2),
-              ElementsAre(Fill(kUser, {1}), Fill(kFinalAndOrder, {1})));
+              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {1})));
 }
 
-TEST_P(DateWindow, NullsOfTheUserAreNoParentAndNoAdministrator) {
+TEST_P(DateWindowTest, NullsOfTheUserAreNoParentAndNoAdministrator) {
   Window("'1990/01/01'", "'1990/01/02'");
   school.Sql("UPDATE Usuario SET CodPadre=NULL, AdminSistema=NULL WHERE IDUsuario=1");
   ExpectRefusal(GoOn("15/01/2026"));
 }
 
-TEST_P(DateWindow, AUserWithoutARowIsAnError) {
+TEST_P(DateWindowTest, AUserWithoutARowIsAnError) {
   school.Sql("DELETE FROM Usuario WHERE IDUsuario=1");
   const auto result = GoOn("15/01/2026");
   EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
-  EXPECT_THAT(Statements(result.After(kNext)), ElementsAre(Fill(kUser, {1})));
+  EXPECT_THAT(Statements(result.After(kNext)), ElementsAre(SqlOfUsers(expected::kUser, {1})));
 }
 
 /// Where the refusal leaves the dialog open: those of a section end with it.
-class PlainDateWindow : public DateWindow {};
+class PlainDateWindow : public DateWindowTest {};
 
 INSTANTIATE_TEST_SUITE_P(StepOne, PlainDateWindow, ::testing::Values(kByStudent, kBySubject),
-                         [](const auto& dialog) { return std::string(dialog.param.form); });
+                         kNameOfDialog);
 
 // After the message the connection stays open, and the next press opens it again.
 TEST_P(PlainDateWindow, ASecondPressAfterTheRefusalReadsTheUserAgain) {
   Window("'2026/01/10'", "'2026/01/20'");
   const auto result = GoOn("21/01/2026", "hoy 20/01/2026\n" + kNext);
-  EXPECT_THAT(result.Sql("entrada"), ::testing::SizeIs(2));
-  EXPECT_THAT(result.Of("mensaje"), ::testing::SizeIs(1));
-  EXPECT_THAT(result.lines, Contains(std::string("oculta ") + GetParam().form));
+  EXPECT_THAT(result.Sql("entrada"), SizeIs(2));
+  EXPECT_THAT(result.Of("mensaje"), SizeIs(1));
+  EXPECT_THAT(result.lines, Contains("oculta " + Name()));
 }
 
-TEST(FormatoFecha, TurnsTheDateRound) {
+TEST(FormatoFechaTest, TurnsTheDateRound) {
   EXPECT_EQ(FormatoFecha("31/12/2025"), "2025/12/31");
   EXPECT_EQ(FormatoFecha("1/2/2026"), "2026/02/01");
   EXPECT_EQ(FormatoFecha("29-02-2024"), "2024/02/29");

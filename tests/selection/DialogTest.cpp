@@ -1,108 +1,95 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "frame/modGeneral.h"
 #include "platform/controls/FormInstance.h"
 #include "selection/frmNotaManual1.h"
 #include "selection/frmNotaMateria1.h"
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"
-#include "tests/selection/Sentences.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+class DialogTest : public EachDialogTest {};
 
-class StepOneDialog : public ::testing::TestWithParam<Dialog> {
- protected:
-  [[nodiscard]] std::string Name() const { return GetParam().form; }
-  PendingSchool school;
-};
+INSTANTIATE_TEST_SUITE_P(StepOne, DialogTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-INSTANTIATE_TEST_SUITE_P(StepOne, StepOneDialog, ::testing::ValuesIn(kDialogs),
-                         [](const auto& dialog) { return std::string(dialog.param.form); });
-
-TEST_P(StepOneDialog, BearsItsTitleAndCaptions) {
-  const View view(Play(school, GetParam(), "ver"));
+TEST_P(DialogTest, BearsItsTitleAndCaptions) {
+  const FormView view(Play("ver"));
   EXPECT_EQ(view.Title(), "Introducción de Notas. Paso 1 de 2");
-  EXPECT_EQ(view.Caption("lblNotamanual1(0)"), "(*) Tipo de enseñanza:");
-  EXPECT_EQ(view.Caption("lblNotamanual1(1)"), "(*) Curso:");
-  EXPECT_EQ(view.Caption("lblNotamanual1(2)"), "(*) Sección:");
-  EXPECT_EQ(view.Caption("lblNotamanual1(3)"), "(*) Evaluación:");
-  EXPECT_EQ(view.Caption("chkMostrar"), "Mostrar todo el ancho de las notas");
-  EXPECT_EQ(view.Caption("chkRecuperacion"), "Recuperación");
-  EXPECT_EQ(view.Caption("chkTodosProm"), "Promocionar a todos");
-  EXPECT_EQ(view.Caption("cmdNotaManual1(0)"), "Siguiente >");
-  EXPECT_EQ(view.Caption("cmdNotaManual1(1)"), "Salir");
+  EXPECT_EQ(view.Text("lblNotamanual1(0)"), "(*) Tipo de enseñanza:");
+  EXPECT_EQ(view.Text("lblNotamanual1(1)"), "(*) Curso:");
+  EXPECT_EQ(view.Text("lblNotamanual1(2)"), "(*) Sección:");
+  EXPECT_EQ(view.Text("lblNotamanual1(3)"), "(*) Evaluación:");
+  EXPECT_EQ(view.Text("chkMostrar"), "Mostrar todo el ancho de las notas");
+  EXPECT_EQ(view.Text("chkRecuperacion"), "Recuperación");
+  EXPECT_EQ(view.Text("chkTodosProm"), "Promocionar a todos");
+  EXPECT_EQ(view.Text("cmdNotaManual1(0)"), "Siguiente >");
+  EXPECT_EQ(view.Text("cmdNotaManual1(1)"), "Salir");
   EXPECT_FALSE(view.Visible("chkRecuperacion"));
   EXPECT_FALSE(view.Visible("chkTodosProm"));
 }
 
-TEST_P(StepOneDialog, NothingButAFullSelectionGoesOn) {
-  const View view(Play(school, GetParam(), "ver"));
+TEST_P(DialogTest, NothingButAFullSelectionGoesOn) {
+  const FormView view(Play("ver"));
   EXPECT_FALSE(view.Enabled("cmdNotaManual1(0)"));
-  const auto chosen = Play(school, GetParam(), Choose(GetParam(), 1) + "ver");
-  EXPECT_TRUE(View(chosen).Enabled("cmdNotaManual1(0)")) << chosen.Text();
+  const auto chosen = PlayIn(1, "ver");
+  EXPECT_TRUE(FormView(chosen).Enabled("cmdNotaManual1(0)")) << chosen.Text();
 }
 
 // Choosing a type empties the selection of the course alone: with another evaluation the button is
 // free again, without a course.
-TEST_P(StepOneDialog, AListWithoutSelectionIsRefusedWithABeep) {
-  auto again = "elegir cboTipoEnsenanza =3\nelegir cboEvaluaciones =1\n" +
-               (GetParam().BySection()
-                    ? std::string("elegir ") + GetParam().choice + " " + GetParam().entry + "\n"
-                    : std::string());
-  const auto result = Play(school, GetParam(), Choose(GetParam(), 1) + again + kNext + "\nver");
+TEST_P(DialogTest, AListWithoutSelectionIsRefusedWithABeep) {
+  auto again =
+      "elegir cboTipoEnsenanza =3\nelegir cboEvaluaciones =1\n" +
+      (dialog_.BySection() ? std::string("elegir ") + dialog_.choice + " " + dialog_.entry + "\n"
+                           : std::string());
+  const auto result = PlayIn(1, again + kNext + "\nver");
   EXPECT_THAT(result.After(kNext),
               ElementsAre("pitido",
                           R"(mensaje informacion "Zendria Escuela" "Intruduzca todos los datos")"))
       << result.Text();
-  EXPECT_TRUE(View(result).Enabled("cmdNotaManual1(0)"));
+  EXPECT_TRUE(FormView(result).Enabled("cmdNotaManual1(0)"));
 }
 
-TEST_P(StepOneDialog, SalirUnloadsItAndEndsTheNode) {
-  const auto result = Play(school, GetParam(), kLeave);
+TEST_P(DialogTest, SalirUnloadsItAndEndsTheNode) {
+  const auto result = Play(kLeave);
   EXPECT_THAT(result.After(kLeave), ElementsAre("descarga " + Name(), "oculta " + Name(),
-                                                "vuelve " + std::to_string(GetParam().node)));
+                                                "vuelve " + std::to_string(dialog_.node)));
   EXPECT_EQ(result.status, 0);
 }
 
-TEST_P(StepOneDialog, TheCrossOfTheWindowDoesTheSameAndReadsNothing) {
-  const auto result = Play(school, GetParam(), "marcar chkMostrar 1\ncerrar");
+TEST_P(DialogTest, TheCrossOfTheWindowDoesTheSameAndReadsNothing) {
+  const auto result = Play("marcar chkMostrar 1\ncerrar");
   EXPECT_THAT(result.After("cerrar"), ElementsAre("descarga " + Name(), "oculta " + Name(),
-                                                  "vuelve " + std::to_string(GetParam().node)));
+                                                  "vuelve " + std::to_string(dialog_.node)));
   EXPECT_FALSE(gblnMostrarAnchoNotas);
 }
 
-TEST_P(StepOneDialog, SalirTooReadsWhetherTheWholeWidthIsShown) {
-  Play(school, GetParam(), "marcar chkMostrar 1\n" + kLeave);
+TEST_P(DialogTest, SalirTooReadsWhetherTheWholeWidthIsShown) {
+  Play("marcar chkMostrar 1\n" + kLeave);
   EXPECT_TRUE(gblnMostrarAnchoNotas);
   // One session follows another: what the box says last holds.
-  const auto again = std::to_string(GetParam().node) + "\n" + kLeave;
-  Play(school, GetParam(), "marcar chkMostrar 1\n" + kLeave + "\nnodo " + again);
+  const auto again = std::to_string(dialog_.node) + "\n" + kLeave;
+  Play("marcar chkMostrar 1\n" + kLeave + "\nnodo " + again);
   EXPECT_FALSE(gblnMostrarAnchoNotas);
 }
 
-TEST_P(StepOneDialog, ALaterOpeningStartsFromAFreshDialog) {
-  const auto result =
-      Play(school, GetParam(),
-           Choose(GetParam(), 1) + kLeave + "\nnodo " + std::to_string(GetParam().node) + "\nver");
-  const View view(result);
+TEST_P(DialogTest, ALaterOpeningStartsFromAFreshDialog) {
+  const auto result = PlayIn(1, kLeave + "\nnodo " + std::to_string(dialog_.node) + "\nver");
+  const FormView view(result);
   EXPECT_EQ(view.Index("cboCursos"), -1);
   EXPECT_THAT(view.Entries("cboSecciones"), IsEmpty());
 }
 
 /// A handler that runs without an entry selected empties the list below, and reads nothing.
 template <class F>
-class WithoutSelection : public ::testing::Test {};
+class WithoutSelectionTest : public ::testing::Test {};
 using Forms = ::testing::Types<frmNotaManual1, frmNotaMateria1, frmNotaSeccionAlumno1,
                                frmNotaSeccionMateria1>;
-TYPED_TEST_SUITE(WithoutSelection, Forms);
+TYPED_TEST_SUITE(WithoutSelectionTest, Forms);
 
-TYPED_TEST(WithoutSelection, EmptiesAndDisablesTheListBelow) {
+TYPED_TEST(WithoutSelectionTest, EmptiesAndDisablesTheListBelow) {
   TypeParam form;
   form.cboCursos.AddItem("1º ESO", 31);
   form.cboTipoEnsenanza_Click();
@@ -114,7 +101,7 @@ TYPED_TEST(WithoutSelection, EmptiesAndDisablesTheListBelow) {
   EXPECT_FALSE(form.cboSecciones.Enabled());
 }
 
-TYPED_TEST(WithoutSelection, LeavesSectionAndEvaluationAlone) {
+TYPED_TEST(WithoutSelectionTest, LeavesSectionAndEvaluationAlone) {
   TypeParam form;
   form.blnEntrar = true;
   form.cmdNotaManual1[0].Enabled(true);
@@ -126,7 +113,7 @@ TYPED_TEST(WithoutSelection, LeavesSectionAndEvaluationAlone) {
   EXPECT_TRUE(form.blnEntrar);
 }
 
-TYPED_TEST(WithoutSelection, TheGuardKeepsTheCodesOwnClicksOut) {
+TYPED_TEST(WithoutSelectionTest, TheGuardKeepsTheCodesOwnClicksOut) {
   TypeParam form;
   form.blnEntrar = false;
   form.cmdNotaManual1[0].Enabled(true);
@@ -139,7 +126,7 @@ TYPED_TEST(WithoutSelection, TheGuardKeepsTheCodesOwnClicksOut) {
   EXPECT_FALSE(form.blnEntrar);
 }
 
-TYPED_TEST(WithoutSelection, EnterGoesOnAndEscapeLeaves) {
+TYPED_TEST(WithoutSelectionTest, EnterGoesOnAndEscapeLeaves) {
   const TypeParam form;
   EXPECT_TRUE(form.cmdNotaManual1[0].Default);
   EXPECT_FALSE(form.cmdNotaManual1[0].Cancel);
@@ -147,7 +134,7 @@ TYPED_TEST(WithoutSelection, EnterGoesOnAndEscapeLeaves) {
   EXPECT_FALSE(form.cmdNotaManual1[1].Default);
 }
 
-TYPED_TEST(WithoutSelection, EveryControlLiesInsideWhatHoldsIt) {
+TYPED_TEST(WithoutSelectionTest, EveryControlLiesInsideWhatHoldsIt) {
   const TypeParam form;
   for (const auto* control : form.Controls()) {
     const auto* frame = control->Container();

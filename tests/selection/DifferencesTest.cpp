@@ -1,9 +1,7 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 
-#include "tests/selection/Sentences.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/ExpectedStatements.h"
 
 namespace quorvane::test {
 namespace {
@@ -11,20 +9,20 @@ namespace {
 /// The statements that tell the dialogs apart, each by a short name.
 std::string ShortName(const std::string& statement) {
   static const std::map<std::string, std::string> names = {
-      {kTypesUnrestricted, "types"},
-      {Fill(kRecoveries, {3}), "recoveries"},
-      {Fill(kCoursesUnrestricted, {3}), "courses"},
-      {kOrdinaryEvaluations, "ordinary"},
-      {Fill(kTutor, {1, 321}), "tutor"},
-      {Fill(kFinalOfFormer, {1}), "final of former"},
-      {Fill(kFollowUp, {321}), "follow-up"},
-      {Fill(kEvaluations, {321, 321}), "evaluations"},
-      {Fill(kFinalOfChosen, {2}), "final of chosen"},
-      {Fill(kFinalAndOrder, {2}), "final and order"}};
+      {Sql(expected::kAllTypes), "types"},
+      {Sql(expected::kRecoveries, {3}), "recoveries"},
+      {Sql(expected::kAllCourses, {3}), "courses"},
+      {Sql(expected::kOrdinaryEvaluations), "ordinary"},
+      {Sql(expected::kTutor, {1, 321}), "tutor"},
+      {Sql(expected::kFinalOfFormer, {1}), "final of former"},
+      {Sql(expected::kFollowUp, {321}), "follow-up"},
+      {Sql(expected::kEvaluations, {321, 321}), "evaluations"},
+      {Sql(expected::kFinalOfChosen, {2}), "final of chosen"},
+      {Sql(expected::kFinalAndOrder, {2}), "final and order"}};
   const auto found = names.find(statement);
   if (found != names.end()) return found->second;
-  if (statement.starts_with("centro SELECT DISTINCT MateriaDetalles.")) return "subjects";
-  if (statement.starts_with("centro SELECT IDAlumno,")) return "students";
+  if (statement.starts_with("sql centro SELECT DISTINCT MateriaDetalles.")) return "subjects";
+  if (statement.starts_with("sql centro SELECT IDAlumno,")) return "students";
   return statement;
 }
 
@@ -70,9 +68,9 @@ Differences Observe(const Dialog& dialog) {
   const auto refused = Play(school, dialog, Choose(dialog, 1) + kNext);
   const auto message = refused.Of("mensaje");
   const auto error = refused.Of("error");
-  const View view(shown);
+  const FormView view(shown);
   Differences row;
-  row.caption = view.Has("lblNotamanual1(4)") ? view.Caption("lblNotamanual1(4)") : "";
+  row.caption = view.Has("lblNotamanual1(4)") ? view.Text("lblNotamanual1(4)") : "";
   row.opening = ShortNames(shown.After("nodo " + std::to_string(dialog.node)));
   row.section = ShortNames(shown.After(section));
   row.evaluation = ShortNames(shown.After(evaluation));
@@ -82,7 +80,7 @@ Differences Observe(const Dialog& dialog) {
   return row;
 }
 
-TEST(StepOneDifferences, SideBySide) {
+TEST(DifferencesTest, SideBySide) {
   const std::string message =
       R"(exclamacion "Zendria Escuela" "La fecha de la evaluación se ha superado")";
   EXPECT_EQ(Observe(kByStudent),

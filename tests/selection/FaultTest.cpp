@@ -1,21 +1,14 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "tests/selection/Sentences.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::StartsWith;
-
 /// Step one catches no error: each comes out to the host, and the program lives.
-class Faults : public ::testing::TestWithParam<Dialog> {
+class FaultTest : public EachDialogTest {
  protected:
-  Faults() {
+  FaultTest() {
     school.Sql(
         "UPDATE Usuario SET CodPadre=0, AdminSistema=0;"
         "UPDATE SistemaCalificacion SET Recuperaciones=-1;"
@@ -29,23 +22,19 @@ class Faults : public ::testing::TestWithParam<Dialog> {
 
   /// A whole session of the tutor's, from the opening to the refusal of the date, by way of a
   /// former evaluation and the second final.
-  [[nodiscard]] static std::string Session() {
-    return "nodo " + std::to_string(GetParam().node) + "\n" + Choose(GetParam(), 1) +
-           Choose(GetParam(), 5) + kNext + "\n" + kLeave + "\n";
+  [[nodiscard]] std::string Session() const {
+    return Node() + "\n" + Choose(dialog_, 1) + Choose(dialog_, 5) + kNext + "\n" + kLeave + "\n";
   }
   [[nodiscard]] ScriptResult Run(const std::string& script) const {
     auto options = Tutor();
     options.hoy = "15/01/2026";
     return RunScript(school, script, options);
   }
-
-  PendingSchool school;
 };
 
-INSTANTIATE_TEST_SUITE_P(StepOne, Faults, ::testing::ValuesIn(kDialogs),
-                         [](const auto& dialog) { return std::string(dialog.param.form); });
+INSTANTIATE_TEST_SUITE_P(StepOne, FaultTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-TEST_P(Faults, EveryStatementThatFailsComesOutAndTheDialogOpensAgain) {
+TEST_P(FaultTest, EveryStatementThatFailsComesOutAndTheDialogOpensAgain) {
   const auto whole = Statements(Run(Session()).lines);
   ASSERT_GE(whole.size(), 12U);
   const auto rows = school.Modulo();
@@ -63,20 +52,21 @@ TEST_P(Faults, EveryStatementThatFailsComesOutAndTheDialogOpensAgain) {
   }
 }
 
-TEST_P(Faults, ATypeWithoutMarkingSystemIsAnErrorWhereRecoveriesAreRead) {
+TEST_P(FaultTest, ATypeWithoutMarkingSystemIsAnErrorWhereRecoveriesAreRead) {
   school.Sql("DELETE FROM SistemaCalificacion");
-  const auto result = Play(school, GetParam(), "ver");
-  if (GetParam().node == kBySubject.node) {
+  const auto result = Play("ver");
+  if (dialog_.node == kBySubject.node) {
     EXPECT_THAT(result.Of("error"), IsEmpty()) << "this dialog doesn't ask";
-    EXPECT_THAT(result.Of("muestra"), ElementsAre(GetParam().form));
+    EXPECT_THAT(result.Of("muestra"), ElementsAre(dialog_.form));
   } else {
     EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
     EXPECT_THAT(result.Of("muestra"), IsEmpty());
-    EXPECT_THAT(Statements(result.lines), ElementsAre(kTypesUnrestricted, Fill(kRecoveries, {3})));
+    EXPECT_THAT(Statements(result.lines),
+                ElementsAre(Sql(expected::kAllTypes), Sql(expected::kRecoveries, {3})));
   }
 }
 
-TEST_P(Faults, AMissingTableIsTheEnginesError) {
+TEST_P(FaultTest, AMissingTableIsTheEnginesError) {
   school.Sql("DROP TABLE FechaNotas");
   const auto result = Run(Session());
   EXPECT_THAT(result.Of("error"), Contains(StartsWith("-2147467259 ")));

@@ -89,6 +89,19 @@ class HandedOver : public ::testing::Test {
     Select(form.cboEvaluaciones, evaluation);
   }
 
+  /// A user who chooses section 321, that evaluation and an entry of the dialog's own list, if it
+  /// has one, and goes on.
+  template <class F>
+  static std::function<void()> GoesOn(int evaluation) {
+    return [evaluation] {
+      auto& form = FormInstance<F>::Get();
+      SelectSection(form, evaluation);
+      if constexpr (requires { form.cboMateria; }) Select(form.cboMateria, 3111);
+      if constexpr (requires { form.cboAlumno; }) Select(form.cboAlumno, 1);
+      form.cmdNotaManual1[0].Press();
+    };
+  }
+
   PendingSchool school;
   TestConnection centro;
   TestConnection entrada;

@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "frame/PrimeraPantalla.h"
 #include "grades/final/frmNotaManualFinal.h"
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
@@ -12,13 +10,14 @@
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"
 #include "tests/selection/HandedOver.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
+using HandedOverTest = HandedOver;
 
-TEST_F(HandedOver, ByStudent) {
+TEST_F(HandedOverTest, ByStudent) {
   hands.acts = {[this] {
                   auto& form = FormInstance<frmNotaManual1>::Get();
                   SelectSection(form, 1);
@@ -44,46 +43,31 @@ TEST_F(HandedOver, ByStudent) {
   EXPECT_FALSE(FormInstance<frmNotaManual1>::Exists()) << "the first show drops it";
 }
 
-TEST_F(HandedOver, ByStudentInTheSecondFinal) {
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaManual1>::Get();
-                  SelectSection(form, 5);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
-                  const auto& stepTwo = FormInstance<frmNotaManualFinal>::Get();
-                  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
-                  EXPECT_TRUE(stepTwo.elegida.mblnFinalSeptiembre);
-                  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, 4);
-                }};
+/// What the form of step two knows of a final evaluation; `firstFinal` is 0 where that is the
+/// first.
+template <class StepTwo>
+void ExpectFinal(int firstFinal) {
+  const auto& stepTwo = FormInstance<StepTwo>::Get();
+  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
+  EXPECT_EQ(stepTwo.elegida.mblnFinalSeptiembre, firstFinal != 0);
+  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, firstFinal);
+}
+
+TEST_F(HandedOverTest, ByStudentInTheSecondFinal) {
+  hands.acts = {GoesOn<frmNotaManual1>(5), [] { ExpectFinal<frmNotaManualFinal>(4); }};
   MostrarFrmNotaManual1();
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1", "frmNotaManualFinal"));
 }
 
-TEST_F(HandedOver, ByStudentInTheFirstFinal) {
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaManual1>::Get();
-                  SelectSection(form, 4);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
-                  const auto& stepTwo = FormInstance<frmNotaManualFinal>::Get();
-                  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
-                  EXPECT_FALSE(stepTwo.elegida.mblnFinalSeptiembre);
-                  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, 0);
-                }};
+TEST_F(HandedOverTest, ByStudentInTheFirstFinal) {
+  hands.acts = {GoesOn<frmNotaManual1>(4), [] { ExpectFinal<frmNotaManualFinal>(0); }};
   MostrarFrmNotaManual1();
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaManual1", "frmNotaManualFinal"));
 }
 
-TEST_F(HandedOver, BySubjectOfATutor) {
+TEST_F(HandedOverTest, BySubjectOfATutor) {
   User(2, 3);
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaMateria1>::Get();
-                  SelectSection(form, 1);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
+  hands.acts = {GoesOn<frmNotaMateria1>(1), [] {
                   EXPECT_EQ(FormInstance<frmNotaMateria>::Get().mstrCaption, "ESO 2º ESO A");
                   const auto& stepOne = FormInstance<frmNotaMateria1>::Get();
                   EXPECT_FALSE(stepOne.blnPosibleRecuperacion) << "never read here";
@@ -95,14 +79,14 @@ TEST_F(HandedOver, BySubjectOfATutor) {
 }
 
 // A member of staff with profile 0 is nobody in particular.
-TEST_F(HandedOver, ProfileZeroHasNoStaffKey) {
+TEST_F(HandedOverTest, ProfileZeroHasNoStaffKey) {
   User(2, 0);
   hands.acts = {[] { EXPECT_EQ(FormInstance<frmNotaManual1>::Get().gIDPersonal, 0); }};
   MostrarFrmNotaManual1();
 }
 
 // The one way in which the grades of a recovery are entered.
-TEST_F(HandedOver, BySectionAndStudentWithTheRecovery) {
+TEST_F(HandedOverTest, BySectionAndStudentWithTheRecovery) {
   hands.acts = {[] {
                   auto& form = FormInstance<frmNotaSeccionAlumno1>::Get();
                   SelectSection(form, 1);
@@ -125,36 +109,21 @@ TEST_F(HandedOver, BySectionAndStudentWithTheRecovery) {
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaSeccionAlumno1", "frmNotaSeccionAlumno"));
 }
 
-TEST_F(HandedOver, BySectionAndStudentInTheSecondFinal) {
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaSeccionAlumno1>::Get();
-                  SelectSection(form, 5);
-                  Select(form.cboMateria, 3111);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
-                  const auto& stepTwo = FormInstance<frmNotaSeccionAlumnoFinal>::Get();
-                  EXPECT_EQ(stepTwo.mstrCaption, "ESO 2º ESO A");
-                  EXPECT_TRUE(stepTwo.elegida.mblnFinalSeptiembre);
-                  EXPECT_EQ(stepTwo.elegida.mlngIdEvaluacionJunio, 4);
+TEST_F(HandedOverTest, BySectionAndStudentInTheSecondFinal) {
+  hands.acts = {GoesOn<frmNotaSeccionAlumno1>(5), [] {
+                  ExpectFinal<frmNotaSeccionAlumnoFinal>(4);
                   EXPECT_FALSE(FormInstance<frmNotaSeccionAlumno1>::Get().blnRecuperar);
                 }};
   MostrarFrmNotaSeccionAlumno1();
   EXPECT_THAT(hands.shown, ElementsAre("frmNotaSeccionAlumno1", "frmNotaSeccionAlumnoFinal"));
 }
 
-TEST_F(HandedOver, BySectionAndSubjectOfATeacher) {
+TEST_F(HandedOverTest, BySectionAndSubjectOfATeacher) {
   User(3, 3);
-  hands.acts = {[] {
-                  auto& form = FormInstance<frmNotaSeccionMateria1>::Get();
-                  SelectSection(form, 1);
-                  EXPECT_FALSE(form.blnTutor);
-                  Select(form.cboAlumno, 1);
-                  form.cmdNotaManual1[0].Press();
-                },
-                [] {
+  hands.acts = {GoesOn<frmNotaSeccionMateria1>(1), [] {
                   EXPECT_EQ(FormInstance<frmNotaSeccionMateria>::Get().mstrCaption, "ESO 2º ESO A");
                   const auto& stepOne = FormInstance<frmNotaSeccionMateria1>::Get();
+                  EXPECT_FALSE(stepOne.blnTutor);
                   EXPECT_EQ(stepOne.gIDPersonal, 2);
                   EXPECT_EQ(stepOne.cboAlumno.SelectedData(), 1);
                   EXPECT_FALSE(stepOne.blnRecuperar);

@@ -1,43 +1,35 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "tests/selection/Sentences.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
-
 /// What is the same in the four dialogs: who sees which types, courses and sections.
-class ListsByRole : public ::testing::TestWithParam<Dialog> {
+class ListsByRoleTest : public EachDialogTest {
  protected:
   [[nodiscard]] ScriptResult Open(const ScriptOptions& options,
                                   const std::string& commands = "") const {
-    return Play(school, GetParam(), commands + "ver", options);
+    return Play(commands + "ver", options);
   }
 
   /// Choosing a type reads whether it has recoveries in all dialogs but the one by subject.
-  static std::vector<std::string> Type(std::vector<std::string> statements) {
-    if (GetParam().node == kBySubject.node) std::erase(statements, Fill(kRecoveries, {3}));
+  std::vector<std::string> Type(std::vector<std::string> statements) const {
+    if (dialog_.node == kBySubject.node) std::erase(statements, Sql(expected::kRecoveries, {3}));
     return statements;
   }
-
-  PendingSchool school;
 };
 
-INSTANTIATE_TEST_SUITE_P(StepOne, ListsByRole, ::testing::ValuesIn(kDialogs),
-                         [](const auto& dialog) { return std::string(dialog.param.form); });
+INSTANTIATE_TEST_SUITE_P(StepOne, ListsByRoleTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-TEST_P(ListsByRole, ProfileZeroReadsAllTypesAndCourses) {
+TEST_P(ListsByRoleTest, ProfileZeroReadsAllTypesAndCourses) {
   const auto result = Open(Unrestricted());
   EXPECT_THAT(Statements(result.lines),
-              ElementsAreArray(Type({kTypesUnrestricted, Fill(kRecoveries, {3}),
-                                     Fill(kCoursesUnrestricted, {3}), kOrdinaryEvaluations})))
+              ElementsAreArray(
+                  Type({Sql(expected::kAllTypes), Sql(expected::kRecoveries, {3}),
+                        Sql(expected::kAllCourses, {3}), Sql(expected::kOrdinaryEvaluations)})))
       << result.Text();
-  const View view(result);
+  const FormView view(result);
   EXPECT_THAT(view.Entries("cboTipoEnsenanza"), ElementsAre("ESO=3", "Bachillerato=4"));
   EXPECT_EQ(view.Index("cboTipoEnsenanza"), 0);
   EXPECT_THAT(view.Entries("cboCursos"), ElementsAre("1º ESO=31", "2º ESO=32", "3º ESO=33"));
@@ -49,112 +41,117 @@ TEST_P(ListsByRole, ProfileZeroReadsAllTypesAndCourses) {
   EXPECT_TRUE(view.Enabled("cmdNotaManual1(1)"));
 }
 
-TEST_P(ListsByRole, ProfileZeroReadsAllSectionsOfACourse) {
+TEST_P(ListsByRoleTest, ProfileZeroReadsAllSectionsOfACourse) {
   const auto result = Open(Unrestricted(), "elegir cboCursos =31\n");
   EXPECT_THAT(Statements(result.After("elegir cboCursos =31")),
-              ElementsAre(Fill(kSectionsUnrestricted, {31})));
-  const View view(result);
+              ElementsAre(Sql(expected::kAllSections, {31})));
+  const FormView view(result);
   EXPECT_THAT(view.Entries("cboSecciones"), ElementsAre("A=311", "B=312"));
   EXPECT_EQ(view.Index("cboSecciones"), -1);
   EXPECT_TRUE(view.Enabled("cboSecciones"));
 }
 
-TEST_P(ListsByRole, TheTutorSeesHisSection) {
+TEST_P(ListsByRoleTest, TheTutorSeesHisSection) {
   const auto result = Open(Tutor(), "elegir cboCursos =32\n");
   EXPECT_THAT(Statements(result.lines),
-              ElementsAreArray(Type({Fill(kPersonal, {2}), Fill(kTypes, {1, 1}),
-                                     Fill(kRecoveries, {3}), Fill(kCourses, {3, 1, 1}),
-                                     kOrdinaryEvaluations, Fill(kSections, {32, 1, 1})})));
-  const View view(result);
+              ElementsAreArray(Type(
+                  {Sql(expected::kStaff, {2}), Sql(expected::kTypes, {1, 1}),
+                   Sql(expected::kRecoveries, {3}), Sql(expected::kCourses, {3, 1, 1}),
+                   Sql(expected::kOrdinaryEvaluations), Sql(expected::kSections, {32, 1, 1})})));
+  const FormView view(result);
   EXPECT_THAT(view.Entries("cboTipoEnsenanza"), ElementsAre("ESO=3"));
   EXPECT_THAT(view.Entries("cboCursos"), ElementsAre("2º ESO=32"));
   EXPECT_THAT(view.Entries("cboSecciones"), ElementsAre("A=321"));
 }
 
-TEST_P(ListsByRole, TheTeacherOfAPendingSubjectSeesTheSectionsOfItsStudents) {
+TEST_P(ListsByRoleTest, TheTeacherOfAPendingSubjectSeesTheSectionsOfItsStudents) {
   const auto result = Open(Teacher(), "elegir cboCursos =32\n");
   EXPECT_THAT(Statements(result.lines),
-              ElementsAreArray(Type({Fill(kPersonal, {3}), Fill(kTypes, {2, 2}),
-                                     Fill(kRecoveries, {3}), Fill(kCourses, {3, 2, 2}),
-                                     kOrdinaryEvaluations, Fill(kSections, {32, 2, 2})})));
-  const View view(result);
+              ElementsAreArray(Type(
+                  {Sql(expected::kStaff, {3}), Sql(expected::kTypes, {2, 2}),
+                   Sql(expected::kRecoveries, {3}), Sql(expected::kCourses, {3, 2, 2}),
+                   Sql(expected::kOrdinaryEvaluations), Sql(expected::kSections, {32, 2, 2})})));
+  const FormView view(result);
   EXPECT_THAT(view.Entries("cboCursos"), ElementsAre("2º ESO=32"));
   EXPECT_THAT(view.Entries("cboSecciones"), ElementsAre("A=321"));
 }
 
-TEST_P(ListsByRole, ATeacherWithoutPendingSubjectsSeesNothing) {
+TEST_P(ListsByRoleTest, ATeacherWithoutPendingSubjectsSeesNothing) {
   school.Sql("DELETE FROM Profesor_Pte");
   const auto result = Open(Teacher());
   EXPECT_THAT(Statements(result.lines),
-              ElementsAre(Fill(kPersonal, {3}), Fill(kTypes, {2, 2}), kOrdinaryEvaluations));
-  const View view(result);
+              ElementsAre(Sql(expected::kStaff, {3}), Sql(expected::kTypes, {2, 2}),
+                          Sql(expected::kOrdinaryEvaluations)));
+  const FormView view(result);
   EXPECT_THAT(view.Entries("cboTipoEnsenanza"), IsEmpty());
   EXPECT_FALSE(view.Enabled("cboTipoEnsenanza"));
 }
 
 // Without a row in Personal the types are those of the sections that have no tutor; choosing one
 // lists no course.
-TEST_P(ListsByRole, AUserWithoutStaffSeesTheTypesOfSectionsWithoutTutorAndNoCourse) {
+TEST_P(ListsByRoleTest, AUserWithoutStaffSeesTheTypesOfSectionsWithoutTutorAndNoCourse) {
   const auto result = Open(NoStaff(), "elegir cboTipoEnsenanza =4\n");
   EXPECT_THAT(First(Statements(result.lines), 2),
-              ElementsAre(Fill(kPersonal, {4}), Fill(kTypes, {0, 0})));
+              ElementsAre(Sql(expected::kStaff, {4}), Sql(expected::kTypes, {0, 0})));
   for (const auto& statement : Statements(result.lines))
     EXPECT_EQ(statement.find("FROM Curso"), std::string::npos) << statement;
-  const View view(result);
+  const FormView view(result);
   EXPECT_THAT(view.Entries("cboTipoEnsenanza"), ElementsAre("ESO=3", "Bachillerato=4"));
   EXPECT_THAT(view.Entries("cboCursos"), IsEmpty());
   EXPECT_TRUE(view.Enabled("cboCursos"));
 }
 
-TEST_P(ListsByRole, OnlyARestrictedUserIsOfferedTheReservedTypes) {
+TEST_P(ListsByRoleTest, OnlyARestrictedUserIsOfferedTheReservedTypes) {
   school.Sql(
       "INSERT INTO SistemaCalificacion (IDSistemaCalificacion, CodTipoEnsenanza, Recuperaciones) "
       "VALUES (9,1,0); INSERT INTO Modelo (IDModelo, CodSistemaCalificacion) VALUES (9,9);"
       "INSERT INTO Seccion (IDSeccion, Descripcion, codCurso, CodTutor, CodModelo) "
       "VALUES (901,'Z',90,1,9)");
-  EXPECT_THAT(View(Open(Tutor())).Entries("cboTipoEnsenanza"), ElementsAre("Infantil=1", "ESO=3"));
-  EXPECT_THAT(View(Open(Unrestricted())).Entries("cboTipoEnsenanza"),
+  EXPECT_THAT(FormView(Open(Tutor())).Entries("cboTipoEnsenanza"),
+              ElementsAre("Infantil=1", "ESO=3"));
+  EXPECT_THAT(FormView(Open(Unrestricted())).Entries("cboTipoEnsenanza"),
               ElementsAre("ESO=3", "Bachillerato=4"));
 }
 
-TEST_P(ListsByRole, ACentreWithoutTypesShowsAnEmptyDialog) {
+TEST_P(ListsByRoleTest, ACentreWithoutTypesShowsAnEmptyDialog) {
   school.Sql("DELETE FROM Centro_TipoEnsenanza");
   const auto result = Open(Unrestricted());
-  EXPECT_THAT(Statements(result.lines), ElementsAre(kTypesUnrestricted, kOrdinaryEvaluations));
-  EXPECT_FALSE(View(result).Enabled("cboTipoEnsenanza"));
-  EXPECT_FALSE(View(result).Enabled("cmdNotaManual1(0)"));
+  EXPECT_THAT(Statements(result.lines),
+              ElementsAre(Sql(expected::kAllTypes), Sql(expected::kOrdinaryEvaluations)));
+  EXPECT_FALSE(FormView(result).Enabled("cboTipoEnsenanza"));
+  EXPECT_FALSE(FormView(result).Enabled("cmdNotaManual1(0)"));
 }
 
-TEST_P(ListsByRole, ATypeWithoutCoursesDisablesTheirList) {
+TEST_P(ListsByRoleTest, ATypeWithoutCoursesDisablesTheirList) {
   school.Sql("DELETE FROM Curso WHERE codTipoEnsenanza=4");
-  const View view(Open(Unrestricted(), "elegir cboTipoEnsenanza =4\n"));
+  const FormView view(Open(Unrestricted(), "elegir cboTipoEnsenanza =4\n"));
   EXPECT_THAT(view.Entries("cboCursos"), IsEmpty());
   EXPECT_FALSE(view.Enabled("cboCursos"));
 }
 
-TEST_P(ListsByRole, ACourseWithoutSectionsDisablesTheirList) {
+TEST_P(ListsByRoleTest, ACourseWithoutSectionsDisablesTheirList) {
   school.Sql("DELETE FROM Seccion WHERE codCurso=33");
-  const View view(Open(Unrestricted(), "elegir cboCursos =33\n"));
+  const FormView view(Open(Unrestricted(), "elegir cboCursos =33\n"));
   EXPECT_THAT(view.Entries("cboSecciones"), IsEmpty());
   EXPECT_FALSE(view.Enabled("cboSecciones"));
 }
 
-TEST_P(ListsByRole, AnotherTypeKeepsTheSectionsAndBarsTheWayOn) {
-  const View view(Open(Unrestricted(), Choose(GetParam(), 1) + "elegir cboTipoEnsenanza =4\n"));
+TEST_P(ListsByRoleTest, AnotherTypeKeepsTheSectionsAndBarsTheWayOn) {
+  const FormView view(Open(Unrestricted(), Choose(dialog_, 1) + "elegir cboTipoEnsenanza =4\n"));
   EXPECT_THAT(view.Entries("cboCursos"), ElementsAre("1º Bachillerato=41"));
   EXPECT_THAT(view.Entries("cboSecciones"), ElementsAre("A=321"));
   EXPECT_FALSE(view.Enabled("cmdNotaManual1(0)"));
 }
 
-TEST_P(ListsByRole, AStaffKeyBeyondSixteenBitsIsAnOverflow) {
+TEST_P(ListsByRoleTest, AStaffKeyBeyondSixteenBitsIsAnOverflow) {
   school.Sql("UPDATE Personal SET IDPersonal=40000 WHERE IDPersonal=1");
   const auto result = Open(Tutor());
-  EXPECT_THAT(result.Of("error"), ElementsAre(::testing::StartsWith("6 "))) << result.Text();
+  EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("6 "))) << result.Text();
 }
 
-TEST_P(ListsByRole, NullTextsShowAsEmptyEntries) {
+TEST_P(ListsByRoleTest, NullTextsShowAsEmptyEntries) {
   school.Sql("UPDATE Curso SET Descripcion=NULL WHERE IDCurso=31");
-  EXPECT_THAT(View(Open(Unrestricted())).Entries("cboCursos"),
+  EXPECT_THAT(FormView(Open(Unrestricted())).Entries("cboCursos"),
               ElementsAre("=31", "2º ESO=32", "3º ESO=33"));
 }
 

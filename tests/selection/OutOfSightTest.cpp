@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "frame/PrimeraPantalla.h"
 #include "grades/final/frmNotaManualFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
@@ -9,6 +7,7 @@
 #include "selection/frmNotaSeccionAlumno1.h"
 #include "selection/frmNotaSeccionMateria1.h"
 #include "tests/selection/HandedOver.h"
+#include "tests/support/Matchers.h"
 
 // What a script doesn't show of step one: connection, pointer, boxes out of sight, a title that is
 // never seen.
@@ -16,10 +15,10 @@
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
+using OutOfSightTest = HandedOver;
 
 // After the message of the date the connection stays open.
-TEST_F(HandedOver, TheConnectionClosesOnlyOnTheWayToStepTwo) {
+TEST_F(OutOfSightTest, TheConnectionClosesOnlyOnTheWayToStepTwo) {
   school.Sql(
       "UPDATE Usuario SET CodPadre=0, AdminSistema=0; INSERT INTO FechaNotas (FechaInicio, "
       "FechaFin, CodSeccion, CodNumEvaluacion) VALUES ('1990/01/01','1990/01/02',321,1)");
@@ -40,7 +39,7 @@ TEST_F(HandedOver, TheConnectionClosesOnlyOnTheWayToStepTwo) {
 
 // The form for finals gets its title before the first final is looked for and again after that;
 // in entry by subject only after it.
-TEST_F(HandedOver, TheTitleWhereTheFirstFinalHasGone) {
+TEST_F(OutOfSightTest, TheTitleWhereTheFirstFinalHasGone) {
   const auto fails = [this](auto& form) {
     SelectSection(form, 5);
     school.Sql("UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=4");
@@ -59,7 +58,7 @@ TEST_F(HandedOver, TheTitleWhereTheFirstFinalHasGone) {
   EXPECT_EQ(FormInstance<frmNotaMateriaFinal>::Get().mstrCaption, "");
 }
 
-TEST_F(HandedOver, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
+TEST_F(OutOfSightTest, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
   cConfiguracion::Instancia().RutaIcono = "zendria.ico";
   const auto opened = [](const auto& form) {
     EXPECT_EQ(form.Icon(), "zendria.ico");
@@ -83,7 +82,7 @@ TEST_F(HandedOver, TheOpeningPlacesTheHiddenBoxesAndTheIcon) {
 }
 
 // The tutor of one section is nobody in another.
-TEST_F(HandedOver, BeingTheTutorGoesWithTheSection) {
+TEST_F(OutOfSightTest, BeingTheTutorGoesWithTheSection) {
   User(2, 3);
   const auto another = [](auto& form) {
     SelectSection(form, 1);
@@ -99,7 +98,7 @@ TEST_F(HandedOver, BeingTheTutorGoesWithTheSection) {
   EXPECT_TRUE(hands.acts.empty());
 }
 
-TEST_F(HandedOver, ThePointerIsBackAfterTheOpening) {
+TEST_F(OutOfSightTest, ThePointerIsBackAfterTheOpening) {
   hands.acts = {
       [this] { EXPECT_THAT(hands.pointers, ElementsAre(Pointer::Hourglass, Pointer::Default)); }};
   MostrarFrmNotaManual1();
@@ -107,7 +106,7 @@ TEST_F(HandedOver, ThePointerIsBackAfterTheOpening) {
 
 // The user can't bring the boxes into sight here; the rules that the two dialogs have for them are
 // their own all the same.
-TEST_F(HandedOver, TheBoxesOfTheDialogsWithoutSection) {
+TEST_F(OutOfSightTest, TheBoxesOfTheDialogsWithoutSection) {
   const auto boxes = [](auto& form) {
     form.blnPosibleRecuperacion = true;
     form.chkRecuperacion.Visible(true);

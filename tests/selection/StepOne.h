@@ -1,12 +1,15 @@
 #pragma once
 
-#include <initializer_list>
+#include <gtest/gtest.h>
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include "tests/support/FormView.h"
 #include "tests/support/ScriptRun.h"
+#include "tests/support/Sessions.h"
 #include "tests/support/SmallSchool.h"
+#include "tests/support/Traffic.h"
 
 namespace quorvane::test {
 
@@ -14,16 +17,24 @@ namespace quorvane::test {
 struct Dialog {
   int node;
   const char* form;
-  const char* choice;  ///< its own list, empty when it has none
-  const char* entry;   ///< an entry of that list in `PendingSchool`
+  const char* choice;    ///< its own list, empty when it has none
+  const char* entry;     ///< an entry of that list in `PendingSchool`
+  const char* ordinary;  ///< the form of step two
+  const char* final;     ///< and that for the final evaluations
 
   [[nodiscard]] bool BySection() const { return *choice != '\0'; }
 };
 
-inline constexpr Dialog kByStudent{124, "frmNotaManual1", "", ""};
-inline constexpr Dialog kBySubject{125, "frmNotaMateria1", "", ""};
-inline constexpr Dialog kSectionByStudent{127, "frmNotaSeccionAlumno1", "cboMateria", "=3111"};
-inline constexpr Dialog kSectionBySubject{126, "frmNotaSeccionMateria1", "cboAlumno", "=1"};
+inline constexpr Dialog kByStudent{124, "frmNotaManual1", "",
+                                   "",  "frmNotaManual",  "frmNotaManualFinal"};
+inline constexpr Dialog kBySubject{125, "frmNotaMateria1", "",
+                                   "",  "frmNotaMateria",  "frmNotaMateriaFinal"};
+inline constexpr Dialog kSectionByStudent{
+    127,     "frmNotaSeccionAlumno1", "cboMateria",
+    "=3111", "frmNotaSeccionAlumno",  "frmNotaSeccionAlumnoFinal"};
+inline constexpr Dialog kSectionBySubject{
+    126,  "frmNotaSeccionMateria1", "cboAlumno",
+    "=1", "frmNotaSeccionMateria",  "frmNotaSeccionMateriaFinal"};
 inline constexpr Dialog kDialogs[] = {kByStudent, kBySubject, kSectionByStudent, kSectionBySubject};
 
 inline void PrintTo(const Dialog& dialog, std::ostream* out) { *out << dialog.form; }
@@ -40,12 +51,6 @@ class PendingSchool : public SmallSchool {
   PendingSchool();
 };
 
-/// Sessions: profile 0; the tutor of 321; the teacher of 3112; a user who is no member of staff.
-ScriptOptions Unrestricted();
-ScriptOptions Tutor();
-ScriptOptions Teacher();
-ScriptOptions NoStaff();
-
 /// Opens the dialog and plays the commands.
 ScriptResult Play(const TestSchool& school, const Dialog& dialog, const std::string& commands,
                   const ScriptOptions& options = Unrestricted());
@@ -57,31 +62,55 @@ std::string Choose(const Dialog& dialog, int evaluation);
 inline const std::string kNext = "pulsar cmdNotaManual1(0)";
 inline const std::string kLeave = "pulsar cmdNotaManual1(1)";
 
-/// The statements among the lines, each with its connection.
-std::vector<std::string> Statements(const std::vector<std::string>& lines);
-/// The first so many of them.
-std::vector<std::string> First(std::vector<std::string> lines, std::size_t count);
+/// A test's name for the dialog.
+inline const auto kNameOfDialog = [](const auto& dialog) { return std::string(dialog.param.form); };
 
-/// The text with its "{}" filled in from left to right.
-std::string Fill(const std::string& text, std::initializer_list<long> numbers);
+/// A test that holds for each of the dialogs.
+class EachDialogTest : public ::testing::TestWithParam<Dialog> {
+ protected:
+  [[nodiscard]] std::string Name() const { return dialog_.form; }
+  [[nodiscard]] std::string Node() const { return "nodo " + std::to_string(dialog_.node); }
+  ScriptResult Play(const std::string& commands,
+                    const ScriptOptions& options = Unrestricted()) const {
+    return test::Play(school, dialog_, commands, options);
+  }
+  /// With everything chosen in that evaluation.
+  ScriptResult PlayIn(int evaluation, const std::string& commands,
+                      const ScriptOptions& options = Unrestricted()) const {
+    return Play(Choose(dialog_, evaluation) + commands, options);
+  }
 
-/// What the last `ver` of a script showed.
-class View {
- public:
-  explicit View(const ScriptResult& result);
+  /// With section 321 chosen.
+  ScriptResult PlayInSection(const std::string& commands) const {
+    return Play("elegir cboCursos =32\nelegir cboSecciones =321\n" + commands);
+  }
 
-  /// The entries of a list as "text=data".
-  [[nodiscard]] std::vector<std::string> Entries(const std::string& list) const;
-  [[nodiscard]] int Index(const std::string& list) const;
-  [[nodiscard]] bool Enabled(const std::string& control) const;
-  [[nodiscard]] bool Visible(const std::string& control) const;
-  [[nodiscard]] std::string Caption(const std::string& control) const;
-  [[nodiscard]] int Value(const std::string& checkBox) const;
-  [[nodiscard]] bool Has(const std::string& control) const;
-  [[nodiscard]] std::string Title() const;
+  const Dialog dialog_ = GetParam();
+  PendingSchool school;
+};
 
- private:
-  std::string json_;
+/// The list of its own that a dialog of a section fills for an evaluation.
+class OwnListTest : public ::testing::Test {
+ protected:
+  explicit OwnListTest(const Dialog& dialog) : dialog_(dialog) {}
+
+  /// Chooses that evaluation of section 321; `before` are gestures ahead of the section.
+  ScriptResult ChooseEvaluation(int evaluation, const ScriptOptions& options = Unrestricted(),
+                                const std::string& before = {}) const;
+  [[nodiscard]] Lines Read(int evaluation, const ScriptOptions& options = Unrestricted(),
+                           const std::string& before = {}) const {
+    return Read(ChooseEvaluation(evaluation, options, before));
+  }
+  /// What the choice read, and what it put into the list.
+  [[nodiscard]] static Lines Read(const ScriptResult& result);
+  [[nodiscard]] Lines Entries(const ScriptResult& result) const {
+    return FormView(result).Entries(dialog_.choice);
+  }
+  /// What each choice asks ahead of those statements.
+  [[nodiscard]] static Lines Asks(int evaluation, const Lines& statements);
+
+  const Dialog& dialog_;
+  PendingSchool school;
 };
 
 }  // namespace quorvane::test

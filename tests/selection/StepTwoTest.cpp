@@ -1,27 +1,14 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "tests/selection/Sentences.h"
 #include "tests/selection/StepOne.h"
+#include "tests/support/ExpectedStatements.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::StartsWith;
-
 /// Which form opens, and what step one reads before it does.
-struct Opening {
-  Dialog dialog;
-  const char* ordinary;
-  const char* final;
-};
-
-void PrintTo(const Opening& opening, std::ostream* out) { *out << opening.dialog.form; }
-
-class StepTwo : public ::testing::TestWithParam<Opening> {
+class StepTwoTest : public EachDialogTest {
  protected:
-  StepTwo() {
+  StepTwoTest() {
     // Somebody to choose in the second final.
     school.Sql("UPDATE EvaluacionActaPte SET CodNota=103 WHERE CodNumEvaluacion=4");
   }
@@ -35,105 +22,78 @@ class StepTwo : public ::testing::TestWithParam<Opening> {
     }
     return lines;
   }
-  [[nodiscard]] ScriptResult Open(int evaluation,
-                                  const ScriptOptions& options = Unrestricted()) const {
-    return Play(school, GetParam().dialog, Choose(GetParam().dialog, evaluation) + kNext, options);
+  [[nodiscard]] Lines Opens(int evaluation, const ScriptOptions& options = Unrestricted()) const {
+    return UpToTheForm(PlayIn(evaluation, kNext, options));
   }
-  [[nodiscard]] static std::string Hides() {
-    return std::string("oculta ") + GetParam().dialog.form;
+  /// What is asked in all evaluations, and the dialog that goes.
+  [[nodiscard]] Lines Leaves(int evaluation) const {
+    return {SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {evaluation}), Hides()};
   }
-
-  PendingSchool school;
+  [[nodiscard]] std::string Hides() const { return "oculta " + Name(); }
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    StepOne, StepTwo,
-    ::testing::Values(
-        Opening{kByStudent, "frmNotaManual", "frmNotaManualFinal"},
-        Opening{kBySubject, "frmNotaMateria", "frmNotaMateriaFinal"},
-        Opening{kSectionByStudent, "frmNotaSeccionAlumno", "frmNotaSeccionAlumnoFinal"},
-        Opening{kSectionBySubject, "frmNotaSeccionMateria", "frmNotaSeccionMateriaFinal"}),
-    [](const auto& opening) { return std::string(opening.param.dialog.form); });
+INSTANTIATE_TEST_SUITE_P(StepOne, StepTwoTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-TEST_P(StepTwo, OfAnOrdinaryEvaluation) {
-  const auto result = Open(1);
-  EXPECT_THAT(UpToTheForm(result),
-              ElementsAre("sql " + Fill(kUser, {1}), "sql " + Fill(kFinalAndOrder, {1}), Hides(),
-                          std::string("carga ") + GetParam().ordinary))
-      << result.Text();
+TEST_P(StepTwoTest, OfAnOrdinaryEvaluation) {
+  EXPECT_EQ(Opens(1), Leaves(1) + Lines{std::string("carga ") + dialog_.ordinary});
 }
 
-TEST_P(StepTwo, OfTheFirstFinal) {
-  const auto result = Open(4);
-  EXPECT_THAT(UpToTheForm(result),
-              ElementsAre("sql " + Fill(kUser, {1}), "sql " + Fill(kFinalAndOrder, {4}), Hides(),
-                          std::string("carga ") + GetParam().final))
-      << result.Text();
+TEST_P(StepTwoTest, OfTheFirstFinal) {
+  EXPECT_EQ(Opens(4), Leaves(4) + Lines{std::string("carga ") + dialog_.final});
 }
 
-TEST_P(StepTwo, OfTheSecondFinalReadsTheFirst) {
-  const auto result = Open(5);
-  EXPECT_THAT(UpToTheForm(result),
-              ElementsAre("sql " + Fill(kUser, {1}), "sql " + Fill(kFinalAndOrder, {5}), Hides(),
-                          "sql " + Fill(kFirstFinalOfStepTwo, {-1}),
-                          std::string("carga ") + GetParam().final))
-      << result.Text();
+TEST_P(StepTwoTest, OfTheSecondFinalReadsTheFirst) {
+  EXPECT_EQ(Opens(5), Leaves(5) + Lines({Sql(expected::kFirstFinal, {-1}),
+                                         std::string("carga ") + dialog_.final}));
 }
 
-TEST_P(StepTwo, OfTheSecondFinalOnSqlServer) {
+TEST_P(StepTwoTest, OfTheSecondFinalOnSqlServer) {
   school.Sql("UPDATE NumEvaluacion SET Final=1 WHERE Final=-1");
   auto options = Unrestricted();
   options.sqlServer = true;
-  EXPECT_THAT(UpToTheForm(Open(5, options)),
-              ElementsAre("sql " + Fill(kUser, {1}), "sql " + Fill(kFinalAndOrder, {5}), Hides(),
-                          "sql " + Fill(kFirstFinalOfStepTwo, {1}),
-                          std::string("carga ") + GetParam().final));
+  EXPECT_EQ(Opens(5, options), Leaves(5) + Lines({Sql(expected::kFirstFinal, {1}),
+                                                  std::string("carga ") + dialog_.final}));
 }
 
-TEST_P(StepTwo, OfASecondFinalWhoseFirstHasGone) {
+TEST_P(StepTwoTest, OfASecondFinalWhoseFirstHasGone) {
   const auto result =
-      Play(school, GetParam().dialog,
-           Choose(GetParam().dialog, 5) +
-               "sql \"UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=4\"\n" + kNext);
+      PlayIn(5, "sql \"UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=4\"\n" + kNext);
   EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
-  EXPECT_THAT(
-      Statements(result.After(kNext)),
-      ElementsAre(Fill(kUser, {1}), Fill(kFinalAndOrder, {5}), Fill(kFirstFinalOfStepTwo, {-1})));
+  EXPECT_THAT(Statements(result.After(kNext)),
+              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {5}),
+                          Sql(expected::kFirstFinal, {-1})));
 }
 
-TEST_P(StepTwo, OfAnEvaluationThatHasGone) {
+TEST_P(StepTwoTest, OfAnEvaluationThatHasGone) {
   const auto result =
-      Play(school, GetParam().dialog,
-           Choose(GetParam().dialog, 1) +
-               "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kNext);
+      PlayIn(1, "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kNext);
   EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
   EXPECT_THAT(UpToTheForm(result),
-              ElementsAre("sql " + Fill(kUser, {1}), "sql " + Fill(kFinalAndOrder, {1}), Hides(),
-                          StartsWith("error 3021")));
+              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {1}),
+                          Hides(), StartsWith("error 3021")));
 }
 
 // Step two goes by unloading itself and showing step one again: one show within the other, and
 // leaving the inner one ends the node.
-TEST_P(StepTwo, GivenUpShowsStepOneAgainWithItsChoices) {
-  const auto& dialog = GetParam().dialog;
+TEST_P(StepTwoTest, GivenUpShowsStepOneAgainWithItsChoices) {
   // Two of the forms for finals stumble over a work placement.
   school.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=4");
   for (const auto evaluation : {1, 5}) {
     const std::string givenUp = kNext + "\npulsar cmdCancelar\n";
-    auto commands = Choose(dialog, evaluation);
+    auto commands = Choose(dialog_, evaluation);
     commands += givenUp + "ver\n";
     commands += givenUp + kLeave;
-    const auto result = Play(school, dialog, commands);
+    const auto result = Play(commands);
     EXPECT_EQ(result.status, 0) << result.Text();
-    const View view(result);
+    const FormView view(result);
     EXPECT_EQ(view.Index("cboCursos"), 1);
     EXPECT_NE(view.Index("cboEvaluaciones"), -1);
-    if (dialog.BySection()) {
-      EXPECT_NE(view.Index(dialog.choice), -1);
+    if (dialog_.BySection()) {
+      EXPECT_NE(view.Index(dialog_.choice), -1);
     }
     EXPECT_TRUE(view.Enabled("cmdNotaManual1(0)"));
-    EXPECT_THAT(result.After(kLeave), ElementsAre(std::string("descarga ") + dialog.form, Hides(),
-                                                  "vuelve " + std::to_string(dialog.node)));
+    EXPECT_THAT(result.After(kLeave), ElementsAre("descarga " + Name(), Hides(),
+                                                  "vuelve " + std::to_string(dialog_.node)));
   }
 }
 

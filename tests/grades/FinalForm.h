@@ -1,0 +1,126 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "tests/grades/FinalSchool.h"
+#include "tests/grades/Statements.h"
+#include "tests/support/FormView.h"
+
+namespace quorvane::test {
+
+/// One of the four final dialogs, with what tells it from the others where all do the same. Those
+/// of a section are narrowed on subject 3111 or on student 1. "The row" is row 1 of the first entry
+/// that a tutor gets in evaluation 4.
+struct FinalForm {
+  const char* name;  ///< in the names of the tests
+  const char* form;
+  const char* stepOne;
+  int node;
+  std::string choice = "";  ///< the gesture of step one behind that of the evaluation
+  Lines (*stepOneTraffic)(const Role& role, int evaluacion);
+  bool walksSubjects;  ///< its rows are students; it asks the course for measures and promotion
+  const char* combo;   ///< what it walks
+  const char* observacion;  ///< the caption of the tutor's observation
+  const char* loading = "Cargando... Espere por favor";
+  const char* saving = "Grabando... Espere por favor";
+  const char* nothing;   ///< to grade
+  Lines walked;          ///< the entries of the combo with what each shows: "entry: keys of rows"
+  Lines withoutLengua;   ///< the entries when subject 3111 isn't offered
+  Lines failed;          ///< what the second final evaluation walks
+  const char* toLengua;  ///< the gesture that shows student 1 and subject 3111 in row 1
+  std::vector<int> widths;
+  const char* title;  ///< of the first column, where the kind of subject is named "Asignatura"
+  const char* heading;
+  const char* headingWalked;   ///< from the second entry on
+  const char* headingConcept;  ///< the same without a main grade
+  const char* rowTitle;
+  const char* rowKey;
+  const char* offered;              ///< for subject 3111, of grades of several scopes
+  int pending;                      ///< of the row
+  int otherPending;                 ///< another that is saved along with it
+  int student;                      ///< of the row
+  const char* subjectKey = "3111";  ///< of the row's subject among those of its student
+  const char* lenguaKey = "3111";   ///< of subject 3111 among those of student 1
+  bool takesTeachers = true;        ///< of the subjects, for the lists
+  std::vector<int> locked;          ///< the subjects, as they are loaded
+  std::vector<int> lengua;          ///< the pending rows of subject 3111 that are loaded
+
+  /// Opens step one, chooses, makes the gestures `before` and goes on.
+  [[nodiscard]] std::string Open(int evaluacion = 4, const std::string& before = "") const;
+  /// The entries of the combo.
+  [[nodiscard]] Lines Entries() const;
+  /// That dialog on another subject, where step one chooses one.
+  [[nodiscard]] FinalForm On(int matDet) const;
+  /// The row with the cells of grade to measure, "nota|concepto|procedimiento|actitud|obs|medida".
+  [[nodiscard]] std::string Row(const std::string& cells = "||||| ") const;
+  /// `nothing` as a script prints it.
+  [[nodiscard]] std::string NothingMessage() const;
+};
+
+void PrintTo(const FinalForm& form, std::ostream* out);
+
+extern const FinalForm kFinalByStudent;
+extern const FinalForm kFinalBySubject;
+extern const FinalForm kFinalSectionByStudent;
+extern const FinalForm kFinalSectionBySubject;
+
+/// The four, in this order.
+std::vector<FinalForm> FinalForms();
+/// Those that walk subjects.
+std::vector<FinalForm> FinalFormsBySubject();
+
+/// For the names of tests over the forms.
+inline std::string NameOf(const ::testing::TestParamInfo<FinalForm>& info) {
+  return info.param.name;
+}
+
+/// The refusal of an own publication, as a script prints it.
+extern const std::string kOwnPublication;
+
+/// A final dialog on its school, by the gestures of a user.
+class FinalTest : public ::testing::Test {
+ protected:
+  explicit FinalTest(const FinalForm& form) : form_(form) {}
+
+  /// Opens the dialog, whatever an earlier one has left, and makes these gestures.
+  [[nodiscard]] ScriptResult Play(const std::string& gestures, const Role& role = kTutor,
+                                  int evaluacion = 4) const;
+  /// The same with gestures on step one before it is left.
+  [[nodiscard]] ScriptResult PlayBehind(const std::string& before, const std::string& gestures,
+                                        const Role& role = kTutor, int evaluacion = 4) const;
+  /// The form that stands in the end.
+  [[nodiscard]] FormView Shown(const std::string& gestures = "", const Role& role = kTutor,
+                               int evaluacion = 4) const;
+  [[nodiscard]] Lines Entries(const Role& role = kTutor, int evaluacion = 4) const;
+  /// What the grid shows, the heading included.
+  [[nodiscard]] Lines Cells(const std::string& gestures = "") const;
+  /// What each entry of the combo shows: "entry: keys of its rows".
+  [[nodiscard]] Lines Walked(int evaluacion) const;
+  /// Saves behind these gestures.
+  void Save(const std::string& gestures = "", int evaluacion = 4) const;
+  /// Sets columns of the grades of a pending subject in an evaluation.
+  void Set(int pending, const std::string& columns, int evaluacion = 4) const;
+  /// Gives the pending subject that grade in the first final evaluation.
+  void GradeFirst(int pending, int nota) const;
+
+  FinalForm form_;
+  FinalSchool school_;
+};
+
+/// The same for one of the forms.
+template <const FinalForm& kForm>
+class OneFinalTest : public FinalTest {
+ protected:
+  OneFinalTest() : FinalTest(kForm) {}
+};
+
+/// The same over several of them.
+class FinalFormTest : public FinalTest, public ::testing::WithParamInterface<FinalForm> {
+ protected:
+  FinalFormTest() : FinalTest(GetParam()) {}
+};
+
+}  // namespace quorvane::test
