@@ -12,6 +12,7 @@
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "tests/crowd/Member.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
@@ -66,8 +67,7 @@ void Crowd::MakeSchool() {
     std::filesystem::copy_file(options_.school, school_);
   else
     MakeSchoolFile(school_, [this](Connection& school) { Fill(school, options_); });
-  sqlite::SqliteConnection school(school_, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(school_, "");
   school.Execute("PRAGMA journal_mode=" + options_.journalMode);
   LockList locks(school);
   for (const auto& publication : locks.Read()) locks.Remove(publication.id);
@@ -112,8 +112,7 @@ void Crowd::Check() {
   for (int process = 1; process <= options_.processes; ++process)
     journals.push_back(TakeFigures(process));
   CheckFigures();
-  sqlite::SqliteConnection school(school_, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(school_, "");
   const auto whole = school.Execute("PRAGMA integrity_check").Fields(0).Text();
   if (whole != "ok") violations_.push_back("La base de datos está dañada: " + whole);
   const auto after = Diary::ReadAll(school);

@@ -1,42 +1,17 @@
 #pragma once
 
-#include <array>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
-
-struct Outcome {
-  int status = -1;
-  std::string text;  ///< standard output and error
-};
-
-inline Outcome RunCommand(const std::string& command) {
-  Outcome outcome;
-  auto* const pipe = popen((command + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return outcome;
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    outcome.text.append(buffer.data(), read);
-  outcome.status = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
-
-inline std::string Content(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 /// While it lives no file of this process or of those that it starts gets longer.
 class LongestFile {
@@ -49,10 +24,7 @@ class LongestFile {
     setrlimit(RLIMIT_FSIZE, &limit);
   }
   ~LongestFile() { setrlimit(RLIMIT_FSIZE, &before_); }
-  LongestFile(const LongestFile&) = delete;
-  LongestFile& operator=(const LongestFile&) = delete;
   LongestFile(LongestFile&&) = delete;
-  LongestFile& operator=(LongestFile&&) = delete;
 
  private:
   rlimit before_{};
@@ -66,10 +38,7 @@ class TinyDisk {
   ~TinyDisk() {
     if (mounted_) umount(Path().c_str());
   }
-  TinyDisk(const TinyDisk&) = delete;
-  TinyDisk& operator=(const TinyDisk&) = delete;
   TinyDisk(TinyDisk&&) = delete;
-  TinyDisk& operator=(TinyDisk&&) = delete;
 
   [[nodiscard]] bool Mounted() const noexcept { return mounted_; }
   [[nodiscard]] std::string Path() const { return folder_ / ""; }

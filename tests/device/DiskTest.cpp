@@ -1,18 +1,15 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/SchoolFile.h"
 #include "platform/RuntimeError.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 // The connection to a school on a disk that takes no more.
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 class DiskTest : public testing::Test {
  protected:
@@ -42,8 +39,7 @@ class DiskTest : public testing::Test {
 };
 
 TEST_F(DiskTest, FullIsTheNumberedErrorWithWhatToDoAndWhatWasWrittenStays) {
-  sqlite::SqliteConnection school(path_, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(path_, "");
   school.ExecuteScript("PRAGMA max_page_count=200");
   const auto written = FillUp(school, refusal_);
   EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
@@ -60,8 +56,7 @@ TEST_F(DiskTest, FullIsTheNumberedErrorWithWhatToDoAndWhatWasWrittenStays) {
 TEST_F(DiskTest, AFileThatCantGrowIsTheNumberedErrorWithWhatToDo) {
   int written = 0;
   {
-    sqlite::SqliteConnection school(path_, "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(path_, "");
     const LongestFile limit(400'000);
     written = FillUp(school, refusal_);
     EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
@@ -69,8 +64,7 @@ TEST_F(DiskTest, AFileThatCantGrowIsTheNumberedErrorWithWhatToDo) {
     EXPECT_GT(written, 10);
     EXPECT_EQ(Students(school), written);
   }
-  sqlite::SqliteConnection again(path_, "");
-  again.Open();
+  Opened<sqlite::SqliteConnection> again(path_, "");
   EXPECT_EQ(Students(again), written);
   EXPECT_EQ(again.Execute("PRAGMA integrity_check").Fields(0).Text(), "ok");
 }
@@ -102,14 +96,12 @@ TEST_F(DiskTest, WritingToADiskThatCantBeWrittenIsTheNumberedError) {
   const auto path = disk.Path() + "escuela.sqlite";
   std::filesystem::copy_file(path_, path);
   {
-    sqlite::SqliteConnection school(path, "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(path, "");
     school.Execute("PRAGMA journal_mode=delete");
   }
   const auto before = Content(path);
   disk.ReadOnly(true);
-  sqlite::SqliteConnection school(path, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(path, "");
   EXPECT_EQ(Students(school), 0) << "it can be read";
   EXPECT_EQ(FillUp(school, refusal_), 0);
   EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
@@ -123,8 +115,7 @@ TEST_F(DiskTest, ADiskThatIsPulledOutTakesNothingMore) {
   if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
   const auto path = disk.Path() + "escuela.sqlite";
   std::filesystem::copy_file(path_, path);
-  sqlite::SqliteConnection school(path, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(path, "");
   disk.PullOut();
   EXPECT_EQ(FillUp(school, refusal_), 0);
   EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));

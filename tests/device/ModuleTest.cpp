@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
@@ -7,13 +5,13 @@
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/SchoolFile.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 // The disk gets full while grades are saved, at one statement after the other.
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
 
 /// All subjects of a section get a grade; the first user may do so at any time.
 const std::string kGrade =
@@ -26,8 +24,7 @@ class ModuleTest : public testing::Test {
  protected:
   void SetUp() override {
     MakeSchoolFile(sample_, [](Connection& school) { DemoSchool(school).Build(); });
-    sqlite::SqliteConnection school(sample_, "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(sample_, "");
     LockList(school).Remove(1);
   }
 
@@ -37,8 +34,7 @@ class ModuleTest : public testing::Test {
 
   /// The rows of what a save writes.
   static std::vector<std::string> Rows(const std::string& path) {
-    sqlite::SqliteConnection school(path, "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(path, "");
     std::vector<std::string> rows{school.Execute("PRAGMA integrity_check").Fields(0).Text()};
     for (const std::string table : {"PublicacionPte", "BloqueoPte", "EvaluacionPte"}) {
       auto found = school.Execute("SELECT * FROM " + table + " ORDER BY rowid");
@@ -69,8 +65,7 @@ class ModuleTest : public testing::Test {
       if (line.starts_with(prefix)) statements.push_back(line.substr(prefix.size()));
     statements.pop_back();
     {
-      sqlite::SqliteConnection school(path, "");
-      school.Open();
+      Opened<sqlite::SqliteConnection> school(path, "");
       for (const auto& statement : statements) school.Execute(statement);
     }
     return Rows(path);

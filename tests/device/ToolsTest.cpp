@@ -1,19 +1,16 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "tests/device/Device.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 // The programs on a disk that is full or can't be written.
 
 namespace quorvane::test {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 constexpr const char* kMakers[] = {"crear", "demo", "generar"};
 
@@ -100,8 +97,7 @@ TEST_F(ToolsTest, AFolderWithoutPermissionIsToldByItsName) {
 TEST_F(ToolsTest, ASchoolThatCantBeWrittenIsReadAndKeepsItsLocks) {
   MakeDemo();
   {
-    sqlite::SqliteConnection school(path_, "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(path_, "");
     school.Execute("PRAGMA journal_mode=delete");
   }
   chmod((folder_ / "").c_str(), 0555);

@@ -1,16 +1,12 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class DemoSchoolTest : public testing::Test {
  protected:
@@ -142,7 +138,7 @@ TEST_F(DemoSchoolTest, TheGridsHaveColumns) {
   EXPECT_THAT(columns(4), ElementsAre("Nota", "Observación"));
 }
 
-TEST(DemoSchool, IsTheSameEachTime) {
+TEST(NewDemoSchoolTest, IsTheSameEachTime) {
   OpenSchool one([](Connection& school) { DemoSchool(school).Build(); });
   OpenSchool other([](Connection& school) { DemoSchool(school).Build(); });
   for (const auto* table : {"Alumno", "AlumnoPte_MatDet", "EvaluacionPte", "Nota"})

@@ -1,15 +1,11 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class LockListTest : public testing::Test {
  protected:

@@ -1,46 +1,34 @@
 // Schools behind a connection string, made, checked and mended by the program.
 
-#include <array>
-#include <cstdio>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
-#include <sys/wait.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
 
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
-class OdbcSchool : public testing::Test {
+class OdbcSchoolTest : public testing::Test {
  protected:
   /// Runs the program; what it printed.
   std::string Escuela(const std::string& arguments) {
-    std::string text;
-    auto* const pipe = popen((QUORVANE_ESCUELA " " + arguments + " 2>&1").c_str(), "r");
-    if (pipe == nullptr) return text;
-    std::array<char, 4096> buffer{};
-    for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-      text.append(buffer.data(), read);
-    status = WEXITSTATUS(pclose(pipe));
-    return text;
+    const auto outcome = RunCommand(QUORVANE_ESCUELA " " + arguments);
+    status = outcome.status;
+    return outcome.text;
   }
 
   void EmptyDatabase() const { std::ofstream{path}; }
 
   int Tables() const {
-    sqlite::SqliteConnection database(path, "", sqlite::OpenMode::Create);
-    database.Open();
+    Opened<sqlite::SqliteConnection> database(path, "", sqlite::OpenMode::Create);
     return database.Execute("SELECT COUNT(*) FROM sqlite_master").Fields(0).Long();
   }
 
@@ -51,7 +39,7 @@ class OdbcSchool : public testing::Test {
   int status = -1;
 };
 
-TEST_F(OdbcSchool, IsMadeInADatabaseThatIsThere) {
+TEST_F(OdbcSchoolTest, IsMadeInADatabaseThatIsThere) {
   EXPECT_THAT(Escuela("crear " + given), HasSubstr("No se puede conectar"));
   EXPECT_EQ(status, 1);
   EmptyDatabase();
@@ -61,7 +49,7 @@ TEST_F(OdbcSchool, IsMadeInADatabaseThatIsThere) {
   EXPECT_EQ(Escuela("comprobar " + given), "Apta para el módulo, sin avisos\n");
 }
 
-TEST_F(OdbcSchool, IsTheSameAsInAFile) {
+TEST_F(OdbcSchoolTest, IsTheSameAsInAFile) {
   EmptyDatabase();
   const auto file = folder / "fichero.sqlite";
   for (const std::string order : {"demo", "generar --alumnos 30 --semilla 7"}) {
@@ -84,10 +72,9 @@ TEST_F(OdbcSchool, IsTheSameAsInAFile) {
   }
 }
 
-TEST_F(OdbcSchool, IsNeverWrittenOver) {
+TEST_F(OdbcSchoolTest, IsNeverWrittenOver) {
   {
-    sqlite::SqliteConnection database(path, "", sqlite::OpenMode::Create);
-    database.Open();
+    Opened<sqlite::SqliteConnection> database(path, "", sqlite::OpenMode::Create);
     database.Execute("CREATE TABLE Nota (IDNota int)");
   }
   for (const auto* const order : {"crear ", "demo ", "generar --alumnos 3 --semilla 1 "}) {
@@ -99,7 +86,7 @@ TEST_F(OdbcSchool, IsNeverWrittenOver) {
   EXPECT_EQ(Tables(), 1);
 }
 
-TEST_F(OdbcSchool, LeavesNothingWhenItsMakingFails) {
+TEST_F(OdbcSchoolTest, LeavesNothingWhenItsMakingFails) {
   EmptyDatabase();
   try {
     MakeSchool(SchoolAddress::Odbc(string), [](Connection& school) {
@@ -117,7 +104,7 @@ TEST_F(OdbcSchool, LeavesNothingWhenItsMakingFails) {
   EXPECT_GT(Tables(), 20);
 }
 
-TEST_F(OdbcSchool, ShowsAndRemovesItsLocks) {
+TEST_F(OdbcSchoolTest, ShowsAndRemovesItsLocks) {
   EmptyDatabase();
   Escuela("demo " + given);
   EXPECT_THAT(Escuela("bloqueos " + given), StartsWith("Publicación 1: usuario 2"));
@@ -127,7 +114,7 @@ TEST_F(OdbcSchool, ShowsAndRemovesItsLocks) {
   EXPECT_EQ(Escuela("bloqueos " + given), "No hay publicaciones ni bloqueos\n");
 }
 
-TEST_F(OdbcSchool, WithoutItsTablesIsNone) {
+TEST_F(OdbcSchoolTest, WithoutItsTablesIsNone) {
   EmptyDatabase();
   EXPECT_EQ(Escuela("comprobar " + given),
             "La base de datos no es una escuela: no tiene ninguna de sus tablas\nNo apta para el "
@@ -136,7 +123,7 @@ TEST_F(OdbcSchool, WithoutItsTablesIsNone) {
   EXPECT_THAT(Escuela("bloqueos " + given), HasSubstr("no es una escuela"));
 }
 
-TEST_F(OdbcSchool, StandsInTheFilesPlaceAndNotBesideIt) {
+TEST_F(OdbcSchoolTest, StandsInTheFilesPlaceAndNotBesideIt) {
   for (const auto& arguments : {std::string("crear"), "crear a " + given, "demo b " + given}) {
     EXPECT_THAT(Escuela(arguments), HasSubstr("FICHERO"));
     EXPECT_EQ(status, 2) << arguments;

@@ -1,47 +1,23 @@
 // The program quorvane-escuela from outside.
 
-#include <array>
-#include <cstdio>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sstream>
 #include <string>
-#include <sys/wait.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
 
-using testing::HasSubstr;
-
-struct Outcome {
-  int status = -1;
-  std::string text;  ///< standard output and error
-};
-
 Outcome Escuela(const std::string& arguments) {
-  Outcome outcome;
-  auto* const pipe = popen((QUORVANE_ESCUELA " " + arguments + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return outcome;
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    outcome.text.append(buffer.data(), read);
-  outcome.status = WEXITSTATUS(pclose(pipe));
-  return outcome;
-}
-
-std::string Content(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
+  return RunCommand(QUORVANE_ESCUELA " " + arguments);
 }
 
 void Change(const std::string& path, const std::string& statement) {
-  sqlite::SqliteConnection school(path, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(path, "");
   school.Execute(statement);
 }
 
@@ -78,8 +54,7 @@ TEST_F(ProgramTest, TheSameSeedGivesTheSameFile) {
   EXPECT_EQ(one, generate("dos", "7"));
   EXPECT_NE(one, generate("tres", "8"));
   EXPECT_EQ(Escuela("comprobar " + (folder_ / "uno")).status, 0);
-  sqlite::SqliteConnection school(folder_ / "uno", "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(folder_ / "uno", "");
   EXPECT_EQ(school.Execute("SELECT COUNT(*) AS N FROM Alumno").Fields("N").Long(), 700);
   // Sections are of one size, but for the last.
   EXPECT_EQ(school
@@ -142,8 +117,7 @@ TEST_F(ProgramTest, TellsWhyAFileIsNoSchool) {
   EXPECT_THAT(Escuela("bloqueos " + path_).text, HasSubstr("file is not a database"));
   const auto foreign = folder_ / "ajena.sqlite";
   {
-    sqlite::SqliteConnection other(foreign, "", sqlite::OpenMode::Create);
-    other.Open();
+    Opened<sqlite::SqliteConnection> other(foreign, "", sqlite::OpenMode::Create);
     other.Execute("CREATE TABLE Cosas (A INTEGER)");
   }
   EXPECT_EQ(Escuela("bloqueos " + foreign).status, 1);

@@ -1,6 +1,4 @@
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <string>
 
@@ -8,12 +6,11 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class SchoolCheckTest : public testing::Test {
  protected:
@@ -28,8 +25,7 @@ class SchoolCheckTest : public testing::Test {
 
 TEST_F(SchoolCheckTest, AForeignDatabaseIsOneFinding) {
   const TempFolder folder;
-  sqlite::SqliteConnection foreign(folder / "a.sqlite", "", sqlite::OpenMode::Create);
-  foreign.Open();
+  Opened<sqlite::SqliteConnection> foreign(folder / "a.sqlite", "", sqlite::OpenMode::Create);
   foreign.Execute("CREATE TABLE Cosas (A INTEGER)");
   EXPECT_THAT(SchoolCheck(foreign).Structure(SchoolCheck::For::Module),
               ElementsAre("La base de datos no es una escuela: no tiene ninguna de sus tablas"));
@@ -146,7 +142,7 @@ TEST_F(SchoolCheckTest, FindsDoubledKeysWhereTheTableHasNone) {
   Change("DROP TABLE Alumno");
   Change("ALTER TABLE Copia RENAME TO Alumno");
   Change("UPDATE Alumno SET IDAlumno=1 WHERE IDAlumno=2");
-  EXPECT_THAT(Rows(), testing::Contains("Dobles en Alumno: 1 valor repetido de IDAlumno"));
+  EXPECT_THAT(Rows(), Contains("Dobles en Alumno: 1 valor repetido de IDAlumno"));
 }
 
 TEST_F(SchoolCheckTest, FindsGradesInTheWrongTable) {

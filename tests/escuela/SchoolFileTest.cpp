@@ -1,11 +1,10 @@
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 
 #include "apps/escuela/SchoolFile.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -22,13 +21,13 @@ std::string ErrorOf(const std::string& path, const std::function<void(Connection
   return "no error";
 }
 
-TEST(SchoolFile, MakesTheFileAndLeavesNothingBesideIt) {
+TEST(SchoolFileTest, MakesTheFileAndLeavesNothingBesideIt) {
   const TempFolder folder;
   EXPECT_EQ(ErrorOf(folder / "a.sqlite", kNothing), "no error");
   EXPECT_EQ(folder.Files(), 1U);
 }
 
-TEST(SchoolFile, NeverTouchesAFileThatIsThere) {
+TEST(SchoolFileTest, NeverTouchesAFileThatIsThere) {
   const TempFolder folder;
   const auto path = folder / "a.sqlite";
   std::ofstream(path) << "de otro";
@@ -39,22 +38,22 @@ TEST(SchoolFile, NeverTouchesAFileThatIsThere) {
   EXPECT_EQ(folder.Files(), 1U);
 }
 
-TEST(SchoolFile, NeverTouchesAFileThatComesMeanwhile) {
+TEST(SchoolFileTest, NeverTouchesAFileThatComesMeanwhile) {
   const TempFolder folder;
   const auto path = folder / "a.sqlite";
   EXPECT_THAT(ErrorOf(path, [&](Connection&) { std::ofstream(path) << "de otro"; }),
-              testing::HasSubstr("el archivo ya existe"));
+              HasSubstr("el archivo ya existe"));
   EXPECT_EQ(std::filesystem::file_size(path), 7U);
   EXPECT_EQ(folder.Files(), 1U);
 }
 
-TEST(SchoolFile, ALinkToNowhereIsAFileThatIsThere) {
+TEST(SchoolFileTest, ALinkToNowhereIsAFileThatIsThere) {
   const TempFolder folder;
   std::filesystem::create_symlink(folder / "nada", folder / "a.sqlite");
-  EXPECT_THAT(ErrorOf(folder / "a.sqlite", kNothing), testing::HasSubstr("el archivo ya existe"));
+  EXPECT_THAT(ErrorOf(folder / "a.sqlite", kNothing), HasSubstr("el archivo ya existe"));
 }
 
-TEST(SchoolFile, AFailureLeavesNothing) {
+TEST(SchoolFileTest, AFailureLeavesNothing) {
   const TempFolder folder;
   EXPECT_EQ(ErrorOf(folder / "a.sqlite",
                     [](Connection& school) { school.Execute("INSERT INTO Nada VALUES (1)"); }),
@@ -62,13 +61,12 @@ TEST(SchoolFile, AFailureLeavesNothing) {
   EXPECT_EQ(folder.Files(), 0U);
 }
 
-TEST(SchoolFile, TellsThatTheFolderIsMissing) {
+TEST(SchoolFileTest, TellsThatTheFolderIsMissing) {
   const TempFolder folder;
-  EXPECT_THAT(ErrorOf(folder / "falta/a.sqlite", kNothing),
-              testing::HasSubstr("la carpeta no existe"));
+  EXPECT_THAT(ErrorOf(folder / "falta/a.sqlite", kNothing), HasSubstr("la carpeta no existe"));
 }
 
-TEST(SchoolFile, HalfASchoolNeverBearsTheName) {
+TEST(SchoolFileTest, HalfASchoolNeverBearsTheName) {
   const TempFolder folder;
   const auto path = folder / "a.sqlite";
   MakeSchoolFile(path, [&](Connection&) { EXPECT_FALSE(std::filesystem::exists(path)); });

@@ -23,7 +23,7 @@ std::vector<std::string> Names(const SchemaTable& table) {
   return names;
 }
 
-class NewFile : public testing::Test {
+class NewSchoolFileTest : public testing::Test {
  protected:
   void SetUp() override {
     school_.Open();
@@ -47,14 +47,14 @@ class NewFile : public testing::Test {
   sqlite::SqliteConnection school_{folder_ / "a.sqlite", "", sqlite::OpenMode::Create};
 };
 
-TEST_F(NewFile, HasTheTablesOfTheDescription) {
+TEST_F(NewSchoolFileTest, HasTheTablesOfTheDescription) {
   std::vector<std::string> names;
   for (const auto& table : SchoolTables()) names.push_back(table.name);
   EXPECT_EQ(names.size(), 29U);
   EXPECT_EQ(Rows("SELECT name FROM sqlite_master WHERE type='table' ORDER BY rowid"), names);
 }
 
-TEST_F(NewFile, HasTheColumnsOfTheDescriptionAndItsKeys) {
+TEST_F(NewSchoolFileTest, HasTheColumnsOfTheDescriptionAndItsKeys) {
   for (const auto& table : SchoolTables()) {
     std::vector<std::string> columns;
     for (const auto& column : table.columns) {
@@ -70,7 +70,7 @@ TEST_F(NewFile, HasTheColumnsOfTheDescriptionAndItsKeys) {
   }
 }
 
-TEST_F(NewFile, HasTheIndexesOfTheDescription) {
+TEST_F(NewSchoolFileTest, HasTheIndexesOfTheDescription) {
   auto indexes = 0;
   for (const auto& table : SchoolTables())
     for (const auto& columns : table.indexes) {
@@ -84,7 +84,7 @@ TEST_F(NewFile, HasTheIndexesOfTheDescription) {
             std::vector{std::to_string(indexes)});
 }
 
-TEST(SchoolSchema, BothEnginesGetTheSameTablesAndIndexes) {
+TEST(SchoolSchemaTest, BothEnginesGetTheSameTablesAndIndexes) {
   const auto head = [](const std::string& statement) {
     return statement.substr(0, statement.find('\n'));
   };
@@ -94,13 +94,13 @@ TEST(SchoolSchema, BothEnginesGetTheSameTablesAndIndexes) {
   for (std::size_t i = 0; i < sqlite.size(); ++i) EXPECT_EQ(head(sqlite[i]), head(server[i]));
 }
 
-TEST(SchoolSchema, OnlyPrimaryKeysAreUnique) {
+TEST(SchoolSchemaTest, OnlyPrimaryKeysAreUnique) {
   for (const auto text : {SqliteSchema(), SqlServerSchema()})
     for (const auto* word : {"UNIQUE", "REFERENCES", "FOREIGN"})
       EXPECT_EQ(text.find(word), std::string_view::npos) << word;
 }
 
-TEST(SchoolSchema, TellsKeysFlagsTextsAndPlaces) {
+TEST(SchoolSchemaTest, TellsKeysFlagsTextsAndPlaces) {
   const auto& pending = Table("AlumnoPte_MatDet");
   EXPECT_TRUE(pending.byPosition);
   EXPECT_EQ(pending.columns[0].kind, SchemaKind::Key);
@@ -122,7 +122,7 @@ TEST(SchoolSchema, TellsKeysFlagsTextsAndPlaces) {
   for (const auto& column : Table("BloqueoPte").columns) EXPECT_NE(column.kind, SchemaKind::Key);
 }
 
-TEST(SchoolSchema, ThePublicationNamesItsConstantAsTheSection) {
+TEST(SchoolSchemaTest, ThePublicationNamesItsConstantAsTheSection) {
   EXPECT_THAT(Names(Table("PublicacionPte")),
               testing::ElementsAre("IDPublicacionPte", "CodProfesor", "CodPropietario",
                                    "CodSeccion", "CodNumEvaluacion"));

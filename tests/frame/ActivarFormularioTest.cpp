@@ -9,9 +9,9 @@
 namespace quorvane::test {
 namespace {
 
-class TheNodes : public testing::Test {
+class ActivarFormularioTest : public testing::Test {
  protected:
-  TheNodes() { cConfiguracion::Instancia().conLocalCentro = &empty; }
+  ActivarFormularioTest() { cConfiguracion::Instancia().conLocalCentro = &empty; }
   void TearDown() override {
     FormInstances::DropAll();
     cConfiguracion::Instancia() = cConfiguracion();
@@ -40,31 +40,31 @@ std::string FirstScreen(int nodo) {
   return screen.opened;
 }
 
-TEST_F(TheNodes, OpenTheirFirstScreens) {
+TEST_F(ActivarFormularioTest, OpenTheirFirstScreens) {
   EXPECT_EQ(FirstScreen(123), "frmPendientes");
   EXPECT_EQ(FirstScreen(124), "frmNotaManual1");
   EXPECT_EQ(FirstScreen(125), "frmNotaMateria1");
 }
 
-TEST_F(TheNodes, OfTheSectionViewsCross) {
+TEST_F(ActivarFormularioTest, OfTheSectionViewsCross) {
   EXPECT_EQ(FirstScreen(126), "frmNotaSeccionMateria1");
   EXPECT_EQ(FirstScreen(127), "frmNotaSeccionAlumno1");
 }
 
-TEST_F(TheNodes, WithoutAScreenDoNothing) {
+TEST_F(ActivarFormularioTest, WithoutAScreenDoNothing) {
   for (int nodo = 0; nodo < 256; ++nodo) {
     if (nodo >= 123 && nodo <= 127) continue;
     EXPECT_EQ(FirstScreen(nodo), "") << nodo;
   }
 }
 
-TEST_F(TheNodes, DontReadTheKindOfTeaching) {
+TEST_F(ActivarFormularioTest, DontReadTheKindOfTeaching) {
   const ScriptedFrontEnd screen;
   cAsignarDatos().ActivarFormulario(11, "ESO");
   EXPECT_TRUE(screen.told.empty());
 }
 
-TEST_F(TheNodes, ReturnWhenTheFormHasGoneAndDropItAlsoWhenItWasOnlyHidden) {
+TEST_F(ActivarFormularioTest, ReturnWhenTheFormHasGoneAndDropItAlsoWhenItWasOnlyHidden) {
   ScriptedFrontEnd screen;
   screen.user = [](Form& form) { form.Hide(); };
   cAsignarDatos().ActivarFormulario(123);
@@ -72,14 +72,14 @@ TEST_F(TheNodes, ReturnWhenTheFormHasGoneAndDropItAlsoWhenItWasOnlyHidden) {
   EXPECT_FALSE(FormInstance<frmPendientes>::Exists());
 }
 
-TEST_F(TheNodes, StartFromAFreshFormEachTime) {
+TEST_F(ActivarFormularioTest, StartFromAFreshFormEachTime) {
   ScriptedFrontEnd screen;
   cAsignarDatos().ActivarFormulario(123);
   cAsignarDatos().ActivarFormulario(123);
   EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "carga frmPendientes"), 2);
 }
 
-TEST_F(TheNodes, WithAScreenFailBeforeThereIsASession) {
+TEST_F(ActivarFormularioTest, WithAScreenFailBeforeThereIsASession) {
   const ScriptedFrontEnd screen;
   cConfiguracion::Instancia() = cConfiguracion();
   for (std::uint8_t nodo = 123; nodo <= 127; ++nodo) {
@@ -88,7 +88,7 @@ TEST_F(TheNodes, WithAScreenFailBeforeThereIsASession) {
   }
 }
 
-TEST_F(TheNodes, DeleteNothing) {
+TEST_F(ActivarFormularioTest, DeleteNothing) {
   for (int nodo = 0; nodo < 256; ++nodo)
     EXPECT_FALSE(cAsignarDatos().Eliminar(static_cast<std::uint8_t>(nodo)));
   EXPECT_TRUE(empty.statements.empty());

@@ -29,9 +29,9 @@ const Names kOrder = {"RutaAplicacion",
                       "RutaAplicacion",
                       "SQLServer"};
 
-class TheSession : public testing::Test {
+class ObtenerDatosTest : public testing::Test {
  protected:
-  TheSession() {
+  ObtenerDatosTest() {
     cConfiguracion::Instancia() = cConfiguracion();
     session->Set("RutaAplicacion", Value("C:\\Zendria"));
     session->Set("RutaBD", Value("C:\\datos\\centro.db"));
@@ -63,12 +63,12 @@ class TheSession : public testing::Test {
   std::shared_ptr<RecordingSession> session = std::make_shared<RecordingSession>();
 };
 
-TEST_F(TheSession, IsReadInOrderAndOnlyTheApplicationsPathTwice) {
+TEST_F(ObtenerDatosTest, IsReadInOrderAndOnlyTheApplicationsPathTwice) {
   cAsignarDatos().ObtenerDatos(session);
   EXPECT_EQ(session->read, kOrder);
 }
 
-TEST_F(TheSession, FillsTheConfiguration) {
+TEST_F(ObtenerDatosTest, FillsTheConfiguration) {
   cAsignarDatos().ObtenerDatos(session);
   const auto& filled = Configuracion();
   EXPECT_EQ(Application::Instance().HelpFile(), "C:\\Zendria\\zendria.chm");
@@ -92,13 +92,13 @@ TEST_F(TheSession, FillsTheConfiguration) {
   EXPECT_EQ(filled.datossesion, session);
 }
 
-TEST_F(TheSession, NeverFillsTheCourseAndTheKindOfTeaching) {
+TEST_F(ObtenerDatosTest, NeverFillsTheCourseAndTheKindOfTeaching) {
   cAsignarDatos().ObtenerDatos(session);
   EXPECT_EQ(Configuracion().intCodCurso, 0);
   EXPECT_EQ(Configuracion().intTipoEnsenanza, 0);
 }
 
-TEST_F(TheSession, HandedInAgainOverwritesAndResetsNothing) {
+TEST_F(ObtenerDatosTest, HandedInAgainOverwritesAndResetsNothing) {
   cAsignarDatos().ObtenerDatos(session);
   cConfiguracion::Instancia().intCodCurso = 5;
   session->Set("IDUsuario", Value(8));
@@ -109,14 +109,14 @@ TEST_F(TheSession, HandedInAgainOverwritesAndResetsNothing) {
   EXPECT_EQ(Configuracion().intCodCurso, 5);
 }
 
-TEST_F(TheSession, TouchesNoConnection) {
+TEST_F(ObtenerDatosTest, TouchesNoConnection) {
   cAsignarDatos().ObtenerDatos(session);
   EXPECT_TRUE(centro.statements.empty());
   EXPECT_TRUE(borrado.statements.empty());
   EXPECT_TRUE(entrada.statements.empty());
 }
 
-TEST_F(TheSession, EachMissingMemberIsAnErrorWhereItIsRead) {
+TEST_F(ObtenerDatosTest, EachMissingMemberIsAnErrorWhereItIsRead) {
   for (std::size_t i = 0; i < kOrder.size(); ++i) {
     if (i > 0 && kOrder[i] == kOrder[0]) continue;
     const auto kept = session->Get(kOrder[i]);
@@ -129,7 +129,7 @@ TEST_F(TheSession, EachMissingMemberIsAnErrorWhereItIsRead) {
   EXPECT_EQ(Error(), 0);
 }
 
-TEST_F(TheSession, WhatWasReadBeforeAMissingMemberStays) {
+TEST_F(ObtenerDatosTest, WhatWasReadBeforeAMissingMemberStays) {
   session->Remove("conexionlocalCENTRO");
   EXPECT_EQ(Error(), 438);
   EXPECT_EQ(Configuracion().conLocalBorradoCentro, &borrado);
@@ -139,7 +139,7 @@ TEST_F(TheSession, WhatWasReadBeforeAMissingMemberStays) {
   EXPECT_EQ(Configuracion().datossesion, nullptr);
 }
 
-TEST_F(TheSession, AConnectionThatIsNoneIsAMismatch) {
+TEST_F(ObtenerDatosTest, AConnectionThatIsNoneIsAMismatch) {
   for (const auto* member :
        {"conexionBORRADOlocalCENTRO", "conexionlocalCENTRO", "conexionAppEntrada"}) {
     const auto kept = session->Get(member);
@@ -151,12 +151,12 @@ TEST_F(TheSession, AConnectionThatIsNoneIsAMismatch) {
   }
 }
 
-TEST_F(TheSession, AConnectionInAValuesPlaceIsAMismatch) {
+TEST_F(ObtenerDatosTest, AConnectionInAValuesPlaceIsAMismatch) {
   session->Set("NombreUsuario", &centro);
   EXPECT_EQ(Error(), 13);
 }
 
-TEST_F(TheSession, ValuesHaveToFitTheirFields) {
+TEST_F(ObtenerDatosTest, ValuesHaveToFitTheirFields) {
   const std::pair<const char*, int> cases[] = {{"IDUsuario", 32768}, {"IDCentro", -32769},
                                                {"IDPerfil", 40000},  {"IDCursoEscolar", 99999},
                                                {"Accion", 256},      {"Accion", -1}};
@@ -172,7 +172,7 @@ TEST_F(TheSession, ValuesHaveToFitTheirFields) {
   EXPECT_EQ(Error(), 6);
 }
 
-TEST_F(TheSession, NullsAreZeroFalseAndEmpty) {
+TEST_F(ObtenerDatosTest, NullsAreZeroFalseAndEmpty) {
   for (const auto* member : {"Activa", "Accion", "IDUsuario", "NombreUsuario", "RutaAplicacion"})
     session->Set(member, Value());
   EXPECT_EQ(Error(), 0);
@@ -181,7 +181,7 @@ TEST_F(TheSession, NullsAreZeroFalseAndEmpty) {
   EXPECT_EQ(Application::Instance().HelpFile(), "\\zendria.chm");
 }
 
-TEST_F(TheSession, HasToBeThere) {
+TEST_F(ObtenerDatosTest, HasToBeThere) {
   EXPECT_EQ(ErrorOf([] { cAsignarDatos().ObtenerDatos(nullptr); }), 91);
 }
 

@@ -20,7 +20,7 @@ std::string Refusal(const std::string& text) {
   }
 }
 
-TEST(SchemaDescription, TellsTablesColumnsAndIndexesInTheirOrder) {
+TEST(SchemaDescriptionTest, TellsTablesColumnsAndIndexesInTheirOrder) {
   const auto school = ReadSchema(
       "# Not in the SQL.\n"
       "-- On the whole.\n"
@@ -57,13 +57,13 @@ TEST(SchemaDescription, TellsTablesColumnsAndIndexesInTheirOrder) {
   EXPECT_EQ(curso.columns.at(0).kind, SchemaKind::Byte);
 }
 
-TEST(SchemaDescription, MayHaveNoHeading) {
+TEST(SchemaDescriptionTest, MayHaveNoHeading) {
   const auto school = ReadSchema("-- On A.\ntable A\nB long");
   EXPECT_THAT(school.heading, ElementsAre());
   EXPECT_THAT(school.tables.at(0).comment, ElementsAre("-- On A."));
 }
 
-TEST(SchemaDescription, NamesTheLineThatIsWrong) {
+TEST(SchemaDescriptionTest, NamesTheLineThatIsWrong) {
   EXPECT_EQ(Refusal("\n# x\n  IDNota key\n"), "line 3: 'IDNota' stands in no table");
   EXPECT_EQ(Refusal("table\n"), "line 1: a table has a name");
   EXPECT_EQ(Refusal("table A by positon\n"), "line 1: a table can't be 'by positon'");
@@ -72,7 +72,7 @@ TEST(SchemaDescription, NamesTheLineThatIsWrong) {
   EXPECT_EQ(Refusal("table A\n"), "line 1: the table A above has no columns");
 }
 
-TEST(SchemaDescription, NamesTheColumnThatIsWrong) {
+TEST(SchemaDescriptionTest, NamesTheColumnThatIsWrong) {
   EXPECT_EQ(Refusal("table A\n  B\n"), "line 2: the column B has no kind");
   EXPECT_EQ(Refusal("table A\n  B lnog\n"), "line 2: there is no kind 'lnog'");
   EXPECT_EQ(Refusal("table A\n  B long free\n"), "line 2: there is no mark 'free'");
@@ -82,7 +82,7 @@ TEST(SchemaDescription, NamesTheColumnThatIsWrong) {
   EXPECT_EQ(Refusal("table A\n  B key\n  index B, C\n"), "line 3: A has no column C");
 }
 
-TEST(SchemaDescription, HasCommentsAboveTablesAlone) {
+TEST(SchemaDescriptionTest, HasCommentsAboveTablesAlone) {
   EXPECT_EQ(Refusal("table A\n-- On B.\n  B long\n"), "line 3: a comment stands above a table");
   EXPECT_EQ(Refusal("table A\n  B long\n-- On A.\n\n"), "line 4: a comment stands above a table");
   EXPECT_EQ(Refusal("-- One.\n\n-- Two.\n\ntable A\n  B long\n"),

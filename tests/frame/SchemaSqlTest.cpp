@@ -23,7 +23,7 @@ const auto kEveryKind = ReadSchema(
     "  Largo  long\n"
     "  index Largo\n");
 
-TEST(SchemaSql, OfSqlite) {
+TEST(SchemaSqlTest, OfSqlite) {
   EXPECT_EQ(SchemaSql(kEveryKind, kSqliteEngine),
             "-- The school database on SQLite.\n"
             "--\n"
@@ -51,7 +51,7 @@ TEST(SchemaSql, OfSqlite) {
             "CREATE INDEX Idx_Sin_clave_Largo ON Sin_clave (Largo);\n");
 }
 
-TEST(SchemaSql, OfSqlServerNamesThePrimaryKeysConstraint) {
+TEST(SchemaSqlTest, OfSqlServerNamesThePrimaryKeysConstraint) {
   EXPECT_EQ(
       SchemaSql(kEveryKind, kSqlServerEngine),
       "-- The school database on SQL Server.\n"
@@ -81,7 +81,7 @@ TEST(SchemaSql, OfSqlServerNamesThePrimaryKeysConstraint) {
       "CREATE INDEX Idx_Sin_clave_Largo ON Sin_clave (Largo);\n");
 }
 
-TEST(SchemaSql, OfAnEngineThatAsksForQuotes) {
+TEST(SchemaSqlTest, OfAnEngineThatAsksForQuotes) {
   constexpr SchemaEngine kQuoting = {
       .name = "another engine",
       .note = "-- All in quotes.",

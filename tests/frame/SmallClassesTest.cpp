@@ -8,7 +8,7 @@
 namespace quorvane::test {
 namespace {
 
-TEST(RowStates, HaveTheirNumbers) {
+TEST(RowStatesTest, HaveTheirNumbers) {
   const cConstCol states;
   EXPECT_EQ(states.NoModificado, 0);
   EXPECT_EQ(states.NUEVO, 1);
@@ -16,11 +16,11 @@ TEST(RowStates, HaveTheirNumbers) {
   EXPECT_EQ(states.Eliminado, 3);
 }
 
-TEST(TheConfiguration, IsOneInstance) {
+TEST(ConfigurationTest, IsOneInstance) {
   EXPECT_EQ(&cConfiguracion::Instancia(), &cConfiguracion::Instancia());
 }
 
-TEST(TheConfiguration, WritesTrueAsTheEngineHasIt) {
+TEST(ConfigurationTest, WritesTrueAsTheEngineHasIt) {
   cConfiguracion configuracion;
   EXPECT_EQ(configuracion.NumeroVerdadero(), -1);
   EXPECT_EQ(configuracion.Verdadero(), "-1");
@@ -29,7 +29,7 @@ TEST(TheConfiguration, WritesTrueAsTheEngineHasIt) {
   EXPECT_EQ(configuracion.Verdadero(), "1");
 }
 
-TEST(TheConfiguration, KnowsTheFolderOfTheIcons) {
+TEST(ConfigurationTest, KnowsTheFolderOfTheIcons) {
   cConfiguracion configuracion;
   EXPECT_EQ(configuracion.CarpetaIconos(), "");
   configuracion.RutaIcono = "C:\\Zendria\\iconos\\app.ico";
@@ -38,7 +38,7 @@ TEST(TheConfiguration, KnowsTheFolderOfTheIcons) {
   EXPECT_EQ(configuracion.CarpetaIconos(), "");
 }
 
-TEST(TheRecordForHosts, IsEmptyAtFirstAndTakesAllItsFields) {
+TEST(RecordForHostsTest, IsEmptyAtFirstAndTakesAllItsFields) {
   cDatosSesion sesion;
   EXPECT_EQ(sesion.IDPerfil, 0);
   EXPECT_FALSE(sesion.Activa);
@@ -50,7 +50,7 @@ TEST(TheRecordForHosts, IsEmptyAtFirstAndTakesAllItsFields) {
   EXPECT_TRUE(sesion.SQLServer);
 }
 
-class TheNextKey : public testing::Test {
+class NextKeyTest : public testing::Test {
  protected:
   std::int32_t Next(std::vector<Value> column) {
     connection.column = std::move(column);
@@ -60,41 +60,41 @@ class TheNextKey : public testing::Test {
   TableConnection connection;
 };
 
-TEST_F(TheNextKey, IsAskedForInOneStatement) {
+TEST_F(NextKeyTest, IsAskedForInOneStatement) {
   Next({Value(1)});
   EXPECT_EQ(connection.statements,
             std::vector<std::string>{"SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]"});
 }
 
-TEST_F(TheNextKey, IsOneWithoutAnyRow) { EXPECT_EQ(Next({}), 1); }
+TEST_F(NextKeyTest, IsOneWithoutAnyRow) { EXPECT_EQ(Next({}), 1); }
 
-TEST_F(TheNextKey, IsOneWhenTheLargestIsNull) { EXPECT_EQ(Next({Value()}), 1); }
+TEST_F(NextKeyTest, IsOneWhenTheLargestIsNull) { EXPECT_EQ(Next({Value()}), 1); }
 
-TEST_F(TheNextKey, IsOneMoreThanTheLargest) {
+TEST_F(NextKeyTest, IsOneMoreThanTheLargest) {
   EXPECT_EQ(Next({Value(41)}), 42);
   EXPECT_EQ(Next({Value(0)}), 1);
   EXPECT_EQ(Next({Value(-5)}), -4);
   EXPECT_EQ(Next({Value("41")}), 42);
 }
 
-TEST_F(TheNextKey, BeyondItsFieldIsOverflow) {
+TEST_F(NextKeyTest, BeyondItsFieldIsOverflow) {
   EXPECT_EQ(ErrorOf([this] { Next({Value(2147483647)}); }), 6);
   EXPECT_EQ(ErrorOf([this] { Next({Value(std::int64_t{1} << 40)}); }), 6);
 }
 
-TEST_F(TheNextKey, FailsAsTheStatementDoes) {
+TEST_F(NextKeyTest, FailsAsTheStatementDoes) {
   connection.refuses = true;
   EXPECT_EQ(ErrorOf([this] { Next({}); }), -2147467259);
 }
 
-TEST_F(TheNextKey, DoesntUseTheOtherConnection) {
+TEST_F(NextKeyTest, DoesntUseTheOtherConnection) {
   TableConnection other;
   connection.column = {Value(41)};
   EXPECT_EQ(ObtenerSiguienteId(connection, &other, "BloqueoPte", "IDBloqueo"), 42);
   EXPECT_TRUE(other.statements.empty());
 }
 
-TEST(TheWidthOfGrades, IsNotShownAtFirst) { EXPECT_FALSE(gblnMostrarAnchoNotas); }
+TEST(GradeWidthTest, IsNotShownAtFirst) { EXPECT_FALSE(gblnMostrarAnchoNotas); }
 
 }  // namespace
 }  // namespace quorvane::test

@@ -83,12 +83,12 @@ const Node kNodes[] = {
     {&cNombreNodo::IncidenciaAlumno, 101},
 };
 
-TEST(NodesOfTheTree, AreSixtyEightBytes) {
+TEST(cNombreNodoTest, AreSixtyEightBytes) {
   EXPECT_EQ(std::size(kNodes), 68U);
   EXPECT_EQ(sizeof(cNombreNodo), 68U);
 }
 
-TEST(NodesOfTheTree, HaveTheirNumbersInTheirOrder) {
+TEST(cNombreNodoTest, HaveTheirNumbersInTheirOrder) {
   const cNombreNodo nodes;
   const auto* const first = &nodes.NotaPendientesSeccionMateria;
   for (std::size_t i = 0; i < std::size(kNodes); ++i) {
@@ -97,7 +97,7 @@ TEST(NodesOfTheTree, HaveTheirNumbersInTheirOrder) {
   }
 }
 
-TEST(NodesOfTheTree, OnlyZnBancosIsZero) {
+TEST(cNombreNodoTest, OnlyZnBancosIsZero) {
   EXPECT_EQ(cNombreNodo().ZN_Bancos, 0);
   const cNombreNodo nodes;
   EXPECT_EQ(std::count_if(std::begin(kNodes), std::end(kNodes),

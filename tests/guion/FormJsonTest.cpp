@@ -5,9 +5,9 @@
 namespace quorvane::test {
 namespace {
 
-class FormAsJson : public GuionTest {};
+class FormJsonTest : public GuionTest {};
 
-TEST_F(FormAsJson, HasAllControlsInTheirOrder) {
+TEST_F(FormJsonTest, HasAllControlsInTheirOrder) {
   const auto lines = PlayIn("elegir cboCurso #1\nver");
   EXPECT_EQ(
       lines.back(),
@@ -35,7 +35,7 @@ TEST_F(FormAsJson, HasAllControlsInTheirOrder) {
       R"_("cmdInactivo":{"tipo":"CommandButton","visible":true,"activo":true,"texto":""}}})_");
 }
 
-TEST_F(FormAsJson, BytesThatAreNoUtf8DontStopIt) {
+TEST_F(FormJsonTest, BytesThatAreNoUtf8DontStopIt) {
   Form form("frmX");
   form.Caption("a\xF1o");
   EXPECT_EQ(guion::FormJson(form),

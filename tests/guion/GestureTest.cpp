@@ -4,9 +4,9 @@
 namespace quorvane::test {
 namespace {
 
-class Gesture : public GuionTest {};
+class GestureTest : public GuionTest {};
 
-TEST_F(Gesture, ElegirPicksByTextIndexAndData) {
+TEST_F(GestureTest, ElegirPicksByTextIndexAndData) {
   EXPECT_EQ(PlayIn("elegir cboCurso \"1º ESO\""), Lines{"sql centro suceso cboCurso 0"});
   EXPECT_EQ(PlayIn("elegir cboCurso #2"), Lines{"sql centro suceso cboCurso 2"});
   EXPECT_EQ(PlayIn("elegir cboCurso =30"), Lines{"sql centro suceso cboCurso 2"});
@@ -15,30 +15,30 @@ TEST_F(Gesture, ElegirPicksByTextIndexAndData) {
   EXPECT_EQ(PlayIn("elegir lstAlumnos nada"), Lines{"sql centro suceso lstAlumnos nada"});
 }
 
-TEST_F(Gesture, ElegirClicksAgainOnTheEntryThatStands) {
+TEST_F(GestureTest, ElegirClicksAgainOnTheEntryThatStands) {
   EXPECT_EQ(PlayIn("elegir cboCurso #0\nelegir cboCurso #0").size(), 2U);
 }
 
-TEST_F(Gesture, AControlIsNamedWithoutRegardToCase) {
+TEST_F(GestureTest, AControlIsNamedWithoutRegardToCase) {
   EXPECT_EQ(PlayIn("pulsar CMDACEPTAR"), Lines{"sql centro suceso cmdAceptar"});
 }
 
-TEST_F(Gesture, MarcarClicksOnlyOnAChange) {
+TEST_F(GestureTest, MarcarClicksOnlyOnAChange) {
   EXPECT_EQ(PlayIn("marcar chkVer 0\nmarcar chkVer 1\nmarcar chkVer 1\nmarcar chkVer 0"),
             (Lines{"sql centro suceso chkVer 1", "sql centro suceso chkVer 0"}));
 }
 
-TEST_F(Gesture, PulsarPressesTheButton) {
+TEST_F(GestureTest, PulsarPressesTheButton) {
   EXPECT_EQ(PlayIn("pulsar cmdAceptar"), Lines{"sql centro suceso cmdAceptar"});
 }
 
-TEST_F(Gesture, DobleOnTheSelectedEntryAndOnTheCurrentRow) {
+TEST_F(GestureTest, DobleOnTheSelectedEntryAndOnTheCurrentRow) {
   EXPECT_EQ(PlayIn("elegir lstAlumnos #0\ndoble lstAlumnos"),
             (Lines{"sql centro suceso lstAlumnos Gil", "sql centro suceso lstAlumnos doble"}));
   EXPECT_EQ(PlayIn("fila msgFilas 2\ndoble msgFilas"), Lines{"sql centro suceso msgFilas 2"});
 }
 
-TEST_F(Gesture, FilaMovesTheCurrentCellWithoutAnEvent) {
+TEST_F(GestureTest, FilaMovesTheCurrentCellWithoutAnEvent) {
   const auto lines = PlayIn("fila msgFilas 2\nver\nfila rtvNotas 1 1\nver");
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_NE(lines[0].find("\"msgFilas\":{\"tipo\":\"MSFlexGrid\",\"visible\":true,\"activo\":true,"
@@ -58,7 +58,7 @@ void FillAgain(std::initializer_list<int> rows) {
   }
 }
 
-TEST_F(Gesture, TheChosenRowIsChosenAgainWhenADialogReturns) {
+TEST_F(GestureTest, TheChosenRowIsChosenAgainWhenADialogReturns) {
   const auto row = [this](const std::string& script) {
     const auto view = PlayIn(script + "ver").back();
     const auto from = view.find("\"fila\":") + 7;
@@ -73,7 +73,7 @@ TEST_F(Gesture, TheChosenRowIsChosenAgainWhenADialogReturns) {
   EXPECT_EQ(row("fila msgFilas 2\npulsar cmdAccion\n"), "1") << "without a dialog";
 }
 
-TEST_F(Gesture, NothingIsToldOfTheRowThatIsChosenAgain) {
+TEST_F(GestureTest, NothingIsToldOfTheRowThatIsChosenAgain) {
   frmPrueba::alPulsar = [] {
     FormInstance<frmDos>::Get().ShowModal();
     FillAgain({5, 77});
@@ -82,7 +82,7 @@ TEST_F(Gesture, NothingIsToldOfTheRowThatIsChosenAgain) {
             (Lines{"carga frmDos", "muestra frmDos", "descarga frmDos"}));
 }
 
-TEST_F(Gesture, EditarBeginsPicksAndEnds) {
+TEST_F(GestureTest, EditarBeginsPicksAndEnds) {
   EXPECT_EQ(
       PlayIn("editar rtvNotas 1 1 \"Notable\""),
       (Lines{"sql centro suceso InicioEdicion 1 1", "sql centro suceso FinEdicion 1 Notable"}));
@@ -92,50 +92,50 @@ TEST_F(Gesture, EditarBeginsPicksAndEnds) {
             (Lines{"sql centro suceso InicioEdicion 1 1", "sql centro suceso FinEdicion -1 "}));
 }
 
-TEST_F(Gesture, EditarGivesUpWithoutAnEndWhenTheListHasNoSuchEntry) {
+TEST_F(GestureTest, EditarGivesUpWithoutAnEndWhenTheListHasNoSuchEntry) {
   EXPECT_EQ(PlayIn("editar rtvNotas 1 1 \"nada\""),
             (Lines{"sql centro suceso InicioEdicion 1 1",
                    "rechazo editar rtvNotas 1 1 \"nada\": no hay ninguna entrada nada"}));
 }
 
-TEST_F(Gesture, ListaPrintsWhatTheHandlerFilledAndEndsNothing) {
+TEST_F(GestureTest, ListaPrintsWhatTheHandlerFilledAndEndsNothing) {
   EXPECT_EQ(PlayIn("lista rtvNotas 1 1"),
             (Lines{"sql centro suceso InicioEdicion 1 1", "lista [[\" \",0],[\"Notable\",7]]"}));
   EXPECT_EQ(PlayIn("lista rtvNotas 1 0"),
             (Lines{"sql centro suceso InicioEdicion 1 0", "lista []"}));
 }
 
-TEST_F(Gesture, PestanaSelectsFromOne) {
+TEST_F(GestureTest, PestanaSelectsFromOne) {
   EXPECT_EQ(PlayIn("pestana tabFichas 2"), Lines{"sql centro suceso tabFichas 2"});
 }
 
-TEST_F(Gesture, EscribirTypesKeyByKey) {
+TEST_F(GestureTest, EscribirTypesKeyByKey) {
   EXPECT_EQ(PlayIn("escribir txtNombre \"a1ñ\""),
             (Lines{"sql centro suceso txtNombre a", "sql centro suceso txtNombre añ"}));
   EXPECT_EQ(PlayIn("escribir txtNombre \"\""), Lines{});
 }
 
-TEST_F(Gesture, TeclaGoesToTheFormFirst) {
+TEST_F(GestureTest, TeclaGoesToTheFormFirst) {
   EXPECT_EQ(PlayIn("tecla 40"), Lines{"sql centro suceso KeyDown 40"});
 }
 
-TEST_F(Gesture, EnterAndEscPressTheirButtons) {
+TEST_F(GestureTest, EnterAndEscPressTheirButtons) {
   EXPECT_EQ(PlayIn("tecla 13"),
             (Lines{"sql centro suceso KeyDown 13", "sql centro suceso cmdAceptar"}));
   EXPECT_EQ(PlayIn("tecla 27"),
             (Lines{"sql centro suceso KeyDown 27", "sql centro suceso cmdCancelar"}));
 }
 
-TEST_F(Gesture, TamanoResizesTheForm) {
+TEST_F(GestureTest, TamanoResizesTheForm) {
   EXPECT_EQ(PlayIn("tamano 9000 4000\ntamano 9000 4000"), Lines{"sql centro suceso Resize 9000"});
 }
 
-TEST_F(Gesture, CerrarUnloadsTheForm) {
+TEST_F(GestureTest, CerrarUnloadsTheForm) {
   EXPECT_EQ(PlayIn("cerrar"),
             (Lines{"descarga frmPrueba", "sql centro suceso Unload", "vuelve 1"}));
 }
 
-TEST_F(Gesture, EachCommandIsEchoedAsRead) {
+TEST_F(GestureTest, EachCommandIsEchoedAsRead) {
   echo = true;
   EXPECT_EQ(Play("  hoy   \"\"   # vacío"), Lines{"> hoy   \"\""});
 }

@@ -11,7 +11,7 @@
 namespace quorvane::test {
 namespace {
 
-class TheHost : public GuionTest {
+class HostTest : public GuionTest {
  protected:
   [[nodiscard]] Value Member(const std::string& name) const {
     return std::get<Value>(session->Get(name));
@@ -25,7 +25,7 @@ std::unique_ptr<CentroApi> Centro() {
   return Application::Instance().Objects().Create<CentroApi>("zendriaapi.CCENTROAPI");
 }
 
-TEST_F(TheHost, HandsInASessionWithEveryMember) {
+TEST_F(HostTest, HandsInASessionWithEveryMember) {
   options.rutaBD = "centro.sqlite";
   Play("");
   for (const auto* member : {"RutaAplicacion", "RutaBD", "Activa", "Accion", "lngRowData",
@@ -44,7 +44,7 @@ TEST_F(TheHost, HandsInASessionWithEveryMember) {
   EXPECT_FALSE(Member("SQLServer").Flag());
 }
 
-TEST_F(TheHost, SesionHandsInAnotherWithWhatItNames) {
+TEST_F(HostTest, SesionHandsInAnotherWithWhatItNames) {
   options.sqlServer = true;
   Play("sesion usuario=7 perfil=2\nsesion centro=3 activa=0");
   EXPECT_EQ(Member("IDUsuario").Integer(), 7);
@@ -54,7 +54,7 @@ TEST_F(TheHost, SesionHandsInAnotherWithWhatItNames) {
   EXPECT_TRUE(Member("SQLServer").Flag());
 }
 
-TEST_F(TheHost, AnErrorOfTheModuleAtTheSessionIsTold) {
+TEST_F(HostTest, AnErrorOfTheModuleAtTheSessionIsTold) {
   module.ObtenerDatos = [](const auto& handedIn) {
     static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
   };
@@ -62,7 +62,7 @@ TEST_F(TheHost, AnErrorOfTheModuleAtTheSessionIsTold) {
   EXPECT_EQ(status, 1);
 }
 
-TEST_F(TheHost, AnErrorAtTheSessionLeavesTheOpenForm) {
+TEST_F(HostTest, AnErrorAtTheSessionLeavesTheOpenForm) {
   module.ObtenerDatos = [](const auto& handedIn) {
     static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
   };
@@ -70,7 +70,7 @@ TEST_F(TheHost, AnErrorAtTheSessionLeavesTheOpenForm) {
             (Lines{"error 6 Desbordamiento", "sql centro suceso cmdAceptar"}));
 }
 
-TEST_F(TheHost, PrintsTheCallsOfItsComponents) {
+TEST_F(HostTest, PrintsTheCallsOfItsComponents) {
   frmPrueba::alPulsar = [this] {
     auto& form = FormInstance<frmPrueba>::Get();
     std::int32_t personal = 0;
@@ -84,7 +84,7 @@ TEST_F(TheHost, PrintsTheCallsOfItsComponents) {
                                                "host ZendriaApi.cCentroApi.DesbloquearNotas"}));
 }
 
-TEST_F(TheHost, AnswersTheDayThatTheScriptTold) {
+TEST_F(HostTest, AnswersTheDayThatTheScriptTold) {
   options.hoy = "01/02/2026";
   Lines answers;
   frmPrueba::alPulsar = [&answers] {
@@ -98,7 +98,7 @@ TEST_F(TheHost, AnswersTheDayThatTheScriptTold) {
   EXPECT_EQ(lines.back(), "host ZendriaApi.cCentroApi.ObtenerHoraSistema");
 }
 
-TEST_F(TheHost, AnswersNotasActivasFromNowOn) {
+TEST_F(HostTest, AnswersNotasActivasFromNowOn) {
   std::vector<bool> answers;
   frmPrueba::alPulsar = [this, &answers] {
     std::int32_t personal = 0;
@@ -111,7 +111,7 @@ TEST_F(TheHost, AnswersNotasActivasFromNowOn) {
   EXPECT_EQ(answers, (std::vector<bool>{false, true, true, false}));
 }
 
-TEST_F(TheHost, FindsTheTeacherOnce) {
+TEST_F(HostTest, FindsTheTeacherOnce) {
   std::vector<std::int32_t> found;
   frmPrueba::alPulsar = [this, &found] {
     const auto search =
@@ -128,7 +128,7 @@ TEST_F(TheHost, FindsTheTeacherOnce) {
                    "host ZendriaBuscar.CAsignardatos.Buscar"}));
 }
 
-TEST_F(TheHost, PrintsMessagesAndBeeps) {
+TEST_F(HostTest, PrintsMessagesAndBeeps) {
   frmPrueba::alPulsar = [] {
     MessageBox("Año \"2\"\r\n\xFF", MessageIcon::Information);
     BeepAndMessage("No", MessageIcon::Exclamation);
@@ -141,7 +141,7 @@ TEST_F(TheHost, PrintsMessagesAndBeeps) {
                    R"(mensaje critico "Zendria Escuela" "Mal")"}));
 }
 
-TEST_F(TheHost, TheStatementOfThatNumberFailsBeforeTheEngine) {
+TEST_F(HostTest, TheStatementOfThatNumberFailsBeforeTheEngine) {
   frmPrueba::alPulsar = [this] {
     borrado.Execute("uno");
     entrada.Execute("dos");
@@ -154,7 +154,7 @@ TEST_F(TheHost, TheStatementOfThatNumberFailsBeforeTheEngine) {
   EXPECT_TRUE(entrada.reached.empty());
 }
 
-TEST_F(TheHost, TheStatementsAfterTheFailedOneRunAgain) {
+TEST_F(HostTest, TheStatementsAfterTheFailedOneRunAgain) {
   frmPrueba::alPulsar = [this] {
     EXPECT_THROW(centro.Execute("uno"), RuntimeError);
     centro.Execute("dos");
@@ -164,14 +164,14 @@ TEST_F(TheHost, TheStatementsAfterTheFailedOneRunAgain) {
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(TheHost, SqlIsAnotherUsersAndIsNotToldAsTheModules) {
+TEST_F(HostTest, SqlIsAnotherUsersAndIsNotToldAsTheModules) {
   EXPECT_EQ(Play("fallo 1\nsql \"SELECT 1\"\nsql \"UPDATE x\"\nsql \"malo\""),
             (Lines{"fila [\"texto\",null]", "rechazo sql \"malo\": rechazada"}));
   EXPECT_EQ(otra.reached, (Lines{"SELECT 1", "UPDATE x", "malo"}));
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(TheHost, MeasuresTextByItsCharacters) {
+TEST_F(HostTest, MeasuresTextByItsCharacters) {
   std::int32_t width = 0;
   frmPrueba::alPulsar = [&width] { width = FormInstance<frmPrueba>::Get().TextWidth("Ñu 1"); };
   PlayIn("pulsar cmdAccion");

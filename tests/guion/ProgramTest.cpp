@@ -1,36 +1,27 @@
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/support/RunCommand.h"
 #include "tests/support/ScriptRun.h"
 #include "tests/support/TestSchool.h"
 
 namespace quorvane::test {
 namespace {
 
-struct Ended {
-  int status = -1;
-  std::string printed;  ///< both streams
-};
-
 /// Runs the program through a shell, with nothing to read unless the arguments say so.
-Ended Program(const std::string& arguments) {
-  const auto command = "( '" QUORVANE_GUION "' " + arguments + " ) 2>&1 </dev/null";
-  Ended ended;
-  auto* const pipe = popen(command.c_str(), "r");
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    ended.printed.append(buffer.data(), read);
-  ended.status = WEXITSTATUS(pclose(pipe));
-  return ended;
+Outcome Program(const std::string& arguments) {
+  return RunCommand("( '" QUORVANE_GUION "' " + arguments + " ) </dev/null");
 }
 
-class TheProgram : public testing::Test {
+void ExpectEnd(const Outcome& ended, int status, const std::string& printed) {
+  EXPECT_EQ(ended.status, status);
+  EXPECT_EQ(ended.text, printed);
+}
+
+class ProgramTest : public testing::Test {
  protected:
   /// A file of that content that goes with the test.
   std::string File(const std::string& content) {
@@ -40,6 +31,10 @@ class TheProgram : public testing::Test {
             .string());
     std::ofstream(files_.back(), std::ios::binary) << content;
     return files_.back();
+  }
+  /// Runs it on the school.
+  [[nodiscard]] Outcome OnSchool(const std::string& arguments) const {
+    return Program("--bd " + school.Path() + " " + arguments);
   }
   void TearDown() override {
     for (const auto& file : files_) std::filesystem::remove(file);
@@ -51,70 +46,58 @@ class TheProgram : public testing::Test {
   std::vector<std::string> files_;
 };
 
-TEST_F(TheProgram, PlaysAFile) {
-  const auto ended = Program("--bd " + school.Path() + " " + File("nodo 11 # nada\nver\n"));
-  EXPECT_EQ(ended.status, 0);
-  EXPECT_EQ(ended.printed,
+TEST_F(ProgramTest, PlaysAFile) {
+  ExpectEnd(OnSchool(File("nodo 11 # nada\nver\n")), 0,
             "> nodo 11\nvuelve 11\n> ver\nrechazo ver: no hay ningún formulario abierto\n");
 }
 
-TEST_F(TheProgram, PlaysStandardInputAsItIsWritten) {
+TEST_F(ProgramTest, PlaysStandardInputAsItIsWritten) {
   // The second line is written only when the first has been played.
   const auto out = File("");
   const auto pipe = out + ".pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  const auto ended = Program("--bd " + school.Path() + " < " + pipe + " | tee " + out +
-                             " & { echo 'nodo 11'; until grep -q vuelve " + out +
-                             "; do sleep 0.01; done; echo 'nodo 12'; } > " + pipe + "; wait");
-  std::filesystem::remove(pipe);
-  EXPECT_EQ(ended.status, 0);
-  EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
-}
-
-TEST_F(TheProgram, AMistakeInStandardInputEndsItThere) {
   const auto ended =
-      Program("--bd " + school.Path() + " < " + File("nodo 11\n\nbailar\nnodo 12\n"));
-  EXPECT_EQ(ended.status, 2);
-  EXPECT_EQ(ended.printed, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
+      OnSchool("< " + pipe + " | tee " + out + " & { echo 'nodo 11'; until grep -q vuelve " + out +
+               "; do sleep 0.01; done; echo 'nodo 12'; } > " + pipe + "; wait");
+  std::filesystem::remove(pipe);
+  ExpectEnd(ended, 0, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
 }
 
-TEST_F(TheProgram, PlaysStandardInput) {
-  const auto ended = Program("--bd " + school.Path() + " < " + File("nodo 0\n"));
-  EXPECT_EQ(ended.status, 0);
-  EXPECT_EQ(ended.printed, "> nodo 0\nvuelve 0\n");
+TEST_F(ProgramTest, AMistakeInStandardInputEndsItThere) {
+  const auto ended = OnSchool("< " + File("nodo 11\n\nbailar\nnodo 12\n"));
+  ExpectEnd(ended, 2, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
 }
 
-TEST_F(TheProgram, EndsWithOneAfterAnError) {
-  const auto ended = Program("--bd " + school.Path() + " " + File("nodo 256\nnodo 11\n"));
-  EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.printed, "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
+TEST_F(ProgramTest, PlaysStandardInput) {
+  ExpectEnd(OnSchool("< " + File("nodo 0\n")), 0, "> nodo 0\nvuelve 0\n");
 }
 
-TEST_F(TheProgram, EndsWithOneWhenTheSessionDoesntFitItsFields) {
-  const auto ended = Program("--bd " + school.Path() + " --usuario 70000");
-  EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.printed, "error 6 Desbordamiento\n");
+TEST_F(ProgramTest, EndsWithOneAfterAnError) {
+  ExpectEnd(OnSchool(File("nodo 256\nnodo 11\n")), 1,
+            "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
 }
 
-TEST_F(TheProgram, AScriptWithAMistakePlaysNothing) {
+TEST_F(ProgramTest, EndsWithOneWhenTheSessionDoesntFitItsFields) {
+  ExpectEnd(OnSchool("--usuario 70000"), 1, "error 6 Desbordamiento\n");
+}
+
+TEST_F(ProgramTest, AScriptWithAMistakePlaysNothing) {
   const auto script = File("sql \"INSERT INTO Usuario (IDUsuario) VALUES (1)\"\n\nabrir\n");
-  const auto ended = Program("--bd " + school.Path() + " " + script);
-  EXPECT_EQ(ended.status, 2);
-  EXPECT_EQ(ended.printed, "línea 3: orden desconocida: abrir\n");
+  ExpectEnd(OnSchool(script), 2, "línea 3: orden desconocida: abrir\n");
   EXPECT_TRUE(school.Rows("SELECT IDUsuario FROM Usuario").empty());
 }
 
-TEST_F(TheProgram, HelpIsNoMistake) {
+TEST_F(ProgramTest, HelpIsNoMistake) {
   const auto ended = Program("--help");
   EXPECT_EQ(ended.status, 0);
   for (const auto* option : {"--bd", "--odbc", "--entrada", "--usuario", "--perfil", "--centro",
                              "--sqlserver", "--inactiva", "--hoy", "SCRIPT"})
-    EXPECT_NE(ended.printed.find(option), std::string::npos) << option;
+    EXPECT_NE(ended.text.find(option), std::string::npos) << option;
 }
 
-TEST_F(TheProgram, BadArgumentsEndWithTwo) {
+TEST_F(ProgramTest, BadArgumentsEndWithTwo) {
   const auto bd = "--bd " + school.Path();
-  EXPECT_EQ(Program("").printed,
+  EXPECT_EQ(Program("").text,
             "Indique el centro con --bd o con --odbc, y solo con uno\n"
             "quorvane-guion --help muestra la ayuda\n");
   for (const auto& arguments : {std::string(), bd + " --odbc DSN=x", bd + " --usuario x",
@@ -122,22 +105,21 @@ TEST_F(TheProgram, BadArgumentsEndWithTwo) {
     EXPECT_EQ(Program(arguments).status, 2) << arguments;
 }
 
-TEST_F(TheProgram, AScriptThatCantBeReadEndsWithTwo) {
+TEST_F(ProgramTest, AScriptThatCantBeReadEndsWithTwo) {
   for (const auto* script : {"/no/hay/tal.guion", "/"}) {
-    const auto ended = Program("--bd " + school.Path() + " " + script);
-    EXPECT_EQ(ended.status, 2);
-    EXPECT_EQ(ended.printed, "No se puede leer el guion " + std::string(script) + "\n");
+    const auto ended = OnSchool(script);
+    ExpectEnd(ended, 2, "No se puede leer el guion " + std::string(script) + "\n");
   }
 }
 
-TEST_F(TheProgram, AFileThatIsNoSchoolEndsWithTwo) {
+TEST_F(ProgramTest, AFileThatIsNoSchoolEndsWithTwo) {
   const auto empty = File("");
   const auto foreign = File("esto no es una base de datos, ni lo ha sido nunca en su vida");
   const auto refused = [](const std::string& file, const std::string& reason) {
     const auto ended = Program("--bd " + file);
     EXPECT_EQ(ended.status, 2) << file;
-    EXPECT_NE(ended.printed.find("base de datos " + file), std::string::npos) << ended.printed;
-    EXPECT_NE(ended.printed.find(reason), std::string::npos) << ended.printed;
+    EXPECT_NE(ended.text.find("base de datos " + file), std::string::npos) << ended.text;
+    EXPECT_NE(ended.text.find(reason), std::string::npos) << ended.text;
   };
   refused("/no/hay/tal.sqlite", "el archivo no existe");
   refused("/", "es una carpeta");
@@ -149,44 +131,44 @@ TEST_F(TheProgram, AFileThatIsNoSchoolEndsWithTwo) {
   refused(school.Path(), "no es de ningún centro");
 }
 
-TEST_F(TheProgram, TheDatabaseWithUsuarioMayBeAnother) {
+TEST_F(ProgramTest, TheDatabaseWithUsuarioMayBeAnother) {
   TestSchool other;
   EXPECT_EQ(Program("--bd " + school.Path() + " --entrada " + other.Path()).status, 0);
   EXPECT_EQ(Program("--bd " + school.Path() + " --entrada /no/hay/tal.sqlite").status, 2);
 }
 
-TEST_F(TheProgram, PlaysThroughAnOdbcDriver) {
+TEST_F(ProgramTest, PlaysThroughAnOdbcDriver) {
   const auto script = File("sql \"SELECT COUNT(*) FROM Alumno\"\nnodo 123\ncerrar\n");
-  const auto byFile = Program("--bd " + school.Path() + " " + script);
+  const auto byFile = OnSchool(script);
   const auto byDriver = Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script);
   EXPECT_EQ(byDriver.status, 0);
-  EXPECT_EQ(byDriver.printed, byFile.printed);
+  EXPECT_EQ(byDriver.text, byFile.text);
 }
 
-TEST_F(TheProgram, TakesTheUsersFromAnotherConnectionString) {
+TEST_F(ProgramTest, TakesTheUsersFromAnotherConnectionString) {
   const auto string = "'Driver=SQLite3;Database=" + school.Path() + "'";
   for (const auto& entrada : {string, school.Path()})
     EXPECT_EQ(
         Program("--odbc " + string + " --entrada " + entrada + " " + File("nodo 11\n")).status, 0);
   const auto ended = Program("--odbc " + string + " --entrada 'Driver=SQLite3;Database=/no/hay'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.printed.find("No se puede conectar"), std::string::npos) << ended.printed;
+  EXPECT_NE(ended.text.find("No se puede conectar"), std::string::npos) << ended.text;
 }
 
-TEST_F(TheProgram, TellsADriverThatIsNotThereWithoutThePassword) {
+TEST_F(ProgramTest, TellsADriverThatIsNotThereWithoutThePassword) {
   const auto ended = Program("--odbc 'DSN=no_hay_tal;PWD=secreto'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.printed.find("No se puede conectar con la base de datos: [IM002] "),
+  EXPECT_NE(ended.text.find("No se puede conectar con la base de datos: [IM002] "),
             std::string::npos)
-      << ended.printed;
-  EXPECT_EQ(ended.printed.find("secreto"), std::string::npos) << ended.printed;
+      << ended.text;
+  EXPECT_EQ(ended.text.find("secreto"), std::string::npos) << ended.text;
 }
 
-TEST_F(TheProgram, SqlPrintsRowsOfEveryKind) {
+TEST_F(ProgramTest, SqlPrintsRowsOfEveryKind) {
   const auto ended = Program("--bd " + school.Path() + " " +
                              File("sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
                                   "sql \"SELECT 1 WHERE 1=0\"\nsql \"SELEC\"\n"));
-  EXPECT_EQ(ended.printed,
+  EXPECT_EQ(ended.text,
             "> sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
             "fila [1,-2.5,null,\"Ñu \\\"x\\\"\",null]\n"
             "> sql \"SELECT 1 WHERE 1=0\"\n"
@@ -195,7 +177,7 @@ TEST_F(TheProgram, SqlPrintsRowsOfEveryKind) {
   EXPECT_EQ(ended.status, 0);
 }
 
-TEST(ScriptResultOfARun, PicksLinesByTheirWord) {
+TEST(ScriptResultTest, PicksLinesByTheirWord) {
   ScriptResult result;
   result.lines = {"> ver",           "sql centro UNO", "> nodo 1",        "pitido",
                   "sql borrado DOS", "> nodo 1",       "sql centro TRES", "error 6 x"};
@@ -207,7 +189,7 @@ TEST(ScriptResultOfARun, PicksLinesByTheirWord) {
   EXPECT_TRUE(result.After("cerrar").empty());
 }
 
-TEST(ASchoolForTests, HasAllTablesAndNoRowsAndGoesWithTheObject) {
+TEST(TestSchoolTest, HasAllTablesAndNoRowsAndGoesWithTheObject) {
   std::string path;
   {
     const TestSchool school;

@@ -4,9 +4,20 @@
 namespace quorvane::test {
 namespace {
 
-class Refused : public GuionTest {};
+class RefusalTest : public GuionTest {
+ protected:
+  /// That each of those commands, behind these, is refused for its reason.
+  struct Refused {
+    std::string command;
+    std::string reason;
+  };
+  void ExpectRefused(const std::vector<Refused>& all, const std::string& before = "") {
+    for (const auto& [command, reason] : all)
+      EXPECT_EQ(PlayIn(before + command), Lines{"rechazo " + command + ": " + reason});
+  }
+};
 
-TEST_F(Refused, WithoutAForm) {
+TEST_F(RefusalTest, WithoutAForm) {
   for (const auto* command :
        {"elegir cboCurso #0", "marcar chkVer 1", "pulsar cmdAceptar", "doble lstAlumnos",
         "fila msgFilas 1", "editar rtvNotas 1 1 nada", "lista rtvNotas 1 1", "pestana tabFichas 1",
@@ -17,22 +28,20 @@ TEST_F(Refused, WithoutAForm) {
   }
 }
 
-TEST_F(Refused, ANodeWhileAFormIsOpen) {
-  EXPECT_EQ(PlayIn("nodo 11"), Lines{"rechazo nodo 11: ya hay un formulario abierto"});
+TEST_F(RefusalTest, ANodeWhileAFormIsOpen) {
+  ExpectRefused({{"nodo 11", "ya hay un formulario abierto"}});
 }
 
-TEST_F(Refused, AControlThatIsntThere) {
-  EXPECT_EQ(PlayIn("pulsar cmdNadie"),
-            Lines{"rechazo pulsar cmdNadie: frmPrueba no tiene ningún control cmdNadie"});
+TEST_F(RefusalTest, AControlThatIsntThere) {
+  ExpectRefused({{"pulsar cmdNadie", "frmPrueba no tiene ningún control cmdNadie"}});
 }
 
-TEST_F(Refused, AControlOnAHiddenOrDisabledFrame) {
-  EXPECT_EQ(PlayIn("pulsar cmdOculto"), Lines{"rechazo pulsar cmdOculto: cmdOculto está oculto"});
-  EXPECT_EQ(PlayIn("pulsar cmdInactivo"),
-            Lines{"rechazo pulsar cmdInactivo: cmdInactivo está deshabilitado"});
+TEST_F(RefusalTest, AControlOnAHiddenOrDisabledFrame) {
+  ExpectRefused({{"pulsar cmdOculto", "cmdOculto está oculto"},
+                 {"pulsar cmdInactivo", "cmdInactivo está deshabilitado"}});
 }
 
-TEST_F(Refused, AHiddenOrDisabledControl) {
+TEST_F(RefusalTest, AHiddenOrDisabledControl) {
   frmPrueba::alPulsar = [] {
     auto& form = FormInstance<frmPrueba>::Get();
     form.cmdAceptar.Enabled(false);
@@ -44,7 +53,7 @@ TEST_F(Refused, AHiddenOrDisabledControl) {
              "rechazo elegir cboCurso #0: cboCurso está oculto", "sql centro suceso KeyDown 13"}));
 }
 
-TEST_F(Refused, EverythingOnADisabledFormButToLook) {
+TEST_F(RefusalTest, EverythingOnADisabledFormButToLook) {
   frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().Enabled(false); };
   const auto lines = PlayIn("pulsar cmdAccion\ncerrar\npulsar cmdAceptar\nver");
   ASSERT_EQ(lines.size(), 3U);
@@ -53,24 +62,18 @@ TEST_F(Refused, EverythingOnADisabledFormButToLook) {
   EXPECT_TRUE(lines[2].starts_with("ver {"));
 }
 
-TEST_F(Refused, AControlOfAnotherKind) {
-  EXPECT_EQ(PlayIn("elegir cmdAceptar #0"),
-            Lines{"rechazo elegir cmdAceptar #0: cmdAceptar no es una lista"});
-  EXPECT_EQ(PlayIn("marcar cmdAceptar 1"),
-            Lines{"rechazo marcar cmdAceptar 1: cmdAceptar no es una casilla"});
-  EXPECT_EQ(PlayIn("pulsar chkVer"), Lines{"rechazo pulsar chkVer: chkVer no es un botón"});
-  EXPECT_EQ(PlayIn("fila chkVer 1"), Lines{"rechazo fila chkVer 1: chkVer no es una rejilla"});
-  EXPECT_EQ(PlayIn("lista msgFilas 1 1"),
-            Lines{"rechazo lista msgFilas 1 1: msgFilas no es una rejilla de notas"});
-  EXPECT_EQ(PlayIn("pestana chkVer 1"),
-            Lines{"rechazo pestana chkVer 1: chkVer no es una tira de pestañas"});
-  EXPECT_EQ(PlayIn("escribir chkVer a"),
-            Lines{"rechazo escribir chkVer a: chkVer no es un cuadro de texto"});
-  EXPECT_EQ(PlayIn("doble cboCurso"),
-            Lines{"rechazo doble cboCurso: cboCurso no responde al doble clic"});
+TEST_F(RefusalTest, AControlOfAnotherKind) {
+  ExpectRefused({{"elegir cmdAceptar #0", "cmdAceptar no es una lista"},
+                 {"marcar cmdAceptar 1", "cmdAceptar no es una casilla"},
+                 {"pulsar chkVer", "chkVer no es un botón"},
+                 {"fila chkVer 1", "chkVer no es una rejilla"},
+                 {"lista msgFilas 1 1", "msgFilas no es una rejilla de notas"},
+                 {"pestana chkVer 1", "chkVer no es una tira de pestañas"},
+                 {"escribir chkVer a", "chkVer no es un cuadro de texto"},
+                 {"doble cboCurso", "cboCurso no responde al doble clic"}});
 }
 
-TEST_F(Refused, AnEntryThatIsntThere) {
+TEST_F(RefusalTest, AnEntryThatIsntThere) {
   for (const auto* entry : {"#3", "#-1", "=40", "\"2º ESO\"", "\"\"", "nada"}) {
     const auto lines = PlayIn("elegir cboCurso " + std::string(entry));
     ASSERT_EQ(lines.size(), 1U) << entry;
@@ -80,57 +83,48 @@ TEST_F(Refused, AnEntryThatIsntThere) {
   }
 }
 
-TEST_F(Refused, ADoubleClickOnNothing) {
-  EXPECT_EQ(PlayIn("doble lstAlumnos"),
-            Lines{"rechazo doble lstAlumnos: no hay ninguna entrada elegida"});
+TEST_F(RefusalTest, ADoubleClickOnNothing) {
+  ExpectRefused({{"doble lstAlumnos", "no hay ninguna entrada elegida"}});
   frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().msgFilas.Rows(0); };
-  EXPECT_EQ(PlayIn("pulsar cmdAccion\ndoble msgFilas"),
-            Lines{"rechazo doble msgFilas: no hay ninguna fila"});
+  ExpectRefused({{"doble msgFilas", "no hay ninguna fila"}}, "pulsar cmdAccion\n");
 }
 
-TEST_F(Refused, CellsThatNobodySees) {
-  EXPECT_EQ(PlayIn("fila msgFilas 3"), Lines{"rechazo fila msgFilas 3: no hay ninguna fila 3"});
-  EXPECT_EQ(PlayIn("fila msgFilas -1"), Lines{"rechazo fila msgFilas -1: no hay ninguna fila -1"});
-  EXPECT_EQ(PlayIn("fila msgFilas 0"), Lines{"rechazo fila msgFilas 0: la fila 0 es fija"});
-  EXPECT_EQ(PlayIn("fila msgFilas 1 1"), Lines{"rechazo fila msgFilas 1 1: la columna 1 no se ve"});
-  EXPECT_EQ(PlayIn("editar rtvNotas 1 2 nada"),
-            Lines{"rechazo editar rtvNotas 1 2 nada: la columna 2 no se ve"});
-  EXPECT_EQ(PlayIn("lista rtvNotas 1 2"),
-            Lines{"rechazo lista rtvNotas 1 2: la columna 2 no se ve"});
-  EXPECT_EQ(PlayIn("lista rtvNotas 2 1"),
-            Lines{"rechazo lista rtvNotas 2 1: no hay ninguna fila 2"});
-  EXPECT_EQ(PlayIn("editar rtvNotas 1 3 nada"),
-            Lines{"rechazo editar rtvNotas 1 3 nada: no hay ninguna columna 3"});
+TEST_F(RefusalTest, CellsThatNobodySees) {
+  ExpectRefused({{"fila msgFilas 3", "no hay ninguna fila 3"},
+                 {"fila msgFilas -1", "no hay ninguna fila -1"},
+                 {"fila msgFilas 0", "la fila 0 es fija"},
+                 {"fila msgFilas 1 1", "la columna 1 no se ve"},
+                 {"editar rtvNotas 1 2 nada", "la columna 2 no se ve"},
+                 {"lista rtvNotas 1 2", "la columna 2 no se ve"},
+                 {"lista rtvNotas 2 1", "no hay ninguna fila 2"},
+                 {"editar rtvNotas 1 3 nada", "no hay ninguna columna 3"}});
 }
 
-TEST_F(Refused, ATabThatIsntThere) {
-  EXPECT_EQ(PlayIn("pestana tabFichas 0"),
-            Lines{"rechazo pestana tabFichas 0: no hay ninguna pestaña 0"});
-  EXPECT_EQ(PlayIn("pestana tabFichas 3"),
-            Lines{"rechazo pestana tabFichas 3: no hay ninguna pestaña 3"});
+TEST_F(RefusalTest, ATabThatIsntThere) {
+  ExpectRefused({{"pestana tabFichas 0", "no hay ninguna pestaña 0"},
+                 {"pestana tabFichas 3", "no hay ninguna pestaña 3"}});
 }
 
-TEST_F(Refused, AWindowBelowNothing) {
-  EXPECT_EQ(PlayIn("tamano -1 100"),
-            Lines{"rechazo tamano -1 100: una ventana no puede medir menos que nada"});
+TEST_F(RefusalTest, AWindowBelowNothing) {
+  ExpectRefused({{"tamano -1 100", "una ventana no puede medir menos que nada"}});
 }
 
-TEST_F(Refused, WhatIsLeftOfATextWhenTheBoxGoes) {
+TEST_F(RefusalTest, WhatIsLeftOfATextWhenTheBoxGoes) {
   frmPrueba::alPulsar = [] {
     auto& form = FormInstance<frmPrueba>::Get();
     form.txtNombre.Change = [&form] { form.txtNombre.Enabled(false); };
   };
-  EXPECT_EQ(PlayIn("pulsar cmdAccion\nescribir txtNombre ab"),
-            Lines{"rechazo escribir txtNombre ab: ya no se puede seguir escribiendo"});
+  ExpectRefused({{"escribir txtNombre ab", "ya no se puede seguir escribiendo"}},
+                "pulsar cmdAccion\n");
 }
 
-TEST_F(Refused, AnEditWhoseGridGoesAtItsBeginning) {
+TEST_F(RefusalTest, AnEditWhoseGridGoesAtItsBeginning) {
   frmPrueba::alPulsar = [] {
     auto& form = FormInstance<frmPrueba>::Get();
     form.rtvNotas.InicioEdicion = [&form] { form.rtvNotas.Visible(false); };
   };
-  EXPECT_EQ(PlayIn("pulsar cmdAccion\neditar rtvNotas 1 1 nada"),
-            Lines{"rechazo editar rtvNotas 1 1 nada: la celda ya no se puede editar"});
+  ExpectRefused({{"editar rtvNotas 1 1 nada", "la celda ya no se puede editar"}},
+                "pulsar cmdAccion\n");
 }
 
 }  // namespace

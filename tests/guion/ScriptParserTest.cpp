@@ -28,12 +28,12 @@ std::string Mistake(const std::string& script) {
   return {};
 }
 
-TEST(ScriptParser, EmptyLinesAndCommentsGiveNoCommand) {
+TEST(ScriptParserTest, EmptyLinesAndCommentsGiveNoCommand) {
   EXPECT_TRUE(Parse("").empty());
   EXPECT_TRUE(Parse("\n  \n\t\n# nodo 1\n   # ver\n#\n").empty());
 }
 
-TEST(ScriptParser, KeepsTheLineAndTheTextAsRead) {
+TEST(ScriptParserTest, KeepsTheLineAndTheTextAsRead) {
   const auto commands = Parse("# uno\n\n \tnodo   1  # abre\nver\n");
   ASSERT_EQ(commands.size(), 2U);
   EXPECT_EQ(commands[0].line, 3U);
@@ -43,21 +43,21 @@ TEST(ScriptParser, KeepsTheLineAndTheTextAsRead) {
   EXPECT_EQ(commands[1].text, "ver");
 }
 
-TEST(ScriptParser, TheLastLineNeedsNoEnd) { EXPECT_EQ(ParseOne("cerrar").text, "cerrar"); }
+TEST(ScriptParserTest, TheLastLineNeedsNoEnd) { EXPECT_EQ(ParseOne("cerrar").text, "cerrar"); }
 
-TEST(ScriptParser, TakesLinesOfWindowsAndAByteOrderMark) {
+TEST(ScriptParserTest, TakesLinesOfWindowsAndAByteOrderMark) {
   const auto commands = Parse("\xEF\xBB\xBFnodo 1\r\nver\r\n\r\n");
   ASSERT_EQ(commands.size(), 2U);
   EXPECT_EQ(commands[0].text, "nodo 1");
   EXPECT_EQ(commands[1].text, "ver");
 }
 
-TEST(ScriptParser, ACarriageReturnWithinALineIsABlank) {
+TEST(ScriptParserTest, ACarriageReturnWithinALineIsABlank) {
   EXPECT_EQ(ParseOne("pulsar cmd\r\t").text, "pulsar cmd");
   EXPECT_EQ(ParseOne("pulsar\rcmd\r").arguments.at(0).text, "cmd");
 }
 
-TEST(ScriptParser, QuotesHoldBlanksCommentsAndDoubledQuotes) {
+TEST(ScriptParserTest, QuotesHoldBlanksCommentsAndDoubledQuotes) {
   EXPECT_EQ(ParseOne("elegir cboX \"1º ESO # a\"").Text(1), "1º ESO # a");
   EXPECT_EQ(ParseOne("sql \"SELECT \"\"a\"\"\"").Text(0), "SELECT \"a\"");
   EXPECT_EQ(ParseOne("sql \"\"\"\"").Text(0), "\"");
@@ -65,30 +65,30 @@ TEST(ScriptParser, QuotesHoldBlanksCommentsAndDoubledQuotes) {
   EXPECT_EQ(ParseOne("escribir txtX \"\\n\"").Text(1), "\\n");
 }
 
-TEST(ScriptParser, TextWithoutBlanksNeedsNoQuotes) {
+TEST(ScriptParserTest, TextWithoutBlanksNeedsNoQuotes) {
   EXPECT_EQ(ParseOne("hoy 01/02/2026").Text(0), "01/02/2026");
   EXPECT_EQ(ParseOne("elegir cboX Lengua").Text(1), "Lengua");
 }
 
-TEST(ScriptParser, AnIndexIsNoComment) {
+TEST(ScriptParserTest, AnIndexIsNoComment) {
   EXPECT_EQ(ParseOne("elegir cboX #0 # la primera").text, "elegir cboX #0");
   EXPECT_EQ(ParseOne("editar rtvX 1 2 #10").Text(3), "#10");
   EXPECT_EQ(ParseOne("elegir cboX #-1").Text(1), "#-1");
   EXPECT_EQ(ParseOne("pulsar cmdX #3 veces").text, "pulsar cmdX");
 }
 
-TEST(ScriptParser, AQuotedEntryIsAText) {
+TEST(ScriptParserTest, AQuotedEntryIsAText) {
   EXPECT_TRUE(ParseOne("elegir cboX \"#0\"").arguments[1].quoted);
   EXPECT_TRUE(ParseOne("elegir cboX \"=x\"").arguments[1].quoted);
 }
 
-TEST(ScriptParser, NamesTheLineOfAnUnknownCommand) {
+TEST(ScriptParserTest, NamesTheLineOfAnUnknownCommand) {
   EXPECT_EQ(Mistake("ver\n\nabrir 1\n"), "3: orden desconocida: abrir");
   EXPECT_EQ(Mistake("Ver"), "1: orden desconocida: Ver");
   EXPECT_EQ(Mistake("\"ver\""), "1: orden desconocida: ver");
 }
 
-TEST(ScriptParser, NamesMissingAndSurplusArguments) {
+TEST(ScriptParserTest, NamesMissingAndSurplusArguments) {
   EXPECT_EQ(Mistake("nodo"), "1: faltan argumentos: nodo");
   EXPECT_EQ(Mistake("elegir cboX # entrada"), "1: faltan argumentos: elegir");
   EXPECT_EQ(Mistake("sesion"), "1: faltan argumentos: sesion");
@@ -97,7 +97,7 @@ TEST(ScriptParser, NamesMissingAndSurplusArguments) {
   EXPECT_EQ(Mistake("fila msgX 1 2 3"), "1: sobran argumentos: 3");
 }
 
-TEST(ScriptParser, NamesArgumentsThatDontFit) {
+TEST(ScriptParserTest, NamesArgumentsThatDontFit) {
   for (const auto* line :
        {"nodo uno", "nodo 1.5", "nodo 99999999999", "marcar chkX 2", "marcar chkX si", "fallo 0",
         "fallo -1", "elegir cboX #1x", "elegir cboX =", "elegir cboX =dos", "notasactivas 2",
@@ -106,17 +106,17 @@ TEST(ScriptParser, NamesArgumentsThatDontFit) {
     EXPECT_TRUE(Mistake(line).starts_with("1: argumento no válido: ")) << line << Mistake(line);
 }
 
-TEST(ScriptParser, NamesQuotesThatDontClose) {
+TEST(ScriptParserTest, NamesQuotesThatDontClose) {
   EXPECT_EQ(Mistake("hoy \"01"), "1: falta la comilla que cierra el texto");
   EXPECT_EQ(Mistake("hoy \"01\"02"), "1: sobra algo detrás de la comilla que cierra el texto");
 }
 
-TEST(ScriptParser, RefusesWhatIsNoUtf8) {
+TEST(ScriptParserTest, RefusesWhatIsNoUtf8) {
   EXPECT_EQ(Mistake("ver\nelegir cboX \"1\xBA ESO\""), "2: el texto no es UTF-8");
   EXPECT_EQ(Mistake("# espa\xF1ol"), "1: el texto no es UTF-8");
 }
 
-TEST(ScriptParser, ReadsEveryCommand) {
+TEST(ScriptParserTest, ReadsEveryCommand) {
   const auto* script =
       "nodo 123\nelegir cboX =3\nmarcar chkX 1\npulsar cmdX(0)\ndoble lstX\nfila msgX 1\n"
       "fila msgX 1 2\neditar rtvX 1 2 nada\nlista rtvX 1 2\npestana tabX 2\nescribir txtX \"a\"\n"

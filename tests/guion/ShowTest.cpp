@@ -5,9 +5,9 @@
 namespace quorvane::test {
 namespace {
 
-class Show : public GuionTest {};
+class ShowTest : public GuionTest {};
 
-TEST_F(Show, TellsTheLifeOfAFormInOrder) {
+TEST_F(ShowTest, TellsTheLifeOfAFormInOrder) {
   EXPECT_EQ(Play("nodo 1\ncerrar"),
             (Lines{"carga frmPrueba", "sql centro suceso Load", "muestra frmPrueba",
                    "sql centro suceso Resize 6000", "sql centro suceso Activate",
@@ -15,18 +15,18 @@ TEST_F(Show, TellsTheLifeOfAFormInOrder) {
   EXPECT_EQ(status, 0);
 }
 
-TEST_F(Show, ANodeWithoutAScreenReturnsAtOnce) {
+TEST_F(ShowTest, ANodeWithoutAScreenReturnsAtOnce) {
   EXPECT_EQ(Play("nodo 0\nnodo 255"), (Lines{"vuelve 0", "vuelve 255"}));
 }
 
-TEST_F(Show, FormsThatTakeTurnsNest) {
+TEST_F(ShowTest, FormsThatTakeTurnsNest) {
   EXPECT_EQ(
       Play("nodo 2\npulsar cmdSiguiente\npulsar cmdVolver\ncerrar"),
       (Lines{"carga frmUno", "muestra frmUno", "oculta frmUno", "carga frmDos", "muestra frmDos",
              "descarga frmDos", "muestra frmUno", "descarga frmUno", "vuelve 2"}));
 }
 
-TEST_F(Show, FormsTakeTurnsThousandsOfTimes) {
+TEST_F(ShowTest, FormsTakeTurnsThousandsOfTimes) {
   std::string script = "nodo 2\n";
   constexpr auto kTurns = 5000;
   for (int i = 0; i < kTurns; ++i) script += "pulsar cmdSiguiente\npulsar cmdVolver\n";
@@ -35,14 +35,14 @@ TEST_F(Show, FormsTakeTurnsThousandsOfTimes) {
   EXPECT_EQ(lines.size(), 4U + 5U * kTurns);
 }
 
-TEST_F(Show, TheEndOfTheScriptLeavesFormsWithoutUnloadingThem) {
+TEST_F(ShowTest, TheEndOfTheScriptLeavesFormsWithoutUnloadingThem) {
   EXPECT_EQ(Play("nodo 2\npulsar cmdSiguiente").back(), "muestra frmDos");
   EXPECT_EQ(status, 0);
   EXPECT_FALSE(FormInstance<frmUno>::Exists());
   EXPECT_FALSE(FormInstance<frmDos>::Exists());
 }
 
-TEST_F(Show, AnErrorComesOutOfAllShowsAndTheHostGoesOn) {
+TEST_F(ShowTest, AnErrorComesOutOfAllShowsAndTheHostGoesOn) {
   EXPECT_EQ(
       Play("nodo 2\npulsar cmdSiguiente\npulsar cmdFalla\nver\nnodo 2"),
       (Lines{"carga frmUno", "muestra frmUno", "oculta frmUno", "carga frmDos", "muestra frmDos",
@@ -51,24 +51,24 @@ TEST_F(Show, AnErrorComesOutOfAllShowsAndTheHostGoesOn) {
   EXPECT_EQ(status, 1);
 }
 
-TEST_F(Show, AnErrorInLoadNeverShowsTheForm) {
+TEST_F(ShowTest, AnErrorInLoadNeverShowsTheForm) {
   module.ActivarFormulario = [](std::uint8_t) { frmPrueba::conexion->Execute("malo"); };
   EXPECT_EQ(Play("nodo 1"), (Lines{"sql centro malo", "error -2147467259 rechazada"}));
   EXPECT_EQ(status, 1);
 }
 
-TEST_F(Show, AnErrorOfSeveralLinesIsOneEvent) {
+TEST_F(ShowTest, AnErrorOfSeveralLinesIsOneEvent) {
   module.ActivarFormulario = [](std::uint8_t) {
     throw RuntimeError(ErrorNumber::StatementFailed, "uno\r\ndos\ntres");
   };
   EXPECT_EQ(Play("nodo 1"), (Lines{"error -2147467259 uno  dos tres"}));
 }
 
-TEST_F(Show, ANodeBeyondAByteIsAnError) {
+TEST_F(ShowTest, ANodeBeyondAByteIsAnError) {
   EXPECT_EQ(Play("nodo 256\nnodo -1"), (Lines{"error 6 Desbordamiento", "error 6 Desbordamiento"}));
 }
 
-TEST_F(Show, AHiddenFormReturnsAndStaysLoaded) {
+TEST_F(ShowTest, AHiddenFormReturnsAndStaysLoaded) {
   frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().Hide(); };
   EXPECT_EQ(Play("nodo 1\npulsar cmdAccion\nnodo 1"),
             (Lines{"carga frmPrueba", "sql centro suceso Load", "muestra frmPrueba",

@@ -4,8 +4,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "tests/kills/Program.h"
 #include "tests/kills/Replica.h"
+#include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
 namespace {
@@ -58,9 +58,9 @@ Opened OpenForms(const std::string& school, const Target& target) {
                         << Flow(126, target, "elegir cboAlumno =" + target.student + "\n")
                         << Flow(127, target, "elegir cboMateria =" + target.subject + "\n");
   const auto played =
-      RunProgram(QUORVANE_GUION " --bd " + Quoted(school) + " --usuario 1 " + Quoted(script));
+      RunCommand(QUORVANE_GUION " --bd " + Quoted(school) + " --usuario 1 " + Quoted(script));
   Opened opened;
-  std::istringstream lines(played.printed);
+  std::istringstream lines(played.text);
   for (std::string line; std::getline(lines, line);) {
     if (IsGradeForm(line)) ++opened.shown;
     // It comes on the screen and goes again at once.

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "tests/kills/Kills.h"
-#include "tests/kills/Program.h"
+#include "tests/support/RunCommand.h"
 
 // What is done after a death: what a technician does, and what the next user sees.
 
@@ -15,9 +15,9 @@ constexpr std::string_view kPublication = "Publicación ";
 constexpr std::string_view kOrphans = "Bloqueos sin publicación ";
 
 std::string Locks(const std::string& school) {
-  const auto result = RunProgram(QUORVANE_ESCUELA " bloqueos " + Quoted(school));
-  if (result.status != 0) throw std::runtime_error("bloqueos: " + result.printed);
-  return result.printed;
+  const auto result = RunCommand(QUORVANE_ESCUELA " bloqueos " + Quoted(school));
+  if (result.status != 0) throw std::runtime_error("bloqueos: " + result.text);
+  return result.text;
 }
 
 }  // namespace
@@ -53,8 +53,8 @@ void Kills::RemoveLocks() {
 
 void Kills::RemovePublication(const std::string& number) {
   const auto result =
-      RunProgram(QUORVANE_ESCUELA " bloqueos " + Quoted(school_) + " --borrar " + number);
-  if (result.status != 0) throw std::runtime_error("bloqueos --borrar: " + result.printed);
+      RunCommand(QUORVANE_ESCUELA " bloqueos " + Quoted(school_) + " --borrar " + number);
+  if (result.status != 0) throw std::runtime_error("bloqueos --borrar: " + result.text);
   replica_->Apply("DELETE FROM BloqueoPte WHERE CodPublicacion=" + number);
   replica_->Apply("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" + number);
 }

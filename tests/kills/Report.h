@@ -12,10 +12,7 @@ class Report {
  public:
   Report();
   ~Report();
-  Report(const Report&) = delete;
-  Report& operator=(const Report&) = delete;
   Report(Report&&) = delete;
-  Report& operator=(Report&&) = delete;
 
   /// The side that tells, in the victim.
   [[nodiscard]] int In() const noexcept { return ends_[1]; }

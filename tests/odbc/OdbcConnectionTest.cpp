@@ -2,15 +2,16 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <thread>
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
+#include "tests/odbc/StatementError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 // On the file database's driver, which every machine that builds this has.
@@ -19,31 +20,16 @@ namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::Not;
-using ::testing::StartsWith;
 
 class OdbcConnectionTest : public testing::Test {
  protected:
   OdbcConnectionTest() {
-    sqlite::SqliteConnection maker(path, "", sqlite::OpenMode::Create);
-    maker.Open();
+    Opened<sqlite::SqliteConnection> maker(path, "", sqlite::OpenMode::Create);
     maker.Execute("CREATE TABLE T (a INTEGER, b TEXT)");
     con.Open();
   }
 
   std::vector<std::string> Rows(const std::string& statement) { return RunRows(con, statement); }
-
-  static std::string ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const RuntimeError& error) {
-      EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
-      return error.Description();
-    }
-    return "no error";
-  }
 
   TempFolder folder;
   std::string path = folder / "a.sqlite";
@@ -165,9 +151,9 @@ TEST_F(OdbcConnectionTest, JoinsTextsAndNestedTablesAsTheFileDatabaseDoes) {
 }
 
 TEST_F(OdbcConnectionTest, AFailureTellsStateTextAndNumber) {
-  EXPECT_EQ(ErrorOf([&] { con.Execute("SELECT * FROM Señales"); }),
+  EXPECT_EQ(StatementError([&] { con.Execute("SELECT * FROM Señales"); }),
             "[HY000] no such table: Señales (1)");
-  EXPECT_THAT(ErrorOf([&] { con.Execute("SELEC"); }), StartsWith("[HY000] near \"SELEC\""));
+  EXPECT_THAT(StatementError([&] { con.Execute("SELEC"); }), StartsWith("[HY000] near \"SELEC\""));
   EXPECT_TRUE(con.IsOpen());
   EXPECT_THAT(Rows("SELECT 1"), ElementsAre("1"));
 }
@@ -175,16 +161,16 @@ TEST_F(OdbcConnectionTest, AFailureTellsStateTextAndNumber) {
 TEST_F(OdbcConnectionTest, AFailedOneLeavesWhatWasWritten) {
   con.Execute("CREATE TABLE K (k INTEGER PRIMARY KEY)");
   con.Execute("INSERT INTO K VALUES (1)");
-  EXPECT_THAT(ErrorOf([&] { con.Execute("INSERT INTO K VALUES (1)"); }), HasSubstr("UNIQUE"));
-  sqlite::SqliteConnection other(path, "");
-  other.Open();
+  EXPECT_THAT(StatementError([&] { con.Execute("INSERT INTO K VALUES (1)"); }),
+              HasSubstr("UNIQUE"));
+  Opened<sqlite::SqliteConnection> other(path, "");
   EXPECT_THAT(RunRows(other, "SELECT * FROM K"), ElementsAre("1"));
 }
 
 TEST_F(OdbcConnectionTest, AFileThatIsNotThereIsNotMade) {
   const auto missing = folder / "otra.sqlite";
   OdbcConnection none("Driver=SQLite3;PWD=secreto;Database=" + missing, "");
-  const auto told = ErrorOf([&] { none.Open(); });
+  const auto told = StatementError([&] { none.Open(); });
   EXPECT_THAT(told, StartsWith("No se puede conectar con la base de datos: [HY000] "));
   EXPECT_THAT(told, Not(HasSubstr("secreto")));
   EXPECT_FALSE(none.IsOpen());
@@ -194,14 +180,13 @@ TEST_F(OdbcConnectionTest, AFileThatIsNotThereIsNotMade) {
 TEST_F(OdbcConnectionTest, SaysWhatToDoAboutADriverThatIsNotThere) {
   for (const auto* const nobody : {"Driver=NoHayTal;Server=x", "DSN=NoHayTal", "", "x"}) {
     OdbcConnection none(nobody, "");
-    EXPECT_THAT(ErrorOf([&] { none.Open(); }), HasSubstr("odbcinst -q -d")) << nobody;
+    EXPECT_THAT(StatementError([&] { none.Open(); }), HasSubstr("odbcinst -q -d")) << nobody;
     EXPECT_FALSE(none.IsOpen());
   }
 }
 
 TEST_F(OdbcConnectionTest, WaitsForWhoWrites) {
-  sqlite::SqliteConnection other(path, "");
-  other.Open();
+  Opened<sqlite::SqliteConnection> other(path, "");
   other.Execute("BEGIN IMMEDIATE");
   std::thread writer([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(300));
@@ -214,12 +199,11 @@ TEST_F(OdbcConnectionTest, WaitsForWhoWrites) {
 }
 
 TEST_F(OdbcConnectionTest, WaitsNoLongerThanTheStringSays) {
-  sqlite::SqliteConnection other(path, "");
-  other.Open();
+  Opened<sqlite::SqliteConnection> other(path, "");
   other.Execute("BEGIN IMMEDIATE");
   OdbcConnection hasty(text + ";Timeout=50", "");
   hasty.Open();
-  EXPECT_THAT(ErrorOf([&] { hasty.Execute("INSERT INTO T VALUES (2,'')"); }),
+  EXPECT_THAT(StatementError([&] { hasty.Execute("INSERT INTO T VALUES (2,'')"); }),
               HasSubstr("database is locked"));
 }
 
@@ -234,8 +218,7 @@ TEST_F(OdbcConnectionTest, ADataSourceIsAsGoodAsADriver) {
   const auto sources = folder / "odbc.ini";
   std::ofstream(sources) << "[Centro]\nDriver=SQLite3\nDatabase=" << path << "\n";
   setenv("ODBCINI", sources.c_str(), 1);
-  OdbcConnection named("DSN=Centro", "");
-  named.Open();
+  Opened<OdbcConnection> named("DSN=Centro", "");
   unsetenv("ODBCINI");
   EXPECT_EQ(named.ReachedEngine(), sqltext::Engine::Sqlite);
   EXPECT_EQ(named.DataSource(), path);
@@ -248,8 +231,7 @@ TEST_F(OdbcConnectionTest, GivesBackWhatItTakes) {
   };
   const auto before = open();
   for (auto i = 0; i < 100; ++i) {
-    OdbcConnection one(text, "");
-    one.Open();
+    Opened<OdbcConnection> one(text, "");
     for (auto k = 0; k < 20; ++k) one.Execute("SELECT * FROM T");
   }
   EXPECT_EQ(open(), before);

@@ -29,9 +29,9 @@ std::vector<std::string> WithoutState(std::vector<std::string> rows) {
   return rows;
 }
 
-class SameRows : public testing::Test {
+class SameRowsTest : public testing::Test {
  protected:
-  SameRows() {
+  SameRowsTest() {
     for (const auto& path : {byFile_, byDriver_})
       MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
     native.Open();
@@ -48,7 +48,7 @@ class SameRows : public testing::Test {
   odbc::OdbcConnection driver{OdbcString(byDriver_), ""};
 };
 
-TEST_F(SameRows, OfEveryStatementThatTheModuleCanIssue) {
+TEST_F(SameRowsTest, OfEveryStatementThatTheModuleCanIssue) {
   const auto lines = Catalogue(QUORVANE_STATEMENTS);
   ASSERT_GT(lines.size(), 150U);
   auto compared = 0;
@@ -65,14 +65,14 @@ TEST_F(SameRows, OfEveryStatementThatTheModuleCanIssue) {
   EXPECT_GT(compared, 1000);
 }
 
-TEST_F(SameRows, OfEveryTable) {
+TEST_F(SameRowsTest, OfEveryTable) {
   for (const auto& table : SchoolTables())
     EXPECT_EQ(RunRows(driver, "SELECT * FROM " + table.name),
               RunRows(native, "SELECT * FROM " + table.name))
         << table.name;
 }
 
-TEST_F(SameRows, UnderTheSameNamesAndOfTheSameKind) {
+TEST_F(SameRowsTest, UnderTheSameNamesAndOfTheSameKind) {
   auto compared = 0;
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     const auto statement = FillIn(line, 5);

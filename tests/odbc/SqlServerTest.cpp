@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 
@@ -17,47 +15,34 @@
 #include "frame/modGeneral.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
+#include "tests/odbc/StatementError.h"
 #include "tests/odbc/TdsServer.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::StartsWith;
 
 using Lines = std::vector<std::string>;
 
-std::string ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
-    return error.Description();
-  }
-  return "no error";
-}
-
 void Demo(Connection& school) { DemoSchool(school).Build(); }
 
-class SqlServer : public testing::Test {
+class SqlServerTest : public testing::Test {
  protected:
   TdsServer server;
   OdbcConnection con{server.String(), ""};
 };
 
-TEST_F(SqlServer, IsWhatTheDriverNames) {
+TEST_F(SqlServerTest, IsWhatTheDriverNames) {
   con.Open();
   EXPECT_EQ(con.ReachedEngine(), sqltext::Engine::SqlServer);
   EXPECT_EQ(con.DataSource(), "127.0.0.1");
 }
 
-TEST_F(SqlServer, ValuesOfEveryType) {
+TEST_F(SqlServerTest, ValuesOfEveryType) {
   con.Open();
   auto rows = con.Execute("EXEC tipos");
   EXPECT_EQ(rows.RecordCount(), 3U);
@@ -85,7 +70,7 @@ TEST_F(SqlServer, ValuesOfEveryType) {
   EXPECT_EQ(rows.Fields("decimal").Long(), 700);
 }
 
-TEST_F(SqlServer, ATextReachesItUnchanged) {
+TEST_F(SqlServerTest, ATextReachesItUnchanged) {
   con.Open();
   std::string longest = "SELECT '";
   for (auto i = 0; i < 20000; ++i) longest += "ñ€";
@@ -101,40 +86,40 @@ TEST_F(SqlServer, ATextReachesItUnchanged) {
   EXPECT_THAT(RunRows(con, statements[1]), ElementsAre("Ωμέγα Дмитрий שלום 你好 😀🇪🇸"));
 }
 
-TEST_F(SqlServer, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
+TEST_F(SqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
   con.Open();
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
-  EXPECT_EQ(ErrorOf([&] { con.Execute("EXEC falla"); }),
+  EXPECT_EQ(StatementError([&] { con.Execute("EXEC falla"); }),
             "[23000] La parte última falló, señor (547)");
   EXPECT_TRUE(con.IsOpen());
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
 }
 
-TEST_F(SqlServer, AFailureTellsStateTextAndNumber) {
+TEST_F(SqlServerTest, AFailureTellsStateTextAndNumber) {
   con.Open();
-  EXPECT_EQ(ErrorOf([&] { con.Execute("SELECT * FROM Nada"); }),
+  EXPECT_EQ(StatementError([&] { con.Execute("SELECT * FROM Nada"); }),
             "[42S02] Invalid object name 'Nada'. (208)");
-  EXPECT_THAT(ErrorOf([&] { con.Execute("SELEC"); }), StartsWith("[42000] "));
+  EXPECT_THAT(StatementError([&] { con.Execute("SELEC"); }), StartsWith("[42000] "));
   con.Execute("CREATE TABLE K (k int NOT NULL PRIMARY KEY)");
   EXPECT_FALSE(con.Execute("INSERT INTO K VALUES (1)").IsOpen());
-  EXPECT_THAT(ErrorOf([&] { con.Execute("INSERT INTO K VALUES (1)"); }),
+  EXPECT_THAT(StatementError([&] { con.Execute("INSERT INTO K VALUES (1)"); }),
               AllOf(StartsWith("[23000] "), HasSubstr("(2627)")));
 }
 
-TEST_F(SqlServer, AWrongPasswordIsToldWithoutIt) {
+TEST_F(SqlServerTest, AWrongPasswordIsToldWithoutIt) {
   OdbcConnection other(server.String("equivocada"), "");
   EXPECT_THAT(
-      ErrorOf([&] { other.Open(); }),
+      StatementError([&] { other.Open(); }),
       AllOf(HasSubstr("Login failed for user 'zendria'. (18456)"),
             HasSubstr("Compruebe el usuario y la contraseña"), Not(HasSubstr("equivocada"))));
   EXPECT_FALSE(other.IsOpen());
 }
 
-TEST_F(SqlServer, ALostConnectionIsToldAndClosed) {
+TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
   con.Open();
   con.Execute("SELECT 1");
   server.Kill();
-  EXPECT_THAT(ErrorOf([&] { con.Execute("SELECT 2"); }),
+  EXPECT_THAT(StatementError([&] { con.Execute("SELECT 2"); }),
               StartsWith("Se ha perdido la conexión con la base de datos: ["));
   EXPECT_FALSE(con.IsOpen());
   try {
@@ -143,10 +128,10 @@ TEST_F(SqlServer, ALostConnectionIsToldAndClosed) {
   } catch (const RuntimeError& error) {
     EXPECT_TRUE(error.Is(ErrorNumber::ObjectClosed));
   }
-  EXPECT_THAT(ErrorOf([&] { con.Open(); }), StartsWith("No se puede conectar"));
+  EXPECT_THAT(StatementError([&] { con.Open(); }), StartsWith("No se puede conectar"));
 }
 
-TEST_F(SqlServer, TakesASchoolAndKeepsIt) {
+TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
   const auto address = SchoolAddress::Odbc(server.String());
   MakeSchool(address, Demo);
   const auto school = address.Open("");
@@ -155,27 +140,26 @@ TEST_F(SqlServer, TakesASchoolAndKeepsIt) {
   EXPECT_EQ(LockList(*school).Read().size(), 1U);
   EXPECT_TRUE(LockList(*school).Remove(1));
   EXPECT_THAT(LockList(*school).Read(), IsEmpty());
-  EXPECT_THAT(ErrorOf([&] { MakeSchool(address, Demo); }), HasSubstr("ya tiene la tabla"));
+  EXPECT_THAT(StatementError([&] { MakeSchool(address, Demo); }), HasSubstr("ya tiene la tabla"));
 }
 
-TEST_F(SqlServer, IsLeftEmptyByASchoolThatFails) {
+TEST_F(SqlServerTest, IsLeftEmptyByASchoolThatFails) {
   const auto address = SchoolAddress::Odbc(server.String());
-  EXPECT_THAT(ErrorOf([&] {
+  EXPECT_THAT(StatementError([&] {
                 MakeSchool(address, [](Connection& school) {
                   school.Execute("INSERT INTO Profesor_Pte VALUES (1,1)");
                   school.Execute("INSERT INTO Nada VALUES (1)");
                 });
               }),
               HasSubstr("No ha quedado nada escrito"));
-  EXPECT_THAT(ErrorOf([&] {
+  EXPECT_THAT(StatementError([&] {
                 MakeSchool(address, [this](Connection& school) {
                   server.Kill();
                   school.Execute("INSERT INTO Profesor_Pte VALUES (1,1)");
                 });
               }),
               AllOf(HasSubstr("Se ha perdido la conexión"), Not(HasSubstr("secreto"))));
-  sqlite::SqliteConnection file(server.File(), "", sqlite::OpenMode::Create);
-  file.Open();
+  Opened<sqlite::SqliteConnection> file(server.File(), "", sqlite::OpenMode::Create);
   EXPECT_THAT(RunRows(file, "SELECT name FROM sqlite_master"), IsEmpty());
 }
 
@@ -215,15 +199,14 @@ Lines WithoutStatements(Lines lines) {
 
 /// A table with True as 1, as the server has it and a file has not.
 Lines Table(const std::string& file, const std::string& table) {
-  sqlite::SqliteConnection school(file, "", sqlite::OpenMode::ReadOnly);
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(file, "", sqlite::OpenMode::ReadOnly);
   auto rows = RunRows(school, "SELECT * FROM " + table + " ORDER BY 1, 2");
   for (auto& row : rows)
     for (auto at = row.find("-1"); at != std::string::npos; at = row.find("-1")) row.erase(at, 1);
   return rows;
 }
 
-TEST_F(SqlServer, AWholeSchoolYearIsTheSameAsOnAFile) {
+TEST_F(SqlServerTest, AWholeSchoolYearIsTheSameAsOnAFile) {
   TempFolder folder;
   const auto file = folder / "centro.sqlite";
   MakeSchool(SchoolAddress::File(file), Demo);
@@ -264,7 +247,7 @@ TEST_F(SqlServer, AWholeSchoolYearIsTheSameAsOnAFile) {
   EXPECT_FALSE(compares("Abreviatura=-1"));
 }
 
-TEST(ASqlServer, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
+TEST(DyingSqlServerTest, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
   // The sample school ends at 105: this is the first that the register writes.
   const TdsServer server("INSERT INTO EvaluacionPte VALUES (106,");
   MakeSchool(SchoolAddress::Odbc(server.String()), Demo);
@@ -278,8 +261,8 @@ TEST(ASqlServer, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
               StartsWith("error -2147467259 Se ha perdido la conexión con la base de datos: ["));
   EXPECT_THAT(*(error - 1), StartsWith("sql centro INSERT INTO EvaluacionPte VALUES (106,"));
   // What had been written stays, and nothing more is tried on a connection that is gone.
-  EXPECT_THAT(Table(server.File(), "AlumnoPte_MatDet"), testing::Contains(StartsWith("36|34|20|")));
-  EXPECT_THAT(lines, testing::Contains(StartsWith("error 3704 ")));
+  EXPECT_THAT(Table(server.File(), "AlumnoPte_MatDet"), Contains(StartsWith("36|34|20|")));
+  EXPECT_THAT(lines, Contains(StartsWith("error 3704 ")));
   EXPECT_EQ(server.Batches().back(), (error - 1)->substr(sizeof "sql centro"));
 }
 

@@ -15,10 +15,7 @@ class TdsServer {
   /// The server ends at once, without an answer, at the batch that holds `diesAt`; empty for none.
   explicit TdsServer(const std::string& diesAt = {});
   ~TdsServer();
-  TdsServer(const TdsServer&) = delete;
-  TdsServer& operator=(const TdsServer&) = delete;
   TdsServer(TdsServer&&) = delete;
-  TdsServer& operator=(TdsServer&&) = delete;
 
   [[nodiscard]] std::string String(const std::string& password = "secreto") const;
   /// The batches that have reached it, each as it came.

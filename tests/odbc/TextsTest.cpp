@@ -11,14 +11,14 @@ using odbc::ConnectionString;
 using odbc::FromWide;
 using odbc::ToWide;
 
-TEST(WideText, LettersOfEveryLengthGoThereAndBack) {
+TEST(WideTextTest, LettersOfEveryLengthGoThereAndBack) {
   const std::string text = "a\x7fñ߿ࠀ\uFFFF😀\U0010FFFF";
   EXPECT_EQ(ToWide("añ€😀"), u"añ€😀");
   EXPECT_EQ(FromWide(ToWide(text)), text);
   EXPECT_EQ(ToWide(""), u"");
 }
 
-TEST(WideText, WhatIsNoTextIsReplaced) {
+TEST(WideTextTest, WhatIsNoTextIsReplaced) {
   EXPECT_EQ(ToWide("a\xff"
                    "b\xc3"),
             u"a\uFFFDb\uFFFD");
@@ -31,7 +31,7 @@ TEST(WideText, WhatIsNoTextIsReplaced) {
   EXPECT_EQ(FromWide(std::u16string{0xD83D, u'b'}), "\uFFFDb");
 }
 
-TEST(AConnectionString, IsReadByItsKeywords) {
+TEST(ConnectionStringTest, IsReadByItsKeywords) {
   const ConnectionString given(" Driver = {SQL Server;x} ;;Server=a,1433; PWD={a}};b};Vacio=");
   EXPECT_EQ(given.Value("driver"), "SQL Server;x");
   EXPECT_EQ(given.Value("SERVER"), "a,1433");
@@ -41,21 +41,21 @@ TEST(AConnectionString, IsReadByItsKeywords) {
   EXPECT_FALSE(given.Has("UID"));
 }
 
-TEST(AConnectionString, IsWrittenAsItWasGiven) {
+TEST(ConnectionStringTest, IsWrittenAsItWasGiven) {
   for (const auto* const text :
        {"", "Driver=FreeTDS;Server=a",
         "Driver={ODBC Driver 18 for SQL Server};Server=tcp:a\\b,1433", "PWD={a}};b}"})
     EXPECT_EQ(ConnectionString(text).Text(), text);
 }
 
-TEST(AConnectionString, LosesItsPasswordWhenShown) {
+TEST(ConnectionStringTest, LosesItsPasswordWhenShown) {
   for (const auto* const text :
        {"DSN=a;PWD=secreto;UID=b", "DSN=a;pwd={se;creto};UID=b", "DSN=a;Password=secreto;UID=b",
         "DSN=a; Pwd = secreto ;UID=b", "PWD=x;DSN=a;PWD=secreto;UID=b"})
     EXPECT_EQ(ConnectionString(text).TextWithoutPassword(), "DSN=a;UID=b") << text;
 }
 
-TEST(AConnectionString, TakesAPasswordOfAnyLetters) {
+TEST(ConnectionStringTest, TakesAPasswordOfAnyLetters) {
   for (const auto* const password :
        {"simple", "a;b", "a}b", "{a}", " a ", "=", "ñ'\"", "{}};PWD=x"}) {
     ConnectionString given("DSN=a;UID=b");
@@ -67,7 +67,7 @@ TEST(AConnectionString, TakesAPasswordOfAnyLetters) {
   }
 }
 
-TEST(AConnectionString, OfRubbishHasNothing) {
+TEST(ConnectionStringTest, OfRubbishHasNothing) {
   for (const auto* const text : {"=", ";;;", "a", "={", "a;b", ";=x;"})
     EXPECT_EQ(ConnectionString(text).Text(), "") << text;
   EXPECT_EQ(ConnectionString("PWD={sin cerrar;UID=b").TextWithoutPassword(), "");

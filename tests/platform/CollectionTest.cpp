@@ -16,7 +16,7 @@ std::vector<int> InOrder(const Collection<int>& collection) {
   return numbers;
 }
 
-TEST(KeyedCollection, KeepsTheOrderOfItsAdds) {
+TEST(CollectionTest, KeepsTheOrderOfItsAdds) {
   const auto collection = Numbers({30, 10, 20});
   EXPECT_EQ(InOrder(collection), (std::vector<int>{30, 10, 20}));
   EXPECT_EQ(collection.Count(), 3U);
@@ -25,20 +25,20 @@ TEST(KeyedCollection, KeepsTheOrderOfItsAdds) {
   EXPECT_FALSE(collection.Contains("21"));
 }
 
-TEST(KeyedCollection, AKeyTwiceIsErrorAndChangesNothing) {
+TEST(CollectionTest, AKeyTwiceIsErrorAndChangesNothing) {
   auto collection = Numbers({1, 2});
   EXPECT_EQ(ErrorOf([&] { collection.Add(std::make_shared<int>(9), "1"); }), 457);
   EXPECT_EQ(InOrder(collection), (std::vector<int>{1, 2}));
   EXPECT_EQ(*collection["1"], 1);
 }
 
-TEST(KeyedCollection, AMissingKeyIsError) {
+TEST(CollectionTest, AMissingKeyIsError) {
   auto collection = Numbers({1});
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(collection["2"]); }), 5);
   EXPECT_EQ(ErrorOf([&] { collection.Remove("2"); }), 5);
 }
 
-TEST(KeyedCollection, RemovingClosesUpAndFreesTheKey) {
+TEST(CollectionTest, RemovingClosesUpAndFreesTheKey) {
   auto collection = Numbers({1, 2, 3});
   collection.Remove("2");
   EXPECT_EQ(InOrder(collection), (std::vector<int>{1, 3}));
@@ -50,13 +50,13 @@ TEST(KeyedCollection, RemovingClosesUpAndFreesTheKey) {
   EXPECT_FALSE(collection.Contains("1"));
 }
 
-TEST(KeyedCollection, ASnapshotCanBeWalkedWhileItemsGo) {
+TEST(CollectionTest, ASnapshotCanBeWalkedWhileItemsGo) {
   auto collection = Numbers({1, 2, 3});
   for (const auto& number : collection.Snapshot()) collection.Remove(Key(*number));
   EXPECT_EQ(collection.Count(), 0U);
 }
 
-TEST(KeyedCollection, KeysAreDecimalTexts) {
+TEST(CollectionTest, KeysAreDecimalTexts) {
   EXPECT_EQ(Key(0), "0");
   EXPECT_EQ(Key(-5), "-5");
   EXPECT_EQ(Key(2147483647), "2147483647");

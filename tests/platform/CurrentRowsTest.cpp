@@ -8,9 +8,9 @@ namespace quorvane::test {
 namespace {
 
 /// A form with two grids, the first below a heading, and rows of data 10, 20, 20, 30.
-class ChosenRows : public testing::Test {
+class CurrentRowsTest : public testing::Test {
  protected:
-  ChosenRows() {
+  CurrentRowsTest() {
     for (auto* grid : {&headed, &plain}) grid->Cols(2);
     headed.Rows(2);
     headed.FixedRows(1);
@@ -33,7 +33,7 @@ class ChosenRows : public testing::Test {
   MSFlexGrid plain{form, "msgDos"};
 };
 
-TEST_F(ChosenRows, AreFoundByTheirDataWhereverTheyStandNow) {
+TEST_F(CurrentRowsTest, AreFoundByTheirDataWhereverTheyStandNow) {
   headed.Row(4);
   plain.Row(3);
   headed.Col(1);
@@ -46,7 +46,7 @@ TEST_F(ChosenRows, AreFoundByTheirDataWhereverTheyStandNow) {
   EXPECT_EQ(headed.Col(), 1);
 }
 
-TEST_F(ChosenRows, OfEqualDataAreToldApartByTheirOrder) {
+TEST_F(CurrentRowsTest, OfEqualDataAreToldApartByTheirOrder) {
   headed.Row(3);
   plain.Row(1);
   const CurrentRows chosen(form);
@@ -56,7 +56,7 @@ TEST_F(ChosenRows, OfEqualDataAreToldApartByTheirOrder) {
   EXPECT_EQ(plain.Row(), 1) << "the first";
 }
 
-TEST_F(ChosenRows, ThatAreGoneLeaveTheGridAsItWasFilled) {
+TEST_F(CurrentRowsTest, ThatAreGoneLeaveTheGridAsItWasFilled) {
   headed.Row(4);
   plain.Row(2);
   const CurrentRows chosen(form);
@@ -70,7 +70,7 @@ TEST_F(ChosenRows, ThatAreGoneLeaveTheGridAsItWasFilled) {
   EXPECT_EQ(plain.Row(), -1);
 }
 
-TEST_F(ChosenRows, GiveWayToTheOneThatTheFormChoseItself) {
+TEST_F(CurrentRowsTest, GiveWayToTheOneThatTheFormChoseItself) {
   headed.Row(4);
   const CurrentRows chosen(form);
   Fill({10, 20, 30});
@@ -79,7 +79,7 @@ TEST_F(ChosenRows, GiveWayToTheOneThatTheFormChoseItself) {
   EXPECT_EQ(headed.Row(), 2);
 }
 
-TEST_F(ChosenRows, StayWhereNothingWasFilledAgain) {
+TEST_F(CurrentRowsTest, StayWhereNothingWasFilledAgain) {
   headed.Row(3);
   const CurrentRows chosen(form);
   chosen.ChooseAgain();
@@ -87,7 +87,7 @@ TEST_F(ChosenRows, StayWhereNothingWasFilledAgain) {
 }
 
 // The first row that a grid gets has been chosen by nobody.
-TEST_F(ChosenRows, AreNoHeadings) {
+TEST_F(CurrentRowsTest, AreNoHeadings) {
   Fill({});
   ASSERT_EQ(headed.Row(), 0);
   const CurrentRows chosen(form);

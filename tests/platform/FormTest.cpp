@@ -49,9 +49,9 @@ class frmVida : public Form {
 
 using Told = std::vector<std::string>;
 
-class AForm : public testing::Test {
+class FormTest : public testing::Test {
  protected:
-  AForm() {
+  FormTest() {
     events = &screen.told;
     frmVida::alCargar = nullptr;
     frmVida::alActivar = nullptr;
@@ -62,7 +62,7 @@ class AForm : public testing::Test {
   ScriptedFrontEnd screen;
 };
 
-TEST_F(AForm, LivesFromLoadToUnload) {
+TEST_F(FormTest, LivesFromLoadToUnload) {
   Get().ShowModal();
   EXPECT_EQ(screen.told,
             (Told{"carga frmVida", "Load", "muestra frmVida", "Resize 1000", "Activate",
@@ -70,7 +70,7 @@ TEST_F(AForm, LivesFromLoadToUnload) {
   EXPECT_FALSE(FormInstance<frmVida>::Exists());
 }
 
-TEST_F(AForm, CanBeDroppedFromInsideOneOfItsHandlers) {
+TEST_F(FormTest, CanBeDroppedFromInsideOneOfItsHandlers) {
   Get().cmdUno.Click = [] {
     Get().Unload();
     EXPECT_FALSE(FormInstance<frmVida>::Exists());
@@ -82,7 +82,7 @@ TEST_F(AForm, CanBeDroppedFromInsideOneOfItsHandlers) {
             (Told{"tras el botón", "acaba frmVida", "fin"}));
 }
 
-TEST_F(AForm, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
+TEST_F(FormTest, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
   screen.user = [](Form& form) { form.Hide(); };
   Get().ShowModal();
   EXPECT_TRUE(Get().Loaded());
@@ -93,14 +93,14 @@ TEST_F(AForm, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
                                "acaba frmVida"}));
 }
 
-TEST_F(AForm, MayGoWhileItIsActivated) {
+TEST_F(FormTest, MayGoWhileItIsActivated) {
   frmVida::alActivar = [] { Get().Unload(); };
   screen.user = [](Form&) { FAIL() << "there is no form to act on"; };
   Get().ShowModal();
   EXPECT_EQ(screen.told.back(), "fin");
 }
 
-TEST_F(AForm, ShowsNestAlsoOfOneForm) {
+TEST_F(FormTest, ShowsNestAlsoOfOneForm) {
   int depth = 0;
   screen.user = [&depth](Form& form) {
     if (++depth < 3) {
@@ -117,13 +117,13 @@ TEST_F(AForm, ShowsNestAlsoOfOneForm) {
   EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "fin"), 1);
 }
 
-TEST_F(AForm, AFailureInLoadComesOutOfTheShow) {
+TEST_F(FormTest, AFailureInLoadComesOutOfTheShow) {
   frmVida::alCargar = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
   EXPECT_EQ(ErrorOf([] { Get().ShowModal(); }), 3021);
   EXPECT_EQ(screen.told, (Told{"carga frmVida", "Load"}));
 }
 
-TEST_F(AForm, AFailureInAHandlerComesOutOfAllShows) {
+TEST_F(FormTest, AFailureInAHandlerComesOutOfAllShows) {
   Get().cmdUno.Click = [] { throw RuntimeError(ErrorNumber::Overflow); };
   int depth = 0;
   screen.user = [&depth](Form& form) {
@@ -134,7 +134,7 @@ TEST_F(AForm, AFailureInAHandlerComesOutOfAllShows) {
   EXPECT_EQ(depth, 3);
 }
 
-TEST_F(AForm, DroppingAllRunsNoUnload) {
+TEST_F(FormTest, DroppingAllRunsNoUnload) {
   screen.user = [](Form& form) { form.Hide(); };
   Get().ShowModal();
   screen.told.clear();
@@ -145,7 +145,7 @@ TEST_F(AForm, DroppingAllRunsNoUnload) {
   EXPECT_FALSE(Get().Loaded()) << "a fresh one";
 }
 
-TEST_F(AForm, UnloadingAFormThatIsntLoadedDoesNothing) {
+TEST_F(FormTest, UnloadingAFormThatIsntLoadedDoesNothing) {
   Get().Unload();
   EXPECT_TRUE(screen.told.empty());
   EXPECT_TRUE(FormInstance<frmVida>::Exists());
@@ -153,7 +153,7 @@ TEST_F(AForm, UnloadingAFormThatIsntLoadedDoesNothing) {
   EXPECT_TRUE(screen.told.empty());
 }
 
-TEST_F(AForm, IsResizedByCodeAndUserOnlyWhileVisible) {
+TEST_F(FormTest, IsResizedByCodeAndUserOnlyWhileVisible) {
   Get().Width(2000);
   EXPECT_TRUE(screen.told.empty());
   screen.user = [](Form& form) {
@@ -169,7 +169,7 @@ TEST_F(AForm, IsResizedByCodeAndUserOnlyWhileVisible) {
   EXPECT_EQ(screen.told, (Told{"Resize 2000", "Resize 3000", "oculta frmVida", "acaba frmVida"}));
 }
 
-TEST_F(AForm, HasRoomInsideItsBorders) {
+TEST_F(FormTest, HasRoomInsideItsBorders) {
   Get().Width(1000);
   Get().Height(1000);
   EXPECT_EQ(Get().ScaleWidth(), 1000 - Form::kBorderWidth);
@@ -180,19 +180,19 @@ TEST_F(AForm, HasRoomInsideItsBorders) {
   EXPECT_EQ(Get().ScaleHeight(), 0);
 }
 
-TEST_F(AForm, MayTakeAKey) {
+TEST_F(FormTest, MayTakeAKey) {
   EXPECT_EQ(Get().KeyDown(40), 0);
   EXPECT_EQ(Get().KeyDown(13), 13);
 }
 
-TEST_F(AForm, FindsItsControlsWithoutRegardToCase) {
+TEST_F(FormTest, FindsItsControlsWithoutRegardToCase) {
   EXPECT_EQ(Get().Find("CMDUNO"), &Get().cmdUno);
   EXPECT_EQ(Get().Find("fraUno(0)"), &Get().fraUno);
   EXPECT_EQ(Get().Find("fraUno"), nullptr);
   EXPECT_EQ(Get().Controls(), (std::vector<Control*>{&Get().cmdUno, &Get().fraUno, &Get().cmdDos}));
 }
 
-TEST_F(AForm, SpeaksToTheScreen) {
+TEST_F(FormTest, SpeaksToTheScreen) {
   BeepAndMessage("No", MessageIcon::Exclamation);
   MessageBox("Sí", MessageIcon::Information);
   Get().Refresh();
@@ -201,12 +201,12 @@ TEST_F(AForm, SpeaksToTheScreen) {
   EXPECT_EQ(Get().TextWidth("abc"), 3);
 }
 
-TEST(TheApplication, WithoutAScreenIsAnObjectNotSet) {
+TEST(ApplicationTest, WithoutAScreenIsAnObjectNotSet) {
   EXPECT_EQ(ErrorOf([] { static_cast<void>(Application::Instance().Screen()); }), 91);
   EXPECT_EQ(ErrorOf([] { MessageBox("x", MessageIcon::Critical); }), 91);
 }
 
-TEST(TheApplication, HasTheVersionThatWasBuilt) {
+TEST(ApplicationTest, HasTheVersionThatWasBuilt) {
   const auto version = Application::BuiltVersion();
   EXPECT_EQ(version.major, 6);
   EXPECT_EQ(version.minor, 0);

@@ -6,7 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-class AGrid : public testing::Test {
+class GridTest : public testing::Test {
  protected:
   void Fill(const std::vector<std::string>& texts) {
     grid.Rows(1);
@@ -27,7 +27,7 @@ class AGrid : public testing::Test {
   MSFlexGrid grid{form, "msgX"};
 };
 
-TEST_F(AGrid, TheFirstRowBelowTheHeadingBecomesCurrent) {
+TEST_F(GridTest, TheFirstRowBelowTheHeadingBecomesCurrent) {
   Fill({});
   EXPECT_EQ(grid.FixedRows(), 1);
   EXPECT_EQ(grid.Row(), 0) << "the heading, while there is nothing else";
@@ -38,7 +38,7 @@ TEST_F(AGrid, TheFirstRowBelowTheHeadingBecomesCurrent) {
   EXPECT_EQ(grid.RowSel(), 1);
 }
 
-TEST_F(AGrid, TheCurrentRowIsKeptWhileItExistsElseTheLast) {
+TEST_F(GridTest, TheCurrentRowIsKeptWhileItExistsElseTheLast) {
   Fill({"uno", "dos", "tres"});
   grid.Row(3);
   grid.AddItem("cuatro");
@@ -54,14 +54,14 @@ TEST_F(AGrid, TheCurrentRowIsKeptWhileItExistsElseTheLast) {
   EXPECT_EQ(grid.Row(), 0);
 }
 
-TEST_F(AGrid, MakingTheCurrentRowFixedMovesIt) {
+TEST_F(GridTest, MakingTheCurrentRowFixedMovesIt) {
   grid.Rows(3);
   EXPECT_EQ(grid.Row(), 0);
   grid.FixedRows(2);
   EXPECT_EQ(grid.Row(), 2);
 }
 
-TEST_F(AGrid, SomeRowsHaveToBeFree) {
+TEST_F(GridTest, SomeRowsHaveToBeFree) {
   grid.Rows(2);
   EXPECT_EQ(ErrorOf([&] { grid.FixedRows(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { grid.FixedRows(-1); }), 380);
@@ -72,7 +72,7 @@ TEST_F(AGrid, SomeRowsHaveToBeFree) {
   EXPECT_EQ(ErrorOf([&] { grid.FixedCols(1); }), 0);
 }
 
-TEST_F(AGrid, ClearEmptiesTheCellsAndMovesNothing) {
+TEST_F(GridTest, ClearEmptiesTheCellsAndMovesNothing) {
   Fill({"uno", "dos"});
   grid.Row(2);
   grid.Col(1);
@@ -85,7 +85,7 @@ TEST_F(AGrid, ClearEmptiesTheCellsAndMovesNothing) {
   EXPECT_EQ(grid.RowData(2), 0);
 }
 
-TEST_F(AGrid, ColumnsStartAtZeroAndKeepTheirTexts) {
+TEST_F(GridTest, ColumnsStartAtZeroAndKeepTheirTexts) {
   EXPECT_EQ(grid.Col(), 0);
   grid.TextMatrix(1, 1, "x");
   grid.Cols(4);
@@ -96,7 +96,7 @@ TEST_F(AGrid, ColumnsStartAtZeroAndKeepTheirTexts) {
   EXPECT_EQ(grid.Col(), 1);
 }
 
-TEST_F(AGrid, CellsRowsAndColumnsThatDontExist) {
+TEST_F(GridTest, CellsRowsAndColumnsThatDontExist) {
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(grid.TextMatrix(2, 0)); }), 381);
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(grid.TextMatrix(-1, 0)); }), 381);
   EXPECT_EQ(ErrorOf([&] { grid.TextMatrix(0, 2, "x"); }), 381);
@@ -115,7 +115,7 @@ TEST_F(AGrid, CellsRowsAndColumnsThatDontExist) {
   EXPECT_EQ(ErrorOf([&] { grid.RowPosition(2, 0); }), 381);
 }
 
-TEST_F(AGrid, TellsEachSettingOfTheTopRowAlsoToTheRowThatStands) {
+TEST_F(GridTest, TellsEachSettingOfTheTopRowAlsoToTheRowThatStands) {
   Fill({"uno", "dos"});
   grid.TopRow(1);
   const auto shown = grid.Revision();
@@ -125,7 +125,7 @@ TEST_F(AGrid, TellsEachSettingOfTheTopRowAlsoToTheRowThatStands) {
   EXPECT_GT(grid.Revision(), shown);
 }
 
-TEST_F(AGrid, SortsNumbersThenSpanishTextsAndLeavesTheHeading) {
+TEST_F(GridTest, SortsNumbersThenSpanishTextsAndLeavesTheHeading) {
   Fill({"ñandú", "10", "Óscar", "zapato", "9", "oso", "nube", "-1", "", "ola"});
   grid.TextMatrix(0, 0, "Título");
   grid.Row(4);
@@ -136,7 +136,7 @@ TEST_F(AGrid, SortsNumbersThenSpanishTextsAndLeavesTheHeading) {
   EXPECT_EQ(grid.Row(), 4);
 }
 
-TEST_F(AGrid, SortIsStableAndTakesTheWholeRow) {
+TEST_F(GridTest, SortIsStableAndTakesTheWholeRow) {
   Fill({"b", "B", "a", "á"});
   for (int row = 1; row < grid.Rows(); ++row) {
     grid.RowData(row, row);
@@ -147,7 +147,7 @@ TEST_F(AGrid, SortIsStableAndTakesTheWholeRow) {
   EXPECT_EQ(grid.RowData(1), 3);
 }
 
-TEST_F(AGrid, SortsByTheCurrentColumn) {
+TEST_F(GridTest, SortsByTheCurrentColumn) {
   Fill({"a", "b"});
   grid.TextMatrix(1, 1, "2");
   grid.TextMatrix(2, 1, "1");
@@ -156,14 +156,14 @@ TEST_F(AGrid, SortsByTheCurrentColumn) {
   EXPECT_EQ(Column(0), (std::vector<std::string>{"b", "a"}));
 }
 
-TEST_F(AGrid, SortingNothingDoesNothing) {
+TEST_F(GridTest, SortingNothingDoesNothing) {
   grid.Cols(0);
   EXPECT_EQ(ErrorOf([&] { grid.SortAscending(); }), 0);
   grid.Rows(0);
   EXPECT_EQ(ErrorOf([&] { grid.SortAscending(); }), 0);
 }
 
-TEST_F(AGrid, MovesARow) {
+TEST_F(GridTest, MovesARow) {
   Fill({"a", "b", "c"});
   grid.RowData(1, 11);
   grid.RowPosition(1, 3);
@@ -173,7 +173,7 @@ TEST_F(AGrid, MovesARow) {
   EXPECT_EQ(Column(0), (std::vector<std::string>{"a", "b", "c"}));
 }
 
-TEST_F(AGrid, ADoubleClickRaisesItsEvent) {
+TEST_F(GridTest, ADoubleClickRaisesItsEvent) {
   grid.DoubleClick();
   int clicks = 0;
   grid.DblClick = [&clicks] { ++clicks; };

@@ -38,7 +38,7 @@ class KeepingConnection : public Connection {
   StatementTrace::Silence silence_;  // what reaches it is none of the module's
 };
 
-TEST(HostComponents, AreMadeByTheirProgIdWithoutRegardToCase) {
+TEST(HostComponentsTest, AreMadeByTheirProgIdWithoutRegardToCase) {
   const ObjectFactory factory;
   for (const auto* progId :
        {"ZendriaApi.cCentroApi", "ZENDRIAAPI.CCENTROAPI", "zendriaApi.CcentroApi"})
@@ -46,14 +46,14 @@ TEST(HostComponents, AreMadeByTheirProgIdWithoutRegardToCase) {
   EXPECT_NE(factory.Create<PersonSearch>("zendriabuscar.casignardatos"), nullptr);
 }
 
-TEST(HostComponents, ThatNobodyRegisteredOrOfAnotherClass) {
+TEST(HostComponentsTest, ThatNobodyRegisteredOrOfAnotherClass) {
   const ObjectFactory factory;
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(factory.Create("Zendria.Otro")); }), 429);
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(factory.Create<PersonSearch>(CentroApi::kProgId)); }),
             13);
 }
 
-TEST(HostComponents, DoNothingUntilAHostPutsItsOwn) {
+TEST(HostComponentsTest, DoNothingUntilAHostPutsItsOwn) {
   ObjectFactory factory;
   Form form("frmX");
   Label label(form, "lblX");
@@ -82,7 +82,7 @@ TEST(HostComponents, DoNothingUntilAHostPutsItsOwn) {
   EXPECT_EQ(factory.Create<CentroApi>(CentroApi::kProgId)->ObtenerHoraSistema(source), "");
 }
 
-TEST(ASession, AnswersByNameWithoutRegardToCase) {
+TEST(SessionTest, AnswersByNameWithoutRegardToCase) {
   SessionValues session;
   session.Set("IDUsuario", Value(7));
   EXPECT_EQ(std::get<Value>(session.Get("idusuario")).Long(), 7);
@@ -91,7 +91,7 @@ TEST(ASession, AnswersByNameWithoutRegardToCase) {
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(session.Get("IDUsuario")); }), 438);
 }
 
-TEST(AConnection, TellsItsObserverBeforeTheEngine) {
+TEST(ConnectionTest, TellsItsObserverBeforeTheEngine) {
   KeepingConnection connection("borrado");
   std::vector<std::string> seen;
   connection.Observe([&seen](const Connection& which, const std::string& statement) {
@@ -107,7 +107,7 @@ TEST(AConnection, TellsItsObserverBeforeTheEngine) {
   EXPECT_EQ(seen.size(), 2U);
 }
 
-TEST(AConnection, ClosedTakesNoStatement) {
+TEST(ConnectionTest, ClosedTakesNoStatement) {
   KeepingConnection connection("centro");
   connection.Close();
   EXPECT_EQ(ErrorOf([&] { connection.Execute("uno"); }), 3704);

@@ -7,9 +7,9 @@
 namespace quorvane::test {
 namespace {
 
-class ListOfItems : public testing::Test {
+class ItemListTest : public testing::Test {
  protected:
-  ListOfItems() {
+  ItemListTest() {
     list.AddItem("uno", 10);
     list.AddItem("dos", 20);
     list.AddItem("tres");
@@ -21,7 +21,7 @@ class ListOfItems : public testing::Test {
   int clicks = 0;
 };
 
-TEST_F(ListOfItems, HasNothingSelectedAtFirst) {
+TEST_F(ItemListTest, HasNothingSelectedAtFirst) {
   EXPECT_EQ(list.ListCount(), 3);
   EXPECT_EQ(list.ListIndex(), -1);
   EXPECT_EQ(list.Text(), "");
@@ -29,7 +29,7 @@ TEST_F(ListOfItems, HasNothingSelectedAtFirst) {
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(list.SelectedData()); }), 381);
 }
 
-TEST_F(ListOfItems, SettingTheIndexClicksAlsoWhenItStands) {
+TEST_F(ItemListTest, SettingTheIndexClicksAlsoWhenItStands) {
   list.ListIndex(1);
   list.ListIndex(1);
   EXPECT_EQ(clicks, 2);
@@ -40,7 +40,7 @@ TEST_F(ListOfItems, SettingTheIndexClicksAlsoWhenItStands) {
   EXPECT_EQ(list.Text(), "");
 }
 
-TEST_F(ListOfItems, AnEntryThatDoesntExist) {
+TEST_F(ItemListTest, AnEntryThatDoesntExist) {
   EXPECT_EQ(ErrorOf([&] { list.ListIndex(3); }), 380);
   EXPECT_EQ(ErrorOf([&] { list.ListIndex(-2); }), 380);
   EXPECT_EQ(ErrorOf([&] { list.RemoveItem(3); }), 380);
@@ -50,7 +50,7 @@ TEST_F(ListOfItems, AnEntryThatDoesntExist) {
   EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(ListOfItems, ClearingLeavesNothingSelectedAndClicksNothing) {
+TEST_F(ItemListTest, ClearingLeavesNothingSelectedAndClicksNothing) {
   list.ListIndex(0);
   list.Clear();
   EXPECT_EQ(list.ListIndex(), -1);
@@ -59,7 +59,7 @@ TEST_F(ListOfItems, ClearingLeavesNothingSelectedAndClicksNothing) {
   EXPECT_EQ(ErrorOf([&] { list.ListIndex(0); }), 380);
 }
 
-TEST_F(ListOfItems, RemovingTheSelectedEntryLeavesNothingSelected) {
+TEST_F(ItemListTest, RemovingTheSelectedEntryLeavesNothingSelected) {
   list.ListIndex(1);
   list.RemoveItem(1);
   EXPECT_EQ(list.ListIndex(), -1);
@@ -67,7 +67,7 @@ TEST_F(ListOfItems, RemovingTheSelectedEntryLeavesNothingSelected) {
   EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(ListOfItems, TheSelectionFollowsItsEntry) {
+TEST_F(ItemListTest, TheSelectionFollowsItsEntry) {
   list.ListIndex(1);
   list.RemoveItem(0);
   EXPECT_EQ(list.ListIndex(), 0);
@@ -77,13 +77,13 @@ TEST_F(ListOfItems, TheSelectionFollowsItsEntry) {
   EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(ListOfItems, TheKindsTellTheirNames) {
+TEST_F(ItemListTest, TheKindsTellTheirNames) {
   const ListBox box(form, "lstX");
   EXPECT_EQ(list.Kind(), "ComboBox");
   EXPECT_EQ(box.Kind(), "ListBox");
 }
 
-TEST_F(ListOfItems, ShowsThatItHasChanged) {
+TEST_F(ItemListTest, ShowsThatItHasChanged) {
   const auto before = list.Revision();
   list.ListIndex(0);
   EXPECT_NE(list.Revision(), before);

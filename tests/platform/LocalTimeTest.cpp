@@ -6,7 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-TEST(LocalTime, IsTheMomentInThePartsOfThisTimeZone) {
+TEST(LocalTimeTest, IsTheMomentInThePartsOfThisTimeZone) {
   constexpr std::time_t kMoment = 1774051200;  // some hour of the 20th or the 21st of March 2026
   auto parts = LocalTime(kMoment);
   EXPECT_EQ(parts.tm_year, 126);

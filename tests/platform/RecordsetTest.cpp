@@ -17,14 +17,14 @@ std::vector<std::int32_t> Walk(Recordset& rows) {
   return ids;
 }
 
-TEST(RecordsetWalk, StandsOnTheFirstRow) {
+TEST(RecordsetWalkTest, StandsOnTheFirstRow) {
   auto rows = Three();
   EXPECT_FALSE(rows.Bof());
   EXPECT_EQ(rows.RecordCount(), 3U);
   EXPECT_EQ(Walk(rows), (std::vector<std::int32_t>{1, 2, 3}));
 }
 
-TEST(RecordsetWalk, GoesBothWays) {
+TEST(RecordsetWalkTest, GoesBothWays) {
   auto rows = Three();
   Walk(rows);
   rows.MovePrevious();
@@ -43,7 +43,7 @@ TEST(RecordsetWalk, GoesBothWays) {
   EXPECT_EQ(rows.Fields("IDNota").Long(), 1);
 }
 
-TEST(RecordsetWalk, BehindTheLastRowThereIsNoRecord) {
+TEST(RecordsetWalkTest, BehindTheLastRowThereIsNoRecord) {
   auto rows = Three();
   Walk(rows);
   EXPECT_EQ(ErrorOf([&] { rows.MoveNext(); }), 3021);
@@ -51,7 +51,7 @@ TEST(RecordsetWalk, BehindTheLastRowThereIsNoRecord) {
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(rows.Fields(0)); }), 3021);
 }
 
-TEST(RecordsetWalk, WithoutRowsItIsAtBothEnds) {
+TEST(RecordsetWalkTest, WithoutRowsItIsAtBothEnds) {
   auto rows = None();
   EXPECT_TRUE(rows.Eof());
   EXPECT_TRUE(rows.Bof());
@@ -61,20 +61,20 @@ TEST(RecordsetWalk, WithoutRowsItIsAtBothEnds) {
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(rows.Fields("IDNota")); }), 3021);
 }
 
-TEST(RecordsetFields, AreFoundWithoutRegardToCaseAndByPosition) {
+TEST(RecordsetFieldsTest, AreFoundWithoutRegardToCaseAndByPosition) {
   const auto rows = Three();
   EXPECT_EQ(rows.Fields("idnota").Long(), 1);
   EXPECT_EQ(rows.Fields("TEXTO").Text(), "uno");
   EXPECT_EQ(rows.Fields(1).Text(), "uno");
 }
 
-TEST(RecordsetFields, AnUnknownOneComesBeforeTheMissingRow) {
+TEST(RecordsetFieldsTest, AnUnknownOneComesBeforeTheMissingRow) {
   const auto rows = None();
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(rows.Fields("Otra")); }), 3265);
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(rows.Fields(1)); }), 3265);
 }
 
-TEST(RecordsetState, AClosedOneTakesNothingButClose) {
+TEST(RecordsetStateTest, AClosedOneTakesNothingButClose) {
   auto rows = Three();
   EXPECT_TRUE(rows.IsOpen());
   rows.Close();
@@ -88,7 +88,7 @@ TEST(RecordsetState, AClosedOneTakesNothingButClose) {
   EXPECT_FALSE(Recordset(std::make_shared<FieldNames>(), {}).IsOpen());
 }
 
-TEST(RecordsetState, ACopyWalksOnItsOwn) {
+TEST(RecordsetStateTest, ACopyWalksOnItsOwn) {
   auto rows = Three();
   auto copy = rows;
   copy.MoveNext();
@@ -106,7 +106,7 @@ std::vector<std::int32_t> Filtered(const std::string& conditions) {
   return ids;
 }
 
-TEST(RecordsetFilters, CompareNumbersAndTexts) {
+TEST(RecordsetFiltersTest, CompareNumbersAndTexts) {
   using Ids = std::vector<std::int32_t>;
   EXPECT_EQ(Filtered("IDNota=2"), Ids{2});
   EXPECT_EQ(Filtered("idnota <> 2"), (Ids{1, 3}));
@@ -117,11 +117,11 @@ TEST(RecordsetFilters, CompareNumbersAndTexts) {
   EXPECT_EQ(Filtered("Texto='o''x'"), Ids{});
 }
 
-TEST(RecordsetFilters, NullSatisfiesNothing) {
+TEST(RecordsetFiltersTest, NullSatisfiesNothing) {
   EXPECT_EQ(Filtered("Texto<>'uno'"), std::vector<std::int32_t>{3});
 }
 
-TEST(RecordsetFilters, TheEmptyTextLetsAllThroughAgain) {
+TEST(RecordsetFiltersTest, TheEmptyTextLetsAllThroughAgain) {
   auto rows = Three();
   rows.Filter("IDNota=3");
   EXPECT_EQ(rows.Fields(0).Long(), 3);
@@ -131,7 +131,7 @@ TEST(RecordsetFilters, TheEmptyTextLetsAllThroughAgain) {
   EXPECT_EQ(Walk(rows), (std::vector<std::int32_t>{1, 2, 3}));
 }
 
-TEST(RecordsetFilters, WhatCantBeReadIsRefused) {
+TEST(RecordsetFiltersTest, WhatCantBeReadIsRefused) {
   for (const auto* conditions :
        {"IDNota", "IDNota=", "IDNota==1", "IDNota=1 OR IDNota=2", "IDNota=1 IDNota=2", "=1",
         "Texto='uno", "IDNota=x", "IDNota=1 AND", "[IDNota=1"})

@@ -5,9 +5,9 @@
 namespace quorvane::test {
 namespace {
 
-class AGradeGrid : public testing::Test {
+class RetivoTest : public testing::Test {
  protected:
-  AGradeGrid() {
+  RetivoTest() {
     grid.Cols(4);
     grid.Rows(3);
     grid.FixedRows(1);
@@ -28,7 +28,7 @@ class AGradeGrid : public testing::Test {
   std::vector<int> ended;
 };
 
-TEST_F(AGradeGrid, BeginningAnEditMovesThereAndFillsTheList) {
+TEST_F(RetivoTest, BeginningAnEditMovesThereAndFillsTheList) {
   grid.BeginEdit(2, 1);
   EXPECT_EQ(grid.Row(), 2);
   EXPECT_EQ(grid.Col(), 1);
@@ -39,7 +39,7 @@ TEST_F(AGradeGrid, BeginningAnEditMovesThereAndFillsTheList) {
   EXPECT_TRUE(ended.empty());
 }
 
-TEST_F(AGradeGrid, EndingAnEditPutsTheTextAndTells) {
+TEST_F(RetivoTest, EndingAnEditPutsTheTextAndTells) {
   grid.BeginEdit(1, 1);
   grid.EndEdit(1);
   EXPECT_EQ(grid.TextMatrix(1, 1), "Notable");
@@ -50,7 +50,7 @@ TEST_F(AGradeGrid, EndingAnEditPutsTheTextAndTells) {
   EXPECT_EQ(ended, (std::vector<int>{1, -1}));
 }
 
-TEST_F(AGradeGrid, ACellWithoutAListKeepsItsText) {
+TEST_F(RetivoTest, ACellWithoutAListKeepsItsText) {
   grid.TextMatrix(1, 0, "Lengua");
   grid.TextMatrix(0, 1, "Nota");
   grid.BeginEdit(1, 0);
@@ -61,7 +61,7 @@ TEST_F(AGradeGrid, ACellWithoutAListKeepsItsText) {
   EXPECT_EQ(grid.TextMatrix(0, 1), "Nota");
 }
 
-TEST_F(AGradeGrid, BeginsAnEditWithAnEmptyList) {
+TEST_F(RetivoTest, BeginsAnEditWithAnEmptyList) {
   grid.BeginEdit(1, 1);
   fills = false;
   grid.BeginEdit(2, 1);
@@ -72,7 +72,7 @@ TEST_F(AGradeGrid, BeginsAnEditWithAnEmptyList) {
   EXPECT_EQ(ended, (std::vector<int>{-1}));
 }
 
-TEST_F(AGradeGrid, EmptiesTheListBeforeTheHandlerRuns) {
+TEST_F(RetivoTest, EmptiesTheListBeforeTheHandlerRuns) {
   grid.BeginEdit(1, 1);
   auto offered = std::size_t{9};
   grid.InicioEdicion = [&] { offered = grid.Lista(1).size(); };
@@ -80,13 +80,13 @@ TEST_F(AGradeGrid, EmptiesTheListBeforeTheHandlerRuns) {
   EXPECT_EQ(offered, 0U);
 }
 
-TEST_F(AGradeGrid, LeavesTheListsOfOtherColumns) {
+TEST_F(RetivoTest, LeavesTheListsOfOtherColumns) {
   grid.BeginEdit(1, 1);
   grid.BeginEdit(1, 2);
   EXPECT_EQ(grid.Lista(1).size(), 2U);
 }
 
-TEST_F(AGradeGrid, EntriesAndCellsThatDontExist) {
+TEST_F(RetivoTest, EntriesAndCellsThatDontExist) {
   grid.BeginEdit(1, 1);
   EXPECT_EQ(ErrorOf([&] { grid.EndEdit(2); }), 381);
   EXPECT_EQ(ErrorOf([&] { grid.EndEdit(-2); }), 381);
@@ -101,14 +101,14 @@ TEST_F(AGradeGrid, EntriesAndCellsThatDontExist) {
   EXPECT_TRUE(ended.empty());
 }
 
-TEST_F(AGradeGrid, KnowsItsListColumns) {
+TEST_F(RetivoTest, KnowsItsListColumns) {
   EXPECT_FALSE(grid.EditsThroughList(0));
   EXPECT_TRUE(grid.EditsThroughList(1));
   EXPECT_TRUE(grid.EditsThroughList(2));
   EXPECT_FALSE(grid.EditsThroughList(3));
 }
 
-TEST_F(AGradeGrid, ADraggedColumnTells) {
+TEST_F(RetivoTest, ADraggedColumnTells) {
   int told = 0;
   grid.CambioAncho = [&told] { ++told; };
   grid.DragColumn(1, 700);

@@ -15,10 +15,7 @@ class ScriptedFrontEnd : public FrontEnd {
  public:
   ScriptedFrontEnd() { Application::Instance().UseScreen(this); }
   ~ScriptedFrontEnd() override { Application::Instance().UseScreen(nullptr); }
-  ScriptedFrontEnd(const ScriptedFrontEnd&) = delete;
-  ScriptedFrontEnd& operator=(const ScriptedFrontEnd&) = delete;
   ScriptedFrontEnd(ScriptedFrontEnd&&) = delete;
-  ScriptedFrontEnd& operator=(ScriptedFrontEnd&&) = delete;
 
   std::vector<std::string> told;
   /// The user, who acts on the form until it has gone.

@@ -11,12 +11,12 @@
 namespace quorvane::test {
 namespace {
 
-class Controls : public testing::Test {
+class SmallControlsTest : public testing::Test {
  protected:
   Form form{"frmX"};
 };
 
-TEST_F(Controls, ACheckBoxClicksOnAnotherValueOnly) {
+TEST_F(SmallControlsTest, ACheckBoxClicksOnAnotherValueOnly) {
   CheckBox box(form, "chkX");
   int clicks = 0;
   box.Click = [&clicks] { ++clicks; };
@@ -30,7 +30,7 @@ TEST_F(Controls, ACheckBoxClicksOnAnotherValueOnly) {
   EXPECT_EQ(box.Value(), 1);
 }
 
-TEST_F(Controls, ATextBoxTellsAnotherTextOnly) {
+TEST_F(SmallControlsTest, ATextBoxTellsAnotherTextOnly) {
   TextBox box(form, "txtX");
   int changes = 0;
   box.Change = [&changes] { ++changes; };
@@ -39,7 +39,7 @@ TEST_F(Controls, ATextBoxTellsAnotherTextOnly) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(Controls, AKeyPassesKeyPressBeforeTheText) {
+TEST_F(SmallControlsTest, AKeyPassesKeyPressBeforeTheText) {
   TextBox box(form, "txtX");
   std::vector<int> keys;
   box.KeyPress = [&keys](int& key) {
@@ -52,7 +52,7 @@ TEST_F(Controls, AKeyPassesKeyPressBeforeTheText) {
   EXPECT_EQ(box.Text(), "ñéb");
 }
 
-TEST_F(Controls, ATabStripSelectsAndClicks) {
+TEST_F(SmallControlsTest, ATabStripSelectsAndClicks) {
   TabStrip tabs(form, "tabX");
   int clicks = 0;
   tabs.Click = [&clicks] { ++clicks; };
@@ -71,7 +71,7 @@ TEST_F(Controls, ATabStripSelectsAndClicks) {
   EXPECT_EQ(ErrorOf([&] { tabs.RemoveTab(0); }), 381);
 }
 
-TEST_F(Controls, RemovingATabKeepsTheSelectedOne) {
+TEST_F(SmallControlsTest, RemovingATabKeepsTheSelectedOne) {
   TabStrip tabs(form, "tabX");
   for (const auto* caption : {"Uno", "Dos", "Tres"}) tabs.AddTab(caption);
   tabs.SelectedTab(3);
@@ -84,7 +84,7 @@ TEST_F(Controls, RemovingATabKeepsTheSelectedOne) {
   EXPECT_EQ(tabs.SelectedTab(), 0);
 }
 
-TEST_F(Controls, OnAHiddenOrDisabledFrameNothingCanBeUsed) {
+TEST_F(SmallControlsTest, OnAHiddenOrDisabledFrameNothingCanBeUsed) {
   Frame outer(form, "fraX");
   Frame inner(form, "fraY", &outer);
   const CommandButton button(form, "cmdX", &inner);
@@ -102,7 +102,7 @@ TEST_F(Controls, OnAHiddenOrDisabledFrameNothingCanBeUsed) {
   EXPECT_FALSE(button.Usable());
 }
 
-TEST_F(Controls, MeasuresBelowZeroAreRefused) {
+TEST_F(SmallControlsTest, MeasuresBelowZeroAreRefused) {
   Label label(form, "lblX");
   label.Place(-10, 20, 30, 40);
   EXPECT_EQ(label.Left(), -10);
@@ -111,7 +111,7 @@ TEST_F(Controls, MeasuresBelowZeroAreRefused) {
   EXPECT_EQ(label.Width(), 30);
 }
 
-TEST_F(Controls, LayersGoBeforeAndBehindAllOthers) {
+TEST_F(SmallControlsTest, LayersGoBeforeAndBehindAllOthers) {
   Label one(form, "lblUno");
   Label two(form, "lblDos");
   one.ToFront();
@@ -122,7 +122,7 @@ TEST_F(Controls, LayersGoBeforeAndBehindAllOthers) {
   EXPECT_LT(two.Layer(), one.Layer());
 }
 
-TEST_F(Controls, AnAnimationIsToldWhatToPlay) {
+TEST_F(SmallControlsTest, AnAnimationIsToldWhatToPlay) {
   Animation animation(form, "aniX");
   animation.Open("C:\\avis\\filecopy.avi");
   animation.Play();
@@ -132,7 +132,7 @@ TEST_F(Controls, AnAnimationIsToldWhatToPlay) {
   EXPECT_EQ(animation.File(), "C:\\avis\\filecopy.avi");
 }
 
-TEST_F(Controls, AnUnchangedPropertyIsNothingToShow) {
+TEST_F(SmallControlsTest, AnUnchangedPropertyIsNothingToShow) {
   Label label(form, "lblX");
   label.Caption("a");
   const auto before = label.Revision();

@@ -9,13 +9,13 @@
 namespace quorvane::test {
 namespace {
 
-TEST(Sql, PutsEachNumberInItsPlace) {
+TEST(SqlTest, PutsEachNumberInItsPlace) {
   EXPECT_EQ(Sql("SELECT * FROM Curso"), "SELECT * FROM Curso");
   EXPECT_EQ(Sql("DELETE FROM T WHERE A={} AND B IN ({},{}) ", 7, -1, 0),
             "DELETE FROM T WHERE A=7 AND B IN (-1,0) ");
 }
 
-TEST(Sql, TakesWholeNumbersOfEveryWidth) {
+TEST(SqlTest, TakesWholeNumbersOfEveryWidth) {
   EXPECT_EQ(Sql("{} {} {}", std::numeric_limits<std::int64_t>::min(), std::uint8_t{255},
                 std::int16_t{-32768}),
             "-9223372036854775808 255 -32768");
@@ -27,7 +27,7 @@ concept GoesIntoSql = requires(T value) {
   Sql("{}", value);
 };
 
-TEST(Sql, TakesNothingElse) {
+TEST(SqlTest, TakesNothingElse) {
   EXPECT_TRUE(GoesIntoSql<std::int32_t>);
   EXPECT_FALSE(GoesIntoSql<bool>);
   EXPECT_FALSE(GoesIntoSql<char>);
@@ -36,7 +36,7 @@ TEST(Sql, TakesNothingElse) {
   EXPECT_FALSE(GoesIntoSql<std::uint64_t>);
 }
 
-TEST(SqlList, IsZeroWithoutNumbers) {
+TEST(SqlListTest, IsZeroWithoutNumbers) {
   SqlList ids;
   EXPECT_TRUE(ids.Empty());
   EXPECT_EQ(ids.Text(), "0");
@@ -46,7 +46,7 @@ TEST(SqlList, IsZeroWithoutNumbers) {
   EXPECT_EQ(ids.Text(), "3111,-4");
 }
 
-TEST(SqlList, StandsInAPlaceAmongNumbers) {
+TEST(SqlListTest, StandsInAPlaceAmongNumbers) {
   SqlList ids;
   ids.Add(1);
   ids.Add(2);

@@ -31,7 +31,7 @@ std::string TracedBy(void (*work)()) {
   return text.str();
 }
 
-TEST(AStatementTrace, AppendsALineAStatement) {
+TEST(StatementTraceTest, AppendsALineAStatement) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EQ(TracedBy([] {
               StatementTrace::Write("centro", "SELECT 1");
@@ -40,7 +40,7 @@ TEST(AStatementTrace, AppendsALineAStatement) {
             "sql centro SELECT 1\nsql borrado  SELECT  2 \n");
 }
 
-TEST(AStatementTrace, IsSilentWhileASilenceLives) {
+TEST(StatementTraceTest, IsSilentWhileASilenceLives) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EQ(TracedBy([] {
               {

@@ -6,7 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-TEST(SpanishTexts, SortWithoutCaseOrAccents) {
+TEST(SpanishTextTest, SortWithoutCaseOrAccents) {
   EXPECT_TRUE(SpanishLess("abeja", "Árbol"));
   EXPECT_TRUE(SpanishLess("ÁRBOL", "barco"));
   EXPECT_FALSE(SpanishLess("Óscar", "oscar"));
@@ -17,14 +17,14 @@ TEST(SpanishTexts, SortWithoutCaseOrAccents) {
   EXPECT_FALSE(SpanishLess("", ""));
 }
 
-TEST(SpanishTexts, HaveEnyeBetweenNAndO) {
+TEST(SpanishTextTest, HaveEnyeBetweenNAndO) {
   EXPECT_TRUE(SpanishLess("nz", "ñ"));
   EXPECT_TRUE(SpanishLess("ñu", "o"));
   EXPECT_TRUE(SpanishLess("Cano", "Caña"));
   EXPECT_TRUE(SpanishLess("caña", "CAÑO"));
 }
 
-TEST(SpanishTexts, ComeBehindNumbers) {
+TEST(SpanishTextTest, ComeBehindNumbers) {
   EXPECT_TRUE(NumbersThenSpanishLess("9", "10"));
   EXPECT_TRUE(NumbersThenSpanishLess("10", "9a"));
   EXPECT_TRUE(NumbersThenSpanishLess("2,5", "3"));
@@ -33,35 +33,35 @@ TEST(SpanishTexts, ComeBehindNumbers) {
   EXPECT_TRUE(NumbersThenSpanishLess("1º ESO", "2º ESO"));
 }
 
-TEST(Utf8Texts, AreCountedByCharacters) {
+TEST(Utf8TextTest, AreCountedByCharacters) {
   EXPECT_EQ(Utf8Length(""), 0U);
   EXPECT_EQ(Utf8Length("año"), 3U);
   EXPECT_EQ(Utf8Length("1º €"), 4U);
   EXPECT_EQ(Utf8Length("\xF0\x9F\x98\x80"), 1U);
 }
 
-TEST(Utf8Texts, GoThereAndBack) {
+TEST(Utf8TextTest, GoThereAndBack) {
   const std::string text = "Ñandú 1º € \xF0\x9F\x98\x80";
   std::string again;
   for (const auto character : Utf8Decode(text)) again += Utf8Encode(character);
   EXPECT_EQ(again, text);
 }
 
-TEST(Utf8Texts, AByteThatIsNoneStandsForItself) {
+TEST(Utf8TextTest, AByteThatIsNoneStandsForItself) {
   EXPECT_EQ(Utf8Decode("a\xF1o"), (std::u32string{U'a', 0xF1, U'o'}));
   EXPECT_EQ(Utf8Decode("\xC3"), std::u32string{0xC3});
   EXPECT_EQ(Utf8Decode("\x80\xFF"), (std::u32string{0x80, 0xFF}));
   EXPECT_EQ(Utf8Length("\xE2\x82"), 2U);
 }
 
-TEST(TheStringTable, HoldsTheTitleAlone) {
+TEST(StringTableTest, HoldsTheTitleAlone) {
   EXPECT_EQ(LoadString(100), "Zendria Escuela");
   EXPECT_EQ(LoadString(kTitleString), "Zendria Escuela");
   for (const auto id : {0, 99, 101, -100})
     EXPECT_EQ(ErrorOf([id] { static_cast<void>(LoadString(id)); }), 326) << id;
 }
 
-TEST(ARuntimeError, HasItsNumberAndText) {
+TEST(RuntimeErrorTest, HasItsNumberAndText) {
   const RuntimeError error(ErrorNumber::DuplicateKey);
   EXPECT_EQ(error.Number(), 457);
   EXPECT_TRUE(error.Is(ErrorNumber::DuplicateKey));

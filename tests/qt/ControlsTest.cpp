@@ -11,19 +11,14 @@
 #include <QStyleFactory>
 #include <QTabBar>
 #include <QTreeWidget>
-#include <gmock/gmock.h>
 #include <memory>
 
 #include "adapters/qt/views/FocusBorder.h"
 #include "tests/qt/PruebaTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Not;
 
 using ControlsTest = PruebaTest;
 
@@ -264,7 +259,7 @@ TEST_F(ControlsTest, AButtonTakesItsPictureFromTheDrawings) {
   });
 }
 
-TEST(FocusBorder, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
+TEST(FocusBorderTest, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
   const std::unique_ptr<QStyle> style(QStyleFactory::create("Fusion"));
   QTreeWidget tree;
   tree.setStyle(style.get());
@@ -291,7 +286,7 @@ TEST(FocusBorder, ATreeWithTheKeyboardShowsTheArrowOfItsSelectedRow) {
   EXPECT_GT(drawn, 10) << "the arrow";
 }
 
-TEST(FocusBorder, AListThatDiesWithTheKeyboardDoesSoInPeace) {
+TEST(FocusBorderTest, AListThatDiesWithTheKeyboardDoesSoInPeace) {
   auto list = std::make_unique<QListWidget>();
   qt::ShowFocusOnBorder(*list);
   list->show();

@@ -2,31 +2,22 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/BusySign.h"
 #include "platform/RuntimeError.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::IsEmpty;
 
 constexpr std::uint8_t kByStudent = 124;
 
 /// The grades of section 5 (3º ESO A) of the sample school, entered as its head does.
 class GradeScreensTest : public SchoolScreenTest {
  protected:
-  static void ChooseClass(qt::FormWindow& window) {
-    Pick(window, "cboTipoEnsenanza", 0);
-    Pick(window, "cboCursos", "3º ESO");
-    Pick(window, "cboSecciones", 0);
-    Pick(window, "cboEvaluaciones", "2ª Evaluación");
-    Click(window, "cmdNotaManual1(0)");
-  }
   static void Leave(qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); }
   [[nodiscard]] std::size_t Publications() const {
     return school.Rows("SELECT * FROM PublicacionPte").size();
@@ -36,7 +27,7 @@ class GradeScreensTest : public SchoolScreenTest {
 };
 
 TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
-  Then(ChooseClass);
+  Then(ChooseGradesOfTheSecond);
   Then([](qt::FormWindow& window) {
     EXPECT_EQ(window.windowTitle(), "Introducción de notas. Paso 2 de 2");
     ClickCell(window, "rtvNotasAlumno", 0, 1);
@@ -51,16 +42,15 @@ TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
   });
   OpenNode(kByStudent);
   EXPECT_THAT(messages, IsEmpty());
-  ExpectDone();
   EXPECT_THAT(school.Rows("SELECT N.DescripcionCorta FROM EvaluacionPte E INNER JOIN Nota N ON "
                           "N.IDNota=E.CodNota WHERE E.UltimaEvaluada<>0 AND "
                           "N.DescripcionCorta='9' AND E.CodNumEvaluacion=2"),
-              ::testing::Not(IsEmpty()));
+              Not(IsEmpty()));
   EXPECT_EQ(Publications(), before);
 }
 
 TEST_F(GradeScreensTest, TheArrowKeysGoFromStudentToStudentWhereverTheKeyboardIs) {
-  Then(ChooseClass);
+  Then(ChooseGradesOfTheSecond);
   Then([](qt::FormWindow& window) {
     const auto* students = Of<QComboBox>(window, "cboAlumnos");
     ASSERT_GT(students->count(), 1);
@@ -75,11 +65,10 @@ TEST_F(GradeScreensTest, TheArrowKeysGoFromStudentToStudentWhereverTheKeyboardIs
   });
   Then(Leave);
   OpenNode(kByStudent);
-  ExpectDone();
 }
 
 TEST_F(GradeScreensTest, AWindowMadeTooSmallGoesBackToItsLeastMeasures) {
-  Then(ChooseClass);
+  Then(ChooseGradesOfTheSecond);
   Then([](qt::FormWindow& window) {
     window.resize(400, 300);
     EXPECT_EQ(window.size(),
@@ -91,12 +80,11 @@ TEST_F(GradeScreensTest, AWindowMadeTooSmallGoesBackToItsLeastMeasures) {
   });
   Then(Leave);
   OpenNode(kByStudent);
-  ExpectDone();
 }
 
 TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
   auto seen = 0;
-  Then(ChooseClass);
+  Then(ChooseGradesOfTheSecond);
   Then([this, &seen](qt::FormWindow& window) {
     Saving([&window, &seen] {
       ++seen;
@@ -110,23 +98,21 @@ TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
   Then(Leave);
   OpenNode(kByStudent);
   EXPECT_GT(seen, 0);
-  ExpectDone();
 }
 
 TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndEndsTheNode) {
-  Then(ChooseClass);
+  Then(ChooseGradesOfTheSecond);
   Then([this](qt::FormWindow& window) {
     EXPECT_EQ(Publications(), before + 1);
     window.close();
   });
   OpenNode(kByStudent);
-  ExpectDone();
   EXPECT_EQ(Publications(), before);
 }
 
 TEST_F(GradeScreensTest, AFailureWhileLoadingLeavesNoWindow) {
   school.Sql("DROP TABLE TipoNota");
-  Then(ChooseClass);
+  Then(ChooseGradesOfTheSecond);
   EXPECT_THROW(OpenNode(kByStudent), RuntimeError);
   ExpectDone();
 }

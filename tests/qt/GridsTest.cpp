@@ -1,16 +1,13 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTableView>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/views/Units.h"
 #include "tests/qt/PruebaTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 using GridsTest = PruebaTest;
 

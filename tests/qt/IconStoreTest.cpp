@@ -19,14 +19,14 @@ bool Draws(const QIcon& icon, int size) {
   return false;
 }
 
-TEST(IconStore, EveryPictureThatTheFormsNameIsDrawnAtAnySize) {
+TEST(IconStoreTest, EveryPictureThatTheFormsNameIsDrawnAtAnySize) {
   for (const auto* name : {"zendria", "FlechaArriba", "FlechaAbajo", "Buscar", "delete"}) {
     const auto icon = IconStore::Load(std::string("C:\\Zendria\\iconos\\") + name + ".ico");
     for (const auto size : {16, 32, 200}) EXPECT_TRUE(Draws(icon, size)) << name << " " << size;
   }
 }
 
-TEST(IconStore, AFileThatCanBeReadGoesFirst) {
+TEST(IconStoreTest, AFileThatCanBeReadGoesFirst) {
   const QTemporaryDir folder;
   QImage red(8, 8, QImage::Format_ARGB32);
   red.fill(Qt::red);
@@ -36,12 +36,12 @@ TEST(IconStore, AFileThatCanBeReadGoesFirst) {
   EXPECT_EQ(icon.pixmap(8, 8).toImage().pixelColor(4, 4), QColor(Qt::red));
 }
 
-TEST(IconStore, AnUnknownPictureIsNone) {
+TEST(IconStoreTest, AnUnknownPictureIsNone) {
   EXPECT_TRUE(IconStore::Load("C:\\Zendria\\iconos\\Nada.ico").isNull());
   EXPECT_TRUE(IconStore::Load("").isNull());
 }
 
-TEST(IconStore, TheBareButtonsOfAChoiceHaveArrows) {
+TEST(IconStoreTest, TheBareButtonsOfAChoiceHaveArrows) {
   EXPECT_TRUE(Draws(IconStore::ForBareButton("cmdAnterior"), 16));
   EXPECT_TRUE(Draws(IconStore::ForBareButton("cmdSiguiente"), 16));
   EXPECT_TRUE(IconStore::ForBareButton("cmdAceptar").isNull());

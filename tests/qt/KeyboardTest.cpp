@@ -2,18 +2,16 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/Keyboard.h"
 #include "tests/qt/SchoolScreenTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAreArray;
 using Names = std::vector<std::string>;
 
@@ -117,7 +115,6 @@ TEST_F(KeyboardTest, TheRegisterNeedsNoMouse) {
   LookAndEscape();  // the teacher
   OpenNode(123);
   EXPECT_THAT(messages, IsEmpty());
-  ExpectDone();
 }
 
 TEST_F(KeyboardTest, StudentsGoFromListToListByEnter) {
@@ -148,7 +145,6 @@ TEST_F(KeyboardTest, StudentsGoFromListToListByEnter) {
     Press(window, Qt::Key_Escape);
   });
   OpenNode(123);
-  ExpectDone();
 }
 
 class GradeKeyboardTest : public KeyboardTest, public ::testing::WithParamInterface<int> {};
@@ -181,7 +177,6 @@ TEST_P(GradeKeyboardTest, NeedsNoMouse) {
   Then([](qt::FormWindow& window) { Press(window, Qt::Key_Escape); });
   OpenNode(static_cast<std::uint8_t>(GetParam()));
   EXPECT_THAT(messages, IsEmpty());
-  ExpectDone();
 }
 
 INSTANTIATE_TEST_SUITE_P(Nodes, GradeKeyboardTest, ::testing::Values(124, 125, 126, 127));

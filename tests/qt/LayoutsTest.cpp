@@ -2,11 +2,11 @@
 #include <QLabel>
 #include <QTabBar>
 #include <QTableView>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -84,16 +84,10 @@ TEST_F(LayoutsTest, TheScreensOfTheRegisterAreTidy) {
   });
   for (int i = 0; i < 3; ++i) LookAndPress("cmdCancelar");
   OpenNode(123);
-  ExpectDone();
 }
 
 TEST_F(LayoutsTest, TheGridsOfTheRegisterTakeTheRoomOfABiggerWindow) {
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboTEnsenanza", 0);
-    Pick(window, "cboCurso", 2);
-    Pick(window, "cboSeccion", 0);
-    Click(window, "cmdAceptar");
-  });
+  Then(ChooseRegister);
   Then([](qt::FormWindow& window) {
     const auto* list = Of<QTableView>(window, "msgAlumnos");
     const auto before = list->size();
@@ -104,7 +98,6 @@ TEST_F(LayoutsTest, TheGridsOfTheRegisterTakeTheRoomOfABiggerWindow) {
     Click(window, "cmdCancelar");
   });
   OpenNode(123);
-  ExpectDone();
 }
 
 class StepLayoutsTest : public LayoutsTest, public ::testing::WithParamInterface<int> {};
@@ -129,8 +122,7 @@ TEST_P(StepLayoutsTest, AreTidy) {
   }
   LookAndPress("cmdNotaManual1(1)");
   OpenNode(static_cast<std::uint8_t>(GetParam()));
-  EXPECT_THAT(messages, ::testing::IsEmpty());
-  ExpectDone();
+  EXPECT_THAT(messages, IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Nodes, StepLayoutsTest, ::testing::Values(124, 125, 126, 127));

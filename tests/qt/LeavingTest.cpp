@@ -1,18 +1,15 @@
 #include <QMessageBox>
 #include <QTimer>
-#include <gmock/gmock.h>
 
 #include "platform/RuntimeError.h"
 #include "platform/host/MessageBox.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"
 #include "tests/qt/frmPrueba.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// Two forms, one opened from the other, and what happens to both in one list.
 class LeavingTest : public ScreenTest {
@@ -28,7 +25,7 @@ class LeavingTest : public ScreenTest {
 
   /// Opens the inner form from the outer one, and leaves the program from its window.
   void LeaveFromInner() {
-    Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+    Then("cmdPagina");
     Then([this](qt::FormWindow&) { screen.Leave(); });
   }
 
@@ -84,16 +81,15 @@ TEST_F(LeavingTest, AFormThatIsShownTwiceIsUnloadedOnce) {
     outer->ShowModal();
   };
   for (int round = 0; round < 2; ++round) {
-    Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
-    Then([](qt::FormWindow& window) { Click(window, "cmdAceptar"); });
+    Then("cmdPagina");
+    Then("cmdAceptar");
   }
   Then([this](qt::FormWindow&) {
     events.clear();
     screen.Leave();
   });
-  outer->ShowModal();
+  Show(*outer);
   EXPECT_THAT(events, ElementsAre("fuera"));
-  ExpectDone();
 }
 
 TEST_F(LeavingTest, TheHandlerThatRunsEndsFirst) {
@@ -102,7 +98,7 @@ TEST_F(LeavingTest, TheHandlerThatRunsEndsFirst) {
     outer->Refresh();
     events.emplace_back("guardado");
   };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  Then("cmdPagina");
   outer->ShowModal();
   EXPECT_THAT(events, ElementsAre("guardado", "fuera"));
 }
@@ -115,10 +111,9 @@ TEST_F(LeavingTest, AFormThatIsOpenedMeanwhileComesNotOnTheScreen) {
     EXPECT_FALSE(inner->Loaded());
     events.emplace_back("sigue");
   };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
-  outer->ShowModal();
+  Then("cmdPagina");
+  Show(*outer);
   EXPECT_THAT(events, ElementsAre("dentro", "sigue", "fuera"));
-  ExpectDone();
 }
 
 TEST_F(LeavingTest, AnActivationThatRunsEndsFirst) {
@@ -149,7 +144,7 @@ TEST_F(LeavingTest, TheMessageThatWaitsCountsAsReadAndNoOtherComes) {
     for (const auto* const text : {"Uno", "Dos"}) MessageBox(text, MessageIcon::Information);
     events.emplace_back("sigue");
   };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  Then("cmdPagina");
   outer->ShowModal();
   EXPECT_EQ(shown, 1);
   EXPECT_THAT(events, ElementsAre("sigue", "fuera"));
@@ -186,10 +181,9 @@ TEST_F(LeavingTest, AFailingUnloadKeepsNoOtherFormFromIt) {
     throw RuntimeError(ErrorNumber::StatementFailed, "dos");
   };
   LeaveFromInner();
-  outer->ShowModal();
+  Show(*outer);
   EXPECT_THAT(events, ElementsAre("sigue", "fuera"));
   EXPECT_EQ(Failures(), "uno, dos");
-  ExpectDone();
 }
 
 TEST_F(LeavingTest, AHandlerThatFailsMeanwhileIsFollowedByTheUnload) {
@@ -201,8 +195,8 @@ TEST_F(LeavingTest, AHandlerThatFailsMeanwhileIsFollowedByTheUnload) {
     EXPECT_NE(failure, nullptr);
     events.emplace_back("falla");
   };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
-  Then([](qt::FormWindow& window) { Click(window, "cmdAceptar"); });
+  Then("cmdPagina");
+  Then("cmdAceptar");
   outer->ShowModal();
   EXPECT_THAT(events, ElementsAre("falla", "dentro", "sigue", "fuera"));
   EXPECT_EQ(Failures(), "fallo");

@@ -3,19 +3,16 @@
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
-#include <gmock/gmock.h>
 
 #include "platform/RuntimeError.h"
 #include "platform/host/MessageBox.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"
 #include "tests/qt/frmPrueba.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
 
 class ModalityTest : public ScreenTest {
  protected:
@@ -30,17 +27,15 @@ TEST_F(ModalityTest, TheHostIsToldOfAFormThatGoesInOrder) {
     EXPECT_TRUE(gone.empty());
     window.close();
   });
-  outer->ShowModal();
+  Show(*outer);
   EXPECT_EQ(gone, std::vector<const Form*>{outer.get()});
-  ExpectDone();
 }
 
 TEST_F(ModalityTest, TheXUnloads) {
   Then([](qt::FormWindow& window) { window.close(); });
-  outer->ShowModal();
+  Show(*outer);
   EXPECT_THAT(outer->log, ElementsAre("descarga"));
   EXPECT_FALSE(outer->Loaded());
-  ExpectDone();
 }
 
 TEST_F(ModalityTest, EscPressesTheButtonThatCancels) {
@@ -83,8 +78,7 @@ TEST_F(ModalityTest, ShownIsToldOnceItStandsOnTheScreen) {
 
 TEST_F(ModalityTest, AFormThatUnloadsWhileItIsActivatedIsGone) {
   outer->OnActivate = [this] { outer->Unload(); };
-  outer->ShowModal();
-  ExpectDone();
+  Show(*outer);
 }
 
 TEST_F(ModalityTest, TheWindowBelowWaitsForTheOneBefore) {
@@ -102,10 +96,9 @@ TEST_F(ModalityTest, TheWindowBelowWaitsForTheOneBefore) {
     Click(static_cast<qt::FormWindow&>(*window.parentWidget()), "chkTodo");
     Click(window, "cmdAceptar");
   });
-  outer->ShowModal();
+  Show(*outer);
   EXPECT_THAT(outer->log, ElementsAre("sigue", "aceptar", "descarga"));
   EXPECT_THAT(inner->log, ElementsAre("aceptar", "descarga"));
-  ExpectDone();
 }
 
 TEST_F(ModalityTest, TheHostsWindowWaitsAndItsOthersDoNot) {
@@ -161,8 +154,8 @@ TEST_F(ModalityTest, TheSameFormIsShownAgainFromInside) {
     outer->ShowModal();
   };
   for (int round = 0; round < 4; ++round) {
-    Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
-    Then([](qt::FormWindow& window) { Click(window, "cmdAceptar"); });
+    Then("cmdPagina");
+    Then("cmdAceptar");
   }
   Then([this](qt::FormWindow& window) {
     auto visible = 0;
@@ -172,14 +165,13 @@ TEST_F(ModalityTest, TheSameFormIsShownAgainFromInside) {
     EXPECT_EQ(&window.Model(), outer.get());
     Click(window, "cmdCancelar");
   });
-  outer->ShowModal();
-  ExpectDone();
+  Show(*outer);
 }
 
 TEST_F(ModalityTest, AFailureComesOutOfEveryShow) {
   outer->cmdPagina.Click = [this] { inner->ShowModal(); };
   inner->chkTodo.Click = [] { throw RuntimeError(ErrorNumber::StatementFailed, "fallo"); };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  Then("cmdPagina");
   Then([](qt::FormWindow& window) {
     QTest::mouseClick(Of(window, "chkTodo"), Qt::LeftButton, {}, QPoint(8, 10));
   });
@@ -214,12 +206,11 @@ TEST_F(ModalityTest, AFailureOnAKeyComesOut) {
 
 TEST_F(ModalityTest, TheProgramGoesOnAfterAFailure) {
   outer->cmdPagina.Click = [] { throw RuntimeError(ErrorNumber::Overflow); };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  Then("cmdPagina");
   EXPECT_THROW(outer->ShowModal(), RuntimeError);
-  Then([](qt::FormWindow& window) { Click(window, "cmdAceptar"); });
-  inner->ShowModal();
+  Then("cmdAceptar");
+  Show(*inner);
   EXPECT_THAT(inner->log, ElementsAre("aceptar", "descarga"));
-  ExpectDone();
 }
 
 TEST_F(ModalityTest, AMessageBearsTitleTextAndIcon) {
@@ -266,7 +257,7 @@ TEST_F(ModalityTest, TheFormShowsItsChangesBehindAMessage) {
 TEST_F(ModalityTest, AFailureOfWhoAnswersAMessageComesOut) {
   screen.MessageShown = [](QMessageBox&) { throw std::logic_error("unexpected"); };
   outer->cmdPagina.Click = [] { MessageBox("Ya", MessageIcon::Information); };
-  Then([](qt::FormWindow& window) { Click(window, "cmdPagina"); });
+  Then("cmdPagina");
   EXPECT_THROW(outer->ShowModal(), std::logic_error);
 }
 

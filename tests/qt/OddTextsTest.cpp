@@ -2,19 +2,16 @@
 #include <QTableView>
 #include <QTextDocument>
 #include <algorithm>
-#include <gmock/gmock.h>
 #include <string>
 
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::AllOf;
 using ::testing::Ge;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::Le;
 
 std::string Long() {
@@ -67,12 +64,7 @@ class OddTextsScreenTest : public SchoolScreenTest,
 };
 
 TEST_P(OddTextsScreenTest, TheRegisterShowsThemInItsLines) {
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboTEnsenanza", 0);
-    Pick(window, "cboCurso", 2);
-    Pick(window, "cboSeccion", 0);
-    Click(window, "cmdAceptar");
-  });
+  Then(ChooseRegister);
   Then([](qt::FormWindow& window) {
     ExpectInShape(window, "msgAlumnos");
     EXPECT_THAT(CellText(window, "msgAlumnos", 0, 0), HasSubstr(Shown()));
@@ -90,17 +82,10 @@ TEST_P(OddTextsScreenTest, TheRegisterShowsThemInItsLines) {
   });
   OpenNode(123);
   EXPECT_THAT(messages, IsEmpty());
-  ExpectDone();
 }
 
 TEST_P(OddTextsScreenTest, TheGradesShowThemInTheirLines) {
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboTipoEnsenanza", 0);
-    Pick(window, "cboCursos", 2);
-    Pick(window, "cboSecciones", 0);
-    Pick(window, "cboEvaluaciones", 1);
-    Click(window, "cmdNotaManual1(0)");
-  });
+  Then([](qt::FormWindow& window) { ChooseGrades(window, 1); });
   Then([](qt::FormWindow& window) {
     ExpectInShape(window, "rtvNotasAlumno");
     EXPECT_THAT(CellText(window, "rtvNotasAlumno", 0, 0), HasSubstr(Shown()));
@@ -108,10 +93,9 @@ TEST_P(OddTextsScreenTest, TheGradesShowThemInTheirLines) {
                 HasSubstr(Shown()));
     Click(window, "cmdCancelar");
   });
-  Then([](qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); });
+  Then("cmdNotaManual1(1)");
   OpenNode(124);
   EXPECT_THAT(messages, IsEmpty());
-  ExpectDone();
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, OddTextsScreenTest,

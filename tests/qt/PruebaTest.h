@@ -20,8 +20,7 @@ class PruebaTest : public ScreenTest {
       seen = form->log;
       Click(window, "cmdCancelar");
     });
-    form->ShowModal();
-    ExpectDone();
+    Show(*form);
   }
 
   std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();

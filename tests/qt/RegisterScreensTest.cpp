@@ -3,32 +3,24 @@
 #include <QListWidget>
 #include <QTabBar>
 #include <QTableView>
-#include <gmock/gmock.h>
 
 #include "platform/RuntimeError.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::SizeIs;
 
 constexpr std::uint8_t kPendientes = 123;
 
 /// Node 123 of the sample school, from class selection to the rows; section 5 is 3º ESO A.
 class RegisterScreensTest : public SchoolScreenTest {
  protected:
-  static void ChooseClass(qt::FormWindow& window) {
-    Pick(window, "cboTEnsenanza", 0);
-    Pick(window, "cboCurso", "3º ESO");
-    Pick(window, "cboSeccion", 0);
-    Click(window, "cmdAceptar");
+  static void OpenFirstStudent(const qt::FormWindow& window) {
+    ClickCell(window, "msgAlumnos", 0, 0);
+    Click(window, "cmdPropiedades");
+    Click(window, "cmdCancelar");
   }
   static void ShowSubjects(const qt::FormWindow& window) {
     auto* bar = Of(window, "TabDatos")->findChild<QTabBar*>();
@@ -48,7 +40,6 @@ TEST_F(RegisterScreensTest, RefusesWithoutAClass) {
   });
   OpenNode(kPendientes);
   EXPECT_THAT(messages, ElementsAre("Debe seleccionar un tipo de enseñanza, curso y sección"));
-  ExpectDone();
 }
 
 TEST_F(RegisterScreensTest, AnotherCourseEmptiesTheSections) {
@@ -61,13 +52,12 @@ TEST_F(RegisterScreensTest, AnotherCourseEmptiesTheSections) {
     QTest::keyClick(&window, Qt::Key_Escape);
   });
   OpenNode(kPendientes);
-  ExpectDone();
 }
 
 TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
   const auto before = Register();
   std::string student;
-  Then(ChooseClass);
+  Then(ChooseRegister);
   Then([&student](qt::FormWindow& window) {
     Click(window, "cmdListar");
     auto row = 0;
@@ -105,7 +95,6 @@ TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
   });
   OpenNode(kPendientes);
   EXPECT_THAT(messages, IsEmpty());
-  ExpectDone();
 
   EXPECT_THAT(Register(), SizeIs(before.size() + 1));
   const auto subject = school.Rows("SELECT MAX(IDAlumnoPte_MatDet) FROM AlumnoPte_MatDet");
@@ -122,12 +111,8 @@ TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
 
 // Eliminar asks nothing.
 TEST_F(RegisterScreensTest, TheSubjectThatTheUserLookedAtIsTheOneThatEliminarTakes) {
-  Then(ChooseClass);
-  Then([](qt::FormWindow& window) {
-    ClickCell(window, "msgAlumnos", 0, 0);
-    Click(window, "cmdPropiedades");
-    Click(window, "cmdCancelar");
-  });
+  Then(ChooseRegister);
+  Then(OpenFirstStudent);
   Then([](qt::FormWindow& window) {
     const auto* const table = Of<QTableView>(window, "msgMaterias");
     const auto first = CellText(window, "msgMaterias", 0, 0);
@@ -143,13 +128,12 @@ TEST_F(RegisterScreensTest, TheSubjectThatTheUserLookedAtIsTheOneThatEliminarTak
     EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), first);
     Click(window, "cmdCancelar");
   });
-  Then([](qt::FormWindow& window) { Click(window, "cmdCancelar"); });
+  Then("cmdCancelar");
   OpenNode(kPendientes);
-  ExpectDone();
 }
 
 TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
-  Then(ChooseClass);
+  Then(ChooseRegister);
   Then([](qt::FormWindow& window) {
     Click(window, "cmdListar");
     Click(window, "cmdCancelar");
@@ -171,17 +155,12 @@ TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
   });
   const auto before = Register();
   OpenNode(kPendientes);
-  ExpectDone();
   EXPECT_EQ(Register(), before);
 }
 
 TEST_F(RegisterScreensTest, TheArrowsMoveASubjectAndKeepItInSight) {
-  Then(ChooseClass);
-  Then([](qt::FormWindow& window) {
-    ClickCell(window, "msgAlumnos", 0, 0);
-    Click(window, "cmdPropiedades");
-    Click(window, "cmdCancelar");
-  });
+  Then(ChooseRegister);
+  Then(OpenFirstStudent);
   Then([](qt::FormWindow& window) {
     const auto first = CellText(window, "msgMaterias", 0, 0);
     const auto second = CellText(window, "msgMaterias", 1, 0);
@@ -196,7 +175,6 @@ TEST_F(RegisterScreensTest, TheArrowsMoveASubjectAndKeepItInSight) {
     Click(window, "cmdCancelar");
   });
   OpenNode(kPendientes);
-  ExpectDone();
 }
 
 TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
@@ -205,7 +183,7 @@ TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
       "SELECT Apellido1||' '||Apellido2||', '||Nombre FROM Personal "
       "WHERE IDPersonal=2");
   ASSERT_THAT(name, SizeIs(1));
-  Then(ChooseClass);
+  Then(ChooseRegister);
   Then([&name](qt::FormWindow& window) {
     ShowSubjects(window);
     EXPECT_FALSE(Of(window, "msgAlumnos")->isVisible());
@@ -221,12 +199,11 @@ TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
   });
   const auto before = school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size();
   OpenNode(kPendientes);
-  ExpectDone();
   EXPECT_EQ(school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size(), before + 1);
 }
 
 TEST_F(RegisterScreensTest, AStatementThatFailsWhileSavingComesOutOfAllScreens) {
-  Then(ChooseClass);
+  Then(ChooseRegister);
   Then([this](qt::FormWindow& window) {
     Click(window, "cmdListar");
     school.Sql("DROP TABLE Seccion_AlumnoPte");

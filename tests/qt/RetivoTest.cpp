@@ -3,22 +3,26 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/grid/RetivoEditor.h"
 #include "adapters/qt/views/Units.h"
 #include "platform/RuntimeError.h"
 #include "tests/qt/PruebaTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 /// Cells count from 0 below the heading: list cells are the columns 1 and 2 of two rows.
 class RetivoTest : public PruebaTest {
  protected:
+  /// Begins with a click on that cell.
+  void RunAt(int row, int column, const Step& act) {
+    Run([=](qt::FormWindow& window) {
+      ClickCell(window, "rtvNotas", row, column);
+      act(window);
+    });
+  }
   [[nodiscard]] qt::RetivoEditor* List() const { return OpenedList(*screen.ActiveWindow()); }
   [[nodiscard]] QLineEdit* Filter() const { return ListFilter(*screen.ActiveWindow()); }
   [[nodiscard]] QString Refusal() const {
@@ -40,8 +44,7 @@ class RetivoTest : public PruebaTest {
 };
 
 TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 1, 1);
+  RunAt(1, 1, [this](qt::FormWindow& window) {
     ASSERT_NE(List(), nullptr);
     EXPECT_THAT(Offered(), ElementsAre(" ", "1", "10", "5", "Notable", "Sobresaliente", "Óptimo"));
     ClickOffered(3);
@@ -53,8 +56,7 @@ TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
 }
 
 TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     ASSERT_NE(List(), nullptr);
     QTest::keyClick(Filter(), Qt::Key_Escape);
     form->rtvNotas.InicioEdicion = [this] { form->Log("nada"); };
@@ -68,8 +70,7 @@ TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
 }
 
 TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
     EXPECT_EQ(List()->findChild<QListWidget*>()->currentRow(), 2);
     QTest::keyClick(Filter(), Qt::Key_Down);
     QTest::keyClick(Filter(), Qt::Key_Return);
@@ -78,8 +79,7 @@ TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
 }
 
 TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClick(Filter(), Qt::Key_Escape);
     EXPECT_EQ(List(), nullptr);
     EXPECT_TRUE(window.isVisible());
@@ -96,8 +96,7 @@ TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
     form->log.push_back("anfitrión " + grid.TextMatrix(grid.Row(), grid.Col()) + " " +
                         std::to_string(entry));
   };
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClick(Filter(), Qt::Key_Escape);
     ClickCell(window, "rtvNotas", 0, 1);
     ClickOffered(3);
@@ -106,8 +105,7 @@ TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
 }
 
 TEST_F(RetivoTest, F2AndEnterOpenTheList) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     EXPECT_EQ(List(), nullptr);
     Key(window, "rtvNotas", Qt::Key_Right);
     Key(window, "rtvNotas", Qt::Key_F2);
@@ -121,8 +119,7 @@ TEST_F(RetivoTest, F2AndEnterOpenTheList) {
 }
 
 TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     Key(window, "rtvNotas", Qt::Key_Right);
     Type(window, "rtvNotas", "1");
     ASSERT_NE(List(), nullptr);
@@ -135,8 +132,7 @@ TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
 }
 
 TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
     QTest::keyClicks(Filter(), "opt");
     EXPECT_THAT(Offered(), ElementsAre("Óptimo"));
     Filter()->selectAll();
@@ -154,8 +150,7 @@ TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
 }
 
 TEST_F(RetivoTest, TabChoosesAndGoesOnToTheNextListCell) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 2);
+  RunAt(0, 2, [this](qt::FormWindow& /*window*/) {
     QTest::keyClicks(Filter(), "5");
     QTest::keyClick(Filter(), Qt::Key_Tab);
     EXPECT_EQ(form->rtvNotas.TextMatrix(1, 2), "5");
@@ -166,8 +161,7 @@ TEST_F(RetivoTest, TabChoosesAndGoesOnToTheNextListCell) {
 }
 
 TEST_F(RetivoTest, TabOnATextThatFitsNoEntryStaysAndSaysSo) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClicks(Filter(), "11");
     QTest::keyClick(Filter(), Qt::Key_Tab);
     ASSERT_NE(List(), nullptr);
@@ -183,8 +177,7 @@ TEST_F(RetivoTest, TabOnATextThatFitsNoEntryStaysAndSaysSo) {
 }
 
 TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAButtonThatThenDoesItsWork) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClicks(Filter(), "5");
     Click(window, "cmdPagina");
     EXPECT_EQ(List(), nullptr);
@@ -194,8 +187,7 @@ TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAButtonThatThenDoesItsWork
 }
 
 TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAnotherCellThatThenOpens) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClicks(Filter(), "5");
     ClickCell(window, "rtvNotas", 1, 2);
     EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "5");
@@ -206,8 +198,7 @@ TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAnotherCellThatThenOpens) 
 }
 
 TEST_F(RetivoTest, AListInWhichNothingWasTypedIsLeftByAClickAsByEsc) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClick(Filter(), Qt::Key_Down);
     Click(window, "cmdPagina");
     EXPECT_EQ(List(), nullptr);
@@ -217,8 +208,7 @@ TEST_F(RetivoTest, AListInWhichNothingWasTypedIsLeftByAClickAsByEsc) {
 }
 
 TEST_F(RetivoTest, ATextThatFitsNoEntryHoldsClicksBack) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClicks(Filter(), "11");
     Click(window, "cmdPagina");
     ASSERT_NE(List(), nullptr);
@@ -287,8 +277,7 @@ TEST_F(RetivoTest, TheOpenListLiesInTheWindowAndItsCellStaysInSight) {
 }
 
 TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClicks(Filter(), "5");
     const auto* table = Of<QTableView>(window, "rtvNotas");
     const auto at = table->viewport()->rect().center();
@@ -303,8 +292,7 @@ TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
 }
 
 TEST_F(RetivoTest, TabInTheListOfTheLastCellGoesOnToTheNextControl) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 1, 2);
+  RunAt(1, 2, [this](qt::FormWindow& window) {
     QTest::keyClicks(Filter(), "5");
     QTest::keyClick(Filter(), Qt::Key_Tab);
     EXPECT_EQ(CellText(window, "rtvNotas", 1, 2), "5");
@@ -313,8 +301,7 @@ TEST_F(RetivoTest, TabInTheListOfTheLastCellGoesOnToTheNextControl) {
 }
 
 TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     std::vector<std::pair<int, int>> walk;
     for (int i = 0; i < 4; ++i) {
       Key(window, "rtvNotas", Qt::Key_Tab);
@@ -330,8 +317,7 @@ TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
 }
 
 TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     Key(window, "rtvNotas", Qt::Key_Tab);
     Key(window, "rtvNotas", Qt::Key_Space);
     ASSERT_NE(List(), nullptr);
@@ -342,8 +328,7 @@ TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
 }
 
 TEST_F(RetivoTest, CtrlTabLeavesTheTableFromAnyCell) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     Key(window, "rtvNotas", Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
     Key(window, "rtvNotas", Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
@@ -365,12 +350,11 @@ TEST_F(RetivoTest, RowsOfferNoBorderToDrag) {
     QTest::mouseRelease(table->viewport(), Qt::LeftButton, {}, edge + QPoint(0, 20));
     EXPECT_EQ(table->rowHeight(0), before);
   });
-  EXPECT_THAT(seen, ::testing::Not(::testing::Contains("alto")));
+  EXPECT_THAT(seen, Not(Contains("alto")));
 }
 
 TEST_F(RetivoTest, TheArrowKeysGoFromCellToCell) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     Key(window, "rtvNotas", Qt::Key_Right);
     Key(window, "rtvNotas", Qt::Key_Down);
     EXPECT_EQ(form->rtvNotas.Row(), 2);
@@ -385,8 +369,7 @@ TEST_F(RetivoTest, TheFormTakesAKeyBeforeTheGrid) {
     keys.push_back(key);
     if (key == 40) key = 0;
   };
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     Key(window, "rtvNotas", Qt::Key_Down);
     EXPECT_EQ(form->rtvNotas.Row(), 1);
     Key(window, "rtvNotas", Qt::Key_Right);
@@ -396,8 +379,7 @@ TEST_F(RetivoTest, TheFormTakesAKeyBeforeTheGrid) {
 }
 
 TEST_F(RetivoTest, AColumnThatEditsThroughNoListOpensNone) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 0);
+  RunAt(0, 0, [this](qt::FormWindow& window) {
     Key(window, "rtvNotas", Qt::Key_F2);
     EXPECT_EQ(List(), nullptr);
   });
@@ -444,8 +426,7 @@ TEST_F(RetivoTest, AWiderColumnSetWhenTheEditBeginsIsShown) {
     form->rtvNotas.ListaAnadir(1, "Sobresaliente", 9);
     form->rtvNotas.ColWidth(1, 2700);
   };
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
+  RunAt(0, 1, [this](qt::FormWindow& window) {
     EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->columnWidth(1), qt::Pixels(2700));
     QTest::keyClick(Filter(), Qt::Key_Escape);
   });

@@ -8,6 +8,7 @@
 #include "platform/host/Application.h"
 #include "platform/host/PersonSearch.h"
 #include "platform/host/SessionValues.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
@@ -32,8 +33,7 @@ SchoolScreenTest::SchoolScreenTest()
     connection->Open();
     connection->ExecuteScript("PRAGMA synchronous=OFF");
   }
-  sqlite::SqliteConnection builder(school.Path(), "");
-  builder.Open();
+  Opened<sqlite::SqliteConnection> builder(school.Path(), "");
   builder.ExecuteScript("PRAGMA synchronous=OFF");
   DemoSchool(builder).Build();
   centro_.Observe([this](const Connection&, const std::string& statement) {
@@ -45,6 +45,13 @@ SchoolScreenTest::SchoolScreenTest()
 }
 
 SchoolScreenTest::~SchoolScreenTest() { Application::Instance().Objects().Reset(); }
+
+void SchoolScreenTest::ChooseRegister(const qt::FormWindow& window) {
+  Pick(window, "cboTEnsenanza", 0);
+  Pick(window, "cboCurso", 2);
+  Pick(window, "cboSeccion", 0);
+  Click(window, "cmdAceptar");
+}
 
 void SchoolScreenTest::OpenNode(std::uint8_t node) {
   auto session = std::make_shared<SessionValues>();
@@ -63,6 +70,7 @@ void SchoolScreenTest::OpenNode(std::uint8_t node) {
   cAsignarDatos module;
   module.ObtenerDatos(session);
   module.ActivarFormulario(node);
+  ExpectDone();
 }
 
 }  // namespace quorvane::test

@@ -4,6 +4,7 @@
 
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
+#include "tests/qt/Hands.h"
 
 namespace quorvane::test {
 namespace {
@@ -31,6 +32,15 @@ ScreenTest::ScreenTest() {
 ScreenTest::~ScreenTest() {
   FormInstances::DropAll();
   Application::Instance().UseScreen(nullptr);
+}
+
+void ScreenTest::Then(const char* button) {
+  Then([button](qt::FormWindow& window) { Click(window, button); });
+}
+
+void ScreenTest::Show(Form& form) {
+  form.ShowModal();
+  ExpectDone();
 }
 
 void ScreenTest::ExpectDone() const {

@@ -19,10 +19,7 @@ class ScreenTest : public ::testing::Test {
  public:
   ScreenTest();
   ~ScreenTest() override;
-  ScreenTest(const ScreenTest&) = delete;
-  ScreenTest& operator=(const ScreenTest&) = delete;
   ScreenTest(ScreenTest&&) = delete;
-  ScreenTest& operator=(ScreenTest&&) = delete;
 
  protected:
   using Step = std::function<void(qt::FormWindow&)>;
@@ -30,8 +27,11 @@ class ScreenTest : public ::testing::Test {
   /// The windows of this test may stay open so long.
   void Patience(std::chrono::milliseconds patience) { patience_.start(patience); }
   void Then(Step step) { steps_.push_back(std::move(step)); }
+  void Then(const char* button);  ///< presses that one
   /// All steps have been taken, and no window stands.
   void ExpectDone() const;
+  /// Shows the form, in which the steps are taken, to the end.
+  void Show(Form& form);
 
   qt::QtFrontEnd screen;
   std::vector<std::string> messages;  ///< the texts of the messages, each answered at once

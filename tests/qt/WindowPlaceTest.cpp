@@ -63,8 +63,7 @@ class WindowPlaceTest : public ScreenTest {
       act(window);
       Click(window, "cmdCancelar");
     });
-    form->ShowModal();
-    ExpectDone();
+    Show(*form);
   }
 
   /// A form for which there is room on every screen.

@@ -1,16 +1,13 @@
 #include <QScreen>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/views/Units.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/qt/frmPrueba.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// What a host keeps of the sizes of forms, and when it was asked.
 class WindowSizesTest : public SchoolScreenTest {
@@ -35,8 +32,7 @@ class WindowSizesTest : public SchoolScreenTest {
       act(window);
       Click(window, "cmdCancelar");
     });
-    form->ShowModal();
-    ExpectDone();
+    Show(*form);
   }
   static std::int32_t OuterWidth(int pixels) { return qt::Twips(pixels) + Form::kBorderWidth; }
   static std::int32_t OuterHeight(int pixels) { return qt::Twips(pixels) + Form::kBorderHeight; }
@@ -110,15 +106,9 @@ TEST_F(WindowSizesTest, AWindowStandsOnTheScreenWhereverTheOneBeforeItStands) {
 }
 
 TEST_F(WindowSizesTest, OnlyFormsThatTheUserMayResizeAreAskedFor) {
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboTEnsenanza", 0);
-    Pick(window, "cboCurso", 2);
-    Pick(window, "cboSeccion", 0);
-    Click(window, "cmdAceptar");
-  });
-  Then([](qt::FormWindow& window) { Click(window, "cmdCancelar"); });
+  Then(ChooseRegister);
+  Then("cmdCancelar");
   OpenNode(123);
-  ExpectDone();
   EXPECT_THAT(asked, ElementsAre("frmAlumnoPendiente"));
 }
 
@@ -130,26 +120,18 @@ TEST_F(WindowSizesTest, WhatALayoutMakesOfAFixedSizeIsNotTheUsers) {
     Click(window, "cmdNotaManual1(1)");
   });
   OpenNode(124);
-  ExpectDone();
   EXPECT_THAT(kept, IsEmpty());
 }
 
 // The form shrinks to its busy box before it goes; that is no size of the user's.
 TEST_F(WindowSizesTest, TheBusyBoxIsNoSizeToKeep) {
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboTipoEnsenanza", 0);
-    Pick(window, "cboCursos", "3º ESO");
-    Pick(window, "cboSecciones", 0);
-    Pick(window, "cboEvaluaciones", "2ª Evaluación");
-    Click(window, "cmdNotaManual1(0)");
-  });
+  Then(ChooseGradesOfTheSecond);
   Then([](qt::FormWindow& window) {
     window.resize(840, 560);
     Click(window, "cmdAceptar");
   });
-  Then([](qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); });
+  Then("cmdNotaManual1(1)");
   OpenNode(124);
-  ExpectDone();
   EXPECT_THAT(asked, ElementsAre("frmNotaManual"));
   EXPECT_THAT(kept, ElementsAre("frmNotaManual " + std::to_string(OuterWidth(840)) + "x" +
                                 std::to_string(OuterHeight(560))));

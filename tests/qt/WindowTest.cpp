@@ -5,35 +5,20 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
-#include <gmock/gmock.h>
 
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/BusySign.h"
-#include "tests/qt/Hands.h"
-#include "tests/qt/ScreenTest.h"
-#include "tests/qt/frmPrueba.h"
+#include "tests/qt/PruebaTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using ::testing::ElementsAre;
-
-class WindowTest : public ScreenTest {
+class WindowTest : public PruebaTest {
  protected:
-  void Run(const Step& act) {
-    Then([this, act](qt::FormWindow& window) {
-      form->log.clear();
-      act(window);
-      Click(window, "cmdCancelar");
-    });
-    form->ShowModal();
-    ExpectDone();
-  }
   static QSize Inner(std::int32_t width, std::int32_t height) {
     return {qt::Pixels(width - Form::kBorderWidth), qt::Pixels(height - Form::kBorderHeight)};
   }
-
-  std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
 };
 
 TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsForm) {

@@ -57,6 +57,12 @@ DirectSession::~DirectSession() {
   cConfiguracion::Instancia().conLocalBorradoCentro = nullptr;
 }
 
+void DirectSession::Pendientes(int alumno, std::initializer_list<int> matDets) const {
+  school.Registra(321, alumno);
+  for (int orden = 0; const auto matDet : matDets)
+    static_cast<void>(school.Pendiente(alumno, matDet, ++orden));
+}
+
 void DirectSession::Play(std::vector<StepScreen::Step> steps) {
   screen.steps.assign(steps.begin(), steps.end());
   screen.steps.emplace_front([] {

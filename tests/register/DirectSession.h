@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -33,19 +34,25 @@ class StepScreen : public FrontEnd {
   std::vector<std::string> messages;
 };
 
+/// The one instance of a form.
+template <class F>
+F& The() {
+  return FormInstance<F>::Get();
+}
+
 /// A session on a small school with a `StepScreen`, and the class of section 321 chosen. Forms and
 /// components go with it.
 class DirectSession {
  public:
   DirectSession();
   ~DirectSession();
-  DirectSession(const DirectSession&) = delete;
-  DirectSession& operator=(const DirectSession&) = delete;
   DirectSession(DirectSession&&) = delete;
-  DirectSession& operator=(DirectSession&&) = delete;
 
   /// Opens the first screen, chooses the class, plays the steps on the register and leaves.
   void Play(std::vector<StepScreen::Step> steps);
+
+  /// The student is on the register, with those subjects in this order.
+  void Pendientes(int alumno, std::initializer_list<int> matDets) const;
 
   SmallSchool school;
   StepScreen screen;

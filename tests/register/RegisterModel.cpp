@@ -7,9 +7,6 @@
 namespace quorvane::test {
 namespace {
 
-const std::string kAccept = "pulsar cmdAceptar\n";
-const std::string kCancel = "pulsar cmdCancelar\n";
-
 /// The page "Materias", from its row 1.
 constexpr int kTeacherRows[] = {3113, 3114, 3111, 3112, 3116, 3115, 3123, 3121, 3122};
 /// What the subject chooser can offer.
@@ -49,7 +46,7 @@ std::string RegisterModel::PickStudents() {
   Students picked;
   for (const auto id : kStudents) {
     if (Draw(5) == 0) continue;
-    script += "elegir lstDisponibles =" + Number(id) + "\npulsar cmdAgregarUno\n";
+    script += TakeIn(id);
     const auto known = edited_.find(id);
     if (known != edited_.end()) picked[id] = known->second;
     // Back after a removal that isn't saved: in memory he has no subjects.
@@ -102,9 +99,8 @@ std::string RegisterModel::AddSubject(Student& student) {
       offered.push_back(matDet);
   if (offered.empty()) return "";
   const auto matDet = offered[static_cast<std::size_t>(Draw(static_cast<int>(offered.size())))];
-  const auto script = "pulsar cmdAgregar\nelegir cboCurso =" + Number(matDet / 100) +
-                      "\nelegir cboSeccion =" + Number(matDet / 10) +
-                      "\nelegir cboMateria =" + Number(matDet) + "\n";
+  const auto script = "pulsar cmdAgregar\n" + Choose("cboCurso", matDet / 100) +
+                      Choose("cboSeccion", matDet / 10) + Choose("cboMateria", matDet);
   if (Draw(5) == 0) return script + kCancel;
   const auto removed = std::find_if(student.removed.begin(), student.removed.end(), is(matDet));
   if (removed != student.removed.end()) {
@@ -148,7 +144,7 @@ std::string RegisterModel::PickEvaluations(Student& student) {
       "fila msgMaterias " + Number(row + 1) + "\npulsar cmdPropiedades\npulsar cmdEliminarTodos\n";
   Evaluations evaluations;
   for (const auto evaluacion : picked) {
-    script += "elegir lstDisponibles =" + Number(evaluacion) + "\npulsar cmdAgregarUno\n";
+    script += TakeIn(evaluacion);
     const auto before = subject.stored.find(evaluacion);
     evaluations[evaluacion] = before == subject.stored.end() ? 0 : before->second;
   }

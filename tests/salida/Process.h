@@ -20,10 +20,7 @@ class Process {
  public:
   explicit Process(const std::vector<std::string>& words, const ProcessSetting& setting);
   ~Process();
-  Process(const Process&) = delete;
-  Process& operator=(const Process&) = delete;
   Process(Process&&) = delete;
-  Process& operator=(Process&&) = delete;
 
   void Signal(int signal) const;
   /// How it has ended, as `waitpid` tells; none while it runs.

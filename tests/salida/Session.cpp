@@ -24,10 +24,14 @@ constexpr const char* kSavedFinal = "SELECT COUNT(*) FROM EvaluacionActaPte WHER
 const std::vector<std::string> kTutor{"--usuario", "2"};
 const std::vector<std::string> kHead{"--usuario", "1"};
 
-void On(Robot& user, const std::string& form, const std::function<void(Window&)>& step) {
+void On(Robot& user, const std::string& form, const Robot::Step& step) {
   user.On(form, [step](Window& window) {
     if (!AtRest()) step(window);
   });
+}
+
+void On(Robot& user, const std::string& form, const std::vector<Robot::Deed>& deeds) {
+  On(user, form, Robot::Doing(deeds));
 }
 
 void OnDialog(Robot& user, const std::string& dialog, const std::function<void(QWidget&)>& step) {
@@ -38,7 +42,7 @@ void OnDialog(Robot& user, const std::string& dialog, const std::function<void(Q
 
 void Reject(QWidget& dialog) { dynamic_cast<QDialog&>(dialog).reject(); }
 
-void LeaveStepOne(Window& window) { Robot::Click(window, "cmdNotaManual1(1)"); }
+const std::vector<Robot::Deed> kLeaveStepOne{"cmdNotaManual1(1)"};
 
 std::function<void(MainWindow&)> Opens(int node) {
   return [node](MainWindow& window) { window.OpenNode(static_cast<std::uint8_t>(node)); };
@@ -77,14 +81,14 @@ Session Grades(int node, const std::string& form, const QString& evaluation,
       On(user, stepTwo, [](Window& window) {
         if (Grade(window)) Robot::Click(window, "cmdCancelar");
       });
-      On(user, stepOne, [](Window& window) { Robot::Click(window, "cmdNotaManual1(0)"); });
+      On(user, stepOne, {"cmdNotaManual1(0)"});
     }
     On(user, stepTwo, [](Window& window) {
       if (!Grade(window)) return;
       Saves();
       Robot::Click(window, "cmdAceptar");
     });
-    On(user, stepOne, LeaveStepOne);
+    On(user, stepOne, kLeaveStepOne);
   };
   session.begin = Opens(node);
   session.select = final ? kSavedFinal : kSaved;
@@ -92,17 +96,13 @@ Session Grades(int node, const std::string& form, const QString& evaluation,
   return session;
 }
 
-void PickLocked(Window& window) {
-  Robot::Pick(window, "cboCursos", "3");
-  Robot::Pick(window, "cboSecciones", "A");
-  Robot::Pick(window, "cboEvaluaciones", "2");
-  Robot::Click(window, "cmdNotaManual1(0)");
-}
+const std::vector<Robot::Deed> kPickLocked{
+    {"cboCursos", "3"}, {"cboSecciones", "A"}, {"cboEvaluaciones", "2"}, "cmdNotaManual1(0)"};
 
 /// All that could be graded is locked: step two says so and goes back.
 void NothingToGrade(Robot& user) {
-  On(user, "frmNotaManual1", PickLocked);
-  On(user, "frmNotaManual1", LeaveStepOne);
+  On(user, "frmNotaManual1", kPickLocked);
+  On(user, "frmNotaManual1", kLeaveStepOne);
 }
 
 constexpr const char* kUnlockedButFull =
@@ -113,60 +113,35 @@ constexpr const char* kUnlockedButFull =
 
 /// The publication can't be written: the screen ends, and the host tells why.
 void Failure(Robot& user) {
-  On(user, "frmNotaManual1", PickLocked);
+  On(user, "frmNotaManual1", kPickLocked);
   OnDialog(user, "aviso", Reject);
 }
 
-void PickClass(Window& window) {
-  Robot::Pick(window, "cboTEnsenanza", "ESO");
-  Robot::Pick(window, "cboCurso", "2");
-  Robot::Pick(window, "cboSeccion", "A");
-  Robot::Click(window, "cmdAceptar");
-}
+const std::vector<Robot::Deed> kPickClass{
+    {"cboTEnsenanza", "ESO"}, {"cboCurso", "2"}, {"cboSeccion", "A"}, "cmdAceptar"};
 
 void Students(Robot& user) {
-  On(user, "frmPendientes", PickClass);
-  On(user, "frmAlumnoPendiente", [](Window& window) {
-    Robot::Click(window, "cmdListar");
-    Robot::ClickRow(window, "msgAlumnos", 0);
-    Robot::Click(window, "cmdPropiedades");
-    Robot::Click(window, "cmdAceptar");
-  });
+  On(user, "frmPendientes", kPickClass);
+  On(user, "frmAlumnoPendiente", {"cmdListar", {"msgAlumnos", 0}, "cmdPropiedades", "cmdAceptar"});
   On(user, "frmAlumnos", [](Window& window) {
     Robot::DoubleClickRow(window, "lstDisponibles", 0);
     Robot::Click(window, "cmdAceptar");
   });
-  On(user, "frmAlumnoMateria", [](Window& window) {
-    Robot::Click(window, "cmdAgregar");
-    Robot::ClickRow(window, "msgMaterias", 0);
-    Robot::Click(window, "cmdPropiedades");
-    Robot::Click(window, "cmdAceptar");
-  });
-  On(user, "frmMateriaPend", [](Window& window) {
-    Robot::Pick(window, "cboCurso", "1");
-    Robot::Pick(window, "cboSeccion", "A");
-    Robot::Pick(window, "cboMateria", "Leng");
-    Robot::Click(window, "cmdAceptar");
-  });
-  On(user, "frmMateriaEv", [](Window& window) {
-    Robot::ClickRow(window, "lstDisponibles", 0);
-    Robot::Click(window, "cmdAgregarUno");
-    Robot::Click(window, "cmdAceptar");
-  });
+  On(user, "frmAlumnoMateria", {"cmdAgregar", {"msgMaterias", 0}, "cmdPropiedades", "cmdAceptar"});
+  On(user, "frmMateriaPend",
+     {{"cboCurso", "1"}, {"cboSeccion", "A"}, {"cboMateria", "Leng"}, "cmdAceptar"});
+  On(user, "frmMateriaEv", {{"lstDisponibles", 0}, "cmdAgregarUno", "cmdAceptar"});
 }
 
 void Teachers(Robot& user) {
-  On(user, "frmPendientes", PickClass);
+  On(user, "frmPendientes", kPickClass);
   On(user, "frmAlumnoPendiente", [](Window& window) {
     window.findChild<QTabBar*>()->setCurrentIndex(1);
     Robot::ClickRow(window, "msgMaterias", 0);
     Robot::Click(window, "cmdPropMat");
     Robot::Click(window, "cmdAceptar");
   });
-  On(user, "frmPropMatProf", [](Window& window) {
-    Robot::Click(window, "cmdNProfesor");
-    Robot::Click(window, "cmdAceptar");
-  });
+  On(user, "frmPropMatProf", {"cmdNProfesor", "cmdAceptar"});
   OnDialog(user, "buscarPersona", [](QWidget& dialog) {
     auto* const field = dialog.findChild<QLineEdit*>();
     QTest::keyClicks(field, "vega");
@@ -201,7 +176,7 @@ void SignIn(Robot& user) {
     QTest::keyClicks(field, "ruiz");
     QTest::keyClick(field, Qt::Key_Return);
   });
-  On(user, "frmNotaManual1", LeaveStepOne);
+  On(user, "frmNotaManual1", kLeaveStepOne);
 }
 
 }  // namespace

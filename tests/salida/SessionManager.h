@@ -10,10 +10,7 @@ class SessionManager {
  public:
   SessionManager();
   ~SessionManager();
-  SessionManager(const SessionManager&) = delete;
-  SessionManager& operator=(const SessionManager&) = delete;
   SessionManager(SessionManager&&) = delete;
-  SessionManager& operator=(SessionManager&&) = delete;
 
   /// Where a program finds it, for SESSION_MANAGER.
   [[nodiscard]] const std::string& Address() const noexcept { return address_; }

@@ -17,6 +17,7 @@
 #include "platform/text/AsciiCase.h"
 #include "tests/sqlite/PlainDatabase.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Opened.h"
 #include "tests/support/StatementList.h"
 #include "tests/support/TempFolder.h"
 
@@ -77,8 +78,7 @@ class CatalogueTest : public testing::Test {
 };
 
 TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
-  sqlite::SqliteConnection adapter(ours_, "");
-  adapter.Open();
+  Opened<sqlite::SqliteConnection> adapter(ours_, "");
   PlainDatabase engine(theirs_);
   const auto lines = Catalogue(QUORVANE_STATEMENTS);
   ASSERT_GT(lines.size(), 150U);
@@ -101,8 +101,7 @@ TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
 }
 
 TEST_F(CatalogueTest, EveryStatementRunsButThoseThatNameWhatIsNot) {
-  sqlite::SqliteConnection school(ours_, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(ours_, "");
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     // Numbers that no key has, so that no insert meets a row.
     const auto rows = RunRows(school, FillIn(line, 900000 + static_cast<int>(line.size())));
@@ -113,8 +112,7 @@ TEST_F(CatalogueTest, EveryStatementRunsButThoseThatNameWhatIsNot) {
 }
 
 TEST_F(CatalogueTest, FieldsBearTheNamesThatTheFormsRead) {
-  sqlite::SqliteConnection school(ours_, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(ours_, "");
   auto checked = 0;
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     const auto statement = FillIn(line, 5);
@@ -135,8 +133,7 @@ TEST_F(CatalogueTest, FieldsBearTheNamesThatTheFormsRead) {
 }
 
 TEST_F(CatalogueTest, TheSampleSchoolGivesRowsToTheListsOfTheForms) {
-  sqlite::SqliteConnection school(ours_, "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(ours_, "");
   // What the register of 3º ESO A and the grids of its forms are made of.
   for (const std::string select :
        {"SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE Abreviatura=-1 AND CodTipoMateria IN "

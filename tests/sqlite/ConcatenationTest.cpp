@@ -5,26 +5,26 @@
 namespace quorvane::sqltext {
 namespace {
 
-TEST(Concatenation, PlusBesideATextJoinsTexts) {
+TEST(ConcatenationTest, PlusBesideATextJoinsTexts) {
   EXPECT_EQ(RewriteConcatenation("SELECT Ltrim(Rtrim(A + ' ' + B)) + ', ' + C AS N FROM T"),
             "SELECT Ltrim(Rtrim(A || ' ' || B)) || ', ' || C AS N FROM T");
   EXPECT_EQ(RewriteConcatenation("SELECT A+'x'+B"), "SELECT A||'x'||B");
 }
 
-TEST(Concatenation, PlusBetweenNumbersAdds) {
+TEST(ConcatenationTest, PlusBetweenNumbersAdds) {
   EXPECT_EQ(RewriteConcatenation("SELECT A + 1, B+C FROM T"), "SELECT A + 1, B+C FROM T");
 }
 
-TEST(Concatenation, PlusInsideATextOrANameStays) {
+TEST(ConcatenationTest, PlusInsideATextOrANameStays) {
   EXPECT_EQ(RewriteConcatenation("SELECT 'a + b', [c + 'd'] FROM T WHERE A='it''s + x'"),
             "SELECT 'a + b', [c + 'd'] FROM T WHERE A='it''s + x'");
 }
 
-TEST(Concatenation, AQuotedNameIsNoText) {
+TEST(ConcatenationTest, AQuotedNameIsNoText) {
   EXPECT_EQ(RewriteConcatenation("SELECT [a] + [b]"), "SELECT [a] + [b]");
 }
 
-TEST(Concatenation, ACommentIsNeitherATextNorBetweenThem) {
+TEST(ConcatenationTest, ACommentIsNeitherATextNorBetweenThem) {
   EXPECT_EQ(RewriteConcatenation("SELECT A + /* 1 */ 'b', 'c' -- it's\n + D"),
             "SELECT A || /* 1 */ 'b', 'c' -- it's\n || D");
   EXPECT_EQ(RewriteConcatenation("SELECT /* don't */ 'a + ', B+1 /* 'c'+'d' */"),

@@ -5,8 +5,6 @@
 #include <fstream>
 #include <functional>
 #include <future>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <map>
 #include <string>
@@ -17,6 +15,8 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -25,8 +25,6 @@ namespace {
 namespace fs = std::filesystem;
 using sqlite::OpenMode;
 using sqlite::SqliteConnection;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using namespace std::chrono_literals;
 
 constexpr auto kLongEnough = 1100ms;  // for a look to be trusted no more
@@ -75,8 +73,7 @@ class LostFileTest : public testing::TestWithParam<const char*> {
 
   /// A file with one row.
   static void Make(const std::string& path, const std::string& row) {
-    SqliteConnection maker(path, "", OpenMode::Create);
-    maker.Open();
+    Opened<SqliteConnection> maker(path, "", OpenMode::Create);
     maker.ExecuteScript("PRAGMA journal_mode=" + std::string(GetParam()) +
                         ";CREATE TABLE T (A TEXT);INSERT INTO T VALUES ('" + row + "')");
   }
@@ -223,8 +220,7 @@ TEST_P(LostFileTest, ALinkThatLeadsElsewhere) {
   Make(away_, "ajeno");
   const auto link = whole_ / "enlace.sqlite";
   fs::create_symlink(path_, link);
-  SqliteConnection linked(link, "");
-  linked.Open();
+  Opened<SqliteConnection> linked(link, "");
   fs::remove(link);
   fs::create_symlink(away_, link);
   ExpectLost(linked, kOther);
@@ -238,8 +234,7 @@ TEST_P(LostFileTest, ALinkThatLeadsElsewhere) {
 TEST_P(LostFileTest, AnotherLinkToTheSameFileIsAsGood) {
   const auto link = whole_ / "enlace.sqlite";
   fs::create_symlink(path_, link);
-  SqliteConnection linked(link, "");
-  linked.Open();
+  Opened<SqliteConnection> linked(link, "");
   fs::remove(link);
   fs::create_symlink(folder_ + "/./escuela.sqlite", link);
   linked.Open();
@@ -260,8 +255,7 @@ TEST_P(LostFileTest, MovedWithALinkToItInItsPlace) {
 
 TEST_P(LostFileTest, OneThatIsRewrittenWhereItLiesIsTheSame) {
   {
-    SqliteConnection other(path_, "");
-    other.Open();
+    Opened<SqliteConnection> other(path_, "");
     other.Execute("VACUUM");
   }
   chmod(path_.c_str(), 0640);
@@ -273,8 +267,7 @@ TEST_P(LostFileTest, OneThatIsRewrittenWhereItLiesIsTheSame) {
 TEST_P(LostFileTest, ARelativePathIsKeptWhenTheProgramGoesElsewhere) {
   const auto here = fs::current_path();
   fs::current_path(folder_);
-  SqliteConnection relative("escuela.sqlite", "");
-  relative.Open();
+  Opened<SqliteConnection> relative("escuela.sqlite", "");
   fs::current_path(whole_ / "");
   relative.Execute("INSERT INTO T VALUES ('segundo')");
   fs::rename(path_, away_);
@@ -305,8 +298,7 @@ TEST_P(LostFileTest, ATransactionThatIsOpenThenCanBeGivenUp) {
 }
 
 TEST_P(LostFileTest, WhileAStatementWaitsForAnothersWrite) {
-  SqliteConnection other(path_, "");
-  other.Open();
+  Opened<SqliteConnection> other(path_, "");
   other.Execute("BEGIN IMMEDIATE");
   auto waiting = std::async(std::launch::async, [this] {
     return RunRows(connection_, "INSERT INTO T VALUES ('perdido')");
@@ -337,8 +329,7 @@ TEST_P(LostFileTest, AStatementThatIsWrongIsToldSoWhileTheFileIsThere) {
 
 TEST(NoFileTest, ADatabaseInMemoryHasNoneToLose) {
   for (const std::string path : {":memory:", ""}) {
-    SqliteConnection memory(path, "", OpenMode::Create);
-    memory.Open();
+    Opened<SqliteConnection> memory(path, "", OpenMode::Create);
     memory.Execute("CREATE TABLE T (A INTEGER)");
     memory.Open();
     memory.Execute("INSERT INTO T VALUES (1)");

@@ -12,10 +12,7 @@ class PlainDatabase {
  public:
   explicit PlainDatabase(const std::string& path);
   ~PlainDatabase();
-  PlainDatabase(const PlainDatabase&) = delete;
-  PlainDatabase& operator=(const PlainDatabase&) = delete;
   PlainDatabase(PlainDatabase&&) = delete;
-  PlainDatabase& operator=(PlainDatabase&&) = delete;
 
   /// The rows, each as `1|text|NULL`, or one line "error TEXT".
   std::vector<std::string> Run(const std::string& statement);

@@ -2,8 +2,6 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <string>
 #include <thread>
@@ -11,6 +9,8 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -18,9 +18,6 @@ namespace {
 
 using sqlite::OpenMode;
 using sqlite::SqliteConnection;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 using namespace std::chrono_literals;
 
 std::string OpenError(SqliteConnection& connection) {
@@ -111,8 +108,7 @@ TEST_F(SqliteConnectionTest, ANewColumnShowsInAStatementThatIsKept) {
 
 TEST_F(SqliteConnectionTest, ARenamedColumnShowsInAStatementThatIsKept) {
   connection_.Execute("SELECT * FROM T WHERE A=1");
-  SqliteConnection other(path_, "");
-  other.Open();
+  Opened<SqliteConnection> other(path_, "");
   other.Execute("ALTER TABLE T RENAME COLUMN B TO Nombre");
   EXPECT_THAT(connection_.Execute("SELECT * FROM T WHERE A=1").Names(), ElementsAre("A", "Nombre"));
 }
@@ -200,59 +196,48 @@ TEST_F(SqliteConnectionTest, AnOpenedOneAgainKeepsWhatItHas) {
 }
 
 TEST_F(SqliteConnectionTest, TellsWhyAFileCannotBeOpened) {
-  SqliteConnection missing(folder_ / "falta.sqlite", "");
-  EXPECT_EQ(OpenError(missing), "No se puede abrir la base de datos " + (folder_ / "falta.sqlite") +
-                                    ": el archivo no existe");
+  const auto told = [this](const std::string& name) {
+    SqliteConnection connection(folder_ / name, "");
+    return OpenError(connection);
+  };
+  EXPECT_EQ(told("falta.sqlite"), "No se puede abrir la base de datos " +
+                                      (folder_ / "falta.sqlite") + ": el archivo no existe");
   EXPECT_EQ(folder_.Files(), 1U);
-
-  Write("vacio.sqlite", "");
-  SqliteConnection empty(folder_ / "vacio.sqlite", "");
-  EXPECT_THAT(OpenError(empty), HasSubstr("el archivo está vacío"));
-
-  Write("ajeno.sqlite", std::string(5000, 'x'));
-  SqliteConnection foreign(folder_ / "ajeno.sqlite", "");
-  EXPECT_THAT(OpenError(foreign), HasSubstr("file is not a database"));
-
-  Write("corto.sqlite", "hola");
-  SqliteConnection small(folder_ / "corto.sqlite", "");
-  EXPECT_THAT(OpenError(small), HasSubstr("file is not a database"));
-
   std::ifstream whole(path_, std::ios::binary);
   std::string content(std::istreambuf_iterator<char>(whole), {});
+  Write("vacio.sqlite", "");
+  Write("ajeno.sqlite", std::string(5000, 'x'));
+  Write("corto.sqlite", "hola");
   Write("roto.sqlite", content.replace(100, 400, std::string(400, 'x')));
-  SqliteConnection damaged(folder_ / "roto.sqlite", "");
-  EXPECT_THAT(OpenError(damaged), HasSubstr("database disk image is malformed"));
-
-  SqliteConnection folder(folder_ / "", "");
-  EXPECT_THAT(OpenError(folder), HasSubstr("es una carpeta"));
+  EXPECT_THAT(told("vacio.sqlite"), HasSubstr("el archivo está vacío"));
+  EXPECT_THAT(told("ajeno.sqlite"), HasSubstr("file is not a database"));
+  EXPECT_THAT(told("corto.sqlite"), HasSubstr("file is not a database"));
+  EXPECT_THAT(told("roto.sqlite"), HasSubstr("database disk image is malformed"));
+  EXPECT_THAT(told(""), HasSubstr("es una carpeta"));
 }
 
 TEST_F(SqliteConnectionTest, AMissingFileThatComesLaterOpens) {
   SqliteConnection late(folder_ / "tarde.sqlite", "");
   EXPECT_NE(OpenError(late), "no error");
-  SqliteConnection maker(folder_ / "tarde.sqlite", "", OpenMode::Create);
-  maker.Open();
+  Opened<SqliteConnection> maker(folder_ / "tarde.sqlite", "", OpenMode::Create);
   maker.Execute("CREATE TABLE T (A INTEGER)");
   EXPECT_EQ(OpenError(late), "no error");
 }
 
 TEST_F(SqliteConnectionTest, ReadOnlyReadsOnly) {
-  SqliteConnection reader(path_, "", OpenMode::ReadOnly);
-  reader.Open();
+  Opened<SqliteConnection> reader(path_, "", OpenMode::ReadOnly);
   EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
   EXPECT_THAT(RunRows(reader, "INSERT INTO T VALUES (1,'x')"),
-              ElementsAre(testing::StartsWith("error attempt to write a readonly database")));
+              ElementsAre(StartsWith("error attempt to write a readonly database")));
 }
 
 TEST_F(SqliteConnectionTest, ReadingLeavesNothingBesideAFileWithALog) {
   {
-    SqliteConnection writer(path_, "");
-    writer.Open();
+    Opened<SqliteConnection> writer(path_, "");
     writer.Execute("PRAGMA journal_mode=WAL");
   }
   {
-    SqliteConnection reader(path_, "", OpenMode::ReadOnly);
-    reader.Open();
+    Opened<SqliteConnection> reader(path_, "", OpenMode::ReadOnly);
     EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
   }
   EXPECT_FALSE(std::filesystem::exists(path_ + "-wal"));
@@ -260,8 +245,7 @@ TEST_F(SqliteConnectionTest, ReadingLeavesNothingBesideAFileWithALog) {
 }
 
 TEST_F(SqliteConnectionTest, WaitsForAnotherConnectionsWrite) {
-  SqliteConnection other(path_, "");
-  other.Open();
+  Opened<SqliteConnection> other(path_, "");
   other.Execute("BEGIN EXCLUSIVE");
   other.Execute("INSERT INTO T VALUES (1,'otro')");
   auto waiting = std::async(std::launch::async, [this] {
@@ -275,8 +259,7 @@ TEST_F(SqliteConnectionTest, WaitsForAnotherConnectionsWrite) {
 
 TEST_F(SqliteConnectionTest, ManyWritersLoseNothing) {
   const auto write = [this](int from) {
-    SqliteConnection writer(path_, "");
-    writer.Open();
+    Opened<SqliteConnection> writer(path_, "");
     for (auto i = from; i < from + 25; ++i)
       writer.Execute("INSERT INTO T VALUES (" + std::to_string(i) + ",'x')");
   };
@@ -287,8 +270,7 @@ TEST_F(SqliteConnectionTest, ManyWritersLoseNothing) {
 }
 
 TEST_F(SqliteConnectionTest, GivesUpWhenTheWaitIsOver) {
-  SqliteConnection other(path_, "");
-  other.Open();
+  Opened<SqliteConnection> other(path_, "");
   other.Execute("BEGIN EXCLUSIVE");
   SqliteConnection hasty(path_, "");
   hasty.BusyWait(30ms);
@@ -304,14 +286,12 @@ TEST_F(SqliteConnectionTest, GivesUpWhenTheWaitIsOver) {
 
 TEST_F(SqliteConnectionTest, LeavesTheJournalModeAndWritesForGood) {
   {
-    SqliteConnection first(path_, "");
-    first.Open();
+    Opened<SqliteConnection> first(path_, "");
     EXPECT_THAT(RunRows(first, "PRAGMA journal_mode"), ElementsAre("delete"));
     EXPECT_THAT(RunRows(first, "PRAGMA synchronous"), ElementsAre("2"));
     EXPECT_THAT(RunRows(first, "PRAGMA journal_mode=WAL"), ElementsAre("wal"));
   }
-  SqliteConnection second(path_, "");
-  second.Open();
+  Opened<SqliteConnection> second(path_, "");
   EXPECT_THAT(RunRows(second, "PRAGMA journal_mode"), ElementsAre("wal"));
   EXPECT_THAT(RunRows(second, "PRAGMA synchronous"), ElementsAre("2"));
 }

@@ -17,7 +17,7 @@ struct Case {
   std::vector<std::int64_t> values;
 };
 
-TEST(StatementLifter, LiftsTheIntegersThatAreValues) {
+TEST(StatementLifterTest, LiftsTheIntegersThatAreValues) {
   const std::vector<Case> cases{
       {"SELECT Orden FROM Curso WHERE IDCurso=12", "SELECT Orden FROM Curso WHERE IDCurso=?", {12}},
       {"INSERT INTO Profesor_Pte VALUES (3,45)", "INSERT INTO Profesor_Pte VALUES (?,?)", {3, 45}},
@@ -35,7 +35,7 @@ TEST(StatementLifter, LiftsTheIntegersThatAreValues) {
   }
 }
 
-TEST(StatementLifter, LeavesWhatIsNoValueInTheText) {
+TEST(StatementLifterTest, LeavesWhatIsNoValueInTheText) {
   StatementLifter lifter;
   for (const std::string kept : {
            "SELECT 1 FROM T",                               // names a column
@@ -54,14 +54,14 @@ TEST(StatementLifter, LeavesWhatIsNoValueInTheText) {
   }
 }
 
-TEST(StatementLifter, GoesOnBehindAnInnerSelect) {
+TEST(StatementLifterTest, GoesOnBehindAnInnerSelect) {
   StatementLifter lifter;
   ASSERT_TRUE(lifter.Lift("SELECT A FROM T WHERE B IN (SELECT 5 FROM U WHERE C=6) AND D=7"));
   EXPECT_EQ(lifter.Text(), "SELECT A FROM T WHERE B IN (SELECT 5 FROM U WHERE C=?) AND D=?");
   EXPECT_THAT(lifter.Values(), ElementsAre(6, 7));
 }
 
-TEST(StatementLifter, RefusesWhatItCannotTell) {
+TEST(StatementLifterTest, RefusesWhatItCannotTell) {
   StatementLifter lifter;
   std::string longList = "SELECT A FROM T WHERE B IN (0";
   for (int i = 1; i <= 64; ++i) longList += "," + std::to_string(i);
@@ -74,7 +74,7 @@ TEST(StatementLifter, RefusesWhatItCannotTell) {
     EXPECT_FALSE(lifter.Lift(statement)) << statement;
 }
 
-TEST(StatementLifter, TakesAListAsLongAsItAllows) {
+TEST(StatementLifterTest, TakesAListAsLongAsItAllows) {
   std::string list = "SELECT A FROM T WHERE B IN (0";
   for (int i = 1; i < 64; ++i) list += "," + std::to_string(i);
   StatementLifter lifter;
@@ -82,7 +82,7 @@ TEST(StatementLifter, TakesAListAsLongAsItAllows) {
   EXPECT_EQ(lifter.Values().size(), 64U);
 }
 
-TEST(StatementLifter, AnUnclosedTextReachesTheEngineAsItIs) {
+TEST(StatementLifterTest, AnUnclosedTextReachesTheEngineAsItIs) {
   StatementLifter lifter;
   ASSERT_TRUE(lifter.Lift("SELECT A FROM T WHERE B='5"));
   EXPECT_EQ(lifter.Text(), "SELECT A FROM T WHERE B='5");

@@ -20,10 +20,7 @@ class TempFolder {
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
   }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
   TempFolder(TempFolder&&) = delete;
-  TempFolder& operator=(TempFolder&&) = delete;
 
   [[nodiscard]] std::string operator/(const std::string& name) const {
     return (path_ / name).string();

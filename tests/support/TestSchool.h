@@ -11,10 +11,7 @@ class TestSchool {
  public:
   TestSchool();
   ~TestSchool();
-  TestSchool(const TestSchool&) = delete;
-  TestSchool& operator=(const TestSchool&) = delete;
   TestSchool(TestSchool&&) = delete;
-  TestSchool& operator=(TestSchool&&) = delete;
 
   /// The file, or the name of the database.
   [[nodiscard]] const std::string& Path() const noexcept { return path_; }

@@ -30,10 +30,7 @@ class BusyMachine {
  public:
   BusyMachine();
   ~BusyMachine();
-  BusyMachine(const BusyMachine&) = delete;
-  BusyMachine& operator=(const BusyMachine&) = delete;
   BusyMachine(BusyMachine&&) = delete;
-  BusyMachine& operator=(BusyMachine&&) = delete;
 
  private:
   std::vector<int> processes_;

@@ -12,10 +12,7 @@ class XServer {
   /// Throws std::runtime_error when one can't be started.
   explicit XServer(bool managed);
   ~XServer();
-  XServer(const XServer&) = delete;
-  XServer& operator=(const XServer&) = delete;
   XServer(XServer&&) = delete;
-  XServer& operator=(XServer&&) = delete;
 
   /// As the environment variable DISPLAY has it.
   [[nodiscard]] const std::string& Display() const noexcept { return display_; }

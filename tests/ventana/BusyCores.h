@@ -10,10 +10,7 @@ class BusyCores {
  public:
   BusyCores();
   ~BusyCores();
-  BusyCores(const BusyCores&) = delete;
-  BusyCores& operator=(const BusyCores&) = delete;
   BusyCores(BusyCores&&) = delete;
-  BusyCores& operator=(BusyCores&&) = delete;
 
  private:
   std::vector<pid_t> spinning_;

@@ -59,7 +59,7 @@ void HastyUser::Tick() {
     if (QGuiApplication::focusWindow() != keyboard && !InputQueue::Empty()) return;
   }
   if (!screen_.Busy()) Look();
-  if (gestures_ >= until_ || screen_.Depth() > kDeepest)
+  if (gestures_ >= until_ || screen_.Shown().Depth() > kDeepest)
     Leave(front, *window);
   else
     Act(front, *window);

@@ -1,30 +1,11 @@
 #include "tests/ventana/WatchedScreen.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "adapters/qt/window/FormWindow.h"
 #include "platform/host/Application.h"
 
 namespace quorvane::test {
-namespace {
-
-/// Counts the shows that run, also when one ends by an error.
-class Deeper {
- public:
-  explicit Deeper(std::size_t& depth) : depth_(depth) { ++depth_; }
-  ~Deeper() { --depth_; }
-  Deeper(const Deeper&) = delete;
-  Deeper& operator=(const Deeper&) = delete;
-  Deeper(Deeper&&) = delete;
-  Deeper& operator=(Deeper&&) = delete;
-
- private:
-  std::size_t& depth_;
-};
-
-}  // namespace
-
 WatchedScreen::WatchedScreen(History& history) : history_(history) {
   Application::Instance().UseScreen(this);
   // Asked when the form's own loading is over, before the user's turn.
@@ -37,10 +18,7 @@ WatchedScreen::WatchedScreen(History& history) : history_(history) {
 WatchedScreen::~WatchedScreen() { Application::Instance().UseScreen(nullptr); }
 
 void WatchedScreen::RunModal(Form& form) {
-  const Deeper deeper(depth_);
-  deepest_ = std::max(deepest_, depth_);
-  ++shown_[form.Name()];
-  lastForm_ = form.Name();
+  const Shows::Running running(shows_, form.Name());
   ready_ = nullptr;
   history_.Add("muestra " + form.Name());
   onlooker_->Opened(form);
@@ -50,7 +28,7 @@ void WatchedScreen::RunModal(Form& form) {
 }
 
 void WatchedScreen::Loading(Form& form) {
-  lastForm_ = form.Name();
+  shows_.Touch(form.Name());
   onlooker_->Loading(form);
 }
 

@@ -131,7 +131,7 @@ bool WindowWalk::Explains(const RuntimeError& error) const {
 
 void WindowWalk::Recover(int node, const RuntimeError& error) {
   const auto text =
-      screen_.LastForm() + " " + std::to_string(error.Number()) + " " + error.Description();
+      screen_.Shown().LastForm() + " " + std::to_string(error.Number()) + " " + error.Description();
   history_.Add("error " + text);
   if (!Explains(error)) throw Violation("Un error que la escuela no explica: " + text);
   ++errors_[text];
@@ -153,18 +153,18 @@ void WindowWalk::CountChecks() {
 
 std::optional<std::string_view> WindowWalk::FormNotSeen() const {
   for (const auto form : kForms)
-    if (!screen_.Shows().contains(std::string(form))) return form;
+    if (!screen_.Shown().Times().contains(std::string(form))) return form;
   return std::nullopt;
 }
 
 void WindowWalk::Report(std::ostream& out) const {
   out << user_.Gestures() << " gestos, " << screens_ << " pantallas, " << schools_
-      << " escuelas, hasta " << screen_.Deepest() << " formularios uno sobre otro\n"
+      << " escuelas, hasta " << screen_.Shown().Deepest() << " formularios uno sobre otro\n"
       << saves_ << " veces se han grabado las notas que se mostraban, " << leftTyped_
       << " se ha dejado con el ratón una nota escrita y " << user_.Refusals()
       << " un texto que no lo es, " << reopened_ << " se ha reabierto un registro grabado\n";
   for (const auto& [form, gestures] : user_.GesturesByForm())
-    out << "  " << form << ": " << screen_.Shows().at(form) << " veces, " << gestures
+    out << "  " << form << ": " << screen_.Shown().Times().at(form) << " veces, " << gestures
         << " gestos\n";
   out << "Errores:\n";
   for (const auto& [error, times] : errors_) out << "  " << times << " veces " << error << '\n';

@@ -11,10 +11,7 @@ class Onlooker {
  public:
   Onlooker() = default;
   virtual ~Onlooker() = default;
-  Onlooker(const Onlooker&) = delete;
-  Onlooker& operator=(const Onlooker&) = delete;
   Onlooker(Onlooker&&) = delete;
-  Onlooker& operator=(Onlooker&&) = delete;
 
   /// The form is about to be loaded: it has read nothing yet.
   virtual void Loading(Form& /*form*/) {}

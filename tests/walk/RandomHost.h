@@ -28,10 +28,7 @@ class RandomHost {
  public:
   explicit RandomHost(Prng& random);
   ~RandomHost();
-  RandomHost(const RandomHost&) = delete;
-  RandomHost& operator=(const RandomHost&) = delete;
   RandomHost(RandomHost&&) = delete;
-  RandomHost& operator=(RandomHost&&) = delete;
 
   /// Hands in a session of that user, with a profile and a centre drawn by lot. What it tells is
   /// for the history.

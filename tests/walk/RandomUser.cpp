@@ -1,29 +1,9 @@
 #include "tests/walk/RandomUser.h"
 
-#include <algorithm>
-
 #include "platform/host/Application.h"
 #include "platform/text/Utf8.h"
 
 namespace quorvane::test {
-namespace {
-
-/// Counts the shows that run, also when one ends by an error.
-class Deeper {
- public:
-  explicit Deeper(std::size_t& depth) : depth_(depth) { ++depth_; }
-  ~Deeper() { --depth_; }
-  Deeper(const Deeper&) = delete;
-  Deeper& operator=(const Deeper&) = delete;
-  Deeper(Deeper&&) = delete;
-  Deeper& operator=(Deeper&&) = delete;
-
- private:
-  std::size_t& depth_;
-};
-
-}  // namespace
-
 RandomUser::RandomUser(Prng& random, History& history) : random_(random), history_(history) {
   Application::Instance().UseScreen(this);
 }
@@ -31,7 +11,7 @@ RandomUser::RandomUser(Prng& random, History& history) : random_(random), histor
 RandomUser::~RandomUser() { Application::Instance().UseScreen(nullptr); }
 
 Gesture RandomUser::Choose(Form& form) {
-  if (onlyCloses_ || depth_ > kDeepest || gestures_ >= limit_) return CloseWindow(form);
+  if (onlyCloses_ || shows_.Depth() > kDeepest || gestures_ >= limit_) return CloseWindow(form);
   auto gestures = GesturesOn(form, random_);
   int total = 0;
   for (const auto& gesture : gestures) total += gesture.weight;
@@ -44,17 +24,14 @@ Gesture RandomUser::Choose(Form& form) {
 }
 
 void RandomUser::RunModal(Form& form) {
-  const Deeper deeper(depth_);
-  deepest_ = std::max(deepest_, depth_);
-  ++shows_[form.Name()];
-  lastForm_ = form.Name();
+  const Shows::Running running(shows_, form.Name());
   onlooker_->Opened(form);
   form.Shown();
   onlooker_->Settle();
   while (form.Visible()) {
     const auto gesture = Choose(form);
     ++gestures_;
-    lastForm_ = form.Name();
+    shows_.Touch(form.Name());
     history_.Add(form.Name() + ": " + gesture.text);
     if (gesture.accepts) onlooker_->Accepting(form);
     gesture.act();
@@ -63,7 +40,7 @@ void RandomUser::RunModal(Form& form) {
 }
 
 void RandomUser::Loading(Form& form) {
-  lastForm_ = form.Name();
+  shows_.Touch(form.Name());
   history_.Add("carga " + form.Name());
   onlooker_->Loading(form);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <string>
 
 #include "apps/escuela/Prng.h"
@@ -9,6 +8,7 @@
 #include "tests/walk/Gestures.h"
 #include "tests/walk/History.h"
 #include "tests/walk/Onlooker.h"
+#include "tests/walk/Shows.h"
 
 namespace quorvane::test {
 
@@ -18,10 +18,7 @@ class RandomUser : public FrontEnd {
  public:
   RandomUser(Prng& random, History& history);
   ~RandomUser() override;
-  RandomUser(const RandomUser&) = delete;
-  RandomUser& operator=(const RandomUser&) = delete;
   RandomUser(RandomUser&&) = delete;
-  RandomUser& operator=(RandomUser&&) = delete;
 
   /// Who looks on from now on; needed before the first form opens, and outlives its use here.
   void UseOnlooker(Onlooker& onlooker) noexcept { onlooker_ = &onlooker; }
@@ -31,13 +28,7 @@ class RandomUser : public FrontEnd {
   void Limit(std::uint64_t gestures) noexcept { limit_ = gestures; }
 
   [[nodiscard]] std::uint64_t Gestures() const noexcept { return gestures_; }
-  /// How often each form has been shown.
-  [[nodiscard]] const std::map<std::string, std::uint64_t>& Shows() const noexcept {
-    return shows_;
-  }
-  /// The form on which the last gesture was made.
-  [[nodiscard]] const std::string& LastForm() const noexcept { return lastForm_; }
-  [[nodiscard]] std::size_t Deepest() const noexcept { return deepest_; }
+  [[nodiscard]] const Shows& Shown() const noexcept { return shows_; }
 
   void RunModal(Form& form) override;
   void Loading(Form& form) override;
@@ -64,10 +55,7 @@ class RandomUser : public FrontEnd {
   bool onlyCloses_ = false;
   std::uint64_t limit_ = 0;
   std::uint64_t gestures_ = 0;
-  std::size_t depth_ = 0;
-  std::size_t deepest_ = 0;
-  std::map<std::string, std::uint64_t> shows_;
-  std::string lastForm_;
+  Shows shows_;
 };
 
 }  // namespace quorvane::test

@@ -18,10 +18,7 @@ class School {
   explicit School(Prng& random);
   /// The sample school, in which nothing is odd.
   explicit School(Sample which);
-  School(const School&) = delete;
-  School& operator=(const School&) = delete;
   School(School&&) = delete;
-  School& operator=(School&&) = delete;
   ~School() = default;
 
   [[nodiscard]] SchoolConnection& Centro() noexcept { return centro_; }

@@ -72,7 +72,8 @@ void Walk::OpenScreen() {
 
 void Walk::Recover(int node, const RuntimeError& error) {
   history_.Add("error " + std::to_string(error.Number()) + " " + error.Description());
-  ++errors_[user_.LastForm() + " " + std::to_string(error.Number()) + " " + error.Description()];
+  ++errors_[user_.Shown().LastForm() + " " + std::to_string(error.Number()) + " " +
+            error.Description()];
   FormInstances::DropAll();
   school_->FailStatement(0);
   RemoveLeftovers();
@@ -109,8 +110,9 @@ void Walk::OpenAllScreens() {
 
 void Walk::Report(std::ostream& out) const {
   out << user_.Gestures() << " gestos, " << screens_ << " pantallas, " << schools_
-      << " escuelas, hasta " << user_.Deepest() << " formularios uno sobre otro\n";
-  for (const auto& [form, shows] : user_.Shows()) out << "  " << form << ": " << shows << '\n';
+      << " escuelas, hasta " << user_.Shown().Deepest() << " formularios uno sobre otro\n";
+  for (const auto& [form, shows] : user_.Shown().Times())
+    out << "  " << form << ": " << shows << '\n';
   out << "Errores:\n";
   for (const auto& [error, times] : errors_) out << "  " << times << " veces " << error << '\n';
 }

@@ -1,109 +1,189 @@
-#include "tests/zendria/GradeRescueTest.h"
+// Which grades a screen that fails has left without saving.
 
-#include <QDir>
-#include <QFile>
-#include <QTableView>
-#include <QTest>
-#include <utility>
+#include <QFileInfo>
+#include <new>
+
+#include "apps/zendria/GradeRescue.h"
+#include "platform/controls/FormInstance.h"
+#include "selection/frmNotaSeccionAlumno1.h"
+#include "tests/support/Matchers.h"
+#include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
+namespace {
 
-GradeRescueTest::GradeRescueTest() {
-  for (const auto& [student, subject] :
-       {std::pair{3, 3111}, std::pair{1, 3111}, std::pair{1, 3112}, std::pair{2, 3111}}) {
-    if (subject == 3111) school_.Registra(321, student);
-    const auto pending = school_.Pendiente(student, subject, subject - 3110);
-    for (const int evaluation : {1, 2, 4})
-      school_.Evalua(pending, evaluation, pending <= 2 ? 105 : 0);
+class GradeRescueTest : public RescueTest {};
+
+TEST_F(GradeRescueTest, RowsThatTheSaveHadWrittenAreNotInTheFile) {
+  FullAt(3);
+  Fail(Doing({{0, 1, "7"},
+              "cmdSiguiente",
+              {0, 1, "8"},
+              {1, 1, "9"},
+              "cmdSiguiente",
+              {0, 1, "10"},
+              "cmdAceptar"}));
+  EXPECT_EQ(school_.Rows("SELECT CodNota FROM EvaluacionPte WHERE CodNumEvaluacion=1 ORDER BY 1"),
+            (Lines{"0", "0", "107", "108"}));
+  EXPECT_THAT(Cells(),
+              ElementsAre(Line(kMarta, kMates, "Nota", "9"), Line(kInigo, kLengua, "Nota", "10")));
+}
+
+TEST_F(GradeRescueTest, TheLastTextOfACellCountsAndAFormerOneIsNoChange) {
+  FullAt(1);
+  Fail(Doing({{0, 1, "7"},
+              {0, 1, "8"},
+              "cmdSiguiente",
+              {0, 1, "9"},
+              {0, 1, "5"},
+              "cmdAnterior",
+              {0, 1, "6"},
+              "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "6")));
+}
+
+TEST_F(GradeRescueTest, AGradeTakenAwayIsAChangeToo) {
+  FullAt(1);
+  Fail(Doing({{0, 1, ""}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "(en blanco)")));
+}
+
+TEST_F(GradeRescueTest, WithoutAChangeThereIsNoFile) {
+  FullAt(1);
+  const auto text = Fail(Doing({{0, 1, "7"}, {0, 1, "5"}, "cmdAceptar"}));
+  EXPECT_FALSE(QFileInfo::exists(Folder()));
+  EXPECT_FALSE(text.contains("notas que había")) << text.toStdString();
+}
+
+TEST_F(GradeRescueTest, NothingIsKeptOfWhatWasSavedOrCancelled) {
+  for (const auto* const button : {"cmdAceptar", "cmdCancelar"}) {
+    StepOne("frmNotaManual1", "1");
+    robot_.On("frmNotaManual", {{0, 1, "7"}, button});
+    LeaveStepOne("frmNotaManual1");
+    window_->OpenNode(124);
   }
-  // One name to a column, and observations in ordinary evaluations too.
-  school_.Sql(
-      "UPDATE TipoNota SET Nombre='Nota' WHERE Orden=1;"
-      "UPDATE TipoNota SET Observacion=0 WHERE Orden=5");
-  EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  // A screen that fails later has nothing to do with them.
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0");
+  FullAt(1);
+  Fail(Doing({"cmdAceptar"}));
+  EXPECT_FALSE(QFileInfo::exists(Folder()));
 }
 
-QWidget* GradeRescueTest::OpenList(Window& window, int row, int column) {
-  auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-  grid.setFocus();
-  grid.setCurrentIndex(grid.model()->index(row, column));
-  QTest::keyClick(&grid, Qt::Key_F2);
-  // An open list has the keyboard.
-  auto* const focus = window.focusWidget();
-  return focus == &grid ? nullptr : focus;
+TEST_F(GradeRescueTest, OnlyTheFormThatFailsIsInTheFile) {
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", [this](Window& window) {
+    Robot::Grade(window, 0, 1, "7");
+    FullAt(1);
+    Robot::Click(window, "cmdCancelar");
+  });
+  StepOne("frmNotaManual1", "2");
+  robot_.On("frmNotaManual", Doing({"cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
+  NoticeOf(124);
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
+  EXPECT_TRUE(Content().contains("Evaluación: 2ª Evaluación\n"));
 }
 
-void GradeRescueTest::Grade(Window& window, int row, int column, const QString& text) {
-  auto* const filter = OpenList(window, row, column);
-  ASSERT_NE(filter, nullptr);
-  if (text.isEmpty())
-    QTest::keyClick(filter, Qt::Key_PageUp);
-  else
-    QTest::keyClicks(filter, text);
-  QTest::keyClick(filter, Qt::Key_Return);
+TEST_F(GradeRescueTest, AnErrorAtTheBeginOfAnEditLosesNothing) {
+  Fail([this](Window& window) {
+    Robot::Grade(window, 0, 1, "7");
+    school_.Sql("ALTER TABLE TipoNota RENAME TO Apartado");
+    EXPECT_EQ(Robot::OpenList(window, 0, 5), nullptr);
+  });
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
-void GradeRescueTest::FullAt(int pending, const std::string& table) const {
-  school_.Sql("CREATE TRIGGER lleno BEFORE UPDATE ON " + table +
-              " WHEN NEW.CodAlumnoPte_MatDet=" + std::to_string(pending) +
-              " BEGIN SELECT RAISE(FAIL,'database or disk is full'); END");
+TEST_F(GradeRescueTest, AFailureThatIsNoRuntimeErrorLosesNothing) {
+  const auto text = Fail([](Window& window) {
+    Robot::Grade(window, 0, 1, "7");
+    throw std::bad_alloc();
+  });
+  EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
-void GradeRescueTest::StepOne(const std::string& form, const QString& evaluation,
-                              const std::string& more, const QString& entry) {
-  robot_.On(form, [=](Window& window) {
-    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
-    Robot::Pick(window, "cboCursos", "2");
-    Robot::Pick(window, "cboSecciones", "A");
-    Robot::Pick(window, "cboEvaluaciones", evaluation);
-    if (!more.empty()) Robot::Pick(window, more, entry);
+// A grade of a recovery has no place in the database: choosing it is an error already.
+TEST_F(GradeRescueTest, AnErrorAtTheEndOfAnEditLosesNothing) {
+  auto stepOne = Doing({{"cboTipoEnsenanza", "ESO"},
+                        {"cboCursos", "2"},
+                        {"cboSecciones", "A"},
+                        {"cboEvaluaciones", "1"},
+                        {"cboMateria", "Lengua"}});
+  robot_.On("frmNotaSeccionAlumno1", [stepOne](Window& window) {
+    stepOne(window);
+    FormInstance<frmNotaSeccionAlumno1>::Get().chkRecuperacion.Value(1);
     Robot::Click(window, "cmdNotaManual1(0)");
   });
+  const auto text = FailIn(127, "frmNotaSeccionAlumno", Doing({{0, 1, "5"}}));
+  EXPECT_TRUE(text.startsWith("Error 438: ")) << text.toStdString();
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "5")));
 }
 
-void GradeRescueTest::LeaveStepOne(const std::string& form) {
-  robot_.On(form, [](Window& window) { Robot::Click(window, "cmdNotaManual1(1)"); });
+TEST_F(GradeRescueTest, BySubject) {
+  FullAt(2);
+  StepOne("frmNotaMateria1", "1");
+  FailIn(125, "frmNotaMateria",
+         Doing({{0, 1, "7"}, {1, 1, "8"}, "cmdSiguiente", {0, 1, "9"}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(),
+              ElementsAre(Line(kMarta, kLengua, "Nota", "8"), Line(kMarta, kMates, "Nota", "9")));
+  EXPECT_TRUE(Content().contains("Pantalla: Por materia (frmNotaMateria)\n"));
 }
 
-QString GradeRescueTest::FailIn(std::uint8_t node, const std::string& form,
-                                const std::function<void(Window&)>& act) {
-  robot_.On(form, act);
-  QString text;
-  ReadNotice(text);
-  window_->OpenNode(node);
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_TRUE(robot_.unexpected.empty());
-  return text;
+TEST_F(GradeRescueTest, OfOneSubjectByStudent) {
+  FullAt(2);
+  StepOne("frmNotaSeccionAlumno1", "1", "cboMateria", "Lengua");
+  FailIn(127, "frmNotaSeccionAlumno",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
+  EXPECT_TRUE(Content().contains("Evaluación: 1ª Evaluación\nMateria: Lengua"));
 }
 
-QString GradeRescueTest::Fail(const std::function<void(Window&)>& act) {
-  StepOne("frmNotaManual1", "1");
-  return FailIn(124, "frmNotaManual", act);
+TEST_F(GradeRescueTest, OfOneStudentBySubject) {
+  FullAt(3);
+  StepOne("frmNotaSeccionMateria1", "1", "cboAlumno", "D");
+  FailIn(126, "frmNotaSeccionMateria",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Nota", "8")));
+  EXPECT_TRUE(Content().contains("Evaluación: 1ª Evaluación\nAlumno: Díaz Cano, Marta\n"));
 }
 
-QString GradeRescueTest::Folder() const { return folder_.filePath("notas-sin-guardar"); }
-
-QStringList GradeRescueTest::Files() const {
-  return QDir(Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+TEST_F(GradeRescueTest, FinalBySubject) {
+  school_.Sql("UPDATE Curso SET RE_AC=-1");
+  FullAt(2, "EvaluacionActaPte");
+  StepOne("frmNotaMateria1", "Final");
+  FailIn(125, "frmNotaMateriaFinal",
+         Doing({{0, 1, "7"}, {0, 6, "Ref"}, {1, 1, "8"}, {1, 6, "Ada"}, "cmdAceptar"}));
+  EXPECT_EQ(school_.Rows("SELECT CodNota, RE_AC_DIV FROM EvaluacionActaPte ORDER BY "
+                         "CodAlumnoPte_MatDet"),
+            (Lines{"107|1", "105|0", "0|0", "0|0"}));
+  EXPECT_THAT(Cells(),
+              ElementsAre(Line(kMarta, kLengua, "Nota", "8"),
+                          Line(kMarta, kLengua, "Medidas Adoptadas", "Adaptación curricular")));
 }
 
-QByteArray GradeRescueTest::Content() const {
-  const auto files = Files();
-  if (files.size() != 1) return "not one file, but " + QByteArray::number(files.size());
-  QFile file(Folder() + '/' + files[0]);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+TEST_F(GradeRescueTest, FinalByStudent) {
+  FullAt(2, "EvaluacionActaPte");
+  StepOne("frmNotaManual1", "Final");
+  FailIn(124, "frmNotaManualFinal",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {1, 5, "Mejora"}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Observación", "Mejora")));
 }
 
-GradeRescueTest::Lines GradeRescueTest::CellsOf(const QByteArray& content) {
-  Lines cells;
-  for (const auto& line : content.split('\n'))
-    if (line.contains('\t')) cells.push_back(line.toStdString());
-  return cells;
+TEST_F(GradeRescueTest, FinalOfOneSubjectByStudent) {
+  FullAt(2, "EvaluacionActaPte");
+  StepOne("frmNotaSeccionAlumno1", "Final", "cboMateria", "Lengua");
+  FailIn(127, "frmNotaSeccionAlumnoFinal",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
 }
 
-std::string GradeRescueTest::Line(const char* who, const char* what, const char* column,
-                                  const char* text) {
-  return std::string(who) + '\t' + what + '\t' + column + '\t' + text;
+TEST_F(GradeRescueTest, FinalOfOneStudentBySubject) {
+  FullAt(3, "EvaluacionActaPte");
+  StepOne("frmNotaSeccionMateria1", "Final", "cboAlumno", "D");
+  FailIn(126, "frmNotaSeccionMateriaFinal",
+         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
+  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Nota", "8")));
 }
 
+}  // namespace
 }  // namespace quorvane::test

@@ -3,9 +3,11 @@
 #include <QFile>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTest>
 #include <utility>
 
 #include "apps/zendria/HostComponents.h"
+#include "apps/zendria/SignInDialog.h"
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
 
@@ -43,6 +45,30 @@ void HostTest::ReadNotice(QString& text) {
     text = box.text() + u'\n' + box.informativeText();
     box.accept();
   });
+}
+
+void HostTest::SignIn(const QString& typed) {
+  robot_.OnDialog("entrada", [typed](QWidget& dialog) {
+    auto& field = dynamic_cast<zendria::SignInDialog&>(dialog).List().Field();
+    QTest::keyClicks(&field, typed);
+    QTest::keyClick(&field, Qt::Key_Return);
+  });
+}
+
+void HostTest::GiveUp(const std::string& dialog) {
+  robot_.OnDialog(dialog, [](QWidget& shown) { QTest::keyClick(&shown, Qt::Key_Escape); });
+}
+
+void HostTest::Play(std::uint8_t node) {
+  window_->OpenNode(node);
+  EXPECT_TRUE(robot_.Done());
+}
+
+QString HostTest::NoticeOf(std::uint8_t node) {
+  QString text;
+  ReadNotice(text);
+  window_->OpenNode(node);
+  return text;
 }
 
 QString HostTest::Refusal(const QString& file) {

@@ -2,12 +2,13 @@
 
 #include <QString>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
+#include <cstdint>
 #include <memory>
 
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/MainWindow.h"
 #include "apps/zendria/Preferences.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/SmallSchool.h"
 #include "tests/zendria/Robot.h"
 
@@ -19,16 +20,21 @@ class HostTest : public testing::Test {
  protected:
   HostTest();
   ~HostTest() override;
-  HostTest(const HostTest&) = delete;
-  HostTest& operator=(const HostTest&) = delete;
   HostTest(HostTest&&) = delete;
-  HostTest& operator=(HostTest&&) = delete;
 
   [[nodiscard]] QString SchoolFile() const;
   /// A file of that name and content in a folder of the test's own.
   [[nodiscard]] QString MakeFile(const QString& name, const QByteArray& content) const;
   /// Reads the host's next message into `text`, and accepts it.
   void ReadNotice(QString& text);
+  /// The next sign-in is that of the user whose name is typed so.
+  void SignIn(const QString& typed);
+  /// Gives up the host's next dialog of that name.
+  void GiveUp(const std::string& dialog);
+  /// Opens that screen, on which all happens that was laid out.
+  void Play(std::uint8_t node);
+  /// The message that opening that screen ends in.
+  QString NoticeOf(std::uint8_t node);
   /// Opens a file that can't be opened, and gives the message that says why.
   QString Refusal(const QString& file);
   /// Another window in the place of the one that stands.

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QMessageBox>
+#include <QTableView>
 #include <QTest>
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -51,9 +52,7 @@ Robot::~Robot() {
   screen_.MessageShown = nullptr;
 }
 
-void Robot::On(const std::string& form, std::function<void(qt::FormWindow&)> step) {
-  steps_[form].push_back(std::move(step));
-}
+void Robot::On(const std::string& form, Step step) { steps_[form].push_back(std::move(step)); }
 
 void Robot::OnDialog(const std::string& dialog, std::function<void(QWidget&)> step) {
   dialogSteps_[dialog].push_back(std::move(step));
@@ -117,6 +116,47 @@ void Robot::DoubleClickRow(qt::FormWindow& window, const std::string& list, int 
   auto& view = dynamic_cast<QAbstractItemView&>(Find(window, list));
   QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, RowOf(view, row));
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, RowOf(view, row));
+}
+
+QWidget* Robot::OpenList(qt::FormWindow& window, int row, int column) {
+  auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
+  grid.setFocus();
+  grid.setCurrentIndex(grid.model()->index(row, column));
+  QTest::keyClick(&grid, Qt::Key_F2);
+  // An open list has the keyboard.
+  auto* const focus = window.focusWidget();
+  return focus == &grid ? nullptr : focus;
+}
+
+void Robot::Grade(qt::FormWindow& window, int row, int column, const QString& text) {
+  auto* const filter = OpenList(window, row, column);
+  ASSERT_NE(filter, nullptr);
+  if (text.isEmpty())
+    QTest::keyClick(filter, Qt::Key_PageUp);
+  else
+    QTest::keyClicks(filter, text);
+  QTest::keyClick(filter, Qt::Key_Return);
+}
+
+Robot::Deed::Deed(const char* button)
+    : act([=](qt::FormWindow& window) { Click(window, button); }) {}
+
+Robot::Deed::Deed(const char* combo, const char* entry)
+    : act([=](qt::FormWindow& window) { Pick(window, combo, entry); }) {}
+
+Robot::Deed::Deed(const char* list, int row)
+    : act([=](qt::FormWindow& window) { ClickRow(window, list, row); }) {}
+
+Robot::Deed::Deed(const char* control, Qt::Key key)
+    : act([=](qt::FormWindow& window) { Press(window, control, key); }) {}
+
+Robot::Deed::Deed(int row, int column, const char* grade)
+    : act([=](qt::FormWindow& window) { Grade(window, row, column, grade); }) {}
+
+Robot::Step Robot::Doing(const std::vector<Deed>& deeds) {
+  return [deeds](qt::FormWindow& window) {
+    for (const auto& deed : deeds) deed.act(window);
+  };
 }
 
 }  // namespace quorvane::test

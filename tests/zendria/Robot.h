@@ -21,13 +21,26 @@ class Robot {
   /// `screen` outlives the robot.
   explicit Robot(qt::QtFrontEnd& screen);
   ~Robot();
-  Robot(const Robot&) = delete;
-  Robot& operator=(const Robot&) = delete;
   Robot(Robot&&) = delete;
-  Robot& operator=(Robot&&) = delete;
+
+  using Step = std::function<void(qt::FormWindow&)>;
+
+  /// One of the user's gestures, for `Doing`.
+  struct Deed {
+    // NOLINTNEXTLINE(google-explicit-constructor): the name of a button is what is handed over.
+    Deed(const char* button);
+    Deed(const char* combo, const char* entry);    ///< `Pick`
+    Deed(const char* list, int row);               ///< `ClickRow`
+    Deed(const char* control, Qt::Key key);        ///< `Press`
+    Deed(int row, int column, const char* grade);  ///< `Grade`
+    Step act;
+  };
+  /// Does all that, one after the other.
+  static Step Doing(const std::vector<Deed>& deeds);
 
   /// What to do the next time that form of the module comes up.
-  void On(const std::string& form, std::function<void(qt::FormWindow&)> step);
+  void On(const std::string& form, Step step);
+  void On(const std::string& form, const std::vector<Deed>& deeds) { On(form, Doing(deeds)); }
   /// What to do the next time that dialog of the host comes up, by its object name.
   void OnDialog(const std::string& dialog, std::function<void(QWidget&)> step);
 
@@ -43,13 +56,19 @@ class Robot {
   static void Pick(qt::FormWindow& window, const std::string& combo, const QString& text);
   static void ClickRow(qt::FormWindow& window, const std::string& list, int row);
   static void DoubleClickRow(qt::FormWindow& window, const std::string& list, int row);
+  /// Begins the edit of a cell of grades; what takes the keys of the list that it opens, null
+  /// without one.
+  static QWidget* OpenList(qt::FormWindow& window, int row, int column);
+  /// Picks an entry of such a list with the keyboard: by what is typed, or the first, which is
+  /// blank.
+  static void Grade(qt::FormWindow& window, int row, int column, const QString& text);
 
  private:
   void Act(qt::FormWindow& window);
   void LookForDialogs();
 
   qt::QtFrontEnd& screen_;
-  std::map<std::string, std::deque<std::function<void(qt::FormWindow&)>>> steps_;
+  std::map<std::string, std::deque<Step>> steps_;
   std::map<std::string, std::deque<std::function<void(QWidget&)>>> dialogSteps_;
   QTimer look_;
 };

@@ -1,0 +1,194 @@
+#include "tests/register/RegisterTest.h"
+
+namespace quorvane::test {
+namespace {
+
+const std::string kPick = kOpen + kProperties + kProperties;
+
+/// The lines of an accepted choice that look at those evaluations.
+std::vector<std::string> Validations(const std::vector<int>& evaluations) {
+  std::vector<std::string> lines;
+  for (const auto evaluation : evaluations)
+    lines.push_back(Sent(statement::Validation(evaluation)));
+  return lines;
+}
+
+/// Student 1 with "Lengua" in evaluation 1, graded.
+class frmMateriaEvTest : public RegisterTest {
+ protected:
+  frmMateriaEvTest() {
+    GiveRowsToAllMaterias(school);
+    Registra({1});
+    school.Evalua(school.Pendiente(1, 3111, 1), 1, 105);
+  }
+
+  /// What saving executes after these gestures in the dialog.
+  [[nodiscard]] std::vector<std::string> SavedAfter(const std::string& gestures) const {
+    return Saved(Run(kPick + gestures + kAccept + kAccept + kAccept));
+  }
+
+  const std::vector<std::string> update = statement::UpdateSubject(3111, 1, 1);
+};
+
+TEST_F(frmMateriaEvTest, PartsTheEvaluationsButTheReservedOne) {
+  const auto run = Run(kPick + kSee);
+  EXPECT_THAT(
+      run.After("pulsar cmdPropiedades"),
+      ElementsAre("carga frmMateriaEv", Sent(statement::kEvaluations), "muestra frmMateriaEv"));
+  ExpectTexts(run, "Evaluaciones de la Materia Pendiente",
+              Join({{"Label1=Materia:", "Label2=Lengua"}, kDualListTexts}));
+  EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), R"([["1ª Evaluación",1]])");
+  EXPECT_EQ(View(run, "lstDisponibles", "entradas"),
+            R"([["Extraordinaria",6],["Segunda extraordinaria",7],["Final",4],)"
+            R"(["Segunda final",5],["2ª Evaluación",2],["3ª Evaluación",3]])");
+}
+
+TEST_F(frmMateriaEvTest, EntriesMoveAsInTheOtherDualList) {
+  const auto run =
+      Run(kPick +
+          "pulsar cmdAgregarUno\npulsar cmdEliminarUno\nelegir lstDisponibles =2\n"
+          "doble lstDisponibles\nelegir lstSeleccionados =1\ndoble lstSeleccionados\n" +
+          kSee + "pulsar cmdAgregarTodos\n" + kSee + "pulsar cmdEliminarTodos\n" + kSee);
+  const auto views = run.Of("ver");
+  ASSERT_EQ(views.size(), 3U);
+  EXPECT_THAT(views[0], HasSubstr(R"("entradas":[["2ª Evaluación",2]])"));
+  EXPECT_THAT(views[0], HasSubstr(R"(["3ª Evaluación",3],["1ª Evaluación",1]])"));
+  EXPECT_THAT(views[1], HasSubstr(R"("entradas":[["2ª Evaluación",2],["Extraordinaria",6])"));
+  EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), "[]");
+  EXPECT_THAT(View(run, "lstDisponibles", "entradas"),
+              StartsWith(R"([["2ª Evaluación",2],["Extraordinaria",6])"));
+}
+
+TEST_F(frmMateriaEvTest, ThreeFinalEvaluationsAreRefusedOnTheThird) {
+  const auto run =
+      Run(kPick + TakeIn(4) + TakeIn(2) + TakeIn(5) + TakeIn(6) + TakeIn(7) + kAccept + kSee);
+  const std::string refusal =
+      R"(informacion "Zendria Escuela" "No puede seleccionar más de dos evaluaciones finales")";
+  EXPECT_EQ(run.After("pulsar cmdAceptar"),
+            Join({Validations({1, 4, 2, 5, 6}), {"pitido", "mensaje " + refusal}}));
+  EXPECT_EQ(View(run, "", "formulario"), "\"frmMateriaEv\"");
+}
+
+TEST_F(frmMateriaEvTest, ARefusalChangesNothingOfTheSubject) {
+  const auto before = school.Modulo();
+  const auto run = Run(kPick + TakeOut(1) + TakeIn(4) + TakeIn(6) + kAccept + kCancel + kSee +
+                       kAccept + kAccept);
+  EXPECT_EQ(run.Of("mensaje").size(), 1U);
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO)","","","","","X","","","","1"])x"));
+  EXPECT_EQ(school.Modulo(), before);
+}
+
+TEST_F(frmMateriaEvTest, AFinalAndAnExtraordinaryOneAreRefusedEitherWayRound) {
+  const std::string refusal =
+      R"(informacion "Zendria Escuela" "Las evaluaciones deben ser del mismo tipo, )"
+      R"(finales o extraordinarias")";
+  const auto finalFirst = Run(kPick + TakeIn(4) + TakeIn(6) + kAccept);
+  EXPECT_EQ(finalFirst.After("pulsar cmdAceptar"),
+            Join({Validations({1, 4, 6}), {"pitido", "mensaje " + refusal}}));
+  const auto finalLast = Run(kPick + TakeIn(6) + TakeIn(4) + kAccept);
+  EXPECT_THAT(finalLast.Of("mensaje"), ElementsAre(refusal));
+}
+
+TEST_F(frmMateriaEvTest, TwoExtraordinaryOnesWithOrdinaryOnesAreAccepted) {
+  const auto run = Run(kPick + TakeIn(6) + TakeIn(2) + TakeIn(7) + kAccept + kSee);
+  EXPECT_THAT(AfterFirst(run, "pulsar cmdAceptar"), Contains("oculta frmPendientes"));
+  EXPECT_THAT(run.Of("mensaje"), IsEmpty());
+  const auto lines = run.After("pulsar cmdAceptar");
+  EXPECT_EQ(std::vector(lines.begin(), lines.begin() + 8),
+            Join({Validations({1, 6, 2, 7}),
+                  Sent({statement::Creation(6), statement::Creation(2), statement::Creation(7)}),
+                  {"descarga frmMateriaEv"}}));
+  EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO)","X","X","","","X","X","","","1"])x"));
+}
+
+TEST_F(frmMateriaEvTest, TwoFinalOnesAreAccepted) {
+  EXPECT_EQ(SavedAfter(TakeIn(4) + TakeIn(5)),
+            Join({update, statement::InsertFinal(1, 1, 4), statement::InsertFinal(2, 1, 5)}));
+}
+
+TEST_F(frmMateriaEvTest, AcceptingAnySelectedEntryMarksTheSubjectChanged) {
+  EXPECT_EQ(SavedAfter(""), update);
+  EXPECT_THAT(school.Rows("SELECT CodNota FROM EvaluacionPte"), ElementsAre("105"));
+}
+
+TEST_F(frmMateriaEvTest, AcceptingWithoutASelectionOnASubjectWithoutAnyChangesNothing) {
+  school.Sql("DELETE FROM EvaluacionPte");
+  EXPECT_THAT(SavedAfter(""), IsEmpty());
+}
+
+TEST_F(frmMateriaEvTest, AnEmptySelectionTakesAllEvaluationsOff) {
+  school.Evalua(1, 4, 105);
+  EXPECT_EQ(SavedAfter("pulsar cmdEliminarTodos\n"),
+            Join({update, statement::DeleteEvaluation(1, 1), statement::DeleteEvaluation(4, 1)}));
+  ExpectEmpty({"EvaluacionPte", "EvaluacionActaPte"});
+  EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM AlumnoPte_MatDet"), 1);
+}
+
+TEST_F(frmMateriaEvTest, TakenOffAndPutBackInOneOpeningItsRowAndGradesStay) {
+  EXPECT_EQ(SavedAfter(TakeOut(1) + TakeIn(1)), update);
+  EXPECT_THAT(school.Rows("SELECT CodNota FROM EvaluacionPte"), ElementsAre("105"));
+}
+
+TEST_F(frmMateriaEvTest, TakenOffAndPutBackInTwoOpeningsItsRowAndGradesStay) {
+  EXPECT_EQ(SavedAfter(TakeOut(1) + kAccept + kProperties + TakeIn(1)), update);
+  EXPECT_THAT(school.Rows("SELECT CodNota FROM EvaluacionPte"), ElementsAre("105"));
+}
+
+TEST_F(frmMateriaEvTest, TakenOffAndSavedItsRowGoesWithItsGrades) {
+  EXPECT_THAT(SavedAfter(TakeOut(1)), SizeIs(4));
+  ExpectEmpty({"EvaluacionPte"});
+}
+
+TEST_F(frmMateriaEvTest, ANewEvaluationTakenOffAgainIsForgotten) {
+  EXPECT_EQ(SavedAfter(TakeIn(2) + kAccept + kProperties + TakeOut(2)), update);
+}
+
+TEST_F(frmMateriaEvTest, ANewEvaluationKeptInASecondOpeningIsStillInserted) {
+  EXPECT_THAT(SavedAfter(TakeIn(2) + kAccept + kProperties),
+              Contains(statement::InsertOrdinary(2, 1, 2).back()));
+}
+
+TEST_F(frmMateriaEvTest, TheReservedEvaluationIsInNeitherListAndIsKept) {
+  school.Evalua(1, 11, 107);
+  const auto run = Run(kPick + kSee);
+  EXPECT_THAT(run.Of("ver").back(), Not(HasSubstr("Reservada")));
+  EXPECT_THAT(SavedAfter("pulsar cmdEliminarTodos\n"), SizeIs(4));
+  EXPECT_THAT(school.Rows("SELECT CodNumEvaluacion, CodNota FROM EvaluacionPte"),
+              ElementsAre("11|107"));
+}
+
+TEST_F(frmMateriaEvTest, WhatWasLoadedOtherwiseStaysUntilItIsAccepted) {
+  school.Evalua(1, 4, 105);
+  school.Evalua(1, 6, 105);
+  const auto cancelled = Run(kPick + kCancel + kAccept + kAccept);
+  EXPECT_THAT(cancelled.Of("mensaje"), IsEmpty());
+  EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM EvaluacionActaPte"), 2);
+  EXPECT_EQ(Run(kPick + kAccept).Of("mensaje").size(), 1U);
+}
+
+TEST_F(frmMateriaEvTest, AnEvaluationThatWentMeanwhileHasNoRowToTest) {
+  const auto run =
+      Run(kPick + "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kAccept);
+  EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("3021 ")));
+}
+
+TEST_F(frmMateriaEvTest, AnOrderBeyondEightBitsIsAnOverflow) {
+  school.Sql("UPDATE NumEvaluacion SET Orden=256 WHERE IDNumEvaluacion=2");
+  const auto run = Run(kPick + TakeIn(2) + kAccept);
+  EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("6 ")));
+}
+
+TEST_F(frmMateriaEvTest, ANewSubjectStaysNew) {
+  school.Sql("DELETE FROM AlumnoPte_MatDet; DELETE FROM EvaluacionPte");
+  const auto run = Run(
+      kOpen + kProperties +
+      "pulsar cmdAgregar\nelegir cboCurso =31\nelegir cboSeccion =311\nelegir cboMateria =3113\n" +
+      kAccept + kProperties + TakeIn(1) + TakeIn(4) + kAccept + kAccept + kAccept);
+  // One row in each table, with the same pending subject.
+  EXPECT_EQ(Saved(run),
+            Join({statement::InsertSubject(1, 3113, 1), statement::InsertOrdinary(1, 1, 1),
+                  statement::InsertFinal(1, 1, 4)}));
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+#include <sstream>
+#include <vector>
+
+#include "apps/zendria/CommandLine.h"
+
+namespace quorvane::zendria {
+namespace {
+
+class CommandLineTest : public testing::Test {
+ protected:
+  std::optional<CommandLine> Read(std::vector<const char*> arguments) {
+    arguments.insert(arguments.begin(), "zendria");
+    return ReadCommandLine(static_cast<int>(arguments.size()), arguments.data(), out_, err_,
+                           status_);
+  }
+
+  std::ostringstream out_;
+  std::ostringstream err_;
+  ExitStatus status_ = ExitStatus::Ok;
+};
+
+TEST_F(CommandLineTest, NothingIsNeeded) {
+  const auto line = Read({});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->file, "");
+  EXPECT_FALSE(line->user);
+}
+
+TEST_F(CommandLineTest, FileAndUser) {
+  const auto line = Read({"escuela.sqlite", "--usuario", "4"});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->file, "escuela.sqlite");
+  EXPECT_EQ(line->user, 4);
+}
+
+TEST_F(CommandLineTest, AConnectionStringStandsInTheFilesPlace) {
+  const auto line = Read({"--odbc", "DSN=Centro;UID=ana", "--usuario", "4"});
+  ASSERT_TRUE(line);
+  EXPECT_EQ(line->odbc, "DSN=Centro;UID=ana");
+  EXPECT_EQ(line->file, "");
+  EXPECT_FALSE(Read({"escuela.sqlite", "--odbc", "DSN=Centro"}));
+  EXPECT_EQ(status_, ExitStatus::BadArguments);
+}
+
+TEST_F(CommandLineTest, HelpIsNoFailure) {
+  EXPECT_FALSE(Read({"--help"}));
+  EXPECT_EQ(status_, ExitStatus::Ok);
+  EXPECT_NE(out_.str().find("--usuario"), std::string::npos);
+  EXPECT_NE(out_.str().find("Uso: "), std::string::npos);
+  EXPECT_EQ(out_.str().find("Options"), std::string::npos) << "all in the user's language";
+}
+
+TEST_F(CommandLineTest, UnknownOptionsAreRefused) {
+  EXPECT_FALSE(Read({"--nada"}));
+  EXPECT_EQ(status_, ExitStatus::BadArguments);
+  EXPECT_NE(err_.str().find("--nada"), std::string::npos);
+  EXPECT_NE(err_.str().find("zendria --help muestra la ayuda"), std::string::npos);
+}
+
+TEST_F(CommandLineTest, AUserIsANumberOfASchool) {
+  EXPECT_FALSE(Read({"escuela.sqlite", "--usuario", "Ana"}));
+  EXPECT_EQ(status_, ExitStatus::BadArguments);
+  EXPECT_FALSE(Read({"--usuario", "4"}));
+  EXPECT_EQ(status_, ExitStatus::BadArguments);
+}
+
+}  // namespace
+}  // namespace quorvane::zendria

@@ -1,0 +1,90 @@
+#include <QMessageBox>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/zendria/LocksDialog.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+class LocksDialogTest : public HostTest {
+ protected:
+  LocksDialogTest() : connection_(school_.Path(), "") {
+    school_.Sql("INSERT INTO PublicacionPte VALUES (7, 1, 2, 4, 1)");
+    school_.Bloquea(1, 1, 3111, 2, 7);
+    school_.Bloquea(1, 1, 3112, 2, 7);
+    school_.Bloquea(2, 2, 3121, 3, 9);
+    connection_.Open();
+  }
+
+  /// Presses that button of the question.
+  void Answer(const QString& caption) {
+    robot_.OnDialog("pregunta", [caption](QWidget& dialog) {
+      for (auto* const button : dynamic_cast<QMessageBox&>(dialog).buttons())
+        if (button->text() == caption) button->click();
+    });
+  }
+
+  sqlite::SqliteConnection connection_;
+};
+
+TEST_F(LocksDialogTest, TellsWhoHoldsWhat) {
+  zendria::LocksDialog dialog(connection_);
+  auto& list = dialog.List();
+  ASSERT_EQ(list.topLevelItemCount(), 2);
+  EXPECT_EQ(list.topLevelItem(0)->text(0), "7");
+  EXPECT_TRUE(list.topLevelItem(0)->text(1).contains("Ruiz")) << "the staff's name";
+  EXPECT_EQ(list.topLevelItem(0)->text(3), "2");
+  EXPECT_TRUE(list.topLevelItem(0)->child(0)->text(3).contains("Lengua"));
+  EXPECT_EQ(list.topLevelItem(1)->text(0), "9 (sin publicación)");
+}
+
+TEST_F(LocksDialogTest, RemovesBehindAQuestion) {
+  zendria::LocksDialog dialog(connection_);
+  Answer("&Cancelar");
+  dialog.RemoveButton().click();
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 3);
+  Answer("&Quitar");
+  dialog.RemoveButton().click();
+  EXPECT_EQ(school_.Rows("SELECT CodPublicacion FROM BloqueoPte"), std::vector<std::string>{"9"});
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 0);
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 1);
+  EXPECT_TRUE(robot_.Done());
+}
+
+TEST_F(LocksDialogTest, SparesAFormThatTookTheNumberMeanwhile) {
+  zendria::LocksDialog dialog(connection_);
+  robot_.OnDialog("pregunta", [this](QWidget& question) {
+    school_.Sql("UPDATE PublicacionPte SET CodPropietario=3");
+    for (auto* const button : dynamic_cast<QMessageBox&>(question).buttons())
+      if (button->text() == "&Quitar") button->click();
+  });
+  QString text;
+  ReadNotice(text);
+  dialog.RemoveButton().click();
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_TRUE(text.startsWith("La publicación ha cambiado")) << text.toStdString();
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 3);
+  EXPECT_TRUE(dialog.List().topLevelItem(0)->text(1).contains("usuario 3")) << "read again";
+}
+
+TEST_F(LocksDialogTest, AnEmptyListOffersNothingToRemove) {
+  school_.Sql("DELETE FROM BloqueoPte; DELETE FROM PublicacionPte");
+  zendria::LocksDialog dialog(connection_);
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+  EXPECT_FALSE(dialog.RemoveButton().isEnabled());
+}
+
+TEST_F(LocksDialogTest, AFailedStatementIsTold) {
+  school_.Sql("DROP TABLE BloqueoPte");
+  QString text;
+  ReadNotice(text);
+  zendria::LocksDialog dialog(connection_);
+  EXPECT_TRUE(text.startsWith("Error -2147467259: no such table: BloqueoPte"))
+      << text.toStdString();
+}
+
+}  // namespace
+}  // namespace quorvane::test

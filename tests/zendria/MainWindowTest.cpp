@@ -1,0 +1,242 @@
+#include <QAction>
+#include <QListWidget>
+#include <QStatusBar>
+#include <QTest>
+#include <QTreeWidgetItemIterator>
+#include <gtest/gtest.h>
+
+#include "apps/zendria/MainWindow.h"
+#include "apps/zendria/SignInDialog.h"
+#include "apps/zendria/StatementWindow.h"
+#include "frame/cConfiguracion.h"
+#include "platform/controls/FormInstance.h"
+#include "register/frmAlumnoPendiente.h"
+#include "register/frmPendientes.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using MainWindowTest = HostTest;
+
+/// With the school, for the administrator.
+class OpenMainWindowTest : public HostTest {
+ protected:
+  OpenMainWindowTest() { EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1)); }
+};
+
+std::vector<std::string> Titles(QTreeWidget& tree, bool disabledOnly = false) {
+  std::vector<std::string> titles;
+  for (QTreeWidgetItemIterator at(&tree); *at != nullptr; ++at)
+    if ((*at)->childCount() == 0 && (!disabledOnly || (*at)->isDisabled()))
+      titles.push_back((*at)->text(0).toStdString());
+  return titles;
+}
+
+TEST_F(MainWindowTest, WithoutASchoolItOffersToOpenOne) {
+  EXPECT_FALSE(window_->HasSchool());
+  auto* const button = window_->findChild<QPushButton*>("abrirEscuela");
+  ASSERT_NE(button, nullptr);
+  EXPECT_TRUE(button->isVisible());
+  EXPECT_FALSE(window_->Page().isVisible());
+  EXPECT_FALSE(window_->YearAction().isEnabled());
+}
+
+TEST_F(OpenMainWindowTest, ShowsUserProfileFileAndYear) {
+  EXPECT_EQ(LabelText("usuario"), "Dirección");
+  EXPECT_EQ(LabelText("perfil"), "0 (sin restricciones), administrador");
+  EXPECT_EQ(LabelText("fichero"), SchoolFile());
+  EXPECT_EQ(LabelText("año"), "activo");
+  window_->YearAction().trigger();
+  EXPECT_TRUE(LabelText("año").startsWith("no activo"));
+}
+
+TEST_F(MainWindowTest, SignsInAsTheOneWhoIsChosen) {
+  robot_.OnDialog("entrada", [](QWidget& dialog) {
+    auto& list = dynamic_cast<zendria::SignInDialog&>(dialog).List();
+    EXPECT_EQ(list.List().count(), 3) << "one without a profile can't sign in";
+    QTest::keyClicks(&list.Field(), "ruiz");
+    QTest::keyClick(&list.Field(), Qt::Key_Return);
+  });
+  EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
+  EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
+  EXPECT_EQ(preferences_.RecentSchools(), QStringList(SchoolFile()));
+}
+
+TEST_F(MainWindowTest, GivingUpTheSignInOpensNothing) {
+  GiveUp("entrada");
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile()));
+  EXPECT_FALSE(window_->HasSchool());
+}
+
+TEST_F(OpenMainWindowTest, ARecentSchoolOpensWithEnter) {
+  UseScreens(zendria::PendingScreens());
+  auto* const recent = window_->findChild<QListWidget*>("recientes");
+  ASSERT_EQ(recent->count(), 1);
+  robot_.OnDialog("entrada", [](QWidget& dialog) {
+    QTest::keyClick(&dynamic_cast<zendria::SignInDialog&>(dialog).List().Field(), Qt::Key_Return);
+  });
+  QTest::keyClick(recent, Qt::Key_Return);
+  EXPECT_TRUE(window_->HasSchool());
+}
+
+TEST_F(MainWindowTest, TheTreeOffersTheFiveScreens) {
+  EXPECT_EQ(
+      Titles(window_->Page().Tree()),
+      (std::vector<std::string>{"Alumnos con materias pendientes", "Por alumno", "Por materia",
+                                "De un alumno, por materia", "De una materia, por alumno"}));
+  EXPECT_TRUE(Titles(window_->Page().Tree(), true).empty());
+}
+
+TEST_F(MainWindowTest, AScreenThatIsNotAvailableIsDisabledAndDoesNotOpen) {
+  auto screens = zendria::PendingScreens();
+  screens[1].available = false;
+  UseScreens(screens);
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  EXPECT_EQ(Titles(window_->Page().Tree(), true), std::vector<std::string>{"Por alumno"});
+  window_->Page().SelectNode(124);
+  EXPECT_NE(window_->Page().SelectedNode(), 124);
+  window_->OpenNode(124);
+  EXPECT_TRUE(robot_.unexpected.empty()) << "no form came up";
+}
+
+TEST_F(MainWindowTest, WithoutAnyScreenThereIsNothingToOpen) {
+  auto screens = zendria::PendingScreens();
+  for (auto& screen : screens) screen.available = false;
+  UseScreens(screens);
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  EXPECT_FALSE(window_->Page().SelectedNode());
+  EXPECT_FALSE(window_->Page().OpenButton().isEnabled());
+}
+
+TEST_F(OpenMainWindowTest, EveryNodeOpensItsScreen) {
+  const std::vector<std::pair<std::uint8_t, std::string>> screens = {
+      {123, "frmPendientes"},
+      {124, "frmNotaManual1"},
+      {125, "frmNotaMateria1"},
+      {126, "frmNotaSeccionMateria1"},
+      {127, "frmNotaSeccionAlumno1"}};
+  for (const auto& [node, form] : screens) {
+    auto shown = false;
+    robot_.On(form, [&shown, this](qt::FormWindow& window) {
+      shown = true;
+      EXPECT_TRUE(window_->statusBar()->currentMessage().startsWith("Abierta: "));
+      window_->OpenNode(123);  // only one screen at a time
+      window.close();
+    });
+    window_->Page().SelectNode(node);
+    QTest::keyClick(&window_->Page().Tree(), Qt::Key_Return);
+    EXPECT_TRUE(shown) << int{node};
+    EXPECT_EQ(window_->statusBar()->currentMessage(), "Listo");
+  }
+  EXPECT_TRUE(robot_.unexpected.empty());
+}
+
+TEST_F(MainWindowTest, HandsTheModuleTheWholeSession) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+  window_->YearAction().setChecked(false);
+  robot_.On("frmPendientes", [](qt::FormWindow& window) { window.close(); });
+  window_->OpenNode(123);
+  const auto& session = cConfiguracion::Instancia();
+  EXPECT_EQ(session.intIDUsuario, 2);
+  EXPECT_EQ(session.intIDPerfil, 3);
+  EXPECT_EQ(session.strNombreUsuario, "Ana Ruiz");
+  EXPECT_EQ(session.intIdCentro, 1);
+  EXPECT_FALSE(session.Activa);
+  EXPECT_FALSE(session.SQLServer);
+  EXPECT_EQ(session.RutaBD, school_.Path());
+  EXPECT_EQ(session.CarpetaIconos(), "C:\\Zendria\\iconos\\");
+}
+
+TEST_F(OpenMainWindowTest, StaysOpenWhileAScreenIs) {
+  robot_.On("frmPendientes", [this](qt::FormWindow& window) {
+    EXPECT_FALSE(window_->close());
+    window.close();
+  });
+  window_->OpenNode(123);
+  EXPECT_TRUE(window_->close());
+}
+
+TEST_F(OpenMainWindowTest, ChangingTheUserKeepsTheSchool) {
+  SignIn("gil");
+  window_->findChild<QAction*>("cambiarUsuario")->trigger();
+  EXPECT_EQ(LabelText("usuario"), "Luis Gil");
+}
+
+// A statement fails under the form that is open; the host tells it and goes on living.
+TEST_F(OpenMainWindowTest, ARuntimeErrorIsToldAndTheNextScreenOpens) {
+  school_.Sql("ALTER TABLE Curso RENAME TO Apartado");
+  robot_.On("frmPendientes", {{"cboTEnsenanza", "ESO"}});
+  const auto text = NoticeOf(123);
+  EXPECT_TRUE(text.contains("Error -2147467259: no such table: Curso")) << text.toStdString();
+  EXPECT_TRUE(text.contains("La pantalla se ha cerrado"));
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(screen_.ActiveWindow(), nullptr);
+
+  school_.Sql("ALTER TABLE Apartado RENAME TO Curso");
+  robot_.On("frmPendientes", [](qt::FormWindow& window) {
+    Robot::Pick(window, "cboTEnsenanza", "ESO");
+    Robot::Pick(window, "cboCurso", "2");
+    window.close();
+  });
+  Play(123);
+}
+
+// The failure comes out of two nested shows; neither form is left.
+TEST_F(OpenMainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
+  school_.Sql("ALTER TABLE Profesor_Pte RENAME TO Apartado");
+  const auto pickClass = [](qt::FormWindow& window) {
+    Robot::Pick(window, "cboTEnsenanza", "ESO");
+    Robot::Pick(window, "cboCurso", "2");
+    Robot::Pick(window, "cboSeccion", "A");
+    Robot::Click(window, "cmdAceptar");
+  };
+  robot_.On("frmPendientes", pickClass);
+  const auto text = NoticeOf(123);
+  EXPECT_TRUE(text.contains("no such table")) << text.toStdString();
+  EXPECT_FALSE(FormInstance<frmPendientes>::Exists());
+  EXPECT_FALSE(FormInstance<frmAlumnoPendiente>::Exists());
+
+  school_.Sql("ALTER TABLE Apartado RENAME TO Profesor_Pte");
+  robot_.On("frmPendientes", [&pickClass](qt::FormWindow& window) {
+    EXPECT_EQ(FormInstance<frmPendientes>::Get().cboTEnsenanza.ListIndex(), -1) << "a fresh form";
+    pickClass(window);
+  });
+  robot_.On("frmAlumnoPendiente", [](qt::FormWindow& window) { window.close(); });
+  Play(123);
+}
+
+// What is no runtime error, as a lack of memory, doesn't end the host either.
+TEST_F(OpenMainWindowTest, TheStatementsAreReadWhileAScreenIsOpen) {
+  auto& statements = window_->ShowStatements();
+  robot_.On("frmPendientes", [&statements](qt::FormWindow& window) {
+    statements.Filter().setFocus();
+    // As the desktop brings them, to the window.
+    for (const char letter : {'c', 'u', 'r', 's', 'o'})
+      QTest::keyClick(statements.windowHandle(), letter);
+    EXPECT_EQ(statements.Filter().text(), "curso");
+    Robot::Pick(window, "cboTEnsenanza", "E");
+    EXPECT_TRUE(statements.Text().contains("FROM Curso")) << statements.Text().toStdString();
+    window.close();
+  });
+  Play(123);
+}
+
+TEST_F(OpenMainWindowTest, AnUnexpectedFailureIsTold) {
+  robot_.On("frmPendientes", [](qt::FormWindow& /*window*/) { throw std::bad_alloc(); });
+  const auto text = NoticeOf(123);
+  EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
+  robot_.On("frmPendientes", [](qt::FormWindow& window) { window.close(); });
+  Play(123);
+}
+
+// A user's number that the session's 16 bits can't hold fails before any form comes up.
+TEST_F(MainWindowTest, AFailingSessionIsToldToo) {
+  school_.Sql("INSERT INTO Usuario (IDUsuario, Nombre, CodPerfil) VALUES (70000, 'Zoe', 0)");
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 70000));
+  const auto text = NoticeOf(123);
+  EXPECT_TRUE(text.startsWith("Error 6: ")) << text.toStdString();
+}
+
+}  // namespace
+}  // namespace quorvane::test

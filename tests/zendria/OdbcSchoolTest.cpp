@@ -1,0 +1,131 @@
+// A school behind a connection string, in the host.
+
+#include <QAction>
+#include <QFile>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "apps/zendria/ConnectDialog.h"
+#include "apps/zendria/SchoolPlace.h"
+#include "frame/cConfiguracion.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using zendria::ConnectDialog;
+
+class OdbcSchoolTest : public HostTest {
+ protected:
+  [[nodiscard]] QString String(const QString& more = "") const {
+    return "Driver=SQLite3;Database=" + SchoolFile() + more;
+  }
+
+  /// All that the host has written of itself.
+  [[nodiscard]] QByteArray Kept() const {
+    const auto path = folder_.filePath("zendria.ini");
+    QSettings(path, QSettings::IniFormat).sync();
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+  }
+};
+
+TEST_F(OdbcSchoolTest, OpensAndWorksAsOneInAFileDoes) {
+  ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace(String()), 2));
+  EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
+  EXPECT_EQ(LabelText("fichero"), String());
+  auto opened = false;
+  robot_.On("frmPendientes", [&](qt::FormWindow& form) {
+    opened = true;
+    EXPECT_FALSE(cConfiguracion::Instancia().SQLServer);
+    EXPECT_NE(cConfiguracion::Instancia().conLocalCentro, nullptr);
+    Robot::Click(form, "cmdCancelar");
+  });
+  window_->OpenNode(123);
+  EXPECT_TRUE(opened && robot_.Done());
+}
+
+TEST_F(OdbcSchoolTest, IsRememberedWithoutItsPassword) {
+  ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace(String(";UID=ana;PWD=secreto")), 2));
+  EXPECT_EQ(preferences_.RecentSchools(), QStringList(zendria::OdbcPlace(String(";UID=ana"))));
+  EXPECT_EQ(LabelText("fichero"), String(";UID=ana"));
+  EXPECT_FALSE(window_->windowTitle().contains("secreto"));
+  const auto kept = Kept();
+  EXPECT_FALSE(kept.contains("secreto"));
+  EXPECT_TRUE(kept.contains("UID=ana"));
+}
+
+TEST_F(OdbcSchoolTest, TheRecentOneAsksForThePassword) {
+  const auto place = zendria::OdbcPlace(String(";UID=ana"));
+  robot_.OnDialog("conectar", [&](QWidget& dialog) {
+    auto& connect = dynamic_cast<ConnectDialog&>(dialog);
+    EXPECT_EQ(connect.String().text(), String(";UID=ana"));
+    EXPECT_TRUE(connect.Password().hasFocus());
+    EXPECT_EQ(connect.Password().echoMode(), QLineEdit::Password);
+    QTest::keyClicks(&connect.Password(), "a;b}c");
+    EXPECT_EQ(connect.Address().Text(), (String(";UID=ana") + ";PWD={a;b}}c}").toStdString());
+    QTest::keyClick(&connect.Password(), Qt::Key_Return);
+  });
+  EXPECT_TRUE(window_->OpenSchool(place, 2));
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_EQ(preferences_.RecentSchools(), QStringList(place));
+  EXPECT_FALSE(Kept().contains("b}c"));
+}
+
+TEST_F(OdbcSchoolTest, GivingThePasswordUpOpensNothing) {
+  GiveUp("conectar");
+  EXPECT_FALSE(window_->OpenSchool(zendria::OdbcPlace(String(";UID=ana")), 2));
+  EXPECT_FALSE(window_->HasSchool());
+  EXPECT_TRUE(preferences_.RecentSchools().isEmpty());
+}
+
+TEST_F(OdbcSchoolTest, IsConnectedFromTheWelcomePageAndTheMenu) {
+  const auto connect = [this] {
+    robot_.OnDialog("conectar", [&](QWidget& dialog) {
+      auto& asked = dynamic_cast<ConnectDialog&>(dialog);
+      const auto buttons = dialog.findChildren<QPushButton*>();
+      const auto enabled = [&] {
+        for (const auto* const button : buttons)
+          if (button->text() == "Co&nectar") return button->isEnabled();
+        return false;
+      };
+      EXPECT_FALSE(enabled());
+      QTest::keyClicks(&asked.String(), String());
+      EXPECT_TRUE(enabled());
+      QTest::keyClick(&asked.String(), Qt::Key_Return);
+    });
+    GiveUp("entrada");
+  };
+  connect();
+  window_->findChild<QPushButton*>("conectarEscuela")->click();
+  EXPECT_TRUE(robot_.Done());
+  connect();
+  window_->findChild<QAction*>("conectarServidor")->trigger();
+  EXPECT_TRUE(robot_.Done());
+}
+
+TEST_F(OdbcSchoolTest, SaysWhyItCantBeReachedWithoutThePassword) {
+  QString told;
+  ReadNotice(told);
+  EXPECT_FALSE(window_->OpenSchool(zendria::OdbcPlace("DSN=no_hay_tal;UID=ana;PWD=secreto"), 2));
+  EXPECT_TRUE(told.contains("odbcinst -q -d")) << told.toStdString();
+  EXPECT_FALSE(told.contains("secreto"));
+  EXPECT_TRUE(preferences_.RecentSchools().isEmpty());
+}
+
+TEST_F(OdbcSchoolTest, StandsInTheListOfRecentOnesByItsName) {
+  const auto place = zendria::OdbcPlace("Driver=FreeTDS;Server=escuela;Database=Centro;UID=ana");
+  preferences_.AddRecentSchool(place + ";PWD=secreto");
+  UseScreens(zendria::PendingScreens());
+  auto* const list = window_->findChild<QListWidget*>("recientes");
+  ASSERT_EQ(list->count(), 1);
+  EXPECT_EQ(list->item(0)->text(),
+            "Centro  ·  Driver=FreeTDS;Server=escuela;Database=Centro;UID=ana");
+  EXPECT_EQ(zendria::PlaceTitle("/casa/mi escuela.sqlite"), "mi escuela.sqlite  ·  /casa");
+}
+
+}  // namespace
+}  // namespace quorvane::test

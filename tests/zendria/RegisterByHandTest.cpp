@@ -1,0 +1,106 @@
+#include <QLabel>
+#include <QTabBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "apps/zendria/PersonSearchDialog.h"
+#include "platform/controls/Label.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using Window = qt::FormWindow;
+
+class RegisterByHandTest : public HostTest {
+ protected:
+  RegisterByHandTest() {
+    EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+    // Enter is the default button.
+    pickClass_ = {{"cboTEnsenanza", "ESO"},
+                  {"cboCurso", "2"},
+                  {"cboSeccion", "A"},
+                  {"cboSeccion", Qt::Key_Return}};
+  }
+
+  std::vector<Robot::Deed> pickClass_;
+};
+
+// A student, a subject of his and two evaluations, by keyboard and mouse, up to the saved rows.
+TEST_F(RegisterByHandTest, AStudentWithASubjectIsSaved) {
+  robot_.On("frmPendientes", pickClass_);
+  robot_.On("frmAlumnoPendiente", {"cmdListar", {"msgAlumnos", 0}, "cmdPropiedades", "cmdAceptar"});
+  robot_.On("frmAlumnos", [](Window& window) {
+    Robot::DoubleClickRow(window, "lstDisponibles", 0);
+    Robot::Click(window, "cmdAceptar");
+  });
+  robot_.On("frmAlumnoMateria", {"cmdAgregar", {"msgMaterias", 0}, "cmdPropiedades", "cmdAceptar"});
+  robot_.On("frmMateriaPend",
+            {{"cboCurso", "1"}, {"cboSeccion", "A"}, {"cboMateria", "Leng"}, "cmdAceptar"});
+  robot_.On("frmMateriaEv", {{"lstDisponibles", 0},
+                             {"lstDisponibles", Qt::Key_Return},
+                             {"lstDisponibles", 0},
+                             "cmdAgregarUno",
+                             "cmdAceptar"});
+  Play(123);
+  EXPECT_TRUE(robot_.messages.empty());
+  EXPECT_TRUE(robot_.unexpected.empty());
+  const auto student = school_.Rows("SELECT CodSeccion FROM Seccion_AlumnoPte");
+  EXPECT_EQ(student, std::vector<std::string>{"321"});
+  EXPECT_EQ(school_.Rows("SELECT CodMatDet, Orden FROM AlumnoPte_MatDet"),
+            std::vector<std::string>{"3111|1"});
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM EvaluacionPte") +
+                school_.Numero("SELECT COUNT(*) FROM EvaluacionActaPte"),
+            2);
+}
+
+TEST_F(RegisterByHandTest, MandatoryFieldsAreMarkedOnTheScreenAlone) {
+  robot_.On("frmPendientes", [](Window& window) {
+    for (const auto* const name : {"Label1", "Label2", "Label3"}) {
+      EXPECT_TRUE(dynamic_cast<QLabel&>(*window.Widget(name)).text().contains("*")) << name;
+      EXPECT_EQ(dynamic_cast<Label&>(*window.Model().Find(name)).Caption().find('*'),
+                std::string::npos);
+    }
+    window.close();
+  });
+  Play(123);
+}
+
+// The teacher comes from the person search: accents ignored, Enter chooses.
+TEST_F(RegisterByHandTest, ATeacherIsSearchedAndSaved) {
+  robot_.On("frmPendientes", pickClass_);
+  robot_.On("frmAlumnoPendiente", [](Window& window) {
+    window.findChild<QTabBar*>()->setCurrentIndex(1);
+    Robot::ClickRow(window, "msgMaterias", 0);
+    Robot::Click(window, "cmdPropMat");
+    Robot::Click(window, "cmdAceptar");
+  });
+  robot_.On("frmPropMatProf", {"cmdNProfesor", "cmdAceptar"});
+  robot_.OnDialog("buscarPersona", [](QWidget& dialog) {
+    auto& search = dynamic_cast<zendria::PersonSearchDialog&>(dialog);
+    EXPECT_EQ(search.windowTitle(), "Buscar: Docente");
+    EXPECT_EQ(search.People().List().count(), 3);
+    QTest::keyClicks(&search.People().Field(), "VEGA");
+    QTest::keyClick(&search.People().Field(), Qt::Key_Return);
+  });
+  Play(123);
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM Profesor_Pte WHERE CodProfesor=3"), 1);
+}
+
+TEST_F(RegisterByHandTest, EscapeInTheSearchKeepsTheTeacher) {
+  robot_.On("frmPendientes", pickClass_);
+  robot_.On("frmAlumnoPendiente", [](Window& window) {
+    window.findChild<QTabBar*>()->setCurrentIndex(1);
+    Robot::ClickRow(window, "msgMaterias", 0);
+    Robot::Click(window, "cmdPropMat");
+    window.close();
+  });
+  robot_.On("frmPropMatProf", {"cmdNProfesor", {"cmdAceptar", Qt::Key_Escape}});
+  GiveUp("buscarPersona");
+  Play(123);
+  EXPECT_TRUE(robot_.messages.empty());
+  EXPECT_TRUE(school_.Modulo().empty());
+}
+
+}  // namespace
+}  // namespace quorvane::test
