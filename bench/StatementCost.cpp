@@ -213,7 +213,7 @@ class Workload {
     if (one.pieces.size() != one.values.size() + 1) return;
     one.prepared = cache_.Find(lifted);
     if (one.prepared == nullptr) {
-      const auto engineText = sqlite::FlattenJoins(sqlite::RewriteConcatenation(lifted));
+      const auto engineText = sqltext::FlattenJoins(sqltext::RewriteConcatenation(lifted));
       one.prepared = &cache_.Add(lifter_.Shape(),
                                  sqlite::PreparedStatement(database_.Handle(), engineText, true));
       sqlite3_stmt* raw = nullptr;

@@ -20,7 +20,7 @@ std::string Cell(const Value& value) {
 /// A computed column without a name of its own goes by its text as the engine was given it; nobody
 /// asks for it by that.
 std::string NameOf(const std::string& name) {
-  const auto word = std::all_of(name.begin(), name.end(), sqlite::IsWordPart);
+  const auto word = std::all_of(name.begin(), name.end(), sqltext::IsWordPart);
   return word ? name : "(expression)";
 }
 
@@ -65,7 +65,7 @@ Outcome PlainEngine::Run(const std::string& statement) {
     const auto columns = sqlite3_column_count(prepared);
     for (int i = 0; i < columns; ++i)
       outcome.names.push_back(
-          NameOf(sqlite::FieldName(sqlite3_column_name(prepared, i), statement)));
+          NameOf(sqltext::FieldName(sqlite3_column_name(prepared, i), statement)));
     while ((result = sqlite3_step(prepared)) == SQLITE_ROW) {
       std::string row;
       for (int i = 0; i < columns; ++i) row += Cell(ColumnValue(prepared, i));

@@ -58,7 +58,7 @@ Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, cons
   for (SQLSMALLINT number = 1; number <= count; ++number) {
     columns.emplace_back(calls_, statement, static_cast<SQLUSMALLINT>(number), !isSqlite);
     const auto& name = columns.back().Name();
-    names.push_back(isSqlite ? sqlite::FieldName(name, text) : name);
+    names.push_back(isSqlite ? sqltext::FieldName(name, text) : name);
   }
   std::vector<Value> cells;
   auto result = SQLFetch(statement);

@@ -2,16 +2,14 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <span>
 #include <sqlext.h>
-#include <string_view>
 #include <thread>
 #include <utility>
 
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverConnection.h"
 #include "adapters/odbc/DriverFailure.h"
-#include "adapters/sqltext/Concatenation.h"
-#include "adapters/sqltext/NestedJoins.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
@@ -22,21 +20,48 @@ constexpr std::chrono::milliseconds kBusyPause{5};
 constexpr SQLINTEGER kSqliteBusy = 5;
 constexpr SQLINTEGER kLoginFailed = 18456;
 
-bool Names(std::string_view text, const char* product) {
-  return AsciiLower(text).find(product) != std::string::npos;
+using sqltext::Engine;
+
+/// The engine that the string itself tells of, by its driver.
+Engine NamedEngine(const ConnectionString& given) {
+  const auto driver = given.Value("Driver");
+  return AsciiLower(driver).find("psqlodbc") == std::string::npos ? sqltext::EngineNamed(driver)
+                                                                  : Engine::PostgreSql;
 }
 
-bool NamesSqlite(const ConnectionString& given) { return Names(given.Value("Driver"), "sqlite"); }
+struct Setting {
+  const char* keyword;
+  const char* value;
+};
 
 /// What the file database's own adapter sees to: a file that isn't there stays so, one that
 /// somebody else writes to is waited for, and what is written is durable.
-std::string Completed(const std::string& text) {
+constexpr Setting kForSqlite[] = {{"Timeout", "60000"}, {"NoCreat", "Yes"}, {"SyncPragma", "FULL"}};
+
+/// One round trip a statement, which a pooler can hand to any of its connections; no log of them in
+/// the system's temporary folder, as Debian registers the driver; True is a bit;
+/// and a server that has gone silent is given up.
+constexpr Setting kForPostgreSql[] = {{"UseServerSidePrepare", "0"},
+                                      {"UseDeclareFetch", "0"},
+                                      {"CommLog", "0"},
+                                      {"Debug", "0"},
+                                      {"BoolsAsChar", "0"},
+                                      {"KeepaliveTime", "30"},
+                                      {"KeepaliveInterval", "10"},
+                                      {"pqopt", "{keepalives_count=3 tcp_user_timeout=20000}"}};
+
+std::span<const Setting> SettingsFor(Engine engine) {
+  if (engine == Engine::Sqlite) return kForSqlite;
+  if (engine == Engine::PostgreSql) return kForPostgreSql;
+  return {};
+}
+
+std::string Completed(const std::string& text, Engine engine) {
   const ConnectionString given(text);
-  if (!NamesSqlite(given)) return text;
   auto completed = text;
-  if (!given.Has("Timeout")) completed += ";Timeout=" + std::to_string(kBusyWait.count());
-  if (!given.Has("NoCreat")) completed += ";NoCreat=Yes";
-  if (!given.Has("SyncPragma")) completed += ";SyncPragma=FULL";
+  for (const auto& setting : SettingsFor(engine))
+    if (!given.Has(setting.keyword))
+      completed += std::string(";") + setting.keyword + "=" + setting.value;
   return completed;
 }
 
@@ -75,27 +100,26 @@ OdbcConnection::~OdbcConnection() = default;
 
 void OdbcConnection::Open() {
   if (IsOpen()) return;
-  // SQLite's driver loses the letters beyond the first plane in UTF-16, and takes UTF-8 as it is.
-  const auto letters = NamesSqlite(ConnectionString(text_)) ? Letters::Utf8 : Letters::Wide;
-  Connect(letters);
-  if (EngineIsSqlite() && letters == Letters::Wide) Connect(Letters::Utf8);
+  const auto named = NamedEngine(ConnectionString(text_));
+  Connect(named);
+  // A data source tells its engine only now.
+  if (engine_ != named && !SettingsFor(engine_).empty()) Connect(engine_);
   const auto source =
       connection_->Info(engine_ == Engine::Sqlite ? SQL_DATABASE_NAME : SQL_SERVER_NAME);
   if (!source.empty()) dataSource_ = source;
 }
 
-void OdbcConnection::Connect(Letters letters) {
+void OdbcConnection::Connect(Engine expected) {
+  // SQLite's driver loses the letters beyond the first plane in UTF-16, and takes UTF-8 as it is.
+  const auto letters = expected == Engine::Sqlite ? Letters::Utf8 : Letters::Wide;
   try {
     connection_ = nullptr;
-    connection_ = std::make_unique<DriverConnection>(Completed(text_), letters);
+    connection_ = std::make_unique<DriverConnection>(Completed(text_, expected), letters);
   } catch (const DriverFailure& failure) {
     throw failure.What().Error("No se puede conectar con la base de datos: ",
                                Advice(failure.What()));
   }
-  const auto product = connection_->Info(SQL_DBMS_NAME);
-  engine_ = Names(product, "sqlite")       ? Engine::Sqlite
-            : Names(product, "sql server") ? Engine::SqlServer
-                                           : Engine::Unknown;
+  engine_ = sqltext::EngineNamed(connection_->Info(SQL_DBMS_NAME));
 }
 
 void OdbcConnection::Close() { connection_.reset(); }
@@ -104,24 +128,20 @@ bool OdbcConnection::IsOpen() const { return connection_ != nullptr; }
 
 std::string OdbcConnection::DataSource() const { return dataSource_; }
 
-bool OdbcConnection::EngineIsSqlServer() const noexcept { return engine_ == Engine::SqlServer; }
-
-bool OdbcConnection::EngineIsSqlite() const noexcept { return engine_ == Engine::Sqlite; }
-
 Recordset OdbcConnection::Run(const std::string& statement) {
-  if (!EngineIsSqlite()) return RunText(statement);
-  return RunText(sqlite::FlattenJoins(sqlite::RewriteConcatenation(statement)));
+  return RunText(sqltext::Put(statement, engine_));
 }
 
 Recordset OdbcConnection::RunText(const std::string& text) {
   using Clock = std::chrono::steady_clock;
   const auto until = Clock::now() + BusyWait(ConnectionString(text_));
   for (;; std::this_thread::sleep_for(kBusyPause)) try {
-      return connection_->Execute(text, EngineIsSqlite());
+      return connection_->Execute(text, engine_ == Engine::Sqlite);
     } catch (const DriverFailure& failure) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.
-      if (EngineIsSqlite() && failure.What().HasNative(kSqliteBusy) && Clock::now() < until)
+      if (engine_ == Engine::Sqlite && failure.What().HasNative(kSqliteBusy) &&
+          Clock::now() < until)
         continue;
       if (!failure.What().HasState("08") && !connection_->IsDead()) throw failure.What().Error();
       Close();

@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "adapters/sqltext/Dialect.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane::odbc {
 
 class DriverConnection;
-enum class Letters;
 
 /// A connection to a school through an ODBC driver. Made closed; `Open` may throw, the constructor
 /// doesn't:
@@ -18,11 +18,12 @@ enum class Letters;
 ///   centro.Open();
 ///   auto rows = centro.Execute("SELECT IDAlumno FROM Alumno");
 ///
-/// The text of a statement reaches the driver unchanged, but for an engine that the driver names
-/// SQLite, which gets it as the file database's own adapter would hand it. Each statement is in
-/// effect when `Execute` returns. All failures, of `Open` too, are error 0x80004005 with the
-/// driver's state, number and text; a lost connection is told as such, and is closed then. Texts
-/// are UTF-8, dates `yyyy/mm/dd`, a true bit -1. To be used by one thread at a time.
+/// The text of a statement reaches the driver as the engine that the driver names takes it. Each
+/// statement is in effect when `Execute` returns. What the driver does otherwise than the module
+/// needs is set by what the string is completed with; a keyword that it has counts. All failures,
+/// of `Open` too, are error 0x80004005 with the driver's state, number and text; a lost connection
+/// is told as such, and is closed then. Texts are UTF-8, dates `yyyy/mm/dd`, a true bit -1. To be
+/// used by one thread at a time.
 class OdbcConnection : public Connection {
  public:
   /// `name` as in `Connection`: empty for one that is not traced.
@@ -41,22 +42,19 @@ class OdbcConnection : public Connection {
   /// has been open.
   [[nodiscard]] std::string DataSource() const override;
 
-  /// What the driver says that it reaches; false for both before the first `Open`.
-  [[nodiscard]] bool EngineIsSqlServer() const noexcept;
-  [[nodiscard]] bool EngineIsSqlite() const noexcept;
+  /// What the driver says that it reaches; unknown before the first `Open`.
+  [[nodiscard]] sqltext::Engine ReachedEngine() const noexcept { return engine_; }
 
  protected:
   Recordset Run(const std::string& statement) override;
 
  private:
-  enum class Engine { Unknown, SqlServer, Sqlite };
-
-  void Connect(Letters letters);
+  void Connect(sqltext::Engine expected);
   Recordset RunText(const std::string& text);
 
   std::string text_;
   std::string dataSource_;
-  Engine engine_ = Engine::Unknown;
+  sqltext::Engine engine_ = sqltext::Engine::Unknown;
   std::unique_ptr<DriverConnection> connection_;  ///< null while closed
 };
 

@@ -77,8 +77,8 @@ void PreparedStatement::ReadNames() {
   FieldNames names;
   names.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i)
-    names.push_back(
-        FieldName(sqlite3_column_name(statement_.get(), i), sqlite3_sql(statement_.get())));
+    names.push_back(sqltext::FieldName(sqlite3_column_name(statement_.get(), i),
+                                       sqlite3_sql(statement_.get())));
   names_ = std::make_shared<const FieldNames>(std::move(names));
   preparations_ = sqlite3_stmt_status(statement_.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
 }

@@ -9,8 +9,7 @@
 #include "adapters/sqlite/Database.h"
 #include "adapters/sqlite/StatementCache.h"
 #include "adapters/sqlite/StatementLifter.h"
-#include "adapters/sqltext/Concatenation.h"
-#include "adapters/sqltext/NestedJoins.h"
+#include "adapters/sqltext/Dialect.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::sqlite {
@@ -18,7 +17,7 @@ namespace {
 
 /// The module's text as this engine takes it, and takes it fast.
 std::string ForEngine(std::string_view statement) {
-  return FlattenJoins(RewriteConcatenation(statement));
+  return sqltext::Put(statement, sqltext::Engine::Sqlite);
 }
 
 // The module has some two hundred shapes of statements, and lists of several lengths in a few.

@@ -13,7 +13,7 @@ constexpr std::size_t kLongestStatement = 16384;
 bool IsLiftable(std::string_view statement) {
   const auto first = statement.find_first_not_of(" \t\r\n");
   if (first == std::string_view::npos) return false;
-  const auto word = statement.substr(first, EndOfWord(statement, first) - first);
+  const auto word = statement.substr(first, sqltext::EndOfWord(statement, first) - first);
   return EqualNoCase(word, "SELECT") || EqualNoCase(word, "INSERT") ||
          EqualNoCase(word, "UPDATE") || EqualNoCase(word, "DELETE");
 }
@@ -41,9 +41,9 @@ bool StatementLifter::Number(std::string_view statement, std::size_t& at) {
   std::int64_t value = 0;
   const auto whole = ReadNumber(statement, at, value);
   const auto fraction = at < statement.size() && statement[at] == '.';
-  const auto goesOn = fraction || (at < statement.size() && IsWordPart(statement[at]));
+  const auto goesOn = fraction || (at < statement.size() && sqltext::IsWordPart(statement[at]));
   if (goesOn || !whole || inColumns_ || ended_) {
-    at = EndOfNumber(statement, begin);
+    at = sqltext::EndOfNumber(statement, begin);
     text_.append(statement, begin, at - begin);
     return true;
   }
@@ -63,35 +63,35 @@ bool StatementLifter::Lift(std::string_view statement) {
   std::size_t copied = 0;  // what stands before this has been put into the text
   std::size_t at = 0;
   while (at < statement.size()) {
-    switch (KindOf(statement[at])) {
-      case CharKind::Word: {
-        const auto end = EndOfWord(statement, at);
+    switch (sqltext::KindOf(statement[at])) {
+      case sqltext::CharKind::Word: {
+        const auto end = sqltext::EndOfWord(statement, at);
         if (!Word(statement.substr(at, end - at))) return false;
         at = end;
         break;
       }
-      case CharKind::Quote:
-        at = EndOfQuoted(statement, at);
+      case sqltext::CharKind::Quote:
+        at = sqltext::EndOfQuoted(statement, at);
         break;
-      case CharKind::Digit:
+      case sqltext::CharKind::Digit:
         text_.append(statement, copied, at - copied);
         if (!Number(statement, at)) return false;
         copied = at;
         break;
-      case CharKind::Dot:  // a fraction without a whole part
-        at = EndOfNumber(statement, at);
+      case sqltext::CharKind::Dot:  // a fraction without a whole part
+        at = sqltext::EndOfNumber(statement, at);
         break;
-      case CharKind::Dash:
-      case CharKind::Slash: {
+      case sqltext::CharKind::Dash:
+      case sqltext::CharKind::Slash: {
         const auto next = at + 1 < statement.size() ? statement[at + 1] : '\0';
         if ((statement[at] == '-' && next == '-') || next == '*') return false;
         ++at;
         break;
       }
-      case CharKind::Parameter:
-      case CharKind::Semicolon:
+      case sqltext::CharKind::Parameter:
+      case sqltext::CharKind::Semicolon:
         return false;
-      case CharKind::Other:
+      case sqltext::CharKind::Other:
         ++at;
         break;
     }

@@ -8,7 +8,7 @@ bool ReadNumber(std::string_view statement, std::size_t& at, std::int64_t& value
   constexpr std::size_t kMostDigits = 18;
   const auto begin = at;
   value = 0;
-  for (; at < statement.size() && KindOf(statement[at]) == CharKind::Digit; ++at)
+  for (; at < statement.size() && sqltext::KindOf(statement[at]) == sqltext::CharKind::Digit; ++at)
     if (at - begin < kMostDigits) value = 10 * value + (statement[at] - '0');
   return at != begin && at - begin <= kMostDigits;
 }

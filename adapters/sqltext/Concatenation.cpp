@@ -2,7 +2,7 @@
 
 #include "adapters/sqltext/Tokens.h"
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 
 std::string RewriteConcatenation(std::string_view statement) {
   std::string result;
@@ -27,4 +27,4 @@ std::string RewriteConcatenation(std::string_view statement) {
   return result;
 }
 
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

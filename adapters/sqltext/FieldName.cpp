@@ -1,6 +1,6 @@
 #include "adapters/sqltext/FieldName.h"
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 
 std::string FieldName(std::string_view name, std::string_view statement) {
   const auto colon = name.rfind(':');
@@ -12,4 +12,4 @@ std::string FieldName(std::string_view name, std::string_view statement) {
   return std::string(numbered ? name.substr(0, colon) : name);
 }
 
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

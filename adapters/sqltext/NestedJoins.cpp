@@ -8,7 +8,7 @@
 #include "adapters/sqltext/Tokens.h"
 #include "platform/text/AsciiCase.h"
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 namespace {
 
 /// A table of a chain, how it is joined to what stands before it, and on what.
@@ -167,4 +167,4 @@ std::string FlattenJoins(std::string_view statement) {
   return result;
 }
 
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 
 /// The module nests its outer joins in brackets. This engine builds what stands in the brackets
 /// whole, all rows of the school, before it joins it. Writes each such FROM as one chain of joins,
@@ -12,4 +12,4 @@ namespace quorvane::sqlite {
 /// bracket on its first table. Any other text stays as it is.
 std::string FlattenJoins(std::string_view statement);
 
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 namespace {
 
 std::size_t EndOfDigits(std::string_view text, std::size_t at) {
@@ -52,4 +52,4 @@ std::size_t EndOfBlanks(std::string_view text, std::size_t at) {
   }
 }
 
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 
 /// What a character begins in the engine's SQL.
 enum class CharKind : unsigned char {
@@ -63,4 +63,4 @@ std::size_t EndOfNumber(std::string_view text, std::size_t at);
 /// the end of the text.
 std::size_t EndOfBlanks(std::string_view text, std::size_t at);
 
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

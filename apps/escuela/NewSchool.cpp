@@ -17,9 +17,17 @@ namespace {
 }
 
 std::string_view SchemaFor(const odbc::OdbcConnection& database, const std::string& place) {
-  if (database.EngineIsSqlServer()) return SqlServerSchema();
-  if (database.EngineIsSqlite()) return SqliteSchema();
-  Refuse(place, "solo se sabe hacer en SQL Server y en SQLite");
+  switch (database.ReachedEngine()) {
+    case sqltext::Engine::SqlServer:
+      return SqlServerSchema();
+    case sqltext::Engine::PostgreSql:
+      return PostgreSqlSchema();
+    case sqltext::Engine::Sqlite:
+      return SqliteSchema();
+    case sqltext::Engine::Unknown:
+      break;
+  }
+  Refuse(place, "solo se sabe hacer en PostgreSQL, en SQL Server y en SQLite");
 }
 
 void RequireEmpty(Connection& database, const std::string& place) {

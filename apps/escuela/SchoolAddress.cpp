@@ -26,7 +26,7 @@ std::unique_ptr<Connection> SchoolAddress::Open(const std::string& name, Access 
 
 bool ReachesSqlServer(const Connection& connection) {
   const auto* const odbc = dynamic_cast<const odbc::OdbcConnection*>(&connection);
-  return odbc != nullptr && odbc->EngineIsSqlServer();
+  return odbc != nullptr && odbc->ReachedEngine() == sqltext::Engine::SqlServer;
 }
 
 bool HasTable(Connection& connection, const std::string& table) {
@@ -34,11 +34,11 @@ bool HasTable(Connection& connection, const std::string& table) {
     connection.Execute("SELECT * FROM [" + table + "] WHERE 1=0");
     return true;
   } catch (const RuntimeError& error) {
-    // SQLite has no state of its own for it.
+    // SQLite has no state of its own for it, and PostgreSQL another one.
     const auto tells = [text = error.Description()](const char* part) {
       return text.find(part) != std::string::npos;
     };
-    if (!tells("[42S02]") && !tells("no such table")) throw;
+    if (!tells("[42S02]") && !tells("[42P01]") && !tells("no such table")) throw;
     return false;
   }
 }

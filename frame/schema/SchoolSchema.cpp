@@ -27,6 +27,11 @@ std::string_view SqlServerSchema() {
   return sql;
 }
 
+std::string_view PostgreSqlSchema() {
+  static const auto sql = SchemaSql(School(), kPostgreSqlEngine);
+  return sql;
+}
+
 std::vector<std::string> SchemaStatements(std::string_view text) {
   std::vector<std::string> statements;
   std::string statement;

@@ -19,6 +19,8 @@ namespace quorvane {
 std::string_view SqliteSchema();
 /// The same on SQL Server.
 std::string_view SqlServerSchema();
+/// And on PostgreSQL.
+std::string_view PostgreSqlSchema();
 
 /// The single statements of such a text, without comments, in their order.
 std::vector<std::string> SchemaStatements(std::string_view text);

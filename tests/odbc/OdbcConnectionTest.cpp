@@ -41,18 +41,17 @@ TEST_F(OdbcConnectionTest, TellsWhatItReaches) {
   OdbcConnection fresh(text, "centro");
   EXPECT_EQ(fresh.Name(), "centro");
   EXPECT_FALSE(fresh.IsOpen());
-  EXPECT_FALSE(fresh.EngineIsSqlite());
+  EXPECT_EQ(fresh.ReachedEngine(), sqltext::Engine::Unknown);
   EXPECT_EQ(fresh.DataSource(), path);
   fresh.Open();
   fresh.Open();
   EXPECT_TRUE(fresh.IsOpen());
-  EXPECT_TRUE(fresh.EngineIsSqlite());
-  EXPECT_FALSE(fresh.EngineIsSqlServer());
+  EXPECT_EQ(fresh.ReachedEngine(), sqltext::Engine::Sqlite);
   EXPECT_EQ(fresh.DataSource(), path);
   fresh.Close();
   fresh.Close();
   EXPECT_FALSE(fresh.IsOpen());
-  EXPECT_TRUE(fresh.EngineIsSqlite());
+  EXPECT_EQ(fresh.ReachedEngine(), sqltext::Engine::Sqlite);
 }
 
 TEST_F(OdbcConnectionTest, AServersNameIsTheDataSource) {
@@ -221,7 +220,7 @@ TEST_F(OdbcConnectionTest, ADataSourceIsAsGoodAsADriver) {
   setenv("ODBCINI", sources.c_str(), 1);
   Opened<OdbcConnection> named("DSN=Centro", "");
   unsetenv("ODBCINI");
-  EXPECT_TRUE(named.EngineIsSqlite());
+  EXPECT_EQ(named.ReachedEngine(), sqltext::Engine::Sqlite);
   EXPECT_EQ(named.DataSource(), path);
   EXPECT_THAT(RunRows(named, "SELECT 'ñ' + ' 😀'"), ElementsAre("ñ 😀"));
 }

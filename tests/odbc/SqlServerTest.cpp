@@ -38,8 +38,7 @@ class SqlServerTest : public testing::Test {
 
 TEST_F(SqlServerTest, IsWhatTheDriverNames) {
   con.Open();
-  EXPECT_TRUE(con.EngineIsSqlServer());
-  EXPECT_FALSE(con.EngineIsSqlite());
+  EXPECT_EQ(con.ReachedEngine(), sqltext::Engine::SqlServer);
   EXPECT_EQ(con.DataSource(), "127.0.0.1");
 }
 

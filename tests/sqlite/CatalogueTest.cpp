@@ -89,7 +89,7 @@ TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
         const auto statement = FillIn(line, number);
         if (reading && !IsSelect(statement)) continue;
         auto ours = RunRows(adapter, statement);
-        auto theirs = engine.Run(sqlite::RewriteConcatenation(statement));
+        auto theirs = engine.Run(sqltext::RewriteConcatenation(statement));
         std::sort(ours.begin(), ours.end());
         std::sort(theirs.begin(), theirs.end());
         ASSERT_EQ(ours, theirs) << statement;

@@ -2,7 +2,7 @@
 
 #include "adapters/sqltext/Concatenation.h"
 
-namespace quorvane::sqlite {
+namespace quorvane::sqltext {
 namespace {
 
 TEST(ConcatenationTest, PlusBesideATextJoinsTexts) {
@@ -33,4 +33,4 @@ TEST(ConcatenationTest, ACommentIsNeitherATextNorBetweenThem) {
 }
 
 }  // namespace
-}  // namespace quorvane::sqlite
+}  // namespace quorvane::sqltext

@@ -12,29 +12,32 @@ namespace quorvane::sqlite {
 namespace {
 
 std::string Unchanged(const std::string& statement) {
-  return FlattenJoins(statement) == statement ? "unchanged" : FlattenJoins(statement);
+  return sqltext::FlattenJoins(statement) == statement ? "unchanged"
+                                                       : sqltext::FlattenJoins(statement);
 }
 
 TEST(NestedJoinsTest, ABracketOfLeftJoinsBecomesPartOfTheChain) {
-  EXPECT_EQ(FlattenJoins("SELECT A.x FROM (A LEFT JOIN (B LEFT JOIN C ON C.i=B.c) ON B.i = A.b) "
-                         "LEFT JOIN D ON D.i=A.d WHERE A.x=?"),
-            "SELECT A.x FROM A LEFT JOIN B ON B.i = A.b LEFT JOIN C ON C.i=B.c "
-            "LEFT JOIN D ON D.i=A.d WHERE A.x=?");
+  EXPECT_EQ(
+      sqltext::FlattenJoins("SELECT A.x FROM (A LEFT JOIN (B LEFT JOIN C ON C.i=B.c) ON B.i = A.b) "
+                            "LEFT JOIN D ON D.i=A.d WHERE A.x=?"),
+      "SELECT A.x FROM A LEFT JOIN B ON B.i = A.b LEFT JOIN C ON C.i=B.c "
+      "LEFT JOIN D ON D.i=A.d WHERE A.x=?");
 }
 
 TEST(NestedJoinsTest, EachHalfOfAUnionIsRewritten) {
   const std::string half = "SELECT x FROM A LEFT JOIN (B LEFT JOIN C ON C.i=B.c) ON B.i=A.b";
   const std::string flat = "SELECT x FROM A LEFT JOIN B ON B.i=A.b LEFT JOIN C ON C.i=B.c ";
-  EXPECT_EQ(FlattenJoins(half + " UNION " + half + " ORDER BY x"),
+  EXPECT_EQ(sqltext::FlattenJoins(half + " UNION " + half + " ORDER BY x"),
             flat + "UNION " + flat + "ORDER BY x");
 }
 
 TEST(NestedJoinsTest, InnerJoinsBeforeTheBracketStayInner) {
-  EXPECT_EQ(FlattenJoins("SELECT x FROM ((A INNER JOIN (B INNER JOIN C ON C.i=B.c) ON B.i=A.b) "
-                         "INNER JOIN D ON D.i=A.d) LEFT JOIN (E LEFT JOIN F ON F.i=E.f) ON "
-                         "E.a=A.i"),
-            "SELECT x FROM A INNER JOIN B ON B.i=A.b INNER JOIN C ON C.i=B.c INNER JOIN D ON "
-            "D.i=A.d LEFT JOIN E ON E.a=A.i LEFT JOIN F ON F.i=E.f ");
+  EXPECT_EQ(
+      sqltext::FlattenJoins("SELECT x FROM ((A INNER JOIN (B INNER JOIN C ON C.i=B.c) ON B.i=A.b) "
+                            "INNER JOIN D ON D.i=A.d) LEFT JOIN (E LEFT JOIN F ON F.i=E.f) ON "
+                            "E.a=A.i"),
+      "SELECT x FROM A INNER JOIN B ON B.i=A.b INNER JOIN C ON C.i=B.c INNER JOIN D ON "
+      "D.i=A.d LEFT JOIN E ON E.a=A.i LEFT JOIN F ON F.i=E.f ");
 }
 
 TEST(NestedJoinsTest, ACommentStaysAsItIs) {
@@ -89,7 +92,7 @@ TEST(NestedJoinsTest, GivesTheRowsOfTheOriginalOnRandomTables) {
     FillAtRandom(school, random);
     test::PlainDatabase engine(school.Path());
     auto expected = engine.Run(original);
-    auto rows = engine.Run(FlattenJoins(original));
+    auto rows = engine.Run(sqltext::FlattenJoins(original));
     std::sort(expected.begin(), expected.end());
     std::sort(rows.begin(), rows.end());
     ASSERT_EQ(rows, expected) << "round " << round;

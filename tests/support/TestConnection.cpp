@@ -5,15 +5,17 @@
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "tests/support/ServerSchools.h"
 
 namespace quorvane::test {
 
 bool ThroughOdbc() {
   const auto* const variable = std::getenv("QUORVANE_PRUEBAS_ODBC");
-  return variable != nullptr && std::string_view(variable) == "1";
+  return OnServer() || (variable != nullptr && std::string_view(variable) == "1");
 }
 
 std::string OdbcString(const std::string& path) {
+  if (OnServer()) return ServerString(path);
   return "Driver=SQLite3;SyncPragma=OFF;Database=" + path;
 }
 
@@ -27,7 +29,10 @@ void PlayOn(guion::PlayOptions& options, const std::string& path, const std::str
   if (!entrada.empty()) options.entrada = OdbcString(entrada);
 }
 
-std::string EngineText(const std::string& text) { return ThroughOdbc() ? "[HY000] " + text : text; }
+std::string EngineText(const std::string& text) {
+  if (OnServer()) return "[42P01] ERROR: relation ";
+  return ThroughOdbc() ? "[HY000] " + text : text;
+}
 
 TestConnection::TestConnection(const std::string& path, const std::string& name)
     : Connection(name) {

@@ -8,18 +8,19 @@
 
 namespace quorvane::test {
 
-/// Whether the tests reach their schools through ODBC: QUORVANE_PRUEBAS_ODBC=1 in the environment.
+/// Whether the tests reach their schools through ODBC: QUORVANE_PRUEBAS_ODBC=1 in the environment,
+/// or a server (`OnServer`).
 /// The module must not see a difference, so the same tests run either way.
 bool ThroughOdbc();
 
-/// The connection string of a school in a file, which need not survive the machine.
+/// The connection string of a test's school, which need not survive the machine.
 std::string OdbcString(const std::string& path);
 
 /// The school to play a script on, and the database with `Usuario` unless that is empty.
 void PlayOn(guion::PlayOptions& options, const std::string& path, const std::string& entrada);
 
-/// How the file database's error text begins by that adapter: through a driver its state stands
-/// before it.
+/// How the engine's error begins for what the file database tells so: through a driver its state
+/// stands before it, and a server has its own words for a table that isn't there.
 std::string EngineText(const std::string& text);
 
 /// A connection for the module to a school in a file, by the adapter that the tests run on.

@@ -4,11 +4,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <stdexcept>
 #include <unistd.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/ServerSchools.h"
 
 namespace quorvane::test {
 namespace {
@@ -23,29 +25,49 @@ std::string NewPath() {
 }
 
 [[noreturn]] void Fail(const std::string& statement, const RuntimeError& error) {
+  // What only SQLite understands ends the test that asks for it.
+  if (OnServer()) throw std::runtime_error(error.Description() + " " + statement);
   std::fprintf(stderr, "%s\n%s\n", error.what(), statement.c_str());
   std::abort();
 }
 
 std::string CellText(const Value& value) { return value.IsNull() ? "NULL" : value.Text(); }
 
-}  // namespace
+Recordset ReadFile(const std::string& path, const std::string& select) {
+  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::ReadOnly);
+  school.Open();
+  return school.Execute(select);
+}
 
-TestSchool::TestSchool() : path_(NewPath()) {
+void MakeFile(const std::string& path) {
   // A program that was killed may have left one of that name.
-  std::filesystem::remove(path_);
-  sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::Create);
+  std::filesystem::remove(path);
+  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::Create);
   school.Open();
   school.ExecuteScript(kFast + ("BEGIN;" + std::string(SqliteSchema())) + ";COMMIT;");
 }
 
+}  // namespace
+
+TestSchool::TestSchool() : path_(OnServer() ? TakeServerSchool() : NewPath()) {
+  if (!OnServer()) MakeFile(path_);
+}
+
 TestSchool::~TestSchool() {
+  if (OnServer()) {
+    GiveBackServerSchool(path_);
+    return;
+  }
   std::error_code ignored;
   std::filesystem::remove(path_, ignored);
 }
 
 void TestSchool::Sql(const std::string& statements) const {
   try {
+    if (OnServer()) {
+      OwnersConnection(path_).Execute(statements);
+      return;
+    }
     sqlite::SqliteConnection school(path_, "");
     school.Open();
     school.ExecuteScript(kFast + statements);
@@ -57,9 +79,7 @@ void TestSchool::Sql(const std::string& statements) const {
 std::vector<std::string> TestSchool::Rows(const std::string& select) const {
   std::vector<std::string> rows;
   try {
-    sqlite::SqliteConnection school(path_, "", sqlite::OpenMode::ReadOnly);
-    school.Open();
-    auto found = school.Execute(select);
+    auto found = OnServer() ? OwnersConnection(path_).Execute(select) : ReadFile(path_, select);
     for (; !found.Eof(); found.MoveNext()) {
       std::string row;
       for (std::size_t i = 0; i < found.Names().size(); ++i)

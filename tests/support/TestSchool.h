@@ -5,13 +5,15 @@
 
 namespace quorvane::test {
 
-/// A school database in a file of its own, with all tables and no rows, that goes with the object.
+/// A school database of its own, with all tables and no rows, that goes with the object: a file, or
+/// on a server a database (`OnServer`).
 class TestSchool {
  public:
   TestSchool();
   ~TestSchool();
   TestSchool(TestSchool&&) = delete;
 
+  /// The file, or the name of the database.
   [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
   /// Executes statements parted by semicolons, untraced; a failure ends the test program.

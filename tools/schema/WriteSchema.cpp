@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
     const std::string folder = argv[1];
     Write(folder + "/sqlite.sql", quorvane::SqliteSchema());
     Write(folder + "/sqlserver.sql", quorvane::SqlServerSchema());
+    Write(folder + "/postgresql.sql", quorvane::PostgreSqlSchema());
   } catch (const std::exception& error) {
     std::fprintf(stderr, "write_schema: %s\n", error.what());
     return 1;

@@ -1,0 +1,59 @@
+#include "adapters/sqltext/UnionOrder.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "adapters/sqltext/Tokens.h"
+#include "platform/text/AsciiCase.h"
+
+namespace quorvane::sqltext {
+namespace {
+
+bool IsName(char c) { return KindOf(c) == CharKind::Word || c == '[' || c == '"'; }
+
+std::size_t EndOfToken(std::string_view text, std::size_t at) {
+  switch (KindOf(text[at])) {
+    case CharKind::Word:
+      return EndOfWord(text, at);
+    case CharKind::Quote:
+      return EndOfQuoted(text, at);
+    default:
+      return std::max(at + 1, EndOfBlanks(text, at));
+  }
+}
+
+/// Behind the words ORDER BY of the whole UNION; the end of the text where there are none.
+std::size_t BehindOrderBy(std::string_view text) {
+  auto depth = 0;
+  auto united = false;
+  auto ordered = false;  // the last word was ORDER
+  for (std::size_t at = 0; at < text.size();) {
+    const auto end = EndOfToken(text, at);
+    const auto token = text.substr(at, end - at);
+    at = end;
+    if (token == "(") ++depth;
+    if (token == ")") --depth;
+    if (depth != 0 || KindOf(token.front()) != CharKind::Word) continue;
+    if (ordered && EqualNoCase(token, "BY")) return at;
+    united = united || EqualNoCase(token, "UNION");
+    ordered = united && EqualNoCase(token, "ORDER");
+  }
+  return text.size();
+}
+
+}  // namespace
+
+std::string OrderUnionByColumns(std::string_view statement) {
+  auto at = BehindOrderBy(statement);
+  std::string result(statement.substr(0, at));
+  while (at < statement.size()) {
+    const auto end = EndOfToken(statement, at);
+    const auto qualifies = IsName(statement[at]) && end + 1 < statement.size() &&
+                           statement[end] == '.' && IsName(statement[end + 1]);
+    if (!qualifies) result += statement.substr(at, end - at);
+    at = qualifies ? end + 1 : end;
+  }
+  return result;
+}
+
+}  // namespace quorvane::sqltext

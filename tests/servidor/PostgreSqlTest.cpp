@@ -1,0 +1,216 @@
+// A real server of PostgreSQL, through its driver, beside the file adapter.
+
+#include <algorithm>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "adapters/odbc/OdbcConnection.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolFile.h"
+#include "frame/modGeneral.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
+#include "tests/sqlite/RunRows.h"
+#include "tests/support/ServerSchools.h"
+#include "tests/support/StatementList.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+using odbc::OdbcConnection;
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+std::string ErrorOf(Connection& connection, const std::string& statement) {
+  try {
+    connection.Execute(statement);
+  } catch (const RuntimeError& error) {
+    EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
+    return error.Description();
+  }
+  return "no error";
+}
+
+std::string OpeningError(const std::string& string) {
+  OdbcConnection connection(string, "");
+  try {
+    connection.Open();
+  } catch (const RuntimeError& error) {
+    return error.Description();
+  }
+  return "no error";
+}
+
+class PostgreSqlTest : public testing::Test {
+ protected:
+  PostgreSqlTest() {
+    teacher.Open();
+    teacher.Execute("SET client_min_messages TO error");
+  }
+  ~PostgreSqlTest() override { GiveBackServerSchool(database_); }
+  PostgreSqlTest(const PostgreSqlTest&) = delete;
+  PostgreSqlTest& operator=(const PostgreSqlTest&) = delete;
+  PostgreSqlTest(PostgreSqlTest&&) = delete;
+  PostgreSqlTest& operator=(PostgreSqlTest&&) = delete;
+
+  Connection& Owner() { return OwnersConnection(database_); }
+
+  const std::string database_ = TakeServerSchool();
+  OdbcConnection teacher{ServerString(database_), ""};  ///< with the rights of who works
+};
+
+TEST_F(PostgreSqlTest, IsWhatTheDriverNames) {
+  EXPECT_EQ(teacher.ReachedEngine(), sqltext::Engine::PostgreSql);
+  EXPECT_EQ(teacher.DataSource(), "127.0.0.1");
+}
+
+TEST_F(PostgreSqlTest, ValuesOfEveryType) {
+  auto rows = teacher.Execute(
+      "SELECT CAST(-32768 AS smallint) AS corto, CAST(-2147483648 AS integer) AS largo, "
+      "CAST(9007199254740993 AS bigint) AS enorme, CAST(-12.34 AS numeric(8,2)) AS decimal, "
+      "CAST(700 AS numeric) AS entero, CAST(2.5 AS double precision) AS real, "
+      "(1=1) AS cierto, (1=0) AS falso, CAST('2026-03-01' AS date) AS fecha, "
+      "CAST('2026-12-31 23:59:58' AS timestamp) AS momento, CAST('ab' AS char(5)) AS relleno, "
+      "CAST('Ñúñez' AS varchar(20)) AS corta, CAST('Íñigo 😀' AS text) AS larga, "
+      "CAST(NULL AS integer) AS nada");
+  EXPECT_EQ(rows.Fields("corto").Integer(), -32768);
+  EXPECT_EQ(rows.Fields("LARGO").Long(), -2147483648);
+  EXPECT_EQ(rows.Fields("enorme").Text(), "9007199254740993");
+  EXPECT_EQ(rows.Fields("decimal").Number(), -12.34);
+  EXPECT_FALSE(rows.Fields("decimal").IsText());
+  EXPECT_EQ(rows.Fields("entero").Long(), 700);
+  EXPECT_EQ(rows.Fields("real").Number(), 2.5);
+  EXPECT_EQ(rows.Fields("cierto").Long(), -1);
+  EXPECT_EQ(rows.Fields("falso").Long(), 0);
+  EXPECT_EQ(rows.Fields("fecha").Text(), "2026/03/01");
+  EXPECT_EQ(rows.Fields("momento").Text(), "2026/12/31");
+  EXPECT_EQ(rows.Fields("relleno").Text(), "ab   ");
+  EXPECT_EQ(rows.Fields("corta").Text(), "Ñúñez");
+  EXPECT_EQ(rows.Fields("larga").Text(), "Íñigo 😀");
+  EXPECT_TRUE(rows.Fields("nada").IsNull());
+}
+
+TEST_F(PostgreSqlTest, TextsComeBackAsTheyWent) {
+  std::string longest;
+  for (auto i = 0; i < 30000; ++i) longest += "ñ😀";
+  for (const auto& text :
+       {std::string("O''Brien"), std::string("a\\b\\\\c"), std::string("1\n2\r\n3"),
+        std::string("{fn now()} ? :a $1 [x] ||"), longest}) {
+    auto rows = teacher.Execute("SELECT CAST('" + text + "' AS text) AS t");
+    auto expected = text;
+    if (const auto quotes = expected.find("''"); quotes != std::string::npos)
+      expected.erase(quotes, 1);
+    EXPECT_TRUE(rows.Fields(0).Text() == expected) << rows.Fields(0).Text().substr(0, 60);
+  }
+}
+
+TEST_F(PostgreSqlTest, FailureTellsStateAndTextAndLeavesTheConnection) {
+  EXPECT_THAT(ErrorOf(teacher, "SELECT * FROM Nada"),
+              StartsWith("[42P01] ERROR: relation \"nada\" does not exist"));
+  EXPECT_THAT(ErrorOf(teacher, "SELECT Nada FROM Alumno"), StartsWith("[42703] ERROR: column"));
+  EXPECT_TRUE(teacher.IsOpen());
+  EXPECT_THAT(RunRows(teacher, "SELECT 7"), ElementsAre("7"));
+}
+
+TEST_F(PostgreSqlTest, SameKeyTwiceIsAnError) {
+  teacher.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
+  EXPECT_THAT(ErrorOf(teacher, "INSERT INTO PublicacionPte VALUES (1,1,1,4,1)"),
+              StartsWith("[23505] ERROR: duplicate key value"));
+}
+
+TEST_F(PostgreSqlTest, WhoWorksMayNotWriteTheSchoolsOwnTables) {
+  EXPECT_THAT(ErrorOf(teacher, "DELETE FROM Alumno"),
+              StartsWith("[42501] ERROR: permission denied for table alumno"));
+  EXPECT_THAT(ErrorOf(teacher, "CREATE TABLE Otra (a integer)"),
+              StartsWith("[42501] ERROR: permission denied for schema public"));
+}
+
+TEST_F(PostgreSqlTest, ConnectionThatTheServerHasEndedIsTold) {
+  const auto process = teacher.Execute("SELECT pg_backend_pid()").Fields(0).Text();
+  OdbcConnection same(ServerString(database_), "");
+  same.Open();
+  same.Execute("SELECT pg_terminate_backend(" + process + ")");
+  EXPECT_THAT(ErrorOf(teacher, "SELECT 1"),
+              StartsWith("Se ha perdido la conexión con la base de datos: "));
+  EXPECT_FALSE(teacher.IsOpen());
+  teacher.Open();
+  EXPECT_THAT(RunRows(teacher, "SELECT 1"), ElementsAre("1"));
+}
+
+TEST_F(PostgreSqlTest, OpeningTellsWhatIsWrong) {
+  EXPECT_THAT(OpeningError(ServerString("no_esta")),
+              AllOf(StartsWith("No se puede conectar con la base de datos: "),
+                    HasSubstr("database \"no_esta\" does not exist")));
+  EXPECT_THAT(OpeningError(ServerString(database_) + ";PWD=otra"),
+              testing::Not(HasSubstr("una clave")));
+}
+
+/// The rows in an order of their own: where a statement asks for none, or leaves some equal, each
+/// engine has another.
+std::vector<std::string> InOrder(std::vector<std::string> rows) {
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+/// Statements that no event reaches, for which who works needs no right.
+std::set<std::string> Unreached() {
+  std::set<std::string> lines;
+  std::ifstream list(QUORVANE_STATEMENTS);
+  for (std::string line; std::getline(list, line);)
+    if (line.starts_with("~ ")) lines.insert(line.substr(2));
+  return lines;
+}
+
+bool IsError(const std::vector<std::string>& rows) {
+  return rows.size() == 1 && rows.front().starts_with("error ");
+}
+
+TEST_F(PostgreSqlTest, GivesTheRowsOfTheFileForEveryStatementOfTheModule) {
+  const TempFolder folder;
+  const auto path = folder / "fichero.sqlite";
+  MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
+  DemoSchool(Owner()).Build();
+  sqlite::SqliteConnection file(path, "");
+  file.Open();
+  auto compared = 0;
+  auto failing = 0;
+  const auto unreached = Unreached();
+  for (const auto reading : {true, false})
+    for (const auto number : {1, 2, 4, 5, 7, 11, 30})
+      for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
+        const auto statement = FillIn(line, number);
+        if (reading ? !IsSelect(statement) : unreached.contains(line)) continue;
+        const auto expected = InOrder(RunRows(file, statement));
+        const auto rows = InOrder(RunRows(teacher, statement));
+        if (IsError(expected) || IsError(rows)) {
+          // Each engine has its own words for a key that stands or a column that isn't there.
+          EXPECT_EQ(IsError(rows), IsError(expected)) << statement << "\n"
+                                                      << (IsError(rows) ? rows : expected).front();
+          ++failing;
+          continue;
+        }
+        ASSERT_EQ(rows, expected) << statement;
+        compared += static_cast<int>(expected.size());
+      }
+  EXPECT_GT(compared, 1000);
+  EXPECT_LT(failing, compared / 10);
+}
+
+TEST_F(PostgreSqlTest, SampleSchoolIsFitForTheModule) {
+  DemoSchool(Owner()).Build();
+  EXPECT_THAT(SchoolCheck(teacher).Structure(SchoolCheck::For::Host), IsEmpty());
+  EXPECT_THAT(SchoolCheck(teacher).Rows(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quorvane::test
