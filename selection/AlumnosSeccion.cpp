@@ -38,7 +38,7 @@ Recordset AlumnosSeccion::Leer(Connection& centro, const EvaluacionElegida& eleg
 }
 
 Recordset AlumnosSeccion::SegundaFinal(Connection& centro, std::int32_t primeraFinal) const {
-  const auto filas = PendientesDeActa(centro);
+  auto filas = PendientesDeActa(centro);
   if (filas.Eof()) return filas;
   SqlList pendientes;
   Anadir(pendientes, filas, "IDALUMNOPte_MATDET");
@@ -50,7 +50,7 @@ Recordset AlumnosSeccion::SegundaFinal(Connection& centro, std::int32_t primeraF
           "SELECT codAlumno FROM TipoMateria INNER JOIN (MateriaDetalles INNER JOIN Alumno_MateriaDetalles ON MateriaDetalles.IDMateriaDetalles = Alumno_MateriaDetalles.codMateriaDetalles) ON MateriaDetalles.codTipoMateria=TipoMateria.IDTipoMateria WHERE IDAlumno_MateriaDetalles in({}) AND codEspecificarTipoMateria=4",
           pendientes)),
       "CODALUMNO");
-  const auto suspensos = centro.Execute(Sql(
+  auto suspensos = centro.Execute(Sql(
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Alumno.Nombre AS Nombre FROM Nota INNER JOIN (EvaluacionActaPte INNER JOIN (AlumnoPte_MatDet INNER JOIN (Alumno INNER JOIN Seccion_AlumnoPte ON Alumno.IDAlumno=Seccion_AlumnoPte.codalumno) ON Alumno.IDAlumno=AlumnoPte_MatDet.codAlumno) ON AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.CodAlumnoPte_MatDet) ON Nota.IDNota=EvaluacionActaPte.codNota WHERE EvaluacionActaPte.CodNumEvaluacion={} AND CodAlumnoPte_MatDet IN ({}) AND Nota.Aprobado=0 AND Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND Seccion_AlumnoPte.codSeccion={}  UNION SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Alumno.Nombre AS Nombre FROM Nota INNER JOIN (EvaluacionActaPte INNER JOIN (AlumnoPte_MatDet INNER JOIN (Alumno INNER JOIN Seccion_AlumnoPte ON Alumno.IDAlumno=Seccion_AlumnoPte.codalumno) ON Alumno.IDAlumno=AlumnoPte_MatDet.codAlumno) ON AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.CodAlumnoPte_MatDet) ON Nota.IDNota=EvaluacionActaPte.codNota WHERE EvaluacionActaPte.CodNumEvaluacion={} AND CodAlumnoPte_MatDet IN ({}) AND Nota.Aprobado=0 AND Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND Seccion_AlumnoPte.codSeccion={} ",
       primeraFinal, pendientes, seccion, primeraFinal, pendientes, seccion));
   if (alumnos.Empty()) return suspensos;

@@ -7,7 +7,7 @@
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "platform/data/Value.h"
-#include "selection/FormularioPasoUno.h"
+#include "selection/FormularioPasoUno.h"  // IWYU pragma: keep
 
 namespace quorvane {
 

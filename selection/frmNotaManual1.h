@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "platform/controls/ControlArray.h"
-#include "selection/FormularioPasoUno.h"
+#include "selection/FormularioPasoUno.h"  // IWYU pragma: keep
 
 namespace quorvane {
 

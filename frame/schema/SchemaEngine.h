@@ -34,7 +34,8 @@ inline constexpr SchemaEngine kSqlServerEngine = {
 
 inline constexpr SchemaEngine kPostgreSqlEngine = {
     .name = "PostgreSQL",
-    .note = "-- A flag is 0 or -1; a date is a text. Names stand without quotes: their case is free.",
+    .note =
+        "-- A flag is 0 or -1; a date is a text. Names stand without quotes: their case is free.",
     .types = {"integer NOT NULL", "integer DEFAULT 0", "smallint DEFAULT 0", "smallint DEFAULT 0",
               "smallint DEFAULT 0", "text", "varchar(10)"},
     .quote = "",

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "grades/dialog/FormularioNotas.h"
+#include "grades/dialog/FormularioNotas.h"  // IWYU pragma: keep
 #include "grades/loading/Alumnos.h"
 
 namespace quorvane {

@@ -12,7 +12,6 @@
 #include "grades/saving/EvaluacionesPosteriores.h"
 #include "grades/student/RejillaPorAlumno.h"
 #include "platform/controls/FormInstance.h"
-#include "platform/data/Connection.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/MessageBox.h"
 #include "selection/Navegacion.h"

@@ -172,10 +172,9 @@ TEST_P(CellStatementTest, OfTheObservation) {
                   {33, 22, 44, true_, 11}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CellStatementTest, ::testing::Bool(),
-                         [](const auto& engine) {
-                           return engine.param ? "SqlServer" : "FileDatabase";
-                         });
+INSTANTIATE_TEST_SUITE_P(Engines, CellStatementTest, ::testing::Bool(), [](const auto& engine) {
+  return engine.param ? "SqlServer" : "FileDatabase";
+});
 
 }  // namespace
 }  // namespace quorvane::test
