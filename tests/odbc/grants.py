@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Prints the rights that a login needs on SQL Server: what the statements of the module do to each
-table. With a document, tells whether its GRANT statements are these."""
+"""Prints the rights that a login needs on a server: what the statements of the module do to each
+table. With a document, tells whether its GRANT statements are these, once for each engine."""
 
 import re
 import sys
@@ -50,13 +50,17 @@ def rights(all_statements, known):
     return found
 
 
-def grants(found):
+# What stands before a table's name: PostgreSQL's and SQL Server's, in the document's order.
+SCHEMAS = ("", "dbo.")
+
+
+def grants(found, schema):
     order = ["SELECT", "INSERT", "UPDATE", "DELETE"]
     lines = []
     for table, verbs in sorted(found.items(), key=lambda item: (len(item[1]) == 1, item[0].lower())):
         if verbs:
             named = ", ".join(verb for verb in order if verb in verbs)
-            lines.append(f"GRANT {named} ON dbo.{table} TO zendria;")
+            lines.append(f"GRANT {named} ON {schema}{table} TO zendria;")
     return lines
 
 
@@ -65,12 +69,13 @@ def main():
     known = tables(schema)
     # A school is looked over whole before it is opened.
     check = [f"SELECT * FROM {name} WHERE 1=0" for name in known.values()]
-    lines = grants(rights(list(statements(catalogue)) + TOOLS + check, known))
+    found = rights(list(statements(catalogue)) + TOOLS + check, known)
+    lines = [line for engine in SCHEMAS for line in grants(found, engine)]
     if len(sys.argv) == 3:
         print("\n".join(lines))
         return 0
     document = open(sys.argv[3], encoding="utf-8").read()
-    given = re.findall(r"^GRANT .*;$", document, re.M)
+    given = re.findall(r"^GRANT (?!CONNECT ON DATABASE ).*;$", document, re.M)
     for line in sorted(set(lines) ^ set(given)):
         print("only in the document:" if line in given else "missing in the document:", line)
     return given != lines

@@ -30,7 +30,7 @@ def programs():
     return pathlib.Path(found[-1]).parent
 
 
-def _become_server():
+def become_server():
     """In the child: the server refuses to run as root, and has to go when its parent goes."""
     if os.getuid() == 0:
         account = pwd.getpwnam('postgres')
@@ -73,7 +73,7 @@ class Cluster:
         return str(path)
 
     def _run(self, program, *arguments):
-        done = subprocess.run([str(self.bin / program), *arguments], preexec_fn=_become_server,
+        done = subprocess.run([str(self.bin / program), *arguments], preexec_fn=become_server,
                               cwd=self.folder, text=True, capture_output=True)
         if done.returncode != 0:
             self.remove()
@@ -85,7 +85,7 @@ class Cluster:
         arguments = [word for name, value in settings.items() for word in ('-c', f'{name}={value}')]
         with open(self.folder / 'registro', 'ab') as log:
             self.process = subprocess.Popen([str(self.bin / 'postgres'), '-D', str(self.data), *arguments],
-                                            preexec_fn=_become_server, cwd=self.folder,
+                                            preexec_fn=become_server, cwd=self.folder,
                                             stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         for _ in range(600):
             if self.process.poll() is not None:
