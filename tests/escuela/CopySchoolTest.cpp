@@ -134,7 +134,7 @@ TEST_F(CopyTest, NamesWhatItLeaves) {
 TEST_F(CopyTest, FindsColumnsThatAreOnlyFilledByPlace) {
   Change(from,
          "ALTER TABLE Evaluacion RENAME COLUMN Faltas TO Ausencias; INSERT INTO Evaluacion "
-         "VALUES (99,1,1,1,1,1,1,1,1,1,1,1,1,1,1,77)");
+         "VALUES (99000,1,1,1,1,1,1,1,1,1,1,1,1,1,1,77)");
   const auto copy = CopySchool(SchoolAddress::File(from), SchoolAddress::File(to), kNobody);
   EXPECT_THAT(copy.notCopied, IsEmpty());
   EXPECT_EQ(Content(from)["Evaluacion"], Content(to)["Evaluacion"]);
