@@ -55,10 +55,10 @@ paquetes_de_construccion=(
   libgtest-dev libgmock-dev libsm-dev libice-dev qt6-base-private-dev python3 perl
 )
 
-# What the tests use besides: ODBC drivers, a T-SQL parser, line counters and checkers, and a desktop
+# What the tests use besides: ODBC drivers, a server, a T-SQL parser, line counters and checkers, and a desktop
 # without a screen.
 paquetes_de_pruebas=(
-  libsqliteodbc tdsodbc libsql-translator-perl gcovr
+  libsqliteodbc tdsodbc odbc-postgresql postgresql libsql-translator-perl gcovr
   desktop-file-utils groff-base
   xvfb openbox xdotool wmctrl
   clang-format clang-tidy iwyu git

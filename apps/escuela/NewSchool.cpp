@@ -5,6 +5,7 @@
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "apps/escuela/SchoolFile.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 
@@ -75,8 +76,7 @@ void MakeSchool(const SchoolAddress& address, const std::function<void(Connectio
   RequireEmpty(database, place);
   try {
     Transaction transaction(database);
-    for (const auto& statement : SchemaStatements(schema)) database.Execute(statement);
-    fill(database);
+    WriteSchool(database, schema, fill);
     transaction.Keep();
   } catch (const RuntimeError& error) {
     Refuse(place, error.Description() + ". No ha quedado nada escrito");

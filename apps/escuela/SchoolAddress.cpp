@@ -24,9 +24,13 @@ std::unique_ptr<Connection> SchoolAddress::Open(const std::string& name, Access 
   return connection;
 }
 
-bool ReachesSqlServer(const Connection& connection) {
+sqltext::Engine EngineReached(const Connection& connection) {
   const auto* const odbc = dynamic_cast<const odbc::OdbcConnection*>(&connection);
-  return odbc != nullptr && odbc->ReachedEngine() == sqltext::Engine::SqlServer;
+  return odbc == nullptr ? sqltext::Engine::Sqlite : odbc->ReachedEngine();
+}
+
+bool ReachesSqlServer(const Connection& connection) {
+  return EngineReached(connection) == sqltext::Engine::SqlServer;
 }
 
 bool HasTable(Connection& connection, const std::string& table) {

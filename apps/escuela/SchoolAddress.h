@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/sqltext/Dialect.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane {
@@ -38,6 +39,9 @@ class SchoolAddress {
   std::string text_;
   bool odbc_;
 };
+
+/// The engine that an open connection reaches, as its driver names it.
+sqltext::Engine EngineReached(const Connection& connection);
 
 /// Whether an open connection says that it reaches SQL Server: statements on flags differ there.
 bool ReachesSqlServer(const Connection& connection);

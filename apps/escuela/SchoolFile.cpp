@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 
@@ -72,8 +73,7 @@ void MakeSchoolFile(const std::string& path, const std::function<void(Connection
   sqlite::SqliteConnection school(partial.Path(), "", sqlite::OpenMode::Create);
   school.Open();
   school.Execute("BEGIN");
-  for (const auto& statement : SchemaStatements(SqliteSchema())) school.Execute(statement);
-  fill(school);
+  WriteSchool(school, SqliteSchema(), fill);
   school.Execute("COMMIT");
   // Readers and the one who writes don't wait for each other, and a statement locks, and syncs,
   // a third as often. The file keeps this; connections leave it as they find it.

@@ -2,14 +2,18 @@
 
 #include <iomanip>
 #include <iostream>
+#include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
+#include "apps/escuela/CopySchool.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
+#include "apps/quorvane-escuela/StopSignals.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -18,7 +22,9 @@ namespace {
 /// Shows how far a long task has come, on a terminal alone: a log has no use for it.
 class ProgressLine {
  public:
-  ProgressLine() : shown_(isatty(STDERR_FILENO) == 1) {}
+  /// `doing` is what the task is called: "Generando".
+  explicit ProgressLine(std::string doing)
+      : doing_(std::move(doing)), shown_(isatty(STDERR_FILENO) == 1) {}
   ~ProgressLine() { Show("\r\033[K"); }
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
@@ -26,7 +32,7 @@ class ProgressLine {
   ProgressLine& operator=(ProgressLine&&) = delete;
 
   void Percent(std::size_t done, std::size_t all) const {
-    Show("\rGenerando... " + std::to_string(done * 100 / all) + " %");
+    Show("\r" + doing_ + "... " + std::to_string(all == 0 ? 100 : done * 100 / all) + " %");
   }
 
  private:
@@ -34,6 +40,7 @@ class ProgressLine {
     if (shown_) std::cerr << text << std::flush;
   }
 
+  std::string doing_;
   bool shown_;
 };
 
@@ -45,6 +52,19 @@ void RequireSchool(Connection& school) {
 
 void Print(const std::vector<std::string>& lines) {
   for (const auto& line : lines) std::cout << line << '\n';
+}
+
+void PrintCopy(const SchoolCopy& copy) {
+  for (const auto& table : copy.tables)
+    std::cout << "  " << std::left << std::setw(24) << table.name << std::right << std::setw(9)
+              << table.rows << '\n';
+  if (!copy.notCopied.empty()) {
+    std::cout << "No se ha copiado, porque no es de la escuela:\n";
+    for (const auto& name : copy.notCopied) std::cout << "  " << name << '\n';
+  }
+  if (!copy.oneMoment)
+    std::cout << "El origen no permite leerlo todo en el mismo instante "
+                 "(ALLOW_SNAPSHOT_ISOLATION): si alguien trabajaba en él, repita la copia\n";
 }
 
 }  // namespace
@@ -66,12 +86,31 @@ int MakeDemo(const SchoolAddress& address) {
 
 int Generate(const SchoolAddress& address, std::size_t students, std::uint64_t seed) {
   MakeSchool(address, [students, seed](Connection& school) {
-    const ProgressLine progress;
+    const ProgressLine progress("Generando");
     SchoolGenerator(school).Build(students, seed,
                                   [&](std::size_t done) { progress.Percent(done, students); });
   });
   std::cout << "Creada la escuela " << address.Shown() << " con " << students << " alumnos\n";
   return 0;
+}
+
+int Copy(const SchoolAddress& from, const SchoolAddress& to) {
+  const StopSignals signals;
+  try {
+    SchoolCopy copy;
+    {
+      const ProgressLine progress("Copiando");
+      copy = CopySchool(from, to,
+                        {[&](std::size_t done, std::size_t all) { progress.Percent(done, all); },
+                         StopSignals::Came});
+    }
+    std::cout << "Copiada la escuela " << from.Shown() << " en " << to.Shown() << '\n';
+    PrintCopy(copy);
+    return 0;
+  } catch (const CopyStopped&) {
+    std::cerr << "quorvane-escuela: Copia interrumpida: no ha quedado nada escrito\n";
+    StopSignals::End();
+  }
 }
 
 int Check(const SchoolAddress& address) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
 
@@ -32,7 +33,14 @@ struct Arguments {
   std::size_t students = 0;
   std::uint64_t seed = 0;
   int publication = 0;
+  std::string from;
+  std::string to;
 };
+
+quorvane::SchoolAddress Address(const std::string& text) {
+  return quorvane::odbc::ConnectionString::Looks(text) ? quorvane::SchoolAddress::Odbc(text)
+                                                       : quorvane::SchoolAddress::File(text);
+}
 
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
                      Arguments& arguments) {
@@ -78,6 +86,16 @@ int Run(int argc, char** argv) {
       locks->add_option("--borrar", arguments.publication, "Borra esa publicación y sus bloqueos")
           ->type_name("ID");
 
+  auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
+                   ->group("Órdenes");
+  copy->get_help_ptr()->group("Opciones");
+  copy->add_option("ORIGEN", arguments.from, "Fichero, o cadena de conexión ODBC")
+      ->required()
+      ->type_name("");
+  copy->add_option("DESTINO", arguments.to, "Lo mismo, donde aún no hay escuela")
+      ->required()
+      ->type_name("");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
@@ -86,6 +104,7 @@ int Run(int argc, char** argv) {
     std::cerr << "quorvane-escuela: " << Complaint(error) << "\nPruebe quorvane-escuela --help\n";
     return kBadArguments;
   }
+  if (copy->parsed()) return quorvane::Copy(Address(arguments.from), Address(arguments.to));
   if (arguments.file.empty() == arguments.odbc.empty()) {
     std::cerr << "quorvane-escuela: "
               << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"

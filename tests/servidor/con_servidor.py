@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""con_servidor.py PROGRAM [ARGUMENT...]: runs a program beside a server of its own.
+"""con_servidor.py [--duena] PROGRAM [ARGUMENT...]: runs a program beside a server of its own.
 
 The program finds in its environment how to reach it: QUORVANE_PRUEBAS_SERVIDOR as who works on a
-school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone.
+school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone. With --duena the
+first is the second's too, for tests whose scripts change what only the school's owner may change.
 """
 import os
 import signal
@@ -14,10 +15,14 @@ from cluster import OWNER, USER, Cluster
 
 def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+    arguments = sys.argv[1:]
+    user = OWNER if arguments[0] == '--duena' else USER
+    if user == OWNER:
+        del arguments[0]
     with Cluster() as cluster:
-        environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': cluster.string(USER),
+        environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': cluster.string(user),
                        'QUORVANE_PRUEBAS_DUENA': cluster.string(OWNER)}
-        return subprocess.run(sys.argv[1:], env=environment).returncode
+        return subprocess.run(arguments, env=environment).returncode
 
 
 if __name__ == '__main__':

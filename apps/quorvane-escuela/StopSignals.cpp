@@ -1,0 +1,46 @@
+#include "apps/quorvane-escuela/StopSignals.h"
+
+#include <csignal>
+#include <cstdlib>
+
+namespace quorvane {
+namespace {
+
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr auto kKilled = 128;  // and the signal's number, as a shell has it
+
+volatile std::sig_atomic_t came = 0;
+
+void Remember(int number) { came = number; }
+
+void Handle(int number, void (*handler)(int)) {
+  struct sigaction before {};
+  sigaction(number, nullptr, &before);
+  if (before.sa_handler == SIG_IGN) return;
+  struct sigaction action {};
+  action.sa_handler = handler;
+  // What a driver is waiting for goes on.
+  action.sa_flags = SA_RESTART;
+  sigaction(number, &action, nullptr);
+}
+
+}  // namespace
+
+StopSignals::StopSignals() {
+  for (const auto number : kSignals) Handle(number, Remember);
+}
+
+StopSignals::~StopSignals() {
+  for (const auto number : kSignals) Handle(number, SIG_DFL);
+}
+
+bool StopSignals::Came() noexcept { return came != 0; }
+
+void StopSignals::End() {
+  const int number = came;
+  std::signal(number, SIG_DFL);
+  std::raise(number);
+  std::_Exit(kKilled + number);
+}
+
+}  // namespace quorvane

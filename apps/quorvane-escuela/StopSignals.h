@@ -1,0 +1,21 @@
+#pragma once
+
+namespace quorvane {
+
+/// While one lives, SIGINT, SIGTERM and SIGHUP don't end the program but are remembered, so that a
+/// long task can undo what it has begun. A signal that the program was started without stays so.
+class StopSignals {
+ public:
+  StopSignals();
+  ~StopSignals();
+  StopSignals(const StopSignals&) = delete;
+  StopSignals& operator=(const StopSignals&) = delete;
+  StopSignals(StopSignals&&) = delete;
+  StopSignals& operator=(StopSignals&&) = delete;
+
+  [[nodiscard]] static bool Came() noexcept;
+  /// Ends the program by the signal that came, as whoever sent it expects.
+  [[noreturn]] static void End();
+};
+
+}  // namespace quorvane
