@@ -102,7 +102,7 @@ install(DIRECTORY docs bench DESTINATION ${CMAKE_INSTALL_DOCDIR}
         PATTERN qt EXCLUDE)
 install(FILES frame/schema/school.schema DESTINATION ${CMAKE_INSTALL_DOCDIR}/frame/schema)
 include(cmake/Manual.cmake)
-install(FILES ${schema_files}/sqlite.sql ${schema_files}/sqlserver.sql
+install(FILES ${schema_files}/sqlite.sql ${schema_files}/sqlserver.sql ${schema_files}/postgresql.sql
         DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane/esquema)
 
 # What each package says of its history and its terms.
