@@ -46,9 +46,10 @@ ConnectDialog::ConnectDialog(const QString& connectionString, Trial trial, QWidg
   for (auto* const field : {&server_, &database_, &string_})
     connect(field, &QLineEdit::textChanged, this, follow);
   connect(&kind_, &QComboBox::currentIndexChanged, this, [this] { FollowKind(); });
-  connect(&byHand_, &QCheckBox::toggled, this, [this, follow] {
+  connect(&byHand_, &QCheckBox::toggled, this, [this, follow](bool byHand) {
     FollowByHand();
     follow();
+    if (byHand) string_.setFocus();
   });
   FollowKind();
   FollowByHand();

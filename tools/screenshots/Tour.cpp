@@ -108,7 +108,6 @@ void Tour::Host() {
       dialog.findChild<QLineEdit*>(field)->setText(text);
     };
     type("servidor", "escuela");
-    type("puerto", "5432");
     type("baseDeDatos", "centro");
     type("usuarioServidor", "zendria");
     camera_.Take("conectar", dialog);
