@@ -10,6 +10,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverConnection.h"
 #include "adapters/odbc/DriverFailure.h"
+#include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
@@ -82,6 +83,13 @@ std::chrono::milliseconds BusyWait(const ConnectionString& given) {
   return std::chrono::milliseconds(std::atol(given.Value("Timeout").c_str()));
 }
 
+/// What asks for the day, in the form of the engine that has one.
+std::string DateStatement(Engine engine) {
+  if (engine == Engine::PostgreSql) return "SELECT to_char(current_date,'DD/MM/YYYY')";
+  if (engine == Engine::SqlServer) return "SELECT CONVERT(varchar(10),getdate(),103)";
+  return {};
+}
+
 std::string NamedSource(const std::string& text) {
   const ConnectionString given(text);
   for (const auto* const keyword : {"Server", "Servername", "Database", "DSN"})
@@ -130,6 +138,12 @@ std::string OdbcConnection::DataSource() const { return dataSource_; }
 
 Recordset OdbcConnection::Run(const std::string& statement) {
   return RunText(sqltext::Put(statement, engine_));
+}
+
+std::string OdbcConnection::ServerDate() {
+  if (!IsOpen()) throw RuntimeError(ErrorNumber::ObjectClosed);
+  const auto statement = DateStatement(engine_);
+  return statement.empty() ? statement : RunText(statement).Fields(0).Text();
 }
 
 Recordset OdbcConnection::RunText(const std::string& text) {

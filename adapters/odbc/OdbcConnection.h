@@ -45,6 +45,10 @@ class OdbcConnection : public Connection {
   /// What the driver says that it reaches; unknown before the first `Open`.
   [[nodiscard]] sqltext::Engine ReachedEngine() const noexcept { return engine_; }
 
+  /// The server's date as "dd/mm/yyyy"; empty where the engine has no server. Neither traced nor
+  /// observed. Error 3704 on a closed connection.
+  std::string ServerDate();
+
  protected:
   Recordset Run(const std::string& statement) override;
 

@@ -3,6 +3,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/StandbyConnection.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -24,6 +25,11 @@ std::unique_ptr<Connection> SchoolAddress::Open(const std::string& name, Access 
   return connection;
 }
 
+std::unique_ptr<Connection> SchoolAddress::StandBy(const std::string& name) const {
+  if (odbc_) return std::make_unique<StandbyConnection>(Connect(""), name);
+  return Open(name);
+}
+
 sqltext::Engine EngineReached(const Connection& connection) {
   const auto* const odbc = dynamic_cast<const odbc::OdbcConnection*>(&connection);
   return odbc == nullptr ? sqltext::Engine::Sqlite : odbc->ReachedEngine();
@@ -31,6 +37,11 @@ sqltext::Engine EngineReached(const Connection& connection) {
 
 bool ReachesSqlServer(const Connection& connection) {
   return EngineReached(connection) == sqltext::Engine::SqlServer;
+}
+
+std::string ServerDate(Connection& connection) {
+  auto* const odbc = dynamic_cast<odbc::OdbcConnection*>(&connection);
+  return odbc == nullptr ? std::string() : odbc->ServerDate();
 }
 
 bool HasTable(Connection& connection, const std::string& table) {

@@ -29,6 +29,9 @@ class SchoolAddress {
   /// A connection that is still closed. `name` as in `Connection`.
   [[nodiscard]] std::unique_ptr<Connection> Connect(const std::string& name,
                                                     Access access = Access::ReadWrite) const;
+  /// One that counts as open and is hardly ever used: on a server it is made by its first
+  /// statement; of a file it is open. Errors as of `Open`.
+  [[nodiscard]] std::unique_ptr<Connection> StandBy(const std::string& name) const;
   /// One that is open. Error 0x80004005 with a text in Spanish when that fails.
   [[nodiscard]] std::unique_ptr<Connection> Open(const std::string& name,
                                                  Access access = Access::ReadWrite) const;
@@ -45,6 +48,10 @@ sqltext::Engine EngineReached(const Connection& connection);
 
 /// Whether an open connection says that it reaches SQL Server: statements on flags differ there.
 bool ReachesSqlServer(const Connection& connection);
+
+/// The date that decides on a server, which isn't each computer's own, as "dd/mm/yyyy"; empty for a
+/// school in a file. In no trace. The engine's error when it can't be asked.
+std::string ServerDate(Connection& connection);
 
 /// Whether an open database has that table. Of one that is there and can't be read, the engine's
 /// error.

@@ -32,6 +32,7 @@ int PlayScript(const PlayOptions& options, std::istream& script, std::ostream& o
     auto session = options.host;
     session.rutaBD = school.Place();
     session.sqlServer = session.sqlServer || school.SqlServer();
+    if (session.hoy.empty()) session.hoyDelServidor = [&school] { return school.Today(); };
     EventPrinter events(out);
     Host host(session, school.Connections(), RealModule(), events);
     if (!written) return Guion(std::move(commands), host, events).Play();

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "adapters/odbc/ConnectionString.h"
-#include "apps/escuela/SchoolAddress.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 
@@ -42,9 +41,9 @@ SchoolConnections::SchoolConnections(const PlayOptions& options) {
   RequireSchool(centro);
   if (!options.entrada.empty()) RequireSchool(entrada);
   centro_ = centro.Open("centro");
-  borrado_ = centro.Open("borrado");
+  borrado_ = centro.StandBy("borrado");
   entrada_ = entrada.Open("entrada");
-  otra_ = centro.Open("");
+  otra_ = centro.StandBy("");
   sqlServer_ = ReachesSqlServer(*centro_);
   place_ = centro.Shown();
 }

@@ -259,6 +259,7 @@ void MainWindow::ShowLocks() {
   if (const auto failure = Reconnect(*school_)) return ShowProblem(this, *failure);
   LocksDialog dialog(school_->Own(), this);
   dialog.exec();
+  school_->Rest();
 }
 
 StatementWindow& MainWindow::ShowStatements() {

@@ -14,6 +14,7 @@ namespace {
 constexpr auto kRecent = "escuelasRecientes";
 constexpr qsizetype kMostRecent = 8;
 
+constexpr auto kServer = "ultimoServidor";
 constexpr auto kWindows = "ventanas";
 constexpr auto kForms = "formularios";
 constexpr int kGreatestForm = 200'000;  // twips, more than any screen has
@@ -53,6 +54,13 @@ void Preferences::AddRecentSchool(const QString& place) {
   files.removeAll(whole);
   files.prepend(whole);
   settings_.setValue(kRecent, QStringList(files.mid(0, kMostRecent)));
+}
+
+QString Preferences::LastServer() const { return settings_.value(kServer).toString(); }
+
+void Preferences::KeepServer(const QString& connectionString) {
+  const auto address = SchoolAddress::Odbc(connectionString.toStdString());
+  settings_.setValue(kServer, QString::fromStdString(address.Shown()));
 }
 
 void Preferences::Remember(const QString& window, const QWidget& widget) {

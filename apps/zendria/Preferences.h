@@ -29,6 +29,11 @@ class Preferences {
   [[nodiscard]] QStringList RecentSchools() const;
   void AddRecentSchool(const QString& place);
 
+  /// The connection string without any password, of the server connected with last; empty when
+  /// there was none.
+  [[nodiscard]] QString LastServer() const;
+  void KeepServer(const QString& connectionString);
+
   void Remember(const QString& window, const QWidget& widget);
   /// False when nothing was remembered.
   bool Restore(const QString& window, QWidget& widget) const;

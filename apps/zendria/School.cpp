@@ -20,19 +20,25 @@ constexpr std::chrono::seconds kMoment(2);
 /// has on it, and other programs would take away the log of a school that is open.
 bool IsNoDatabase(const QString& failure) { return failure.endsWith("file is not a database"); }
 
+/// Closed, of a file: `Reopen` tells what is wrong with that.
+std::unique_ptr<Connection> Aside(const SchoolAddress& address, const std::string& name) {
+  return address.IsOdbc() ? address.StandBy(name) : address.Connect(name);
+}
+
 }  // namespace
 
 School::School(SchoolAddress address)
     : address_(std::move(address)),
       centro_(address_.Connect("centro")),
-      borrado_(address_.Connect("borrado")),
+      borrado_(Aside(address_, "borrado")),
       entrada_(address_.Connect("entrada")),
-      own_(address_.Connect("")) {
+      own_(Aside(address_, "")) {
   try {
     Reopen();
     CheckTables();
     ReadUsers();
     centres_ = ReadCentres(*own_);
+    Rest();
   } catch (const RuntimeError& error) {
     const auto text = QString::fromStdString(error.Description());
     if (!address_.IsOdbc() && IsNoDatabase(text))
@@ -72,6 +78,10 @@ QString School::LogOfAnother() const {
 
 void School::Reopen() {
   for (auto* const connection : {centro_.get(), borrado_.get(), own_.get()}) connection->Open();
+}
+
+void School::Rest() {
+  if (IsOnServer()) own_->Close();
 }
 
 void School::Observe(const Connection::Observer& observer) {

@@ -15,7 +15,8 @@
 namespace quorvane::zendria {
 
 /// An open school, in a file or on a server, with the three connections that the module works on.
-/// They live as long as the school; the module opens and closes `Entrada` itself.
+/// They live as long as the school; the module opens and closes `Entrada` itself. On a server
+/// `Borrado`, which no screen uses, and `Own` are made by their first statement.
 class School {
  public:
   /// Throws SchoolError for a file that is missing, unreadable, empty or no database, a server that
@@ -57,6 +58,9 @@ class School {
   /// Before a screen: connects again where the connection was lost. A runtime error when that
   /// fails, or when the school's file isn't in its place any more.
   void Reopen();
+
+  /// Gives back what a server need not hold while nobody asks for anything.
+  void Rest();
 
   /// Told of each statement on any of the module's three.
   void Observe(const Connection::Observer& observer);

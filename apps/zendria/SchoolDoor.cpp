@@ -21,9 +21,21 @@ std::optional<Entrance> SchoolDoor::Open(const QString& place, std::optional<std
 
 std::optional<Entrance> SchoolDoor::Connect(const QString& connectionString,
                                             std::optional<std::int32_t> user) {
-  ConnectDialog dialog(connectionString, &window_);
+  std::unique_ptr<School> school;
+  const auto begin = connectionString.isEmpty() ? preferences_.LastServer() : connectionString;
+  const auto trial = [&school](const SchoolAddress& address) -> std::optional<ServerAnswer> {
+    try {
+      const BusyCursor busy;
+      school = std::make_unique<School>(address);
+      return std::nullopt;
+    } catch (const SchoolError& error) {
+      return AnswerTo(error, address);
+    }
+  };
+  ConnectDialog dialog(begin, trial, &window_);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return Enter(dialog.Address(), user);
+  preferences_.KeepServer(school->File());
+  return Enter(std::move(school), user);
 }
 
 QString SchoolDoor::AskForFile() {
@@ -59,6 +71,11 @@ std::optional<Entrance> SchoolDoor::Enter(const SchoolAddress& address,
     ShowSchoolError(&window_, error);
     return std::nullopt;
   }
+  return Enter(std::move(school), user);
+}
+
+std::optional<Entrance> SchoolDoor::Enter(std::unique_ptr<School> school,
+                                          std::optional<std::int32_t> user) {
   auto centre = CentreOrFirst(school->Centres(), preferences_.Centre(school->File()));
   const auto who = user ? Find(*school, *user) : SignIn(*school, centre);
   if (!who) return std::nullopt;

@@ -34,7 +34,7 @@ class SchoolDoor {
   /// Opens the school at that place, see `AddressOf`, for that user, or for the one who is chosen.
   /// A password that the place lacks is asked for.
   std::optional<Entrance> Open(const QString& place, std::optional<std::int32_t> user);
-  /// Opens a server's school; the user completes that connection string.
+  /// Opens a server's school; the user completes that connection string, or without one the last.
   std::optional<Entrance> Connect(const QString& connectionString,
                                   std::optional<std::int32_t> user);
   /// A file of the user's choice; empty for none.
@@ -44,6 +44,7 @@ class SchoolDoor {
 
  private:
   std::optional<Entrance> Enter(const SchoolAddress& address, std::optional<std::int32_t> user);
+  std::optional<Entrance> Enter(std::unique_ptr<School> school, std::optional<std::int32_t> user);
   std::optional<User> Find(const School& school, std::int32_t user);
 
   QWidget& window_;

@@ -2,8 +2,10 @@
 
 #include <QDate>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "apps/zendria/LabelShortener.h"
 #include "apps/zendria/MandatoryMarks.h"
+#include "frame/cConfiguracion.h"
 #include "platform/host/Application.h"
 
 namespace quorvane::zendria {
@@ -15,7 +17,9 @@ void ZendriaCentroApi::acortartextolabel(Label& label) {
 }
 
 std::string ZendriaCentroApi::ObtenerHoraSistema(std::string& /*dataSource*/) {
-  return QDate::currentDate().toString("dd/MM/yyyy").toStdString();
+  auto* const centro = cConfiguracion::Instancia().conLocalCentro;
+  const auto date = centro == nullptr ? std::string() : ServerDate(*centro);
+  return date.empty() ? QDate::currentDate().toString("dd/MM/yyyy").toStdString() : date;
 }
 
 }  // namespace quorvane::zendria

@@ -10,7 +10,9 @@ class ZendriaCentroApi : public CentroApi {
  public:
   void marcar_Obligatorios(Form& form) override;
   void acortartextolabel(Label& label) override;
-  /// This machine's date, as "dd/mm/yyyy", also for a school on a server.
+  /// As "dd/mm/yyyy": the date of the server that the session's school is on, so that nobody's own
+  /// clock lets him enter grades; this machine's for a school in a file. Error 0x80004005 when the
+  /// server can't be asked.
   std::string ObtenerHoraSistema(std::string& dataSource) override;
 };
 

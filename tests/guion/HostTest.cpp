@@ -98,6 +98,18 @@ TEST_F(HostTest, AnswersTheDayThatTheScriptTold) {
   EXPECT_EQ(lines.back(), "host ZendriaApi.cCentroApi.ObtenerHoraSistema");
 }
 
+TEST_F(HostTest, AnswersTheServersDayUntilTheScriptTellsOne) {
+  int asked = 0;
+  options.hoyDelServidor = [&asked] { return std::to_string(++asked) + "/05/2026"; };
+  Lines answers;
+  frmPrueba::alPulsar = [&answers] {
+    std::string source = "maquina";
+    answers.push_back(Centro()->ObtenerHoraSistema(source));
+  };
+  Play("nodo 1\npulsar cmdAccion\npulsar cmdAccion\nhoy \"\"\npulsar cmdAccion");
+  EXPECT_EQ(answers, (Lines{"1/05/2026", "2/05/2026", ""}));
+}
+
 TEST_F(HostTest, AnswersNotasActivasFromNowOn) {
   std::vector<bool> answers;
   frmPrueba::alPulsar = [this, &answers] {

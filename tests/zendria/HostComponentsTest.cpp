@@ -3,6 +3,7 @@
 
 #include "apps/zendria/LabelShortener.h"
 #include "apps/zendria/ZendriaCentroApi.h"
+#include "frame/cConfiguracion.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Frame.h"
@@ -130,7 +131,8 @@ TEST_F(MandatoryTest, LabelsOfOtherFramesDoNotCount) {
   EXPECT_FALSE(outside.Mandatory());
 }
 
-TEST(ZendriaCentroApiTest, TheDateIsThisMachines) {
+TEST(ZendriaCentroApiTest, OfASchoolInAFileTheDateIsThisMachines) {
+  cConfiguracion::Instancia().conLocalCentro = nullptr;
   std::string source = "escuela.sqlite";
   EXPECT_EQ(ZendriaCentroApi().ObtenerHoraSistema(source),
             QDate::currentDate().toString("dd/MM/yyyy").toStdString());

@@ -104,8 +104,12 @@ void Tour::Host() {
   window_.OpenSchool(letter.fileName());
 
   guide_.OnDialog("conectar", [this](QWidget& dialog) {
-    dialog.findChild<QLineEdit*>("cadena")->setText(
-        "Driver=FreeTDS;Server=escuela;Database=Centro;UID=zendria;TDS_Version=7.4");
+    const auto type = [&dialog](const char* field, const char* text) {
+      dialog.findChild<QLineEdit*>(field)->setText(text);
+    };
+    type("servidor", "escuela");
+    type("baseDeDatos", "centro");
+    type("usuarioServidor", "zendria");
     camera_.Take("conectar", dialog);
     PressKey(dialog, Qt::Key_Escape);
   });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace quorvane::guion {
@@ -13,6 +14,8 @@ struct HostOptions {
   std::int32_t activa = 1;  ///< 0 or 1
   bool sqlServer = false;
   std::string hoy;  ///< dd/mm/yyyy; empty for a host that can't tell
+  /// Answers in the place of `hoy`, until a script tells that: a server's date.
+  std::function<std::string()> hoyDelServidor;
   std::string rutaBD;
 };
 

@@ -15,7 +15,8 @@ void ScriptedCentroApi::acortartextolabel(Label& /*label*/) { Called("acortartex
 
 std::string ScriptedCentroApi::ObtenerHoraSistema(std::string& /*dataSource*/) {
   Called("ObtenerHoraSistema");
-  return host_.Options().hoy;
+  const auto& options = host_.Options();
+  return options.hoyDelServidor ? options.hoyDelServidor() : options.hoy;
 }
 
 void ScriptedCentroApi::DesbloquearNotas(Connection& /*conexion*/, std::int16_t /*idUsuario*/,

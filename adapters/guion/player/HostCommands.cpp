@@ -40,7 +40,11 @@ void NotasActivas(Guion& guion, const Command& command) {
   guion.TheHost().notasActivas = command.Number(0) == 1;
 }
 
-void Hoy(Guion& guion, const Command& command) { guion.TheHost().Options().hoy = command.Text(0); }
+void Hoy(Guion& guion, const Command& command) {
+  auto& options = guion.TheHost().Options();
+  options.hoy = command.Text(0);
+  options.hoyDelServidor = nullptr;
+}
 
 void Sesion(Guion& guion, const Command& command) {
   for (const auto& word : command.arguments) {

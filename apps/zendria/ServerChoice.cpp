@@ -1,0 +1,63 @@
+#include "apps/zendria/ServerChoice.h"
+
+#include "adapters/odbc/ConnectionString.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr auto kPostgreSql = "Driver={PostgreSQL Unicode}";
+constexpr auto kSqlServer = "Driver=FreeTDS";
+
+QString Entry(const char* keyword, const QString& value) {
+  return value.isEmpty() ? QString() : QStringLiteral(";%1=").arg(keyword) + value;
+}
+
+QString InBraces(const char* keyword, const QString& value) {
+  odbc::ConnectionString entry("");
+  entry.Set(keyword, value.toStdString());
+  return value.isEmpty() ? QString() : ";" + QString::fromStdString(entry.Text());
+}
+
+}  // namespace
+
+QString ServerChoice::UsualPort(Kind kind) { return kind == Kind::PostgreSql ? "5432" : "1433"; }
+
+QString ServerChoice::Text() const {
+  const auto postgreSql = kind == Kind::PostgreSql;
+  // PostgreSQL's driver takes the braces of a password alone for what they are; of any other value
+  // it takes them for a part of it.
+  const auto entry = postgreSql ? Entry : InBraces;
+  return (postgreSql ? kPostgreSql : kSqlServer) + entry("Server", server.trimmed()) +
+         entry("Port", port.isEmpty() ? UsualPort(kind) : port) +
+         entry("Database", database.trimmed()) + entry("UID", user.trimmed()) +
+         (postgreSql ? entry("sslmode", sslmode) : entry("TDS_Version", "7.4"));
+}
+
+QString ServerChoice::Mistake() const {
+  if (kind != Kind::PostgreSql) return {};
+  for (const auto& value : {server, database, user})
+    if (value.contains(u';') || value.trimmed().startsWith(u'{'))
+      return QStringLiteral(
+                 "«%1» no se puede escribir en una conexión con PostgreSQL: su controlador no "
+                 "admite nombres con «;» ni que empiecen por «{».")
+          .arg(value);
+  return {};
+}
+
+std::optional<ServerChoice> ServerChoice::Of(const QString& text) {
+  const odbc::ConnectionString given(text.toStdString());
+  const auto value = [&given](const char* keyword) {
+    return QString::fromStdString(given.Value(keyword));
+  };
+  ServerChoice choice;
+  if (value("Driver") == "FreeTDS") choice.kind = Kind::SqlServer;
+  choice.server = value("Server");
+  choice.port = value("Port");
+  choice.database = value("Database");
+  choice.user = value("UID");
+  choice.sslmode = value("sslmode");
+  if (choice.Text() != text) return std::nullopt;
+  return choice;
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+namespace quorvane::zendria {
+
+/// How to reach a school on a server, but for the password, as the user tells it field by field.
+struct ServerChoice {
+  enum class Kind { PostgreSql, SqlServer };
+
+  Kind kind = Kind::PostgreSql;
+  QString server;
+  QString port;  ///< the usual one when empty
+  QString database;
+  QString user;
+  QString sslmode = "prefer";  ///< of PostgreSQL alone
+
+  [[nodiscard]] static QString UsualPort(Kind kind);
+
+  /// The connection string. What `Mistake` names can't be put into one.
+  [[nodiscard]] QString Text() const;
+  /// What no connection string can hold, to be shown; empty when there is nothing of it.
+  [[nodiscard]] QString Mistake() const;
+
+  /// What makes that string; none when the fields can't.
+  [[nodiscard]] static std::optional<ServerChoice> Of(const QString& text);
+};
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,235 @@
+// "Conectar con un servidor": its fields, and what it answers to each thing that can be wrong.
+
+#include "apps/zendria/ConnectDialog.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "apps/zendria/Preferences.h"
+#include "apps/zendria/School.h"
+#include "apps/zendria/SchoolError.h"
+#include "tests/support/ServerSchools.h"
+
+namespace quorvane::test {
+namespace {
+
+using zendria::ConnectDialog;
+using zendria::SchoolError;
+using zendria::ServerAnswer;
+
+/// What opening the school there is answered with; empty when it opened.
+std::optional<ServerAnswer> TryToOpen(const SchoolAddress& address) {
+  try {
+    const zendria::School school(address);
+    return std::nullopt;
+  } catch (const SchoolError& error) {
+    return AnswerTo(error, address);
+  }
+}
+
+QString Told(const QString& string) {
+  const auto answer = TryToOpen(SchoolAddress::Odbc(string.toStdString()));
+  return answer ? answer->text : QString();
+}
+
+void ExpectTold(const QString& string, const QString& part) {
+  const auto told = Told(string);
+  EXPECT_TRUE(told.contains(part)) << told.toStdString();
+}
+
+class ConnectDialogTest : public testing::Test {
+ protected:
+  void Type(const char* field, const QString& text) {
+    auto* const line = dialog.findChild<QLineEdit*>(field);
+    line->clear();
+    QTest::keyClicks(line, text);
+  }
+  template <typename Widget>
+  Widget& Find(const char* name) {
+    return *dialog.findChild<Widget*>(name);
+  }
+  QPushButton& Button() {
+    for (auto* const button : dialog.findChildren<QPushButton*>())
+      if (button->text() == "Co&nectar") return *button;
+    throw std::runtime_error("no button");
+  }
+
+  std::vector<std::string> tried;
+  std::optional<ServerAnswer> answer;
+  ConnectDialog dialog{{}, [this](const SchoolAddress& address) {
+                         tried.push_back(address.Text());
+                         return answer;
+                       }};
+};
+
+TEST_F(ConnectDialogTest, TriesWhatTheFieldsSayOnEnter) {
+  dialog.show();
+  EXPECT_FALSE(Button().isEnabled());
+  Type("servidor", "escuela");
+  EXPECT_FALSE(Button().isEnabled());
+  Type("baseDeDatos", "centro");
+  EXPECT_TRUE(Button().isEnabled());
+  Type("usuarioServidor", "ana");
+  Type("contraseña", "a;b}c");
+  QTest::keyClick(&dialog.Password(), Qt::Key_Return);
+  EXPECT_EQ(tried, std::vector<std::string>{
+                       "Driver={PostgreSQL Unicode};Server=escuela;Port=5432;Database=centro;"
+                       "UID=ana;sslmode=prefer;PWD={a;b}}c}"});
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
+TEST_F(ConnectDialogTest, AFailureIsToldAndWhatWasTypedStays) {
+  answer = ServerAnswer{ServerAnswer::About::Password, "El servidor no admite ese usuario."};
+  dialog.show();
+  Type("servidor", "escuela");
+  Type("baseDeDatos", "centro");
+  Type("contraseña", "mal");
+  QTest::keyClick(&dialog.Password(), Qt::Key_Return);
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_TRUE(Find<QLabel>("respuesta").isVisible());
+  EXPECT_EQ(Find<QLabel>("respuesta").text(), answer->text);
+  EXPECT_EQ(dialog.Password().text(), "mal");
+  EXPECT_EQ(dialog.Password().selectedText().size(), 3);
+  EXPECT_EQ(Find<QLineEdit>("servidor").text(), "escuela");
+  answer.reset();
+  QTest::keyClicks(&dialog.Password(), "bien");
+  QTest::keyClick(&dialog.Password(), Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_TRUE(tried.back().ends_with("PWD=bien"));
+}
+
+TEST_F(ConnectDialogTest, TheKindChangesThePortAndHidesTheEncryption) {
+  dialog.show();
+  Type("puerto", "5432");
+  EXPECT_TRUE(Find<QComboBox>("cifrado").isVisible());
+  Find<QComboBox>("tipo").setCurrentIndex(1);
+  EXPECT_EQ(Find<QLineEdit>("puerto").text(), "");
+  EXPECT_EQ(Find<QLineEdit>("puerto").placeholderText(), "1433");
+  EXPECT_FALSE(Find<QComboBox>("cifrado").isVisible());
+}
+
+TEST_F(ConnectDialogTest, AStringByHandTakesThePlaceOfTheFields) {
+  dialog.show();
+  EXPECT_FALSE(dialog.String().isVisible());
+  Type("servidor", "escuela");
+  Type("baseDeDatos", "centro");
+  Find<QCheckBox>("aMano").click();
+  EXPECT_TRUE(dialog.String().text().contains("Server=escuela;"));
+  EXPECT_FALSE(Find<QLineEdit>("servidor").isEnabled());
+  Type("cadena", "DSN=otra");
+  QTest::keyClick(&dialog.String(), Qt::Key_Return);
+  EXPECT_EQ(tried, std::vector<std::string>{"DSN=otra"});
+}
+
+TEST_F(ConnectDialogTest, ANameThatNoStringCanHoldIsToldBeforeTrying) {
+  dialog.show();
+  Type("servidor", "escuela");
+  Type("baseDeDatos", "a;b");
+  Button().click();
+  EXPECT_TRUE(tried.empty());
+  EXPECT_TRUE(Find<QLabel>("respuesta").text().contains("«a;b»"));
+}
+
+TEST_F(ConnectDialogTest, TheTabGoesDownTheFields) {
+  dialog.show();
+  QApplication::setActiveWindow(&dialog);
+  Find<QComboBox>("tipo").setFocus();
+  for (const auto* const next :
+       {"servidor", "puerto", "baseDeDatos", "usuarioServidor", "contraseña", "cifrado", "aMano"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), next);
+    EXPECT_FALSE(QApplication::focusWidget()->accessibleName().isEmpty());
+  }
+}
+
+TEST(ConnectAnswer, WithoutADriverNamesThePackage) {
+  const auto told = [](const QString& string, const QString& why) {
+    return AnswerTo(SchoolError(why), SchoolAddress::Odbc(string.toStdString())).text;
+  };
+  const QString why =
+      "No se puede conectar con la base de datos: [01000] Can't open lib 'x' : file not found (0). "
+      "Compruebe que la cadena nombra un controlador instalado";
+  EXPECT_TRUE(told("Driver={PostgreSQL Unicode};Server=a", why).contains("odbc-postgresql"));
+  EXPECT_TRUE(told("Driver=FreeTDS;Server=a", why).contains("tdsodbc"));
+  EXPECT_TRUE(
+      told("Driver=FreeTDS;Server=a", why)
+          .endsWith("El controlador dice: [01000] Can't open lib 'x' : file not found (0)"));
+  ExpectTold("Driver=No hay tal;Server=a;UID=ana", "ningún controlador «No hay tal»");
+  ExpectTold("DSN=no_hay_tal;UID=ana", "ningún origen de datos «no_hay_tal»");
+}
+
+TEST(ConnectAnswer, TellsAnUnknownHost) {
+  ExpectTold("Driver={PostgreSQL Unicode};Server=no-hay.invalid;Port=5432;Database=a;UID=b",
+             "ningún servidor que se llame «no-hay.invalid»");
+  ExpectTold(
+      "Driver=FreeTDS;Server=no-hay.invalid;Port=1433;Database=a;UID=b;PWD=c;TDS_Version=7.4",
+      "ningún servidor que se llame «no-hay.invalid»");
+}
+
+TEST(ConnectAnswer, TellsAClosedPort) {
+  ExpectTold("Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=1;Database=a;UID=b",
+             "En «127.0.0.1» no contesta ninguna base de datos por el puerto 1.");
+  ExpectTold("Driver=FreeTDS;Server=127.0.0.1;Port=1;Database=a;UID=b;PWD=c;TDS_Version=7.4",
+             "En «127.0.0.1» no contesta ninguna base de datos por el puerto 1.");
+}
+
+TEST(ConnectAnswer, OnAServerTellsTheDatabaseThePasswordTheTablesAndTheEncryption) {
+  if (!OnServer()) GTEST_SKIP() << "no server";
+  const auto string = [](const std::string& database) {
+    return QString::fromStdString(ServerString(database));
+  };
+  ExpectTold(string("no_hay_tal"), "ninguna base de datos «no_hay_tal»");
+  ExpectTold(string("postgres"), "no tiene ninguna tabla de una escuela");
+  ExpectTold(string("postgres"), "«quorvane-escuela copiar»");
+  ExpectTold(string("postgres") + ";sslmode=require", "no cifra la conexión");
+  odbc::ConnectionString wrong(ServerString("postgres"));
+  wrong.Set("PWD", "no es esta");
+  const auto told = Told(QString::fromStdString(wrong.Text()));
+  EXPECT_TRUE(told.contains("no admite ese usuario")) << told.toStdString();
+  EXPECT_FALSE(told.contains("no es esta"));
+}
+
+TEST(ConnectAnswer, OnAServerASchoolOpensAndHoldsOneConnectionUntilAScreenOpens) {
+  if (!OnServer()) GTEST_SKIP() << "no server";
+  const auto database = TakeServerSchool();
+  {
+    zendria::School school(SchoolAddress::Odbc(ServerString(database)));
+    const auto held = [&database] {
+      return OwnersConnection(database)
+          .Execute("SELECT CAST(count(*) AS text) FROM pg_stat_activity WHERE datname='" +
+                   database + "' AND pid<>pg_backend_pid()")
+          .Fields(0)
+          .Text();
+    };
+    for (int tries = 0; tries < 100 && held() != "1"; ++tries) QTest::qWait(20);
+    EXPECT_EQ(held(), "1");
+    school.Entrada().Open();
+    EXPECT_EQ(held(), "2");
+    EXPECT_FALSE(ServerDate(school.Centro()).empty());
+  }
+  GiveBackServerSchool(database);
+}
+
+TEST(ConnectAnswer, OfTheLastServerThePasswordIsNotKept) {
+  QTemporaryDir folder;
+  const auto file = folder.filePath("zendria.ini");
+  zendria::Preferences preferences(file);
+  EXPECT_EQ(preferences.LastServer(), "");
+  preferences.KeepServer("Driver=FreeTDS;Server=escuela;UID=ana;PWD={sec;reto}");
+  EXPECT_EQ(preferences.LastServer(), "Driver=FreeTDS;Server=escuela;UID=ana");
+  QSettings(file, QSettings::IniFormat).sync();
+  QFile kept(file);
+  ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+  EXPECT_FALSE(kept.readAll().contains("reto"));
+}
+
+}  // namespace
+}  // namespace quorvane::test
