@@ -6,7 +6,6 @@
 
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/zendria/SchoolError.h"
-#include "frame/schema/SchoolSchema.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -103,8 +102,7 @@ QString NoDriver(const odbc::ConnectionString& given) {
 }
 
 QString NoSchool(const QStringList& missing, const QString& database) {
-  const auto tables = static_cast<qsizetype>(SchoolTables().size());
-  if (missing.filter("Falta la tabla").size() == tables)
+  if (missing.first().endsWith("no tiene ninguna de sus tablas"))
     return QStringLiteral(
                "La base de datos «%1» está, pero no tiene ninguna tabla de una escuela. Un técnico "
                "las hace con «quorvane-escuela crear», o trae a ella una escuela que ya existe con "
@@ -131,12 +129,14 @@ ServerAnswer AnswerTo(const SchoolError& error, const SchoolAddress& address) {
   const auto behind = QStringLiteral("\n\nEl controlador dice: ") + Bare(why);
   if (HoldsAny(why, {"Can't open lib", "[IM00"}))
     return {About::Everything, NoDriver(given) + behind};
-  for (const auto& rule : Rules())
-    if (HoldsAny(why, rule.signs))
-      return {rule.about, QString::fromUtf8(rule.text).arg(
-                              value(given.Has("Servername") ? "Servername" : "Server"),
-                              value("Port"), value("Database"), value("UID")) +
-                              behind};
+  for (const auto& rule : Rules()) {
+    if (!HoldsAny(why, rule.signs)) continue;
+    // Not each text has a place for each value.
+    auto text = QString::fromUtf8(rule.text);
+    text.replace("%1", value(given.Has("Servername") ? "Servername" : "Server"));
+    text.replace("%2", value("Port")).replace("%3", value("Database")).replace("%4", value("UID"));
+    return {rule.about, text + behind};
+  }
   return {About::Everything, "No se puede abrir la escuela en ese servidor." + behind};
 }
 

@@ -20,6 +20,8 @@ QString InBraces(const char* keyword, const QString& value) {
 
 }  // namespace
 
+QStringList ServerChoice::SslModes() { return {"prefer", "require", "verify-full"}; }
+
 QString ServerChoice::UsualPort(Kind kind) { return kind == Kind::PostgreSql ? "5432" : "1433"; }
 
 QString ServerChoice::Text() const {
@@ -57,6 +59,8 @@ std::optional<ServerChoice> ServerChoice::Of(const QString& text) {
   choice.user = value("UID");
   choice.sslmode = value("sslmode");
   if (choice.Text() != text) return std::nullopt;
+  // Another one would be lost in a list that doesn't offer it.
+  if (choice.kind == Kind::PostgreSql && !SslModes().contains(choice.sslmode)) return std::nullopt;
   return choice;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace quorvane::zendria {
@@ -17,6 +18,8 @@ struct ServerChoice {
   QString sslmode = "prefer";  ///< of PostgreSQL alone
 
   [[nodiscard]] static QString UsualPort(Kind kind);
+  /// Those that the user may choose from.
+  [[nodiscard]] static QStringList SslModes();
 
   /// The connection string. What `Mistake` names can't be put into one.
   [[nodiscard]] QString Text() const;
