@@ -14,7 +14,7 @@ class StandbyConnection : public Connection {
   /// `actual` is closed and nameless; `name` as in `Connection`.
   StandbyConnection(std::unique_ptr<Connection> actual, std::string name);
 
-  void Open() override;  ///< no effect before the first statement
+  void Open() override;                        ///< no effect before the first statement
   void Close() override { actual_->Close(); }  ///< until the next statement
   [[nodiscard]] bool IsOpen() const override { return true; }
   [[nodiscard]] std::string DataSource() const override { return actual_->DataSource(); }

@@ -1,7 +1,5 @@
 // "Conectar con un servidor": its fields, and what it answers to each thing that can be wrong.
 
-#include "apps/zendria/ConnectDialog.h"
-
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
@@ -13,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "apps/zendria/ConnectDialog.h"
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/School.h"
 #include "apps/zendria/SchoolError.h"

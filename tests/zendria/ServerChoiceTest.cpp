@@ -1,10 +1,9 @@
 // The connection string that the fields of "Conectar con un servidor" make.
 
-#include "apps/zendria/ServerChoice.h"
-
 #include <gtest/gtest.h>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "apps/zendria/ServerChoice.h"
 
 namespace quorvane::zendria {
 namespace {

@@ -6,6 +6,10 @@
 set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 # No second variant of the module, with sanitizers.
 set(QUORVANE_HAS_SANITIZERS OFF CACHE INTERNAL "")
+# A fault such as `a || b && c` is wanted: the warning would keep it out.
+add_compile_options(-Wno-parentheses)
+# A step beyond the end of an array ends the program, as under the sanitizers.
+add_compile_definitions(_GLIBCXX_ASSERTIONS)
 
 macro(add_library name)
   set(mutantes_arguments ${ARGN})
@@ -13,6 +17,10 @@ macro(add_library name)
     list(TRANSFORM mutantes_arguments REPLACE "^STATIC$" "SHARED")
   endif()
   _add_library(${name} ${mutantes_arguments})
+  if("${name}" STREQUAL "quorvane")
+    # What the library alone would define keeps others from using its compiled headers.
+    set_target_properties(quorvane PROPERTIES DEFINE_SYMBOL "")
+  endif()
   if(NOT "INTERFACE" IN_LIST mutantes_arguments AND NOT "ALIAS" IN_LIST mutantes_arguments)
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
   endif()
@@ -34,11 +42,7 @@ function(mutantes_precompile_all)
   set(standard <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <string>
                <string_view> <utility> <variant> <vector>)
   mutantes_precompile(quorvane ${standard})
-  # A fault such as `a || b && c` is wanted: the warning would keep it out.
-  target_compile_options(quorvane PRIVATE -Wno-parentheses)
-  # A step beyond the end of an array ends the program, as under the sanitizers; for what the module
-  # compiles, it uses its own copy of the inline functions that the programs hold too.
-  target_compile_definitions(quorvane PRIVATE _GLIBCXX_ASSERTIONS)
+  # The module uses its own copy of the inline functions that the programs hold too.
   target_link_options(quorvane PRIVATE -Wl,-Bsymbolic-functions)
   foreach(target quorvane_test_support test_platform test_frame test_guion test_register
                  test_selection test_grades test_escuela)
