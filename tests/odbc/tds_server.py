@@ -128,6 +128,22 @@ TYPES = [
 ]
 
 
+def order_by_places(sql):
+    """A UNION's ORDER BY with the columns' places for their names, as the engine behind this server
+    needs it: it gives the columns of nested joins names of its own."""
+    found = re.match(r"(SELECT\s+(?:DISTINCT\s+)?(.*?)\s+FROM\s.*\sUNION\s.*\sORDER BY\s+)(.*)$", sql,
+                     re.I | re.S)
+    if not found:
+        return sql
+    names = [column.split()[-1].split(".")[-1].lower() for column in found[2].split(",")]
+    terms = []
+    for term in found[3].split(","):
+        name, *direction = term.split()
+        place = str(names.index(name.lower()) + 1) if name.lower() in names else name
+        terms.append(" ".join([place, *direction]))
+    return found[1] + ", ".join(terms)
+
+
 def all_types():
     columns = [Column(kind, kind) for kind, _ in TYPES]
     full = [value for _, value in TYPES]
@@ -214,6 +230,7 @@ class School:
     def answer(self, database, text):
         sql = re.sub(r"\+(?=\s*')", "||", text)
         sql = re.sub(r"(?<=')(\s*)\+", r"\1||", sql)
+        sql = order_by_places(sql)
         cursor = database.execute(sql)
         if cursor.description is None:
             self.round_bits(database, text)
