@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <string_view>
@@ -117,16 +116,16 @@ void AppendWhole(std::string& statement, std::int64_t whole, SchemaKind kind, En
 }  // namespace
 
 void AppendLiteral(std::string& statement, const Value& value, SchemaKind kind, Engine engine) {
+  const auto ofTexts = kind == SchemaKind::Text || kind == SchemaKind::Date;
+  std::int64_t whole = 0;
   if (value.IsNull()) {
     if (kind == SchemaKind::Key) Refuse("el valor nulo, y es la clave");
     statement += "NULL";
-  } else if (std::int64_t whole = 0; kind == SchemaKind::Text || kind == SchemaKind::Date) {
-    AppendText(statement, value.Text(), kind, engine);
-  } else if (ReadWhole(value, whole)) {
+  } else if (!ofTexts && ReadWhole(value, whole)) {
     AppendWhole(statement, whole, kind, engine);
-  } else if (!value.IsText()) {
+  } else if (!ofTexts && !value.IsText()) {
     AppendReal(statement, value.Number(), engine);
-  } else if (engine == Engine::Sqlite && kind != SchemaKind::Key) {
+  } else if (ofTexts || (engine == Engine::Sqlite && kind != SchemaKind::Key)) {
     // A file's column of numbers holds texts as well.
     AppendText(statement, value.Text(), kind, engine);
   } else {

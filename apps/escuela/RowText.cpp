@@ -1,7 +1,5 @@
 #include "apps/escuela/RowText.h"
 
-#include <functional>
-
 #include "apps/escuela/CellLiteral.h"
 #include "platform/RuntimeError.h"
 

@@ -7,7 +7,7 @@ namespace {
 
 // SQL Server takes 1000 at most; a longer statement gains nothing elsewhere.
 constexpr std::size_t kMostRows = 500;
-constexpr std::size_t kLongStatement = 128 * 1024;
+constexpr std::size_t kLongStatement = std::size_t{128} * 1024;
 
 }  // namespace
 

@@ -21,7 +21,9 @@ macro(add_library name)
     # What the library alone would define keeps others from using its compiled headers.
     set_target_properties(quorvane PROPERTIES DEFINE_SYMBOL "")
   endif()
-  if(NOT "INTERFACE" IN_LIST mutantes_arguments AND NOT "ALIAS" IN_LIST mutantes_arguments)
+  # As the module, what uses its compiled headers; the tests' libraries as the programs.
+  if(NOT "INTERFACE" IN_LIST mutantes_arguments AND NOT "ALIAS" IN_LIST mutantes_arguments
+     AND NOT "${name}" MATCHES "^quorvane_(test_.*|walk)$")
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
   endif()
 endmacro()
