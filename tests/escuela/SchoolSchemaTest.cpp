@@ -84,18 +84,20 @@ TEST_F(NewSchoolFileTest, HasTheIndexesOfTheDescription) {
             std::vector{std::to_string(indexes)});
 }
 
-TEST(SchoolSchemaTest, BothEnginesGetTheSameTablesAndIndexes) {
+TEST(SchoolSchemaTest, AllEnginesGetTheSameTablesAndIndexes) {
   const auto head = [](const std::string& statement) {
     return statement.substr(0, statement.find('\n'));
   };
   const auto sqlite = SchemaStatements(SqliteSchema());
-  const auto server = SchemaStatements(SqlServerSchema());
-  ASSERT_EQ(sqlite.size(), server.size());
-  for (std::size_t i = 0; i < sqlite.size(); ++i) EXPECT_EQ(head(sqlite[i]), head(server[i]));
+  for (const auto text : {SqlServerSchema(), PostgreSqlSchema()}) {
+    const auto server = SchemaStatements(text);
+    ASSERT_EQ(sqlite.size(), server.size());
+    for (std::size_t i = 0; i < sqlite.size(); ++i) EXPECT_EQ(head(sqlite[i]), head(server[i]));
+  }
 }
 
 TEST(SchoolSchemaTest, OnlyPrimaryKeysAreUnique) {
-  for (const auto text : {SqliteSchema(), SqlServerSchema()})
+  for (const auto text : {SqliteSchema(), SqlServerSchema(), PostgreSqlSchema()})
     for (const auto* word : {"UNIQUE", "REFERENCES", "FOREIGN"})
       EXPECT_EQ(text.find(word), std::string_view::npos) << word;
 }
