@@ -6,15 +6,11 @@ namespace quorvane {
 
 bool gblnMostrarAnchoNotas = false;
 
-std::int32_t SiguienteId(Connection& conexion, const std::string& maximo) {
-  const auto mayor = conexion.Execute(maximo);
+std::int32_t ObtenerSiguienteId(Connection& conexion, Connection* /*conexionBorrado*/,
+                                const std::string& sentenciaMaximo) {
+  const auto mayor = conexion.Execute(sentenciaMaximo);
   if (mayor.Eof() || mayor.Fields(0).IsNull()) return 1;
   return Value(std::int64_t{mayor.Fields(0).Long()} + 1).Long();
-}
-
-std::int32_t ObtenerSiguienteId(Connection& conexion, Connection* /*conexionBorrado*/,
-                                const std::string& tabla, const std::string& campo) {
-  return SiguienteId(conexion, "SELECT MAX(" + campo + ") FROM [" + tabla + "]");
 }
 
 }  // namespace quorvane

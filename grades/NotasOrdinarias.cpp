@@ -1,6 +1,5 @@
 #include "grades/NotasOrdinarias.h"
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Escala.h"
 #include "platform/RuntimeError.h"
@@ -14,8 +13,8 @@ void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recup
   materia.*kCamposNota[static_cast<std::size_t>(columna) - 1] = idNota;
 }
 
-void LeerNotas(cMateria& materia, std::int32_t evaluacion) {
-  const auto recordset = Centro().Execute(Sql(
+void LeerNotas(Connection& centro, cMateria& materia, std::int32_t evaluacion) {
+  const auto recordset = centro.Execute(Sql(
       "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento FROM EvaluacionPte WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet={}",
       evaluacion, materia.CodAlumno_MateriaDetalles));
   if (recordset.Eof()) return;
@@ -27,9 +26,9 @@ void LeerNotas(cMateria& materia, std::int32_t evaluacion) {
   materia.Procedimiento = recordset.Fields("CodNotaProcedimiento").Long();
 }
 
-void EscribirNotas(Retivo& rejilla, int fila, const cMateria& materia) {
+void EscribirNotas(Connection& centro, Retivo& rejilla, int fila, const cMateria& materia) {
   for (std::size_t i = 0; i < kCamposNota.size(); ++i)
-    EscribirNota(rejilla, fila, static_cast<int>(i) + 1, materia.*kCamposNota[i]);
+    EscribirNota(centro, rejilla, fila, static_cast<int>(i) + 1, materia.*kCamposNota[i]);
 }
 
 std::string SentenciaCelda(const DatosPasoUno& pasoUno, int columna, const cMateria& materia,
@@ -47,14 +46,16 @@ std::string SentenciaCelda(const DatosPasoUno& pasoUno, int columna, const cMate
       materia.IDProfesorAsociado, columna, verdadero, verdadero, pasoUno.tipo);
 }
 
-void GuardarNotas(SqlText<7> sentencia, const cMateria& materia, std::int32_t evaluacion) {
-  Centro().Execute(Sql(sentencia, materia.Nota, materia.Actitud, materia.Observacion,
-                       materia.Concepto, materia.Procedimiento, evaluacion,
-                       materia.CodAlumno_MateriaDetalles));
+void GuardarNotas(Connection& centro, SqlText<7> sentencia, const cMateria& materia,
+                  std::int32_t evaluacion) {
+  centro.Execute(Sql(sentencia, materia.Nota, materia.Actitud, materia.Observacion,
+                     materia.Concepto, materia.Procedimiento, evaluacion,
+                     materia.CodAlumno_MateriaDetalles));
 }
 
-void GuardarSinNota(const cMateria& materia, std::int32_t evaluacion) {
+void GuardarSinNota(Connection& centro, const cMateria& materia, std::int32_t evaluacion) {
   GuardarNotas(
+      centro,
       "UPDATE EvaluacionPte SET CodNota={},CodNotaActitud={}, CodNotaObservacion={},CodNotaConcepto={},CodNotaProcedimiento={} WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet = {}",
       materia, evaluacion);
 }

@@ -10,6 +10,7 @@
 
 namespace quorvane {
 
+class Connection;
 class Retivo;
 
 // The five grades of a subject in an ordinary evaluation. Each is a column of the grid, from 1:
@@ -28,10 +29,10 @@ void AsignarNota(cMateria& materia, int columna, std::int32_t idNota, bool recup
 
 /// Reads the grades that are stored, and whether they were ever given; without a row they stay as
 /// they are.
-void LeerNotas(cMateria& materia, std::int32_t evaluacion);
+void LeerNotas(Connection& centro, cMateria& materia, std::int32_t evaluacion);
 
 /// Writes the texts of the five grades in a row of the grid.
-void EscribirNotas(Retivo& rejilla, int fila, const cMateria& materia);
+void EscribirNotas(Connection& centro, Retivo& rejilla, int fila, const cMateria& materia);
 
 /// What the grades that a cell of that column may take are read with, `IDNota` and
 /// `DescripcionCorta`: of the section's model, the course, the evaluation, the subject and its
@@ -42,9 +43,10 @@ std::string SentenciaCelda(const DatosPasoUno& pasoUno, int columna, const cMate
 
 /// Writes the grades of a subject. The statement has seven places: CodNota, CodNotaActitud,
 /// CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento, the evaluation, the subject's row.
-void GuardarNotas(SqlText<7> sentencia, const cMateria& materia, std::int32_t evaluacion);
+void GuardarNotas(Connection& centro, SqlText<7> sentencia, const cMateria& materia,
+                  std::int32_t evaluacion);
 
 /// Writes the grades of a subject whose main grade is none. Whether it was ever graded stays.
-void GuardarSinNota(const cMateria& materia, std::int32_t evaluacion);
+void GuardarSinNota(Connection& centro, const cMateria& materia, std::int32_t evaluacion);
 
 }  // namespace quorvane

@@ -68,9 +68,12 @@ void RegisterWriter::UpdateStudent(const cAlumno& alumno) {
   }
 }
 
+std::int32_t RegisterWriter::SiguienteId(const std::string& maximo) {
+  return ObtenerSiguienteId(centro_, nullptr, maximo);
+}
+
 void RegisterWriter::InsertSubject(const cAlumno& alumno, const cMateria& materia) {
-  const auto id =
-      SiguienteId(centro_, Sql("SELECT MAX(IDAlumnopte_matdet) FROM [Alumnopte_matdet]"));
+  const auto id = SiguienteId(Sql("SELECT MAX(IDAlumnopte_matdet) FROM [Alumnopte_matdet]"));
   centro_.Execute(Sql("INSERT INTO Alumnopte_MatDet VALUES ({},{},{},{},{})", id, alumno.IDAlumno,
                       materia.IDMatDetalle, materia.Orden, materia.codCurso));
   for (const auto& evaluacion : materia.colEvaluaciones) InsertEvaluation(id, *evaluacion);
@@ -107,12 +110,11 @@ void RegisterWriter::DeleteSubject(const cAlumno& alumno, const cMateria& materi
 
 void RegisterWriter::InsertEvaluation(std::int32_t pending, const cEvaluacion& evaluacion) {
   if (evaluacion.Final) {
-    const auto id =
-        SiguienteId(centro_, Sql("SELECT MAX(IDEvaluacionActaPte) FROM [EvaluacionActaPte]"));
+    const auto id = SiguienteId(Sql("SELECT MAX(IDEvaluacionActaPte) FROM [EvaluacionActaPte]"));
     centro_.Execute(Sql("INSERT INTO EvaluacionActaPte VALUES ({},{},{},0,0,0,0,0)", id, pending,
                         evaluacion.IDEvaluacion));
   } else {
-    const auto id = SiguienteId(centro_, Sql("SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]"));
+    const auto id = SiguienteId(Sql("SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]"));
     centro_.Execute(Sql("INSERT INTO EvaluacionPte VALUES ({},{},{},0,0,0,0,0,0,0)", id, pending,
                         evaluacion.IDEvaluacion));
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "frame/cConstCol.h"
 #include "platform/data/Collection.h"
@@ -24,6 +25,8 @@ class RegisterWriter {
   void SaveStudents(const Collection<cAlumno>& colAlumnos);
 
  private:
+  /// The key of a new row, as `ObtenerSiguienteId`.
+  std::int32_t SiguienteId(const std::string& maximo);
   void SaveTeacher(const cMatProf& matProf);
   void DeleteStudent(const cAlumno& alumno);
   void InsertStudent(const cAlumno& alumno);

@@ -1,5 +1,7 @@
 #include "selection/AlumnosSeccion.h"
 
+#include <utility>
+
 #include "platform/data/Connection.h"
 #include "platform/data/SqlList.h"
 #include "selection/EvaluacionElegida.h"
@@ -41,7 +43,7 @@ Recordset AlumnosSeccion::SegundaFinal(Connection& centro, std::int32_t primeraF
   auto filas = PendientesDeActa(centro);
   if (filas.Eof()) return filas;
   SqlList pendientes;
-  Anadir(pendientes, filas, "IDALUMNOPte_MATDET");
+  Anadir(pendientes, std::move(filas), "IDALUMNOPte_MATDET");
   // The keys of pending subjects are compared with those of the main grade book.
   SqlList alumnos;
   Anadir(
@@ -54,7 +56,7 @@ Recordset AlumnosSeccion::SegundaFinal(Connection& centro, std::int32_t primeraF
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Alumno.Nombre AS Nombre FROM Nota INNER JOIN (EvaluacionActaPte INNER JOIN (AlumnoPte_MatDet INNER JOIN (Alumno INNER JOIN Seccion_AlumnoPte ON Alumno.IDAlumno=Seccion_AlumnoPte.codalumno) ON Alumno.IDAlumno=AlumnoPte_MatDet.codAlumno) ON AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.CodAlumnoPte_MatDet) ON Nota.IDNota=EvaluacionActaPte.codNota WHERE EvaluacionActaPte.CodNumEvaluacion={} AND CodAlumnoPte_MatDet IN ({}) AND Nota.Aprobado=0 AND Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND Seccion_AlumnoPte.codSeccion={}  UNION SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Alumno.Nombre AS Nombre FROM Nota INNER JOIN (EvaluacionActaPte INNER JOIN (AlumnoPte_MatDet INNER JOIN (Alumno INNER JOIN Seccion_AlumnoPte ON Alumno.IDAlumno=Seccion_AlumnoPte.codalumno) ON Alumno.IDAlumno=AlumnoPte_MatDet.codAlumno) ON AlumnoPte_MatDet.IDAlumnoPte_MatDet=EvaluacionActaPte.CodAlumnoPte_MatDet) ON Nota.IDNota=EvaluacionActaPte.codNota WHERE EvaluacionActaPte.CodNumEvaluacion={} AND CodAlumnoPte_MatDet IN ({}) AND Nota.Aprobado=0 AND Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND Seccion_AlumnoPte.codSeccion={} ",
       primeraFinal, pendientes, seccion, primeraFinal, pendientes, seccion));
   if (alumnos.Empty()) return suspensos;
-  Anadir(alumnos, suspensos, "IDALUMNO");
+  Anadir(alumnos, std::move(suspensos), "IDALUMNO");
   return centro.Execute(Sql(
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Alumno.Nombre AS Nombre FROM Alumno WHERE IDAlumno IN({})",
       alumnos));

@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include "frame/cConfiguracion.h"
+#include "grades/dialog/Pantalla.h"
 #include "platform/controls/Animation.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Frame.h"
-#include "platform/host/Application.h"
-#include "platform/host/FrontEnd.h"
 
 namespace quorvane {
 
@@ -17,7 +16,7 @@ void FormularioEncogido::Encoger(Form& form, const Frame& fraAniCarga) {
   blnOcultando = true;
   form.Height(fraAniCarga.Height() + fraAniCarga.Top() + 260 + 270);
   form.Width(fraAniCarga.Width() + fraAniCarga.Left() + 240 + 100);
-  auto& pantalla = Application::Instance().Screen();
+  auto& pantalla = Pantalla();
   form.Left((pantalla.ScreenWidth() - form.Width()) / 2);
   form.Top((pantalla.ScreenHeight() - form.Height()) / 2);
   blnOcultando = false;

@@ -6,14 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "grades/dialog/FormularioEncogido.h"
+#include "grades/dialog/FormularioPasoDos.h"
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
 #include "grades/grid/NotasTutor.h"
-#include "grades/loading/DatosPasoUno.h"
-#include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
-#include "platform/controls/Animation.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/Form.h"
@@ -41,7 +38,7 @@ inline std::array<Label, 4> RotulosNotas(Form& form, const Frame& fraObservacion
 
 /// The controls: the walk is `PorAlumno`'s or `PorMateria`'s.
 template <class F>
-concept ControlesDeNotas = std::derived_from<F, Form> && requires(F& form) {
+concept ControlesDeNotas = requires(F& form) {
   { form.cmdAnterior } -> std::same_as<CommandButton&>;  // steps of the walk
   { form.cmdSiguiente } -> std::same_as<CommandButton&>;
   { form.tabNotaManual } -> std::same_as<TabStrip&>;
@@ -58,24 +55,17 @@ concept ControlesDeNotas = std::derived_from<F, Form> && requires(F& form) {
   { form.lblNotaManual } -> std::same_as<std::array<Label, 4>&>;  // of walk, observation, counters
   { form.cmdAceptar } -> std::same_as<CommandButton&>;
   { form.cmdCancelar } -> std::same_as<CommandButton&>;
-  { form.fraAniCarga } -> std::same_as<Frame&>;
-  { form.aniCarga } -> std::same_as<Animation&>;
 };
 
-/// What the form knows: what step one has fixed, and its own state.
+/// What the form knows.
 template <class F>
 concept CamposDeNotas = requires(F& form) {
-  { form.PasoUno() } -> std::same_as<DatosPasoUno>;
-  { form.publicacion } -> std::same_as<Publicacion&>;
-  { form.strMateriasBloqueo } -> std::same_as<std::string&>;
   { form.colAlumnos } -> std::same_as<Collection<cAlumno>&>;
   { form.blnTutor } -> std::same_as<bool&>;
   { form.blnCargando } -> std::same_as<bool&>;
-  { form.blnEdicionActiva } -> std::same_as<bool&>;
   { form.strColumna } -> std::same_as<Titulos&>;
   { form.intAnchosAlumno } -> std::same_as<Anchos&>;
   { form.tutor } -> std::same_as<EstadoTutor&>;
-  { form.carga } -> std::same_as<FormularioEncogido&>;
 };
 
 /// What `Conectar` wires to the controls, and what the shared routines call.
@@ -95,13 +85,13 @@ concept ManejadoresDeNotas = requires(F& form, bool siempre) {
   form.cboObservacion_Click();
   form.txtAusencias_Change();
   form.txtRetrasos_Change();
-  form.MostrarCarga(siempre);
   form.GuardarAnchosAlumno(siempre);
   form.RestaurarAnchosAlumno();
 };
 
 template <class F>
-concept FormularioNotas = ControlesDeNotas<F> && CamposDeNotas<F> && ManejadoresDeNotas<F>;
+concept FormularioNotas =
+    FormularioPasoDos<F> && ControlesDeNotas<F> && CamposDeNotas<F> && ManejadoresDeNotas<F>;
 
 /// A form that walks students and has their subjects in its rows.
 template <class F>

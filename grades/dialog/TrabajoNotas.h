@@ -8,6 +8,7 @@
 #include "frame/cConfiguracion.h"
 #include "grades/dialog/FormularioNotas.h"
 #include "grades/dialog/Pantalla.h"
+#include "grades/dialog/PasosPasoDos.h"  // IWYU pragma: export (the rest of the steps)
 
 namespace quorvane {
 
@@ -76,19 +77,6 @@ void OcultarTutoria(F& form) {
   form.fraAusencia[0].Visible(false);
 }
 
-/// A user without the unrestricted profile who is no member of staff grades nobody.
-inline bool SinNadaQueCalificar(const DatosPasoUno& pasoUno) {
-  return pasoUno.gIDPersonal == 0 && cConfiguracion::Instancia().intIDPerfil >= 1;
-}
-
-/// The publication and the locks of the subjects that were loaded.
-template <FormularioNotas F>
-void TomarBloqueos(F& form) {
-  const auto paso = form.PasoUno();
-  form.publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
-  form.publicacion.InsertarBloqueos(form.strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
-}
-
 /// The last step of loading: the form in its full size. In a school year that can't be changed it
 /// can be looked at, and not saved.
 template <FormularioNotas F>
@@ -102,27 +90,6 @@ void TerminarCarga(F& form) {
   }
   Pantalla().MousePointer(Pointer::Default);
   form.blnCargando = false;
-}
-
-/// The first step of saving, from which the form doesn't come back: it closes when it has saved.
-template <FormularioNotas F>
-void EmpezarGrabacion(F& form, const std::string& caption) {
-  form.MostrarCarga(false);
-  form.Enabled(false);
-  MostrarAnimacion(form.fraAniCarga, form.aniCarga, caption);
-  Pantalla().DoEvents();
-  Pantalla().MousePointer(Pointer::Hourglass);
-}
-
-/// What `Form_Unload` begins with, however the form closes: what it holds in the school is given
-/// back, then it goes. Errors as `Publicacion::Devolver`, which leave it on the screen.
-template <FormularioNotas F>
-void DevolverYOcultar(F& form) {
-  const auto paso = form.PasoUno();
-  form.publicacion.Devolver(paso.seccion, paso.evaluacion);
-  form.blnEdicionActiva = false;
-  form.Hide();
-  Pantalla().DoEvents();
 }
 
 }  // namespace quorvane

@@ -7,6 +7,7 @@
 #include "frame/Usuario.h"
 #include "frame/cConfiguracion.h"
 #include "grades/dialog/FormularioEncogido.h"
+#include "grades/dialog/PasosPasoDos.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/loading/DatosPasoUno.h"
 #include "platform/host/Application.h"
@@ -22,7 +23,7 @@ namespace quorvane {
 /// `Form_Load` begins: the pointer waits, and the form has no students and no publication yet.
 template <FormularioFinal F>
 void EmpezarApertura(F& form) {
-  Application::Instance().Screen().MousePointer(Pointer::Hourglass);
+  Pantalla().MousePointer(Pointer::Hourglass);
   form.colAlumnos.Clear();
   form.Icon(cConfiguracion::Instancia().RutaIcono);
   form.blnConPublicacion = false;
@@ -47,7 +48,7 @@ void ActivarControles(F& form, bool activar) {
 /// `Form_Activate` begins: the form shrinks to the animation under that text and answers nobody.
 template <FormularioFinal F>
 void EmpezarCarga(F& form, const std::string& texto) {
-  auto& pantalla = Application::Instance().Screen();
+  auto& pantalla = Pantalla();
   form.blnCargando = true;
   pantalla.MousePointer(Pointer::Hourglass);
   ActivarControles(form, false);
@@ -58,8 +59,8 @@ void EmpezarCarga(F& form, const std::string& texto) {
 
 /// After the load the form answers again, still shrunk; the pointer is the form's own.
 template <FormularioFinal F>
-void TerminarCarga(F& form, Pointer pointer) {
-  Application::Instance().Screen().MousePointer(pointer);
+void DejarActuar(F& form, Pointer pointer) {
+  Pantalla().MousePointer(pointer);
   ActivarControles(form, true);
   form.Enabled(true);
 }
@@ -71,11 +72,10 @@ void CerrarSinNotas(F& form, const std::string& texto) {
   form.cmdCancelar_Click();
 }
 
-/// Writes the publication and a lock for each subject loaded.
+/// Takes the publication and a lock for each subject loaded.
 template <FormularioFinal F>
-void PublicarFinal(F& form, const DatosPasoUno& paso) {
-  form.publicacion.InsertarPublicacion(paso.gIDPersonal, paso.evaluacion);
-  form.publicacion.InsertarBloqueos(form.strMateriasBloqueo, paso.gIDPersonal, paso.evaluacion);
+void PublicarFinal(F& form) {
+  TomarBloqueos(form);
   // Neither the component nor the answer is used.
   static_cast<void>(Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId));
   static_cast<void>(PersonalDelUsuario(Centro()));
@@ -83,7 +83,7 @@ void PublicarFinal(F& form, const DatosPasoUno& paso) {
 
 /// Gives the form back its measures and its controls, each as far as this user may reach it.
 template <FormularioFinal F>
-void MostrarFinal(F& form) {
+void TerminarCarga(F& form) {
   const auto& configuracion = cConfiguracion::Instancia();
   form.aniCarga.Stop();
   form.MostrarCarga(true);
@@ -97,7 +97,7 @@ void MostrarFinal(F& form) {
     form.cmdAceptar.Enabled(false);
     Recorrido(form).Enabled(true);
   }
-  Application::Instance().Screen().MousePointer(Pointer::Default);
+  Pantalla().MousePointer(Pointer::Default);
   form.blnCargando = false;
 }
 

@@ -1,5 +1,6 @@
 #include "grades/final/CargaFinal.h"
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/loading/Alumnos.h"
@@ -24,15 +25,11 @@ void PreguntarAprobado(Connection& centro, std::int32_t nota) {
 
 }  // namespace
 
-bool PuedeCalificar(const DatosPasoUno& seleccion) {
-  return seleccion.gIDPersonal != 0 || cConfiguracion::Instancia().intIDPerfil <= 0;
-}
-
 void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
                           const DatosPasoUno& seleccion, bool blnTutor) {
   Recordset alumnos;
   if (VeLaSeccion(blnTutor))
-    alumnos = AlumnosDeSeccion(seleccion.seccion);
+    alumnos = AlumnosDeSeccion(centro, seleccion.seccion);
   else if (seleccion.gIDPersonal > 0)
     alumnos = centro.Execute(Sql(
         "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN EvaluacionActaPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionActaPte.codAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE CodProfesor={})) ORDER BY OrdenSeccion",

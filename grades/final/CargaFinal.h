@@ -22,9 +22,6 @@ class Connection;
 // How the final grade forms find students, subjects and grades. Final evaluations have a table of
 // their own, `EvaluacionActaPte`. Statements fail as they do; nothing is caught.
 
-/// Whether this user grades at all: with profile 0 and below, or as a member of staff.
-bool PuedeCalificar(const DatosPasoUno& seleccion);
-
 /// Adds the students whom this user grades: the whole section for profile 0 and the tutor, those of
 /// his own subjects for a teacher, none for anybody else.
 void AnadirAlumnosFinales(Connection& centro, Collection<cAlumno>& colAlumnos,
@@ -47,10 +44,10 @@ void CargarPendientes(F& form, cAlumno& alumno, Recordset& filas) {
   SegundaFinal segunda(Centro(), form.elegida);
   while (!filas.Eof()) {
     const auto id = filas.Fields("IDAlumnoPte_MatDet").Long();
-    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
+    const auto clase = ClaseDeMateria(Centro(), filas.Fields("CodMatDet").Long());
     if (!clase) {
       filas.MoveNext();
-      PurgarMateria(id);
+      PurgarMateria(Centro(), id);
       continue;
     }
     if (ClaseMateria::SeCalifica(*clase) && segunda.Ofrece(id, *clase))

@@ -6,19 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "grades/dialog/FormularioEncogido.h"
+#include "grades/dialog/FormularioPasoDos.h"
 #include "grades/final/SegundaFinal.h"
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
-#include "grades/loading/DatosPasoUno.h"
-#include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
-#include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/Form.h"
-#include "platform/controls/FormInstance.h"
 #include "platform/controls/Frame.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/Retivo.h"
@@ -31,11 +27,8 @@ namespace quorvane {
 /// own without a common base: whatever they do to the word alike is a template over this concept,
 /// or a function that needs no form, and each calls the pieces in an order that is its own.
 template <class F>
-concept FormularioFinal = std::derived_from<F, Form> &&
-    requires(F& form, bool mostrar, cAlumno& alumno, const Recordset& fila, std::int32_t clase) {
-  // The step-one form that fixes what is graded, and that comes back afterwards.
-  typename F::PasoUno;
-
+concept FormularioFinal = FormularioPasoDos<F> &&
+    requires(F& form, cAlumno& alumno, const Recordset& fila, std::int32_t clase) {
   // The controls.
   { form.fraObservacion } -> std::same_as<std::array<Frame, 1>&>;
   { form.lblNotaManual } -> std::same_as<std::array<Label, 2>&>;  // combo box, observation
@@ -47,23 +40,17 @@ concept FormularioFinal = std::derived_from<F, Form> &&
   { form.chkPromocion } -> std::same_as<CheckBox&>;
   { form.cmdAceptar } -> std::same_as<CommandButton&>;
   { form.cmdCancelar } -> std::same_as<CommandButton&>;
-  { form.fraAniCarga } -> std::same_as<Frame&>;
-  { form.aniCarga } -> std::same_as<Animation&>;
 
-  // The fields: who is graded and by whom, what the form holds in the school, its grid.
+  // The fields: who is graded and by whom, its grid.
   { form.elegida } -> std::same_as<FinalElegida&>;
   { form.colAlumnos } -> std::same_as<Collection<cAlumno>&>;
   { form.blnTutor } -> std::same_as<bool&>;
-  { form.publicacion } -> std::same_as<Publicacion&>;
-  { form.strMateriasBloqueo } -> std::same_as<std::string&>;
   { form.blnConPublicacion } -> std::same_as<bool&>;
   { form.blnCargando } -> std::same_as<bool&>;
-  { form.blnEdicionActiva } -> std::same_as<bool&>;
   { form.blnMedidas } -> std::same_as<bool&>;
   { form.bytPromocion } -> std::same_as<std::uint8_t&>;
   { form.strColumna } -> std::same_as<Titulos&>;
   { form.intAnchosAlumno } -> std::same_as<Anchos&>;
-  { form.carga } -> std::same_as<FormularioEncogido&>;
 
   // The handlers that the controls raise.
   form.cmdAnterior_Click();
@@ -77,7 +64,6 @@ concept FormularioFinal = std::derived_from<F, Form> &&
   form.chkPromocion_Click();
 
   // What each does in its own way.
-  form.MostrarCarga(mostrar);
   form.CargarMateria(alumno, fila, clase);
   form.ConfigurarColumnas();
   form.RestaurarAnchosAlumno();
@@ -110,12 +96,6 @@ ComboBox& Recorrido(F& form) {
 template <FinalPorMateria F>
 ComboBox& Recorrido(F& form) {
   return form.cboMaterias;
-}
-
-/// What step one has fixed, taken afresh. Error 381 while one of its lists has no selected entry.
-template <FormularioFinal F>
-DatosPasoUno PasoUnoDe(const F& /*form*/) {
-  return DatosPasoUnoDe(FormInstance<typename F::PasoUno>::Get());
 }
 
 }  // namespace quorvane

@@ -5,8 +5,8 @@
 
 #include "frame/Conexiones.h"
 #include "grades/dialog/FormularioEncogido.h"
+#include "grades/dialog/Pantalla.h"
 #include "grades/final/FormularioFinal.h"
-#include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
 #include "register/cAlumno.h"
 
@@ -20,29 +20,17 @@ class Connection;
 /// grade, to whichever the database gives first. A negative grade counts as none.
 void GuardarMateriaFinal(Connection& centro, const cMateria& materia, std::int32_t evaluacion);
 
-/// `cmdAceptar_Click` begins: the form shrinks to the animation under that text, and the pointer
-/// waits.
-template <FormularioFinal F>
-void EmpezarGuardado(F& form, const std::string& texto) {
-  auto& pantalla = Application::Instance().Screen();
-  form.MostrarCarga(false);
-  form.Enabled(false);
-  MostrarAnimacion(form.fraAniCarga, form.aniCarga, texto);
-  pantalla.DoEvents();
-  pantalla.MousePointer(Pointer::Hourglass);
-}
-
 /// Saves all subjects of a student.
 template <FormularioFinal F>
 void GuardarAlumno(const F& form, const cAlumno& alumno) {
   for (const auto& materia : alumno.colMateria)
-    GuardarMateriaFinal(Centro(), *materia, PasoUnoDe(form).evaluacion);
+    GuardarMateriaFinal(Centro(), *materia, form.PasoUno().evaluacion);
 }
 
 /// After the last student: the pointer rests, and the form closes as when it is cancelled.
 template <FormularioFinal F>
 void TerminarGuardado(F& form) {
-  Application::Instance().Screen().MousePointer(Pointer::Default);
+  Pantalla().MousePointer(Pointer::Default);
   form.cmdCancelar_Click();
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/CeldaNotas.h"
@@ -37,11 +38,12 @@ std::string SentenciaDeAlumno(const DatosPasoUno& seleccion, int columna, const 
 
 }  // namespace
 
-void LlenarComboAlumnos(ComboBox& cboAlumnos, const Collection<cAlumno>& colAlumnos) {
+void LlenarComboAlumnos(Connection& centro, ComboBox& cboAlumnos,
+                        const Collection<cAlumno>& colAlumnos) {
   if (colAlumnos.Count() == 0) return;
   cboAlumnos.Clear();
   for (const auto& alumno : colAlumnos)
-    cboAlumnos.AddItem(AlumnoConOrden(alumno->IDAlumno), alumno->IDAlumno);
+    cboAlumnos.AddItem(AlumnoConOrden(centro, alumno->IDAlumno), alumno->IDAlumno);
   cboAlumnos.ListIndex(0);
 }
 
@@ -57,18 +59,19 @@ void ConfigurarRejillaDeAlumno(Retivo& rejilla) {
                               {}});
 }
 
-void LlenarFilasDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias) {
+void LlenarFilasDeAlumno(Connection& centro, Retivo& rejilla,
+                         const Collection<cMateria>& materias) {
   for (const auto& materia : materias) rejilla.AddItem(materia->Nombre);
   int fila = 1;
   for (const auto& materia : materias) {
-    EscribirNotasFinales(rejilla, fila, *materia);
+    EscribirNotasFinales(centro, rejilla, fila, *materia);
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, Key(materia->IDMatDetalle));
     rejilla.TextMatrix(fila, rejilla.Cols() - 2, "0");
     ++fila;
   }
 }
 
-void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
+void LlenarCeldaDeAlumno(Connection& centro, Retivo& rejilla, const Collection<cMateria>& materias,
                          const DatosPasoUno& seleccion, const Form& form) {
   const auto columna = rejilla.Col();
   const auto& clave = ClaveDeFila(rejilla);
@@ -80,7 +83,7 @@ void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
   if (!FilaEditable(rejilla)) return;
   rejilla.ListaAnadir(columna, " ", 0);
   const auto& materia = *materias[clave];
-  LlenarLista(rejilla, columna, SentenciaDeAlumno(seleccion, columna, materia), form);
+  LlenarLista(centro, rejilla, columna, SentenciaDeAlumno(seleccion, columna, materia), form);
 }
 
 void TomarCeldaDeAlumno(const Retivo& rejilla, const Collection<cMateria>& materias) {

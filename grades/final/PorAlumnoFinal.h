@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "frame/Conexiones.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/Escala.h"
@@ -12,6 +13,7 @@
 namespace quorvane {
 
 class ComboBox;
+class Connection;
 class Form;
 class Retivo;
 
@@ -20,13 +22,14 @@ class Retivo;
 // edited.
 
 /// Fills the combo box with the students and selects the first. Without any it stays as it is.
-void LlenarComboAlumnos(ComboBox& cboAlumnos, const Collection<cAlumno>& colAlumnos);
+void LlenarComboAlumnos(Connection& centro, ComboBox& cboAlumnos,
+                        const Collection<cAlumno>& colAlumnos);
 
 /// The grid before the scale is known.
 void ConfigurarRejillaDeAlumno(Retivo& rejilla);
 
 /// Adds a row for each of those subjects, with its grades and its measure.
-void LlenarFilasDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias);
+void LlenarFilasDeAlumno(Connection& centro, Retivo& rejilla, const Collection<cMateria>& materias);
 
 /// `ConfigurarColumnas` under the headings that the form has set: columns, rows, widths.
 template <FinalPorAlumno F>
@@ -34,7 +37,7 @@ void ConfigurarColumnasDeAlumno(F& form, std::int32_t tipo) {
   constexpr int kColumnas = 9;
   form.blnEdicionActiva = false;
   PrepararRejilla(form, kColumnas, kAnchoNota, tipo);
-  LlenarFilasDeAlumno(form.rtvNotasAlumno, form.AlumnoActual().colMateria);
+  LlenarFilasDeAlumno(Centro(), form.rtvNotasAlumno, form.AlumnoActual().colMateria);
   form.rtvNotasAlumno.ColWidth(kColumnas - 2, 0);
   form.rtvNotasAlumno.ColWidth(kColumnas - 1, 0);
   form.blnEdicionActiva = true;
@@ -43,7 +46,7 @@ void ConfigurarColumnasDeAlumno(F& form, std::int32_t tipo) {
 
 /// Fills the list of the current cell: measures, or the grades that aren't exceptional, none in a
 /// row that may not be edited. Error 5 for a row whose subject isn't there.
-void LlenarCeldaDeAlumno(Retivo& rejilla, const Collection<cMateria>& materias,
+void LlenarCeldaDeAlumno(Connection& centro, Retivo& rejilla, const Collection<cMateria>& materias,
                          const DatosPasoUno& seleccion, const Form& form);
 
 /// `rtvNotasAlumno_InicioEdicion`, which does nothing in the headings, in the names and in the
@@ -55,7 +58,7 @@ void EmpezarEdicionDeAlumno(F& form) {
   auto& rejilla = form.rtvNotasAlumno;
   const auto columna = rejilla.Col();
   if (columna == 0 || rejilla.Row() == 0 || columna > rejilla.Cols() - 3) return;
-  LlenarCeldaDeAlumno(rejilla, form.AlumnoActual().colMateria, PasoUnoDe(form), form);
+  LlenarCeldaDeAlumno(Centro(), rejilla, form.AlumnoActual().colMateria, form.PasoUno(), form);
 }
 
 /// Writes what was chosen in the current cell into the subject of the row, unless that may not be

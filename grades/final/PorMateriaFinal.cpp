@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"
@@ -60,21 +61,21 @@ void ConfigurarRejillaDeMateria(Retivo& rejilla) {
                               {}});
 }
 
-void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
+void LlenarFilasFinales(Connection& centro, Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                         const MateriaDeCombo& entrada) {
   if (entrada.CodAsociada != 0) return;
   for (const auto& alumno : colAlumnos) {
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
-    rejilla.AddItem(AlumnoConOrden(alumno->IDAlumno));
+    rejilla.AddItem(AlumnoConOrden(centro, alumno->IDAlumno));
     const auto fila = rejilla.Rows() - 1;
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, Key(alumno->IDAlumno));
-    EscribirNotasFinales(rejilla, fila, *alumno->colMateria[Key(entrada.IDMatDet)]);
+    EscribirNotasFinales(centro, rejilla, fila, *alumno->colMateria[Key(entrada.IDMatDet)]);
   }
 }
 
-void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
-                          const Form& form) {
+void LlenarListaDeMateria(Connection& centro, Retivo& rejilla,
+                          const Collection<cAlumno>& colAlumnos, const MateriaDeCombo& entrada,
+                          const DatosPasoUno& seleccion, const Form& form) {
   const auto columna = rejilla.Col();
   rejilla.ListaLimpiar(columna);
   if (columna == kColumnaMedidas) {
@@ -84,8 +85,8 @@ void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos
   if (entrada.CodAsociada != 0) return;
   rejilla.ListaAnadir(columna, " ", 0);
   const auto& materia = MateriaDeAlumno(rejilla, colAlumnos, entrada);
-  LlenarLista(rejilla, columna, SentenciaDeMateria(seleccion, columna, materia, entrada.IDMatDet),
-              form);
+  LlenarLista(centro, rejilla, columna,
+              SentenciaDeMateria(seleccion, columna, materia, entrada.IDMatDet), form);
 }
 
 void TomarCeldaDeMateria(const Retivo& rejilla, const Collection<cAlumno>& colAlumnos,

@@ -3,12 +3,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "frame/Conexiones.h"
+#include "grades/dialog/Pantalla.h"
 #include "grades/final/FormularioFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/loading/DatosPasoUno.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/data/Collection.h"
-#include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
 #include "register/cAlumno.h"
 
@@ -48,7 +49,7 @@ void EsconderObservacion(F& form) {
   form.lblNotaManual[1].Caption(form.ObservacionAlumno + " al alumno ");
   form.fraObservacion[0].Visible(false);
   form.chkPromocion.Visible(false);
-  Application::Instance().Screen().MousePointer(Pointer::Default);
+  Pantalla().MousePointer(Pointer::Default);
 }
 
 /// Fills the combo box with those subjects, counted from 1, and selects the first. Without any it
@@ -60,7 +61,7 @@ void ConfigurarRejillaDeMateria(Retivo& rejilla);
 
 /// Adds a row for each student who has that subject: his name, his grades and measure, and his key
 /// in the last column. None for an entry that is no subject.
-void LlenarFilasFinales(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
+void LlenarFilasFinales(Connection& centro, Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                         const MateriaDeCombo& entrada);
 
 /// `ConfigurarColumnas`: headings, columns, rows, widths.
@@ -68,11 +69,11 @@ template <FinalPorMateria F>
 void ConfigurarColumnasDeMateria(F& form) {
   constexpr int kColumnas = 8;
   constexpr std::int32_t kAnchoAlumno = 3000;
-  const auto tipo = PasoUnoDe(form).tipo;
+  const auto tipo = form.PasoUno().tipo;
   form.strColumna[0] = "Orden en Sección / Alumno";
   form.blnEdicionActiva = false;
   PrepararRejilla(form, kColumnas, kAnchoAlumno, tipo);
-  LlenarFilasFinales(form.rtvNotasAlumno, form.colAlumnos, form.EntradaActual());
+  LlenarFilasFinales(Centro(), form.rtvNotasAlumno, form.colAlumnos, form.EntradaActual());
   form.rtvNotasAlumno.ColWidth(kColumnas - 1, 0);
   form.blnEdicionActiva = true;
   if (!form.blnCargando) form.RestaurarAnchosAlumno();
@@ -80,9 +81,9 @@ void ConfigurarColumnasDeMateria(F& form) {
 
 /// Fills the list of the current cell: measures, or grades, the exceptional ones too. No grades for
 /// an entry that is no subject. Error 5 when the student of the row isn't there or lacks it.
-void LlenarListaDeMateria(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
-                          const MateriaDeCombo& entrada, const DatosPasoUno& seleccion,
-                          const Form& form);
+void LlenarListaDeMateria(Connection& centro, Retivo& rejilla,
+                          const Collection<cAlumno>& colAlumnos, const MateriaDeCombo& entrada,
+                          const DatosPasoUno& seleccion, const Form& form);
 
 /// The same, but nothing in the headings, in the names and in the keys.
 template <FinalPorMateria F>
@@ -90,7 +91,8 @@ void LlenarCeldaDeMateria(F& form) {
   auto& rejilla = form.rtvNotasAlumno;
   const auto columna = rejilla.Col();
   if (columna == 0 || rejilla.Row() == 0 || columna > rejilla.Cols() - 2) return;
-  LlenarListaDeMateria(rejilla, form.colAlumnos, form.EntradaActual(), PasoUnoDe(form), form);
+  LlenarListaDeMateria(Centro(), rejilla, form.colAlumnos, form.EntradaActual(), form.PasoUno(),
+                       form);
 }
 
 /// Writes what was chosen in the current cell into the student's subject, unless the entry is no

@@ -1,5 +1,6 @@
 #include "grades/final/RejillaFinal.h"
 
+#include "frame/Conexiones.h"
 #include "platform/controls/Retivo.h"
 #include "platform/data/Value.h"
 
@@ -30,10 +31,10 @@ std::string TextoMedida(std::uint8_t medida) {
   }
 }
 
-void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia) {
-  EscribirNota(rejilla, fila, kColumnaNota, materia.Nota);
-  EscribirNota(rejilla, fila, kColumnaConcepto, materia.Concepto);
-  EscribirNota(rejilla, fila, kColumnaObservacion, materia.Observacion);
+void EscribirNotasFinales(Connection& centro, Retivo& rejilla, int fila, const cMateria& materia) {
+  EscribirNota(centro, rejilla, fila, kColumnaNota, materia.Nota);
+  EscribirNota(centro, rejilla, fila, kColumnaConcepto, materia.Concepto);
+  EscribirNota(centro, rejilla, fila, kColumnaObservacion, materia.Observacion);
   rejilla.TextMatrix(fila, kColumnaMedidas, TextoMedida(materia.REACDIV));
 }
 

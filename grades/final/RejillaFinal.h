@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
@@ -10,6 +11,7 @@
 
 namespace quorvane {
 
+class Connection;
 class Retivo;
 
 // The grid of the final grade forms: a final evaluation has a grade or a concept, an observation
@@ -38,7 +40,7 @@ void PrepararRejilla(F& form, int columnas, std::int32_t anchoPrimera, std::int3
   rejilla.TextMatrix(0, kColumnaMedidas, "Medidas Adoptadas");
   rejilla.ColWidth(kColumnaMedidas, form.blnMedidas ? kAnchoNota : 0);
   if (form.blnCargando) {
-    LeerEscala(rejilla, TiposDeNotaFinal(tipo), form.intAnchosAlumno, form.strColumna);
+    LeerEscala(rejilla, TiposDeNotaFinal(Centro(), tipo), form.intAnchosAlumno, form.strColumna);
     form.intAnchosAlumno.Guardar(rejilla, form.blnCargando, true);
   } else {
     form.intAnchosAlumno.Restaurar(rejilla, form.blnCargando);
@@ -73,7 +75,7 @@ void ReconstruirRejilla(F& form) {
 std::string TextoMedida(std::uint8_t medida);
 
 /// Writes the texts of grade, concept, observation and measure in a row.
-void EscribirNotasFinales(Retivo& rejilla, int fila, const cMateria& materia);
+void EscribirNotasFinales(Connection& centro, Retivo& rejilla, int fila, const cMateria& materia);
 
 /// Adds the measures to the list of their column; none for a subject without a grade.
 void LlenarMedidas(Retivo& rejilla, const cMateria& materia);

@@ -1,12 +1,13 @@
 #include "grades/final/frmNotaManualFinal.h"
 
 #include "frame/Conexiones.h"
+#include "grades/dialog/PasosPasoDos.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
-#include "grades/final/CierreFinal.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorAlumnoFinal.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
@@ -22,32 +23,36 @@ frmNotaManualFinal::frmNotaManualFinal() : Form("frmNotaManualFinal") {
   cboAlumnos.Click = [this] { cboAlumnos_Click(); };
 }
 
+DatosPasoUno frmNotaManualFinal::PasoUno() const {
+  return DatosPasoUnoDe(FormInstance<frmNotaManual1>::Get());
+}
+
 void frmNotaManualFinal::Form_Load() {
   EmpezarApertura(*this);
-  const auto paso = PasoUnoDe(*this);
+  const auto paso = PasoUno();
   blnConPublicacion = Publicacion::YaAbierta(paso.seccion, paso.evaluacion);
   if (blnConPublicacion) return;
   DecidirTutor(*this, paso.seccion);
   ConfigurarRejillaInicial();
   AnadirAlumnosFinales(Centro(), colAlumnos, paso, blnTutor);
-  if (const auto nombre = NombreObservacion(paso.tipo)) lblNotaManual[1].Caption(*nombre);
+  if (const auto nombre = NombreObservacion(Centro(), paso.tipo)) lblNotaManual[1].Caption(*nombre);
 }
 
 void frmNotaManualFinal::Form_Activate() {
   EmpezarCarga(*this, kCargando);
   CargarNotas();
-  LlenarComboAlumnos(cboAlumnos, colAlumnos);
-  TerminarCarga(*this, Pointer::Arrow);
-  const auto paso = PasoUnoDe(*this);
+  LlenarComboAlumnos(Centro(), cboAlumnos, colAlumnos);
+  DejarActuar(*this, Pointer::Arrow);
+  const auto paso = PasoUno();
   if (colAlumnos.Count() == 0 || !PuedeCalificar(paso)) return CerrarSinNotas(*this, kSinNotas);
-  PublicarFinal(*this, paso);
-  MostrarFinal(*this);
+  PublicarFinal(*this);
+  TerminarCarga(*this);
 }
 
 void frmNotaManualFinal::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot())
-    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUnoDe(*this), blnTutor))
+    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       CargarPendientes(*this, *alumno, *filas);
   CerrarLista(strMateriasBloqueo);
 }
@@ -55,10 +60,10 @@ void frmNotaManualFinal::CargarNotas() {
 void frmNotaManualFinal::CargarMateria(cAlumno& alumno, const Recordset& fila, std::int32_t clase) {
   const auto codMatDet = AnotarFila(*this, fila);
   const auto materia = NuevaMateriaFinal(fila, clase, fila.Fields("IDAlumnoPte_MatDet").Long());
-  const auto evaluacion = PasoUnoDe(*this).evaluacion;
+  const auto evaluacion = PasoUno().evaluacion;
   if (!materia->Fct) LeerNotasFinales(Centro(), *materia, evaluacion);
   // The row of the subject holds its teachers, but in this dialog nobody takes them.
-  TomarDetalles(*materia, LeerDetalles(codMatDet, false));
+  TomarDetalles(Centro(), *materia, LeerDetalles(Centro(), codMatDet, false));
   // The table has no such column: no subject of these kinds can be loaded here.
   if (materia->Fct)
     TomarNotasFct(
@@ -70,7 +75,7 @@ void frmNotaManualFinal::CargarMateria(cAlumno& alumno, const Recordset& fila, s
 }
 
 void frmNotaManualFinal::cmdAceptar_Click() {
-  EmpezarGuardado(*this, kGuardando);
+  EmpezarGrabacion(*this, kGuardando);
   for (const auto& alumno : colAlumnos) GuardarAlumno(*this, *alumno);
   TerminarGuardado(*this);
 }
@@ -91,7 +96,10 @@ void frmNotaManualFinal::Form_KeyDown(int& keyCode) {
   PulsarConFlechas(keyCode, cmdAnterior, cmdSiguiente);
 }
 
-void frmNotaManualFinal::Form_Unload() { DescargarFinal(*this); }
+void frmNotaManualFinal::Form_Unload() {
+  DevolverYOcultar(*this);
+  FormInstance<frmNotaManualFinal>::Drop();
+}
 
 void frmNotaManualFinal::MostrarCarga(bool mostrar) {
   if (!mostrar)

@@ -8,6 +8,7 @@
 #include "grades/final/SegundaFinal.h"
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/locks/Publicacion.h"
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
@@ -21,8 +22,6 @@
 #include "register/cAlumno.h"
 
 namespace quorvane {
-
-class frmNotaManual1;
 
 /// Step two of grade entry by student, for final evaluations: walks the students of the section
 /// that `frmNotaManual1` has fixed and saves the grades of all their pending subjects at once. In
@@ -61,8 +60,6 @@ class frmNotaManualFinal : public Form {
   static constexpr const char* kCargando = "Cargando Datos";
   static constexpr const char* kGuardando = "Guardando Datos";
 
-  using PasoUno = frmNotaManual1;  ///< fixes what is graded; comes back behind this form
-
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
@@ -93,6 +90,9 @@ class frmNotaManualFinal : public Form {
   void rtvNotasAlumno_CambioAncho();
   void cboObservacion_Click();
   void chkPromocion_Click();
+
+  /// What step one has fixed. Error 381 while one of its lists has no selected entry.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);

@@ -1,9 +1,9 @@
 // The grid of `frmNotaManualFinal`: what it shows of the student, and the edit of its cells.
+#include "frame/Conexiones.h"
 #include "grades/final/PorAlumnoFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaManualFinal.h"
 #include "grades/loading/Alumnos.h"
-#include "selection/frmNotaManual1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 
@@ -14,8 +14,8 @@ cAlumno& frmNotaManualFinal::AlumnoActual() const {
 void frmNotaManualFinal::ConfigurarRejillaInicial() { ConfigurarRejillaDeAlumno(rtvNotasAlumno); }
 
 void frmNotaManualFinal::ConfigurarColumnas() {
-  const auto tipo = PasoUnoDe(*this).tipo;
-  strColumna[0] = TituloMaterias(tipo);
+  const auto tipo = PasoUno().tipo;
+  strColumna[0] = TituloMaterias(Centro(), tipo);
   ConfigurarColumnasDeAlumno(*this, tipo);
 }
 

@@ -1,12 +1,13 @@
 #include "grades/final/frmNotaMateriaFinal.h"
 
 #include "frame/Conexiones.h"
+#include "grades/dialog/PasosPasoDos.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
-#include "grades/final/CierreFinal.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorMateriaFinal.h"
+#include "grades/loading/Alumnos.h"
 #include "grades/locks/MateriasBloqueo.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/data/Connection.h"
@@ -23,34 +24,38 @@ frmNotaMateriaFinal::frmNotaMateriaFinal() : Form("frmNotaMateriaFinal") {
   rtvNotasAlumno.CambioAlto = [this] { rtvNotasAlumno_CambioAlto(); };
 }
 
+DatosPasoUno frmNotaMateriaFinal::PasoUno() const {
+  return DatosPasoUnoDe(FormInstance<frmNotaMateria1>::Get());
+}
+
 void frmNotaMateriaFinal::Form_Load() {
   EmpezarApertura(*this);
-  const auto paso = PasoUnoDe(*this);
+  const auto paso = PasoUno();
   blnConPublicacion = Publicacion::YaAbierta(paso.seccion, paso.evaluacion);
   if (blnConPublicacion) return;
   DecidirTutor(*this, paso.seccion);
   ConfigurarRejillaInicial();
   AnadirAlumnosFinales(Centro(), colAlumnos, paso, blnTutor);
-  if (const auto nombre = NombreObservacion(paso.tipo)) ObservacionAlumno = *nombre;
+  if (const auto nombre = NombreObservacion(Centro(), paso.tipo)) ObservacionAlumno = *nombre;
 }
 
 void frmNotaMateriaFinal::Form_Activate() {
   EmpezarCarga(*this, kCargando);
-  LeerCurso(Centro(), *this, PasoUnoDe(*this).curso);
+  LeerCurso(Centro(), *this, PasoUno().curso);
   CargarNotas();
-  TerminarCarga(*this, Pointer::Default);
-  const auto paso = PasoUnoDe(*this);
+  DejarActuar(*this, Pointer::Default);
+  const auto paso = PasoUno();
   if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || !PuedeCalificar(paso))
     return CerrarSinNotas(*this, kSinNotas);
-  PublicarFinal(*this, paso);
-  MostrarFinal(*this);
+  PublicarFinal(*this);
+  TerminarCarga(*this);
   EsconderObservacion(*this);
 }
 
 void frmNotaMateriaFinal::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot())
-    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUnoDe(*this), blnTutor))
+    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       CargarPendientes(*this, *alumno, *filas);
   ListaMaterias = ReunirMaterias(colAlumnos);
   LlenarComboMaterias(cboMaterias, ListaMaterias);
@@ -61,13 +66,14 @@ void frmNotaMateriaFinal::CargarMateria(cAlumno& alumno, const Recordset& fila,
                                         std::int32_t clase) {
   const auto codMatDet = AnotarFila(*this, fila);
   const auto materia = NuevaMateriaFinal(fila, clase, codMatDet);
-  const auto evaluacion = PasoUnoDe(*this).evaluacion;
+  const auto evaluacion = PasoUno().evaluacion;
   if (!materia->Fct) {
     LeerNotasFinales(Centro(), *materia, evaluacion);
-    TomarDetalles(*materia, LeerDetalles(codMatDet));
+    TomarDetalles(Centro(), *materia, LeerDetalles(Centro(), codMatDet));
   } else {
     // A pending row has neither of the two columns: no subject of these kinds can be loaded here.
-    TomarDetalles(*materia, LeerDetalles(fila.Fields("CodMateriaDetalles").Long()));
+    TomarDetalles(Centro(), *materia,
+                  LeerDetalles(Centro(), fila.Fields("CodMateriaDetalles").Long()));
     TomarNotasFct(
         Centro(), *materia,
         Centro().Execute(Sql(
@@ -78,7 +84,7 @@ void frmNotaMateriaFinal::CargarMateria(cAlumno& alumno, const Recordset& fila,
 }
 
 void frmNotaMateriaFinal::cmdAceptar_Click() {
-  EmpezarGuardado(*this, kGuardando);
+  EmpezarGrabacion(*this, kGuardando);
   for (const auto& alumno : colAlumnos) {
     // Looked at, and dropped.
     if (cboObservacion.Visible()) static_cast<void>(cboObservacion.ListIndex());
@@ -103,7 +109,10 @@ void frmNotaMateriaFinal::Form_KeyDown(int& keyCode) {
   PulsarConFlechas(keyCode, cmdAnterior, cmdSiguiente);
 }
 
-void frmNotaMateriaFinal::Form_Unload() { DescargarFinal(*this); }
+void frmNotaMateriaFinal::Form_Unload() {
+  DevolverYOcultar(*this);
+  FormInstance<frmNotaMateriaFinal>::Drop();
+}
 
 void frmNotaMateriaFinal::MostrarCarga(bool mostrar) {
   if (mostrar)

@@ -9,6 +9,7 @@
 #include "grades/final/SegundaFinal.h"
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/locks/Publicacion.h"
 #include "grades/subject/MateriasDeCombo.h"
 #include "platform/controls/Animation.h"
@@ -23,8 +24,6 @@
 #include "register/cAlumno.h"
 
 namespace quorvane {
-
-class frmNotaMateria1;
 
 /// Step two of grade entry by subject, for final evaluations: walks the subjects of the section
 /// that `frmNotaMateria1` has fixed, shows the students who have each, and saves the grades of all
@@ -65,8 +64,6 @@ class frmNotaMateriaFinal : public Form {
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
-  using PasoUno = frmNotaMateria1;  ///< fixes what is graded; comes back behind this form
-
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
@@ -98,6 +95,9 @@ class frmNotaMateriaFinal : public Form {
   void rtvNotasAlumno_CambioAlto();
   void cboObservacion_Click();
   void chkPromocion_Click();
+
+  /// What step one has fixed. Error 381 while one of its lists has no selected entry.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);

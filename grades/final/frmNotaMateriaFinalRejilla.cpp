@@ -1,11 +1,10 @@
 // The grid of `frmNotaMateriaFinal`: what it shows of the subject, and the edit of its cells.
+#include "grades/dialog/Pantalla.h"
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
 #include "grades/loading/Alumnos.h"
-#include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaMateria1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 
@@ -19,7 +18,7 @@ void frmNotaMateriaFinal::ConfigurarColumnas() { ConfigurarColumnasDeMateria(*th
 
 void frmNotaMateriaFinal::cboMaterias_Click() {
   if (cboMaterias.ListIndex() == -1) return;
-  auto& pantalla = Application::Instance().Screen();
+  auto& pantalla = Pantalla();
   pantalla.MousePointer(Pointer::Hourglass);
   ReconstruirRejilla(*this);
   pantalla.MousePointer(Pointer::Default);

@@ -8,6 +8,7 @@
 #include "grades/final/SegundaFinal.h"
 #include "grades/grid/Anchos.h"
 #include "grades/grid/Escala.h"
+#include "grades/loading/DatosPasoUno.h"
 #include "grades/locks/Publicacion.h"
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
@@ -21,8 +22,6 @@
 #include "register/cAlumno.h"
 
 namespace quorvane {
-
-class frmNotaSeccionAlumno1;
 
 /// Step two of grade entry by section and subject, for final evaluations: walks the students who
 /// have the subject that `frmNotaSeccionAlumno1` has fixed and saves all their grades at once. A
@@ -62,8 +61,6 @@ class frmNotaSeccionAlumnoFinal : public Form {
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
-  using PasoUno = frmNotaSeccionAlumno1;  ///< fixes what is graded; comes back behind this form
-
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
   std::string strMateriasBloqueo;  ///< "0,{a},{b}": the subjects loaded; empty without any
@@ -96,6 +93,9 @@ class frmNotaSeccionAlumnoFinal : public Form {
   void rtvNotasAlumno_CambioAncho();
   void cboObservacion_Click();
   void chkPromocion_Click();
+
+  /// What step one has fixed. Error 381 while one of its lists has no selected entry.
+  [[nodiscard]] DatosPasoUno PasoUno() const;
 
   /// False shrinks the form to the animation, True gives it back its measures and controls.
   void MostrarCarga(bool mostrar);

@@ -6,7 +6,6 @@
 #include "grades/final/frmNotaSeccionAlumnoFinal.h"
 #include "grades/grid/NotasTutor.h"
 #include "grades/loading/Alumnos.h"
-#include "selection/frmNotaSeccionAlumno1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 
@@ -19,10 +18,14 @@ void frmNotaSeccionAlumnoFinal::ConfigurarRejillaInicial() {
 }
 
 void frmNotaSeccionAlumnoFinal::ConfigurarColumnas() {
-  const auto tipo = PasoUnoDe(*this).tipo;
+  const auto tipo = PasoUno().tipo;
   // Only on the first load the kinds of grade give their names to the columns.
-  strColumna = {TituloMaterias(tipo), "Nota",    "Concepto",
-                "Procedimiento",      "Actitud", "Observacion"};
+  strColumna = {TituloMaterias(Centro(), tipo),
+                "Nota",
+                "Concepto",
+                "Procedimiento",
+                "Actitud",
+                "Observacion"};
   ConfigurarColumnasDeAlumno(*this, tipo);
 }
 
@@ -40,9 +43,9 @@ void frmNotaSeccionAlumnoFinal::RehacerObservacion() {
   if (bytPromocion == 1) SinMiembro(AlumnoActual());
   cboObservacion.Clear();
   fraObservacion[0].Visible(false);
-  const auto paso = PasoUnoDe(*this);
+  const auto paso = PasoUno();
   for (Observaciones tipos(Centro(), paso.tipo); tipos.Siguiente();)
-    LlenarObservaciones(cboObservacion, SentenciaObservaciones(paso, false));
+    LlenarObservaciones(Centro(), cboObservacion, SentenciaObservaciones(paso, false));
 }
 
 void frmNotaSeccionAlumnoFinal::RestaurarAnchosAlumno() {

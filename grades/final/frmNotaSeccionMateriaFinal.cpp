@@ -1,9 +1,9 @@
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 
 #include "frame/Conexiones.h"
+#include "grades/dialog/PasosPasoDos.h"
 #include "grades/final/AperturaFinal.h"
 #include "grades/final/CargaFinal.h"
-#include "grades/final/CierreFinal.h"
 #include "grades/final/DialogoFinal.h"
 #include "grades/final/GuardadoFinal.h"
 #include "grades/final/PorMateriaFinal.h"
@@ -22,28 +22,32 @@ frmNotaSeccionMateriaFinal::frmNotaSeccionMateriaFinal() : Form("frmNotaSeccionM
   rtvNotasAlumno.CambioAlto = [this] { rtvNotasAlumno_CambioAlto(); };
 }
 
+DatosPasoUno frmNotaSeccionMateriaFinal::PasoUno() const {
+  return DatosPasoUnoDe(FormInstance<frmNotaSeccionMateria1>::Get());
+}
+
 void frmNotaSeccionMateriaFinal::Form_Load() {
   EmpezarApertura(*this);
-  const auto paso = PasoUnoDe(*this);
+  const auto paso = PasoUno();
   blnConPublicacion = Publicacion::YaAbierta(paso.seccion, paso.evaluacion);
   if (blnConPublicacion) return;
   DecidirTutor(*this, paso.seccion);
   ConfigurarRejillaInicial();
-  auto alumnos = AlumnoElegido(AlumnoFijado());
+  auto alumnos = AlumnoElegido(Centro(), AlumnoFijado());
   for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
-  if (const auto nombre = NombreObservacion(paso.tipo)) ObservacionAlumno = *nombre;
+  if (const auto nombre = NombreObservacion(Centro(), paso.tipo)) ObservacionAlumno = *nombre;
 }
 
 void frmNotaSeccionMateriaFinal::Form_Activate() {
   EmpezarCarga(*this, kCargando);
-  LeerCurso(Centro(), *this, PasoUnoDe(*this).curso);
+  LeerCurso(Centro(), *this, PasoUno().curso);
   CargarNotas();
-  TerminarCarga(*this, Pointer::Default);
-  const auto paso = PasoUnoDe(*this);
+  DejarActuar(*this, Pointer::Default);
+  const auto paso = PasoUno();
   if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || !PuedeCalificar(paso))
     return CerrarSinNotas(*this, kSinNotas);
-  PublicarFinal(*this, paso);
-  MostrarFinal(*this);
+  PublicarFinal(*this);
+  TerminarCarga(*this);
   EsconderObservacion(*this);
 }
 
@@ -54,7 +58,7 @@ std::int32_t frmNotaSeccionMateriaFinal::AlumnoFijado() {
 void frmNotaSeccionMateriaFinal::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot())
-    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUnoDe(*this), blnTutor))
+    if (auto filas = PendientesVisibles(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       CargarPendientes(*this, *alumno, *filas);
   ListaMaterias = ReunirMaterias(colAlumnos);
   LlenarComboMaterias(cboMaterias, ListaMaterias);
@@ -65,15 +69,15 @@ void frmNotaSeccionMateriaFinal::CargarMateria(cAlumno& alumno, const Recordset&
                                                std::int32_t clase) {
   const auto codMatDet = AnotarFila(*this, fila);
   const auto materia = NuevaMateriaFinal(fila, clase, codMatDet);
-  const auto evaluacion = PasoUnoDe(*this).evaluacion;
+  const auto evaluacion = PasoUno().evaluacion;
   if (!materia->Fct) LeerNotasFinales(Centro(), *materia, evaluacion);
-  TomarDetalles(*materia, LeerDetalles(codMatDet));
+  TomarDetalles(Centro(), *materia, LeerDetalles(Centro(), codMatDet));
   if (materia->Fct) LeerNotasFct(Centro(), *materia, evaluacion);
   alumno.colMateria.Add(materia, Key(materia->IDMatDetalle));
 }
 
 void frmNotaSeccionMateriaFinal::cmdAceptar_Click() {
-  EmpezarGuardado(*this, kGuardando);
+  EmpezarGrabacion(*this, kGuardando);
   for (const auto& alumno : colAlumnos) GuardarAlumno(*this, *alumno);
   TerminarGuardado(*this);
 }
@@ -94,7 +98,10 @@ void frmNotaSeccionMateriaFinal::Form_KeyDown(int& keyCode) {
   PulsarConFlechas(keyCode, cmdAnterior, cmdSiguiente);
 }
 
-void frmNotaSeccionMateriaFinal::Form_Unload() { DescargarFinal(*this); }
+void frmNotaSeccionMateriaFinal::Form_Unload() {
+  DevolverYOcultar(*this);
+  FormInstance<frmNotaSeccionMateriaFinal>::Drop();
+}
 
 void frmNotaSeccionMateriaFinal::MostrarCarga(bool mostrar) {
   if (mostrar)

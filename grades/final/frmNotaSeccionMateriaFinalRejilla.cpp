@@ -1,15 +1,14 @@
 // The grid of `frmNotaSeccionMateriaFinal`: what it shows of the subject, and the edit of its
 // cells.
 #include "frame/Conexiones.h"
+#include "grades/dialog/Pantalla.h"
 #include "grades/final/ObservacionFinal.h"
 #include "grades/final/PorMateriaFinal.h"
 #include "grades/final/RejillaFinal.h"
 #include "grades/final/frmNotaSeccionMateriaFinal.h"
 #include "grades/grid/NotasTutor.h"
 #include "grades/loading/Alumnos.h"
-#include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaSeccionMateria1.h"  // IWYU pragma: keep (PasoUnoDe needs it whole)
 
 namespace quorvane {
 
@@ -25,7 +24,7 @@ void frmNotaSeccionMateriaFinal::ConfigurarColumnas() { ConfigurarColumnasDeMate
 
 void frmNotaSeccionMateriaFinal::cboMaterias_Click() {
   if (cboMaterias.ListIndex() == -1) return;
-  auto& pantalla = Application::Instance().Screen();
+  auto& pantalla = Pantalla();
   pantalla.MousePointer(Pointer::Hourglass);
   ReconstruirRejilla(*this);
   pantalla.MousePointer(Pointer::Default);
@@ -34,13 +33,13 @@ void frmNotaSeccionMateriaFinal::cboMaterias_Click() {
 void frmNotaSeccionMateriaFinal::RehacerObservacion() {
   cboObservacion.Clear();
   fraObservacion[0].Visible(false);
-  const auto paso = PasoUnoDe(*this);
+  const auto paso = PasoUno();
   for (Observaciones tipos(Centro(), paso.tipo); tipos.Siguiente();) {
     lblNotaManual[1].Caption(ObservacionAlumno + " al alumno " +
                              rtvNotasAlumno.TextMatrix(rtvNotasAlumno.Row(), 0));
     lblNotaManual[1].Left(cboObservacion.Left());
     lblNotaManual[1].Top(cboObservacion.Top());
-    LlenarObservaciones(cboObservacion, SentenciaObservaciones(paso, true));
+    LlenarObservaciones(Centro(), cboObservacion, SentenciaObservaciones(paso, true));
   }
 }
 

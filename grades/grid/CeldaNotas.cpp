@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frame/Conexiones.h"
 #include "frame/modGeneral.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Retivo.h"
@@ -10,10 +9,11 @@
 
 namespace quorvane {
 
-void LlenarLista(Retivo& rejilla, int columna, const std::string& sentencia, const Form& form) {
+void LlenarLista(Connection& centro, Retivo& rejilla, int columna, const std::string& sentencia,
+                 const Form& form) {
   static const std::string kHolgura = std::string(7, ' ') + std::string(5, ' ');
   std::int32_t mayor = 0;
-  auto recordset = Centro().Execute(sentencia);
+  auto recordset = centro.Execute(sentencia);
   for (; !recordset.Eof(); recordset.MoveNext()) {
     const auto texto = recordset.Fields("DescripcionCorta").Text();
     if (gblnMostrarAnchoNotas) mayor = std::max(mayor, form.TextWidth(texto + kHolgura));

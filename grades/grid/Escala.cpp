@@ -1,6 +1,5 @@
 #include "grades/grid/Escala.h"
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Anchos.h"
 #include "platform/controls/Retivo.h"
@@ -30,8 +29,8 @@ void PrepararColumnas(Retivo& rejilla, int columnas, std::int32_t anchoPrimera,
     rejilla.TextMatrix(0, static_cast<int>(i), strColumna[i]);
 }
 
-std::string TituloMaterias(std::int32_t tipo) {
-  return Centro()
+std::string TituloMaterias(Connection& centro, std::int32_t tipo) {
+  return centro
       .Execute(Sql(
           "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=1 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})",
           tipo))
@@ -39,16 +38,16 @@ std::string TituloMaterias(std::int32_t tipo) {
       .Text();
 }
 
-Recordset TiposDeNota(std::int32_t tipo) {
+Recordset TiposDeNota(Connection& centro, std::int32_t tipo) {
   const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
-  return Centro().Execute(Sql(
+  return centro.Execute(Sql(
       "SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE Abreviatura={} AND CodTipoMateria IN (SELECT CodTipoMateria FROM Materia WHERE CodTipoEnsenanza={}) ORDER BY Orden",
       verdadero, tipo));
 }
 
-Recordset TiposDeNotaFinal(std::int32_t tipo) {
+Recordset TiposDeNotaFinal(Connection& centro, std::int32_t tipo) {
   const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
-  return Centro().Execute(Sql(
+  return centro.Execute(Sql(
       "SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE abreviatura={} AND CodTipoMateria IN (SELECT CodTipoMateria FROM Materia WHERE CodTipoEnsenanza={}) ORDER BY Orden",
       verdadero, tipo));
 }
@@ -64,9 +63,9 @@ void LeerEscala(Retivo& rejilla, Recordset tipos, Anchos& anchos, Titulos& strCo
   }
 }
 
-void EscribirNota(Retivo& rejilla, int fila, int columna, std::int32_t idNota) {
+void EscribirNota(Connection& centro, Retivo& rejilla, int fila, int columna, std::int32_t idNota) {
   const auto recordset =
-      Centro().Execute(Sql("SELECT DescripcionCorta FROM Nota WHERE IDNota={}", idNota));
+      centro.Execute(Sql("SELECT DescripcionCorta FROM Nota WHERE IDNota={}", idNota));
   if (!recordset.Eof())
     rejilla.TextMatrix(fila, columna, recordset.Fields("DescripcionCorta").Text());
 }

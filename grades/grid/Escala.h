@@ -10,6 +10,7 @@
 namespace quorvane {
 
 class Anchos;
+class Connection;
 class Retivo;
 
 // The scale of a type of teaching: which kinds of grade a subject gets and what they are called.
@@ -37,19 +38,19 @@ void PrepararColumnas(Retivo& rejilla, int columnas, std::int32_t anchoPrimera,
 
 /// What heads the column of the subjects. Error 3021 when the type of teaching has no ordinary
 /// kind of subject.
-std::string TituloMaterias(std::int32_t tipo);
+std::string TituloMaterias(Connection& centro, std::int32_t tipo);
 
 /// The kinds of grade of the subjects of that type of teaching: `Nombre` and `Orden`.
-Recordset TiposDeNota(std::int32_t tipo);
+Recordset TiposDeNota(Connection& centro, std::int32_t tipo);
 
 /// The same for a final evaluation, whose statement spells a column otherwise.
-Recordset TiposDeNotaFinal(std::int32_t tipo);
+Recordset TiposDeNotaFinal(Connection& centro, std::int32_t tipo);
 
 /// For each of those kinds gives its column its width and heading, makes room in `anchos` and keeps
 /// the heading of columns 1 to 5. Error 381 for a kind whose `Orden` is off the grid.
 void LeerEscala(Retivo& rejilla, Recordset tipos, Anchos& anchos, Titulos& strColumna);
 
 /// Writes the text of a grade in a cell; a grade that doesn't exist, as 0, leaves it as it is.
-void EscribirNota(Retivo& rejilla, int fila, int columna, std::int32_t idNota);
+void EscribirNota(Connection& centro, Retivo& rejilla, int fila, int columna, std::int32_t idNota);
 
 }  // namespace quorvane

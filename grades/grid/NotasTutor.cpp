@@ -1,7 +1,6 @@
 #include "grades/grid/NotasTutor.h"
 
 #include "frame/ClaseMateria.h"
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/Escala.h"
 #include "platform/controls/ComboBox.h"
@@ -14,9 +13,10 @@
 namespace quorvane {
 namespace {
 
-void ConfigurarRejilla(Retivo& rejilla, EstadoTutor& estado, std::int32_t tipo) {
+void ConfigurarRejilla(Connection& centro, Retivo& rejilla, EstadoTutor& estado,
+                       std::int32_t tipo) {
   rejilla.Clear();
-  const auto valores = Centro().Execute(Sql(
+  const auto valores = centro.Execute(Sql(
       "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=3 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})",
       tipo));
   if (!valores.Eof()) estado.strTutorColumna[0] = valores.Fields("nombre").Text();
@@ -58,32 +58,33 @@ std::string SentenciaObservaciones(const DatosPasoUno& seleccion, bool sinExcepc
       seleccion.seccion, seleccion.curso, seleccion.evaluacion, verdadero, seleccion.tipo);
 }
 
-void LlenarObservaciones(ComboBox& cboObservacion, const std::string& sentencia) {
+void LlenarObservaciones(Connection& centro, ComboBox& cboObservacion,
+                         const std::string& sentencia) {
   cboObservacion.Clear();
-  auto notas = Centro().Execute(sentencia);
+  auto notas = centro.Execute(sentencia);
   cboObservacion.AddItem(" ", 0);
   for (; !notas.Eof(); notas.MoveNext())
     cboObservacion.AddItem(notas.Fields("DescripcionCorta").Text(), notas.Fields("IDNota").Long());
 }
 
-void LlenarPanelTutor(const PanelTutor& panel, EstadoTutor& estado, const DatosPasoUno& seleccion,
-                      bool cargando) {
-  ConfigurarRejilla(panel.rtvNotasTutor, estado, seleccion.tipo);
+void LlenarPanelTutor(Connection& centro, const PanelTutor& panel, EstadoTutor& estado,
+                      const DatosPasoUno& seleccion, bool cargando) {
+  ConfigurarRejilla(centro, panel.rtvNotasTutor, estado, seleccion.tipo);
   panel.cboObservacion.Clear();
   panel.fraObservacion.Visible(false);
-  auto tipos = Centro().Execute(Sql(
+  auto tipos = centro.Execute(Sql(
       "SELECT IDTipoNota, Nombre, Orden FROM TipoNota WHERE Abreviatura=0 AND CodTipoMateria IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})) ORDER BY Orden",
       seleccion.tipo));
   if (cargando) PrepararAnchos(estado.intAnchosTutor, tipos);
   for (; !tipos.Eof(); tipos.MoveNext()) {
     const auto nombre = tipos.Fields("Nombre").Text();
-    const auto clase = Centro().Execute(Sql(
+    const auto clase = centro.Execute(Sql(
         "SELECT CodEspecificartipoMateria FROM TipoMateria WHERE IDTipoMateria IN (SELECT CodTipoMateria FROM TipoNota WHERE IDTipoNota={})",
         tipos.Fields("IDTipoNota").Long()));
     if (clase.Fields("CodEspecificartipoMateria").Long() == ClaseMateria::kObservacion) {
       panel.fraObservacion.Visible(true);
       panel.lblObservacion.Caption(nombre);
-      LlenarObservaciones(panel.cboObservacion, SentenciaObservaciones(seleccion, false));
+      LlenarObservaciones(centro, panel.cboObservacion, SentenciaObservaciones(seleccion, false));
     } else {
       PonerColumna(panel.rtvNotasTutor, estado, tipos.Fields("Orden").Long(), nombre);
     }
@@ -94,14 +95,14 @@ void LlenarPanelTutor(const PanelTutor& panel, EstadoTutor& estado, const DatosP
     estado.intAnchosTutor.Restaurar(panel.rtvNotasTutor, cargando);
 }
 
-void LlenarCeldaTutor(Retivo& rtvNotasTutor, const DatosPasoUno& seleccion) {
+void LlenarCeldaTutor(Connection& centro, Retivo& rtvNotasTutor, const DatosPasoUno& seleccion) {
   const auto columna = rtvNotasTutor.Col();
   const auto ultima = rtvNotasTutor.Cols() - 1;
   if (columna == ultima || rtvNotasTutor.Row() == 0 || columna == 0) return;
   rtvNotasTutor.ListaLimpiar(columna);
   rtvNotasTutor.ListaAnadir(columna, " ", 0);
   const auto& clave = rtvNotasTutor.TextMatrix(rtvNotasTutor.Row(), ultima);
-  auto notas = Centro().Execute(
+  auto notas = centro.Execute(
       Sql("SELECT IDNota, DescripcionCorta FROM Nota WHERE NotaExcepcional=0 AND (CodModelo=0 OR CodModelo IN (SELECT CodModelo FROM Seccion WHERE IDSeccion={})) AND (CodCurso=0 OR CodCurso={}) AND (CodNumevaluacion=0 OR CodNumEvaluacion={}) AND (CodMateria=0 OR CodMateria=",
           seleccion.seccion, seleccion.curso, seleccion.evaluacion) +
       clave +

@@ -9,6 +9,7 @@
 namespace quorvane {
 
 class ComboBox;
+class Connection;
 class Frame;
 class Label;
 class Retivo;
@@ -34,18 +35,19 @@ struct EstadoTutor {
 /// `cargando` while the form is loading, when the widths are taken from the grid and not given
 /// back. Error 381 for a kind of grade whose `Orden` is off the grid, 3021 for one whose kind of
 /// subject is gone.
-void LlenarPanelTutor(const PanelTutor& panel, EstadoTutor& estado, const DatosPasoUno& seleccion,
-                      bool cargando);
+void LlenarPanelTutor(Connection& centro, const PanelTutor& panel, EstadoTutor& estado,
+                      const DatosPasoUno& seleccion, bool cargando);
 
 /// Lists for the cell of the tutor's grid that is about to be edited. Nothing happens in row 0, in
 /// the first and in the last column.
-void LlenarCeldaTutor(Retivo& rtvNotasTutor, const DatosPasoUno& seleccion);
+void LlenarCeldaTutor(Connection& centro, Retivo& rtvNotasTutor, const DatosPasoUno& seleccion);
 
 /// What the grades of the observation are read with; `sinExcepcionales` leaves exceptional ones
 /// out.
 std::string SentenciaObservaciones(const DatosPasoUno& seleccion, bool sinExcepcionales);
 
 /// Fills the list of the observation: a blank entry, then the grades that the statement gives.
-void LlenarObservaciones(ComboBox& cboObservacion, const std::string& sentencia);
+void LlenarObservaciones(Connection& centro, ComboBox& cboObservacion,
+                         const std::string& sentencia);
 
 }  // namespace quorvane

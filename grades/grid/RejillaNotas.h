@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/dialog/FormularioNotas.h"
 #include "grades/grid/CeldaNotas.h"
@@ -63,7 +64,8 @@ void MostrarRejillaTutor(F& form, std::int32_t ancho) {
 template <FormularioNotas F>
 void AnchosDeEscala(F& form, std::int32_t tipo) {
   if (form.blnCargando) {
-    LeerEscala(form.rtvNotasAlumno, TiposDeNota(tipo), form.intAnchosAlumno, form.strColumna);
+    LeerEscala(form.rtvNotasAlumno, TiposDeNota(Centro(), tipo), form.intAnchosAlumno,
+               form.strColumna);
     form.GuardarAnchosAlumno(true);
   } else {
     form.RestaurarAnchosAlumno();
@@ -99,7 +101,7 @@ void OfrecerNotas(F& form, const cMateria& materia) {
   const auto columna = rejilla.Col();
   rejilla.ListaLimpiar(columna);
   rejilla.ListaAnadir(columna, " ", 0);
-  LlenarLista(rejilla, columna, SentenciaCelda(form.PasoUno(), columna, materia), form);
+  LlenarLista(Centro(), rejilla, columna, SentenciaCelda(form.PasoUno(), columna, materia), form);
 }
 
 /// The edit that has ended was of a grade.
@@ -113,7 +115,8 @@ bool NotaEditada(const F& form) {
 /// The tutor's pane: fills it as `LlenarPanelTutor` says.
 template <FormularioNotas F>
 void LlenarTutor(F& form) {
-  LlenarPanelTutor({.rtvNotasTutor = form.rtvNotasTutor,
+  LlenarPanelTutor(Centro(),
+                   {.rtvNotasTutor = form.rtvNotasTutor,
                     .fraObservacion = form.fraObservacion[0],
                     .lblObservacion = form.lblNotaManual[1],
                     .cboObservacion = form.cboObservacion},

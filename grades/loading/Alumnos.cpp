@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "platform/RuntimeError.h"
@@ -11,21 +10,21 @@
 
 namespace quorvane {
 
-Recordset AlumnosDeSeccion(std::int32_t seccion) {
-  return Centro().Execute(Sql(
+Recordset AlumnosDeSeccion(Connection& centro, std::int32_t seccion) {
+  return centro.Execute(Sql(
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} ORDER BY OrdenSeccion",
       seccion));
 }
 
-Recordset AlumnosDeProfesor(std::int32_t seccion, std::int32_t evaluacion,
+Recordset AlumnosDeProfesor(Connection& centro, std::int32_t seccion, std::int32_t evaluacion,
                             std::int16_t gIDPersonal) {
-  return Centro().Execute(Sql(
+  return centro.Execute(Sql(
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE Anticipado = 0 AND (FechaBaja='' OR FechaBaja IS NULL) AND codSeccion={} AND IDAlumno IN (SELECT DISTINCT CodAlumno FROM AlumnoPte_MatDet INNER JOIN EvaluacionPte ON AlumnoPte_MatDet.idAlumnoPte_MatDet=EvaluacionPte.codAlumnoPte_MatDet WHERE codNumEvaluacion={} AND CodMatDet IN (SELECT codMatdet FROM profesor_pte WHERE CodProfesor={})) ORDER BY OrdenSeccion",
       seccion, evaluacion, gIDPersonal));
 }
 
-Recordset AlumnoElegido(std::int32_t idAlumno) {
-  return Centro().Execute(Sql(
+Recordset AlumnoElegido(Connection& centro, std::int32_t idAlumno) {
+  return centro.Execute(Sql(
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre FROM Alumno WHERE IDAlumno={}",
       idAlumno));
 }
@@ -38,8 +37,8 @@ void AnadirAlumno(Collection<cAlumno>& colAlumnos, const Recordset& fila) {
   colAlumnos.Add(std::move(alumno), clave);
 }
 
-std::string AlumnoConOrden(std::int32_t idAlumno) {
-  const auto recordset = Centro().Execute(Sql(
+std::string AlumnoConOrden(Connection& centro, std::int32_t idAlumno) {
+  const auto recordset = centro.Execute(Sql(
       "SELECT IDAlumno, Ltrim(Rtrim(Apellido_1 + ' ' + Apellido_2)) + ', ' + Nombre AS Nombre, OrdenSeccion FROM Alumno WHERE IDAlumno={}",
       idAlumno));
   const auto orden = recordset.Fields("OrdenSeccion").Text();
@@ -49,5 +48,9 @@ std::string AlumnoConOrden(std::int32_t idAlumno) {
 void SinMiembro(const cAlumno& /*alumno*/) { throw RuntimeError(ErrorNumber::MissingMember); }
 
 bool VeLaSeccion(bool blnTutor) { return cConfiguracion::Instancia().intIDPerfil == 0 || blnTutor; }
+
+bool PuedeCalificar(const DatosPasoUno& pasoUno) {
+  return pasoUno.gIDPersonal != 0 || cConfiguracion::Instancia().intIDPerfil <= 0;
+}
 
 }  // namespace quorvane

@@ -10,18 +10,18 @@
 
 namespace quorvane {
 
-Recordset AlumnosVisibles(const DatosPasoUno& pasoUno, bool blnTutor) {
-  if (VeLaSeccion(blnTutor)) return AlumnosDeSeccion(pasoUno.seccion);
+Recordset AlumnosVisibles(Connection& centro, const DatosPasoUno& pasoUno, bool blnTutor) {
+  if (VeLaSeccion(blnTutor)) return AlumnosDeSeccion(centro, pasoUno.seccion);
   if (pasoUno.gIDPersonal > 0)
-    return AlumnosDeProfesor(pasoUno.seccion, pasoUno.evaluacion, pasoUno.gIDPersonal);
+    return AlumnosDeProfesor(centro, pasoUno.seccion, pasoUno.evaluacion, pasoUno.gIDPersonal);
   return {};
 }
 
-std::optional<Recordset> MateriasVisibles(std::int32_t idAlumno, const DatosPasoUno& pasoUno,
-                                          bool blnTutor) {
-  if (VeLaSeccion(blnTutor)) return MateriasDeAlumno(idAlumno, pasoUno.evaluacion);
+std::optional<Recordset> MateriasVisibles(Connection& centro, std::int32_t idAlumno,
+                                          const DatosPasoUno& pasoUno, bool blnTutor) {
+  if (VeLaSeccion(blnTutor)) return MateriasDeAlumno(centro, idAlumno, pasoUno.evaluacion);
   if (pasoUno.gIDPersonal >= 1)
-    return MateriasDeProfesor(idAlumno, pasoUno.evaluacion, pasoUno.gIDPersonal);
+    return MateriasDeProfesor(centro, idAlumno, pasoUno.evaluacion, pasoUno.gIDPersonal);
   return std::nullopt;
 }
 
@@ -34,23 +34,25 @@ std::shared_ptr<cMateria> NuevaMateria(const Recordset& fila, std::int32_t idMat
   return materia;
 }
 
-void CargarNotasDeClase(cMateria& materia, std::int32_t clase, std::int32_t evaluacion) {
+void CargarNotasDeClase(Connection& centro, cMateria& materia, std::int32_t clase,
+                        std::int32_t evaluacion) {
   materia.Fct = ClaseMateria::CuentaComoFct(clase);
   if (materia.Fct) return;
-  LeerNotas(materia, evaluacion);
+  LeerNotas(centro, materia, evaluacion);
   // The answer isn't used, but a grade that is gone ends the load here.
-  if (materia.Nota > 0) static_cast<void>(NotaAprobada(materia.Nota));
+  if (materia.Nota > 0) static_cast<void>(NotaAprobada(centro, materia.Nota));
 }
 
-DetallesMateria DetallesDeClase(const Recordset& fila, std::int32_t codMatDet, std::int32_t clase) {
-  if (!ClaseMateria::CuentaComoFct(clase)) return LeerDetalles(codMatDet);
+DetallesMateria DetallesDeClase(Connection& centro, const Recordset& fila, std::int32_t codMatDet,
+                                std::int32_t clase) {
+  if (!ClaseMateria::CuentaComoFct(clase)) return LeerDetalles(centro, codMatDet);
   // A pending row has no such column: subjects of these kinds can't be loaded here.
-  return LeerDetalles(fila.Fields("CodMateriaDetalles").Long());
+  return LeerDetalles(centro, fila.Fields("CodMateriaDetalles").Long());
 }
 
-void AnadirMateria(cAlumno& alumno, std::shared_ptr<cMateria> materia,
+void AnadirMateria(Connection& centro, cAlumno& alumno, std::shared_ptr<cMateria> materia,
                    const DetallesMateria& detalles) {
-  TomarDetalles(*materia, detalles);
+  TomarDetalles(centro, *materia, detalles);
   const auto clave = Key(materia->IDMatDetalle);
   alumno.colMateria.Add(std::move(materia), clave);
 }

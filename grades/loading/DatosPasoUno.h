@@ -18,8 +18,8 @@ struct DatosPasoUno {
   bool blnRecuperar = false;
 };
 
-/// The selection of a step-one form. Error 381 while one
-/// of the combo boxes has no selected entry.
+/// The selection of a step-one form. Error 381 while one of the combo boxes has no selected
+/// entry.
 template <FormularioPasoUno F>
 DatosPasoUno DatosPasoUnoDe(const F& pasoUno) {
   DatosPasoUno seleccion;

@@ -8,29 +8,31 @@
 
 namespace quorvane {
 
+class Connection;
 class cMateria;
 
 // The pending subjects of a student in an ordinary evaluation, without those that any form has
 // locked.
 
 /// Those of a teacher.
-Recordset MateriasDeProfesor(std::int32_t idAlumno, std::int32_t evaluacion,
+Recordset MateriasDeProfesor(Connection& centro, std::int32_t idAlumno, std::int32_t evaluacion,
                              std::int16_t gIDPersonal);
 
 /// All of them.
-Recordset MateriasDeAlumno(std::int32_t idAlumno, std::int32_t evaluacion);
+Recordset MateriasDeAlumno(Connection& centro, std::int32_t idAlumno, std::int32_t evaluacion);
 
 /// That one alone.
-Recordset MateriaDeAlumno(std::int32_t idAlumno, std::int32_t codMatDet, std::int32_t evaluacion);
+Recordset MateriaDeAlumno(Connection& centro, std::int32_t idAlumno, std::int32_t codMatDet,
+                          std::int32_t evaluacion);
 
 /// The kind of a subject, as `ClaseMateria` names them. None when it is gone from the school's
 /// subjects.
-std::optional<std::int32_t> ClaseDeMateria(std::int32_t codMatDet);
+std::optional<std::int32_t> ClaseDeMateria(Connection& centro, std::int32_t codMatDet);
 
 /// Deletes the grades of a pending row whose subject is gone: the first part of its purge.
-void BorrarNotas(std::int32_t idAlumnoPteMatDet);
+void BorrarNotas(Connection& centro, std::int32_t idAlumnoPteMatDet);
 /// The whole purge: the grades, then the row.
-void PurgarMateria(std::int32_t idAlumnoPteMatDet);
+void PurgarMateria(Connection& centro, std::int32_t idAlumnoPteMatDet);
 
 /// The row of `MateriaDetalles`: the subject as it was taught in a section of an earlier course.
 struct DetallesMateria {
@@ -42,19 +44,19 @@ struct DetallesMateria {
 
 /// Error 3021 when it is gone, 6 for a section beyond 16 bits. Without `conProfesores` the teachers
 /// stay 0, whatever the row says.
-DetallesMateria LeerDetalles(std::int32_t codMatDet, bool conProfesores = true);
+DetallesMateria LeerDetalles(Connection& centro, std::int32_t codMatDet, bool conProfesores = true);
 
 /// How lists name a subject: "{subject} ({course})", the course by the section. Error 3021 when
 /// one of them is gone.
-std::string NombreMateria(const DetallesMateria& detalles);
+std::string NombreMateria(Connection& centro, const DetallesMateria& detalles);
 
 /// Takes ids, teachers and name from the subject as it was taught. Errors as `NombreMateria`.
-void TomarDetalles(cMateria& materia, const DetallesMateria& detalles);
+void TomarDetalles(Connection& centro, cMateria& materia, const DetallesMateria& detalles);
 
 /// Whether the grade passes. Error 3021 when it is gone.
-bool NotaAprobada(std::int32_t idNota);
+bool NotaAprobada(Connection& centro, std::int32_t idNota);
 
 /// The name of the tutor's observation in that type of teaching; none without such a kind.
-std::optional<std::string> NombreObservacion(std::int32_t tipo);
+std::optional<std::string> NombreObservacion(Connection& centro, std::int32_t tipo);
 
 }  // namespace quorvane

@@ -1,26 +1,26 @@
 #include "grades/loading/Objetivos.h"
 
-#include "frame/Conexiones.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 
 namespace quorvane {
 
-Recordset LeerObjetivos(std::int32_t evaluacion, std::int32_t idAlumno, std::int32_t codMateria) {
-  return Centro().Execute(Sql(
+Recordset LeerObjetivos(Connection& centro, std::int32_t evaluacion, std::int32_t idAlumno,
+                        std::int32_t codMateria) {
+  return centro.Execute(Sql(
       "SELECT * FROM Alumno_MateriaDetalles WHERE CodNumEvaluacion={} AND CodAlumno={} AND CodMateriaDetallesAsociada > 0 AND (CodMateriaDetallesAsociada IN (SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={})) ORDER BY CodAlumno, CodMateriaDetallesAsociada, Orden",
       evaluacion, idAlumno, codMateria));
 }
 
-Recordset LeerColumnasDeObjetivos(std::int32_t evaluacion, std::int32_t idAlumno,
-                                  std::int32_t codMateria) {
-  return Centro().Execute(Sql(
+Recordset LeerColumnasDeObjetivos(Connection& centro, std::int32_t evaluacion,
+                                  std::int32_t idAlumno, std::int32_t codMateria) {
+  return centro.Execute(Sql(
       "SELECT IDAlumno_MateriaDetalles, CodMateriaDetalles, CodMateriaDetallesAsociada, Orden FROM Alumno_MateriaDetalles WHERE CodNumEvaluacion={} AND CodAlumno={} AND CodMateriaDetallesAsociada > 0 AND (CodMateriaDetallesAsociada IN (SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={})) ORDER BY CodAlumno, CodMateriaDetallesAsociada, Orden",
       evaluacion, idAlumno, codMateria));
 }
 
-void RecorrerObjetivos(Recordset objetivos, std::int32_t evaluacion, bool recuperar) {
-  auto& centro = Centro();
+void RecorrerObjetivos(Connection& centro, Recordset objetivos, std::int32_t evaluacion,
+                       bool recuperar) {
   std::int32_t anterior = 0;
   for (; !objetivos.Eof(); objetivos.MoveNext()) {
     const auto codMateriaDetalles = objetivos.Fields("CodMateriaDetalles").Long();

@@ -37,8 +37,8 @@ void Publicacion::InsertarPublicacion(std::int16_t gIDPersonal, std::int32_t eva
   // Asked for nothing, but without the host's component no publication is written.
   const auto api = Application::Instance().Objects().Create<CentroApi>(CentroApi::kProgId);
   InsertarConIntentos(kErrorInsertar, [this, gIDPersonal, evaluacion] {
-    const auto id =
-        SiguienteId(Centro(), Sql("SELECT MAX(idpublicacionpte) FROM [publicacionpte]"));
+    const auto id = ObtenerSiguienteId(Centro(), cConfiguracion::Instancia().conLocalBorradoCentro,
+                                       Sql("SELECT MAX(idpublicacionpte) FROM [publicacionpte]"));
     Centro().Execute(Sql("INSERT INTO Publicacionpte  VALUES ({},{},{},4,{})", id, gIDPersonal,
                          Usuario(), evaluacion));
     IDPublicacion = id;

@@ -38,8 +38,7 @@ class Publicacion {
 
   /// What `Form_Unload` of each grade form begins with, however the form closes: tells the host,
   /// deletes the publication, and runs `BorrarPublicacion`. Without a publication the statements
-  /// run with key 0. Error 6 for a section or evaluation
-  /// that the host's 16 bits can't hold.
+  /// run with key 0. Error 6 for a section or evaluation that the host's 16 bits can't hold.
   void Devolver(std::int32_t seccion, std::int32_t evaluacion) const;
 };
 

@@ -1,6 +1,7 @@
 #include "grades/saving/EvaluacionesPosteriores.h"
 
 #include "frame/Conexiones.h"
+#include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "grades/saving/Intentos.h"
 #include "platform/data/Connection.h"
@@ -10,6 +11,8 @@
 
 namespace quorvane {
 namespace {
+
+Connection* Borrado() { return cConfiguracion::Instancia().conLocalBorradoCentro; }
 
 /// `IDMateriaDetalles` of a subject in a section.
 std::int32_t DetalleDe(Connection& centro, std::int32_t materia, std::int32_t seccion) {
@@ -30,7 +33,7 @@ void ApuntarAlumno(Connection& centro, std::int32_t alumno, std::int32_t evaluac
            .Eof())
     return;
   InsertarConIntentos(textos.mensaje, [&] {
-    const auto id = SiguienteId(centro, Sql(textos.maximaInscripcion));
+    const auto id = ObtenerSiguienteId(centro, Borrado(), Sql(textos.maximaInscripcion));
     centro.Execute(Sql("INSERT INTO Alumno_NumEvaluacion VALUES ({},{},{},0,0,0,0,0,0)", id, alumno,
                        evaluacion));
     return 0;
@@ -65,13 +68,13 @@ void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, 
 
   std::int32_t idObjetivo = 0;
   InsertarConIntentos(textos.mensaje, [&] {
-    idObjetivo = SiguienteId(centro, Sql(textos.maximoObjetivo));
+    idObjetivo = ObtenerSiguienteId(centro, Borrado(), Sql(textos.maximoObjetivo));
     centro.Execute(Sql("INSERT INTO Alumno_MateriaDetalles VALUES ({},{},{},{},{},{},-1,0)",
                        idObjetivo, alumno, detalle, asociada, siguiente, orden));
     return 0;
   });
   InsertarConIntentos(textos.mensaje, [&] {
-    const auto id = SiguienteId(centro, Sql(textos.maximasNotas));
+    const auto id = ObtenerSiguienteId(centro, Borrado(), Sql(textos.maximasNotas));
     centro.Execute(Sql(textos.insertarNotas, id, idObjetivo, siguiente));
     return 0;
   });

@@ -14,7 +14,7 @@ namespace quorvane {
 
 /// What differs between the forms in adding.
 struct TextosAnadir {
-  // The largest keys of the rows that it adds, as `SiguienteId` asks for them.
+  // The largest keys of the rows that it adds, as `ObtenerSiguienteId` asks for them.
   SqlText<0> maximaInscripcion =
       "SELECT MAX(IDAlumno_NumEvaluacion) AS IDMax FROM [Alumno_NumEvaluacion]";
   SqlText<0> maximoObjetivo =

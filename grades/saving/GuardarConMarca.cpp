@@ -1,6 +1,5 @@
 #include "grades/saving/GuardarConMarca.h"
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/MateriasPendientes.h"
@@ -8,19 +7,20 @@
 
 namespace quorvane {
 
-void GuardarConMarca(const cMateria& materia, std::int32_t evaluacion, SqlText<2> marcar) {
-  auto& centro = Centro();
+void GuardarConMarca(Connection& centro, const cMateria& materia, std::int32_t evaluacion,
+                     SqlText<2> marcar) {
   const auto verdadero = cConfiguracion::Instancia().NumeroVerdadero();
   const auto id = materia.CodAlumno_MateriaDetalles;
   const auto evaluado = materia.Nota > 0;
   if (evaluado) {
     // Whether it passes changes nothing, but a grade that is gone ends the saving here.
-    static_cast<void>(NotaAprobada(materia.Nota));
+    static_cast<void>(NotaAprobada(centro, materia.Nota));
     GuardarNotas(
+        centro,
         "UPDATE EvaluacionPte SET Evaluado=-1,CodNota={},CodNotaActitud={}, CodNotaObservacion={},CodNotaConcepto={},CodNotaProcedimiento={} WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet = {}",
         materia, evaluacion);
   } else {
-    GuardarSinNota(materia, evaluacion);
+    GuardarSinNota(centro, materia, evaluacion);
   }
   const auto posterior = centro.Execute(Sql(
       "SELECT IDEvaluacionPte FROM EvaluacionPte WHERE UltimaEvaluada={} AND CodNumEvaluacion > {} AND CodAlumnoPte_MatDet = {}",

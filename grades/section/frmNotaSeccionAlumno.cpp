@@ -34,7 +34,7 @@ void frmNotaSeccionAlumno::Form_Load() {
   }
   Vaciar(*this, paso.seccion);
   ConfigurarRejillas();
-  auto alumnos = AlumnosVisibles(paso, blnTutor);
+  auto alumnos = AlumnosVisibles(Centro(), paso, blnTutor);
   if (alumnos.IsOpen())
     for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
 }
@@ -44,7 +44,7 @@ void frmNotaSeccionAlumno::Form_Activate() {
   CargarNotas();
   LlenarRecorrido(*this);
   DejarActuar(*this);
-  if (colAlumnos.Count() == 0 || SinNadaQueCalificar(PasoUno())) {
+  if (colAlumnos.Count() == 0 || !PuedeCalificar(PasoUno())) {
     BeepAndMessage("No existen alumnos o materias para introducir sus notas",
                    MessageIcon::Information);
     cmdCancelar_Click();
@@ -84,8 +84,9 @@ void frmNotaSeccionAlumno::tabNotaManual_Click() { MostrarPanel(tabNotaManual, f
 
 void frmNotaSeccionAlumno::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno) {
   const auto paso = PasoUno();
-  RecorrerObjetivos(LeerColumnasDeObjetivos(paso.evaluacion, idAlumno, codMateria), paso.evaluacion,
-                    paso.blnRecuperar);
+  RecorrerObjetivos(Centro(),
+                    LeerColumnasDeObjetivos(Centro(), paso.evaluacion, idAlumno, codMateria),
+                    paso.evaluacion, paso.blnRecuperar);
 }
 
 void frmNotaSeccionAlumno::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,

@@ -1,6 +1,7 @@
 // The grades of `frmNotaSeccionAlumno`: from the database into its objects when it opens, and back
 // when it saves.
 #include "frame/ClaseMateria.h"
+#include "frame/Conexiones.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/Alumnos.h"
 #include "grades/loading/CargaNotas.h"
@@ -16,11 +17,11 @@ namespace {
 
 /// The chosen subject, or all that the student owes of a teacher's; nothing for one who grades
 /// none.
-std::optional<Recordset> MateriasDe(std::int32_t idAlumno, const DatosPasoUno& pasoUno,
-                                    bool blnTutor) {
-  if (!VeLaSeccion(blnTutor)) return MateriasVisibles(idAlumno, pasoUno, blnTutor);
+std::optional<Recordset> MateriasDe(Connection& centro, std::int32_t idAlumno,
+                                    const DatosPasoUno& pasoUno, bool blnTutor) {
+  if (!VeLaSeccion(blnTutor)) return MateriasVisibles(centro, idAlumno, pasoUno, blnTutor);
   const auto elegida = FormInstance<frmNotaSeccionAlumno1>::Get().cboMateria.SelectedData();
-  return MateriaDeAlumno(idAlumno, elegida, pasoUno.evaluacion);
+  return MateriaDeAlumno(centro, idAlumno, elegida, pasoUno.evaluacion);
 }
 
 }  // namespace
@@ -29,10 +30,10 @@ void frmNotaSeccionAlumno::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot()) {
     std::vector<std::int32_t> perdidas;
-    if (auto filas = MateriasDe(alumno->IDAlumno, PasoUno(), blnTutor))
+    if (auto filas = MateriasDe(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       perdidas = CargarMaterias(*alumno, *filas);
     if (alumno->colMateria.Count() == 0) colAlumnos.Remove(Key(alumno->IDAlumno));
-    for (const auto id : perdidas) PurgarMateria(id);
+    for (const auto id : perdidas) PurgarMateria(Centro(), id);
   }
   CerrarLista(strMateriasBloqueo);
 }
@@ -40,7 +41,7 @@ void frmNotaSeccionAlumno::CargarNotas() {
 std::vector<std::int32_t> frmNotaSeccionAlumno::CargarMaterias(cAlumno& alumno, Recordset& filas) {
   std::vector<std::int32_t> perdidas;
   for (; !filas.Eof(); filas.MoveNext()) {
-    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
+    const auto clase = ClaseDeMateria(Centro(), filas.Fields("CodMatDet").Long());
     if (!clase)
       perdidas.push_back(filas.Fields("IDAlumnoPte_MatDet").Long());
     else if (ClaseMateria::SeCalifica(*clase))
@@ -54,9 +55,9 @@ void frmNotaSeccionAlumno::CargarMateria(cAlumno& alumno, const Recordset& fila,
   const auto codMatDet = fila.Fields("codMatdet").Long();
   AnotarMateria(strMateriasBloqueo, codMatDet);
   auto materia = NuevaMateria(fila, codMatDet);
-  CargarNotasDeClase(*materia, clase, PasoUno().evaluacion);
+  CargarNotasDeClase(Centro(), *materia, clase, PasoUno().evaluacion);
   // By the subject for every kind: this form can load work centres.
-  AnadirMateria(alumno, std::move(materia), LeerDetalles(codMatDet));
+  AnadirMateria(Centro(), alumno, std::move(materia), LeerDetalles(Centro(), codMatDet));
 }
 
 void frmNotaSeccionAlumno::cmdAceptar_Click() {
@@ -65,7 +66,7 @@ void frmNotaSeccionAlumno::cmdAceptar_Click() {
     for (const auto& alumno : colAlumnos)
       for (const auto& materia : alumno->colMateria)
         GuardarConMarca(
-            *materia, PasoUno().evaluacion,
+            Centro(), *materia, PasoUno().evaluacion,
             "UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet ={}");
   Pantalla().MousePointer(Pointer::Default);
   cmdCancelar_Click();

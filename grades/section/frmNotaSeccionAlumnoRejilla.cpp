@@ -1,4 +1,5 @@
 // The grids of `frmNotaSeccionAlumno`: what they show of the student, and the edit of their cells.
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
@@ -16,13 +17,13 @@ void frmNotaSeccionAlumno::ConfigurarRejillas() {
 void frmNotaSeccionAlumno::ConfigurarColumnas() {
   rtvNotasAlumno.Clear();
   const auto paso = PasoUno();
-  strColumna[0] = TituloMaterias(paso.tipo);
+  strColumna[0] = TituloMaterias(Centro(), paso.tipo);
   // Not the kept headings: where the scale isn't read anew, these stand.
   const Titulos titulos{strColumna[0],   "Nota",    "Concepto",
                         "Procedimiento", "Actitud", "Observacion"};
   PrepararColumnas(rtvNotasAlumno, kColumnasPorAlumno, kAnchoMateria, titulos);
   AnchosDeEscala(*this, paso.tipo);
-  LlenarFilas(rtvNotasAlumno, AlumnoActual(*this), paso.blnRecuperar);
+  LlenarFilas(Centro(), rtvNotasAlumno, AlumnoActual(*this), paso.blnRecuperar);
   RecolocarColumnas(*this, kAnchoMateria);
 }
 
@@ -73,7 +74,7 @@ void frmNotaSeccionAlumno::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(
 
 void frmNotaSeccionAlumno::rtvNotasTutor_InicioEdicion() {
   RestaurarAnchosTutor();
-  if (blnEdicionActiva) LlenarCeldaTutor(rtvNotasTutor, PasoUno());
+  if (blnEdicionActiva) LlenarCeldaTutor(Centro(), rtvNotasTutor, PasoUno());
 }
 
 void frmNotaSeccionAlumno::rtvNotasTutor_FinEdicion() {

@@ -36,7 +36,7 @@ void frmNotaSeccionMateria::Form_Load() {
   Vaciar(*this, paso.seccion);
   ConfigurarRejillas();
   auto alumnos =
-      AlumnoElegido(FormInstance<frmNotaSeccionMateria1>::Get().cboAlumno.SelectedData());
+      AlumnoElegido(Centro(), FormInstance<frmNotaSeccionMateria1>::Get().cboAlumno.SelectedData());
   for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
   const auto nombres = Centro().Execute(Sql(
       "SELECT Nombre FROM TipoMateria WHERE CodEspecificarTipoMateria=5 AND CodSistemaCalificacion IN (SELECT IDSistemaCalificacion FROM SistemaCalificacion WHERE CodTipoEnsenanza={})",
@@ -49,7 +49,7 @@ void frmNotaSeccionMateria::Form_Activate() {
   CargarNotas();
   DejarActuar(*this);
   if (PasoUno().blnRecuperar) OcultarTutoria(*this);
-  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || SinNadaQueCalificar(PasoUno())) {
+  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || !PuedeCalificar(PasoUno())) {
     if (!blnConPublicacion)
       BeepAndMessage("No existen alumnos o materias para calificar", MessageIcon::Information);
     cmdCancelar_Click();
@@ -89,7 +89,7 @@ void frmNotaSeccionMateria::tabNotaManual_Click() { MostrarPanel(tabNotaManual, 
 
 void frmNotaSeccionMateria::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno) {
   const auto paso = PasoUno();
-  static_cast<void>(LeerObjetivos(paso.evaluacion, idAlumno, codMateria));
+  static_cast<void>(LeerObjetivos(Centro(), paso.evaluacion, idAlumno, codMateria));
 }
 
 void frmNotaSeccionMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,

@@ -1,6 +1,7 @@
 // The grades of `frmNotaSeccionMateria`: from the database into its objects when it opens, and back
 // when it saves.
 #include "frame/ClaseMateria.h"
+#include "frame/Conexiones.h"
 #include "grades/dialog/TrabajoNotas.h"
 #include "grades/loading/CargaNotas.h"
 #include "grades/loading/MateriasPendientes.h"
@@ -14,7 +15,7 @@ namespace quorvane {
 void frmNotaSeccionMateria::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot()) {
-    if (auto filas = MateriasVisibles(alumno->IDAlumno, PasoUno(), blnTutor))
+    if (auto filas = MateriasVisibles(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       CargarMaterias(*alumno, *filas);
     if (alumno->colMateria.Count() == 0) colAlumnos.Remove(Key(alumno->IDAlumno));
   }
@@ -34,12 +35,12 @@ void frmNotaSeccionMateria::LlenarMaterias() {
 
 void frmNotaSeccionMateria::CargarMaterias(cAlumno& alumno, Recordset& filas) {
   while (!filas.Eof()) {
-    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
+    const auto clase = ClaseDeMateria(Centro(), filas.Fields("CodMatDet").Long());
     if (!clase) {
       // A pending row has no such column: the purge ends here, before it deletes anything.
       const auto id = filas.Fields("IDAlumnoPte_MateriaDetalles").Long();
       filas.MoveNext();
-      PurgarMateria(id);
+      PurgarMateria(Centro(), id);
       continue;
     }
     if (ClaseMateria::SeCalifica(*clase)) CargarMateria(alumno, filas, *clase);
@@ -58,7 +59,7 @@ void frmNotaSeccionMateria::cmdAceptar_Click() {
     for (const auto& alumno : colAlumnos)
       for (const auto& materia : alumno->colMateria)
         GuardarConMarca(
-            *materia, PasoUno().evaluacion,
+            Centro(), *materia, PasoUno().evaluacion,
             "UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet ={}");
   Pantalla().MousePointer(Pointer::Default);
   cmdCancelar_Click();

@@ -1,4 +1,5 @@
 // The grids of `frmNotaSeccionMateria`: what they show of the subject, and the edit of their cells.
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
@@ -62,7 +63,7 @@ void frmNotaSeccionMateria::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno
 
 void frmNotaSeccionMateria::rtvNotasTutor_InicioEdicion() {
   RestaurarAnchosTutor();
-  if (blnEdicionActiva) LlenarCeldaTutor(rtvNotasTutor, PasoUno());
+  if (blnEdicionActiva) LlenarCeldaTutor(Centro(), rtvNotasTutor, PasoUno());
 }
 
 void frmNotaSeccionMateria::rtvNotasTutor_FinEdicion() {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "platform/RuntimeError.h"
 
@@ -18,11 +19,11 @@ cMateria& MateriaDeFila(const Retivo& rejilla, const cAlumno& alumno) {
   throw RuntimeError(ErrorNumber::MissingMember);  // a subject has no `Objetivos`
 }
 
-void LlenarFilas(Retivo& rejilla, const cAlumno& alumno, bool sinNotas) {
+void LlenarFilas(Connection& centro, Retivo& rejilla, const cAlumno& alumno, bool sinNotas) {
   for (const auto& materia : alumno.colMateria) rejilla.AddItem(materia->Nombre);
   int fila = 1;
   for (const auto& materia : alumno.colMateria) {
-    if (!sinNotas) EscribirNotas(rejilla, fila, *materia);
+    if (!sinNotas) EscribirNotas(centro, rejilla, fila, *materia);
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(materia->IDMatDetalle));
     rejilla.TextMatrix(fila, rejilla.Cols() - 2, "0");
     ++fila;

@@ -2,10 +2,13 @@
 
 #include <cstdint>
 
+#include "frame/Conexiones.h"
 #include "grades/dialog/FormularioNotas.h"  // IWYU pragma: keep
 #include "grades/loading/Alumnos.h"
 
 namespace quorvane {
+
+class Connection;
 
 // The walk over students, with the subjects of each in the rows. Behind the grades a row has two
 // columns: the subject that it hangs from, "0" as a subject itself, and its key.
@@ -21,7 +24,7 @@ void LlenarRecorrido(F& form) {
   if (form.colAlumnos.Count() == 0) return;
   form.cboAlumnos.Clear();
   for (const auto& alumno : form.colAlumnos)
-    form.cboAlumnos.AddItem(AlumnoConOrden(alumno->IDAlumno), alumno->IDAlumno);
+    form.cboAlumnos.AddItem(AlumnoConOrden(Centro(), alumno->IDAlumno), alumno->IDAlumno);
   form.cboAlumnos.ListIndex(0);
 }
 
@@ -36,6 +39,6 @@ cAlumno& AlumnoActual(const F& form) {
 cMateria& MateriaDeFila(const Retivo& rejilla, const cAlumno& alumno);
 
 /// Adds a row for each subject of the student: its name, its grades unless `sinNotas`, its keys.
-void LlenarFilas(Retivo& rejilla, const cAlumno& alumno, bool sinNotas);
+void LlenarFilas(Connection& centro, Retivo& rejilla, const cAlumno& alumno, bool sinNotas);
 
 }  // namespace quorvane

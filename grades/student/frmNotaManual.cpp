@@ -37,10 +37,10 @@ void frmNotaManual::Form_Load() {
   }
   Vaciar(*this, paso.seccion);
   ConfigurarRejillas();
-  auto alumnos = AlumnosVisibles(paso, blnTutor);
+  auto alumnos = AlumnosVisibles(Centro(), paso, blnTutor);
   if (alumnos.IsOpen())
     for (; !alumnos.Eof(); alumnos.MoveNext()) AnadirAlumno(colAlumnos, alumnos);
-  if (const auto nombre = NombreObservacion(paso.tipo)) lblNotaManual[1].Caption(*nombre);
+  if (const auto nombre = NombreObservacion(Centro(), paso.tipo)) lblNotaManual[1].Caption(*nombre);
 }
 
 void frmNotaManual::Form_Activate() {
@@ -49,7 +49,7 @@ void frmNotaManual::Form_Activate() {
   LlenarRecorrido(*this);
   DejarActuar(*this);
   if (PasoUno().blnRecuperar) OcultarTutoria(*this);
-  if (colAlumnos.Count() == 0 || SinNadaQueCalificar(PasoUno())) {
+  if (colAlumnos.Count() == 0 || !PuedeCalificar(PasoUno())) {
     BeepAndMessage("No existen alumnos o materias para introducir notas", MessageIcon::Information);
     cmdCancelar_Click();
     return;
@@ -102,8 +102,8 @@ void frmNotaManual::tabNotaManual_Click() { MostrarPanel(tabNotaManual, fraNotaM
 
 void frmNotaManual::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno) {
   const auto paso = PasoUno();
-  RecorrerObjetivos(LeerObjetivos(paso.evaluacion, idAlumno, codMateria), paso.evaluacion,
-                    paso.blnRecuperar);
+  RecorrerObjetivos(Centro(), LeerObjetivos(Centro(), paso.evaluacion, idAlumno, codMateria),
+                    paso.evaluacion, paso.blnRecuperar);
 }
 
 void frmNotaManual::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,

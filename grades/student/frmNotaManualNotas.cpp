@@ -16,7 +16,7 @@ namespace quorvane {
 void frmNotaManual::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot()) {
-    if (auto filas = MateriasVisibles(alumno->IDAlumno, PasoUno(), blnTutor))
+    if (auto filas = MateriasVisibles(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       CargarMaterias(*alumno, *filas);
     if (alumno->colMateria.Count() == 0) colAlumnos.Remove(Key(alumno->IDAlumno));
   }
@@ -25,11 +25,11 @@ void frmNotaManual::CargarNotas() {
 
 void frmNotaManual::CargarMaterias(cAlumno& alumno, Recordset& filas) {
   while (!filas.Eof()) {
-    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
+    const auto clase = ClaseDeMateria(Centro(), filas.Fields("CodMatDet").Long());
     if (!clase) {
       const auto id = filas.Fields("IDAlumnoPte_MatDet").Long();
       filas.MoveNext();
-      PurgarMateria(id);
+      PurgarMateria(Centro(), id);
       continue;
     }
     if (ClaseMateria::SeCalifica(*clase)) CargarMateria(alumno, filas, *clase);
@@ -42,8 +42,9 @@ void frmNotaManual::CargarMateria(cAlumno& alumno, const Recordset& fila, std::i
   AnotarMateria(strMateriasBloqueo, codMatDet);
   // Keyed by the pending row: the other forms key by the subject.
   auto materia = NuevaMateria(fila, fila.Fields("IDAlumnoPte_MatDet").Long());
-  CargarNotasDeClase(*materia, clase, PasoUno().evaluacion);
-  AnadirMateria(alumno, std::move(materia), DetallesDeClase(fila, codMatDet, clase));
+  CargarNotasDeClase(Centro(), *materia, clase, PasoUno().evaluacion);
+  AnadirMateria(Centro(), alumno, std::move(materia),
+                DetallesDeClase(Centro(), fila, codMatDet, clase));
 }
 
 void frmNotaManual::cmdAceptar_Click() {
@@ -57,15 +58,17 @@ void frmNotaManual::cmdAceptar_Click() {
 
 void frmNotaManual::GuardarMateria(const cMateria& materia, std::int32_t evaluacion) const {
   if (materia.Nota <= 0) {
-    GuardarSinNota(materia, evaluacion);
+    GuardarSinNota(Centro(), materia, evaluacion);
     return;
   }
-  if (NotaAprobada(materia.Nota))
+  if (NotaAprobada(Centro(), materia.Nota))
     GuardarNotas(
+        Centro(),
         "UPDATE EvaluacionPte SET UltimaEvaluada=-1 ,Evaluado=-1,CodNota={},CodNotaActitud={}, CodNotaObservacion={},CodNotaConcepto={},CodNotaProcedimiento={} WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet = {}",
         materia, evaluacion);
   else
     GuardarNotas(
+        Centro(),
         "UPDATE EvaluacionPte SET UltimaEvaluada=-1, Evaluado=-1,CodNota={},CodNotaActitud={}, CodNotaObservacion={},CodNotaConcepto={},CodNotaProcedimiento={} WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet = {}",
         materia, evaluacion);
   // Whatever later evaluation had the mark: this form takes it.

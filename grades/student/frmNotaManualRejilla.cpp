@@ -1,4 +1,5 @@
 // The grids of `frmNotaManual`: what they show of the student, and the edit of their cells.
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
@@ -15,10 +16,10 @@ void frmNotaManual::ConfigurarRejillas() {
 void frmNotaManual::ConfigurarColumnas() {
   rtvNotasAlumno.Clear();
   const auto paso = PasoUno();
-  strColumna[0] = TituloMaterias(paso.tipo);
+  strColumna[0] = TituloMaterias(Centro(), paso.tipo);
   PrepararColumnas(rtvNotasAlumno, kColumnasPorAlumno, kAnchoMateria, strColumna);
   AnchosDeEscala(*this, paso.tipo);
-  LlenarFilas(rtvNotasAlumno, AlumnoActual(*this), paso.blnRecuperar);
+  LlenarFilas(Centro(), rtvNotasAlumno, AlumnoActual(*this), paso.blnRecuperar);
   RecolocarColumnas(*this, kAnchoMateria);
 }
 
@@ -68,7 +69,7 @@ void frmNotaManual::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }
 
 void frmNotaManual::rtvNotasTutor_InicioEdicion() {
   RestaurarAnchosTutor();
-  if (blnEdicionActiva) LlenarCeldaTutor(rtvNotasTutor, PasoUno());
+  if (blnEdicionActiva) LlenarCeldaTutor(Centro(), rtvNotasTutor, PasoUno());
 }
 
 void frmNotaManual::rtvNotasTutor_FinEdicion() {

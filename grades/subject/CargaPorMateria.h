@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "frame/Conexiones.h"
 #include "grades/dialog/FormularioNotas.h"
 #include "grades/loading/CargaNotas.h"
 #include "grades/loading/MateriasPendientes.h"
@@ -19,8 +20,9 @@ void CargarMateriaDeFila(F& form, cAlumno& alumno, const Recordset& fila, std::i
   AnotarMateria(form.strMateriasBloqueo, codMatDet);
   auto materia = NuevaMateria(fila, codMatDet);
   materia->Orden = fila.Fields("Orden").Byte();
-  CargarNotasDeClase(*materia, clase, form.PasoUno().evaluacion);
-  AnadirMateria(alumno, std::move(materia), DetallesDeClase(fila, codMatDet, clase));
+  CargarNotasDeClase(Centro(), *materia, clase, form.PasoUno().evaluacion);
+  AnadirMateria(Centro(), alumno, std::move(materia),
+                DetallesDeClase(Centro(), fila, codMatDet, clase));
 }
 
 }  // namespace quorvane

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/Alumnos.h"
 #include "platform/RuntimeError.h"
@@ -22,15 +23,15 @@ std::vector<MateriaDeCombo> ReunirMaterias(const Collection<cAlumno>& colAlumnos
   return materias;
 }
 
-void LlenarFilas(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
+void LlenarFilas(Connection& centro, Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                  const MateriaDeCombo& entrada, bool sinNotas) {
   for (const auto& alumno : colAlumnos) {
     if (entrada.CodAsociada > 0) throw RuntimeError(ErrorNumber::MissingMember);
     if (!alumno->colMateria.Contains(Key(entrada.IDMatDet))) continue;
     const auto& materia = *alumno->colMateria[Key(entrada.IDMatDet)];
-    rejilla.AddItem(AlumnoConOrden(alumno->IDAlumno));
+    rejilla.AddItem(AlumnoConOrden(centro, alumno->IDAlumno));
     const auto fila = rejilla.Rows() - 1;
-    if (!sinNotas) EscribirNotas(rejilla, fila, materia);
+    if (!sinNotas) EscribirNotas(centro, rejilla, fila, materia);
     rejilla.TextMatrix(fila, rejilla.Cols() - 1, std::to_string(alumno->IDAlumno));
   }
 }

@@ -9,6 +9,7 @@
 
 namespace quorvane {
 
+class Connection;
 class Retivo;
 
 /// An entry of the list of subjects behind the combo box of a form that walks subjects.
@@ -24,7 +25,7 @@ std::vector<MateriaDeCombo> ReunirMaterias(const Collection<cAlumno>& colAlumnos
 
 /// Adds a row for each student who has that subject: his name, his grades unless `sinNotas`, and
 /// his key in the last column. Error 438 for an objective, which a student can't hold.
-void LlenarFilas(Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
+void LlenarFilas(Connection& centro, Retivo& rejilla, const Collection<cAlumno>& colAlumnos,
                  const MateriaDeCombo& entrada, bool sinNotas);
 
 /// The student of the grid's current row, by its last column. Error 5 when it isn't one's.

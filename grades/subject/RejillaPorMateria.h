@@ -29,7 +29,8 @@ void LlenarRejilla(F& form) {
   form.strColumna[0] = "Orden en Sección / Alumno";
   PrepararColumnas(form.rtvNotasAlumno, kColumnasPorMateria, kAnchoAlumno, form.strColumna);
   AnchosDeEscala(form, paso.tipo);
-  LlenarFilas(form.rtvNotasAlumno, form.colAlumnos, EntradaActual(form), paso.blnRecuperar);
+  LlenarFilas(Centro(), form.rtvNotasAlumno, form.colAlumnos, EntradaActual(form),
+              paso.blnRecuperar);
   RecolocarColumnas(form, kAnchoAlumno);
 }
 

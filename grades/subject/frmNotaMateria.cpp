@@ -37,7 +37,7 @@ void frmNotaMateria::Form_Load() {
   }
   Vaciar(*this, paso.seccion);
   ConfigurarRejillas();
-  auto alumnos = AlumnosVisibles(paso, blnTutor);
+  auto alumnos = AlumnosVisibles(Centro(), paso, blnTutor);
   if (alumnos.IsOpen())
     for (; !alumnos.Eof(); alumnos.MoveNext()) {
       AnadirAlumno(colAlumnos, alumnos);
@@ -47,7 +47,7 @@ void frmNotaMateria::Form_Load() {
       blnSeguimiento = seguimiento.Fields("Seguimiento").Flag();
       blnAcumularObjetivos = seguimiento.Fields("AcumularObjetivos").Flag();
     }
-  if (const auto nombre = NombreObservacion(paso.tipo)) lblNotaManual[1].Caption(*nombre);
+  if (const auto nombre = NombreObservacion(Centro(), paso.tipo)) lblNotaManual[1].Caption(*nombre);
 }
 
 void frmNotaMateria::Form_Activate() {
@@ -55,7 +55,7 @@ void frmNotaMateria::Form_Activate() {
   CargarNotas();
   DejarActuar(*this);
   if (PasoUno().blnRecuperar) OcultarTutoria(*this);
-  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || SinNadaQueCalificar(PasoUno())) {
+  if (colAlumnos.Count() == 0 || cboMaterias.ListCount() == 0 || !PuedeCalificar(PasoUno())) {
     if (!blnConPublicacion)
       BeepAndMessage("No exiten alumnos o materias para introducir notas",
                      MessageIcon::Information);
@@ -96,8 +96,8 @@ void frmNotaMateria::tabNotaManual_Click() { MostrarPanel(tabNotaManual, fraNota
 
 void frmNotaMateria::CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno) {
   const auto paso = PasoUno();
-  RecorrerObjetivos(LeerObjetivos(paso.evaluacion, idAlumno, codMateria), paso.evaluacion,
-                    paso.blnRecuperar);
+  RecorrerObjetivos(Centro(), LeerObjetivos(Centro(), paso.evaluacion, idAlumno, codMateria),
+                    paso.evaluacion, paso.blnRecuperar);
 }
 
 void frmNotaMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,

@@ -17,7 +17,7 @@ namespace quorvane {
 void frmNotaMateria::CargarNotas() {
   strMateriasBloqueo = ListaMateriasBloqueo();
   for (const auto& alumno : colAlumnos.Snapshot()) {
-    if (auto filas = MateriasVisibles(alumno->IDAlumno, PasoUno(), blnTutor))
+    if (auto filas = MateriasVisibles(Centro(), alumno->IDAlumno, PasoUno(), blnTutor))
       CargarMaterias(*alumno, *filas);
     if (alumno->colMateria.Count() == 0) colAlumnos.Remove(Key(alumno->IDAlumno));
   }
@@ -46,11 +46,11 @@ void frmNotaMateria::CargarComboMaterias() {
 
 void frmNotaMateria::CargarMaterias(cAlumno& alumno, Recordset& filas) {
   while (!filas.Eof()) {
-    const auto clase = ClaseDeMateria(filas.Fields("CodMatDet").Long());
+    const auto clase = ClaseDeMateria(Centro(), filas.Fields("CodMatDet").Long());
     if (!clase) {
       const auto id = filas.Fields("IDAlumnoPte_MatDet").Long();
       filas.MoveNext();
-      BorrarNotas(id);
+      BorrarNotas(Centro(), id);
       // No such table: the purge ends here, and the row stays.
       Centro().Execute(
           Sql("DELETE FROM AlumnoPte_MateriaDetalles WHERE IDAlumnoPte_MatDet={}", id));
@@ -71,7 +71,7 @@ void frmNotaMateria::cmdAceptar_Click() {
     for (const auto& alumno : colAlumnos)
       for (const auto& materia : alumno->colMateria)
         GuardarConMarca(
-            *materia, PasoUno().evaluacion,
+            Centro(), *materia, PasoUno().evaluacion,
             "UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE CodNumEvaluacion={} AND CodAlumnoPte_MatDet= {}");
   Pantalla().MousePointer(Pointer::Default);
   cmdCancelar_Click();

@@ -1,4 +1,5 @@
 // The grids of `frmNotaMateria`: what they show of the subject, and the edit of their cells.
+#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/grid/RejillaNotas.h"
@@ -57,7 +58,7 @@ void frmNotaMateria::rtvNotasAlumno_CambioAncho() { RestaurarAnchosAlumno(); }
 
 void frmNotaMateria::rtvNotasTutor_InicioEdicion() {
   RestaurarAnchosTutor();
-  if (blnEdicionActiva) LlenarCeldaTutor(rtvNotasTutor, PasoUno());
+  if (blnEdicionActiva) LlenarCeldaTutor(Centro(), rtvNotasTutor, PasoUno());
 }
 
 void frmNotaMateria::rtvNotasTutor_FinEdicion() {

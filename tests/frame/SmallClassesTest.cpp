@@ -52,7 +52,8 @@ class NextKeyTest : public testing::Test {
  protected:
   std::int32_t Next(std::vector<Value> column) {
     connection.column = std::move(column);
-    return ObtenerSiguienteId(connection, nullptr, "EvaluacionPte", "IDEvaluacionPte");
+    return ObtenerSiguienteId(connection, nullptr,
+                              "SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]");
   }
 
   TableConnection connection;
@@ -88,7 +89,7 @@ TEST_F(NextKeyTest, FailsAsTheStatementDoes) {
 TEST_F(NextKeyTest, DoesntUseTheOtherConnection) {
   TableConnection other;
   connection.column = {Value(41)};
-  EXPECT_EQ(ObtenerSiguienteId(connection, &other, "BloqueoPte", "IDBloqueo"), 42);
+  EXPECT_EQ(ObtenerSiguienteId(connection, &other, "SELECT MAX(IDBloqueo) FROM [BloqueoPte]"), 42);
   EXPECT_TRUE(other.statements.empty());
 }
 
