@@ -36,7 +36,7 @@ inline std::array<Label, 4> RotulosNotas(Form& form, const Frame& fraObservacion
           Label(form, "lblNotaManual(3)", &fraAusencia)};
 }
 
-/// The controls: the walk is `PorAlumno`'s or `PorMateria`'s.
+/// The controls: the walk is `NotasPorAlumno`'s or `NotasPorMateria`'s.
 template <class F>
 concept ControlesDeNotas = requires(F& form) {
   { form.cmdAnterior } -> std::same_as<CommandButton&>;  // steps of the walk
@@ -87,6 +87,7 @@ concept ManejadoresDeNotas = requires(F& form, bool siempre) {
   form.txtRetrasos_Change();
   form.GuardarAnchosAlumno(siempre);
   form.RestaurarAnchosAlumno();
+  form.ConfigurarColumnas();
 };
 
 template <class F>

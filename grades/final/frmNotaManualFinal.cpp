@@ -17,6 +17,8 @@
 
 namespace quorvane {
 
+static_assert(FinalPorAlumno<frmNotaManualFinal>);
+
 frmNotaManualFinal::frmNotaManualFinal() : Form("frmNotaManualFinal") {
   DibujarFinal(*this, "Alumno:", 780);
   ConectarFinal(*this);

@@ -17,6 +17,8 @@
 
 namespace quorvane {
 
+static_assert(FinalPorMateria<frmNotaMateriaFinal>);
+
 frmNotaMateriaFinal::frmNotaMateriaFinal() : Form("frmNotaMateriaFinal") {
   DibujarFinal(*this, "Materias:", 900);
   ConectarFinal(*this);

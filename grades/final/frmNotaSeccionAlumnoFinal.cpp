@@ -15,6 +15,8 @@
 
 namespace quorvane {
 
+static_assert(FinalPorAlumno<frmNotaSeccionAlumnoFinal>);
+
 frmNotaSeccionAlumnoFinal::frmNotaSeccionAlumnoFinal() : Form("frmNotaSeccionAlumnoFinal") {
   DibujarFinal(*this, "Alumno:", 780);
   ConectarFinal(*this);

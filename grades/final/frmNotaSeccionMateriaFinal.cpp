@@ -15,6 +15,8 @@
 
 namespace quorvane {
 
+static_assert(FinalPorMateria<frmNotaSeccionMateriaFinal>);
+
 frmNotaSeccionMateriaFinal::frmNotaSeccionMateriaFinal() : Form("frmNotaSeccionMateriaFinal") {
   DibujarFinal(*this, "Materias:", 900);
   ConectarFinal(*this);

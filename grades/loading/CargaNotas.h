@@ -33,7 +33,7 @@ std::shared_ptr<cMateria> NuevaMateria(const Recordset& fila, std::int32_t idMat
 void CargarNotasDeClase(Connection& centro, cMateria& materia, std::int32_t clase,
                         std::int32_t evaluacion);
 
-/// The row of `MateriaDetalles` as two of the forms look for it. Error 3265 for a kind that isn't
+/// The row of `MateriaDetalles` as three of the forms look for it. Error 3265 for a kind that isn't
 /// ordinary: a pending row lacks the column that those are found by.
 DetallesMateria DetallesDeClase(Connection& centro, const Recordset& fila, std::int32_t codMatDet,
                                 std::int32_t clase);

@@ -16,6 +16,8 @@
 
 namespace quorvane {
 
+static_assert(NotasPorAlumno<frmNotaSeccionAlumno>);
+
 frmNotaSeccionAlumno::frmNotaSeccionAlumno() : Form("frmNotaSeccionAlumno") {
   DibujarNotas(*this, "Alumno:", 780);
   Conectar(*this);

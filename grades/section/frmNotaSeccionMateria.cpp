@@ -16,6 +16,8 @@
 
 namespace quorvane {
 
+static_assert(NotasPorMateria<frmNotaSeccionMateria>);
+
 frmNotaSeccionMateria::frmNotaSeccionMateria() : Form("frmNotaSeccionMateria") {
   DibujarNotas(*this, "Materias y objetivos:", 1700);
   Conectar(*this);

@@ -96,7 +96,7 @@ class frmNotaSeccionMateria : public Form {
   // Nobody calls these three: they work on objectives, which the pending register doesn't have.
 
   /// Reads the objectives, and not even their grades.
-  void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);  ///< no grades
+  void CargarObjetivos(std::int32_t codMateria, std::int32_t idAlumno);
   void AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,
                                             std::int32_t& objetivo);
   void QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno, std::int32_t& materia,

@@ -19,6 +19,8 @@
 
 namespace quorvane {
 
+static_assert(NotasPorAlumno<frmNotaManual>);
+
 frmNotaManual::frmNotaManual() : Form("frmNotaManual") {
   DibujarNotas(*this, "Alumno:", 780);
   Conectar(*this);

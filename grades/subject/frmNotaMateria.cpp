@@ -18,6 +18,8 @@
 
 namespace quorvane {
 
+static_assert(NotasPorMateria<frmNotaMateria>);
+
 frmNotaMateria::frmNotaMateria() : Form("frmNotaMateria") {
   DibujarNotas(*this, "Materias y objetivos:", 1700);
   Conectar(*this);
