@@ -212,6 +212,17 @@ TYPED_TEST(FinalDirectTest, GridIsGivenItsHeightBackAndStandsOnTheFirstRow) {
   EXPECT_TRUE(form.blnEdicionActiva);
 }
 
+TYPED_TEST(FinalDirectTest, TheWalkStandsBesideItsCaption) {
+  auto& form = this->Opened();
+  const auto& caption = form.lblNotaManual[0];
+  const auto wide = caption.Caption() == "Alumno:" ? 780 : 900;
+  EXPECT_EQ(caption.Left(), 240);
+  EXPECT_EQ(caption.Width(), wide);
+  EXPECT_EQ(this->Combo(form).Left(), 240 + wide + 60);
+  EXPECT_EQ(form.cmdAnterior.Left(), this->Combo(form).Left() + 4320);
+  EXPECT_EQ(form.cmdSiguiente.Left(), form.cmdAnterior.Left() + 495);
+}
+
 TYPED_TEST(FinalDirectTest, NothingHappensWithoutASelectedEntry) {
   auto& form = this->Opened();
   this->Combo(form).Clear();

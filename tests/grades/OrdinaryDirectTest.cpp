@@ -110,6 +110,27 @@ TYPED_TEST(OrdinaryDirectTest, MembersThatAStudentDoesNotHaveAreAnError) {
   }
 }
 
+TYPED_TEST(OrdinaryDirectTest, TheListOfTheTutorsCellIsMadeAnewByEachEdit) {
+  auto& form = this->OpenedAtLengua();
+  form.rtvNotasAlumno.BeginEdit(1, 1);  // fills the pane where nothing has yet
+  form.rtvNotasTutor.AddItem("");
+  form.rtvNotasTutor.TextMatrix(1, 3, "77");
+  form.rtvNotasTutor.BeginEdit(1, 1);
+  const auto once = form.rtvNotasTutor.Lista(1).size();
+  EXPECT_GE(once, 1U);
+  form.rtvNotasTutor.BeginEdit(1, 1);
+  EXPECT_EQ(form.rtvNotasTutor.Lista(1).size(), once);
+}
+
+TYPED_TEST(OrdinaryDirectTest, WithStudentsButWithoutAnythingToWalkItSaysSoAndCloses) {
+  this->school_.Sql("DELETE FROM EvaluacionPte");
+  auto& form = this->Form();
+  const auto held = form.shared_from_this();
+  this->Shown();
+  EXPECT_THAT(this->session_.screen.messages, ElementsAre(HasSubstr(this->Known().nothing)));
+  EXPECT_FALSE(form.Loaded());
+}
+
 TYPED_TEST(OrdinaryDirectTest, DraggedColumnOfTheGradesSpringsBack) {
   auto& form = this->Opened();
   form.rtvNotasAlumno.DragColumn(1, 100);
@@ -228,6 +249,17 @@ TYPED_TEST(SubjectWalkTest, RowOfAStudentWhoIsNotThereIsAnError) {
   EXPECT_EQ(this->ErrorOf([&form] { form.cboObservacion_Click(); }), 0) << "nothing selected";
   form.rtvNotasAlumno.TextMatrix(1, 6, "77");
   EXPECT_EQ(this->ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 5);
+}
+
+template <class Direct>
+class OrdinarySubjectsTest : public Direct {};
+TYPED_TEST_SUITE(OrdinarySubjectsTest, WalkSubjects, NameOfDirect);
+
+TYPED_TEST(OrdinarySubjectsTest, APlaceThatDoesNotFitItsFieldStopsTheLoadBeforeTheGrades) {
+  this->school_.Sql("UPDATE AlumnoPte_MatDet SET Orden=256");
+  EXPECT_EQ(this->ErrorOf([this] { this->Shown(); }), 6);
+  for (const auto& line : this->session_.Statements())
+    EXPECT_THAT(line, Not(HasSubstr("FROM EvaluacionPte WHERE"))) << line;
 }
 
 }  // namespace

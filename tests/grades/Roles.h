@@ -32,7 +32,7 @@ constexpr Role OnEngine(Role role, bool sqlServer) {
 inline ScriptOptions SessionOf(const Role& role) {
   ScriptOptions options;
   options.usuario = role.user;
-  options.perfil = role.unrestricted ? 0 : 3;
+  options.perfil = role.unrestricted ? 0 : 1;
   options.sqlServer = role.sqlServer;
   return options;
 }

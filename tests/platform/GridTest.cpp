@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/Grid.h"
 #include "platform/controls/MSFlexGrid.h"
@@ -123,6 +125,32 @@ TEST_F(GridTest, TellsEachSettingOfTheTopRowAlsoToTheRowThatStands) {
   EXPECT_EQ(grid.TopRow(), 1);
   EXPECT_EQ(grid.TopRowSets(), 2U);
   EXPECT_GT(grid.Revision(), shown);
+}
+
+TEST_F(GridTest, TellsEachChangeThatAFrontEndShows) {
+  Fill({"uno", "dos"});
+  auto shown = grid.Revision();
+  const auto told = [this, &shown] { return std::exchange(shown, grid.Revision()) != shown; };
+  grid.AddItem("tres");
+  EXPECT_TRUE(told());
+  grid.Rows(3);
+  EXPECT_TRUE(told());
+  grid.Cols(3);
+  EXPECT_TRUE(told());
+  grid.FixedRows(0);
+  EXPECT_TRUE(told());
+  grid.TextMatrix(1, 1, "otro");
+  EXPECT_TRUE(told());
+  grid.ColWidth(1, 900);
+  EXPECT_TRUE(told());
+  grid.RowPosition(1, 2);
+  EXPECT_TRUE(told());
+  grid.SortAscending();
+  EXPECT_TRUE(told());
+  grid.Row(grid.Row() == 1 ? 2 : 1);
+  EXPECT_TRUE(told());
+  grid.Clear();
+  EXPECT_TRUE(told());
 }
 
 TEST_F(GridTest, SortsNumbersThenSpanishTextsAndLeavesTheHeading) {

@@ -21,6 +21,7 @@ class Hands : public FrontEnd {
   std::vector<std::function<void()>> acts;
   std::vector<Pointer> pointers;
   std::vector<std::string> shown;
+  std::function<void()> Pointing;  ///< whenever the pointer changes
 
   void RunModal(Form& form) override {
     shown.push_back(form.Name());
@@ -32,7 +33,10 @@ class Hands : public FrontEnd {
   void Message(MessageIcon /*icon*/, const std::string& /*title*/,
                const std::string& /*text*/) override {}
   void Beep() override {}
-  void MousePointer(Pointer pointer) override { pointers.push_back(pointer); }
+  void MousePointer(Pointer pointer) override {
+    pointers.push_back(pointer);
+    if (Pointing) Pointing();
+  }
   std::int32_t TextWidth(const Form& /*form*/, const std::string& text) override {
     return static_cast<std::int32_t>(text.size()) * 120;
   }

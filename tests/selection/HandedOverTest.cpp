@@ -43,6 +43,22 @@ TEST_F(HandedOverTest, ByStudent) {
   EXPECT_FALSE(FormInstance<frmNotaManual1>::Exists()) << "the first show drops it";
 }
 
+TEST_F(HandedOverTest, ThePointerRestsBeforeTheUsersAreClosed) {
+  std::vector<bool> open;
+  hands.acts = {[this, &open] {
+    auto& form = FormInstance<frmNotaManual1>::Get();
+    SelectSection(form, 1);
+    hands.Pointing = [this, &open] {
+      if (hands.pointers.back() == Pointer::Default) open.push_back(entrada.IsOpen());
+    };
+    form.cmdNotaManual1[0].Press();
+  }};
+  MostrarFrmNotaManual1();
+  hands.Pointing = nullptr;
+  EXPECT_THAT(open, ElementsAre(true));
+  EXPECT_FALSE(entrada.IsOpen());
+}
+
 /// What the form of step two knows of a final evaluation; `firstFinal` is 0 where that is the
 /// first.
 template <class StepTwo>
