@@ -1,15 +1,17 @@
 #include "selection/FechaNotas.h"
 
+#include <array>
 #include <chrono>
+#include <cstdio>
 #include <ctime>
 
 #include "frame/cConfiguracion.h"
-#include "platform/RuntimeError.h"
 #include "platform/data/Connection.h"
 #include "platform/data/Sql.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/LocalTime.h"
+#include "selection/LeerFecha.h"
 
 namespace quorvane {
 namespace {
@@ -20,14 +22,6 @@ bool UsuarioSinFechas(Connection& entrada) {
       Sql(" SELECT codpadre,idUsuario,adminsistema FROM Usuario WHERE  IDUsuario = {}",
           cConfiguracion::Instancia().intIDUsuario));
   return usuario.Fields("codpadre").Long() != 0 || usuario.Fields("AdminSistema").Flag();
-}
-
-/// The text, which has to be so many digits and nothing else.
-std::string Cifras(const std::string& text, std::size_t least, std::size_t most) {
-  if (text.size() < least || text.size() > most ||
-      text.find_first_not_of("0123456789") != std::string::npos)
-    throw RuntimeError(ErrorNumber::TypeMismatch);
-  return text;
 }
 
 }  // namespace
@@ -57,20 +51,12 @@ std::string FechaLocal() {
 }
 
 std::string FormatoFecha(const std::string& fecha) {
-  const auto month = fecha.find_first_of("/-");
-  const auto year = month == std::string::npos ? month : fecha.find_first_of("/-", month + 1);
-  if (year == std::string::npos) throw RuntimeError(ErrorNumber::TypeMismatch);
-  const auto dia = Cifras(fecha.substr(0, month), 1, 2);
-  const auto mes = Cifras(fecha.substr(month + 1, year - month - 1), 1, 2);
-  const auto anno = Cifras(fecha.substr(year + 1), 4, 4);
-  const std::chrono::year_month_day date{std::chrono::year(std::stoi(anno)),
-                                         std::chrono::month(static_cast<unsigned>(std::stoi(mes))),
-                                         std::chrono::day(static_cast<unsigned>(std::stoi(dia)))};
-  if (!date.ok()) throw RuntimeError(ErrorNumber::TypeMismatch);
-  const auto twoDigits = [](const std::string& digits) {
-    return digits.size() == 1 ? "0" + digits : digits;
-  };
-  return anno + "/" + twoDigits(mes) + "/" + twoDigits(dia);
+  const auto leida = LeerFecha(fecha);
+  if (!leida) return fecha;
+  std::array<char, 40> texto;
+  std::snprintf(texto.data(), texto.size(), "%04d/%02u/%02u", static_cast<int>(leida->year()),
+                static_cast<unsigned>(leida->month()), static_cast<unsigned>(leida->day()));
+  return texto.data();
 }
 
 bool EnFecha(const std::string& fecha, const Recordset& periodo) {

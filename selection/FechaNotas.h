@@ -23,7 +23,7 @@ std::string FechaServidor(const Connection& centro);
 /// Today on this machine, as dd/mm/yyyy.
 std::string FechaLocal();
 
-/// A date given as dd/mm/yyyy turned round to yyyy/mm/dd. Error 13 for a text that is no date.
+/// The date of that text, as `LeerFecha` finds it, as yyyy/mm/dd; a text that is no date as it is.
 std::string FormatoFecha(const std::string& fecha);
 
 /// The date lies within the period of the row, first and last day included. Texts are compared:
