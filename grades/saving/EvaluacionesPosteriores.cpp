@@ -34,8 +34,8 @@ void ApuntarAlumno(Connection& centro, std::int32_t alumno, std::int32_t evaluac
     return;
   InsertarConIntentos(textos.mensaje, [&] {
     const auto id = ObtenerSiguienteId(centro, Borrado(), Sql(textos.maximaInscripcion));
-    centro.Execute(Sql("INSERT INTO Alumno_NumEvaluacion VALUES ({},{},{},0,0,0,0,0,0)", id, alumno,
-                       evaluacion));
+    centro.Execute(Sql("INSERT INTO Alumno_NumEvaluacion  VALUES ({},{},{},0,0,0,0,0,0)", id,
+                       alumno, evaluacion));
     return 0;
   });
 }
@@ -69,7 +69,7 @@ void AnadirEnEvaluacionSiguiente(std::int32_t seccion, std::int32_t evaluacion, 
   std::int32_t idObjetivo = 0;
   InsertarConIntentos(textos.mensaje, [&] {
     idObjetivo = ObtenerSiguienteId(centro, Borrado(), Sql(textos.maximoObjetivo));
-    centro.Execute(Sql("INSERT INTO Alumno_MateriaDetalles VALUES ({},{},{},{},{},{},-1,0)",
+    centro.Execute(Sql("INSERT INTO Alumno_MateriaDetalles  VALUES ({},{},{},{},{},{},-1,0)",
                        idObjetivo, alumno, detalle, asociada, siguiente, orden));
     return 0;
   });

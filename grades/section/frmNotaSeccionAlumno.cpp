@@ -100,7 +100,7 @@ void frmNotaSeccionAlumno::AnadirMateriaEvaluacionesPosteriores(std::int32_t& al
       {.mensaje = "Error al insertar datos en la base de datos",
        .buscarObjetivo =
            "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
-       .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
+       .insertarNotas = "INSERT INTO Evaluacion  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
 }
 
 void frmNotaSeccionAlumno::QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno,

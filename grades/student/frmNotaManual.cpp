@@ -120,7 +120,7 @@ void frmNotaManual::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
        .mensaje = "Error al insertar la evaluacion",
        .buscarObjetivo =
            "SELECT IDAlumno_MateriaDetalles, Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
-       .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
+       .insertarNotas = "INSERT INTO Evaluacion  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
 }
 
 void frmNotaManual::QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno,

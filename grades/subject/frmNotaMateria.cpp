@@ -111,7 +111,7 @@ void frmNotaMateria::AnadirMateriaEvaluacionesPosteriores(std::int32_t& alumno,
       {.mensaje = "Error al insertar registros en Base de Datos",
        .buscarObjetivo =
            "SELECT Orden FROM Alumno_MateriaDetalles WHERE CodAlumno={} AND CodNumEvaluacion={} AND CodMateriaDetalles={}",
-       .insertarNotas = "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
+       .insertarNotas = "INSERT INTO Evaluacion  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)"});
 }
 
 void frmNotaMateria::QuitarMateriaEvaluacionesPosteriores(std::int32_t& alumno,

@@ -199,7 +199,7 @@ inline constexpr const char* kStudentInEvaluation =
 inline constexpr const char* kLastInEvaluation =
     "SELECT MAX(IDAlumno_NumEvaluacion){} FROM [Alumno_NumEvaluacion]";
 inline constexpr const char* kInsertInEvaluation =
-    "INSERT INTO Alumno_NumEvaluacion VALUES ({},{},{},0,0,0,0,0,0)";
+    "INSERT INTO Alumno_NumEvaluacion  VALUES ({},{},{},0,0,0,0,0,0)";
 inline constexpr const char* kDetailOfSubject =
     "SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodMateria={} AND CodSeccion={}";
 inline constexpr const char* kObjectiveOrder =
@@ -209,10 +209,10 @@ inline constexpr const char* kObjectiveKeyAndOrder =
 inline constexpr const char* kLastObjective =
     "SELECT MAX(IDAlumno_MateriaDetalles){} FROM [Alumno_MateriaDetalles]";
 inline constexpr const char* kInsertObjective =
-    "INSERT INTO Alumno_MateriaDetalles VALUES ({},{},{},{},{},{},-1,0)";
+    "INSERT INTO Alumno_MateriaDetalles  VALUES ({},{},{},{},{},{},-1,0)";
 inline constexpr const char* kLastGrades = "SELECT MAX(IDEvaluacion){} FROM [Evaluacion]";
 inline constexpr const char* kInsertGrades =
-    "INSERT INTO Evaluacion VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)";
+    "INSERT INTO Evaluacion  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)";
 inline constexpr const char* kInsertPendingGrades =
     "INSERT INTO EvaluacionPte  VALUES ({},{},{},0,0,0,0,0,0,0,0,0,0,0,0,0)";
 inline constexpr const char* kObjectiveKey =
