@@ -17,10 +17,11 @@ Value ReadValue(const SessionObject& sesion, const char* miembro) {
   return *valor;
 }
 
+/// A member that is Nothing is kept as it is: only who uses it fails.
 Connection* ReadConnection(const SessionObject& sesion, const char* miembro) {
   const auto contenido = sesion.Get(miembro);
   const auto* const conexion = std::get_if<Connection*>(&contenido);
-  if (conexion == nullptr || *conexion == nullptr) throw RuntimeError(ErrorNumber::TypeMismatch);
+  if (conexion == nullptr) throw RuntimeError(ErrorNumber::TypeMismatch);
   return *conexion;
 }
 

@@ -1,3 +1,4 @@
+#include "frame/Conexiones.h"
 #include "frame/cAsignarDatos.h"
 #include "frame/cConfiguracion.h"
 #include "platform/host/Application.h"
@@ -145,10 +146,20 @@ TEST_F(ObtenerDatosTest, AConnectionThatIsNoneIsAMismatch) {
     const auto kept = session->Get(member);
     session->Set(member, Value("DSN=centro"));
     EXPECT_EQ(Error(), 13) << member;
-    session->Set(member, static_cast<Connection*>(nullptr));
-    EXPECT_EQ(Error(), 13) << member;
     session->Set(member, kept);
   }
+}
+
+TEST_F(ObtenerDatosTest, AConnectionThatIsNothingIsKeptAndOnlyItsUseFails) {
+  for (const auto* member :
+       {"conexionBORRADOlocalCENTRO", "conexionlocalCENTRO", "conexionAppEntrada"})
+    session->Set(member, static_cast<Connection*>(nullptr));
+  EXPECT_EQ(Error(), 0);
+  EXPECT_EQ(Configuracion().conLocalBorradoCentro, nullptr);
+  EXPECT_EQ(Configuracion().conLocalCentro, nullptr);
+  EXPECT_EQ(Configuracion().datossesion, session);
+  EXPECT_EQ(ErrorOf([] { Centro(); }), 91);
+  EXPECT_EQ(ErrorOf([] { AppEntrada(); }), 91);
 }
 
 TEST_F(ObtenerDatosTest, AConnectionInAValuesPlaceIsAMismatch) {
