@@ -19,11 +19,10 @@ void FormularioEncogido::Encoger(Form& form, const Frame& fraAniCarga) {
   auto& pantalla = Pantalla();
   form.Left((pantalla.ScreenWidth() - form.Width()) / 2);
   form.Top((pantalla.ScreenHeight() - form.Height()) / 2);
-  blnOcultando = false;
 }
 
-void FormularioEncogido::Restaurar(Form& form,
-                                   std::initializer_list<const Control*> ocultos) const {
+void FormularioEncogido::Restaurar(Form& form, std::initializer_list<const Control*> ocultos) {
+  blnOcultando = false;
   for (auto* control : form.Controls())
     control->Visible(std::find(ocultos.begin(), ocultos.end(), control) == ocultos.end());
   form.Height(lngMedidasForm_.alto);

@@ -14,7 +14,7 @@ class Frame;
 /// What a grade form shows during long work: itself, shrunk to the frame with the animation.
 class FormularioEncogido {
  public:
-  /// True while `Encoger` resizes the form; `Form_Resize` does nothing then.
+  /// True from `Encoger` until `Restaurar` begins: `Form_Resize` does nothing in between.
   bool blnOcultando = false;
 
   /// `MostrarCarga` with False: keeps the form's measures, hides all its controls, shrinks it
@@ -23,7 +23,7 @@ class FormularioEncogido {
 
   /// `MostrarCarga` with True: shows all controls of the form and gives it the kept measures back.
   /// `ocultos` are those that stay hidden, as nobody is to reach them.
-  void Restaurar(Form& form, std::initializer_list<const Control*> ocultos) const;
+  void Restaurar(Form& form, std::initializer_list<const Control*> ocultos);
 
  private:
   struct Medidas {

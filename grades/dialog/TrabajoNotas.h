@@ -27,13 +27,17 @@ void ActivarControles(F& form, bool activar) {
 }
 
 /// `MostrarCarga`: False shrinks the form to the animation, True gives it back its measures and
-/// controls, but for the tutor's pane, which nobody is to reach.
+/// controls, but for the tutor's pane, which nobody is to reach, and in a recovery for what the
+/// pane has besides the grades.
 template <FormularioNotas F>
 void EncogerORestaurar(F& form, bool mostrar) {
-  if (mostrar)
-    form.carga.Restaurar(form, {&form.fraNotaManual[1]});
-  else
+  if (!mostrar)
     form.carga.Encoger(form, form.fraAniCarga);
+  else if (form.PasoUno().blnRecuperar)
+    form.carga.Restaurar(form,
+                         {&form.fraNotaManual[1], &form.fraObservacion[0], &form.fraAusencia[0]});
+  else
+    form.carga.Restaurar(form, {&form.fraNotaManual[1]});
 }
 
 /// What `Form_Load` begins with once nobody stands in the way: nothing is loaded, and it is known

@@ -166,6 +166,31 @@ TYPED_TEST(OrdinaryDirectTest, RecoveryShowsNoGradesHidesBothFramesAndSavesNothi
   EXPECT_THAT(this->session_.Statements(), ElementsAreArray(LeaveUnheard(kUnrestricted, 1)));
 }
 
+TYPED_TEST(OrdinaryDirectTest, WhileItIsShrunkAResizeHasNoEffect) {
+  auto& form = this->Form();
+  const auto held = form.shared_from_this();
+  std::vector<std::int32_t> heights;
+  this->session_.screen.Painting = [&] {
+    if (!form.aniCarga.Playing()) return;
+    EXPECT_TRUE(form.carga.blnOcultando);
+    form.ResizeByUser(3000, 1000);
+    heights.push_back(form.Height());
+  };
+  this->Shown();
+  EXPECT_THAT(heights, AllOf(Not(IsEmpty()), Each(1000)));
+  EXPECT_FALSE(form.carga.blnOcultando);
+  EXPECT_GT(form.Height(), 1000) << "it has its own measures back";
+}
+
+TYPED_TEST(OrdinaryDirectTest, InARecoveryTheTutorsFramesKeepThemselvesHiddenInTheFullForm) {
+  this->PasoUno().blnRecuperar = true;
+  const auto& form = this->Opened();
+  EXPECT_FALSE(form.fraObservacion[0].Visible());
+  EXPECT_FALSE(form.fraAusencia[0].Visible());
+  EXPECT_FALSE(form.fraNotaManual[1].Visible());
+  EXPECT_TRUE(form.fraNotaTutor[0].Visible());
+}
+
 TYPED_TEST(OrdinaryDirectTest, BusySignShowsWhileItLoadsAndSavesAndTheFormTakesNoGesture) {
   auto& form = this->Form();
   const auto held = form.shared_from_this();
