@@ -106,6 +106,7 @@ void frmPropMatProf::cmdNProfesor_Click() {
 void frmPropMatProf::cmdElimProfesor_Click() {
   IDProfesorSeleccionado = 0;
   lblProfesor.Caption("");
+  lblProfesor.ToolTipText("");
 }
 
 void frmPropMatProf::cmdAceptar_Click() {

@@ -64,6 +64,17 @@ TEST_F(GridsTest, DoubleClickAndEnterAreAlike) {
   EXPECT_THAT(seen, ElementsAre("rejilla 2", "rejilla 2"));
 }
 
+TEST_F(GridsTest, ADoubleClickBesideTheRowsIsOneOnTheGrid) {
+  Run([](qt::FormWindow& window) {
+    auto* table = Of<QTableView>(window, "msgRejilla");
+    const QPoint below(5, table->viewport()->height() - 2);
+    ASSERT_FALSE(table->indexAt(below).isValid());
+    QTest::mouseDClick(table->viewport(), Qt::RightButton, {}, below);
+    QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, below);
+  });
+  EXPECT_THAT(seen, ElementsAre("rejilla 1"));
+}
+
 TEST_F(GridsTest, TheTableFollowsTheGridsRow) {
   form->cmdPagina.Click = [this] {
     form->msgRejilla.RowPosition(1, 3);

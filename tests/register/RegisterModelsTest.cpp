@@ -172,6 +172,9 @@ TEST(RegisterModelsTest, EachFormHasTheIconADefaultAndACancelButton) {
          look(The<frmPropMatProf>());
          EXPECT_EQ(The<frmPropMatProf>().cmdNProfesor.Picture(), "C:\\iconos\\Buscar.ico");
          EXPECT_EQ(The<frmPropMatProf>().cmdElimProfesor.Picture(), "C:\\iconos\\delete.ico");
+         The<frmPropMatProf>().lblProfesor.ToolTipText("El nombre entero");
+         The<frmPropMatProf>().cmdElimProfesor.Press();
+         EXPECT_EQ(The<frmPropMatProf>().lblProfesor.ToolTipText(), "");
          The<frmPropMatProf>().cmdCancelar.Press();
        }});
   EXPECT_THAT(seen,

@@ -16,8 +16,9 @@ FlexGridView::FlexGridView(FormWindow& window, MSFlexGrid& grid)
           [this](const QModelIndex& current) {
             if (current.isValid()) Choose(current.row(), current.column());
           });
-  connect(table_, &QTableView::doubleClicked, this,
-          [this] { Gesture([this] { grid_.DoubleClick(); }); });
+  const auto doubleClick = [this] { Gesture([this] { grid_.DoubleClick(); }); };
+  connect(table_, &QTableView::doubleClicked, this, doubleClick);
+  table_->DoubleClickBeside = doubleClick;
 }
 
 void FlexGridView::Choose(int row, int col) {

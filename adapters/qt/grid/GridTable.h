@@ -33,9 +33,12 @@ class GridTable : public QTableView {
   std::function<bool(const QKeyEvent&)> TakesKey;
   /// Asked first for Tab and, with False, for Shift+Tab.
   std::function<bool(bool forward)> TakesTab;
+  /// A double click where no cell is.
+  std::function<void()> DoubleClickBeside;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   bool focusNextPrevChild(bool next) override;
   void resizeEvent(QResizeEvent* event) override;
 
