@@ -75,6 +75,7 @@ void DibujarEleccion(F& f, ComboBox& lista, const std::string& texto) {
 /// Each control calls its handler.
 template <FormularioPasoUno F>
 void ConectarPasoUno(F& f) {
+  f.LeaveBy(f.cmdNotaManual1[1]);
   f.cboTipoEnsenanza.Click = [&f] { f.cboTipoEnsenanza_Click(); };
   f.cboCursos.Click = [&f] { f.cboCursos_Click(); };
   f.cboSecciones.Click = [&f] { f.cboSecciones_Click(); };

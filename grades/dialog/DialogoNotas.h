@@ -20,6 +20,7 @@ void SoloCifras(int& keyAscii);
 /// affair, and so is any event that only some of the forms answer.
 template <FormularioNotas F>
 void Conectar(F& form) {
+  form.LeaveBy(form.cmdCancelar);
   form.cmdAnterior.Click = [&form] { form.cmdAnterior_Click(); };
   form.cmdSiguiente.Click = [&form] { form.cmdSiguiente_Click(); };
   form.cmdAceptar.Click = [&form] { form.cmdAceptar_Click(); };

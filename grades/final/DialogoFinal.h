@@ -97,6 +97,7 @@ void DibujarFinal(F& form, const std::string& rotulo, std::int32_t anchoRotulo) 
 /// Has the controls that all of the forms have raise the handlers that bear their names.
 template <FormularioFinal F>
 void ConectarFinal(F& form) {
+  form.LeaveBy(form.cmdCancelar);
   form.cmdAnterior.Click = [&form] { form.cmdAnterior_Click(); };
   form.cmdSiguiente.Click = [&form] { form.cmdSiguiente_Click(); };
   form.cmdAceptar.Click = [&form] { form.cmdAceptar_Click(); };

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/RuntimeError.h"
+#include "platform/controls/CommandButton.h"
 #include "platform/controls/Control.h"
 #include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
@@ -116,6 +117,13 @@ void Form::Shown() {
 void Form::ResizeByUser(std::int32_t width, std::int32_t height) {
   const auto self = shared_from_this();
   ChangeSize(Length(width), Length(height));
+}
+
+void Form::CloseByUser() {
+  if (exit_ == nullptr)
+    Unload();
+  else if (exit_->Usable())
+    exit_->Press();
 }
 
 int Form::KeyDown(int keyCode) {

@@ -8,6 +8,7 @@
 
 namespace quorvane {
 
+class CommandButton;
 class Control;
 
 /// A dialog, as its code sees it: its controls and measures, and the events that the user raises.
@@ -80,8 +81,11 @@ class Form : public std::enable_shared_from_this<Form> {
   /// For the front end: a key, by its code, before the control that has the keyboard gets it.
   /// Gives back the code, 0 when the form has taken the key.
   int KeyDown(int keyCode);
-  /// For the front end: the user closes the window with its X.
-  void CloseByUser() { Unload(); }
+  /// For the front end: the user closes the window with its X. Where the form leaves by a button,
+  /// that is pressed, if he could press it; else the form unloads. Ending the program is not the X.
+  void CloseByUser();
+  /// The form, which owns the button, leaves by it.
+  void LeaveBy(CommandButton& button) { exit_ = &button; }
 
   // For the controls.
   void Register(Control& control) { controls_.push_back(&control); }
@@ -105,6 +109,7 @@ class Form : public std::enable_shared_from_this<Form> {
   std::string icon_;
   std::vector<Control*> controls_;
   Control* focus_ = nullptr;
+  CommandButton* exit_ = nullptr;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   std::int32_t width_ = 0;

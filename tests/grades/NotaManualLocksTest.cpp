@@ -38,10 +38,12 @@ TEST_F(NotaManualLocksTest, LeavingGivesEverythingBack) {
   EXPECT_THAT(Publications(), IsEmpty());
 }
 
-TEST_F(NotaManualLocksTest, TheWindowsCrossGivesEverythingBackAndEndsTheNode) {
-  const auto result = Play("cerrar\n");
+TEST_F(NotaManualLocksTest, TheWindowsCrossPressesCancelarAndStepOneComesBackWithItsChoices) {
+  const auto result = Play("cerrar\nver\ncerrar\n");
+  EXPECT_THAT(result.Of("muestra"),
+              ElementsAre("frmNotaManual1", "frmNotaManual", "frmNotaManual1"));
+  EXPECT_EQ(FormView(result).Index("cboEvaluaciones"), 0);
   EXPECT_THAT(result.Of("vuelve"), ElementsAre("124"));
-  EXPECT_THAT(result.Of("muestra"), ElementsAre("frmNotaManual1", "frmNotaManual"));
   EXPECT_THAT(Locks(), IsEmpty());
   EXPECT_THAT(Publications(), IsEmpty());
 }

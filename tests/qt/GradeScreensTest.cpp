@@ -100,14 +100,20 @@ TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
   EXPECT_GT(seen, 0);
 }
 
-TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndEndsTheNode) {
+TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndStepOneComesBackAsItWas) {
   Then(ChooseGradesOfTheSecond);
   Then([this](qt::FormWindow& window) {
     EXPECT_EQ(Publications(), before + 1);
     window.close();
   });
+  Then([this](qt::FormWindow& window) {
+    EXPECT_EQ(window.Model().Name(), "frmNotaManual1");
+    EXPECT_EQ(Publications(), before);
+    EXPECT_GE(Of<QComboBox>(window, "cboSecciones")->currentIndex(), 0);
+    window.close();
+  });
   OpenNode(kByStudent);
-  EXPECT_EQ(Publications(), before);
+  ExpectDone();
 }
 
 TEST_F(GradeScreensTest, AFailureWhileLoadingLeavesNoWindow) {

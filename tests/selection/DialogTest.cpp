@@ -59,11 +59,11 @@ TEST_P(DialogTest, SalirUnloadsItAndEndsTheNode) {
   EXPECT_EQ(result.status, 0);
 }
 
-TEST_P(DialogTest, TheCrossOfTheWindowDoesTheSameAndReadsNothing) {
+TEST_P(DialogTest, TheCrossOfTheWindowPressesSalir) {
   const auto result = Play("marcar chkMostrar 1\ncerrar");
   EXPECT_THAT(result.After("cerrar"), ElementsAre("descarga " + Name(), "oculta " + Name(),
                                                   "vuelve " + std::to_string(dialog_.node)));
-  EXPECT_FALSE(gblnMostrarAnchoNotas);
+  EXPECT_TRUE(gblnMostrarAnchoNotas);
 }
 
 TEST_P(DialogTest, SalirTooReadsWhetherTheWholeWidthIsShown) {
