@@ -11,6 +11,7 @@
 #include <QStyleFactory>
 #include <QTabBar>
 #include <QTreeWidget>
+#include <QWheelEvent>
 #include <memory>
 
 #include "adapters/qt/views/FocusBorder.h"
@@ -42,6 +43,18 @@ TEST_F(ControlsTest, TheKeyboardWalksAComboAndFindsByLetter) {
     Type(window, "cboCurso", "t");
   });
   EXPECT_THAT(seen, ElementsAre("curso 0", "curso 2"));
+}
+
+TEST_F(ControlsTest, TheWheelOverAClosedListChoosesNothing) {
+  Run([](qt::FormWindow& window) {
+    auto* box = Of<QComboBox>(window, "cboCurso");
+    box->setFocus();
+    QWheelEvent wheel(box->rect().center(), box->mapToGlobal(box->rect().center()), {}, {0, -120},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(box, &wheel);
+    EXPECT_FALSE(wheel.isAccepted()) << "what lies under it may roll";
+  });
+  EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(ControlsTest, AComboShowsWhatAHandlerMakesOfIt) {

@@ -46,6 +46,20 @@ class ListKeys : public QObject {
   bool announcing_ = false;
 };
 
+/// Leaves the wheel over a closed list to what lies under it: rolled by on the way through a form,
+/// it would choose another entry.
+class WheelPasses : public QObject {
+ public:
+  explicit WheelPasses(QComboBox& box) : QObject(&box) { box.installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::Wheel) return false;
+    event->ignore();
+    return true;
+  }
+};
+
 }  // namespace
 
 ComboView::ComboView(FormWindow& window, ComboBox& combo)
@@ -53,6 +67,7 @@ ComboView::ComboView(FormWindow& window, ComboBox& combo)
   Use(box_);
   box_->setMaxVisibleItems(16);
   new ListKeys(*box_);
+  new WheelPasses(*box_);
   QObject::connect(box_, &QComboBox::activated, box_,
                    [this](int index) { Gesture([this, index] { combo_.ListIndex(index); }); });
 }
