@@ -15,6 +15,7 @@
 #include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/SchoolPlace.h"
+#include "apps/zendria/SpanishTexts.h"
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
 
@@ -97,6 +98,7 @@ Ending Run(int argc, char** argv, const Started& started) {
   }
   const QApplication application(argc, argv);
   QApplication::setApplicationName("Zendria");
+  UseSpanishTexts();
   return RunWindow(*line, started);
 }
 
