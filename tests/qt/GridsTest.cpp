@@ -75,6 +75,40 @@ TEST_F(GridsTest, ADoubleClickBesideTheRowsIsOneOnTheGrid) {
   EXPECT_THAT(seen, ElementsAre("rejilla 1"));
 }
 
+TEST_F(GridsTest, TheFirstColumnStaysInSightWhenTheGridIsScrolledToTheRight) {
+  for (int col = 0; col < form->rtvNotas.Cols(); ++col)
+    if (form->rtvNotas.ColWidth(col) != 0) form->rtvNotas.ColWidth(col, 6000);
+  Run([](qt::FormWindow& window) {
+    auto* table = Of<QTableView>(window, "rtvNotas");
+    const auto* names = table->findChild<QTableView*>("columnaFija");
+    auto* bar = table->horizontalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    EXPECT_FALSE(names->isVisible());
+
+    bar->setValue(bar->maximum());
+    EXPECT_TRUE(names->isVisible());
+    EXPECT_LE(names->width(), table->viewport()->width() / 2);
+    EXPECT_EQ(names->indexAt({3, 3}), table->model()->index(0, 0));
+    for (int row = 0; row < table->model()->rowCount(); ++row) {
+      const auto cell = table->model()->index(row, 0);
+      EXPECT_EQ(names->viewport()->mapTo(table, names->visualRect(cell).topLeft()).y(),
+                table->viewport()->mapTo(table, table->visualRect(cell).topLeft()).y());
+    }
+
+    // The cell that becomes current doesn't lie below it.
+    table->setCurrentIndex(table->model()->index(0, 1));
+    EXPECT_GE(table->visualRect(table->currentIndex()).left(), names->width());
+
+    const auto second = table->model()->index(1, 0);
+    QTest::mouseClick(names->viewport(), Qt::LeftButton, {}, names->visualRect(second).center());
+    EXPECT_EQ(table->currentIndex(), second);
+    EXPECT_TRUE(table->hasFocus());
+
+    bar->setValue(0);
+    EXPECT_FALSE(names->isVisible());
+  });
+}
+
 TEST_F(GridsTest, TheTableFollowsTheGridsRow) {
   form->cmdPagina.Click = [this] {
     form->msgRejilla.RowPosition(1, 3);

@@ -37,6 +37,7 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setMinimumSectionSize(8);
   horizontalHeader()->setMinimumHeight(fontMetrics().height() + kRowPadding);
+  names_ = new FrozenColumn(*this);
 }
 
 void GridTable::Take(const Grid& grid) {
@@ -54,6 +55,7 @@ void GridTable::Take(const Grid& grid) {
     ShowWidths();
   }
   verticalScrollBar()->setValue(scrolled);
+  names_->Follow();
   const auto row = grid.Row() - grid.FixedRows();
   const auto current = row < 0 ? QModelIndex() : cells_.index(row, grid.Col());
   if (!current.isValid()) {
@@ -125,6 +127,14 @@ QSize GridTable::sizeHint() const {
   return {std::clamp(width, kLeastWidth, kGreatestWidth), QTableView::sizeHint().height()};
 }
 
+void GridTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QTableView::scrollTo(index, hint);
+  if (index.column() == 0) return;
+  const auto hidden = names_->Covered() - visualRect(index).left();
+  auto* const bar = horizontalScrollBar();
+  if (hidden > 0) bar->setValue(bar->value() - hidden);
+}
+
 void GridTable::keyPressEvent(QKeyEvent* event) {
   if (TakesKey && TakesKey(*event)) {
     event->accept();
@@ -147,6 +157,7 @@ bool GridTable::focusNextPrevChild(bool next) {
 void GridTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (stretch_) ShowWidths();
+  names_->Follow();
 }
 
 }  // namespace quorvane::qt

@@ -4,12 +4,14 @@
 #include <functional>
 #include <vector>
 
+#include "adapters/qt/grid/FrozenColumn.h"
 #include "adapters/qt/grid/GridModel.h"
 #include "platform/controls/Grid.h"
 
 namespace quorvane::qt {
 
-/// The table of both kinds of grid: no editing of its own, no row headings, the grid's widths.
+/// The table of both kinds of grid: no editing of its own, no row headings, the grid's widths. Its
+/// first column stays in sight when it is scrolled to the right.
 class GridTable : public QTableView {
  public:
   explicit GridTable(QWidget* parent);
@@ -28,6 +30,8 @@ class GridTable : public QTableView {
 
   /// Wide enough for all columns, within reason.
   [[nodiscard]] QSize sizeHint() const override;
+  /// Beside the first column, never below it.
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   /// Asked first for each key; takes it by answering True.
   std::function<bool(const QKeyEvent&)> TakesKey;
@@ -53,6 +57,7 @@ class GridTable : public QTableView {
   [[nodiscard]] std::vector<int> Widths() const;
 
   GridModel cells_;
+  FrozenColumn* names_ = nullptr;
   std::vector<Column> columns_;
   bool stretch_ = false;
 };
