@@ -46,8 +46,8 @@ class RetivoTest : public PruebaTest {
 TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
   RunAt(1, 1, [this](qt::FormWindow& window) {
     ASSERT_NE(List(), nullptr);
-    EXPECT_THAT(Offered(), ElementsAre(" ", "1", "10", "5", "Notable", "Sobresaliente", "Óptimo"));
-    ClickOffered(3);
+    EXPECT_THAT(Offered(), ElementsAre(" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"));
+    ClickOffered(2);
     EXPECT_EQ(List(), nullptr);
     EXPECT_EQ(CellText(window, "rtvNotas", 1, 1), "5");
   });
@@ -71,8 +71,8 @@ TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
 
 TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
   RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
-    EXPECT_EQ(List()->findChild<QListWidget*>()->currentRow(), 2);
-    QTest::keyClick(Filter(), Qt::Key_Down);
+    EXPECT_EQ(List()->findChild<QListWidget*>()->currentRow(), 3);
+    QTest::keyClick(Filter(), Qt::Key_Up);
     QTest::keyClick(Filter(), Qt::Key_Return);
   });
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
@@ -99,7 +99,7 @@ TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
   RunAt(0, 1, [this](qt::FormWindow& window) {
     QTest::keyClick(Filter(), Qt::Key_Escape);
     ClickCell(window, "rtvNotas", 0, 1);
-    ClickOffered(3);
+    ClickOffered(2);
   });
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1", "anfitrión 10 3", "fin 3"));
 }
@@ -129,6 +129,22 @@ TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
     QTest::keyClick(Filter(), Qt::Key_Return);
   });
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 2"));
+}
+
+TEST_F(RetivoTest, NumbersStandByValueAndWhatIsTypedExactlyStandsFirst) {
+  form->rtvNotas.InicioEdicion = [this] {
+    auto& grid = form->rtvNotas;
+    grid.ListaLimpiar(1);
+    for (const auto* text : {" ", "10", "Notable alto", "Notable", "9,5", "2"})
+      grid.ListaAnadir(1, text, 0);
+  };
+  RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
+    EXPECT_THAT(Offered(), ElementsAre(" ", "2", "Notable alto", "Notable", "9,5", "10"));
+    QTest::keyClicks(Filter(), "notable");
+    EXPECT_THAT(Offered(), ElementsAre("Notable", "Notable alto"));
+    QTest::keyClick(Filter(), Qt::Key_Return);
+  });
+  EXPECT_THAT(seen, ElementsAre("fin 3")) << "the entry's place among those that came";
 }
 
 TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {

@@ -26,6 +26,31 @@ QString Folded(const QString& text) {
   return plain.trimmed();
 }
 
+constexpr int kPlace = Qt::UserRole;  // of an entry in what was handed over
+
+/// As they come, but for the numbers, which stand by value where numbers stand.
+std::vector<RetivoEditor::Entry> InOrder(const std::vector<QString>& texts) {
+  struct Number {
+    double value;
+    RetivoEditor::Entry entry;
+  };
+  std::vector<RetivoEditor::Entry> entries;
+  std::vector<Number> numbers;
+  std::vector<std::size_t> places;
+  for (const auto& text : texts) {
+    bool isNumber = false;
+    const auto value = text.trimmed().replace(',', '.').toDouble(&isNumber);
+    entries.push_back({text, static_cast<int>(entries.size())});
+    if (!isNumber) continue;
+    places.push_back(entries.size() - 1);
+    numbers.push_back({value, entries.back()});
+  }
+  std::stable_sort(numbers.begin(), numbers.end(),
+                   [](const Number& one, const Number& other) { return one.value < other.value; });
+  for (std::size_t i = 0; i < places.size(); ++i) entries[places[i]] = numbers[i].entry;
+  return entries;
+}
+
 }  // namespace
 
 RetivoEditor::RetivoEditor(QWidget& window, QWidget& table)
@@ -61,12 +86,10 @@ RetivoEditor::RetivoEditor(QWidget& window, QWidget& table)
 
 void RetivoEditor::Open(const std::vector<QString>& entries, const QString& shown,
                         const QString& typed) {
-  list_->clear();
+  entries_ = InOrder(entries);
   shown_ = -1;
-  for (const auto& entry : entries) {
-    if (shown_ < 0 && entry.trimmed() == shown.trimmed()) shown_ = list_->count();
-    list_->addItem(entry);
-  }
+  for (int place = 0; place < static_cast<int>(entries.size()) && shown_ < 0; ++place)
+    if (entries[static_cast<std::size_t>(place)].trimmed() == shown.trimmed()) shown_ = place;
   filter_->setText(typed);
   Narrow(typed);
   open_ = true;
@@ -79,26 +102,29 @@ void RetivoEditor::Open(const std::vector<QString>& entries, const QString& show
 
 void RetivoEditor::Narrow(const QString& typed) {
   const auto wanted = Folded(typed);
-  const auto count = list_->count();
-  const auto hide = [this, count, &wanted](auto&& fits) {
-    auto any = false;
-    for (int i = 0; i < count; ++i) {
-      const auto match = fits(Folded(list_->item(i)->text()), wanted);
-      list_->item(i)->setHidden(!match);
-      any = any || match;
+  const auto fill = [this, &wanted](auto&& fits) {
+    list_->clear();
+    for (const auto& entry : entries_) {
+      const auto text = Folded(entry.text);
+      if (!fits(text)) continue;
+      auto* const row = new QListWidgetItem(entry.text);
+      row->setData(kPlace, entry.place);
+      // What is the very thing that was typed comes first.
+      list_->insertItem(!wanted.isEmpty() && text == wanted ? 0 : list_->count(), row);
     }
-    return any;
+    return list_->count() > 0;
   };
   // Those that begin so; when none does, those that have it anywhere.
-  if (!hide([](const QString& entry, const QString& text) { return entry.startsWith(text); }))
-    hide([](const QString& entry, const QString& text) { return entry.contains(text); });
-  auto best = wanted.isEmpty() ? shown_ : -1;
-  for (int i = 0; i < count && best < 0 && !wanted.isEmpty(); ++i)
-    if (Folded(list_->item(i)->text()) == wanted) best = i;
-  for (int i = 0; i < count && best < 0 && !wanted.isEmpty(); ++i)
-    if (!list_->item(i)->isHidden()) best = i;
-  list_->setCurrentRow(best);
+  if (!fill([&wanted](const QString& text) { return text.startsWith(wanted); }))
+    fill([&wanted](const QString& text) { return text.contains(wanted); });
+  list_->setCurrentRow(wanted.isEmpty() ? RowOf(shown_) : 0);
   ShowRefusal(false);
+}
+
+int RetivoEditor::RowOf(int place) const {
+  for (int row = 0; row < list_->count(); ++row)
+    if (list_->item(row)->data(kPlace).toInt() == place) return row;
+  return -1;
 }
 
 void RetivoEditor::Follow() {
@@ -111,7 +137,7 @@ void RetivoEditor::Follow() {
   const auto text = list_->sizeHintForColumn(0) + list_->verticalScrollBar()->sizeHint().width();
   auto width = std::max({cell.width(), text + kTextMargin, filter_->minimumSizeHint().width()});
   if (!refusal_->isHidden()) width = std::max(width, kRefusalWidth);
-  auto height = rest + std::clamp(list_->count(), 1, kRowsInSight) * line;
+  auto height = rest + std::clamp(static_cast<int>(entries_.size()), 1, kRowsInSight) * line;
   const auto below = whole.bottom() - cell.bottom();
   const auto above = cell.top() - whole.top();
   const auto fitsBelow = height <= below || below >= above;
@@ -126,8 +152,8 @@ void RetivoEditor::Follow() {
 }
 
 int RetivoEditor::Marked() const {
-  const auto row = list_->currentRow();
-  return row >= 0 && !list_->item(row)->isHidden() ? row : -1;
+  const auto* const row = list_->currentItem();
+  return row == nullptr ? -1 : row->data(kPlace).toInt();
 }
 
 bool RetivoEditor::FitsNothing() const {
@@ -185,15 +211,8 @@ bool RetivoEditor::Leave() {
 }
 
 void RetivoEditor::MoveBy(int rows) {
-  const auto step = rows < 0 ? -1 : 1;
-  auto row = list_->currentRow();
-  auto left = std::abs(rows);
-  for (int next = row + step; left > 0 && next >= 0 && next < list_->count(); next += step) {
-    if (list_->item(next)->isHidden()) continue;
-    row = next;
-    --left;
-  }
-  list_->setCurrentRow(row);
+  if (list_->count() > 0)
+    list_->setCurrentRow(std::clamp(list_->currentRow() + rows, 0, list_->count() - 1));
 }
 
 bool RetivoEditor::TakesKey(int key) {

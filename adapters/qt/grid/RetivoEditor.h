@@ -21,11 +21,18 @@ class RetivoEditor : public QFrame {
   /// `table` gets the keyboard back when the list has closed; it outlives the list.
   RetivoEditor(QWidget& window, QWidget& table);
 
+  /// A line of the list: an entry and its place in what was handed to `Open`.
+  struct Entry {
+    QString text;
+    int place = 0;
+  };
+
   /// What the user does after choosing.
   enum class Then { Stay, Next, Previous };
 
   /// Opens below the cell, or above where there is more room, with the entry chosen whose text the
-  /// cell shows, and narrowed by what has been typed already.
+  /// cell shows, and narrowed by what has been typed already. Numbers stand by value, in whatever
+  /// order they come; what equals the typed text comes first.
   void Open(const std::vector<QString>& entries, const QString& shown, const QString& typed);
   [[nodiscard]] bool IsOpen() const noexcept { return open_; }
 
@@ -48,6 +55,8 @@ class RetivoEditor : public QFrame {
 
  private:
   void Narrow(const QString& typed);
+  /// The line of the entry of that place; -1 for none.
+  [[nodiscard]] int RowOf(int place) const;
   /// The place of the marked entry; -1 for none.
   [[nodiscard]] int Marked() const;
   [[nodiscard]] bool FitsNothing() const;
@@ -63,7 +72,8 @@ class RetivoEditor : public QFrame {
   QLineEdit* filter_;
   QListWidget* list_;
   QLabel* refusal_;
-  int shown_ = -1;  // the entry that the cell shows
+  std::vector<Entry> entries_;
+  int shown_ = -1;  // the place of the entry that the cell shows
   bool open_ = false;
 };
 
