@@ -430,7 +430,7 @@ TEST_F(FinalDirectBySubjectTest, EditWritesTheStudentOfTheRowAlone) {
 // What the list costs is issued by no other edit.
 TEST_F(FinalDirectBySubjectTest, LockedEntryAndMeasuresIssueNothing) {
   auto& form = Opened();
-  form.ListaMaterias[0].CodAsociada = 3111;
+  form.ListaMaterias[0].CodAsociada = 1;
   ExpectLocked(form);
   Subject(form).Nota = 107;
   EXPECT_EQ(Measures(form).size(), 3U);

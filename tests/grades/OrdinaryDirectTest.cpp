@@ -259,7 +259,7 @@ TYPED_TEST(SubjectWalkTest, HeightsOfTheTutorsGridHaveAnEntryForEachRow) {
 
 TYPED_TEST(SubjectWalkTest, ObjectiveIsAMemberThatAStudentDoesNotHave) {
   auto& form = this->Opened();
-  form.aryMaterias[0].CodAsociada = 9;
+  form.aryMaterias[0].CodAsociada = 1;
   EXPECT_EQ(this->ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 438);
   EXPECT_EQ(this->ErrorOf([&form] { form.cboMaterias_Click(); }), 438);
 }
