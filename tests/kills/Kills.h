@@ -8,12 +8,18 @@
 
 #include "apps/escuela/Prng.h"
 #include "tests/kills/FormsOpen.h"
-#include "tests/kills/KillOptions.h"
 #include "tests/kills/Replica.h"
 #include "tests/kills/Report.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
+
+struct KillOptions {
+  int times = 200;
+  std::uint64_t seed = 1;
+  std::string folder;  ///< where the school is; that for temporary files when empty
+  bool fault = false;  ///< the victims tell of a write that they haven't done, now and then
+};
 
 /// Kills one process after the other at a random point of a random session, and looks at the school
 /// each time: it is whole, holds every statement that had come back and nothing else but the one in

@@ -7,41 +7,33 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QStyle>
 #include <QStyleFactory>
-#include <QTabBar>
 #include <QTreeWidget>
 #include <QWheelEvent>
 #include <memory>
 
 #include "adapters/qt/views/FocusBorder.h"
 #include "tests/qt/PruebaTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
 using ControlsTest = PruebaTest;
+using Modifiers = Qt::KeyboardModifiers;
 
 TEST_F(ControlsTest, PickingAnEntrySelectsItAndClicks) {
-  Run([](qt::FormWindow& window) { Pick(window, "cboCurso", "Segundo"); });
+  Run(Pick("cboCurso", "Segundo"));
   EXPECT_THAT(seen, ElementsAre("curso 1"));
   EXPECT_EQ(form->cboCurso.ListIndex(), 1);
 }
 
 TEST_F(ControlsTest, PickingTheEntryThatStandsClicksAgain) {
-  Run([](qt::FormWindow& window) {
-    Pick(window, "cboCurso", 2);
-    Pick(window, "cboCurso", 2);
-  });
+  Run(Pick("cboCurso", 2), Pick("cboCurso", 2));
   EXPECT_THAT(seen, ElementsAre("curso 2", "curso 2"));
 }
 
 TEST_F(ControlsTest, TheKeyboardWalksAComboAndFindsByLetter) {
-  Run([](qt::FormWindow& window) {
-    Key(window, "cboCurso", Qt::Key_Down);
-    Type(window, "cboCurso", "t");
-  });
+  Run(Key("cboCurso", Qt::Key_Down), Type("cboCurso", "t"));
   EXPECT_THAT(seen, ElementsAre("curso 0", "curso 2"));
 }
 
@@ -62,53 +54,51 @@ TEST_F(ControlsTest, AComboShowsWhatAHandlerMakesOfIt) {
     form->cboCurso.Clear();
     form->cboCurso.AddItem("Nuevo");
   };
-  Run([](qt::FormWindow& window) {
-    Pick(window, "cboCurso", 1);
+  Run(Pick("cboCurso", 1), [](const qt::FormWindow& window) {
     const auto* box = Of<QComboBox>(window, "cboCurso");
     EXPECT_EQ(box->count(), 1);
     EXPECT_EQ(box->currentIndex(), -1);
   });
 }
 
-/// A key that comes while the list of the box is open: it is announced, and then comes, each time
-/// to the list unless that is closed by then.
-void PressOnOpenList(QComboBox& box, Qt::Key key) {
-  for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
-    QKeyEvent event(type, key, Qt::NoModifier);
-    const auto open = box.view()->isVisible();
-    QApplication::sendEvent(open ? static_cast<QWidget*>(box.view()) : &box, &event);
+class OpenComboTest : public PruebaTest {
+ protected:
+  static QComboBox& Box(const qt::FormWindow& window) { return *Of<QComboBox>(window, "cboCurso"); }
+  static void OpenList(const qt::FormWindow& window) { Box(window).showPopup(); }
+  static void ExpectClosed(const qt::FormWindow& window) {
+    EXPECT_FALSE(Box(window).view()->isVisible());
   }
-}
+  /// A key that comes while the list of the box is open: it is announced, and then comes, each time
+  /// to the list unless that is closed by then.
+  static Gesture Press(Qt::Key key) {
+    return [key](const qt::FormWindow& window) {
+      auto& box = Box(window);
+      for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        const auto open = box.view()->isVisible();
+        QApplication::sendEvent(open ? static_cast<QWidget*>(box.view()) : &box, &event);
+      }
+    };
+  }
+};
 
-TEST_F(ControlsTest, TheKeyThatPicksAComboEntryIsNoKeyForTheForm) {
-  Run([](qt::FormWindow& window) {
-    auto* box = Of<QComboBox>(window, "cboCurso");
-    box->showPopup();
-    box->view()->setCurrentIndex(box->model()->index(1, 0));
-    PressOnOpenList(*box, Qt::Key_Return);
-    EXPECT_FALSE(box->view()->isVisible());
-    Key(window, "cboCurso", Qt::Key_Down);
-  });
+TEST_F(OpenComboTest, TheKeyThatPicksAnEntryIsNoKeyForTheForm) {
+  const auto mark = [](const qt::FormWindow& window) {
+    Box(window).view()->setCurrentIndex(Box(window).model()->index(1, 0));
+  };
+  Run(OpenList, mark, Press(Qt::Key_Return), ExpectClosed, Key("cboCurso", Qt::Key_Down));
   EXPECT_THAT(seen, ElementsAre("curso 1", "curso 2"));
 }
 
-TEST_F(ControlsTest, TheKeyThatGivesAComboUpIsNoKeyForTheForm) {
-  Run([](qt::FormWindow& window) {
-    auto* box = Of<QComboBox>(window, "cboCurso");
-    box->showPopup();
-    PressOnOpenList(*box, Qt::Key_Escape);
-    EXPECT_FALSE(box->view()->isVisible());
-  });
+TEST_F(OpenComboTest, TheKeyThatGivesItUpIsNoKeyForTheForm) {
+  Run(OpenList, Press(Qt::Key_Escape), ExpectClosed);
   EXPECT_THAT(seen, IsEmpty());
 }
 
-TEST_F(ControlsTest, AComboListThatHasClosedTakesNoKeyThatWasOnItsWay) {
-  Run([](qt::FormWindow& window) {
-    auto* box = Of<QComboBox>(window, "cboCurso");
-    box->showPopup();
-    PressOnOpenList(*box, Qt::Key_Return);
+TEST_F(OpenComboTest, AListThatHasClosedTakesNoKeyThatWasOnItsWay) {
+  Run(OpenList, Press(Qt::Key_Return), [](const qt::FormWindow& window) {
     QKeyEvent late(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(box->view(), &late);
+    QApplication::sendEvent(Box(window).view(), &late);
   });
   EXPECT_THAT(seen, ElementsAre("curso 0"));
 }
@@ -117,51 +107,39 @@ TEST_F(ControlsTest, ADisabledControlTakesNoGesture) {
   form->cboCurso.Enabled(false);
   form->chkTodo.Enabled(false);
   form->fraPagina.Enabled(false);
-  Run([](qt::FormWindow& window) {
-    Click(window, "chkTodo");
-    Key(window, "cboCurso", Qt::Key_Down);
-    Click(window, "cmdPagina");
-  });
+  Run("chkTodo", Key("cboCurso", Qt::Key_Down), "cmdPagina");
   EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(ControlsTest, AControlOnAHiddenFrameIsNotSeen) {
   form->fraPagina.Visible(false);
-  Run([](qt::FormWindow& window) { EXPECT_FALSE(Of(window, "cmdPagina")->isVisible()); });
+  Run([](auto& window) { EXPECT_FALSE(Of(window, "cmdPagina")->isVisible()); });
 }
 
 TEST_F(ControlsTest, ACheckBoxFollowsTheMouseAndTheBlank) {
-  Run([](qt::FormWindow& window) {
-    Key(window, "chkTodo", Qt::Key_Space);
-    Key(window, "chkTodo", Qt::Key_Space);
-    QTest::mouseClick(Of(window, "chkTodo"), Qt::LeftButton, {}, QPoint(8, 10));
-  });
+  Run(Key("chkTodo", Qt::Key_Space), Key("chkTodo", Qt::Key_Space), ClickSquare("chkTodo"));
   EXPECT_THAT(seen, ElementsAre("todo 1", "todo 0", "todo 1"));
 }
 
 TEST_F(ControlsTest, ATextBoxOffersEachKeyToTheFormFirst) {
-  Run([](qt::FormWindow& window) {
-    Type(window, "txtTexto", "1a2");
-    Key(window, "txtTexto", Qt::Key_Backspace);
-    EXPECT_EQ(Of<QLineEdit>(window, "txtTexto")->text(), "1");
-  });
+  Run(Type("txtTexto", "1a2"), Key("txtTexto", Qt::Key_Backspace),
+      [](auto& window) { EXPECT_EQ(Of<QLineEdit>(window, "txtTexto")->text(), "1"); });
   EXPECT_THAT(seen, ElementsAre("texto 1", "texto 12", "texto 1"));
 }
 
 TEST_F(ControlsTest, AKeyThatTheFormChangesIsTypedAsThat) {
   form->txtTexto.KeyPress = [](int& key) { key = key == 'a' ? 'A' : key; };
-  Run([](qt::FormWindow& window) { Type(window, "txtTexto", "ab"); });
+  Run(Type("txtTexto", "ab"));
   EXPECT_THAT(seen, ElementsAre("texto A", "texto Ab"));
 }
 
 TEST_F(ControlsTest, ADualListMovesByDoubleClickAndByEnter) {
-  Run([](qt::FormWindow& window) {
-    DoubleClickEntry(window, "lstLista(0)", 1);
-    Type(window, "lstLista(0)", "ca");
-    Key(window, "lstLista(0)", Qt::Key_Return);
-    EXPECT_EQ(Of<QListWidget>(window, "lstLista(0)")->count(), 1);
-    EXPECT_EQ(Of<QListWidget>(window, "lstLista(1)")->count(), 2);
-  });
+  Run([](auto& window) { DoubleClickEntry(window, "lstLista(0)", 1); }, Type("lstLista(0)", "ca"),
+      Key("lstLista(0)", Qt::Key_Return),
+      [](auto& window) {
+        EXPECT_EQ(Of<QListWidget>(window, "lstLista(0)")->count(), 1);
+        EXPECT_EQ(Of<QListWidget>(window, "lstLista(1)")->count(), 2);
+      });
   EXPECT_THAT(seen, ElementsAre("doble 0 Bueno, Luis", "doble 0 Castro, Eva"));
 }
 
@@ -170,16 +148,14 @@ TEST_F(ControlsTest, EnterStaysInADualListAlsoWithNothingToMove) {
   Run([this](qt::FormWindow& window) {
     auto* const list = Of<QListWidget>(window, "lstLista(0)");
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
-      for (const Qt::KeyboardModifiers with :
-           {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier),
-            Qt::KeyboardModifiers(Qt::ControlModifier), Qt::KeyboardModifiers(Qt::AltModifier),
-            Qt::KeyboardModifiers(Qt::KeypadModifier)})
+      for (const Modifiers with :
+           {Modifiers(), Modifiers(Qt::ShiftModifier), Modifiers(Qt::ControlModifier),
+            Modifiers(Qt::AltModifier), Modifiers(Qt::KeypadModifier)})
         Key(window, "lstLista(0)", key, with);
     EXPECT_EQ(list->count(), 3) << "none is selected";
-    for (const auto& [key, with] :
-         {std::pair(Qt::Key_Return, Qt::KeyboardModifiers()),
-          std::pair(Qt::Key_Enter, Qt::KeyboardModifiers(Qt::KeypadModifier)),
-          std::pair(Qt::Key_Return, Qt::KeyboardModifiers(Qt::ShiftModifier))}) {
+    for (const auto& [key, with] : {std::pair(Qt::Key_Return, Modifiers()),
+                                    std::pair(Qt::Key_Enter, Modifiers(Qt::KeypadModifier)),
+                                    std::pair(Qt::Key_Return, Modifiers(Qt::ShiftModifier))}) {
       Key(window, "lstLista(0)", Qt::Key_Home);
       list->setCurrentRow(0);
       const auto before = list->count();
@@ -201,16 +177,13 @@ TEST_F(ControlsTest, EnterOnAListWithoutADoubleClickIsTheDefaultButtons) {
   form->lstLista[1].DblClick = nullptr;
   form->lstLista[1].AddItem("Díaz, Leo");
   form->lstLista[1].ListIndex(0);
-  Then([this](qt::FormWindow& window) {
-    form->log.clear();
-    Key(window, "lstLista(1)", Qt::Key_Return);
-  });
+  Then([this](auto&) { form->log.clear(); }, Key("lstLista(1)", Qt::Key_Return));
   form->ShowModal();
   EXPECT_THAT(form->log, ElementsAre("aceptar", "descarga"));
 }
 
 TEST_F(ControlsTest, NothingIsSelectedInAListUntilTheUserDoes) {
-  Run([](qt::FormWindow& window) {
+  Run([](auto& window) {
     Of(window, "lstLista(0)")->setFocus();
     EXPECT_THAT(Of<QListWidget>(window, "lstLista(0)")->selectedItems(), IsEmpty());
   });
@@ -218,33 +191,28 @@ TEST_F(ControlsTest, NothingIsSelectedInAListUntilTheUserDoes) {
 }
 
 TEST_F(ControlsTest, ATabIsSelectedAndPressedAgain) {
-  Run([](qt::FormWindow& window) {
-    auto* bar = Of(window, "tabPaginas")->findChild<QTabBar*>();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
-  });
+  Run(ClickTab("tabPaginas", 1), ClickTab("tabPaginas", 1));
   EXPECT_THAT(seen, ElementsAre("pestana 2", "pestana 2"));
 }
 
 TEST_F(ControlsTest, AFrameOverATabStripIsInReach) {
-  Run([](qt::FormWindow& window) {
+  const auto isOnTop = [](qt::FormWindow& window) {
     const auto* button = Of(window, "cmdPagina");
-    const auto centre = button->mapTo(&window, button->rect().center());
-    EXPECT_EQ(window.childAt(centre), button);
-    Click(window, "cmdPagina");
-  });
+    EXPECT_EQ(window.childAt(button->mapTo(&window, button->rect().center())), button);
+  };
+  Run(isOnTop, "cmdPagina");
   EXPECT_THAT(seen, ElementsAre("pagina"));
 }
 
 TEST_F(ControlsTest, ALabelNamesTheControlOnItsRight) {
-  Run([](qt::FormWindow& window) {
+  Run([](auto& window) {
     EXPECT_EQ(Of<QLabel>(window, "lblCurso")->buddy(), Of(window, "cboCurso"));
     EXPECT_EQ(Of<QLabel>(window, "lblTexto")->buddy(), Of(window, "txtTexto"));
   });
 }
 
 TEST_F(ControlsTest, TabFollowsTheOrderOfTheForm) {
-  Run([](qt::FormWindow& window) {
+  Run([](auto& window) {
     Of(window, "cboCurso")->setFocus();
     std::vector<std::string> order;
     for (int i = 0; i < 4; ++i) {
@@ -257,16 +225,14 @@ TEST_F(ControlsTest, TabFollowsTheOrderOfTheForm) {
 
 TEST_F(ControlsTest, TheFormGivesTheKeyboard) {
   form->cboCurso.Click = [this] { form->txtTexto.SetFocus(); };
-  Run([](qt::FormWindow& window) {
-    Pick(window, "cboCurso", 0);
-    EXPECT_EQ(window.focusWidget(), Of(window, "txtTexto"));
-  });
+  Run(Pick("cboCurso", 0),
+      [](auto& window) { EXPECT_EQ(window.focusWidget(), Of(window, "txtTexto")); });
   EXPECT_EQ(form->WantsFocus(), nullptr);
 }
 
 TEST_F(ControlsTest, AButtonTakesItsPictureFromTheDrawings) {
   form->cmdPagina.Picture("C:\\no\\hay\\Buscar.ico");
-  Run([](qt::FormWindow& window) {
+  Run([](auto& window) {
     EXPECT_FALSE(Of<QPushButton>(window, "cmdPagina")->icon().pixmap(16, 16).isNull());
     EXPECT_FALSE(window.windowIcon().pixmap(32, 32).isNull());
   });

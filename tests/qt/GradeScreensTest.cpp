@@ -18,7 +18,14 @@ constexpr std::uint8_t kByStudent = 124;
 /// The grades of section 5 (3º ESO A) of the sample school, entered as its head does.
 class GradeScreensTest : public SchoolScreenTest {
  protected:
-  static void Leave(qt::FormWindow& window) { Click(window, "cmdNotaManual1(1)"); }
+  /// Step one, those gestures in step two, and out of step one to which the form comes back.
+  template <class... Gestures>
+  void InStepTwo(Gestures... gestures) {
+    Then(ChooseGradesOfTheSecond);
+    Then(gestures...);
+    Then("cmdNotaManual1(1)");
+    OpenNode(kByStudent);
+  }
   [[nodiscard]] std::size_t Publications() const {
     return school.Rows("SELECT * FROM PublicacionPte").size();
   }
@@ -28,18 +35,18 @@ class GradeScreensTest : public SchoolScreenTest {
 
 TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
   Then(ChooseGradesOfTheSecond);
-  Then([](qt::FormWindow& window) {
+  const auto choose = [](auto& window) {
     EXPECT_EQ(window.windowTitle(), "Introducción de notas. Paso 2 de 2");
     ClickCell(window, "rtvNotasAlumno", 0, 1);
     QTest::keyClicks(ListFilter(window), "9");
     QTest::keyClick(ListFilter(window), Qt::Key_Return);
     EXPECT_EQ(CellText(window, "rtvNotasAlumno", 0, 1), "9");
-    Click(window, "cmdAceptar");
-  });
-  Then([](qt::FormWindow& window) {
+  };
+  Then(choose, "cmdAceptar");
+  const auto isStepOne = [](auto& window) {
     EXPECT_EQ(Of<QComboBox>(window, "cboCursos")->currentText(), "3º ESO");
-    Leave(window);
-  });
+  };
+  Then(isStepOne, "cmdNotaManual1(1)");
   OpenNode(kByStudent);
   EXPECT_THAT(messages, IsEmpty());
   EXPECT_THAT(school.Rows("SELECT N.DescripcionCorta FROM EvaluacionPte E INNER JOIN Nota N ON "
@@ -50,42 +57,32 @@ TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
 }
 
 TEST_F(GradeScreensTest, TheArrowKeysGoFromStudentToStudentWhereverTheKeyboardIs) {
-  Then(ChooseGradesOfTheSecond);
-  Then([](qt::FormWindow& window) {
-    const auto* students = Of<QComboBox>(window, "cboAlumnos");
-    ASSERT_GT(students->count(), 1);
-    EXPECT_EQ(students->currentIndex(), 0);
-    Key(window, "rtvNotasAlumno", Qt::Key_Down);
-    EXPECT_EQ(students->currentIndex(), 1);
-    Key(window, "cmdAceptar", Qt::Key_Up);
-    EXPECT_EQ(students->currentIndex(), 0);
-    Click(window, "cmdSiguiente");
-    EXPECT_EQ(students->currentIndex(), 1);
-    Click(window, "cmdCancelar");
-  });
-  Then(Leave);
-  OpenNode(kByStudent);
+  const auto isOn = [](int student) {
+    return [student](auto& window) {
+      const auto* students = Of<QComboBox>(window, "cboAlumnos");
+      ASSERT_GT(students->count(), 1);
+      EXPECT_EQ(students->currentIndex(), student);
+    };
+  };
+  InStepTwo(isOn(0), Key("rtvNotasAlumno", Qt::Key_Down), isOn(1), Key("cmdAceptar", Qt::Key_Up),
+            isOn(0), "cmdSiguiente", isOn(1), "cmdCancelar");
 }
 
 TEST_F(GradeScreensTest, AWindowMadeTooSmallGoesBackToItsLeastMeasures) {
-  Then(ChooseGradesOfTheSecond);
-  Then([](qt::FormWindow& window) {
+  const auto resize = [](auto& window) {
     window.resize(400, 300);
     EXPECT_EQ(window.size(),
               QSize(qt::Pixels(9300 - Form::kBorderWidth), qt::Pixels(6465 - Form::kBorderHeight)));
     window.resize(1000, 700);
     EXPECT_EQ(window.size(), QSize(1000, 700));
     EXPECT_LT(1000 - Of(window, "cmdCancelar")->geometry().right(), 30);
-    Click(window, "cmdCancelar");
-  });
-  Then(Leave);
-  OpenNode(kByStudent);
+  };
+  InStepTwo(resize, "cmdCancelar");
 }
 
 TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
   auto seen = 0;
-  Then(ChooseGradesOfTheSecond);
-  Then([this, &seen](qt::FormWindow& window) {
+  const auto lookWhileSaving = [this, &seen](auto& window) {
     Saving([&window, &seen] {
       ++seen;
       EXPECT_TRUE(Of<qt::BusySign>(window, "aniCarga")->isVisible());
@@ -93,20 +90,16 @@ TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
       EXPECT_FALSE(Of(window, "cmdAceptar")->isVisible());
       Click(window, "cmdCancelar");  // out of reach
     });
-    Click(window, "cmdAceptar");
-  });
-  Then(Leave);
-  OpenNode(kByStudent);
+  };
+  InStepTwo(lookWhileSaving, "cmdAceptar");
   EXPECT_GT(seen, 0);
 }
 
 TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndStepOneComesBackAsItWas) {
   Then(ChooseGradesOfTheSecond);
-  Then([this](qt::FormWindow& window) {
-    EXPECT_EQ(Publications(), before + 1);
-    window.close();
-  });
-  Then([this](qt::FormWindow& window) {
+  Then([this](auto&) { EXPECT_EQ(Publications(), before + 1); },
+       [](auto& window) { window.close(); });
+  Then([this](auto& window) {
     EXPECT_EQ(window.Model().Name(), "frmNotaManual1");
     EXPECT_EQ(Publications(), before);
     EXPECT_GE(Of<QComboBox>(window, "cboSecciones")->currentIndex(), 0);

@@ -2,65 +2,76 @@
 #include <QScrollBar>
 #include <QTableView>
 
-#include "adapters/qt/views/Units.h"
 #include "tests/qt/PruebaTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-using GridsTest = PruebaTest;
+class GridsTest : public PruebaTest {
+ protected:
+  static QTableView& Table(const qt::FormWindow& window) {
+    return *Of<QTableView>(window, "msgRejilla");
+  }
+  /// So many rows below the heading.
+  static Gesture ExpectRows(int rows) {
+    return [rows](auto& window) { EXPECT_EQ(Table(window).model()->rowCount(), rows); };
+  }
+  static Gesture ExpectText(int row, const std::string& text) {
+    return [=](auto& window) { EXPECT_EQ(CellText(window, "msgRejilla", row, 0), text); };
+  }
+  static Gesture ExpectOnTop(int row) {
+    return [row](auto& window) { EXPECT_EQ(Table(window).rowAt(0), row); };
+  }
+  static Gesture Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
+    return Key("msgRejilla", key, with);
+  }
+  Gesture ExpectRow(int row) {
+    return [this, row](auto&) { EXPECT_EQ(form->msgRejilla.Row(), row); };
+  }
+  /// More rows than fit; the button brings one of them to the top.
+  void Lengthen() {
+    for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
+    form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
+  }
+};
 
 TEST_F(GridsTest, TheFixedRowIsTheHeading) {
-  Run([](qt::FormWindow& window) {
-    const auto* table = Of<QTableView>(window, "msgRejilla");
-    EXPECT_EQ(table->model()->rowCount(), 3);
-    EXPECT_EQ(table->model()->headerData(1, Qt::Horizontal).toString(), "1ª Eval.");
-    EXPECT_TRUE(table->horizontalHeader()->isVisible());
-    EXPECT_EQ(CellText(window, "msgRejilla", 1, 0), "Matemáticas (1º ESO)");
+  Run(ExpectRows(3), ExpectText(1, "Matemáticas (1º ESO)"), [](auto& window) {
+    EXPECT_EQ(Table(window).model()->headerData(1, Qt::Horizontal).toString(), "1ª Eval.");
+    EXPECT_TRUE(Table(window).horizontalHeader()->isVisible());
   });
 }
 
 TEST_F(GridsTest, AGridWithoutFixedRowShowsNoHeading) {
   form->msgRejilla.FixedRows(0);
-  Run([](qt::FormWindow& window) {
-    const auto* table = Of<QTableView>(window, "msgRejilla");
-    EXPECT_EQ(table->model()->rowCount(), 4);
-    EXPECT_FALSE(table->horizontalHeader()->isVisible());
-  });
+  Run(ExpectRows(4),
+      [](auto& window) { EXPECT_FALSE(Table(window).horizontalHeader()->isVisible()); });
 }
 
 TEST_F(GridsTest, AColumnOfWidth0IsHidden) {
-  Run([](qt::FormWindow& window) {
-    EXPECT_TRUE(Of<QTableView>(window, "msgRejilla")->isColumnHidden(3));
-    EXPECT_FALSE(Of<QTableView>(window, "msgRejilla")->isColumnHidden(2));
+  Run([](auto& window) {
+    EXPECT_TRUE(Table(window).isColumnHidden(3));
+    EXPECT_FALSE(Table(window).isColumnHidden(2));
   });
 }
 
 TEST_F(GridsTest, MarksAreCentred) {
-  Run([](qt::FormWindow& window) {
-    const auto* cells = Of<QTableView>(window, "msgRejilla")->model();
-    const auto alignment = cells->index(0, 1).data(Qt::TextAlignmentRole).toInt();
-    EXPECT_TRUE((alignment & Qt::AlignHCenter) != 0);
+  Run([](auto& window) {
+    const auto cell = Table(window).model()->index(0, 1);
+    EXPECT_TRUE((cell.data(Qt::TextAlignmentRole).toInt() & Qt::AlignHCenter) != 0);
   });
 }
 
 TEST_F(GridsTest, TheRowFollowsMouseAndKeyboard) {
-  Run([this](qt::FormWindow& window) {
-    ClickCell(window, "msgRejilla", 2, 0);
-    EXPECT_EQ(form->msgRejilla.RowSel(), 3);
-    Key(window, "msgRejilla", Qt::Key_Up);
-    EXPECT_EQ(form->msgRejilla.RowSel(), 2);
-    Key(window, "msgRejilla", Qt::Key_Home, Qt::ControlModifier);
-    EXPECT_EQ(form->msgRejilla.Row(), 1);
-  });
+  const auto expectSelected = [this](int row) {
+    return [this, row](auto&) { EXPECT_EQ(form->msgRejilla.RowSel(), row); };
+  };
+  Run(ClickCell("msgRejilla", 2, 0), expectSelected(3), Press(Qt::Key_Up), expectSelected(2),
+      Press(Qt::Key_Home, Qt::ControlModifier), ExpectRow(1));
 }
 
 TEST_F(GridsTest, DoubleClickAndEnterAreAlike) {
-  Run([](qt::FormWindow& window) {
-    DoubleClickCell(window, "msgRejilla", 1, 1);
-    Key(window, "msgRejilla", Qt::Key_Return);
-  });
+  Run(DoubleClickCell("msgRejilla", 1, 1), Press(Qt::Key_Return));
   EXPECT_THAT(seen, ElementsAre("rejilla 2", "rejilla 2"));
 }
 
@@ -114,11 +125,8 @@ TEST_F(GridsTest, TheTableFollowsTheGridsRow) {
     form->msgRejilla.RowPosition(1, 3);
     form->msgRejilla.Row(3);
   };
-  Run([](qt::FormWindow& window) {
-    Click(window, "cmdPagina");
-    EXPECT_EQ(Of<QTableView>(window, "msgRejilla")->currentIndex().row(), 2);
-    EXPECT_EQ(CellText(window, "msgRejilla", 2, 0), "Lengua (1º ESO)");
-  });
+  Run("cmdPagina", ExpectText(2, "Lengua (1º ESO)"),
+      [](auto& window) { EXPECT_EQ(Table(window).currentIndex().row(), 2); });
   EXPECT_THAT(seen, IsEmpty());
 }
 
@@ -131,13 +139,7 @@ TEST_F(GridsTest, AGridThatIsRebuiltAndEmptiedIsShownSo) {
     grid.FixedRows(0);
     grid.Rows(0);
   };
-  Run([this](qt::FormWindow& window) {
-    Click(window, "cmdPagina");
-    EXPECT_EQ(Of<QTableView>(window, "msgRejilla")->model()->rowCount(), 0);
-    Key(window, "msgRejilla", Qt::Key_Down);
-    Key(window, "msgRejilla", Qt::Key_Up);
-    EXPECT_EQ(form->msgRejilla.Row(), -1);
-  });
+  Run("cmdPagina", ExpectRows(0), Press(Qt::Key_Down), Press(Qt::Key_Up), ExpectRow(-1));
 }
 
 // What paints in the middle of a rebuild must not reach for rows that have gone.
@@ -149,43 +151,22 @@ TEST_F(GridsTest, PaintingWhileTheGridIsBeingRebuiltShowsTheOldCells) {
     screen.Pulse();
     form->msgRejilla.AddItem("Nueva");
   };
-  Run([](qt::FormWindow& window) {
-    Click(window, "cmdPagina");
-    EXPECT_EQ(CellText(window, "msgRejilla", 0, 0), "Nueva");
-  });
+  Run("cmdPagina", ExpectText(0, "Nueva"));
 }
 
 TEST_F(GridsTest, TopRowBringsARowIntoSight) {
-  for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
-  form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
-  Run([](qt::FormWindow& window) {
-    const auto* table = Of<QTableView>(window, "msgRejilla");
-    Click(window, "cmdPagina");
-    EXPECT_EQ(table->rowAt(0), 39);
-  });
+  Lengthen();
+  Run("cmdPagina", ExpectOnTop(39));
 }
 
 TEST_F(GridsTest, TopRowSetAgainBringsTheRowBackThatTheUserScrolledAwayFrom) {
-  for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
-  form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
-  Run([](qt::FormWindow& window) {
-    const auto* table = Of<QTableView>(window, "msgRejilla");
-    Click(window, "cmdPagina");
-    table->verticalScrollBar()->setValue(3);
-    ASSERT_EQ(table->rowAt(0), 3);
-    Click(window, "chkTodo");
-    EXPECT_EQ(table->rowAt(0), 3) << "what another control does moves nothing";
-    Click(window, "cmdPagina");
-    EXPECT_EQ(table->rowAt(0), 39);
-  });
+  Lengthen();
+  const auto scroll = [](auto& window) { Table(window).verticalScrollBar()->setValue(3); };
+  // What another control does moves nothing.
+  Run("cmdPagina", scroll, ExpectOnTop(3), "chkTodo", ExpectOnTop(3), "cmdPagina", ExpectOnTop(39));
 }
 
-TEST_F(GridsTest, TypingALetterFindsARow) {
-  Run([this](qt::FormWindow& window) {
-    Type(window, "msgRejilla", "mú");
-    EXPECT_EQ(form->msgRejilla.Row(), 3);
-  });
-}
+TEST_F(GridsTest, TypingALetterFindsARow) { Run(Type("msgRejilla", "mú"), ExpectRow(3)); }
 
 }  // namespace
 }  // namespace quorvane::test

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <QTableView>
 
 #include "adapters/qt/grid/RetivoEditor.h"
@@ -99,6 +100,19 @@ QLineEdit* ListFilter(const qt::FormWindow& window) {
   auto* list = OpenedList(window);
   if (list == nullptr) throw std::logic_error(window.Model().Name() + ": no list is open");
   return list->findChild<QLineEdit*>();
+}
+
+Gesture ClickTab(const std::string& tabStrip, int index) {
+  return [=](const qt::FormWindow& window) {
+    auto* bar = Of(window, tabStrip)->findChild<QTabBar*>();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
+  };
+}
+
+Gesture ClickSquare(const std::string& checkBox) {
+  return [=](const qt::FormWindow& window) {
+    QTest::mouseClick(Of(window, checkBox), Qt::LeftButton, {}, QPoint(8, 10));
+  };
 }
 
 }  // namespace quorvane::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTest>
+#include <functional>
 #include <string>
 
 #include "adapters/qt/window/FormWindow.h"
@@ -46,5 +47,35 @@ std::string CellText(const qt::FormWindow& window, const std::string& grid, int 
 qt::RetivoEditor* OpenedList(const qt::FormWindow& window);
 /// What narrows the open list; fails the test when none is open.
 QLineEdit* ListFilter(const qt::FormWindow& window);
+
+// The same, laid out for a window that comes up later.
+
+using Gesture = std::function<void(qt::FormWindow&)>;
+
+inline Gesture Click(const std::string& control) {
+  return [=](qt::FormWindow& window) { Click(window, control); };
+}
+inline Gesture Key(const std::string& control, Qt::Key key, Qt::KeyboardModifiers with = {}) {
+  return [=](qt::FormWindow& window) { Key(window, control, key, with); };
+}
+inline Gesture Type(const std::string& control, const std::string& text) {
+  return [=](qt::FormWindow& window) { Type(window, control, text); };
+}
+inline Gesture Pick(const std::string& combo, const std::string& entry) {
+  return [=](qt::FormWindow& window) { Pick(window, combo, entry); };
+}
+inline Gesture Pick(const std::string& combo, int index) {
+  return [=](qt::FormWindow& window) { Pick(window, combo, index); };
+}
+inline Gesture ClickCell(const std::string& grid, int row, int col) {
+  return [=](qt::FormWindow& window) { ClickCell(window, grid, row, col); };
+}
+inline Gesture DoubleClickCell(const std::string& grid, int row, int col) {
+  return [=](qt::FormWindow& window) { DoubleClickCell(window, grid, row, col); };
+}
+/// Clicks the tab of that place.
+Gesture ClickTab(const std::string& tabStrip, int index);
+/// Clicks the square of a check box, not its text.
+Gesture ClickSquare(const std::string& checkBox);
 
 }  // namespace quorvane::test

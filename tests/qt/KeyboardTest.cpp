@@ -1,11 +1,12 @@
+// What a user without a mouse does, on the module's own screens.
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTableView>
+#include <stdexcept>
 
 #include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
-#include "tests/qt/Keyboard.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/support/Matchers.h"
 
@@ -14,6 +15,84 @@ namespace {
 
 using ::testing::UnorderedElementsAreArray;
 using Names = std::vector<std::string>;
+
+// Each of these throws where the keyboard can't go.
+
+/// More than any form has of controls and cells.
+constexpr int kEnough = 400;
+
+/// The widget that takes the keys of that control.
+QWidget* KeyWidget(const qt::FormWindow& window, const std::string& control) {
+  auto* widget = Of(window, control);
+  while (widget->focusProxy() != nullptr) widget = widget->focusProxy();
+  return widget;
+}
+
+std::string ControlWithKeyboard(const qt::FormWindow& window) {
+  for (const auto& view : window.Views()) {
+    const auto& name = view->Model().Name();
+    if (KeyWidget(window, name) == window.focusWidget()) return name;
+  }
+  throw std::logic_error(window.Model().Name() + ": the keyboard is on no control");
+}
+
+/// Presses a key where the keyboard is.
+void PressIn(const qt::FormWindow& window, Qt::Key key, Qt::KeyboardModifiers with = {}) {
+  if (window.focusWidget() == nullptr)
+    throw std::logic_error(window.Model().Name() + ": nothing has the keyboard");
+  QTest::keyClick(window.focusWidget(), key, with);
+}
+
+/// Goes there by Tab alone.
+void GoTo(const qt::FormWindow& window, const std::string& control) {
+  const auto* wanted = KeyWidget(window, control);
+  for (int i = 0; i < kEnough; ++i) {
+    if (window.focusWidget() == wanted) return;
+    PressIn(window, Qt::Key_Tab);
+  }
+  throw std::logic_error(window.Model().Name() + ": Tab doesn't reach " + control);
+}
+
+/// The controls that Tab comes by, from the first until it is there again; backwards with
+/// Shift+Tab. Those that the keyboard rests on more than once in a row count once.
+Names TabWalk(const qt::FormWindow& window, bool forward) {
+  const auto* first = window.focusWidget();
+  Names walk{ControlWithKeyboard(window)};
+  for (int i = 0; i < kEnough; ++i) {
+    if (forward)
+      PressIn(window, Qt::Key_Tab);
+    else
+      PressIn(window, Qt::Key_Backtab, Qt::ShiftModifier);
+    const auto name = ControlWithKeyboard(window);
+    if (name == walk.back()) continue;
+    if (window.focusWidget() == first) return walk;
+    walk.push_back(name);
+  }
+  throw std::logic_error(window.Model().Name() + ": Tab doesn't come back");
+}
+
+Gesture TabTo(const std::string& control) {
+  return [=](auto& window) { GoTo(window, control); };
+}
+Gesture Press(Qt::Key key) {
+  return [=](auto& window) { PressIn(window, key); };
+}
+/// Goes to a button by Tab and presses the blank.
+Gesture PressButton(const std::string& button) {
+  return [=](auto& window) {
+    GoTo(window, button);
+    PressIn(window, Qt::Key_Space);
+  };
+}
+/// Goes to a combo box by Tab and down to the entry of that place.
+Gesture PickByKey(const std::string& combo, int index) {
+  return [=](auto& window) {
+    GoTo(window, combo);
+    const auto* box = Of<QComboBox>(window, combo);
+    for (int i = 0; i < kEnough && box->currentIndex() < index; ++i) PressIn(window, Qt::Key_Down);
+    if (box->currentIndex() != index) throw std::logic_error("no such entry in " + combo);
+  };
+}
 
 bool TakesKeys(const Control& control) {
   const auto kind = control.Kind();
@@ -41,25 +120,25 @@ void ExpectReachable(const qt::FormWindow& window) {
   Names usable;
   for (const auto& view : window.Views())
     if (TakesKeys(view->Model())) usable.push_back(view->Model().Name());
-  TabTo(window, usable.front());
-  const auto walk = TabWalk(window);
+  GoTo(window, usable.front());
+  const auto walk = TabWalk(window, true);
   EXPECT_THAT(walk, UnorderedElementsAreArray(usable)) << form;
   for (std::size_t i = 1; i < walk.size(); ++i)
     EXPECT_FALSE(ReadsBackwards(PlaceOf(window, walk[i - 1]), PlaceOf(window, walk[i])))
         << form << ": " << walk[i - 1] << " before " << walk[i];
 
-  TabTo(window, usable.front());
+  GoTo(window, usable.front());
   auto back = TabWalk(window, false);
   std::reverse(back.begin() + 1, back.end());
   EXPECT_THAT(back, ElementsAreArray(walk)) << form;
 
   for (const auto& name : walk) {
     auto* widget = KeyWidget(window, name);
-    TabTo(window, name);
+    GoTo(window, name);
     EXPECT_TRUE(widget->hasFocus()) << form << ": " << name;
     const auto with = widget->grab().toImage();
-    Press(window, Qt::Key_Tab, Qt::ControlModifier);
-    if (widget->hasFocus()) Press(window, Qt::Key_Tab);
+    PressIn(window, Qt::Key_Tab, Qt::ControlModifier);
+    if (widget->hasFocus()) PressIn(window, Qt::Key_Tab);
     EXPECT_FALSE(widget->hasFocus()) << form << ": " << name;
     EXPECT_NE(with, widget->grab().toImage()) << form << ": " << name << " looks the same";
   }
@@ -67,83 +146,45 @@ void ExpectReachable(const qt::FormWindow& window) {
 
 class KeyboardTest : public SchoolScreenTest {
  protected:
-  /// Looks at a form and leaves it by Esc.
-  void LookAndEscape() {
-    Then([](qt::FormWindow& window) {
-      ExpectReachable(window);
-      Press(window, Qt::Key_Escape);
-    });
-  }
+  const Gesture escape = Press(Qt::Key_Escape);
+  const Gesture enter = Press(Qt::Key_Return);
 };
 
 TEST_F(KeyboardTest, TheRegisterNeedsNoMouse) {
-  Then([](qt::FormWindow& window) {
-    PickByKey(window, "cboTEnsenanza", 0);
-    PickByKey(window, "cboCurso", 2);
-    PickByKey(window, "cboSeccion", 0);
-    ExpectReachable(window);
-    TabTo(window, "cboSeccion");
-    Press(window, Qt::Key_Return);  // the default button
-  });
-  Then([](qt::FormWindow& window) {
-    ExpectReachable(window);
-    PressByKey(window, "cmdListar");
-    TabTo(window, "msgAlumnos");
-    Press(window, Qt::Key_End);
-    Press(window, Qt::Key_Home);
-    PressByKey(window, "cmdPropiedades");
-    TabTo(window, "TabDatos");
-    Press(window, Qt::Key_Right);
-    ExpectReachable(window);
-    PressByKey(window, "cmdPropMat");
-    Press(window, Qt::Key_Escape);
-  });
-  LookAndEscape();  // the students
-  Then([](qt::FormWindow& window) {
-    ExpectReachable(window);
-    PressByKey(window, "cmdAgregar");
-    PressByKey(window, "cmdPropiedades");
-    Press(window, Qt::Key_Escape);
-  });
-  Then([](qt::FormWindow& window) {
-    PickByKey(window, "cboCurso", 0);
-    PickByKey(window, "cboSeccion", 0);
-    ExpectReachable(window);
-    Press(window, Qt::Key_Escape);
-  });
-  LookAndEscape();  // the evaluations
-  LookAndEscape();  // the teacher
+  // Enter is the default button.
+  Then(PickByKey("cboTEnsenanza", 0), PickByKey("cboCurso", 2), PickByKey("cboSeccion", 0),
+       ExpectReachable, TabTo("cboSeccion"), enter);
+  Then(ExpectReachable, PressButton("cmdListar"), TabTo("msgAlumnos"), Press(Qt::Key_End),
+       Press(Qt::Key_Home), PressButton("cmdPropiedades"), TabTo("TabDatos"), Press(Qt::Key_Right),
+       ExpectReachable, PressButton("cmdPropMat"), escape);
+  Then(ExpectReachable, escape);  // the students
+  Then(ExpectReachable, PressButton("cmdAgregar"), PressButton("cmdPropiedades"), escape);
+  Then(PickByKey("cboCurso", 0), PickByKey("cboSeccion", 0), ExpectReachable, escape);
+  Then(ExpectReachable, escape);  // the evaluations
+  Then(ExpectReachable, escape);  // the teacher
   OpenNode(123);
   EXPECT_THAT(messages, IsEmpty());
 }
 
 TEST_F(KeyboardTest, StudentsGoFromListToListByEnter) {
-  Then([](qt::FormWindow& window) {
-    PickByKey(window, "cboTEnsenanza", 0);
-    PickByKey(window, "cboCurso", 2);
-    PickByKey(window, "cboSeccion", 0);
-    Press(window, Qt::Key_Return);
-  });
-  Then([](qt::FormWindow& window) {
-    PressByKey(window, "cmdListar");
-    Press(window, Qt::Key_Escape);
-  });
-  Then([](qt::FormWindow& window) {
+  Then(PickByKey("cboTEnsenanza", 0), PickByKey("cboCurso", 2), PickByKey("cboSeccion", 0), enter);
+  Then(PressButton("cmdListar"), escape);
+  const auto moveTheLast = [](auto& window) {
     const auto* left = Of<QListWidget>(window, "lstSeleccionados");
     const auto* right = Of<QListWidget>(window, "lstDisponibles");
     const auto before = left->count();
     ASSERT_GT(right->count(), 1);
-    TabTo(window, "lstDisponibles");
-    Press(window, Qt::Key_Home);
-    Press(window, Qt::Key_End);
+    GoTo(window, "lstDisponibles");
+    PressIn(window, Qt::Key_Home);
+    PressIn(window, Qt::Key_End);
     const auto last = right->item(right->count() - 1)->text();
     EXPECT_EQ(right->currentItem()->text(), last);
-    Press(window, Qt::Key_Return);
+    PressIn(window, Qt::Key_Return);
     EXPECT_EQ(left->count(), before + 1);
     EXPECT_EQ(left->item(before)->text(), last);
     EXPECT_TRUE(right->hasFocus());
-    Press(window, Qt::Key_Escape);
-  });
+  };
+  Then(moveTheLast, escape);
   OpenNode(123);
 }
 
@@ -151,30 +192,23 @@ class GradeKeyboardTest : public KeyboardTest, public ::testing::WithParamInterf
 
 /// Both steps, with an ordinary and a final evaluation.
 TEST_P(GradeKeyboardTest, NeedsNoMouse) {
+  const auto pickOwnChoice = [](qt::FormWindow& window) {
+    for (const auto* choice : {"cboMateria", "cboAlumno"})
+      if (window.Widget(choice) != nullptr) PickByKey(choice, 0)(window);
+  };
+  const auto escapeClosesTheListAlone = [](auto& window) {
+    ASSERT_NE(OpenedList(window), nullptr) << window.Model().Name();
+    QTest::keyClick(ListFilter(window), Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible());
+  };
   for (const auto evaluation : {1, 3}) {
-    Then([evaluation](qt::FormWindow& window) {
-      PickByKey(window, "cboTipoEnsenanza", 0);
-      PickByKey(window, "cboCursos", 2);
-      PickByKey(window, "cboSecciones", 0);
-      PickByKey(window, "cboEvaluaciones", evaluation);
-      for (const auto* choice : {"cboMateria", "cboAlumno"})
-        if (window.Widget(choice) != nullptr) PickByKey(window, choice, 0);
-      ExpectReachable(window);
-      TabTo(window, "cboEvaluaciones");
-      Press(window, Qt::Key_Return);
-    });
-    Then([](qt::FormWindow& window) {
-      ExpectReachable(window);
-      TabTo(window, "rtvNotasAlumno");
-      Press(window, Qt::Key_Tab);
-      Press(window, Qt::Key_F2);
-      ASSERT_NE(OpenedList(window), nullptr) << window.Model().Name();
-      QTest::keyClick(ListFilter(window), Qt::Key_Escape);
-      EXPECT_TRUE(window.isVisible()) << "Esc closes the list alone";
-      Press(window, Qt::Key_Escape);
-    });
+    Then(PickByKey("cboTipoEnsenanza", 0), PickByKey("cboCursos", 2), PickByKey("cboSecciones", 0),
+         PickByKey("cboEvaluaciones", evaluation), pickOwnChoice, ExpectReachable,
+         TabTo("cboEvaluaciones"), enter);
+    Then(ExpectReachable, TabTo("rtvNotasAlumno"), Press(Qt::Key_Tab), Press(Qt::Key_F2),
+         escapeClosesTheListAlone, escape);
   }
-  Then([](qt::FormWindow& window) { Press(window, Qt::Key_Escape); });
+  Then(escape);
   OpenNode(static_cast<std::uint8_t>(GetParam()));
   EXPECT_THAT(messages, IsEmpty());
 }

@@ -1,7 +1,10 @@
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLabel>
-#include <QTabBar>
 #include <QTableView>
+#include <QTextDocument>
+#include <algorithm>
+#include <string>
 
 #include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
@@ -42,61 +45,32 @@ void ExpectTidy(const qt::FormWindow& window) {
 
 class LayoutsTest : public SchoolScreenTest {
  protected:
-  void LookAndPress(const std::string& button) {
-    Then([button](qt::FormWindow& window) {
-      ExpectTidy(window);
-      Click(window, button);
-    });
-  }
-  static void Choose(qt::FormWindow& window) {
-    Pick(window, "cboTipoEnsenanza", 0);
-    Pick(window, "cboCursos", 2);
-    Pick(window, "cboSecciones", 0);
+  static Gesture Enlarge(double factor) {
+    return [=](auto& window) { window.resize(window.size() * factor); };
   }
 };
 
 TEST_F(LayoutsTest, TheScreensOfTheRegisterAreTidy) {
-  Then([](qt::FormWindow& window) {
-    ExpectTidy(window);
-    Pick(window, "cboTEnsenanza", 0);
-    Pick(window, "cboCurso", 2);
-    Pick(window, "cboSeccion", 0);
-    Click(window, "cmdAceptar");
-  });
-  Then([](qt::FormWindow& window) {
-    ExpectTidy(window);
-    Click(window, "cmdListar");
-    Click(window, "cmdPropiedades");
-    auto* bar = Of(window, "TabDatos")->findChild<QTabBar*>();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
-    ExpectTidy(window);
-    Click(window, "cmdPropMat");
-    window.resize(window.size() * 1.4);
-    ExpectTidy(window);
-    Click(window, "cmdCancelar");
-  });
-  LookAndPress("cmdCancelar");
-  Then([](qt::FormWindow& window) {
-    ExpectTidy(window);
-    Click(window, "cmdAgregar");
-    Click(window, "cmdPropiedades");
-    Click(window, "cmdCancelar");
-  });
-  for (int i = 0; i < 3; ++i) LookAndPress("cmdCancelar");
+  Then(ExpectTidy, ChooseRegister);
+  Then(ExpectTidy, "cmdListar", "cmdPropiedades", ClickTab("TabDatos", 1), ExpectTidy, "cmdPropMat",
+       Enlarge(1.4), ExpectTidy, "cmdCancelar");
+  Then(ExpectTidy, "cmdCancelar");
+  Then(ExpectTidy, "cmdAgregar", "cmdPropiedades", "cmdCancelar");
+  for (int i = 0; i < 3; ++i) Then(ExpectTidy, "cmdCancelar");
   OpenNode(123);
 }
 
 TEST_F(LayoutsTest, TheGridsOfTheRegisterTakeTheRoomOfABiggerWindow) {
   Then(ChooseRegister);
-  Then([](qt::FormWindow& window) {
+  const auto enlarge = [](auto& window) {
     const auto* list = Of<QTableView>(window, "msgAlumnos");
     const auto before = list->size();
     window.resize(window.width() + 150, window.height() + 100);
     EXPECT_EQ(list->width(), before.width() + 150);
     EXPECT_EQ(list->height(), before.height() + 100);
     EXPECT_EQ(list->columnWidth(0), list->viewport()->width());
-    Click(window, "cmdCancelar");
-  });
+  };
+  Then(enlarge, "cmdCancelar");
   OpenNode(123);
 }
 
@@ -104,28 +78,107 @@ class StepLayoutsTest : public LayoutsTest, public ::testing::WithParamInterface
 
 /// Step one with everything chosen, step two on the evaluation of that place in its list, and back.
 TEST_P(StepLayoutsTest, AreTidy) {
+  const auto nextOfOwnChoice = [](auto& window) {
+    for (const auto* choice : {"cboMateria", "cboAlumno"})
+      if (window.Widget(choice) != nullptr) Click(window, "cmdSiguiente");
+  };
   for (const auto evaluation : {1, 3}) {
-    Then([evaluation](qt::FormWindow& window) {
-      ExpectTidy(window);
-      Choose(window);
-      Pick(window, "cboEvaluaciones", evaluation);
-      for (const auto* choice : {"cboMateria", "cboAlumno"})
-        if (window.Widget(choice) != nullptr) Click(window, "cmdSiguiente");
-      Click(window, "cmdNotaManual1(0)");
-    });
-    Then([](qt::FormWindow& window) {
-      ExpectTidy(window);
-      window.resize(window.size() * 1.3);
-      ExpectTidy(window);
-      Click(window, "cmdCancelar");
-    });
+    Then(ExpectTidy, Pick("cboTipoEnsenanza", 0), Pick("cboCursos", 2), Pick("cboSecciones", 0),
+         Pick("cboEvaluaciones", evaluation), nextOfOwnChoice, "cmdNotaManual1(0)");
+    Then(ExpectTidy, Enlarge(1.3), ExpectTidy, "cmdCancelar");
   }
-  LookAndPress("cmdNotaManual1(1)");
+  Then(ExpectTidy, "cmdNotaManual1(1)");
   OpenNode(static_cast<std::uint8_t>(GetParam()));
   EXPECT_THAT(messages, IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Nodes, StepLayoutsTest, ::testing::Values(124, 125, 126, 127));
+
+using ::testing::Ge;
+using ::testing::Le;
+
+std::string Long() {
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "año";
+  return text;
+}
+
+/// The sample school, each of its texts with that one before it. Section 5 is 3º ESO A.
+class OddTextsScreenTest : public SchoolScreenTest,
+                           public testing::WithParamInterface<std::string> {
+ protected:
+  OddTextsScreenTest() {
+    auto text = GetParam();
+    for (auto at = text.find('\''); at != std::string::npos; at = text.find('\'', at + 2))
+      text.insert(at, 1, '\'');
+    for (const std::string change :
+         {"Alumno SET Apellido_1=", "Personal SET Apellido1=", "Materia SET Nombre=",
+          "Seccion SET Descripcion=", "Curso SET Descripcion=", "TipoEnsenanza SET Nombre=",
+          "NumEvaluacion SET Descripcion=", "TipoNota SET Nombre="}) {
+      const auto column =
+          change.substr(change.rfind(' ') + 1, change.size() - change.rfind(' ') - 2);
+      school.Sql("UPDATE " + change + "'" + text + "'||" + column);
+    }
+  }
+
+  /// What an entry or a cell shows of the text: it is one line.
+  static std::string Shown() {
+    auto text = GetParam();
+    for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+  }
+
+  /// The first cell shows the text; nothing has shrunk to a line, nothing has grown out of the
+  /// screen.
+  static void ExpectInShape(const qt::FormWindow& window, const std::string& grid) {
+    EXPECT_LT(window.width(), 1400);
+    EXPECT_LT(window.height(), 1000);
+    for (const auto* widget : window.findChildren<QWidget*>())
+      if (widget->isVisibleTo(&window) && !widget->objectName().startsWith("qt_")) {
+        EXPECT_FALSE(widget->size().isEmpty()) << widget->objectName().toStdString();
+      }
+    const auto* view = Of<QTableView>(window, grid);
+    ASSERT_GT(view->model()->rowCount(), 0);
+    EXPECT_THAT(CellText(window, grid, 0, 0), HasSubstr(Shown()));
+    for (int row = 0; row < view->model()->rowCount(); ++row)
+      if (!view->isRowHidden(row)) {
+        EXPECT_THAT(view->rowHeight(row), AllOf(Ge(10), Le(120)));
+      }
+  }
+};
+
+TEST_P(OddTextsScreenTest, TheRegisterShowsThemInItsLines) {
+  Then(ChooseRegister);
+  const auto lookAtStudents = [](auto& window) {
+    ExpectInShape(window, "msgAlumnos");
+    const auto cell = Of<QTableView>(window, "msgAlumnos")->model()->index(0, 0);
+    EXPECT_FALSE(Qt::mightBeRichText(cell.data(Qt::ToolTipRole).toString()) &&
+                 cell.data(Qt::ToolTipRole).toString().contains('<'));
+  };
+  Then(lookAtStudents, ClickCell("msgAlumnos", 0, 0), "cmdPropiedades", "cmdCancelar");
+  Then([](auto& window) { ExpectInShape(window, "msgMaterias"); }, "cmdCancelar");
+  OpenNode(123);
+  EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_P(OddTextsScreenTest, TheGradesShowThemInTheirLines) {
+  Then([](auto& window) { ChooseGrades(window, 1); });
+  const auto look = [](auto& window) {
+    ExpectInShape(window, "rtvNotasAlumno");
+    EXPECT_THAT(Of<QComboBox>(window, "cboAlumnos")->currentText().toStdString(),
+                HasSubstr(Shown()));
+  };
+  Then(look, "cmdCancelar");
+  Then("cmdNotaManual1(1)");
+  OpenNode(124);
+  EXPECT_THAT(messages, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, OddTextsScreenTest,
+                         testing::Values("O'Neil \"Rubio\" [a] ", "uno\tdos ", "uno\ndos\r\ntres ",
+                                         Long(), "שלום عليكم ", "n\u0303 👩‍🏫 ",
+                                         "&A && <b>B</b> %s "));
 
 }  // namespace
 }  // namespace quorvane::test

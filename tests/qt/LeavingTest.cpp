@@ -3,30 +3,40 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/host/MessageBox.h"
-#include "tests/qt/Hands.h"
-#include "tests/qt/ScreenTest.h"
-#include "tests/qt/frmPrueba.h"
-#include "tests/support/Matchers.h"
+#include "tests/qt/PruebaTest.h"
 
 namespace quorvane::test {
 namespace {
 
-/// Two forms, one opened from the other, and what happens to both in one list.
-class LeavingTest : public ScreenTest {
+/// What happens to both forms when the program is left, in one list.
+class LeavingTest : public TwoFormsTest {
  protected:
   LeavingTest() {
-    outer->OnUnload = [this] { events.emplace_back("fuera"); };
-    inner->OnUnload = [this] { events.emplace_back("dentro"); };
+    outer->OnUnload = Tells("fuera");
+    inner->OnUnload = Tells("dentro");
     outer->cmdPagina.Click = [this] {
       inner->ShowModal();
       events.emplace_back("sigue");
     };
   }
 
+  std::function<void()> Tells(const char* event) {
+    return [this, event] { events.emplace_back(event); };
+  }
+  /// A failing handler, in a program that is left by then.
+  std::function<void()> LeavesAndFails() {
+    return [this] {
+      screen.Leave();
+      throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
+    };
+  }
+  Gesture Leave() {
+    return [this](auto&) { screen.Leave(); };
+  }
   /// Opens the inner form from the outer one, and leaves the program from its window.
   void LeaveFromInner() {
     Then("cmdPagina");
-    Then([this](qt::FormWindow&) { screen.Leave(); });
+    Then(Leave());
   }
 
   [[nodiscard]] std::string Failures() const {
@@ -41,19 +51,16 @@ class LeavingTest : public ScreenTest {
     return texts;
   }
 
-  std::shared_ptr<frmPrueba> outer = std::make_shared<frmPrueba>("frmFuera");
-  std::shared_ptr<frmPrueba> inner = std::make_shared<frmPrueba>("frmDentro");
   std::vector<std::string> events;
 };
 
 TEST_F(LeavingTest, TheFormsAreUnloadedFromTheInnermostOut) {
   LeaveFromInner();
-  outer->ShowModal();
+  Show(*outer);
   // What stands behind the opening of a form goes on before its own form goes.
   EXPECT_THAT(events, ElementsAre("dentro", "sigue", "fuera"));
   EXPECT_FALSE(outer->Loaded());
   EXPECT_EQ(Failures(), "");
-  ExpectDone();
 }
 
 TEST_F(LeavingTest, NothingHappensWithoutAForm) {
@@ -62,32 +69,19 @@ TEST_F(LeavingTest, NothingHappensWithoutAForm) {
 }
 
 TEST_F(LeavingTest, AFormHiddenBehindTheOpenOneIsUnloaded) {
-  outer->cmdPagina.Click = [this] {
-    outer->Hide();
-    inner->ShowModal();
-  };
+  HideOuterBehindInner();
   LeaveFromInner();
   outer->ShowModal();
   EXPECT_THAT(events, ElementsAre("dentro", "fuera"));
 }
 
 TEST_F(LeavingTest, AFormThatIsShownTwiceIsUnloadedOnce) {
-  outer->cmdPagina.Click = [this] {
-    outer->Hide();
-    inner->ShowModal();
-  };
-  inner->cmdAceptar.Click = [this] {
-    inner->Unload();
-    outer->ShowModal();
-  };
+  HideOuterBehindInner();
   for (int round = 0; round < 2; ++round) {
     Then("cmdPagina");
     Then("cmdAceptar");
   }
-  Then([this](qt::FormWindow&) {
-    events.clear();
-    screen.Leave();
-  });
+  Then([this](auto&) { events.clear(); }, Leave());
   Show(*outer);
   EXPECT_THAT(events, ElementsAre("fuera"));
 }
@@ -104,7 +98,7 @@ TEST_F(LeavingTest, TheHandlerThatRunsEndsFirst) {
 }
 
 TEST_F(LeavingTest, AFormThatIsOpenedMeanwhileComesNotOnTheScreen) {
-  inner->OnActivate = [this] { events.emplace_back("activa"); };
+  inner->OnActivate = Tells("activa");
   outer->cmdPagina.Click = [this] {
     screen.Leave();
     inner->ShowModal();
@@ -128,7 +122,7 @@ TEST_F(LeavingTest, AnActivationThatRunsEndsFirst) {
 }
 
 TEST_F(LeavingTest, AFormWhoseWindowJustComesUpIsNotActivated) {
-  outer->OnActivate = [this] { events.emplace_back("activa"); };
+  outer->OnActivate = Tells("activa");
   QTimer::singleShot(0, [this] { screen.Leave(); });
   outer->ShowModal();
   EXPECT_THAT(events, ElementsAre("fuera"));
@@ -151,12 +145,7 @@ TEST_F(LeavingTest, TheMessageThatWaitsCountsAsReadAndNoOtherComes) {
 }
 
 TEST_F(LeavingTest, WhatTheUserDoesMeanwhileGoesNowhere) {
-  Then([this](qt::FormWindow& window) {
-    screen.Leave();
-    Click(window, "cmdAceptar");
-    Type(window, "txtTexto", "1");
-    window.close();
-  });
+  Then(Leave(), "cmdAceptar", Type("txtTexto", "1"), [](auto& window) { window.close(); });
   outer->ShowModal();
   EXPECT_THAT(outer->log, ElementsAre("descarga"));
 }
@@ -166,10 +155,7 @@ TEST_F(LeavingTest, LeavingAgainDoesNothing) {
     screen.Leave();
     events.emplace_back("fuera");
   };
-  Then([this](qt::FormWindow&) {
-    screen.Leave();
-    screen.Leave();
-  });
+  Then(Leave(), Leave());
   outer->ShowModal();
   EXPECT_THAT(events, ElementsAre("fuera"));
 }
@@ -187,10 +173,7 @@ TEST_F(LeavingTest, AFailingUnloadKeepsNoOtherFormFromIt) {
 }
 
 TEST_F(LeavingTest, AHandlerThatFailsMeanwhileIsFollowedByTheUnload) {
-  inner->cmdAceptar.Click = [this] {
-    screen.Leave();
-    throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
-  };
+  inner->cmdAceptar.Click = LeavesAndFails();
   screen.FailedWhileLeaving = [this](const std::exception_ptr& failure) {
     EXPECT_NE(failure, nullptr);
     events.emplace_back("falla");
@@ -203,10 +186,7 @@ TEST_F(LeavingTest, AHandlerThatFailsMeanwhileIsFollowedByTheUnload) {
 }
 
 TEST_F(LeavingTest, AnActivationThatFailsMeanwhileIsFollowedByTheUnload) {
-  outer->OnActivate = [this] {
-    screen.Leave();
-    throw RuntimeError(ErrorNumber::StatementFailed, "fallo");
-  };
+  outer->OnActivate = LeavesAndFails();
   outer->ShowModal();
   EXPECT_THAT(events, ElementsAre("fuera"));
   EXPECT_EQ(Failures(), "fallo");

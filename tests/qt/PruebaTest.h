@@ -7,24 +7,41 @@
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"
 #include "tests/qt/frmPrueba.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 
 /// One show of the form with all kinds of control, ended by its button that cancels.
 class PruebaTest : public ScreenTest {
  protected:
-  void Run(const Step& act) {
-    Then([this, act](qt::FormWindow& window) {
-      form->log.clear();
-      act(window);
-      seen = form->log;
-      Click(window, "cmdCancelar");
-    });
+  template <class... Gestures>
+  void Run(Gestures... gestures) {
+    Then([this](auto&) { form->log.clear(); }, gestures..., [this](auto&) { seen = form->log; },
+         "cmdCancelar");
     Show(*form);
   }
 
   std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
   std::vector<std::string> seen;  ///< the events, but for the last button's
+};
+
+/// Two forms, one opened from the other.
+class TwoFormsTest : public ScreenTest {
+ protected:
+  /// As step two is: the outer form hides while the inner one is shown, and comes back from there.
+  void HideOuterBehindInner() {
+    outer->cmdPagina.Click = [this] {
+      outer->Hide();
+      inner->ShowModal();
+    };
+    inner->cmdAceptar.Click = [this] {
+      inner->Unload();
+      outer->ShowModal();
+    };
+  }
+
+  std::shared_ptr<frmPrueba> outer = std::make_shared<frmPrueba>("frmFuera");
+  std::shared_ptr<frmPrueba> inner = std::make_shared<frmPrueba>("frmDentro");
 };
 
 }  // namespace quorvane::test

@@ -1,7 +1,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QTabBar>
 #include <QTableView>
 
 #include "platform/RuntimeError.h"
@@ -22,9 +21,8 @@ class RegisterScreensTest : public SchoolScreenTest {
     Click(window, "cmdPropiedades");
     Click(window, "cmdCancelar");
   }
-  static void ShowSubjects(const qt::FormWindow& window) {
-    auto* bar = Of(window, "TabDatos")->findChild<QTabBar*>();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+  static Gesture ClickFirstOffered() {
+    return [](auto& window) { ClickEntry(window, "lstDisponibles", 0); };
   }
   [[nodiscard]] std::vector<std::string> Register() const {
     return school.Rows("SELECT codAlumno FROM Seccion_AlumnoPte WHERE codSeccion=5");
@@ -32,25 +30,22 @@ class RegisterScreensTest : public SchoolScreenTest {
 };
 
 TEST_F(RegisterScreensTest, RefusesWithoutAClass) {
-  Then([](qt::FormWindow& window) {
+  const auto hasTitle = [](auto& window) {
     EXPECT_EQ(window.windowTitle(), "Alumnos con materias pendientes");
-    Click(window, "cmdAceptar");
-    EXPECT_TRUE(window.isVisible());
-    Click(window, "cmdCancelar");
-  });
+  };
+  Then(
+      hasTitle, "cmdAceptar", [](auto& window) { EXPECT_TRUE(window.isVisible()); }, "cmdCancelar");
   OpenNode(kPendientes);
   EXPECT_THAT(messages, ElementsAre("Debe seleccionar un tipo de enseñanza, curso y sección"));
 }
 
 TEST_F(RegisterScreensTest, AnotherCourseEmptiesTheSections) {
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboTEnsenanza", 0);
-    Pick(window, "cboCurso", "3º ESO");
-    Pick(window, "cboSeccion", 0);
-    Pick(window, "cboCurso", "2º ESO");
+  const auto hasNoSection = [](auto& window) {
     EXPECT_EQ(Of<QComboBox>(window, "cboSeccion")->currentIndex(), -1);
-    QTest::keyClick(&window, Qt::Key_Escape);
-  });
+  };
+  Then(Pick("cboTEnsenanza", 0), Pick("cboCurso", "3º ESO"), Pick("cboSeccion", 0),
+       Pick("cboCurso", "2º ESO"), hasNoSection,
+       [](auto& window) { QTest::keyClick(&window, Qt::Key_Escape); });
   OpenNode(kPendientes);
 }
 
@@ -58,41 +53,33 @@ TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
   const auto before = Register();
   std::string student;
   Then(ChooseRegister);
-  Then([&student](qt::FormWindow& window) {
-    Click(window, "cmdListar");
+  const auto openTheNewOne = [&student](auto& window) {
     auto row = 0;
     while (CellText(window, "msgAlumnos", row, 0) != student) ++row;
     DoubleClickCell(window, "msgAlumnos", row, 0);
-    Click(window, "cmdAceptar");
-  });
-  Then([&student](qt::FormWindow& window) {
+  };
+  Then("cmdListar", openTheNewOne, "cmdAceptar");
+  const auto takeTheFirst = [&student](auto& window) {
     student = Of<QListWidget>(window, "lstDisponibles")->item(0)->text().toStdString();
     DoubleClickEntry(window, "lstDisponibles", 0);
-    Click(window, "cmdAceptar");
-  });
-  Then([&student](qt::FormWindow& window) {
+  };
+  Then(takeTheFirst, "cmdAceptar");
+  const auto isHis = [&student](auto& window) {
     EXPECT_EQ(Of<QLabel>(window, "Label2")->text().toStdString(), student);
-    Click(window, "cmdAgregar");
+  };
+  const auto hasTheSubject = [](auto& window) {
     EXPECT_THAT(CellText(window, "msgMaterias", 0, 0), HasSubstr("(1º ESO)"));
-    Key(window, "msgMaterias", Qt::Key_Return);
-    EXPECT_EQ(CellText(window, "msgMaterias", 0, 1), "X");
-    Click(window, "cmdAceptar");
-  });
-  Then([](qt::FormWindow& window) {
-    Pick(window, "cboCurso", "1º ESO");
-    Pick(window, "cboSeccion", 0);
-    Pick(window, "cboMateria", 0);
-    Click(window, "cmdAceptar");
-  });
-  Then([](qt::FormWindow& window) {
-    // The keyboard goes on where it was when an entry has gone to the other list.
-    ClickEntry(window, "lstDisponibles", 0);
-    Key(window, "lstDisponibles", Qt::Key_Return);
-    ClickEntry(window, "lstDisponibles", 0);
-    Click(window, "cmdAgregarUno");
+  };
+  const auto isMarked = [](auto& window) { EXPECT_EQ(CellText(window, "msgMaterias", 0, 1), "X"); };
+  Then(isHis, "cmdAgregar", hasTheSubject, Key("msgMaterias", Qt::Key_Return), isMarked,
+       "cmdAceptar");
+  Then(Pick("cboCurso", "1º ESO"), Pick("cboSeccion", 0), Pick("cboMateria", 0), "cmdAceptar");
+  const auto hasTwo = [](auto& window) {
     EXPECT_EQ(Of<QListWidget>(window, "lstSeleccionados")->count(), 2);
-    Click(window, "cmdAceptar");
-  });
+  };
+  // The keyboard goes on where it was when an entry has gone to the other list.
+  Then(ClickFirstOffered(), Key("lstDisponibles", Qt::Key_Return), ClickFirstOffered(),
+       "cmdAgregarUno", hasTwo, "cmdAceptar");
   OpenNode(kPendientes);
   EXPECT_THAT(messages, IsEmpty());
 
@@ -113,7 +100,7 @@ TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
 TEST_F(RegisterScreensTest, TheSubjectThatTheUserLookedAtIsTheOneThatEliminarTakes) {
   Then(ChooseRegister);
   Then(OpenFirstStudent);
-  Then([](qt::FormWindow& window) {
+  const auto lookAndRemove = [](auto& window) {
     const auto* const table = Of<QTableView>(window, "msgMaterias");
     const auto first = CellText(window, "msgMaterias", 0, 0);
     const auto rows = table->model()->rowCount();
@@ -126,19 +113,16 @@ TEST_F(RegisterScreensTest, TheSubjectThatTheUserLookedAtIsTheOneThatEliminarTak
     Click(window, "cmdEliminar");
     EXPECT_EQ(table->model()->rowCount(), rows - 1);
     EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), first);
-    Click(window, "cmdCancelar");
-  });
+  };
+  Then(lookAndRemove, "cmdCancelar");
   Then("cmdCancelar");
   OpenNode(kPendientes);
 }
 
 TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
   Then(ChooseRegister);
-  Then([](qt::FormWindow& window) {
-    Click(window, "cmdListar");
-    Click(window, "cmdCancelar");
-  });
-  Then([](qt::FormWindow& window) {
+  Then("cmdListar", "cmdCancelar");
+  const auto takeAll = [](auto& window) {
     auto* const right = Of<QListWidget>(window, "lstDisponibles");
     const auto before = right->count();
     ASSERT_GT(before, 0);
@@ -148,11 +132,10 @@ TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
       EXPECT_TRUE(right->hasFocus());
     }
     EXPECT_EQ(right->count(), 0);
-    Key(window, "lstDisponibles", Qt::Key_Return);
-    Key(window, "lstSeleccionados", Qt::Key_Enter);
-    ASSERT_TRUE(window.isVisible());
-    Click(window, "cmdCancelar");
-  });
+  };
+  Then(
+      takeAll, Key("lstDisponibles", Qt::Key_Return), Key("lstSeleccionados", Qt::Key_Enter),
+      [](auto& window) { EXPECT_TRUE(window.isVisible()); }, "cmdCancelar");
   const auto before = Register();
   OpenNode(kPendientes);
   EXPECT_EQ(Register(), before);
@@ -161,7 +144,7 @@ TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
 TEST_F(RegisterScreensTest, TheArrowsMoveASubjectAndKeepItInSight) {
   Then(ChooseRegister);
   Then(OpenFirstStudent);
-  Then([](qt::FormWindow& window) {
+  const auto moveUpAndDown = [](auto& window) {
     const auto first = CellText(window, "msgMaterias", 0, 0);
     const auto second = CellText(window, "msgMaterias", 1, 0);
     ClickCell(window, "msgMaterias", 1, 0);
@@ -172,8 +155,8 @@ TEST_F(RegisterScreensTest, TheArrowsMoveASubjectAndKeepItInSight) {
     EXPECT_EQ(window.focusWidget(), Of(window, "msgMaterias"));
     Click(window, "cmdBajar");
     EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), first);
-    Click(window, "cmdCancelar");
-  });
+  };
+  Then(moveUpAndDown, "cmdCancelar");
   OpenNode(kPendientes);
 }
 
@@ -184,19 +167,18 @@ TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
       "WHERE IDPersonal=2");
   ASSERT_THAT(name, SizeIs(1));
   Then(ChooseRegister);
-  Then([&name](qt::FormWindow& window) {
-    ShowSubjects(window);
+  const auto hidesStudents = [](auto& window) {
     EXPECT_FALSE(Of(window, "msgAlumnos")->isVisible());
-    ClickCell(window, "msgMaterias", 1, 0);
-    Click(window, "cmdPropMat");
+  };
+  const auto showsName = [&name](auto& window) {
     EXPECT_EQ(CellText(window, "msgMaterias", 1, 1), name[0]);
-    Click(window, "cmdAceptar");
-  });
-  Then([&name](qt::FormWindow& window) {
-    Click(window, "cmdNProfesor");
+  };
+  Then(ClickTab("TabDatos", 1), hidesStudents, ClickCell("msgMaterias", 1, 0), "cmdPropMat",
+       showsName, "cmdAceptar");
+  const auto found = [&name](auto& window) {
     EXPECT_EQ(Of<QLabel>(window, "lblProfesor")->text().toStdString(), name[0]);
-    Click(window, "cmdAceptar");
-  });
+  };
+  Then("cmdNProfesor", found, "cmdAceptar");
   const auto before = school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size();
   OpenNode(kPendientes);
   EXPECT_EQ(school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size(), before + 1);
@@ -204,15 +186,9 @@ TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
 
 TEST_F(RegisterScreensTest, AStatementThatFailsWhileSavingComesOutOfAllScreens) {
   Then(ChooseRegister);
-  Then([this](qt::FormWindow& window) {
-    Click(window, "cmdListar");
-    school.Sql("DROP TABLE Seccion_AlumnoPte");
-    Click(window, "cmdAceptar");
-  });
-  Then([](qt::FormWindow& window) {
-    Click(window, "cmdAgregarTodos");
-    Click(window, "cmdAceptar");
-  });
+  Then(
+      "cmdListar", [this](auto&) { school.Sql("DROP TABLE Seccion_AlumnoPte"); }, "cmdAceptar");
+  Then("cmdAgregarTodos", "cmdAceptar");
   try {
     OpenNode(kPendientes);
     FAIL() << "nothing came out";

@@ -8,7 +8,6 @@
 #include "adapters/qt/views/Units.h"
 #include "platform/RuntimeError.h"
 #include "tests/qt/PruebaTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -16,74 +15,109 @@ namespace {
 /// Cells count from 0 below the heading: list cells are the columns 1 and 2 of two rows.
 class RetivoTest : public PruebaTest {
  protected:
-  /// Begins with a click on that cell.
-  void RunAt(int row, int column, const Step& act) {
-    Run([=](qt::FormWindow& window) {
-      ClickCell(window, "rtvNotas", row, column);
-      act(window);
-    });
-  }
+  using Texts = std::vector<std::string>;
+
   [[nodiscard]] qt::RetivoEditor* List() const { return OpenedList(*screen.ActiveWindow()); }
   [[nodiscard]] QLineEdit* Filter() const { return ListFilter(*screen.ActiveWindow()); }
+  [[nodiscard]] QListWidget* Entries() const { return List()->findChild<QListWidget*>(); }
+
+  // Gestures on the table, and in the list that a cell has opened.
+
+  /// Begins with a click on that cell.
+  template <class... Gestures>
+  void RunAt(int row, int column, Gestures... gestures) {
+    Run(At(row, column), gestures...);
+  }
+  static Gesture At(int row, int column) { return ClickCell("rtvNotas", row, column); }
+  static Gesture Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
+    return Key("rtvNotas", key, with);
+  }
+  Gesture InList(Qt::Key key) const {
+    return [this, key](auto&) { QTest::keyClick(Filter(), key); };
+  }
+  Gesture InList(const char* text) const {
+    return [this, text](auto&) { QTest::keyClicks(Filter(), text); };
+  }
+  /// In the place of what stands there.
+  Gesture InListAnew(const char* text) const {
+    return [this, text](auto&) {
+      Filter()->selectAll();
+      QTest::keyClicks(Filter(), text);
+    };
+  }
+  Gesture ClickOffered(int entry) const {
+    return [this, entry](auto&) {
+      const auto place = Entries()->visualItemRect(Entries()->item(entry)).center();
+      QTest::mouseClick(Entries()->viewport(), Qt::LeftButton, {}, place);
+    };
+  }
+
+  // What then holds.
+
+  Gesture ListIs(bool open) const {
+    return [this, open](auto&) { EXPECT_EQ(List() != nullptr, open); };
+  }
+  Gesture Offers(const Texts& expected) const {
+    return [this, expected](auto&) {
+      Texts texts;
+      for (int i = 0; i < Entries()->count(); ++i)
+        if (!Entries()->item(i)->isHidden())
+          texts.push_back(Entries()->item(i)->text().toStdString());
+      EXPECT_EQ(texts, expected);
+    };
+  }
+  /// The open list says that no grade is called so.
+  Gesture Refuses(const QString& typed) const {
+    return [this, typed](auto&) {
+      ASSERT_NE(List(), nullptr) << "nothing is dropped in silence";
+      EXPECT_EQ(Refusal(), "No hay ninguna nota «" + typed + "»");
+    };
+  }
   [[nodiscard]] QString Refusal() const {
     const auto* refusal = List()->findChild<QLabel*>("rechazo");
     return refusal->isVisible() ? refusal->text() : QString();
   }
-  [[nodiscard]] std::vector<std::string> Offered() const {
-    std::vector<std::string> texts;
-    const auto* list = List()->findChild<QListWidget*>();
-    for (int i = 0; i < list->count(); ++i)
-      if (!list->item(i)->isHidden()) texts.push_back(list->item(i)->text().toStdString());
-    return texts;
+  static Gesture Shows(int row, int column, const std::string& text) {
+    return [=](auto& window) { EXPECT_EQ(CellText(window, "rtvNotas", row, column), text); };
   }
-  void ClickOffered(int entry) const {
-    auto* list = List()->findChild<QListWidget*>();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(entry)).center());
+  /// The form's own cell, which counts from 1.
+  Gesture StandsAt(int row, int column) const {
+    return [=, this](auto&) {
+      EXPECT_EQ(std::pair(form->rtvNotas.Row(), form->rtvNotas.Col()), std::pair(row, column));
+    };
+  }
+  static Gesture HasKeyboard(const char* control) {
+    return [=](auto& window) { EXPECT_EQ(window.focusWidget(), Of(window, control)); };
   }
 };
 
 TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
-  RunAt(1, 1, [this](qt::FormWindow& window) {
-    ASSERT_NE(List(), nullptr);
-    EXPECT_THAT(Offered(), ElementsAre(" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"));
-    ClickOffered(2);
-    EXPECT_EQ(List(), nullptr);
-    EXPECT_EQ(CellText(window, "rtvNotas", 1, 1), "5");
-  });
+  RunAt(1, 1, Offers({" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"}), ClickOffered(2),
+        ListIs(false), Shows(1, 1, "5"));
   EXPECT_THAT(seen, ElementsAre("inicio 2,1", "fin 3"));
   EXPECT_EQ(form->rtvNotas.TextMatrix(2, 1), "5");
 }
 
 TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    ASSERT_NE(List(), nullptr);
-    QTest::keyClick(Filter(), Qt::Key_Escape);
+  const auto offerNothing = [this](auto&) {
     form->rtvNotas.InicioEdicion = [this] { form->Log("nada"); };
-    ClickCell(window, "rtvNotas", 1, 1);
-    EXPECT_EQ(List(), nullptr);
-    for (const auto key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_7}) Key(window, "rtvNotas", key);
-    EXPECT_EQ(List(), nullptr);
-    EXPECT_TRUE(form->Visible());
-  });
+  };
+  RunAt(0, 1, InList(Qt::Key_Escape), offerNothing, At(1, 1), ListIs(false), Press(Qt::Key_F2),
+        Press(Qt::Key_Return), Press(Qt::Key_7), ListIs(false),
+        [this](auto&) { EXPECT_TRUE(form->Visible()); });
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "nada", "nada", "nada", "nada"));
 }
 
 TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
-  RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
-    EXPECT_EQ(List()->findChild<QListWidget*>()->currentRow(), 3);
-    QTest::keyClick(Filter(), Qt::Key_Up);
-    QTest::keyClick(Filter(), Qt::Key_Return);
-  });
+  RunAt(
+      0, 1, [this](auto&) { EXPECT_EQ(Entries()->currentRow(), 3); }, InList(Qt::Key_Up),
+      InList(Qt::Key_Return));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
 TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-    EXPECT_EQ(List(), nullptr);
-    EXPECT_TRUE(window.isVisible());
-  });
+  RunAt(0, 1, InList(Qt::Key_Escape), ListIs(false),
+        [](auto& window) { EXPECT_TRUE(window.isVisible()); });
   EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
   EXPECT_EQ(form->rtvNotas.TextMatrix(1, 1), "10");
 }
@@ -96,38 +130,19 @@ TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
     form->log.push_back("anfitrión " + grid.TextMatrix(grid.Row(), grid.Col()) + " " +
                         std::to_string(entry));
   };
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-    ClickCell(window, "rtvNotas", 0, 1);
-    ClickOffered(2);
-  });
+  RunAt(0, 1, InList(Qt::Key_Escape), At(0, 1), ClickOffered(2));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1", "anfitrión 10 3", "fin 3"));
 }
 
 TEST_F(RetivoTest, F2AndEnterOpenTheList) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    EXPECT_EQ(List(), nullptr);
-    Key(window, "rtvNotas", Qt::Key_Right);
-    Key(window, "rtvNotas", Qt::Key_F2);
-    ASSERT_NE(List(), nullptr);
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-    Key(window, "rtvNotas", Qt::Key_Return);
-    ASSERT_NE(List(), nullptr);
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  RunAt(0, 0, ListIs(false), Press(Qt::Key_Right), Press(Qt::Key_F2), InList(Qt::Key_Escape),
+        Press(Qt::Key_Return), InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1"));
 }
 
 TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    Key(window, "rtvNotas", Qt::Key_Right);
-    Type(window, "rtvNotas", "1");
-    ASSERT_NE(List(), nullptr);
-    EXPECT_THAT(Offered(), ElementsAre("1", "10"));
-    QTest::keyClicks(Filter(), "0");
-    EXPECT_THAT(Offered(), ElementsAre("10"));
-    QTest::keyClick(Filter(), Qt::Key_Return);
-  });
+  RunAt(0, 0, Press(Qt::Key_Right), Type("rtvNotas", "1"), Offers({"1", "10"}), InList("0"),
+        Offers({"10"}), InList(Qt::Key_Return));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 2"));
 }
 
@@ -138,142 +153,79 @@ TEST_F(RetivoTest, NumbersStandByValueAndWhatIsTypedExactlyStandsFirst) {
     for (const auto* text : {" ", "10", "Notable alto", "Notable", "9,5", "2"})
       grid.ListaAnadir(1, text, 0);
   };
-  RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
-    EXPECT_THAT(Offered(), ElementsAre(" ", "2", "Notable alto", "Notable", "9,5", "10"));
-    QTest::keyClicks(Filter(), "notable");
-    EXPECT_THAT(Offered(), ElementsAre("Notable", "Notable alto"));
-    QTest::keyClick(Filter(), Qt::Key_Return);
-  });
+  RunAt(0, 1, Offers({" ", "2", "Notable alto", "Notable", "9,5", "10"}), InList("notable"),
+        Offers({"Notable", "Notable alto"}), InList(Qt::Key_Return));
   EXPECT_THAT(seen, ElementsAre("fin 3")) << "the entry's place among those that came";
 }
 
 TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
-  RunAt(0, 1, [this](qt::FormWindow& /*window*/) {
-    QTest::keyClicks(Filter(), "opt");
-    EXPECT_THAT(Offered(), ElementsAre("Óptimo"));
-    Filter()->selectAll();
-    QTest::keyClicks(Filter(), "SALI");
-    EXPECT_THAT(Offered(), ElementsAre("Sobresaliente"));
-    Filter()->selectAll();
-    QTest::keyClicks(Filter(), "zz");
-    EXPECT_THAT(Offered(), IsEmpty());
-    QTest::keyClick(Filter(), Qt::Key_Return);
-    ASSERT_NE(List(), nullptr) << "there is nothing to choose";
-    EXPECT_EQ(Refusal(), "No hay ninguna nota «zz»");
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  // In the end there is nothing to choose.
+  RunAt(0, 1, InList("opt"), Offers({"Óptimo"}), InListAnew("SALI"), Offers({"Sobresaliente"}),
+        InListAnew("zz"), Offers({}), InList(Qt::Key_Return), Refuses("zz"),
+        InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
 }
 
 TEST_F(RetivoTest, TabChoosesAndGoesOnToTheNextListCell) {
-  RunAt(0, 2, [this](qt::FormWindow& /*window*/) {
-    QTest::keyClicks(Filter(), "5");
-    QTest::keyClick(Filter(), Qt::Key_Tab);
-    EXPECT_EQ(form->rtvNotas.TextMatrix(1, 2), "5");
-    EXPECT_EQ(form->rtvNotas.Row(), 2);
-    EXPECT_EQ(form->rtvNotas.Col(), 1);
-  });
+  RunAt(0, 2, InList("5"), InList(Qt::Key_Tab), StandsAt(2, 1));
+  EXPECT_EQ(form->rtvNotas.TextMatrix(1, 2), "5");
   EXPECT_THAT(seen, ElementsAre("inicio 1,2", "fin 3"));
 }
 
 TEST_F(RetivoTest, TabOnATextThatFitsNoEntryStaysAndSaysSo) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClicks(Filter(), "11");
-    QTest::keyClick(Filter(), Qt::Key_Tab);
-    ASSERT_NE(List(), nullptr);
-    EXPECT_EQ(Refusal(), "No hay ninguna nota «11»");
-    QTest::keyClick(Filter(), Qt::Key_Backtab);
-    ASSERT_NE(List(), nullptr);
-    QTest::keyClick(Filter(), Qt::Key_Backspace);
-    EXPECT_EQ(Refusal(), "") << "what is typed now is judged anew";
-    QTest::keyClick(Filter(), Qt::Key_Tab);
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "1");
-  });
+  const auto judgesAnew = [this](auto&) { EXPECT_EQ(Refusal(), ""); };
+  RunAt(0, 1, InList("11"), InList(Qt::Key_Tab), Refuses("11"), InList(Qt::Key_Backtab),
+        ListIs(true), InList(Qt::Key_Backspace), judgesAnew, InList(Qt::Key_Tab), Shows(0, 1, "1"));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 1"));
 }
 
 TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAButtonThatThenDoesItsWork) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClicks(Filter(), "5");
-    Click(window, "cmdPagina");
-    EXPECT_EQ(List(), nullptr);
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "5");
-  });
+  RunAt(0, 1, InList("5"), "cmdPagina", ListIs(false), Shows(0, 1, "5"));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "pagina"));
 }
 
 TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAnotherCellThatThenOpens) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClicks(Filter(), "5");
-    ClickCell(window, "rtvNotas", 1, 2);
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "5");
-    ASSERT_NE(List(), nullptr);
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  RunAt(0, 1, InList("5"), At(1, 2), Shows(0, 1, "5"), InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "inicio 2,2"));
 }
 
 TEST_F(RetivoTest, AListInWhichNothingWasTypedIsLeftByAClickAsByEsc) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClick(Filter(), Qt::Key_Down);
-    Click(window, "cmdPagina");
-    EXPECT_EQ(List(), nullptr);
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "10");
-  });
+  RunAt(0, 1, InList(Qt::Key_Down), "cmdPagina", ListIs(false), Shows(0, 1, "10"));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "pagina"));
 }
 
 TEST_F(RetivoTest, ATextThatFitsNoEntryHoldsClicksBack) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClicks(Filter(), "11");
-    Click(window, "cmdPagina");
-    ASSERT_NE(List(), nullptr);
-    EXPECT_EQ(Refusal(), "No hay ninguna nota «11»");
-    ClickCell(window, "rtvNotas", 0, 0);
-    ClickCell(window, "rtvNotas", 0, 1);
-    DoubleClickCell(window, "rtvNotas", 0, 1);
-    window.close();
-    ASSERT_NE(List(), nullptr);
-    EXPECT_TRUE(form->Visible());
-    EXPECT_EQ(window.focusWidget(), Filter());
-    EXPECT_EQ(Filter()->text(), "11");
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "10");
-  });
+  RunAt(
+      0, 1, InList("11"), "cmdPagina", Refuses("11"), At(0, 0), At(0, 1),
+      DoubleClickCell("rtvNotas", 0, 1),
+      [this](auto& window) {
+        window.close();
+        EXPECT_TRUE(form->Visible());
+        EXPECT_EQ(window.focusWidget(), Filter());
+        EXPECT_EQ(Filter()->text(), "11");
+      },
+      InList(Qt::Key_Escape), Shows(0, 1, "10"));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
 }
 
 TEST_F(RetivoTest, AnotherWindowThatGetsTheKeyboardTakesWhatWasTyped) {
-  Run([this](qt::FormWindow& window) {
-    QWidget other;
-    ClickCell(window, "rtvNotas", 0, 1);
-    QTest::keyClicks(Filter(), "nota");
+  QWidget other;
+  const auto goAway = [&other](auto&) {
     other.show();
     QApplication::setActiveWindow(&other);
-    EXPECT_EQ(List(), nullptr);
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 1), "Notable");
-    QApplication::setActiveWindow(&window);
-    EXPECT_TRUE(Of(window, "rtvNotas")->hasFocus());
-
-    ClickCell(window, "rtvNotas", 0, 2);
-    QTest::keyClicks(Filter(), "11");
-    QApplication::setActiveWindow(&other);
-    ASSERT_NE(List(), nullptr) << "nothing is dropped in silence";
-    EXPECT_EQ(Refusal(), "No hay ninguna nota «11»");
-    QApplication::setActiveWindow(&window);
-    EXPECT_TRUE(Filter()->hasFocus());
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  };
+  const auto comeBack = [](auto& window) { QApplication::setActiveWindow(&window); };
+  RunAt(
+      0, 1, InList("nota"), goAway, ListIs(false), Shows(0, 1, "Notable"), comeBack,
+      HasKeyboard("rtvNotas"), At(0, 2), InList("11"), goAway, Refuses("11"), comeBack,
+      [this](auto&) { EXPECT_TRUE(Filter()->hasFocus()); }, InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 4", "inicio 1,2"));
 }
 
 TEST_F(RetivoTest, ADoubleClickOpensTheListOnce) {
-  Run([this](qt::FormWindow& window) {
-    DoubleClickCell(window, "rtvNotas", 0, 1);
-    ASSERT_NE(List(), nullptr);
-    EXPECT_EQ(window.focusWidget(), Filter());
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  Run(
+      DoubleClickCell("rtvNotas", 0, 1),
+      [this](auto& window) { EXPECT_EQ(window.focusWidget(), Filter()); }, InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
 }
 
@@ -293,70 +245,45 @@ TEST_F(RetivoTest, TheOpenListLiesInTheWindowAndItsCellStaysInSight) {
 }
 
 TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
-  RunAt(0, 1, [this](qt::FormWindow& window) {
-    QTest::keyClicks(Filter(), "5");
+  const auto turnWheel = [this](auto& window) {
     const auto* table = Of<QTableView>(window, "rtvNotas");
     const auto at = table->viewport()->rect().center();
     QWheelEvent wheel(at, table->viewport()->mapToGlobal(at), {}, {0, -120}, {}, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(table->viewport(), &wheel);
-    ASSERT_NE(List(), nullptr);
     EXPECT_EQ(Filter()->text(), "5");
-    QTest::keyClick(Filter(), Qt::Key_Return);
-  });
+  };
+  RunAt(0, 1, InList("5"), turnWheel, InList(Qt::Key_Return));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
 TEST_F(RetivoTest, TabInTheListOfTheLastCellGoesOnToTheNextControl) {
-  RunAt(1, 2, [this](qt::FormWindow& window) {
-    QTest::keyClicks(Filter(), "5");
-    QTest::keyClick(Filter(), Qt::Key_Tab);
-    EXPECT_EQ(CellText(window, "rtvNotas", 1, 2), "5");
-    EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
-  });
+  RunAt(1, 2, InList("5"), InList(Qt::Key_Tab), Shows(1, 2, "5"), HasKeyboard("cmdAceptar"));
 }
 
 TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    std::vector<std::pair<int, int>> walk;
-    for (int i = 0; i < 4; ++i) {
-      Key(window, "rtvNotas", Qt::Key_Tab);
-      walk.emplace_back(form->rtvNotas.Row(), form->rtvNotas.Col());
-    }
-    using P = std::pair<int, int>;
-    EXPECT_THAT(walk, ElementsAre(P(1, 1), P(1, 2), P(2, 1), P(2, 2)));
-    Key(window, "rtvNotas", Qt::Key_Tab);
-    EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
-    Key(window, "rtvNotas", Qt::Key_Backtab);
-    EXPECT_EQ(form->rtvNotas.Col(), 1);
-  });
+  const auto tab = Press(Qt::Key_Tab);
+  RunAt(0, 0, tab, StandsAt(1, 1), tab, StandsAt(1, 2), tab, StandsAt(2, 1), tab, StandsAt(2, 2),
+        tab, HasKeyboard("cmdAceptar"), Press(Qt::Key_Backtab), StandsAt(2, 1));
 }
 
 TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    Key(window, "rtvNotas", Qt::Key_Tab);
-    Key(window, "rtvNotas", Qt::Key_Space);
-    ASSERT_NE(List(), nullptr);
-    EXPECT_EQ(Offered().size(), 7U);
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  RunAt(0, 0, Press(Qt::Key_Tab), Press(Qt::Key_Space),
+        Offers({" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"}),
+        InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
 }
 
 TEST_F(RetivoTest, CtrlTabLeavesTheTableFromAnyCell) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    Key(window, "rtvNotas", Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(window.focusWidget(), Of(window, "cmdAceptar"));
-    Key(window, "rtvNotas", Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(window.focusWidget(), Of(window, "msgRejilla"));
-  });
+  RunAt(0, 0, Press(Qt::Key_Tab, Qt::ControlModifier), HasKeyboard("cmdAceptar"),
+        Press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier), HasKeyboard("msgRejilla"));
   EXPECT_THAT(seen, IsEmpty());
 }
 
 // The grid is drawn with columns alone to drag: no border of a row can be taken hold of.
 TEST_F(RetivoTest, RowsOfferNoBorderToDrag) {
   form->rtvNotas.CambioAlto = [this] { form->Log("alto"); };
-  Run([this](qt::FormWindow& window) {
+  Run([](auto& window) {
     auto* table = Of<QTableView>(window, "rtvNotas");
     EXPECT_FALSE(table->verticalHeader()->isVisible());
     const auto before = table->rowHeight(0);
@@ -370,12 +297,7 @@ TEST_F(RetivoTest, RowsOfferNoBorderToDrag) {
 }
 
 TEST_F(RetivoTest, TheArrowKeysGoFromCellToCell) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    Key(window, "rtvNotas", Qt::Key_Right);
-    Key(window, "rtvNotas", Qt::Key_Down);
-    EXPECT_EQ(form->rtvNotas.Row(), 2);
-    EXPECT_EQ(form->rtvNotas.Col(), 1);
-  });
+  RunAt(0, 0, Press(Qt::Key_Right), Press(Qt::Key_Down), StandsAt(2, 1));
   EXPECT_THAT(seen, IsEmpty());
 }
 
@@ -385,20 +307,12 @@ TEST_F(RetivoTest, TheFormTakesAKeyBeforeTheGrid) {
     keys.push_back(key);
     if (key == 40) key = 0;
   };
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    Key(window, "rtvNotas", Qt::Key_Down);
-    EXPECT_EQ(form->rtvNotas.Row(), 1);
-    Key(window, "rtvNotas", Qt::Key_Right);
-    EXPECT_EQ(form->rtvNotas.Col(), 1);
-  });
+  RunAt(0, 0, Press(Qt::Key_Down), StandsAt(1, 0), Press(Qt::Key_Right), StandsAt(1, 1));
   EXPECT_THAT(keys, ElementsAre(40, 39));
 }
 
 TEST_F(RetivoTest, AColumnThatEditsThroughNoListOpensNone) {
-  RunAt(0, 0, [this](qt::FormWindow& window) {
-    Key(window, "rtvNotas", Qt::Key_F2);
-    EXPECT_EQ(List(), nullptr);
-  });
+  RunAt(0, 0, Press(Qt::Key_F2), ListIs(false));
   EXPECT_THAT(seen, IsEmpty());
 }
 
@@ -410,10 +324,7 @@ TEST_F(RetivoTest, TheGridStandsStillUntilItMayBePaintedAgain) {
     EXPECT_EQ(CellText(*screen.ActiveWindow(), "rtvNotas", 0, 0), "Lengua");
     form->rtvNotas.Redraw(true);
   };
-  Run([this](qt::FormWindow& window) {
-    Click(window, "cmdPagina");
-    EXPECT_EQ(CellText(window, "rtvNotas", 0, 0), "Otra");
-  });
+  Run("cmdPagina", Shows(0, 0, "Otra"));
 }
 
 TEST_F(RetivoTest, DraggingAColumnTellsItsWidthOnceAndTheFormMaySetItBack) {
@@ -423,7 +334,7 @@ TEST_F(RetivoTest, DraggingAColumnTellsItsWidthOnceAndTheFormMaySetItBack) {
     form->rtvNotas.ColWidth(0, 1500);
     form->Log("ancho");
   };
-  Run([this](qt::FormWindow& window) {
+  Run([](auto& window) {
     auto* table = Of<QTableView>(window, "rtvNotas");
     auto* bar = table->horizontalHeader();
     const auto edge = bar->sectionViewportPosition(1) - 1;
@@ -442,25 +353,19 @@ TEST_F(RetivoTest, AWiderColumnSetWhenTheEditBeginsIsShown) {
     form->rtvNotas.ListaAnadir(1, "Sobresaliente", 9);
     form->rtvNotas.ColWidth(1, 2700);
   };
-  RunAt(0, 1, [this](qt::FormWindow& window) {
+  const auto isWider = [](auto& window) {
     EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->columnWidth(1), qt::Pixels(2700));
-    QTest::keyClick(Filter(), Qt::Key_Escape);
-  });
+  };
+  RunAt(0, 1, isWider, InList(Qt::Key_Escape));
 }
 
 TEST_F(RetivoTest, AFailureWhenTheEditBeginsOrEndsComesOut) {
   form->rtvNotas.FinEdicion = [] { throw RuntimeError(ErrorNumber::MissingMember); };
-  Then([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
-    ClickOffered(1);
-  });
+  Then(At(0, 1), ClickOffered(1));
   EXPECT_THROW(form->ShowModal(), RuntimeError);
   form = std::make_shared<frmPrueba>();
   form->rtvNotas.InicioEdicion = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
-  Then([this](qt::FormWindow& window) {
-    ClickCell(window, "rtvNotas", 0, 1);
-    EXPECT_EQ(List(), nullptr);
-  });
+  Then(At(0, 1), ListIs(false));
   EXPECT_THROW(form->ShowModal(), RuntimeError);
 }
 

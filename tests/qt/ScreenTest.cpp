@@ -4,7 +4,6 @@
 
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
-#include "tests/qt/Hands.h"
 
 namespace quorvane::test {
 namespace {
@@ -32,10 +31,6 @@ ScreenTest::ScreenTest() {
 ScreenTest::~ScreenTest() {
   FormInstances::DropAll();
   Application::Instance().UseScreen(nullptr);
-}
-
-void ScreenTest::Then(const char* button) {
-  Then([button](qt::FormWindow& window) { Click(window, button); });
 }
 
 void ScreenTest::Show(Form& form) {

@@ -3,13 +3,13 @@
 #include <QTimer>
 #include <chrono>
 #include <deque>
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <type_traits>
 #include <vector>
 
-#include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
+#include "tests/qt/Hands.h"
 
 namespace quorvane::test {
 
@@ -22,12 +22,13 @@ class ScreenTest : public ::testing::Test {
   ScreenTest(ScreenTest&&) = delete;
 
  protected:
-  using Step = std::function<void(qt::FormWindow&)>;
-
   /// The windows of this test may stay open so long.
   void Patience(std::chrono::milliseconds patience) { patience_.start(patience); }
-  void Then(Step step) { steps_.push_back(std::move(step)); }
-  void Then(const char* button);  ///< presses that one
+  /// What the user does in the next window, one after the other; the name of a button clicks it.
+  template <class... Gestures>
+  void Then(Gestures... gestures) {
+    steps_.push_back([=](qt::FormWindow& window) { (Make(window, gestures), ...); });
+  }
   /// All steps have been taken, and no window stands.
   void ExpectDone() const;
   /// Shows the form, in which the steps are taken, to the end.
@@ -37,7 +38,15 @@ class ScreenTest : public ::testing::Test {
   std::vector<std::string> messages;  ///< the texts of the messages, each answered at once
 
  private:
-  std::deque<Step> steps_;
+  template <class Act>
+  static void Make(qt::FormWindow& window, const Act& act) {
+    if constexpr (std::is_convertible_v<Act, const char*>)
+      Click(window, act);
+    else
+      act(window);
+  }
+
+  std::deque<Gesture> steps_;
   QTimer patience_;
 };
 

@@ -18,24 +18,27 @@ class WindowSizesTest : public SchoolScreenTest {
       return recalled;
     };
     screen.KeepSize = [this](const qt::FormWindow& window, QSize size) {
-      kept.push_back(window.Model().Name() + " " + std::to_string(size.width()) + "x" +
-                     std::to_string(size.height()));
+      kept.push_back(window.Model().Name() + " " + Text(size));
     };
     form->OnActivate = [this] { form->Log("activa"); };
-    form->OnResize = [this] {
-      form->Log("medidas " + std::to_string(form->Width()) + "x" + std::to_string(form->Height()));
-    };
+    form->OnResize = [this] { form->Log("medidas " + Text({form->Width(), form->Height()})); };
   }
 
-  void Run(const Step& act = [](qt::FormWindow&) {}) {
-    Then([this, act](qt::FormWindow& window) {
-      act(window);
-      Click(window, "cmdCancelar");
-    });
+  template <class... Gestures>
+  void Run(Gestures... gestures) {
+    Then(gestures..., "cmdCancelar");
     Show(*form);
   }
-  static std::int32_t OuterWidth(int pixels) { return qt::Twips(pixels) + Form::kBorderWidth; }
-  static std::int32_t OuterHeight(int pixels) { return qt::Twips(pixels) + Form::kBorderHeight; }
+  static Gesture Resize(int width, int height) {
+    return [=](auto& window) { window.resize(width, height); };
+  }
+  /// The form's own measures in a window of those, in pixels.
+  static QSize Outer(int width, int height) {
+    return {qt::Twips(width) + Form::kBorderWidth, qt::Twips(height) + Form::kBorderHeight};
+  }
+  static std::string Text(QSize size) {
+    return std::to_string(size.width()) + "x" + std::to_string(size.height());
+  }
 
   std::shared_ptr<frmPrueba> form = std::make_shared<frmPrueba>();
   std::optional<QSize> recalled;
@@ -44,11 +47,10 @@ class WindowSizesTest : public SchoolScreenTest {
 };
 
 TEST_F(WindowSizesTest, ARecalledSizeReachesTheFormAsAUsersWouldOnceItHasBeenShown) {
-  recalled = QSize(OuterWidth(500), OuterHeight(490));
+  recalled = Outer(500, 490);
   Run([](qt::FormWindow& window) { EXPECT_EQ(window.size(), QSize(500, 490)); });
-  const auto size = std::to_string(recalled->width()) + "x" + std::to_string(recalled->height());
-  EXPECT_THAT(form->log, ElementsAre("medidas 9840x6120", "activa", "medidas " + size, "cancelar",
-                                     "descarga"));
+  EXPECT_THAT(form->log, ElementsAre("medidas 9840x6120", "activa", "medidas " + Text(*recalled),
+                                     "cancelar", "descarga"));
   EXPECT_THAT(asked, ElementsAre("frmPrueba"));
   EXPECT_THAT(kept, IsEmpty()) << "the user hasn't chosen it now";
 }
@@ -60,13 +62,8 @@ TEST_F(WindowSizesTest, WithNothingRecalledTheFormKeepsItsSize) {
 }
 
 TEST_F(WindowSizesTest, TheUsersLastSizeIsKeptWhenTheShowEnds) {
-  Run([this](qt::FormWindow& window) {
-    window.resize(600, 500);
-    window.resize(720, 530);
-    EXPECT_THAT(kept, IsEmpty());
-  });
-  EXPECT_THAT(kept, ElementsAre("frmPrueba " + std::to_string(OuterWidth(720)) + "x" +
-                                std::to_string(OuterHeight(530))));
+  Run(Resize(600, 500), Resize(720, 530), [this](auto&) { EXPECT_THAT(kept, IsEmpty()); });
+  EXPECT_THAT(kept, ElementsAre("frmPrueba " + Text(Outer(720, 530))));
 }
 
 TEST_F(WindowSizesTest, WhatTheFormMakesOfASizeIsWhatIsKept) {
@@ -75,10 +72,10 @@ TEST_F(WindowSizesTest, WhatTheFormMakesOfASizeIsWhatIsKept) {
     if (form->Height() < 6465) form->Height(6465);
   };
   recalled = QSize(3000, 2000);
-  Run([](qt::FormWindow& window) {
-    EXPECT_EQ(window.width(), qt::Pixels(9300 - Form::kBorderWidth)) << "too small to be obeyed";
-    window.resize(200, 200);
-  });
+  const auto isAsSmallAsMayBe = [](auto& window) {
+    EXPECT_EQ(window.width(), qt::Pixels(9300 - Form::kBorderWidth));
+  };
+  Run(isAsSmallAsMayBe, Resize(200, 200));
   EXPECT_THAT(kept, ElementsAre("frmPrueba 9300x6465"));
 }
 
@@ -113,12 +110,12 @@ TEST_F(WindowSizesTest, OnlyFormsThatTheUserMayResizeAreAskedFor) {
 }
 
 TEST_F(WindowSizesTest, WhatALayoutMakesOfAFixedSizeIsNotTheUsers) {
-  Then([](qt::FormWindow& window) {
+  const auto enlarge = [](auto& window) {
     const auto width = window.Model().Width();
     window.setFixedSize(window.size() + QSize(20, 20));
     EXPECT_NE(window.Model().Width(), width) << "the form knows of it";
-    Click(window, "cmdNotaManual1(1)");
-  });
+  };
+  Then(enlarge, "cmdNotaManual1(1)");
   OpenNode(124);
   EXPECT_THAT(kept, IsEmpty());
 }
@@ -126,15 +123,11 @@ TEST_F(WindowSizesTest, WhatALayoutMakesOfAFixedSizeIsNotTheUsers) {
 // The form shrinks to its busy box before it goes; that is no size of the user's.
 TEST_F(WindowSizesTest, TheBusyBoxIsNoSizeToKeep) {
   Then(ChooseGradesOfTheSecond);
-  Then([](qt::FormWindow& window) {
-    window.resize(840, 560);
-    Click(window, "cmdAceptar");
-  });
+  Then(Resize(840, 560), "cmdAceptar");
   Then("cmdNotaManual1(1)");
   OpenNode(124);
   EXPECT_THAT(asked, ElementsAre("frmNotaManual"));
-  EXPECT_THAT(kept, ElementsAre("frmNotaManual " + std::to_string(OuterWidth(840)) + "x" +
-                                std::to_string(OuterHeight(560))));
+  EXPECT_THAT(kept, ElementsAre("frmNotaManual " + Text(Outer(840, 560))));
 }
 
 }  // namespace

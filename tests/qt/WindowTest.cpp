@@ -19,6 +19,16 @@ class WindowTest : public PruebaTest {
   static QSize Inner(std::int32_t width, std::int32_t height) {
     return {qt::Pixels(width - Form::kBorderWidth), qt::Pixels(height - Form::kBorderHeight)};
   }
+  /// The form lets nobody make it smaller.
+  void InsistOn(std::int32_t width, std::int32_t height) {
+    form->OnResize = [=, this] {
+      if (form->Width() < width) form->Width(width);
+      if (form->Height() < height) form->Height(height);
+    };
+  }
+  static QScrollArea& Area(const qt::FormWindow& window) {
+    return *window.findChild<QScrollArea*>();
+  }
 };
 
 TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsForm) {
@@ -44,10 +54,7 @@ TEST_F(WindowTest, TheUsersSizeReachesTheForm) {
 }
 
 TEST_F(WindowTest, AFormThatSetsItsSizeBackIsObeyed) {
-  form->OnResize = [this] {
-    if (form->Width() < 9300) form->Width(9300);
-    if (form->Height() < 6465) form->Height(6465);
-  };
+  InsistOn(9300, 6465);
   Run([](qt::FormWindow& window) {
     EXPECT_EQ(window.size(), Inner(9840, 6465));
     window.resize(300, 800);
@@ -63,10 +70,7 @@ TEST_F(WindowTest, AFormGreaterThanTheScreenScrolls) {
   form->Width(24'000);
   form->Height(20'000);
   form->cmdAceptar.Place(22'000, 19'000, 1335, 375);
-  form->OnResize = [this] {
-    if (form->Width() < 24'000) form->Width(24'000);
-    if (form->Height() < 20'000) form->Height(20'000);
-  };
+  InsistOn(24'000, 20'000);
   Run([this](qt::FormWindow& window) {
     const auto whole = window.screen()->availableGeometry();
     EXPECT_TRUE(whole.contains(window.geometry()));
@@ -76,8 +80,7 @@ TEST_F(WindowTest, AFormGreaterThanTheScreenScrolls) {
     };
     EXPECT_TRUE(sees("cboCurso"));
     EXPECT_FALSE(sees("cmdAceptar"));
-    auto* const area = window.findChild<QScrollArea*>();
-    for (auto* const bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
+    for (auto* const bar : {Area(window).horizontalScrollBar(), Area(window).verticalScrollBar()}) {
       EXPECT_TRUE(bar->isVisible());
       bar->setValue(bar->maximum());
     }
@@ -101,27 +104,23 @@ TEST_F(WindowTest, AFormGreaterThanTheScreenScrolls) {
 TEST_F(WindowTest, AFormTooTallAloneIsAsWideAsItIsDrawnBesideItsScrollBar) {
   form->Width(6000);
   form->Height(20'000);
-  form->OnResize = [this] {
-    if (form->Height() < 20'000) form->Height(20'000);
-  };
+  InsistOn(0, 20'000);
   Run([this](qt::FormWindow& window) {
-    const auto* const area = window.findChild<QScrollArea*>();
-    EXPECT_TRUE(area->verticalScrollBar()->isVisible());
-    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
-    EXPECT_EQ(area->viewport()->width(), Inner(6000, 0).width());
+    EXPECT_TRUE(Area(window).verticalScrollBar()->isVisible());
+    EXPECT_FALSE(Area(window).horizontalScrollBar()->isVisible());
+    EXPECT_EQ(Area(window).viewport()->width(), Inner(6000, 0).width());
     window.resize(600, window.height());
     EXPECT_EQ(window.width(), 600);
-    EXPECT_EQ(qt::Pixels(form->ScaleWidth()), area->viewport()->width());
+    EXPECT_EQ(qt::Pixels(form->ScaleWidth()), Area(window).viewport()->width());
     EXPECT_EQ(form->Height(), 20'000);
   });
 }
 
 TEST_F(WindowTest, AFormThatFitsHasNoScrollBar) {
   Run([](qt::FormWindow& window) {
-    const auto* const area = window.findChild<QScrollArea*>();
-    EXPECT_FALSE(area->verticalScrollBar()->isVisible());
-    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
-    EXPECT_EQ(area->viewport()->size(), window.size());
+    EXPECT_FALSE(Area(window).verticalScrollBar()->isVisible());
+    EXPECT_FALSE(Area(window).horizontalScrollBar()->isVisible());
+    EXPECT_EQ(Area(window).viewport()->size(), window.size());
   });
 }
 
@@ -163,16 +162,14 @@ TEST_F(WindowTest, ShrinksToTheBusyBoxAndComesBack) {
 
 TEST_F(WindowTest, ADisabledFormTakesNothing) {
   form->Enabled(false);
-  Then([this](qt::FormWindow& window) {
-    Click(window, "chkTodo");
-    Key(window, "cboCurso", Qt::Key_Down);
-    Key(window, "cboCurso", Qt::Key_Escape);
-    window.close();
-    EXPECT_TRUE(form->Visible());
-    EXPECT_TRUE(form->log.empty());
-    form->Enabled(true);
-    window.close();
-  });
+  Then("chkTodo", Key("cboCurso", Qt::Key_Down), Key("cboCurso", Qt::Key_Escape),
+       [this](auto& window) {
+         window.close();
+         EXPECT_TRUE(form->Visible());
+         EXPECT_TRUE(form->log.empty());
+         form->Enabled(true);
+         window.close();
+       });
   form->ShowModal();
   EXPECT_THAT(form->log, ElementsAre("descarga"));
 }
@@ -194,10 +191,7 @@ TEST_F(WindowTest, AKeyThatTheFormTakesReachesNoControl) {
   form->OnKey = [](int& key) {
     if (key == 40 || key == 38) key = 0;
   };
-  Run([this](qt::FormWindow& window) {
-    Key(window, "cboCurso", Qt::Key_Down);
-    EXPECT_EQ(form->cboCurso.ListIndex(), -1);
-  });
+  Run(Key("cboCurso", Qt::Key_Down), [this](auto&) { EXPECT_EQ(form->cboCurso.ListIndex(), -1); });
 }
 
 TEST_F(WindowTest, TextsAreMeasuredInTwips) {
@@ -236,10 +230,7 @@ TEST_F(WindowTest, LongWorkGetsTheHourglassUntilTheUserIsToAct) {
     screen.Message(MessageIcon::Information, "Zendria Escuela", "A medias");
     work();
   };
-  Run([&hourglass](qt::FormWindow& window) {
-    Click(window, "cmdPagina");
-    EXPECT_FALSE(hourglass());
-  });
+  Run("cmdPagina", [&hourglass](auto&) { EXPECT_FALSE(hourglass()); });
 }
 
 TEST_F(WindowTest, TheBusySignMovesDuringLongWorkAndNobodyActs) {
@@ -254,13 +245,11 @@ TEST_F(WindowTest, TheBusySignMovesDuringLongWorkAndNobodyActs) {
     QElapsedTimer time;
     time.start();
     while (counter.paints < 4 && time.elapsed() < kLongEnough) screen.Pulse();
-    QTest::mouseClick(Of(window, "chkTodo"), Qt::LeftButton, {}, QPoint(8, 10));
+    ClickSquare("chkTodo")(window);
     form->aniCarga.Stop();
   };
-  Run([](qt::FormWindow& window) {
-    Click(window, "cmdPagina");
-    EXPECT_EQ(Of<qt::BusySign>(window, "aniCarga")->Leader(), 0);
-  });
+  Run("cmdPagina",
+      [](auto& window) { EXPECT_EQ(Of<qt::BusySign>(window, "aniCarga")->Leader(), 0); });
   EXPECT_GE(counter.paints, 4);
   EXPECT_EQ(form->chkTodo.Value(), 0);
 }

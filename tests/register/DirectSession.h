@@ -6,9 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "frame/PrimeraPantalla.h"
+#include "frame/cConfiguracion.h"
+#include "platform/controls/CommandButton.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/FormInstance.h"
+#include "platform/host/Application.h"
 #include "platform/host/FrontEnd.h"
+#include "register/frmPendientes.h"
+#include "tests/register/RegisterStatements.h"
 #include "tests/support/SmallSchool.h"
 #include "tests/support/TestConnection.h"
 
@@ -20,18 +26,34 @@ class StepScreen : public FrontEnd {
  public:
   using Step = std::function<void()>;
 
-  void RunModal(Form& form) override;
-  void Message(MessageIcon icon, const std::string& title, const std::string& text) override;
+  void RunModal(Form& form) override {
+    form.Shown();
+    while (form.Visible()) {
+      if (steps.empty()) {
+        form.CloseByUser();
+        continue;
+      }
+      const auto step = steps.front();
+      steps.pop_front();
+      step();
+    }
+  }
+  void Message(MessageIcon /*icon*/, const std::string& /*title*/,
+               const std::string& text) override {
+    messages.push_back(text);
+  }
   void Beep() override {}
   void MousePointer(Pointer pointer) override { pointers.push_back(pointer); }
-  std::int32_t TextWidth(const Form& form, const std::string& text) override;
+  std::int32_t TextWidth(const Form& /*form*/, const std::string& text) override {
+    return static_cast<std::int32_t>(text.size()) * 100;
+  }
   void DoEvents() override {}
   std::int32_t ScreenWidth() override { return 15360; }
   std::int32_t ScreenHeight() override { return 11520; }
 
   std::deque<Step> steps;
   std::vector<Pointer> pointers;
-  std::vector<std::string> messages;
+  Lines messages;
 };
 
 /// The one instance of a form.
@@ -40,25 +62,67 @@ F& The() {
   return FormInstance<F>::Get();
 }
 
+/// Presses that button of the form.
+template <class F>
+StepScreen::Step Press(CommandButton F::*button) {
+  return [button] { (The<F>().*button).Press(); };
+}
+
 /// A session on a small school with a `StepScreen`, and the class of section 321 chosen. Forms and
 /// components go with it.
 class DirectSession {
  public:
-  DirectSession();
-  ~DirectSession();
+  DirectSession() : centro_(school.Path(), "centro") {
+    centro_.Open();
+    centro_.Observe([this](const Connection&, const std::string& statement) {
+      statements.push_back(statement);
+    });
+    auto& configuracion = cConfiguracion::Instancia();
+    configuracion.conLocalCentro = &centro_;
+    configuracion.conLocalBorradoCentro = &centro_;
+    configuracion.intIdCentro = 1;
+    configuracion.RutaIcono = "C:\\iconos\\Zendria.ico";
+    Application::Instance().UseScreen(&screen);
+  }
+  ~DirectSession() {
+    FormInstances::DropAll();
+    Application::Instance().Objects().Reset();
+    Application::Instance().UseScreen(nullptr);
+    cConfiguracion::Instancia().conLocalCentro = nullptr;
+    cConfiguracion::Instancia().conLocalBorradoCentro = nullptr;
+  }
   DirectSession(DirectSession&&) = delete;
 
   /// Opens the first screen, chooses the class, plays the steps on the register and leaves.
-  void Play(std::vector<StepScreen::Step> steps);
+  void Play(std::vector<StepScreen::Step> steps) {
+    screen.steps.assign(steps.begin(), steps.end());
+    screen.steps.emplace_front([] {
+      auto& form = FormInstance<frmPendientes>::Get();
+      Choose(form.cboTEnsenanza, 3);
+      Choose(form.cboCurso, 32);
+      Choose(form.cboSeccion, 321);
+      form.cmdAceptar.Press();
+    });
+    MostrarFrmPendientes();
+  }
 
   /// The student is on the register, with those subjects in this order.
-  void Pendientes(int alumno, std::initializer_list<int> matDets) const;
+  void Pendientes(int alumno, std::initializer_list<int> matDets) const {
+    school.Registra(321, alumno);
+    for (int orden = 0; const auto matDet : matDets)
+      static_cast<void>(school.Pendiente(alumno, matDet, ++orden));
+  }
 
   SmallSchool school;
   StepScreen screen;
-  std::vector<std::string> statements;
+  Lines statements;
 
  private:
+  static void Choose(ComboBox& list, std::int32_t data) {
+    for (int i = 0; i < list.ListCount(); ++i)
+      if (list.ItemData(i) == data) list.ListIndex(i);
+  }
+
   TestConnection centro_;
 };
 

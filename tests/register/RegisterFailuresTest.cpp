@@ -29,7 +29,7 @@ const std::string kSession =
     TakeIn(5) + TakeIn(3) + kAccept + kAccept + kAccept;
 
 TEST(RegisterFailuresTest, EachStatementOfASessionMayFail) {
-  std::vector<std::string> whole;
+  Lines whole;
   {
     const SmallSchool school;
     Fill(school);

@@ -3,8 +3,8 @@
 namespace quorvane::test {
 namespace {
 
-std::vector<std::string> Deletes(const ScriptResult& run) {
-  std::vector<std::string> deletes;
+Lines Deletes(const ScriptResult& run) {
+  Lines deletes;
   for (const auto& statement : run.Sql())
     if (statement.starts_with("delete") || statement.starts_with("Delete"))
       deletes.push_back(statement);
@@ -16,8 +16,8 @@ class RegisterHealingTest : public RegisterTest {
   /// Opens the register and leaves it with Cancel: what happened is for good. The statements are
   /// those of an opening with these behind the one at that place.
   void ExpectHealed(const std::vector<int>& lockTests, std::ptrdiff_t place,
-                    const std::vector<std::string>& deletes) const {
-    auto expected = statement::Opening(lockTests);
+                    const Lines& deletes) const {
+    auto expected = Opening(lockTests);
     expected.insert(expected.begin() + place, deletes.begin(), deletes.end());
     const auto statements = OpenAndCancel().Sql();
     EXPECT_THAT(std::vector(statements.begin() + 3, statements.end()), ElementsAreArray(expected));
@@ -36,18 +36,21 @@ class RegisterHealingTest : public RegisterTest {
     for (const auto evaluacion : evaluaciones) school.Evalua(id, evaluacion);
     return id;
   }
+  void DebeEn(int matDet, int orden, std::initializer_list<int> evaluaciones) const {
+    static_cast<void>(Pendiente(matDet, orden, evaluaciones));
+  }
 };
 
 TEST_F(RegisterHealingTest, AStudentWhoIsGoneDisappearsOnOpeningAnyRegister) {
   const auto gone = school.Pendiente(98, 3111, 1);
   school.Evalua(gone, 1, 105);
   school.Evalua(gone, 4, 105);
-  static_cast<void>(school.Pendiente(98, 3112, 2));
-  static_cast<void>(school.Pendiente(99, 3111, 1));
+  Debe(98, 3112, 2);
+  Debe(99, 3111, 1);
   school.Registra(331, 98);
   school.Registra(331, 99);
   school.Registra(331, 5);
-  ExpectHealed({}, 1, Join({statement::PurgeStudent(98), statement::PurgeStudent(99)}));
+  ExpectHealed({}, 1, Join({PurgeStudent(98), PurgeStudent(99)}));
   EXPECT_THAT(school.Modulo(), ElementsAre("Seccion_AlumnoPte 331|5|0|0"));
 }
 
@@ -56,7 +59,7 @@ TEST_F(RegisterHealingTest, ASubjectDetailThatIsGoneDisappearsFromTheRegister) {
   const auto gone = school.Pendiente(5, 9999, 1);
   school.Evalua(gone, 2, 105);
   school.Evalua(gone, 6, 105);
-  ExpectHealed({}, 2, statement::PurgeSubject(9999));
+  ExpectHealed({}, 2, PurgeSubject(9999));
   EXPECT_THAT(school.Modulo(), ElementsAre("Seccion_AlumnoPte 331|5|0|0"));
 }
 
@@ -74,7 +77,7 @@ TEST_F(RegisterHealingTest, ASubjectThatStandsTwiceWithItsEvaluationsLosesTheSec
   school.Evalua(first, 1, 105);
   school.Evalua(second, 1, 107);
   // One subject was seen, so one lock test.
-  ExpectHealed({3111}, 4, statement::DropDoubled(second));
+  ExpectHealed({3111}, 4, DropDoubled(second));
   EXPECT_THAT(school.Rows("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet"), ElementsAre("1"));
   EXPECT_THAT(school.Rows("SELECT CodAlumnoPte_MatDet, CodNota FROM EvaluacionPte"),
               ElementsAre("1|105"));
@@ -83,8 +86,8 @@ TEST_F(RegisterHealingTest, ASubjectThatStandsTwiceWithItsEvaluationsLosesTheSec
 
 TEST_F(RegisterHealingTest, EachDoubledEvaluationDeletesOnceMore) {
   Registra({1});
-  static_cast<void>(Pendiente(3111, 1, {1, 2, 4}));
-  const auto once = statement::DropDoubled(Pendiente(3111, 2, {1, 2, 4}));
+  DebeEn(3111, 1, {1, 2, 4});
+  const auto once = DropDoubled(Pendiente(3111, 2, {1, 2, 4}));
   EXPECT_THAT(Deletes(OpenAndCancel()), ElementsAreArray(Join({once, once, once})));
   EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM EvaluacionPte"), 2);
   EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM EvaluacionActaPte"), 1);
@@ -92,30 +95,30 @@ TEST_F(RegisterHealingTest, EachDoubledEvaluationDeletesOnceMore) {
 
 TEST_F(RegisterHealingTest, ASubjectThatComesBackAfterAnotherLosesItsLastRow) {
   Registra({1});
-  static_cast<void>(Pendiente(3111, 1, {1}));
-  static_cast<void>(Pendiente(3112, 2, {}));
+  DebeEn(3111, 1, {1});
+  DebeEn(3112, 2, {});
   const auto third = Pendiente(3111, 3, {2});
   const auto run = OpenAndCancel();
-  EXPECT_THAT(Deletes(run), ElementsAreArray(statement::DropDoubled(third)));
-  EXPECT_THAT(run.Sql(), Contains(statement::LockOfSubject(3111)).Times(2));
+  EXPECT_THAT(Deletes(run), ElementsAreArray(DropDoubled(third)));
+  EXPECT_THAT(run.Sql(), Contains(LockOfSubject(3111)).Times(2));
   EXPECT_THAT(school.Rows("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet"),
               ElementsAre("1", "2"));
 }
 
 TEST_F(RegisterHealingTest, OfSeveralRowsThatComeBackAfterAnotherOnlyTheLastGoes) {
   Registra({1});
-  static_cast<void>(Pendiente(3111, 1, {}));
-  static_cast<void>(Pendiente(3112, 2, {}));
-  static_cast<void>(Pendiente(3111, 3, {2}));
+  DebeEn(3111, 1, {});
+  DebeEn(3112, 2, {});
+  DebeEn(3111, 3, {2});
   const auto last = Pendiente(3111, 4, {3});
-  EXPECT_THAT(Deletes(OpenAndCancel()), ElementsAreArray(statement::DropDoubled(last)));
+  EXPECT_THAT(Deletes(OpenAndCancel()), ElementsAreArray(DropDoubled(last)));
 }
 
 TEST_F(RegisterHealingTest, NeighboursOfOneSubjectWithoutACommonEvaluationAreOneSubject) {
   Registra({1});
-  static_cast<void>(Pendiente(3111, 1, {1}));
-  static_cast<void>(Pendiente(3111, 2, {2}));
-  static_cast<void>(Pendiente(3111, 3, {}));
+  DebeEn(3111, 1, {1});
+  DebeEn(3111, 2, {2});
+  DebeEn(3111, 3, {});
   const auto run = Run(kOpen + kProperties + kSee);
   EXPECT_THAT(Deletes(run), IsEmpty());
   EXPECT_THAT(Materias(run), EndsWith(R"x(["Lengua (1º ESO)","","","","","X","X","","","1"]])x"));
@@ -126,8 +129,8 @@ class RegisterHealingFailureTest : public RegisterHealingTest,
 
 TEST_P(RegisterHealingFailureTest, OfADeleteIsNotCaught) {
   Registra({1});
-  static_cast<void>(Pendiente(3111, 1, {1}));
-  static_cast<void>(Pendiente(3111, 2, {1}));
+  DebeEn(3111, 1, {1});
+  DebeEn(3111, 2, {1});
   // Two purges, the register and one lock test come before.
   const auto failing = GetParam();
   const auto run =
@@ -140,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(Deletes, RegisterHealingFailureTest, testing::Range(1, 
 
 TEST_F(RegisterHealingTest, AnEvaluationThatIsGoneIsNotPartOfTheSubject) {
   Registra({1});
-  static_cast<void>(Pendiente(3111, 1, {3}));
+  DebeEn(3111, 1, {3});
   school.Sql("DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=3");
   const auto run = Run(kOpen + kProperties + kSee);
   EXPECT_THAT(Materias(run), EndsWith(R"x(["Lengua (1º ESO)","","","","","","","","1"]])x"));

@@ -90,7 +90,7 @@ TEST(RegisterModelsTest, AcceptingWithNoChangeMarksTheStudentChangedAndPutsHimLa
                   form.msgAlumnos.Row(1);
                   form.cmdPropiedades.Press();
                 },
-                [] { The<frmAlumnoMateria>().cmdAceptar.Press(); },
+                Press(&frmAlumnoMateria::cmdAceptar),
                 [] {
                   const cConstCol estados;
                   const auto& colAlumnos = The<frmAlumnoPendiente>().colAlumnos;
@@ -103,7 +103,7 @@ TEST(RegisterModelsTest, AcceptingWithNoChangeMarksTheStudentChangedAndPutsHimLa
 }
 
 TEST(RegisterModelsTest, TheHostMarksTheFieldsOfTheFormThatLoadsBeforeItsIcon) {
-  static std::vector<std::string> marked;
+  static Lines marked;
   class MarkingApi : public CentroApi {
    public:
     void marcar_Obligatorios(Form& form) override {
@@ -116,18 +116,16 @@ TEST(RegisterModelsTest, TheHostMarksTheFieldsOfTheFormThatLoadsBeforeItsIcon) {
   Application::Instance().Objects().Register(CentroApi::kProgId,
                                              [] { return std::make_unique<MarkingApi>(); });
   session.school.Registra(321, 1);
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
-                [] { The<frmAlumnoMateria>().cmdAgregar.Press(); },
-                [] { The<frmMateriaPend>().cmdCancelar.Press(); },
-                [] { The<frmAlumnoMateria>().cmdCancelar.Press(); },
-                [] { The<frmAlumnoPendiente>().cmdPropMat.Press(); }});
+  session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), Press(&frmAlumnoMateria::cmdAgregar),
+                Press(&frmMateriaPend::cmdCancelar), Press(&frmAlumnoMateria::cmdCancelar),
+                Press(&frmAlumnoPendiente::cmdPropMat)});
   EXPECT_THAT(marked, ElementsAre("frmPendientes", "frmMateriaPend", "frmPropMatProf"));
 }
 
 TEST(RegisterModelsTest, EachFormHasTheIconADefaultAndACancelButton) {
   DirectSession session;
   session.Pendientes(1, {3111});
-  std::vector<std::string> seen;
+  Lines seen;
   const auto look = [&seen](auto& form) {
     EXPECT_EQ(form.Icon(), kIcon);
     EXPECT_TRUE(form.cmdAceptar.Default && !form.cmdAceptar.Cancel);
@@ -140,42 +138,35 @@ TEST(RegisterModelsTest, EachFormHasTheIconADefaultAndACancelButton) {
     }
     seen.push_back(form.Name());
   };
+  const auto lookAndLeave = [&look](auto& form) {
+    look(form);
+    form.cmdCancelar.Press();
+  };
   session.Play(
       {[&] {
          look(The<frmPendientes>());
          look(The<frmAlumnoPendiente>());
          The<frmAlumnoPendiente>().cmdListar.Press();
        },
+       [&] { lookAndLeave(The<frmAlumnos>()); }, Press(&frmAlumnoPendiente::cmdPropiedades),
        [&] {
-         look(The<frmAlumnos>());
-         The<frmAlumnos>().cmdCancelar.Press();
+         auto& form = The<frmAlumnoMateria>();
+         look(form);
+         EXPECT_EQ(form.cmdSubir.Picture(), "C:\\iconos\\FlechaArriba.ico");
+         EXPECT_EQ(form.cmdBajar.Picture(), "C:\\iconos\\FlechaAbajo.ico");
+         form.cmdAgregar.Press();
        },
-       [&] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
+       [&] { lookAndLeave(The<frmMateriaPend>()); }, Press(&frmAlumnoMateria::cmdPropiedades),
+       [&] { lookAndLeave(The<frmMateriaEv>()); }, Press(&frmAlumnoMateria::cmdCancelar),
+       Press(&frmAlumnoPendiente::cmdPropMat),
        [&] {
-         look(The<frmAlumnoMateria>());
-         EXPECT_EQ(The<frmAlumnoMateria>().cmdSubir.Picture(), "C:\\iconos\\FlechaArriba.ico");
-         EXPECT_EQ(The<frmAlumnoMateria>().cmdBajar.Picture(), "C:\\iconos\\FlechaAbajo.ico");
-         The<frmAlumnoMateria>().cmdAgregar.Press();
-       },
-       [&] {
-         look(The<frmMateriaPend>());
-         The<frmMateriaPend>().cmdCancelar.Press();
-       },
-       [&] { The<frmAlumnoMateria>().cmdPropiedades.Press(); },
-       [&] {
-         look(The<frmMateriaEv>());
-         The<frmMateriaEv>().cmdCancelar.Press();
-       },
-       [&] { The<frmAlumnoMateria>().cmdCancelar.Press(); },
-       [&] { The<frmAlumnoPendiente>().cmdPropMat.Press(); },
-       [&] {
-         look(The<frmPropMatProf>());
-         EXPECT_EQ(The<frmPropMatProf>().cmdNProfesor.Picture(), "C:\\iconos\\Buscar.ico");
-         EXPECT_EQ(The<frmPropMatProf>().cmdElimProfesor.Picture(), "C:\\iconos\\delete.ico");
-         The<frmPropMatProf>().lblProfesor.ToolTipText("El nombre entero");
-         The<frmPropMatProf>().cmdElimProfesor.Press();
-         EXPECT_EQ(The<frmPropMatProf>().lblProfesor.ToolTipText(), "");
-         The<frmPropMatProf>().cmdCancelar.Press();
+         auto& form = The<frmPropMatProf>();
+         EXPECT_EQ(form.cmdNProfesor.Picture(), "C:\\iconos\\Buscar.ico");
+         EXPECT_EQ(form.cmdElimProfesor.Picture(), "C:\\iconos\\delete.ico");
+         form.lblProfesor.ToolTipText("El nombre entero");
+         form.cmdElimProfesor.Press();
+         EXPECT_EQ(form.lblProfesor.ToolTipText(), "");
+         lookAndLeave(form);
        }});
   EXPECT_THAT(seen,
               ElementsAre("frmPendientes", "frmAlumnoPendiente", "frmAlumnos", "frmAlumnoMateria",
@@ -187,8 +178,7 @@ TEST(RegisterModelsTest, EachFormHasTheIconADefaultAndACancelButton) {
 TEST(RegisterModelsTest, TheMatrixIsCentredAndFollowsTheMovedRow) {
   DirectSession session;
   session.Pendientes(1, {3111, 3112, 3113});
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
-                [] {
+  session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), [] {
                   auto& form = The<frmAlumnoMateria>();
                   EXPECT_EQ(form.msgMaterias.ColAlignment(1), 4);
                   EXPECT_EQ(form.msgMaterias.ColAlignment(8), 4);
@@ -211,8 +201,7 @@ TEST(RegisterModelsTest, TheMatrixIsCentredAndFollowsTheMovedRow) {
 TEST(RegisterModelsTest, OrderThatLeavesEightBitsIsAnOverflow) {
   DirectSession session;
   session.Pendientes(1, {3111, 3112});
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
-                [] {
+  session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), [] {
                   auto& form = The<frmAlumnoMateria>();
                   form.objAlumno->colMateria["3111"]->Orden = 255;
                   try {
@@ -228,8 +217,7 @@ TEST(RegisterModelsTest, TheCopyLeavesTheStudentAndTheCourseBehind) {
   DirectSession session;
   session.school.Registra(321, 1);
   session.school.Evalua(session.school.Pendiente(1, 3111, 1), 1);
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
-                [] {
+  session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), [] {
                   const auto& alumno = *The<frmAlumnoPendiente>().colAlumnos["1"];
                   const auto& copia = *The<frmAlumnoMateria>().objAlumno;
                   EXPECT_NE(&alumno, &copia);
@@ -248,8 +236,7 @@ TEST(RegisterModelsTest, TheCopyLeavesTheStudentAndTheCourseBehind) {
 TEST(RegisterModelsTest, WhatTheDialogsCreateIsNew) {
   DirectSession session;
   session.school.Registra(321, 1);
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropiedades.Press(); },
-                [] { The<frmAlumnoMateria>().cmdAgregar.Press(); },
+  session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), Press(&frmAlumnoMateria::cmdAgregar),
                 [] {
                   auto& form = The<frmMateriaPend>();
                   form.cboCurso.ListIndex(0);
@@ -257,7 +244,7 @@ TEST(RegisterModelsTest, WhatTheDialogsCreateIsNew) {
                   form.cboMateria.ListIndex(0);
                   form.cmdAceptar.Press();
                 },
-                [] { The<frmAlumnoMateria>().cmdPropiedades.Press(); },
+                Press(&frmAlumnoMateria::cmdPropiedades),
                 [] {
                   auto& form = The<frmMateriaEv>();
                   form.lstDisponibles.ListIndex(0);

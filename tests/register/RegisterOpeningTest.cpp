@@ -9,8 +9,8 @@ const std::string kWarning =
     R"(poniendo notas pendientes. Los cambios no se grabarán.")";
 
 /// What opening prints: the form before is hidden, this one loaded and shown.
-std::vector<std::string> Opening(const std::vector<std::string>& statements) {
-  std::vector<std::string> lines{"oculta frmPendientes", "carga frmAlumnoPendiente"};
+Lines Prints(const Lines& statements) {
+  Lines lines{"oculta frmPendientes", "carga frmAlumnoPendiente"};
   for (const auto& statement : statements) lines.push_back("sql centro " + statement);
   lines.emplace_back("muestra frmAlumnoPendiente");
   return lines;
@@ -23,15 +23,15 @@ TEST_F(RegisterOpeningTest, ReadsStudentsSubjectsAndTeachersInOrder) {
   const auto lengua = school.Pendiente(1, 3111, 1);
   school.Evalua(lengua, 1);
   school.Evalua(lengua, 4);
-  static_cast<void>(school.Pendiente(1, 3112, 2));
+  Debe(1, 3112, 2);
   school.Evalua(school.Pendiente(3, 3123, 1), 2);
   school.Profesor(1, 3111);
   school.Profesor(0, 3121);
-  auto statements = statement::Opening({3111, 3112, 3123});
-  statements.emplace_back(statement::LockOfTeacher(1));
+  auto statements = Opening({3111, 3112, 3123});
+  statements.emplace_back(LockOfTeacher(1));
   const auto before = school.Modulo();
   const auto run = Run(kOpen + kSee);
-  EXPECT_THAT(run.After(kOpenCommand), ElementsAreArray(Opening(statements)));
+  EXPECT_THAT(run.After(kOpenCommand), ElementsAreArray(Prints(statements)));
   ExpectTexts(
       run, "Alumnos con materias pendientes",
       {"Label1=Listado de Alumnos:", "Label2=Listado de Materias:", "cmdListar=Listar Alumnos",
@@ -61,7 +61,7 @@ TEST_F(RegisterOpeningTest, ReadsStudentsSubjectsAndTeachersInOrder) {
 
 TEST_F(RegisterOpeningTest, AnEmptyRegisterShowsNobodyAndItsPropertiesDoNothing) {
   const auto run = Run(kOpen + "ver\npulsar cmdPropiedades\ndoble msgAlumnos\n");
-  EXPECT_THAT(run.After(kOpenCommand), ElementsAreArray(Opening(statement::Opening())));
+  EXPECT_THAT(run.After(kOpenCommand), ElementsAreArray(Prints(Opening())));
   EXPECT_EQ(View(run, "msgAlumnos", "celdas"), "[]");
   EXPECT_EQ(View(run, "msgAlumnos", "fila"), "-1");
   EXPECT_THAT(run.After("pulsar cmdPropiedades"), IsEmpty());
@@ -112,13 +112,13 @@ TEST_F(RegisterOpeningTest, OnAFirstCourseThePageOfSubjectsIsEmptyAndItsProperti
 TEST_F(RegisterOpeningTest, ALockOnASubjectWarnsOnceAndKeepsFromSaving) {
   Registra({1, 3});
   for (const auto alumno : {1, 3})
-    for (const auto matDet : {3111, 3112}) static_cast<void>(school.Pendiente(alumno, matDet, 1));
+    for (const auto matDet : {3111, 3112}) Debe(alumno, matDet, 1);
   school.Bloquea(2, 1, 3111, 3, 7);
   school.Bloquea(2, 1, 3112, 3, 7);
   school.Profesor(2, 3111);
   const auto run = Run(kOpen + kSee + kAccept);
   // The first hit ends all tests, those of the teachers too.
-  auto lines = Opening(statement::Opening({3111}));
+  auto lines = Prints(Opening({3111}));
   lines.insert(lines.end() - 1, {"pitido", "mensaje " + kWarning});
   EXPECT_THAT(AfterFirst(run, kOpenCommand), ElementsAreArray(lines));
   EXPECT_EQ(View(run, "cmdAceptar", "activo"), "false");
@@ -139,9 +139,9 @@ TEST_F(RegisterOpeningTest, ALockOfATeacherOnTheListWarnsAndEndsTheTests) {
   school.Profesor(1, 3111);
   school.Bloquea(2, 1, 4117, 3, 7);
   const auto run = Run(kOpen + kSee);
-  auto statements = statement::Opening();
-  for (const auto personal : {3, 2}) statements.push_back(statement::LockOfTeacher(personal));
-  auto lines = Opening(statements);
+  auto statements = Opening();
+  for (const auto personal : {3, 2}) statements.push_back(LockOfTeacher(personal));
+  auto lines = Prints(statements);
   lines.insert(lines.end() - 1, {"pitido", "mensaje " + kWarning});
   EXPECT_THAT(run.After(kOpenCommand), ElementsAreArray(lines));
   EXPECT_EQ(View(run, "cmdAceptar", "activo"), "false");
@@ -153,10 +153,10 @@ TEST_F(RegisterOpeningTest, BeforeRevisionNineThereAreNoTeachersAndNoLock) {
   const AsRevision older(8);
   const auto before = school.Modulo();
   const auto run = Run(kOpen + kSee + kAccept);
-  auto statements = statement::Opening({3111});
+  auto statements = Opening({3111});
   statements.resize(4);
   EXPECT_THAT(run.Of("mensaje"), IsEmpty());
-  EXPECT_THAT(AfterFirst(run, kOpenCommand), ElementsAreArray(Opening(statements)));
+  EXPECT_THAT(AfterFirst(run, kOpenCommand), ElementsAreArray(Prints(statements)));
   EXPECT_EQ(View(run, "TabDatos", "pestanas"), R"(["Alumnos"])");
   EXPECT_THAT(run.After("pulsar cmdAceptar"), ElementsAreArray(kLeft));
   EXPECT_EQ(school.Modulo(), before);

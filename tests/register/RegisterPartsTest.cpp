@@ -84,7 +84,7 @@ class RegisterWriterTest : public RegisterTest {
   }
 
   TestConnection centro;
-  std::vector<std::string> statements;
+  Lines statements;
 };
 
 TEST_F(RegisterWriterTest, ATeacherMarkedForDeletionLosesItsRow) {
@@ -95,7 +95,7 @@ TEST_F(RegisterWriterTest, ATeacherMarkedForDeletionLosesItsRow) {
   matProf->Estado = cConstCol().Eliminado;
   colMatProf.Add(matProf, "3111");
   RegisterWriter(centro, 321).SaveTeachers(colMatProf);
-  EXPECT_THAT(statements, ElementsAre(statement::DeleteTeacher(3111)));
+  EXPECT_THAT(statements, ElementsAre(DeleteTeacher(3111)));
   ExpectEmpty({"Profesor_Pte"});
 }
 

@@ -18,9 +18,9 @@ TEST_F(RegisterSavingTest, WithNothingChangedTheFirstSaveGivesEachSubjectDetailA
   school.Evalua(school.Pendiente(1, 3111, 1), 1, 105);
   school.Profesor(1, 3112);
   const auto first = Run(kOpen + kAccept);
-  std::vector<std::string> inserts;
+  Lines inserts;
   for (const auto matDet : {3113, 3114, 3111, 3116, 3115, 3123, 3121, 3122})
-    inserts.push_back(statement::InsertTeacher(0, matDet));
+    inserts.push_back(InsertTeacher(0, matDet));
   EXPECT_EQ(Saved(first), inserts);
   EXPECT_THAT(first.Of("mensaje"), IsEmpty());
   const auto before = school.Modulo();
@@ -38,12 +38,7 @@ TEST_F(RegisterSavingTest, BeforeRevisionNineNoTeacherIsWritten) {
 TEST_F(RegisterStudentsTest, TeachersAreWrittenBeforeStudents) {
   school.Sql("DELETE FROM Profesor_Pte WHERE CodMatDet=3122");
   const auto run = Run(kOpen + kList + TakeIn(1) + kAccept + kAccept);
-  EXPECT_EQ(Saved(run), Join({{statement::InsertTeacher(0, 3122)}, statement::InsertStudent(1)}));
-}
-
-TEST_F(RegisterStudentsTest, AStudentWithoutSubjectsGetsHisPlaceAlone) {
-  const auto run = Run(kOpen + kList + TakeIn(1) + kAccept + kAccept);
-  EXPECT_EQ(Saved(run), statement::InsertStudent(1));
+  EXPECT_EQ(Saved(run), Join({{InsertTeacher(0, 3122)}, InsertStudent(1)}));
 }
 
 TEST_F(RegisterSavingTest, ALeftoverPlaceIsNotDoubled) {
@@ -57,9 +52,8 @@ TEST_F(RegisterStudentsTest, ANewStudentIsWrittenWithHisSubjectsAndTheirEvaluati
   const auto run =
       Run(kOpen + kList + TakeIn(1) + kAccept + kEditFirst + AddSubject(3111) + AddSubject(3122) +
           kProperties + TakeIn(6) + TakeIn(1) + kAccept + kAccept + kAccept);
-  EXPECT_EQ(Saved(run), Join({statement::InsertStudent(1), statement::InsertSubject(1, 3111, 1),
-                              statement::InsertFinal(1, 1, 6), statement::InsertOrdinary(1, 1, 1),
-                              statement::InsertSubject(2, 3122, 2)}));
+  EXPECT_EQ(Saved(run), Join({InsertStudent(1), InsertSubject(1, 3111, 1), InsertFinal(1, 1, 6),
+                              InsertOrdinary(1, 1, 1), InsertSubject(2, 3122, 2)}));
 }
 
 TEST_F(RegisterStudentsTest, ASubjectWithoutEvaluationsGetsItsRowAlone) {
@@ -102,8 +96,8 @@ TEST_F(RegisterSavingTest, KeysAreTheLargestPlusOne) {
 TEST_F(RegisterStudentsTest, OneRemovedAndOneAddedDeletesInsertsAndOrdersThoseThatStay) {
   Pendientes(1, {3111, 3112});
   const auto run = Run(kOpen + kEditFirst + kRemove + AddSubject(3113) + kAccept + kAccept);
-  EXPECT_EQ(Saved(run), Join({statement::DeleteSubject(3111), statement::UpdateSubject(3112, 2, 1),
-                              statement::InsertSubject(3, 3113, 2)}));
+  EXPECT_EQ(Saved(run),
+            Join({DeleteSubject(3111), UpdateSubject(3112, 2, 1), InsertSubject(3, 3113, 2)}));
 }
 
 TEST_F(RegisterSavingTest, OnALockedRegisterNothingIsSavedWhateverWasChanged) {
@@ -123,7 +117,7 @@ TEST_F(RegisterStudentsTest, AChangedSubjectWhoseRowAnotherUserDeletedFails) {
   const auto run = Run(kOpen + kEditFirst + "pulsar cmdBajar\n" + kAccept +
                        "sql \"DELETE FROM AlumnoPte_MatDet WHERE CodMatDet=3112\"\n" + kAccept +
                        "nodo 123\n" + kCancel);
-  EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("3021 ")));
+  ExpectError(run, 3021);
   // What was written before stays.
   EXPECT_THAT(school.Rows("SELECT CodMatDet, Orden FROM AlumnoPte_MatDet"), ElementsAre("3111|2"));
   EXPECT_THAT(run.After("pulsar cmdCancelar"), Contains("vuelve 123"));

@@ -38,8 +38,7 @@ std::string View(const ScriptResult& result, const std::string& control,
   return (member.empty() ? whole : whole.at(member)).dump();
 }
 
-void ExpectTexts(const ScriptResult& result, const std::string& title,
-                 const std::vector<std::string>& texts) {
+void ExpectTexts(const ScriptResult& result, const std::string& title, const Lines& texts) {
   EXPECT_EQ(View(result, "", "titulo"), '"' + title + '"');
   for (const auto& text : texts) {
     const auto at = text.find('=');
@@ -60,7 +59,7 @@ AsRevision::AsRevision(int revision) {
 
 AsRevision::~AsRevision() { Application::Instance().Version(Application::BuiltVersion()); }
 
-std::vector<std::string> AfterFirst(const ScriptResult& result, const std::string& command) {
+Lines AfterFirst(const ScriptResult& result, const std::string& command) {
   ScriptResult upTo;
   for (const auto& line : result.lines) {
     if (line.starts_with("> ") && !upTo.lines.empty() && upTo.lines.front() == "> " + command)
@@ -70,14 +69,13 @@ std::vector<std::string> AfterFirst(const ScriptResult& result, const std::strin
   return upTo.After(command);
 }
 
-std::vector<std::string> Join(const std::vector<std::vector<std::string>>& lists) {
-  std::vector<std::string> all;
+Lines Join(const std::vector<Lines>& lists) {
+  Lines all;
   for (const auto& list : lists) all.insert(all.end(), list.begin(), list.end());
   return all;
 }
 
-std::vector<std::string> StatementsAfter(const ScriptResult& result, const std::string& command,
-                                         const std::vector<std::string>& last) {
+Lines StatementsAfter(const ScriptResult& result, const std::string& command, const Lines& last) {
   auto lines = result.After(command);
   EXPECT_THAT(lines, SizeIs(testing::Ge(last.size()))) << result.Text();
   const auto end = lines.end() - static_cast<std::ptrdiff_t>(std::min(last.size(), lines.size()));
@@ -91,12 +89,12 @@ std::vector<std::string> StatementsAfter(const ScriptResult& result, const std::
   return lines;
 }
 
-std::vector<std::string> Sent(std::vector<std::string> statements) {
+Lines Sent(Lines statements) {
   for (auto& statement : statements) statement = Sent(statement);
   return statements;
 }
 
-std::vector<std::string> Saved(const ScriptResult& result) {
+Lines Saved(const ScriptResult& result) {
   return StatementsAfter(result, "pulsar cmdAceptar", kLeft);
 }
 

@@ -9,6 +9,8 @@
 
 namespace quorvane::test {
 
+using namespace statement;  // NOLINT(google-build-using-namespace): every test speaks in them.
+
 // Gestures.
 inline const std::string kAccept = "pulsar cmdAceptar\n";
 inline const std::string kCancel = "pulsar cmdCancelar\n";
@@ -41,18 +43,17 @@ inline std::string Materias(const ScriptResult& result) {
 }
 
 /// That the last `ver` shows that title, and texts of controls, each as "Label1=Curso:".
-void ExpectTexts(const ScriptResult& result, const std::string& title,
-                 const std::vector<std::string>& texts);
+void ExpectTexts(const ScriptResult& result, const std::string& title, const Lines& texts);
 
 /// Those of both dialogs with a dual list.
-inline const std::vector<std::string> kDualListTexts{"lblDisponibles=Seleccionadas:",
-                                                     "lblSeleccionadas=Disponibles:",
-                                                     "cmdAgregarUno=<- Agregar",
-                                                     "cmdAgregarTodos=<<- Todos",
-                                                     "cmdEliminarUno=Quitar ->",
-                                                     "cmdEliminarTodos=Todos ->>",
-                                                     "cmdAceptar=Aceptar",
-                                                     "cmdCancelar=Cancelar"};
+inline const Lines kDualListTexts{"lblDisponibles=Seleccionadas:",
+                                  "lblSeleccionadas=Disponibles:",
+                                  "cmdAgregarUno=<- Agregar",
+                                  "cmdAgregarTodos=<<- Todos",
+                                  "cmdEliminarUno=Quitar ->",
+                                  "cmdEliminarTodos=Todos ->>",
+                                  "cmdAceptar=Aceptar",
+                                  "cmdCancelar=Cancelar"};
 
 /// Every subject detail on the page "Materias" gets a row without a teacher, so that saving has
 /// none to insert.
@@ -67,24 +68,24 @@ class AsRevision {
 };
 
 /// The lines that follow the first echo of the command, up to the next echo.
-std::vector<std::string> AfterFirst(const ScriptResult& result, const std::string& command);
+Lines AfterFirst(const ScriptResult& result, const std::string& command);
 
 /// The statements after the last echo of the command, where nothing else came of it but those last
 /// lines.
-std::vector<std::string> StatementsAfter(const ScriptResult& result, const std::string& command,
-                                         const std::vector<std::string>& last = {});
+Lines StatementsAfter(const ScriptResult& result, const std::string& command,
+                      const Lines& last = {});
 
 /// What the register has executed when it was accepted and left.
-std::vector<std::string> Saved(const ScriptResult& result);
+Lines Saved(const ScriptResult& result);
 
 /// What leaving the register prints, when it executes nothing.
-inline const std::vector<std::string> kLeft{"descarga frmAlumnoPendiente", "vuelve 123"};
+inline const Lines kLeft{"descarga frmAlumnoPendiente", "vuelve 123"};
 
 /// The line that tells of a statement, or the lines of several.
 inline std::string Sent(const std::string& statement) { return "sql centro " + statement; }
-std::vector<std::string> Sent(std::vector<std::string> statements);
+Lines Sent(Lines statements);
 
 /// Several lists one after the other.
-std::vector<std::string> Join(const std::vector<std::vector<std::string>>& lists);
+Lines Join(const std::vector<Lines>& lists);
 
 }  // namespace quorvane::test

@@ -5,10 +5,12 @@
 
 #include "platform/data/Sql.h"
 
+namespace quorvane::test {
+using Lines = std::vector<std::string>;
+}
+
 // What the register executes, each statement under its name.
 namespace quorvane::test::statement {
-
-using Several = std::vector<std::string>;
 
 // A line a statement.
 // clang-format off
@@ -24,21 +26,21 @@ inline std::string Sections(int course) { return Sql("SELECT IDSeccion, Descripc
 inline const std::string kGoneStudents = "SELECT DISTINCT codAlumno FROM Alumnopte_matdet WHERE codalumno not in (SELECT IDAlumno FROM Alumno)";
 inline const std::string kGoneSubjects = "SELECT DISTINCT codmatdet FROM Alumnopte_matdet WHERE codmatdet not in (SELECT IDMateriaDetalles FROM MateriaDetalles)";
 
-inline Several PurgeStudent(int student) {
+inline Lines PurgeStudent(int student) {
   return {
       Sql("Delete From Evaluacionactapte WHERE codAlumnopte_matdet IN (SELECT idAlumnopte_matdet FROM Alumnopte_matdet WHERE codalumno={})", student),
       Sql("Delete From Evaluacionpte WHERE codAlumnopte_matdet IN (SELECT idAlumnopte_matdet FROM Alumnopte_matdet WHERE codalumno={})", student),
       Sql("Delete From Seccion_AlumnoPte where codalumno={}", student),
       Sql("Delete From Alumnopte_matdet where codalumno={}", student)};
 }
-inline Several PurgeSubject(int matDet) {
+inline Lines PurgeSubject(int matDet) {
   return {
       Sql("Delete From Evaluacionactapte WHERE codAlumnopte_matdet IN (SELECT idAlumnopte_matdet FROM Alumnopte_matdet WHERE codmatdet={})", matDet),
       Sql("Delete From Evaluacionpte WHERE codAlumnopte_matdet IN (SELECT idAlumnopte_matdet FROM Alumnopte_matdet WHERE codmatdet={})", matDet),
       Sql("Delete From Alumnopte_matdet where codmatdet={}", matDet)};
 }
 inline std::string Register(int section) { return Sql("SELECT Seccion.Descripcion AS SDescripcion, Alumno.Apellido_2, Alumno.Apellido_1, Alumno.Nombre, Alumno.IDAlumno, AlumnoPte_MatDet.IDAlumnoPte_MatDet, AlumnoPte_MatDet.codMatDet, AlumnoPte_MatDet.Orden, NumEvaluacion.IDNumEvaluacion, NumEvaluacion.Descripcion, NumEvaluacion.Final, Materia.Nombre AS MNombre, Materia.Optativa, seccion.codcurso FROM (Seccion_AlumnoPte LEFT JOIN (Alumno LEFT JOIN Seccion ON Seccion.IDSeccion=Alumno.codSeccion) ON Seccion_AlumnoPte.codAlumno=alumno.idalumno) LEFT JOIN ((AlumnoPte_MatDet LEFT JOIN (EvaluacionPte LEFT JOIN NumEvaluacion ON NumEvaluacion.IDNumEvaluacion=EvaluacionPte.codNumEvaluacion) ON EvaluacionPte.codAlumnoPte_Matdet=AlumnoPte_Matdet.IDAlumnoPte_Matdet) LEFT JOIN (MateriaDetalles LEFT JOIN Materia ON Materia.IDMateria=MateriaDetalles.codMateria) ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_Matdet.codMatdet) ON AlumnoPte_Matdet.codAlumno=Seccion_AlumnoPte.codAlumno WHERE Seccion_AlumnoPte.codSeccion = {} Union SELECT Seccion.Descripcion AS SDescripcion, Alumno.Apellido_2, Alumno.Apellido_1, Alumno.Nombre, Alumno.IDAlumno, AlumnoPte_MatDet.IDAlumnoPte_MatDet, AlumnoPte_MatDet.codMatDet, AlumnoPte_MatDet.Orden, NumEvaluacion.IDNumEvaluacion, NumEvaluacion.Descripcion, NumEvaluacion.Final, Materia.Nombre AS MNombre, Materia.Optativa, seccion.codcurso FROM (Seccion_AlumnoPte LEFT JOIN (Alumno LEFT JOIN Seccion ON Seccion.IDSeccion=Alumno.codSeccion) ON Seccion_AlumnoPte.codAlumno=alumno.idalumno) LEFT JOIN ((AlumnoPte_MatDet LEFT JOIN (EvaluacionActaPte LEFT JOIN NumEvaluacion ON NumEvaluacion.IDNumEvaluacion=EvaluacionActaPte.codNumEvaluacion) ON EvaluacionActaPte.codAlumnoPte_Matdet=AlumnoPte_Matdet.IDAlumnoPte_Matdet) LEFT JOIN (MateriaDetalles LEFT JOIN Materia ON Materia.IDMateria=MateriaDetalles.codMateria) ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_Matdet.codMatdet) ON AlumnoPte_Matdet.codAlumno=Seccion_AlumnoPte.codAlumno Where Seccion_AlumnoPte.codSeccion = {} ORDER BY Alumno.IDAlumno, AlumnoPte_Matdet.Orden", section, section); }
-inline Several DropDoubled(int pending) {
+inline Lines DropDoubled(int pending) {
   return {Sql("delete from evaluacionpte where codAlumnoPte_MatDet={}", pending),
           Sql("delete from evaluacionactapte where codAlumnoPte_MatDet={}", pending),
           Sql("delete from alumnopte_matdet where idAlumnoPte_MatDet={}", pending)};
@@ -50,8 +52,8 @@ inline std::string Teachers(int kind, int order) { return Sql("SELECT Seccion.De
 
 /// What opening the register of section 321 executes when its tables are in order: purges, the
 /// register, a lock test for each of the subjects, the teachers.
-inline Several Opening(const std::vector<int>& lockTests = {}) {
-  Several all{kGoneStudents, kGoneSubjects, Register(321)};
+inline Lines Opening(const std::vector<int>& lockTests = {}) {
+  Lines all{kGoneStudents, kGoneSubjects, Register(321)};
   for (const auto matDet : lockTests) all.push_back(LockOfSubject(matDet));
   all.push_back(OrderOfCourse(32));
   all.push_back(Teachers(3, 2));
@@ -76,11 +78,11 @@ inline std::string Person(int personal) { return Sql("SELECT IDPersonal,Apellido
 inline std::string InsertTeacher(int personal, int matDet) { return Sql("INSERT INTO Profesor_Pte VALUES ({},{})", personal, matDet); }
 inline std::string UpdateTeacher(int personal, int matDet) { return Sql("UPDATE Profesor_Pte SET codProfesor={} WHERE codMatDet={}", personal, matDet); }
 inline std::string DeleteTeacher(int matDet) { return Sql("DELETE FROM Profesor_Pte WHERE codMatDet={}", matDet); }
-inline Several InsertStudent(int student) {
+inline Lines InsertStudent(int student) {
   return {Sql("DELETE FROM Seccion_AlumnoPte WHERE codSeccion = 321 AND codAlumno = {}", student),
           Sql("INSERT INTO Seccion_AlumnoPte VALUES (321,{},0,0)", student)};
 }
-inline Several DeleteStudent(int student) {
+inline Lines DeleteStudent(int student) {
   return {
       Sql("DELETE FROM EvaluacionActaPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodAlumno={})", student),
       Sql("DELETE FROM EvaluacionPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodAlumno={})", student),
@@ -88,32 +90,32 @@ inline Several DeleteStudent(int student) {
       Sql("DELETE FROM Seccion_AlumnoPte WHERE CodAlumno={}", student)};
 }
 /// Of student 1, as all that follow.
-inline Several InsertSubject(int pending, int matDet, int order) {
+inline Lines InsertSubject(int pending, int matDet, int order) {
   return {"SELECT MAX(IDAlumnopte_matdet) FROM [Alumnopte_matdet]",
           Sql("INSERT INTO Alumnopte_MatDet VALUES ({},1,{},{},0)", pending, matDet, order)};
 }
 inline std::string FindSubject(int matDet) { return Sql("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno=1", matDet); }
 inline std::string OrderSubject(int pending, int order) { return Sql("UPDATE AlumnoPte_MatDet SET Orden={} WHERE IDAlumnoPte_MatDet={}", order, pending); }
-inline Several UpdateSubject(int matDet, int pending, int order) {
+inline Lines UpdateSubject(int matDet, int pending, int order) {
   return {FindSubject(matDet), OrderSubject(pending, order)};
 }
-inline Several DeleteSubject(int matDet) {
+inline Lines DeleteSubject(int matDet) {
   return {
       Sql("DELETE FROM EvaluacionActaPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno=1)", matDet),
       Sql("DELETE FROM EvaluacionPte WHERE codAlumnoPte_MatDet IN (SELECT idAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno=1)", matDet),
       Sql("DELETE FROM AlumnoPte_MatDet WHERE CodMatDet={} AND CodAlumno=1", matDet)};
 }
-inline Several InsertOrdinary(int id, int pending, int evaluation) {
+inline Lines InsertOrdinary(int id, int pending, int evaluation) {
   return {
       "SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]",
       Sql("INSERT INTO EvaluacionPte VALUES ({},{},{},0,0,0,0,0,0,0)", id, pending, evaluation)};
 }
-inline Several InsertFinal(int id, int pending, int evaluation) {
+inline Lines InsertFinal(int id, int pending, int evaluation) {
   return {
       "SELECT MAX(IDEvaluacionActaPte) FROM [EvaluacionActaPte]",
       Sql("INSERT INTO EvaluacionActaPte VALUES ({},{},{},0,0,0,0,0)", id, pending, evaluation)};
 }
-inline Several DeleteEvaluation(int evaluation, int pending) {
+inline Lines DeleteEvaluation(int evaluation, int pending) {
   return {Sql("DELETE FROM EvaluacionActaPte WHERE codnumevaluacion={} AND codAlumnoPte_MatDet={}", evaluation, pending),
           Sql("DELETE FROM EvaluacionPte WHERE codnumevaluacion={} AND codAlumnoPte_MatDet={}", evaluation, pending)};
 }

@@ -22,8 +22,11 @@ class RegisterTest : public testing::Test {
   /// The student is on the register, with those pending subjects in this order.
   void Pendientes(int alumno, std::initializer_list<int> matDets) const {
     Registra({alumno});
-    for (int orden = 0; const auto matDet : matDets)
-      static_cast<void>(school.Pendiente(alumno, matDet, ++orden));
+    for (int orden = 0; const auto matDet : matDets) Debe(alumno, matDet, ++orden);
+  }
+
+  void Debe(int alumno, int matDet, int orden) const {
+    static_cast<void>(school.Pendiente(alumno, matDet, orden));
   }
 
   /// No row is left in those tables.

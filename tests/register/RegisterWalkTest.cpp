@@ -37,7 +37,7 @@ TEST_P(RegisterWalkTest, WhatIsSavedIsWhatTheUserSeesWhenHeComesBack) {
     for (std::size_t row = 0; row < matrices.size(); ++row)
       look += "fila msgAlumnos " + std::to_string(row) +
               "\npulsar cmdPropiedades\nver\npulsar cmdCancelar\n";
-    std::vector<std::string> seen;
+    Lines seen;
     for (const auto& view : RunScript(school, look + "pulsar cmdCancelar\n").Of("ver"))
       seen.push_back(Matrix(view));
     ASSERT_EQ(seen, matrices) << script;

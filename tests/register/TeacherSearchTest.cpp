@@ -13,6 +13,8 @@
 namespace quorvane::test {
 namespace {
 
+using namespace statement;
+
 class ShorteningApi : public CentroApi {
  public:
   void acortartextolabel(Label& label) override { label.Caption(label.Caption().substr(0, 3)); }
@@ -37,14 +39,14 @@ void Use() {
 
 /// Presses the search of the first subject; then what the form holds.
 void Search(DirectSession& session, const StepScreen::Step& then) {
-  session.Play({[] { The<frmAlumnoPendiente>().cmdPropMat.Press(); },
-                [] { The<frmPropMatProf>().cmdNProfesor.Press(); }, then});
+  session.Play(
+      {Press(&frmAlumnoPendiente::cmdPropMat), Press(&frmPropMatProf::cmdNProfesor), then});
 }
 
 /// Notes what it is handed, and finds nobody.
 class NotingSearch : public PersonSearch {
  public:
-  static inline std::vector<std::string> told;
+  static inline Lines told;
   static inline std::vector<Connection*> connections;
 
   void pasarconexiones(Connection* centro, Connection* borrado, Connection* otroCentro,
@@ -100,7 +102,7 @@ TEST(TeacherSearchTest, AFailureOfTheSearchSurfacesInTheOneTest) {
   EXPECT_THAT(session.screen.messages,
               ElementsAre("ERROR al consultar la base de datos.\rsin buscador"));
   // The statement ran all the same, for nobody.
-  EXPECT_EQ(session.statements.back(), statement::Person(0));
+  EXPECT_EQ(session.statements.back(), Person(0));
 }
 
 TEST(TeacherSearchTest, AComponentThatCantBeCreatedTellsTheLastFailure) {

@@ -16,7 +16,7 @@ class frmAlumnosSavingTest : public RegisterTest {
 TEST_F(frmAlumnosTest, WithAnEmptyRegisterAllEnrolledStudentsOfTheSectionAreOffered) {
   const auto run = Run(kPick + kSee);
   EXPECT_THAT(run.After("pulsar cmdListar"),
-              ElementsAre("carga frmAlumnos", Sent(statement::Picker("0")), "muestra frmAlumnos"));
+              ElementsAre("carga frmAlumnos", Sent(Picker("0")), "muestra frmAlumnos"));
   ExpectTexts(run, "Selección de Alumnos con Materias Pendientes", kDualListTexts);
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), "[]");
   const auto offered = View(run, "lstDisponibles", "entradas");
@@ -30,7 +30,7 @@ TEST_F(frmAlumnosTest, WithAnEmptyRegisterAllEnrolledStudentsOfTheSectionAreOffe
 TEST_F(frmAlumnosTest, WhoIsOnTheRegisterIsSelectedAndNotLookedFor) {
   Registra({5, 1});
   const auto run = Run(kPick + kSee);
-  EXPECT_THAT(run.Sql(), Contains(statement::Picker("1,5")));
+  EXPECT_THAT(run.Sql(), Contains(Picker("1,5")));
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"),
             R"([["Díaz Cano, Marta",1],["Blanco Mas, Hugo",5]])");
 }
@@ -76,7 +76,7 @@ TEST_F(frmAlumnosSavingTest, AcceptingRefreshesTheListAndSavingWritesThePlaces) 
   const auto run = Run(kPick + TakeIn(2) + TakeIn(1) + kAccept + kSee + kAccept);
   EXPECT_EQ(View(run, "msgAlumnos", "celdas"), R"([["Díaz Cano, Marta"],["Ñúñez Sanz, Íñigo"]])");
   // In the order of the choice, whatever the list shows.
-  EXPECT_EQ(Saved(run), Join({statement::InsertStudent(2), statement::InsertStudent(1)}));
+  EXPECT_EQ(Saved(run), Join({InsertStudent(2), InsertStudent(1)}));
 }
 
 TEST_F(frmAlumnosTest, CancellingChangesNothing) {
@@ -95,7 +95,7 @@ TEST_F(frmAlumnosSavingTest, AnEmptySelectionTakesAllStudentsOffTheRegister) {
   school.Evalua(school.Pendiente(3, 3112, 1), 4, 105);
   const auto run = Run(kPick + "pulsar cmdEliminarTodos\n" + kAccept + kSee + kAccept);
   EXPECT_EQ(View(run, "msgAlumnos", "datos"), "[]");
-  EXPECT_EQ(Saved(run), Join({statement::DeleteStudent(1), statement::DeleteStudent(3)}));
+  EXPECT_EQ(Saved(run), Join({DeleteStudent(1), DeleteStudent(3)}));
   // From the other section too.
   ExpectEmpty({"Seccion_AlumnoPte", "AlumnoPte_MatDet", "EvaluacionPte", "EvaluacionActaPte"});
 }
@@ -109,7 +109,7 @@ TEST_F(frmAlumnosTest, AStudentRemovedIsOfferedAgainAtTheNextOpening) {
   // First, before those that the statement finds; it leaves him out.
   EXPECT_EQ(View(run, "lstDisponibles", "entradas"),
             R"([["Díaz Cano, Marta",1],["Ñúñez Sanz, Íñigo",2]])");
-  EXPECT_EQ(run.After("pulsar cmdListar")[1], Sent(statement::Picker("1,3")));
+  EXPECT_EQ(run.After("pulsar cmdListar")[1], Sent(Picker("1,3")));
 }
 
 TEST_F(frmAlumnosSavingTest, RemovedAndPutBackInTwoOpeningsHeComesWithoutSubjectsAndKeepsHisRows) {
@@ -137,7 +137,7 @@ TEST_F(frmAlumnosSavingTest, AStudentAddedAndRemovedBeforeSavingIsForgotten) {
                        "pulsar cmdEliminarTodos\n" + kAccept + kList + kCancel + kAccept);
   EXPECT_THAT(Saved(run), IsEmpty());
   // Nobody is left to leave out.
-  EXPECT_EQ(run.After("pulsar cmdListar")[1], Sent(statement::Picker("0")));
+  EXPECT_EQ(run.After("pulsar cmdListar")[1], Sent(Picker("0")));
 }
 
 TEST_F(frmAlumnosSavingTest, ANewStudentKeptInASecondOpeningIsStillInserted) {

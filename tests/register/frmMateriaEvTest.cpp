@@ -6,10 +6,9 @@ namespace {
 const std::string kPick = kOpen + kProperties + kProperties;
 
 /// The lines of an accepted choice that look at those evaluations.
-std::vector<std::string> Validations(const std::vector<int>& evaluations) {
-  std::vector<std::string> lines;
-  for (const auto evaluation : evaluations)
-    lines.push_back(Sent(statement::Validation(evaluation)));
+Lines Validations(const std::vector<int>& evaluations) {
+  Lines lines;
+  for (const auto evaluation : evaluations) lines.push_back(Sent(Validation(evaluation)));
   return lines;
 }
 
@@ -23,18 +22,17 @@ class frmMateriaEvTest : public RegisterTest {
   }
 
   /// What saving executes after these gestures in the dialog.
-  [[nodiscard]] std::vector<std::string> SavedAfter(const std::string& gestures) const {
+  [[nodiscard]] Lines SavedAfter(const std::string& gestures) const {
     return Saved(Run(kPick + gestures + kAccept + kAccept + kAccept));
   }
 
-  const std::vector<std::string> update = statement::UpdateSubject(3111, 1, 1);
+  const Lines update = UpdateSubject(3111, 1, 1);
 };
 
 TEST_F(frmMateriaEvTest, PartsTheEvaluationsButTheReservedOne) {
   const auto run = Run(kPick + kSee);
-  EXPECT_THAT(
-      run.After("pulsar cmdPropiedades"),
-      ElementsAre("carga frmMateriaEv", Sent(statement::kEvaluations), "muestra frmMateriaEv"));
+  EXPECT_THAT(run.After("pulsar cmdPropiedades"),
+              ElementsAre("carga frmMateriaEv", Sent(kEvaluations), "muestra frmMateriaEv"));
   ExpectTexts(run, "Evaluaciones de la Materia Pendiente",
               Join({{"Label1=Materia:", "Label2=Lengua"}, kDualListTexts}));
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), R"([["1ª Evaluación",1]])");
@@ -96,14 +94,14 @@ TEST_F(frmMateriaEvTest, TwoExtraordinaryOnesWithOrdinaryOnesAreAccepted) {
   const auto lines = run.After("pulsar cmdAceptar");
   EXPECT_EQ(std::vector(lines.begin(), lines.begin() + 8),
             Join({Validations({1, 6, 2, 7}),
-                  Sent({statement::Creation(6), statement::Creation(2), statement::Creation(7)}),
+                  Sent({Creation(6), Creation(2), Creation(7)}),
                   {"descarga frmMateriaEv"}}));
   EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO)","X","X","","","X","X","","","1"])x"));
 }
 
 TEST_F(frmMateriaEvTest, TwoFinalOnesAreAccepted) {
   EXPECT_EQ(SavedAfter(TakeIn(4) + TakeIn(5)),
-            Join({update, statement::InsertFinal(1, 1, 4), statement::InsertFinal(2, 1, 5)}));
+            Join({update, InsertFinal(1, 1, 4), InsertFinal(2, 1, 5)}));
 }
 
 TEST_F(frmMateriaEvTest, AcceptingAnySelectedEntryMarksTheSubjectChanged) {
@@ -119,7 +117,7 @@ TEST_F(frmMateriaEvTest, AcceptingWithoutASelectionOnASubjectWithoutAnyChangesNo
 TEST_F(frmMateriaEvTest, AnEmptySelectionTakesAllEvaluationsOff) {
   school.Evalua(1, 4, 105);
   EXPECT_EQ(SavedAfter("pulsar cmdEliminarTodos\n"),
-            Join({update, statement::DeleteEvaluation(1, 1), statement::DeleteEvaluation(4, 1)}));
+            Join({update, DeleteEvaluation(1, 1), DeleteEvaluation(4, 1)}));
   ExpectEmpty({"EvaluacionPte", "EvaluacionActaPte"});
   EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM AlumnoPte_MatDet"), 1);
 }
@@ -145,7 +143,7 @@ TEST_F(frmMateriaEvTest, ANewEvaluationTakenOffAgainIsForgotten) {
 
 TEST_F(frmMateriaEvTest, ANewEvaluationKeptInASecondOpeningIsStillInserted) {
   EXPECT_THAT(SavedAfter(TakeIn(2) + kAccept + kProperties),
-              Contains(statement::InsertOrdinary(2, 1, 2).back()));
+              Contains(InsertOrdinary(2, 1, 2).back()));
 }
 
 TEST_F(frmMateriaEvTest, TheReservedEvaluationIsInNeitherListAndIsKept) {
@@ -169,13 +167,13 @@ TEST_F(frmMateriaEvTest, WhatWasLoadedOtherwiseStaysUntilItIsAccepted) {
 TEST_F(frmMateriaEvTest, AnEvaluationThatWentMeanwhileHasNoRowToTest) {
   const auto run =
       Run(kPick + "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kAccept);
-  EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("3021 ")));
+  ExpectError(run, 3021);
 }
 
 TEST_F(frmMateriaEvTest, AnOrderBeyondEightBitsIsAnOverflow) {
   school.Sql("UPDATE NumEvaluacion SET Orden=256 WHERE IDNumEvaluacion=2");
   const auto run = Run(kPick + TakeIn(2) + kAccept);
-  EXPECT_THAT(run.Of("error"), ElementsAre(StartsWith("6 ")));
+  ExpectError(run, 6);
 }
 
 TEST_F(frmMateriaEvTest, ANewSubjectStaysNew) {
@@ -186,8 +184,7 @@ TEST_F(frmMateriaEvTest, ANewSubjectStaysNew) {
       kAccept + kProperties + TakeIn(1) + TakeIn(4) + kAccept + kAccept + kAccept);
   // One row in each table, with the same pending subject.
   EXPECT_EQ(Saved(run),
-            Join({statement::InsertSubject(1, 3113, 1), statement::InsertOrdinary(1, 1, 1),
-                  statement::InsertFinal(1, 1, 4)}));
+            Join({InsertSubject(1, 3113, 1), InsertOrdinary(1, 1, 1), InsertFinal(1, 1, 4)}));
 }
 
 }  // namespace

@@ -18,11 +18,10 @@ TEST_F(frmMateriaPendTest, OffersAllCoursesOfTheKindThenSectionsThenSubjects) {
   const auto run = Run(kAdd + kChoose311 + kSee);
   EXPECT_THAT(run.After("pulsar cmdAgregar"),
               ElementsAre("carga frmMateriaPend", "host ZendriaApi.cCentroApi.marcar_Obligatorios",
-                          Sent(statement::CoursesToChoose(3)), "muestra frmMateriaPend"));
-  EXPECT_THAT(run.After("elegir cboCurso =31"), ElementsAre(Sent(statement::SectionsToChoose(31))));
+                          Sent(CoursesToChoose(3)), "muestra frmMateriaPend"));
+  EXPECT_THAT(run.After("elegir cboCurso =31"), ElementsAre(Sent(SectionsToChoose(31))));
   // Without a subject yet nothing is left out: "0".
-  EXPECT_THAT(run.After("elegir cboSeccion =311"),
-              ElementsAre(Sent(statement::SubjectsToChoose("0"))));
+  EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(Sent(SubjectsToChoose("0"))));
   ExpectTexts(run, "Materia Pendiente",
               {"Label1=Curso:", "Label2=Materia:", "Label3=Sección:", "cmdAceptar=Aceptar",
                "cmdCancelar=Cancelar"});
@@ -36,10 +35,9 @@ TEST_F(frmMateriaPendTest, OffersAllCoursesOfTheKindThenSectionsThenSubjects) {
 
 TEST_F(frmMateriaPendTest, OfAStudentWithoutSubjectsTheListOfThoseLeftOutIsZero) {
   // Also when the only one is marked for deletion.
-  static_cast<void>(school.Pendiente(1, 3111, 1));
+  Debe(1, 3111, 1);
   const auto run = Run(kOpen + kProperties + kRemove + "pulsar cmdAgregar\n" + kChoose311);
-  EXPECT_THAT(run.After("elegir cboSeccion =311"),
-              ElementsAre(Sent(statement::SubjectsToChoose("0"))));
+  EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(Sent(SubjectsToChoose("0"))));
 }
 
 TEST_F(frmMateriaPendTest, WithoutASubjectItRefuses) {
@@ -51,16 +49,15 @@ TEST_F(frmMateriaPendTest, WithoutASubjectItRefuses) {
 }
 
 TEST_F(frmMateriaPendTest, ANewSubjectStandsLastAndIsInsertedWithItsFinalOrder) {
-  static_cast<void>(school.Pendiente(1, 3111, 1));
+  Debe(1, 3111, 1);
   const auto run =
       Run(kAdd + kChoose311 + "elegir cboMateria =3113\n" + kAccept + kSee + kAccept + kAccept);
-  EXPECT_THAT(run.After("elegir cboSeccion =311"),
-              ElementsAre(Sent(statement::SubjectsToChoose("3111"))));
+  EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(Sent(SubjectsToChoose("3111"))));
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0,3111,3113]");
   // The number of rows with the heading shows until it is renumbered; two data rows, so 2.
   EXPECT_THAT(Materias(run),
               EndsWith(R"x(["Francés (Optativa) (1º ESO)","","","","","","","","","2"]])x"));
-  EXPECT_EQ(Saved(run), statement::InsertSubject(2, 3113, 2));
+  EXPECT_EQ(Saved(run), InsertSubject(2, 3113, 2));
 }
 
 TEST_F(frmMateriaPendTest, TheFirstSubjectOfAllHasOrderOne) {
@@ -71,26 +68,24 @@ TEST_F(frmMateriaPendTest, TheFirstSubjectOfAllHasOrderOne) {
 }
 
 TEST_F(frmMateriaPendTest, SubjectsThatTheStudentHasAreNotOffered) {
-  static_cast<void>(school.Pendiente(1, 3112, 1));
-  static_cast<void>(school.Pendiente(1, 3111, 2));
+  Debe(1, 3112, 1);
+  Debe(1, 3111, 2);
   const auto run = Run(kAdd + kChoose311 + kSee);
   EXPECT_THAT(run.After("elegir cboSeccion =311"),
-              ElementsAre(Sent(statement::SubjectsToChoose("3112,3111"))));
+              ElementsAre(Sent(SubjectsToChoose("3112,3111"))));
   EXPECT_THAT(View(run, "cboMateria", "entradas"), Not(HasSubstr("Lengua")));
 }
 
 TEST_F(frmMateriaPendTest, ASubjectTakenOffAndChosenAgainIsUpdatedWithItsEvaluations) {
   school.Evalua(school.Pendiente(1, 3111, 1), 1, 105);
-  static_cast<void>(school.Pendiente(1, 3112, 2));
+  Debe(1, 3112, 2);
   const auto run = Run(kOpen + kProperties + kRemove + "pulsar cmdAgregar\n" + kChoose311 + kSee +
                        "elegir cboMateria =3111\n" + kAccept + kSee + kAccept + kAccept);
-  EXPECT_THAT(run.After("elegir cboSeccion =311"),
-              ElementsAre(Sent(statement::SubjectsToChoose("3112"))));
+  EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(Sent(SubjectsToChoose("3112"))));
   EXPECT_THAT(run.Of("ver").front(), HasSubstr(R"(["Lengua",3111])"));
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0,3112,3111]");
   EXPECT_THAT(Materias(run), EndsWith(R"x(["Lengua (1º ESO)","","","","","X","","","","2"]])x"));
-  EXPECT_EQ(Saved(run),
-            Join({statement::UpdateSubject(3111, 1, 2), statement::UpdateSubject(3112, 2, 1)}));
+  EXPECT_EQ(Saved(run), Join({UpdateSubject(3111, 1, 2), UpdateSubject(3112, 2, 1)}));
   EXPECT_THAT(school.Rows("SELECT CodNota FROM EvaluacionPte"), ElementsAre("105"));
 }
 
@@ -106,7 +101,7 @@ TEST_F(frmMateriaPendTest, CancellingAddsNothingAndTheMatrixIsReadAgain) {
   const auto run = Run(kAdd + kChoose311 + "elegir cboMateria =3112\n" + kCancel + kSee);
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0]");
   EXPECT_THAT(run.After("pulsar cmdCancelar"),
-              ElementsAre("descarga frmMateriaPend", Sent(statement::kColumns)));
+              ElementsAre("descarga frmMateriaPend", Sent(kColumns)));
 }
 
 TEST_F(frmMateriaPendTest, ANewSubjectRemovedAgainIsForgotten) {
@@ -117,10 +112,10 @@ TEST_F(frmMateriaPendTest, ANewSubjectRemovedAgainIsForgotten) {
 }
 
 TEST_F(frmMateriaPendTest, MovingANewSubjectKeepsItNew) {
-  static_cast<void>(school.Pendiente(1, 3111, 1));
+  Debe(1, 3111, 1);
   const auto run = Run(kAdd + kChoose311 + "elegir cboMateria =3112\n" + kAccept +
                        "fila msgMaterias 2\npulsar cmdSubir\n" + kAccept + kAccept);
-  EXPECT_THAT(run.Sql(), Contains(statement::InsertSubject(2, 3112, 1).back()));
+  EXPECT_THAT(run.Sql(), Contains(InsertSubject(2, 3112, 1).back()));
   EXPECT_THAT(school.Rows("SELECT CodMatDet, Orden FROM AlumnoPte_MatDet ORDER BY Orden"),
               ElementsAre("3112|1", "3111|2"));
 }

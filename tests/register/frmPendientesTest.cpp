@@ -10,11 +10,11 @@ class frmPendientesTest : public RegisterTest {};
 
 TEST_F(frmPendientesTest, OffersTheKindsOfTheCentreButTheReservedOnes) {
   const auto run = Run("nodo 123\n" + kSee + kCancel);
-  EXPECT_THAT(run.lines, ElementsAre("> nodo 123", "carga frmPendientes",
-                                     "host ZendriaApi.cCentroApi.marcar_Obligatorios",
-                                     Sent(statement::Kinds(1)), "muestra frmPendientes", "> ver",
-                                     StartsWith("ver {"), "> pulsar cmdCancelar",
-                                     "descarga frmPendientes", "vuelve 123"));
+  EXPECT_THAT(run.lines,
+              ElementsAre("> nodo 123", "carga frmPendientes",
+                          "host ZendriaApi.cCentroApi.marcar_Obligatorios", Sent(Kinds(1)),
+                          "muestra frmPendientes", "> ver", StartsWith("ver {"),
+                          "> pulsar cmdCancelar", "descarga frmPendientes", "vuelve 123"));
   ExpectTexts(run, "Alumnos con materias pendientes",
               {"Label1=Tipo de Enseñanza:", "Label2=Curso:", "Label3=Sección:",
                "cmdAceptar=Siguiente >", "cmdCancelar=Salir"});
@@ -26,8 +26,8 @@ TEST_F(frmPendientesTest, OffersTheKindsOfTheCentreButTheReservedOnes) {
 TEST_F(frmPendientesTest, EachChoiceFillsTheNextList) {
   const auto run =
       Run("nodo 123\nelegir cboTEnsenanza \"ESO\"\nelegir cboCurso \"1º ESO\"\n" + kSee);
-  EXPECT_THAT(run.After("elegir cboTEnsenanza \"ESO\""), ElementsAre(Sent(statement::Courses(3))));
-  EXPECT_THAT(run.After("elegir cboCurso \"1º ESO\""), ElementsAre(Sent(statement::Sections(31))));
+  EXPECT_THAT(run.After("elegir cboTEnsenanza \"ESO\""), ElementsAre(Sent(Courses(3))));
+  EXPECT_THAT(run.After("elegir cboCurso \"1º ESO\""), ElementsAre(Sent(Sections(31))));
   EXPECT_EQ(View(run, "cboCurso", "entradas"), R"([["1º ESO",31],["2º ESO",32],["3º ESO",33]])");
   EXPECT_EQ(View(run, "cboSeccion", "entradas"), R"([["A",311],["B",312]])");
   EXPECT_EQ(View(run, "cboSeccion", "indice"), "-1");

@@ -13,8 +13,8 @@ std::string ChooseTeacher(int personal) {
   return "docente " + std::to_string(personal) + "\npulsar cmdNProfesor\n";
 }
 
-std::vector<std::string> TeacherWrites(const ScriptResult& run) {
-  std::vector<std::string> writes;
+Lines TeacherWrites(const ScriptResult& run) {
+  Lines writes;
   for (const auto& statement : run.Sql())
     if (statement.starts_with("INSERT INTO Profesor_Pte") ||
         statement.starts_with("UPDATE Profesor_Pte"))
@@ -29,7 +29,7 @@ class frmPropMatProfSavingTest : public RegisterTest {
  protected:
   frmPropMatProfSavingTest() { GiveRowsToAllMaterias(school); }
   /// "Lengua" has that teacher.
-  void Has(int personal) const { school.Sql(statement::UpdateTeacher(personal, 3111)); }
+  void Has(int personal) const { school.Sql(UpdateTeacher(personal, 3111)); }
 };
 
 TEST_F(frmPropMatProfTest, ShowsTheRowAndLetsTheHostShortenIt) {
@@ -54,10 +54,10 @@ TEST_F(frmPropMatProfSavingTest, TheSearchGivesTheTeacher) {
   const auto run = Run(kTeacher + ChooseTeacher(2) + kSee + kAccept + kSee + kAccept);
   EXPECT_THAT(run.After("pulsar cmdNProfesor"),
               ElementsAre(kSearch + "pasarconexiones", kSearch + "ObtenerDatos", kSearch + "Buscar",
-                          Sent(statement::Person(2)), kApi + "acortartextolabel"));
+                          Sent(Person(2)), kApi + "acortartextolabel"));
   EXPECT_THAT(run.Of("ver").front(), HasSubstr(R"("texto":"Gil Mora, Luis")"));
   EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO - A)","Gil Mora, Luis"])x"));
-  EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(2, 3111)));
+  EXPECT_THAT(TeacherWrites(run), ElementsAre(UpdateTeacher(2, 3111)));
   EXPECT_THAT(school.Rows("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=3111"),
               ElementsAre("2"));
 }
@@ -68,7 +68,7 @@ TEST_F(frmPropMatProfSavingTest, CancellingTheSearchLeavesLabelAndTeacher) {
     auto script = kTeacher + ChooseTeacher(nobody);
     script.append(kSee).append(kAccept).append(kAccept);
     const auto run = Run(script);
-    EXPECT_THAT(run.After("pulsar cmdNProfesor"), Contains(Sent(statement::Person(nobody))));
+    EXPECT_THAT(run.After("pulsar cmdNProfesor"), Contains(Sent(Person(nobody))));
     EXPECT_THAT(run.Of("mensaje"), IsEmpty());
     EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"Ruiz Soto, Ana\"");
     EXPECT_THAT(TeacherWrites(run), IsEmpty());
@@ -79,7 +79,7 @@ TEST_F(frmPropMatProfSavingTest, APersonWhoseRowIsMissingIsTeacherUnderTheOldCap
   const auto run = Run(kTeacher + ChooseTeacher(77) + kSee + kAccept + kAccept);
   EXPECT_THAT(run.Of("mensaje"), IsEmpty());
   EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"\"");
-  EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(77, 3111)));
+  EXPECT_THAT(TeacherWrites(run), ElementsAre(UpdateTeacher(77, 3111)));
 }
 
 TEST_F(frmPropMatProfSavingTest, AFailedStatementIsToldAndChangesNothing) {
@@ -87,7 +87,7 @@ TEST_F(frmPropMatProfSavingTest, AFailedStatementIsToldAndChangesNothing) {
       Run(kTeacher + "docente 2\nfallo 1\npulsar cmdNProfesor\n" + kSee + kAccept + kAccept);
   EXPECT_THAT(run.After("pulsar cmdNProfesor"),
               ElementsAre(kSearch + "pasarconexiones", kSearch + "ObtenerDatos", kSearch + "Buscar",
-                          Sent(statement::Person(2)), "pitido",
+                          Sent(Person(2)), "pitido",
                           R"(mensaje critico "Zendria Escuela" )"
                           R"("ERROR al consultar la base de datos.\rfallo")"));
   EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"\"");
@@ -103,16 +103,16 @@ TEST_F(frmPropMatProfTest, AMissingTableIsToldWithTheEnginesText) {
 
 TEST_F(frmPropMatProfTest, ADetailWithoutARowIsInsertedWithItsTeacherByTheFirstSave) {
   const auto run = Run(kTeacher + ChooseTeacher(2) + kAccept + kAccept);
-  std::vector<std::string> inserts;
+  Lines inserts;
   for (const auto matDet : {3113, 3114, 3111, 3112, 3116, 3115, 3123, 3121, 3122})
-    inserts.push_back(statement::InsertTeacher(matDet == 3111 ? 2 : 0, matDet));
+    inserts.push_back(InsertTeacher(matDet == 3111 ? 2 : 0, matDet));
   EXPECT_THAT(TeacherWrites(run), ElementsAreArray(inserts));
 }
 
 TEST_F(frmPropMatProfTest, ADetailWithoutARowTakesEachChangeUntilItIsSaved) {
   const auto run = Run(kTeacher + ChooseTeacher(2) + kAccept + "pulsar cmdPropMat\n" +
                        ChooseTeacher(1) + kAccept + kAccept);
-  EXPECT_THAT(TeacherWrites(run), Contains(statement::InsertTeacher(1, 3111)));
+  EXPECT_THAT(TeacherWrites(run), Contains(InsertTeacher(1, 3111)));
 }
 
 TEST_F(frmPropMatProfSavingTest, AClearedTeacherIsWrittenAsZeroAndTheRowRemains) {
@@ -120,7 +120,7 @@ TEST_F(frmPropMatProfSavingTest, AClearedTeacherIsWrittenAsZeroAndTheRowRemains)
   const auto run = Run(kTeacher + "pulsar cmdElimProfesor\n" + kSee + kAccept + kSee + kAccept);
   EXPECT_THAT(run.Of("ver").front(), Not(HasSubstr("Ruiz")));
   EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO - A)",""])x"));
-  EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(0, 3111)));
+  EXPECT_THAT(TeacherWrites(run), ElementsAre(UpdateTeacher(0, 3111)));
   EXPECT_THAT(school.Rows("SELECT * FROM Profesor_Pte WHERE CodMatDet=3111"),
               ElementsAre("0|3111"));
 }
@@ -129,7 +129,7 @@ TEST_F(frmPropMatProfSavingTest, ChangedTwiceTheListShowsTheSecondTeacherAndTheF
   const auto run = Run(kTeacher + ChooseTeacher(2) + kAccept + "pulsar cmdPropMat\n" +
                        ChooseTeacher(1) + kAccept + kSee + kAccept);
   EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO - A)","Ruiz Soto, Ana"])x"));
-  EXPECT_THAT(TeacherWrites(run), ElementsAre(statement::UpdateTeacher(2, 3111)));
+  EXPECT_THAT(TeacherWrites(run), ElementsAre(UpdateTeacher(2, 3111)));
 }
 
 TEST_F(frmPropMatProfSavingTest, TheSameTeacherChosenAgainTouchesNothing) {

@@ -7,7 +7,6 @@
 #include "tests/salida/Desktop.h"
 #include "tests/salida/Process.h"
 #include "tests/salida/SessionManager.h"
-#include "tests/salida/Wait.h"
 #include "tests/support/SmallSchool.h"
 #include "tests/support/TempFolder.h"
 

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QLineEdit>
 #include <QTabBar>
-#include <QTableView>
 #include <QTest>
 
 #include "apps/zendria/MainWindow.h"
@@ -50,13 +49,8 @@ std::function<void(MainWindow&)> Opens(int node) {
 
 /// False when he rests with the list open, and does nothing any more.
 bool Grade(Window& window) {
-  auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-  grid.setFocus();
-  grid.setCurrentIndex(grid.model()->index(0, 1));
-  QTest::keyClick(&grid, Qt::Key_F2);
+  auto* const filter = Robot::OpenList(window, 0, 1);
   if (AtRest()) return false;
-  // The list has the keyboard.
-  auto* const filter = window.focusWidget();
   QTest::keyClicks(filter, "7");
   QTest::keyClick(filter, Qt::Key_Return);
   return true;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/salida/SessionTest.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -43,6 +44,48 @@ TEST_P(SignalsTest, EndTheProgramInOrderWhileTheUserRests) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SignalsTest, testing::ValuesIn(Sessions()),
+                         [](const auto& session) { return session.param.name; });
+
+constexpr int kLeftBadly = 4;  // the program's exit status
+
+/// The grades by student, in a school that refuses to write something.
+class LeftBadlyTest : public SessionTest {
+ protected:
+  [[nodiscard]] int Held() const {
+    return school_.Numero(
+        "SELECT (SELECT COUNT(*) FROM PublicacionPte) + (SELECT COUNT(*) FROM BloqueoPte WHERE "
+        "CodMatDet=3111)");
+  }
+};
+
+TEST_P(LeftBadlyTest, WhatCanNotBeGivenBackIsToldAndTheProgramEndsAllTheSame) {
+  constexpr auto kStepTwo = 2;  // the user's rest before the grades
+  school_.Sql(
+      "CREATE TRIGGER fijo BEFORE DELETE ON PublicacionPte "
+      "BEGIN SELECT RAISE(ABORT,'no se puede borrar'); END");
+  const auto played = Play(GetParam(), school_.Path(), {Moment::Kind::Rest, kStepTwo, SIGTERM});
+  EXPECT_EQ(played.signal, 0);
+  EXPECT_EQ(played.status, kLeftBadly);
+  EXPECT_THAT(played.errors, HasSubstr("zendria: al salir: Error -2147467259: "));
+  EXPECT_THAT(played.errors, HasSubstr("no se puede borrar"));
+  EXPECT_EQ(Held(), 2);
+}
+
+TEST_P(LeftBadlyTest, ASaveThatFailsThenLosesNoGradeAndKeepsNoLock) {
+  school_.Sql(
+      "CREATE TRIGGER lleno BEFORE UPDATE ON EvaluacionPte WHEN NEW.CodNota=107 "
+      "BEGIN SELECT RAISE(ABORT,'disco lleno'); END");
+  const auto played = Play(GetParam(), school_.Path(), {Moment::Kind::Save, 1, SIGTERM});
+  EXPECT_EQ(played.signal, 0);
+  EXPECT_EQ(played.status, kLeftBadly);
+  EXPECT_THAT(played.errors, HasSubstr("disco lleno"));
+  EXPECT_THAT(played.errors, HasSubstr("zendria: notas sin guardar: "));
+  EXPECT_THAT(played.rescued, HasSubstr("disco lleno"));
+  EXPECT_THAT(played.rescued, HasSubstr("\t7"));
+  EXPECT_EQ(Held(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, LeftBadlyTest, testing::Values(Sessions().front()),
                          [](const auto& session) { return session.param.name; });
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "selection/FechaNotas.h"
 #include "tests/selection/StepOne.h"
-#include "tests/support/ExpectedStatements.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -39,17 +37,20 @@ class DateWindowTest : public EachDialogTest {
   void ExpectRefusal(const ScriptResult& result) const {
     EXPECT_THAT(result.Of("oculta"), IsEmpty()) << result.Text();
     EXPECT_THAT(result.Of("pitido"), IsEmpty());
-    if (dialog_.BySection()) {
-      EXPECT_THAT(result.Of("mensaje"), IsEmpty());
-      EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("326 ")));
-    } else {
-      EXPECT_THAT(
-          result.Of("mensaje"),
-          ElementsAre(
-              R"(exclamacion "Zendria Escuela" "La fecha de la evaluación se ha superado")"));
-      EXPECT_THAT(result.Of("error"), IsEmpty());
-    }
+    const Lines message{
+        R"(exclamacion "Zendria Escuela" "La fecha de la evaluación se ha superado")"};
+    EXPECT_EQ(result.Of("mensaje"), dialog_.BySection() ? Lines{} : message);
+    if (dialog_.BySection()) return ExpectError(result, 326);
+    EXPECT_THAT(result.Of("error"), IsEmpty());
   }
+
+  /// The dates aren't asked for.
+  void ExpectUnasked(const ScriptResult& result) const {
+    ExpectEntry(result);
+    EXPECT_THAT(First(AskedBy(result, kNext), 2),
+                ElementsAre(SqlOfUsers(kUser, {1}), Sql(kFinalAndOrder, {1})));
+  }
+  void Over() const { Window("'1990/01/01'", "'1990/01/02'"); }
 };
 
 INSTANTIATE_TEST_SUITE_P(StepOne, DateWindowTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
@@ -57,9 +58,8 @@ INSTANTIATE_TEST_SUITE_P(StepOne, DateWindowTest, ::testing::ValuesIn(kDialogs),
 TEST_P(DateWindowTest, WithoutARowTheHostIsNotAsked) {
   const auto result = GoOn("15/01/2026");
   ExpectEntry(result);
-  EXPECT_THAT(First(Statements(result.After(kNext)), 3),
-              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kDates, {321, 1}),
-                          Sql(expected::kFinalAndOrder, {1})));
+  EXPECT_THAT(First(AskedBy(result, kNext), 3),
+              ElementsAre(SqlOfUsers(kUser, {1}), Sql(kDates, {321, 1}), Sql(kFinalAndOrder, {1})));
   EXPECT_THAT(First(result.After(kNext), 4), Not(Contains(kHost)));
 }
 
@@ -68,16 +68,13 @@ TEST_P(DateWindowTest, TheFirstDayIsIncluded) {
   const auto result = GoOn("10/01/2026");
   ExpectEntry(result);
   EXPECT_THAT(First(result.After(kNext), 5),
-              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kDates, {321, 1}), kHost,
-                          Sql(expected::kFinalAndOrder, {1}), "oculta " + Name()));
+              ElementsAre(SqlOfUsers(kUser, {1}), Sql(kDates, {321, 1}), kHost,
+                          Sql(kFinalAndOrder, {1}), "oculta " + Name()));
 }
 
-TEST_P(DateWindowTest, TheLastDayIsIncluded) {
+TEST_P(DateWindowTest, TheLastDayAndADayWithinAreIncluded) {
   Window("'2026/01/10'", "'2026/01/20'");
   ExpectEntry(GoOn("20/01/2026"));
-}
-
-TEST_P(DateWindowTest, ADayWithin) {
   Window("'2025/12/10'", "'2026/01/20'");
   ExpectEntry(GoOn("1/1/2026"));
 }
@@ -86,8 +83,7 @@ TEST_P(DateWindowTest, TheDayAfterIsRefused) {
   Window("'2026/01/10'", "'2026/01/20'");
   const auto result = GoOn("21/01/2026");
   ExpectRefusal(result);
-  EXPECT_THAT(Statements(result.After(kNext)),
-              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kDates, {321, 1})));
+  EXPECT_THAT(AskedBy(result, kNext), ElementsAre(SqlOfUsers(kUser, {1}), Sql(kDates, {321, 1})));
 }
 
 TEST_P(DateWindowTest, TheDayBeforeIsRefusedAsPassed) {
@@ -139,27 +135,21 @@ TEST_P(DateWindowTest, AWindowOfAnotherSectionOrEvaluationDoesNotCount) {
 }
 
 TEST_P(DateWindowTest, AnAdministratorEntersOnAnyDay) {
-  Window("'1990/01/01'", "'1990/01/02'");
-  for (const auto* flag : {"-1", "1"}) {
-    school.Sql(std::string("UPDATE Usuario SET AdminSistema=") + flag + " WHERE IDUsuario=1");
-    const auto result = GoOn("15/01/2026");
-    ExpectEntry(result);
-    EXPECT_THAT(First(Statements(result.After(kNext)), 2),
-                ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {1})));
+  Over();
+  for (const std::string flag : {"-1", "1"}) {
+    school.Sql("UPDATE Usuario SET AdminSistema=" + flag + " WHERE IDUsuario=1");
+    ExpectUnasked(GoOn("15/01/2026"));
   }
 }
 
 TEST_P(DateWindowTest, AUserWithAParentEntersOnAnyDay) {
-  Window("'1990/01/01'", "'1990/01/02'");
+  Over();
   school.Sql("UPDATE Usuario SET CodPadre=7, AdminSistema=NULL WHERE IDUsuario=1");
-  const auto result = GoOn("15/01/2026");
-  ExpectEntry(result);
-  EXPECT_THAT(First(Statements(result.After(kNext)), 2),
-              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {1})));
+  ExpectUnasked(GoOn("15/01/2026"));
 }
 
 TEST_P(DateWindowTest, NullsOfTheUserAreNoParentAndNoAdministrator) {
-  Window("'1990/01/01'", "'1990/01/02'");
+  Over();
   school.Sql("UPDATE Usuario SET CodPadre=NULL, AdminSistema=NULL WHERE IDUsuario=1");
   ExpectRefusal(GoOn("15/01/2026"));
 }
@@ -167,8 +157,8 @@ TEST_P(DateWindowTest, NullsOfTheUserAreNoParentAndNoAdministrator) {
 TEST_P(DateWindowTest, AUserWithoutARowIsAnError) {
   school.Sql("DELETE FROM Usuario WHERE IDUsuario=1");
   const auto result = GoOn("15/01/2026");
-  EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
-  EXPECT_THAT(Statements(result.After(kNext)), ElementsAre(SqlOfUsers(expected::kUser, {1})));
+  ExpectError(result, 3021);
+  EXPECT_THAT(AskedBy(result, kNext), ElementsAre(SqlOfUsers(kUser, {1})));
 }
 
 /// Where the refusal leaves the dialog open: those of a section end with it.

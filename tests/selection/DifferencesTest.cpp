@@ -1,7 +1,6 @@
 #include <map>
 
 #include "tests/selection/StepOne.h"
-#include "tests/support/ExpectedStatements.h"
 
 namespace quorvane::test {
 namespace {
@@ -9,16 +8,16 @@ namespace {
 /// The statements that tell the dialogs apart, each by a short name.
 std::string ShortName(const std::string& statement) {
   static const std::map<std::string, std::string> names = {
-      {Sql(expected::kAllTypes), "types"},
-      {Sql(expected::kRecoveries, {3}), "recoveries"},
-      {Sql(expected::kAllCourses, {3}), "courses"},
-      {Sql(expected::kOrdinaryEvaluations), "ordinary"},
-      {Sql(expected::kTutor, {1, 321}), "tutor"},
-      {Sql(expected::kFinalOfFormer, {1}), "final of former"},
-      {Sql(expected::kFollowUp, {321}), "follow-up"},
-      {Sql(expected::kEvaluations, {321, 321}), "evaluations"},
-      {Sql(expected::kFinalOfChosen, {2}), "final of chosen"},
-      {Sql(expected::kFinalAndOrder, {2}), "final and order"}};
+      {Sql(kAllTypes), "types"},
+      {Sql(kRecoveries, {3}), "recoveries"},
+      {Sql(kAllCourses, {3}), "courses"},
+      {Sql(kOrdinaryEvaluations), "ordinary"},
+      {Sql(kTutor, {1, 321}), "tutor"},
+      {Sql(kFinalOfFormer, {1}), "final of former"},
+      {Sql(kFollowUp, {321}), "follow-up"},
+      {Sql(kEvaluations, {321, 321}), "evaluations"},
+      {Sql(kFinalOfChosen, {2}), "final of chosen"},
+      {Sql(kFinalAndOrder, {2}), "final and order"}};
   const auto found = names.find(statement);
   if (found != names.end()) return found->second;
   if (statement.starts_with("sql centro SELECT DISTINCT MateriaDetalles.")) return "subjects";
@@ -26,7 +25,7 @@ std::string ShortName(const std::string& statement) {
   return statement;
 }
 
-std::string ShortNames(const std::vector<std::string>& lines) {
+std::string ShortNames(const Lines& lines) {
   std::string names;
   for (const auto& statement : Statements(lines))
     names += (names.empty() ? "" : ", ") + ShortName(statement);
@@ -61,10 +60,8 @@ Differences Observe(const Dialog& dialog) {
       "UPDATE Usuario SET CodPadre=0, AdminSistema=0;"
       "INSERT INTO FechaNotas (FechaInicio, FechaFin, CodSeccion, CodNumEvaluacion) VALUES "
       "('1990/01/01','1990/01/02',321,1)");
-  const std::string section = "elegir cboSecciones =321";
-  const std::string evaluation = "elegir cboEvaluaciones =2";
   const auto shown =
-      Play(school, dialog, Choose(dialog, 1) + section + "\n" + evaluation + "\nver");
+      Play(school, dialog, Choose(dialog, 1) + kSection + "\n" + Evaluation(2) + "\nver");
   const auto refused = Play(school, dialog, Choose(dialog, 1) + kNext);
   const auto message = refused.Of("mensaje");
   const auto error = refused.Of("error");
@@ -72,8 +69,8 @@ Differences Observe(const Dialog& dialog) {
   Differences row;
   row.caption = view.Has("lblNotamanual1(4)") ? view.Text("lblNotamanual1(4)") : "";
   row.opening = ShortNames(shown.After("nodo " + std::to_string(dialog.node)));
-  row.section = ShortNames(shown.After(section));
-  row.evaluation = ShortNames(shown.After(evaluation));
+  row.section = ShortNames(shown.After(kSection));
+  row.evaluation = ShortNames(shown.After(Evaluation(2)));
   row.recovery = view.Visible("chkRecuperacion") ? "shown" : "hidden";
   row.button = view.Enabled("cmdNotaManual1(0)") ? "free" : "barred";
   row.refusal = message.empty() ? "error " + error.at(0).substr(0, 3) : message.at(0);

@@ -1,3 +1,9 @@
+// What a script doesn't show of step one: connection, pointer, boxes out of sight, a title that is
+// never seen.
+
+#include <gmock/gmock.h>
+#include <optional>
+
 #include "frame/PrimeraPantalla.h"
 #include "grades/final/frmNotaManualFinal.h"
 #include "grades/final/frmNotaMateriaFinal.h"
@@ -8,9 +14,6 @@
 #include "selection/frmNotaSeccionMateria1.h"
 #include "tests/selection/HandedOver.h"
 #include "tests/support/Matchers.h"
-
-// What a script doesn't show of step one: connection, pointer, boxes out of sight, a title that is
-// never seen.
 
 namespace quorvane::test {
 namespace {
@@ -141,6 +144,48 @@ TEST_F(OutOfSightTest, TheBoxesOfTheDialogsWithoutSection) {
   MostrarFrmNotaManual1();
   MostrarFrmNotaMateria1();
   EXPECT_TRUE(hands.acts.empty());
+}
+
+// What the screen shows while a statement runs, which may take long on a school's network.
+
+class WhileReadingTest : public HandedOver {
+ protected:
+  /// The pointer while the evaluations are read, as the form loads; none when they aren't.
+  template <class F>
+  std::optional<Pointer> PointerOverEvaluations() {
+    std::optional<Pointer> pointer;
+    centro.Observe([&](const Connection&, const std::string& statement) {
+      if (statement.find("FROM NumEvaluacion WHERE Final=0") != std::string::npos)
+        pointer = hands.pointers.back();
+    });
+    FormInstance<F>::Get().ShowModal();
+    centro.Observe({});
+    return pointer;
+  }
+};
+
+TEST_F(WhileReadingTest, AnHourglassStandsUntilTheLastListIsFull) {
+  EXPECT_EQ(PointerOverEvaluations<frmNotaManual1>(), Pointer::Hourglass);
+  EXPECT_EQ(PointerOverEvaluations<frmNotaMateria1>(), Pointer::Hourglass);
+  EXPECT_EQ(PointerOverEvaluations<frmNotaSeccionAlumno1>(), Pointer::Hourglass);
+  EXPECT_EQ(PointerOverEvaluations<frmNotaSeccionMateria1>(), Pointer::Hourglass);
+  EXPECT_EQ(hands.pointers.back(), Pointer::Default);
+}
+
+TEST_F(WhileReadingTest, BySubjectTheButtonIsClosedBehindTheEvaluationsOfANewSection) {
+  auto& form = FormInstance<frmNotaMateria1>::Get();
+  form.ShowModal();
+  SelectSection(form, 1);
+  ASSERT_TRUE(form.cmdNotaManual1[0].Enabled());
+  std::vector<bool> enabled;
+  centro.Observe([&](const Connection&, const std::string& statement) {
+    if (statement.find(" UNION ") != std::string::npos)
+      enabled.push_back(form.cmdNotaManual1[0].Enabled());
+  });
+  form.cboSecciones_Click();
+  centro.Observe({});
+  EXPECT_EQ(enabled, std::vector<bool>{true});
+  EXPECT_FALSE(form.cmdNotaManual1[0].Enabled());
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include "tests/support/ExpectedStatements.h"  // IWYU pragma: export
 #include "tests/support/FormView.h"
+#include "tests/support/Matchers.h"  // IWYU pragma: export
 #include "tests/support/ScriptRun.h"
 #include "tests/support/Sessions.h"
 #include "tests/support/SmallSchool.h"
@@ -13,31 +16,28 @@
 
 namespace quorvane::test {
 
+using namespace expected;  // NOLINT(google-build-using-namespace): every test speaks in them.
+
 /// One of the four step-one dialogs, as a test that holds for all of them takes it.
 struct Dialog {
   int node;
-  const char* form;
-  const char* choice;    ///< its own list, empty when it has none
-  const char* entry;     ///< an entry of that list in `PendingSchool`
-  const char* ordinary;  ///< the form of step two
-  const char* final;     ///< and that for the final evaluations
+  const char* ordinary;     ///< the form of step two, which the others are named after
+  const char* choice = "";  ///< its own list, empty when it has none
+  const char* entry = "";   ///< an entry of that list in `PendingSchool`
 
   [[nodiscard]] bool BySection() const { return *choice != '\0'; }
+  [[nodiscard]] std::string Form() const { return std::string(ordinary) + "1"; }
+  /// That of step two for the final evaluations.
+  [[nodiscard]] std::string Final() const { return std::string(ordinary) + "Final"; }
 };
 
-inline constexpr Dialog kByStudent{124, "frmNotaManual1", "",
-                                   "",  "frmNotaManual",  "frmNotaManualFinal"};
-inline constexpr Dialog kBySubject{125, "frmNotaMateria1", "",
-                                   "",  "frmNotaMateria",  "frmNotaMateriaFinal"};
-inline constexpr Dialog kSectionByStudent{
-    127,     "frmNotaSeccionAlumno1", "cboMateria",
-    "=3111", "frmNotaSeccionAlumno",  "frmNotaSeccionAlumnoFinal"};
-inline constexpr Dialog kSectionBySubject{
-    126,  "frmNotaSeccionMateria1", "cboAlumno",
-    "=1", "frmNotaSeccionMateria",  "frmNotaSeccionMateriaFinal"};
+inline constexpr Dialog kByStudent{124, "frmNotaManual"};
+inline constexpr Dialog kBySubject{125, "frmNotaMateria"};
+inline constexpr Dialog kSectionByStudent{127, "frmNotaSeccionAlumno", "cboMateria", "=3111"};
+inline constexpr Dialog kSectionBySubject{126, "frmNotaSeccionMateria", "cboAlumno", "=1"};
 inline constexpr Dialog kDialogs[] = {kByStudent, kBySubject, kSectionByStudent, kSectionBySubject};
 
-inline void PrintTo(const Dialog& dialog, std::ostream* out) { *out << dialog.form; }
+inline void PrintTo(const Dialog& dialog, std::ostream* out) { *out << dialog.Form(); }
 
 /// A small school whose section 321 keeps a pending register.
 ///
@@ -48,27 +48,60 @@ inline void PrintTo(const Dialog& dialog, std::ostream* out) { *out << dialog.fo
 /// too. Person 2 teaches 3112. No grade is entered.
 class PendingSchool : public SmallSchool {
  public:
-  PendingSchool();
+  PendingSchool() {
+    for (const auto student : {1, 2, 4}) Registra(321, student);
+    Registra(331, 5);
+    static_cast<void>(Pendiente(1, 3111, 1));
+    static_cast<void>(Pendiente(1, 3112, 2));
+    static_cast<void>(Pendiente(2, 3111, 1));
+    static_cast<void>(Pendiente(2, 3116, 2));
+    static_cast<void>(Pendiente(4, 3111, 1));
+    static_cast<void>(Pendiente(5, 3211, 1));
+    for (const auto pending : {1, 2, 3, 5, 6}) Evalua(pending, 1);
+    Evalua(3, 2);
+    for (const auto pending : {1, 2, 3, 4, 5, 6})
+      for (const auto evaluation : {4, 5}) Evalua(pending, evaluation);
+    Profesor(2, 3112);
+  }
 };
 
 /// Opens the dialog and plays the commands.
-ScriptResult Play(const TestSchool& school, const Dialog& dialog, const std::string& commands,
-                  const ScriptOptions& options = Unrestricted());
+inline ScriptResult Play(const TestSchool& school, const Dialog& dialog,
+                         const std::string& commands,
+                         const ScriptOptions& options = Unrestricted()) {
+  return RunScript(school, "nodo " + std::to_string(dialog.node) + "\n" + commands + "\n", options);
+}
+
+inline const std::string kGoOn = "cmdNotaManual1(0)";
+inline const std::string kNext = "pulsar " + kGoOn;
+inline const std::string kLeave = "pulsar cmdNotaManual1(1)";
+inline const std::string kSection = "elegir cboSecciones =321";
+
+/// The statements that a command led to.
+inline Lines AskedBy(const ScriptResult& result, const std::string& command) {
+  return Statements(result.After(command));
+}
+/// Chooses that evaluation.
+inline std::string Evaluation(int evaluation) {
+  return "elegir cboEvaluaciones =" + std::to_string(evaluation);
+}
 
 /// The commands that choose course 32, section 321 and the evaluation, and the entry of the
 /// dialog's own list, if it has one.
-std::string Choose(const Dialog& dialog, int evaluation);
-
-inline const std::string kNext = "pulsar cmdNotaManual1(0)";
-inline const std::string kLeave = "pulsar cmdNotaManual1(1)";
+inline std::string Choose(const Dialog& dialog, int evaluation) {
+  auto commands = "elegir cboCursos =32\n" + kSection + "\n" + Evaluation(evaluation) + "\n";
+  if (dialog.BySection())
+    commands += std::string("elegir ") + dialog.choice + " " + dialog.entry + "\n";
+  return commands;
+}
 
 /// A test's name for the dialog.
-inline const auto kNameOfDialog = [](const auto& dialog) { return std::string(dialog.param.form); };
+inline const auto kNameOfDialog = [](const auto& dialog) { return dialog.param.Form(); };
 
 /// A test that holds for each of the dialogs.
 class EachDialogTest : public ::testing::TestWithParam<Dialog> {
  protected:
-  [[nodiscard]] std::string Name() const { return dialog_.form; }
+  [[nodiscard]] std::string Name() const { return dialog_.Form(); }
   [[nodiscard]] std::string Node() const { return "nodo " + std::to_string(dialog_.node); }
   ScriptResult Play(const std::string& commands,
                     const ScriptOptions& options = Unrestricted()) const {
@@ -82,7 +115,13 @@ class EachDialogTest : public ::testing::TestWithParam<Dialog> {
 
   /// With section 321 chosen.
   ScriptResult PlayInSection(const std::string& commands) const {
-    return Play("elegir cboCursos =32\nelegir cboSecciones =321\n" + commands);
+    return Play("elegir cboCursos =32\n" + kSection + "\n" + commands);
+  }
+  static void ExpectBarred(const ScriptResult& result) {
+    EXPECT_FALSE(FormView(result).Enabled(kGoOn)) << result.Text();
+  }
+  static void ExpectFree(const ScriptResult& result) {
+    EXPECT_TRUE(FormView(result).Enabled(kGoOn)) << result.Text();
   }
 
   const Dialog dialog_ = GetParam();
@@ -96,18 +135,41 @@ class OwnListTest : public ::testing::Test {
 
   /// Chooses that evaluation of section 321; `before` are gestures ahead of the section.
   ScriptResult ChooseEvaluation(int evaluation, const ScriptOptions& options = Unrestricted(),
-                                const std::string& before = {}) const;
+                                const std::string& before = {}) const {
+    const auto choose = kSection + "\n" + Evaluation(evaluation) + "\nver";
+    return Play(school, dialog_, "elegir cboCursos =32\n" + before + choose, options);
+  }
   [[nodiscard]] Lines Read(int evaluation, const ScriptOptions& options = Unrestricted(),
                            const std::string& before = {}) const {
     return Read(ChooseEvaluation(evaluation, options, before));
   }
   /// What the choice read, and what it put into the list.
-  [[nodiscard]] static Lines Read(const ScriptResult& result);
+  [[nodiscard]] static Lines Read(const ScriptResult& result) {
+    const auto chosen =
+        std::find_if(result.lines.begin(), result.lines.end(),
+                     [](const auto& line) { return line.starts_with("> elegir cboEvaluaciones"); });
+    return Statements({chosen, result.lines.end()});
+  }
   [[nodiscard]] Lines Entries(const ScriptResult& result) const {
     return FormView(result).Entries(dialog_.choice);
   }
+  /// The choice reads those statements behind what every choice asks; and the list then has those
+  /// entries, in any order.
+  void Expect(int evaluation, const Lines& statements, const Lines& entries,
+              const ScriptOptions& options = Unrestricted(), const std::string& before = {}) const {
+    const auto result = ChooseEvaluation(evaluation, options, before);
+    EXPECT_EQ(Read(result), Asks(evaluation, statements)) << result.Text();
+    EXPECT_THAT(Entries(result), ::testing::UnorderedElementsAreArray(entries));
+    if (!entries.empty()) return;
+    EXPECT_FALSE(FormView(result).Enabled(kGoOn));
+    EXPECT_THAT(result.Of("error"), IsEmpty());
+  }
   /// What each choice asks ahead of those statements.
-  [[nodiscard]] static Lines Asks(int evaluation, const Lines& statements);
+  [[nodiscard]] static Lines Asks(int evaluation, const Lines& statements) {
+    Lines lines = {Sql(kFinalAndOrder, {evaluation})};
+    if (evaluation == 5) lines.push_back(Sql(kFirstFinalOfList, {-1}));
+    return lines + statements;
+  }
 
   const Dialog& dialog_;
   PendingSchool school;

@@ -1,6 +1,4 @@
 #include "tests/selection/StepOne.h"
-#include "tests/support/ExpectedStatements.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -14,63 +12,55 @@ class StepTwoTest : public EachDialogTest {
   }
 
   /// What follows the press, up to the first form that is loaded.
-  [[nodiscard]] static std::vector<std::string> UpToTheForm(const ScriptResult& result) {
-    std::vector<std::string> lines;
+  [[nodiscard]] static Lines UpToTheForm(const ScriptResult& result) {
+    Lines lines;
     for (const auto& line : result.After(kNext)) {
       lines.push_back(line);
       if (line.starts_with("carga ")) break;
     }
     return lines;
   }
-  [[nodiscard]] Lines Opens(int evaluation, const ScriptOptions& options = Unrestricted()) const {
-    return UpToTheForm(PlayIn(evaluation, kNext, options));
+  /// Going on asks what is asked in all evaluations, hides the dialog and does the rest.
+  void ExpectOpens(int evaluation, const Lines& rest,
+                   const ScriptOptions& options = Unrestricted()) const {
+    EXPECT_EQ(UpToTheForm(PlayIn(evaluation, kNext, options)),
+              (Lines{SqlOfUsers(kUser, {1}), Sql(kFinalAndOrder, {evaluation}), Hides()} + rest));
   }
-  /// What is asked in all evaluations, and the dialog that goes.
-  [[nodiscard]] Lines Leaves(int evaluation) const {
-    return {SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {evaluation}), Hides()};
-  }
+  [[nodiscard]] static std::string Loads(const std::string& form) { return "carga " + form; }
   [[nodiscard]] std::string Hides() const { return "oculta " + Name(); }
 };
 
 INSTANTIATE_TEST_SUITE_P(StepOne, StepTwoTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-TEST_P(StepTwoTest, OfAnOrdinaryEvaluation) {
-  EXPECT_EQ(Opens(1), Leaves(1) + Lines{std::string("carga ") + dialog_.ordinary});
-}
+TEST_P(StepTwoTest, OfAnOrdinaryEvaluation) { ExpectOpens(1, {Loads(dialog_.ordinary)}); }
 
-TEST_P(StepTwoTest, OfTheFirstFinal) {
-  EXPECT_EQ(Opens(4), Leaves(4) + Lines{std::string("carga ") + dialog_.final});
-}
+TEST_P(StepTwoTest, OfTheFirstFinal) { ExpectOpens(4, {Loads(dialog_.Final())}); }
 
 TEST_P(StepTwoTest, OfTheSecondFinalReadsTheFirst) {
-  EXPECT_EQ(Opens(5), Leaves(5) + Lines({Sql(expected::kFirstFinal, {-1}),
-                                         std::string("carga ") + dialog_.final}));
+  ExpectOpens(5, {Sql(kFirstFinal, {-1}), Loads(dialog_.Final())});
 }
 
 TEST_P(StepTwoTest, OfTheSecondFinalOnSqlServer) {
   school.Sql("UPDATE NumEvaluacion SET Final=1 WHERE Final=-1");
   auto options = Unrestricted();
   options.sqlServer = true;
-  EXPECT_EQ(Opens(5, options), Leaves(5) + Lines({Sql(expected::kFirstFinal, {1}),
-                                                  std::string("carga ") + dialog_.final}));
+  ExpectOpens(5, {Sql(kFirstFinal, {1}), Loads(dialog_.Final())}, options);
 }
 
 TEST_P(StepTwoTest, OfASecondFinalWhoseFirstHasGone) {
   const auto result =
       PlayIn(5, "sql \"UPDATE NumEvaluacion SET Orden=8 WHERE IDNumEvaluacion=4\"\n" + kNext);
-  EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
-  EXPECT_THAT(Statements(result.After(kNext)),
-              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {5}),
-                          Sql(expected::kFirstFinal, {-1})));
+  ExpectError(result, 3021);
+  EXPECT_THAT(AskedBy(result, kNext), ElementsAre(SqlOfUsers(kUser, {1}), Sql(kFinalAndOrder, {5}),
+                                                  Sql(kFirstFinal, {-1})));
 }
 
 TEST_P(StepTwoTest, OfAnEvaluationThatHasGone) {
   const auto result =
       PlayIn(1, "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kNext);
-  EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith("3021 ")));
-  EXPECT_THAT(UpToTheForm(result),
-              ElementsAre(SqlOfUsers(expected::kUser, {1}), Sql(expected::kFinalAndOrder, {1}),
-                          Hides(), StartsWith("error 3021")));
+  ExpectError(result, 3021);
+  EXPECT_THAT(UpToTheForm(result), ElementsAre(SqlOfUsers(kUser, {1}), Sql(kFinalAndOrder, {1}),
+                                               Hides(), StartsWith("error 3021")));
 }
 
 // Step two goes by unloading itself and showing step one again: one show within the other, and
@@ -78,20 +68,15 @@ TEST_P(StepTwoTest, OfAnEvaluationThatHasGone) {
 TEST_P(StepTwoTest, GivenUpShowsStepOneAgainWithItsChoices) {
   // Two of the forms for finals stumble over a work placement.
   school.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=4");
+  const auto givenUp = kNext + "\npulsar cmdCancelar\n";
   for (const auto evaluation : {1, 5}) {
-    const std::string givenUp = kNext + "\npulsar cmdCancelar\n";
-    auto commands = Choose(dialog_, evaluation);
-    commands += givenUp + "ver\n";
-    commands += givenUp + kLeave;
-    const auto result = Play(commands);
+    const auto result = PlayIn(evaluation, givenUp + "ver\n" + givenUp + kLeave);
     EXPECT_EQ(result.status, 0) << result.Text();
     const FormView view(result);
     EXPECT_EQ(view.Index("cboCursos"), 1);
     EXPECT_NE(view.Index("cboEvaluaciones"), -1);
-    if (dialog_.BySection()) {
-      EXPECT_NE(view.Index(dialog_.choice), -1);
-    }
-    EXPECT_TRUE(view.Enabled("cmdNotaManual1(0)"));
+    EXPECT_TRUE(!dialog_.BySection() || view.Index(dialog_.choice) != -1);
+    ExpectFree(result);
     EXPECT_THAT(result.After(kLeave), ElementsAre("descarga " + Name(), Hides(),
                                                   "vuelve " + std::to_string(dialog_.node)));
   }

@@ -5,6 +5,7 @@
 
 #include "apps/quorvane-guion/PlayScript.h"
 #include "frame/modGeneral.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
@@ -42,6 +43,11 @@ ScriptResult RunScript(const TestSchool& school, const std::string& script,
   result.lines = Lines(out.str());
   result.errors = errors.str();
   return result;
+}
+
+void ExpectError(const ScriptResult& result, int number) {
+  EXPECT_THAT(result.Of("error"), ElementsAre(StartsWith(std::to_string(number) + " ")))
+      << result.Text();
 }
 
 std::vector<std::string> ScriptResult::Of(const std::string& word) const {

@@ -37,4 +37,7 @@ struct ScriptResult {
 ScriptResult RunScript(const TestSchool& school, const std::string& script,
                        const ScriptOptions& options = {});
 
+/// That it has told one error, of that number.
+void ExpectError(const ScriptResult& result, int number);
+
 }  // namespace quorvane::test

@@ -1,6 +1,12 @@
 #pragma once
 
+#include <algorithm>
+#include <csignal>
+#include <sys/prctl.h>
 #include <sys/types.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace quorvane::test {
@@ -8,11 +14,29 @@ namespace quorvane::test {
 /// Keeps every core of the machine busy as long as it lives, with processes of its own.
 class BusyCores {
  public:
-  BusyCores();
-  ~BusyCores();
+  BusyCores() {
+    const auto cores = std::max(1U, std::thread::hardware_concurrency());
+    for (unsigned core = 0; core < cores; ++core) {
+      const auto child = fork();
+      if (child == 0) Spin();
+      if (child > 0) spinning_.push_back(child);
+    }
+  }
+  ~BusyCores() {
+    for (const auto child : spinning_) {
+      kill(child, SIGKILL);
+      waitpid(child, nullptr, 0);
+    }
+  }
   BusyCores(BusyCores&&) = delete;
 
  private:
+  [[noreturn]] static void Spin() {
+    // Not beyond the test, however that ends.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    for (volatile unsigned turns = 0;;) turns = turns + 1;
+  }
+
   std::vector<pid_t> spinning_;
 };
 

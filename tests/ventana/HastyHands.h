@@ -1,14 +1,27 @@
 #pragma once
 
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QPoint>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTableView>
+#include <QWindow>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "adapters/qt/window/FormWindow.h"
 #include "apps/escuela/Prng.h"
 #include "tests/ventana/InputQueue.h"
+#include "tests/ventana/Keys.h"
+#include "tests/ventana/OpenList.h"
+#include "tests/ventana/ShownGrades.h"
+#include "tests/ventana/Weighted.h"
 
-class QComboBox;
 class QWidget;
 
 namespace quorvane::test {
@@ -27,17 +40,148 @@ class HastyHands {
 
   /// Acts on the window of a form, or on what stands before it: a message, the list of a combo
   /// box, a menu. `window` is the form's.
-  Deed Act(QWidget& front, const qt::FormWindow& window);
+  Deed Act(QWidget& front, const qt::FormWindow& window) {
+    if (Chance(2)) {
+      InputQueue::Close(window.windowHandle());
+      return {"cierra " + window.Model().Name()};
+    }
+    const auto open = FindOpenList(window);
+    if (open && !open->typed.isEmpty() && !open->marked && random_.Chance(50)) {
+      queue_.Key(front.windowHandle(), Qt::Key_Escape);
+      return {"tecla Esc"};
+    }
+    // Half of what is typed into a list is left there, for something else.
+    if (open && !open->typed.isEmpty() && random_.Chance(50)) return ClickBeside(front);
+    // Grades are typed; the other forms are filled in with the mouse.
+    const std::size_t keys = open ? 750 : EntersGrades(window.Model()) ? 520 : 200;
+    return Chance(keys) ? Type(front, window) : Click(front, window);
+  }
   /// Only keys: what arrives while a handler runs.
-  Deed Type(QWidget& front, const qt::FormWindow& window);
+  Deed Type(QWidget& front, const qt::FormWindow& window) {
+    const auto leaves = &front == &window && !FindOpenList(window);
+    const auto& press = AnyKey(random_, leaves ? 3 : 40);
+    // As often to where the keyboard is by then as to the window that the user looks at.
+    Put(queue_, random_.Chance(50) ? nullptr : front.window()->windowHandle(), press);
+    return {std::string("tecla ") + press.name};
+  }
 
  private:
-  Deed Click(QWidget& front, const qt::FormWindow& window);
-  Deed ClickBeside(QWidget& front);
-  Deed ClickOn(QWidget& widget);
-  Deed ClickAt(QPoint place, const std::string& text);
-  Deed PickByKeys(QComboBox& box);
-  [[nodiscard]] QPoint PlaceOn(QWidget& widget);
+  /// How often a user clicks it, against the others.
+  static int WeightOf(const QWidget& widget) {
+    if (const auto* box = dynamic_cast<const QComboBox*>(&widget))
+      return box->currentIndex() < 0 && box->count() > 0 ? 80 : 3;
+    if (dynamic_cast<const QTableView*>(&widget) != nullptr) return 50;
+    if (dynamic_cast<const QAbstractItemView*>(&widget) != nullptr) return 25;
+    if (dynamic_cast<const QTabBar*>(&widget) != nullptr) return 12;
+    if (dynamic_cast<const QLineEdit*>(&widget) != nullptr) return 3;
+    if (dynamic_cast<const QCheckBox*>(&widget) != nullptr) return 3;
+    if (const auto* button = dynamic_cast<const QPushButton*>(&widget)) {
+      const auto name = button->objectName();
+      // What leaves a form: seldom, so that something is done in it.
+      if (name == "cmdCancelar" || name == "cmdNotaManual1(1)") return 1;
+      if (name == "cmdAceptar") return 5;
+      return button->isDefault() ? 40 : 10;
+    }
+    return 0;
+  }
+
+  static std::vector<QWidget*> Reachable(QWidget& front) {
+    std::vector<QWidget*> widgets;
+    for (auto* widget : front.findChildren<QWidget*>())
+      if (widget->isVisible() && widget->isEnabled() && widget->window() == &front &&
+          WeightOf(*widget) > 0)
+        widgets.push_back(widget);
+    return widgets;
+  }
+
+  static std::string NameOf(const QWidget& widget) {
+    const auto name = widget.objectName();
+    return name.isEmpty() ? std::string(widget.metaObject()->className()) : name.toStdString();
+  }
+
+  Deed Click(QWidget& front, const qt::FormWindow& window) {
+    if (const auto open = FindOpenList(window); open && random_.Chance(35))
+      return ClickOn(*open->entries);
+    if (Chance(40)) {
+      const auto room = front.frameGeometry();
+      const QPoint inside(static_cast<int>(random_.Below(static_cast<std::size_t>(room.width()))),
+                          static_cast<int>(random_.Below(static_cast<std::size_t>(room.height()))));
+      return ClickAt(room.topLeft() + inside, "la ventana");
+    }
+    if (Chance(10)) return ClickAt({2, 2}, "la esquina de la pantalla");
+    return ClickBeside(front);
+  }
+  Deed ClickBeside(QWidget& front) {
+    const auto widgets = Reachable(front);
+    if (widgets.empty()) return ClickAt(front.frameGeometry().center(), "la ventana");
+    return ClickOn(
+        *Weighted(random_, widgets, [](const auto* widget) { return WeightOf(*widget); }));
+  }
+
+  Deed ClickOn(QWidget& widget) {
+    auto* box = dynamic_cast<QComboBox*>(&widget);
+    if (box != nullptr && box->count() > 0 && random_.Chance(90)) return PickByKeys(*box);
+    if (auto* table = dynamic_cast<QTableView*>(&widget); table != nullptr && Chance(10)) {
+      auto* header = table->horizontalHeader();
+      const auto border = header->sectionViewportPosition(0) + header->sectionSize(0) - 1;
+      const auto from = header->viewport()->mapToGlobal(QPoint(border, header->height() / 2));
+      queue_.Drag(from, from + QPoint(static_cast<int>(random_.Below(80)) - 40, 0));
+      return {"arrastra una columna de " + NameOf(widget)};
+    }
+    const auto place = PlaceOn(widget);
+    return ClickAt(
+        place, NameOf(widget) + " " + std::to_string(place.x()) + "," + std::to_string(place.y()));
+  }
+
+  Deed ClickAt(QPoint place, const std::string& text) {
+    if (Chance(60)) {
+      queue_.DoubleClick(place);
+      return {"doble clic en " + text, 1, place};
+    }
+    if (Chance(20)) {
+      queue_.Wheel(place, random_.Chance(50) ? 1 : -1);
+      return {"rueda sobre " + text};
+    }
+    if (Chance(10)) {
+      queue_.Click(place, Qt::RightButton);
+      return {"clic derecho en " + text};
+    }
+    queue_.Click(place);
+    return {"clic en " + text, 1, place};
+  }
+
+  Deed PickByKeys(QComboBox& box) {
+    const auto entry = static_cast<int>(random_.Below(static_cast<std::size_t>(box.count())));
+    auto* window = box.window()->windowHandle();
+    const auto place = box.mapToGlobal(box.rect().center());
+    queue_.Click(place);
+    queue_.Key(window, Qt::Key_Home);
+    for (int i = 0; i < entry; ++i) queue_.Key(window, Qt::Key_Down);
+    queue_.Key(window, Qt::Key_Return, {}, "\r");
+    return {"elige la entrada " + std::to_string(entry) + " de " + NameOf(box), entry + 3, place};
+  }
+
+  [[nodiscard]] QPoint PlaceOn(QWidget& widget) {
+    if (auto* view = dynamic_cast<QAbstractItemView*>(&widget)) {
+      const auto* model = view->model();
+      // Some tries for a cell that is in sight; else just somewhere.
+      for (int tries = 0; tries < 10 && model->rowCount() > 0 && model->columnCount() > 0;
+           ++tries) {
+        const auto row = random_.Below(static_cast<std::size_t>(model->rowCount()));
+        const auto column = random_.Below(static_cast<std::size_t>(model->columnCount()));
+        const auto room =
+            view->visualRect(model->index(static_cast<int>(row), static_cast<int>(column)));
+        if (room.isEmpty() || !view->viewport()->rect().contains(room.center())) continue;
+        return view->viewport()->mapToGlobal(room.center());
+      }
+      return view->viewport()->mapToGlobal(view->viewport()->rect().center());
+    }
+    if (const auto* tabs = dynamic_cast<QTabBar*>(&widget); tabs != nullptr && tabs->count() > 0) {
+      const auto tab = random_.Below(static_cast<std::size_t>(tabs->count()));
+      return tabs->mapToGlobal(tabs->tabRect(static_cast<int>(tab)).center());
+    }
+    return widget.mapToGlobal(widget.rect().center());
+  }
   [[nodiscard]] bool Chance(std::size_t thousandths) { return random_.Below(1000) < thousandths; }
 
   Prng& random_;

@@ -1,17 +1,33 @@
 #pragma once
 
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QTableView>
 #include <QTimer>
+#include <QWindow>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "adapters/qt/window/FormWindow.h"
 #include "apps/escuela/Prng.h"
+#include "frame/cAsignarDatos.h"
+#include "platform/RuntimeError.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/FormInstances.h"
 #include "tests/ventana/InputQueue.h"
 #include "tests/ventana/Keys.h"
+#include "tests/ventana/OpenList.h"
+#include "tests/ventana/ShownGrades.h"
 #include "tests/ventana/WatchedScreen.h"
 #include "tests/walk/History.h"
 #include "tests/walk/Onlooker.h"
+#include "tests/walk/RandomHost.h"
 #include "tests/walk/School.h"
+#include "tests/walk/Violation.h"
 
 namespace quorvane::test {
 
@@ -31,24 +47,147 @@ enum class Pace { Slow, Fast };
 /// cells whenever a button was pressed or Esc was left to the form, and at the end.
 class KeyPass : private Onlooker {
  public:
-  KeyPass(const GradeScreen& which, const std::vector<const KeyPress*>& keys, Pace pace);
+  KeyPass(const GradeScreen& which, const std::vector<const KeyPress*>& keys, Pace pace)
+      : which_(which), keys_(keys), pace_(pace) {
+    screen_.UseOnlooker(*this);
+    screen_.WindowShown = [this](qt::FormWindow& window) {
+      if (window.Model().Name() != which_.form) Choose(window);
+    };
+    screen_.MessageShown = [this](QMessageBox& box) {
+      Log("mensaje " + box.text().toStdString());
+      box.accept();
+    };
+    QObject::connect(&turn_, &QTimer::timeout, [this] { Tick(); });
+    turn_.start(0);
+  }
 
-  std::vector<std::string> Run();
+  std::vector<std::string> Run() {
+    Prng random(kHostSeed);
+    const RandomHost host(random);
+    RandomHost::SignIn({school_.Centro(), school_.Borrado(), school_.Entrada(), false},
+                       HostSession{});
+    school_.Executing = [this](const std::string& statement) {
+      Log("sql " + statement);
+      // Long work lets the screen be painted, and the keys come meanwhile.
+      if (pace_ == Pace::Fast) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
+    try {
+      cAsignarDatos().ActivarFormulario(static_cast<std::uint8_t>(which_.node));
+    } catch (const RuntimeError& error) {
+      Log("error " + std::to_string(error.Number()) + " " + error.Description());
+      FormInstances::DropAll();
+      screen_.MousePointer(Pointer::Default);
+    }
+    if (!begun_) throw Violation(std::string("No se ha abierto ") + which_.form);
+    return std::move(log_);
+  }
 
  private:
-  class EscapeFilter;
+  static constexpr int kSettled = 3;
+  static constexpr std::size_t kLongestBurst = 200;
+  static constexpr std::uint64_t kHostSeed = 7;
+  static constexpr const char* kCourse = "3º ESO";
+
+  static CommandButton& Button(const Form& form, const char* name) {
+    return dynamic_cast<CommandButton&>(*form.Find(name));
+  }
+
+  static ComboBox& Combo(const Form& form, const char* name) {
+    return dynamic_cast<ComboBox&>(*form.Find(name));
+  }
+
+  static void Pick(ComboBox& combo, const std::string& entry) {
+    for (int i = 0; i < combo.ListCount(); ++i)
+      if (combo.List(i) == entry) {
+        combo.ListIndex(i);
+        return;
+      }
+    throw Violation(combo.Name() + " no ofrece " + entry);
+  }
+
+  /// Esc that no list has taken would close the form, and the keys after it would be another's.
+  class EscapeFilter : public QObject {
+   public:
+    EscapeFilter(KeyPass& pass, qt::FormWindow& window) : QObject(&window), pass_(pass) {
+      window.installEventFilter(this);
+    }
+
+   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      if (event->type() != QEvent::KeyPress ||
+          static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
+        return false;
+      pass_.LogCells(*static_cast<qt::FormWindow*>(watched), "Esc");
+      return true;
+    }
+
+   private:
+    KeyPass& pass_;
+  };
 
   void Loading(Form& /*form*/) override {}
   void Opened(Form& /*form*/) override {}
   void Accepting(const Form& /*form*/) override {}
   void Settle() override {}
 
-  void Tick();
-  void Choose(qt::FormWindow& window);
-  void Begin(qt::FormWindow& window);
-  void Finish(qt::FormWindow& window);
-  void Log(const std::string& what);
-  void LogCells(const qt::FormWindow& window, const std::string& when);
+  void Tick() {
+    auto* window = screen_.ActiveWindow();
+    if (window == nullptr || window->Model().Name() != which_.form || !screen_.Ready() ||
+        !InputQueue::Empty() || screen_.Busy()) {
+      quiet_ = 0;
+      return;
+    }
+    if (++quiet_ < kSettled) return;
+    quiet_ = 0;
+    if (!begun_) Begin(*window);
+    if (next_ == keys_.size()) {
+      if (!finished_) Finish(*window);
+      return;
+    }
+    const auto burst = pace_ == Pace::Slow ? 1 : 1 + bursts_.Below(kLongestBurst);
+    for (std::size_t i = 0; i < burst && next_ < keys_.size(); ++i)
+      Put(queue_, nullptr, *keys_[next_++]);
+  }
+
+  void Choose(qt::FormWindow& window) {
+    auto& form = window.Model();
+    if (finished_) {
+      form.CloseByUser();
+      return;
+    }
+    Combo(form, "cboTipoEnsenanza").ListIndex(0);
+    Pick(Combo(form, "cboCursos"), kCourse);
+    Combo(form, "cboSecciones").ListIndex(0);
+    Pick(Combo(form, "cboEvaluaciones"), which_.evaluation);
+    for (const auto* last : {"cboMateria", "cboAlumno"})
+      if (form.Find(last) != nullptr) Combo(form, last).ListIndex(static_cast<int>(entry_++));
+    Button(form, "cmdNotaManual1(0)").Press();
+  }
+  void Begin(qt::FormWindow& window) {
+    begun_ = true;
+    auto& form = window.Model();
+    new EscapeFilter(*this, window);
+    auto& accept = Button(form, "cmdAceptar");
+    save_ = accept.Click;
+    accept.Click = [this, &window] { LogCells(window, "cmdAceptar"); };
+    Button(form, "cmdCancelar").Click = [this, &window] { LogCells(window, "cmdCancelar"); };
+  }
+  void Finish(qt::FormWindow& window) {
+    finished_ = true;
+    Log(FindOpenList(window) ? "queda abierta una lista" : "no queda abierta ninguna lista");
+    LogCells(window, "fin");
+    screen_.Gesture(window, save_);
+  }
+  void Log(const std::string& what) { log_.push_back(what); }
+  void LogCells(const qt::FormWindow& window, const std::string& when) {
+    auto line = when + ":";
+    for (const auto& [name, texts] :
+         ShownGrades(window, EntriesOf(window.Model()).SelectedData()).texts) {
+      line += " " + name;
+      for (const auto& [column, text] : texts) line += "|" + text;
+    }
+    Log(line);
+  }
 
   const GradeScreen& which_;
   const std::vector<const KeyPress*>& keys_;

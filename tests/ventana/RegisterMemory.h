@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QTableView>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "adapters/qt/window/FormWindow.h"
+#include "platform/controls/FormInstance.h"
+#include "register/frmPendientes.h"
+#include "tests/walk/Violation.h"
 
 namespace quorvane::test {
 
@@ -13,17 +17,41 @@ namespace quorvane::test {
 class RegisterMemory {
  public:
   /// The register has been opened, in a window that shows it.
-  void Look(const qt::FormWindow& window);
+  void Look(const qt::FormWindow& window) {
+    if (looked_) return;
+    looked_ = true;
+    section_ = FormInstance<frmPendientes>::Get().cboSeccion.SelectedData();
+    const auto saved = saved_.find(section_);
+    if (saved == saved_.end()) return;
+    ++reopened_;
+    if (saved->second != Students(window))
+      throw Violation("El registro de la sección " + std::to_string(section_) +
+                      " no muestra al reabrirlo lo que se grabó");
+  }
   /// It is about to save what it shows.
-  void Accept(const qt::FormWindow& window);
+  void Accept(const qt::FormWindow& window) {
+    Look(window);
+    saved_[section_] = Students(window);
+  }
   /// The form is gone; `whole` unless an error ended it.
-  void Close(bool whole);
+  void Close(bool whole) {
+    if (!whole) saved_.erase(section_);
+    looked_ = false;
+  }
   /// Somebody else may have changed the registers.
   void Forget() { saved_.clear(); }
   /// How often a register has been opened again.
   [[nodiscard]] std::uint64_t Reopened() const noexcept { return reopened_; }
 
  private:
+  static std::vector<std::string> Students(const qt::FormWindow& window) {
+    const auto* cells = dynamic_cast<const QTableView*>(window.Widget("msgAlumnos"))->model();
+    std::vector<std::string> names;
+    for (int row = 0; row < cells->rowCount(); ++row)
+      names.push_back(cells->index(row, 0).data().toString().toStdString());
+    return names;
+  }
+
   std::map<std::int32_t, std::vector<std::string>> saved_;  // by section
   std::int32_t section_ = 0;                                // of the register that is open
   bool looked_ = false;

@@ -2,7 +2,10 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
+#include "adapters/qt/window/FormWindow.h"
+#include "platform/controls/CommandButton.h"
 #include "tests/ventana/GradeMemory.h"
 #include "tests/ventana/RegisterMemory.h"
 #include "tests/ventana/WatchedScreen.h"
@@ -17,29 +20,79 @@ namespace quorvane::test {
 class ScreenWatch : public Onlooker {
  public:
   /// Both outlive the watch.
-  ScreenWatch(School& school, const WatchedScreen& screen);
+  ScreenWatch(School& school, const WatchedScreen& screen)
+      : screen_(screen), tables_(school), grades_(school, screen) {}
 
   /// A screen is about to be opened, after others may have been at the tables.
-  void Begin(bool disturbed);
-  void Loading(Form& form) override;
-  void Opened(Form& form) override;
-  void Accepting(const Form& form) override;
-  void Settle() override;
+  void Begin(bool disturbed) {
+    if (disturbed) registers_.Forget();
+    tables_.Begin();
+  }
+  void Loading(Form& form) override { tables_.Loading(form); }
+  void Opened(Form& form) override {
+    SettleForms();
+    tables_.Opened(form);
+    if (EntersGrades(form)) {
+      grades_.Open(form);
+      WatchSaving(form);
+    } else if (form.Name() == kRegister) {
+      register_ = form.shared_from_this();
+      WatchSaving(form);
+    }
+  }
+  void Accepting(const Form& form) override {
+    tables_.Accepting(form);
+    if (EntersGrades(form))
+      grades_.Accept();
+    else
+      registers_.Accept(*screen_.ActiveWindow());
+  }
+  void Settle() override {
+    SettleForms();
+    tables_.Settle();
+  }
   /// The screen has gone as screens go.
-  void End();
+  void End() {
+    Settle();
+    tables_.End();
+  }
   /// An error has come out, all forms are gone and what they left has been removed.
-  void Failed(bool registerNode);
+  void Failed(bool registerNode) {
+    grades_.Close(false);
+    registers_.Close(false);
+    register_.reset();
+    tables_.Failed(registerNode);
+  }
 
   /// The user waits, having made one gesture or more since the last time.
-  void Look(bool oneGesture);
+  void Look(bool oneGesture) {
+    Settle();
+    grades_.Look(oneGesture);
+    const auto& window = *screen_.ActiveWindow();
+    if (window.Model().Name() == kRegister) registers_.Look(window);
+  }
   [[nodiscard]] GradeMemory& Grades() noexcept { return grades_; }
   [[nodiscard]] const RegisterMemory& Registers() const noexcept { return registers_; }
   [[nodiscard]] std::set<std::string> Publications() const { return tables_.Publications(); }
 
  private:
-  void WatchSaving(Form& form);
+  static constexpr std::string_view kRegister = "frmAlumnoPendiente";
+
+  void WatchSaving(Form& form) {
+    auto& button = dynamic_cast<CommandButton&>(*form.Find("cmdAceptar"));
+    button.Click = [this, &form, save = button.Click] {
+      Accepting(form);
+      save();
+    };
+  }
   /// Looks at the tables when a form whose grades or students were remembered has gone.
-  void SettleForms();
+  void SettleForms() {
+    if (grades_.Watched() != nullptr && !grades_.Watched()->Loaded()) grades_.Close(true);
+    if (const auto form = register_.lock(); form != nullptr && !form->Loaded()) {
+      registers_.Close(true);
+      register_.reset();
+    }
+  }
 
   const WatchedScreen& screen_;
   Watch tables_;

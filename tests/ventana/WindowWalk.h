@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QApplication>
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -8,14 +10,20 @@
 #include <string>
 #include <string_view>
 
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/LockList.h"
 #include "apps/escuela/Prng.h"
+#include "frame/cAsignarDatos.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstances.h"
 #include "tests/ventana/HastyUser.h"
 #include "tests/ventana/ScreenWatch.h"
 #include "tests/ventana/WatchedScreen.h"
+#include "tests/walk/Disturbance.h"
 #include "tests/walk/History.h"
 #include "tests/walk/RandomHost.h"
 #include "tests/walk/School.h"
+#include "tests/walk/Violation.h"
 #include "tests/walk/WalkOptions.h"
 
 namespace quorvane::test {
@@ -25,24 +33,162 @@ namespace quorvane::test {
 class WindowWalk {
  public:
   /// `history` outlives the walk.
-  WindowWalk(const WalkOptions& options, History& history);
+  WindowWalk(const WalkOptions& options, History& history)
+      : options_(options),
+        random_(options.seed),
+        history_(history),
+        screen_(history),
+        user_(random_, screen_, history),
+        host_(random_) {}
 
   /// Returns at its end, with every form seen and everything as it should be. `Violation` when it
   /// isn't.
-  void Run();
+  void Run() {
+    // Chance may leave a form out for a while.
+    constexpr std::uint64_t kPatience = 3;
+    const auto latest = options_.gestures * kPatience;
+    while (user_.Gestures() < options_.gestures || (FormNotSeen() && user_.Gestures() < latest)) {
+      if (user_.Gestures() >= nextSchool_) NewSchool();
+      OpenScreen();
+    }
+    CountChecks();
+    if (const auto form = FormNotSeen())
+      throw Violation("En " + std::to_string(user_.Gestures()) + " gestos nadie ha visto " +
+                      std::string(*form));
+    if (saves_ == 0 || leftTyped_ == 0 || reopened_ == 0)
+      throw Violation("No se ha llegado a comprobar nada");
+  }
 
   /// What was done, for whoever reads the test's output.
-  void Report(std::ostream& out) const;
+  void Report(std::ostream& out) const {
+    out << user_.Gestures() << " gestos, " << screens_ << " pantallas, " << schools_
+        << " escuelas, hasta " << screen_.Shown().Deepest() << " formularios uno sobre otro\n"
+        << saves_ << " veces se han grabado las notas que se mostraban, " << leftTyped_
+        << " se ha dejado con el ratón una nota escrita y " << user_.Refusals()
+        << " un texto que no lo es, " << reopened_ << " se ha reabierto un registro grabado\n";
+    for (const auto& [form, gestures] : user_.GesturesByForm())
+      out << "  " << form << ": " << screen_.Shown().Times().at(form) << " veces, " << gestures
+          << " gestos\n";
+    out << "Errores:\n";
+    for (const auto& [error, times] : errors_) out << "  " << times << " veces " << error << '\n';
+  }
   [[nodiscard]] std::uint64_t Gestures() const noexcept { return user_.Gestures(); }
 
  private:
-  void NewSchool();
-  void OpenScreen();
-  void Recover(int node, const RuntimeError& error);
-  [[nodiscard]] bool Explains(const RuntimeError& error) const;
-  void CountChecks();
+  static constexpr int kRegisterNode = 123;
+  static constexpr int kLastNode = 127;
+  static constexpr std::uint64_t kGesturesOfSchool = 1500;
+  static constexpr std::size_t kGesturesOfScreen = 400;
+  static constexpr std::array<std::string_view, 19> kForms{"frmPendientes",
+                                                           "frmAlumnoPendiente",
+                                                           "frmAlumnos",
+                                                           "frmAlumnoMateria",
+                                                           "frmMateriaPend",
+                                                           "frmMateriaEv",
+                                                           "frmPropMatProf",
+                                                           "frmNotaManual1",
+                                                           "frmNotaManual",
+                                                           "frmNotaManualFinal",
+                                                           "frmNotaMateria1",
+                                                           "frmNotaMateria",
+                                                           "frmNotaMateriaFinal",
+                                                           "frmNotaSeccionAlumno1",
+                                                           "frmNotaSeccionAlumno",
+                                                           "frmNotaSeccionAlumnoFinal",
+                                                           "frmNotaSeccionMateria1",
+                                                           "frmNotaSeccionMateria",
+                                                           "frmNotaSeccionMateriaFinal"};
+
+  static int AnyNode(Prng& random) {
+    return kRegisterNode + static_cast<int>(random.Below(kLastNode - kRegisterNode + 1));
+  }
+
+  /// What may happen in every school: a form asks a table or recordset for what that doesn't have,
+  /// on a subject of another kind or one that is gone; a section's dates are over, for which there
+  /// is no text, or the host's date is none.
+  static bool MayComeAnywhere(const RuntimeError& error) {
+    const auto& text = error.Description();
+    return error.Is(ErrorNumber::MissingResource) || error.Is(ErrorNumber::TypeMismatch) ||
+           error.Is(ErrorNumber::UnknownField) ||
+           text.find("CodAlumno_MateriaDetalles") != std::string::npos ||
+           text.find("AlumnoPte_MateriaDetalles") != std::string::npos;
+  }
+
+  void NewSchool() {
+    if (watch_ != nullptr) CountChecks();
+    watch_.reset();
+    sample_ = random_.Chance(70);
+    school_ =
+        sample_ ? std::make_unique<School>(School::Sample{}) : std::make_unique<School>(random_);
+    school_->Executing = [this](const std::string& statement) {
+      lastStatement_ = statement;
+      user_.Interrupt();
+    };
+    watch_ = std::make_unique<ScreenWatch>(*school_, screen_);
+    screen_.UseOnlooker(*watch_);
+    user_.UseWatch(*watch_);
+    nextSchool_ = user_.Gestures() + kGesturesOfSchool;
+    history_.Add("escuela " + std::to_string(++schools_) + (sample_ ? " de muestra" : ""));
+  }
+
+  void OpenScreen() {
+    const auto disturbed = random_.Chance(15);
+    if (disturbed) school_->Disturb(random_);
+    const auto user = random_.Chance(70) ? 1 : 1 + static_cast<int>(random_.Below(6));
+    history_.Add(host_.SignIn(
+        {school_->Centro(), school_->Borrado(), school_->Entrada(), school_->SqlServer()}, user));
+    const auto node = random_.Chance(20) ? kRegisterNode : AnyNode(random_);
+    history_.Add("nodo " + std::to_string(node));
+    watch_->Begin(disturbed);
+    ++screens_;
+    user_.PlayFor(50 + random_.Below(kGesturesOfScreen));
+    try {
+      cAsignarDatos().ActivarFormulario(static_cast<std::uint8_t>(node));
+      watch_->End();
+    } catch (const RuntimeError& error) {
+      Recover(node, error);
+    }
+    if (QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr)
+      throw Violation("La pantalla se ha ido y queda una ventana");
+    // What was typed ahead reaches nobody.
+    QCoreApplication::processEvents();
+  }
+
+  void Recover(int node, const RuntimeError& error) {
+    const auto text = screen_.Shown().LastForm() + " " + std::to_string(error.Number()) + " " +
+                      error.Description();
+    history_.Add("error " + text);
+    if (!Explains(error)) throw Violation("Un error que la escuela no explica: " + text);
+    ++errors_[text];
+    FormInstances::DropAll();
+    screen_.MousePointer(Pointer::Default);
+    const auto known = watch_->Publications();
+    LockList locks(school_->Unwatched());
+    for (const auto& publication : locks.Read())
+      if (publication.id < kLostPublication && !known.contains(std::to_string(publication.id)))
+        locks.Remove(publication.id);
+    watch_->Failed(node == kRegisterNode);
+  }
+  [[nodiscard]] bool Explains(const RuntimeError& error) const {
+    if (MayComeAnywhere(error)) return true;
+    if (sample_) return false;
+    // The tutor's grid has no column for such a kind of grade.
+    if (error.Is(ErrorNumber::InvalidArrayIndex))
+      return lastStatement_.starts_with("SELECT CodEspecificartipoMateria FROM TipoMateria");
+    return error.Is(ErrorNumber::NoCurrentRecord) || error.Is(ErrorNumber::DuplicateKey);
+  }
+  void CountChecks() {
+    saves_ += watch_->Grades().Saves();
+    leftTyped_ += watch_->Grades().LeftTyped();
+    reopened_ += watch_->Registers().Reopened();
+  }
   /// A form that has been shown on none of the screens; none when all have.
-  [[nodiscard]] std::optional<std::string_view> FormNotSeen() const;
+  [[nodiscard]] std::optional<std::string_view> FormNotSeen() const {
+    for (const auto form : kForms)
+      if (!screen_.Shown().Times().contains(std::string(form))) return form;
+    return std::nullopt;
+  }
 
   WalkOptions options_;
   Prng random_;

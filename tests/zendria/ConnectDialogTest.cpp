@@ -51,6 +51,12 @@ class ConnectDialogTest : public testing::Test {
     line->clear();
     QTest::keyClicks(line, text);
   }
+  /// Shows the dialog, and fills in the fields that it can't do without.
+  void ShowFilled(const QString& database = "centro") {
+    dialog.show();
+    Type("servidor", "escuela");
+    Type("baseDeDatos", database);
+  }
   template <typename Widget>
   Widget& Find(const char* name) {
     return *dialog.findChild<Widget*>(name);
@@ -87,9 +93,7 @@ TEST_F(ConnectDialogTest, TriesWhatTheFieldsSayOnEnter) {
 
 TEST_F(ConnectDialogTest, AFailureIsToldAndWhatWasTypedStays) {
   answer = ServerAnswer{ServerAnswer::About::Password, "El servidor no admite ese usuario."};
-  dialog.show();
-  Type("servidor", "escuela");
-  Type("baseDeDatos", "centro");
+  ShowFilled();
   Type("contraseña", "mal");
   QTest::keyClick(&dialog.Password(), Qt::Key_Return);
   EXPECT_TRUE(dialog.isVisible());
@@ -116,10 +120,8 @@ TEST_F(ConnectDialogTest, TheKindChangesThePortAndHidesTheEncryption) {
 }
 
 TEST_F(ConnectDialogTest, AStringByHandTakesThePlaceOfTheFields) {
-  dialog.show();
+  ShowFilled();
   EXPECT_FALSE(dialog.String().isVisible());
-  Type("servidor", "escuela");
-  Type("baseDeDatos", "centro");
   Find<QCheckBox>("aMano").click();
   EXPECT_TRUE(dialog.String().text().contains("Server=escuela;"));
   EXPECT_FALSE(Find<QLineEdit>("servidor").isEnabled());
@@ -129,9 +131,7 @@ TEST_F(ConnectDialogTest, AStringByHandTakesThePlaceOfTheFields) {
 }
 
 TEST_F(ConnectDialogTest, ANameThatNoStringCanHoldIsToldBeforeTrying) {
-  dialog.show();
-  Type("servidor", "escuela");
-  Type("baseDeDatos", "a;b");
+  ShowFilled("a;b");
   Button().click();
   EXPECT_TRUE(tried.empty());
   EXPECT_TRUE(Find<QLabel>("respuesta").text().contains("«a;b»"));
@@ -165,19 +165,19 @@ TEST(ConnectAnswer, WithoutADriverNamesThePackage) {
   ExpectTold("DSN=no_hay_tal;UID=ana", "ningún origen de datos «no_hay_tal»");
 }
 
+/// Of both kinds of server.
+void ExpectToldOf(const QString& serverAndPort, const QString& part) {
+  ExpectTold("Driver={PostgreSQL Unicode};" + serverAndPort + ";Database=a;UID=b", part);
+  ExpectTold("Driver=FreeTDS;" + serverAndPort + ";Database=a;UID=b;PWD=c;TDS_Version=7.4", part);
+}
+
 TEST(ConnectAnswer, TellsAnUnknownHost) {
-  ExpectTold("Driver={PostgreSQL Unicode};Server=no-hay.invalid;Port=5432;Database=a;UID=b",
-             "ningún servidor que se llame «no-hay.invalid»");
-  ExpectTold(
-      "Driver=FreeTDS;Server=no-hay.invalid;Port=1433;Database=a;UID=b;PWD=c;TDS_Version=7.4",
-      "ningún servidor que se llame «no-hay.invalid»");
+  ExpectToldOf("Server=no-hay.invalid;Port=1433", "ningún servidor que se llame «no-hay.invalid»");
 }
 
 TEST(ConnectAnswer, TellsAClosedPort) {
-  ExpectTold("Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=1;Database=a;UID=b",
-             "En «127.0.0.1» no contesta ninguna base de datos por el puerto 1.");
-  ExpectTold("Driver=FreeTDS;Server=127.0.0.1;Port=1;Database=a;UID=b;PWD=c;TDS_Version=7.4",
-             "En «127.0.0.1» no contesta ninguna base de datos por el puerto 1.");
+  ExpectToldOf("Server=127.0.0.1;Port=1",
+               "En «127.0.0.1» no contesta ninguna base de datos por el puerto 1.");
 }
 
 TEST(ConnectAnswer, OnAServerTellsTheDatabaseThePasswordTheTablesAndTheEncryption) {

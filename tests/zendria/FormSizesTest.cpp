@@ -23,15 +23,13 @@ class FormSizesTest : public HostTest {
   /// Enters the grades of 2º ESO A in that evaluation as the tutor, does `act` in the second step
   /// and cancels. Gives the size that the second step came up with.
   QSize Grade(
-      const std::string& form, const QString& evaluation,
+      const std::string& form, const char* evaluation,
       const std::function<void(qt::FormWindow&)>& act = [](qt::FormWindow&) {}) {
     QSize came;
-    robot_.On("frmNotaManual1", [&evaluation](qt::FormWindow& window) {
-      Robot::Pick(window, "cboCursos", "2");
-      Robot::Pick(window, "cboSecciones", "A");
-      Robot::Pick(window, "cboEvaluaciones", evaluation);
-      Robot::Click(window, "cmdNotaManual1(0)");
-    });
+    robot_.On("frmNotaManual1", {{"cboCursos", "2"},
+                                 {"cboSecciones", "A"},
+                                 {"cboEvaluaciones", evaluation},
+                                 "cmdNotaManual1(0)"});
     robot_.On(form, [&came, &act](qt::FormWindow& window) {
       came = window.size();
       act(window);

@@ -38,6 +38,11 @@ class ShortenToWidthTest : public testing::Test {
     label_.Caption(caption);
     ShortenToWidth(label_, screen_);
   }
+  void ExpectShortened(const char* caption, const char* shown, const char* toolTip) {
+    Shorten(caption);
+    EXPECT_EQ(label_.Caption(), shown);
+    EXPECT_EQ(label_.ToolTipText(), toolTip);
+  }
 
   RulerScreen screen_;
   Form form_{"frmPrueba"};
@@ -45,22 +50,16 @@ class ShortenToWidthTest : public testing::Test {
 };
 
 TEST_F(ShortenToWidthTest, ACaptionThatFitsStays) {
-  Shorten("0123456789");
-  EXPECT_EQ(label_.Caption(), "0123456789");
-  EXPECT_EQ(label_.ToolTipText(), "");
+  ExpectShortened("0123456789", "0123456789", "");
 }
 
 TEST_F(ShortenToWidthTest, ALongOneIsCutAndKeptInTheToolTip) {
-  Shorten("Núñez Íñiguez, Ana");
-  EXPECT_EQ(label_.Caption(), "Núñez Í...");
-  EXPECT_EQ(label_.ToolTipText(), "Núñez Íñiguez, Ana");
+  ExpectShortened("Núñez Íñiguez, Ana", "Núñez Í...", "Núñez Íñiguez, Ana");
 }
 
 TEST_F(ShortenToWidthTest, NoBlankStandsBeforeTheCut) {
-  Shorten("Gómez Peña, Íñigo");
-  EXPECT_EQ(label_.Caption(), "Gómez P...");
-  Shorten("Galvez Peña, Ana");
-  EXPECT_EQ(label_.Caption(), "Galvez...");
+  ExpectShortened("Gómez Peña, Íñigo", "Gómez P...", "Gómez Peña, Íñigo");
+  ExpectShortened("Galvez Peña, Ana", "Galvez...", "Galvez Peña, Ana");
 }
 
 TEST_F(ShortenToWidthTest, ShorteningAgainKeepsTheToolTip) {

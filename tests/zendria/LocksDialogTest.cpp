@@ -19,9 +19,10 @@ class LocksDialogTest : public HostTest {
     connection_.Open();
   }
 
-  /// Presses that button of the question.
-  void Answer(const QString& caption) {
-    robot_.OnDialog("pregunta", [caption](QWidget& dialog) {
+  /// Presses that button of the question, after what happens meanwhile.
+  void Answer(const QString& caption, const std::string& meanwhile = "") {
+    robot_.OnDialog("pregunta", [this, caption, meanwhile](QWidget& dialog) {
+      school_.Sql(meanwhile);
       for (auto* const button : dynamic_cast<QMessageBox&>(dialog).buttons())
         if (button->text() == caption) button->click();
     });
@@ -56,11 +57,7 @@ TEST_F(LocksDialogTest, RemovesBehindAQuestion) {
 
 TEST_F(LocksDialogTest, SparesAFormThatTookTheNumberMeanwhile) {
   zendria::LocksDialog dialog(connection_);
-  robot_.OnDialog("pregunta", [this](QWidget& question) {
-    school_.Sql("UPDATE PublicacionPte SET CodPropietario=3");
-    for (auto* const button : dynamic_cast<QMessageBox&>(question).buttons())
-      if (button->text() == "&Quitar") button->click();
-  });
+  Answer("&Quitar", "UPDATE PublicacionPte SET CodPropietario=3");
   QString text;
   ReadNotice(text);
   dialog.RemoveButton().click();

@@ -1,11 +1,16 @@
 #include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QStatusBar>
 #include <QTest>
 #include <QTreeWidgetItemIterator>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 #include "apps/zendria/MainWindow.h"
+#include "apps/zendria/ManualPage.h"
 #include "apps/zendria/SignInDialog.h"
 #include "apps/zendria/StatementWindow.h"
 #include "frame/cConfiguracion.h"
@@ -35,9 +40,7 @@ std::vector<std::string> Titles(QTreeWidget& tree, bool disabledOnly = false) {
 
 TEST_F(MainWindowTest, WithoutASchoolItOffersToOpenOne) {
   EXPECT_FALSE(window_->HasSchool());
-  auto* const button = window_->findChild<QPushButton*>("abrirEscuela");
-  ASSERT_NE(button, nullptr);
-  EXPECT_TRUE(button->isVisible());
+  EXPECT_TRUE(window_->findChild<QPushButton*>("abrirEscuela")->isVisible());
   EXPECT_FALSE(window_->Page().isVisible());
   EXPECT_FALSE(window_->YearAction().isEnabled());
 }
@@ -110,13 +113,9 @@ TEST_F(MainWindowTest, WithoutAnyScreenThereIsNothingToOpen) {
 }
 
 TEST_F(OpenMainWindowTest, EveryNodeOpensItsScreen) {
-  const std::vector<std::pair<std::uint8_t, std::string>> screens = {
-      {123, "frmPendientes"},
-      {124, "frmNotaManual1"},
-      {125, "frmNotaMateria1"},
-      {126, "frmNotaSeccionMateria1"},
-      {127, "frmNotaSeccionAlumno1"}};
-  for (const auto& [node, form] : screens) {
+  for (std::uint8_t node = 123;
+       const auto* const form : {"frmPendientes", "frmNotaManual1", "frmNotaMateria1",
+                                 "frmNotaSeccionMateria1", "frmNotaSeccionAlumno1"}) {
     auto shown = false;
     robot_.On(form, [&shown, this](qt::FormWindow& window) {
       shown = true;
@@ -124,9 +123,9 @@ TEST_F(OpenMainWindowTest, EveryNodeOpensItsScreen) {
       window_->OpenNode(123);  // only one screen at a time
       window.close();
     });
-    window_->Page().SelectNode(node);
+    window_->Page().SelectNode(node++);
     QTest::keyClick(&window_->Page().Tree(), Qt::Key_Return);
-    EXPECT_TRUE(shown) << int{node};
+    EXPECT_TRUE(shown) << form;
     EXPECT_EQ(window_->statusBar()->currentMessage(), "Listo");
   }
   EXPECT_TRUE(robot_.unexpected.empty());
@@ -135,7 +134,7 @@ TEST_F(OpenMainWindowTest, EveryNodeOpensItsScreen) {
 TEST_F(MainWindowTest, HandsTheModuleTheWholeSession) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
   window_->YearAction().setChecked(false);
-  robot_.On("frmPendientes", [](qt::FormWindow& window) { window.close(); });
+  CloseNext("frmPendientes");
   window_->OpenNode(123);
   const auto& session = cConfiguracion::Instancia();
   EXPECT_EQ(session.intIDUsuario, 2);
@@ -174,23 +173,15 @@ TEST_F(OpenMainWindowTest, ARuntimeErrorIsToldAndTheNextScreenOpens) {
   EXPECT_EQ(screen_.ActiveWindow(), nullptr);
 
   school_.Sql("ALTER TABLE Apartado RENAME TO Curso");
-  robot_.On("frmPendientes", [](qt::FormWindow& window) {
-    Robot::Pick(window, "cboTEnsenanza", "ESO");
-    Robot::Pick(window, "cboCurso", "2");
-    window.close();
-  });
+  robot_.On("frmPendientes", {{"cboTEnsenanza", "ESO"}, {"cboCurso", "2"}, "cmdCancelar"});
   Play(123);
 }
 
 // The failure comes out of two nested shows; neither form is left.
 TEST_F(OpenMainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
   school_.Sql("ALTER TABLE Profesor_Pte RENAME TO Apartado");
-  const auto pickClass = [](qt::FormWindow& window) {
-    Robot::Pick(window, "cboTEnsenanza", "ESO");
-    Robot::Pick(window, "cboCurso", "2");
-    Robot::Pick(window, "cboSeccion", "A");
-    Robot::Click(window, "cmdAceptar");
-  };
+  const auto pickClass = Robot::Doing(
+      {{"cboTEnsenanza", "ESO"}, {"cboCurso", "2"}, {"cboSeccion", "A"}, "cmdAceptar"});
   robot_.On("frmPendientes", pickClass);
   const auto text = NoticeOf(123);
   EXPECT_TRUE(text.contains("no such table")) << text.toStdString();
@@ -202,7 +193,7 @@ TEST_F(OpenMainWindowTest, AnErrorUnderTwoFormsLeavesNone) {
     EXPECT_EQ(FormInstance<frmPendientes>::Get().cboTEnsenanza.ListIndex(), -1) << "a fresh form";
     pickClass(window);
   });
-  robot_.On("frmAlumnoPendiente", [](qt::FormWindow& window) { window.close(); });
+  CloseNext("frmAlumnoPendiente");
   Play(123);
 }
 
@@ -226,7 +217,7 @@ TEST_F(OpenMainWindowTest, AnUnexpectedFailureIsTold) {
   robot_.On("frmPendientes", [](qt::FormWindow& /*window*/) { throw std::bad_alloc(); });
   const auto text = NoticeOf(123);
   EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
-  robot_.On("frmPendientes", [](qt::FormWindow& window) { window.close(); });
+  CloseNext("frmPendientes");
   Play(123);
 }
 
@@ -236,6 +227,36 @@ TEST_F(MainWindowTest, AFailingSessionIsToldToo) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 70000));
   const auto text = NoticeOf(123);
   EXPECT_TRUE(text.startsWith("Error 6: ")) << text.toStdString();
+}
+
+using ManualPageTest = HostTest;
+using zendria::FindManual;
+
+TEST_F(ManualPageTest, IsFoundWhereItIsLaidDownAndWhereItIsBuilt) {
+  const QDir place(folder_.path());
+  ASSERT_TRUE(place.mkpath("bin"));
+  const auto programs = place.filePath("bin");
+  EXPECT_EQ(FindManual(programs), "");
+
+  ASSERT_TRUE(place.mkpath("docs"));
+  const auto built = MakeFile("docs/manual.html", "<p>construido</p>");
+  EXPECT_EQ(FindManual(programs), QFileInfo(built).canonicalFilePath());
+
+  ASSERT_TRUE(place.mkpath("share/doc/quorvane/docs"));
+  const auto laidDown = MakeFile("share/doc/quorvane/docs/manual.html", "<p>instalado</p>");
+  EXPECT_EQ(FindManual(programs), QFileInfo(laidDown).canonicalFilePath());
+}
+
+TEST_F(ManualPageTest, IsOpenedFromTheMenu) {
+  QUrl opened;
+  window_->Browse = [&opened](const QUrl& page) { opened = page; };
+  auto* const action = window_->findChild<QAction*>("manual");
+  ASSERT_NE(action, nullptr);
+  const auto page = FindManual(QCoreApplication::applicationDirPath());
+  EXPECT_EQ(action->isEnabled(), !page.isEmpty());
+  action->setEnabled(true);
+  action->trigger();
+  EXPECT_EQ(opened, QUrl::fromLocalFile(page));
 }
 
 }  // namespace

@@ -87,9 +87,8 @@ TEST_F(OdbcSchoolTest, IsConnectedFromTheWelcomePageAndTheMenu) {
   const auto connect = [this] {
     robot_.OnDialog("conectar", [&](QWidget& dialog) {
       auto& asked = dynamic_cast<ConnectDialog&>(dialog);
-      const auto buttons = dialog.findChildren<QPushButton*>();
-      const auto enabled = [&] {
-        for (const auto* const button : buttons)
+      const auto enabled = [&dialog] {
+        for (const auto* const button : dialog.findChildren<QPushButton*>())
           if (button->text() == "Co&nectar") return button->isEnabled();
         return false;
       };

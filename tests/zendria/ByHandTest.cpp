@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QTabBar>
+#include <QTableView>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -100,6 +101,41 @@ TEST_F(RegisterByHandTest, EscapeInTheSearchKeepsTheTeacher) {
   Play(123);
   EXPECT_TRUE(robot_.messages.empty());
   EXPECT_TRUE(school_.Modulo().empty());
+}
+
+using GradesByHandTest = HostTest;
+
+QTableView& Grid(Window& window) {
+  return dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
+}
+
+// The tutor of 2º ESO A, from her name to the saved row, by keyboard and mouse.
+TEST_F(GradesByHandTest, ATutorSignsInGradesASubjectAndSaves) {
+  school_.Registra(321, 1);
+  const auto pending = school_.Pendiente(1, 3111, 1);
+  school_.Evalua(pending, 1);
+  SignIn("ruiz");
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
+
+  robot_.On("frmNotaManual1", {{"cboCursos", "2"},
+                               {"cboSecciones", "A"},
+                               {"cboEvaluaciones", "1"},
+                               {"cboEvaluaciones", Qt::Key_Return}});
+  robot_.On("frmNotaManual", [this](Window& window) {
+    EXPECT_EQ(Grid(window).model()->index(0, 0).data().toString(), "Lengua (1º ESO)");
+    EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte WHERE CodMatDet=3111"), 1);
+    Robot::Grade(window, 0, 1, "7");
+    EXPECT_EQ(Grid(window).model()->index(0, 1).data().toString(), "7");
+    Robot::Click(window, "cmdAceptar");
+  });
+  robot_.On("frmNotaManual1", {"cmdNotaManual1(1)"});
+  Play(124);
+  EXPECT_TRUE(robot_.messages.empty());
+  EXPECT_TRUE(robot_.unexpected.empty());
+  EXPECT_EQ(school_.Rows("SELECT Evaluado, CodNota, UltimaEvaluada FROM EvaluacionPte"),
+            std::vector<std::string>{"-1|107|-1"});
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 0);
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 0);
 }
 
 }  // namespace
