@@ -7,6 +7,7 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <stdexcept>
+#include <string_view>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -17,6 +18,8 @@ namespace quorvane::test {
 namespace {
 
 constexpr std::size_t kPiece = 65536;
+/// With it a client of PostgreSQL leaves; there is no answer to it.
+constexpr std::string_view kFarewell{"X\0\0\0\4", 5};
 
 sockaddr_in Loopback(std::uint16_t port) {
   sockaddr_in address{};
@@ -152,7 +155,8 @@ void TcpProxy::Hear(ProxiedLink& link, bool fromClient) {
     link.Break();
     return;
   }
-  if (read > 0 && link.BeginsBurst(fromClient)) ++bursts_;
+  const std::string_view said(piece.data(), static_cast<std::size_t>(read));
+  if (read > 0 && link.BeginsBurst(fromClient) && said != kFarewell) ++bursts_;
   const auto moment = fromClient ? Moment::NextRequest : Moment::NextAnswer;
   if (read > 0 && armed_ && moment_ == moment) Strike();
   link.Take(fromClient, {piece.data(), static_cast<std::size_t>(read)}, Clock::now() + delay_);

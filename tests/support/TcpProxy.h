@@ -50,7 +50,7 @@ class TcpProxy {
   [[nodiscard]] bool HasFailed() const;
 
   /// How often a client has spoken after the server, or as the first, of all connections: the round
-  /// trips. The opening of a connection has its own.
+  /// trips. The opening of a connection has its own, its end has none.
   [[nodiscard]] std::size_t Bursts() const noexcept { return bursts_; }
   /// How many connections have been opened.
   [[nodiscard]] std::size_t Connections() const noexcept { return connections_; }
