@@ -20,8 +20,8 @@ using bench::PlayScreen;
 using bench::RecordedStatement;
 using bench::ServerSchool;
 
-constexpr int kFew = 500;
-constexpr int kMany = 5000;
+constexpr int kFew = 1000;
+constexpr int kMany = 20000;
 constexpr double kMostGrowth = 1.5;
 
 class ServerSpeedTest : public testing::TestWithParam<std::size_t> {
