@@ -1,29 +1,30 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "adapters/sqlite/SqliteConnection.h"
-#include "bench/RecordedStatement.h"
+#include "bench/Recorder.h"
+#include "platform/data/Recordset.h"
 
 namespace quorvane::bench {
 
-/// A connection that keeps what is executed on it, between `Record` and `Recorded`.
-class RecordingConnection : public sqlite::SqliteConnection {
+/// An adapter's connection whose statements a recorder, which outlives it, is told of.
+template <class Adapter>
+class RecordingConnection : public Adapter {
  public:
-  using SqliteConnection::SqliteConnection;
-
-  /// From now on the statements are kept; the time that this takes is in what is measured.
-  void Record();
-  /// The statements since `Record`, which are kept no more.
-  std::vector<RecordedStatement> Recorded();
+  RecordingConnection(Recorder& recorder, const std::string& school, const std::string& name)
+      : Adapter(school, name), recorder_(recorder) {}
 
  protected:
-  Recordset Run(const std::string& statement) override;
+  Recordset Run(const std::string& statement) override {
+    if (!recorder_.Attends()) return Adapter::Run(statement);
+    const Watch watch;
+    auto rows = Adapter::Run(statement);
+    recorder_.Executed(statement, rows.IsOpen() ? rows.RecordCount() : 0, watch);
+    return rows;
+  }
 
  private:
-  bool recording_ = false;
-  std::vector<RecordedStatement> recorded_;
+  Recorder& recorder_;
 };
 
 }  // namespace quorvane::bench

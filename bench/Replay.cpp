@@ -3,8 +3,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "adapters/sqlite/SqliteConnection.h"
-
 namespace quorvane::bench {
 
 const std::vector<Library>& Libraries() {
@@ -24,14 +22,6 @@ bool HasQt() {
 #else
   return false;
 #endif
-}
-
-Time ReplayOnConnection(const std::string& file, const std::vector<RecordedStatement>& statements) {
-  sqlite::SqliteConnection connection(file, "");
-  connection.Open();
-  const Watch watch;
-  for (const auto& statement : statements) connection.Execute(statement.text);
-  return watch.Passed();
 }
 
 std::string ForSqlite(std::string text) {

@@ -23,9 +23,6 @@ struct Library {
 const std::vector<Library>& Libraries();
 bool HasQt();
 
-/// The same statements on the module's own connection. Only for what is no part of a form's time.
-Time ReplayOnConnection(const std::string& file, const std::vector<RecordedStatement>& statements);
-
 Time ReplayWithSqlite(const std::string& file, const std::vector<RecordedStatement>& statements);
 Time ReplayWithSqliteCpp(const std::string& file, const std::vector<RecordedStatement>& statements);
 #ifdef QUORVANE_BENCH_QT

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <iterator>
 #include <sqlite3.h>
 #include <string>
-#include <thread>
 
+#include "bench/Markdown.h"
 #include "bench/Replay.h"
 
 namespace quorvane::bench {
@@ -23,42 +22,6 @@ std::vector<Row> OfSchool(const std::vector<Row>& rows, int students) {
   std::copy_if(rows.begin(), rows.end(), std::back_inserter(found),
                [&](const Row& row) { return row.students == students; });
   return found;
-}
-
-/// A line as `| one | other |`.
-void Line(const std::vector<std::string>& cells) {
-  for (const auto& cell : cells) std::printf("| %s ", cell.c_str());
-  std::printf("|\n");
-}
-
-void Head(const std::vector<std::string>& cells) {
-  Line(cells);
-  for (std::size_t i = 0; i < cells.size(); ++i) std::printf(i == 0 ? "|---" : "|--:");
-  std::printf("|\n");
-}
-
-std::string Number(double number, int decimals) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.*f", decimals, number);
-  return text;
-}
-
-std::string Milliseconds(double seconds) {
-  const auto milliseconds = seconds * 1e3;
-  return Number(milliseconds, milliseconds < 10 ? 2 : milliseconds < 100 ? 1 : 0);
-}
-
-std::string Thousands(int number) {
-  auto text = std::to_string(number);
-  for (auto at = static_cast<int>(text.size()) - 3; at > 0; at -= 3)
-    text.insert(static_cast<std::size_t>(at), ",");
-  return text;
-}
-
-std::string Limit(double figure, double limit, bool& within) {
-  if (limit == 0) return "";
-  within = within && figure <= limit;
-  return Number(limit, 1) + (figure <= limit ? "" : " EXCEEDED");
 }
 
 /// Opening and saving on one school, by one clock. Only the processor's is held to the limits.
@@ -142,21 +105,6 @@ void Between(const std::vector<Row>& rows) {
       Line({row.what, Number(row.module.processor * 1e3, 3), Number(row.module.wall * 1e3, 3)});
 }
 
-/// What the figures were made on, so that two pages can be held against each other.
-void Machine() {
-  std::string processor = "unknown processor";
-  std::ifstream cpuinfo("/proc/cpuinfo");
-  for (std::string line; std::getline(cpuinfo, line);) {
-    if (!line.starts_with("model name")) continue;
-    processor = line.substr(line.find(':') + 2);
-    break;
-  }
-  std::printf("\nSQLite %s on %u x %s.\n", sqlite3_libversion(),
-              std::thread::hardware_concurrency(), processor.c_str());
-}
-
-void Title(const std::string& title) { std::printf("\n### %s\n\n", title.c_str()); }
-
 }  // namespace
 
 bool Report(const std::vector<Row>& rows, const StatementCost& cost,
@@ -164,7 +112,7 @@ bool Report(const std::vector<Row>& rows, const StatementCost& cost,
   std::vector<std::vector<Row>> schools;
   schools.reserve(memory.size());
   for (const auto& school : memory) schools.push_back(OfSchool(rows, school.students));
-  Machine();
+  Machine(std::string("SQLite ") + sqlite3_libversion());
   auto within = true;
   const auto compare = [&](const std::vector<Row>& school) {
     Title(Thousands(school.front().students) + " students, processor time");

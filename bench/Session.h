@@ -1,17 +1,19 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/SchoolAddress.h"
 #include "bench/BenchScreen.h"
-#include "bench/RecordingConnection.h"
+#include "bench/Recorder.h"
+#include "platform/data/Connection.h"
 
 namespace quorvane::bench {
 
 /// A session of the unrestricted user on a school, with a screen whose user does as told.
 class Session {
  public:
-  explicit Session(const std::string& school);
+  explicit Session(const SchoolAddress& school);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -23,13 +25,14 @@ class Session {
   /// Opens the screen of that node; the gestures have been given to the screen before.
   void Open(std::uint8_t node);
 
-  /// The connection that the module's statements go to.
-  RecordingConnection& Centro() noexcept { return centro_; }
+  /// What the module executes, on any of its connections.
+  Recorder& Executed() noexcept { return recorder_; }
 
  private:
-  RecordingConnection centro_;
-  sqlite::SqliteConnection borrado_;
-  sqlite::SqliteConnection entrada_;
+  Recorder recorder_;
+  std::unique_ptr<Connection> centro_;
+  std::unique_ptr<Connection> borrado_;
+  std::unique_ptr<Connection> entrada_;
   BenchScreen screen_;
 };
 

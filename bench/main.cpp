@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "bench/BenchSchool.h"
 #include "bench/GradesBench.h"
 #include "bench/GuionMemory.h"
@@ -14,6 +15,8 @@
 #include "bench/RegisterBench.h"
 #include "bench/Replay.h"
 #include "bench/Report.h"
+#include "bench/ServerBench.h"
+#include "bench/ServerReport.h"
 #include "bench/StatementCost.h"
 
 namespace {
@@ -51,6 +54,25 @@ int Run(const std::string& guion, const std::string& folder, const std::vector<i
   return Report(rows, cost, memory) ? 0 : 1;
 }
 
+/// The servers of the tests leave it in the environment (tests/servidor/con_servidor.py).
+int RunOnServer(const std::string& folder, const std::vector<int>& sizes) {
+  const auto* const server = std::getenv("QUORVANE_PRUEBAS_DUENA");
+  if (server == nullptr) {
+    std::fprintf(
+        stderr,
+        "No hay servidor: QUORVANE_PRUEBAS_DUENA no dice cómo llegar a él. Con un servidor "
+        "de usar y tirar: tools/medidas --servidor\n");
+    return 2;
+  }
+  const auto product = quorvane::SchoolAddress::Odbc(std::string(server) + ";Database=postgres")
+                           .Open("")
+                           ->Execute("SHOW server_version")
+                           .Fields(0)
+                           .Text();
+  const auto rows = MeasureServer(server, folder, sizes);
+  return ReportServer("PostgreSQL " + product, rows, sizes) ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -58,21 +80,29 @@ int main(int argc, char** argv) {
   std::string folder = std::filesystem::exists(kMemory) ? kMemory : ".";
   std::string form;
   std::size_t times = 0;
+  auto onServer = false;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
     if (argument == "--help" || argument == "-h") {
       std::printf(
-          "Uso: quorvane-bench [--carpeta CARPETA] [--solo FORMULARIO VECES] [ALUMNOS...]\n\nMide "
-          "el módulo en escuelas de "
-          "esos tamaños (1000, 20000 y 200000 si no se dan)\njunto a las mismas sentencias en "
-          "sqlite3, SQLiteCpp y Qt SQL, y escribe las tablas. Acaba con 1 si algo pasa\nde su "
-          "límite.\n\n  --carpeta  dónde hacer "
-          "las escuelas; /dev/shm si existe, para medir los\n             programas y no el "
-          "disco\n  --solo     solo abre y guarda ese formulario de notas, para un perfilador\n");
+          "Uso: quorvane-bench [--carpeta CARPETA] [--servidor] [--solo FORMULARIO VECES] "
+          "[ALUMNOS...]\n\n"
+          "Mide el módulo en escuelas de esos tamaños (1000, 20000 y 200000 si no se dan) junto\n"
+          "a las mismas sentencias en sqlite3, SQLiteCpp y Qt SQL, y escribe las tablas. Acaba\n"
+          "con 1 si algo pasa de su límite.\n\n"
+          "  --carpeta   dónde hacer las escuelas; /dev/shm si existe, para medir los programas\n"
+          "              y no el disco\n"
+          "  --servidor  en el servidor PostgreSQL de QUORVANE_PRUEBAS_DUENA, una cadena de\n"
+          "              conexión sin base de datos, junto a las mismas sentencias en libpq\n"
+          "  --solo      solo abre y guarda ese formulario de notas, para un perfilador\n");
       return 0;
     }
     if (argument == "--carpeta" && i + 1 < argc) {
       folder = argv[++i];
+      continue;
+    }
+    if (argument == "--servidor") {
+      onServer = true;
       continue;
     }
     if (argument == "--solo" && i + 2 < argc) {
@@ -94,6 +124,7 @@ int main(int argc, char** argv) {
       std::fprintf(stderr, "No hay ningún formulario de notas %s\n", form.c_str());
       return 2;
     }
+    if (onServer) return RunOnServer(folder, sizes);
     const auto guion =
         std::filesystem::read_symlink("/proc/self/exe").parent_path() / "quorvane-guion";
     return Run(guion, folder, sizes);

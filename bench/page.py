@@ -8,7 +8,7 @@ import sys
 from html import escape
 from pathlib import Path
 
-BEGIN, END = "<!-- medidas -->", "<!-- /medidas -->"
+ON_FILE, ON_SERVER = "medidas", "medidas-servidor"
 COLOURS = ["#1f6fb2", "#8c8c8c", "#c4c4c4", "#6aa84f"]
 PARTS = ["#8c8c8c", "#c9a227", "#6aa84f", "#9fc5e8", "#1f6fb2", "#b4418e", "#e06666"]
 FONT = 'font-family="sans-serif" font-size="12"'
@@ -91,15 +91,19 @@ def main():
     folder = Path(sys.argv[1])
     printed = sys.stdin.read().strip()
     found = tables(printed)
+    page = folder / "README.md"
+    mark = ON_SERVER if any(title.startswith("Server: ") for title in found) else ON_FILE
+    begin, end = f"<!-- {mark} -->", f"<!-- /{mark} -->"
+    before, _, rest = page.read_text(encoding="utf-8").partition(begin)
+    after = rest.partition(end)[2]
+    page.write_text(f"{before}{begin}\n\n{printed}\n\n{end}{after}", encoding="utf-8")
+    if mark == ON_SERVER:
+        return
     largest = [table for title, table in found.items() if title.endswith("processor time")
                and "students" in title][-1]
     cost = next(table for title, table in found.items() if title.startswith("What a cached"))
     (folder / "comparison.svg").write_text(comparison(largest), encoding="utf-8")
     (folder / "statement.svg").write_text(statement(cost), encoding="utf-8")
-    page = folder / "README.md"
-    before, _, rest = page.read_text(encoding="utf-8").partition(BEGIN)
-    after = rest.partition(END)[2]
-    page.write_text(f"{before}{BEGIN}\n\n{printed}\n\n{END}{after}", encoding="utf-8")
 
 
 main()

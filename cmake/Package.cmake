@@ -31,14 +31,14 @@ evaluación por evaluación, sin estorbarse.
 Trae la aplicación de escritorio zendria y dos herramientas:
 quorvane-escuela crea, comprueba y arregla bases de datos de centros, y
 quorvane-guion hace el trabajo de las pantallas desde un guion. La base de
-datos es un fichero o un SQL Server.")
+datos es un fichero, o está en un PostgreSQL o un SQL Server.")
 if(TARGET zendria)
   # What the programs load while running, which no linker sees: the reader of the drawn icons,
   # and the toolkit's own texts in Spanish.
   set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_DEPENDS "libqt6svg6, qt6-translations-l10n")
 endif()
 set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_RECOMMENDS "bash-completion, fonts-dejavu-core, qt6-wayland")
-set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_SUGGESTS "tdsodbc, libsqliteodbc, man-db, sqlite3")
+set(CPACK_DEBIAN_PROGRAMAS_PACKAGE_SUGGESTS "odbc-postgresql, postgresql, tdsodbc, libsqliteodbc, man-db, sqlite3")
 
 set(CPACK_DEBIAN_DESARROLLO_PACKAGE_NAME quorvane-dev)
 set(CPACK_DEBIAN_DESARROLLO_PACKAGE_SECTION libdevel)

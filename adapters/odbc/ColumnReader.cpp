@@ -24,7 +24,8 @@ ColumnReader::ColumnReader(const DriverCalls& calls, SQLHSTMT statement, SQLUSMA
                            bool typed)
     : calls_(calls), statement_(statement), number_(number) {
   SQLSMALLINT type = 0;
-  Require(calls.DescribeColumn(statement, number, name_, type));
+  Require(typed ? calls.NameColumn(statement, number, name_, type)
+                : calls.DescribeColumn(statement, number, name_, type));
   kind_ = KindOf(type, typed);
 }
 

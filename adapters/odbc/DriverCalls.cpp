@@ -34,10 +34,11 @@ class NarrowArgument {
   std::string text_;
 };
 
-/// Room for a text that the manager writes.
+/// Room for a text that the manager writes. It isn't cleared: there is one for each column.
 template <class Letter, std::size_t Room>
 class Buffer {
  public:
+  Buffer() { letters_.front() = 0; }
   [[nodiscard]] Letter* Data() { return letters_.data(); }
   static constexpr SQLSMALLINT Size() { return static_cast<SQLSMALLINT>(Room); }
 
@@ -53,7 +54,7 @@ class Buffer {
   }
 
  private:
-  std::array<Letter, Room> letters_{};
+  std::array<Letter, Room> letters_;
 };
 
 using WideBuffer = Buffer<SQLWCHAR, kMostLetters>;
@@ -63,7 +64,7 @@ using NarrowBuffer = Buffer<SQLCHAR, kMostLetters>;
 template <class Letter>
 SQLRETURN Pieces(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type,
                  std::basic_string<Letter>& text, bool& null) {
-  std::array<Letter, kPiece + 1> piece{};
+  std::array<Letter, kPiece + 1> piece;
   for (SQLRETURN result = SQL_SUCCESS_WITH_INFO; result == SQL_SUCCESS_WITH_INFO;) {
     SQLLEN bytes = 0;
     result = SQLGetData(statement, column, type, piece.data(), sizeof piece, &bytes);
@@ -113,6 +114,29 @@ SQLRETURN DriverCalls::DescribeColumn(SQLHSTMT statement, SQLUSMALLINT number, s
     return result;
   };
   return wide_ ? get(WideBuffer(), SQLDescribeColW) : get(NarrowBuffer(), SQLDescribeCol);
+}
+
+SQLRETURN DriverCalls::NameColumn(SQLHSTMT statement, SQLUSMALLINT number, std::string& name,
+                                  SQLSMALLINT& type) const {
+  const auto get = [&](auto buffer, auto function, std::size_t letterBytes) {
+    const auto result =
+        function(statement, number, SQL_DESC_NAME, buffer.Data(),
+                 static_cast<SQLSMALLINT>(kMostLetters * letterBytes), nullptr, nullptr);
+    if (SQL_SUCCEEDED(result)) name = buffer.Text();
+    return result;
+  };
+  const auto named = wide_ ? get(WideBuffer(), SQLColAttributeW, sizeof(SQLWCHAR))
+                           : get(NarrowBuffer(), SQLColAttribute, sizeof(SQLCHAR));
+  if (!SQL_SUCCEEDED(named)) return named;
+  SQLLEN given = 0;
+  const auto ask = [&](SQLUSMALLINT what) {
+    return SQLColAttribute(statement, number, what, nullptr, 0, nullptr, &given);
+  };
+  auto typed = ask(SQL_DESC_TYPE);
+  // Of dates and times it doesn't tell which.
+  if (SQL_SUCCEEDED(typed) && given == SQL_DATETIME) typed = ask(SQL_DESC_CONCISE_TYPE);
+  type = static_cast<SQLSMALLINT>(given);
+  return typed;
 }
 
 SQLRETURN DriverCalls::DiagnosticRecord(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number,

@@ -23,6 +23,11 @@ class DriverCalls {
   [[nodiscard]] SQLRETURN Info(SQLHDBC connection, SQLUSMALLINT what, std::string& text) const;
   [[nodiscard]] SQLRETURN DescribeColumn(SQLHSTMT statement, SQLUSMALLINT number, std::string& name,
                                          SQLSMALLINT& type) const;
+  /// The same of an engine whose columns have one type, and of its driver only what it knows from
+  /// the answer: that of PostgreSQL asks the server for more whenever it describes a column of a
+  /// table that is new to it.
+  [[nodiscard]] SQLRETURN NameColumn(SQLHSTMT statement, SQLUSMALLINT number, std::string& name,
+                                     SQLSMALLINT& type) const;
   [[nodiscard]] SQLRETURN DiagnosticRecord(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT number,
                                            std::string& state, SQLINTEGER& native,
                                            std::string& text) const;

@@ -26,6 +26,20 @@ EnvironmentHandle MakeEnvironment() {
   return environment;
 }
 
+/// Makes a statement's handle ready for the next, whatever has become of this one.
+class Closing {
+ public:
+  explicit Closing(SQLHSTMT statement) : statement_(statement) {}
+  ~Closing() { SQLFreeStmt(statement_, SQL_CLOSE); }
+  Closing(const Closing&) = delete;
+  Closing& operator=(const Closing&) = delete;
+  Closing(Closing&&) = delete;
+  Closing& operator=(Closing&&) = delete;
+
+ private:
+  SQLHSTMT statement_;
+};
+
 }  // namespace
 
 DriverConnection::DriverConnection(const std::string& connectionString, Letters letters)
@@ -35,9 +49,15 @@ DriverConnection::DriverConnection(const std::string& connectionString, Letters 
   SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(kLoginSeconds), 0);
   if (!SQL_SUCCEEDED(calls_.Connect(connection_.Get(), connectionString)))
     throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
+  statement_.emplace(connection_.Get());
+  // A brace in the text is the engine's, not the driver's to read.
+  SQLSetStmtAttr(statement_->Get(), SQL_ATTR_NOSCAN, AsPointer(SQL_NOSCAN_ON), 0);
 }
 
-DriverConnection::~DriverConnection() { SQLDisconnect(connection_.Get()); }
+DriverConnection::~DriverConnection() {
+  statement_.reset();
+  SQLDisconnect(connection_.Get());
+}
 
 std::string DriverConnection::Info(SQLUSMALLINT what) const {
   std::string text;
@@ -55,6 +75,7 @@ Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, cons
                                      bool isSqlite) const {
   std::vector<ColumnReader> columns;
   FieldNames names;
+  columns.reserve(static_cast<std::size_t>(count));
   for (SQLSMALLINT number = 1; number <= count; ++number) {
     columns.emplace_back(calls_, statement, static_cast<SQLUSMALLINT>(number), !isSqlite);
     const auto& name = columns.back().Name();
@@ -69,14 +90,12 @@ Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, cons
 }
 
 Recordset DriverConnection::Execute(const std::string& text, bool isSqlite) const {
-  const StatementHandle handle(connection_.Get());
-  auto* const statement = handle.Get();
+  auto* const statement = statement_->Get();
   if (statement == nullptr) throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
   const auto require = [&](SQLRETURN result) {
     if (!SQL_SUCCEEDED(result)) throw DriverFailure({calls_, SQL_HANDLE_STMT, statement});
   };
-  // A brace in the text is the engine's, not the driver's to read.
-  SQLSetStmtAttr(statement, SQL_ATTR_NOSCAN, AsPointer(SQL_NOSCAN_ON), 0);
+  const Closing closing(statement);
   Recordset rows;
   // Each part of the text gives rows or a count of them. All have to be asked for: a failure of
   // a later one shows when its turn comes.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <sql.h>
 #include <string>
 
@@ -38,6 +39,8 @@ class DriverConnection {
   DriverCalls calls_;
   EnvironmentHandle environment_;
   ConnectionHandle connection_;
+  /// For all statements, one after the other: a driver takes longer to make one than to use it.
+  std::optional<StatementHandle> statement_;
 };
 
 }  // namespace quorvane::odbc

@@ -148,14 +148,14 @@ std::string OdbcConnection::ServerDate() {
 
 Recordset OdbcConnection::RunText(const std::string& text) {
   using Clock = std::chrono::steady_clock;
-  const auto until = Clock::now() + BusyWait(ConnectionString(text_));
+  const auto begun = Clock::now();
   for (;; std::this_thread::sleep_for(kBusyPause)) try {
       return connection_->Execute(text, engine_ == Engine::Sqlite);
     } catch (const DriverFailure& failure) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.
       if (engine_ == Engine::Sqlite && failure.What().HasNative(kSqliteBusy) &&
-          Clock::now() < until)
+          Clock::now() - begun < BusyWait(ConnectionString(text_)))
         continue;
       if (!failure.What().HasState("08") && !connection_->IsDead()) throw failure.What().Error();
       Close();

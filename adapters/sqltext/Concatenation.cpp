@@ -5,6 +5,8 @@
 namespace quorvane::sqltext {
 
 std::string RewriteConcatenation(std::string_view statement) {
+  // Most have none, and each waits for this.
+  if (statement.find('+') == std::string_view::npos) return std::string(statement);
   std::string result;
   result.reserve(statement.size() + 8);
   auto afterText = false;  // the last token was a text literal

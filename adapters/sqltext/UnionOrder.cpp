@@ -9,6 +9,14 @@
 namespace quorvane::sqltext {
 namespace {
 
+constexpr std::string_view kUnion = "UNION";
+
+/// Anywhere, in a literal too.
+bool SaysUnion(std::string_view text) {
+  return std::search(text.begin(), text.end(), kUnion.begin(), kUnion.end(),
+                     [](char a, char b) { return AsciiLower(a) == AsciiLower(b); }) != text.end();
+}
+
 bool IsName(char c) { return KindOf(c) == CharKind::Word || c == '[' || c == '"'; }
 
 std::size_t EndOfToken(std::string_view text, std::size_t at) {
@@ -35,7 +43,7 @@ std::size_t BehindOrderBy(std::string_view text) {
     if (token == ")") --depth;
     if (depth != 0 || KindOf(token.front()) != CharKind::Word) continue;
     if (ordered && EqualNoCase(token, "BY")) return at;
-    united = united || EqualNoCase(token, "UNION");
+    united = united || EqualNoCase(token, kUnion);
     ordered = united && EqualNoCase(token, "ORDER");
   }
   return text.size();
@@ -44,6 +52,7 @@ std::size_t BehindOrderBy(std::string_view text) {
 }  // namespace
 
 std::string OrderUnionByColumns(std::string_view statement) {
+  if (!SaysUnion(statement)) return std::string(statement);
   auto at = BehindOrderBy(statement);
   std::string result(statement.substr(0, at));
   while (at < statement.size()) {

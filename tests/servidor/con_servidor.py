@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""con_servidor.py [--duena] PROGRAM [ARGUMENT...]: runs a program beside a server of its own.
+"""con_servidor.py [--duena] [--duradero] PROGRAM [ARGUMENT...]: runs a program beside a server of its own.
 
 The program finds in its environment how to reach it: QUORVANE_PRUEBAS_SERVIDOR as who works on a
 school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone. With --duena the
-first is the second's too, for tests whose scripts change what only the school's owner may change.
+first is the second's too, for tests whose scripts change what only the school's owner may change. With
+--duradero what is written reaches the disk, and the tables are looked after, as on a school's server.
 """
 import os
 import signal
@@ -12,14 +13,22 @@ import sys
 
 from cluster import OWNER, USER, Cluster
 
+DURABLE = {name: 'on' for name in ('fsync', 'full_page_writes', 'synchronous_commit', 'autovacuum')}
+
 
 def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     arguments = sys.argv[1:]
-    user = OWNER if arguments[0] == '--duena' else USER
-    if user == OWNER:
-        del arguments[0]
-    with Cluster() as cluster:
+    user, settings = USER, {}
+    while arguments[0].startswith('--'):
+        option = arguments.pop(0)
+        if option == '--duena':
+            user = OWNER
+        elif option == '--duradero':
+            settings = DURABLE
+        else:
+            raise SystemExit(f'Opción desconocida: {option}')
+    with Cluster(**settings) as cluster:
         environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': cluster.string(user),
                        'QUORVANE_PRUEBAS_DUENA': cluster.string(OWNER)}
         return subprocess.run(arguments, env=environment).returncode

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "bench/BenchSchool.h"
 #include "bench/Session.h"
 #include "platform/controls/ComboBox.h"
@@ -31,12 +32,15 @@ void Choose(const Form& form, const char* name, int data) {
 class Openings {
  public:
   Openings(const std::string& path, const char* stepOne, const char* stepTwo, int evaluation)
-      : session_(path), stepOne_(stepOne), stepTwo_(stepTwo), evaluation_(evaluation) {}
+      : session_(SchoolAddress::File(path)),
+        stepOne_(stepOne),
+        stepTwo_(stepTwo),
+        evaluation_(evaluation) {}
 
   void Play(std::uint8_t node) {
     session_.Screen().OnLoading = [this](const Form& form) {
       if (form.Name() != stepTwo_) return;
-      if (times_ == 2) session_.Centro().Record();
+      if (times_ == 2) session_.Executed().Record();
       start_ = Allocations();
     };
     session_.Screen().On(stepOne_, [this](Form& form) { Open(form); });
@@ -56,7 +60,7 @@ class Openings {
     Choose(stepOne, "cboEvaluaciones", evaluation_);
     session_.Screen().On(stepTwo_, [this](Form& stepTwo) {
       taken_ = Allocations() - start_;
-      if (times_ == 2) statements_ = session_.Centro().Recorded().size();
+      if (times_ == 2) statements_ = session_.Executed().Recorded().size();
       session_.Screen().On(stepOne_, [this](Form& form) { Open(form); });
       Control<CommandButton>(stepTwo, "cmdAceptar").Press();
     });
