@@ -118,7 +118,7 @@ TYPED_TEST(OrdinaryDirectTest, TheListOfTheTutorsCellIsMadeAnewByEachEdit) {
   form.rtvNotasTutor.BeginEdit(1, 1);
   const auto once = form.rtvNotasTutor.Lista(1).size();
   EXPECT_GE(once, 1U);
-  form.rtvNotasTutor.BeginEdit(1, 1);
+  form.rtvNotasTutor_InicioEdicion();
   EXPECT_EQ(form.rtvNotasTutor.Lista(1).size(), once);
 }
 
