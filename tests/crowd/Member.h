@@ -24,7 +24,7 @@ class Member : public Onlooker {
   using Clock = std::chrono::steady_clock;
 
   /// `number` from 1. The school is there; the journal is made.
-  Member(int number, const CrowdOptions& options, std::string school, const std::string& journal);
+  Member(int number, const CrowdOptions& options, SchoolAddress school, const std::string& journal);
 
   void Play(Clock::time_point until);
 
@@ -44,7 +44,8 @@ class Member : public Onlooker {
   int number_;
   Fault fault_;
   int pause_;
-  std::string school_;
+  int users_;
+  SchoolAddress school_;
   Journal journal_;
   Figures figures_;
   Prng random_;
@@ -53,7 +54,7 @@ class Member : public Onlooker {
   RandomHost host_;
   Clock::time_point until_;
   std::unique_ptr<CrowdConnection> centro_;
-  std::unique_ptr<CrowdConnection> borrado_;
+  std::unique_ptr<Connection> borrado_;  ///< as in the programs: opened when used
   std::unique_ptr<CrowdConnection> entrada_;
 };
 

@@ -49,7 +49,8 @@ std::vector<Rows> Play(const Sequence& saves) {
               "\npulsar cmdNotaManual1(0)\neditar rtvNotasAlumno 1 1 \"" +
               (save.grade ? "7" : " ") +
               "\"\npulsar cmdAceptar\n"
-              "sql \"SELECT CodNota>0, UltimaEvaluada<>0 FROM EvaluacionActaPte WHERE "
+              "sql \"SELECT CASE WHEN CodNota>0 THEN 1 ELSE 0 END, -UltimaEvaluada FROM "
+              "EvaluacionActaPte WHERE "
               "CodAlumnoPte_MatDet=4 AND CodNumEvaluacion<>5 ORDER BY CodNumEvaluacion\"\n";
   const auto lines = RunScript(school, script, SessionOf(kTutor)).Of("fila");
   std::vector<Rows> states(lines.size() / 3);
