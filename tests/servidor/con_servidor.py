@@ -13,6 +13,7 @@ away. --repartidor N: who works reaches it through PgBouncer in transaction mode
 import argparse
 import contextlib
 import os
+import resource
 import signal
 import subprocess
 import sys
@@ -20,6 +21,7 @@ import sys
 from cluster import OWNER, USER, Cluster
 from pooler import Pooler
 
+STACK = 64 << 20
 DURABLE = {'fsync': 'on', 'full_page_writes': 'on', 'synchronous_commit': 'on', 'autovacuum': 'on',
            'shared_buffers': '128MB'}
 
@@ -41,6 +43,8 @@ def main():
             cluster.sql(f'CREATE DATABASE escuela OWNER {OWNER}')
         environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': owner if asked.duena else user,
                        'QUORVANE_PRUEBAS_DUENA': owner}
+        # The sanitizers' frames are large, and shows nest.
+        resource.setrlimit(resource.RLIMIT_STACK, (STACK, resource.getrlimit(resource.RLIMIT_STACK)[1]))
         status = subprocess.run([named.get(word, word) for word in asked.command],
                                 env=environment).returncode
         if not pooler:
