@@ -22,10 +22,10 @@ namespace {
 
 /// What a process does; it never comes back.
 [[noreturn]] void BeMember(int number, const CrowdOptions& options, const SchoolAddress& school,
-                           const std::string& journal, Member::Clock::time_point until) {
+                           const std::string& journal) {
   auto status = 0;
   try {
-    Member(number, options, school, journal).Play(until);
+    Member(number, options, school, journal).Play(std::chrono::seconds(options.seconds));
   } catch (const std::exception& failure) {
     std::cerr << "crowd: proceso " << number << ": " << failure.what() << '\n';
     status = 1;
@@ -113,11 +113,10 @@ void Crowd::MakeSchool() {
 }
 
 void Crowd::Play() {
-  const auto until = Member::Clock::now() + std::chrono::seconds(options_.seconds);
   std::vector<pid_t> children;
   for (int process = 1; process <= options_.processes; ++process) {
     const auto child = fork();
-    if (child == 0) BeMember(process, options_, school_, JournalOf(process), until);
+    if (child == 0) BeMember(process, options_, school_, JournalOf(process));
     if (child < 0) violations_.emplace_back("No se puede iniciar otro proceso");
     children.push_back(child);
   }

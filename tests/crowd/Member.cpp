@@ -34,8 +34,8 @@ bool IsMissingColumn(const std::string& text) {
   return told && AsciiLower(text).find(AsciiLower(kMissingColumn)) != std::string::npos;
 }
 
-/// Without what differs from one time to the other: the key, and the driver's remark.
-std::string Kind(const std::string& text) { return text.substr(0, text.find(';')); }
+/// Without what differs from one time to the other: the key that stands, and the driver's remark.
+std::string Kind(const std::string& text) { return text.substr(0, text.find_first_of(";\n")); }
 
 }  // namespace
 
@@ -54,9 +54,12 @@ Member::Member(int number, const CrowdOptions& options, SchoolAddress school,
   user_.Limit(std::numeric_limits<std::uint64_t>::max());
 }
 
-void Member::Play(Clock::time_point until) {
-  until_ = until;
-  while (Clock::now() < until_) UseProgram();
+void Member::Play(std::chrono::seconds time) {
+  auto open = OpenProgram();
+  // Many who come at once wait at a server's door: the time counts from within.
+  until_ = Clock::now() + time;
+  for (; Clock::now() < until_; open = OpenProgram())
+    if (open) UseProgram();
   figures_[kGestures] = static_cast<std::int64_t>(user_.Gestures());
   for (const auto& [name, count] : figures_.counts)
     journal_.Write(Journal::Kind::Figure, count, name);
@@ -64,7 +67,7 @@ void Member::Play(Clock::time_point until) {
     journal_.Write(Journal::Kind::Figure, times, "error " + error);
 }
 
-void Member::UseProgram() {
+bool Member::OpenProgram() {
   const auto open = [this](const char* name) {
     return std::make_unique<CrowdConnection>(school_, name, number_, fault_, journal_, figures_);
   };
@@ -75,8 +78,12 @@ void Member::UseProgram() {
     for (auto* const connection : {centro_.get(), entrada_.get()}) connection->Open();
   } catch (const RuntimeError& error) {
     Recover(error);
-    return;
+    return false;
   }
+  return true;
+}
+
+void Member::UseProgram() {
   for (auto screens = 1 + random_.Below(8); screens > 0 && Clock::now() < until_; --screens)
     OpenScreen();
 }

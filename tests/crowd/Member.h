@@ -26,7 +26,7 @@ class Member : public Onlooker {
   /// `number` from 1. The school is there; the journal is made.
   Member(int number, const CrowdOptions& options, SchoolAddress school, const std::string& journal);
 
-  void Play(Clock::time_point until);
+  void Play(std::chrono::seconds time);
 
   void Loading(Form& form) override;
   void Opened(Form& form) override;
@@ -35,6 +35,7 @@ class Member : public Onlooker {
   void Told(const std::string& text) override;
 
  private:
+  [[nodiscard]] bool OpenProgram();
   void UseProgram();
   void OpenScreen();
   void CountError(const RuntimeError& error);
