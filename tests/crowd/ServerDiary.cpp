@@ -57,12 +57,18 @@ void ServerDiary::Create(Connection& school) {
   school.Execute("GRANT SELECT ON Diario TO PUBLIC");
   for (const auto& table : SchoolTables())
     if (!HasKey(table.name))
-      school.Execute("ALTER TABLE " + table.name + " ADD COLUMN " + kOwnColumn +
-                     " bigint GENERATED ALWAYS AS IDENTITY");
+      school.Execute(std::string("ALTER TABLE ")
+                         .append(table.name)
+                         .append(" ADD COLUMN ")
+                         .append(kOwnColumn)
+                         .append(" bigint GENERATED ALWAYS AS IDENTITY"));
   for (const auto& table : Diary::Tables()) {
     school.Execute(Function(table));
-    school.Execute("CREATE TRIGGER Diario AFTER INSERT OR UPDATE OR DELETE ON " + table +
-                   " FOR EACH ROW EXECUTE FUNCTION Diario_" + table + "()");
+    school.Execute(std::string("CREATE TRIGGER Diario AFTER INSERT OR UPDATE OR DELETE ON ")
+                       .append(table)
+                       .append(" FOR EACH ROW EXECUTE FUNCTION Diario_")
+                       .append(table)
+                       .append("()"));
   }
 }
 
