@@ -59,7 +59,7 @@ paquetes_de_construccion=(
 # What the tests use besides: ODBC drivers, a server, a T-SQL parser, line counters and checkers, and a desktop
 # without a screen.
 paquetes_de_pruebas=(
-  libsqliteodbc tdsodbc odbc-postgresql postgresql openssl libsql-translator-perl gcovr
+  libsqliteodbc tdsodbc odbc-postgresql postgresql pgbouncer openssl libsql-translator-perl gcovr
   desktop-file-utils groff-base
   xvfb openbox xdotool wmctrl
   clang-format clang-tidy iwyu git

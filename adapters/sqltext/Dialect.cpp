@@ -5,6 +5,8 @@
 #include "adapters/sqltext/BracketedNames.h"
 #include "adapters/sqltext/Concatenation.h"
 #include "adapters/sqltext/NestedJoins.h"
+#include "adapters/sqltext/RowOrder.h"
+#include "adapters/sqltext/SingleValues.h"
 #include "adapters/sqltext/UnionOrder.h"
 #include "platform/text/AsciiCase.h"
 
@@ -16,6 +18,7 @@ using Rewriting = std::string (*)(std::string_view statement);
 constexpr Rewriting kSqlite[] = {RewriteConcatenation, FlattenJoins};
 constexpr Rewriting kSqlServer[] = {OrderUnionByColumns};
 constexpr Rewriting kPostgreSql[] = {RewriteConcatenation, OrderUnionByColumns,
+                                     TakeFirstOfComparedSelects, OrderAsInAFile,
                                      QuoteBracketedNames};
 
 std::span<const Rewriting> RewritingsFor(Engine engine) {

@@ -4,25 +4,28 @@
 #include <charconv>
 #include <filesystem>
 #include <iostream>
+#include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "tests/crowd/Member.h"
-#include "tests/support/Opened.h"
+#include "tests/crowd/ServerDiary.h"
+#include "tests/support/ServerRights.h"
 
 namespace quorvane::test {
 namespace {
 
 /// What a process does; it never comes back.
-[[noreturn]] void BeMember(int number, const CrowdOptions& options, const std::string& school,
-                           const std::string& journal, Member::Clock::time_point until) {
+[[noreturn]] void BeMember(int number, const CrowdOptions& options, const SchoolAddress& school,
+                           const std::string& journal) {
   auto status = 0;
   try {
-    Member(number, options, school, journal).Play(until);
+    Member(number, options, school, journal).Play(std::chrono::seconds(options.seconds));
   } catch (const std::exception& failure) {
     std::cerr << "crowd: proceso " << number << ": " << failure.what() << '\n';
     status = 1;
@@ -49,7 +52,20 @@ std::map<std::string, Diary::Table> Written(const std::map<std::string, Diary::T
 }  // namespace
 
 Crowd::Crowd(const CrowdOptions& options)
-    : options_(options), folder_(options.folder), school_(folder_ / "escuela.sqlite") {}
+    : options_(options),
+      folder_(options.folder),
+      school_(options.odbc.empty() ? SchoolAddress::File(folder_ / "escuela.sqlite")
+                                   : SchoolAddress::Odbc(options.odbc)),
+      owners_(options.owner.empty() ? school_ : SchoolAddress::Odbc(options.owner)) {}
+
+Crowd::~Crowd() {
+  if (!made_) return;
+  try {
+    ServerDiary::DropSchool(*owners_.Open(""));
+  } catch (const std::exception& failure) {
+    std::cerr << "crowd: la escuela se queda en el servidor: " << failure.what() << '\n';
+  }
+}
 
 std::string Crowd::JournalOf(int process) const {
   return folder_ / ("proceso-" + std::to_string(process));
@@ -62,25 +78,45 @@ bool Crowd::Run() {
   return violations_.empty();
 }
 
-void Crowd::MakeSchool() {
+void Crowd::MakeFile() {
+  const auto& path = school_.Text();
   if (std::filesystem::exists(options_.school))
-    std::filesystem::copy_file(options_.school, school_);
+    std::filesystem::copy_file(options_.school, path);
   else
-    MakeSchoolFile(school_, [this](Connection& school) { Fill(school, options_); });
-  Opened<sqlite::SqliteConnection> school(school_, "");
-  school.Execute("PRAGMA journal_mode=" + options_.journalMode);
-  LockList locks(school);
+    MakeSchoolFile(path, [this](Connection& school) { Fill(school, options_); });
+  school_.Open("")->Execute("PRAGMA journal_mode=" + options_.journalMode);
+}
+
+void Crowd::MakeOnServer() {
+  quorvane::MakeSchool(owners_, [this](Connection& school) { Fill(school, options_); });
+  made_ = true;
+  const auto school = owners_.Open("");
+  if (EngineReached(*school) != sqltext::Engine::PostgreSql)
+    throw std::runtime_error("Por --odbc solo se sabe jugar en PostgreSQL");
+  if (!options_.owner.empty())
+    for (const auto& right : ServerRights()) school->Execute(right);
+}
+
+void Crowd::MakeSchool() {
+  if (school_.IsOdbc())
+    MakeOnServer();
+  else
+    MakeFile();
+  const auto school = owners_.Open("");
+  LockList locks(*school);
   for (const auto& publication : locks.Read()) locks.Remove(publication.id);
-  before_ = Diary::ReadAll(school);
-  Diary::Create(school);
+  // As a server does by itself once there are rows.
+  if (school_.IsOdbc()) school->Execute("ANALYZE");
+  options_.users = school->Execute("SELECT COUNT(*) FROM Usuario").Fields(0).Long();
+  Diary::Create(*school);
+  before_ = Diary::ReadAll(*school);
 }
 
 void Crowd::Play() {
-  const auto until = Member::Clock::now() + std::chrono::seconds(options_.seconds);
   std::vector<pid_t> children;
   for (int process = 1; process <= options_.processes; ++process) {
     const auto child = fork();
-    if (child == 0) BeMember(process, options_, school_, JournalOf(process), until);
+    if (child == 0) BeMember(process, options_, school_, JournalOf(process));
     if (child < 0) violations_.emplace_back("No se puede iniciar otro proceso");
     children.push_back(child);
   }
@@ -107,19 +143,24 @@ std::vector<Journal::Line> Crowd::TakeFigures(int process) {
   return lines;
 }
 
+void Crowd::CheckWhole(Connection& school) {
+  if (school_.IsOdbc()) return;
+  const auto whole = school.Execute("PRAGMA integrity_check").Fields(0).Text();
+  if (whole != "ok") violations_.push_back("La base de datos está dañada: " + whole);
+}
+
 void Crowd::Check() {
   std::vector<std::vector<Journal::Line>> journals;
   for (int process = 1; process <= options_.processes; ++process)
     journals.push_back(TakeFigures(process));
   CheckFigures();
-  Opened<sqlite::SqliteConnection> school(school_, "");
-  const auto whole = school.Execute("PRAGMA integrity_check").Fields(0).Text();
-  if (whole != "ok") violations_.push_back("La base de datos está dañada: " + whole);
-  const auto after = Diary::ReadAll(school);
-  const auto diary = Diary::Read(school);
+  const auto school = owners_.Open("");
+  CheckWhole(*school);
+  const auto after = Diary::ReadAll(*school);
+  const auto diary = Diary::Read(*school);
   entries_ = diary.size();
   Deeds::Columns columns;
-  for (const auto& table : Diary::Tables()) columns[table] = Diary::Columns(school, table);
+  for (const auto& table : Diary::Tables()) columns[table] = Diary::Columns(*school, table);
   const Deeds deeds(diary, journals, columns);
   Audit audit(Written(before_));
   audit.Run(diary, deeds);
@@ -147,8 +188,8 @@ void Crowd::CheckFigures() {
 
 void Crowd::Report(std::ostream& out) const {
   out << options_.processes << " procesos, " << options_.seconds << " s, semilla " << options_.seed
-      << ", journal_mode=" << options_.journalMode << ", pausas de hasta " << options_.pause
-      << " ms\n";
+      << (school_.IsOdbc() ? ", en un servidor" : ", journal_mode=" + options_.journalMode)
+      << ", pausas de hasta " << options_.pause << " ms\n";
   PrintFigures(out, figures_, options_.seconds);
   out << "Filas escritas, comprobadas una a una con los cuadernos: " << entries_
       << "\nPor los huecos del protocolo (no son fallos):\n  materias bloqueadas dos veces: "

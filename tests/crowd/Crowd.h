@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "tests/crowd/Audit.h"
 #include "tests/crowd/CrowdOptions.h"
 #include "tests/crowd/Figures.h"
@@ -16,6 +17,9 @@ namespace quorvane::test {
 class Crowd {
  public:
   explicit Crowd(const CrowdOptions& options);
+  /// Takes the school away again.
+  ~Crowd();
+  Crowd(Crowd&&) = delete;
 
   /// Lets them play, and looks at what they have left. False when something was wrong.
   bool Run();
@@ -25,15 +29,20 @@ class Crowd {
 
  private:
   void MakeSchool();
+  void MakeFile();
+  void MakeOnServer();
   void Play();
   void Check();
+  void CheckWhole(Connection& school);
   void CheckFigures();
   [[nodiscard]] std::string JournalOf(int process) const;
   [[nodiscard]] std::vector<Journal::Line> TakeFigures(int process);
 
   CrowdOptions options_;
   TempFolder folder_;
-  std::string school_;
+  SchoolAddress school_;
+  SchoolAddress owners_;  ///< the same, as who has made it
+  bool made_ = false;
   std::map<std::string, Diary::Table> before_;
   std::vector<Figures> figures_;
   std::vector<std::string> violations_;

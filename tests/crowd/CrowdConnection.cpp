@@ -4,10 +4,12 @@
 #include <chrono>
 #include <utility>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/LockList.h"
 #include "platform/RuntimeError.h"
 #include "tests/crowd/Diary.h"
 #include "tests/crowd/Grades.h"
+#include "tests/crowd/ServerDiary.h"
 #include "tests/walk/Statement.h"
 
 namespace quorvane::test {
@@ -21,21 +23,26 @@ constexpr std::string_view kGivesLocksBack = "DELETE FROM BloqueoPte";
 
 }  // namespace
 
-CrowdConnection::CrowdConnection(const std::string& path, std::string name, int process,
+sqlite::SqliteConnection& CrowdConnection::File() const {
+  return dynamic_cast<sqlite::SqliteConnection&>(*engine_);
+}
+
+CrowdConnection::CrowdConnection(const SchoolAddress& school, std::string name, int process,
                                  Fault fault, Journal& journal, Figures& figures)
     : Connection(std::move(name)),
-      engine_(path, ""),
+      onServer_(school.IsOdbc()),
+      engine_(school.Connect("")),
       process_(process),
       fault_(fault),
       journal_(journal),
       figures_(figures) {
-  if (fault_ == Fault::Wait) engine_.BusyWait(std::chrono::milliseconds(0));
+  if (fault_ == Fault::Wait) File().BusyWait(std::chrono::milliseconds(0));
 }
 
 void CrowdConnection::Open() {
   if (IsOpen()) return;
-  engine_.Open();
-  Diary::Keep(engine_, process_);
+  engine_->Open();
+  if (!onServer_) Diary::Keep(File(), process_);
 }
 
 void CrowdConnection::BeginForm(const std::string& name, bool entersGrades) {
@@ -43,7 +50,7 @@ void CrowdConnection::BeginForm(const std::string& name, bool entersGrades) {
   entersGrades_ = entersGrades;
   loads_ = true;
   hasSaved_ = false;
-  journal_.Write(Journal::Kind::Form, Diary::Last(engine_), name);
+  journal_.Write(Journal::Kind::Form, Diary::Last(*engine_), name);
 }
 
 void CrowdConnection::RemoveLeftovers() {
@@ -62,7 +69,7 @@ Recordset CrowdConnection::Time(const std::string& statement) {
     figures_[kLongest] = std::max(figures_[kLongest], std::int64_t{took.count()});
   };
   try {
-    auto rows = engine_.Execute(statement);
+    auto rows = engine_->Execute(statement);
     count();
     return rows;
   } catch (const RuntimeError&) {
@@ -81,13 +88,13 @@ bool CrowdConnection::Swallows(const std::string& statement) const {
 void CrowdConnection::NoteLoad(const std::string& statement) {
   if (!loads_ || statement.find(kLeavesOutLocked) == std::string::npos) return;
   loads_ = false;
-  journal_.Write(Journal::Kind::Load, Diary::Last(engine_), "");
+  journal_.Write(Journal::Kind::Load, Diary::Last(*engine_), "");
 }
 
 void CrowdConnection::CompareSaved() {
   for (const auto& statement : saved_)
-    if (engine_.Execute(ParseGradeUpdate(statement)->DifferingRows()).Fields(0).Long() != 0)
-      journal_.Write(Journal::Kind::Differs, Diary::Last(engine_), statement);
+    if (engine_->Execute(ParseGradeUpdate(statement)->DifferingRows()).Fields(0).Long() != 0)
+      journal_.Write(Journal::Kind::Differs, Diary::Last(*engine_), statement);
   saved_.clear();
 }
 
@@ -103,11 +110,18 @@ Recordset CrowdConnection::Run(const std::string& statement) {
     return {};
   }
   ++figures_[kWrites];
-  auto rows = Time(statement);
-  const auto changes = engine_.Execute("SELECT changes()").Fields(0).Long();
-  journal_.Write(Journal::Kind::Written, changes, statement);
+  journal_.Write(Journal::Kind::Written, Write(statement), statement);
   Note(statement);
-  return rows;
+  return {};
+}
+
+std::int64_t CrowdConnection::Write(const std::string& statement) {
+  if (onServer_) {
+    const auto rows = Time(ServerDiary::Signed(statement, process_));
+    return rows.IsOpen() ? static_cast<std::int64_t>(rows.RecordCount()) : 0;
+  }
+  Time(statement);
+  return engine_->Execute("SELECT changes()").Fields(0).Long();
 }
 
 void CrowdConnection::Note(const std::string& statement) {

@@ -1,12 +1,17 @@
 #pragma once
 
-#include <functional>
+#include <cstdint>
+#include <memory>
 #include <string>
 
-#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/SchoolAddress.h"
 #include "tests/crowd/CrowdOptions.h"
 #include "tests/crowd/Figures.h"
 #include "tests/crowd/Journal.h"
+
+namespace quorvane::sqlite {
+class SqliteConnection;
+}
 
 namespace quorvane::test {
 
@@ -16,33 +21,34 @@ namespace quorvane::test {
 class CrowdConnection : public Connection {
  public:
   /// `journal` and `figures` outlive the connection.
-  CrowdConnection(const std::string& path, std::string name, int process, Fault fault,
+  CrowdConnection(const SchoolAddress& school, std::string name, int process, Fault fault,
                   Journal& journal, Figures& figures);
 
   void Open() override;
-  void Close() override { engine_.Close(); }
-  [[nodiscard]] bool IsOpen() const override { return engine_.IsOpen(); }
-  [[nodiscard]] std::string DataSource() const override { return engine_.DataSource(); }
+  void Close() override { engine_->Close(); }
+  [[nodiscard]] bool IsOpen() const override { return engine_->IsOpen(); }
+  [[nodiscard]] std::string DataSource() const override { return engine_->DataSource(); }
 
   /// A grade form or the register is about to be loaded.
   void BeginForm(const std::string& name, bool entersGrades);
   /// Removes, from outside the forms, what one that is gone had taken and not given back.
   void RemoveLeftovers();
 
-  /// The same school, neither timed nor in the journal.
-  [[nodiscard]] sqlite::SqliteConnection& Engine() noexcept { return engine_; }
-
  protected:
   Recordset Run(const std::string& statement) override;
 
  private:
+  [[nodiscard]] sqlite::SqliteConnection& File() const;
   Recordset Time(const std::string& statement);
+  /// How many rows it has written.
+  std::int64_t Write(const std::string& statement);
   void Note(const std::string& statement);
   void NoteLoad(const std::string& statement);
   [[nodiscard]] bool Swallows(const std::string& statement) const;
   void CompareSaved();
 
-  sqlite::SqliteConnection engine_;
+  bool onServer_;
+  std::unique_ptr<Connection> engine_;
   int process_;
   Fault fault_;
   Journal& journal_;

@@ -21,6 +21,9 @@ struct CrowdOptions {
   int pause = 0;  ///< the longest that a user thinks between two gestures, in milliseconds
   std::string school = "300";  ///< "demo", a number of students to generate, or a file to copy
   std::string journalMode = "wal";
+  std::string odbc;   ///< of a database without tables, where the school is made; a file when empty
+  std::string owner;  ///< the same as who makes the tables; as who works when empty
+  int users = 8;      ///< whom the school knows, from 1 on
   std::string folder;  ///< where the school is; that for temporary files when empty
   Fault fault = Fault::None;
 };

@@ -1,6 +1,8 @@
 #include "tests/crowd/Diary.h"
 
+#include "apps/escuela/SchoolAddress.h"
 #include "frame/schema/SchoolSchema.h"
+#include "tests/crowd/ServerDiary.h"
 
 namespace quorvane::test {
 namespace {
@@ -22,6 +24,10 @@ std::string Trigger(int process, const std::string& table, const std::string& ac
          "," + after + "); END;";
 }
 
+bool OnServer(const Connection& school) {
+  return EngineReached(school) == sqltext::Engine::PostgreSql;
+}
+
 Diary::Action ActionOf(const std::string& name) {
   if (name == "INSERT") return Diary::Action::Insert;
   return name == "UPDATE" ? Diary::Action::Update : Diary::Action::Delete;
@@ -37,11 +43,14 @@ const std::vector<std::string>& Diary::Tables() {
 }
 
 std::vector<std::string> Diary::Columns(Connection& connection, const std::string& table) {
-  return connection.Execute("SELECT * FROM " + table + " WHERE 0=1").Names();
+  auto names = connection.Execute("SELECT * FROM " + table + " WHERE 0=1").Names();
+  std::erase(names, ServerDiary::kOwnColumn);
+  return names;
 }
 
-void Diary::Create(sqlite::SqliteConnection& school) {
-  school.ExecuteScript(
+void Diary::Create(Connection& school) {
+  if (OnServer(school)) return ServerDiary::Create(school);
+  school.Execute(
       "CREATE TABLE Diario (Numero INTEGER PRIMARY KEY AUTOINCREMENT, Proceso INTEGER, Tabla TEXT, "
       "Accion TEXT, Fila INTEGER, Antes TEXT, Despues TEXT)");
 }
@@ -79,8 +88,10 @@ std::map<std::string, Diary::Table> Diary::ReadAll(Connection& connection) {
   for (const auto& schema : SchoolTables()) {
     const std::string name(schema.name);
     auto& table = tables[name];
-    auto rows = connection.Execute("SELECT rowid AS Fila, " + Row(Columns(connection, name), "") +
-                                   " AS Valores FROM " + name);
+    const auto row = OnServer(connection)
+                         ? ServerDiary::RowNumber(name) + " AS Fila, " + ServerDiary::Row(name, "")
+                         : "rowid AS Fila, " + Row(Columns(connection, name), "");
+    auto rows = connection.Execute("SELECT " + row + " AS Valores FROM " + name);
     for (; !rows.Eof(); rows.MoveNext())
       table.emplace(rows.Fields("Fila").Long(), rows.Fields("Valores").Text());
   }

@@ -10,8 +10,9 @@
 namespace quorvane::test {
 
 /// What has been done to the tables that the module writes, row by row and in the one order in
-/// which the database took it. The engine writes it along with each statement, by triggers that
-/// belong to the connection and bear the number of its process; the module sees none of it.
+/// which the database took it. The engine writes it along with each statement, in a file by
+/// triggers that belong to the connection and bear the number of its process, on a server as
+/// `ServerDiary` tells; the module sees none of it.
 class Diary {
  public:
   enum class Action { Insert, Update, Delete };
@@ -31,8 +32,8 @@ class Diary {
   using Table = std::map<std::int64_t, std::string>;
 
   /// Makes the diary's table in a school.
-  static void Create(sqlite::SqliteConnection& school);
-  /// From now on what this connection does is in the diary.
+  static void Create(Connection& school);
+  /// From now on what this connection to a file does is in the diary.
   static void Keep(sqlite::SqliteConnection& connection, int process);
   /// The number of the last entry, 0 for none.
   static std::int64_t Last(Connection& connection);

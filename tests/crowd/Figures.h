@@ -29,7 +29,7 @@ inline constexpr const char* kLongest = "espera más larga";
 inline constexpr const char* kRemoved = "publicaciones que dejó un error";
 inline constexpr const char* kBusy = "otros errores de la base de datos";
 
-/// A table: a column a process and one for all.
+/// A table: a column a process, where there is room for them, and one for all.
 void PrintFigures(std::ostream& out, std::vector<Figures> processes, double seconds);
 
 }  // namespace quorvane::test

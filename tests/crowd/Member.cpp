@@ -4,8 +4,10 @@
 #include <thread>
 #include <utility>
 
+#include "apps/escuela/StandbyConnection.h"
 #include "frame/cAsignarDatos.h"
 #include "platform/controls/FormInstances.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane::test {
 namespace {
@@ -13,7 +15,7 @@ namespace {
 constexpr int kRegisterNode = 123;
 constexpr int kGradeNodes = 4;
 /// Subjects of some kinds can't be loaded by some forms, however many users there are.
-constexpr const char* kMissingColumn = "no such column: CodAlumno_MateriaDetalles";
+constexpr const char* kMissingColumn = "CodAlumno_MateriaDetalles";
 
 bool IsRegister(const Form& form) { return form.Name() == "frmAlumnoPendiente"; }
 
@@ -22,13 +24,27 @@ bool EntersGrades(const Form& form) {
   return form.Name().starts_with("frmNota") && !form.Name().ends_with("1");
 }
 
+/// What the engine tells of it: in a file by name, on a server by its state.
+bool IsCollision(const std::string& text) {
+  return text.starts_with("UNIQUE constraint failed") || text.starts_with("[23505] ");
+}
+
+bool IsMissingColumn(const std::string& text) {
+  const auto told = text.starts_with("no such column: ") || text.starts_with("[42703] ");
+  return told && AsciiLower(text).find(AsciiLower(kMissingColumn)) != std::string::npos;
+}
+
+/// Without what differs from one time to the other: the key that stands, and the driver's remark.
+std::string Kind(const std::string& text) { return text.substr(0, text.find_first_of(";\n")); }
+
 }  // namespace
 
-Member::Member(int number, const CrowdOptions& options, std::string school,
+Member::Member(int number, const CrowdOptions& options, SchoolAddress school,
                const std::string& journal)
     : number_(number),
       fault_(number == 1 ? options.fault : Fault::None),
       pause_(options.pause),
+      users_(options.users),
       school_(std::move(school)),
       journal_(journal),
       random_(options.seed * 1000 + static_cast<std::uint64_t>(number)),
@@ -38,9 +54,12 @@ Member::Member(int number, const CrowdOptions& options, std::string school,
   user_.Limit(std::numeric_limits<std::uint64_t>::max());
 }
 
-void Member::Play(Clock::time_point until) {
-  until_ = until;
-  while (Clock::now() < until_) UseProgram();
+void Member::Play(std::chrono::seconds time) {
+  auto open = OpenProgram();
+  // Many who come at once wait at a server's door: the time counts from within.
+  until_ = Clock::now() + time;
+  for (; Clock::now() < until_; open = OpenProgram())
+    if (open) UseProgram();
   figures_[kGestures] = static_cast<std::int64_t>(user_.Gestures());
   for (const auto& [name, count] : figures_.counts)
     journal_.Write(Journal::Kind::Figure, count, name);
@@ -48,27 +67,31 @@ void Member::Play(Clock::time_point until) {
     journal_.Write(Journal::Kind::Figure, times, "error " + error);
 }
 
-void Member::UseProgram() {
+bool Member::OpenProgram() {
   const auto open = [this](const char* name) {
     return std::make_unique<CrowdConnection>(school_, name, number_, fault_, journal_, figures_);
   };
   centro_ = open("centro");
-  borrado_ = open("borrado");
+  borrado_ = std::make_unique<StandbyConnection>(open(""), "borrado");
   entrada_ = open("entrada");
   try {
-    for (auto* const connection : {centro_.get(), borrado_.get(), entrada_.get()})
-      connection->Open();
+    for (auto* const connection : {centro_.get(), entrada_.get()}) connection->Open();
   } catch (const RuntimeError& error) {
     Recover(error);
-    return;
+    return false;
   }
+  return true;
+}
+
+void Member::UseProgram() {
   for (auto screens = 1 + random_.Below(8); screens > 0 && Clock::now() < until_; --screens)
     OpenScreen();
 }
 
 void Member::OpenScreen() {
-  constexpr std::size_t kUsers = 8;
-  const auto user = random_.Chance(70) ? number_ : 1 + static_cast<int>(random_.Below(kUsers));
+  const auto users = static_cast<std::size_t>(users_);
+  const auto own = 1 + (number_ - 1) % users_;
+  const auto user = random_.Chance(70) ? own : 1 + static_cast<int>(random_.Below(users));
   host_.SignIn({*centro_, *borrado_, *entrada_}, user);
   const auto node = random_.Chance(5)
                         ? kRegisterNode
@@ -82,10 +105,10 @@ void Member::OpenScreen() {
 
 void Member::CountError(const RuntimeError& error) {
   const auto text = error.Description();
-  ++figures_.errors[std::to_string(error.Number()) + " " + text];
-  if (text.starts_with("UNIQUE constraint failed"))
+  ++figures_.errors[std::to_string(error.Number()) + " " + Kind(text)];
+  if (IsCollision(text))
     ++figures_[kCollisions];
-  else if (error.Is(ErrorNumber::StatementFailed) && !text.starts_with(kMissingColumn))
+  else if (error.Is(ErrorNumber::StatementFailed) && !IsMissingColumn(text))
     ++figures_[kBusy];
 }
 

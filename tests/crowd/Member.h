@@ -24,9 +24,9 @@ class Member : public Onlooker {
   using Clock = std::chrono::steady_clock;
 
   /// `number` from 1. The school is there; the journal is made.
-  Member(int number, const CrowdOptions& options, std::string school, const std::string& journal);
+  Member(int number, const CrowdOptions& options, SchoolAddress school, const std::string& journal);
 
-  void Play(Clock::time_point until);
+  void Play(std::chrono::seconds time);
 
   void Loading(Form& form) override;
   void Opened(Form& form) override;
@@ -35,6 +35,7 @@ class Member : public Onlooker {
   void Told(const std::string& text) override;
 
  private:
+  [[nodiscard]] bool OpenProgram();
   void UseProgram();
   void OpenScreen();
   void CountError(const RuntimeError& error);
@@ -44,7 +45,8 @@ class Member : public Onlooker {
   int number_;
   Fault fault_;
   int pause_;
-  std::string school_;
+  int users_;
+  SchoolAddress school_;
   Journal journal_;
   Figures figures_;
   Prng random_;
@@ -53,7 +55,7 @@ class Member : public Onlooker {
   RandomHost host_;
   Clock::time_point until_;
   std::unique_ptr<CrowdConnection> centro_;
-  std::unique_ptr<CrowdConnection> borrado_;
+  std::unique_ptr<Connection> borrado_;  ///< as in the programs: opened when used
   std::unique_ptr<CrowdConnection> entrada_;
 };
 

@@ -19,6 +19,9 @@ azar. Después comprueba, apunte por apunte, que nadie ha perdido lo que grabó.
   --pausa N       hasta cuántos milisegundos piensa cada uno entre dos gestos (0)
   --escuela E     demo, un número de alumnos o una base de datos, que se copia (300)
   --diario M      journal_mode de la base de datos: wal o delete (wal)
+  --odbc CADENA   la escuela, en una base de datos de PostgreSQL aún sin tablas; al
+                  terminar se quitan
+  --duena CADENA  lo mismo, como quien hace las tablas; sin ella, el de --odbc
   --carpeta D     dónde poner la escuela (la de los ficheros temporales)
   --falta F       el primero hace mal a propósito: nota, bloqueo, perdida o espera;
                   termina bien si se descubre
@@ -63,6 +66,8 @@ int main(int argc, char** argv) {
       .Positive("--pausa", options.pause)
       .Text("--escuela", options.school)
       .OneOf("--diario", options.journalMode, {{"wal", "wal"}, {"delete", "delete"}})
+      .Text("--odbc", options.odbc)
+      .Text("--duena", options.owner)
       .Text("--carpeta", options.folder)
       .OneOf("--falta", options.fault,
              {{"nota", Fault::Grade},

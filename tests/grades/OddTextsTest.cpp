@@ -46,7 +46,7 @@ class OddSchool : public GradeSchool {
       const std::string name = column;
       const auto point = name.find('.');
       Sql("UPDATE " + name.substr(0, point) + " SET " + name.substr(point + 1) + "='" +
-          Doubled(text, '\'') + "'||rowid");
+          Doubled(text, '\'') + "'||ID" + name.substr(0, point));
     }
   }
 };

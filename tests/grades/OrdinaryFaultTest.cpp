@@ -194,7 +194,7 @@ TEST_P(OrdinaryValuesTest, NullsAreNothing) {
 
 TEST_P(OrdinaryValuesTest, NamesMayHoldAnything) {
   school_.Sql(
-      "UPDATE Alumno SET Nombre='O''Neil \"Bo\" [x]'||char(9)||'{1}', OrdenSeccion=NULL WHERE "
+      "UPDATE Alumno SET Nombre='O''Neil \"Bo\" [x]\t{1}', OrdenSeccion=NULL WHERE "
       "IDAlumno=1;"
       "UPDATE Materia SET Nombre='Física, ''química'' {1}' WHERE IDMateria=1");
   const auto result =

@@ -1,9 +1,10 @@
 #include <string>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/SchoolAddress.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/ScriptRun.h"
+#include "tests/support/ServerSchools.h"
 #include "tests/support/TestSchool.h"
 
 // A year of 3º ESO A in the sample school, from the register to the second final, by the hands of
@@ -21,9 +22,10 @@ namespace {
 class NewYear : public TestSchool {
  public:
   NewYear() {
-    sqlite::SqliteConnection connection(Path(), "");
-    connection.Open();
-    DemoSchool(connection).Build();
+    if (OnServer())
+      DemoSchool(OwnersConnection(Path())).Build();
+    else
+      DemoSchool(*SchoolAddress::File(Path()).Open("")).Build();
     Sql("UPDATE EvaluacionPte SET Evaluado=0, CodNota=0, CodNotaActitud=0, CodNotaObservacion=0, "
         "CodNotaConcepto=0, CodNotaProcedimiento=0, UltimaEvaluada=0;"
         "UPDATE EvaluacionActaPte SET Evaluado=0, CodNota=0, CodNotaObservacion=0, RE_AC_DIV=0, "

@@ -128,6 +128,27 @@ TEST_F(PostgreSqlTest, SameKeyTwiceIsAnError) {
               StartsWith("[23505] ERROR: duplicate key value"));
 }
 
+TEST_F(PostgreSqlTest, RowsComeInTheOrderOfAFile) {
+  for (const auto* const row : {"(2,1)", "(1,2)", "(NULL,3)", "(1,4)"})
+    teacher.Execute(std::string("INSERT INTO Profesor_Pte VALUES ") + row);
+  teacher.Execute("UPDATE Profesor_Pte SET CodProfesor=1 WHERE CodMatDet=2");
+  const std::string select = "SELECT CodMatDet, CodProfesor FROM Profesor_Pte";
+  EXPECT_THAT(RunRows(teacher, select), ElementsAre("1|2", "2|1", "3|NULL", "4|1"));
+  EXPECT_THAT(RunRows(teacher, select + " ORDER BY CodProfesor"),
+              ElementsAre("3|NULL", "2|1", "4|1", "1|2"));
+  EXPECT_THAT(RunRows(teacher, select + " ORDER BY CodProfesor DESC"),
+              ElementsAre("1|2", "2|1", "4|1", "3|NULL"));
+}
+
+TEST_F(PostgreSqlTest, OfAComparedSelectTheFirstRowCounts) {
+  for (const auto* const row : {"(1,2)", "(1,2)"})
+    teacher.Execute(std::string("INSERT INTO Profesor_Pte VALUES ") + row);
+  EXPECT_THAT(RunRows(teacher,
+                      "SELECT 7 FROM Profesor_Pte WHERE CodMatDet=(SELECT CodMatDet FROM "
+                      "Profesor_Pte WHERE CodProfesor=1)"),
+              ElementsAre("7", "7"));
+}
+
 TEST_F(PostgreSqlTest, WhoWorksMayNotWriteTheSchoolsOwnTables) {
   EXPECT_THAT(ErrorOf(teacher, "DELETE FROM Alumno"),
               StartsWith("[42501] ERROR: permission denied for table alumno"));

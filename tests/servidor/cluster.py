@@ -40,7 +40,7 @@ def become_server():
     ctypes.CDLL(None).prctl(1, signal.SIGQUIT)  # PR_SET_PDEATHSIG
 
 
-def _free_port():
+def free_port():
     with socket.socket() as probe:
         probe.bind(('127.0.0.1', 0))
         return probe.getsockname()[1]
@@ -53,7 +53,7 @@ class Cluster:
         if os.getuid() == 0:
             shutil.chown(self.folder, 'postgres', 'postgres')
         self.folder.chmod(0o755)
-        self.port = _free_port()
+        self.port = free_port()
         self.settings = {**SETTINGS, **settings}
         self.process = None
         self._run('initdb', '-D', str(self.data), '-U', 'postgres', '--auth=scram-sha-256',

@@ -1,37 +1,56 @@
 #!/usr/bin/env python3
-"""con_servidor.py [--duena] [--duradero] PROGRAM [ARGUMENT...]: runs a program beside a server of its own.
+"""con_servidor.py [--duena] [--duradero] [--repartidor N] PROGRAM [ARGUMENT...]: runs a program beside a
+server of its own.
 
 The program finds in its environment how to reach it: QUORVANE_PRUEBAS_SERVIDOR as who works on a
 school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone. With --duena the
-first is the second's too, for tests whose scripts change what only the school's owner may change. With
---duradero what is written reaches the disk, and the tables are looked after, as on a school's server.
+first is the second's too, for tests whose scripts change what only the school's owner may change.
+An argument {zendria} or {duena} is the string of one of them with a database that has no tables yet.
+
+--duradero: the server writes to its disk before it answers, and tidies up, as one does that isn't thrown
+away. --repartidor N: who works reaches it through PgBouncer in transaction mode with N connections.
 """
+import argparse
+import contextlib
 import os
+import resource
 import signal
 import subprocess
 import sys
 
 from cluster import OWNER, USER, Cluster
+from pooler import Pooler
 
-DURABLE = {name: 'on' for name in ('fsync', 'full_page_writes', 'synchronous_commit', 'autovacuum')}
+STACK = 64 << 20
+DURABLE = {'fsync': 'on', 'full_page_writes': 'on', 'synchronous_commit': 'on', 'autovacuum': 'on',
+           'shared_buffers': '128MB'}
 
 
 def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
-    arguments = sys.argv[1:]
-    user, settings = USER, {}
-    while arguments[0].startswith('--'):
-        option = arguments.pop(0)
-        if option == '--duena':
-            user = OWNER
-        elif option == '--duradero':
-            settings = DURABLE
-        else:
-            raise SystemExit(f'Opción desconocida: {option}')
-    with Cluster(**settings) as cluster:
-        environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': cluster.string(user),
-                       'QUORVANE_PRUEBAS_DUENA': cluster.string(OWNER)}
-        return subprocess.run(arguments, env=environment).returncode
+    parser = argparse.ArgumentParser()
+    parser.add_argument('--duena', action='store_true')
+    parser.add_argument('--duradero', action='store_true')
+    parser.add_argument('--repartidor', type=int)
+    parser.add_argument('command', nargs=argparse.REMAINDER)
+    asked = parser.parse_args()
+    with Cluster(**(DURABLE if asked.duradero else {})) as cluster, contextlib.ExitStack() as stack:
+        pooler = stack.enter_context(Pooler(cluster, asked.repartidor)) if asked.repartidor else None
+        owner = cluster.string(OWNER)
+        user = cluster.string(USER, Port=pooler.port if pooler else cluster.port)
+        named = {'{zendria}': f'{user};Database=escuela', '{duena}': f'{owner};Database=escuela'}
+        if set(named) & set(asked.command):
+            cluster.sql(f'CREATE DATABASE escuela OWNER {OWNER}')
+        environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': owner if asked.duena else user,
+                       'QUORVANE_PRUEBAS_DUENA': owner}
+        # The sanitizers' frames are large, and shows nest.
+        resource.setrlimit(resource.RLIMIT_STACK, (STACK, resource.getrlimit(resource.RLIMIT_STACK)[1]))
+        status = subprocess.run([named.get(word, word) for word in asked.command],
+                                env=environment).returncode
+        if not pooler:
+            return status
+        print(f'Conexiones con el servidor a la vez: {pooler.most}, por {asked.repartidor} de PgBouncer')
+        return status if 1 < pooler.most <= asked.repartidor else 1
 
 
 if __name__ == '__main__':

@@ -29,7 +29,7 @@ TEST(DialectTest, OnSqlServerOnlyTheOrderOfAUnionChanges) {
 TEST(DialectTest, PostgreSqlJoinsTextsWithBarsAndQuotesNames) {
   EXPECT_EQ(Put(kStatement, Engine::PostgreSql),
             "SELECT A.x || ' ' || y AS N, z FROM \"a\" LEFT JOIN (B LEFT JOIN C ON C.i=B.c) ON "
-            "B.i=A.b UNION SELECT x, z FROM D ORDER BY z");
+            "B.i=A.b UNION SELECT x, z FROM D ORDER BY z NULLS FIRST, 1,2");
 }
 
 TEST(DialectTest, SqliteWalksNestedJoinsAsAChain) {

@@ -1,15 +1,14 @@
 #include "tests/support/ServerSchools.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <map>
 #include <memory>
-#include <stdexcept>
 #include <unistd.h>
 #include <vector>
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "frame/schema/SchoolSchema.h"
+#include "tests/support/ServerRights.h"
 
 namespace quorvane::test {
 namespace {
@@ -17,18 +16,6 @@ namespace {
 std::string Variable(const char* name) {
   const auto* const value = std::getenv(name);
   return value == nullptr ? std::string() : value;
-}
-
-/// What the document tells to grant to who works on a school.
-std::vector<std::string> Grants() {
-  std::ifstream document(QUORVANE_SERVER_DOCUMENT);
-  std::vector<std::string> grants;
-  for (std::string line; std::getline(document, line);)
-    if (line.starts_with("GRANT ") && line.find(" ON ") != std::string::npos &&
-        line.find(" ON dbo.") == std::string::npos && line.find("DATABASE") == std::string::npos)
-      grants.push_back(line);
-  if (grants.empty()) throw std::runtime_error("no rights in " QUORVANE_SERVER_DOCUMENT);
-  return grants;
 }
 
 /// All tables and columns.
@@ -53,7 +40,7 @@ std::string Make(std::size_t number) {
   server.Execute("CREATE DATABASE " + name);
   auto& school = OwnersConnection(name);
   for (const auto& statement : SchemaStatements(PostgreSqlSchema())) school.Execute(statement);
-  for (const auto& grant : Grants()) school.Execute(grant);
+  for (const auto& grant : ServerRights()) school.Execute(grant);
   if (Shape().empty()) Shape() = Shape(school);
   return name;
 }

@@ -5,10 +5,19 @@
 namespace quorvane::test {
 namespace {
 
-/// One row of the table, picked by that number.
+/// The columns by which a row is told from the others.
+std::string KeyOf(const std::string& table) {
+  if (table == "BloqueoPte")
+    return "CodProfesor,CodNumEvaluacion,CodMatDet,CodUsuario,CodPublicacion";
+  return "ID" + table;
+}
+
+/// One row of the table, picked by that number, in the SQL that all engines have.
 std::string OneOf(const std::string& table, const std::string& number) {
-  return " WHERE rowid=(SELECT rowid FROM " + table + " ORDER BY rowid LIMIT 1 OFFSET " + number +
-         "%MAX(1,(SELECT COUNT(*) FROM " + table + ")))";
+  const auto key = KeyOf(table);
+  return " WHERE (" + key + ")=(SELECT " + key + " FROM " + table + " ORDER BY " + key +
+         " LIMIT 1 OFFSET " + number +
+         "%(SELECT CASE WHEN COUNT(*)=0 THEN 1 ELSE COUNT(*) END FROM " + table + "))";
 }
 
 std::string Pick(const std::string& column, const std::string& table, const std::string& number) {
@@ -23,8 +32,8 @@ std::string Publications(Prng& random, const std::string& number) {
            "WHERE IDPublicacionPte NOT IN (SELECT CodPublicacion FROM BloqueoPte)";
   const auto user = std::to_string(1 + random.Below(6));
   const auto evaluation = std::to_string(1 + random.Below(6));
-  return "INSERT INTO PublicacionPte (CodProfesor,CodPropietario,CodSeccion,CodNumEvaluacion) "
-         "VALUES (0," +
+  return "INSERT INTO PublicacionPte VALUES ((SELECT COALESCE(MAX(IDPublicacionPte),0)+1 FROM "
+         "PublicacionPte),0," +
          user + ",4," + evaluation + ");INSERT INTO BloqueoPte VALUES (0," + evaluation + "," +
          Pick("IDMateriaDetalles", "MateriaDetalles", number) + "," + user +
          ",(SELECT MAX(IDPublicacionPte) FROM PublicacionPte))";

@@ -13,7 +13,15 @@ namespace quorvane::test {
 
 School::School(Prng& random) : sqlServer_(random.Chance(30)) {
   Open();
-  engine_.ExecuteScript(RandomSchool(random, sqlServer_).Script());
+  Script(RandomSchool(random, sqlServer_).Script());
+}
+
+School::School(Prng& random, const ServerPlace& place)
+    : teacher_(place.teacher), owner_(place.owner), sqlServer_(random.Chance(30)) {
+  Observe();
+  std::string script;
+  for (const auto& table : SchoolTables()) script += "DELETE FROM " + table.name + ";";
+  Script(script + RandomSchool(random, sqlServer_).Script());
 }
 
 School::School(Sample /*which*/) {
@@ -24,6 +32,10 @@ School::School(Sample /*which*/) {
 void School::Open() {
   engine_.Open();
   engine_.ExecuteScript(std::string(SqliteSchema()));
+  Observe();
+}
+
+void School::Observe() {
   for (auto* connection : {&centro_, &borrado_, &entrada_})
     connection->Observe(
         [this](const Connection& /*watched*/, const std::string& statement) { Watch(statement); });
@@ -38,7 +50,19 @@ void School::Watch(const std::string& statement) {
   if (Executing) Executing(statement);
 }
 
-void School::Disturb(Prng& random) { engine_.ExecuteScript(RandomDisturbance(random)); }
+void School::Script(const std::string& statements) {
+  // A driver takes several at once; a file's connection only where it is told.
+  if (engine_.IsOpen())
+    engine_.ExecuteScript(statements);
+  else
+    owner_.Execute(statements);
+}
+
+void School::OrderRows() noexcept {
+  for (auto* connection : {&centro_, &borrado_, &entrada_}) connection->OrderRows();
+}
+
+void School::Disturb(Prng& random) { Script(RandomDisturbance(random)); }
 
 void School::FailStatement(int number) noexcept {
   untilFailure_ = number;

@@ -3,19 +3,29 @@
 #include <functional>
 #include <string>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/Prng.h"
 #include "tests/walk/SchoolConnection.h"
 
 namespace quorvane::test {
 
-/// A small school in memory, with the connections that a host has to it. It watches the module's
-/// statements, and can have one of them fail.
+/// Where a school is on a server: two open connections to one database with all tables, as who
+/// works on it and as its owner.
+struct ServerPlace {
+  Connection& teacher;
+  Connection& owner;
+};
+
+/// A small school in memory or on a server, with the connections that a host has to it. It watches
+/// the module's statements, and can have one of them fail.
 class School {
  public:
   struct Sample {};
 
   /// A random one.
   explicit School(Prng& random);
+  /// A random one in the place of what the database holds.
+  School(Prng& random, const ServerPlace& place);
   /// The sample school, in which nothing is odd.
   explicit School(Sample which);
   School(School&&) = delete;
@@ -25,7 +35,10 @@ class School {
   [[nodiscard]] SchoolConnection& Borrado() noexcept { return borrado_; }
   [[nodiscard]] SchoolConnection& Entrada() noexcept { return entrada_; }
   /// A connection that nobody watches: of another user, or of whoever looks at the tables.
-  [[nodiscard]] sqlite::SqliteConnection& Unwatched() noexcept { return engine_; }
+  [[nodiscard]] Connection& Unwatched() noexcept { return owner_; }
+
+  /// What a statement of the module leaves unordered comes as from a server.
+  void OrderRows() noexcept;
 
   /// The flags are those of SQL Server.
   [[nodiscard]] bool SqlServer() const noexcept { return sqlServer_; }
@@ -45,12 +58,16 @@ class School {
 
  private:
   void Open();
+  void Observe();
+  void Script(const std::string& statements);
   void Watch(const std::string& statement);
 
   sqlite::SqliteConnection engine_{":memory:", "", sqlite::OpenMode::Create};
-  SchoolConnection centro_{"centro", engine_};
-  SchoolConnection borrado_{"borrado", engine_};
-  SchoolConnection entrada_{"entrada", engine_};
+  Connection& teacher_ = engine_;
+  Connection& owner_ = engine_;
+  SchoolConnection centro_{"centro", teacher_};
+  SchoolConnection borrado_{"borrado", teacher_};
+  SchoolConnection entrada_{"entrada", teacher_};
   bool sqlServer_ = false;
   bool written_ = false;
   bool failed_ = false;

@@ -35,7 +35,9 @@ void Walk::Run() {
 
 void Walk::NewSchool() {
   watch_.reset();
-  school_ = std::make_unique<School>(random_);
+  school_ = place_ ? std::make_unique<School>(random_, *place_) : std::make_unique<School>(random_);
+  if (ordered_) school_->OrderRows();
+  school_->Executing = [this](const std::string& statement) { history_.Transcribe(statement); };
   watch_ = std::make_unique<Watch>(*school_);
   user_.UseOnlooker(*watch_);
   nextSchool_ = user_.Gestures() + kGesturesOfSchool;
@@ -71,7 +73,8 @@ void Walk::OpenScreen() {
 }
 
 void Walk::Recover(int node, const RuntimeError& error) {
-  history_.Add("error " + std::to_string(error.Number()) + " " + error.Description());
+  history_.Note("error " + std::to_string(error.Number()) + " " + error.Description());
+  history_.Transcribe("error " + std::to_string(error.Number()));
   ++errors_[user_.Shown().LastForm() + " " + std::to_string(error.Number()) + " " +
             error.Description()];
   FormInstances::DropAll();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -25,6 +26,11 @@ class Walk {
   /// `history` outlives the walk.
   Walk(const WalkOptions& options, History& history);
 
+  /// On schools in that database, both of whose connections outlive the walk.
+  void OnServer(const ServerPlace& place) { place_.emplace(place); }
+  /// What a statement leaves unordered comes as from a server.
+  void OrderRows() noexcept { ordered_ = true; }
+
   /// Returns at its end, with everything as it should be. `Violation` when it isn't.
   void Run();
 
@@ -41,6 +47,8 @@ class Walk {
   void OpenAllScreens();
 
   WalkOptions options_;
+  std::optional<ServerPlace> place_;
+  bool ordered_ = false;
   Prng random_;
   History& history_;
   RandomUser user_;

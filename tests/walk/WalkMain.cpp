@@ -30,21 +30,21 @@ void TellWhere() {
 
 int WalkMain(const WalkProgram& program, int argc, char** argv) {
   auto options = program.defaults;
-  return ProgramOptions(program.name, program.usage)
-      .Positive("--gestos", options.gestures)
-      .Positive("--semilla", options.seed)
-      .Run(argc, argv, [&] {
-        nameNow = program.name;
-        seedNow = options.seed;
-        if (__sanitizer_set_death_callback != nullptr) __sanitizer_set_death_callback(TellWhere);
-        try {
-          program.run(options, TheHistory());
-        } catch (...) {
-          TellWhere();
-          throw;
-        }
-        return 0;
-      });
+  ProgramOptions arguments(program.name, program.usage);
+  arguments.Positive("--gestos", options.gestures).Positive("--semilla", options.seed);
+  if (program.onServer) arguments.Text("--odbc", options.odbc).Text("--duena", options.owner);
+  return arguments.Run(argc, argv, [&] {
+    nameNow = program.name;
+    seedNow = options.seed;
+    if (__sanitizer_set_death_callback != nullptr) __sanitizer_set_death_callback(TellWhere);
+    try {
+      program.run(options, TheHistory());
+    } catch (...) {
+      TellWhere();
+      throw;
+    }
+    return 0;
+  });
 }
 
 }  // namespace quorvane::test
