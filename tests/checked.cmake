@@ -35,7 +35,9 @@ foreach(library quorvane quorvane_sqltext quorvane_sqlite quorvane_odbc quorvane
   target_link_libraries(quorvane_checked PUBLIC ${linked})
 endforeach()
 # The tools that read the compile commands see each file once, as it is built for use.
-set_target_properties(quorvane_checked PROPERTIES EXPORT_COMPILE_COMMANDS OFF)
+# And as nobody compiles it by the file, what the files share is compiled once for several of them.
+set_target_properties(quorvane_checked PROPERTIES EXPORT_COMPILE_COMMANDS OFF UNITY_BUILD ON
+                                                  UNITY_BUILD_BATCH_SIZE 16)
 compile_headers_once(quorvane_checked)
 set_source_files_properties(${version_source} PROPERTIES COMPILE_DEFINITIONS ${version_definition})
 

@@ -15,7 +15,7 @@ namespace {
 
 FrontEnd& Screen() { return Application::Instance().Screen(); }
 
-std::int32_t Length(std::int32_t length) {
+std::int32_t WindowLength(std::int32_t length) {
   if (length < 0) throw RuntimeError(ErrorNumber::InvalidProperty);
   return length;
 }
@@ -37,8 +37,8 @@ void Form::Icon(std::string file) { Assign(icon_, std::move(file)); }
 void Form::Enabled(bool enabled) { Assign(enabled_, enabled); }
 void Form::Left(std::int32_t left) { Assign(left_, left); }
 void Form::Top(std::int32_t top) { Assign(top_, top); }
-void Form::Width(std::int32_t width) { ChangeSize(Length(width), height_); }
-void Form::Height(std::int32_t height) { ChangeSize(width_, Length(height)); }
+void Form::Width(std::int32_t width) { ChangeSize(WindowLength(width), height_); }
+void Form::Height(std::int32_t height) { ChangeSize(width_, WindowLength(height)); }
 
 void Form::ChangeSize(std::int32_t width, std::int32_t height) {
   const auto wider = Assign(width_, width);
@@ -116,7 +116,7 @@ void Form::Shown() {
 
 void Form::ResizeByUser(std::int32_t width, std::int32_t height) {
   const auto self = shared_from_this();
-  ChangeSize(Length(width), Length(height));
+  ChangeSize(WindowLength(width), WindowLength(height));
 }
 
 void Form::CloseByUser() {

@@ -29,8 +29,9 @@ File OpenFromEnvironment() {
     TellUnwritable();
     return nullptr;
   }
-  // A line leaves the buffer in one write, so that processes don't mix theirs.
-  std::setvbuf(file.get(), nullptr, _IOFBF, std::size_t{1} << 20U);
+  // Without a buffer a line goes out in one write, however long, so that processes don't mix
+  // theirs.
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
   return file;
 }
 
@@ -46,9 +47,7 @@ void StatementTrace::Write(const std::string& connection, const std::string& sta
   static auto file = OpenFromEnvironment();
   if (file == nullptr || silences > 0) return;
   const auto line = "sql " + connection + " " + statement + "\n";
-  if (std::fwrite(line.data(), 1, line.size(), file.get()) == line.size() &&
-      std::fflush(file.get()) == 0)
-    return;
+  if (std::fwrite(line.data(), 1, line.size(), file.get()) == line.size()) return;
   // A trace with holes would tell of a session that never was: it ends here.
   TellUnwritable();
   file.reset();

@@ -6,7 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-constexpr const char* kHeading = "Orden en Sección / Alumno|Nota||||Observación|";
+constexpr const char* kSectionHeading = "Orden en Sección / Alumno|Nota||||Observación|";
 using NotaSeccionMateriaTest = OneFormTest<kSectionBySubject>;
 
 // Its caption is the kind's name; the pane of the tutor then puts that of the kind of grade.
@@ -28,8 +28,9 @@ TEST_F(NotaSeccionMateriaTest, SubjectsOfTheStudentStandInTheirOrder) {
   EXPECT_THAT(form.Entries("cboMaterias"),
               ElementsAre("Lengua (1º ESO)=1", "Matemáticas (1º ESO)=2"));
   EXPECT_THAT(FormView(result, 1).Cells("rtvNotasAlumno"),
-              ElementsAre(kHeading, "2   Díaz Cano, Marta||||||1"));
-  EXPECT_THAT(form.Cells("rtvNotasAlumno"), ElementsAre(kHeading, "2   Díaz Cano, Marta|7|||||1"));
+              ElementsAre(kSectionHeading, "2   Díaz Cano, Marta||||||1"));
+  EXPECT_THAT(form.Cells("rtvNotasAlumno"),
+              ElementsAre(kSectionHeading, "2   Díaz Cano, Marta|7|||||1"));
   EXPECT_THAT(form.Widths("rtvNotasAlumno"), ElementsAre(3000, 2000, 0, 0, 0, 2000, 0));
 }
 
@@ -43,7 +44,7 @@ TEST_F(NotaSeccionMateriaTest, StudentWhoHasLeftMeanwhileIsStillLoaded) {
                 Tutor());
   EXPECT_THAT(result.Of("mensaje"), IsEmpty());
   EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"),
-              ElementsAre(kHeading, "12 Díaz Cano, Marta||||||1"));
+              ElementsAre(kSectionHeading, "12 Díaz Cano, Marta||||||1"));
 }
 
 TEST_F(NotaSeccionMateriaTest, SubjectThatTheUserMayNotSeeIsNotOffered) {

@@ -27,7 +27,7 @@ void Prepare(const GradeSchool& school) {
 }
 
 // Every statement of a session, in as many parts as can be run side by side.
-constexpr int kParts = 4;
+constexpr int kShares = 4;
 
 class OrdinaryFailureTest : public ::testing::TestWithParam<std::tuple<OrdinaryForm, int>> {
  protected:
@@ -49,7 +49,7 @@ TEST_P(OrdinaryFailureTest, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
   const GradeSchool expected;
   Prepare(expected);
   auto replayed = all.begin();
-  for (auto k = static_cast<std::size_t>(std::get<1>(GetParam())); k <= statements; k += kParts) {
+  for (auto k = static_cast<std::size_t>(std::get<1>(GetParam())); k <= statements; k += kShares) {
     SCOPED_TRACE("fallo " + std::to_string(k));
     const GradeSchool school;
     Prepare(school);
@@ -77,7 +77,7 @@ TEST_P(OrdinaryFailureTest, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
 
 INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryFailureTest,
                          ::testing::Combine(::testing::ValuesIn(OrdinaryForms()),
-                                            ::testing::Range(1, kParts + 1)),
+                                            ::testing::Range(1, kShares + 1)),
                          [](const auto& part) {
                            return std::get<0>(part.param).name +
                                   std::to_string(std::get<1>(part.param));

@@ -7,7 +7,7 @@
 namespace quorvane::test {
 namespace {
 
-const std::string kStudents = Sql(expected::kStudents, {321});
+const std::string kStudentsRead = Sql(expected::kStudents, {321});
 const std::string kFlags = Sql(expected::kSectionFlags, {321});
 const std::string kObservation = Sql(expected::kObservationByGrade, {3});
 
@@ -30,7 +30,7 @@ const OrdinaryForm kByStudent = {.name = "frmNotaManual",
                                  .nothing = "No existen alumnos o materias para introducir notas",
                                  .secondMessage = true,
                                  .toStepTwo = StepOne,
-                                 .load = {kStudents, kObservation},
+                                 .load = {kStudentsRead, kObservation},
                                  .hostAsked = true,
                                  .purge = Purge(2),
                                  .headings = "Materia|Nota||||Observación||",
@@ -53,7 +53,7 @@ const OrdinaryForm kBySubject = {
     .saving = "Grabando Datos...",
     .nothing = "No exiten alumnos o materias para introducir notas",
     .toStepTwo = StepOneBySubject,
-    .load = {kStudents, kFlags, kFlags, kFlags, kObservation},
+    .load = {kStudentsRead, kFlags, kFlags, kFlags, kObservation},
     .purge = First(Purge(2), 2) + Lines{Sql(expected::kPurgeElsewhere, {2})},
     .purgeError = "-2147467259 ",
     .headings = "Orden en Sección / Alumno|Nota||||Observación|",
@@ -76,7 +76,7 @@ const OrdinaryForm kSectionByStudent = {
     .nothing = "No existen alumnos o materias para introducir sus notas",
     .secondMessage = true,
     .toStepTwo = StepOneSectionByStudent,
-    .load = {kStudents},
+    .load = {kStudentsRead},
     .rows = " WHERE CodMatDet=3111 AND codNumEvaluacion=1 AND CodAlumno=",
     .purge = Purge(2),
     .otherKind = "",

@@ -2,7 +2,10 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <map>
 #include <sstream>
+#include <string>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "platform/data/StatementTrace.h"
@@ -51,6 +54,23 @@ TEST(StatementTraceTest, IsSilentWhileASilenceLives) {
               StatementTrace::Write("centro", "dos");
             }),
             "sql centro dos\n");
+}
+
+TEST(StatementTraceTest, KeepsLongLinesWholeWhenTwoProcessesWrite) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto traced = TracedBy([] {
+    const auto other = fork();
+    for (int i = 0; i < 200; ++i)
+      StatementTrace::Write("centro", std::string(10'000, other == 0 ? 'b' : 'a'));
+    if (other == 0) std::_Exit(0);
+    waitpid(other, nullptr, 0);
+  });
+  std::map<std::string, int> times;
+  std::istringstream lines(traced);
+  for (std::string line; std::getline(lines, line);) ++times[line];
+  const std::string begin = "sql centro ";
+  EXPECT_EQ(times, (std::map<std::string, int>{{begin + std::string(10'000, 'a'), 200},
+                                               {begin + std::string(10'000, 'b'), 200}}));
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -33,24 +35,29 @@ std::string NewPath() {
 
 std::string CellText(const Value& value) { return value.IsNull() ? "NULL" : value.Text(); }
 
-Recordset ReadFile(const std::string& path, const std::string& select) {
-  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::ReadOnly);
-  school.Open();
-  return school.Execute(select);
-}
-
-void MakeFile(const std::string& path) {
-  // A program that was killed may have left one of that name.
-  std::filesystem::remove(path);
-  sqlite::SqliteConnection school(path, "", sqlite::OpenMode::Create);
-  school.Open();
-  school.ExecuteScript(kFast + ("BEGIN;" + std::string(SqliteSchema())) + ";COMMIT;");
+/// The bytes of a file with all tables and no rows, made once.
+const std::string& EmptyFile() {
+  static const auto bytes = [] {
+    const auto path = NewPath();
+    // A program that was killed may have left one of that name.
+    std::filesystem::remove(path);
+    {
+      sqlite::SqliteConnection school(path, "", sqlite::OpenMode::Create);
+      school.Open();
+      school.ExecuteScript(kFast + ("BEGIN;" + std::string(SqliteSchema())) + ";COMMIT;");
+    }
+    std::ifstream file(path, std::ios::binary);
+    std::string read(std::istreambuf_iterator<char>(file), {});
+    std::filesystem::remove(path);
+    return read;
+  }();
+  return bytes;
 }
 
 }  // namespace
 
 TestSchool::TestSchool() : path_(OnServer() ? TakeServerSchool() : NewPath()) {
-  if (!OnServer()) MakeFile(path_);
+  if (!OnServer()) std::ofstream(path_, std::ios::binary) << EmptyFile();
 }
 
 TestSchool::~TestSchool() {
@@ -58,19 +65,49 @@ TestSchool::~TestSchool() {
     GiveBackServerSchool(path_);
     return;
   }
+  file_.reset();
   std::error_code ignored;
   std::filesystem::remove(path_, ignored);
 }
 
+sqlite::SqliteConnection& TestSchool::File() const {
+  try {
+    if (file_) file_->Open();
+  } catch (const RuntimeError&) {
+    file_.reset();  // another file has taken the place of that one
+  }
+  if (!file_) {
+    file_ = std::make_unique<sqlite::SqliteConnection>(path_, "");
+    file_->Open();
+    file_->ExecuteScript(kFast);
+  }
+  return *file_;
+}
+
+void TestSchool::Do(const std::string& statements) const {
+  if (OnServer()) {
+    OwnersConnection(path_).Execute(statements);
+    return;
+  }
+  // Who closes a file with a log beside it last puts both in order: it isn't kept open then.
+  if (statements.find("journal_mode") != std::string::npos) {
+    file_.reset();
+    keepsOpen_ = false;
+  }
+  File().ExecuteScript(statements);
+  if (!keepsOpen_) file_.reset();
+}
+
+Recordset TestSchool::Ask(const std::string& select) const {
+  if (OnServer()) return OwnersConnection(path_).Execute(select);
+  auto found = File().Execute(select);
+  if (!keepsOpen_) file_.reset();
+  return found;
+}
+
 void TestSchool::Sql(const std::string& statements) const {
   try {
-    if (OnServer()) {
-      OwnersConnection(path_).Execute(statements);
-      return;
-    }
-    sqlite::SqliteConnection school(path_, "");
-    school.Open();
-    school.ExecuteScript(kFast + statements);
+    Do(statements);
   } catch (const RuntimeError& error) {
     Fail(statements, error);
   }
@@ -79,8 +116,7 @@ void TestSchool::Sql(const std::string& statements) const {
 std::vector<std::string> TestSchool::Rows(const std::string& select) const {
   std::vector<std::string> rows;
   try {
-    auto found = OnServer() ? OwnersConnection(path_).Execute(select) : ReadFile(path_, select);
-    for (; !found.Eof(); found.MoveNext()) {
+    for (auto found = Ask(select); !found.Eof(); found.MoveNext()) {
       std::string row;
       for (std::size_t i = 0; i < found.Names().size(); ++i)
         row += (i > 0 ? "|" : "") + CellText(found.Fields(i));

@@ -1,7 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
+
+namespace quorvane {
+class Recordset;
+}
+namespace quorvane::sqlite {
+class SqliteConnection;
+}
 
 namespace quorvane::test {
 
@@ -23,7 +31,15 @@ class TestSchool {
   [[nodiscard]] std::vector<std::string> Rows(const std::string& select) const;
 
  private:
+  /// As the school's own connection, which stays open beside those of the sessions: to open one
+  /// takes longer than what most tests ask of it.
+  void Do(const std::string& statements) const;
+  [[nodiscard]] Recordset Ask(const std::string& select) const;
+  [[nodiscard]] sqlite::SqliteConnection& File() const;
+
   std::string path_;
+  mutable std::unique_ptr<sqlite::SqliteConnection> file_;
+  mutable bool keepsOpen_ = true;
 };
 
 }  // namespace quorvane::test

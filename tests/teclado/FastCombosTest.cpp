@@ -1,11 +1,12 @@
 #include <QComboBox>
-#include <QTimer>
+#include <functional>
 #include <gmock/gmock.h>
 
 #include "adapters/qt/views/ControlView.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/teclado/Hasty.h"
+#include "tests/teclado/Rest.h"
 
 namespace quorvane::test {
 namespace {
@@ -28,13 +29,15 @@ class FastCombosTest : public SchoolScreenTest, public ::testing::WithParamInter
   // Hands take their time, and on a busy machine more.
   FastCombosTest() { Patience(std::chrono::minutes(5)); }
 
-  /// Opens step one, types in its first combo box, gives what stands there, and leaves.
-  Names Type(const QStringList& keys, int apart) {
+  using Act = std::function<void(const Hasty::Next& done)>;
+
+  /// Opens step one, acts in its first combo box, gives what stands there, and leaves.
+  Names Play(const Act& act) {
     Names outcome;
-    Then([&outcome, keys, apart](qt::FormWindow& window) {
+    Then([&outcome, act](qt::FormWindow& window) {
       Of(window, "cboTipoEnsenanza")->setFocus();
-      QTimer::singleShot(300, &window, [&window, &outcome, keys, apart] {
-        Hasty::Type(keys, apart, [&window, &outcome] {
+      Rest::In(window, [&window, &outcome, act] {
+        act([&window, &outcome] {
           outcome = Look(window);
           window.close();
         });
@@ -46,16 +49,18 @@ class FastCombosTest : public SchoolScreenTest, public ::testing::WithParamInter
   }
 };
 
-constexpr int kSlow = 150;  // milliseconds
-
 // A list that a key opens and another closes is a window of its own here.
 TEST_P(FastCombosTest, ChoosingByKeysGivesTheSameAtAnySpeed) {
   const QStringList keys{"space", "Down",   "Return", "Tab",    "space", "Down",
                          "Down",  "Return", "Tab",    "space",  "Home",  "Return",
                          "Tab",   "space",  "Down",   "Return", "Tab"};
-  const auto slow = Type(keys, kSlow);
+  const auto careful = Play([&keys](const Hasty::Next& done) { Hasty::TypeWithCare(keys, done); });
   const BusyMachine busy;
-  for (const auto apart : {10, 60}) EXPECT_EQ(Type(keys, apart), slow) << apart;
+  for (const auto apart : {10, 60}) {
+    const auto hasty =
+        Play([&keys, apart](const Hasty::Next& done) { Hasty::Type(keys, apart, done); });
+    EXPECT_EQ(hasty, careful) << apart;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Nodes, FastCombosTest, ::testing::Values(124, 127));

@@ -1,12 +1,12 @@
 #include <QComboBox>
 #include <QTableView>
-#include <QTimer>
 #include <gmock/gmock.h>
 #include <memory>
 
 #include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/teclado/Hasty.h"
+#include "tests/teclado/Rest.h"
 
 namespace quorvane::test {
 namespace {
@@ -61,7 +61,7 @@ class FastKeysTest : public SchoolScreenTest, public ::testing::WithParamInterfa
       ClickCell(window, "rtvNotasAlumno", 0, 0);
       table->setFocus();
       table->setCurrentIndex(table->model()->index(0, 1));
-      QTimer::singleShot(300, &window, [&window, &outcome, act] {
+      Rest::In(window, [&window, &outcome, act] {
         act(window, [&window, &outcome] {
           outcome = Look(window);
           Click(window, "cmdCancelar");
@@ -74,6 +74,11 @@ class FastKeysTest : public SchoolScreenTest, public ::testing::WithParamInterfa
     EXPECT_THAT(messages, IsEmpty());
     EXPECT_EQ(school.Rows("SELECT COUNT(*) FROM PublicacionPte"), left_);
     return outcome;
+  }
+  Outcome TypeWithCare(const QStringList& keys) {
+    return Play([&keys](qt::FormWindow& /*window*/, const std::function<void()>& done) {
+      Hasty::TypeWithCare(keys, done);
+    });
   }
   Outcome Type(const QStringList& keys, int apart) {
     return Play([&keys, apart](qt::FormWindow& /*window*/, const std::function<void()>& done) {
@@ -96,18 +101,17 @@ class FastKeysTest : public SchoolScreenTest, public ::testing::WithParamInterfa
 };
 
 const QStringList kGradeAndOn{"7", "Tab", "Tab", "Tab"};
-constexpr int kSlow = 150;  // milliseconds
 
 TEST_P(FastKeysTest, AGradeAndThreeTabsGiveTheSameAtAnySpeed) {
-  const auto slow = Type(kGradeAndOn, kSlow);
-  EXPECT_EQ(slow.cells.at(1), "7");
-  for (const auto apart : {0, 10, 60}) EXPECT_EQ(Type(kGradeAndOn, apart), slow) << apart;
+  const auto careful = TypeWithCare(kGradeAndOn);
+  EXPECT_EQ(careful.cells.at(1), "7");
+  for (const auto apart : {0, 10, 60}) EXPECT_EQ(Type(kGradeAndOn, apart), careful) << apart;
 }
 
 TEST_P(FastKeysTest, SoTheyDoOnABusyMachine) {
-  const auto slow = Type(kGradeAndOn, kSlow);
+  const auto careful = TypeWithCare(kGradeAndOn);
   const BusyMachine busy;
-  for (const auto apart : {10, 60}) EXPECT_EQ(Type(kGradeAndOn, apart), slow) << apart;
+  for (const auto apart : {10, 60}) EXPECT_EQ(Type(kGradeAndOn, apart), careful) << apart;
 }
 
 TEST_P(FastKeysTest, KeysThatOpenAndCloseListsInTurnGiveTheSameAtAnySpeed) {
@@ -115,8 +119,8 @@ TEST_P(FastKeysTest, KeysThatOpenAndCloseListsInTurnGiveTheSameAtAnySpeed) {
                          "6",         "Tab",    "Shift+Tab", "space",  "End",    "0", "BackSpace",
                          "Down",      "Return", "9",         "Escape", "1",      "0", "Tab",
                          "Shift+Tab", "4",      "Return",    "F2",     "Escape"};
-  const auto slow = Type(keys, kSlow);
-  for (const auto apart : {0, 10}) EXPECT_EQ(Type(keys, apart), slow) << apart;
+  const auto careful = TypeWithCare(keys);
+  for (const auto apart : {0, 10}) EXPECT_EQ(Type(keys, apart), careful) << apart;
 }
 
 TEST_P(FastKeysTest, AGradeThatIsLeftByAClickIsTaken) {

@@ -1,8 +1,6 @@
 #include "tests/teclado/Hasty.h"
 
-#include <QElapsedTimer>
 #include <QProcess>
-#include <QTimer>
 #include <QWidget>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -10,25 +8,38 @@
 #include <thread>
 #include <unistd.h>
 
+#include "tests/teclado/Rest.h"
+
 namespace quorvane::test {
 namespace {
 
-constexpr int kSettled = 150;  // milliseconds after the last gesture
+/// Keys that are let go: of "Shift+Tab" two.
+int Gestures(const QStringList& keys) {
+  auto gestures = 0;
+  for (const auto& key : keys) gestures += static_cast<int>(key.count('+')) + 1;
+  return gestures;
+}
 
 }  // namespace
 
-void Hasty::Run(const QStringList& arguments, const Next& next) {
+void Hasty::Run(const QStringList& arguments, int gestures, const Next& next) {
   auto* const hands = new QProcess;
-  QObject::connect(hands, &QProcess::finished, hands, [hands, next](int status) {
+  auto* const rest = new Rest(gestures);
+  QObject::connect(hands, &QProcess::finished, hands, [hands, rest, next](int status) {
     EXPECT_EQ(status, 0) << hands->readAllStandardError().toStdString();
     hands->deleteLater();
-    QTimer::singleShot(kSettled, next);
+    rest->Then(next);
   });
   hands->start("xdotool", arguments);
 }
 
 void Hasty::Type(const QStringList& keys, int apart, const Next& next) {
-  Run(QStringList{"key", "--delay", QString::number(apart)} + keys, next);
+  Run(QStringList{"key", "--delay", QString::number(apart)} + keys, Gestures(keys), next);
+}
+
+void Hasty::TypeWithCare(const QStringList& keys, const Next& next) {
+  if (keys.isEmpty()) return next();
+  Type({keys.first()}, 0, [rest = keys.mid(1), next] { TypeWithCare(rest, next); });
 }
 
 void Hasty::TypeAndClick(const QStringList& keys, int apart, const QWidget& widget, QPoint at,
@@ -40,7 +51,7 @@ void Hasty::TypeAndClick(const QStringList& keys, int apart, const QWidget& widg
               << "--delay" << QString::number(apart) << keys;
   arguments << "mousemove" << QString::number(where.x()) << QString::number(where.y()) << "click"
             << "1";
-  Run(arguments, next);
+  Run(arguments, Gestures(keys) + 1, next);
 }
 
 BusyMachine::BusyMachine() {

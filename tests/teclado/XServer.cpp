@@ -1,5 +1,7 @@
 #include "tests/teclado/XServer.h"
 
+#include <QDir>
+#include <QLockFile>
 #include <csignal>
 #include <stdexcept>
 #include <sys/prctl.h>
@@ -29,12 +31,16 @@ void End(QProcess& process) {
 }  // namespace
 
 XServer::XServer(bool managed) {
+  // Two servers that look for a free display at once may choose the same.
+  QLockFile turn(QDir::temp().filePath("quorvane-xvfb.turno"));
+  turn.lock();
   Start(server_, "Xvfb",
         {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset"});
   // The server chooses a free display and says which when it is ready.
   while (!server_.canReadLine())
     if (!server_.waitForReadyRead(kPatience)) throw std::runtime_error("Xvfb doesn't answer");
   display_ = ":" + server_.readLine().trimmed().toStdString();
+  turn.unlock();
   if (!managed) return;
   auto environment = QProcessEnvironment::systemEnvironment();
   environment.insert("DISPLAY", QString::fromStdString(display_));

@@ -9,8 +9,6 @@
 namespace quorvane::qt {
 namespace {
 
-constexpr int kCentred = 4;
-
 std::vector<QString> CopyRow(const Grid& grid, int row) {
   std::vector<QString> texts;
   texts.reserve(static_cast<std::size_t>(grid.Cols()));

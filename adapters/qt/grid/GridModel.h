@@ -8,6 +8,9 @@
 
 namespace quorvane::qt {
 
+/// What `Grid::ColAlignment` gives for a column whose texts stand in the middle.
+inline constexpr int kCentred = 4;
+
 /// What a table shows of a grid: a copy of its cells, so that painting never reaches a grid that
 /// is being rebuilt. The fixed rows become the table's heading and aren't counted.
 class GridModel : public QAbstractTableModel {

@@ -14,8 +14,7 @@
 namespace quorvane::qt {
 namespace {
 
-constexpr int kRowPadding = 7;  // pixels above and below the text of a row, together
-constexpr int kCentred = 4;
+constexpr int kRowPadding = 7;    // pixels above and below the text of a row, together
 constexpr int kLeastWidth = 256;  // pixels, as the next
 constexpr int kGreatestWidth = 1100;
 
