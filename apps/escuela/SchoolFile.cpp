@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
+[[noreturn]] void RefuseFile(const std::string& path, const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed, "No se puede crear " + path + ": " + reason);
 }
 
@@ -43,9 +43,9 @@ class PartialFile {
     std::error_code error;
     fs::create_hard_link(path_, path, error);
     if (!error) return;
-    if (fs::exists(fs::symlink_status(path))) Refuse(path, "el archivo ya existe");
+    if (fs::exists(fs::symlink_status(path))) RefuseFile(path, "el archivo ya existe");
     fs::rename(path_, path, error);
-    if (error) Refuse(path, error.message());
+    if (error) RefuseFile(path, error.message());
   }
 
  private:
@@ -57,9 +57,9 @@ void RequireWritableFolder(const std::string& path) {
   const auto named = fs::path(path).parent_path();
   const auto folder = named.empty() ? fs::path(".") : named;
   std::error_code error;
-  if (!fs::is_directory(folder, error)) Refuse(path, "la carpeta no existe");
+  if (!fs::is_directory(folder, error)) RefuseFile(path, "la carpeta no existe");
   if (access(folder.c_str(), W_OK) == 0) return;
-  Refuse(path, errno == EROFS ? "el disco es de solo lectura"
+  RefuseFile(path, errno == EROFS ? "el disco es de solo lectura"
                               : "no tiene permiso para escribir en la carpeta");
 }
 
@@ -67,7 +67,7 @@ void RequireWritableFolder(const std::string& path) {
 
 void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill) {
   std::error_code error;
-  if (fs::exists(fs::symlink_status(path, error))) Refuse(path, "el archivo ya existe");
+  if (fs::exists(fs::symlink_status(path, error))) RefuseFile(path, "el archivo ya existe");
   RequireWritableFolder(path);
   const PartialFile partial(path);
   sqlite::SqliteConnection school(partial.Path(), "", sqlite::OpenMode::Create);

@@ -6,7 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-constexpr WalkOptions kDefaults{20'000, 1};
+const WalkOptions kDefaults{.gestures = 20'000, .seed = 1, .odbc = {}, .owner = {}};
 
 constexpr const char* kUsage = R"(Uso: ventana [--gestos N] [--semilla S]
 
