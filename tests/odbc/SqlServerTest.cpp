@@ -107,6 +107,16 @@ TEST_F(SqlServerTest, AFailureTellsStateTextAndNumber) {
               AllOf(StartsWith("[23000] "), HasSubstr("(2627)")));
 }
 
+TEST(OtherServerTest, IsRefusedWithWhatIsSupported) {
+  const TdsServer other("", "Adaptive Server Enterprise");
+  OdbcConnection con(other.String(), "");
+  EXPECT_EQ(StatementError([&] { con.Open(); }),
+            "No se puede usar esta base de datos: es de «Adaptive Server Enterprise», y solo se "
+            "admiten PostgreSQL, desde la versión 12, SQL Server y SQLite");
+  EXPECT_FALSE(con.IsOpen());
+  EXPECT_THAT(StatementError([&] { con.Open(); }), HasSubstr("Adaptive Server"));
+}
+
 TEST_F(SqlServerTest, AWrongPasswordIsToldWithoutIt) {
   OdbcConnection other(server.String("equivocada"), "");
   EXPECT_THAT(

@@ -305,7 +305,7 @@ class Client(socketserver.BaseRequestHandler):
             user = field(1).decode("utf-16-le")
             self.send(error(18456, f"Login failed for user '{user}'.", 14) + done(ERROR))
             return False
-        ack = struct.pack("<B", 1) + b"\x74\x00\x00\x04" + b_text("Microsoft SQL Server")
+        ack = struct.pack("<B", 1) + b"\x74\x00\x00\x04" + b_text(self.server.school.options.product)
         ack += bytes([15, 0, 7, 208])
         database = field(8).decode("utf-16-le") or "Centro"
         change = b"\x01" + b_text(database) + b_text("master")
@@ -354,6 +354,7 @@ def main():
     for name in ("--db", "--log", "--schema", "--password"):
         arguments.add_argument(name, required=True)
     arguments.add_argument("--dies-at", help="the batch with this text ends the server")
+    arguments.add_argument("--product", default="Microsoft SQL Server", help="what it calls itself")
     options = arguments.parse_args()
     with Server(("127.0.0.1", 0), Client) as server:
         server.school = School(options)
