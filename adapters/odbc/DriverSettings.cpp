@@ -5,8 +5,6 @@
 #include <odbcinst.h>
 #include <span>
 
-#include "adapters/odbc/ConnectionString.h"
-
 namespace quorvane::odbc {
 namespace {
 
@@ -42,17 +40,6 @@ std::span<const Setting> SettingsFor(Engine engine) {
   return {};
 }
 
-/// What the string or its data source says; empty where neither does.
-std::string Given(const ConnectionString& string, const char* keyword) {
-  if (string.Has(keyword)) return string.Value(keyword);
-  const auto source = string.Value("DSN");
-  if (source.empty()) return {};
-  std::array<char, 1024> text{};
-  SQLGetPrivateProfileString(source.c_str(), keyword, "", text.data(),
-                             static_cast<int>(text.size()), "odbc.ini");
-  return text.data();
-}
-
 std::string WithoutBraces(const std::string& value) {
   const auto braced = value.size() > 1 && value.front() == '{' && value.back() == '}';
   return braced ? value.substr(1, value.size() - 2) : value;
@@ -71,15 +58,25 @@ std::string LibraryOptions(const std::string& given) {
 
 }  // namespace
 
+std::string GivenSetting(const ConnectionString& string, const char* keyword) {
+  if (string.Has(keyword)) return string.Value(keyword);
+  const auto source = string.Value("DSN");
+  if (source.empty()) return {};
+  std::array<char, 1024> text{};
+  SQLGetPrivateProfileString(source.c_str(), keyword, "", text.data(),
+                             static_cast<int>(text.size()), "odbc.ini");
+  return text.data();
+}
+
 Engine NamedEngine(const std::string& connectionString) {
-  return sqltext::EngineNamed(Given(ConnectionString(connectionString), "Driver"));
+  return sqltext::EngineNamed(GivenSetting(ConnectionString(connectionString), "Driver"));
 }
 
 std::string Completed(const std::string& connectionString, Engine engine) {
   auto given = ConnectionString(connectionString);
   auto completed = connectionString;
   if (engine == Engine::PostgreSql) {
-    const auto options = LibraryOptions(Given(given, kLibraryOptions));
+    const auto options = LibraryOptions(GivenSetting(given, kLibraryOptions));
     if (given.Has(kLibraryOptions)) {
       given.Set(kLibraryOptions, options);
       completed = given.Text();
@@ -88,7 +85,7 @@ std::string Completed(const std::string& connectionString, Engine engine) {
     }
   }
   for (const auto& [keyword, value] : SettingsFor(engine))
-    if (Given(given, keyword).empty()) completed += std::string(";") + keyword + "=" + value;
+    if (GivenSetting(given, keyword).empty()) completed += std::string(";") + keyword + "=" + value;
   return completed;
 }
 

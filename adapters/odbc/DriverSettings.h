@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "adapters/odbc/ConnectionString.h"
 #include "adapters/sqltext/Dialect.h"
 
 namespace quorvane::odbc {
@@ -9,6 +10,10 @@ namespace quorvane::odbc {
 /// The engine that a connection string itself tells of, by its driver or by that of the data source
 /// that it names; unknown where neither does.
 sqltext::Engine NamedEngine(const std::string& connectionString);
+
+/// What the connection string says of a keyword, or else the data source that it names; empty where
+/// neither does.
+std::string GivenSetting(const ConnectionString& string, const char* keyword);
 
 /// The connection string with the settings that its engine's driver needs and that neither it nor
 /// its data source has. What either has counts.

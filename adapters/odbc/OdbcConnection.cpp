@@ -9,6 +9,7 @@
 #include "adapters/odbc/DriverConnection.h"
 #include "adapters/odbc/DriverFailure.h"
 #include "adapters/odbc/DriverSettings.h"
+#include "adapters/odbc/FailureWords.h"
 #include "adapters/odbc/SupportedServer.h"
 #include "platform/RuntimeError.h"
 
@@ -19,21 +20,8 @@ constexpr std::chrono::milliseconds kBusyWait = std::chrono::seconds(60);
 constexpr std::chrono::milliseconds kNoWait{0};
 constexpr std::chrono::milliseconds kBusyPause{5};
 constexpr SQLINTEGER kSqliteBusy = 5;
-constexpr SQLINTEGER kLoginFailed = 18456;
 
 using sqltext::Engine;
-
-/// What the user can do about a connection that doesn't come to be.
-std::string Advice(const Diagnostics& diagnostics) {
-  if (diagnostics.HasState("IM") || diagnostics.HasState("01000"))
-    return ". Compruebe que la cadena nombra un controlador instalado, con «odbcinst -q -d», o un "
-           "origen de datos, con «odbcinst -q -s»";
-  if (diagnostics.HasState("28") || diagnostics.HasNative(kLoginFailed))
-    return ". Compruebe el usuario y la contraseña (UID y PWD) y que ese usuario puede abrir la "
-           "base de datos";
-  return ". Compruebe en la cadena de conexión el servidor y la base de datos, y que este equipo "
-         "llega hasta ellos";
-}
 
 std::chrono::milliseconds BusyWait(const ConnectionString& given) {
   if (!given.Has("Timeout")) return kBusyWait;
@@ -95,7 +83,8 @@ void OdbcConnection::RequireSupport() {
     RequireSupported(*connection_, engine_);
   } catch (const DriverFailure& failure) {
     Forget();
-    throw failure.What().Error("No se puede conectar con la base de datos: ");
+    throw failure.What().Error("No se puede conectar con la base de datos: ",
+                               WordsFor(failure.What()));
   } catch (const RuntimeError&) {
     Forget();
     throw;
@@ -132,7 +121,8 @@ Recordset OdbcConnection::RunText(const std::string& text) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.
       if (failure.What().HasNative(kSqliteBusy) && Clock::now() < until) continue;
-      if (!failure.What().HasState("08") && !connection_->IsDead()) throw failure.What().Error();
+      if (!failure.What().HasState("08") && !connection_->IsDead())
+        throw failure.What().Error({}, WordsFor(failure.What()));
       Close();
       throw failure.What().Error("Se ha perdido la conexión con la base de datos: ");
     }

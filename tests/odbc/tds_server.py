@@ -185,9 +185,18 @@ class School:
             log.write(json.dumps(text, ensure_ascii=False) + "\n")
 
     def connect(self):
-        return sqlite3.connect(
+        database = sqlite3.connect(
             self.options.db, isolation_level=None, timeout=30, check_same_thread=False
         )
+        database.execute("ATTACH ':memory:' AS INFORMATION_SCHEMA")
+        database.execute("CREATE TABLE INFORMATION_SCHEMA.TABLES (TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE)")
+        # Beside the school's, which are not asked for by name.
+        for schema, name in ("dbo", "Alumno"), ("dbo", "Recibo"), ("contabilidad", "Factura"):
+            database.execute(
+                "INSERT INTO INFORMATION_SCHEMA.TABLES VALUES (?,?,'BASE TABLE')", (schema, name)
+            )
+        database.create_function("SCHEMA_NAME", 0, lambda: "dbo")
+        return database
 
     def column(self, name, values):
         # An expression has no name there, and the later of two columns is not numbered.
@@ -231,6 +240,8 @@ class School:
         sql = re.sub(r"\+(?=\s*')", "||", text)
         sql = re.sub(r"(?<=')(\s*)\+", r"\1||", sql)
         sql = order_by_places(sql)
+        sql = re.sub(r"^SELECT TOP (\d+) (.*)$", r"SELECT \2 LIMIT \1", sql, flags=re.S)
+        sql = re.sub(r" OFFSET (\d+) ROWS FETCH NEXT (\d+) ROWS ONLY$", r" LIMIT \2 OFFSET \1", sql)
         cursor = database.execute(sql)
         if cursor.description is None:
             self.round_bits(database, text)
