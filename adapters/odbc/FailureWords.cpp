@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "adapters/odbc/Diagnostics.h"
+
 namespace quorvane::odbc {
 namespace {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/odbc/Diagnostics.h"
-
 namespace quorvane::odbc {
+
+class Diagnostics;
 
 /// What a server's refusal of a statement means, in the user's words, to stand behind the driver's:
 /// ". El disco del servidor está lleno…". Empty where those have to do.

@@ -9,6 +9,7 @@
 namespace quorvane::sqltext {
 
 std::string QuoteBracketedNames(std::string_view statement) {
+  if (statement.find('[') == std::string_view::npos) return std::string(statement);
   std::string result;
   result.reserve(statement.size());
   for (std::size_t at = 0; at < statement.size();) {

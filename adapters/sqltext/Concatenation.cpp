@@ -5,6 +5,7 @@
 namespace quorvane::sqltext {
 
 std::string RewriteConcatenation(std::string_view statement) {
+  if (statement.find('+') == std::string_view::npos) return std::string(statement);
   std::string result;
   result.reserve(statement.size() + 8);
   auto afterText = false;  // the last token was a text literal

@@ -87,14 +87,16 @@ std::vector<LockList::Publication> LockList::Read() const {
 
 bool LockList::RemoveIf(int publication, const std::function<bool()>& still) {
   const auto id = std::to_string(publication);
-  const auto sqlServer = ReachesSqlServer(connection_);
+  // What is read from here on is what is removed: nobody else's statement comes between.
+  const auto engine = EngineReached(connection_);
+  const auto sqlServer = engine == sqltext::Engine::SqlServer;
   if (sqlServer) connection_.Execute("SET TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+  const auto* const begin = engine == sqltext::Engine::PostgreSql
+                                ? "BEGIN TRANSACTION ISOLATION LEVEL REPEATABLE READ"
+                                : "BEGIN TRANSACTION";
   auto removed = false;
   {
-    Transaction transaction(connection_);
-    // What is read from here on is what is removed: nobody else's statement comes between.
-    if (EngineReached(connection_) == sqltext::Engine::PostgreSql)
-      connection_.Execute("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+    Transaction transaction(connection_, begin);
     // A file is held for writing at once, and waited for.
     connection_.Execute("DELETE FROM BloqueoPte WHERE 1=0");
     removed = still();

@@ -237,7 +237,8 @@ class School:
             return self.failure(str(failure))
 
     def answer(self, database, text):
-        sql = re.sub(r"\+(?=\s*')", "||", text)
+        sql = re.sub(r"(?<!\w)N?('(?:[^']|'')*')", r"\1", text)
+        sql = re.sub(r"\+(?=\s*')", "||", sql)
         sql = re.sub(r"(?<=')(\s*)\+", r"\1||", sql)
         sql = order_by_places(sql)
         sql = re.sub(r"^SELECT TOP (\d+) (.*)$", r"SELECT \2 LIMIT \1", sql, flags=re.S)
