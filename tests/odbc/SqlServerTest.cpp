@@ -147,6 +147,7 @@ TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
 TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
   const auto address = SchoolAddress::Odbc(server.String());
   MakeSchool(address, Demo);
+  EXPECT_THAT(server.Batches(), Contains(HasSubstr(",N'Óscar',")));
   const auto school = address.Open("");
   EXPECT_THAT(SchoolCheck(*school).Structure(SchoolCheck::For::Host), IsEmpty());
   EXPECT_THAT(SchoolCheck(*school).Rows(), IsEmpty());
