@@ -1,7 +1,6 @@
 #include "adapters/odbc/DriverSettings.h"
 
 #include <array>
-#include <cstddef>
 #include <odbcinst.h>
 #include <span>
 

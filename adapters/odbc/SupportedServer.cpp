@@ -1,7 +1,7 @@
 #include "adapters/odbc/SupportedServer.h"
 
 #include <cstdlib>
-#include <sqlext.h>
+#include <sql.h>
 #include <string>
 
 #include "platform/RuntimeError.h"
