@@ -37,8 +37,9 @@ def _flags(words):
             yield word
 
 
-def _key(files, base):
+def _key(files, flags, base):
     digest = hashlib.sha256(base)
+    digest.update('\0'.join(flags).encode() + b'\0')
     for file in files:
         if file.suffix != '.gch':
             digest.update(str(file.name).encode() + file.read_bytes())
@@ -47,7 +48,7 @@ def _key(files, base):
 
 def sources(build, tool, base):
     """Each source file once, tests and generated code aside; `base` is what else the tool's verdict
-    hangs on. A mark that exists says that this state of the source has passed."""
+    hangs on, its own text among it. A mark that exists says that this state of the source has passed."""
     cache = pathlib.Path(os.environ.get('XDG_CACHE_HOME') or pathlib.Path.home() / '.cache') / tool
     cache.mkdir(parents=True, exist_ok=True)
     deps = _dependencies(build)
@@ -60,4 +61,5 @@ def sources(build, tool, base):
         seen.add(file)
         words = shlex.split(entry['command'])
         output = words[words.index('-o') + 1]
-        yield Source(file, tuple(_flags(words)), cache / _key(deps.get(output, [file]), base))
+        flags = tuple(_flags(words))
+        yield Source(file, flags, cache / _key(deps.get(output, [file]), flags, base))

@@ -23,8 +23,10 @@ def check(source):
     done = subprocess.run(['include-what-you-use', *source.flags, '-Xiwyu', '--no_fwd_decls', '-Xiwyu',
                            '--quoted_includes_first', str(source.file)], text=True, capture_output=True,
                           cwd=ROOT)
-    if ' error: ' in done.stderr:
-        return [done.stderr]
+    # It tells of each file that it has read; one that ended early says nothing, or not all.
+    judged = ' has correct #includes/fwd-decls)' in done.stderr or ' should remove these lines:' in done.stderr
+    if ' error: ' in done.stderr or done.returncode < 0 or not judged:
+        return [f'{source.file}: include-what-you-use ended with {done.returncode}\n{done.stderr}']
     found = []
     for file, lines in REMOVE.findall(done.stderr):
         for line in lines.splitlines():
@@ -41,6 +43,7 @@ def check(source):
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     base = subprocess.run(['include-what-you-use', '--version'], check=True, capture_output=True).stdout
+    base += pathlib.Path(__file__).read_bytes()
     every = list(sources(build, 'quorvane-includes', base))
     waiting = [source for source in every if not source.mark.exists()]
     said = set()

@@ -45,7 +45,7 @@ def tidy(bundle):
         return True, ''
     if len(bundle) > 1 and 'clang-diagnostic-error' in done.stdout:
         return None, done.stdout
-    return False, done.stdout
+    return False, f'{done.stdout}{done.stderr}clang-tidy ended with {done.returncode}'
 
 
 def check(bundle):
@@ -60,7 +60,7 @@ def check(bundle):
 def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     version = subprocess.run(['clang-tidy', '--version'], check=True, capture_output=True).stdout
-    base = version + (ROOT / '.clang-tidy').read_bytes()
+    base = version + (ROOT / '.clang-tidy').read_bytes() + pathlib.Path(__file__).read_bytes()
     every = list(sources(build, 'quorvane-tidy', base))
     waiting = [source for source in every if not source.mark.exists()]
     done = failed = 0

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 
 #include "platform/text/AsciiCase.h"
 
@@ -21,6 +22,10 @@ std::size_t EndOfBraces(std::string_view text, std::size_t at) {
   for (auto end = text.find('}', at); end != std::string_view::npos; end = text.find('}', end + 2))
     if (end + 1 >= text.size() || text[end + 1] != '}') return end + 1;
   return text.size();
+}
+
+bool IsUnclosed(std::string_view value) {
+  return value.starts_with('{') && (value.size() < 2 || !value.ends_with('}'));
 }
 
 std::string WithoutBraces(std::string_view value) {
@@ -45,21 +50,62 @@ std::string InBraces(std::string_view value) {
   return braced + "}";
 }
 
+/// Keywords of the drivers' whose values may be shown: what isn't known might be a password.
+constexpr std::string_view kHarmless[] = {
+    // of all
+    "Driver", "DSN", "Server", "Servername", "Port", "Database", "UID", "User", "Username",
+    "Timeout", "Description", "ReadOnly",
+    // PostgreSQL's
+    "sslmode", "pqopt", "ConnSettings", "UseServerSidePrepare", "UseDeclareFetch", "Fetch",
+    "CommLog", "Debug", "BoolsAsChar", "TrueIsMinus1", "KeepaliveTime", "KeepaliveInterval",
+    "DisableKeepalive", "Protocol", "LFConversion", "UnknownSizes", "MaxVarcharSize",
+    "MaxLongVarcharSize", "TextAsLongVarchar", "UnknownsAsLongVarchar", "ByteaAsLongVarBinary",
+    "BI", "RowVersioning", "ShowSystemTables", "ShowOidColumn", "FakeOidIndex", "UpdatableCursors",
+    "LowerCaseIdentifier", "Parse", "ExtraSysTablePrefixes", "GssAuthUseGSS", "XaOpt",
+    "IgnoreTimeout", "BatchSize", "OptionalErrors", "FetchRefcursors", "Ksqo",
+    // SQL Server's
+    "TDS_Version", "ClientCharset", "Language", "Instance", "App", "WSID", "Address", "Encryption",
+    "Encrypt", "TrustServerCertificate", "HostNameInCertificate", "ServerCertificate",
+    "Trusted_Connection", "Authentication", "ServerSPN", "Realm", "MultiSubnetFailover",
+    "ApplicationIntent", "Failover_Partner", "MARS_Connection", "AnsiNPW", "QuotedId", "Regional",
+    "Network", "LoginTimeout", "ConnectRetryCount", "ConnectRetryInterval", "DebugFlags",
+    "UseNTLMv2",
+    // SQLite's
+    "NoCreat", "SyncPragma", "StepAPI", "NoTXN", "NoWCHAR", "ShortNames", "LongNames", "FKSupport",
+    "JournalMode", "BigInt", "JDConv", "OEMCP"};
+
+/// These hold settings of other programs' in turn.
+constexpr std::string_view kNested[] = {"pqopt", "ConnSettings"};
+
+bool IsAmong(std::span<const std::string_view> keywords, std::string_view keyword) {
+  return std::any_of(keywords.begin(), keywords.end(),
+                     [keyword](std::string_view one) { return EqualNoCase(one, keyword); });
+}
+
 }  // namespace
+
+bool ConnectionString::IsHarmless(const Entry& entry) {
+  if (!IsAmong(kHarmless, entry.keyword) || IsUnclosed(entry.value)) return false;
+  return !IsAmong(kNested, entry.keyword) ||
+         AsciiLower(entry.value).find("pass") == std::string::npos;
+}
 
 ConnectionString::ConnectionString(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     const auto equals = text.find('=', at);
     if (equals == std::string_view::npos) break;
-    const auto keyword = Trimmed(text.substr(at, equals - at));
+    // What has no value before it, as in "Trusted_Connection;PWD=a", is no part of it.
+    auto keyword = text.substr(at, equals - at);
+    if (const auto last = keyword.rfind(';'); last != std::string_view::npos)
+      keyword.remove_prefix(last + 1);
+    keyword = Trimmed(keyword);
     auto begin = text.find_first_not_of(kBlanks, equals + 1);
     begin = std::min(begin, text.size());
     const auto braced = begin < text.size() && text[begin] == '{';
     const auto end =
         std::min(text.find(';', braced ? EndOfBraces(text, begin + 1) : begin), text.size());
     const auto value = Trimmed(text.substr(begin, end - begin));
-    const auto name = keyword.substr(std::min(keyword.find_first_not_of("; \t"), keyword.size()));
-    if (!name.empty()) entries_.push_back({std::string(name), std::string(value)});
+    if (!keyword.empty()) entries_.push_back({std::string(keyword), std::string(value)});
     at = end + 1;
   }
 }
@@ -101,8 +147,7 @@ std::string ConnectionString::Text() const {
 
 std::string ConnectionString::TextWithoutPassword() const {
   auto shown = *this;
-  shown.Remove("PWD");
-  shown.Remove("Password");
+  std::erase_if(shown.entries_, [](const Entry& entry) { return !IsHarmless(entry); });
   return shown.Text();
 }
 

@@ -23,7 +23,8 @@ class ConnectionString {
   void Remove(std::string_view keyword);
 
   [[nodiscard]] std::string Text() const;
-  /// What may be shown and kept: without any password.
+  /// What may be shown and kept: the keywords alone that are known to hold no password, and of them
+  /// what is well-formed. A connection needs no other of those that drivers document.
   [[nodiscard]] std::string TextWithoutPassword() const;
 
  private:
@@ -32,6 +33,7 @@ class ConnectionString {
     std::string value;
   };
 
+  static bool IsHarmless(const Entry& entry);
   [[nodiscard]] const Entry* Find(std::string_view keyword) const;
 
   std::vector<Entry> entries_;

@@ -1,8 +1,6 @@
 #include "adapters/odbc/OdbcConnection.h"
 
-#include <chrono>
 #include <cstdlib>
-#include <span>
 #include <sqlext.h>
 #include <thread>
 #include <utility>
@@ -10,73 +8,20 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverConnection.h"
 #include "adapters/odbc/DriverFailure.h"
+#include "adapters/odbc/DriverSettings.h"
+#include "adapters/odbc/FailureWords.h"
+#include "adapters/odbc/SupportedServer.h"
 #include "platform/RuntimeError.h"
-#include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
 namespace {
 
 constexpr std::chrono::milliseconds kBusyWait = std::chrono::seconds(60);
+constexpr std::chrono::milliseconds kNoWait{0};
 constexpr std::chrono::milliseconds kBusyPause{5};
 constexpr SQLINTEGER kSqliteBusy = 5;
-constexpr SQLINTEGER kLoginFailed = 18456;
 
 using sqltext::Engine;
-
-/// The engine that the string itself tells of, by its driver.
-Engine NamedEngine(const ConnectionString& given) {
-  const auto driver = given.Value("Driver");
-  return AsciiLower(driver).find("psqlodbc") == std::string::npos ? sqltext::EngineNamed(driver)
-                                                                  : Engine::PostgreSql;
-}
-
-struct Setting {
-  const char* keyword;
-  const char* value;
-};
-
-/// What the file database's own adapter sees to: a file that isn't there stays so, one that
-/// somebody else writes to is waited for, and what is written is durable.
-constexpr Setting kForSqlite[] = {{"Timeout", "60000"}, {"NoCreat", "Yes"}, {"SyncPragma", "FULL"}};
-
-/// One round trip a statement, which a pooler can hand to any of its connections; no log of them in
-/// the system's temporary folder, as Debian registers the driver; True is a bit;
-/// and a server that has gone silent is given up.
-constexpr Setting kForPostgreSql[] = {{"UseServerSidePrepare", "0"},
-                                      {"UseDeclareFetch", "0"},
-                                      {"CommLog", "0"},
-                                      {"Debug", "0"},
-                                      {"BoolsAsChar", "0"},
-                                      {"KeepaliveTime", "30"},
-                                      {"KeepaliveInterval", "10"},
-                                      {"pqopt", "{keepalives_count=3 tcp_user_timeout=20000}"}};
-
-std::span<const Setting> SettingsFor(Engine engine) {
-  if (engine == Engine::Sqlite) return kForSqlite;
-  if (engine == Engine::PostgreSql) return kForPostgreSql;
-  return {};
-}
-
-std::string Completed(const std::string& text, Engine engine) {
-  const ConnectionString given(text);
-  auto completed = text;
-  for (const auto& setting : SettingsFor(engine))
-    if (!given.Has(setting.keyword))
-      completed += std::string(";") + setting.keyword + "=" + setting.value;
-  return completed;
-}
-
-/// What the user can do about a connection that doesn't come to be.
-std::string Advice(const Diagnostics& diagnostics) {
-  if (diagnostics.HasState("IM") || diagnostics.HasState("01000"))
-    return ". Compruebe que la cadena nombra un controlador instalado, con «odbcinst -q -d», o un "
-           "origen de datos, con «odbcinst -q -s»";
-  if (diagnostics.HasState("28") || diagnostics.HasNative(kLoginFailed))
-    return ". Compruebe el usuario y la contraseña (UID y PWD) y que ese usuario puede abrir la "
-           "base de datos";
-  return ". Compruebe en la cadena de conexión el servidor y la base de datos, y que este equipo "
-         "llega hasta ellos";
-}
 
 std::chrono::milliseconds BusyWait(const ConnectionString& given) {
   if (!given.Has("Timeout")) return kBusyWait;
@@ -108,10 +53,12 @@ OdbcConnection::~OdbcConnection() = default;
 
 void OdbcConnection::Open() {
   if (IsOpen()) return;
-  const auto named = NamedEngine(ConnectionString(text_));
+  const auto first = engine_ == Engine::Unknown;
+  const auto named = first ? NamedEngine(text_) : engine_;
   Connect(named);
-  // A data source tells its engine only now.
-  if (engine_ != named && !SettingsFor(engine_).empty()) Connect(engine_);
+  // A driver under another name tells its engine only now, and lacks what that needs.
+  if (engine_ != named && Completed(text_, engine_) != Completed(text_, named)) Connect(engine_);
+  if (first) RequireSupport();
   const auto source =
       connection_->Info(engine_ == Engine::Sqlite ? SQL_DATABASE_NAME : SQL_SERVER_NAME);
   if (!source.empty()) dataSource_ = source;
@@ -128,6 +75,25 @@ void OdbcConnection::Connect(Engine expected) {
                                Advice(failure.What()));
   }
   engine_ = sqltext::EngineNamed(connection_->Info(SQL_DBMS_NAME));
+  busyWait_ = engine_ == Engine::Sqlite ? BusyWait(ConnectionString(text_)) : kNoWait;
+}
+
+void OdbcConnection::RequireSupport() {
+  try {
+    RequireSupported(*connection_, engine_);
+  } catch (const DriverFailure& failure) {
+    Forget();
+    throw failure.What().Error("No se puede conectar con la base de datos: ",
+                               WordsFor(failure.What()));
+  } catch (const RuntimeError&) {
+    Forget();
+    throw;
+  }
+}
+
+void OdbcConnection::Forget() {
+  Close();
+  engine_ = Engine::Unknown;
 }
 
 void OdbcConnection::Close() { connection_.reset(); }
@@ -148,16 +114,15 @@ std::string OdbcConnection::ServerDate() {
 
 Recordset OdbcConnection::RunText(const std::string& text) {
   using Clock = std::chrono::steady_clock;
-  const auto begun = Clock::now();
+  const auto until = Clock::now() + busyWait_;
   for (;; std::this_thread::sleep_for(kBusyPause)) try {
       return connection_->Execute(text, engine_ == Engine::Sqlite);
     } catch (const DriverFailure& failure) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.
-      if (engine_ == Engine::Sqlite && failure.What().HasNative(kSqliteBusy) &&
-          Clock::now() - begun < BusyWait(ConnectionString(text_)))
-        continue;
-      if (!failure.What().HasState("08") && !connection_->IsDead()) throw failure.What().Error();
+      if (failure.What().HasNative(kSqliteBusy) && Clock::now() < until) continue;
+      if (!failure.What().HasState("08") && !connection_->IsDead())
+        throw failure.What().Error({}, WordsFor(failure.What()));
       Close();
       throw failure.What().Error("Se ha perdido la conexión con la base de datos: ");
     }

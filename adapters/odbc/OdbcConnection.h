@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -20,7 +21,8 @@ class DriverConnection;
 ///
 /// The text of a statement reaches the driver as the engine that the driver names takes it. Each
 /// statement is in effect when `Execute` returns. What the driver does otherwise than the module
-/// needs is set by what the string is completed with; a keyword that it has counts. All failures,
+/// needs is set by what the string is completed with (`Completed`). `Open` refuses what isn't
+/// supported (`RequireSupported`). All failures,
 /// of `Open` too, are error 0x80004005 with the driver's state, number and text; a lost connection
 /// is told as such, and is closed then. Texts are UTF-8, dates `yyyy/mm/dd`, a true bit -1. To be
 /// used by one thread at a time.
@@ -54,11 +56,14 @@ class OdbcConnection : public Connection {
 
  private:
   void Connect(sqltext::Engine expected);
+  void RequireSupport();
+  void Forget();
   Recordset RunText(const std::string& text);
 
   std::string text_;
   std::string dataSource_;
   sqltext::Engine engine_ = sqltext::Engine::Unknown;
+  std::chrono::milliseconds busyWait_{0};         ///< of the file database's engine alone
   std::unique_ptr<DriverConnection> connection_;  ///< null while closed
 };
 

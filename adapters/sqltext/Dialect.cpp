@@ -42,7 +42,7 @@ Engine EngineNamed(std::string_view product) {
   const auto names = [&name](const char* part) { return name.find(part) != std::string::npos; };
   if (names("sqlite")) return Engine::Sqlite;
   if (names("sql server")) return Engine::SqlServer;
-  if (names("postgres")) return Engine::PostgreSql;
+  if (names("postgres") || names("psqlodbc")) return Engine::PostgreSql;
   return Engine::Unknown;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "apps/escuela/QuotedText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -59,18 +60,7 @@ void AppendText(std::string& statement, const std::string& text, SchemaKind kind
     Refuse("un texto de " + std::to_string(letters) + " letras, y en el destino caben " +
            std::to_string(most));
   if (text.find('\0') != std::string::npos) Refuse("un texto con el carácter de código 0");
-  const std::string_view open = engine == Engine::SqlServer ? "N'" : "'";
-  statement += open;
-  auto before = '\0';
-  for (const auto c : text) {
-    // SQL Server takes a line's end behind a backslash for no part of the text.
-    if (engine == Engine::SqlServer && before == '\\' && (c == '\n' || c == '\r'))
-      statement.append("'+").append(open);
-    if (c == '\'') statement += c;
-    statement += c;
-    before = c;
-  }
-  statement += '\'';
+  AppendQuoted(statement, text, engine);
 }
 
 void AppendReal(std::string& statement, double number, Engine engine) {

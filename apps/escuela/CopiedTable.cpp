@@ -2,19 +2,12 @@
 
 #include <algorithm>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane {
-namespace {
-
-FieldNames NamesOf(Connection& school, const std::string& table) {
-  return school.Execute("SELECT * FROM [" + table + "] WHERE 1=0").Names();
-}
-
-}  // namespace
-
 CopiedTable::CopiedTable(Connection& school, const SchemaTable& table) : name(table.name) {
-  auto names = NamesOf(school, table.name);
+  auto names = ColumnsOf(school, table.name).value_or(FieldNames());
   auto unknown = names;
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const auto& column = table.columns[i];

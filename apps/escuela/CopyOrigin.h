@@ -7,6 +7,7 @@
 #include "apps/escuela/CopiedTable.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/TableReader.h"
+#include "apps/escuela/Transaction.h"
 
 namespace quorvane {
 
@@ -41,6 +42,7 @@ class CopyOrigin {
   std::vector<CopiedTable> tables_;
   std::vector<std::string> others_;
   bool oneMoment_ = true;
+  std::unique_ptr<Transaction> moment_;
 };
 
 }  // namespace quorvane

@@ -23,26 +23,31 @@ class Copier {
     // A backslash is a letter.
     if (engine == Engine::PostgreSql) school.Execute("SET LOCAL standard_conforming_strings=on");
     // Each row is written, and then read again.
-    for (const auto& table : origin_.Tables()) all_ += 2 * origin_.CountRows(table);
+    std::vector<std::size_t> counts;
+    for (const auto& table : origin_.Tables()) {
+      counts.push_back(origin_.CountRows(table));
+      all_ += 2 * counts.back();
+    }
     std::vector<SchoolCopy::Table> copied;
     for (const auto& table : origin_.Tables()) {
+      const auto count = counts[copied.size()];
       const auto written = Write(table, school, engine);
       const auto there = ReadAgain(table, school, engine);
-      if (written.rows != origin_.CountRows(table) || written != there)
+      if (written.rows != count || written != there)
         throw RuntimeError(ErrorNumber::StatementFailed,
                            "Las filas de la tabla " + table.name +
-                               " no son las mismas: " + std::to_string(origin_.CountRows(table)) +
-                               " en el origen, " + std::to_string(there.rows) + " en la copia");
+                               " no son las mismas: " + std::to_string(count) + " en el origen, " +
+                               std::to_string(there.rows) + " en la copia");
       copied.push_back({table.name, there.rows});
       // Who opens the school at once isn't to wait for the server to look at it in its own time.
       if (engine == Engine::PostgreSql) school.Execute("ANALYZE " + table.name);
     }
-    // What is left to be done, indexes and the end of the transaction, isn't done either for who
-    // gives up now.
-    school.Observe([this](const Connection&, const std::string&) {
-      if (!given_) RequireGoing();
-    });
     return copied;
+  }
+
+  /// Between two steps.
+  void RequireGoing() const {
+    if (watch_.stop()) throw CopyStopped();
   }
 
  private:
@@ -76,17 +81,10 @@ class Copier {
     RequireGoing();
   }
 
-  void RequireGoing() {
-    if (!watch_.stop()) return;
-    given_ = true;
-    throw CopyStopped();
-  }
-
   const CopyOrigin& origin_;
   const CopyWatch& watch_;
   std::size_t done_ = 0;
   std::size_t all_ = 0;
-  bool given_ = false;  ///< up: what is undone then must not be stopped
 };
 
 }  // namespace
@@ -97,7 +95,10 @@ SchoolCopy CopySchool(const SchoolAddress& from, const SchoolAddress& to, const 
   copy.notCopied = origin.Others();
   copy.oneMoment = origin.OneMoment();
   Copier copier(origin, watch);
-  MakeSchool(to, [&](Connection& school) { copy.tables = copier.CopyTo(school); });
+  // What is left to be done behind the rows isn't done either for who gives up then.
+  MakeSchool(
+      to, [&](Connection& school) { copy.tables = copier.CopyTo(school); },
+      [&copier] { copier.RequireGoing(); });
   return copy;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/Transaction.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane {
@@ -83,22 +85,47 @@ std::vector<LockList::Publication> LockList::Read() const {
   return publications;
 }
 
+bool LockList::RemoveIf(int publication, const std::function<bool()>& still) {
+  const auto id = std::to_string(publication);
+  // What is read from here on is what is removed: nobody else's statement comes between.
+  const auto engine = EngineReached(connection_);
+  const auto sqlServer = engine == sqltext::Engine::SqlServer;
+  if (sqlServer) connection_.Execute("SET TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+  const auto* const begin = engine == sqltext::Engine::PostgreSql
+                                ? "BEGIN TRANSACTION ISOLATION LEVEL REPEATABLE READ"
+                                : "BEGIN TRANSACTION";
+  auto removed = false;
+  {
+    Transaction transaction(connection_, begin);
+    // A file is held for writing at once, and waited for.
+    connection_.Execute("DELETE FROM BloqueoPte WHERE 1=0");
+    removed = still();
+    if (removed) {
+      connection_.Execute("DELETE FROM BloqueoPte WHERE CodPublicacion=" + id);
+      connection_.Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" + id);
+      transaction.Keep();
+    }
+  }
+  if (sqlServer) connection_.Execute("SET TRANSACTION ISOLATION LEVEL READ COMMITTED");
+  return removed;
+}
+
 bool LockList::Remove(int publication) {
   const auto id = std::to_string(publication);
   const auto any = [&](const std::string& from) {
     return !connection_.Execute("SELECT 1 FROM " + from).Eof();
   };
-  const auto locks = "BloqueoPte WHERE CodPublicacion=" + id;
-  const auto owner = "PublicacionPte WHERE IDPublicacionPte=" + id;
-  if (!any(locks) && !any(owner)) return false;
-  connection_.Execute("DELETE FROM " + locks);
-  connection_.Execute("DELETE FROM " + owner);
-  return true;
+  return RemoveIf(publication, [&] {
+    return any("BloqueoPte WHERE CodPublicacion=" + id) ||
+           any("PublicacionPte WHERE IDPublicacionPte=" + id);
+  });
 }
 
 bool LockList::RemoveUnchanged(const Publication& seen) {
-  const auto now = Read();
-  return std::find(now.begin(), now.end(), seen) != now.end() && Remove(seen.id);
+  return RemoveIf(seen.id, [&] {
+    const auto now = Read();
+    return std::find(now.begin(), now.end(), seen) != now.end();
+  });
 }
 
 }  // namespace quorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,8 @@ class LockList {
   [[nodiscard]] std::vector<Publication> Read() const;
 
   /// Removes a publication with its locks, or locks without one that bear the number, and nothing
-  /// else; the locks first, as the module does. False when there is neither.
+  /// else; the locks first, as the module does, and all or nothing. False when there is neither.
+  /// The engine's error, with nothing removed, when somebody else changes them at the same time.
   bool Remove(int publication);
 
   /// The same, while it stands as it was read. A number that has become free is given again, and
@@ -37,6 +39,7 @@ class LockList {
   bool RemoveUnchanged(const Publication& seen);
 
  private:
+  bool RemoveIf(int publication, const std::function<bool()>& still);
   [[nodiscard]] std::string OwnerName(int user) const;
   [[nodiscard]] std::string AccountName(int user) const;
   [[nodiscard]] std::string EvaluationName(int evaluation) const;

@@ -6,6 +6,8 @@
 #include "adapters/odbc/OdbcConnection.h"
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolWriting.h"
+#include "apps/escuela/TableNames.h"
+#include "apps/escuela/Transaction.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 
@@ -17,68 +19,55 @@ namespace {
                      "No se puede crear la escuela en " + place + ": " + reason);
 }
 
-std::string_view SchemaFor(const odbc::OdbcConnection& database, const std::string& place) {
+std::string_view SchemaFor(const odbc::OdbcConnection& database) {
   switch (database.ReachedEngine()) {
     case sqltext::Engine::SqlServer:
       return SqlServerSchema();
     case sqltext::Engine::PostgreSql:
       return PostgreSqlSchema();
-    case sqltext::Engine::Sqlite:
+    default:
       return SqliteSchema();
-    case sqltext::Engine::Unknown:
-      break;
   }
-  Refuse(place, "solo se sabe hacer en PostgreSQL, en SQL Server y en SQLite");
 }
 
 void RequireEmpty(Connection& database, const std::string& place) {
   for (const auto& table : SchoolTables())
     if (HasTable(database, table.name)) Refuse(place, "ya tiene la tabla " + table.name);
+  for (const auto& name : MisspeltTables(database))
+    Refuse(place, "ya tiene la tabla «" + name + "», hecha con su nombre entre comillas");
 }
 
-/// Undoes what was written unless it is kept. A lost connection is undone by the server.
-class Transaction {
- public:
-  explicit Transaction(Connection& database) : database_(database) {
-    database_.Execute("BEGIN TRANSACTION");
+/// Ends what `transaction` has written.
+void Keep(Transaction& transaction, const Connection& database, const std::string& place) {
+  try {
+    transaction.Keep();
+  } catch (const RuntimeError& error) {
+    if (database.IsOpen()) throw;
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "No se sabe si se ha creado la escuela en " + place +
+                           ", porque la conexión se perdió cuando el servidor la daba por escrita: "
+                           "está entera o no está. Mírelo con «quorvane-escuela comprobar». " +
+                           error.Description());
   }
-  ~Transaction() {
-    try {
-      if (!kept_ && database_.IsOpen()) database_.Execute("ROLLBACK TRANSACTION");
-    } catch (const RuntimeError&) {
-      // The connection ends with its transaction, whose failure has been told.
-      database_.Close();
-    }
-  }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  Transaction(Transaction&&) = delete;
-  Transaction& operator=(Transaction&&) = delete;
-
-  void Keep() {
-    database_.Execute("COMMIT TRANSACTION");
-    kept_ = true;
-  }
-
- private:
-  Connection& database_;
-  bool kept_ = false;
-};
+}
 
 }  // namespace
 
-void MakeSchool(const SchoolAddress& address, const std::function<void(Connection& school)>& fill) {
-  if (!address.IsOdbc()) return MakeSchoolFile(address.Text(), fill);
+void MakeSchool(const SchoolAddress& address, const std::function<void(Connection& school)>& fill,
+                const std::function<void()>& goOn) {
+  if (!address.IsOdbc()) return MakeSchoolFile(address.Text(), fill, goOn);
   odbc::OdbcConnection database(address.Text(), "");
   database.Open();
   const auto place = address.Shown();
-  const auto schema = SchemaFor(database, place);
   RequireEmpty(database, place);
+  auto written = false;
   try {
     Transaction transaction(database);
-    WriteSchool(database, schema, fill);
-    transaction.Keep();
+    WriteSchool(database, SchemaFor(database), fill, goOn);
+    written = true;
+    Keep(transaction, database, place);
   } catch (const RuntimeError& error) {
+    if (written && !database.IsOpen()) throw;
     Refuse(place, error.Description() + ". No ha quedado nada escrito");
   }
 }

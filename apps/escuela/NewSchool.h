@@ -11,7 +11,10 @@ namespace quorvane {
 /// not be there yet, see `MakeSchoolFile`. A database behind ODBC must be there, of an engine that
 /// the driver names PostgreSQL, SQL Server or SQLite, and hold none of a school's tables: that and
 /// any failure is error 0x80004005 with a text in Spanish. All is written in one transaction, so
-/// after a failure nothing is left.
-void MakeSchool(const SchoolAddress& address, const std::function<void(Connection& school)>& fill);
+/// after a failure nothing is left; where the connection is lost while the server ends it, the text
+/// tells that nobody knows. `goOn`, unless empty, is called before each step behind `fill`: what it
+/// throws ends the work as a failure does.
+void MakeSchool(const SchoolAddress& address, const std::function<void(Connection& school)>& fill,
+                const std::function<void()>& goOn = {});
 
 }  // namespace quorvane

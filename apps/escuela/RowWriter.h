@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "adapters/sqltext/Dialect.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane {
@@ -17,7 +18,7 @@ class Cell {
   Cell(const char* text) : Cell(std::string_view(text)) {}
   Cell(const std::string& text) : Cell(std::string_view(text)) {}
 
-  void AppendTo(std::string& statement) const;
+  void AppendTo(std::string& statement, sqltext::Engine engine) const;
 
  private:
   int number_ = 0;
@@ -28,13 +29,14 @@ class Cell {
 /// Writes rows of the school by position, in the order of the columns of the schema.
 class RowWriter {
  public:
-  explicit RowWriter(Connection& connection) : connection_(connection) {}
+  explicit RowWriter(Connection& connection);
 
   /// `cells` are all columns of the table, in their order.
   void Insert(std::string_view table, std::initializer_list<Cell> cells);
 
  private:
   Connection& connection_;
+  sqltext::Engine engine_;
   std::string statement_;
 };
 

@@ -30,8 +30,19 @@ std::unique_ptr<Connection> SchoolAddress::StandBy(const std::string& name) cons
   return Open(name);
 }
 
+namespace {
+
+/// What a connection does its work through; null for one to a file.
+const odbc::OdbcConnection* Behind(const Connection& connection) {
+  const auto* const standby = dynamic_cast<const StandbyConnection*>(&connection);
+  return dynamic_cast<const odbc::OdbcConnection*>(standby == nullptr ? &connection
+                                                                      : &standby->Actual());
+}
+
+}  // namespace
+
 sqltext::Engine EngineReached(const Connection& connection) {
-  const auto* const odbc = dynamic_cast<const odbc::OdbcConnection*>(&connection);
+  const auto* const odbc = Behind(connection);
   return odbc == nullptr ? sqltext::Engine::Sqlite : odbc->ReachedEngine();
 }
 
@@ -40,22 +51,29 @@ bool ReachesSqlServer(const Connection& connection) {
 }
 
 std::string ServerDate(Connection& connection) {
-  auto* const odbc = dynamic_cast<odbc::OdbcConnection*>(&connection);
-  return odbc == nullptr ? std::string() : odbc->ServerDate();
+  auto* const standby = dynamic_cast<StandbyConnection*>(&connection);
+  auto& actual = standby == nullptr ? connection : standby->Actual();
+  auto* const odbc = dynamic_cast<odbc::OdbcConnection*>(&actual);
+  if (odbc == nullptr) return {};
+  if (standby != nullptr) odbc->Open();
+  return odbc->ServerDate();
 }
 
-bool HasTable(Connection& connection, const std::string& table) {
+std::optional<FieldNames> ColumnsOf(Connection& connection, const std::string& table) {
   try {
-    connection.Execute("SELECT * FROM [" + table + "] WHERE 1=0");
-    return true;
+    return connection.Execute("SELECT * FROM [" + table + "] WHERE 1=0").Names();
   } catch (const RuntimeError& error) {
     // SQLite has no state of its own for it, and PostgreSQL another one.
     const auto tells = [text = error.Description()](const char* part) {
       return text.find(part) != std::string::npos;
     };
     if (!tells("[42S02]") && !tells("[42P01]") && !tells("no such table")) throw;
-    return false;
+    return std::nullopt;
   }
+}
+
+bool HasTable(Connection& connection, const std::string& table) {
+  return ColumnsOf(connection, table).has_value();
 }
 
 }  // namespace quorvane

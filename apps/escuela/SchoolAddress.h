@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "adapters/sqltext/Dialect.h"
@@ -43,7 +44,8 @@ class SchoolAddress {
   bool odbc_;
 };
 
-/// The engine that an open connection reaches, as its driver names it.
+/// The engine that an open connection reaches, as its driver names it. One that stands by has to
+/// have been used.
 sqltext::Engine EngineReached(const Connection& connection);
 
 /// Whether an open connection says that it reaches SQL Server: statements on flags differ there.
@@ -53,8 +55,10 @@ bool ReachesSqlServer(const Connection& connection);
 /// school in a file. In no trace. The engine's error when it can't be asked.
 std::string ServerDate(Connection& connection);
 
-/// Whether an open database has that table. Of one that is there and can't be read, the engine's
-/// error.
+/// The columns of a table of an open database; none when it has no such table. Of one that is there
+/// and can't be read, the engine's error.
+std::optional<FieldNames> ColumnsOf(Connection& connection, const std::string& table);
+/// Whether it has that table; errors alike.
 bool HasTable(Connection& connection, const std::string& table);
 
 }  // namespace quorvane

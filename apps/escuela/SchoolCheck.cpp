@@ -5,7 +5,9 @@
 #include <string_view>
 
 #include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/TableNames.h"
 #include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane {
@@ -98,30 +100,49 @@ void CheckColumns(const SchemaTable& table, const FieldNames& names, SchoolCheck
                              " columnas y debe tener ", std::to_string(table.columns.size())}));
 }
 
+using Lines = std::vector<std::string>;
+
+/// There a name without quotes is one of small letters, and the module's bear none.
+std::string Misspelt(const std::string& what, const std::string& name) {
+  return Join({what, " «", name, "» se hizo con su nombre entre comillas, y en PostgreSQL ha de ",
+               "llamarse ", AsciiLower(name)});
+}
+
+void CheckLetters(const SchemaTable& table, const FieldNames& names, Lines& findings) {
+  for (const auto& column : table.columns)
+    for (const auto& name : names)
+      if (EqualNoCase(name, column.name) && name != AsciiLower(name))
+        findings.push_back(Misspelt("En la tabla " + table.name + " la columna", name));
+}
+
+Lines MisspeltFindings(const Lines& tables) {
+  Lines findings;
+  for (const auto& name : tables) findings.push_back(Misspelt("La tabla", name));
+  return findings;
+}
+
 std::string Rows(std::int32_t count) {
   return std::to_string(count) + (count == 1 ? " fila" : " filas");
 }
 
 }  // namespace
 
-bool SchoolCheck::ReadNames(const std::string& table, FieldNames& names) const {
-  if (!HasTable(connection_, table)) return false;
-  names = connection_.Execute("SELECT * FROM [" + table + "] WHERE 1=0").Names();
-  return true;
-}
-
 std::vector<std::string> SchoolCheck::Structure(For whom) const {
   std::vector<std::string> findings;
   auto anyTable = false;
   for (const auto& table : SchoolTables()) {
-    FieldNames names;
-    if (ReadNames(table.name, names)) {
+    if (const auto names = ColumnsOf(connection_, table.name)) {
       anyTable = true;
-      CheckColumns(table, names, whom, findings);
+      if (EngineReached(connection_) == sqltext::Engine::PostgreSql)
+        CheckLetters(table, *names, findings);
+      CheckColumns(table, *names, whom, findings);
     } else {
       findings.push_back("Falta la tabla " + table.name);
     }
   }
+  if (const auto misspelt = findings.empty() ? Lines() : MisspeltTables(connection_);
+      !misspelt.empty())
+    return MisspeltFindings(misspelt);
   if (!anyTable) return {"La base de datos no es una escuela: no tiene ninguna de sus tablas"};
   return findings;
 }
@@ -176,6 +197,12 @@ std::vector<std::string> SchoolCheck::Rows() const {
   misplaced("EvaluacionActaPte", "Final=0", "ordinaria");
   FindDoubles(findings);
   return findings;
+}
+
+void RequireSchool(Connection& school, const std::string& before) {
+  const auto findings = SchoolCheck(school).Structure(SchoolCheck::For::Module);
+  if (!findings.empty())
+    throw RuntimeError(ErrorNumber::StatementFailed, before + findings.front());
 }
 
 }  // namespace quorvane

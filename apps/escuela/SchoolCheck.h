@@ -29,12 +29,15 @@ class SchoolCheck {
   [[nodiscard]] std::vector<std::string> Rows() const;
 
  private:
-  [[nodiscard]] bool ReadNames(const std::string& table, FieldNames& names) const;
   [[nodiscard]] std::int32_t Count(const std::string& select) const;
   void FindOrphans(std::vector<std::string>& findings) const;
   void FindDoubles(std::vector<std::string>& findings) const;
 
   Connection& connection_;
 };
+
+/// Error 0x80004005 with the first finding, and `before` in front of it, where an open database is
+/// no school that is fit for the module.
+void RequireSchool(Connection& school, const std::string& before = {});
 
 }  // namespace quorvane

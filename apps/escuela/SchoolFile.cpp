@@ -8,6 +8,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/SchoolWriting.h"
+#include "apps/escuela/Transaction.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 
@@ -65,16 +66,19 @@ void RequireWritableFolder(const std::string& path) {
 
 }  // namespace
 
-void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill) {
+void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill,
+                    const std::function<void()>& goOn) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) RefuseFile(path, "el archivo ya existe");
   RequireWritableFolder(path);
   const PartialFile partial(path);
   sqlite::SqliteConnection school(partial.Path(), "", sqlite::OpenMode::Create);
   school.Open();
-  school.Execute("BEGIN");
-  WriteSchool(school, SqliteSchema(), fill);
-  school.Execute("COMMIT");
+  {
+    Transaction transaction(school);
+    WriteSchool(school, SqliteSchema(), fill, goOn);
+    transaction.Keep();
+  }
   // Readers and the one who writes don't wait for each other, and a statement locks, and syncs,
   // a third as often. The file keeps this; connections leave it as they find it.
   school.Execute("PRAGMA journal_mode=WAL");

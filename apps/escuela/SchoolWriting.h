@@ -8,8 +8,10 @@
 namespace quorvane {
 
 /// Makes the tables of a schema in an open database, has `fill` write their rows, and makes the
-/// indexes, which takes less time over rows that are there.
+/// indexes, which takes less time over rows that are there. `goOn`, unless empty, is called before
+/// each index and at the end.
 void WriteSchool(Connection& school, std::string_view schema,
-                 const std::function<void(Connection& school)>& fill);
+                 const std::function<void(Connection& school)>& fill,
+                 const std::function<void()>& goOn);
 
 }  // namespace quorvane

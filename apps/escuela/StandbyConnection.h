@@ -19,6 +19,9 @@ class StandbyConnection : public Connection {
   [[nodiscard]] bool IsOpen() const override { return true; }
   [[nodiscard]] std::string DataSource() const override { return actual_->DataSource(); }
 
+  /// What it works through; closed before the first statement.
+  [[nodiscard]] Connection& Actual() noexcept { return *actual_; }
+  [[nodiscard]] const Connection& Actual() const noexcept { return *actual_; }
   /// Whether the server has it.
   [[nodiscard]] bool IsHeld() const { return actual_->IsOpen(); }
 

@@ -3,8 +3,6 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/RuntimeError.h"
-
 namespace quorvane {
 namespace {
 
@@ -110,17 +108,13 @@ class SqlServerReader : public TableReader {
 std::unique_ptr<TableReader> TableReader::Make(Connection& school, sqltext::Engine engine,
                                                const CopiedTable& table) {
   switch (engine) {
-    case sqltext::Engine::Sqlite:
-      return std::make_unique<SqliteReader>(school, table);
     case sqltext::Engine::PostgreSql:
       return std::make_unique<PostgreSqlReader>(school, table);
     case sqltext::Engine::SqlServer:
       return std::make_unique<SqlServerReader>(school, table);
-    case sqltext::Engine::Unknown:
-      break;
+    default:
+      return std::make_unique<SqliteReader>(school, table);
   }
-  throw RuntimeError(ErrorNumber::StatementFailed,
-                     "Solo se sabe copiar de PostgreSQL, de SQL Server y de SQLite");
 }
 
 }  // namespace quorvane

@@ -14,10 +14,11 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/StopSignals.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
+
+constexpr auto kMayBeTorn = 3;
 
 /// Shows how far a long task has come, on a terminal alone: a log has no use for it.
 class ProgressLine {
@@ -44,12 +45,6 @@ class ProgressLine {
   bool shown_;
 };
 
-/// A school that is there and fit to be used; a runtime error tells what it lacks.
-void RequireSchool(Connection& school) {
-  const auto findings = SchoolCheck(school).Structure(SchoolCheck::For::Module);
-  if (!findings.empty()) throw RuntimeError(ErrorNumber::StatementFailed, findings.front());
-}
-
 void Print(const std::vector<std::string>& lines) {
   for (const auto& line : lines) std::cout << line << '\n';
 }
@@ -63,7 +58,7 @@ void PrintCopy(const SchoolCopy& copy) {
     for (const auto& name : copy.notCopied) std::cout << "  " << name << '\n';
   }
   if (!copy.oneMoment)
-    std::cout << "El origen no permite leerlo todo en el mismo instante "
+    std::cerr << "quorvane-escuela: El origen no permite leerlo todo en el mismo instante "
                  "(ALLOW_SNAPSHOT_ISOLATION): si alguien trabajaba en él, repita la copia\n";
 }
 
@@ -106,7 +101,7 @@ int Copy(const SchoolAddress& from, const SchoolAddress& to) {
     }
     std::cout << "Copiada la escuela " << from.Shown() << " en " << to.Shown() << '\n';
     PrintCopy(copy);
-    return 0;
+    return copy.oneMoment ? 0 : kMayBeTorn;
   } catch (const CopyStopped&) {
     std::cerr << "quorvane-escuela: Copia interrumpida: no ha quedado nada escrito\n";
     StopSignals::End();

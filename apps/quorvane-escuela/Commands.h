@@ -14,7 +14,9 @@ namespace quorvane {
 int MakeEmpty(const SchoolAddress& address);
 int MakeDemo(const SchoolAddress& address);
 int Generate(const SchoolAddress& address, std::size_t students, std::uint64_t seed);
-/// Ends the program by SIGINT, SIGTERM or SIGHUP when one of them comes before the copy is there.
+/// 3 for a copy that is there and may hold what others wrote meanwhile in part, which it tells to
+/// standard error. Ends the program by SIGINT, SIGTERM or SIGHUP when one of them comes before the
+/// copy is there.
 int Copy(const SchoolAddress& from, const SchoolAddress& to);
 int Check(const SchoolAddress& address);
 int ShowLocks(const SchoolAddress& address);

@@ -11,7 +11,13 @@ constexpr auto kKilled = 128;  // and the signal's number, as a shell has it
 
 volatile std::sig_atomic_t came = 0;
 
-void Remember(int number) { came = number; }
+void Handle(int number, void (*handler)(int));
+
+/// Who doesn't want to wait for what the task waits for signals again, and ends it at once.
+void Remember(int number) {
+  came = number;
+  for (const auto other : kSignals) Handle(other, SIG_DFL);
+}
 
 void Handle(int number, void (*handler)(int)) {
   struct sigaction before {};

@@ -3,7 +3,8 @@
 namespace quorvane {
 
 /// While one lives, SIGINT, SIGTERM and SIGHUP don't end the program but are remembered, so that a
-/// long task can undo what it has begun. A signal that the program was started without stays so.
+/// long task can undo what it has begun; a second one ends it at once. A signal that the program
+/// was started without stays so.
 class StopSignals {
  public:
   StopSignals();

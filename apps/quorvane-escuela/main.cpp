@@ -89,6 +89,10 @@ int Run(int argc, char** argv) {
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
   copy->get_help_ptr()->group("Opciones");
+  copy->footer(
+      "Termina con 0; con 1 si no se ha podido copiar, y no queda nada; con 3 si está copiada pero\n"
+      "el origen no deja leerlo todo en el mismo instante, y puede faltar parte de lo que otros\n"
+      "escribían. Ctrl+C la deja sin hacer; otro Ctrl+C la corta aunque espere al servidor.");
   copy->add_option("ORIGEN", arguments.from, "Fichero, o cadena de conexión ODBC")
       ->required()
       ->type_name("");

@@ -28,9 +28,7 @@ ConnectDialog::ConnectDialog(const QString& connectionString, Trial trial, QWidg
   port_.setValidator(new QIntValidator(1, kLastPort, &port_));
   password_.setEchoMode(QLineEdit::Password);
   password_.setPlaceholderText("No se guarda");
-  tls_.addItem("Si el servidor puede", "prefer");
-  tls_.addItem("Siempre", "require");
-  tls_.addItem("Siempre, y con un servidor comprobado (recomendado)", "verify-full");
+  for (const auto& mode : ServerChoice::SslModes()) tls_.addItem(mode.title, mode.name);
   string_.setPlaceholderText("Driver=…;Server=…;Database=…;UID=…");
   answer_.setWordWrap(true);
   answer_.setTextFormat(Qt::PlainText);
@@ -52,7 +50,6 @@ ConnectDialog::ConnectDialog(const QString& connectionString, Trial trial, QWidg
     if (byHand) string_.setFocus();
   });
   FollowKind();
-  FollowByHand();
   follow();
   TakeFirstSize(*this, kFirstSize);
 }
@@ -163,8 +160,8 @@ SchoolAddress ConnectDialog::Address() const {
 
 void ConnectDialog::accept() {
   if (!IsComplete()) return;
-  if (const auto mistake = Choice().Mistake(); !byHand_.isChecked() && !mistake.isEmpty())
-    return Show({ServerAnswer::About::Database, mistake});
+  if (const auto mistake = Choice().Mistake(); !byHand_.isChecked() && mistake)
+    return Show(*mistake);
   if (const auto answer = trial_(Address())) return Show(*answer);
   QDialog::accept();
 }

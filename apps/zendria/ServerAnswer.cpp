@@ -2,10 +2,14 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <initializer_list>
 #include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "adapters/odbc/DriverSettings.h"
+#include "adapters/odbc/FailureWords.h"
 #include "apps/zendria/SchoolError.h"
+#include "apps/zendria/ServerChoice.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -32,9 +36,7 @@ const std::vector<Rule>& Rules() {
        About::Database,
        "En el servidor «%1» no hay ninguna base de datos «%3» que pueda abrir. Compruebe cómo está "
        "escrita: las mayúsculas cuentan."},
-      {{"password authentication failed", "autentificación password", "no password supplied",
-        "FATAL:  role \"", "no existe el rol", "(18456)"},
-       About::Password,
+      {odbc::LoginSigns(), About::Password,
        "El servidor no admite ese usuario («%4») con esa contraseña. Compruebe los dos: las "
        "mayúsculas cuentan."},
       {{"pg_hba.conf"},
@@ -81,6 +83,34 @@ QString Bare(const QString& why) {
   return why.mid(begin, end < begin ? -1 : end - begin).simplified();
 }
 
+/// Where the connection string leads: what it doesn't say itself its data source does, or is usual.
+struct Place {
+  explicit Place(const odbc::ConnectionString& given)
+      : server(Value(given, {"Servername", "Server", "DSN"})),
+        port(Value(given, {"Port"})),
+        database(Value(given, {"Database", "DSN"})),
+        user(Value(given, {"UID", "Username", "User"})) {
+    const auto engine = odbc::NamedEngine(given.Text());
+    if (port.isEmpty())
+      port = ServerChoice::UsualPort(engine == sqltext::Engine::PostgreSql
+                                         ? ServerChoice::Kind::PostgreSql
+                                         : ServerChoice::Kind::SqlServer);
+  }
+
+  static QString Value(const odbc::ConnectionString& given,
+                       std::initializer_list<const char*> keywords) {
+    for (const auto* const keyword : keywords)
+      if (const auto value = odbc::GivenSetting(given, keyword); !value.empty())
+        return QString::fromStdString(value);
+    return {};
+  }
+
+  QString server;
+  QString port;
+  QString database;
+  QString user;
+};
+
 QString NoDriver(const odbc::ConnectionString& given) {
   const auto driver = QString::fromStdString(given.Value("Driver"));
   if (driver.isEmpty())
@@ -120,12 +150,10 @@ QString NoSchool(const QStringList& missing, const QString& database) {
 
 ServerAnswer AnswerTo(const SchoolError& error, const SchoolAddress& address) {
   const odbc::ConnectionString given(address.Text());
-  const auto value = [&given](const char* keyword) {
-    return QString::fromStdString(given.Value(keyword));
-  };
+  const Place place(given);
   const auto why = error.Why();
   if (!error.Missing().isEmpty())
-    return {About::Database, NoSchool(error.Missing(), value("Database"))};
+    return {About::Database, NoSchool(error.Missing(), place.database)};
   const auto behind = QStringLiteral("\n\nEl controlador dice: ") + Bare(why);
   if (HoldsAny(why, {"Can't open lib", "[IM00"}))
     return {About::Everything, NoDriver(given) + behind};
@@ -133,8 +161,8 @@ ServerAnswer AnswerTo(const SchoolError& error, const SchoolAddress& address) {
     if (!HoldsAny(why, rule.signs)) continue;
     // Not each text has a place for each value.
     auto text = QString::fromUtf8(rule.text);
-    text.replace("%1", value(given.Has("Servername") ? "Servername" : "Server"));
-    text.replace("%2", value("Port")).replace("%3", value("Database")).replace("%4", value("UID"));
+    text.replace("%1", place.server).replace("%2", place.port);
+    text.replace("%3", place.database).replace("%4", place.user);
     return {rule.about, text + behind};
   }
   return {About::Everything, "No se puede abrir la escuela en ese servidor." + behind};

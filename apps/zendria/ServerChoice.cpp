@@ -1,5 +1,8 @@
 #include "apps/zendria/ServerChoice.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "adapters/odbc/ConnectionString.h"
 
 namespace quorvane::zendria {
@@ -20,7 +23,13 @@ QString InBraces(const char* keyword, const QString& value) {
 
 }  // namespace
 
-QStringList ServerChoice::SslModes() { return {"prefer", "require", "verify-full"}; }
+const std::vector<ServerChoice::SslMode>& ServerChoice::SslModes() {
+  static const std::vector<SslMode> modes = {
+      {"prefer", "Si el servidor puede"},
+      {"require", "Siempre"},
+      {"verify-full", "Siempre, y con un servidor comprobado (recomendado)"}};
+  return modes;
+}
 
 QString ServerChoice::UsualPort(Kind kind) { return kind == Kind::PostgreSql ? "5432" : "1433"; }
 
@@ -35,15 +44,19 @@ QString ServerChoice::Text() const {
          (postgreSql ? entry("sslmode", sslmode) : entry("TDS_Version", "7.4"));
 }
 
-QString ServerChoice::Mistake() const {
-  if (kind != Kind::PostgreSql) return {};
-  for (const auto& value : {server, database, user})
+std::optional<ServerAnswer> ServerChoice::Mistake() const {
+  using About = ServerAnswer::About;
+  if (kind != Kind::PostgreSql) return std::nullopt;
+  const std::pair<About, QString> fields[] = {
+      {About::Server, server}, {About::Database, database}, {About::User, user}};
+  for (const auto& [about, value] : fields)
     if (value.contains(u';') || value.trimmed().startsWith(u'{'))
-      return QStringLiteral(
-                 "«%1» no se puede escribir en una conexión con PostgreSQL: su controlador no "
-                 "admite nombres con «;» ni que empiecen por «{».")
-          .arg(value);
-  return {};
+      return ServerAnswer{
+          about, QStringLiteral(
+                     "«%1» no se puede escribir en una conexión con PostgreSQL: su controlador no "
+                     "admite nombres con «;» ni que empiecen por «{».")
+                     .arg(value)};
+  return std::nullopt;
 }
 
 std::optional<ServerChoice> ServerChoice::Of(const QString& text) {
@@ -57,11 +70,14 @@ std::optional<ServerChoice> ServerChoice::Of(const QString& text) {
   choice.port = value("Port");
   choice.database = value("Database");
   choice.user = value("UID");
-  choice.sslmode = value("sslmode");
+  if (choice.kind == Kind::PostgreSql) choice.sslmode = value("sslmode");
   if (choice.Text() != text) return std::nullopt;
   // Another one would be lost in a list that doesn't offer it.
-  if (choice.kind == Kind::PostgreSql && !SslModes().contains(choice.sslmode)) return std::nullopt;
-  return choice;
+  const auto& modes = SslModes();
+  const auto offered = std::any_of(modes.begin(), modes.end(), [&choice](const SslMode& mode) {
+    return mode.name == choice.sslmode;
+  });
+  return offered ? std::optional(choice) : std::nullopt;
 }
 
 }  // namespace quorvane::zendria

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 #include <optional>
+#include <vector>
+
+#include "apps/zendria/ServerAnswer.h"
 
 namespace quorvane::zendria {
 
@@ -19,12 +21,16 @@ struct ServerChoice {
 
   [[nodiscard]] static QString UsualPort(Kind kind);
   /// Those that the user may choose from.
-  [[nodiscard]] static QStringList SslModes();
+  struct SslMode {
+    QString name;
+    QString title;  ///< as the user reads it
+  };
+  [[nodiscard]] static const std::vector<SslMode>& SslModes();
 
   /// The connection string. What `Mistake` names can't be put into one.
   [[nodiscard]] QString Text() const;
-  /// What no connection string can hold, to be shown; empty when there is nothing of it.
-  [[nodiscard]] QString Mistake() const;
+  /// The first field whose value no connection string can hold, and what to tell of it.
+  [[nodiscard]] std::optional<ServerAnswer> Mistake() const;
 
   /// What makes that string; none when the fields can't.
   [[nodiscard]] static std::optional<ServerChoice> Of(const QString& text);

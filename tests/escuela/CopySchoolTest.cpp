@@ -91,6 +91,7 @@ class CopyTest : public testing::Test {
   }
 
   TempFolder folder;
+  int asked = 0;
   std::string from = folder / "origen.sqlite";
   std::string to = folder / "copia.sqlite";
 };
@@ -313,6 +314,16 @@ TEST_F(CopyTest, EndsByTheSignalAndLeavesNothing) {
   }
 }
 
+// The indexes and the end come behind the last row.
+TEST_F(CopyTest, CanBeGivenUpBehindTheRows) {
+  auto all = false;
+  EXPECT_THROW(CopySchool(SchoolAddress::File(from), SchoolAddress::File(to),
+                          {[&](std::size_t done, std::size_t whole) { all = done == whole; },
+                           [&] { return all && ++asked > 1; }}),
+               CopyStopped);
+  EXPECT_EQ(folder.Files(), 1U);
+}
+
 /// A database of its own on the tests' server.
 class CopyOnServer : public CopyTest {
  protected:
@@ -375,6 +386,37 @@ TEST_F(CopyOnServer, SeesOneMomentWhileOthersWrite) {
               },
               [] { return false; }});
   EXPECT_EQ(Content(from), Content(to));
+}
+
+TEST_F(CopyOnServer, ASecondSignalEndsItWhereItWaits) {
+  CopySchool(SchoolAddress::File(from), There(), kNobody);
+  const auto holder = There().Open("");
+  holder->Execute("BEGIN");
+  holder->Execute("LOCK TABLE Alumno");
+  const auto child = fork();
+  if (child == 0) {
+    const auto nothing = open("/dev/null", O_WRONLY);
+    dup2(nothing, STDOUT_FILENO);
+    dup2(nothing, STDERR_FILENO);
+    execl(QUORVANE_ESCUELA, QUORVANE_ESCUELA, "copiar", OwnerString(name).c_str(), to.c_str(),
+          nullptr);
+    _exit(127);
+  }
+  const auto waiting = [&] {
+    return RowsOf(*holder, "SELECT COUNT(*) FROM pg_locks WHERE NOT granted") == Rows{"1|"};
+  };
+  for (auto i = 0; i < 2000 && !waiting(); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  kill(child, SIGINT);
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  EXPECT_EQ(waitpid(child, nullptr, WNOHANG), 0);
+  kill(child, SIGINT);
+  int status = 0;
+  for (auto i = 0; i < 1000 && waitpid(child, &status, WNOHANG) == 0; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT);
+  kill(child, SIGKILL);
+  holder->Execute("ROLLBACK");
 }
 
 TEST_F(CopyOnServer, LeavesNothingWhenItIsGivenUp) {

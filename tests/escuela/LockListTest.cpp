@@ -1,6 +1,9 @@
+#include <chrono>
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/Transaction.h"
+#include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
 #include "tests/support/Matchers.h"
 
@@ -70,6 +73,42 @@ TEST_F(LockListTest, RemovesThatPublicationAndNothingElse) {
   EXPECT_EQ(left[0].id, 2);
   EXPECT_EQ(left[0].subjects.size(), 1U);
   EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionPte"), other);
+}
+
+TEST_F(LockListTest, NobodyComesBetweenTheLookAndTheRemoval) {
+  sqlite::SqliteConnection other(school_.Path(), "");
+  other.BusyWait(std::chrono::milliseconds(1));
+  other.Open();
+  auto tried = 0;
+  school_.Db().Observe([&](const Connection&, const std::string& statement) {
+    if (!statement.starts_with("DELETE FROM BloqueoPte WHERE CodPublicacion=")) return;
+    ++tried;
+    EXPECT_THROW(other.Execute("UPDATE PublicacionPte SET CodPropietario=8"), RuntimeError);
+  });
+  EXPECT_TRUE(list_.RemoveUnchanged(list_.Read().front()));
+  EXPECT_EQ(tried, 1);
+}
+
+TEST_F(LockListTest, AFailureHalfwayLeavesThemAll) {
+  school_.Db().Observe([](const Connection&, const std::string& statement) {
+    if (statement.starts_with("DELETE FROM PublicacionPte"))
+      throw RuntimeError(ErrorNumber::StatementFailed, "disk I/O error");
+  });
+  EXPECT_THROW(list_.Remove(1), RuntimeError);
+  EXPECT_EQ(list_.Read().front().subjects.size(), 2U);
+}
+
+// The program would end there, and with it what it was about to tell.
+TEST_F(LockListTest, WhatAnObserverThrowsAtTheUndoingEndsNothing) {
+  {
+    const Transaction transaction(school_.Db());
+    Change("DELETE FROM BloqueoPte");
+    school_.Db().Observe([](const Connection&, const std::string&) { throw 7; });
+  }
+  school_.Db().Observe({});
+  EXPECT_FALSE(school_.Db().IsOpen());
+  school_.Db().Open();
+  EXPECT_EQ(list_.Read().front().subjects.size(), 2U);
 }
 
 TEST_F(LockListTest, LeavesANumberThatHasPassedToAnotherAlone) {

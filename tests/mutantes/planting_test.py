@@ -164,6 +164,16 @@ class ProgramTest(unittest.TestCase):
             self.assertEqual(lists[0].stdout, lists[1].stdout)
             self.assertEqual(sorted(path.name for path in grades.iterdir()), ['A.cpp'])
 
+    def test_a_folder_that_is_no_copy_of_its_own_is_left_as_it_is(self):
+        with tempfile.TemporaryDirectory() as folder:
+            letter = pathlib.Path(folder, 'arbol', 'carta.txt')
+            letter.parent.mkdir()
+            letter.write_text('mío', encoding='utf-8')
+            done = self.run_tool('1', '--carpeta', folder)
+            self.assertEqual(done.returncode, 2)
+            self.assertIn('no es una copia hecha por esta orden', done.stderr)
+            self.assertEqual(letter.read_text(encoding='utf-8'), 'mío')
+
     def test_bad_arguments_end_with_two(self):
         for arguments in ((), ('0',), ('x',), ('3', '--limite', '0'), ('3', '--nada'),
                           ('3', '--arbol', '/no/hay')):

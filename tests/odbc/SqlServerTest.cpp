@@ -8,6 +8,7 @@
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqltext/UnionOrder.h"
+#include "apps/escuela/CopySchool.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/NewSchool.h"
@@ -21,6 +22,7 @@
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
 namespace {
@@ -107,6 +109,16 @@ TEST_F(SqlServerTest, AFailureTellsStateTextAndNumber) {
               AllOf(StartsWith("[23000] "), HasSubstr("(2627)")));
 }
 
+TEST(OtherServerTest, IsRefusedWithWhatIsSupported) {
+  const TdsServer other("", "Adaptive Server Enterprise");
+  OdbcConnection con(other.String(), "");
+  EXPECT_EQ(StatementError([&] { con.Open(); }),
+            "No se puede usar esta base de datos: es de «Adaptive Server Enterprise», y solo se "
+            "admiten PostgreSQL, desde la versión 12, SQL Server y SQLite");
+  EXPECT_FALSE(con.IsOpen());
+  EXPECT_THAT(StatementError([&] { con.Open(); }), HasSubstr("Adaptive Server"));
+}
+
 TEST_F(SqlServerTest, AWrongPasswordIsToldWithoutIt) {
   OdbcConnection other(server.String("equivocada"), "");
   EXPECT_THAT(
@@ -135,6 +147,7 @@ TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
 TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
   const auto address = SchoolAddress::Odbc(server.String());
   MakeSchool(address, Demo);
+  EXPECT_THAT(server.Batches(), Contains(HasSubstr(",N'Óscar',")));
   const auto school = address.Open("");
   EXPECT_THAT(SchoolCheck(*school).Structure(SchoolCheck::For::Host), IsEmpty());
   EXPECT_THAT(SchoolCheck(*school).Rows(), IsEmpty());
@@ -205,6 +218,39 @@ Lines Table(const std::string& file, const std::string& table) {
   for (auto& row : rows)
     for (auto at = row.find("-1"); at != std::string::npos; at = row.find("-1")) row.erase(at, 1);
   return rows;
+}
+
+// The server of the tests can't read as of one moment, and has tables of other schemas.
+TEST_F(SqlServerTest, ASchoolIsCopiedFromItAndWhatMayBeTornIsTold) {
+  const TempFolder folder;
+  const auto file = folder / "copia.sqlite";
+  MakeSchool(SchoolAddress::Odbc(server.String()), Demo);
+  const auto copy = CopySchool(SchoolAddress::Odbc(server.String()), SchoolAddress::File(file),
+                               {[](std::size_t, std::size_t) {}, [] { return false; }});
+  EXPECT_THAT(copy.notCopied, ElementsAre("Recibo"));
+  EXPECT_FALSE(copy.oneMoment);
+  for (const auto& table : SchoolTables())
+    EXPECT_EQ(Table(file, table.name), Table(server.File(), table.name)) << table.name;
+  const auto again = RunCommand("(" QUORVANE_ESCUELA " copiar " + Quoted(server.String()) + " " +
+                                file + "2 2>&1 >/dev/null)");
+  EXPECT_EQ(again.status, 3);
+  EXPECT_THAT(again.text, StartsWith("quorvane-escuela: El origen no permite leerlo todo"));
+}
+
+TEST(DyingSqlServerTest, ThatDiesWhileItEndsASchoolLeavesUnknownWhetherItIsThere) {
+  const TdsServer server("COMMIT TRANSACTION");
+  EXPECT_THAT(StatementError([&] { MakeSchool(SchoolAddress::Odbc(server.String()), Demo); }),
+              AllOf(StartsWith("No se sabe si se ha creado la escuela en "),
+                    HasSubstr("«quorvane-escuela comprobar»"),
+                    Not(HasSubstr("No ha quedado nada escrito"))));
+}
+
+TEST(DyingSqlServerTest, ThatDiesBetweenTheLocksAndTheirPublicationKeepsBoth) {
+  const TdsServer server("DELETE FROM PublicacionPte WHERE");
+  MakeSchool(SchoolAddress::Odbc(server.String()), Demo);
+  const auto school = SchoolAddress::Odbc(server.String()).Open("");
+  EXPECT_THAT(StatementError([&] { LockList(*school).Remove(1); }), HasSubstr("perdido la con"));
+  EXPECT_EQ(Table(server.File(), "BloqueoPte").size(), 2U);
 }
 
 TEST_F(SqlServerTest, AWholeSchoolYearIsTheSameAsOnAFile) {

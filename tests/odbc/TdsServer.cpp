@@ -10,13 +10,14 @@
 
 namespace quorvane::test {
 
-TdsServer::TdsServer(const std::string& diesAt) {
+TdsServer::TdsServer(const std::string& diesAt, const std::string& product) {
   const auto log = folder_ / "lotes.json";
   const auto file = File();
   for (const auto& path : {log, file}) std::ofstream(path, std::ios::app).flush();
   std::vector<const char*> arguments{
-      QUORVANE_PYTHON, QUORVANE_TDS_SERVER, "--db",    file.c_str(), "--log",
-      log.c_str(),     "--password",        "secreto", "--schema",   QUORVANE_SCHEMA};
+      QUORVANE_PYTHON, QUORVANE_TDS_SERVER, "--db",       file.c_str(),
+      "--log",         log.c_str(),         "--password", "secreto",
+      "--schema",      QUORVANE_SCHEMA,     "--product",  product.c_str()};
   if (!diesAt.empty()) arguments.insert(arguments.end(), {"--dies-at", diesAt.c_str()});
   arguments.push_back(nullptr);
   int ends[2];

@@ -13,7 +13,9 @@ namespace quorvane::test {
 class TdsServer {
  public:
   /// The server ends at once, without an answer, at the batch that holds `diesAt`; empty for none.
-  explicit TdsServer(const std::string& diesAt = {});
+  /// `product` is what it calls itself.
+  explicit TdsServer(const std::string& diesAt = {},
+                     const std::string& product = "Microsoft SQL Server");
   ~TdsServer();
   TdsServer(TdsServer&&) = delete;
 

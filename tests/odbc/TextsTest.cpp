@@ -51,8 +51,28 @@ TEST(ConnectionStringTest, IsWrittenAsItWasGiven) {
 TEST(ConnectionStringTest, LosesItsPasswordWhenShown) {
   for (const auto* const text :
        {"DSN=a;PWD=secreto;UID=b", "DSN=a;pwd={se;creto};UID=b", "DSN=a;Password=secreto;UID=b",
-        "DSN=a; Pwd = secreto ;UID=b", "PWD=x;DSN=a;PWD=secreto;UID=b"})
+        "DSN=a; Pwd = secreto ;UID=b", "PWD=x;DSN=a;PWD=secreto;UID=b",
+        "DSN=a;Trusted_Connection;PWD=secreto;UID=b", "DSN=a;PWD=se;creto;UID=b",
+        "DSN=a;UID=b;Server={a;PWD=secreto", "DSN=a;pqopt={password=secreto};UID=b",
+        "DSN=a;pqopt={sslPassword = x};UID=b", "DSN=a;APIKey=secreto;UID=b", "DSN=a;UID=b;Port={",
+        "DSN=a;ConnSettings=SET x.password='secreto';UID=b"})
     EXPECT_EQ(ConnectionString(text).TextWithoutPassword(), "DSN=a;UID=b") << text;
+}
+
+TEST(ConnectionStringTest, KeepsTheRestWhenShown) {
+  for (const auto* const text :
+       {"Driver={PostgreSQL Unicode};Server=a;Port=5432;Database=c;UID=b;sslmode=verify-full;"
+        "pqopt={sslrootcert=/etc/a.pem};KeepaliveTime=10",
+        "Driver=FreeTDS;Server=a;Port=1433;Database=c;UID=b;TDS_Version=7.4;ClientCharset=UTF-8",
+        "Driver={ODBC Driver 18 for SQL Server};Server=a;Trusted_Connection=yes;Encrypt=strict",
+        "Driver=SQLite3;Database=/a b/c.sqlite;Timeout=5;SyncPragma=OFF"})
+    EXPECT_EQ(ConnectionString(text).TextWithoutPassword(), text);
+}
+
+TEST(ConnectionStringTest, AWordWithoutAValueIsNoPartOfTheNextKeyword) {
+  const ConnectionString given("Trusted_Connection;PWD=abc;def;Server=s");
+  EXPECT_EQ(given.Value("PWD"), "abc");
+  EXPECT_EQ(given.Value("Server"), "s");
 }
 
 TEST(ConnectionStringTest, TakesAPasswordOfAnyLetters) {

@@ -185,9 +185,18 @@ class School:
             log.write(json.dumps(text, ensure_ascii=False) + "\n")
 
     def connect(self):
-        return sqlite3.connect(
+        database = sqlite3.connect(
             self.options.db, isolation_level=None, timeout=30, check_same_thread=False
         )
+        database.execute("ATTACH ':memory:' AS INFORMATION_SCHEMA")
+        database.execute("CREATE TABLE INFORMATION_SCHEMA.TABLES (TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE)")
+        # Beside the school's, which are not asked for by name.
+        for schema, name in ("dbo", "Alumno"), ("dbo", "Recibo"), ("contabilidad", "Factura"):
+            database.execute(
+                "INSERT INTO INFORMATION_SCHEMA.TABLES VALUES (?,?,'BASE TABLE')", (schema, name)
+            )
+        database.create_function("SCHEMA_NAME", 0, lambda: "dbo")
+        return database
 
     def column(self, name, values):
         # An expression has no name there, and the later of two columns is not numbered.
@@ -228,9 +237,12 @@ class School:
             return self.failure(str(failure))
 
     def answer(self, database, text):
-        sql = re.sub(r"\+(?=\s*')", "||", text)
+        sql = re.sub(r"(?<!\w)N?('(?:[^']|'')*')", r"\1", text)
+        sql = re.sub(r"\+(?=\s*')", "||", sql)
         sql = re.sub(r"(?<=')(\s*)\+", r"\1||", sql)
         sql = order_by_places(sql)
+        sql = re.sub(r"^SELECT TOP (\d+) (.*)$", r"SELECT \2 LIMIT \1", sql, flags=re.S)
+        sql = re.sub(r" OFFSET (\d+) ROWS FETCH NEXT (\d+) ROWS ONLY$", r" LIMIT \2 OFFSET \1", sql)
         cursor = database.execute(sql)
         if cursor.description is None:
             self.round_bits(database, text)
@@ -305,7 +317,7 @@ class Client(socketserver.BaseRequestHandler):
             user = field(1).decode("utf-16-le")
             self.send(error(18456, f"Login failed for user '{user}'.", 14) + done(ERROR))
             return False
-        ack = struct.pack("<B", 1) + b"\x74\x00\x00\x04" + b_text("Microsoft SQL Server")
+        ack = struct.pack("<B", 1) + b"\x74\x00\x00\x04" + b_text(self.server.school.options.product)
         ack += bytes([15, 0, 7, 208])
         database = field(8).decode("utf-16-le") or "Centro"
         change = b"\x01" + b_text(database) + b_text("master")
@@ -354,6 +366,7 @@ def main():
     for name in ("--db", "--log", "--schema", "--password"):
         arguments.add_argument(name, required=True)
     arguments.add_argument("--dies-at", help="the batch with this text ends the server")
+    arguments.add_argument("--product", default="Microsoft SQL Server", help="what it calls itself")
     options = arguments.parse_args()
     with Server(("127.0.0.1", 0), Client) as server:
         server.school = School(options)

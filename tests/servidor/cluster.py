@@ -56,6 +56,7 @@ class Cluster:
         self.port = free_port()
         self.settings = {**SETTINGS, **settings}
         self.process = None
+        self.disk = None
         self._run('initdb', '-D', str(self.data), '-U', 'postgres', '--auth=scram-sha-256',
                   '--pwfile', self._password_file(), '-E', 'UTF8', '--locale=C.UTF-8', '-N')
         self.start()
@@ -114,6 +115,20 @@ class Cluster:
             raise RuntimeError(done.stderr)
         return done.stdout
 
+    def tiny_disk(self, size):
+        """A tablespace on a disk of that size, which the owner may use; '' where none can be mounted."""
+        disk = self.folder / 'disco'
+        disk.mkdir()
+        done = subprocess.run(['mount', '-t', 'tmpfs', '-o', f'size={size}', 'tmpfs', str(disk)],
+                              capture_output=True)
+        if done.returncode != 0:
+            return ''
+        self.disk = disk
+        shutil.chown(disk, 'postgres', 'postgres')
+        self.sql(f"CREATE TABLESPACE disco LOCATION '{disk}'",
+                 f'GRANT CREATE ON TABLESPACE disco TO {OWNER}')
+        return 'disco'
+
     def string(self, user, **more):
         """A connection string without the database."""
         words = {'Driver': 'PostgreSQL Unicode', 'Server': '127.0.0.1', 'Port': self.port, 'UID': user,
@@ -122,6 +137,8 @@ class Cluster:
 
     def remove(self):
         self.stop()
+        if self.disk:
+            subprocess.run(['umount', str(self.disk)], capture_output=True)
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def __enter__(self):

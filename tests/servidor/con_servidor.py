@@ -6,6 +6,8 @@ The program finds in its environment how to reach it: QUORVANE_PRUEBAS_SERVIDOR 
 school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone. With --duena the
 first is the second's too, for tests whose scripts change what only the school's owner may change.
 An argument {zendria} or {duena} is the string of one of them with a database that has no tables yet.
+QUORVANE_PRUEBAS_ANTIGUO is the port of one that says that it is of version 11, QUORVANE_PRUEBAS_DISCO
+a tablespace on a disk of its own, of 8 MB, where this machine lets one be made.
 
 --duradero: the server writes to its disk before it answers, and tidies up, as one does that isn't thrown
 away. --repartidor N: who works reaches it through PgBouncer in transaction mode with N connections.
@@ -18,6 +20,7 @@ import signal
 import subprocess
 import sys
 
+import old_server
 from cluster import OWNER, USER, Cluster
 from pooler import Pooler
 
@@ -42,7 +45,9 @@ def main():
         if set(named) & set(asked.command):
             cluster.sql(f'CREATE DATABASE escuela OWNER {OWNER}')
         environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': owner if asked.duena else user,
-                       'QUORVANE_PRUEBAS_DUENA': owner}
+                       'QUORVANE_PRUEBAS_DUENA': owner,
+                       'QUORVANE_PRUEBAS_ANTIGUO': str(old_server.before(cluster.port)),
+                       'QUORVANE_PRUEBAS_DISCO': cluster.tiny_disk('8m')}
         # The sanitizers' frames are large, and shows nest.
         resource.setrlimit(resource.RLIMIT_STACK, (STACK, resource.getrlimit(resource.RLIMIT_STACK)[1]))
         status = subprocess.run([named.get(word, word) for word in asked.command],

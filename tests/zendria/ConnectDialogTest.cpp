@@ -137,6 +137,30 @@ TEST_F(ConnectDialogTest, ANameThatNoStringCanHoldIsToldBeforeTrying) {
   EXPECT_TRUE(Find<QLabel>("respuesta").text().contains("«a;b»"));
 }
 
+TEST_F(ConnectDialogTest, TheFieldWithTheNameThatNoStringCanHoldHasTheKeyboard) {
+  dialog.show();
+  QApplication::setActiveWindow(&dialog);
+  Type("servidor", "a;b");
+  Type("baseDeDatos", "centro");
+  Button().click();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "servidor");
+  Type("servidor", "a");
+  Type("usuarioServidor", "{x");
+  Button().click();
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "usuarioServidor");
+}
+
+TEST_F(ConnectDialogTest, BehindASqlServerTheEncryptionIsTheUsualOne) {
+  ConnectDialog again("Driver=FreeTDS;Server=a;Port=1433;Database=b;UID=c;TDS_Version=7.4",
+                      [](const SchoolAddress&) { return std::nullopt; });
+  again.show();
+  auto& kind = *again.findChild<QComboBox*>("tipo");
+  EXPECT_EQ(kind.currentIndex(), 1);
+  kind.setCurrentIndex(0);
+  EXPECT_EQ(again.findChild<QComboBox*>("cifrado")->currentText(), "Si el servidor puede");
+  EXPECT_NE(again.Address().Text().find(";sslmode=prefer"), std::string::npos);
+}
+
 TEST_F(ConnectDialogTest, TheTabGoesDownTheFields) {
   dialog.show();
   QApplication::setActiveWindow(&dialog);
@@ -173,6 +197,28 @@ void ExpectToldOf(const QString& serverAndPort, const QString& part) {
 
 TEST(ConnectAnswer, TellsAnUnknownHost) {
   ExpectToldOf("Server=no-hay.invalid;Port=1433", "ningún servidor que se llame «no-hay.invalid»");
+}
+
+TEST(ConnectAnswer, NamesThePlaceOfADataSourceAndOfAStringThatSaysLittle) {
+  const auto told = [](const QString& string, const QString& why) {
+    return AnswerTo(SchoolError(why), SchoolAddress::Odbc(string.toStdString())).text;
+  };
+  EXPECT_TRUE(told("Driver=FreeTDS;Server=a;UID=b", "Connection refused")
+                  .startsWith("En «a» no contesta ninguna base de datos por el puerto 1433."));
+  EXPECT_TRUE(told("DSN=centro", "Connection refused")
+                  .startsWith("En «centro» no contesta ninguna base de datos por el puerto 1433."));
+  QTemporaryDir folder;
+  QFile sources(folder.filePath("odbc.ini"));
+  ASSERT_TRUE(sources.open(QIODevice::WriteOnly));
+  sources.write(
+      "[aula]\nDriver=PostgreSQL Unicode\nServername=escuela\nDatabase=c\nUsername=ana\n");
+  sources.close();
+  qputenv("ODBCINI", sources.fileName().toUtf8());
+  EXPECT_TRUE(
+      told("DSN=aula", "Connection refused")
+          .startsWith("En «escuela» no contesta ninguna base de datos por el puerto 5432."));
+  EXPECT_TRUE(told("DSN=aula", "password authentication failed").contains("usuario («ana»)"));
+  qunsetenv("ODBCINI");
 }
 
 TEST(ConnectAnswer, TellsAClosedPort) {

@@ -24,7 +24,7 @@ TEST(ServerChoice, OddNamesComeBackAsTheyWere) {
   for (const QString name : {"con=igual", "a}b", "a{b", "dos palabras", "centro(1)", "ñandú"})
     for (const auto kind : {Kind::PostgreSql, Kind::SqlServer}) {
       const ServerChoice choice{kind, "escuela", "1500", name, name, "verify-full"};
-      EXPECT_TRUE(choice.Mistake().isEmpty());
+      EXPECT_FALSE(choice.Mistake());
       const odbc::ConnectionString given(choice.Text().toStdString());
       EXPECT_EQ(given.Value("Database"), name.toStdString()) << choice.Text().toStdString();
       EXPECT_EQ(given.Value("UID"), name.toStdString());
@@ -37,9 +37,10 @@ TEST(ServerChoice, ForPostgreSqlNothingStandsInBraces) {
   EXPECT_TRUE(choice.Text().contains(";Database=centro(1);UID=a@b;"));
   for (const QString name : {"a;b", "{a}"}) {
     const ServerChoice bad{Kind::PostgreSql, "escuela", "", name, "ana", "prefer"};
-    EXPECT_TRUE(bad.Mistake().contains("«" + name + "»"));
-    EXPECT_TRUE(
-        (ServerChoice{Kind::SqlServer, "escuela", "", name, "ana", ""}).Mistake().isEmpty());
+    ASSERT_TRUE(bad.Mistake());
+    EXPECT_TRUE(bad.Mistake()->text.contains("«" + name + "»"));
+    EXPECT_EQ(bad.Mistake()->about, ServerAnswer::About::Database);
+    EXPECT_FALSE((ServerChoice{Kind::SqlServer, "escuela", "", name, "ana", ""}).Mistake());
   }
 }
 
@@ -51,6 +52,8 @@ TEST(ServerChoice, KnowsItsOwnStringsAndNoOthers) {
     EXPECT_EQ(again->Text(), choice.Text());
     EXPECT_FALSE(ServerChoice::Of(choice.Text() + ";Timeout=3"));
   }
+  EXPECT_EQ(ServerChoice::Of("Driver=FreeTDS;Server=a;Port=1;Database=b;TDS_Version=7.4")->sslmode,
+            "prefer");
   EXPECT_FALSE(ServerChoice::Of("DSN=escuela;UID=ana"));
   EXPECT_FALSE(ServerChoice::Of("Driver={PostgreSQL Unicode};Server=a;Port=1;sslmode=otro"));
 }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "adapters/sqltext/Dialect.h"
+
+namespace quorvane::odbc {
+
+/// The engine that a connection string itself tells of, by its driver or by that of the data source
+/// that it names; unknown where neither does.
+sqltext::Engine NamedEngine(const std::string& connectionString);
+
+/// What the connection string says of a keyword, or else the data source that it names; empty where
+/// neither does.
+std::string GivenSetting(const ConnectionString& string, const char* keyword);
+
+/// The connection string with the settings that its engine's driver needs and that neither it nor
+/// its data source has. What either has counts.
+std::string Completed(const std::string& connectionString, sqltext::Engine engine);
+
+}  // namespace quorvane::odbc

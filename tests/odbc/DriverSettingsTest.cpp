@@ -1,0 +1,74 @@
+#include <cstdlib>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "adapters/odbc/DriverSettings.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+using odbc::Completed;
+using odbc::ConnectionString;
+using odbc::NamedEngine;
+using sqltext::Engine;
+
+/// Data sources of the user's, while it lives.
+class DataSources {
+ public:
+  explicit DataSources(const std::string& text) {
+    const auto path = folder_ / "odbc.ini";
+    std::ofstream(path) << text;
+    setenv("ODBCINI", path.c_str(), 1);
+  }
+  ~DataSources() { unsetenv("ODBCINI"); }
+  DataSources(DataSources&&) = delete;
+
+ private:
+  TempFolder folder_;
+};
+
+std::string Option(const std::string& string, const char* keyword) {
+  return ConnectionString(Completed(string, Engine::PostgreSql)).Value(keyword);
+}
+
+TEST(DriverSettingsTest, TheStringLacksNothingAfterwards) {
+  EXPECT_EQ(Completed("Driver=SQLite3;Database=a", Engine::Sqlite),
+            "Driver=SQLite3;Database=a;Timeout=60000;NoCreat=Yes;SyncPragma=FULL");
+  EXPECT_EQ(Completed("Driver=FreeTDS", Engine::SqlServer), "Driver=FreeTDS");
+  EXPECT_EQ(Option("Driver=x", "UseServerSidePrepare"), "0");
+  EXPECT_EQ(Option("Driver=x", "pqopt"), "keepalives_count=3 tcp_user_timeout=20000");
+}
+
+TEST(DriverSettingsTest, WhatTheStringHasCounts) {
+  EXPECT_EQ(Option("Driver=x;KeepaliveTime=7", "KeepaliveTime"), "7");
+  EXPECT_EQ(Option("Driver=x;pqopt={sslrootcert=/a b};UID=y", "pqopt"),
+            "sslrootcert=/a b keepalives_count=3 tcp_user_timeout=20000");
+  EXPECT_EQ(Option("Driver=x;pqopt=tcp_user_timeout=0", "pqopt"),
+            "tcp_user_timeout=0 keepalives_count=3");
+  EXPECT_EQ(Option("Driver=x;pqopt={a=b};PWD={c;d}", "PWD"), "c;d");
+}
+
+TEST(DriverSettingsTest, WhatTheDataSourceHasCounts) {
+  const DataSources sources(
+      "[Centro]\nDriver=PostgreSQL Unicode\nBoolsAsChar=1\npqopt={application_name=aula}\n");
+  EXPECT_EQ(NamedEngine("DSN=Centro"), Engine::PostgreSql);
+  EXPECT_EQ(Option("DSN=Centro", "BoolsAsChar"), "");
+  EXPECT_EQ(Option("DSN=Centro", "CommLog"), "0");
+  EXPECT_EQ(Option("DSN=Centro", "pqopt"),
+            "application_name=aula keepalives_count=3 tcp_user_timeout=20000");
+  EXPECT_EQ(Option("DSN=Centro;BoolsAsChar=0", "BoolsAsChar"), "0");
+}
+
+TEST(DriverSettingsTest, TheEngineIsNamedByTheDriverOrItsFile) {
+  EXPECT_EQ(NamedEngine("Driver={PostgreSQL Unicode};Server=a"), Engine::PostgreSql);
+  EXPECT_EQ(NamedEngine("Driver=/usr/lib/odbc/psqlodbcw.so"), Engine::PostgreSql);
+  EXPECT_EQ(NamedEngine("Driver=libsqlite3odbc.so"), Engine::Sqlite);
+  EXPECT_EQ(NamedEngine("Driver=FreeTDS"), Engine::Unknown);
+  EXPECT_EQ(NamedEngine("DSN=no_hay_tal"), Engine::Unknown);
+}
+
+}  // namespace
+}  // namespace quorvane::test
