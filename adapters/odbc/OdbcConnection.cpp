@@ -107,7 +107,8 @@ OdbcConnection::OdbcConnection(std::string connectionString, std::string name)
 OdbcConnection::~OdbcConnection() = default;
 
 void OdbcConnection::Open() {
-  if (IsOpen()) return;
+  // The server may have ended it while nobody asked for anything.
+  if (IsOpen() && !connection_->HungUp()) return;
   const auto named = NamedEngine(ConnectionString(text_));
   Connect(named);
   // A data source tells its engine only now.
@@ -158,8 +159,10 @@ Recordset OdbcConnection::RunText(const std::string& text) {
           Clock::now() < until)
         continue;
       if (!failure.What().HasState("08") && !connection_->IsDead()) throw failure.What().Error();
+      const auto* const why = connection_->FoundSilence() ? "el servidor no contesta: " : "";
       Close();
-      throw failure.What().Error("Se ha perdido la conexión con la base de datos: ");
+      throw failure.What().Error(std::string("Se ha perdido la conexión con la base de datos: ") +
+                                 why);
     }
 }
 
