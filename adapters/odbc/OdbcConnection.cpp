@@ -10,6 +10,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverConnection.h"
 #include "adapters/odbc/DriverFailure.h"
+#include "adapters/odbc/Waiting.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
 
@@ -123,7 +124,9 @@ void OdbcConnection::Connect(Engine expected) {
   const auto letters = expected == Engine::Sqlite ? Letters::Utf8 : Letters::Wide;
   try {
     connection_ = nullptr;
-    connection_ = std::make_unique<DriverConnection>(Completed(text_, expected), letters);
+    Wait([&] {
+      connection_ = std::make_unique<DriverConnection>(Completed(text_, expected), letters);
+    });
   } catch (const DriverFailure& failure) {
     throw failure.What().Error("No se puede conectar con la base de datos: ",
                                Advice(failure.What()));
@@ -151,7 +154,9 @@ Recordset OdbcConnection::RunText(const std::string& text) {
   using Clock = std::chrono::steady_clock;
   const auto until = Clock::now() + BusyWait(ConnectionString(text_));
   for (;; std::this_thread::sleep_for(kBusyPause)) try {
-      return connection_->Execute(text, engine_ == Engine::Sqlite);
+      Recordset rows;
+      Wait([&] { rows = connection_->Execute(text, engine_ == Engine::Sqlite); });
+      return rows;
     } catch (const DriverFailure& failure) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.

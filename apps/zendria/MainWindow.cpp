@@ -210,8 +210,9 @@ void MainWindow::ShowFailed(const Failure& failure, const QString& screenTitle) 
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  // The screen that is open works on the connections of this window's school.
-  if (nodeOpen_ || QApplication::activeModalWidget() != nullptr) {
+  // The screen that is open works on the connections of this window's school, and so does a
+  // statement that is waited for.
+  if (nodeOpen_ || screen_.Awaiting() || QApplication::activeModalWidget() != nullptr) {
     event->ignore();
     if (Leave) Leave();
     return;

@@ -4,6 +4,7 @@
 The program finds in its environment how to reach it: QUORVANE_PRUEBAS_SERVIDOR as who works on a
 school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone. With --duena the
 first is the second's too, for tests whose scripts change what only the school's owner may change.
+SIGUSR1 to the process in QUORVANE_PRUEBAS_MANDO stops the server at once and starts it again.
 """
 import os
 import signal
@@ -19,9 +20,15 @@ def main():
     user = OWNER if arguments[0] == '--duena' else USER
     if user == OWNER:
         del arguments[0]
-    with Cluster() as cluster:
+    # A server that stops at once keeps what it has acknowledged, as where it is used.
+    with Cluster(synchronous_commit='on') as cluster:
+        def again(*_):
+            cluster.stop()
+            cluster.start()
+        signal.signal(signal.SIGUSR1, again)
         environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': cluster.string(user),
-                       'QUORVANE_PRUEBAS_DUENA': cluster.string(OWNER)}
+                       'QUORVANE_PRUEBAS_DUENA': cluster.string(OWNER),
+                       'QUORVANE_PRUEBAS_MANDO': str(os.getpid())}
         return subprocess.run(arguments, env=environment).returncode
 
 
