@@ -25,7 +25,7 @@ TEST(ReconnectTest, AScreenThatLostTheConnectionOpensAgain) {
   const auto played = RunScript(school, "nodo 124\n" + kEnd +
                                             "elegir cboTipoEnsenanza =3\n"
                                             "nodo 124\nelegir cboTipoEnsenanza =3\n"
-                                            "ver cboCursos\ncerrar\n");
+                                            "ver\ncerrar\n");
   EXPECT_THAT(
       played.Of("error"),
       ElementsAre(StartsWith("-2147467259 Se ha perdido la conexión con la base de datos: [")))

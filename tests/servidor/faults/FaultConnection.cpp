@@ -1,5 +1,6 @@
 #include "tests/servidor/faults/FaultConnection.h"
 
+#include <thread>
 #include <utility>
 
 #include "platform/RuntimeError.h"
@@ -11,8 +12,15 @@ FaultConnection::FaultConnection(const std::string& text, std::string name, Faul
     : Connection(std::move(name)), engine_(text, ""), diary_(diary) {}
 
 void FaultConnection::Open() {
-  engine_.Open();
-  process_ = engine_.Execute("SELECT pg_backend_pid()").Fields(0).Long();
+  // The fault may just have met it at rest, or the server be on its way back.
+  const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  for (;; std::this_thread::sleep_for(std::chrono::milliseconds(50))) try {
+      engine_.Open();
+      process_ = engine_.Execute("SELECT pg_backend_pid()").Fields(0).Long();
+      return;
+    } catch (const RuntimeError&) {
+      if (std::chrono::steady_clock::now() > until) throw;
+    }
 }
 
 Recordset FaultConnection::Run(const std::string& statement) {

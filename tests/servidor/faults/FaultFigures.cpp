@@ -9,6 +9,7 @@ void FaultFigures::Add(const FaultFigures& other) {
   longestOpening = std::max(longestOpening, other.longestOpening);
   shortestError = faults == 0 ? other.shortestError : std::min(shortestError, other.shortestError);
   faults += other.faults;
+  unseen += other.unseen;
   returned += other.returned;
   written += other.written;
   inFlight += other.inFlight;
@@ -28,7 +29,8 @@ void FaultFigures::Print(std::ostream& out, const char* what) const {
       << ", fuera: " << outside << ", sin efecto: " << inFlight - inside - outside
       << "\n  publicaciones que nombra «bloqueos»: " << publications << ", con bloqueos: " << locks
       << "\n  pantallas abiertas de nuevo: " << reopened
-      << ", la que más ha tardado: " << longestOpening << " ms\n";
+      << ", la que más ha tardado: " << longestOpening
+      << " ms\n  faltas en reposo que nadie ha visto: " << unseen << '\n';
 }
 
 }  // namespace quorvane::test

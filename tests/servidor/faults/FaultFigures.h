@@ -8,6 +8,7 @@ namespace quorvane::test {
 /// What has come of the faults, in plain numbers: it goes through pipes.
 struct FaultFigures {
   std::int64_t faults = 0;
+  std::int64_t unseen = 0;          ///< more that met a connection at rest, which was made anew
   std::int64_t returned = 0;        ///< statements
   std::int64_t written = 0;         ///< of them those that write
   std::int64_t inFlight = 0;        ///< writes that the fault met

@@ -104,6 +104,7 @@ void Faults::Draw() {
 void Faults::PlayUntilLost() {
   while (diary_.error.empty()) {
     centro_.Open();
+    if (struck_ && centro_.Process() != process_) StrikeAgain();
     host_.SignIn({centro_, borrado_, entrada_},
                  kFirstUser + static_cast<int>(random_.Below(kUsers)));
     try {
@@ -121,12 +122,20 @@ void Faults::PlayUntilLost() {
   if (later_.joinable()) later_.join();
 }
 
+/// It came between two screens, and the next has connected again unseen.
+void Faults::StrikeAgain() {
+  if (later_.joinable()) later_.join();
+  struck_ = false;
+  ++figures_.unseen;
+}
+
 void Faults::Told(const std::string& statement) {
   if (statement.starts_with("DELETE FROM PublicacionPte")) publishes_ = false;
   --untilFault_;
   const auto suits = !(whileWriting_ && Reads(statement)) && !(whilePublishing_ && !publishes_);
   if (!struck_ && untilFault_ <= 0 && (suits || untilFault_ < -kPatience)) {
     struck_ = true;
+    process_ = centro_.Process();
     Strike();
   }
   if (statement.starts_with("INSERT INTO Publicacionpte")) publishes_ = true;

@@ -47,6 +47,7 @@ class Faults {
   void PlayUntilLost();
   void Told(const std::string& statement);
   void Strike();
+  void StrikeAgain();
   void CheckError();
   void BringBack();
   void CompareRows();
@@ -74,6 +75,7 @@ class Faults {
   bool whilePublishing_ = false;
   bool publishes_ = false;
   bool struck_ = false;
+  int process_ = 0;  ///< the server's for the connection, when the fault struck
 };
 
 }  // namespace quorvane::test
