@@ -55,12 +55,13 @@ class SilentServerTest : public HostTest {
     ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace(QString::fromStdString(text)), 1));
   }
 
-  /// The next choice of a kind of teaching finds the server silent.
-  void LoseAtTheNextChoice() {
+  /// The choice of a course finds the server silent.
+  void LoseAtTheChoice() {
     robot_.On("frmNotaManual1", [this](qt::FormWindow& form) {
+      Robot::Pick(form, "cboTipoEnsenanza", "ESO");
       proxy_->Fail(Fault::Silence, TcpProxy::Moment::NextRequest);
       sinceSilence_.start();
-      Robot::Pick(form, "cboTipoEnsenanza", "ESO");
+      Robot::Pick(form, "cboCursos", "2");
     });
   }
 
@@ -69,7 +70,7 @@ class SilentServerTest : public HostTest {
 };
 
 TEST_F(SilentServerTest, OnAServerTheErrorComesWhileTheWindowPaintsAndTheScreenOpensAgain) {
-  LoseAtTheNextChoice();
+  LoseAtTheChoice();
   const Paints paints(*window_);
   const auto before = paints.Count();
   const auto notice = NoticeOf(124);
@@ -85,6 +86,8 @@ TEST_F(SilentServerTest, OnAServerTheErrorComesWhileTheWindowPaintsAndTheScreenO
   auto opened = false;
   robot_.On("frmNotaManual1", [&opened](qt::FormWindow& form) {
     Robot::Pick(form, "cboTipoEnsenanza", "ESO");
+    Robot::Pick(form, "cboCursos", "2");
+    Robot::Pick(form, "cboSecciones", "A");
     opened = true;
     Robot::Click(form, "cmdNotaManual1(1)");
   });
@@ -100,7 +103,7 @@ TEST_F(SilentServerTest, OnAServerTheWindowCanBeClosedMeanwhile) {
     left = true;
     screen_.Leave();
   };
-  LoseAtTheNextChoice();
+  LoseAtTheChoice();
   auto asked = false;
   QTimer::singleShot(2000, window_.get(), [&] {
     asked = sinceSilence_.isValid();
