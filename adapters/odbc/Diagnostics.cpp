@@ -56,4 +56,14 @@ bool Diagnostics::HasNative(SQLINTEGER number) const {
                      [number](const Record& record) { return record.native == number; });
 }
 
+bool Diagnostics::ComeFromServer() const {
+  // Of a connection that a server refuses the one driver tells as of one that isn't to be had, but
+  // for the word that its server's own refusals begin with.
+  return std::any_of(records_.begin(), records_.end(), [](const Record& record) {
+    return record.text.find("FATAL:") != std::string::npos ||
+           !(record.state.starts_with("08") || record.state.starts_with("HYT") ||
+             record.state.starts_with("S1T"));
+  });
+}
+
 }  // namespace quorvane::odbc

@@ -22,6 +22,8 @@ class Diagnostics {
   /// Whether a record has a state that begins so: "08" tells of the connection.
   [[nodiscard]] bool HasState(const std::string& beginning) const;
   [[nodiscard]] bool HasNative(SQLINTEGER number) const;
+  /// Whether a server says it, rather than that none could be asked.
+  [[nodiscard]] bool ComeFromServer() const;
 
  private:
   struct Record {

@@ -1,19 +1,21 @@
 #include "adapters/odbc/DriverConnection.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <memory>
 #include <sqlext.h>
 #include <utility>
 #include <vector>
 
 #include "adapters/odbc/ColumnReader.h"
+#include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverFailure.h"
 #include "adapters/sqltext/FieldName.h"
 
 namespace quorvane::odbc {
 namespace {
 
-constexpr std::uintptr_t kLoginSeconds = 15;
+constexpr std::uintptr_t kLoginSeconds = 10;
+constexpr std::uintptr_t kQuestionSeconds = 6;
 
 SQLPOINTER AsPointer(std::uintptr_t number) {
   // The interface passes numbers where it passes pointers.
@@ -40,15 +42,42 @@ class Closing {
   SQLHSTMT statement_;
 };
 
+/// The driver takes that time for each of the servers that a string names.
+std::uintptr_t ForEach(std::uintptr_t seconds, const std::string& servers) {
+  const auto others = std::count(servers.begin(), servers.end(), ',');
+  return std::max<std::uintptr_t>(seconds / (1 + static_cast<std::uintptr_t>(others)), 2);
+}
+
+/// Whether there is a server that says anything at all, be it that it is full.
+bool Answers(const std::string& connectionString, Letters letters) {
+  try {
+    const DriverConnection question(connectionString, letters, DriverConnection::Purpose::Question);
+    return true;
+  } catch (const DriverFailure& failure) {
+    return failure.What().ComeFromServer();
+  }
+}
+
 }  // namespace
 
-DriverConnection::DriverConnection(const std::string& connectionString, Letters letters)
+DriverConnection::DriverConnection(const std::string& connectionString, Letters letters,
+                                   Purpose purpose)
     : calls_(letters), environment_(MakeEnvironment()), connection_(environment_.Get()) {
   if (connection_.Get() == nullptr)
     throw DriverFailure({calls_, SQL_HANDLE_ENV, environment_.Get()});
-  SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(kLoginSeconds), 0);
+  const ConnectionString given(connectionString);
+  if (purpose == Purpose::Work)
+    watch_ = std::make_unique<SilenceWatch>(given.Value("Port"), [connectionString, letters] {
+      return Answers(connectionString, letters);
+    });
+  const auto seconds = purpose == Purpose::Work ? kLoginSeconds : kQuestionSeconds;
+  SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
+                    AsPointer(ForEach(seconds, given.Value("Server"))), 0);
+  auto watched = Watched();
   if (!SQL_SUCCEEDED(calls_.Connect(connection_.Get(), connectionString)))
     throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
+  watched.reset();
+  if (watch_ && !watch_->Connected()) watch_.reset();
   statement_.emplace(connection_.Get());
   // A brace in the text is the engine's, not the driver's to read.
   SQLSetStmtAttr(statement_->Get(), SQL_ATTR_NOSCAN, AsPointer(SQL_NOSCAN_ON), 0);
@@ -64,7 +93,12 @@ std::string DriverConnection::Info(SQLUSMALLINT what) const {
   return SQL_SUCCEEDED(calls_.Info(connection_.Get(), what, text)) ? text : std::string();
 }
 
+std::unique_ptr<SilenceWatch::Call> DriverConnection::Watched() const {
+  return watch_ ? std::make_unique<SilenceWatch::Call>(*watch_) : nullptr;
+}
+
 bool DriverConnection::IsDead() const {
+  if (FoundSilence()) return true;
   SQLUINTEGER dead = SQL_CD_FALSE;
   const auto result =
       SQLGetConnectAttr(connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
@@ -91,6 +125,7 @@ Recordset DriverConnection::ReadRows(SQLHSTMT statement, SQLSMALLINT count, cons
 
 Recordset DriverConnection::Execute(const std::string& text, bool isSqlite) const {
   auto* const statement = statement_->Get();
+  const auto watched = Watched();
   if (statement == nullptr) throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});
   const auto require = [&](SQLRETURN result) {
     if (!SQL_SUCCEEDED(result)) throw DriverFailure({calls_, SQL_HANDLE_STMT, statement});

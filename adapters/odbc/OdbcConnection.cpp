@@ -11,6 +11,7 @@
 #include "adapters/odbc/DriverSettings.h"
 #include "adapters/odbc/FailureWords.h"
 #include "adapters/odbc/SupportedServer.h"
+#include "adapters/odbc/Waiting.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane::odbc {
@@ -52,7 +53,8 @@ OdbcConnection::OdbcConnection(std::string connectionString, std::string name)
 OdbcConnection::~OdbcConnection() = default;
 
 void OdbcConnection::Open() {
-  if (IsOpen()) return;
+  // The server may have ended it while nobody asked for anything.
+  if (IsOpen() && !connection_->HungUp()) return;
   const auto first = engine_ == Engine::Unknown;
   const auto named = first ? NamedEngine(text_) : engine_;
   Connect(named);
@@ -69,7 +71,9 @@ void OdbcConnection::Connect(Engine expected) {
   const auto letters = expected == Engine::Sqlite ? Letters::Utf8 : Letters::Wide;
   try {
     connection_ = nullptr;
-    connection_ = std::make_unique<DriverConnection>(Completed(text_, expected), letters);
+    Wait([&] {
+      connection_ = std::make_unique<DriverConnection>(Completed(text_, expected), letters);
+    });
   } catch (const DriverFailure& failure) {
     throw failure.What().Error("No se puede conectar con la base de datos: ",
                                Advice(failure.What()));
@@ -116,15 +120,19 @@ Recordset OdbcConnection::RunText(const std::string& text) {
   using Clock = std::chrono::steady_clock;
   const auto until = Clock::now() + busyWait_;
   for (;; std::this_thread::sleep_for(kBusyPause)) try {
-      return connection_->Execute(text, engine_ == Engine::Sqlite);
+      Recordset rows;
+      Wait([&] { rows = connection_->Execute(text, engine_ == Engine::Sqlite); });
+      return rows;
     } catch (const DriverFailure& failure) {
       // The engine waits by itself, but gives up at once where two waits could be for each other.
       // Its statement has then left nothing behind and can begin again.
       if (failure.What().HasNative(kSqliteBusy) && Clock::now() < until) continue;
       if (!failure.What().HasState("08") && !connection_->IsDead())
         throw failure.What().Error({}, WordsFor(failure.What()));
+      const auto* const why = connection_->FoundSilence() ? "el servidor no contesta: " : "";
       Close();
-      throw failure.What().Error("Se ha perdido la conexión con la base de datos: ");
+      throw failure.What().Error(std::string("Se ha perdido la conexión con la base de datos: ") +
+                                 why);
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <utility>
 
+#include "adapters/odbc/Waiting.h"
 #include "adapters/qt/views/IconStore.h"
 #include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
@@ -84,7 +85,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   ShowSession();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() { odbc::WhileWaiting({}); }
 
 void MainWindow::BuildMenus() {
   auto* const school = menuBar()->addMenu("&Escuela");
@@ -126,6 +127,7 @@ void MainWindow::BuildMenus() {
 }
 
 bool MainWindow::OpenSchool(const QString& place, std::optional<std::int32_t> user) {
+  PaintWhileWaiting();
   return !nodeOpen_ && MayOpen(place) && Enter(door_.Open(place, user));
 }
 
@@ -146,7 +148,14 @@ void MainWindow::ChooseFile() {
   if (const auto file = door_.AskForFile(); !file.isEmpty()) OpenSchool(file);
 }
 
-void MainWindow::Connect() { Enter(door_.Connect({}, std::nullopt)); }
+void MainWindow::Connect() {
+  PaintWhileWaiting();
+  Enter(door_.Connect({}, std::nullopt));
+}
+
+void MainWindow::PaintWhileWaiting() {
+  odbc::WhileWaiting([&screen = screen_] { screen.Await(); });
+}
 
 bool MainWindow::Enter(std::optional<Entrance> entrance) {
   if (!entrance) return false;
@@ -210,8 +219,9 @@ void MainWindow::ShowFailed(const Failure& failure, const QString& screenTitle) 
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  // The screen that is open works on the connections of this window's school.
-  if (nodeOpen_ || QApplication::activeModalWidget() != nullptr) {
+  // The screen that is open works on the connections of this window's school, and so does a
+  // statement that is waited for.
+  if (nodeOpen_ || screen_.Awaiting() || QApplication::activeModalWidget() != nullptr) {
     event->ignore();
     if (Leave) Leave();
     return;

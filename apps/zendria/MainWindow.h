@@ -78,6 +78,8 @@ class MainWindow : public QMainWindow {
   /// False, and told, for a file that would be ruined by what another has left beside it.
   bool MayOpen(const QString& place);
   void Connect();
+  /// From now on no statement of a server's keeps this program's windows from being painted.
+  void PaintWhileWaiting();
   /// The school that was open goes; false when nobody has entered another.
   bool Enter(std::optional<Entrance> entrance);
   void ChangeUser();

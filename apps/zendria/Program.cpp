@@ -6,6 +6,7 @@
 #include <iostream>
 #include <optional>
 
+#include "adapters/odbc/Waiting.h"
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/CommandLine.h"
 #include "apps/zendria/Departure.h"
@@ -69,6 +70,7 @@ Ending RunWindow(const CommandLine& line, const Started& started) {
     window.Leave = [&departure] { departure.Leave(); };
     window.Rescued = TellRescued;
     screen.HostWindow(&window);
+    odbc::WhileWaiting([&screen] { screen.Await(); });
     window.show();
     if (started) started(screen, window);
     const auto place = PlaceOf(line);
@@ -80,6 +82,7 @@ Ending RunWindow(const CommandLine& line, const Started& started) {
     if (!place.isEmpty() && !window.HasSchool()) ending.status = ExitStatus::NoSchool;
     // The windows' sizes are kept as when the user closes them.
     if (window.isVisible()) window.close();
+    odbc::WhileWaiting({});
     screen.HostWindow(nullptr);
   }
   FormInstances::DropAll();

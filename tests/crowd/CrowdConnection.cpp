@@ -21,6 +21,12 @@ constexpr std::string_view kTakes = "INSERT INTO Publicacionpte  VALUES (";
 constexpr std::string_view kGivesBack = "DELETE FROM PublicacionPte";
 constexpr std::string_view kGivesLocksBack = "DELETE FROM BloqueoPte";
 
+/// It begins or ends a transaction, and writes no row itself.
+bool Frames(const std::string& statement) {
+  return statement.starts_with("BEGIN") || statement.starts_with("COMMIT") ||
+         statement.starts_with("ROLLBACK");
+}
+
 }  // namespace
 
 sqlite::SqliteConnection& CrowdConnection::File() const {
@@ -103,6 +109,7 @@ Recordset CrowdConnection::Run(const std::string& statement) {
     NoteLoad(statement);
     return Time(statement);
   }
+  if (Frames(statement)) return Time(statement);
   loads_ = false;
   if (statement.starts_with(kGivesBack)) CompareSaved();
   if (Swallows(statement)) {

@@ -7,7 +7,8 @@ school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database a
 first is the second's too, for tests whose scripts change what only the school's owner may change.
 An argument {zendria} or {duena} is the string of one of them with a database that has no tables yet.
 QUORVANE_PRUEBAS_ANTIGUO is the port of one that says that it is of version 11, QUORVANE_PRUEBAS_DISCO
-a tablespace on a disk of its own, of 8 MB, where this machine lets one be made.
+a tablespace on a disk of its own, of 8 MB, where this machine lets one be made. SIGUSR1 to the process
+in QUORVANE_PRUEBAS_MANDO stops the server at once and starts it again.
 
 --duradero: the server writes to its disk before it answers, and tidies up, as one does that isn't thrown
 away. --repartidor N: who works reaches it through PgBouncer in transaction mode with N connections.
@@ -37,7 +38,13 @@ def main():
     parser.add_argument('--repartidor', type=int)
     parser.add_argument('command', nargs=argparse.REMAINDER)
     asked = parser.parse_args()
-    with Cluster(**(DURABLE if asked.duradero else {})) as cluster, contextlib.ExitStack() as stack:
+    # A server that stops at once keeps what it has acknowledged, as where it is used.
+    settings = DURABLE if asked.duradero else {'synchronous_commit': 'on'}
+    with Cluster(**settings) as cluster, contextlib.ExitStack() as stack:
+        def again(*_):
+            cluster.stop()
+            cluster.start()
+        signal.signal(signal.SIGUSR1, again)
         pooler = stack.enter_context(Pooler(cluster, asked.repartidor)) if asked.repartidor else None
         owner = cluster.string(OWNER)
         user = cluster.string(USER, Port=pooler.port if pooler else cluster.port)
@@ -46,6 +53,7 @@ def main():
             cluster.sql(f'CREATE DATABASE escuela OWNER {OWNER}')
         environment = {**os.environ, 'QUORVANE_PRUEBAS_SERVIDOR': owner if asked.duena else user,
                        'QUORVANE_PRUEBAS_DUENA': owner,
+                       'QUORVANE_PRUEBAS_MANDO': str(os.getpid()),
                        'QUORVANE_PRUEBAS_ANTIGUO': str(old_server.before(cluster.port)),
                        'QUORVANE_PRUEBAS_DISCO': cluster.tiny_disk('8m')}
         # The sanitizers' frames are large, and shows nest.

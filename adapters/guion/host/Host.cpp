@@ -71,9 +71,8 @@ void Host::HandSessionIn() {
 }
 
 void Host::Activate(std::int32_t nodo) {
-  // One that was lost stays so; one that is open tells whether its database is still there.
-  for (auto* const connection : {&connections_.centro, &connections_.borrado})
-    if (connection->IsOpen()) connection->Open();
+  // One that was lost is made anew; one that is open tells whether its database is still there.
+  for (auto* const connection : {&connections_.centro, &connections_.borrado}) connection->Open();
   module_.ActivarFormulario(ToByte(nodo));
 }
 

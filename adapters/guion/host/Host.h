@@ -24,8 +24,9 @@ class Host {
 
   /// Hands the session in, as the options say now. Fails as the module does.
   void HandSessionIn();
-  /// Opens a screen and returns when it has gone. Fails as the module does, and before it when the
-  /// school's file has gone; error 6 for a node that a byte can't hold.
+  /// Opens a screen and returns when it has gone; connects again first where the connection was
+  /// lost. Fails as the module does, and before it when that fails or the school's file has gone;
+  /// error 6 for a node that a byte can't hold.
   void Activate(std::int32_t nodo);
 
   [[nodiscard]] HostOptions& Options() noexcept { return options_; }

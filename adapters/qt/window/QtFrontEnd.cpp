@@ -228,6 +228,14 @@ void QtFrontEnd::Pulse() {
   if (sincePaint_.elapsed() >= kPaintEvery) PaintOnly();
 }
 
+void QtFrontEnd::Await() {
+  const QScopedValueRollback awaiting(awaiting_, true);
+  if (shows_.empty())
+    PaintOnly();
+  else
+    Pulse();
+}
+
 void QtFrontEnd::UsersTurn() {
   if (waiting_) QApplication::restoreOverrideCursor();
   waiting_ = false;

@@ -75,6 +75,12 @@ class QtFrontEnd : public FrontEnd {
   /// takes longer than a moment gets the hourglass, asked for or not.
   void Pulse();
 
+  /// For a host to call over and over while it waits for one statement: as `Pulse`, and paints the
+  /// host's own windows too where no form stands. Who asks to close a window meanwhile is heard by
+  /// the host, which must not go then (`Awaiting`) but leave.
+  void Await();
+  [[nodiscard]] bool Awaiting() const noexcept { return awaiting_; }
+
   /// The window that the user acts on; null when no form is shown. It lives as long as its show.
   [[nodiscard]] FormWindow* ActiveWindow() const noexcept;
 
@@ -131,7 +137,8 @@ class QtFrontEnd : public FrontEnd {
   bool leaving_ = false;
   std::vector<std::exception_ptr> leavingFailures_;
   bool hourglass_ = false;
-  bool waiting_ = false;  // the hourglass that nobody asked for stands
+  bool awaiting_ = false;  // what runs in the event loop is run by `Await`
+  bool waiting_ = false;   // the hourglass that nobody asked for stands
   QElapsedTimer sincePaint_;
   QElapsedTimer sinceUser_;
 };

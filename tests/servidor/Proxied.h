@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "tests/support/ServerSchools.h"
+#include "tests/support/TcpProxy.h"
+
+namespace quorvane::test {
+
+/// Where the server of the tests listens.
+inline std::uint16_t ServerPort() {
+  const odbc::ConnectionString given(ServerString(""));
+  return static_cast<std::uint16_t>(std::stoi(given.Value("Port")));
+}
+
+/// The same string, by way of the proxy.
+inline std::string StringThrough(const TcpProxy& proxy, const std::string& text) {
+  odbc::ConnectionString given(text);
+  given.Set("Port", std::to_string(proxy.Port()));
+  return given.Text();
+}
+
+}  // namespace quorvane::test

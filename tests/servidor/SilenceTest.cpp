@@ -1,0 +1,155 @@
+// What becomes of a statement that a server leaves without an answer, and of one that only waits.
+
+#include <chrono>
+#include <future>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "adapters/odbc/OdbcConnection.h"
+#include "adapters/odbc/SilenceWatch.h"
+#include "platform/RuntimeError.h"
+#include "tests/servidor/Proxied.h"
+#include "tests/support/ServerSchools.h"
+#include "tests/support/TcpProxy.h"
+
+namespace quorvane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using odbc::OdbcConnection;
+using std::chrono::steady_clock;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+using Fault = TcpProxy::Fault;
+using Moment = TcpProxy::Moment;
+
+constexpr auto kLimit = 30s;
+constexpr auto kLost = "Se ha perdido la conexión con la base de datos: ";
+
+/// How it ended, and how long it took.
+struct Ending {
+  std::string error;
+  steady_clock::duration took{};
+};
+
+template <class Work>
+Ending EndingOf(const Work& work) {
+  const auto begin = steady_clock::now();
+  Ending ending;
+  try {
+    work();
+  } catch (const RuntimeError& error) {
+    EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
+    ending.error = error.Description();
+  }
+  ending.took = steady_clock::now() - begin;
+  return ending;
+}
+
+class SilenceTest : public testing::Test {
+ protected:
+  ~SilenceTest() override { GiveBackServerSchool(database_); }
+
+  [[nodiscard]] std::string Through(const TcpProxy& proxy) const {
+    return StringThrough(proxy, ServerString(database_));
+  }
+
+  const std::string database_ = TakeServerSchool();
+};
+
+// All at once: each takes the time that a server is given.
+TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
+  const auto lost = [this](Moment moment) {
+    TcpProxy proxy(ServerPort());
+    OdbcConnection connection(Through(proxy), "");
+    connection.Open();
+    proxy.Fail(Fault::Silence, moment);
+    const auto ending =
+        EndingOf([&] { connection.Execute("INSERT INTO BloqueoPte VALUES (1,1,1,1,4,1)"); });
+    EXPECT_THAT(ending.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
+    EXPECT_LT(ending.took, kLimit);
+    EXPECT_FALSE(connection.IsOpen());
+    proxy.Resume();
+    connection.Open();
+    EXPECT_EQ(connection.Execute("SELECT 7").Fields(0).Long(), 7);
+  };
+  const auto opening = [this] {
+    TcpProxy proxy(ServerPort());
+    proxy.Fail(Fault::Silence);
+    OdbcConnection connection(Through(proxy), "");
+    const auto ending = EndingOf([&] { connection.Open(); });
+    EXPECT_THAT(ending.error, StartsWith("No se puede conectar con la base de datos: [08"));
+    EXPECT_LT(ending.took, kLimit);
+  };
+  // The server has let it in, and is silent at what the driver asks then.
+  const auto halfOpened = [this] {
+    TcpProxy counting(ServerPort());
+    OdbcConnection(Through(counting), "").Open();
+    const auto trips = counting.Bursts();
+    TcpProxy proxy(ServerPort());
+    OdbcConnection connection(Through(proxy), "");
+    std::thread silencing([&] {
+      while (proxy.Bursts() + 1 < trips) std::this_thread::yield();
+      proxy.Fail(Fault::Silence, Moment::NextAnswer);
+    });
+    const auto ending = EndingOf([&] { connection.Open(); });
+    silencing.join();
+    EXPECT_THAT(ending.error, StartsWith("No se puede conectar con la base de datos: ["));
+    EXPECT_LT(ending.took, kLimit);
+  };
+  const auto waiting = [this] {
+    TcpProxy proxy(ServerPort());
+    OdbcConnection connection(Through(proxy), "");
+    connection.Open();
+    const auto ending = EndingOf([&] {
+      connection.Execute("SELECT pg_sleep(" +
+                         std::to_string((2 * odbc::SilenceWatch::kPatience).count()) + ")");
+    });
+    EXPECT_EQ(ending.error, "");
+    EXPECT_TRUE(connection.IsOpen());
+    EXPECT_GT(proxy.Connections(), 1U);
+  };
+  auto request = std::async(std::launch::async, [&] { lost(Moment::NextRequest); });
+  auto answer = std::async(std::launch::async, [&] { lost(Moment::NextAnswer); });
+  auto open = std::async(std::launch::async, opening);
+  auto half = std::async(std::launch::async, halfOpened);
+  waiting();
+  for (auto* const one : {&request, &answer, &open, &half}) one->get();
+}
+
+// Beside the others' statements, whose server answers.
+TEST_F(SilenceTest, WaitsForALockAtAServerThatLetsNobodyElseIn) {
+  auto& owner = OwnersConnection(database_);
+  OdbcConnection teacher(ServerString(database_), "");
+  teacher.Open();
+  owner.Execute("REVOKE CONNECT ON DATABASE " + database_ + " FROM PUBLIC");
+  owner.Execute("BEGIN");
+  owner.Execute("LOCK TABLE PublicacionPte");
+  auto inserting = std::async(std::launch::async, [&] {
+    return EndingOf([&] { teacher.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)"); });
+  });
+  EXPECT_EQ(inserting.wait_for(2 * odbc::SilenceWatch::kPatience), std::future_status::timeout);
+  OdbcConnection refused(ServerString(database_), "");
+  EXPECT_THAT(EndingOf([&] { refused.Open(); }).error, HasSubstr("FATAL:"));
+  owner.Execute("COMMIT");
+  EXPECT_EQ(inserting.get().error, "");
+  owner.Execute("GRANT CONNECT ON DATABASE " + database_ + " TO PUBLIC");
+}
+
+TEST_F(SilenceTest, OneThatTheServerHasEndedAtRestIsMadeAnew) {
+  OdbcConnection resting(ServerString(database_), "");
+  resting.Open();
+  const auto process = resting.Execute("SELECT pg_backend_pid()").Fields(0).Text();
+  OdbcConnection other(ServerString(database_), "");
+  other.Open();
+  other.Execute("SELECT pg_terminate_backend(" + process + ",5000)");
+  std::this_thread::sleep_for(100ms);
+  resting.Open();
+  EXPECT_NE(resting.Execute("SELECT pg_backend_pid()").Fields(0).Text(), process);
+}
+
+}  // namespace
+}  // namespace quorvane::test

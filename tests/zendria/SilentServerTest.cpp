@@ -1,0 +1,121 @@
+// The server goes silent while somebody works at a screen.
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+#include "apps/zendria/SchoolPlace.h"
+#include "tests/servidor/Proxied.h"
+#include "tests/support/ServerSchools.h"
+#include "tests/support/TcpProxy.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using Fault = TcpProxy::Fault;
+
+constexpr auto kLimit = 30000;  // ms
+constexpr auto kEach = 100;
+
+/// Counts how often a window is painted that has something new to show.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& window) : window_(window) {
+    window.installEventFilter(this);
+    changing_.callOnTimeout(&window, [&window] { window.update(); });
+    changing_.start(kEach);
+  }
+  ~Paints() override { window_.removeEventFilter(this); }
+  Paints(const Paints&) = delete;
+  Paints& operator=(const Paints&) = delete;
+  Paints(Paints&&) = delete;
+  Paints& operator=(Paints&&) = delete;
+
+  [[nodiscard]] int Count() const noexcept { return count_; }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count_;
+    return false;
+  }
+
+ private:
+  QWidget& window_;
+  QTimer changing_;
+  int count_ = 0;
+};
+
+class SilentServerTest : public HostTest {
+ protected:
+  void SetUp() override {
+    if (!OnServer()) GTEST_SKIP() << "no server";
+    proxy_ = std::make_unique<TcpProxy>(ServerPort());
+    const auto text = StringThrough(*proxy_, ServerString(school_.Path()));
+    ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace(QString::fromStdString(text)), 1));
+  }
+
+  /// The choice of a course finds the server silent.
+  void LoseAtTheChoice() {
+    robot_.On("frmNotaManual1", [this](qt::FormWindow& form) {
+      Robot::Pick(form, "cboTipoEnsenanza", "ESO");
+      proxy_->Fail(Fault::Silence, TcpProxy::Moment::NextRequest);
+      sinceSilence_.start();
+      Robot::Pick(form, "cboCursos", "2");
+    });
+  }
+
+  std::unique_ptr<TcpProxy> proxy_;
+  QElapsedTimer sinceSilence_;
+};
+
+TEST_F(SilentServerTest, OnAServerTheErrorComesWhileTheWindowPaintsAndTheScreenOpensAgain) {
+  LoseAtTheChoice();
+  const Paints paints(*window_);
+  const auto before = paints.Count();
+  const auto notice = NoticeOf(124);
+  EXPECT_LT(sinceSilence_.elapsed(), kLimit);
+  EXPECT_GT(paints.Count() - before, sinceSilence_.elapsed() / kEach / 4);
+  EXPECT_TRUE(
+      notice.startsWith("Error -2147467259: Se ha perdido la conexión con la base de datos: "
+                        "el servidor no contesta: [08"))
+      << notice.toStdString();
+  EXPECT_TRUE(robot_.unexpected.empty());
+
+  proxy_->Fail(Fault::Reset);
+  auto opened = false;
+  robot_.On("frmNotaManual1", [&opened](qt::FormWindow& form) {
+    Robot::Pick(form, "cboTipoEnsenanza", "ESO");
+    Robot::Pick(form, "cboCursos", "2");
+    Robot::Pick(form, "cboSecciones", "A");
+    opened = true;
+    Robot::Click(form, "cmdNotaManual1(1)");
+  });
+  Play(124);
+  EXPECT_TRUE(opened);
+  EXPECT_TRUE(window_->close());
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(SilentServerTest, OnAServerTheWindowCanBeClosedMeanwhile) {
+  auto left = false;
+  window_->Leave = [this, &left] {
+    left = true;
+    screen_.Leave();
+  };
+  LoseAtTheChoice();
+  auto asked = false;
+  QTimer::singleShot(2000, window_.get(), [&] {
+    asked = sinceSilence_.isValid();
+    window_->close();
+  });
+  // No message: nobody is there any more to read it.
+  Play(124);
+  EXPECT_TRUE(asked && left);
+  EXPECT_LT(sinceSilence_.elapsed(), kLimit);
+  EXPECT_TRUE(robot_.unexpected.empty());
+  EXPECT_EQ(screen_.LeavingFailures().size(), 1U);
+}
+
+}  // namespace
+}  // namespace quorvane::test
