@@ -89,7 +89,8 @@ TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
     TcpProxy counting(ServerPort());
     OdbcConnection(Through(counting), "").Open();
     const auto trips = counting.Bursts();
-    TcpProxy proxy(ServerPort());
+    // Slow enough to be met at its last trip.
+    TcpProxy proxy(ServerPort(), 100ms);
     OdbcConnection connection(Through(proxy), "");
     std::thread silencing([&] {
       while (proxy.Bursts() + 1 < trips) std::this_thread::yield();
