@@ -26,7 +26,7 @@ frmNotaManualFinal::frmNotaManualFinal() : Form("frmNotaManualFinal") {
 }
 
 DatosPasoUno frmNotaManualFinal::PasoUno() const {
-  return DatosPasoUnoDe(FormInstance<frmNotaManual1>::Get());
+  return DatosPasoUnoDe(FormInstance<PasoAnterior>::Get());
 }
 
 void frmNotaManualFinal::Form_Load() {
@@ -85,7 +85,7 @@ void frmNotaManualFinal::cmdAceptar_Click() {
 void frmNotaManualFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaManual1>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowModal();
 }
 
 void frmNotaManualFinal::cmdAnterior_Click() { SeleccionarAnterior(cboAlumnos); }

@@ -23,6 +23,8 @@
 
 namespace quorvane {
 
+class frmNotaManual1;
+
 /// Step two of grade entry by student, for final evaluations: walks the students of the section
 /// that `frmNotaManual1` has fixed and saves the grades of all their pending subjects at once. In
 /// the second final evaluation what the first passed isn't offered again.
@@ -59,6 +61,8 @@ class frmNotaManualFinal : public Form {
   FormularioEncogido carga;  ///< with `blnOcultando`
   static constexpr const char* kCargando = "Cargando Datos";
   static constexpr const char* kGuardando = "Guardando Datos";
+
+  using PasoAnterior = frmNotaManual1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

@@ -27,7 +27,7 @@ frmNotaMateriaFinal::frmNotaMateriaFinal() : Form("frmNotaMateriaFinal") {
 }
 
 DatosPasoUno frmNotaMateriaFinal::PasoUno() const {
-  return DatosPasoUnoDe(FormInstance<frmNotaMateria1>::Get());
+  return DatosPasoUnoDe(FormInstance<PasoAnterior>::Get());
 }
 
 void frmNotaMateriaFinal::Form_Load() {
@@ -98,7 +98,7 @@ void frmNotaMateriaFinal::cmdAceptar_Click() {
 void frmNotaMateriaFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaMateria1>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowModal();
 }
 
 void frmNotaMateriaFinal::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }

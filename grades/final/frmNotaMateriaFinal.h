@@ -25,6 +25,8 @@
 
 namespace quorvane {
 
+class frmNotaMateria1;
+
 /// Step two of grade entry by subject, for final evaluations: walks the subjects of the section
 /// that `frmNotaMateria1` has fixed, shows the students who have each, and saves the grades of all
 /// at once. In the second final evaluation what the first passed isn't offered again.
@@ -63,6 +65,8 @@ class frmNotaMateriaFinal : public Form {
   FormularioEncogido carga;  ///< with `blnOcultando`
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
+
+  using PasoAnterior = frmNotaMateria1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

@@ -24,7 +24,7 @@ frmNotaSeccionAlumnoFinal::frmNotaSeccionAlumnoFinal() : Form("frmNotaSeccionAlu
 }
 
 DatosPasoUno frmNotaSeccionAlumnoFinal::PasoUno() const {
-  return DatosPasoUnoDe(FormInstance<frmNotaSeccionAlumno1>::Get());
+  return DatosPasoUnoDe(FormInstance<PasoAnterior>::Get());
 }
 
 void frmNotaSeccionAlumnoFinal::Form_Load() {
@@ -59,7 +59,7 @@ void frmNotaSeccionAlumnoFinal::CargarNotas() {
 }
 
 std::int32_t frmNotaSeccionAlumnoFinal::MateriaFijada() {
-  return FormInstance<frmNotaSeccionAlumno1>::Get().cboMateria.SelectedData();
+  return FormInstance<PasoAnterior>::Get().cboMateria.SelectedData();
 }
 
 void frmNotaSeccionAlumnoFinal::CargarMateria(cAlumno& alumno, const Recordset& fila,
@@ -82,7 +82,7 @@ void frmNotaSeccionAlumnoFinal::cmdAceptar_Click() {
 void frmNotaSeccionAlumnoFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaSeccionAlumno1>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowModal();
 }
 
 void frmNotaSeccionAlumnoFinal::cmdAnterior_Click() { SeleccionarAnterior(cboAlumnos); }

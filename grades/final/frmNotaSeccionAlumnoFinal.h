@@ -23,6 +23,8 @@
 
 namespace quorvane {
 
+class frmNotaSeccionAlumno1;
+
 /// Step two of grade entry by section and subject, for final evaluations: walks the students who
 /// have the subject that `frmNotaSeccionAlumno1` has fixed and saves all their grades at once. A
 /// teacher who isn't the tutor sees all his subjects of each student. In the second final
@@ -60,6 +62,9 @@ class frmNotaSeccionAlumnoFinal : public Form {
   FormularioEncogido carga;  ///< with `blnOcultando`
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
+
+  using PasoAnterior =
+      frmNotaSeccionAlumno1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

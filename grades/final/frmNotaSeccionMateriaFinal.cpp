@@ -25,7 +25,7 @@ frmNotaSeccionMateriaFinal::frmNotaSeccionMateriaFinal() : Form("frmNotaSeccionM
 }
 
 DatosPasoUno frmNotaSeccionMateriaFinal::PasoUno() const {
-  return DatosPasoUnoDe(FormInstance<frmNotaSeccionMateria1>::Get());
+  return DatosPasoUnoDe(FormInstance<PasoAnterior>::Get());
 }
 
 void frmNotaSeccionMateriaFinal::Form_Load() {
@@ -54,7 +54,7 @@ void frmNotaSeccionMateriaFinal::Form_Activate() {
 }
 
 std::int32_t frmNotaSeccionMateriaFinal::AlumnoFijado() {
-  return FormInstance<frmNotaSeccionMateria1>::Get().cboAlumno.SelectedData();
+  return FormInstance<PasoAnterior>::Get().cboAlumno.SelectedData();
 }
 
 void frmNotaSeccionMateriaFinal::CargarNotas() {
@@ -87,7 +87,7 @@ void frmNotaSeccionMateriaFinal::cmdAceptar_Click() {
 void frmNotaSeccionMateriaFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaSeccionMateria1>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowModal();
 }
 
 void frmNotaSeccionMateriaFinal::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }

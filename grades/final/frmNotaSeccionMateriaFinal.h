@@ -25,6 +25,8 @@
 
 namespace quorvane {
 
+class frmNotaSeccionMateria1;
+
 /// Step two of the section flow by subject, for final evaluations: walks the subjects of the one
 /// student whom `frmNotaSeccionMateria1` has fixed and saves all their grades at once. In the
 /// second final evaluation what the first passed isn't offered again.
@@ -63,6 +65,9 @@ class frmNotaSeccionMateriaFinal : public Form {
   FormularioEncogido carga;  ///< with `blnOcultando`
   static constexpr const char* kCargando = "Cargando... Espere por favor";
   static constexpr const char* kGuardando = "Grabando... Espere por favor";
+
+  using PasoAnterior =
+      frmNotaSeccionMateria1;  ///< fixes what is graded; comes back behind this form
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
