@@ -48,6 +48,9 @@ class frmNotaManualFinal : public Form {
   /// Said instead of a form without anything to walk.
   static constexpr const char* kSinNotas =
       "No se han encontrado alumnos o materias para introducir notas";
+  /// Said while it works.
+  static constexpr const char* kCargando = "Cargando Datos";
+  static constexpr const char* kGuardando = "Guardando Datos";
 
   // The grid and the rest of the dialog.
   Frame fraNota{*this, "fraNota"};
@@ -59,8 +62,6 @@ class frmNotaManualFinal : public Form {
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
   FormularioEncogido carga;  ///< with `blnOcultando`
-  static constexpr const char* kCargando = "Cargando Datos";
-  static constexpr const char* kGuardando = "Guardando Datos";
 
   using PasoAnterior = frmNotaManual1;  ///< fixes what is graded; comes back behind this form
 

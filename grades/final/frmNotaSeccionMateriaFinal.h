@@ -52,6 +52,9 @@ class frmNotaSeccionMateriaFinal : public Form {
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   /// Said instead of a form without anything to walk.
   static constexpr const char* kSinNotas = "No existen alumnos o materias para introducir notas";
+  /// Said while it works.
+  static constexpr const char* kCargando = "Cargando... Espere por favor";
+  static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
   // The grid and the rest of the dialog.
   Frame fraNota{*this, "fraNota"};
@@ -63,8 +66,6 @@ class frmNotaSeccionMateriaFinal : public Form {
   Frame fraAniCarga{*this, "fraAniCarga"};
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
   FormularioEncogido carga;  ///< with `blnOcultando`
-  static constexpr const char* kCargando = "Cargando... Espere por favor";
-  static constexpr const char* kGuardando = "Grabando... Espere por favor";
 
   using PasoAnterior =
       frmNotaSeccionMateria1;  ///< fixes what is graded; comes back behind this form
