@@ -63,7 +63,8 @@ class frmNotaManualFinal : public Form {
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
   FormularioEncogido carga;  ///< with `blnOcultando`
 
-  using PasoAnterior = frmNotaManual1;  ///< fixes what is graded; comes back behind this form
+  /// Fixes what is graded, and comes back behind this form.
+  using PasoAnterior = frmNotaManual1;
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

@@ -67,7 +67,8 @@ class frmNotaMateriaFinal : public Form {
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
   FormularioEncogido carga;  ///< with `blnOcultando`
 
-  using PasoAnterior = frmNotaMateria1;  ///< fixes what is graded; comes back behind this form
+  /// Fixes what is graded, and comes back behind this form.
+  using PasoAnterior = frmNotaMateria1;
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

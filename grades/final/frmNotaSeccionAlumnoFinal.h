@@ -64,8 +64,8 @@ class frmNotaSeccionAlumnoFinal : public Form {
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
   FormularioEncogido carga;  ///< with `blnOcultando`
 
-  using PasoAnterior =
-      frmNotaSeccionAlumno1;  ///< fixes what is graded; comes back behind this form
+  /// Fixes what is graded, and comes back behind this form.
+  using PasoAnterior = frmNotaSeccionAlumno1;
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`

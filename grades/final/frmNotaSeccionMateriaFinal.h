@@ -67,8 +67,8 @@ class frmNotaSeccionMateriaFinal : public Form {
   Animation aniCarga{*this, "aniCarga", &fraAniCarga};
   FormularioEncogido carga;  ///< with `blnOcultando`
 
-  using PasoAnterior =
-      frmNotaSeccionMateria1;  ///< fixes what is graded; comes back behind this form
+  /// Fixes what is graded, and comes back behind this form.
+  using PasoAnterior = frmNotaSeccionMateria1;
 
   FinalElegida elegida;            ///< written by step one
   Publicacion publicacion;         ///< with `IDPublicacion`
