@@ -61,7 +61,7 @@ void RequireWritableFolder(const std::string& path) {
   if (!fs::is_directory(folder, error)) RefuseFile(path, "la carpeta no existe");
   if (access(folder.c_str(), W_OK) == 0) return;
   RefuseFile(path, errno == EROFS ? "el disco es de solo lectura"
-                              : "no tiene permiso para escribir en la carpeta");
+                                  : "no tiene permiso para escribir en la carpeta");
 }
 
 }  // namespace
