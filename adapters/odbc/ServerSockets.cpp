@@ -1,6 +1,5 @@
 #include "adapters/odbc/ServerSockets.h"
 
-#include <arpa/inet.h>
 #include <charconv>
 #include <filesystem>
 #include <map>

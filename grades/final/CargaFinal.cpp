@@ -1,7 +1,5 @@
 #include "grades/final/CargaFinal.h"
 
-#include "frame/Conexiones.h"
-#include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
 #include "grades/loading/Alumnos.h"
 #include "platform/data/Connection.h"

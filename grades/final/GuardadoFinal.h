@@ -1,12 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "frame/Conexiones.h"
-#include "grades/dialog/FormularioEncogido.h"
 #include "grades/dialog/Pantalla.h"
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "platform/host/FrontEnd.h"
 #include "register/cAlumno.h"
 

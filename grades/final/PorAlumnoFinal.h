@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "frame/Conexiones.h"
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/final/RejillaFinal.h"
 #include "grades/grid/Escala.h"
 #include "grades/loading/DatosPasoUno.h"

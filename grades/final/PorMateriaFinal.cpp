@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "grades/grid/CeldaNotas.h"
 #include "grades/loading/Alumnos.h"

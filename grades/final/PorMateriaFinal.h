@@ -5,7 +5,7 @@
 
 #include "frame/Conexiones.h"
 #include "grades/dialog/Pantalla.h"
-#include "grades/final/FormularioFinal.h"
+#include "grades/final/FormularioFinal.h"  // IWYU pragma: keep (the concept)
 #include "grades/final/RejillaFinal.h"
 #include "grades/loading/DatosPasoUno.h"
 #include "grades/subject/MateriasDeCombo.h"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frame/Conexiones.h"
 #include "grades/NotasOrdinarias.h"
 #include "grades/loading/Alumnos.h"
 #include "platform/RuntimeError.h"
