@@ -133,11 +133,6 @@ void ConnectionString::Set(std::string_view keyword, std::string_view value) {
   entries_.push_back({std::string(keyword), InBraces(value)});
 }
 
-void ConnectionString::Remove(std::string_view keyword) {
-  std::erase_if(entries_,
-                [keyword](const Entry& entry) { return EqualNoCase(entry.keyword, keyword); });
-}
-
 std::string ConnectionString::Text() const {
   std::string text;
   for (const auto& entry : entries_)

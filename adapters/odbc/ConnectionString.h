@@ -20,7 +20,6 @@ class ConnectionString {
   [[nodiscard]] std::string Value(std::string_view keyword) const;
   /// In the place of the one that stands, or at the end.
   void Set(std::string_view keyword, std::string_view value);
-  void Remove(std::string_view keyword);
 
   [[nodiscard]] std::string Text() const;
   /// What may be shown and kept: the keywords alone that are known to hold no password, and of them

@@ -22,8 +22,6 @@ class StandbyConnection : public Connection {
   /// What it works through; closed before the first statement.
   [[nodiscard]] Connection& Actual() noexcept { return *actual_; }
   [[nodiscard]] const Connection& Actual() const noexcept { return *actual_; }
-  /// Whether the server has it.
-  [[nodiscard]] bool IsHeld() const { return actual_->IsOpen(); }
 
  protected:
   Recordset Run(const std::string& statement) override;

@@ -43,10 +43,14 @@ QString AdviceOnStatement(const QString& text) {
   if (HoldsAny(text, {"database is locked", "[40001]"}))
     return "Otra persona u otro programa tenía ocupada la base de datos. Espere un momento, vuelva "
            "a abrir la pantalla y repita lo que falte.";
-  if (HoldsAny(text, {"UNIQUE constraint failed", "(2627)"}))
+  if (HoldsAny(text, {"UNIQUE constraint failed", "(2627)", "[23505]"}))
     return "Otra persona ha guardado en el mismo instante. Vuelva a abrir la pantalla y repita lo "
            "que falte.";
-  if (HoldsAny(text, {"no such table", "no such column", "[42S02]", "[42S22]"})) return kNotThere;
+  if (HoldsAny(text, {"no such table", "no such column", "[42S02]", "[42S22]", "[42P01]", "[42703]"})) return kNotThere;
+  // A driver's text begins with its state, and what can be done about it stands behind.
+  if (text.startsWith(u'['))
+    return "El servidor ha rechazado una operación. Si el texto de arriba no dice qué puede hacer, "
+           "avise a quien mantiene el servidor.";
   return "La base de datos ha rechazado una operación. Compruebe que el fichero de la escuela "
          "sigue en su sitio, que se puede escribir en él y que queda espacio en el disco.";
 }

@@ -38,8 +38,10 @@ TEST(DriverSettingsTest, TheStringLacksNothingAfterwards) {
   EXPECT_EQ(Completed("Driver=SQLite3;Database=a", Engine::Sqlite),
             "Driver=SQLite3;Database=a;Timeout=60000;NoCreat=Yes;SyncPragma=FULL");
   EXPECT_EQ(Completed("Driver=FreeTDS", Engine::SqlServer), "Driver=FreeTDS");
-  EXPECT_EQ(Option("Driver=x", "UseServerSidePrepare"), "0");
-  EXPECT_EQ(Option("Driver=x", "pqopt"), "keepalives_count=3 tcp_user_timeout=20000");
+  EXPECT_EQ(Completed("Driver=x", Engine::PostgreSql),
+            "Driver=x;pqopt={keepalives_count=3 tcp_user_timeout=20000};UseServerSidePrepare=0;"
+            "UseDeclareFetch=0;CommLog=0;Debug=0;BoolsAsChar=0;KeepaliveTime=30;"
+            "KeepaliveInterval=10");
 }
 
 TEST(DriverSettingsTest, WhatTheStringHasCounts) {

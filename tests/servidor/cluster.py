@@ -46,17 +46,38 @@ def free_port():
         return probe.getsockname()[1]
 
 
+PREFIX = 'quorvane-servidor-'
+
+
+def sweep():
+    """Removes what those have left whom nobody let clean up: killed, or beyond their time. Their
+    servers have gone with them."""
+    for folder in pathlib.Path(tempfile.gettempdir()).glob(PREFIX + '*'):
+        process = folder.name.removeprefix(PREFIX).split('-')[0]
+        if process.isdigit() and not pathlib.Path('/proc', process).exists():
+            subprocess.run(['umount', str(folder / 'disco')], capture_output=True)
+            shutil.rmtree(folder, ignore_errors=True)
+
+
 class Cluster:
     def __init__(self, **settings):
         self.bin = programs()
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix='quorvane-servidor-'))
+        sweep()
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix=f'{PREFIX}{os.getpid()}-'))
+        self.process = None
+        self.disk = None
+        try:
+            self._make(settings)
+        except BaseException:
+            self.remove()
+            raise
+
+    def _make(self, settings):
         if os.getuid() == 0:
             shutil.chown(self.folder, 'postgres', 'postgres')
         self.folder.chmod(0o755)
         self.port = free_port()
         self.settings = {**SETTINGS, **settings}
-        self.process = None
-        self.disk = None
         self._run('initdb', '-D', str(self.data), '-U', 'postgres', '--auth=scram-sha-256',
                   '--pwfile', self._password_file(), '-E', 'UTF8', '--locale=C.UTF-8', '-N')
         self.start()
@@ -77,7 +98,6 @@ class Cluster:
         done = subprocess.run([str(self.bin / program), *arguments], preexec_fn=become_server,
                               cwd=self.folder, text=True, capture_output=True)
         if done.returncode != 0:
-            self.remove()
             raise SystemExit(f'{program}: {done.stderr}')
 
     def start(self):

@@ -38,6 +38,8 @@ def main():
     parser.add_argument('--repartidor', type=int)
     parser.add_argument('command', nargs=argparse.REMAINDER)
     asked = parser.parse_args()
+    if not asked.command:
+        parser.error('falta el programa que se ejecuta junto al servidor')
     # A server that stops at once keeps what it has acknowledged, as where it is used.
     settings = DURABLE if asked.duradero else {'synchronous_commit': 'on'}
     with Cluster(**settings) as cluster, contextlib.ExitStack() as stack:

@@ -53,6 +53,9 @@ TEST(AdviceTest, EachKindOfFailureIsToldWhatToDo) {
                   .contains("mismo instante"));
   EXPECT_TRUE(Advice({failed, "[23000] Violation of PRIMARY KEY (2627)"}).contains("instante"));
   EXPECT_TRUE(Advice({failed, "[23000] CHECK constraint (547)"}).contains("ha rechazado"));
+  EXPECT_TRUE(Advice({failed, "[23505] ERROR: duplicate key value (1)"}).contains("instante"));
+  EXPECT_TRUE(Advice({failed, "[42501] ERROR: permission denied (1)"}).contains("el servidor"));
+  EXPECT_TRUE(Advice({failed, "[42P01] ERROR: relation does not exist (1)"}).contains("el manual"));
   EXPECT_TRUE(Advice({failed, "no such column: CodAlumno_MateriaDetalles"}).contains("F1"));
   EXPECT_TRUE(Advice({failed, "[42S02] Invalid object name"}).contains("el manual"));
   EXPECT_TRUE(Advice({failed, "Se ha perdido la conexión con la base de datos: [HY000] x (0)"})
