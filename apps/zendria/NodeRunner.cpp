@@ -46,7 +46,9 @@ QString AdviceOnStatement(const QString& text) {
   if (HoldsAny(text, {"UNIQUE constraint failed", "(2627)", "[23505]"}))
     return "Otra persona ha guardado en el mismo instante. Vuelva a abrir la pantalla y repita lo "
            "que falte.";
-  if (HoldsAny(text, {"no such table", "no such column", "[42S02]", "[42S22]", "[42P01]", "[42703]"})) return kNotThere;
+  if (HoldsAny(text,
+               {"no such table", "no such column", "[42S02]", "[42S22]", "[42P01]", "[42703]"}))
+    return kNotThere;
   // A driver's text begins with its state, and what can be done about it stands behind.
   if (text.startsWith(u'['))
     return "El servidor ha rechazado una operación. Si el texto de arriba no dice qué puede hacer, "
