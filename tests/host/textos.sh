@@ -62,7 +62,7 @@ for program in quorvane-escuela quorvane-guion zendria; do
 done
 
 for order in $(orders); do
-  manual quorvane-escuela | grep -qx "\.B $order" || fault "man/quorvane-escuela.1 lacks $order"
+  manual quorvane-escuela | grep -x "\.B $order" >/dev/null || fault "man/quorvane-escuela.1 lacks $order"
   offered quorvane-escuela "${order:0:3}" | grep -qx "$order" || fault "bash doesn't offer $order"
   for option in $("$programs/quorvane-escuela" "$order" --help | options); do
     offered quorvane-escuela "$order" "$option" | grep -qx -- "$option" ||

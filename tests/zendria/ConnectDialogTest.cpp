@@ -15,6 +15,8 @@
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/School.h"
 #include "apps/zendria/SchoolError.h"
+#include "apps/zendria/ZendriaCentroApi.h"
+#include "frame/cConfiguracion.h"
 #include "tests/support/ServerSchools.h"
 
 namespace quorvane::test {
@@ -260,6 +262,33 @@ TEST(ConnectAnswer, OnAServerASchoolOpensAndHoldsOneConnectionUntilAScreenOpens)
     EXPECT_EQ(held(), "2");
     EXPECT_FALSE(ServerDate(school.Centro()).empty());
   }
+  GiveBackServerSchool(database);
+}
+
+TEST(ConnectAnswer, OnAServerTheDateIsTheServersWhereverThisMachineIsAndNobodySeesItAsked) {
+  if (!OnServer()) GTEST_SKIP() << "no server";
+  const auto database = TakeServerSchool();
+  std::vector<std::string> days;
+  // Somewhere between these two it is always another day than here.
+  for (const std::string zone : {"Etc/GMT+12", "Etc/GMT-14"}) {
+    OwnersConnection(database).Execute("ALTER DATABASE " + database + " SET timezone TO '" + zone +
+                                       "'");
+    zendria::School school(SchoolAddress::Odbc(ServerString(database)));
+    int observed = 0;
+    school.Centro().Observe([&](const auto&, const auto&) { ++observed; });
+    cConfiguracion::Instancia().conLocalCentro = &school.Centro();
+    std::string source;
+    days.push_back(zendria::ZendriaCentroApi().ObtenerHoraSistema(source));
+    cConfiguracion::Instancia().conLocalCentro = nullptr;
+    EXPECT_EQ(observed, 0);
+    EXPECT_EQ(days.back(),
+              OwnersConnection(database)
+                  .Execute("SELECT to_char(now() AT TIME ZONE '" + zone + "','DD/MM/YYYY')")
+                  .Fields(0)
+                  .Text());
+  }
+  EXPECT_NE(days.front(), days.back());
+  OwnersConnection(database).Execute("ALTER DATABASE " + database + " RESET timezone");
   GiveBackServerSchool(database);
 }
 
