@@ -158,6 +158,16 @@ TEST_F(RetivoTest, NumbersStandByValueAndWhatIsTypedExactlyStandsFirst) {
   EXPECT_THAT(seen, ElementsAre("fin 3")) << "the entry's place among those that came";
 }
 
+TEST_F(RetivoTest, OfTwoEntriesOfOneTextTheFirstIsChosen) {
+  form->rtvNotas.InicioEdicion = [this] {
+    form->rtvNotas.ListaLimpiar(1);
+    for (const auto* text : {" ", "Apto alto", "Apto", "APTO"})
+      form->rtvNotas.ListaAnadir(1, text, 0);
+  };
+  RunAt(0, 1, InList("apto"), Offers({"Apto", "APTO", "Apto alto"}), InList(Qt::Key_Return));
+  EXPECT_THAT(seen, ElementsAre("fin 2"));
+}
+
 TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
   // In the end there is nothing to choose.
   RunAt(0, 1, InList("opt"), Offers({"Óptimo"}), InListAnew("SALI"), Offers({"Sobresaliente"}),

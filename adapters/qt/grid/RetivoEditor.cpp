@@ -90,6 +90,8 @@ void RetivoEditor::Open(const std::vector<QString>& entries, const QString& show
   shown_ = -1;
   for (int place = 0; place < static_cast<int>(entries.size()) && shown_ < 0; ++place)
     if (entries[static_cast<std::size_t>(place)].trimmed() == shown.trimmed()) shown_ = place;
+  Narrow({});
+  entrySize_ = {list_->sizeHintForColumn(0), list_->sizeHintForRow(0)};
   filter_->setText(typed);
   Narrow(typed);
   open_ = true;
@@ -104,13 +106,14 @@ void RetivoEditor::Narrow(const QString& typed) {
   const auto wanted = Folded(typed);
   const auto fill = [this, &wanted](auto&& fits) {
     list_->clear();
+    int exact = 0;
     for (const auto& entry : entries_) {
       const auto text = Folded(entry.text);
       if (!fits(text)) continue;
       auto* const row = new QListWidgetItem(entry.text);
       row->setData(kPlace, entry.place);
-      // What is the very thing that was typed comes first.
-      list_->insertItem(!wanted.isEmpty() && text == wanted ? 0 : list_->count(), row);
+      // What is the very thing that was typed comes first, and of several the first.
+      list_->insertItem(!wanted.isEmpty() && text == wanted ? exact++ : list_->count(), row);
     }
     return list_->count() > 0;
   };
@@ -131,10 +134,10 @@ void RetivoEditor::Follow() {
   if (!open_) return;
   const auto cell = Cell();
   const auto whole = parentWidget()->rect();
-  const auto line = std::max(list_->sizeHintForRow(0), fontMetrics().height());
+  const auto line = std::max(entrySize_.height(), fontMetrics().height());
   const auto rest = filter_->sizeHint().height() + 2 * list_->frameWidth() + 2 * frameWidth() + 2 +
                     (refusal_->isHidden() ? 0 : refusal_->sizeHint().height());
-  const auto text = list_->sizeHintForColumn(0) + list_->verticalScrollBar()->sizeHint().width();
+  const auto text = entrySize_.width() + list_->verticalScrollBar()->sizeHint().width();
   auto width = std::max({cell.width(), text + kTextMargin, filter_->minimumSizeHint().width()});
   if (!refusal_->isHidden()) width = std::max(width, kRefusalWidth);
   auto height = rest + std::clamp(static_cast<int>(entries_.size()), 1, kRowsInSight) * line;
@@ -211,8 +214,9 @@ bool RetivoEditor::Leave() {
 }
 
 void RetivoEditor::MoveBy(int rows) {
-  if (list_->count() > 0)
-    list_->setCurrentRow(std::clamp(list_->currentRow() + rows, 0, list_->count() - 1));
+  if (rows > 0 || list_->currentRow() >= 0)
+    list_->setCurrentRow(
+        std::clamp(list_->currentRow() + rows, 0, std::max(0, list_->count() - 1)));
 }
 
 bool RetivoEditor::TakesKey(int key) {

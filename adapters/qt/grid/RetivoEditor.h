@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QSize>
 #include <QString>
 #include <functional>
 #include <vector>
@@ -73,7 +74,8 @@ class RetivoEditor : public QFrame {
   QListWidget* list_;
   QLabel* refusal_;
   std::vector<Entry> entries_;
-  int shown_ = -1;  // the place of the entry that the cell shows
+  QSize entrySize_;  // of the widest, whatever is left of them
+  int shown_ = -1;   // the place of the entry that the cell shows
   bool open_ = false;
 };
 
