@@ -34,19 +34,7 @@ class Journal {
     file_ << static_cast<char>(kind) << ' ' << number << ' ' << text << '\n';
   }
 
-  static std::vector<Line> Read(const std::string& path) {
-    std::vector<Line> lines;
-    std::ifstream file(path);
-    char kind = 0;
-    std::int64_t number = 0;
-    while (file >> kind >> number) {
-      std::string text;
-      file.get();
-      std::getline(file, text);
-      lines.push_back({static_cast<Kind>(kind), number, text});
-    }
-    return lines;
-  }
+  static std::vector<Line> Read(const std::string& path);
 
  private:
   std::ofstream file_;
