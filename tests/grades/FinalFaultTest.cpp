@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 #include <tuple>
 
 #include "tests/grades/FinalForm.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Replay.h"
+#include "tests/support/TestConnection.h"
 
 // Statements that fail, rows that are missing, values that don't convert, in the four final forms.
 
@@ -25,9 +27,9 @@ void Prepare(const FinalSchool& school) {
 }
 
 /// A session of a form, in as many parts as can be run side by side.
-constexpr int kParts = 4;
+constexpr std::size_t kParts = 4;
 
-class FinalFaultFailureTest : public ::testing::TestWithParam<std::tuple<FinalForm, int>> {
+class FinalFaultFailureTest : public ::testing::TestWithParam<std::tuple<FinalForm, std::size_t>> {
  protected:
   static const FinalForm& Dialog() { return std::get<0>(GetParam()); }
   static std::string Session() {
@@ -42,12 +44,13 @@ TEST_P(FinalFaultFailureTest, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
   Prepare(whole);
   const auto all = Traffic(RunScript(whole, Session(), SessionOf(kTutor)));
   const auto isStatement = [](const auto& line) { return line.starts_with("sql "); };
-  const auto statements = std::count_if(all.begin(), all.end(), isStatement);
+  const auto statements =
+      static_cast<std::size_t>(std::count_if(all.begin(), all.end(), isStatement));
   ASSERT_GT(statements, 40);
   const FinalSchool expected;
   Prepare(expected);
   auto replayed = all.begin();
-  for (auto k = std::get<1>(GetParam()); k <= statements; k += kParts) {
+  for (auto k = std::get<1>(GetParam()); k <= statements; k += FailureStride(kParts)) {
     SCOPED_TRACE("fallo " + std::to_string(k));
     const FinalSchool school;
     Prepare(school);
@@ -73,7 +76,7 @@ TEST_P(FinalFaultFailureTest, OfAnyStatementComesOutAndLeavesWhatWasWritten) {
 
 INSTANTIATE_TEST_SUITE_P(Sessions, FinalFaultFailureTest,
                          ::testing::Combine(::testing::ValuesIn(FinalForms()),
-                                            ::testing::Range(1, kParts + 1)),
+                                            ::testing::Range<std::size_t>(1, kParts + 1)),
                          [](const auto& part) {
                            return std::get<0>(part.param).name +
                                   ("Part" + std::to_string(std::get<1>(part.param)));

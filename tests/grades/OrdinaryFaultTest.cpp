@@ -5,6 +5,7 @@
 #include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Replay.h"
+#include "tests/support/TestConnection.h"
 
 // Statements that fail, rows that are missing, values that don't convert, in the four ordinary
 // forms.
@@ -49,7 +50,8 @@ TEST_P(OrdinaryFailureTest, OfAnyStatementSurfacesAndLeavesWhatWasWritten) {
   const GradeSchool expected;
   Prepare(expected);
   auto replayed = all.begin();
-  for (auto k = static_cast<std::size_t>(std::get<1>(GetParam())); k <= statements; k += kShares) {
+  for (auto k = static_cast<std::size_t>(std::get<1>(GetParam())); k <= statements;
+       k += FailureStride(kShares)) {
     SCOPED_TRACE("fallo " + std::to_string(k));
     const GradeSchool school;
     Prepare(school);

@@ -78,7 +78,7 @@ class Cluster:
         self.folder.chmod(0o755)
         self.port = free_port()
         self.settings = {**SETTINGS, **settings}
-        self._run('initdb', '-D', str(self.data), '-U', 'postgres', '--auth=scram-sha-256',
+        self._run('initdb', '-D', str(self.data), '-U', 'postgres', f"--auth={self.settings['password_encryption']}",
                   '--pwfile', self._password_file(), '-E', 'UTF8', '--locale=C.UTF-8', '-N')
         self.start()
         self.sql(f"CREATE ROLE {OWNER} LOGIN CREATEDB PASSWORD '{PASSWORD}'",

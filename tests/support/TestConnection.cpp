@@ -14,6 +14,8 @@ bool ThroughOdbc() {
   return OnServer() || (variable != nullptr && std::string_view(variable) == "1");
 }
 
+std::size_t FailureStride(std::size_t step) { return ThroughOdbc() ? 7 * step : step; }
+
 std::string OdbcString(const std::string& path) {
   if (OnServer()) return ServerString(path);
   return "Driver=SQLite3;SyncPragma=OFF;Database=" + path;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,11 @@ namespace quorvane::test {
 /// or a server (`OnServer`).
 /// The module must not see a difference, so the same tests run either way.
 bool ThroughOdbc();
+
+/// How far a test goes on that lets each `step`-th statement of a session fail. On a file each gets
+/// its turn. What refuses it stands before the adapter, so that through ODBC one in seven of them
+/// does; a server that fails by itself is tests/servidor/faults.
+std::size_t FailureStride(std::size_t step);
 
 /// The connection string of a test's school, which need not survive the machine.
 std::string OdbcString(const std::string& path);
