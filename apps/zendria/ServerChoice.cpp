@@ -25,8 +25,10 @@ QString InBraces(const char* keyword, const QString& value) {
 
 const std::vector<ServerChoice::SslMode>& ServerChoice::SslModes() {
   static const std::vector<SslMode> modes = {
+      {"disable", "Nunca"},
       {"prefer", "Si el servidor puede"},
       {"require", "Siempre"},
+      {"verify-ca", "Siempre, y con un certificado comprobado"},
       {"verify-full", "Siempre, y con un servidor comprobado (recomendado)"}};
   return modes;
 }

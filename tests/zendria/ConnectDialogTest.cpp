@@ -228,6 +228,44 @@ TEST(ConnectAnswer, TellsAClosedPort) {
                "En «127.0.0.1» no contesta ninguna base de datos por el puerto 1.");
 }
 
+// What a test's server doesn't do, in the words of the drivers.
+TEST(ConnectAnswer, TellsWhatElseAServerRefuses) {
+  const std::pair<const char*, const char*> refusals[] = {
+      {"[08001] FATAL:  no pg_hba.conf entry for host \"10.0.0.7\", user \"b\", database \"a\"",
+       "no deja entrar desde este equipo al usuario «b» en la base de datos «a»"},
+      {"[08001] root certificate file \"/home/b/.postgresql/root.crt\" does not exist",
+       "su certificado raíz, o el nombre «s» no es el del certificado"},
+      {"[08001] SSL error: certificate verify failed", "No se puede comprobar que el servidor sea"},
+      {"[08001] FATAL:  sorry, too many clients already", "no admite más conexiones ahora mismo"},
+      {"[08001] connection to server at \"s\", port 5432 failed: No route to host",
+       "«s» no contesta. Compruebe la red, y que ningún cortafuegos cierra el puerto 5432."},
+      {"[42501] ERROR: permission denied for table curso",
+       "entra en la base de datos «a», pero no puede leer sus tablas"},
+      {"[42000] [FreeTDS][SQL Server]Cannot open database \"a\" requested by the login. (4060)",
+       "no hay ninguna base de datos «a»"},
+      {"[28000] [FreeTDS][SQL Server]Login failed for user 'b'. (18456)",
+       "no admite ese usuario («b»)"}};
+  const auto address =
+      SchoolAddress::Odbc("Driver={PostgreSQL Unicode};Server=s;Port=5432;Database=a;UID=b");
+  for (const auto& [why, part] : refusals) {
+    const auto told = AnswerTo(SchoolError(QString::fromUtf8(why)), address).text;
+    EXPECT_TRUE(told.contains(QString::fromUtf8(part))) << told.toStdString();
+  }
+}
+
+TEST(ConnectAnswer, OnAServerTellsThatItHasRoomForNobodyElse) {
+  if (!OnServer()) GTEST_SKIP() << "no server";
+  const auto database = TakeServerSchool();
+  const auto limit = [&database](const char* connections) {
+    OwnersConnection("postgres")
+        .Execute("ALTER DATABASE " + database + " CONNECTION LIMIT " + connections);
+  };
+  limit("0");
+  ExpectTold(QString::fromStdString(ServerString(database)), "no admite más conexiones");
+  limit("-1");
+  GiveBackServerSchool(database);
+}
+
 TEST(ConnectAnswer, OnAServerTellsTheDatabaseThePasswordTheTablesAndTheEncryption) {
   if (!OnServer()) GTEST_SKIP() << "no server";
   const auto string = [](const std::string& database) {

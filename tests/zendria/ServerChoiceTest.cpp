@@ -52,6 +52,10 @@ TEST(ServerChoice, KnowsItsOwnStringsAndNoOthers) {
     EXPECT_EQ(again->Text(), choice.Text());
     EXPECT_FALSE(ServerChoice::Of(choice.Text() + ";Timeout=3"));
   }
+  for (const std::string mode : {"disable", "prefer", "require", "verify-ca", "verify-full"})
+    EXPECT_TRUE(ServerChoice::Of(
+        QString::fromStdString("Driver={PostgreSQL Unicode};Server=a;Port=1;sslmode=" + mode)))
+        << mode;
   EXPECT_EQ(ServerChoice::Of("Driver=FreeTDS;Server=a;Port=1;Database=b;TDS_Version=7.4")->sslmode,
             "prefer");
   EXPECT_FALSE(ServerChoice::Of("DSN=escuela;UID=ana"));
