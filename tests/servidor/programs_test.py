@@ -190,6 +190,21 @@ class ProgramsTest(unittest.TestCase):
         self.grant()
         self.assertEqual(self.rows(other), before)
 
+    def test_the_order_that_copies_tells_a_terminal_how_far_it_is(self):
+        school, server = self.on_file('generar', '--alumnos', '300', '--semilla', '1'), self.database()
+        ours, theirs = os.openpty()
+        done = subprocess.run([os.environ['QUORVANE_ESCUELA'], 'copiar', school.owner[0], server.owner[1]],
+                              text=True, stdout=subprocess.PIPE, stderr=theirs, timeout=300)
+        os.close(theirs)
+        shown = os.read(ours, 1 << 20).decode()
+        os.close(ours)
+        self.assertEqual(done.returncode, 0)
+        self.assertTrue(shown.endswith('\r\033[K'), shown)  # the line is taken away again
+        told = [int(part) for part in re.findall(r'\rCopiando\.\.\. (\d+) %', shown)]
+        self.assertEqual(told, sorted(told))
+        self.assertEqual(told[-1], 100)
+        self.assertNotIn('Copiando', done.stdout)
+
 
 if __name__ == '__main__':
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
