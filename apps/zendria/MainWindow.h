@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/GradeDrafts.h"
 #include "apps/zendria/GradeRescue.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
@@ -95,6 +96,7 @@ class MainWindow : public QMainWindow {
   SchoolDoor door_;
   StatementLog log_;
   GradeRescue rescue_;
+  GradeDrafts drafts_;
   std::unique_ptr<School> school_;
   User user_;
   std::optional<Centre> centre_;

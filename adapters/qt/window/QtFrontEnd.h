@@ -91,6 +91,10 @@ class QtFrontEnd : public FrontEnd {
   /// The same for a message box; it stays until it is answered, as by `box.accept()`.
   std::function<void(QMessageBox&)> MessageShown;
 
+  /// Called at the same time and before it, for what a host has to ask or to do before the user
+  /// acts on the form, itself by gestures (`Gesture`). The form may have gone behind it.
+  std::function<void(FormWindow&)> FormReady;
+
   /// The measures in twips, borders included, that the user gave formerly to a form whose window he
   /// may resize; none when he gave it none. Asked when the form's `Shown` has run; what is recalled
   /// reaches the form as if the user resized it then, and never makes it greater than the screen.
