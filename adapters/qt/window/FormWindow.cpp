@@ -178,6 +178,8 @@ void FormWindow::Sync() {
   if (open_) ShowFocus();
 }
 
+bool FormWindow::ListIsOpen() const { return list_ != nullptr && list_->IsOpen(); }
+
 void FormWindow::ShowPlace() {
   const QSize wanted(form_.Width(), form_.Height());
   const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
@@ -277,7 +279,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   // A key that the focused control leaves climbs to what that stands on: ask the form once.
   const auto* first = focusWidget() == nullptr ? this : focusWidget();
-  if (list_ != nullptr && list_->IsOpen() && list_->isAncestorOf(first)) return false;
+  if (ListIsOpen() && list_->isAncestorOf(first)) return false;
   return widget == first && FormTakes(static_cast<QKeyEvent*>(event)->key());
 }
 
@@ -285,8 +287,7 @@ bool FormWindow::ListTakes(const QWidget& widget, const QEvent& event) {
   const auto type = event.type();
   if (type == QEvent::MouseButtonRelease) return std::exchange(swallowed_, false);
   if (IsPress(type)) swallowed_ = false;
-  if (list_ == nullptr || !list_->IsOpen() || &widget == list_ || list_->isAncestorOf(&widget))
-    return false;
+  if (!ListIsOpen() || &widget == list_ || list_->isAncestorOf(&widget)) return false;
   // Nothing moves under an open list.
   if (type == QEvent::Wheel) return true;
   if (!IsPress(type)) return false;

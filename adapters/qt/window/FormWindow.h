@@ -61,6 +61,7 @@ class FormWindow : public QDialog {
   /// That list lies over the controls: until it has closed the keys are its own, and a click
   /// elsewhere has to wait for it.
   void OpenList(RetivoEditor* list) noexcept { list_ = list; }
+  [[nodiscard]] bool ListIsOpen() const;
 
   /// Esc: the button that cancels, or the X where the form has none.
   void reject() override;

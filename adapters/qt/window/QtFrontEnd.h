@@ -12,12 +12,14 @@
 #include "adapters/qt/window/LateKeys.h"
 #include "platform/host/FrontEnd.h"
 
+class QMenu;
 class QMessageBox;
 class QWidget;
 
 namespace quorvane {
+class Control;
 class Retivo;
-}
+}  // namespace quorvane
 
 namespace quorvane::qt {
 
@@ -106,6 +108,9 @@ class QtFrontEnd : public FrontEnd {
   /// current one and still shows its former text. `entry` is the one chosen in its list, -1 for
   /// none. What it throws ends the show, as a handler's failure does.
   std::function<void(const Form& form, const Retivo& grid, int entry)> EditEnding;
+  /// Told that the menu of a grid or list opens: the place for entries of the host's own, which are
+  /// run from the event loop while the window stands.
+  std::function<void(QMenu& menu, FormWindow& window, const Control& grid)> GridMenuOpening;
   /// Told of a form that is about to unload itself: it goes in order, not by a failure.
   std::function<void(const Form& form)> FormUnloading;
   /// Told of a handler's failure while leaving, before its form is unloaded. Throws nothing.
