@@ -205,6 +205,8 @@ void GradeDrafts::Begin(DraftOwner owner) { keeper_->Begin(std::move(owner)); }
 
 void GradeDrafts::Told(const std::string& statement) { keeper_->Told(statement); }
 
-QString GradeDrafts::Problem() const { return keeper_->Problem(); }
+std::function<QString()> GradeDrafts::Problem() const {
+  return [keeper = keeper_] { return keeper->Problem(); };
+}
 
 }  // namespace quorvane::zendria

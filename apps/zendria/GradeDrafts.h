@@ -41,8 +41,9 @@ class GradeDrafts {
   /// writes.
   void Told(const std::string& statement);
 
-  /// Why the draft can't be written, as the user reads it; empty while it can.
-  [[nodiscard]] QString Problem() const;
+  /// Tells why the draft can't be written, as the user reads it; nothing while it can. It may
+  /// outlive this.
+  [[nodiscard]] std::function<QString()> Problem() const;
 
  private:
   class Keeper;

@@ -61,6 +61,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
       door_(*this, preferences),
       rescue_(screen, preferences.DataFolder() + kRescueFolder),
       drafts_(screen, preferences.DataFolder() + kDraftFolder),
+      lines_(screen, drafts_.Problem()),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
@@ -198,10 +199,13 @@ void MainWindow::OpenNode(std::uint8_t node) {
     Working(entry->title);
     rescue_.Begin();
     drafts_.Begin({school_->Place(), user_.id});
+    lines_.Begin(*school_, user_);
     failure = Reconnect(*school_);
     if (!failure)
       failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
+  lines_.End();
+  school_->Rest();
   Working({});
   if (screen_.Leaving()) return;
   if (failure) ShowFailed(*failure, entry->title);

@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/FormLines.h"
 #include "apps/zendria/GradeDrafts.h"
 #include "apps/zendria/GradeRescue.h"
 #include "apps/zendria/SchoolDoor.h"
@@ -97,6 +98,7 @@ class MainWindow : public QMainWindow {
   StatementLog log_;
   GradeRescue rescue_;
   GradeDrafts drafts_;
+  FormLines lines_;
   std::unique_ptr<School> school_;
   User user_;
   std::optional<Centre> centre_;

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QSize>
+#include <QString>
 #include <exception>
 #include <functional>
 #include <optional>
@@ -25,6 +26,12 @@ namespace quorvane::qt {
 
 class FormWindow;
 struct Show;
+
+/// What a host tells over a form, in plain text; nothing of either is no line.
+struct FormHeading {
+  QString place;   ///< what the user is at
+  QString remark;  ///< what he should know of it
+};
 
 /// The dialogs on a screen, with Qt Widgets. Made after the `QApplication` and before the first
 /// form; the host owns it, hands it to `Application::UseScreen`, and takes it back before it goes.
@@ -96,6 +103,10 @@ class QtFrontEnd : public FrontEnd {
   /// Called at the same time and before it, for what a host has to ask or to do before the user
   /// acts on the form, itself by gestures (`Gesture`). The form may have gone behind it.
   std::function<void(FormWindow&)> FormReady;
+
+  /// Asked for the lines over a form whenever its window shows what has changed. Set before the
+  /// first form; throws nothing.
+  std::function<FormHeading(const Form&)> Heading;
 
   /// The measures in twips, borders included, that the user gave formerly to a form whose window he
   /// may resize; none when he gave it none. Asked when the form's `Shown` has run; what is recalled
