@@ -62,6 +62,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
       rescue_(screen, preferences.DataFolder() + kRescueFolder),
       drafts_(screen, preferences.DataFolder() + kDraftFolder),
       lines_(screen, drafts_.Problem()),
+      paper_(screen, screen.Heading),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),

@@ -14,6 +14,7 @@
 #include "apps/zendria/FormLines.h"
 #include "apps/zendria/GradeDrafts.h"
 #include "apps/zendria/GradeRescue.h"
+#include "apps/zendria/PaperMenu.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
@@ -99,6 +100,7 @@ class MainWindow : public QMainWindow {
   GradeRescue rescue_;
   GradeDrafts drafts_;
   FormLines lines_;
+  PaperMenu paper_;
   std::unique_ptr<School> school_;
   User user_;
   std::optional<Centre> centre_;
