@@ -29,6 +29,9 @@ class LockList {
   /// By number. Locks without a publication follow under the number that they bear.
   [[nodiscard]] std::vector<Publication> Read() const;
 
+  /// The name of the user as of `Publication::ownerName`.
+  [[nodiscard]] std::string OwnerName(int user) const;
+
   /// Removes a publication with its locks, or locks without one that bear the number, and nothing
   /// else; the locks first, as the module does, and all or nothing. False when there is neither.
   /// The engine's error, with nothing removed, when somebody else changes them at the same time.
@@ -40,7 +43,6 @@ class LockList {
 
  private:
   bool RemoveIf(int publication, const std::function<bool()>& still);
-  [[nodiscard]] std::string OwnerName(int user) const;
   [[nodiscard]] std::string AccountName(int user) const;
   [[nodiscard]] std::string EvaluationName(int evaluation) const;
   void AddLock(std::vector<Publication>& publications, const Recordset& lock) const;

@@ -22,10 +22,11 @@ struct StepChoice {
 
 /// A grade form and what it was opened with: enough to open the same again.
 struct GradeSheet {
-  std::string form;  ///< "frmNotaManual"
-  std::vector<StepChoice> choices;
-  std::string table;  ///< where its save writes
+  std::string form{};  ///< "frmNotaManual"
+  std::vector<StepChoice> choices{};
+  std::string table{};  ///< where its save writes
   std::int32_t evaluacion = 0;
+  bool recovery = false;  ///< the grades of the recovery are entered
 };
 
 /// A cell of a grade form, before and after the user's edits. The two keys and the column say
@@ -53,6 +54,9 @@ struct GradeEdit {
   GradeSheet sheet;
   GradeCell cell;
 };
+
+/// Keys and column are the same.
+bool SameCell(const GradeCell& one, const GradeCell& other);
 
 /// The edit that ends in the current cell of that grid by choosing that entry of its list, -1 for
 /// none, while the form still has what was before. None for a grid that doesn't hold the grades of

@@ -5,13 +5,6 @@
 #include <utility>
 
 namespace quorvane::zendria {
-namespace {
-
-bool SameCell(const GradeCell& one, const GradeCell& other) {
-  return one.student == other.student && one.subject == other.subject && one.column == other.column;
-}
-
-}  // namespace
 
 void GradeEdits::Add(GradeEdit edit) {
   sheet_ = std::move(edit.sheet);

@@ -18,6 +18,8 @@ class GradeEdits {
   void Clear();
 
   [[nodiscard]] const GradeSheet& Sheet() const noexcept { return sheet_; }
+  /// All of them, in the order of their first edit.
+  [[nodiscard]] const std::vector<GradeCell>& Edited() const noexcept { return cells_; }
   /// Those that hold something else than before, in the order of their first edit.
   [[nodiscard]] std::vector<GradeCell> Changed() const;
 

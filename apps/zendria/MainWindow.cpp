@@ -36,6 +36,7 @@ constexpr auto kTitle = "Zendria Escuela";
 constexpr auto kGeometry = "principal";
 constexpr auto kStatementsGeometry = "sentencias";
 constexpr auto kRescueFolder = "/notas-sin-guardar";
+constexpr auto kDraftFolder = "/borradores";
 constexpr QSize kFirstSize(860, 560);
 
 QString RecentTitle(const QString& place) {
@@ -59,6 +60,9 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
       preferences_(preferences),
       door_(*this, preferences),
       rescue_(screen, preferences.DataFolder() + kRescueFolder),
+      drafts_(screen, preferences.DataFolder() + kDraftFolder),
+      lines_(screen, drafts_.Problem()),
+      paper_(screen, screen.Heading),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
@@ -166,6 +170,7 @@ bool MainWindow::Enter(std::optional<Entrance> entrance) {
   school_->Observe([this](const Connection& connection, const std::string& statement) {
     log_.Add(connection, statement);
     rescue_.Told(statement);
+    drafts_.Told(statement);
     screen_.Pulse();
   });
   preferences_.AddRecentSchool(school_->Place());
@@ -194,10 +199,14 @@ void MainWindow::OpenNode(std::uint8_t node) {
         });
     Working(entry->title);
     rescue_.Begin();
+    drafts_.Begin({school_->Place(), user_.id});
+    lines_.Begin(*school_, user_);
     failure = Reconnect(*school_);
     if (!failure)
       failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
   }
+  lines_.End();
+  school_->Rest();
   Working({});
   if (screen_.Leaving()) return;
   if (failure) ShowFailed(*failure, entry->title);

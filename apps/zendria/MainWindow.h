@@ -11,7 +11,10 @@
 #include <optional>
 
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/FormLines.h"
+#include "apps/zendria/GradeDrafts.h"
 #include "apps/zendria/GradeRescue.h"
+#include "apps/zendria/PaperMenu.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
@@ -95,6 +98,9 @@ class MainWindow : public QMainWindow {
   SchoolDoor door_;
   StatementLog log_;
   GradeRescue rescue_;
+  GradeDrafts drafts_;
+  FormLines lines_;
+  PaperMenu paper_;
   std::unique_ptr<School> school_;
   User user_;
   std::optional<Centre> centre_;

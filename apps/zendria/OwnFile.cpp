@@ -16,6 +16,7 @@ namespace {
 constexpr mode_t kFileMode = 0600;
 constexpr mode_t kFolderMode = 0700;
 constexpr int kMostOfOneName = 1000;
+constexpr qint64 kMostRead = 16 * 1024 * 1024;
 
 /// A file that isn't finished: it goes with the object, unless it was given a name.
 class UnfinishedFile {
@@ -46,6 +47,11 @@ class UnfinishedFile {
       left += written;
     }
     return fsync(handle_) == 0;
+  }
+
+  /// Takes the name from the file that has it.
+  [[nodiscard]] bool TakePlace(const QByteArray& path) const {
+    return rename(path_.constData(), path.constData()) == 0;
   }
 
   /// False with the reason in `errno`; EEXIST when there is one of that name.
@@ -112,6 +118,44 @@ std::optional<QString> WriteOwnFile(const QString& folder, const QString& name,
                                     const QByteArray& content) {
   if (!MakeOwnFolder(folder)) return std::nullopt;
   return WriteIn(folder, name, content);
+}
+
+bool ReplaceOwnFile(const QString& folder, const QString& name, const QByteArray& content) {
+  if (!MakeOwnFolder(folder)) return false;
+  const UnfinishedFile file(folder);
+  if (!file.Write(content) || !file.TakePlace(QFile::encodeName(folder + '/' + name))) return false;
+  SyncFolder(folder);
+  return true;
+}
+
+OwnFileState ReadOwnFile(const QString& path, QByteArray& content) {
+  struct stat status {};
+  const auto encoded = QFile::encodeName(path);
+  if (lstat(encoded.constData(), &status) != 0)
+    return errno == ENOENT || errno == ENOTDIR ? OwnFileState::Missing : OwnFileState::Unfit;
+  // Opening a pipe would wait for its other end.
+  if (!S_ISREG(status.st_mode) || status.st_uid != geteuid() || status.st_size > kMostRead)
+    return OwnFileState::Unfit;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return OwnFileState::Unfit;
+  content = file.read(kMostRead);
+  return file.error() == QFileDevice::NoError ? OwnFileState::Read : OwnFileState::Unfit;
+}
+
+std::optional<QString> SetOwnFileAside(const QString& folder, const QString& name,
+                                       const QString& ending) {
+  const auto from = QFile::encodeName(folder + '/' + name);
+  for (int number = 1; number <= kMostOfOneName; ++number) {
+    const auto path =
+        folder + '/' + Numbered(QFileInfo(name).completeBaseName() + '.' + ending, number);
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, QFile::encodeName(path).constData(),
+                  RENAME_NOREPLACE) == 0) {
+      SyncFolder(folder);
+      return path;
+    }
+    if (errno != EEXIST) break;
+  }
+  return std::nullopt;
 }
 
 std::optional<QString> WriteOwnTemporaryFile(const QString& name, const QByteArray& content) {

@@ -14,7 +14,22 @@ namespace quorvane::zendria {
 std::optional<QString> WriteOwnFile(const QString& folder, const QString& name,
                                     const QByteArray& content);
 
-/// The same in a new folder among the temporary files.
+/// The same, but in the place of the file of that name, which stays as it was when it fails.
+bool ReplaceOwnFile(const QString& folder, const QString& name, const QByteArray& content);
+
+/// What `ReadOwnFile` finds under a path.
+enum class OwnFileState { Missing, Read, Unfit };
+
+/// Reads a file of this user's own. Unfit is what is no plain file, somebody else's, greater than
+/// 16 MB or can't be read; a link isn't followed.
+OwnFileState ReadOwnFile(const QString& path, QByteArray& content);
+
+/// Gives what stands under that name in the folder another that is free, with that ending. Gives
+/// the new path; none when that fails.
+std::optional<QString> SetOwnFileAside(const QString& folder, const QString& name,
+                                       const QString& ending);
+
+/// As `WriteOwnFile`, in a new folder among the temporary files.
 std::optional<QString> WriteOwnTemporaryFile(const QString& name, const QByteArray& content);
 
 }  // namespace quorvane::zendria

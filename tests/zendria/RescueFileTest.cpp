@@ -54,6 +54,7 @@ TEST_F(RescueFileTest, TheFileIsTheUsersAloneWhateverTheMask) {
   Fail(gradeAndAccept);
   umask(0277);
   school_.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
+  AnswerDraft("descartarlas");
   Fail(Doing({{0, 1, "8"}, "cmdAceptar"}));
   umask(mask);
   ASSERT_EQ(Files().size(), 2) << "the first was not overwritten";

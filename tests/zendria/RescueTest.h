@@ -79,6 +79,15 @@ class RescueTest : public HostTest {
     return FailIn(124, "frmNotaManual", act);
   }
 
+  /// The next offer of a draft is answered by that button; its text goes to `text`.
+  void AnswerDraft(const char* button, QString* text = nullptr) {
+    robot_.OnDialog("borrador", [button, text](QWidget& dialog) {
+      const auto& box = dynamic_cast<QMessageBox&>(dialog);
+      if (text != nullptr) *text = (box.text() + u'\n' + box.informativeText()).trimmed();
+      QTest::mouseClick(dialog.findChild<QWidget*>(button), Qt::LeftButton);
+    });
+  }
+
   /// Where the files are.
   [[nodiscard]] QString Folder() const { return folder_.filePath("notas-sin-guardar"); }
   /// All that lies there, hidden files too.

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 
+#include "adapters/qt/grid/GridMenu.h"
 #include "adapters/qt/grid/GridTable.h"
 
 namespace quorvane::qt {
@@ -19,6 +20,9 @@ FlexGridView::FlexGridView(FormWindow& window, MSFlexGrid& grid)
   const auto doubleClick = [this] { Gesture([this] { grid_.DoubleClick(); }); };
   connect(table_, &QTableView::doubleClicked, this, doubleClick);
   table_->DoubleClickBeside = doubleClick;
+  auto* const menu = new GridMenu(window, grid, *table_);
+  menu->Add({"Copiar", "Ctrl+C", [this] { table_->Copy(); }, {}});
+  menu->Add({"Copiar la tabla entera", {}, [this] { table_->CopyAll(); }, {}});
 }
 
 void FlexGridView::Choose(int row, int col) {

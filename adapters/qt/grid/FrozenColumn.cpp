@@ -48,6 +48,7 @@ void FrozenColumn::Follow() {
   setFont(table_.font());
   setWordWrap(table_.wordWrap());
   setSelectionBehavior(table_.selectionBehavior());
+  setSelectionMode(table_.selectionMode());
   setVerticalScrollMode(table_.verticalScrollMode());
   auto* const heading = horizontalHeader();
   heading->setVisible(!table_.horizontalHeader()->isHidden());

@@ -1,5 +1,7 @@
 #include "adapters/qt/grid/GridTable.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -8,6 +10,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "adapters/qt/grid/GridText.h"
 #include "adapters/qt/views/FocusBorder.h"
 #include "adapters/qt/views/Units.h"
 
@@ -37,6 +40,9 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setMinimumSectionSize(8);
   horizontalHeader()->setMinimumHeight(fontMetrics().height() + kRowPadding);
   names_ = new FrozenColumn(*this);
+  const auto choose = [this] { chosen_ = true; };
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, choose);
+  connect(selectionModel(), &QItemSelectionModel::currentChanged, this, choose);
 }
 
 void GridTable::Take(const Grid& grid) {
@@ -57,12 +63,15 @@ void GridTable::Take(const Grid& grid) {
   names_->Follow();
   const auto row = grid.Row() - grid.FixedRows();
   const auto current = row < 0 ? QModelIndex() : cells_.index(row, grid.Col());
+  const auto moved = current != currentIndex();
+  // What the user has selected round the current cell stays.
+  if (!moved && selectionModel()->isSelected(current)) return viewport()->update();
+  if (moved) chosen_ = false;
   if (!current.isValid()) {
     selectionModel()->clear();
     viewport()->update();
     return;
   }
-  const auto moved = current != currentIndex();
   const auto whole =
       selectionBehavior() == SelectRows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate;
   selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | whole);
@@ -134,7 +143,23 @@ void GridTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
   if (hidden > 0) bar->setValue(bar->value() - hidden);
 }
 
+QItemSelectionRange GridTable::Chosen() const {
+  const auto selected = selectionModel()->selection();
+  return !chosen_ || selected.isEmpty() ? QItemSelectionRange() : selected.front();
+}
+
+void GridTable::Copy() const {
+  const auto part = Chosen();
+  if (part.isEmpty()) return CopyAll();
+  QGuiApplication::clipboard()->setText(TextOfRows(RowsOf(*this, part)));
+}
+
+void GridTable::CopyAll() const {
+  QGuiApplication::clipboard()->setText(TextOfRows(RowsOf(*this)));
+}
+
 void GridTable::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return Copy();
   if (TakesKey && TakesKey(*event)) {
     event->accept();
     return;

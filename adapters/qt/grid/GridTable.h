@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QItemSelectionRange>
 #include <QTableView>
 #include <functional>
 #include <vector>
@@ -24,6 +25,13 @@ class GridTable : public QTableView {
   void StretchColumns() { stretch_ = true; }
   /// A text too long for its column goes on in another line.
   void WrapTexts();
+
+  /// What the user has selected; an empty part when the current cell is where the grid put it.
+  [[nodiscard]] QItemSelectionRange Chosen() const;
+  /// Puts onto the clipboard what the user has selected or, without that, the whole table.
+  void Copy() const;
+  /// The whole table, with its headings.
+  void CopyAll() const;
 
   /// Hands the keyboard to the control after it, or with False before it.
   void Leave(bool forward) { QTableView::focusNextPrevChild(forward); }
@@ -60,6 +68,7 @@ class GridTable : public QTableView {
   FrozenColumn* names_ = nullptr;
   std::vector<Column> columns_;
   bool stretch_ = false;
+  bool chosen_ = false;  // by the user
 };
 
 }  // namespace quorvane::qt

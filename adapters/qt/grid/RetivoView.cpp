@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "adapters/qt/grid/GridMenu.h"
 #include "adapters/qt/grid/GridTable.h"
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/FormWindow.h"
@@ -22,6 +23,7 @@ RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
   };
   editor_->LeftAlone = [this](RetivoEditor::Then then) { GoOn(then); };
   table_->setSelectionBehavior(QAbstractItemView::SelectItems);
+  table_->setSelectionMode(QAbstractItemView::ContiguousSelection);
   table_->WrapTexts();
   table_->TakesKey = [this](const QKeyEvent& key) { return TakesKey(key); };
   table_->TakesTab = [this](bool forward) { return MoveOn(forward); };
@@ -38,6 +40,12 @@ RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
     if (!Showing()) draggedColumn_ = column;
   });
   table_->horizontalHeader()->viewport()->installEventFilter(this);
+  FillMenu(*new GridMenu(window, retivo, *table_));
+}
+
+void RetivoView::FillMenu(GridMenu& menu) {
+  menu.Add({"Copiar", "Ctrl+C", [this] { table_->Copy(); }, {}});
+  menu.Add({"Copiar la tabla entera", {}, [this] { table_->CopyAll(); }, {}});
 }
 
 void RetivoView::Show() { table_->Take(retivo_); }

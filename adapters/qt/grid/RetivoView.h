@@ -9,6 +9,7 @@
 
 namespace quorvane::qt {
 
+class GridMenu;
 class GridTable;
 
 /// A table whose list cells open a list on click, F2, Enter or typing. Tab goes from one list cell
@@ -24,6 +25,7 @@ class RetivoView : public QObject, public ControlView {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void FillMenu(GridMenu& menu);
   [[nodiscard]] bool Opens(const QModelIndex& cell) const;
   /// Where the cell is in the window.
   [[nodiscard]] QRect RoomOf(const QModelIndex& cell) const;

@@ -2,10 +2,14 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QMenu>
 
 #include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
 
 namespace quorvane::qt {
 namespace {
@@ -60,6 +64,41 @@ class WheelPasses : public QObject {
   }
 };
 
+/// What the right button and the menu key open: the host's entries alone.
+class ListMenu : public QObject {
+ public:
+  ListMenu(QComboBox& box, FormWindow& window, const ComboBox& combo)
+      : QObject(&box), box_(box), window_(window), combo_(combo) {
+    box.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::ContextMenu) return false;
+    event->accept();
+    const auto& frontEnd = window_.FrontEnd();
+    const auto may = combo_.Usable() && frontEnd.ActiveWindow() == &window_ && !frontEnd.Busy() &&
+                     !frontEnd.Leaving() && !window_.ListIsOpen();
+    if (may && frontEnd.GridMenuOpening) Open(static_cast<const QContextMenuEvent&>(*event));
+    return true;
+  }
+
+ private:
+  void Open(const QContextMenuEvent& asked) {
+    auto* const menu = new QMenu(&box_);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    window_.FrontEnd().GridMenuOpening(*menu, window_, combo_);
+    if (menu->isEmpty())
+      delete menu;
+    else
+      menu->popup(asked.globalPos());
+  }
+
+  QComboBox& box_;
+  FormWindow& window_;
+  const ComboBox& combo_;
+};
+
 }  // namespace
 
 ComboView::ComboView(FormWindow& window, ComboBox& combo)
@@ -68,6 +107,7 @@ ComboView::ComboView(FormWindow& window, ComboBox& combo)
   box_->setMaxVisibleItems(16);
   new ListKeys(*box_);
   new WheelPasses(*box_);
+  new ListMenu(*box_, window, combo);
   QObject::connect(box_, &QComboBox::activated, box_,
                    [this](int index) { Gesture([this, index] { combo_.ListIndex(index); }); });
 }

@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <algorithm>
 
+#include "adapters/qt/grid/GridMenu.h"
 #include "adapters/qt/views/FocusBorder.h"
 #include "adapters/qt/views/Units.h"
 
@@ -15,6 +16,7 @@ ListView::ListView(FormWindow& window, ListBox& list)
   ShowFocusOnBorder(*rows_);
   rows_->setUniformItemSizes(true);
   rows_->installEventFilter(this);
+  new GridMenu(window, list, *rows_);
   connect(rows_, &QListWidget::itemSelectionChanged, this, [this] { Choose(); });
   connect(rows_, &QListWidget::itemDoubleClicked, this,
           [this] { Gesture([this] { list_.DoubleClick(); }); });

@@ -16,6 +16,7 @@
 #include "adapters/qt/views/IconStore.h"
 #include "adapters/qt/views/KeyCodes.h"
 #include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/HeadingStrip.h"
 #include "adapters/qt/window/ModelPlacement.h"
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "adapters/qt/window/ScrolledPage.h"
@@ -63,6 +64,9 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
   // A layout measures the texts.
   for (const auto& view : views_) view->Sync();
   if (page_ == nullptr) LayOut(*this);
+  if (frontEnd_.Heading) heading_ = new HeadingStrip(*this);
+  // Above all else, and out of the way while it is empty.
+  if (heading_ != nullptr && layout() != nullptr) layout()->setMenuBar(heading_);
   Sync();
 }
 
@@ -125,7 +129,27 @@ QSize FormWindow::MostFor(QSize inner) const {
 }
 
 QSize FormWindow::WindowFor(QSize inner) const {
-  return page_ == nullptr ? inner : page_->WindowFor(inner, MostFor(inner));
+  if (page_ == nullptr) return inner;
+  const QSize above(0, HeadingHeight(inner.width()));
+  return page_->WindowFor(inner, MostFor(inner + above) - above) + above;
+}
+
+int FormWindow::HeadingHeight(int width) const {
+  return heading_ == nullptr ? 0 : heading_->HeightFor(width);
+}
+
+void FormWindow::ShowHeading() {
+  if (heading_ == nullptr) return;
+  const auto lines = frontEnd_.Heading(form_);
+  if (!heading_->Tell(lines.place, lines.remark)) return;
+  if (layout() != nullptr) layout()->invalidate();
+  if (page_ != nullptr) PlacePage();
+}
+
+void FormWindow::PlacePage() {
+  const auto above = HeadingHeight(width());
+  if (heading_ != nullptr) heading_->setGeometry(0, 0, width(), above);
+  page_->setGeometry(rect().adjusted(0, above, 0, 0));
 }
 
 void FormWindow::Centre() {
@@ -174,14 +198,20 @@ void FormWindow::Sync() {
   if (windowIcon().isNull()) setWindowIcon(IconStore::Load(form_.Icon()));
   for (const auto& view : views_) view->Sync();
   if (page_ != nullptr) PlaceByModel(*this);
+  ShowHeading();
   ShowPlace();
   if (open_) ShowFocus();
 }
 
+bool FormWindow::ListIsOpen() const { return list_ != nullptr && list_->IsOpen(); }
+
 void FormWindow::ShowPlace() {
   const QSize wanted(form_.Width(), form_.Height());
   const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));
-  if (page_ != nullptr) page_->Take(inner, MostFor(inner));
+  if (page_ != nullptr) {
+    const QSize above(0, HeadingHeight(inner.width()));
+    page_->Take(inner, MostFor(inner + above) - above);
+  }
   // A form with a layout has the size that this gives it, until the form sets another.
   const auto resized = page_ == nullptr ? knownSize_ != wanted : place_.Asked() != WindowFor(inner);
   knownSize_ = wanted;
@@ -212,7 +242,7 @@ void FormWindow::ShowFocus() {
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  if (page_ != nullptr) page_->setGeometry(rect());
+  if (page_ != nullptr) PlacePage();
   if (open_) TakeSizeTold();
   if (list_ != nullptr) list_->Follow();
 }
@@ -228,7 +258,8 @@ void FormWindow::TakeSizeTold() {
 void FormWindow::TakeSizeOfUser() {
   frontEnd_.Gesture(*this, [this] {
     if (size() != place_.Asked()) place_.TakeSize();
-    const auto inner = page_ == nullptr ? size() : page_->InSight(size());
+    const QSize below(width(), height() - HeadingHeight(width()));
+    const auto inner = page_ == nullptr ? below : page_->InSight(below);
     knownSize_ = {Twips(inner.width()) + Form::kBorderWidth,
                   Twips(inner.height()) + Form::kBorderHeight};
     form_.ResizeByUser(knownSize_.width(), knownSize_.height());
@@ -277,7 +308,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   // A key that the focused control leaves climbs to what that stands on: ask the form once.
   const auto* first = focusWidget() == nullptr ? this : focusWidget();
-  if (list_ != nullptr && list_->IsOpen() && list_->isAncestorOf(first)) return false;
+  if (ListIsOpen() && list_->isAncestorOf(first)) return false;
   return widget == first && FormTakes(static_cast<QKeyEvent*>(event)->key());
 }
 
@@ -285,8 +316,7 @@ bool FormWindow::ListTakes(const QWidget& widget, const QEvent& event) {
   const auto type = event.type();
   if (type == QEvent::MouseButtonRelease) return std::exchange(swallowed_, false);
   if (IsPress(type)) swallowed_ = false;
-  if (list_ == nullptr || !list_->IsOpen() || &widget == list_ || list_->isAncestorOf(&widget))
-    return false;
+  if (!ListIsOpen() || &widget == list_ || list_->isAncestorOf(&widget)) return false;
   // Nothing moves under an open list.
   if (type == QEvent::Wheel) return true;
   if (!IsPress(type)) return false;

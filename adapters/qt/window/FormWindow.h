@@ -16,6 +16,7 @@ class Frame;
 namespace quorvane::qt {
 
 class ControlView;
+class HeadingStrip;
 class QtFrontEnd;
 class RetivoEditor;
 class ScrolledPage;
@@ -25,7 +26,8 @@ class ScrolledPage;
 ///
 /// Each control's widget carries the control's name as its object name. Where the screen is smaller
 /// than a form that places its controls itself, the window is as large as the screen allows and
-/// scrolls; the form keeps its measures.
+/// scrolls; the form keeps its measures. What the host tells over a form (`QtFrontEnd::Heading`)
+/// stands above it in a room of its own, by which the window is higher than the form.
 class FormWindow : public QDialog {
  public:
   FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent);
@@ -61,6 +63,7 @@ class FormWindow : public QDialog {
   /// That list lies over the controls: until it has closed the keys are its own, and a click
   /// elsewhere has to wait for it.
   void OpenList(RetivoEditor* list) noexcept { list_ = list; }
+  [[nodiscard]] bool ListIsOpen() const;
 
   /// Esc: the button that cancels, or the X where the form has none.
   void reject() override;
@@ -79,6 +82,11 @@ class FormWindow : public QDialog {
   [[nodiscard]] QSize MostSize() const;
   /// The greatest window for a form of that size inside.
   [[nodiscard]] QSize MostFor(QSize inner) const;
+  /// What the host's lines take of the window's height.
+  [[nodiscard]] int HeadingHeight(int width) const;
+  void ShowHeading();
+  /// Where heading and page stand.
+  void PlacePage();
   /// The window's size for a form of that size inside.
   [[nodiscard]] QSize WindowFor(QSize inner) const;
   void ShowPlace();
@@ -98,6 +106,7 @@ class FormWindow : public QDialog {
   std::vector<std::unique_ptr<ControlView>> views_;  // in the form's order
   RetivoEditor* list_ = nullptr;                     // Qt's; the one opened last
   bool swallowed_ = false;                           // the press of a button whose release follows
+  HeadingStrip* heading_ = nullptr;                  // Qt's; null without a host that tells any
   ScrolledPage* page_ = nullptr;                     // Qt's; null for a form that has a layout
   WindowPlace place_;
   bool open_ = false;

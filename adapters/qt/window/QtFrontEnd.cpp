@@ -156,12 +156,14 @@ void QtFrontEnd::RecallSizeOf(FormWindow& window) {
 }
 
 void QtFrontEnd::RunHooks(FormWindow& window) {
-  if (!WindowShown) return;
+  if (!WindowShown && !FormReady) return;
   QTimer::singleShot(0, &window, [this, &window] {
     Gesture(window, [this, &window] {
-      // The hook acts as the user, so the window must listen to it.
+      // The hooks act as the user, so the window must listen to them.
       shows_.back()->busy = false;
-      WindowShown(window);
+      if (FormReady) FormReady(window);
+      const auto still = window.Model().Visible() && shows_.back()->failure == nullptr;
+      if (WindowShown && still && !leaving_) WindowShown(window);
     });
   });
 }

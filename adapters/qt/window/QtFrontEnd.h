@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QSize>
+#include <QString>
 #include <exception>
 #include <functional>
 #include <optional>
@@ -12,17 +13,25 @@
 #include "adapters/qt/window/LateKeys.h"
 #include "platform/host/FrontEnd.h"
 
+class QMenu;
 class QMessageBox;
 class QWidget;
 
 namespace quorvane {
+class Control;
 class Retivo;
-}
+}  // namespace quorvane
 
 namespace quorvane::qt {
 
 class FormWindow;
 struct Show;
+
+/// What a host tells over a form, in plain text; nothing of either is no line.
+struct FormHeading {
+  QString place;   ///< what the user is at
+  QString remark;  ///< what he should know of it
+};
 
 /// The dialogs on a screen, with Qt Widgets. Made after the `QApplication` and before the first
 /// form; the host owns it, hands it to `Application::UseScreen`, and takes it back before it goes.
@@ -91,6 +100,14 @@ class QtFrontEnd : public FrontEnd {
   /// The same for a message box; it stays until it is answered, as by `box.accept()`.
   std::function<void(QMessageBox&)> MessageShown;
 
+  /// Called at the same time and before it, for what a host has to ask or to do before the user
+  /// acts on the form, itself by gestures (`Gesture`). The form may have gone behind it.
+  std::function<void(FormWindow&)> FormReady;
+
+  /// Asked for the lines over a form whenever its window shows what has changed. Set before the
+  /// first form; throws nothing.
+  std::function<FormHeading(const Form&)> Heading;
+
   /// The measures in twips, borders included, that the user gave formerly to a form whose window he
   /// may resize; none when he gave it none. Asked when the form's `Shown` has run; what is recalled
   /// reaches the form as if the user resized it then, and never makes it greater than the screen.
@@ -102,6 +119,9 @@ class QtFrontEnd : public FrontEnd {
   /// current one and still shows its former text. `entry` is the one chosen in its list, -1 for
   /// none. What it throws ends the show, as a handler's failure does.
   std::function<void(const Form& form, const Retivo& grid, int entry)> EditEnding;
+  /// Told that the menu of a grid or list opens: the place for entries of the host's own, which are
+  /// run from the event loop while the window stands.
+  std::function<void(QMenu& menu, FormWindow& window, const Control& grid)> GridMenuOpening;
   /// Told of a form that is about to unload itself: it goes in order, not by a failure.
   std::function<void(const Form& form)> FormUnloading;
   /// Told of a handler's failure while leaving, before its form is unloaded. Throws nothing.

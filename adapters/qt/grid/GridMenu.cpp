@@ -1,0 +1,59 @@
+#include "adapters/qt/grid/GridMenu.h"
+
+#include <QAbstractItemView>
+#include <QContextMenuEvent>
+#include <QMenu>
+
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
+#include "platform/controls/Control.h"
+
+namespace quorvane::qt {
+
+GridMenu::GridMenu(FormWindow& window, const Control& control, QAbstractItemView& view)
+    : QObject(&view), window_(window), control_(control), view_(view) {
+  // The area's own events are those of the menu key, and what a child of it has left alone.
+  view.installEventFilter(this);
+  view.viewport()->installEventFilter(this);
+}
+
+bool GridMenu::UserMayAct() const {
+  const auto& frontEnd = window_.FrontEnd();
+  return control_.Usable() && frontEnd.ActiveWindow() == &window_ && !frontEnd.Busy() &&
+         !frontEnd.Leaving() && !window_.ListIsOpen();
+}
+
+void GridMenu::Open(QPoint at) {
+  auto* const menu = new QMenu(&view_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const auto& entry : entries_) {
+    const auto text = entry.keys.isEmpty() ? entry.text : entry.text + '\t' + entry.keys;
+    auto* const action = menu->addAction(text);
+    action->setEnabled(!entry.possible || entry.possible());
+    connect(action, &QAction::triggered, this, entry.act);
+  }
+  const auto& more = window_.FrontEnd().GridMenuOpening;
+  if (more) {
+    auto* const line = menu->addSeparator();
+    more(*menu, window_, control_);
+    if (menu->actions().back() == line) menu->removeAction(line);
+  }
+  if (menu->isEmpty())
+    delete menu;
+  else
+    menu->popup(at);
+}
+
+bool GridMenu::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() != QEvent::ContextMenu) return false;
+  event->accept();
+  if (!UserMayAct()) return true;
+  const auto& asked = static_cast<const QContextMenuEvent&>(*event);
+  auto at = asked.globalPos();
+  if (asked.reason() == QContextMenuEvent::Keyboard)
+    at = view_.viewport()->mapToGlobal(view_.visualRect(view_.currentIndex()).bottomLeft());
+  Open(at);
+  return true;
+}
+
+}  // namespace quorvane::qt

@@ -1,0 +1,157 @@
+#include "apps/zendria/DraftDialogs.h"
+
+#include <QClipboard>
+#include <QDialog>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStringList>
+#include <QVBoxLayout>
+
+#include "adapters/qt/views/FocusBorder.h"
+#include "apps/zendria/FirstSize.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr QSize kFirstSize(760, 360);
+
+QString Since(const QDateTime& when) {
+  const auto hour = when.toString("H:mm");
+  const auto article = when.time().hour() == 1 ? "la" : "las";
+  if (when.date() == QDate::currentDate()) return QStringLiteral("de %1 %2").arg(article, hour);
+  return QStringLiteral("del %1 a %2 %3").arg(when.toString("dd/MM/yyyy"), article, hour);
+}
+
+/// "Hay 12 notas sin guardar de las 17:40."
+QString Found(std::size_t count, const QDateTime& when) {
+  return count == 1 ? QStringLiteral("Hay una nota sin guardar %1.").arg(Since(when))
+                    : QStringLiteral("Hay %1 notas sin guardar %2.").arg(count).arg(Since(when));
+}
+
+QString ChangedBesides(std::size_t count) {
+  if (count == 1)
+    return "Hay otra más que no se pondrá, porque su celda ha cambiado desde entonces: la verá con "
+           "los dos valores.";
+  return QStringLiteral(
+             "Hay otras %1 que no se pondrán, porque sus celdas han cambiado desde entonces: las "
+             "verá con los dos valores.")
+      .arg(count);
+}
+
+QString OneLine(const std::string& text) {
+  const auto line = QString::fromStdString(text).simplified();
+  return line.isEmpty() ? QStringLiteral("(en blanco)") : line;
+}
+
+QPushButton* Add(QMessageBox& box, const QString& text, QMessageBox::ButtonRole role,
+                 const char* name) {
+  auto* const button = box.addButton(text, role);
+  button->setObjectName(name);
+  return button;
+}
+
+}  // namespace
+
+DraftAnswer AskForDraft(QWidget* parent, const QDateTime& when, std::size_t fit,
+                        std::size_t changed) {
+  const auto one = (fit > 0 ? fit : changed) == 1;
+  QString question = one ? "¿Ponerla?" : "¿Ponerlas?";
+  QString more = fit > 0 && changed > 0 ? ChangedBesides(changed) : QString();
+  if (fit == 0) {
+    question = one ? "¿Verla?" : "¿Verlas?";
+    more = one ? "No se puede poner, porque su celda ha cambiado desde entonces: la verá con los "
+                 "dos valores."
+               : "No se pueden poner, porque sus celdas han cambiado desde entonces: las verá con "
+                 "los dos valores.";
+  }
+  QMessageBox box(QMessageBox::Question, "Notas sin guardar",
+                  Found(fit > 0 ? fit : changed, when) + ' ' + question, QMessageBox::NoButton,
+                  parent);
+  box.setObjectName("borrador");
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(more);
+  auto* const put =
+      Add(box, fit > 0 ? (one ? "&Ponerla" : "&Ponerlas") : (one ? "&Verla" : "&Verlas"),
+          QMessageBox::AcceptRole, "ponerlas");
+  const auto* const drop = Add(box, one ? "&Descartarla" : "&Descartarlas",
+                               QMessageBox::DestructiveRole, "descartarlas");
+  auto* const later = Add(box, "Ahora &no", QMessageBox::RejectRole, "ahoraNo");
+  box.setDefaultButton(put);
+  box.setEscapeButton(later);
+  box.exec();
+  if (box.clickedButton() == put) return DraftAnswer::Put;
+  return box.clickedButton() == drop ? DraftAnswer::Drop : DraftAnswer::NotNow;
+}
+
+QString LeftCellsText(const std::vector<LeftCell>& cells) {
+  QStringList lines;
+  for (const auto& [cell, now, gone] : cells)
+    lines.append(QStringList{OneLine(cell.studentText), OneLine(cell.subjectText),
+                             OneLine(cell.columnText), "suya: " + OneLine(cell.text),
+                             gone && now.empty() ? "ya no está" : "ahora: " + OneLine(now)}
+                     .join(u'\t'));
+  return lines.join(u'\n') + u'\n';
+}
+
+void ShowLeftCells(QWidget* parent, const std::vector<LeftCell>& cells) {
+  QDialog dialog(parent);
+  dialog.setObjectName("notasCambiadas");
+  dialog.setWindowTitle("Notas que no se han puesto");
+  auto* const hint = new QLabel(
+      "Estas celdas han cambiado desde que usted escribió, y se han dejado como están. A la "
+      "izquierda, lo que usted había puesto; a la derecha, lo que hay ahora. Si vale lo suyo, "
+      "póngalo de nuevo.");
+  hint->setWordWrap(true);
+  auto* const text = new QPlainTextEdit(LeftCellsText(cells));
+  text->setObjectName("notas");
+  text->setAccessibleName("Notas que no se han puesto");
+  text->setReadOnly(true);
+  text->setLineWrapMode(QPlainTextEdit::NoWrap);
+  text->setTabStopDistance(text->fontMetrics().averageCharWidth() * 24);
+  qt::ShowFocusOnBorder(*text);
+  auto* const copy = new QPushButton("&Copiar");
+  copy->setAutoDefault(false);
+  auto* const close = new QPushButton("C&errar");
+  close->setDefault(true);
+
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(copy);
+  buttons->addStretch(1);
+  buttons->addWidget(close);
+  auto* const column = new QVBoxLayout(&dialog);
+  column->addWidget(hint);
+  column->addWidget(text, 1);
+  column->addLayout(buttons);
+  TakeFirstSize(dialog, kFirstSize);
+  QObject::connect(copy, &QPushButton::clicked, &dialog,
+                   [text] { QGuiApplication::clipboard()->setText(text->toPlainText()); });
+  QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+  dialog.exec();
+}
+
+void TellBrokenDraft(QWidget* parent, const QString& file, const std::optional<QString>& aside) {
+  QMessageBox box(QMessageBox::Warning, "Notas sin guardar",
+                  "El borrador de las notas sin guardar no se puede leer.", QMessageBox::NoButton,
+                  parent);
+  box.setObjectName("borradorRoto");
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.setInformativeText(
+      aside
+          ? QStringLiteral("Está dañado o no es de esta pantalla. Se ha apartado en este fichero, "
+                           "por si quien mantiene la aplicación puede sacar algo de él:\n%1")
+                .arg(*aside)
+          : QStringLiteral("Está dañado o no es de esta pantalla, y no se ha podido apartar. "
+                           "Quite este fichero de su sitio para que se puedan guardar otros:\n%1")
+                .arg(file));
+  auto* const accept = box.addButton("&Aceptar", QMessageBox::AcceptRole);
+  box.setDefaultButton(accept);
+  box.setEscapeButton(accept);
+  box.exec();
+}
+
+}  // namespace quorvane::zendria

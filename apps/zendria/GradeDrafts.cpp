@@ -1,0 +1,212 @@
+#include "apps/zendria/GradeDrafts.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTimer>
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "adapters/qt/window/FormWindow.h"
+#include "adapters/qt/window/QtFrontEnd.h"
+#include "apps/zendria/DraftDialogs.h"
+#include "apps/zendria/DraftReplay.h"
+#include "apps/zendria/GradeEdits.h"
+#include "apps/zendria/GradeForm.h"
+#include "apps/zendria/OwnFile.h"
+#include "platform/controls/Form.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr auto kSetAside = "apartado";
+
+bool Holds(const std::vector<GradeCell>& cells, const GradeCell& looked) {
+  return std::any_of(cells.begin(), cells.end(),
+                     [&looked](const GradeCell& cell) { return SameCell(cell, looked); });
+}
+
+/// A statement of the module that reads says nothing of saving.
+bool Writes(const std::string& statement) { return !statement.starts_with("SELECT"); }
+
+}  // namespace
+
+/// The draft of the form that is open. Such forms are modal, so that there is one at a time.
+class GradeDrafts::Keeper {
+ public:
+  Keeper(qt::QtFrontEnd& screen, QString folder) : screen_(screen), folder_(std::move(folder)) {
+    turn_.setSingleShot(true);
+    turn_.callOnTimeout([this] { Write(); });
+  }
+
+  void Begin(DraftOwner owner) {
+    owner_ = std::move(owner);
+    Forget();
+  }
+
+  void Edited(const Form& form, const Retivo& grid, int entry) {
+    auto edit = ReadGradeEdit(form, grid, entry);
+    // What no save writes is no grade to be kept.
+    if (!edit || edit->cell.field.empty()) return;
+    sheet_ = edit->sheet;
+    edits_.Add(*std::move(edit));
+    WriteSoon();
+  }
+
+  void Unloading(const Form& form) {
+    if (form.Name() != sheet_.form) return;
+    // Nobody has said that he doesn't want it.
+    if (screen_.Leaving()) {
+      Write();
+    } else {
+      const auto edited = edits_.Edited();
+      later_.erase(std::remove_if(later_.begin(), later_.end(),
+                                  [&edited](const auto& cell) { return Holds(edited, cell); }),
+                   later_.end());
+      told_.clear();
+      edits_.Clear();
+      dirty_ = true;
+      Write();
+    }
+    Forget();
+  }
+
+  void Told(const std::string& statement) {
+    if (dirty_ && Writes(statement)) Write();
+  }
+
+  void Ready(qt::FormWindow& window) {
+    const auto form = AsGradeForm(window.Model());
+    if (form == nullptr || !window.Model().Visible()) return;
+    Forget();
+    sheet_ = form->Sheet();
+    const auto draft = Read(window);
+    if (!draft) return;
+    const auto replay = DraftReplay(window, draft->cells);
+    if (replay.Nothing()) {
+      // All of it is saved already: the program ended between the save and this file's end.
+      QFile::remove(Path());
+      return;
+    }
+    // Until the user has decided, whatever else happens, all of it stays in the file.
+    later_ = replay.Cells();
+    const auto answer = AskForDraft(&window, draft->when, replay.Fit(), replay.Changed());
+    if (screen_.Leaving()) return;
+    if (answer == DraftAnswer::Drop) {
+      later_.clear();
+      dirty_ = true;
+      Write();
+    } else if (answer == DraftAnswer::Put) {
+      Put(window, replay);
+    }
+  }
+
+  [[nodiscard]] QString Problem() const { return problem_; }
+
+ private:
+  void Put(qt::FormWindow& window, const DraftReplay& replay) {
+    std::vector<LeftCell> left;
+    auto whole = false;
+    screen_.Gesture(window, [&] {
+      left = replay.Play(window);
+      whole = true;
+    });
+    // After a failure what wasn't put yet waits for the next opening.
+    if (!whole) return;
+    for (const auto& one : left) told_.push_back(one.cell);
+    later_.clear();
+    WriteSoon();
+    if (!left.empty() && !screen_.Leaving()) ShowLeftCells(&window, left);
+  }
+
+  [[nodiscard]] QString Path() const { return folder_ + '/' + DraftFileName(owner_, sheet_); }
+
+  std::optional<GradeDraft> Read(qt::FormWindow& window) const {
+    QByteArray content;
+    const auto state = ReadOwnFile(Path(), content);
+    if (state == OwnFileState::Missing) return std::nullopt;
+    auto draft = state == OwnFileState::Read ? ReadDraft(content, owner_, sheet_) : std::nullopt;
+    if (draft) return draft;
+    const auto aside = SetOwnFileAside(folder_, DraftFileName(owner_, sheet_), kSetAside);
+    TellBrokenDraft(&window, Path(), aside);
+    return std::nullopt;
+  }
+
+  void WriteSoon() {
+    dirty_ = true;
+    if (!turn_.isActive()) {
+      turn_.start(0);
+      Write();
+    }
+  }
+
+  void Write() {
+    if (!dirty_) return;
+    dirty_ = false;
+    auto cells = edits_.Changed();
+    const auto edited = edits_.Edited();
+    for (const auto* const kept : {&later_, &told_})
+      std::copy_if(kept->begin(), kept->end(), std::back_inserter(cells),
+                   [&edited](const GradeCell& cell) { return !Holds(edited, cell); });
+    if (cells.empty()) {
+      QFile::remove(Path());
+      return;
+    }
+    const GradeDraft draft{owner_, sheet_, QDateTime::currentDateTime(), std::move(cells)};
+    const auto written =
+        ReplaceOwnFile(folder_, DraftFileName(owner_, sheet_), DraftContent(draft));
+    problem_ = written ? QString()
+                       : QStringLiteral(
+                             "No se puede guardar el borrador de estas notas en «%1»: "
+                             "compruebe que queda sitio en el disco y que la carpeta es "
+                             "suya. Hasta entonces, guarde con «Aceptar» a menudo.")
+                             .arg(folder_);
+  }
+
+  void Forget() {
+    edits_.Clear();
+    later_.clear();
+    told_.clear();
+    sheet_ = {};
+    dirty_ = false;
+    problem_.clear();
+  }
+
+  qt::QtFrontEnd& screen_;
+  QString folder_;
+  DraftOwner owner_;
+  GradeSheet sheet_;
+  GradeEdits edits_;
+  std::vector<GradeCell> later_;  // from a former time, not put in
+  std::vector<GradeCell> told_;   // those that can't be, which the user has been shown
+  bool dirty_ = false;
+  QTimer turn_;  // runs until the event loop's turn ends
+  QString problem_;
+};
+
+GradeDrafts::GradeDrafts(qt::QtFrontEnd& screen, QString folder)
+    : keeper_(std::make_shared<Keeper>(screen, std::move(folder))) {
+  screen.EditEnding = [keeper = keeper_, before = std::move(screen.EditEnding)](
+                          const Form& form, const Retivo& grid, int entry) {
+    if (before) before(form, grid, entry);
+    keeper->Edited(form, grid, entry);
+  };
+  screen.FormUnloading = [keeper = keeper_,
+                          before = std::move(screen.FormUnloading)](const Form& form) {
+    if (before) before(form);
+    keeper->Unloading(form);
+  };
+  screen.FormReady = [keeper = keeper_](qt::FormWindow& window) { keeper->Ready(window); };
+}
+
+GradeDrafts::~GradeDrafts() = default;
+
+void GradeDrafts::Begin(DraftOwner owner) { keeper_->Begin(std::move(owner)); }
+
+void GradeDrafts::Told(const std::string& statement) { keeper_->Told(statement); }
+
+std::function<QString()> GradeDrafts::Problem() const {
+  return [keeper = keeper_] { return keeper->Problem(); };
+}
+
+}  // namespace quorvane::zendria

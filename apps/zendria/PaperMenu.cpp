@@ -1,0 +1,155 @@
+#include "apps/zendria/PaperMenu.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPageSize>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <utility>
+
+#include "adapters/qt/window/FormWindow.h"
+#include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/Sheet.h"
+#include "apps/zendria/SheetCsv.h"
+#include "apps/zendria/SheetPrinter.h"
+#include "platform/controls/FormInstance.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/Label.h"
+#include "register/frmPendientes.h"
+
+namespace quorvane::zendria {
+namespace {
+
+/// More columns than these are easier to read across the long side.
+constexpr qsizetype kUprightColumns = 6;
+
+QString Text(const std::string& text) { return QString::fromStdString(text).simplified(); }
+
+/// What the label before a control calls it, without mnemonic, mark and colon.
+QString NameOf(const Control& control) {
+  const Label* nearest = nullptr;
+  for (const auto* const other : control.Owner().Controls()) {
+    const auto* const label = dynamic_cast<const Label*>(other);
+    if (label == nullptr || label->Container() != control.Container() || !label->Visible())
+      continue;
+    const auto before =
+        label->Left() <= control.Left() && label->Top() <= control.Top() + control.Height() / 2;
+    if (before && (nearest == nullptr || label->Top() > nearest->Top() ||
+                   (label->Top() == nearest->Top() && label->Left() > nearest->Left())))
+      nearest = label;
+  }
+  auto name = nearest == nullptr ? QString() : Text(nearest->Caption());
+  name.remove(u'&').remove("(*)");
+  if (name.endsWith(u':')) name.chop(1);
+  return name.trimmed();
+}
+
+/// The register's dialogs don't name their section: the one that chose it does.
+QString ClassOfRegister() {
+  if (!FormInstance<frmPendientes>::Exists()) return {};
+  const auto& chosen = FormInstance<frmPendientes>::Get();
+  return Text(chosen.cboCurso.Text() + ' ' + chosen.cboSeccion.Text());
+}
+
+/// Asks nothing: tells what went wrong, and what to do.
+void TellFailure(QWidget* parent, const QString& what, const QString& advice) {
+  QMessageBox box(QMessageBox::Warning, "Zendria Escuela", what, QMessageBox::NoButton, parent);
+  box.setObjectName("aviso");
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(advice);
+  auto* const accept = box.addButton("&Aceptar", QMessageBox::AcceptRole);
+  box.setDefaultButton(accept);
+  box.setEscapeButton(accept);
+  box.exec();
+}
+
+/// A name for a file, of a text that may hold anything.
+QString FileName(const QString& text) {
+  constexpr qsizetype kLongest = 80;
+  QString safe;
+  for (const auto letter : text.left(kLongest))
+    safe += letter.isLetterOrNumber() || QStringLiteral(" ,.-_()ºª").contains(letter) ? letter
+                                                                                      : QChar(u'-');
+  return safe.simplified();
+}
+
+QString Documents() {
+  const auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(folder).exists() ? folder : QDir::homePath();
+}
+
+void SaveCsv(QWidget* parent, const Sheet& sheet) {
+  QFileDialog dialog(parent, "Guardar como CSV", Documents(),
+                     "Hoja de cálculo CSV (*.csv);;Todos los ficheros (*)");
+  dialog.setObjectName("guardarCsv");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix("csv");
+  const auto about = sheet.lines.isEmpty() ? sheet.title : sheet.lines.front();
+  dialog.selectFile(FileName(about) + ".csv");
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+  const auto path = dialog.selectedFiles().front();
+  // Whole, or what stood there stays.
+  QSaveFile file(path);
+  const auto content = CsvOf(sheet, CsvSeparator(QLocale()));
+  if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    return;
+  TellFailure(
+      parent, QStringLiteral("No se ha podido escribir «%1»: %2.").arg(path, file.errorString()),
+      "Si ya había un fichero con ese nombre, sigue como estaba. Elija otra carpeta, o haga "
+      "sitio en el disco.");
+}
+
+void Print(QWidget* parent, const Sheet& sheet) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(sheet.title);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  if (sheet.headings.size() > kUprightColumns) printer.setPageOrientation(QPageLayout::Landscape);
+  QPrintDialog dialog(&printer, parent);
+  dialog.setObjectName("imprimir");
+  dialog.setMinMax(1, PagesOf(sheet, printer));
+  if (dialog.exec() != QDialog::Accepted) return;
+  auto printed = false;
+  {
+    const BusyCursor busy;
+    printed = PrintSheet(sheet, printer);
+  }
+  if (printed) return;
+  TellFailure(
+      parent,
+      printer.outputFileName().isEmpty()
+          ? QStringLiteral("No se ha podido imprimir en «%1».").arg(printer.printerName())
+          : QStringLiteral("No se ha podido escribir «%1».").arg(printer.outputFileName()),
+      "Compruebe que la impresora está encendida o, si es un PDF, que puede escribir en esa "
+      "carpeta, y repítalo.");
+}
+
+}  // namespace
+
+PaperMenu::PaperMenu(qt::QtFrontEnd& screen, std::function<qt::FormHeading(const Form&)> heading) {
+  screen.GridMenuOpening = [heading = std::move(heading)](QMenu& menu, qt::FormWindow& window,
+                                                          const Control& control) {
+    const auto name = NameOf(control);
+    auto sheet = SheetOf(control, name);
+    if (!sheet) return;
+    const auto& form = window.Model();
+    sheet->title = Text(form.Caption());
+    const auto place = heading(form).place;
+    for (const auto& line : {place.isEmpty() ? ClassOfRegister() : place, name})
+      if (!line.isEmpty()) sheet->lines.append(line);
+    const auto add = [&](const QString& text, const char* entry, auto act) {
+      auto* const action =
+          menu.addAction(text, &window, [&window, sheet = *sheet, act] { act(&window, sheet); });
+      action->setObjectName(entry);
+      action->setEnabled(!sheet->rows.empty());
+    };
+    add("&Guardar como CSV…", "guardarCsv", SaveCsv);
+    add("&Imprimir…", "imprimir", Print);
+  };
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,143 @@
+// What the desktop tells over the forms: where the user is, and why something is missing.
+
+#include <QDir>
+#include <QLabel>
+#include <gtest/gtest.h>
+
+#include "tests/support/Matchers.h"
+#include "tests/zendria/RescueTest.h"
+
+namespace quorvane::test {
+namespace {
+
+class FormLinesTest : public RescueTest {
+ protected:
+  static std::string LineOf(const Window& window, const char* name) {
+    const auto* const label = window.findChild<QLabel*>(name);
+    if (label == nullptr) return "no line";
+    return label->isVisible() ? label->text().toStdString() : "";
+  }
+  static std::string Place(const Window& window) { return LineOf(window, "dondeEstoy"); }
+  static std::string Remark(const Window& window) { return LineOf(window, "porQue"); }
+  static void Shot(Window& window, const char* name) {
+    if (const auto* folder = std::getenv("SHOTS"))
+      window.grab().save(QString(folder) + '/' + name + ".png");
+  }
+};
+
+TEST_F(FormLinesTest, OverTheGradesSectionEvaluationAndWhatIsWalked) {
+  // Two subjects of one name and course, of different sections.
+  school_.Evalua(school_.Pendiente(3, 3121, 3), 1);
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", [](Window& window) {
+    EXPECT_EQ(Place(window),
+              "2º ESO A · 1ª Evaluación · Alumno 1 de 3: Abad Rey, Jorge · Lengua (1º ESO A)");
+    Robot::ClickRow(window, "rtvNotasAlumno", 1);
+    EXPECT_EQ(Place(window),
+              "2º ESO A · 1ª Evaluación · Alumno 1 de 3: Abad Rey, Jorge · Lengua (1º ESO B)");
+    Robot::Click(window, "cmdSiguiente");
+    EXPECT_THAT(Place(window), HasSubstr("Alumno 2 de 3: Díaz Cano, Marta"));
+    EXPECT_EQ(Remark(window), "");
+    Shot(window, "manual");
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  StepOne("frmNotaMateria1", "1");
+  robot_.On("frmNotaMateria", [](Window& window) {
+    EXPECT_EQ(Place(window), "2º ESO A · 1ª Evaluación · Materia 1 de 3: Lengua (1º ESO A)");
+    Robot::Click(window, "cmdSiguiente");
+    EXPECT_EQ(Place(window), "2º ESO A · 1ª Evaluación · Materia 2 de 3: Lengua (1º ESO B)");
+    Shot(window, "materia");
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaMateria1");
+  Play(125);
+}
+
+TEST_F(FormLinesTest, WhoHoldsWhatIsMissing) {
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  school_.Bloquea(0, 2, 3111, 1, 78);
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", [](Window& window) {
+    EXPECT_EQ(Remark(window), "Matemáticas (1º ESO A): la está calificando Ana Ruiz Soto.");
+    Shot(window, "bloqueada");
+    Robot::Click(window, "cmdCancelar");
+  });
+  robot_.On("frmNotaManual1", [](Window& window) {
+    EXPECT_EQ(Remark(window), "Matemáticas (1º ESO A): la está calificando Ana Ruiz Soto.");
+    Robot::Pick(window, "cboEvaluaciones", "2");
+    EXPECT_THAT(Remark(window), HasSubstr("Lengua (1º ESO A): la tiene abierta usted mismo"));
+    Shot(window, "paso1");
+    Robot::Press(window, "cboEvaluaciones", Qt::Key_End);  // the final one
+    EXPECT_EQ(Remark(window), "");
+    Robot::Click(window, "cmdNotaManual1(1)");
+  });
+  Play(124);
+}
+
+TEST_F(FormLinesTest, WhyAListIsEmpty) {
+  // Kept from him by a lock, and for good.
+  school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE CodMatDet=3112");
+  school_.Bloquea(1, 1, 3111, 2, 77);
+  robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
+    EXPECT_EQ(Remark(window), "");
+    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
+    Robot::Pick(window, "cboCursos", "2");
+    Robot::Pick(window, "cboSecciones", "A");
+    Robot::Pick(window, "cboEvaluaciones", "1");
+    EXPECT_EQ(Remark(window),
+              "En esta sección y evaluación no queda ninguna materia libre que calificar.\n"
+              "Lengua (1º ESO A): la está calificando Ana Ruiz Soto.");
+    Shot(window, "vacia");
+    Robot::Press(window, "cboCursos", Qt::Key_Home);
+    Robot::Press(window, "cboSecciones", Qt::Key_Home);
+    EXPECT_THAT(Remark(window), HasSubstr("En esta sección nadie tiene materias pendientes"));
+    Robot::Click(window, "cmdNotaManual1(1)");
+  });
+  Play(127);
+}
+
+TEST_F(FormLinesTest, WhyThisUserHasNothingToChoose) {
+  school_.Sql("UPDATE Seccion SET CodTutor=0");
+  const auto opened = [this](int user) {
+    EXPECT_TRUE(window_->OpenSchool(SchoolFile(), user));
+    std::string remark;
+    robot_.On("frmNotaManual1", [&remark](Window& window) {
+      remark = Remark(window);
+      Robot::Click(window, "cmdNotaManual1(1)");
+    });
+    Play(124);
+    return remark;
+  };
+  EXPECT_THAT(opened(3), HasSubstr("«Luis Gil» no es tutor de ninguna sección ni profesor"));
+  school_.Sql("UPDATE Personal SET CodUsuario=0 WHERE CodUsuario=3");
+  EXPECT_THAT(opened(3), HasSubstr("el usuario «Luis Gil» no está entre el personal"));
+  EXPECT_EQ(opened(1), "");
+}
+
+TEST_F(FormLinesTest, ADraftThatCanNotBeWrittenIsTold) {
+  QFile(folder_.filePath("borradores")).open(QIODevice::WriteOnly);
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", [](Window& window) {
+    EXPECT_EQ(Remark(window), "");
+    Robot::Grade(window, 0, 1, "7");
+    EXPECT_THAT(Remark(window), HasSubstr("No se puede guardar el borrador"));
+    Robot::Click(window, "cmdAceptar");
+  });
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM EvaluacionPte WHERE CodNota=107"), 1);
+}
+
+TEST_F(FormLinesTest, NothingOfItReachesTheModulesStatements) {
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", Doing({"cmdSiguiente", "cmdCancelar"}));
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  EXPECT_FALSE(robot_.messages.size());
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,174 @@
+// Grids and lists into a spreadsheet's file and onto paper, from their menu.
+
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <gtest/gtest.h>
+
+#include "apps/zendria/SheetCsv.h"
+#include "apps/zendria/SheetPrinter.h"
+#include "tests/support/Matchers.h"
+#include "tests/zendria/RescueTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using zendria::CsvOf;
+using zendria::Sheet;
+
+TEST(SheetCsvTest, QuotesWhatASpreadsheetWouldTakeApart) {
+  const Sheet sheet{.headings = {"Alumno", "Nota"},
+                    .rows = {{"Díaz; Marta", "7,5"}, {"dice \"no\"", " a"}, {"a\nb", ""}}};
+  EXPECT_EQ(CsvOf(sheet, u';').toStdString(),
+            "\xEF\xBB\xBF"
+            "Alumno;Nota\r\n\"Díaz; Marta\";7,5\r\n\"dice \"\"no\"\"\";\" a\"\r\n\"a\nb\";\r\n");
+  EXPECT_EQ(CsvOf({.rows = {{"7,5"}}}, u',').toStdString(), "\xEF\xBB\xBF\"7,5\"\r\n");
+}
+
+TEST(SheetCsvTest, PartsCellsAsTheCountryDoes) {
+  EXPECT_EQ(zendria::CsvSeparator(QLocale("es_ES")), u';');
+  EXPECT_EQ(zendria::CsvSeparator(QLocale("es_MX")), u',');
+}
+
+/// A list of so many rows, the first of them with a text that wraps.
+Sheet ManyRows(int count) {
+  Sheet sheet{.title = "Notas", .lines = {"2º ESO A"}, .headings = {"Alumno", "Observación"}};
+  for (int row = 0; row < count; ++row)
+    sheet.rows.push_back({QStringLiteral("Alumno %1").arg(row),
+                          row == 0 ? QString("trabaja y mejora ").repeated(60) : QString()});
+  return sheet;
+}
+
+/// Pages of a PDF, by their objects.
+qsizetype PagesIn(const QString& file) {
+  QFile pdf(file);
+  if (!pdf.open(QIODevice::ReadOnly)) return -1;
+  const auto content = pdf.readAll();
+  return content.startsWith("%PDF-") ? content.count("/Type /Page\n") : -1;
+}
+
+TEST(SheetPrinterTest, PutsAllRowsOnPagesAndThoseThatWereAskedFor) {
+  const QTemporaryDir folder;
+  const auto file = folder.filePath("x.pdf");
+  const auto print = [&file](const Sheet& sheet, int from, int to) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFileName(file);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setFromTo(from, to);
+    EXPECT_TRUE(zendria::PrintSheet(sheet, printer));
+    return PagesIn(file);
+  };
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  EXPECT_EQ(zendria::PagesOf(ManyRows(0), printer), 1);
+  const auto pages = zendria::PagesOf(ManyRows(150), printer);
+  EXPECT_GE(pages, 3);
+  EXPECT_LE(pages, 6);
+  EXPECT_EQ(print(ManyRows(150), 0, 0), pages);
+  EXPECT_EQ(print(ManyRows(150), 2, 3), 2);
+  EXPECT_EQ(print(ManyRows(1), 0, 0), 1);
+}
+
+class PaperMenuTest : public RescueTest {
+ protected:
+  /// Opens the menu there, as the right button does, and chooses that entry by the keyboard.
+  static void Choose(QWidget& on, QPoint where, const char* entry) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, where, on.mapToGlobal(where));
+    QApplication::sendEvent(&on, &event);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    auto* const action = menu->findChild<QAction*>(entry);
+    ASSERT_NE(action, nullptr);
+    menu->setActiveAction(action);
+    QTest::keyClick(menu, Qt::Key_Return);
+  }
+  static void ChooseOn(const Window& window, const char* control, const char* entry) {
+    auto* const view = dynamic_cast<QAbstractItemView*>(window.Widget(control));
+    auto* const widget = view == nullptr ? window.Widget(control) : view->viewport();
+    Choose(*widget, {5, 5}, entry);
+  }
+  /// The next file that is asked for.
+  void SaveAs(const QString& file) {
+    robot_.OnDialog("guardarCsv", [file](QWidget& dialog) {
+      auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+      EXPECT_TRUE(name->text().endsWith(".csv"));
+      name->setText(file);
+      QTest::keyClick(name, Qt::Key_Return);
+    });
+  }
+  static std::string ContentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no file";
+  }
+  static std::string Csv(const std::string& text) { return "\xEF\xBB\xBF" + text; }
+
+  const QLocale before_;
+  const QString file_ = folder_.filePath("notas.csv");
+};
+
+TEST_F(PaperMenuTest, AGridIsSavedAsItIsSeen) {
+  QLocale::setDefault(QLocale("es_ES"));
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", [this](Window& window) {
+    Robot::Grade(window, 0, 1, "7");
+    SaveAs(file_);
+    ChooseOn(window, "rtvNotasAlumno", "guardarCsv");
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  QLocale::setDefault(before_);
+  EXPECT_EQ(ContentOf(file_), Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
+}
+
+TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
+  QLocale::setDefault(QLocale("es_ES"));
+  robot_.On("frmNotaManual1", [this](Window& window) {
+    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
+    SaveAs(file_);
+    ChooseOn(window, "cboCursos", "guardarCsv");
+    Robot::Click(window, "cmdNotaManual1(1)");
+  });
+  Play(124);
+  QLocale::setDefault(before_);
+  EXPECT_EQ(ContentOf(file_), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
+}
+
+TEST_F(PaperMenuTest, AFileThatCanNotBeWrittenIsTold) {
+  StepOne("frmNotaManual1", "1");
+  QString text;
+  robot_.On("frmNotaManual", [this, &text](Window& window) {
+    SaveAs("/proc/notas.csv");
+    ReadNotice(text);
+    ChooseOn(window, "rtvNotasAlumno", "guardarCsv");
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  EXPECT_TRUE(text.startsWith("No se ha podido escribir «/proc/notas.csv»")) << text.toStdString();
+}
+
+TEST_F(PaperMenuTest, AGridIsPrintedIntoAPdf) {
+  const auto pdf = folder_.filePath("notas.pdf");
+  StepOne("frmNotaMateria1", "1");
+  robot_.On("frmNotaMateria", [this, &pdf](Window& window) {
+    robot_.OnDialog("imprimir", [&pdf](QWidget& dialog) {
+      auto& print = dynamic_cast<QPrintDialog&>(dialog);
+      EXPECT_EQ(print.maxPage(), 1);
+      dialog.findChild<QLineEdit*>("filename")->setText(pdf);
+      print.accept();
+    });
+    ChooseOn(window, "rtvNotasAlumno", "imprimir");
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaMateria1");
+  Play(125);
+  EXPECT_EQ(PagesIn(pdf), 1);
+}
+
+}  // namespace
+}  // namespace quorvane::test
