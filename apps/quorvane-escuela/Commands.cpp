@@ -14,6 +14,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/StopSignals.h"
+#include "apps/quorvane-escuela/UserCommands.h"
 
 namespace quorvane {
 namespace {
@@ -119,6 +120,9 @@ int Check(const SchoolAddress& address) {
   }
   const auto rows = check.Rows();
   Print(rows);
+  // No fault of the rows: who wants it so may have it so.
+  if (const auto passwords = PasswordsFinding(*school); !passwords.empty())
+    std::cout << passwords << '\n';
   std::cout << (rows.empty() ? "Apta para el módulo, sin avisos\n"
                              : "Apta para el módulo, con avisos\n");
   return rows.empty() ? 0 : 1;
