@@ -5,8 +5,8 @@
 namespace quorvane {
 
 /// Passwords as they may be kept: by Argon2id, with their salt and costs in one text. To compute or
-/// to compare one takes a noticeable part of a second and 64 MiB, on purpose: who has the file tries
-/// few.
+/// to compare one takes a noticeable part of a second and 64 MiB, on purpose: who has the file
+/// tries few.
 
 /// A password's text to keep, another one each time. Error 0x80004005 without the memory for it.
 std::string PasswordHash(const std::string& password);

@@ -57,8 +57,8 @@ std::optional<UserPasswords::Account> UserPasswords::Find(const std::string& num
       return std::nullopt;
     return *first;
   };
-  if (const auto numbered = only(
-          [&](const Account& account) { return std::to_string(account.id) == numberOrName; }))
+  if (const auto numbered =
+          only([&](const Account& account) { return std::to_string(account.id) == numberOrName; }))
     return numbered;
   return only([&](const Account& account) { return EqualNoCase(account.name, numberOrName); });
 }
@@ -103,10 +103,12 @@ std::optional<std::int32_t> UserPasswords::Owner(const std::vector<std::int32_t>
                                                  std::size_t atLeast,
                                                  const std::string& password) const {
   const auto hashes = Hashes();
+  // Made before any is looked at, or the first who has none would take longer.
+  const auto& nobodys = NobodysHash();
   std::optional<std::int32_t> owner;
   for (std::size_t at = 0; at < std::max(candidates.size(), atLeast); ++at) {
     const auto found = at < candidates.size() ? hashes.find(candidates[at]) : hashes.end();
-    const auto& hash = found == hashes.end() ? NobodysHash() : found->second;
+    const auto& hash = found == hashes.end() ? nobodys : found->second;
     if (IsPasswordOf(hash, password) && found != hashes.end() && !owner) owner = candidates[at];
   }
   return owner;

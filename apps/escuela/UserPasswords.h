@@ -11,10 +11,10 @@
 
 namespace quorvane {
 
-/// The passwords that users sign in with to a school in a file: a table of the host's own, made with
-/// the first of them and gone with the last, that the module knows nothing of. A school without any
-/// lets everybody in as anybody; in one that has some, who has none doesn't come in. On a server the
-/// login decides instead, and nothing is kept.
+/// The passwords that users sign in with to a school in a file: a table of the host's own, made
+/// with the first of them and gone with the last, that the module knows nothing of. A school
+/// without any lets everybody in as anybody; in one that has some, who has none doesn't come in. On
+/// a server the login decides instead, and nothing is kept.
 class UserPasswords {
  public:
   static constexpr auto kTable = "ClaveUsuario";

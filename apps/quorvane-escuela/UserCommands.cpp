@@ -20,7 +20,8 @@ constexpr auto kOpenToAll =
 std::optional<Account> FindUser(const UserPasswords& passwords, const std::string& user) {
   auto found = passwords.Find(user);
   if (!found)
-    std::cout << "No hay ningún usuario «" << user << "», o más de uno se llama así: dé su número\n";
+    std::cout << "No hay ningún usuario «" << user
+              << "», o más de uno se llama así: dé su número\n";
   return found;
 }
 
@@ -51,7 +52,8 @@ int ShowUsers(const SchoolAddress& address) {
   const auto accounts = passwords.List();
   for (const auto& account : accounts) {
     std::cout << "  " << account.id << "  " << account.name;
-    if (passwords.Kept()) std::cout << (account.hasPassword ? "  con contraseña" : "  sin contraseña");
+    if (passwords.Kept())
+      std::cout << (account.hasPassword ? "  con contraseña" : "  sin contraseña");
     std::cout << '\n';
   }
   std::cout << (passwords.Kept()

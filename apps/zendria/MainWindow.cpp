@@ -248,8 +248,10 @@ void MainWindow::ShowSession() {
   for (auto* const action : {&changeUser_, &active_, &locks_}) action->setEnabled(open);
   if (open) {
     page_.ShowSession(*school_, user_, centre_, active_.isChecked());
-    setWindowTitle(school_->Name() + QStringLiteral(" — ") + user_.name + QStringLiteral(" — ") +
-                   kTitle);
+    const auto openToAll =
+        school_->IsOpenToAll() ? QStringLiteral(" (sin contraseñas)") : QString();
+    setWindowTitle(school_->Name() + openToAll + QStringLiteral(" — ") + user_.name +
+                   QStringLiteral(" — ") + kTitle);
   }
   ShowRecent();
   Working({});
