@@ -11,6 +11,7 @@
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/NewSchool.h"
+#include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/StopSignals.h"
@@ -150,6 +151,7 @@ int RemoveLocks(const SchoolAddress& address, int publication) {
     std::cout << "No hay ninguna publicación " << publication << '\n';
     return 1;
   }
+  if (!address.IsOdbc()) PublicationNotes::Beside(address.Text()).StrikeOut(publication);
   std::cout << "Borrada la publicación " << publication << " con sus bloqueos\n";
   return 0;
 }

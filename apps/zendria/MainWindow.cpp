@@ -17,6 +17,7 @@
 #include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/LeftoversBox.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/ManualPage.h"
 #include "apps/zendria/NodeRunner.h"
@@ -162,22 +163,48 @@ bool MainWindow::Enter(std::optional<Entrance> entrance) {
   school_ = std::move(entrance->school);
   user_ = std::move(entrance->user);
   centre_ = std::move(entrance->centre);
+  publications_.emplace(school_->Notes(preferences_.DataFolder()));
   log_.Clear();
   school_->Observe([this](const Connection& connection, const std::string& statement) {
     log_.Add(connection, statement);
     rescue_.Told(statement);
+    publications_->Told(statement);
     screen_.Pulse();
   });
   preferences_.AddRecentSchool(school_->Place());
   ShowSession();
+  LookForLeftovers();
   page_.setFocus();
   return true;
+}
+
+void MainWindow::LookForLeftovers() {
+  publications_->User(user_.id);
+  ShowLeftovers(true);
+}
+
+void MainWindow::ShowLeftovers(bool offer) {
+  page_.ShowLeftovers({});
+  try {
+    Leftovers leftovers(school_->Own(), school_->Notes(preferences_.DataFolder()));
+    leftovers.Tidy();
+    auto left = leftovers.Of(user_.id);
+    if (offer && OffersToRemove(this, left)) {
+      leftovers.RemoveGone(user_.id, left);
+      left = leftovers.Of(user_.id);
+    }
+    page_.ShowLeftovers(LeftoversText(left));
+    school_->Rest();
+  } catch (const RuntimeError& error) {
+    ShowProblem(this, {error.Number(), QString::fromStdString(error.Description())});
+  }
 }
 
 void MainWindow::ChangeUser() {
   if (const auto chosen = door_.SignIn(*school_, centre_)) {
     user_ = *chosen;
     ShowSession();
+    LookForLeftovers();
   }
 }
 
@@ -197,6 +224,7 @@ void MainWindow::OpenNode(std::uint8_t node) {
     failure = Reconnect(*school_);
     if (!failure)
       failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
+    publications_->Ended(failure.has_value() || !screen_.LeavingFailures().empty());
   }
   Working({});
   if (screen_.Leaving()) return;
@@ -270,8 +298,12 @@ void MainWindow::ShowRecent() {
 void MainWindow::ShowLocks() {
   if (const auto failure = Reconnect(*school_)) return ShowProblem(this, *failure);
   LocksDialog dialog(school_->Own(), this);
+  dialog.Removed = [this](int publication) {
+    publications_->Removed(publication);
+    school_->Notes(preferences_.DataFolder()).StrikeOut(publication);
+  };
   dialog.exec();
-  school_->Rest();
+  ShowLeftovers(false);
 }
 
 StatementWindow& MainWindow::ShowStatements() {

@@ -12,6 +12,7 @@
 
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/GradeRescue.h"
+#include "apps/zendria/OwnPublications.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
@@ -83,6 +84,10 @@ class MainWindow : public QMainWindow {
   /// The school that was open goes; false when nobody has entered another.
   bool Enter(std::optional<Entrance> entrance);
   void ChangeUser();
+  /// Tells what stands open in the name of who has signed in, and offers to remove what a program
+  /// that is gone has left.
+  void LookForLeftovers();
+  void ShowLeftovers(bool offer);
   void ShowSession();
   void ShowRecent();
   void ForgetSizes();
@@ -96,6 +101,7 @@ class MainWindow : public QMainWindow {
   StatementLog log_;
   GradeRescue rescue_;
   std::unique_ptr<School> school_;
+  std::optional<OwnPublications> publications_;
   User user_;
   std::optional<Centre> centre_;
   bool nodeOpen_ = false;

@@ -1,5 +1,7 @@
 #include "apps/zendria/School.h"
 
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <chrono>
@@ -67,6 +69,14 @@ std::unique_ptr<Connection> School::OpenAnew() const {
     file->BusyWait(kMoment);
   connection->Open();
   return connection;
+}
+
+PublicationNotes School::Notes(const QString& dataFolder) const {
+  if (!IsOnServer()) return PublicationNotes::Beside(address_.Text());
+  const auto folder = dataFolder + "/abiertas";
+  QDir().mkpath(folder);
+  const auto place = QCryptographicHash::hash(Place().toUtf8(), QCryptographicHash::Sha1).toHex();
+  return PublicationNotes((folder + u'/' + QString::fromLatin1(place) + u'-').toStdString());
 }
 
 QString School::LogOfAnother() const {

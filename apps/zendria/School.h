@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/UserPasswords.h"
 #include "apps/zendria/Centre.h"
@@ -58,6 +59,9 @@ class School {
   [[nodiscard]] Connection& Own() noexcept { return *own_; }
 
   [[nodiscard]] bool IsOnServer() const noexcept { return address_.IsOdbc(); }
+  /// Where its programs note which publications they have: beside a file; of a server's school, in
+  /// a folder of the user's own, which is made.
+  [[nodiscard]] PublicationNotes Notes(const QString& dataFolder) const;
   /// Another connection, that doesn't know what failed on the others. Not traced, and it waits but
   /// a moment for who writes. A runtime error when that fails, or when the school's file isn't in
   /// its place any more: the one that may be there now is not touched.
