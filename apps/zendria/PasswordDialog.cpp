@@ -43,7 +43,7 @@ PasswordDialog::PasswordDialog(const QString& school, Trial trial, SignInDelay& 
   LayOut(school);
   TakeFirstSize(*this, {440, 240});
   for (auto* const field : {&name_, &password_})
-    connect(field, &QLineEdit::textEdited, this, [this] {
+    connect(field, &QLineEdit::textChanged, this, [this] {
       failed_ = false;
       Follow();
     });
@@ -106,8 +106,8 @@ void PasswordDialog::accept() {
     return QDialog::accept();
   }
   delay_.Failed();
-  failed_ = true;
   password_.clear();
+  failed_ = true;
   password_.setFocus();
   Follow();
 }
