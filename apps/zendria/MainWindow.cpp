@@ -37,6 +37,9 @@ constexpr auto kTitle = "Zendria Escuela";
 constexpr auto kGeometry = "principal";
 constexpr auto kStatementsGeometry = "sentencias";
 constexpr auto kRescueFolder = "/notas-sin-guardar";
+constexpr auto kManualKey = "F1";
+constexpr auto kLocksKey = "Ctrl+B";
+constexpr auto kStatementsKey = "Ctrl+T";
 constexpr QSize kFirstSize(860, 560);
 
 QString RecentTitle(const QString& place) {
@@ -60,6 +63,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
       preferences_(preferences),
       door_(*this, preferences),
       rescue_(screen, preferences.DataFolder() + kRescueFolder),
+      manual_(FindManual(QCoreApplication::applicationDirPath())),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
@@ -72,6 +76,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   setCentralWidget(&pages_);
   Browse = [](const QUrl& page) { QDesktopServices::openUrl(page); };
   BuildMenus();
+  AddModalKeys();
   welcome_.Open = [this] { ChooseFile(); };
   welcome_.Connect = [this] { Connect(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
@@ -84,6 +89,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   };
   if (!preferences_.Restore(kGeometry, *this)) TakeFirstSize(*this, kFirstSize);
   ShowSession();
+  welcome_.setFocus();
 }
 
 MainWindow::~MainWindow() { odbc::WhileWaiting({}); }
@@ -107,24 +113,51 @@ void MainWindow::BuildMenus() {
   session->addAction(&active_);
 
   auto* const view = menuBar()->addMenu("&Ver");
-  locks_.setShortcut(QKeySequence("Ctrl+B"));
+  locks_.setShortcut(QKeySequence(kLocksKey));
   view->addAction(&locks_);
-  view->addAction("&Sentencias", QKeySequence("Ctrl+T"), this, [this] { ShowStatements(); });
+  view->addAction("&Sentencias", QKeySequence(kStatementsKey), this, [this] { ShowStatements(); });
   view->addSeparator();
   auto* const forget = view->addAction("&Restablecer tamaños", this, [this] { ForgetSizes(); });
   forget->setObjectName("restablecer");
 
   auto* const help = menuBar()->addMenu("A&yuda");
-  const auto page = FindManual(QCoreApplication::applicationDirPath());
-  auto* const manual = help->addAction("&Manual", QKeySequence("F1"), this,
-                                       [this, page] { Browse(QUrl::fromLocalFile(page)); });
+  auto* const manual =
+      help->addAction("&Manual", QKeySequence(kManualKey), this, [this] { ShowManual(); });
   manual->setObjectName("manual");
-  manual->setEnabled(!page.isEmpty());
+  manual->setEnabled(!manual_.isEmpty());
   help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(*this); });
 
   connect(&changeUser_, &QAction::triggered, this, [this] { ChangeUser(); });
   connect(&active_, &QAction::toggled, this, [this] { ShowSession(); });
   connect(&locks_, &QAction::triggered, this, [this] { ShowLocks(); });
+}
+
+void MainWindow::AddModalKeys() {
+  const auto isScreen = [this](QWidget& modal) {
+    return dynamic_cast<qt::FormWindow*>(&modal) != nullptr && !screen_.Busy();
+  };
+  modalKeys_.Add(QKeySequence(kManualKey), [this](QWidget& modal) {
+    const auto* const form = dynamic_cast<const qt::FormWindow*>(&modal);
+    // Each form has its heading there.
+    ShowManual(form == nullptr ? QString() : form->objectName());
+    return true;
+  });
+  modalKeys_.Add(QKeySequence(kStatementsKey), [this, isScreen](QWidget& modal) {
+    if (isScreen(modal)) ShowStatements();
+    return isScreen(modal);
+  });
+  modalKeys_.Add(QKeySequence(kLocksKey), [this, isScreen](QWidget& modal) {
+    if (!isScreen(modal)) return false;
+    ShowLocks(modal);
+    return true;
+  });
+}
+
+void MainWindow::ShowManual(const QString& heading) {
+  if (manual_.isEmpty()) return;
+  auto page = QUrl::fromLocalFile(manual_);
+  if (!heading.isEmpty()) page.setFragment(heading);
+  Browse(page);
 }
 
 bool MainWindow::OpenSchool(const QString& place, std::optional<std::int32_t> user) {
@@ -297,7 +330,11 @@ void MainWindow::ShowRecent() {
 
 void MainWindow::ShowLocks() {
   if (const auto failure = Reconnect(*school_)) return ShowProblem(this, *failure);
-  LocksDialog dialog(school_->Own(), this);
+  ShowLocks(*this);
+}
+
+void MainWindow::ShowLocks(QWidget& before) {
+  LocksDialog dialog(school_->Own(), &before);
   dialog.Removed = [this](int publication) {
     publications_->Removed(publication);
     school_->Notes(preferences_.DataFolder()).StrikeOut(publication);

@@ -12,6 +12,7 @@
 
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/GradeRescue.h"
+#include "apps/zendria/ModalKeys.h"
 #include "apps/zendria/OwnPublications.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
@@ -75,6 +76,10 @@ class MainWindow : public QMainWindow {
 
  private:
   void BuildMenus();
+  /// The menus' keys that make sense while a screen or a dialog is open.
+  void AddModalKeys();
+  /// At that heading, or at its beginning.
+  void ShowManual(const QString& heading = {});
   void ChooseFile();
   /// False, and told, for a file that would be ruined by what another has left beside it.
   bool MayOpen(const QString& place);
@@ -84,6 +89,7 @@ class MainWindow : public QMainWindow {
   /// The school that was open goes; false when nobody has entered another.
   bool Enter(std::optional<Entrance> entrance);
   void ChangeUser();
+  void ShowLocks(QWidget& before);
   /// Tells what stands open in the name of who has signed in, and offers to remove what a program
   /// that is gone has left.
   void LookForLeftovers();
@@ -106,6 +112,8 @@ class MainWindow : public QMainWindow {
   std::optional<Centre> centre_;
   bool nodeOpen_ = false;
 
+  ModalKeys modalKeys_;
+  QString manual_;  // empty for none
   QStackedWidget pages_;
   WelcomePage welcome_;
   SchoolPage page_;

@@ -47,9 +47,8 @@ void OwnPublications::Ended(bool failed) {
 }
 
 void OwnPublications::Removed(std::int32_t publication) {
-  if (std::erase_if(left_, [publication](const auto& entry) {
-        return entry.publication == publication;
-      }) > 0)
+  if (std::erase_if(
+          left_, [publication](const auto& entry) { return entry.publication == publication; }) > 0)
     Note();
 }
 
