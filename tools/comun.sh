@@ -50,7 +50,7 @@ instalar() {
 # What the programs are built with and run on.
 paquetes_de_construccion=(
   g++ cmake ninja-build ccache pkgconf
-  libsqlite3-dev unixodbc-dev nlohmann-json3-dev libcli11-dev
+  libsqlite3-dev unixodbc-dev nlohmann-json3-dev libcli11-dev libsodium-dev
   qt6-base-dev qt6-svg-dev libgl1-mesa-dev libxcb1-dev qt6-qpa-plugins fonts-dejavu-core
   qt6-translations-l10n
   libgtest-dev libgmock-dev libsm-dev libice-dev qt6-base-private-dev python3 perl

@@ -11,9 +11,11 @@
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/NewSchool.h"
+#include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/StopSignals.h"
+#include "apps/quorvane-escuela/UserCommands.h"
 
 namespace quorvane {
 namespace {
@@ -119,6 +121,9 @@ int Check(const SchoolAddress& address) {
   }
   const auto rows = check.Rows();
   Print(rows);
+  // No fault of the rows: who wants it so may have it so.
+  if (const auto passwords = PasswordsFinding(*school); !passwords.empty())
+    std::cout << passwords << '\n';
   std::cout << (rows.empty() ? "Apta para el módulo, sin avisos\n"
                              : "Apta para el módulo, con avisos\n");
   return rows.empty() ? 0 : 1;
@@ -146,6 +151,7 @@ int RemoveLocks(const SchoolAddress& address, int publication) {
     std::cout << "No hay ninguna publicación " << publication << '\n';
     return 1;
   }
+  if (!address.IsOdbc()) PublicationNotes::Beside(address.Text()).StrikeOut(publication);
   std::cout << "Borrada la publicación " << publication << " con sus bloqueos\n";
   return 0;
 }

@@ -8,6 +8,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
+#include "apps/quorvane-escuela/UserCommands.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ struct Arguments {
   int publication = 0;
   std::string from;
   std::string to;
+  std::string user;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -50,6 +52,18 @@ CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& 
   command->add_option("--odbc", arguments.odbc, "En su lugar, cadena de conexión ODBC")
       ->type_name("CADENA");
   return command;
+}
+
+/// An order of `usuarios`.
+CLI::App* AddUserOrder(CLI::App& users, const std::string& name, const std::string& description,
+                       Arguments& arguments, bool ofOne) {
+  auto* order = users.add_subcommand(name, description)->group("Órdenes");
+  order->get_help_ptr()->group("Opciones");
+  if (ofOne)
+    order->add_option("USUARIO", arguments.user, "Su número o su nombre")
+        ->required()
+        ->type_name("");
+  return order;
 }
 
 int Run(int argc, char** argv) {
@@ -85,6 +99,14 @@ int Run(int argc, char** argv) {
   const auto* remove =
       locks->add_option("--borrar", arguments.publication, "Borra esa publicación y sus bloqueos")
           ->type_name("ID");
+
+  auto* users = AddCommand(app, "usuarios", "Contraseñas de los usuarios de un fichero", arguments);
+  users->require_subcommand(0, 1);
+  AddUserOrder(*users, "listar", "Quién tiene contraseña; lo mismo que nada", arguments, false);
+  const auto* setPassword =
+      AddUserOrder(*users, "clave", "Pone a uno la contraseña que se teclea", arguments, true);
+  const auto* removePassword =
+      AddUserOrder(*users, "quitar", "Quita a uno su contraseña", arguments, true);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -122,6 +144,9 @@ int Run(int argc, char** argv) {
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
   if (check->parsed()) return quorvane::Check(school);
+  if (setPassword->parsed()) return quorvane::SetPassword(school, arguments.user);
+  if (removePassword->parsed()) return quorvane::RemovePassword(school, arguments.user);
+  if (users->parsed()) return quorvane::ShowUsers(school);
   if (remove->count() > 0) return quorvane::RemoveLocks(school, arguments.publication);
   return quorvane::ShowLocks(school);
 }

@@ -134,10 +134,12 @@ const LockList::Publication* LocksDialog::Selected() const {
 void LocksDialog::RemoveSelected() {
   const auto* const publication = Selected();
   if (publication == nullptr || !Agrees(this, *publication)) return;
+  const auto number = publication->id;
   auto removed = false;
   if (!Succeeds(this,
                 [this, publication, &removed] { removed = locks_.RemoveUnchanged(*publication); }))
     return;
+  if (removed && Removed) Removed(number);
   Read();
   if (!removed)
     ShowSchoolError(this, SchoolError("La publicación ha cambiado desde que se leyó la lista, y no "

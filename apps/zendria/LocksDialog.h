@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <functional>
 #include <vector>
 
 #include "apps/escuela/LockList.h"
@@ -16,6 +17,9 @@ class LocksDialog : public QDialog {
  public:
   /// `school` is open and outlives the dialog.
   explicit LocksDialog(Connection& school, QWidget* parent = nullptr);
+
+  /// Told of each publication that has been removed.
+  std::function<void(int publication)> Removed;
 
   [[nodiscard]] QTreeWidget& List() { return list_; }
   [[nodiscard]] QPushButton& RemoveButton() { return remove_; }

@@ -17,6 +17,7 @@
 #include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/LeftoversBox.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/ManualPage.h"
 #include "apps/zendria/NodeRunner.h"
@@ -37,6 +38,9 @@ constexpr auto kGeometry = "principal";
 constexpr auto kStatementsGeometry = "sentencias";
 constexpr auto kRescueFolder = "/notas-sin-guardar";
 constexpr auto kDraftFolder = "/borradores";
+constexpr auto kManualKey = "F1";
+constexpr auto kLocksKey = "Ctrl+B";
+constexpr auto kStatementsKey = "Ctrl+T";
 constexpr QSize kFirstSize(860, 560);
 
 QString RecentTitle(const QString& place) {
@@ -63,6 +67,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
       drafts_(screen, preferences.DataFolder() + kDraftFolder),
       lines_(screen, drafts_.Problem()),
       paper_(screen, screen.Heading),
+      manual_(FindManual(QCoreApplication::applicationDirPath())),
       page_(std::move(screens)),
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
@@ -75,6 +80,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   setCentralWidget(&pages_);
   Browse = [](const QUrl& page) { QDesktopServices::openUrl(page); };
   BuildMenus();
+  AddModalKeys();
   welcome_.Open = [this] { ChooseFile(); };
   welcome_.Connect = [this] { Connect(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
@@ -87,6 +93,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   };
   if (!preferences_.Restore(kGeometry, *this)) TakeFirstSize(*this, kFirstSize);
   ShowSession();
+  welcome_.setFocus();
 }
 
 MainWindow::~MainWindow() { odbc::WhileWaiting({}); }
@@ -110,24 +117,51 @@ void MainWindow::BuildMenus() {
   session->addAction(&active_);
 
   auto* const view = menuBar()->addMenu("&Ver");
-  locks_.setShortcut(QKeySequence("Ctrl+B"));
+  locks_.setShortcut(QKeySequence(kLocksKey));
   view->addAction(&locks_);
-  view->addAction("&Sentencias", QKeySequence("Ctrl+T"), this, [this] { ShowStatements(); });
+  view->addAction("&Sentencias", QKeySequence(kStatementsKey), this, [this] { ShowStatements(); });
   view->addSeparator();
   auto* const forget = view->addAction("&Restablecer tamaños", this, [this] { ForgetSizes(); });
   forget->setObjectName("restablecer");
 
   auto* const help = menuBar()->addMenu("A&yuda");
-  const auto page = FindManual(QCoreApplication::applicationDirPath());
-  auto* const manual = help->addAction("&Manual", QKeySequence("F1"), this,
-                                       [this, page] { Browse(QUrl::fromLocalFile(page)); });
+  auto* const manual =
+      help->addAction("&Manual", QKeySequence(kManualKey), this, [this] { ShowManual(); });
   manual->setObjectName("manual");
-  manual->setEnabled(!page.isEmpty());
+  manual->setEnabled(!manual_.isEmpty());
   help->addAction("&Acerca de Zendria…", this, [this] { ShowAbout(*this); });
 
   connect(&changeUser_, &QAction::triggered, this, [this] { ChangeUser(); });
   connect(&active_, &QAction::toggled, this, [this] { ShowSession(); });
   connect(&locks_, &QAction::triggered, this, [this] { ShowLocks(); });
+}
+
+void MainWindow::AddModalKeys() {
+  const auto isScreen = [this](QWidget& modal) {
+    return dynamic_cast<qt::FormWindow*>(&modal) != nullptr && !screen_.Busy();
+  };
+  modalKeys_.Add(QKeySequence(kManualKey), [this](QWidget& modal) {
+    const auto* const form = dynamic_cast<const qt::FormWindow*>(&modal);
+    // Each form has its heading there.
+    ShowManual(form == nullptr ? QString() : form->objectName());
+    return true;
+  });
+  modalKeys_.Add(QKeySequence(kStatementsKey), [this, isScreen](QWidget& modal) {
+    if (isScreen(modal)) ShowStatements();
+    return isScreen(modal);
+  });
+  modalKeys_.Add(QKeySequence(kLocksKey), [this, isScreen](QWidget& modal) {
+    if (!isScreen(modal)) return false;
+    ShowLocks(modal);
+    return true;
+  });
+}
+
+void MainWindow::ShowManual(const QString& heading) {
+  if (manual_.isEmpty()) return;
+  auto page = QUrl::fromLocalFile(manual_);
+  if (!heading.isEmpty()) page.setFragment(heading);
+  Browse(page);
 }
 
 bool MainWindow::OpenSchool(const QString& place, std::optional<std::int32_t> user) {
@@ -166,23 +200,49 @@ bool MainWindow::Enter(std::optional<Entrance> entrance) {
   school_ = std::move(entrance->school);
   user_ = std::move(entrance->user);
   centre_ = std::move(entrance->centre);
+  publications_.emplace(school_->Notes(preferences_.DataFolder()));
   log_.Clear();
   school_->Observe([this](const Connection& connection, const std::string& statement) {
     log_.Add(connection, statement);
     rescue_.Told(statement);
     drafts_.Told(statement);
+    publications_->Told(statement);
     screen_.Pulse();
   });
   preferences_.AddRecentSchool(school_->Place());
   ShowSession();
+  LookForLeftovers();
   page_.setFocus();
   return true;
+}
+
+void MainWindow::LookForLeftovers() {
+  publications_->User(user_.id);
+  ShowLeftovers(true);
+}
+
+void MainWindow::ShowLeftovers(bool offer) {
+  page_.ShowLeftovers({});
+  try {
+    Leftovers leftovers(school_->Own(), school_->Notes(preferences_.DataFolder()));
+    leftovers.Tidy();
+    auto left = leftovers.Of(user_.id);
+    if (offer && OffersToRemove(this, left)) {
+      leftovers.RemoveGone(user_.id, left);
+      left = leftovers.Of(user_.id);
+    }
+    page_.ShowLeftovers(LeftoversText(left));
+    school_->Rest();
+  } catch (const RuntimeError& error) {
+    ShowProblem(this, {error.Number(), QString::fromStdString(error.Description())});
+  }
 }
 
 void MainWindow::ChangeUser() {
   if (const auto chosen = door_.SignIn(*school_, centre_)) {
     user_ = *chosen;
     ShowSession();
+    LookForLeftovers();
   }
 }
 
@@ -204,6 +264,7 @@ void MainWindow::OpenNode(std::uint8_t node) {
     failure = Reconnect(*school_);
     if (!failure)
       failure = zendria::OpenNode(node, MakeSession(*school_, user_, centre_, active_.isChecked()));
+    publications_->Ended(failure.has_value() || !screen_.LeavingFailures().empty());
   }
   lines_.End();
   school_->Rest();
@@ -257,8 +318,10 @@ void MainWindow::ShowSession() {
   for (auto* const action : {&changeUser_, &active_, &locks_}) action->setEnabled(open);
   if (open) {
     page_.ShowSession(*school_, user_, centre_, active_.isChecked());
-    setWindowTitle(school_->Name() + QStringLiteral(" — ") + user_.name + QStringLiteral(" — ") +
-                   kTitle);
+    const auto openToAll =
+        school_->IsOpenToAll() ? QStringLiteral(" (sin contraseñas)") : QString();
+    setWindowTitle(school_->Name() + openToAll + QStringLiteral(" — ") + user_.name +
+                   QStringLiteral(" — ") + kTitle);
   }
   ShowRecent();
   Working({});
@@ -276,9 +339,17 @@ void MainWindow::ShowRecent() {
 
 void MainWindow::ShowLocks() {
   if (const auto failure = Reconnect(*school_)) return ShowProblem(this, *failure);
-  LocksDialog dialog(school_->Own(), this);
+  ShowLocks(*this);
+}
+
+void MainWindow::ShowLocks(QWidget& before) {
+  LocksDialog dialog(school_->Own(), &before);
+  dialog.Removed = [this](int publication) {
+    publications_->Removed(publication);
+    school_->Notes(preferences_.DataFolder()).StrikeOut(publication);
+  };
   dialog.exec();
-  school_->Rest();
+  ShowLeftovers(false);
 }
 
 StatementWindow& MainWindow::ShowStatements() {

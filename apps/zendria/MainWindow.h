@@ -14,6 +14,8 @@
 #include "apps/zendria/FormLines.h"
 #include "apps/zendria/GradeDrafts.h"
 #include "apps/zendria/GradeRescue.h"
+#include "apps/zendria/ModalKeys.h"
+#include "apps/zendria/OwnPublications.h"
 #include "apps/zendria/PaperMenu.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
@@ -77,6 +79,10 @@ class MainWindow : public QMainWindow {
 
  private:
   void BuildMenus();
+  /// The menus' keys that make sense while a screen or a dialog is open.
+  void AddModalKeys();
+  /// At that heading, or at its beginning.
+  void ShowManual(const QString& heading = {});
   void ChooseFile();
   /// False, and told, for a file that would be ruined by what another has left beside it.
   bool MayOpen(const QString& place);
@@ -86,6 +92,11 @@ class MainWindow : public QMainWindow {
   /// The school that was open goes; false when nobody has entered another.
   bool Enter(std::optional<Entrance> entrance);
   void ChangeUser();
+  void ShowLocks(QWidget& before);
+  /// Tells what stands open in the name of who has signed in, and offers to remove what a program
+  /// that is gone has left.
+  void LookForLeftovers();
+  void ShowLeftovers(bool offer);
   void ShowSession();
   void ShowRecent();
   void ForgetSizes();
@@ -102,10 +113,13 @@ class MainWindow : public QMainWindow {
   FormLines lines_;
   PaperMenu paper_;
   std::unique_ptr<School> school_;
+  std::optional<OwnPublications> publications_;
   User user_;
   std::optional<Centre> centre_;
   bool nodeOpen_ = false;
 
+  ModalKeys modalKeys_;
+  QString manual_;  // empty for none
   QStackedWidget pages_;
   WelcomePage welcome_;
   SchoolPage page_;

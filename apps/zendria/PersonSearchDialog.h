@@ -16,6 +16,9 @@ class PersonSearchDialog : public QDialog {
   PersonSearchDialog(std::vector<FilteredList::Entry> people, const QString& kind,
                      QWidget* parent = nullptr);
 
+  /// Begins with that person, if he is among them.
+  void Begin(std::int32_t person) { people_.Choose(person); }
+
   /// The person's id; 0 unless the dialog was accepted.
   [[nodiscard]] std::int32_t Person() const;
 

@@ -26,11 +26,16 @@ QString FormKey(const QString& form, const QScreen& screen) {
   return QStringLiteral("%1/%2x%3/%4").arg(kForms).arg(size.width()).arg(size.height()).arg(form);
 }
 
-QString CentreKey(const QString& school) {
+QString SchoolKey(const char* kind, const QString& school) {
   // A path would be taken apart at its slashes.
   const auto name = QCryptographicHash::hash(school.toUtf8(), QCryptographicHash::Sha1).toHex();
-  return "centros/" + QString::fromLatin1(name);
+  return kind + QString::fromLatin1(name);
 }
+
+constexpr auto kCentres = "centros/";
+constexpr auto kUsers = "usuarios/";
+constexpr auto kFailures = "fallosAlEntrar/";
+constexpr auto kTimes = "fallosDesde/";
 
 }  // namespace
 
@@ -83,15 +88,47 @@ void Preferences::ForgetSizes() {
   settings_.remove(kForms);
 }
 
+std::optional<std::int32_t> Preferences::Number(const QString& key) const {
+  auto isNumber = false;
+  const auto number = settings_.value(key).toInt(&isNumber);
+  if (!isNumber) return std::nullopt;
+  return number;
+}
+
 void Preferences::KeepCentre(const QString& school, std::int32_t centre) {
-  settings_.setValue(CentreKey(school), centre);
+  settings_.setValue(SchoolKey(kCentres, school), centre);
 }
 
 std::optional<std::int32_t> Preferences::Centre(const QString& school) const {
-  auto isNumber = false;
-  const auto centre = settings_.value(CentreKey(school)).toInt(&isNumber);
-  if (!isNumber) return std::nullopt;
-  return centre;
+  return Number(SchoolKey(kCentres, school));
+}
+
+void Preferences::KeepLastUser(const QString& school, std::int32_t user) {
+  settings_.setValue(SchoolKey(kUsers, school), user);
+}
+
+std::optional<std::int32_t> Preferences::LastUser(const QString& school) const {
+  return Number(SchoolKey(kUsers, school));
+}
+
+void Preferences::KeepFailedSignIns(const QString& school, const zendria::FailedSignIns& failures) {
+  if (failures.count == 0) {
+    settings_.remove(SchoolKey(kFailures, school));
+    settings_.remove(SchoolKey(kTimes, school));
+    return;
+  }
+  settings_.setValue(SchoolKey(kFailures, school), failures.count);
+  settings_.setValue(SchoolKey(kTimes, school), failures.last.toString(Qt::ISODate));
+  // Who ends the program at once finds it all the same.
+  settings_.sync();
+}
+
+zendria::FailedSignIns Preferences::FailedSignIns(const QString& school) const {
+  const auto last =
+      QDateTime::fromString(settings_.value(SchoolKey(kTimes, school)).toString(), Qt::ISODate);
+  const auto count = Number(SchoolKey(kFailures, school)).value_or(0);
+  if (!last.isValid() || count < 0) return {};
+  return {count, last};
 }
 
 bool Preferences::Restore(const QString& window, QWidget& widget) const {

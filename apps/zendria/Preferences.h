@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QSettings>
 #include <QSize>
 #include <QString>
@@ -11,6 +12,12 @@ class QScreen;
 class QWidget;
 
 namespace quorvane::zendria {
+
+/// Tries to sign in that have failed one after the other.
+struct FailedSignIns {
+  int count = 0;
+  QDateTime last;  ///< of the last of them; invalid for none
+};
 
 /// What the host keeps from one run to the next: the schools opened last, the centre chosen in
 /// each, and the measures of windows. What can't be made sense of counts as not kept.
@@ -48,7 +55,16 @@ class Preferences {
   void KeepCentre(const QString& school, std::int32_t centre);
   [[nodiscard]] std::optional<std::int32_t> Centre(const QString& school) const;
 
+  /// Who signed in last to that school.
+  void KeepLastUser(const QString& school, std::int32_t user);
+  [[nodiscard]] std::optional<std::int32_t> LastUser(const QString& school) const;
+
+  void KeepFailedSignIns(const QString& school, const zendria::FailedSignIns& failures);
+  [[nodiscard]] zendria::FailedSignIns FailedSignIns(const QString& school) const;
+
  private:
+  [[nodiscard]] std::optional<std::int32_t> Number(const QString& key) const;
+
   QSettings settings_;
   QString dataFolder_;
 };

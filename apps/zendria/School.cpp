@@ -1,13 +1,18 @@
 #include "apps/zendria/School.h"
 
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <chrono>
+#include <map>
 #include <utility>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/PasswordHash.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/zendria/SchoolError.h"
+#include "apps/zendria/TextFolding.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/SpanishOrder.h"
 
@@ -37,6 +42,7 @@ School::School(SchoolAddress address)
     Reopen();
     CheckTables();
     ReadUsers();
+    ReadLogin();
     centres_ = ReadCentres(*own_);
     Rest();
   } catch (const RuntimeError& error) {
@@ -63,6 +69,14 @@ std::unique_ptr<Connection> School::OpenAnew() const {
     file->BusyWait(kMoment);
   connection->Open();
   return connection;
+}
+
+PublicationNotes School::Notes(const QString& dataFolder) const {
+  if (!IsOnServer()) return PublicationNotes::Beside(address_.Text());
+  const auto folder = dataFolder + "/abiertas";
+  QDir().mkpath(folder);
+  const auto place = QCryptographicHash::hash(Place().toUtf8(), QCryptographicHash::Sha1).toHex();
+  return PublicationNotes((folder + u'/' + QString::fromLatin1(place) + u'-').toStdString());
 }
 
 QString School::LogOfAnother() const {
@@ -111,6 +125,35 @@ void School::ReadUsers() {
   std::stable_sort(users_.begin(), users_.end(), [](const User& one, const User& other) {
     return SpanishLess(one.name.toStdString(), other.name.toStdString());
   });
+}
+
+void School::ReadLogin() {
+  switch (EngineReached(*own_)) {
+    case sqltext::Engine::PostgreSql:
+      login_ = QString::fromStdString(
+          own_->Execute("SELECT CAST(session_user AS text)").Fields(0).Text());
+      break;
+    case sqltext::Engine::SqlServer:
+      login_ = QString::fromStdString(own_->Execute("SELECT ORIGINAL_LOGIN()").Fields(0).Text());
+      break;
+    default:
+      openToAll_ = !HasPasswords();
+  }
+}
+
+std::optional<User> School::SignIn(const QString& name, const QString& password) {
+  std::map<QString, std::vector<std::int32_t>> called;
+  // A name that several share takes no longer than one that nobody has.
+  std::size_t most = 1;
+  for (const auto& user : users_) {
+    auto& ids = called[Folded(user.name.trimmed())];
+    ids.push_back(user.id);
+    most = std::max(most, ids.size());
+  }
+  auto secret = password.toStdString();
+  const auto owner = UserPasswords(*own_).Owner(called[Folded(name.trimmed())], most, secret);
+  Wipe(secret);
+  return owner ? FindUser(*owner) : std::nullopt;
 }
 
 }  // namespace quorvane::zendria

@@ -6,7 +6,9 @@
 #include <optional>
 #include <vector>
 
+#include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/UserPasswords.h"
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/User.h"
@@ -38,6 +40,17 @@ class School {
   [[nodiscard]] const std::vector<User>& Users() const noexcept { return users_; }
   [[nodiscard]] std::optional<User> FindUser(std::int32_t id) const;
 
+  /// Whether users of this school have passwords: then nobody comes in without one. Asked anew each
+  /// time; a runtime error when that fails.
+  [[nodiscard]] bool HasPasswords() { return UserPasswords(*own_).Any(); }
+  /// Whether anybody may sign in as anybody: no server's login tells who it is, and nobody had a
+  /// password when the school was opened.
+  [[nodiscard]] bool IsOpenToAll() const noexcept { return openToAll_; }
+  /// Who has that name and password; none when they aren't somebody's. As `UserPasswords::Owner`.
+  [[nodiscard]] std::optional<User> SignIn(const QString& name, const QString& password);
+  /// The name that the server knows whoever is connected by; none of a file.
+  [[nodiscard]] const std::optional<QString>& Login() const noexcept { return login_; }
+
   [[nodiscard]] Connection& Centro() noexcept { return *centro_; }
   [[nodiscard]] Connection& Borrado() noexcept { return *borrado_; }
   [[nodiscard]] Connection& Entrada() noexcept { return *entrada_; }
@@ -46,6 +59,9 @@ class School {
   [[nodiscard]] Connection& Own() noexcept { return *own_; }
 
   [[nodiscard]] bool IsOnServer() const noexcept { return address_.IsOdbc(); }
+  /// Where its programs note which publications they have: beside a file; of a server's school, in
+  /// a folder of the user's own, which is made.
+  [[nodiscard]] PublicationNotes Notes(const QString& dataFolder) const;
   /// Another connection, that doesn't know what failed on the others. Not traced, and it waits but
   /// a moment for who writes. A runtime error when that fails, or when the school's file isn't in
   /// its place any more: the one that may be there now is not touched.
@@ -68,6 +84,7 @@ class School {
  private:
   void CheckTables();
   void ReadUsers();
+  void ReadLogin();
 
   SchoolAddress address_;
   std::unique_ptr<Connection> centro_;
@@ -76,6 +93,8 @@ class School {
   std::unique_ptr<Connection> own_;
   std::vector<User> users_;
   std::vector<Centre> centres_;
+  std::optional<QString> login_;
+  bool openToAll_ = false;
 };
 
 }  // namespace quorvane::zendria

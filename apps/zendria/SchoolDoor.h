@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/zendria/Centre.h"
@@ -39,16 +40,28 @@ class SchoolDoor {
                                   std::optional<std::int32_t> user);
   /// A file of the user's choice; empty for none.
   QString AskForFile();
-  /// Asks who works, and in which centre, beginning with `centre`; none leaves that as it is.
-  std::optional<User> SignIn(const School& school, std::optional<Centre>& centre);
+  /// Asks who works, and in which centre, beginning with `centre`; none leaves that as it is. A
+  /// server's login is a user, and only an administrator may choose another; in a school that has
+  /// passwords one is asked for; else all may be chosen. `user` is taken unasked as far as that
+  /// goes.
+  std::optional<User> SignIn(School& school, std::optional<Centre>& centre,
+                             std::optional<std::int32_t> user = std::nullopt);
 
  private:
   std::optional<Entrance> Enter(const SchoolAddress& address, std::optional<std::int32_t> user);
   std::optional<Entrance> Enter(std::unique_ptr<School> school, std::optional<std::int32_t> user);
+  std::optional<User> ByLogin(const School& school, std::optional<Centre>& centre,
+                              std::optional<std::int32_t> user);
+  std::optional<User> ByPassword(School& school, std::optional<Centre>& centre,
+                                 std::optional<std::int32_t> user);
+  std::optional<User> Choose(const School& school, std::vector<User> users,
+                             std::optional<std::int32_t> begin, std::optional<Centre>& centre);
   std::optional<User> Find(const School& school, std::int32_t user);
+  void Refuse(const QString& why);
 
   QWidget& window_;
   Preferences& preferences_;
+  QString refused_;  // the connection string, without a password, that was given up after a refusal
 };
 
 }  // namespace quorvane::zendria

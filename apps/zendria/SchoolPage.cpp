@@ -49,6 +49,7 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   session_->addRow("Usuario:", Named(user_, "usuario"));
   session_->addRow("Perfil:", Named(profile_, "perfil"));
   session_->addRow("Año escolar:", Named(year_, "año"));
+  session_->addRow("Abiertas:", Named(leftovers_, "abiertas"));
 
   auto* const selected = new QGroupBox;
   auto* const selectedColumn = new QVBoxLayout(selected);
@@ -72,6 +73,7 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   auto* const whole = new QVBoxLayout(this);
   whole->addWidget(splitter);
 
+  ShowLeftovers({});
   FillTree();
   connect(&tree_, &QTreeWidget::currentItemChanged, this, [this] { ShowSelected(); });
   connect(&tree_, &QTreeWidget::itemActivated, this, [this] { OpenSelected(); });
@@ -105,6 +107,11 @@ void SchoolPage::ShowSession(const School& school, const User& user,
   user_.setText(user.name);
   profile_.setText(user.ProfileText());
   year_.setText(active ? "activo" : "no activo: se puede consultar, no guardar notas");
+}
+
+void SchoolPage::ShowLeftovers(const QString& text) {
+  leftovers_.setText(text);
+  session_->setRowVisible(&leftovers_, !text.isEmpty());
 }
 
 const ScreenEntry* SchoolPage::Find(std::uint8_t node) const {

@@ -27,6 +27,9 @@ class SchoolPage : public QWidget {
   void ShowSession(const School& school, const User& user, const std::optional<Centre>& centre,
                    bool active);
 
+  /// What stands open in the user's name, in lines; empty for nothing.
+  void ShowLeftovers(const QString& text);
+
   /// The node of the selected screen; none on a branch or a disabled screen.
   [[nodiscard]] std::optional<std::uint8_t> SelectedNode() const;
   void SelectNode(std::uint8_t node);
@@ -51,6 +54,7 @@ class SchoolPage : public QWidget {
   QLabel user_;
   QLabel profile_;
   QLabel year_;
+  QLabel leftovers_;
   QLabel title_;
   QLabel description_;
   QPushButton open_;

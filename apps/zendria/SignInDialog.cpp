@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/Heading.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -23,35 +24,21 @@ std::vector<FilteredList::Entry> Entries(const std::vector<User>& users) {
 }  // namespace
 
 SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidget* parent)
-    : QDialog(parent),
-      users_(std::move(users)),
-      list_(Entries(users_), "Escriba su nombre"),
-      centreLabel_("Cen&tro en el que trabaja") {
+    : QDialog(parent), users_(std::move(users)), list_(Entries(users_), "Escriba su nombre") {
   setObjectName("entrada");
   setWindowTitle("Entrar en la escuela");
-  auto* const heading = new QLabel(school);
-  heading->setTextFormat(Qt::PlainText);
-  auto font = heading->font();
-  font.setPointSizeF(font.pointSizeF() * 1.3);
-  font.setBold(true);
-  heading->setFont(font);
   auto* const question = new QLabel("¿&Quién va a trabajar?");
   question->setBuddy(&list_.Field());
-  centreLabel_.setBuddy(&centreBox_);
-  centreBox_.setObjectName("centro");
-  // A list of many kinds of teaching must not make the dialog wider than the screen.
-  centreBox_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   auto* const accept = buttons->button(QDialogButtonBox::Ok);
   accept->setText("&Entrar");
   buttons->button(QDialogButtonBox::Cancel)->setText("&Cancelar");
 
   auto* const column = new QVBoxLayout(this);
-  column->addWidget(heading);
+  column->addWidget(Heading(school));
   column->addWidget(question);
   column->addWidget(&list_, 1);
-  column->addWidget(&centreLabel_);
-  column->addWidget(&centreBox_);
+  centre_.AddTo(*column);
   column->addWidget(buttons);
   OfferCentres({}, std::nullopt);
   TakeFirstSize(*this, {520, 420});
@@ -65,23 +52,8 @@ SignInDialog::SignInDialog(const QString& school, std::vector<User> users, QWidg
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
-void SignInDialog::OfferCentres(const std::vector<Centre>& centres,
-                                std::optional<std::int32_t> id) {
-  centres_ = centres;
-  centreBox_.clear();
-  for (const auto& centre : centres_) {
-    centreBox_.addItem(centre.Text());
-    centreBox_.setItemData(centreBox_.count() - 1, centre.Text(), Qt::ToolTipRole);
-    if (centre.id == id) centreBox_.setCurrentIndex(centreBox_.count() - 1);
-  }
-  const auto choice = centres_.size() > 1;
-  centreLabel_.setVisible(choice);
-  centreBox_.setVisible(choice);
-}
-
-std::optional<Centre> SignInDialog::ChosenCentre() const {
-  if (centres_.empty()) return std::nullopt;
-  return centres_[static_cast<std::size_t>(centreBox_.currentIndex())];
+void SignInDialog::Begin(std::optional<std::int32_t> user) {
+  if (user) list_.Choose(*user);
 }
 
 std::optional<User> SignInDialog::Chosen() const {

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QComboBox>
 #include <QDialog>
-#include <QLabel>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
-#include "apps/zendria/Centre.h"
+#include "apps/zendria/CentreChoice.h"
 #include "apps/zendria/FilteredList.h"
 #include "apps/zendria/User.h"
 
@@ -18,25 +17,26 @@ class SignInDialog : public QDialog {
  public:
   SignInDialog(const QString& school, std::vector<User> users, QWidget* parent = nullptr);
 
-  /// Lets the user choose the centre, beginning with the one of that id or else the first. One
-  /// centre leaves no choice and isn't shown.
-  void OfferCentres(const std::vector<Centre>& centres, std::optional<std::int32_t> id);
+  /// Marks that user beforehand; no effect for one who isn't listed.
+  void Begin(std::optional<std::int32_t> user);
+  /// Lets the user choose the centre, beginning with the one of that id or else the first.
+  void OfferCentres(const std::vector<Centre>& centres, std::optional<std::int32_t> id) {
+    centre_.Offer(centres, id);
+  }
 
   /// None unless the dialog was accepted.
   [[nodiscard]] std::optional<User> Chosen() const;
 
   /// None in a school without centres.
-  [[nodiscard]] std::optional<Centre> ChosenCentre() const;
+  [[nodiscard]] std::optional<Centre> ChosenCentre() const { return centre_.Chosen(); }
 
   [[nodiscard]] FilteredList& List() { return list_; }
-  [[nodiscard]] QComboBox& CentreBox() { return centreBox_; }
+  [[nodiscard]] QComboBox& CentreBox() { return centre_.Box(); }
 
  private:
   std::vector<User> users_;
-  std::vector<Centre> centres_;
   FilteredList list_;
-  QLabel centreLabel_;
-  QComboBox centreBox_;
+  CentreChoice centre_;
 };
 
 }  // namespace quorvane::zendria

@@ -73,6 +73,8 @@ void WelcomePage::ShowRecent(const QStringList& files) {
     item->setToolTip(QString::fromStdString(AddressOf(file).Shown()));
   }
   if (!files.isEmpty()) recent_.setCurrentRow(0);
+  // Enter opens the school that is marked.
+  setFocusProxy(files.isEmpty() ? static_cast<QWidget*>(&open_) : &recent_);
   heading_.setVisible(!files.isEmpty());
   recent_.setVisible(!files.isEmpty());
 }

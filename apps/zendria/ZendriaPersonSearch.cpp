@@ -7,6 +7,8 @@
 #include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/Staff.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
+#include "register/frmPropMatProf.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -14,6 +16,12 @@ namespace {
 std::vector<FilteredList::Entry> Staff(Connection& school) {
   const BusyCursor busy;
   return ReadStaff(school);
+}
+
+/// Whom the screen that asks has already; 0 for nobody.
+std::int32_t WhoStands() {
+  if (!FormInstance<frmPropMatProf>::Exists()) return 0;
+  return FormInstance<frmPropMatProf>::Get().IDProfesorSeleccionado;
 }
 
 }  // namespace
@@ -27,6 +35,7 @@ std::int32_t ZendriaPersonSearch::Buscar(const std::string& clase) {
   if (centro_ == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
   PersonSearchDialog dialog(Staff(*centro_), QString::fromStdString(clase),
                             QApplication::activeWindow());
+  dialog.Begin(WhoStands());
   dialog.exec();
   return dialog.Person();
 }

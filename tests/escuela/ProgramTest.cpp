@@ -31,7 +31,9 @@ TEST_F(ProgramTest, MakesAnEmptySchoolThatIsFit) {
   EXPECT_EQ(Escuela("crear " + path_).status, 0);
   const auto check = Escuela("comprobar " + path_);
   EXPECT_EQ(check.status, 0);
-  EXPECT_EQ(check.text, "Apta para el módulo, sin avisos\n");
+  EXPECT_EQ(check.text,
+            "Sin contraseñas: quien abre el fichero entra como cualquiera de sus usuarios\n"
+            "Apta para el módulo, sin avisos\n");
   EXPECT_EQ(folder_.Files(), 1U);
 }
 
@@ -88,6 +90,7 @@ TEST_F(ProgramTest, ChecksWhatIsMissingDoubledAndOrphaned) {
   EXPECT_EQ(check.status, 1);
   EXPECT_EQ(check.text,
             "Huérfanas en Seccion_AlumnoPte: 1 fila cuyo CodAlumno no está en Alumno\n"
+            "Sin contraseñas: quien abre el fichero entra como cualquiera de sus usuarios\n"
             "Apta para el módulo, con avisos\n");
   Change(path_, "DROP TABLE FechaNotas");
   check = Escuela("comprobar " + path_);
@@ -130,7 +133,9 @@ TEST_F(ProgramTest, RefusesBadArguments) {
   for (const std::string arguments :
        {"", "borrar x", "crear", "crear a b", "generar x", "generar x --alumnos 5",
         "generar x --alumnos 0 --semilla 1", "generar x --alumnos muchos --semilla 1",
-        "generar x --alumnos 600000 --semilla 1", "bloqueos x --borrar", "demo x --otra"}) {
+        "generar x --alumnos 600000 --semilla 1", "bloqueos x --borrar", "demo x --otra",
+        "usuarios", "usuarios x clave", "usuarios x quitar", "usuarios x otra",
+        "usuarios x listar 1"}) {
     const auto refused = Escuela(arguments);
     EXPECT_EQ(refused.status, 2) << arguments;
     EXPECT_THAT(refused.text, HasSubstr("Pruebe quorvane-escuela --help")) << arguments;
@@ -142,7 +147,8 @@ TEST_F(ProgramTest, RefusesBadArguments) {
 
 TEST_F(ProgramTest, HasHelpOfEachCommand) {
   for (const std::string command :
-       {"", "crear ", "demo ", "generar ", "comprobar ", "bloqueos ", "copiar "}) {
+       {"", "crear ", "demo ", "generar ", "comprobar ", "bloqueos ", "copiar ", "usuarios ",
+        "usuarios x clave ", "usuarios x listar ", "usuarios x quitar "}) {
     const auto help = Escuela(command + "--help");
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_THAT(help.text, HasSubstr("Uso: quorvane-escuela")) << command;

@@ -76,12 +76,19 @@ TEST_F(RegisterByHandTest, ATeacherIsSearchedAndSaved) {
     Robot::Click(window, "cmdPropMat");
     Robot::Click(window, "cmdAceptar");
   });
-  robot_.On("frmPropMatProf", {"cmdNProfesor", "cmdAceptar"});
+  robot_.On("frmPropMatProf", {"cmdNProfesor", "cmdNProfesor", "cmdAceptar"});
   robot_.OnDialog("buscarPersona", [](QWidget& dialog) {
     auto& search = dynamic_cast<zendria::PersonSearchDialog&>(dialog);
     EXPECT_EQ(search.windowTitle(), "Buscar: Docente");
     EXPECT_EQ(search.People().List().count(), 3);
     QTest::keyClicks(&search.People().Field(), "VEGA");
+    QTest::keyClick(&search.People().Field(), Qt::Key_Return);
+  });
+  // The next search begins with who stands.
+  robot_.OnDialog("buscarPersona", [](QWidget& dialog) {
+    auto& search = dynamic_cast<zendria::PersonSearchDialog&>(dialog);
+    EXPECT_EQ(search.People().List().currentItem()->text(), "Vega Paz, Eva");
+    EXPECT_NE(search.People().List().currentRow(), 0);
     QTest::keyClick(&search.People().Field(), Qt::Key_Return);
   });
   Play(123);

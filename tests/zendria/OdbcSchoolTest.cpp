@@ -109,6 +109,26 @@ TEST_F(OdbcSchoolTest, IsConnectedFromTheWelcomePageAndTheMenu) {
   EXPECT_TRUE(robot_.Done());
 }
 
+TEST_F(OdbcSchoolTest, WhatWasTypedIsThereAgainAfterARefusal) {
+  const auto connect = [this](const std::function<void(ConnectDialog&)>& step) {
+    robot_.OnDialog("conectar", [step](QWidget& dialog) {
+      step(dynamic_cast<ConnectDialog&>(dialog));
+      dynamic_cast<QDialog&>(dialog).reject();
+    });
+    window_->findChild<QAction*>("conectarServidor")->trigger();
+  };
+  connect([](ConnectDialog& dialog) {
+    dialog.findChild<QCheckBox*>("aMano")->setChecked(true);
+    dialog.String().setText("DSN=no_hay_tal;UID=ana;PWD=secreto");
+    QTest::keyClick(&dialog.String(), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+  });
+  connect([](ConnectDialog& dialog) {
+    EXPECT_EQ(dialog.String().text(), "DSN=no_hay_tal;UID=ana") << "without its password";
+  });
+  EXPECT_TRUE(robot_.Done());
+}
+
 TEST_F(OdbcSchoolTest, SaysWhyItCantBeReachedWithoutThePassword) {
   QString told;
   ReadNotice(told);

@@ -50,6 +50,7 @@ class SilentServerTest : public HostTest {
  protected:
   void SetUp() override {
     if (!OnServer()) GTEST_SKIP() << "no server";
+    school_.Sql("UPDATE Usuario SET Nombre='zendria' WHERE IDUsuario=1");
     proxy_ = std::make_unique<TcpProxy>(ServerPort());
     const auto text = StringThrough(*proxy_, ServerString(school_.Path()));
     ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace(QString::fromStdString(text)), 1));

@@ -1,0 +1,117 @@
+#include "apps/escuela/UserPasswords.h"
+
+#include <algorithm>
+
+#include "apps/escuela/PasswordHash.h"
+#include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/Transaction.h"
+#include "platform/RuntimeError.h"
+#include "platform/text/AsciiCase.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::size_t kMostBytes = 1024;
+
+std::size_t Letters(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+  }));
+}
+
+}  // namespace
+
+bool UserPasswords::Kept() const { return EngineReached(school_) == sqltext::Engine::Sqlite; }
+
+std::map<std::int32_t, std::string> UserPasswords::Hashes() const {
+  std::map<std::int32_t, std::string> hashes;
+  if (!Kept() || !HasTable(school_, kTable)) return hashes;
+  auto rows = school_.Execute("SELECT IDUsuario, Clave FROM ClaveUsuario");
+  for (; !rows.Eof(); rows.MoveNext())
+    hashes.emplace(rows.Fields("IDUsuario").Long(), rows.Fields("Clave").Text());
+  return hashes;
+}
+
+bool UserPasswords::Any() const { return !Hashes().empty(); }
+
+std::vector<UserPasswords::Account> UserPasswords::List() const {
+  const auto hashes = Hashes();
+  std::vector<Account> accounts;
+  auto rows = school_.Execute("SELECT * FROM Usuario ORDER BY IDUsuario");
+  const auto& names = rows.Names();
+  const auto named = std::any_of(names.begin(), names.end(),
+                                 [](const auto& name) { return EqualNoCase(name, "Nombre"); });
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const auto id = rows.Fields("IDUsuario").Long();
+    accounts.push_back(
+        {id, named ? rows.Fields("Nombre").Text() : std::string(), hashes.count(id) > 0});
+  }
+  return accounts;
+}
+
+std::optional<UserPasswords::Account> UserPasswords::Find(const std::string& numberOrName) const {
+  const auto accounts = List();
+  const auto only = [&accounts](const auto& fits) -> std::optional<Account> {
+    const auto first = std::find_if(accounts.begin(), accounts.end(), fits);
+    if (first == accounts.end() || std::any_of(first + 1, accounts.end(), fits))
+      return std::nullopt;
+    return *first;
+  };
+  if (const auto numbered =
+          only([&](const Account& account) { return std::to_string(account.id) == numberOrName; }))
+    return numbered;
+  return only([&](const Account& account) { return EqualNoCase(account.name, numberOrName); });
+}
+
+std::string UserPasswords::Fault(const std::string& password) {
+  if (Letters(password) < kFewestLetters)
+    return "La contraseña ha de tener " + std::to_string(kFewestLetters) + " letras o más";
+  if (password.size() > kMostBytes) return "La contraseña es demasiado larga";
+  return {};
+}
+
+void UserPasswords::Set(std::int32_t user, const std::string& password) {
+  if (!Kept())
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "Esta escuela está en un servidor, donde cada uno entra con su usuario y su "
+                       "contraseña del servidor: cámbiela en él");
+  if (const auto fault = Fault(password); !fault.empty())
+    throw RuntimeError(ErrorNumber::StatementFailed, fault);
+  const auto hash = PasswordHash(password);
+  const auto id = std::to_string(user);
+  Transaction transaction(school_);
+  school_.Execute(
+      "CREATE TABLE IF NOT EXISTS ClaveUsuario (IDUsuario INTEGER PRIMARY KEY, Clave TEXT NOT NULL)");
+  school_.Execute("DELETE FROM ClaveUsuario WHERE IDUsuario=" + id);
+  school_.Execute("INSERT INTO ClaveUsuario (IDUsuario, Clave) VALUES (" + id + ",'" + hash + "')");
+  transaction.Keep();
+}
+
+bool UserPasswords::Remove(std::int32_t user) {
+  Transaction transaction(school_);
+  const auto hashes = Hashes();
+  if (hashes.count(user) == 0) return false;
+  if (hashes.size() == 1)
+    school_.Execute("DROP TABLE ClaveUsuario");
+  else
+    school_.Execute("DELETE FROM ClaveUsuario WHERE IDUsuario=" + std::to_string(user));
+  transaction.Keep();
+  return true;
+}
+
+std::optional<std::int32_t> UserPasswords::Owner(const std::vector<std::int32_t>& candidates,
+                                                 std::size_t atLeast,
+                                                 const std::string& password) const {
+  const auto hashes = Hashes();
+  // Made before any is looked at, or the first who has none would take longer.
+  const auto& nobodys = NobodysHash();
+  std::optional<std::int32_t> owner;
+  for (std::size_t at = 0; at < std::max(candidates.size(), atLeast); ++at) {
+    const auto found = at < candidates.size() ? hashes.find(candidates[at]) : hashes.end();
+    const auto& hash = found == hashes.end() ? nobodys : found->second;
+    if (IsPasswordOf(hash, password) && found != hashes.end() && !owner) owner = candidates[at];
+  }
+  return owner;
+}
+
+}  // namespace quorvane

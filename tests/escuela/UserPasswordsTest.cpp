@@ -1,0 +1,200 @@
+// The passwords of a school in a file, and the order that sets them.
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "apps/escuela/CopySchool.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/PasswordHash.h"
+#include "apps/escuela/UserPasswords.h"
+#include "platform/RuntimeError.h"
+#include "tests/escuela/OpenSchool.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/RunCommand.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr auto kSecret = "alcachofas azules";
+constexpr auto kOther = "otra cosa muy larga";
+constexpr auto kOpenToAll =
+    "Sin contraseñas: quien abre el fichero entra como cualquiera de sus usuarios\n";
+
+/// What somebody at a terminal sees who types those lines when he is asked.
+std::string AtTerminal(const std::vector<std::string>& arguments,
+                       const std::vector<std::string>& typed, int& status) {
+  int terminal = -1;
+  const auto child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    std::vector<char*> words{const_cast<char*>(QUORVANE_ESCUELA)};
+    for (const auto& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+    execv(QUORVANE_ESCUELA, words.data());
+    _exit(127);
+  }
+  std::string seen;
+  std::array<char, 512> buffer{};
+  std::size_t asked = 0;
+  for (std::size_t from = 0;;) {
+    const auto count = read(terminal, buffer.data(), buffer.size());
+    if (count <= 0) break;
+    seen.append(buffer.data(), static_cast<std::size_t>(count));
+    // The question ends so once the terminal has gone quiet.
+    const auto question = seen.find(": ", from);
+    if (question == std::string::npos || asked == typed.size()) continue;
+    from = question + 2;
+    while (true) {
+      termios now{};
+      tcgetattr(terminal, &now);
+      if ((now.c_lflag & ECHO) == 0) break;
+      usleep(1000);
+    }
+    const auto line = typed[asked++] + "\n";
+    EXPECT_EQ(write(terminal, line.data(), line.size()), static_cast<ssize_t>(line.size()));
+  }
+  waitpid(child, &status, 0);
+  close(terminal);
+  return seen;
+}
+
+class UserPasswordsTest : public testing::Test {
+ protected:
+  Outcome Users(const std::string& order, const std::string& input = "") {
+    return RunCommand("printf '%s' " + Quoted(input) + " | " QUORVANE_ESCUELA " usuarios " +
+                      school_.Path() + " " + order);
+  }
+
+  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  UserPasswords passwords_{school_.Db()};
+};
+
+TEST_F(UserPasswordsTest, AreKeptByArgon2idAndKnowTheirOwner) {
+  EXPECT_TRUE(passwords_.Kept());
+  EXPECT_FALSE(passwords_.Any());
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
+  passwords_.Set(3, kSecret);
+  EXPECT_TRUE(passwords_.Any());
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
+  EXPECT_EQ(passwords_.Owner({2, 3}, 1, kSecret), 3) << "two of one name";
+  EXPECT_EQ(passwords_.Owner({3}, 1, kOther), std::nullopt);
+  EXPECT_EQ(passwords_.Owner({2}, 1, kSecret), std::nullopt) << "who has none doesn't come in";
+  EXPECT_EQ(passwords_.Owner({2}, 1, ""), std::nullopt);
+  EXPECT_EQ(passwords_.Owner({}, 1, kSecret), std::nullopt);
+  const auto kept = school_.FirstColumn("SELECT Clave FROM ClaveUsuario");
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_THAT(kept[0], StartsWith("$argon2id$v=19$m=65536,t=2,p=1$"));
+  EXPECT_EQ(kept[0].find("alcachofas"), std::string::npos);
+
+  passwords_.Set(3, kOther);
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
+  EXPECT_EQ(passwords_.Owner({3}, 1, kOther), 3);
+  EXPECT_FALSE(passwords_.Remove(2));
+  EXPECT_TRUE(passwords_.Remove(3));
+  EXPECT_FALSE(passwords_.Any());
+  EXPECT_THAT(school_.FirstColumn("SELECT name FROM sqlite_master WHERE name='ClaveUsuario'"),
+              testing::IsEmpty());
+}
+
+// In processor time, of which the comparisons take nearly all, whatever the machine does beside.
+TEST_F(UserPasswordsTest, TakeAsLongForWhoIsThereAsForWhoIsNot) {
+  passwords_.Set(3, kSecret);
+  const auto time = [this](const std::vector<std::int32_t>& candidates, const char* password) {
+    auto best = std::chrono::nanoseconds::max();
+    for (int turn = 0; turn < 3; ++turn) {
+      timespec before{};
+      timespec after{};
+      clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
+      (void)passwords_.Owner(candidates, 1, password);
+      clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
+      best =
+          std::min(best, std::chrono::nanoseconds((after.tv_sec - before.tv_sec) * 1'000'000'000 +
+                                                  after.tv_nsec - before.tv_nsec));
+    }
+    return static_cast<double>(best.count());
+  };
+  const auto right = time({3}, kSecret);
+  for (const auto other : {time({3}, kOther), time({2}, kSecret), time({}, kSecret)}) {
+    EXPECT_LT(other, right * 1.6);
+    EXPECT_GT(other, right / 1.6);
+  }
+}
+
+TEST_F(UserPasswordsTest, ShortOnesWontDo) {
+  EXPECT_NE(UserPasswords::Fault("corta"), "");
+  EXPECT_NE(UserPasswords::Fault("ñññññññ"), "") << "seven letters";
+  EXPECT_EQ(UserPasswords::Fault("ññññññññ"), "");
+  EXPECT_NE(UserPasswords::Fault(std::string(5000, 'a')), "");
+  EXPECT_THROW(passwords_.Set(3, "corta"), RuntimeError);
+  EXPECT_FALSE(passwords_.Any());
+}
+
+TEST_F(UserPasswordsTest, AreSetAndRemovedFromStandardInput) {
+  EXPECT_THAT(Users("").text, testing::EndsWith(kOpenToAll));
+  const auto set = Users("clave 3", std::string(kSecret) + "\n");
+  EXPECT_EQ(set.status, 0);
+  EXPECT_EQ(set.text,
+            "Puesta la contraseña del usuario 3 (tutora3a)\n"
+            "Con contraseña: 1 de 8 usuarios; los demás no pueden entrar\n");
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3) << "without the line's end";
+  EXPECT_EQ(Users("clave JEFATURA", kOther).status, 0) << "by name, and without a line's end";
+  EXPECT_EQ(passwords_.Owner({2}, 1, kOther), 2);
+  const auto list = Users("listar").text;
+  EXPECT_THAT(list, HasSubstr("\n  3  tutora3a  con contraseña\n  4  profesor  sin contraseña\n"));
+  EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Path()).text,
+              StartsWith("Con contraseña: 2 de 8 usuarios; los demás no pueden entrar\nApta"));
+  EXPECT_EQ(Users("quitar 2").status, 0);
+  EXPECT_EQ(Users("quitar 2").status, 1);
+  EXPECT_THAT(Users("quitar 3").text, testing::EndsWith(kOpenToAll));
+
+  for (const auto* const input : {"", "corta\n"}) EXPECT_EQ(Users("clave 3", input).status, 1);
+  EXPECT_EQ(Users("clave 99", kSecret).status, 1);
+  EXPECT_THAT(Users("clave nadie", kSecret).text, HasSubstr("No hay ningún usuario «nadie»"));
+  EXPECT_FALSE(passwords_.Any());
+}
+
+TEST_F(UserPasswordsTest, AreNotSeenOnATerminal) {
+  const std::vector<std::string> order{"usuarios", school_.Path(), "clave", "3"};
+  int status = -1;
+  auto seen = AtTerminal(order, {kSecret, kOther}, status);
+  EXPECT_EQ(WEXITSTATUS(status), 1) << seen;
+  EXPECT_THAT(seen, HasSubstr("Las dos contraseñas no son la misma"));
+  EXPECT_FALSE(passwords_.Any());
+  seen = AtTerminal(order, {kSecret, kSecret}, status);
+  EXPECT_EQ(WEXITSTATUS(status), 0) << seen;
+  EXPECT_THAT(seen, HasSubstr("Contraseña nueva del usuario 3 (tutora3a): "));
+  EXPECT_EQ(seen.find("alcachofas"), std::string::npos) << seen;
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
+}
+
+TEST_F(UserPasswordsTest, AreInNoTrace) {
+  const auto trace = school_.Path() + ".traza";
+  RunCommand("printf '%s' " + Quoted(kSecret) + " | QUORVANE_TRAZA=" + trace +
+             " " QUORVANE_ESCUELA " usuarios " + school_.Path() + " clave 3");
+  EXPECT_TRUE(passwords_.Any());
+  EXPECT_EQ(Content(trace), "");
+}
+
+// Who copies a school names its users' passwords, and says that they stay behind.
+TEST_F(UserPasswordsTest, AreNotCopied) {
+  passwords_.Set(3, kSecret);
+  const auto copy = school_.Path() + ".copia";
+  const auto copied = RunCommand(QUORVANE_ESCUELA " copiar " + school_.Path() + " " + copy);
+  EXPECT_EQ(copied.status, 0) << copied.text;
+  EXPECT_THAT(copied.text, HasSubstr("No se ha copiado, porque no es de la escuela:\n"
+                                     "  ClaveUsuario\n"));
+  EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + copy).text, StartsWith(kOpenToAll));
+}
+
+TEST_F(UserPasswordsTest, ASchoolWithoutUsersNamesHasThemByNumber) {
+  school_.Db().Execute("ALTER TABLE Usuario DROP COLUMN Nombre");
+  EXPECT_EQ(Users("clave 3", kSecret).status, 0);
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
+}
+
+}  // namespace
+}  // namespace quorvane::test

@@ -1,0 +1,251 @@
+// Who signs in, and as whom.
+
+#include <QAction>
+#include <QLabel>
+#include <QSettings>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/UserPasswords.h"
+#include "apps/zendria/LoginUser.h"
+#include "apps/zendria/PasswordDialog.h"
+#include "apps/zendria/SchoolPlace.h"
+#include "apps/zendria/SignInDelay.h"
+#include "tests/support/ServerSchools.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+using zendria::PasswordDialog;
+using zendria::User;
+
+constexpr auto kSecret = "alcachofas azules";
+constexpr auto kWrong = "El usuario o la contraseña no son correctos.";
+
+class PasswordsTest : public HostTest {
+ protected:
+  PasswordsTest() { Set(2, kSecret); }
+
+  void Set(std::int32_t user, const char* password) {
+    sqlite::SqliteConnection school(school_.Path(), "");
+    school.Open();
+    UserPasswords(school).Set(user, password);
+  }
+  void OnPassword(const std::function<void(PasswordDialog&)>& step) {
+    robot_.OnDialog("contraseña",
+                    [step](QWidget& dialog) { step(dynamic_cast<PasswordDialog&>(dialog)); });
+  }
+  /// What is told to who types that, as he sees it; the dialog stays.
+  static QString Try(PasswordDialog& dialog, const QString& name, const QString& password) {
+    dialog.Name().setText(name);
+    QTest::keyClicks(&dialog.Password(), password);
+    QTest::keyClick(&dialog.Password(), Qt::Key_Return);
+    return dialog.Answer().text();
+  }
+  /// All that the host has written of itself.
+  [[nodiscard]] QByteArray Kept() const {
+    const auto path = folder_.filePath("zendria.ini");
+    QSettings(path, QSettings::IniFormat).sync();
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+};
+
+TEST_F(PasswordsTest, TheNameAndItsPasswordComeIn) {
+  OnPassword([](PasswordDialog& dialog) {
+    EXPECT_TRUE(dialog.Name().hasFocus());
+    EXPECT_EQ(dialog.Password().echoMode(), QLineEdit::Password);
+    EXPECT_FALSE(dialog.EnterButton().isEnabled());
+    EXPECT_EQ(Try(dialog, "ana ruiz", kSecret), "");
+  });
+  EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
+  EXPECT_FALSE(window_->windowTitle().contains("sin contraseñas"));
+  EXPECT_FALSE(Kept().contains("alcachofas"));
+
+  // The next time only the password is wanting; another may come in his place.
+  OnPassword([](PasswordDialog& dialog) {
+    EXPECT_EQ(dialog.Name().text(), "Ana Ruiz");
+    EXPECT_TRUE(dialog.Password().hasFocus());
+    QTest::keyClicks(&dialog.Password(), kSecret);
+    QTest::keyClick(&dialog.Password(), Qt::Key_Return);
+  });
+  window_->findChild<QAction*>("cambiarUsuario")->trigger();
+  EXPECT_TRUE(robot_.Done());
+}
+
+TEST_F(PasswordsTest, NothingTellsWhetherNameOrPasswordWasWrong) {
+  OnPassword([](PasswordDialog& dialog) {
+    EXPECT_EQ(Try(dialog, "Ana Ruiz", "alcachofas verdes"), kWrong);
+    EXPECT_EQ(dialog.Password().text(), "");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Try(dialog, "Nadie", kSecret), kWrong);
+    dialog.reject();
+  });
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile()));
+  // Who has no password doesn't come in, the administrator least of all.
+  OnPassword([this](PasswordDialog& dialog) {
+    zendria::SignInDelay(preferences_, SchoolFile()).Succeeded();
+    EXPECT_EQ(dialog.Name().text(), "Dirección") << "asked for by his number, but not let in by it";
+    EXPECT_EQ(Try(dialog, "Dirección", ""), kWrong);
+    dialog.reject();
+  });
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile(), 1));
+  OnPassword([](PasswordDialog& dialog) {
+    EXPECT_EQ(dialog.Name().text(), "") << "a number that nobody has is no news either";
+    dialog.reject();
+  });
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile(), 99));
+  EXPECT_FALSE(window_->HasSchool());
+  EXPECT_TRUE(robot_.unexpected.empty());
+}
+
+TEST_F(PasswordsTest, AfterThreeWrongOnesOneWaitsAlsoInTheNextWindow) {
+  OnPassword([](PasswordDialog& dialog) {
+    for (int time = 0; time < 2; ++time) EXPECT_EQ(Try(dialog, "Ana Ruiz", "no es esta"), kWrong);
+    EXPECT_TRUE(dialog.EnterButton().isEnabled());
+    const auto told = Try(dialog, "Ana Ruiz", "tampoco es esta");
+    EXPECT_TRUE(told.startsWith(QString(kWrong) + " Espere ")) << told.toStdString();
+    EXPECT_FALSE(dialog.EnterButton().isEnabled());
+    Try(dialog, "Ana Ruiz", kSecret);
+    EXPECT_TRUE(dialog.isVisible()) << "not even with the right one";
+    dialog.reject();
+  });
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile()));
+  UseScreens(zendria::PendingScreens());
+  OnPassword([](PasswordDialog& dialog) {
+    EXPECT_TRUE(dialog.Answer().text().startsWith("Ha habido demasiados intentos. Espere "));
+    Try(dialog, "Ana Ruiz", kSecret);
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.reject();
+  });
+  EXPECT_FALSE(window_->OpenSchool(SchoolFile()));
+  EXPECT_TRUE(robot_.Done());
+}
+
+TEST_F(PasswordsTest, TheWaitGrowsAndPasses) {
+  auto now = QDateTime::currentDateTimeUtc();
+  zendria::SignInDelay delay(preferences_, "una", [&now] { return now; });
+  const auto left = [&delay] { return delay.Left().count(); };
+  for (const auto wait : {0, 0, 30, 60, 120, 240, 480, 900, 900}) {
+    delay.Failed();
+    EXPECT_EQ(left(), wait);
+    now = now.addSecs(wait);
+    EXPECT_EQ(left(), 0);
+  }
+  now = now.addDays(-3000);
+  EXPECT_EQ(left(), 900) << "a clock that was put back";
+  zendria::SignInDelay other(preferences_, "otra", [&now] { return now; });
+  EXPECT_EQ(other.Left().count(), 0);
+  delay.Succeeded();
+  EXPECT_EQ(left(), 0);
+  EXPECT_FALSE(Kept().contains("fallos"));
+}
+
+TEST_F(PasswordsTest, TheCentreIsChosenHereToo) {
+  school_.Sql("INSERT INTO Centro_TipoEnsenanza (CodCentro, CodTipoEnsenanza) VALUES (7,4)");
+  OnPassword([](PasswordDialog& dialog) {
+    auto* const box = dialog.findChild<QComboBox*>("centro");
+    EXPECT_TRUE(box->isVisible());
+    box->setCurrentIndex(box->count() - 1);
+    EXPECT_EQ(Try(dialog, "Ana Ruiz", kSecret), "");
+  });
+  EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
+  EXPECT_TRUE(LabelText("centro").startsWith("Centro 7"));
+}
+
+using SignInTest = HostTest;
+
+TEST_F(SignInTest, ASchoolWithoutPasswordsShowsIt) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+  EXPECT_TRUE(window_->windowTitle().contains(" (sin contraseñas) — Ana Ruiz — "))
+      << window_->windowTitle().toStdString();
+}
+
+TEST_F(SignInTest, WhoCameLastIsMarked) {
+  SignIn("gil");
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
+  UseScreens(zendria::PendingScreens());
+  robot_.OnDialog("entrada", [](QWidget& dialog) {
+    QTest::keyClick(&dynamic_cast<zendria::SignInDialog&>(dialog).List().Field(), Qt::Key_Return);
+  });
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
+  EXPECT_EQ(LabelText("usuario"), "Luis Gil");
+}
+
+TEST(LoginUserTest, ALoginIsTheUserOfItsName) {
+  const std::vector<User> users{{1, "Dirección", 0, true}, {2, "José", 3, false},
+                                {3, "jose", 3, false},     {4, "ana", 3, false},
+                                {5, "Eva", 3, false},      {6, "EVA", 3, false}};
+  const auto id = [&users](const char* login) {
+    const auto user = zendria::UserOfLogin(users, login);
+    return user ? user->id : 0;
+  };
+  EXPECT_EQ(id("direccion"), 1);
+  EXPECT_EQ(id("jose"), 3);
+  EXPECT_EQ(id("José"), 2);
+  EXPECT_EQ(id("Jose"), 0) << "either of two";
+  EXPECT_EQ(id("eva"), 0);
+  EXPECT_EQ(id("Eva"), 5);
+  EXPECT_EQ(id("CENTRO\\Ana"), 4);
+  EXPECT_EQ(id("zendria"), 0);
+  EXPECT_EQ(id(""), 0);
+  EXPECT_EQ(id("CENTRO\\"), 0);
+}
+
+class LoginTest : public HostTest {
+ protected:
+  void SetUp() override {
+    if (!OnServer()) GTEST_SKIP() << "no server";
+    place_ = zendria::OdbcPlace(QString::fromStdString(ServerString(school_.Path())));
+  }
+  void Call(int user) {
+    school_.Sql("UPDATE Usuario SET Nombre='Zendria' WHERE IDUsuario=" + std::to_string(user));
+  }
+  QString place_;
+};
+
+TEST_F(LoginTest, OnAServerTheLoginIsTheUserAndNobodyElse) {
+  Call(2);
+  robot_.OnDialog("entrada", [](QWidget& dialog) {
+    auto& list = dynamic_cast<zendria::SignInDialog&>(dialog).List();
+    EXPECT_EQ(list.List().count(), 1) << "his centre is asked for, and he isn't";
+    QTest::keyClick(&list.Field(), Qt::Key_Return);
+  });
+  EXPECT_TRUE(window_->OpenSchool(place_));
+  school_.Sql("DELETE FROM Centro_TipoEnsenanza WHERE CodCentro=2");
+  EXPECT_TRUE(window_->OpenSchool(place_));
+  EXPECT_TRUE(robot_.unexpected.empty()) << "nothing is asked";
+  EXPECT_EQ(LabelText("usuario"), "Zendria");
+  EXPECT_FALSE(window_->windowTitle().contains("sin contraseñas"));
+  QString told;
+  ReadNotice(told);
+  EXPECT_FALSE(window_->OpenSchool(place_, 1));
+  EXPECT_TRUE(told.startsWith("En un servidor se entra como uno mismo")) << told.toStdString();
+  EXPECT_TRUE(window_->OpenSchool(place_, 2));
+}
+
+TEST_F(LoginTest, OnAServerAnAdministratorChooses) {
+  Call(1);
+  SignIn("gil");
+  EXPECT_TRUE(window_->OpenSchool(place_));
+  EXPECT_EQ(LabelText("usuario"), "Luis Gil");
+  // And goes on choosing: it is the login that may, not who was chosen.
+  SignIn("ruiz");
+  window_->findChild<QAction*>("cambiarUsuario")->trigger();
+  EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
+  EXPECT_TRUE(window_->OpenSchool(place_, 3));
+}
+
+TEST_F(LoginTest, OnAServerALoginThatIsNobodyIsRefused) {
+  QString told;
+  ReadNotice(told);
+  EXPECT_FALSE(window_->OpenSchool(place_, 1));
+  EXPECT_TRUE(told.contains("«zendria» no es ninguno de los usuarios")) << told.toStdString();
+}
+
+}  // namespace
+}  // namespace quorvane::test
