@@ -8,6 +8,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
+#include "apps/quorvane-escuela/RepairCommand.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ struct Arguments {
   int publication = 0;
   std::string from;
   std::string to;
+  quorvane::RepairOptions repair;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -50,6 +52,21 @@ CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& 
   command->add_option("--odbc", arguments.odbc, "En su lugar, cadena de conexión ODBC")
       ->type_name("CADENA");
   return command;
+}
+
+const CLI::App* AddRepair(CLI::App& app, Arguments& arguments) {
+  auto* repair =
+      AddCommand(app, "reparar", "Arregla las filas que «comprobar» encuentra mal", arguments);
+  repair->add_flag("--simular", arguments.repair.simulate, "Solo dice lo que haría");
+  repair->add_flag("--con-copia-hecha", arguments.repair.backedUp,
+                   "En un servidor: ya hay una copia de la base de datos");
+  repair->add_flag("--con-publicaciones", arguments.repair.publicationsToo,
+                   "También si alguien parece estar introduciendo notas");
+  repair->footer(
+      "Un fichero se copia antes a otro, a su lado. Escribe las sentencias que lo desharían, una "
+      "por\nfila. Termina con 0, también si no había nada que reparar; con 1 si no se ha podido, "
+      "y\nentonces no se ha tocado nada.");
+  return repair;
 }
 
 int Run(int argc, char** argv) {
@@ -85,6 +102,8 @@ int Run(int argc, char** argv) {
   const auto* remove =
       locks->add_option("--borrar", arguments.publication, "Borra esa publicación y sus bloqueos")
           ->type_name("ID");
+
+  const auto* repair = AddRepair(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -122,6 +141,7 @@ int Run(int argc, char** argv) {
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
   if (check->parsed()) return quorvane::Check(school);
+  if (repair->parsed()) return quorvane::Repair(school, arguments.repair);
   if (remove->count() > 0) return quorvane::RemoveLocks(school, arguments.publication);
   return quorvane::ShowLocks(school);
 }
