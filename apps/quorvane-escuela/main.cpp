@@ -8,6 +8,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
+#include "apps/quorvane-escuela/ImportCommand.h"
 #include "apps/quorvane-escuela/RepairCommand.h"
 
 namespace {
@@ -37,6 +38,8 @@ struct Arguments {
   std::string from;
   std::string to;
   quorvane::RepairOptions repair;
+  std::string csv;
+  quorvane::ImportOptions import;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -67,6 +70,22 @@ const CLI::App* AddRepair(CLI::App& app, Arguments& arguments) {
       "por\nfila. Termina con 0, también si no había nada que reparar; con 1 si no se ha podido, "
       "y\nentonces no se ha tocado nada.");
   return repair;
+}
+
+const CLI::App* AddImport(CLI::App& app, Arguments& arguments) {
+  auto* import = AddCommand(app, "importar", "Pone en el registro los alumnos y materias de un CSV",
+                            arguments);
+  import->add_option("CSV", arguments.csv, "Fichero con los alumnos y sus materias")->type_name("");
+  import->add_flag("--simular", arguments.import.simulate, "Solo dice lo que haría");
+  import->add_flag("--lo-que-se-pueda", arguments.import.whatFits,
+                   "Importa las líneas que encajan y deja las demás");
+  import->footer(
+      "Columnas, por su encabezado: alumno (número, o «Apellidos, Nombre»), o apellidos y "
+      "nombre;\nsección; materia; curso (el de la materia, o su sección); evaluaciones (todas, o "
+      "sus nombres\nseparados por +); profesor, si se quiere. Con --odbc, CSV es el único "
+      "fichero. Termina con 0;\ncon 1 si alguna línea no encaja, y entonces no se ha escrito "
+      "nada.");
+  return import;
 }
 
 int Run(int argc, char** argv) {
@@ -104,6 +123,7 @@ int Run(int argc, char** argv) {
           ->type_name("ID");
 
   const auto* repair = AddRepair(app, arguments);
+  const auto* import = AddImport(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -128,6 +148,9 @@ int Run(int argc, char** argv) {
     return kBadArguments;
   }
   if (copy->parsed()) return quorvane::Copy(Address(arguments.from), Address(arguments.to));
+  // In the place of the school's file stands the one to import.
+  if (import->parsed() && !arguments.odbc.empty() && arguments.csv.empty())
+    arguments.csv.swap(arguments.file);
   if (arguments.file.empty() == arguments.odbc.empty()) {
     std::cerr << "quorvane-escuela: "
               << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
@@ -141,6 +164,13 @@ int Run(int argc, char** argv) {
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
   if (check->parsed()) return quorvane::Check(school);
+  if (import->parsed()) {
+    if (arguments.csv.empty()) {
+      std::cerr << "quorvane-escuela: Falta CSV\nPruebe quorvane-escuela --help\n";
+      return kBadArguments;
+    }
+    return quorvane::Import(school, arguments.csv, arguments.import);
+  }
   if (repair->parsed()) return quorvane::Repair(school, arguments.repair);
   if (remove->count() > 0) return quorvane::RemoveLocks(school, arguments.publication);
   return quorvane::ShowLocks(school);
