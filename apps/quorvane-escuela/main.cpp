@@ -10,6 +10,7 @@
 #include "apps/quorvane-escuela/Commands.h"
 #include "apps/quorvane-escuela/ImportCommand.h"
 #include "apps/quorvane-escuela/RepairCommand.h"
+#include "apps/quorvane-escuela/StateCommand.h"
 
 namespace {
 
@@ -40,6 +41,7 @@ struct Arguments {
   quorvane::RepairOptions repair;
   std::string csv;
   quorvane::ImportOptions import;
+  quorvane::StateOptions state;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -88,6 +90,18 @@ const CLI::App* AddImport(CLI::App& app, Arguments& arguments) {
   return import;
 }
 
+const CLI::App* AddState(CLI::App& app, Arguments& arguments) {
+  auto* state = AddCommand(app, "estado", "Dice qué notas faltan, y de quién", arguments);
+  state->add_option("--evaluacion", arguments.state.filter.evaluation, "Solo esa evaluación")
+      ->type_name("N");
+  state->add_flag("--faltan", arguments.state.filter.missingOnly, "Solo donde falta alguna");
+  state->add_flag("--detalle", arguments.state.detail, "También las materias de cada sección");
+  state->add_flag("--profesores", arguments.state.byTeacher, "Por profesores, y no por secciones");
+  auto* csv = state->add_flag("--csv", arguments.state.csv, "Una fila por materia, en CSV");
+  state->add_flag("--json", arguments.state.json, "Lo mismo, en JSON")->excludes(csv);
+  return state;
+}
+
 int Run(int argc, char** argv) {
   CLI::App app("Crea, comprueba y arregla escuelas para el módulo de pendientes.",
                "quorvane-escuela");
@@ -124,6 +138,7 @@ int Run(int argc, char** argv) {
 
   const auto* repair = AddRepair(app, arguments);
   const auto* import = AddImport(app, arguments);
+  const auto* state = AddState(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -164,6 +179,7 @@ int Run(int argc, char** argv) {
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
   if (check->parsed()) return quorvane::Check(school);
+  if (state->parsed()) return quorvane::State(school, arguments.state);
   if (import->parsed()) {
     if (arguments.csv.empty()) {
       std::cerr << "quorvane-escuela: Falta CSV\nPruebe quorvane-escuela --help\n";
