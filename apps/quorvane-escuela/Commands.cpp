@@ -3,8 +3,6 @@
 #include <iomanip>
 #include <iostream>
 #include <string>
-#include <unistd.h>
-#include <utility>
 #include <vector>
 
 #include "apps/escuela/CopySchool.h"
@@ -14,6 +12,7 @@
 #include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
+#include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/StopSignals.h"
 #include "apps/quorvane-escuela/UserCommands.h"
 
@@ -21,31 +20,6 @@ namespace quorvane {
 namespace {
 
 constexpr auto kMayBeTorn = 3;
-
-/// Shows how far a long task has come, on a terminal alone: a log has no use for it.
-class ProgressLine {
- public:
-  /// `doing` is what the task is called: "Generando".
-  explicit ProgressLine(std::string doing)
-      : doing_(std::move(doing)), shown_(isatty(STDERR_FILENO) == 1) {}
-  ~ProgressLine() { Show("\r\033[K"); }
-  ProgressLine(const ProgressLine&) = delete;
-  ProgressLine& operator=(const ProgressLine&) = delete;
-  ProgressLine(ProgressLine&&) = delete;
-  ProgressLine& operator=(ProgressLine&&) = delete;
-
-  void Percent(std::size_t done, std::size_t all) const {
-    Show("\r" + doing_ + "... " + std::to_string(all == 0 ? 100 : done * 100 / all) + " %");
-  }
-
- private:
-  void Show(const std::string& text) const {
-    if (shown_) std::cerr << text << std::flush;
-  }
-
-  std::string doing_;
-  bool shown_;
-};
 
 void Print(const std::vector<std::string>& lines) {
   for (const auto& line : lines) std::cout << line << '\n';

@@ -8,6 +8,9 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
+#include "apps/quorvane-escuela/ImportCommand.h"
+#include "apps/quorvane-escuela/RepairCommand.h"
+#include "apps/quorvane-escuela/StateCommand.h"
 #include "apps/quorvane-escuela/UserCommands.h"
 
 namespace {
@@ -37,6 +40,10 @@ struct Arguments {
   std::string from;
   std::string to;
   std::string user;
+  quorvane::RepairOptions repair;
+  std::string csv;
+  quorvane::ImportOptions import;
+  quorvane::StateOptions state;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -64,6 +71,49 @@ CLI::App* AddUserOrder(CLI::App& users, const std::string& name, const std::stri
         ->required()
         ->type_name("");
   return order;
+}
+
+const CLI::App* AddRepair(CLI::App& app, Arguments& arguments) {
+  auto* repair =
+      AddCommand(app, "reparar", "Arregla las filas que «comprobar» encuentra mal", arguments);
+  repair->add_flag("--simular", arguments.repair.simulate, "Solo dice lo que haría");
+  repair->add_flag("--con-copia-hecha", arguments.repair.backedUp,
+                   "En un servidor: ya hay una copia de la base de datos");
+  repair->add_flag("--con-publicaciones", arguments.repair.publicationsToo,
+                   "También si alguien parece estar introduciendo notas");
+  repair->footer(
+      "Un fichero se copia antes a otro, a su lado. Escribe las sentencias que lo desharían, una "
+      "por\nfila. Termina con 0, también si no había nada que reparar; con 1 si no se ha podido, "
+      "y\nentonces no se ha tocado nada.");
+  return repair;
+}
+
+const CLI::App* AddImport(CLI::App& app, Arguments& arguments) {
+  auto* import = AddCommand(app, "importar", "Pone en el registro los alumnos y materias de un CSV",
+                            arguments);
+  import->add_option("CSV", arguments.csv, "Fichero con los alumnos y sus materias")->type_name("");
+  import->add_flag("--simular", arguments.import.simulate, "Solo dice lo que haría");
+  import->add_flag("--lo-que-se-pueda", arguments.import.whatFits,
+                   "Importa las líneas que encajan y deja las demás");
+  import->footer(
+      "Columnas, por su encabezado: alumno (número, o «Apellidos, Nombre»), o apellidos y "
+      "nombre;\nsección; materia; curso (el de la materia, o su sección); evaluaciones (todas, o "
+      "sus nombres\nseparados por +); profesor, si se quiere. Con --odbc, CSV es el único "
+      "fichero. Termina con 0;\ncon 1 si alguna línea no encaja, y entonces no se ha escrito "
+      "nada.");
+  return import;
+}
+
+const CLI::App* AddState(CLI::App& app, Arguments& arguments) {
+  auto* state = AddCommand(app, "estado", "Dice qué notas faltan, y de quién", arguments);
+  state->add_option("--evaluacion", arguments.state.filter.evaluation, "Solo esa evaluación")
+      ->type_name("N");
+  state->add_flag("--faltan", arguments.state.filter.missingOnly, "Solo donde falta alguna");
+  state->add_flag("--detalle", arguments.state.detail, "También las materias de cada sección");
+  state->add_flag("--profesores", arguments.state.byTeacher, "Por profesores, y no por secciones");
+  auto* csv = state->add_flag("--csv", arguments.state.csv, "Una fila por materia, en CSV");
+  state->add_flag("--json", arguments.state.json, "Lo mismo, en JSON")->excludes(csv);
+  return state;
 }
 
 int Run(int argc, char** argv) {
@@ -107,6 +157,9 @@ int Run(int argc, char** argv) {
       AddUserOrder(*users, "clave", "Pone a uno la contraseña que se teclea", arguments, true);
   const auto* removePassword =
       AddUserOrder(*users, "quitar", "Quita a uno su contraseña", arguments, true);
+  const auto* repair = AddRepair(app, arguments);
+  const auto* import = AddImport(app, arguments);
+  const auto* state = AddState(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -131,6 +184,9 @@ int Run(int argc, char** argv) {
     return kBadArguments;
   }
   if (copy->parsed()) return quorvane::Copy(Address(arguments.from), Address(arguments.to));
+  // In the place of the school's file stands the one to import.
+  if (import->parsed() && !arguments.odbc.empty() && arguments.csv.empty())
+    arguments.csv.swap(arguments.file);
   if (arguments.file.empty() == arguments.odbc.empty()) {
     std::cerr << "quorvane-escuela: "
               << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
@@ -147,6 +203,15 @@ int Run(int argc, char** argv) {
   if (setPassword->parsed()) return quorvane::SetPassword(school, arguments.user);
   if (removePassword->parsed()) return quorvane::RemovePassword(school, arguments.user);
   if (users->parsed()) return quorvane::ShowUsers(school);
+  if (state->parsed()) return quorvane::State(school, arguments.state);
+  if (import->parsed()) {
+    if (arguments.csv.empty()) {
+      std::cerr << "quorvane-escuela: Falta CSV\nPruebe quorvane-escuela --help\n";
+      return kBadArguments;
+    }
+    return quorvane::Import(school, arguments.csv, arguments.import);
+  }
+  if (repair->parsed()) return quorvane::Repair(school, arguments.repair);
   if (remove->count() > 0) return quorvane::RemoveLocks(school, arguments.publication);
   return quorvane::ShowLocks(school);
 }

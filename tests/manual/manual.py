@@ -16,7 +16,9 @@ HOST_FOLDERS = ('apps/zendria',)
 HOST_CALLS = ('SchoolError(', 'QMessageBox box(', 'setInformativeText(', 'showMessage(')
 # In these the texts of a box are told apart from where it is shown.
 HOST_WHOLE_FILES = ('FailureBox.cpp', 'NodeRunner.cpp')
-TOOL_FILES = ('apps/escuela/SchoolCheck.cpp', 'apps/quorvane-escuela/Commands.cpp')
+TOOL_FILES = ('apps/escuela/SchoolCheck.cpp', 'apps/quorvane-escuela/Commands.cpp',
+              'apps/escuela/repair/SchoolRepair.cpp', 'apps/quorvane-escuela/RepairCommand.cpp',
+              'apps/quorvane-escuela/ImportCommand.cpp', 'apps/quorvane-escuela/StateCommand.cpp')
 # Not for the reader: names of objects, formats and the like.
 SHORTEST_TEXT = 12
 

@@ -1,0 +1,97 @@
+#include "apps/escuela/import/SchoolImport.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/Transaction.h"
+#include "apps/escuela/import/ImportPlan.h"
+#include "apps/escuela/import/PlayedConnection.h"
+#include "apps/escuela/import/RegisterPlayer.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+using BySection = std::map<const RegisterLookup::Section*, std::vector<ImportedSubject>>;
+
+BySection Sorted(const ImportPlan& plan) {
+  BySection bySection;
+  for (const auto& subject : plan.subjects) bySection[subject.section].push_back(subject);
+  // A register may have nothing to be given but teachers.
+  for (const auto& [section, teachers] : plan.teachers) bySection[section];
+  return bySection;
+}
+
+class Importer {
+ public:
+  Importer(const SchoolAddress& address, Connection& school)
+      : centro_(school, "centro"),
+        borrado_(address.StandBy("borrado")),
+        entrada_(address.StandBy("entrada")),
+        otra_(address.StandBy("")),
+        player_({centro_, *borrado_, *entrada_, *otra_}, ReachesSqlServer(school)) {}
+
+  void Play(const ImportPlan& plan, const RegisterLookup& school, ImportReport& report,
+            const std::function<void(std::size_t, std::size_t)>& progress) {
+    const auto bySection = Sorted(plan);
+    std::set<std::int32_t> students;
+    std::size_t done = 0;
+    for (const auto& [section, subjects] : bySection) {
+      const auto teachers = plan.teachers.find(section);
+      const auto& given = teachers == plan.teachers.end() ? kNoTeachers : teachers->second;
+      if (player_.Play(*section, subjects, given, school, [] {}) == RegisterPlayer::End::InUse) {
+        report.misfits.push_back("El registro de " + section->name +
+                                 " está en uso: alguien introduce notas, y no se puede guardar");
+      } else {
+        for (const auto& subject : subjects) students.insert(subject.student->id);
+        report.subjects += subjects.size();
+        report.teachers += given.size();
+      }
+      if (progress) progress(++done, bySection.size());
+    }
+    report.students = students.size();
+  }
+
+ private:
+  inline static const std::map<std::int32_t, std::int32_t> kNoTeachers;
+
+  PlayedConnection centro_;
+  std::unique_ptr<Connection> borrado_;
+  std::unique_ptr<Connection> entrada_;
+  std::unique_ptr<Connection> otra_;
+  RegisterPlayer player_;
+};
+
+}  // namespace
+
+ImportReport ImportRegister(
+    const SchoolAddress& address, const std::string& file, const ImportOptions& options,
+    const std::function<void(std::size_t done, std::size_t all)>& progress) {
+  const auto rows = ReadCsv(file);
+  const auto school = address.Open(
+      "", options.simulate ? SchoolAddress::Access::ReadOnly : SchoolAddress::Access::ReadWrite);
+  RequireSchool(*school, "No se puede importar en " + address.Shown() + ": ");
+  std::optional<Transaction> transaction;
+  if (!options.simulate) {
+    transaction.emplace(*school);
+    // A file is held for writing at once, and waited for: what is looked up stays so.
+    school->Execute("DELETE FROM BloqueoPte WHERE 1=0");
+  }
+  const RegisterLookup lookup(*school);
+  const auto plan = PlanImport(rows, lookup);
+  ImportReport report;
+  report.lines = plan.lines;
+  report.misfits = plan.misfits;
+  report.standing = plan.standing;
+  if (options.simulate || (!report.misfits.empty() && !options.whatFits)) return report;
+  Importer(address, *school).Play(plan, lookup, report, progress);
+  if (!report.misfits.empty() && !options.whatFits) return report;
+  transaction->Keep();
+  report.written = true;
+  return report;
+}
+
+}  // namespace quorvane

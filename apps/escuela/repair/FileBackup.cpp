@@ -1,0 +1,65 @@
+#include "apps/escuela/repair/FileBackup.h"
+
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/QuotedText.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+std::string Now() {
+  const auto now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  char text[32];
+  return {text, std::strftime(text, sizeof text, "%Y%m%d-%H%M%S", &local)};
+}
+
+/// A name that no file has yet: two repairs may fall into one second.
+std::string FreeName(const std::string& school) {
+  const auto name = school + ".antes-de-reparar-" + Now();
+  auto free = name;
+  for (auto number = 2; std::filesystem::exists(std::filesystem::symlink_status(free)); ++number)
+    free = name + "-" + std::to_string(number);
+  return free;
+}
+
+}  // namespace
+
+FileBackup::~FileBackup() {
+  std::error_code ignored;
+  if (!kept_ && !path_.empty()) std::filesystem::remove(path_, ignored);
+}
+
+void FileBackup::Make(const std::string& school) {
+  const auto copy = FreeName(school);
+  try {
+    // The engine makes no copy through a connection that may not write.
+    sqlite::SqliteConnection original(school, "");
+    original.Open();
+    const auto journal = original.Execute("PRAGMA journal_mode").Fields(0).Text();
+    path_ = copy;
+    std::string statement = "VACUUM INTO ";
+    AppendQuoted(statement, copy, sqltext::Engine::Sqlite);
+    original.Execute(statement);
+    if (journal != "wal") return;
+    sqlite::SqliteConnection made(copy, "");
+    made.Open();
+    made.Execute("PRAGMA journal_mode=WAL");
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "No se ha podido hacer la copia " + copy +
+                           ", y no se ha tocado nada: " + error.Description());
+  }
+}
+
+std::string FileBackup::Keep() {
+  kept_ = true;
+  return path_;
+}
+
+}  // namespace quorvane

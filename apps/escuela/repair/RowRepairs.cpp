@@ -1,0 +1,160 @@
+#include "apps/escuela/repair/RowRepairs.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <optional>
+
+#include "apps/escuela/repair/DoubledRows.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/text/AsciiCase.h"
+
+namespace quorvane {
+namespace {
+
+std::string Join(std::initializer_list<std::string_view> pieces) {
+  std::string text;
+  for (const auto piece : pieces) text += piece;
+  return text;
+}
+
+/// The column that is a table's primary key; empty for a table without one.
+std::string KeyOf(std::string_view table) {
+  for (const auto& candidate : SchoolTables())
+    if (EqualNoCase(candidate.name, std::string(table)))
+      for (const auto& column : candidate.columns)
+        if (column.kind == SchemaKind::Key) return column.name;
+  return {};
+}
+
+bool HoldsGrades(std::string_view table) {
+  return table == "EvaluacionPte" || table == "EvaluacionActaPte";
+}
+
+/// Which of rows that stand twice is worth most.
+std::string_view BestFirst(std::string_view table) {
+  if (HoldsGrades(table)) return "CASE WHEN CodNota>0 THEN 0 ELSE 1 END";
+  if (table == "Profesor_Pte") return "CASE WHEN CodProfesor=0 THEN 1 ELSE 0 END";
+  if (table == "FechaNotas") return "FechaFin DESC";
+  return {};
+}
+
+}  // namespace
+
+void RowRepairs::Remove(std::string_view table, const std::string& condition,
+                        const std::string& reason) {
+  auto rows = school_.Execute(Join({"SELECT * FROM ", table, " WHERE ", condition}));
+  if (rows.Eof()) return;
+  for (; !rows.Eof(); rows.MoveNext()) journal_.Removed(table, rows, rows.Names().size(), reason);
+  school_.Execute(Join({"DELETE FROM ", table, " WHERE ", condition}));
+}
+
+void RowRepairs::Clear(const Reference& reference, const std::string& condition,
+                       const std::string& reason) {
+  const auto key = KeyOf(reference.table);
+  // The one table without a key that has an optional reference tells its rows by the other column.
+  const auto other = key.empty() ? std::string("CodMatDet") : key;
+  auto rows = school_.Execute(Join(
+      {"SELECT ", other, ", ", reference.column, " FROM ", reference.table, " WHERE ", condition}));
+  if (rows.Eof()) return;
+  for (; !rows.Eof(); rows.MoveNext())
+    journal_.Changed(
+        Join({"UPDATE ", reference.table, " SET ", reference.column, "=", rows.Fields(1).Text(),
+              " WHERE ", other, "=", rows.Fields(0).Text(), " AND ", reference.column, "=0"}),
+        reason);
+  school_.Execute(
+      Join({"UPDATE ", reference.table, " SET ", reference.column, "=0 WHERE ", condition}));
+}
+
+void RowRepairs::Orphans(const Reference& reference) {
+  const auto condition =
+      Join({reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
+  const auto reason = Join({"su ", reference.column, " no está en ", reference.target});
+  if (reference.optional)
+    Clear(reference, Join({condition, " AND ", reference.column, "<>0"}), reason);
+  else
+    Remove(reference.table, condition, reason);
+}
+
+std::int32_t RowRepairs::NextKey(std::string_view table, std::string_view key) {
+  return school_.Execute(Join({"SELECT MAX(", key, ") FROM ", table})).Fields(0).Long() + 1;
+}
+
+void RowRepairs::Misplaced(std::string_view table, std::string_view other,
+                           std::string_view otherKind) {
+  const auto condition = Join(
+      {"CodNumEvaluacion IN (SELECT IDNumEvaluacion FROM NumEvaluacion WHERE ", otherKind, ")"});
+  auto rows = school_.Execute(Join({"SELECT * FROM ", table, " WHERE ", condition}));
+  if (rows.Eof()) return;
+  const auto key = KeyOf(other);
+  const std::string common =
+      "CodAlumnoPte_MatDet, CodNumEvaluacion, Evaluado, CodNota, "
+      "CodNotaObservacion, UltimaEvaluada";
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const auto subject = rows.Fields("CodAlumnoPte_MatDet").Text();
+    const auto evaluation = rows.Fields("CodNumEvaluacion").Text();
+    const auto there =
+        school_.Execute(Join({"SELECT 1 FROM ", other, " WHERE CodAlumnoPte_MatDet=", subject,
+                              " AND CodNumEvaluacion=", evaluation}));
+    if (!there.Eof()) continue;
+    const auto id = std::to_string(NextKey(other, key));
+    std::string values;
+    for (const auto* const column : {"Evaluado", "CodNota", "CodNotaObservacion", "UltimaEvaluada"})
+      values += "," + std::to_string(rows.Fields(column).Long());
+    school_.Execute(Join({"INSERT INTO ", other, " (", key, ", ", common, ") VALUES (", id, ",",
+                          subject, ",", evaluation, values, ")"}));
+    journal_.Changed(Join({"DELETE FROM ", other, " WHERE ", key, "=", id}),
+                     Join({"llevada de ", table, ", donde no le toca"}));
+  }
+  Remove(table, condition, Join({"su evaluación es de ", other}));
+}
+
+void RowRepairs::MoveGrades(std::string_view table) {
+  const std::string first =
+      "(SELECT MIN(Primera.IDAlumnoPte_MatDet) FROM AlumnoPte_MatDet Primera INNER JOIN "
+      "AlumnoPte_MatDet Doble ON Doble.CodAlumno=Primera.CodAlumno AND "
+      "Doble.CodMatDet=Primera.CodMatDet WHERE Doble.IDAlumnoPte_MatDet=";
+  const auto key = KeyOf(table);
+  auto rows = school_.Execute(
+      Join({"SELECT ", key, ", CodAlumnoPte_MatDet FROM ", table,
+            " WHERE CodAlumnoPte_MatDet IN (SELECT Doble.IDAlumnoPte_MatDet FROM AlumnoPte_MatDet "
+            "Doble INNER JOIN AlumnoPte_MatDet Primera ON Doble.CodAlumno=Primera.CodAlumno AND "
+            "Doble.CodMatDet=Primera.CodMatDet WHERE "
+            "Doble.IDAlumnoPte_MatDet>Primera.IDAlumnoPte_MatDet)"}));
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const auto before = rows.Fields(1).Text();
+    const auto which = Join({" WHERE ", key, "=", rows.Fields(0).Text()});
+    school_.Execute(Join({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", first, before, ")", which,
+                          " AND CodAlumnoPte_MatDet=", before}));
+    journal_.Changed(Join({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", before, which}),
+                     "pasada a la fila que queda de su materia");
+  }
+}
+
+void RowRepairs::Doubles(const Unique& unique) {
+  const DoubledRows doubled(school_, unique.table, unique.columns, BestFirst(unique.table));
+  if (!doubled.Any()) return;
+  if (unique.table == "AlumnoPte_MatDet") {
+    MoveGrades("EvaluacionPte");
+    MoveGrades("EvaluacionActaPte");
+  }
+  for (auto rows = doubled.Read(); !rows.Eof(); rows.MoveNext())
+    journal_.Removed(unique.table, rows, rows.Names().size() - 1,
+                     Join({"repite ", unique.columns}));
+  doubled.Remove();
+}
+
+void RowRepairs::DoubledKeys(std::string_view table, std::string_view key) {
+  const DoubledRows doubled(school_, table, key);
+  if (!doubled.Any()) return;
+  if (!HoldsGrades(table)) return Doubles({table, key});
+  for (auto rows = doubled.Read(); !rows.Eof(); rows.MoveNext()) {
+    const auto id = NextKey(table, key);
+    const auto before = Join({key, "=", rows.Fields(key).Text()});
+    doubled.Set(key, id, before);
+    journal_.Changed(
+        Join({"UPDATE ", table, " SET ", before, " WHERE ", key, "=", std::to_string(id)}),
+        Join({"repetía ", key}));
+  }
+}
+
+}  // namespace quorvane

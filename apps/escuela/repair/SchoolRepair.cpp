@@ -1,0 +1,90 @@
+#include "apps/escuela/repair/SchoolRepair.h"
+
+#include <algorithm>
+
+#include "apps/escuela/LockList.h"
+#include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolRules.h"
+#include "apps/escuela/Transaction.h"
+#include "apps/escuela/repair/FileBackup.h"
+#include "apps/escuela/repair/RepairJournal.h"
+#include "apps/escuela/repair/RowRepairs.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+using sqltext::Engine;
+
+// A fault leaves others behind at most as often as references stand in a row.
+constexpr auto kMostRounds = 12;
+
+[[noreturn]] void Refuse(const std::string& reason) {
+  throw RuntimeError(ErrorNumber::StatementFailed, reason);
+}
+
+void RequireNobody(Connection& school) {
+  const auto publications = LockList(school).Read();
+  const auto open = std::count_if(publications.begin(), publications.end(),
+                                  [](const auto& publication) { return publication.exists; });
+  if (open == 0) return;
+  Refuse("Hay publicaciones de notas (" + std::to_string(open) +
+         "): alguien puede estar introduciéndolas. Mire de quién son con «quorvane-escuela "
+         "bloqueos», quite las de quien ya no está con «bloqueos --borrar», o repita con "
+         "--con-publicaciones");
+}
+
+void MendOnce(RowRepairs& repairs) {
+  for (const auto& reference : kReferences) repairs.Orphans(reference);
+  repairs.Misplaced("EvaluacionPte", "EvaluacionActaPte", "Final<>0");
+  repairs.Misplaced("EvaluacionActaPte", "EvaluacionPte", "Final=0");
+  for (const auto& unique : kUniques) repairs.Doubles(unique);
+  for (const auto& table : SchoolTables())
+    for (const auto& column : table.columns)
+      if (column.kind == SchemaKind::Key) repairs.DoubledKeys(table.name, column.name);
+}
+
+void Mend(Connection& school, RepairJournal& journal) {
+  RowRepairs repairs(school, journal);
+  for (auto round = 0; round < kMostRounds; ++round) {
+    MendOnce(repairs);
+    if (SchoolCheck(school).Rows().empty()) return;
+  }
+  Refuse("No se ha podido reparar: " + SchoolCheck(school).Rows().front());
+}
+
+/// Nobody else writes from here on, and what others have just written is seen.
+const char* Begin(Engine engine) {
+  return engine == Engine::PostgreSql ? "BEGIN TRANSACTION ISOLATION LEVEL REPEATABLE READ"
+                                      : "BEGIN TRANSACTION";
+}
+
+}  // namespace
+
+RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options) {
+  const auto school = address.Open("");
+  RequireSchool(*school, "No se puede reparar " + address.Shown() + ": ");
+  RepairReport report;
+  if (SchoolCheck(*school).Rows().empty()) return report;
+  if (address.IsOdbc() && !options.backedUp && !options.simulate)
+    Refuse("Haga antes una copia de la base de datos, y repita con --con-copia-hecha");
+  const auto engine = EngineReached(*school);
+  if (engine == Engine::SqlServer) school->Execute("SET TRANSACTION ISOLATION LEVEL SERIALIZABLE");
+  Transaction transaction(*school, Begin(engine));
+  // A file is held for writing at once, and waited for.
+  school->Execute("DELETE FROM BloqueoPte WHERE 1=0");
+  if (!options.publicationsToo && !options.simulate) RequireNobody(*school);
+  FileBackup backup;
+  if (!address.IsOdbc() && !options.simulate) backup.Make(address.Text());
+  RepairJournal journal(engine);
+  Mend(*school, journal);
+  if (!options.simulate) transaction.Keep();
+  report.copy = backup.Keep();
+  report.removed = journal.RemovedRows();
+  report.changed = journal.ChangedRows();
+  report.undo = journal.Undo();
+  return report;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,227 @@
+#include "apps/escuela/state/SchoolState.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace quorvane {
+namespace {
+
+constexpr auto kSecondFinal = 2;
+
+std::string Trimmed(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  return first == std::string::npos ? std::string()
+                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string Number(std::int32_t number) { return std::to_string(number); }
+
+std::string TutorCondition(std::int32_t staff) {
+  return "Alumno.CodSeccion IN (SELECT IDSeccion FROM Seccion WHERE CodTutor=" + Number(staff) +
+         ")";
+}
+
+std::string TeacherCondition(std::int32_t staff) {
+  return "AlumnoPte_MatDet.CodMatDet IN (SELECT CodMatDet FROM Profesor_Pte WHERE CodProfesor=" +
+         Number(staff) + ")";
+}
+
+/// The conditions of a filter, each with AND before it.
+std::string Conditions(const StateFilter& filter) {
+  std::string text;
+  if (filter.centre != 0)
+    text +=
+        " AND Alumno.CodSeccion IN (SELECT IDSeccion FROM Seccion INNER JOIN Curso ON "
+        "Curso.IDCurso=Seccion.CodCurso INNER JOIN Centro_TipoEnsenanza ON "
+        "Centro_TipoEnsenanza.CodTipoEnsenanza=Curso.CodTipoEnsenanza WHERE CodCentro=" +
+        Number(filter.centre) + ")";
+  if (filter.tutor != 0) text += " AND " + TutorCondition(filter.tutor);
+  if (filter.teacher != 0) text += " AND " + TeacherCondition(filter.teacher);
+  if (filter.either != 0)
+    text +=
+        " AND (" + TutorCondition(filter.either) + " OR " + TeacherCondition(filter.either) + ")";
+  return text;
+}
+
+}  // namespace
+
+SchoolState::SchoolState(Connection& school, std::string today)
+    : school_(school), today_(std::move(today)) {
+  ReadEvaluations();
+  ReadNames();
+}
+
+void SchoolState::ReadEvaluations() {
+  for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion, Final, Orden FROM "
+                                   "NumEvaluacion ORDER BY Final DESC, Extraordinaria DESC, Orden");
+       !rows.Eof(); rows.MoveNext()) {
+    const auto id = rows.Fields(0).Long();
+    const auto final = rows.Fields(2).Flag();
+    const auto order = rows.Fields(3).Long();
+    evaluations_.push_back({id, rows.Fields(1).Text(), final});
+    if (final && order == kSecondFinal) secondFinals_.insert(id);
+    if (final && order == 1 && firstFinal_.empty()) firstFinal_ = Number(id);
+  }
+  // The flags' True is another number on each engine; ordinary ones take place first on all.
+  std::stable_partition(evaluations_.begin(), evaluations_.end(),
+                        [](const Evaluation& evaluation) { return !evaluation.final; });
+  if (firstFinal_.empty()) firstFinal_ = "0";
+}
+
+void SchoolState::ReadNames() {
+  auto place = 0;
+  for (auto rows = school_.Execute(
+           "SELECT IDSeccion, Seccion.Descripcion FROM Seccion INNER JOIN Curso ON "
+           "Curso.IDCurso=Seccion.CodCurso ORDER BY Curso.CodTipoEnsenanza, Curso.Orden, "
+           "Seccion.Descripcion, IDSeccion");
+       !rows.Eof(); rows.MoveNext())
+    sections_[rows.Fields(0).Long()] = {rows.Fields(1).Text(), ++place};
+  for (auto rows = school_.Execute("SELECT IDPersonal, Apellido1, Apellido2, Nombre FROM Personal");
+       !rows.Eof(); rows.MoveNext())
+    staff_[rows.Fields(0).Long()] =
+        Trimmed(rows.Fields(1).Text() + " " + rows.Fields(2).Text()) + ", " + rows.Fields(3).Text();
+  for (auto rows = school_.Execute("SELECT CodMatDet, MAX(CodProfesor) FROM Profesor_Pte GROUP BY "
+                                   "CodMatDet");
+       !rows.Eof(); rows.MoveNext())
+    teacherOf_[rows.Fields(0).Long()] = rows.Fields(1).Long();
+  for (auto rows = school_.Execute(
+           "SELECT CodSeccion, CodNumEvaluacion, FechaInicio, FechaFin FROM FechaNotas");
+       !rows.Eof(); rows.MoveNext()) {
+    StateWindow window{rows.Fields(2).Text(), rows.Fields(3).Text(), true};
+    window.open = today_ >= window.from && today_ <= window.to;
+    // Of doubled windows the screens read the first.
+    windows_.emplace(std::pair(rows.Fields(0).Long(), rows.Fields(1).Long()), window);
+  }
+}
+
+std::string SchoolState::Statement(const Evaluation& evaluation, const StateFilter& filter,
+                                   bool bySubject, std::int32_t section) const {
+  const std::string table = evaluation.final ? "EvaluacionActaPte" : "EvaluacionPte";
+  const std::string groups =
+      std::string("Alumno.CodSeccion") + (bySubject ? ", AlumnoPte_MatDet.CodMatDet" : "");
+  const auto entered = "SUM(CASE WHEN " + table + ".CodNota>0 THEN 1 ELSE 0 END)";
+  auto statement =
+      "SELECT " + groups + ", COUNT(*) AS Pendientes, " + entered + " AS Puestas FROM (((" + table +
+      " INNER JOIN AlumnoPte_MatDet ON AlumnoPte_MatDet.IDAlumnoPte_MatDet=" + table +
+      ".CodAlumnoPte_MatDet) INNER JOIN Alumno ON Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno) "
+      "INNER JOIN MateriaDetalles ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_MatDet.CodMatDet) "
+      "INNER JOIN TipoMateria ON TipoMateria.IDTipoMateria=MateriaDetalles.CodTipoMateria WHERE " +
+      table + ".CodNumEvaluacion=" + Number(evaluation.id) +
+      " AND Alumno.Anticipado=0 AND (Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL) AND "
+      "TipoMateria.CodEspecificarTipoMateria";
+  statement += evaluation.final ? "<>3" : "=1";
+  if (secondFinals_.contains(evaluation.id))
+    statement +=
+        " AND (TipoMateria.CodEspecificarTipoMateria=4 OR EXISTS (SELECT 1 FROM EvaluacionActaPte "
+        "Primera INNER JOIN Nota ON Nota.IDNota=Primera.CodNota WHERE "
+        "Primera.CodAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet AND "
+        "Primera.CodNumEvaluacion=" +
+        firstFinal_ + " AND Nota.Aprobado=0))";
+  statement += Conditions(filter);
+  if (section != 0) statement += " AND Alumno.CodSeccion=" + Number(section);
+  statement += " GROUP BY " + groups;
+  if (filter.missingOnly) statement += " HAVING COUNT(*)>" + entered;
+  return statement;
+}
+
+std::vector<StateRow> SchoolState::Read(const StateFilter& filter, bool bySubject,
+                                        std::int32_t section) const {
+  std::vector<StateRow> all;
+  for (const auto& evaluation : evaluations_) {
+    if (filter.evaluation != 0 && filter.evaluation != evaluation.id) continue;
+    for (auto rows = school_.Execute(Statement(evaluation, filter, bySubject, section));
+         !rows.Eof(); rows.MoveNext()) {
+      StateRow row;
+      row.evaluation = evaluation.id;
+      row.section = rows.Fields(0).Long();
+      if (bySubject) {
+        row.subject = rows.Fields(1).Long();
+        const auto teacher = teacherOf_.find(row.subject);
+        if (teacher != teacherOf_.end()) row.teacher = teacher->second;
+      }
+      const std::size_t counts = bySubject ? 2 : 1;
+      row.pending = rows.Fields(counts).Long();
+      row.entered = rows.Fields(counts + 1).Long();
+      all.push_back(row);
+    }
+  }
+  MarkLocks(all, bySubject);
+  Sort(all);
+  return all;
+}
+
+std::vector<StateRow> SchoolState::Sections(const StateFilter& filter) const {
+  return Read(filter, false, 0);
+}
+
+std::vector<StateRow> SchoolState::Subjects(const StateFilter& filter, std::int32_t section) const {
+  return Read(filter, true, section);
+}
+
+void SchoolState::MarkLocks(std::vector<StateRow>& rows, bool bySubject) const {
+  std::map<std::tuple<std::int32_t, std::int32_t, std::int32_t>, int> locks;
+  for (auto locked = school_.Execute(
+           "SELECT DISTINCT BloqueoPte.CodNumEvaluacion, Alumno.CodSeccion, BloqueoPte.CodMatDet "
+           "FROM (BloqueoPte INNER JOIN AlumnoPte_MatDet ON "
+           "AlumnoPte_MatDet.CodMatDet=BloqueoPte.CodMatDet) INNER JOIN Alumno ON "
+           "Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno");
+       !locked.Eof(); locked.MoveNext())
+    ++locks[{locked.Fields(0).Long(), locked.Fields(1).Long(),
+             bySubject ? locked.Fields(2).Long() : 0}];
+  if (locks.empty()) return;
+  for (auto& row : rows) {
+    const auto found = locks.find({row.evaluation, row.section, row.subject});
+    if (found != locks.end()) row.locked = found->second;
+  }
+}
+
+void SchoolState::Sort(std::vector<StateRow>& rows) const {
+  std::map<std::int32_t, int> order;
+  for (const auto& evaluation : evaluations_)
+    order.emplace(evaluation.id, static_cast<int>(order.size()));
+  const auto place = [this](std::int32_t section) {
+    const auto found = sections_.find(section);
+    return found == sections_.end() ? 0 : found->second.second;
+  };
+  std::stable_sort(rows.begin(), rows.end(), [&](const StateRow& one, const StateRow& other) {
+    return std::tuple(order[one.evaluation], place(one.section), one.subject) <
+           std::tuple(order[other.evaluation], place(other.section), other.subject);
+  });
+}
+
+std::string SchoolState::EvaluationName(std::int32_t id) const {
+  for (const auto& evaluation : evaluations_)
+    if (evaluation.id == id) return evaluation.name;
+  return Number(id);
+}
+
+std::string SchoolState::SectionName(std::int32_t id) const {
+  const auto found = sections_.find(id);
+  return found == sections_.end() ? "sección " + Number(id) : found->second.first;
+}
+
+std::string SchoolState::SubjectName(std::int32_t id) const {
+  if (subjects_.empty())
+    for (auto rows = school_.Execute(
+             "SELECT IDMateriaDetalles, Materia.Nombre, MateriaDetalles.CodSeccion FROM "
+             "MateriaDetalles LEFT JOIN Materia ON Materia.IDMateria=MateriaDetalles.CodMateria");
+         !rows.Eof(); rows.MoveNext())
+      subjects_[rows.Fields(0).Long()] = {rows.Fields(1).Text(), rows.Fields(2).Long()};
+  const auto found = subjects_.find(id);
+  return found == subjects_.end()
+             ? "materia " + Number(id)
+             : found->second.first + " (" + SectionName(found->second.second) + ")";
+}
+
+std::string SchoolState::TeacherName(std::int32_t id) const {
+  if (id == 0) return {};
+  const auto found = staff_.find(id);
+  return found == staff_.end() ? "docente " + Number(id) : found->second;
+}
+
+StateWindow SchoolState::Window(std::int32_t section, std::int32_t evaluation) const {
+  const auto found = windows_.find({section, evaluation});
+  return found == windows_.end() ? StateWindow() : found->second;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,52 @@
+#include "apps/quorvane-escuela/ImportCommand.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "apps/quorvane-escuela/ProgressLine.h"
+
+namespace quorvane {
+namespace {
+
+constexpr auto kPatience = std::chrono::seconds(2);
+constexpr std::size_t kMostShown = 1000;
+
+std::string Counted(std::size_t count, const char* one, const char* many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+void Print(std::ostream& out, const std::vector<std::string>& lines) {
+  const auto shown = std::min(lines.size(), kMostShown);
+  for (std::size_t i = 0; i < shown; ++i) out << lines[i] << '\n';
+  if (shown < lines.size()) out << "… y otras " << lines.size() - shown << " líneas\n";
+}
+
+}  // namespace
+
+int Import(const SchoolAddress& address, const std::string& file, const ImportOptions& options) {
+  ImportReport report;
+  {
+    const ProgressLine progress("Importando", kPatience);
+    report = ImportRegister(address, file, options, [&](std::size_t done, std::size_t all) {
+      progress.Percent(done, all);
+    });
+  }
+  const auto fits = report.misfits.empty();
+  if (options.simulate) Print(std::cout, report.lines);
+  if (!fits) {
+    std::cout << "No encajan:\n";
+    Print(std::cout, report.misfits);
+  }
+  if (report.written)
+    std::cout << "Importadas " << Counted(report.subjects, "materia", "materias") << " de "
+              << Counted(report.students, "alumno", "alumnos") << "; "
+              << Counted(report.standing, "ya estaba", "ya estaban") << "; "
+              << Counted(report.teachers, "profesor puesto", "profesores puestos") << '\n';
+  else if (options.simulate)
+    std::cout << "Simulado: no se ha escrito nada\n";
+  else
+    std::cout << "No se ha importado nada: corrija el fichero, o repita con --lo-que-se-pueda\n";
+  return fits || options.whatFits ? 0 : 1;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,24 @@
+#include "apps/quorvane-escuela/ProgressLine.h"
+
+#include <iostream>
+#include <unistd.h>
+#include <utility>
+
+namespace quorvane {
+
+ProgressLine::ProgressLine(std::string doing, std::chrono::milliseconds patience)
+    : doing_(std::move(doing)),
+      from_(std::chrono::steady_clock::now() + patience),
+      shown_(isatty(STDERR_FILENO) == 1) {}
+
+ProgressLine::~ProgressLine() { Show("\r\033[K"); }
+
+void ProgressLine::Percent(std::size_t done, std::size_t all) const {
+  Show("\r" + doing_ + "... " + std::to_string(all == 0 ? 100 : done * 100 / all) + " %");
+}
+
+void ProgressLine::Show(const std::string& text) const {
+  if (shown_ && std::chrono::steady_clock::now() >= from_) std::cerr << text << std::flush;
+}
+
+}  // namespace quorvane
