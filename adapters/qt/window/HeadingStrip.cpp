@@ -19,7 +19,7 @@ QLabel* Line(const char* name) {
   return label;
 }
 
-bool Show(QLabel& label, const QString& text) {
+bool Say(QLabel& label, const QString& text) {
   if (label.text() == text) return false;
   label.setText(text);
   label.setVisible(!text.isEmpty());
@@ -43,8 +43,8 @@ HeadingStrip::HeadingStrip(QWidget& window)
 }
 
 bool HeadingStrip::Tell(const QString& place, const QString& remark) {
-  const auto placeChanged = Show(*place_, place);
-  if (!Show(*remark_, remark) && !placeChanged) return false;
+  const auto placeChanged = Say(*place_, place);
+  if (!Say(*remark_, remark) && !placeChanged) return false;
   setVisible(!place.isEmpty() || !remark.isEmpty());
   return true;
 }
