@@ -53,7 +53,7 @@ void PickClass(FormWindow& window, const char* kind, const char* course, const c
 void Close(FormWindow& window) { window.close(); }
 
 qt::RetivoEditor* EditorOf(const QTableView& table) {
-  for (auto* const child : table.findChildren<QFrame*>())
+  for (auto* const child : table.window()->findChildren<QFrame*>())
     if (auto* const editor = dynamic_cast<qt::RetivoEditor*>(child)) return editor;
   return nullptr;
 }
