@@ -93,6 +93,40 @@ TEST_F(GridMenuTest, AListWithNothingToOfferOpensNone) {
   });
 }
 
+TEST_F(GridMenuTest, FillsDownWhatIsSelectedRoundTheCellThatItIsAskedFor) {
+  form->rtvNotas.AddItem("Ana");
+  const auto extend = Key("rtvNotas", Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+  const auto fill = [](qt::FormWindow& window) {
+    AskOnCell(window, "rtvNotas", 1, 1);
+    ASSERT_NE(Opened(), nullptr);
+    EXPECT_THAT(Entries(*Opened()),
+                ElementsAre("Copiar", "Copiar la tabla entera", "Pegar", "Rellenar hacia abajo"));
+    Choose("Rellenar hacia abajo");
+  };
+  Run(Key("rtvNotas", Qt::Key_Right), extend, extend, fill, [](qt::FormWindow& window) {
+    EXPECT_EQ(CellText(window, "rtvNotas", 1, 1), "10");
+    EXPECT_EQ(CellText(window, "rtvNotas", 2, 1), "10");
+    EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->selectionModel()->selectedIndexes().size(), 3);
+  });
+}
+
+TEST_F(GridMenuTest, PastesTheClipboard) {
+  QGuiApplication::clipboard()->setText("5\n1\n");
+  Run([](qt::FormWindow& window) {
+    AskOnCell(window, "rtvNotas", 0, 2);
+    Choose("Pegar");
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 2), "5");
+    EXPECT_EQ(CellText(window, "rtvNotas", 1, 2), "1");
+    // What can't be done stands there in grey.
+    QGuiApplication::clipboard()->clear();
+    AskOnCell(window, "rtvNotas", 0, 0);
+    const auto actions = Opened()->actions();
+    EXPECT_FALSE(actions[2]->isEnabled());
+    EXPECT_FALSE(actions[3]->isEnabled());
+    Opened()->close();
+  });
+}
+
 TEST_F(GridMenuTest, OpensNoneWhereTheUserMayNotAct) {
   form->cmdPagina.Click = [this] {
     form->msgRejilla.Enabled(false);

@@ -1,6 +1,7 @@
 // A grid of grades is worked on as a spreadsheet is.
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -232,6 +233,38 @@ TEST_F(SheetKeysTest, ManyLeftTextsStandInTheDetails) {
   };
   Run(OnClipboard("a\nb\nc\nd\ne\nf\ng\nh\ni\nj\nk\nl\n"), StandOn(0, 1), paste);
   EXPECT_EQ(details.split('\n').size(), 12);
+}
+
+TEST_F(SheetKeysTest, LongPastingShowsThatItWorks) {
+  const auto spin = [](qint64 milliseconds) {
+    QElapsedTimer clock;
+    for (clock.start(); clock.elapsed() < milliseconds;) continue;
+  };
+  std::vector<std::string> shown;
+  form->rtvNotas.InicioEdicion = [this, spin, &shown] {
+    shown.push_back(CellText(*screen.ActiveWindow(), "rtvNotas", 0, 1) +
+                    (QGuiApplication::overrideCursor() != nullptr ? " reloj" : ""));
+    form->rtvNotas.ListaAnadir(1, "5", 5);
+    spin(120);
+  };
+  Run(OnClipboard("5\n5\n5\n5\n"), StandOn(0, 1), paste);
+  ASSERT_EQ(shown.size(), 4);
+  EXPECT_EQ(shown[0], "");
+  EXPECT_EQ(shown[1], "5") << "what is in already is seen";
+  EXPECT_EQ(shown[3], "5 reloj");
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SheetKeysTest, PastingEndsWhenTheProgramDoes) {
+  form->rtvNotas.InicioEdicion = [this] {
+    form->Log("inicio");
+    form->rtvNotas.ListaAnadir(1, "5", 5);
+    if (form->rtvNotas.Row() == 2) screen.Leave();
+  };
+  Then([this](auto&) { form->log.clear(); }, OnClipboard("5\n5\nx\n5\n"), StandOn(0, 1), paste);
+  form->ShowModal();
+  EXPECT_THAT(form->log, ElementsAre("inicio", "fin 0", "inicio", "descarga"));
+  EXPECT_THAT(messages, IsEmpty());
 }
 
 TEST_F(SheetKeysTest, OneTextIsPastedIntoAllThatIsSelected) {

@@ -1,19 +1,30 @@
 #include "adapters/qt/grid/GridHint.h"
 
+#include <QStringList>
+#include <array>
+
 namespace quorvane::qt {
 namespace {
 
 constexpr int kLeastLines = 6;  // of the grid, so that its keys are worth a line
-constexpr auto kKeys =
-    "Escriba la nota: Intro baja, Tab sigue a la derecha. F2 abre la lista, Supr quita la nota. "
-    "Ctrl+V pega una columna, Ctrl+D rellena hacia abajo.";
+constexpr std::array kKeys{
+    "Intro: abajo",  "Tab: a la derecha", "con Mayús: al revés",     "F2 o Espacio: lista",
+    "Esc: dejarla",  "Supr: quitar",      "Ctrl+↑, Ctrl+↓: moverse", "Ctrl+C: copiar",
+    "Ctrl+V: pegar", "Ctrl+D: rellenar"};
+
+/// What belongs together stays in a line.
+QString Text() {
+  QStringList keys;
+  for (const auto* key : kKeys) keys << QString(key).replace(' ', QChar::Nbsp);
+  return keys.join(" · ");
+}
 
 }  // namespace
 
 GridHint::GridHint(QWidget* parent) : QLabel(parent) {
   setObjectName("pistaTeclas");
   setTextFormat(Qt::PlainText);
-  setText(kKeys);
+  setText(Text());
   setWordWrap(true);
   setMargin(1);
 }

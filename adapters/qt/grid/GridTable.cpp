@@ -111,6 +111,7 @@ std::vector<int> GridTable::Widths() const {
   }
   const auto share = std::max(0, room) / static_cast<int>(plain.size());
   for (const auto i : plain) widths[i] += share;
+  widths[plain.back()] += std::max(0, room) - share * static_cast<int>(plain.size());
   return widths;
 }
 
