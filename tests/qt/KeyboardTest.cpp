@@ -156,7 +156,7 @@ TEST_F(KeyboardTest, TheRegisterNeedsNoMouse) {
        ExpectReachable, TabTo("cboSeccion"), enter);
   Then(ExpectReachable, PressButton("cmdListar"), TabTo("msgAlumnos"), Press(Qt::Key_End),
        Press(Qt::Key_Home), PressButton("cmdPropiedades"), TabTo("TabDatos"), Press(Qt::Key_Right),
-       ExpectReachable, PressButton("cmdPropMat"), escape);
+       ExpectReachable, PressButton("cmdPropMat"), PressButton("cmdCancelar"));
   Then(ExpectReachable, escape);  // the students
   Then(ExpectReachable, PressButton("cmdAgregar"), PressButton("cmdPropiedades"), escape);
   Then(PickByKey("cboCurso", 0), PickByKey("cboSeccion", 0), ExpectReachable, escape);
@@ -168,7 +168,7 @@ TEST_F(KeyboardTest, TheRegisterNeedsNoMouse) {
 
 TEST_F(KeyboardTest, StudentsGoFromListToListByEnter) {
   Then(PickByKey("cboTEnsenanza", 0), PickByKey("cboCurso", 2), PickByKey("cboSeccion", 0), enter);
-  Then(PressButton("cmdListar"), escape);
+  Then(PressButton("cmdListar"), PressButton("cmdCancelar"));
   const auto moveTheLast = [](auto& window) {
     const auto* left = Of<QListWidget>(window, "lstSeleccionados");
     const auto* right = Of<QListWidget>(window, "lstDisponibles");
@@ -206,7 +206,7 @@ TEST_P(GradeKeyboardTest, NeedsNoMouse) {
          PickByKey("cboEvaluaciones", evaluation), pickOwnChoice, ExpectReachable,
          TabTo("cboEvaluaciones"), enter);
     Then(ExpectReachable, TabTo("rtvNotasAlumno"), Press(Qt::Key_Tab), Press(Qt::Key_F2),
-         escapeClosesTheListAlone, escape);
+         escapeClosesTheListAlone, PressButton("cmdCancelar"));
   }
   Then(escape);
   OpenNode(static_cast<std::uint8_t>(GetParam()));

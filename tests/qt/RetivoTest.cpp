@@ -103,9 +103,9 @@ TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
     form->rtvNotas.InicioEdicion = [this] { form->Log("nada"); };
   };
   RunAt(0, 1, InList(Qt::Key_Escape), offerNothing, At(1, 1), ListIs(false), Press(Qt::Key_F2),
-        Press(Qt::Key_Return), Press(Qt::Key_7), ListIs(false),
+        Press(Qt::Key_7), ListIs(false), Press(Qt::Key_Return), ListIs(false),
         [this](auto&) { EXPECT_TRUE(form->Visible()); });
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "nada", "nada", "nada", "nada"));
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "nada", "nada", "nada"));
 }
 
 TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
@@ -134,10 +134,9 @@ TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1", "anfitrión 10 3", "fin 3"));
 }
 
-TEST_F(RetivoTest, F2AndEnterOpenTheList) {
-  RunAt(0, 0, ListIs(false), Press(Qt::Key_Right), Press(Qt::Key_F2), InList(Qt::Key_Escape),
-        Press(Qt::Key_Return), InList(Qt::Key_Escape));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1"));
+TEST_F(RetivoTest, F2OpensTheList) {
+  RunAt(0, 0, ListIs(false), Press(Qt::Key_Right), Press(Qt::Key_F2), InList(Qt::Key_Escape));
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
 }
 
 TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
@@ -339,6 +338,8 @@ TEST_F(RetivoTest, TheGridStandsStillUntilItMayBePaintedAgain) {
 
 TEST_F(RetivoTest, DraggingAColumnTellsItsWidthOnceAndTheFormMaySetItBack) {
   auto told = 0;
+  // No room is left to be shared out.
+  form->rtvNotas.ColWidth(2, 4000);
   form->rtvNotas.CambioAncho = [this, &told] {
     told = form->rtvNotas.ColWidth(0);
     form->rtvNotas.ColWidth(0, 1500);

@@ -1,5 +1,6 @@
 #include <QElapsedTimer>
 #include <QGroupBox>
+#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
@@ -35,8 +36,14 @@ TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsForm) {
   Run([](qt::FormWindow& window) {
     EXPECT_EQ(window.windowTitle(), "Prueba de controles");
     EXPECT_EQ(window.size(), Inner(9840, 6120));
-    EXPECT_EQ(Of(window, "rtvNotas")->geometry(),
+    EXPECT_EQ(Of(window, "msgRejilla")->geometry(),
+              QRect(qt::Pixels(120), qt::Pixels(2520), qt::Pixels(4740), qt::Pixels(2400)));
+    // The line that tells its keys stands in the room of the grid.
+    const auto* hint = window.findChild<QLabel*>("pistaTeclas");
+    EXPECT_EQ(Of(window, "rtvNotas")->geometry() | hint->geometry(),
               QRect(qt::Pixels(4980), qt::Pixels(2520), qt::Pixels(4620), qt::Pixels(2400)));
+    EXPECT_FALSE(Of(window, "rtvNotas")->geometry().intersects(hint->geometry()));
+    EXPECT_GE(hint->height(), hint->heightForWidth(hint->width()));
   });
 }
 

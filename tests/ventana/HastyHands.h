@@ -19,6 +19,7 @@
 #include "tests/ventana/InputQueue.h"
 #include "tests/ventana/Keys.h"
 #include "tests/ventana/OpenList.h"
+#include "tests/ventana/SheetGestures.h"
 #include "tests/ventana/ShownGrades.h"
 #include "tests/ventana/Weighted.h"
 
@@ -50,6 +51,10 @@ class HastyHands {
       queue_.Key(front.windowHandle(), Qt::Key_Escape);
       return {"tecla Esc"};
     }
+    // A text that is being typed takes what is pasted for itself.
+    if (EntersGrades(window.Model()) && &front == &window && (!open || open->typed.isEmpty()) &&
+        Chance(15))
+      return {SheetGestures::Put(random_, queue_, window.windowHandle()), SheetGestures::kMany};
     // Half of what is typed into a list is left there, for something else.
     if (open && !open->typed.isEmpty() && random_.Chance(50)) return ClickBeside(front);
     // Grades are typed; the other forms are filled in with the mouse.

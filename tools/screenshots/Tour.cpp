@@ -52,20 +52,22 @@ void PickClass(FormWindow& window, const char* kind, const char* course, const c
 
 void Close(FormWindow& window) { window.close(); }
 
-qt::RetivoEditor* EditorOf(const QTableView& table) {
-  for (auto* const child : table.findChildren<QFrame*>())
-    if (auto* const editor = dynamic_cast<qt::RetivoEditor*>(child)) return editor;
+/// The list that a cell of the window has opened; null when none is open.
+qt::RetivoEditor* OpenedIn(const QWidget& window) {
+  for (auto* const child : window.findChildren<QFrame*>())
+    if (auto* const editor = dynamic_cast<qt::RetivoEditor*>(child);
+        editor != nullptr && editor->IsOpen())
+      return editor;
   return nullptr;
 }
 
 /// Opens the list of the column's first cell that has one. Null when none has.
 qt::RetivoEditor* OpenList(QTableView& table, int column) {
-  auto* const editor = EditorOf(table);
   const auto* const cells = table.model();
   for (int row = 0; row < cells->rowCount(); ++row) {
     table.setCurrentIndex(cells->index(row, column));
     PressKey(table, Qt::Key_F2);
-    if (editor != nullptr && editor->isVisible()) return editor;
+    if (auto* const editor = OpenedIn(*table.window())) return editor;
   }
   return nullptr;
 }
@@ -256,7 +258,7 @@ void Tour::StepTwo(const std::string& form, const QString& picture) {
 void Tour::TakeList(FormWindow& window, QTableView& grid, int column, const QString& picture) {
   auto* const list = OpenList(grid, column);
   if (list == nullptr) return;
-  camera_.Take(picture, window, list);
+  camera_.Take(picture, window);
   PressKey(*list->findChild<QLineEdit*>(), Qt::Key_Escape);
 }
 

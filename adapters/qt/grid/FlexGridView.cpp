@@ -11,7 +11,7 @@ FlexGridView::FlexGridView(FormWindow& window, MSFlexGrid& grid)
     : ControlView(window, grid), grid_(grid), table_(new GridTable(Surface())) {
   Use(table_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->StretchColumns();
+  table_->FitColumns();
   table_->TakesKey = [this](const QKeyEvent& key) { return TakesEnter(key.key()); };
   connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) {

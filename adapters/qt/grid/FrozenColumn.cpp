@@ -21,6 +21,7 @@ FrozenColumn::FrozenColumn(QTableView& table) : QTableView(&table), table_(table
   verticalHeader()->hide();
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setTextElideMode(Qt::ElideRight);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   const auto follow = [this] { Follow(); };
   connect(table.horizontalScrollBar(), &QScrollBar::valueChanged, this, follow);

@@ -16,6 +16,11 @@ std::vector<QString> CopyRow(const Grid& grid, int row) {
   return texts;
 }
 
+/// A name is no markup, whatever signs it holds.
+QString AsToolTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
 }  // namespace
 
 void GridModel::Take(const Grid& grid) {
@@ -60,8 +65,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return text;
     case Qt::ToolTipRole:
-      // A name is no markup, whatever signs it holds.
-      return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+      return AsToolTip(text);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (Centred(index.column()) ? Qt::AlignHCenter : Qt::AlignLeft));
@@ -81,6 +85,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
   if (role == Qt::DisplayRole) return heading_[static_cast<std::size_t>(section)];
+  if (role == Qt::ToolTipRole) return AsToolTip(heading_[static_cast<std::size_t>(section)]);
   if (role == Qt::TextAlignmentRole)
     return QVariant::fromValue(Qt::AlignVCenter |
                                (Centred(section) ? Qt::AlignHCenter : Qt::AlignLeft));

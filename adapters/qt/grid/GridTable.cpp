@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -38,6 +39,7 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setMinimumSectionSize(8);
+  horizontalHeader()->setTextElideMode(Qt::ElideRight);
   horizontalHeader()->setMinimumHeight(fontMetrics().height() + kRowPadding);
   names_ = new FrozenColumn(*this);
   const auto choose = [this] { chosen_ = true; };
@@ -54,8 +56,7 @@ void GridTable::Take(const Grid& grid) {
   columns.reserve(static_cast<std::size_t>(grid.Cols()));
   for (int col = 0; col < grid.Cols(); ++col)
     columns.push_back({Pixels(grid.ColWidth(col)), grid.ColAlignment(col) == kCentred});
-  // Widths that the user dragged stay until the grid sets others.
-  if (columns != columns_ || !stretch_) {
+  if (columns != columns_ || !fit_) {
     columns_ = std::move(columns);
     ShowWidths();
   }
@@ -97,6 +98,7 @@ std::vector<int> GridTable::Widths() const {
   auto wanted = -room;
   for (const auto i : plain) wanted += std::max(0, missing(i));
   for (const auto i : plain) {
+    if (!fit_) break;
     const auto share = std::clamp(-missing(i), 0, std::max(0, wanted));
     widths[i] -= share;
     room += share;
@@ -109,10 +111,12 @@ std::vector<int> GridTable::Widths() const {
   }
   const auto share = std::max(0, room) / static_cast<int>(plain.size());
   for (const auto i : plain) widths[i] += share;
+  widths[plain.back()] += std::max(0, room) - share * static_cast<int>(plain.size());
   return widths;
 }
 
 void GridTable::ShowWidths() {
+  const QScopedValueRollback layingOut(laysOut_, true);
   const auto widths = Widths();
   for (int col = 0; col < static_cast<int>(widths.size()); ++col) {
     const auto width = widths[static_cast<std::size_t>(col)];
@@ -144,14 +148,36 @@ void GridTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
 }
 
 QItemSelectionRange GridTable::Chosen() const {
-  const auto selected = selectionModel()->selection();
-  return !chosen_ || selected.isEmpty() ? QItemSelectionRange() : selected.front();
+  QRect around;
+  for (const auto& range : selectionModel()->selection())
+    around |= QRect(range.left(), range.top(), range.width(), range.height());
+  if (!chosen_ || around.isEmpty()) return {};
+  return {model()->index(around.top(), around.left()),
+          model()->index(around.bottom(), around.right())};
 }
 
 void GridTable::Copy() const {
   const auto part = Chosen();
   if (part.isEmpty()) return CopyAll();
   QGuiApplication::clipboard()->setText(TextOfRows(RowsOf(*this, part)));
+}
+
+void GridTable::Choose(const QItemSelectionRange& part) {
+  selectionModel()->select(QItemSelection(part.topLeft(), part.bottomRight()),
+                           QItemSelectionModel::ClearAndSelect);
+}
+
+bool GridTable::ChooseNothing() {
+  const auto part = Chosen();
+  if (part.width() * part.height() < 2) return false;
+  setCurrentIndex(currentIndex());
+  chosen_ = false;
+  return true;
+}
+
+void GridTable::Arrow(Qt::Key arrow, bool extend) {
+  QKeyEvent press(QEvent::KeyPress, arrow, extend ? Qt::ShiftModifier : Qt::NoModifier);
+  QTableView::keyPressEvent(&press);
 }
 
 void GridTable::CopyAll() const {

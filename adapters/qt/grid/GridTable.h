@@ -20,9 +20,11 @@ class GridTable : public QTableView {
   /// Shows the grid's cells, headings and widths, and makes its current cell the table's. Raises
   /// no signal of the selection.
   void Take(const Grid& grid);
-  /// Room that the columns leave goes to those that aren't centred, first to cut texts, which take
-  /// what those columns don't need as well.
+  /// Room that the columns leave goes to those that aren't centred, first to cut texts.
   void StretchColumns() { stretch_ = true; }
+  /// Cut texts also take what those columns don't need, and widths that the user has dragged stay
+  /// until the grid sets others.
+  void FitColumns() { stretch_ = fit_ = true; }
   /// A text too long for its column goes on in another line.
   void WrapTexts();
 
@@ -32,6 +34,17 @@ class GridTable : public QTableView {
   void Copy() const;
   /// The whole table, with its headings.
   void CopyAll() const;
+
+  /// Selects what lies within, as the user does. Leaves the current cell where it is.
+  void Choose(const QItemSelectionRange& part);
+  /// The user selects nothing any more; the current cell stays. False when he had selected no more
+  /// than that.
+  bool ChooseNothing();
+  /// As the arrow by itself does, or with Shift where `extend`: the keyboard's arrow may be
+  /// another's.
+  void Arrow(Qt::Key arrow, bool extend);
+  /// The columns are being laid out, not dragged.
+  [[nodiscard]] bool LaysOut() const noexcept { return laysOut_; }
 
   /// Hands the keyboard to the control after it, or with False before it.
   void Leave(bool forward) { QTableView::focusNextPrevChild(forward); }
@@ -68,6 +81,8 @@ class GridTable : public QTableView {
   FrozenColumn* names_ = nullptr;
   std::vector<Column> columns_;
   bool stretch_ = false;
+  bool fit_ = false;
+  bool laysOut_ = false;
   bool chosen_ = false;  // by the user
 };
 

@@ -10,6 +10,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "adapters/qt/grid/GridCommand.h"
+
 namespace quorvane::qt {
 namespace {
 
@@ -219,8 +221,17 @@ void RetivoEditor::MoveBy(int rows) {
         std::clamp(list_->currentRow() + rows, 0, std::max(0, list_->count() - 1)));
 }
 
-bool RetivoEditor::TakesKey(int key) {
-  switch (key) {
+bool RetivoEditor::HandsOn(const QKeyEvent& key) {
+  if (!filter_->text().isEmpty() || CommandOf(key) == GridCommand::None) return false;
+  Close(Qt::PopupFocusReason);
+  QKeyEvent again(key.type(), key.key(), key.modifiers(), key.text());
+  QCoreApplication::sendEvent(&table_, &again);
+  return true;
+}
+
+bool RetivoEditor::TakesKey(const QKeyEvent& key) {
+  const auto back = (key.modifiers() & Qt::ShiftModifier) != 0;
+  switch (key.key()) {
     case Qt::Key_Up:
       MoveBy(-1);
       return true;
@@ -235,7 +246,7 @@ bool RetivoEditor::TakesKey(int key) {
       return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      Choose(Then::Stay);
+      Choose(back ? Then::Up : Then::Down);
       return true;
     case Qt::Key_Tab:
       Choose(Then::Next);
@@ -247,7 +258,7 @@ bool RetivoEditor::TakesKey(int key) {
       Close(Qt::PopupFocusReason);
       return true;
     default:
-      return false;
+      return HandsOn(key);
   }
 }
 
@@ -263,7 +274,7 @@ void RetivoEditor::LeaveByFocus(Qt::FocusReason reason) {
 
 bool RetivoEditor::eventFilter(QObject* /*watched*/, QEvent* event) {
   if (event->type() == QEvent::FocusOut) LeaveByFocus(static_cast<QFocusEvent*>(event)->reason());
-  return event->type() == QEvent::KeyPress && TakesKey(static_cast<QKeyEvent*>(event)->key());
+  return event->type() == QEvent::KeyPress && TakesKey(*static_cast<QKeyEvent*>(event));
 }
 
 }  // namespace quorvane::qt

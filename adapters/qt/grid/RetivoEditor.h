@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -13,7 +14,8 @@ class QListWidget;
 namespace quorvane::qt {
 
 /// The list that a cell opens: what is typed narrows it, Enter, Tab or a click on an entry chooses,
-/// Esc gives it up. One for all cells of a table, and owned by the window that it lies over.
+/// Esc gives it up. What a key does with the grid's cells it does until something is typed. One for
+/// all cells of a table, and owned by the window that it lies over.
 ///
 /// It is a part of that window and no window of its own: there is one keyboard, and which key finds
 /// the list open is decided by the order of the keys alone, however fast they come.
@@ -29,7 +31,7 @@ class RetivoEditor : public QFrame {
   };
 
   /// What the user does after choosing.
-  enum class Then { Stay, Next, Previous };
+  enum class Then { Stay, Next, Previous, Down, Up };
 
   /// Opens below the cell, or above where there is more room, with the entry chosen whose text the
   /// cell shows, and narrowed by what has been typed already. Numbers stand by value, in whatever
@@ -48,7 +50,7 @@ class RetivoEditor : public QFrame {
   std::function<QRect()> Cell;
   /// The entry's place in the list that was handed to `Open`. Called after the list has closed.
   std::function<void(int entry, Then then)> Chosen;
-  /// Tab with nothing marked and nothing typed: nothing is chosen, but the user goes on.
+  /// Tab or Enter with nothing marked and nothing typed: nothing is chosen, but the user goes on.
   std::function<void(Then then)> LeftAlone;
 
  protected:
@@ -65,7 +67,8 @@ class RetivoEditor : public QFrame {
   void ShowRefusal(bool refused);
   void Close(Qt::FocusReason reason);
   void Choose(Then then);
-  bool TakesKey(int key);
+  bool TakesKey(const QKeyEvent& key);
+  bool HandsOn(const QKeyEvent& key);
   void MoveBy(int rows);
   void LeaveByFocus(Qt::FocusReason reason);
 

@@ -1,9 +1,13 @@
 #include "adapters/qt/grid/RetivoView.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "adapters/qt/grid/CellTargets.h"
+#include "adapters/qt/grid/GridCommand.h"
+#include "adapters/qt/grid/GridHint.h"
 #include "adapters/qt/grid/GridMenu.h"
 #include "adapters/qt/grid/GridTable.h"
 #include "adapters/qt/views/Units.h"
@@ -11,23 +15,42 @@
 #include "adapters/qt/window/QtFrontEnd.h"
 
 namespace quorvane::qt {
+namespace {
+
+constexpr qsizetype kLinesInMessage = 10;
+
+bool IsEnter(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+bool IsArrowUpOrDown(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
+}
+
+}  // namespace
 
 RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
-    : ControlView(window, retivo), retivo_(retivo), table_(new GridTable(Surface())) {
+    : ControlView(window, retivo),
+      retivo_(retivo),
+      table_(new GridTable(Surface())),
+      hint_(new GridHint(Surface())),
+      edits_(window, retivo) {
   Use(table_);
   editor_ = new RetivoEditor(window, *table_);
   editor_->Cell = [this] { return RoomOf(table_->currentIndex()); };
   editor_->Chosen = [this](int entry, RetivoEditor::Then then) {
-    EndEdit(entry);
+    Gesture([this, entry] { edits_.End(entry); });
     GoOn(then);
   };
   editor_->LeftAlone = [this](RetivoEditor::Then then) { GoOn(then); };
   table_->setSelectionBehavior(QAbstractItemView::SelectItems);
   table_->setSelectionMode(QAbstractItemView::ContiguousSelection);
   table_->WrapTexts();
+  table_->StretchColumns();
   table_->TakesKey = [this](const QKeyEvent& key) { return TakesKey(key); };
   table_->TakesTab = [this](bool forward) { return MoveOn(forward); };
-  connect(table_, &QTableView::clicked, this, [this](const QModelIndex& cell) { Open(cell, {}); });
+  connect(table_, &QTableView::clicked, this,
+          [this](const QModelIndex& cell) { OpenByMouse(cell); });
   connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& cell) {
             if (!cell.isValid()) return;
@@ -37,7 +60,7 @@ RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
             });
           });
   connect(table_->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
-    if (!Showing()) draggedColumn_ = column;
+    if (!Showing() && !table_->LaysOut()) draggedColumn_ = column;
   });
   table_->horizontalHeader()->viewport()->installEventFilter(this);
   FillMenu(*new GridMenu(window, retivo, *table_));
@@ -46,6 +69,19 @@ RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
 void RetivoView::FillMenu(GridMenu& menu) {
   menu.Add({"Copiar", "Ctrl+C", [this] { table_->Copy(); }, {}});
   menu.Add({"Copiar la tabla entera", {}, [this] { table_->CopyAll(); }, {}});
+  menu.Add({"Pegar", "Ctrl+V", [this] { Paste(); },
+            [] { return !QGuiApplication::clipboard()->text().isEmpty(); }});
+  menu.Add({"Rellenar hacia abajo", "Ctrl+D", [this] { FillDown(); },
+            [this] { return Opens(table_->currentIndex()) && !FillTargets(*table_).empty(); }});
+}
+
+void RetivoView::Place(const QRect& room) {
+  hint_->setVisible(Model().Visible());
+  ControlView::Place(Model().Visible() ? hint_->TakeFrom(room) : room);
+}
+
+bool RetivoView::KeepsKey(const QKeyEvent& key) const {
+  return IsArrowUpOrDown(key) && (key.modifiers() & Qt::ControlModifier) != 0;
 }
 
 void RetivoView::Show() { table_->Take(retivo_); }
@@ -92,18 +128,74 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
   Window().OpenList(editor_);
 }
 
-void RetivoView::EndEdit(int entry) {
-  Gesture([this, entry] {
-    const auto& told = Window().FrontEnd().EditEnding;
-    if (told) told(Window().Model(), retivo_, entry);
-    retivo_.EndEdit(entry);
-  });
+void RetivoView::OpenByMouse(const QModelIndex& cell) {
+  if (QApplication::keyboardModifiers() == Qt::NoModifier) Open(cell, {});
 }
 
 void RetivoView::GoOn(RetivoEditor::Then then) {
-  if (then == RetivoEditor::Then::Stay) return;
-  const auto forward = then == RetivoEditor::Then::Next;
+  using Then = RetivoEditor::Then;
+  switch (then) {
+    case Then::Stay:
+      return;
+    case Then::Down:
+      return MoveBy(1);
+    case Then::Up:
+      return MoveBy(-1);
+    case Then::Next:
+    case Then::Previous:
+      break;
+  }
+  const auto forward = then == Then::Next;
   if (!MoveOn(forward)) table_->Leave(forward);
+}
+
+void RetivoView::MoveBy(int rows) {
+  const auto cell = table_->currentIndex();
+  const auto next = cell.siblingAtRow(cell.row() + rows);
+  if (next.isValid()) table_->setCurrentIndex(next);
+}
+
+void RetivoView::Paste() {
+  const auto targets = PasteTargets(*table_, RowsOfText(QGuiApplication::clipboard()->text()));
+  if (targets.empty()) return QApplication::beep();
+  Edit("Pegar", targets);
+}
+
+void RetivoView::FillDown() {
+  const auto targets = FillTargets(*table_);
+  if (targets.empty() || !Opens(table_->currentIndex())) return QApplication::beep();
+  Edit("Rellenar hacia abajo", targets);
+}
+
+void RetivoView::Clear() {
+  auto targets = ClearTargets(*table_);
+  std::erase_if(targets, [this](const CellText& cell) {
+    return !Opens(table_->model()->index(cell.row, cell.column));
+  });
+  if (targets.empty()) return QApplication::beep();
+  Edit("Quitar notas", targets);
+}
+
+void RetivoView::Edit(const QString& title, const std::vector<CellText>& cells) {
+  QStringList left;
+  Gesture([&] {
+    left = edits_.Put(cells);
+    if (left.isEmpty()) return;
+    const auto one = left.size() == 1;
+    auto text = one ? QString("Una casilla se ha quedado como estaba:\n\n")
+                    : QString("%1 casillas se han quedado como estaban:\n\n").arg(left.size());
+    text += left.mid(0, kLinesInMessage).join('\n');
+    const auto more = left.size() - kLinesInMessage;
+    if (more > 0) text += QStringLiteral("\n... y %1 más, que están en los detalles.").arg(more);
+    Window().FrontEnd().Message(MessageIcon::Information, title, text,
+                                more > 0 ? left.join('\n') : QString());
+  });
+  if (!Window().Model().Visible()) return;
+  const auto* const shown = table_->model();
+  const auto first = shown->index(cells.front().row, cells.front().column);
+  const auto last = shown->index(std::min(cells.back().row, shown->rowCount() - 1),
+                                 std::max(cells.front().column, cells.back().column));
+  if (cells.size() > 1 && first.isValid() && last.isValid()) table_->Choose({first, last});
 }
 
 bool RetivoView::TakesKey(const QKeyEvent& key) {
@@ -112,9 +204,15 @@ bool RetivoView::TakesKey(const QKeyEvent& key) {
     table_->Leave(key.key() == Qt::Key_Tab);
     return true;
   }
+  if (TakesCommand(key) || TakesArrow(key)) return true;
+  if (key.key() == Qt::Key_Escape) return table_->ChooseNothing();
   const auto cell = table_->currentIndex();
+  if (IsEnter(key) && cell.isValid()) {
+    MoveBy((key.modifiers() & Qt::ShiftModifier) != 0 ? -1 : 1);
+    return true;
+  }
   if (!Opens(cell)) return false;
-  if (key.key() == Qt::Key_F2 || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+  if (key.key() == Qt::Key_F2) {
     Open(cell, {});
     return true;
   }
@@ -123,6 +221,32 @@ bool RetivoView::TakesKey(const QKeyEvent& key) {
                       (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
   if (typing) Open(cell, text.trimmed());
   return typing;
+}
+
+bool RetivoView::TakesCommand(const QKeyEvent& key) {
+  switch (CommandOf(key)) {
+    case GridCommand::None:
+      return false;
+    case GridCommand::Copy:
+      table_->Copy();
+      return true;
+    case GridCommand::Paste:
+      Paste();
+      return true;
+    case GridCommand::FillDown:
+      FillDown();
+      return true;
+    case GridCommand::Clear:
+      Clear();
+      return true;
+  }
+  return false;
+}
+
+bool RetivoView::TakesArrow(const QKeyEvent& key) {
+  if (!KeepsKey(key)) return false;
+  table_->Arrow(static_cast<Qt::Key>(key.key()), (key.modifiers() & Qt::ShiftModifier) != 0);
+  return true;
 }
 
 bool RetivoView::MoveOn(bool forward) {

@@ -2,21 +2,28 @@
 
 #include <QObject>
 #include <QString>
+#include <vector>
 
+#include "adapters/qt/grid/CellEdits.h"
 #include "adapters/qt/grid/RetivoEditor.h"
 #include "adapters/qt/views/ControlView.h"
 #include "platform/controls/Retivo.h"
 
 namespace quorvane::qt {
 
+class GridHint;
 class GridMenu;
 class GridTable;
 
-/// A table whose list cells open a list on click, F2, Enter or typing. Tab goes from one list cell
-/// to the next, the arrow keys from cell to cell; Ctrl+Tab leaves the table at once.
+/// A table whose list cells open a list on click, F2, the blank or typing. Enter goes down, Tab
+/// from one list cell to the next, Ctrl with an arrow from cell to cell where the form has the
+/// arrow; Ctrl+Tab leaves the table at once. A line below it tells its keys.
 class RetivoView : public QObject, public ControlView {
  public:
   RetivoView(FormWindow& window, Retivo& retivo);
+
+  void Place(const QRect& room) override;
+  [[nodiscard]] bool KeepsKey(const QKeyEvent& key) const override;
 
  protected:
   void Show() override;
@@ -30,14 +37,25 @@ class RetivoView : public QObject, public ControlView {
   /// Where the cell is in the window.
   [[nodiscard]] QRect RoomOf(const QModelIndex& cell) const;
   void Open(const QModelIndex& cell, const QString& typed);
+  /// A click on that cell, unless it was to select more.
+  void OpenByMouse(const QModelIndex& cell);
   void GoOn(RetivoEditor::Then then);
   bool TakesKey(const QKeyEvent& key);
   bool MoveOn(bool forward);
-  void EndEdit(int entry);
+  void MoveBy(int rows);
+  bool TakesCommand(const QKeyEvent& key);
+  bool TakesArrow(const QKeyEvent& key);
+  void Paste();
+  void FillDown();
+  void Clear();
+  /// Puts the texts into their cells, then tells in one message what was left as it was.
+  void Edit(const QString& title, const std::vector<CellText>& cells);
 
   Retivo& retivo_;
   GridTable* table_;
+  GridHint* hint_;
   RetivoEditor* editor_;
+  CellEdits edits_;
   int draggedColumn_ = -1;  // while the mouse drags its border
 };
 

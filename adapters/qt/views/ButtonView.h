@@ -15,6 +15,8 @@ class ButtonView : public ControlView {
 
   /// Esc presses it.
   [[nodiscard]] bool Cancels() const noexcept { return button_.Cancel; }
+  /// Shows that there is something to save by it.
+  void Mark();
   /// As a click does.
   void Press();
 

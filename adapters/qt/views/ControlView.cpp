@@ -30,6 +30,10 @@ void ControlView::Sync() {
   showing_ = false;
 }
 
+void ControlView::Place(const QRect& room) {
+  if (widget_->geometry() != room) widget_->setGeometry(room);
+}
+
 void ControlView::Gesture(const std::function<void()>& handler) {
   if (showing_) return;
   window_.FrontEnd().Gesture(window_, [this, &handler] {

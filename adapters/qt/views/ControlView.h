@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QRect>
 #include <QWidget>
 #include <functional>
 #include <memory>
 
 #include "platform/controls/Control.h"
+
+class QKeyEvent;
 
 namespace quorvane::qt {
 
@@ -26,6 +29,10 @@ class ControlView {
 
   /// Lines the widget up with the model, if that has changed. Raises no event.
   void Sync();
+  /// Puts the widget there, with what belongs to it.
+  virtual void Place(const QRect& room);
+  /// The widget's own key while it has the keyboard: the form isn't asked first.
+  [[nodiscard]] virtual bool KeepsKey(const QKeyEvent& /*key*/) const { return false; }
 
  protected:
   /// To be called by the constructor of each kind, once.

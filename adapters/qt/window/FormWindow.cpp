@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QPushButton>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
@@ -17,15 +18,18 @@
 #include "adapters/qt/views/KeyCodes.h"
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/HeadingStrip.h"
+#include "adapters/qt/window/HeldWork.h"
 #include "adapters/qt/window/ModelPlacement.h"
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "adapters/qt/window/ScrolledPage.h"
+#include "platform/controls/CommandButton.h"
 #include "platform/controls/Frame.h"
 
 namespace quorvane::qt {
 namespace {
 
 constexpr double kMostOfTheScreen = 0.95;
+constexpr auto kAccept = "cmdAceptar";
 
 bool IsPress(QEvent::Type type) {
   return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
@@ -194,13 +198,33 @@ void FormWindow::TakeSize(QSize twips) {
 }
 
 void FormWindow::Sync() {
-  setWindowTitle(Text(form_.Caption()));
+  ShowTitle();
   if (windowIcon().isNull()) setWindowIcon(IconStore::Load(form_.Icon()));
   for (const auto& view : views_) view->Sync();
   if (page_ != nullptr) PlaceByModel(*this);
   ShowHeading();
   ShowPlace();
   if (open_) ShowFocus();
+}
+
+void FormWindow::ShowTitle() {
+  setWindowTitle(Text(form_.Caption()) + (changed_ ? "[*]" : ""));
+  setWindowModified(changed_);
+}
+
+void FormWindow::MarkChanged() {
+  if (changed_ || !HoldsWork(form_)) return;
+  changed_ = true;
+  ShowTitle();
+  for (const auto& view : views_)
+    if (auto* button = dynamic_cast<ButtonView*>(view.get());
+        button != nullptr && button->Model().Name() == kAccept)
+      button->Mark();
+}
+
+void FormWindow::TakePress(const CommandButton& button) {
+  // One that found something wrong has left the form standing.
+  accepted_ = button.Name() == kAccept && !form_.Visible();
 }
 
 bool FormWindow::ListIsOpen() const { return list_ != nullptr && list_->IsOpen(); }
@@ -297,6 +321,20 @@ void FormWindow::reject() {
   CloseByUser();
 }
 
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (!HoldsWork(form_)) return QDialog::keyPressEvent(event);
+  // Enter on a button is meant for it; elsewhere it was meant for a cell or a field.
+  auto* const button = qobject_cast<QPushButton*>(focusWidget());
+  const auto enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && button != nullptr) button->click();
+}
+
+bool FormWindow::KeptFromForm(const QWidget& first, const QKeyEvent& key) const {
+  return std::any_of(views_.begin(), views_.end(), [&](const auto& view) {
+    return view->Widget() == &first && view->KeepsKey(key);
+  });
+}
+
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr || widget->window() != this) return false;
@@ -309,7 +347,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   // A key that the focused control leaves climbs to what that stands on: ask the form once.
   const auto* first = focusWidget() == nullptr ? this : focusWidget();
   if (ListIsOpen() && list_->isAncestorOf(first)) return false;
-  return widget == first && FormTakes(static_cast<QKeyEvent*>(event)->key());
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  return widget == first && !KeptFromForm(*first, key) && FormTakes(key.key());
 }
 
 bool FormWindow::ListTakes(const QWidget& widget, const QEvent& event) {

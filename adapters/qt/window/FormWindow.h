@@ -10,8 +10,9 @@
 #include "platform/controls/Form.h"
 
 namespace quorvane {
+class CommandButton;
 class Frame;
-}
+}  // namespace quorvane
 
 namespace quorvane::qt {
 
@@ -65,11 +66,20 @@ class FormWindow : public QDialog {
   void OpenList(RetivoEditor* list) noexcept { list_ = list; }
   [[nodiscard]] bool ListIsOpen() const;
 
+  /// Something has been changed that the form hasn't saved: the title tells it, and so does the
+  /// button that saves. No effect on a form that holds no work.
+  void MarkChanged();
+  /// A button has been pressed, and what it does is done.
+  void TakePress(const CommandButton& button);
+  /// The show has ended by "Aceptar": what stands behind it may have been changed.
+  [[nodiscard]] bool Accepted() const noexcept { return accepted_; }
+
   /// Esc: the button that cancels, or the X where the form has none.
   void reject() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -91,6 +101,9 @@ class FormWindow : public QDialog {
   [[nodiscard]] QSize WindowFor(QSize inner) const;
   void ShowPlace();
   void ShowFocus();
+  void ShowTitle();
+  /// What has the keyboard keeps that key from the form.
+  [[nodiscard]] bool KeptFromForm(const QWidget& first, const QKeyEvent& key) const;
   /// The form stands where its window does.
   void TakePosition();
   /// The window system tells of a size.
@@ -105,9 +118,11 @@ class FormWindow : public QDialog {
   Form& form_;
   std::vector<std::unique_ptr<ControlView>> views_;  // in the form's order
   RetivoEditor* list_ = nullptr;                     // Qt's; the one opened last
-  bool swallowed_ = false;                           // the press of a button whose release follows
-  HeadingStrip* heading_ = nullptr;                  // Qt's; null without a host that tells any
-  ScrolledPage* page_ = nullptr;                     // Qt's; null for a form that has a layout
+  bool changed_ = false;
+  bool accepted_ = false;
+  bool swallowed_ = false;           // the press of a button whose release follows
+  HeadingStrip* heading_ = nullptr;  // Qt's; null without a host that tells any
+  ScrolledPage* page_ = nullptr;     // Qt's; null for a form that has a layout
   WindowPlace place_;
   bool open_ = false;
   bool moving_ = false;  // to where the form wants to stand

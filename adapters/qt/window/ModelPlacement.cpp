@@ -43,8 +43,7 @@ bool Below(const Control& one, const Control& other) {
 void PlaceByModel(FormWindow& window) {
   std::vector<const ControlView*> order;
   for (const auto& view : window.Views()) {
-    const auto room = Room(view->Model(), *view->Widget());
-    if (view->Widget()->geometry() != room) view->Widget()->setGeometry(room);
+    view->Place(Room(view->Model(), *view->Widget()));
     order.push_back(view.get());
   }
   std::stable_sort(order.begin(), order.end(), [](const auto* one, const auto* other) {

@@ -112,6 +112,7 @@ void QtFrontEnd::RunModal(Form& form) {
     window.hide();
     if (const auto size = window.SizeOfUser(); size && KeepSize) KeepSize(window, *size);
   }
+  if (window.Accepted() && !shows_.empty()) shows_.back()->window.MarkChanged();
   if (show.failure != nullptr) std::rethrow_exception(show.failure);
   if (leaving_) return;
   if (auto* below = TopWindow()) below->activateWindow();
@@ -245,11 +246,16 @@ void QtFrontEnd::UsersTurn() {
 }
 
 void QtFrontEnd::Message(MessageIcon icon, const std::string& title, const std::string& text) {
+  Message(icon, Text(title), Text(text).replace('\r', '\n'), {});
+}
+
+void QtFrontEnd::Message(MessageIcon icon, const QString& title, const QString& text,
+                         const QString& details) {
   if (leaving_) return;
   ShowChanges();
-  QMessageBox box(IconOf(icon), Text(title), Text(text).replace('\r', '\n'), QMessageBox::Ok,
-                  TopWindow());
+  QMessageBox box(IconOf(icon), title, text, QMessageBox::Ok, TopWindow());
   box.setTextFormat(Qt::PlainText);
+  if (!details.isEmpty()) box.setDetailedText(details);
   box.button(QMessageBox::Ok)->setText("Aceptar");
   std::exception_ptr failure;
   if (MessageShown) {

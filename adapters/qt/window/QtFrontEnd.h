@@ -72,6 +72,8 @@ class QtFrontEnd : public FrontEnd {
   void Hidden(Form& form) override;
   void Unloading(Form& form) override;
   void Message(MessageIcon icon, const std::string& title, const std::string& text) override;
+  /// The same, with what is too long for it: out of sight until the user asks for it.
+  void Message(MessageIcon icon, const QString& title, const QString& text, const QString& details);
   void Beep() override;
   void MousePointer(Pointer pointer) override;
   std::int32_t TextWidth(const Form& form, const std::string& text) override;

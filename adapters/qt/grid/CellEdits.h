@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+#include "platform/controls/Retivo.h"
+
+namespace quorvane::qt {
+
+class FormWindow;
+
+/// A text for a cell. Rows count from 0 below the headings; a row or column that the grid doesn't
+/// have is off the grid.
+struct CellText {
+  int row = 0;
+  int column = 0;
+  QString text;
+};
+
+/// The edits of a grid's cells, each begun and ended as the user does it: the form and the host
+/// can't tell one that is pasted from one that is typed. To be used inside a gesture.
+class CellEdits {
+ public:
+  /// Both outlive this.
+  CellEdits(FormWindow& window, Retivo& retivo) : window_(window), retivo_(retivo) {}
+
+  /// Ends the edit of the current cell with that entry of its list. The host hears of it first.
+  void End(int entry);
+
+  /// Edits one cell after the other and picks the entry whose text is the given one, but for case
+  /// and blanks. A cell that shows the text already, and offers no list, is no cell to edit. The
+  /// screen follows while that goes on. Stops where the form has gone, or the program is to end.
+  /// The current cell is then the one that it was.
+  ///
+  /// Gives back a line, for the user, for each text that was not put in and whose cell has been
+  /// left as it was.
+  QStringList Put(const std::vector<CellText>& cells);
+
+ private:
+  /// Why the text was not put in; none when it was.
+  std::optional<QString> PutOne(const CellText& cell);
+  [[nodiscard]] bool OnGrid(const CellText& cell) const;
+  [[nodiscard]] bool Editable(const CellText& cell) const;
+  [[nodiscard]] QString Shown(int row, int column) const;
+  [[nodiscard]] QString Line(const CellText& cell, const QString& why) const;
+  [[nodiscard]] bool Goes() const;
+  void ShowProgress();
+
+  FormWindow& window_;
+  Retivo& retivo_;
+  QElapsedTimer sinceShown_;
+};
+
+}  // namespace quorvane::qt

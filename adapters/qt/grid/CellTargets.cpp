@@ -1,0 +1,62 @@
+#include "adapters/qt/grid/CellTargets.h"
+
+#include <QItemSelectionRange>
+
+#include "adapters/qt/grid/GridTable.h"
+
+namespace quorvane::qt {
+namespace {
+
+QItemSelectionRange Selected(const GridTable& table) {
+  const auto chosen = table.Chosen();
+  return chosen.isEmpty() ? QItemSelectionRange(table.currentIndex()) : chosen;
+}
+
+QString TextAt(const GridTable& table, int row, int column) {
+  return table.model()->index(row, column).data().toString();
+}
+
+std::vector<CellText> AllSelected(const GridTable& table, const QString& text) {
+  std::vector<CellText> cells;
+  const auto part = Selected(table);
+  for (auto row = part.top(); row <= part.bottom(); ++row)
+    for (auto column = part.left(); column <= part.right(); ++column)
+      if (!table.isColumnHidden(column)) cells.push_back({row, column, text});
+  return cells;
+}
+
+}  // namespace
+
+std::vector<CellText> PasteTargets(const GridTable& table, const TextRows& rows) {
+  const auto part = Selected(table);
+  if (!part.isValid() || rows.empty()) return {};
+  if (rows.size() == 1 && rows.front().size() == 1) return AllSelected(table, rows.front().front());
+  std::vector<int> columns;
+  for (auto column = part.left(); column < table.model()->columnCount(); ++column)
+    if (!table.isColumnHidden(column)) columns.push_back(column);
+  std::vector<CellText> cells;
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    for (std::size_t j = 0; j < rows[i].size(); ++j)
+      cells.push_back(
+          {part.top() + static_cast<int>(i), j < columns.size() ? columns[j] : -1, rows[i][j]});
+  return cells;
+}
+
+std::vector<CellText> FillTargets(const GridTable& table) {
+  const auto part = Selected(table);
+  if (!part.isValid()) return {};
+  const auto column = table.currentIndex().column();
+  const auto text = TextAt(table, part.top(), column);
+  if (text.trimmed().isEmpty()) return {};
+  const auto many = part.height() > 1;
+  const auto last = many ? part.bottom() : table.model()->rowCount() - 1;
+  std::vector<CellText> cells;
+  for (auto row = part.top() + 1; row <= last; ++row)
+    if (many || TextAt(table, row, column).trimmed().isEmpty())
+      cells.push_back({row, column, text});
+  return cells;
+}
+
+std::vector<CellText> ClearTargets(const GridTable& table) { return AllSelected(table, {}); }
+
+}  // namespace quorvane::qt
