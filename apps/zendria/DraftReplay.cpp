@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/grid/CellEdits.h"
 #include "adapters/qt/window/FormWindow.h"
-#include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/GradeForm.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Retivo.h"
@@ -59,9 +59,7 @@ class Hand {
     grid_.BeginEdit(row, cell.column);
     const auto entry = EntryOf(grid_, cell);
     if (entry < 0) return false;
-    const auto& told = window_.FrontEnd().EditEnding;
-    if (told) told(window_.Model(), grid_, entry);
-    grid_.EndEdit(entry);
+    qt::CellEdits(window_, grid_).End(entry);
     return true;
   }
 

@@ -113,9 +113,8 @@ class FormLines::Teller {
 
   QString OverStepOne(const StepOneLists& lists) {
     QStringList remarks;
-    if (const auto why = WhyEmpty(lists, {user_->profile, user_->name, Person() > 0});
-        !why.isEmpty())
-      remarks.append(why);
+    if (lists.empty != StepOneLists::Empty::None)
+      remarks.append(WhyEmpty(lists, {user_->profile, user_->name, Person() > 0}));
     if (lists.section != 0 && lists.evaluation != 0) {
       const auto held =
           HeldText(Held({lists.section, lists.evaluation, lists.student, lists.subject, 0}));

@@ -40,13 +40,6 @@ std::int32_t SubjectReader::Person() const {
   return rows.Eof() ? 0 : rows.Fields("IDPersonal").Long();
 }
 
-bool SubjectReader::SeesWholeSection(std::int32_t section, std::int32_t person) const {
-  if (user_.profile == 0) return true;
-  const auto rows =
-      school_.Execute("SELECT CodTutor FROM Seccion WHERE IDSeccion=" + std::to_string(section));
-  return !rows.Eof() && person > 0 && rows.Fields("CodTutor").Long() == person;
-}
-
 std::vector<HeldSubject> SubjectReader::Held(const SubjectsSought& sought) const {
   auto pending =
       "SELECT AlumnoPte_MatDet.CodMatDet FROM AlumnoPte_MatDet INNER JOIN Seccion_AlumnoPte ON "
@@ -59,10 +52,15 @@ std::vector<HeldSubject> SubjectReader::Held(const SubjectsSought& sought) const
   if (sought.subject != 0) where += " AND CodMatDet=" + std::to_string(sought.subject);
   if (sought.publication != 0)
     where += " AND CodPublicacion<>" + std::to_string(sought.publication);
-  const auto person = Person();
-  if (!SeesWholeSection(sought.section, person))
-    where += " AND CodMatDet IN (SELECT CodMatDet FROM Profesor_Pte WHERE CodProfesor=" +
-             std::to_string(person) + ")";
+  if (user_.profile != 0) {
+    // A tutor grades the whole section.
+    const auto person =
+        "SELECT IDPersonal FROM Personal WHERE CodUsuario=" + std::to_string(user_.id);
+    where += " AND (" + std::to_string(sought.section) +
+             " IN (SELECT IDSeccion FROM Seccion WHERE CodTutor IN (" + person +
+             ")) OR CodMatDet IN (SELECT CodMatDet FROM Profesor_Pte WHERE CodProfesor IN (" +
+             person + ")))";
+  }
   std::vector<HeldSubject> held;
   const LockList locks(school_);
   auto rows = school_.Execute("SELECT * FROM BloqueoPte WHERE " + where + " ORDER BY CodMatDet");

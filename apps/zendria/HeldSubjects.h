@@ -47,7 +47,6 @@ class SubjectReader {
   const QString& Section(std::int32_t id);
 
  private:
-  [[nodiscard]] bool SeesWholeSection(std::int32_t section, std::int32_t person) const;
   [[nodiscard]] QString Subject(std::int32_t detail) const;
 
   Connection& school_;

@@ -37,6 +37,8 @@ void Expect(const Moment& moment) {
 
 void BeginCounting() { counting = true; }
 
+int StatementsSoFar() { return statements; }
+
 bool AtRest() {
   if (Comes(Moment::Kind::Rest, ++rests)) return true;
   return expected.kind == Moment::Kind::Rest && rests > expected.number;

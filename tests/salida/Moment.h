@@ -19,6 +19,8 @@ struct Moment {
 void Expect(const Moment& moment);
 /// The statements from now on count.
 void BeginCounting();
+/// How many have run since.
+int StatementsSoFar();
 /// The user rests. True from the moment on: he does nothing any more.
 bool AtRest();
 /// The user is about to save, and does.

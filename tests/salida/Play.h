@@ -106,9 +106,10 @@ inline std::vector<std::string> Writes(const std::string& trace) {
 }
 
 /// The whole program in a process of its own, with somebody at it who plays the session on the
-/// school's file.
-inline Played Play(const Session& session, const std::string& school, const Moment& moment = {}) {
-  const TempFolder folder;
+/// school's file. The folder has what the program keeps for its user, from one play to the next.
+inline Played PlayIn(const TempFolder& folder, const Session& session, const std::string& school,
+                     const Moment& moment = {}) {
+  std::filesystem::remove(folder / "traza");
   const auto process = fork();
   if (process < 0) throw std::runtime_error("no process");
   if (process == 0) BeProgram(session, school, folder, moment);
@@ -116,6 +117,11 @@ inline Played Play(const Session& session, const std::string& school, const Mome
   waitpid(process, &ended, 0);
   return {WIFSIGNALED(ended) ? WTERMSIG(ended) : 0, WIFEXITED(ended) ? WEXITSTATUS(ended) : 0,
           Content(folder / "errores"), Writes(folder / "traza"), AllContents(folder / kDataFolder)};
+}
+
+/// The same for somebody who has never used the program.
+inline Played Play(const Session& session, const std::string& school, const Moment& moment = {}) {
+  return PlayIn(TempFolder(), session, school, moment);
 }
 
 }  // namespace quorvane::test
