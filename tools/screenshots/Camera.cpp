@@ -57,8 +57,11 @@ void Camera::Take(const QString& name, QWidget& window, QWidget* over) {
     above = QRect(origin + at, over->size());
     bounds = bounds.united(above);
   }
-  QImage picture(bounds.right() + kMargin + 1, bounds.bottom() + kMargin + 1,
+  // As fine as the screen.
+  const auto scale = window.devicePixelRatio();
+  QImage picture(QSize(bounds.right() + kMargin + 1, bounds.bottom() + kMargin + 1) * scale,
                  QImage::Format_ARGB32_Premultiplied);
+  picture.setDevicePixelRatio(scale);
   picture.fill(Qt::white);
   QPainter painter(&picture);
   painter.setFont(window.font());

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,8 +15,11 @@
 #include "adapters/qt/grid/RetivoEditor.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/ProcessMark.h"
 #include "apps/escuela/SchoolFile.h"
+#include "apps/escuela/UserPasswords.h"
 #include "apps/zendria/LocksDialog.h"
+#include "apps/zendria/PasswordDialog.h"
 #include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/StatementWindow.h"
 
@@ -122,6 +126,8 @@ void Tour::Host() {
     PressKey(dialog, Qt::Key_Escape);
   });
   window_.OpenSchool(school_);
+  Password();
+  AfterACrash();
   window_.OpenSchool(school_, kDirector);
   QApplication::processEvents();
   camera_.Take("principal", window_);
@@ -138,6 +144,46 @@ void Tour::Host() {
     dialog.close();
   });
   window_.ShowLocks();
+}
+
+void Tour::Password() {
+  sqlite::SqliteConnection other(school_.toStdString(), "");
+  other.Open();
+  UserPasswords passwords(other);
+  passwords.Set(kDirector, "la que sea");
+  guide_.OnDialog("contraseña", [this](QWidget& dialog) {
+    auto& asked = dynamic_cast<zendria::PasswordDialog&>(dialog);
+    asked.Begin("direccion");
+    asked.Password().setText("no es esta");
+    PressKey(asked.Password(), Qt::Key_Return);
+    camera_.Take("entrar-clave", dialog);
+    PressKey(dialog, Qt::Key_Escape);
+  });
+  window_.OpenSchool(school_);
+  passwords.Remove(kDirector);
+}
+
+void Tour::AfterACrash() {
+  // As a computer that was switched off has left it.
+  auto mark = ProcessMark::Own();
+  const QDateTime then(QDate(2025, 3, 3), QTime(17, 40));
+  QFile note(school_ + "-pc_aula3-4711-1.abierta");
+  if (note.open(QIODevice::WriteOnly))
+    note.write(QStringLiteral("zendria 1\nequipo %1\nnombre pc-aula3\narranque antes\nespacio uno\n"
+                              "proceso 4711 1\npublicacion 1 %2 %3\n")
+                   .arg(QString::fromStdString(mark.machine))
+                   .arg(kUserOfDeadForm)
+                   .arg(then.toSecsSinceEpoch())
+                   .toUtf8());
+  note.close();
+  guide_.OnDialog("restos", [this](QWidget& box) {
+    camera_.Take("quedaron-abiertas", box);
+    PressKey(box, Qt::Key_Escape);
+  });
+  window_.OpenSchool(school_, kUserOfDeadForm);
+  QApplication::processEvents();
+  camera_.Take("principal-abiertas", window_);
+  note.remove();
 }
 
 void Tour::Menu(const QString& title, const QString& picture) {

@@ -31,6 +31,8 @@ class Tour {
   void ClosedYear();
   void NoTable();
   void RecentSchools();
+  void Password();
+  void AfterACrash();
   void Menu(const QString& title, const QString& picture);
   void SeveralCentres();
   void StepOne(const std::string& form, const QString& picture, const QString& evaluation);

@@ -1,10 +1,13 @@
 #include <QApplication>
+#include <QPalette>
 #include <QTemporaryDir>
 #include <exception>
 #include <iostream>
+#include <optional>
 
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/HostComponents.h"
+#include "apps/zendria/SpanishTexts.h"
 #include "platform/host/Application.h"
 #include "tools/screenshots/Camera.h"
 #include "tools/screenshots/Tour.h"
@@ -26,17 +29,68 @@ void TakeAll(const QString& folder) {
 
 }  // namespace
 
+namespace {
+
+constexpr auto kUsage = "Uso: pantallas [--oscuro] [--letra PUNTOS] CARPETA\n";
+
+struct Look {
+  QString folder;
+  bool dark = false;
+  int points = 9;
+};
+
+std::optional<Look> Read(const QStringList& arguments) {
+  Look look;
+  for (auto at = arguments.begin() + 1; at != arguments.end(); ++at) {
+    if (*at == "--oscuro") {
+      look.dark = true;
+    } else if (*at == "--letra" && at + 1 != arguments.end()) {
+      look.points = (++at)->toInt();
+    } else if (look.folder.isEmpty()) {
+      look.folder = *at;
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (look.folder.isEmpty() || look.points < 1) return std::nullopt;
+  return look;
+}
+
+/// As desktops with dark windows have it.
+QPalette DarkPalette() {
+  const QColor window(45, 45, 48);
+  const QColor base(30, 30, 32);
+  const QColor text(232, 232, 232);
+  const QColor faint(128, 128, 128);
+  QPalette dark(text, window, QColor(80, 80, 84), QColor(20, 20, 20), QColor(110, 110, 112), text,
+                Qt::white, base, window);
+  dark.setColor(QPalette::AlternateBase, QColor(38, 38, 41));
+  dark.setColor(QPalette::Highlight, QColor(42, 110, 180));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::ToolTipBase, window);
+  dark.setColor(QPalette::ToolTipText, text);
+  dark.setColor(QPalette::Link, QColor(110, 170, 240));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    dark.setColor(QPalette::Disabled, role, faint);
+  return dark;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "Uso: pantallas CARPETA\n";
+  const QApplication application(argc, argv);
+  const auto look = Read(QApplication::arguments());
+  if (!look) {
+    std::cerr << kUsage;
     return 2;
   }
-  const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setStyle("Fusion");
-  QApplication::setFont(QFont("DejaVu Sans", 9));
+  QApplication::setFont(QFont("DejaVu Sans", look->points));
+  if (look->dark) QApplication::setPalette(DarkPalette());
+  zendria::UseSpanishTexts();
   try {
-    TakeAll(QString::fromLocal8Bit(argv[1]));
+    TakeAll(look->folder);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << "pantallas: " << error.what() << "\n";
