@@ -10,6 +10,7 @@
 #include "apps/quorvane-escuela/Commands.h"
 #include "apps/quorvane-escuela/ImportCommand.h"
 #include "apps/quorvane-escuela/RepairCommand.h"
+#include "apps/quorvane-escuela/ReportCommand.h"
 #include "apps/quorvane-escuela/StateCommand.h"
 
 namespace {
@@ -42,6 +43,7 @@ struct Arguments {
   std::string csv;
   quorvane::ImportOptions import;
   quorvane::StateOptions state;
+  quorvane::ReportOptions report;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -102,6 +104,25 @@ const CLI::App* AddState(CLI::App& app, Arguments& arguments) {
   return state;
 }
 
+const CLI::App* AddReport(CLI::App& app, Arguments& arguments) {
+  auto* report =
+      AddCommand(app, "informe", "Escribe los informes de pendientes de los alumnos", arguments);
+  auto& options = arguments.report;
+  report->add_option("--seccion", options.section, "Los alumnos de esa sección: su número o nombre")
+      ->type_name("N");
+  report->add_option("--alumno", options.student, "De la sección, ese alumno")->type_name("N");
+  report->add_option("--materia", options.subject, "Los que tienen pendiente esa materia")
+      ->type_name("N");
+  report->add_flag("--todas", options.all, "Todas las secciones, en la carpeta de --salida");
+  report->add_flag("--en-blanco", options.blank, "Una hoja para poner las notas a mano");
+  report->add_option("--salida", options.output, "Fichero .html o .csv, que no exista; o carpeta")
+      ->type_name("FICHERO");
+  report->add_flag("--csv", options.csv, "Con --todas, ficheros .csv");
+  report->add_option("--nombre", options.name, "Nombre del centro en los informes")
+      ->type_name("TEXTO");
+  return report;
+}
+
 int Run(int argc, char** argv) {
   CLI::App app("Crea, comprueba y arregla escuelas para el módulo de pendientes.",
                "quorvane-escuela");
@@ -139,6 +160,7 @@ int Run(int argc, char** argv) {
   const auto* repair = AddRepair(app, arguments);
   const auto* import = AddImport(app, arguments);
   const auto* state = AddState(app, arguments);
+  const auto* report = AddReport(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -179,6 +201,13 @@ int Run(int argc, char** argv) {
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
   if (check->parsed()) return quorvane::Check(school);
+  if (report->parsed()) {
+    if (const auto wrong = quorvane::Complaint(arguments.report); !wrong.empty()) {
+      std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";
+      return kBadArguments;
+    }
+    return quorvane::Report(school, arguments.report);
+  }
   if (state->parsed()) return quorvane::State(school, arguments.state);
   if (import->parsed()) {
     if (arguments.csv.empty()) {
