@@ -8,6 +8,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
+#include "apps/quorvane-escuela/HistoryCommand.h"
 #include "apps/quorvane-escuela/ImportCommand.h"
 #include "apps/quorvane-escuela/RepairCommand.h"
 #include "apps/quorvane-escuela/ReportCommand.h"
@@ -44,6 +45,7 @@ struct Arguments {
   quorvane::ImportOptions import;
   quorvane::StateOptions state;
   quorvane::ReportOptions report;
+  quorvane::HistoryOptions history;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -123,6 +125,26 @@ const CLI::App* AddReport(CLI::App& app, Arguments& arguments) {
   return report;
 }
 
+const CLI::App* AddHistory(CLI::App& app, Arguments& arguments) {
+  auto* history =
+      AddCommand(app, "historial", "Guarda y enseña quién cambió cada nota, y cuándo", arguments);
+  auto& options = arguments.history;
+  history->add_option("ORDEN", options.order, "activar, desactivar, ver o purgar")->type_name("");
+  history->add_option("--alumno", options.filter.student, "ver: ese alumno")->type_name("N");
+  history->add_option("--materia", options.filter.subject, "ver: esa materia")->type_name("N");
+  history->add_option("--evaluacion", options.filter.evaluation, "ver: esa evaluación")
+      ->type_name("N");
+  history->add_option("--usuario", options.filter.user, "ver: ese usuario")->type_name("N");
+  history->add_option("--desde", options.filter.from, "ver: desde ese día, UTC")
+      ->type_name("FECHA");
+  history->add_option("--hasta", options.filter.to, "ver: hasta ese día, UTC")->type_name("FECHA");
+  auto* csv = history->add_flag("--csv", options.csv, "ver: en CSV");
+  history->add_flag("--json", options.json, "ver: en JSON")->excludes(csv);
+  history->add_option("--antes", options.before, "purgar: lo anterior a ese día, UTC")
+      ->type_name("FECHA");
+  return history;
+}
+
 int Run(int argc, char** argv) {
   CLI::App app("Crea, comprueba y arregla escuelas para el módulo de pendientes.",
                "quorvane-escuela");
@@ -161,6 +183,7 @@ int Run(int argc, char** argv) {
   const auto* import = AddImport(app, arguments);
   const auto* state = AddState(app, arguments);
   const auto* report = AddReport(app, arguments);
+  const auto* history = AddHistory(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -188,6 +211,8 @@ int Run(int argc, char** argv) {
   // In the place of the school's file stands the one to import.
   if (import->parsed() && !arguments.odbc.empty() && arguments.csv.empty())
     arguments.csv.swap(arguments.file);
+  if (history->parsed() && !arguments.odbc.empty() && arguments.history.order.empty())
+    arguments.history.order.swap(arguments.file);
   if (arguments.file.empty() == arguments.odbc.empty()) {
     std::cerr << "quorvane-escuela: "
               << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
@@ -201,6 +226,13 @@ int Run(int argc, char** argv) {
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
   if (check->parsed()) return quorvane::Check(school);
+  if (history->parsed()) {
+    if (const auto wrong = quorvane::Complaint(arguments.history); !wrong.empty()) {
+      std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";
+      return kBadArguments;
+    }
+    return quorvane::History(school, arguments.history);
+  }
   if (report->parsed()) {
     if (const auto wrong = quorvane::Complaint(arguments.report); !wrong.empty()) {
       std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";

@@ -134,7 +134,7 @@ def tool_messages():
     for name in TOOL_FILES:
         code = without_comments((ROOT / name).read_text(encoding='utf-8'))
         for text in literals(code):
-            if re.match(r'[A-Z][a-zé]\w* \w', text):
+            if re.match(r'[A-Z][a-zé]\w* \w', text) and ' JOIN ' not in text:
                 found.add(text.strip())
     return found
 
