@@ -141,8 +141,9 @@ TEST_F(ProgramTest, RefusesBadArguments) {
 }
 
 TEST_F(ProgramTest, HasHelpOfEachCommand) {
-  for (const std::string command : {"", "crear ", "demo ", "generar ", "comprobar ", "bloqueos ",
-                                    "copiar ", "reparar ", "importar ", "estado ", "informe "}) {
+  for (const std::string command :
+       {"", "crear ", "demo ", "generar ", "comprobar ", "bloqueos ", "copiar ", "reparar ",
+        "importar ", "estado ", "informe ", "historial "}) {
     const auto help = Escuela(command + "--help");
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_THAT(help.text, HasSubstr("Uso: quorvane-escuela")) << command;

@@ -19,7 +19,8 @@ HOST_WHOLE_FILES = ('FailureBox.cpp', 'NodeRunner.cpp')
 TOOL_FILES = ('apps/escuela/SchoolCheck.cpp', 'apps/quorvane-escuela/Commands.cpp',
               'apps/escuela/repair/SchoolRepair.cpp', 'apps/quorvane-escuela/RepairCommand.cpp',
               'apps/quorvane-escuela/ImportCommand.cpp', 'apps/quorvane-escuela/StateCommand.cpp',
-              'apps/quorvane-escuela/ReportCommand.cpp', 'apps/escuela/report/ReportReader.cpp')
+              'apps/quorvane-escuela/ReportCommand.cpp', 'apps/escuela/report/ReportReader.cpp',
+              'apps/quorvane-escuela/HistoryCommand.cpp')
 # Not for the reader: names of objects, formats and the like.
 SHORTEST_TEXT = 12
 
