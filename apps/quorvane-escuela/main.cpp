@@ -8,8 +8,10 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "apps/quorvane-escuela/Commands.h"
+#include "apps/quorvane-escuela/HistoryCommand.h"
 #include "apps/quorvane-escuela/ImportCommand.h"
 #include "apps/quorvane-escuela/RepairCommand.h"
+#include "apps/quorvane-escuela/ReportCommand.h"
 #include "apps/quorvane-escuela/StateCommand.h"
 #include "apps/quorvane-escuela/UserCommands.h"
 
@@ -44,6 +46,8 @@ struct Arguments {
   std::string csv;
   quorvane::ImportOptions import;
   quorvane::StateOptions state;
+  quorvane::ReportOptions report;
+  quorvane::HistoryOptions history;
 };
 
 quorvane::SchoolAddress Address(const std::string& text) {
@@ -116,6 +120,45 @@ const CLI::App* AddState(CLI::App& app, Arguments& arguments) {
   return state;
 }
 
+const CLI::App* AddReport(CLI::App& app, Arguments& arguments) {
+  auto* report =
+      AddCommand(app, "informe", "Escribe los informes de pendientes de los alumnos", arguments);
+  auto& options = arguments.report;
+  report->add_option("--seccion", options.section, "Los alumnos de esa sección: su número o nombre")
+      ->type_name("N");
+  report->add_option("--alumno", options.student, "De la sección, ese alumno")->type_name("N");
+  report->add_option("--materia", options.subject, "Los que tienen pendiente esa materia")
+      ->type_name("N");
+  report->add_flag("--todas", options.all, "Todas las secciones, en la carpeta de --salida");
+  report->add_flag("--en-blanco", options.blank, "Una hoja para poner las notas a mano");
+  report->add_option("--salida", options.output, "Fichero .html o .csv, que no exista; o carpeta")
+      ->type_name("FICHERO");
+  report->add_flag("--csv", options.csv, "Con --todas, ficheros .csv");
+  report->add_option("--nombre", options.name, "Nombre del centro en los informes")
+      ->type_name("TEXTO");
+  return report;
+}
+
+const CLI::App* AddHistory(CLI::App& app, Arguments& arguments) {
+  auto* history =
+      AddCommand(app, "historial", "Guarda y enseña quién cambió cada nota, y cuándo", arguments);
+  auto& options = arguments.history;
+  history->add_option("ORDEN", options.order, "activar, desactivar, ver o purgar")->type_name("");
+  history->add_option("--alumno", options.filter.student, "ver: ese alumno")->type_name("N");
+  history->add_option("--materia", options.filter.subject, "ver: esa materia")->type_name("N");
+  history->add_option("--evaluacion", options.filter.evaluation, "ver: esa evaluación")
+      ->type_name("N");
+  history->add_option("--usuario", options.filter.user, "ver: ese usuario")->type_name("N");
+  history->add_option("--desde", options.filter.from, "ver: desde ese día, UTC")
+      ->type_name("FECHA");
+  history->add_option("--hasta", options.filter.to, "ver: hasta ese día, UTC")->type_name("FECHA");
+  auto* csv = history->add_flag("--csv", options.csv, "ver: en CSV");
+  history->add_flag("--json", options.json, "ver: en JSON")->excludes(csv);
+  history->add_option("--antes", options.before, "purgar: lo anterior a ese día, UTC")
+      ->type_name("FECHA");
+  return history;
+}
+
 int Run(int argc, char** argv) {
   CLI::App app("Crea, comprueba y arregla escuelas para el módulo de pendientes.",
                "quorvane-escuela");
@@ -160,6 +203,8 @@ int Run(int argc, char** argv) {
   const auto* repair = AddRepair(app, arguments);
   const auto* import = AddImport(app, arguments);
   const auto* state = AddState(app, arguments);
+  const auto* report = AddReport(app, arguments);
+  const auto* history = AddHistory(app, arguments);
 
   auto* copy = app.add_subcommand("copiar", "Copia una escuela a un fichero o a un servidor")
                    ->group("Órdenes");
@@ -187,6 +232,8 @@ int Run(int argc, char** argv) {
   // In the place of the school's file stands the one to import.
   if (import->parsed() && !arguments.odbc.empty() && arguments.csv.empty())
     arguments.csv.swap(arguments.file);
+  if (history->parsed() && !arguments.odbc.empty() && arguments.history.order.empty())
+    arguments.history.order.swap(arguments.file);
   if (arguments.file.empty() == arguments.odbc.empty()) {
     std::cerr << "quorvane-escuela: "
               << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
@@ -203,6 +250,20 @@ int Run(int argc, char** argv) {
   if (setPassword->parsed()) return quorvane::SetPassword(school, arguments.user);
   if (removePassword->parsed()) return quorvane::RemovePassword(school, arguments.user);
   if (users->parsed()) return quorvane::ShowUsers(school);
+  if (history->parsed()) {
+    if (const auto wrong = quorvane::Complaint(arguments.history); !wrong.empty()) {
+      std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";
+      return kBadArguments;
+    }
+    return quorvane::History(school, arguments.history);
+  }
+  if (report->parsed()) {
+    if (const auto wrong = quorvane::Complaint(arguments.report); !wrong.empty()) {
+      std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";
+      return kBadArguments;
+    }
+    return quorvane::Report(school, arguments.report);
+  }
   if (state->parsed()) return quorvane::State(school, arguments.state);
   if (import->parsed()) {
     if (arguments.csv.empty()) {

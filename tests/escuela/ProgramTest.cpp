@@ -148,8 +148,8 @@ TEST_F(ProgramTest, RefusesBadArguments) {
 TEST_F(ProgramTest, HasHelpOfEachCommand) {
   for (const std::string command :
        {"", "crear ", "demo ", "generar ", "comprobar ", "bloqueos ", "copiar ", "reparar ",
-        "importar ", "estado ", "usuarios ", "usuarios x clave ", "usuarios x listar ",
-        "usuarios x quitar "}) {
+        "importar ", "estado ", "informe ", "historial ", "usuarios ", "usuarios x clave ",
+        "usuarios x listar ", "usuarios x quitar "}) {
     const auto help = Escuela(command + "--help");
     EXPECT_EQ(help.status, 0) << command;
     EXPECT_THAT(help.text, HasSubstr("Uso: quorvane-escuela")) << command;

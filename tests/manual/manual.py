@@ -18,7 +18,9 @@ HOST_CALLS = ('SchoolError(', 'QMessageBox box(', 'setInformativeText(', 'showMe
 HOST_WHOLE_FILES = ('FailureBox.cpp', 'NodeRunner.cpp')
 TOOL_FILES = ('apps/escuela/SchoolCheck.cpp', 'apps/quorvane-escuela/Commands.cpp',
               'apps/escuela/repair/SchoolRepair.cpp', 'apps/quorvane-escuela/RepairCommand.cpp',
-              'apps/quorvane-escuela/ImportCommand.cpp', 'apps/quorvane-escuela/StateCommand.cpp')
+              'apps/quorvane-escuela/ImportCommand.cpp', 'apps/quorvane-escuela/StateCommand.cpp',
+              'apps/quorvane-escuela/ReportCommand.cpp', 'apps/escuela/report/ReportReader.cpp',
+              'apps/quorvane-escuela/HistoryCommand.cpp')
 # Not for the reader: names of objects, formats and the like.
 SHORTEST_TEXT = 12
 
@@ -133,7 +135,7 @@ def tool_messages():
     for name in TOOL_FILES:
         code = without_comments((ROOT / name).read_text(encoding='utf-8'))
         for text in literals(code):
-            if re.match(r'[A-Z][a-zé]\w* \w', text):
+            if re.match(r'[A-Z][a-zé]\w* \w', text) and ' JOIN ' not in text:
                 found.add(text.strip())
     return found
 

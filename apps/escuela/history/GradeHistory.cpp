@@ -1,0 +1,179 @@
+#include "apps/escuela/history/GradeHistory.h"
+
+#include <map>
+
+#include "apps/escuela/QuotedText.h"
+#include "apps/escuela/Transaction.h"
+#include "apps/escuela/history/HistoryTriggers.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+using sqltext::Engine;
+
+constexpr std::size_t kLockUser = 3;
+/// Behind any moment of the day.
+constexpr auto kEndOfDay = " 99";
+
+std::string Quoted(const std::string& text, Engine engine) {
+  std::string quoted;
+  AppendQuoted(quoted, text, engine);
+  return quoted;
+}
+
+std::string ColumnTitle(const std::string& column) {
+  static const std::map<std::string, std::string> titles = {
+      {"CodNota", "Nota"},
+      {"CodNotaActitud", "Actitud"},
+      {"CodNotaObservacion", "Observación"},
+      {"CodNotaConcepto", "Concepto"},
+      {"CodNotaProcedimiento", "Procedimiento"},
+      {"RE_AC_DIV", "Medidas"},
+      {std::string(kRowAdded), "Alta"},
+      {std::string(kRowRemoved), "Baja"},
+  };
+  const auto found = titles.find(column);
+  return found == titles.end() ? column : found->second;
+}
+
+std::string FullName(const Recordset& rows, std::size_t at) {
+  return rows.Fields(at).Text() + " " + rows.Fields(at + 1).Text() + ", " +
+         rows.Fields(at + 2).Text();
+}
+
+std::string Conditions(const HistoryFilter& filter, Engine engine) {
+  std::string text;
+  const auto add = [&text](const std::string& condition) {
+    text += (text.empty() ? " WHERE " : " AND ") + condition;
+  };
+  const auto equal = [&add](const char* column, std::int32_t value) {
+    if (value != 0) add(std::string(column) + "=" + std::to_string(value));
+  };
+  equal("HistorialNotas.CodAlumno", filter.student);
+  equal("HistorialNotas.CodMatDet", filter.subject);
+  equal("HistorialNotas.CodNumEvaluacion", filter.evaluation);
+  equal("HistorialNotas.CodUsuario", filter.user);
+  if (!filter.from.empty()) add("HistorialNotas.Momento>=" + Quoted(filter.from, engine));
+  if (!filter.to.empty()) add("HistorialNotas.Momento<" + Quoted(filter.to + kEndOfDay, engine));
+  return text;
+}
+
+class Names {
+ public:
+  explicit Names(Connection& school) {
+    for (auto rows = school.Execute("SELECT IDNota, DescripcionCorta FROM Nota"); !rows.Eof();
+         rows.MoveNext())
+      grades_[rows.Fields(0).Long()] = rows.Fields(1).Text();
+    for (auto rows =
+             school.Execute("SELECT CodUsuario, Apellido1, Apellido2, Nombre FROM Personal");
+         !rows.Eof(); rows.MoveNext())
+      users_[rows.Fields(0).Long()] = FullName(rows, 1);
+  }
+
+  [[nodiscard]] std::string Grade(const Value& value, const std::string& column) const {
+    if (value.IsNull() || value.Long() == 0) return {};
+    const auto id = value.Long();
+    if (column == "RE_AC_DIV")
+      return id == 1   ? "Refuerzo educativo"
+             : id == 2 ? "Adaptación curricular"
+                       : std::to_string(id);
+    const auto found = grades_.find(id);
+    return found == grades_.end() ? "nota " + std::to_string(id) : found->second;
+  }
+
+  [[nodiscard]] std::string User(const Value& value) const {
+    if (value.IsNull()) return {};
+    const auto found = users_.find(value.Long());
+    const auto number = "usuario " + value.Text();
+    return found == users_.end() ? number : number + " (" + found->second + ")";
+  }
+
+ private:
+  std::map<std::int32_t, std::string> grades_;
+  std::map<std::int32_t, std::string> users_;
+};
+
+}  // namespace
+
+bool GradeHistory::Active() const { return !school_.Execute(HistoryTriggersQuery(engine_)).Eof(); }
+
+bool GradeHistory::Kept() const { return HasTable(school_, std::string(kHistoryTable)); }
+
+void GradeHistory::Activate() {
+  if (Active()) return;
+  const auto locks = ColumnsOf(school_, "BloqueoPte");
+  if (!locks || locks->size() <= kLockUser)
+    throw RuntimeError(ErrorNumber::StatementFailed, "Falta la tabla BloqueoPte");
+  const auto there = Kept();
+  Transaction transaction(school_);
+  if (!there) school_.Execute(HistoryTableSql(engine_));
+  for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser]))
+    school_.Execute(statement);
+  if (!there && engine_ == Engine::PostgreSql) GrantReading();
+  transaction.Keep();
+}
+
+void GradeHistory::GrantReading() {
+  for (auto rows = school_.Execute(
+           "SELECT DISTINCT CAST(quote_ident(grantee) AS text) FROM "
+           "information_schema.role_table_grants WHERE table_name='evaluacionpte' AND "
+           "privilege_type='SELECT' AND grantee<>CAST(current_user AS text) AND "
+           "grantee<>'PUBLIC'");
+       !rows.Eof(); rows.MoveNext())
+    school_.Execute("GRANT SELECT ON HistorialNotas TO " + rows.Fields(0).Text());
+}
+
+void GradeHistory::Deactivate() {
+  Transaction transaction(school_);
+  for (const auto& statement : NoHistoryTriggersSql(engine_)) school_.Execute(statement);
+  transaction.Keep();
+}
+
+std::int32_t GradeHistory::Purge(const std::string& before) {
+  if (!Kept()) return 0;
+  const auto condition = " FROM HistorialNotas WHERE Momento<" + Quoted(before, engine_);
+  Transaction transaction(school_);
+  const auto count = school_.Execute("SELECT COUNT(*)" + condition).Fields(0).Long();
+  school_.Execute("DELETE" + condition);
+  transaction.Keep();
+  return count;
+}
+
+std::vector<GradeChange> GradeHistory::Read(const HistoryFilter& filter) const {
+  std::vector<GradeChange> changes;
+  if (!Kept()) return changes;
+  const Names names(school_);
+  auto rows = school_.Execute(
+      "SELECT HistorialNotas.Momento, HistorialNotas.Columna, HistorialNotas.Antes, "
+      "HistorialNotas.Despues, HistorialNotas.CodUsuario, HistorialNotas.CodAlumno, "
+      "Alumno.Apellido_1, Alumno.Apellido_2, Alumno.Nombre, HistorialNotas.CodMatDet, "
+      "Materia.Nombre AS NombreMateria, Seccion.Descripcion AS NombreSeccion, "
+      "HistorialNotas.CodNumEvaluacion, NumEvaluacion.Descripcion FROM ((((HistorialNotas LEFT "
+      "JOIN Alumno ON Alumno.IDAlumno=HistorialNotas.CodAlumno) LEFT JOIN MateriaDetalles ON "
+      "MateriaDetalles.IDMateriaDetalles=HistorialNotas.CodMatDet) LEFT JOIN Materia ON "
+      "Materia.IDMateria=MateriaDetalles.CodMateria) LEFT JOIN Seccion ON "
+      "Seccion.IDSeccion=MateriaDetalles.CodSeccion) LEFT JOIN NumEvaluacion ON "
+      "NumEvaluacion.IDNumEvaluacion=HistorialNotas.CodNumEvaluacion" +
+      Conditions(filter, engine_) + " ORDER BY HistorialNotas.IDHistorial");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const auto column = rows.Fields(1).Text();
+    GradeChange change;
+    change.moment = rows.Fields(0).Text();
+    change.column = ColumnTitle(column);
+    change.before = names.Grade(rows.Fields(2), column);
+    change.after = names.Grade(rows.Fields(3), column);
+    change.user = names.User(rows.Fields(4));
+    change.student = rows.Fields(6).IsNull() && rows.Fields(8).IsNull()
+                         ? "alumno " + rows.Fields(5).Text()
+                         : FullName(rows, 6);
+    change.subject = rows.Fields(10).IsNull()
+                         ? "materia " + rows.Fields(9).Text()
+                         : rows.Fields(10).Text() + " (" + rows.Fields(11).Text() + ")";
+    change.evaluation = rows.Fields(13).IsNull() ? rows.Fields(12).Text() : rows.Fields(13).Text();
+    changes.push_back(change);
+  }
+  return changes;
+}
+
+}  // namespace quorvane

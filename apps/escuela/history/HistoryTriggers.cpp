@@ -1,0 +1,195 @@
+#include "apps/escuela/history/HistoryTriggers.h"
+
+namespace quorvane {
+namespace {
+
+using sqltext::Engine;
+
+enum class Event { Update, Insert, Delete };
+constexpr Event kEvents[] = {Event::Update, Event::Insert, Event::Delete};
+
+std::string_view EventName(Event event) {
+  if (event == Event::Update) return "UPDATE";
+  return event == Event::Insert ? "INSERT" : "DELETE";
+}
+
+std::string TriggerName(const WatchedTable& table, Event event) {
+  return "Historial_" + std::string(table.name) + "_" + std::string(EventName(event));
+}
+
+std::string Now(Engine engine) {
+  if (engine == Engine::PostgreSql)
+    return "to_char(clock_timestamp() AT TIME ZONE 'UTC','YYYY-MM-DD HH24:MI:SS.MS')";
+  if (engine == Engine::SqlServer) return "CONVERT(varchar(23),SYSUTCDATETIME(),121)";
+  return "strftime('%Y-%m-%d %H:%M:%f','now')";
+}
+
+/// A SELECT of what is kept of one column, or of the row as a whole. `row` is what the engine calls
+/// the row that tells which subject and evaluation it is; `from` gives it where it isn't there by
+/// itself.
+std::string Kept(Engine engine, std::string_view row, const std::string& column,
+                 const std::string& before, const std::string& after, const std::string& userColumn,
+                 const std::string& from) {
+  const auto subject = std::string(row) + ".CodAlumnoPte_MatDet";
+  const auto evaluation = std::string(row) + ".CodNumEvaluacion";
+  const auto pending = [&](const char* what) {
+    return std::string("(SELECT MIN(") + what +
+           ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+  };
+  return "SELECT " + Now(engine) + ",'" + column + "'," + before + "," + after + "," + subject +
+         "," + pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation +
+         ",(SELECT MIN(" + userColumn +
+         ") FROM BloqueoPte WHERE CodMatDet=" + pending("CodMatDet") +
+         " AND CodNumEvaluacion=" + evaluation + ")" + from;
+}
+
+constexpr std::string_view kColumns =
+    " (Momento,Columna,Antes,Despues,CodAlumnoPte_MatDet,CodAlumno,CodMatDet,CodNumEvaluacion,"
+    "CodUsuario) ";
+
+/// What an engine calls the row before and after, and unequal values of which either may be Null.
+struct Rows {
+  std::string_view before;
+  std::string_view after;
+};
+
+std::string Unequal(Engine engine, const std::string& one, const std::string& other) {
+  if (engine == Engine::Sqlite) return one + " IS NOT " + other;
+  if (engine == Engine::PostgreSql) return one + " IS DISTINCT FROM " + other;
+  return "COALESCE(" + one + ",0)<>COALESCE(" + other + ",0)";
+}
+
+/// The statements by which the history takes in one event on one table.
+std::vector<std::string> Keeping(Engine engine, const WatchedTable& table, Event event,
+                                 const std::string& userColumn) {
+  const Rows names = engine == Engine::SqlServer ? Rows{"deleted", "inserted"} : Rows{"OLD", "NEW"};
+  const auto row = event == Event::Delete ? names.before : names.after;
+  const auto insert =
+      std::string(engine == Engine::Sqlite ? "INSERT OR IGNORE INTO " : "INSERT INTO ") +
+      std::string(kHistoryTable) + std::string(kColumns);
+  std::string from;
+  std::string where = " WHERE ";
+  if (engine == Engine::SqlServer) {
+    from = " FROM " + std::string(row);
+    if (event == Event::Update)
+      from += " INNER JOIN deleted ON deleted.ID" + std::string(table.name) + "=inserted.ID" +
+              std::string(table.name);
+  }
+  std::vector<std::string> statements;
+  if (event != Event::Update)
+    statements.push_back(
+        insert + Kept(engine, row, std::string(event == Event::Insert ? kRowAdded : kRowRemoved),
+                      "NULL", "NULL", userColumn, from));
+  for (const auto column : table.columns) {
+    const auto before = std::string(names.before) + "." + std::string(column);
+    const auto after = std::string(names.after) + "." + std::string(column);
+    const auto changed = event == Event::Update   ? Unequal(engine, before, after)
+                         : event == Event::Insert ? after + "<>0"
+                                                  : before + "<>0";
+    statements.push_back(
+        insert + Kept(engine, row, std::string(column), event == Event::Insert ? "NULL" : before,
+                      event == Event::Delete ? "NULL" : after, userColumn, from + where + changed));
+  }
+  return statements;
+}
+
+std::string Joined(const std::vector<std::string>& statements) {
+  std::string text;
+  for (const auto& statement : statements) text += statement + "; ";
+  return text;
+}
+
+/// A save writes every row, whether it has changed or not.
+std::string OnlyChanged(Engine engine, const WatchedTable& table) {
+  std::string condition;
+  for (const auto column : table.columns)
+    condition += (condition.empty() ? "" : " OR ") +
+                 Unequal(engine, "OLD." + std::string(column), "NEW." + std::string(column));
+  return " WHEN (" + condition + ")";
+}
+
+std::string Trigger(Engine engine, const WatchedTable& table, Event event,
+                    const std::string& userColumn) {
+  const auto name = TriggerName(table, event);
+  const auto on = std::string(EventName(event)) + " ON " + std::string(table.name);
+  const auto when = event == Event::Update ? OnlyChanged(engine, table) : std::string();
+  const auto body = Joined(Keeping(engine, table, event, userColumn));
+  if (engine == Engine::Sqlite)
+    return "CREATE TRIGGER " + name + " AFTER " + on + when + " BEGIN " + body + "END";
+  if (engine == Engine::SqlServer)
+    return "CREATE TRIGGER " + name + " ON " + std::string(table.name) + " AFTER " +
+           std::string(EventName(event)) + " AS BEGIN SET NOCOUNT ON; SET XACT_ABORT OFF; BEGIN " +
+           "TRY " + body + "END TRY BEGIN CATCH END CATCH END";
+  return "CREATE TRIGGER " + name + " AFTER " + on + " FOR EACH ROW" + when + " EXECUTE FUNCTION " +
+         name + "()";
+}
+
+/// Whoever saves need have no right to the history; whatever fails here stays here.
+std::string Function(const WatchedTable& table, Event event, const std::string& userColumn) {
+  return "CREATE FUNCTION " + TriggerName(table, event) +
+         "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER AS $historial$ BEGIN " +
+         Joined(Keeping(Engine::PostgreSql, table, event, userColumn)) +
+         "RETURN NULL; EXCEPTION WHEN OTHERS THEN RETURN NULL; END $historial$";
+}
+
+}  // namespace
+
+const std::vector<WatchedTable>& WatchedTables() {
+  static const std::vector<WatchedTable> tables = {
+      {"EvaluacionPte",
+       {"CodNota", "CodNotaActitud", "CodNotaObservacion", "CodNotaConcepto",
+        "CodNotaProcedimiento"}},
+      {"EvaluacionActaPte", {"CodNota", "CodNotaObservacion", "RE_AC_DIV"}},
+  };
+  return tables;
+}
+
+std::string HistoryTableSql(Engine engine) {
+  const std::string text = engine == Engine::Sqlite ? "TEXT" : "varchar(32)";
+  const std::string number = engine == Engine::Sqlite ? "INTEGER" : "int";
+  std::string key = "INTEGER PRIMARY KEY";
+  if (engine == Engine::PostgreSql) key = "bigserial PRIMARY KEY";
+  if (engine == Engine::SqlServer) key = "bigint IDENTITY PRIMARY KEY";
+  return "CREATE TABLE " + std::string(kHistoryTable) + " (IDHistorial " + key + ", Momento " +
+         text + ", Columna " + text + ", Antes " + number + ", Despues " + number +
+         ", CodAlumnoPte_MatDet " + number + ", CodAlumno " + number + ", CodMatDet " + number +
+         ", CodNumEvaluacion " + number + ", CodUsuario " + number + ")";
+}
+
+std::vector<std::string> HistoryTriggersSql(Engine engine, const std::string& userColumn) {
+  std::vector<std::string> statements;
+  for (const auto& table : WatchedTables())
+    for (const auto event : kEvents) {
+      if (engine == Engine::PostgreSql) statements.push_back(Function(table, event, userColumn));
+      statements.push_back(Trigger(engine, table, event, userColumn));
+    }
+  return statements;
+}
+
+std::vector<std::string> NoHistoryTriggersSql(Engine engine) {
+  std::vector<std::string> statements;
+  for (const auto& table : WatchedTables())
+    for (const auto event : kEvents) {
+      const auto name = TriggerName(table, event);
+      if (engine == Engine::PostgreSql) {
+        statements.push_back("DROP TRIGGER IF EXISTS " + name + " ON " + std::string(table.name));
+        statements.push_back("DROP FUNCTION IF EXISTS " + name + "()");
+      } else {
+        statements.push_back("DROP TRIGGER IF EXISTS " + name);
+      }
+    }
+  return statements;
+}
+
+std::string HistoryTriggersQuery(Engine engine) {
+  if (engine == Engine::PostgreSql)
+    return "SELECT tgname FROM pg_trigger INNER JOIN pg_class ON pg_class.oid=tgrelid WHERE NOT "
+           "tgisinternal AND pg_table_is_visible(pg_class.oid) AND tgname LIKE "
+           "'historial\\_evaluacion%pte\\_%'";
+  if (engine == Engine::SqlServer)
+    return "SELECT name FROM sys.triggers WHERE name LIKE 'Historial[_]Evaluacion%Pte[_]%'";
+  return "SELECT name FROM sqlite_master WHERE type='trigger' AND name LIKE "
+         "'Historial?_Evaluacion%Pte?_%' ESCAPE '?'";
+}
+
+}  // namespace quorvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/sqltext/Dialect.h"
+
+namespace quorvane {
+
+/// The table in which the history of grades is kept: the host's own, no school need have it.
+inline constexpr std::string_view kHistoryTable = "HistorialNotas";
+
+/// The tables of grades, and the columns of each whose changes are kept.
+struct WatchedTable {
+  std::string_view name;
+  std::vector<std::string_view> columns;
+};
+const std::vector<WatchedTable>& WatchedTables();
+
+/// What stands in the column `Columna` for a row that comes and one that goes.
+inline constexpr std::string_view kRowAdded = "alta";
+inline constexpr std::string_view kRowRemoved = "baja";
+
+/// The statement that makes the table of the history.
+std::string HistoryTableSql(sqltext::Engine engine);
+
+/// The statements that have an engine keep the history, in order. `userColumn` is what the school
+/// calls the user in its locks. On PostgreSQL and SQL Server nothing that fails in them reaches
+/// whoever saves; on SQLite a row that can't be kept is left out, whatever rules the table has been
+/// given, but the table has to be there.
+std::vector<std::string> HistoryTriggersSql(sqltext::Engine engine, const std::string& userColumn);
+/// Those that have it stop.
+std::vector<std::string> NoHistoryTriggersSql(sqltext::Engine engine);
+
+/// A query that gives a row for each of the triggers that stand.
+std::string HistoryTriggersQuery(sqltext::Engine engine);
+
+}  // namespace quorvane

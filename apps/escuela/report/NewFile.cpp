@@ -1,0 +1,60 @@
+#include "apps/escuela/report/NewFile.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <system_error>
+
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::StatementFailed, "No se puede escribir " + path + ": " + reason);
+}
+
+}  // namespace
+
+void WriteNewFile(const std::string& path, const std::string& content) {
+  std::error_code error;
+  if (fs::exists(fs::symlink_status(path, error))) Refuse(path, "el archivo ya existe");
+  const auto partial = path + ".parcial-" + std::to_string(std::random_device()());
+  const auto give = [&](const std::string& reason) {
+    std::error_code ignored;
+    fs::remove(partial, ignored);
+    Refuse(path, reason);
+  };
+  {
+    std::ofstream file(partial, std::ios::binary);
+    if (!file) Refuse(path, std::strerror(errno));
+    file << content;
+    if (!file.flush()) give("compruebe que queda espacio en el disco");
+  }
+  // Unlike a change of name, a second one never takes the place of a file that has come meanwhile.
+  fs::create_hard_link(partial, path, error);
+  if (!error) {
+    fs::remove(partial, error);
+    return;
+  }
+  if (fs::exists(fs::symlink_status(path))) give("el archivo ya existe");
+  fs::rename(partial, path, error);
+  if (error) give(error.message());
+}
+
+std::string AsFileName(const std::string& text) {
+  std::string name;
+  for (const auto letter : text) {
+    const auto byte = static_cast<unsigned char>(letter);
+    const auto odd = byte < ' ' || std::strchr("/\\:*?\"<>|", letter) != nullptr;
+    name += odd ? '-' : letter;
+  }
+  if (name.empty() || name.front() == '.') name.insert(0, "_");
+  return name;
+}
+
+}  // namespace quorvane

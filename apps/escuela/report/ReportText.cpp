@@ -1,0 +1,179 @@
+#include "apps/escuela/report/ReportText.h"
+
+#include <array>
+#include <string_view>
+
+#include "apps/escuela/CsvLine.h"
+
+namespace quorvane {
+namespace {
+
+/// By it a spreadsheet knows that the letters are UTF-8.
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+constexpr std::array kBlankColumns = {"Nota", "Concepto", "Procedimiento", "Actitud",
+                                      "Observación"};
+
+std::string Escaped(std::string_view text) {
+  std::string escaped;
+  for (const auto letter : text) {
+    if (letter == '&')
+      escaped += "&amp;";
+    else if (letter == '<')
+      escaped += "&lt;";
+    else if (letter == '>')
+      escaped += "&gt;";
+    else if (letter == '"')
+      escaped += "&quot;";
+    else
+      escaped += letter;
+  }
+  return escaped;
+}
+
+std::string Head(const SectionReport& report, std::string_view what) {
+  std::string html = "<!DOCTYPE html>\n<html lang=\"es\"><head><meta charset=\"utf-8\">\n<title>";
+  html.append(Escaped(report.title)).append(": ").append(what).append("</title>\n<style>\n");
+  html +=
+      "body { font-family: sans-serif; font-size: 10pt; }\n"
+      "h1 { font-size: 14pt; margin-bottom: 2px; }\nh2 { font-size: 12pt; margin-top: 4px; }\n"
+      "p { margin: 2px; }\ntable { border-collapse: collapse; }\n"
+      "th, td { border: 1px solid #808080; padding: 3px; vertical-align: top; text-align: left; "
+      "overflow-wrap: anywhere; }\nth { background-color: #e8e8e8; }\n"
+      "tr { page-break-inside: avoid; }\nthead { display: table-header-group; }\n"
+      "</style></head>\n<body>\n";
+  return html;
+}
+
+void AppendHeading(std::string& html, const SectionReport& report, std::string_view what,
+                   bool newPage) {
+  html += newPage ? "<h1 style=\"page-break-before: always;\">" : "<h1>";
+  html.append(Escaped(report.school)).append("</h1>\n<p>").append(what).append(". ");
+  html.append(Escaped(report.title)).append(". ").append(Escaped(report.date)).append("</p>\n");
+}
+
+void AppendCells(std::string& html, std::string_view tag, const std::vector<std::string>& cells) {
+  html += "<tr>";
+  for (const auto& cell : cells) {
+    html.append("<").append(tag).append(">").append(cell.empty() ? "&nbsp;" : cell);
+    html.append("</").append(tag).append(">");
+  }
+  html += "</tr>\n";
+}
+
+constexpr auto kTable = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\" width=\"100%\">\n";
+
+/// All that a subject has in an evaluation: the grade, and the others below it with their names.
+std::string GradeCell(const ReportGrade& grade) {
+  std::string cell;
+  if (!grade.grade.empty()) cell = "<b>" + Escaped(grade.grade) + "</b>";
+  const auto add = [&cell](const char* name, const std::string& text) {
+    if (text.empty()) return;
+    if (!cell.empty()) cell += "<br>";
+    cell += name + Escaped(text);
+  };
+  add("Concepto: ", grade.concepts);
+  add("Procedimiento: ", grade.procedure);
+  add("Actitud: ", grade.attitude);
+  add("Observación: ", grade.observation);
+  add("Medidas: ", grade.measure);
+  return cell.empty() ? "—" : cell;
+}
+
+void AppendStudent(std::string& html, const SectionReport& report, const ReportStudent& student) {
+  html.append("<h2>").append(Escaped(student.name)).append("</h2>\n").append(kTable);
+  html += "<thead>";
+  std::vector<std::string> cells = {"Materia pendiente", "Profesor"};
+  for (const auto& evaluation : report.evaluations) cells.push_back(Escaped(evaluation.name));
+  AppendCells(html, "th", cells);
+  html += "</thead><tbody>\n";
+  for (const auto& subject : student.subjects) {
+    cells = {Escaped(subject.name), Escaped(subject.teacher)};
+    for (const auto& evaluation : report.evaluations) {
+      const auto grade = subject.grades.find(evaluation.id);
+      cells.push_back(grade == subject.grades.end() ? std::string() : GradeCell(grade->second));
+    }
+    AppendCells(html, "td", cells);
+  }
+  html += "</tbody></table>\n";
+}
+
+}  // namespace
+
+std::string ReportHtml(const SectionReport& report) {
+  constexpr auto kWhat = "Informe de materias pendientes";
+  auto html = Head(report, kWhat);
+  for (std::size_t i = 0; i < report.students.size(); ++i) {
+    AppendHeading(html, report, kWhat, i > 0);
+    AppendStudent(html, report, report.students[i]);
+  }
+  if (report.students.empty()) {
+    AppendHeading(html, report, kWhat, false);
+    html += "<p>Ningún alumno tiene materias pendientes.</p>\n";
+  } else {
+    html += "<p>— : sin calificar. En blanco: no se califica en esa evaluación.</p>\n";
+  }
+  return html + "</body></html>\n";
+}
+
+std::string BlankSheetHtml(const SectionReport& report) {
+  constexpr auto kWhat = "Hoja de notas de materias pendientes";
+  auto html = Head(report, kWhat);
+  AppendHeading(html, report, kWhat, false);
+  html += "<p>Evaluación: ____________________ Profesor: ______________________________</p>\n";
+  html.append(kTable).append("<thead>");
+  std::vector<std::string> cells = {"Alumno", "Materia"};
+  cells.insert(cells.end(), kBlankColumns.begin(), kBlankColumns.end());
+  AppendCells(html, "th", cells);
+  html += "</thead><tbody>\n";
+  for (const auto& student : report.students)
+    for (const auto& subject : student.subjects) {
+      cells = {Escaped(student.name), Escaped(subject.name)};
+      cells.resize(cells.size() + kBlankColumns.size());
+      AppendCells(html, "td", cells);
+    }
+  return html + "</tbody></table>\n</body></html>\n";
+}
+
+std::string ReportCsv(const SectionReport& report) {
+  auto csv = std::string(kMark) +
+             CsvLine({"alumno", "nombre", "grupo", "materia", "profesor", "evaluación", "nota",
+                      "concepto", "procedimiento", "actitud", "observación", "medidas"});
+  for (const auto& student : report.students)
+    for (const auto& subject : student.subjects) {
+      const std::vector<std::string> who = {std::to_string(student.id), student.name, report.title,
+                                            subject.name, subject.teacher};
+      auto any = false;
+      for (const auto& evaluation : report.evaluations) {
+        const auto found = subject.grades.find(evaluation.id);
+        if (found == subject.grades.end()) continue;
+        any = true;
+        const auto& grade = found->second;
+        auto line = who;
+        for (const auto& cell : {evaluation.name, grade.grade, grade.concepts, grade.procedure,
+                                 grade.attitude, grade.observation, grade.measure})
+          line.push_back(cell);
+        csv += CsvLine(line);
+      }
+      if (any) continue;
+      // A subject that is in no evaluation is pending all the same.
+      auto line = who;
+      line.resize(line.size() + 7);
+      csv += CsvLine(line);
+    }
+  return csv;
+}
+
+std::string BlankSheetCsv(const SectionReport& report) {
+  std::vector<std::string> heading = {"Alumno", "Materia"};
+  heading.insert(heading.end(), kBlankColumns.begin(), kBlankColumns.end());
+  auto csv = std::string(kMark) + CsvLine(heading);
+  for (const auto& student : report.students)
+    for (const auto& subject : student.subjects) {
+      std::vector<std::string> line = {student.name, subject.name};
+      line.resize(heading.size());
+      csv += CsvLine(line);
+    }
+  return csv;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,104 @@
+#include "apps/quorvane-escuela/HistoryCommand.h"
+
+#include <iostream>
+#include <regex>
+
+#include "adapters/guion/player/JsonText.h"
+#include "apps/escuela/CsvLine.h"
+#include "apps/escuela/SchoolCheck.h"
+
+namespace quorvane {
+namespace {
+
+using guion::JsonText;
+
+/// A date as yyyy-mm-dd; false when it is none.
+bool TakeDate(std::string& date) {
+  static const std::regex spanish("([0-3][0-9])/([01][0-9])/([0-9]{4})");
+  static const std::regex iso("[0-9]{4}-[01][0-9]-[0-3][0-9]");
+  if (date.empty()) return true;
+  if (std::smatch parts; std::regex_match(date, parts, spanish))
+    date = parts[3].str() + "-" + parts[2].str() + "-" + parts[1].str();
+  return std::regex_match(date, iso);
+}
+
+std::string Text(const GradeChange& change) {
+  auto text = change.moment + " UTC  " + change.student + ", " + change.subject + ", " +
+              change.evaluation + ", " + change.column;
+  if (!change.before.empty() || !change.after.empty())
+    text += ": " + (change.before.empty() ? "—" : change.before) + " → " +
+            (change.after.empty() ? "—" : change.after);
+  return text + (change.user.empty() ? "" : "  " + change.user);
+}
+
+void PrintCsv(const std::vector<GradeChange>& changes) {
+  std::cout << CsvLine(
+      {"momento UTC", "alumno", "materia", "evaluación", "columna", "antes", "después", "usuario"});
+  for (const auto& change : changes)
+    std::cout << CsvLine({change.moment, change.student, change.subject, change.evaluation,
+                          change.column, change.before, change.after, change.user});
+}
+
+void PrintJson(const std::vector<GradeChange>& changes) {
+  std::cout << '[';
+  const auto* before = "\n";
+  for (const auto& change : changes) {
+    std::cout << before << "{\"momento\":" << JsonText(change.moment)
+              << ",\"alumno\":" << JsonText(change.student)
+              << ",\"materia\":" << JsonText(change.subject)
+              << ",\"evaluacion\":" << JsonText(change.evaluation)
+              << ",\"columna\":" << JsonText(change.column)
+              << ",\"antes\":" << JsonText(change.before)
+              << ",\"despues\":" << JsonText(change.after)
+              << ",\"usuario\":" << JsonText(change.user) << '}';
+    before = ",\n";
+  }
+  std::cout << "\n]\n";
+}
+
+void Show(const GradeHistory& history, const HistoryOptions& options) {
+  const auto changes = history.Read(options.filter);
+  if (options.csv) return PrintCsv(changes);
+  if (options.json) return PrintJson(changes);
+  for (const auto& change : changes) std::cout << Text(change) << '\n';
+  if (!changes.empty()) return;
+  std::cout << (history.Kept() ? "No hay ningún cambio\n"
+                               : "El historial no se ha activado nunca: «quorvane-escuela "
+                                 "historial … activar»\n");
+}
+
+}  // namespace
+
+std::string Complaint(HistoryOptions& options) {
+  const auto& order = options.order;
+  if (order.empty()) return "Falta activar, desactivar, ver o purgar";
+  if (order != "activar" && order != "desactivar" && order != "ver" && order != "purgar")
+    return "No se conoce «historial " + order + "»";
+  if (order == "purgar" && options.before.empty()) return "Falta --antes";
+  for (auto* const date : {&options.before, &options.filter.from, &options.filter.to})
+    if (!TakeDate(*date)) return "«" + *date + "» no es una fecha como 2025-03-03 o 03/03/2025";
+  return {};
+}
+
+int History(const SchoolAddress& address, const HistoryOptions& options) {
+  const auto school = address.Open("", options.order == "ver" ? SchoolAddress::Access::ReadOnly
+                                                              : SchoolAddress::Access::ReadWrite);
+  RequireSchool(*school, "No se puede usar " + address.Shown() + ": ");
+  GradeHistory history(*school);
+  if (options.order == "ver") {
+    Show(history, options);
+  } else if (options.order == "activar") {
+    const auto active = history.Active();
+    history.Activate();
+    std::cout << (active ? "El historial ya estaba activado\n" : "Historial activado\n");
+  } else if (options.order == "desactivar") {
+    history.Deactivate();
+    std::cout << "Historial desactivado. Lo guardado se puede seguir viendo\n";
+  } else {
+    std::cout << "Borrados " << history.Purge(options.before) << " cambios anteriores a "
+              << options.before << '\n';
+  }
+  return 0;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,105 @@
+#include "apps/quorvane-escuela/ReportCommand.h"
+
+#include <filesystem>
+#include <iostream>
+#include <set>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/Today.h"
+#include "apps/escuela/report/NewFile.h"
+#include "apps/escuela/report/ReportReader.h"
+#include "apps/escuela/report/ReportText.h"
+#include "apps/quorvane-escuela/ProgressLine.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+constexpr auto kPatience = std::chrono::seconds(2);
+
+std::string NameOf(const SchoolAddress& address) {
+  if (!address.IsOdbc()) return std::filesystem::path(address.Text()).stem().string();
+  const odbc::ConnectionString given(address.Text());
+  for (const auto* const keyword : {"Database", "DSN", "Server", "Servername"})
+    if (auto name = given.Value(keyword); !name.empty()) return name;
+  return "Escuela";
+}
+
+/// "03/03/2025" of "2025/03/03".
+std::string Printed(const std::string& date) {
+  return date.substr(8) + "/" + date.substr(5, 2) + "/" + date.substr(0, 4);
+}
+
+bool Ends(const std::string& text, const std::string& ending) { return text.ends_with(ending); }
+
+std::string Text(const SectionReport& report, bool blank, bool csv) {
+  if (csv) return blank ? BlankSheetCsv(report) : ReportCsv(report);
+  return blank ? BlankSheetHtml(report) : ReportHtml(report);
+}
+
+std::string Counted(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " alumno" : " alumnos");
+}
+
+int WriteAll(const ReportReader& reader, const ReportOptions& options) {
+  const auto sections = reader.Sections();
+  std::error_code error;
+  std::filesystem::create_directories(options.output, error);
+  if (error)
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "No se puede escribir en " + options.output + ": " + error.message());
+  const ProgressLine progress("Escribiendo", kPatience);
+  std::set<std::string> names;
+  std::size_t done = 0;
+  std::size_t written = 0;
+  for (const auto& [section, name] : sections) {
+    auto file = AsFileName(name);
+    if (!names.insert(file).second) file += "-" + std::to_string(section);
+    file += options.csv ? ".csv" : ".html";
+    try {
+      WriteNewFile((std::filesystem::path(options.output) / file).string(),
+                   Text(reader.Section(section), options.blank, options.csv));
+      ++written;
+    } catch (const RuntimeError& failure) {
+      std::cerr << "quorvane-escuela: " << name << ": " << failure.Description() << '\n';
+    }
+    progress.Percent(++done, sections.size());
+  }
+  std::cout << "Escritas " << written << " de " << sections.size() << " secciones en "
+            << options.output << '\n';
+  return written == sections.size() ? 0 : 1;
+}
+
+}  // namespace
+
+std::string Complaint(const ReportOptions& options) {
+  const auto ways =
+      (options.section.empty() ? 0 : 1) + (options.subject.empty() ? 0 : 1) + (options.all ? 1 : 0);
+  if (ways == 0) return "Falta --seccion, --materia o --todas";
+  if (ways > 1) return "--seccion, --materia y --todas no van juntos";
+  if (options.student != 0 && options.section.empty()) return "--alumno va con --seccion";
+  if (options.output.empty()) return "Falta --salida";
+  if (options.all) return {};
+  if (options.csv) return "--csv va con --todas";
+  if (!Ends(options.output, ".html") && !Ends(options.output, ".csv"))
+    return "--salida ha de acabar en .html o en .csv";
+  return {};
+}
+
+int Report(const SchoolAddress& address, const ReportOptions& options) {
+  const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
+  RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
+  const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
+                            Printed(Today(*school)));
+  if (options.all) return WriteAll(reader, options);
+  const auto report = options.subject.empty()
+                          ? reader.Section(reader.FindSection(options.section), options.student)
+                          : reader.Subject(reader.FindSubject(options.subject));
+  WriteNewFile(options.output, Text(report, options.blank, Ends(options.output, ".csv")));
+  std::cout << "Escrito " << options.output << ": " << Counted(report.students.size()) << " de "
+            << report.title << '\n';
+  return 0;
+}
+
+}  // namespace quorvane

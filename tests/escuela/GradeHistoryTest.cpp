@@ -1,0 +1,192 @@
+// Who changed which grade and when: in a school in a file, or on the server that the tests run
+// beside.
+
+#include "apps/escuela/history/GradeHistory.h"
+#include "apps/escuela/history/HistoryTriggers.h"
+#include "tests/escuela/AnySchool.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/RunCommand.h"
+
+namespace quorvane::test {
+namespace {
+
+class GradeHistoryTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    school_.Sql("DELETE FROM PublicacionPte");
+    school_.Sql("DELETE FROM BloqueoPte");
+  }
+  // On a server the next test takes the same database.
+  void TearDown() override {
+    history_.Deactivate();
+    if (history_.Kept()) school_.Sql("DROP TABLE HistorialNotas");
+  }
+
+  std::vector<std::string> Kept(const HistoryFilter& filter = {}) {
+    std::vector<std::string> kept;
+    for (const auto& change : history_.Read(filter))
+      kept.push_back(change.column + ":" + change.before + ">" + change.after + ":" + change.user);
+    return kept;
+  }
+  std::string Text(int grade) {
+    return school_.Rows("SELECT DescripcionCorta FROM Nota WHERE IDNota=" +
+                        std::to_string(grade))[0];
+  }
+
+  AnySchool school_;
+  GradeHistory history_{school_.Db()};
+};
+
+TEST_F(GradeHistoryTest, IsOffUntilItIsSwitchedOn) {
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=1");
+  EXPECT_FALSE(history_.Active());
+  EXPECT_FALSE(history_.Kept());
+  EXPECT_THAT(Kept(), IsEmpty());
+  history_.Activate();
+  EXPECT_TRUE(history_.Active());
+  history_.Activate();
+  history_.Deactivate();
+  EXPECT_FALSE(history_.Active());
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=1");
+  EXPECT_THAT(Kept(), IsEmpty());
+  EXPECT_TRUE(history_.Kept());
+}
+
+TEST_F(GradeHistoryTest, KeepsEachColumnThatChangedWithTheUserWhoHeldTheSubject) {
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=5, CodNotaActitud=0 WHERE IDEvaluacionPte=2");
+  const auto subject = school_.Number(
+      "SELECT CodMatDet FROM AlumnoPte_MatDet WHERE "
+      "IDAlumnoPte_MatDet=1");
+  school_.Sql("INSERT INTO BloqueoPte VALUES (0,2," + std::to_string(subject) + ",4,1)");
+  history_.Activate();
+  school_.Sql(
+      "UPDATE EvaluacionPte SET Evaluado=-1, CodNota=6, CodNotaActitud=22 WHERE "
+      "IDEvaluacionPte=2");
+  school_.Sql(
+      "UPDATE EvaluacionPte SET Evaluado=-1, CodNota=6, CodNotaActitud=22 WHERE "
+      "IDEvaluacionPte=2");
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1");
+  const std::string user = "usuario 4 (Ortega García, Javier)";
+  const auto all = history_.Read({});
+  ASSERT_EQ(all.size(), 3U);
+  EXPECT_EQ(all[0].column, "Nota");
+  EXPECT_EQ(all[0].before, Text(5));
+  EXPECT_EQ(all[0].after, Text(6));
+  EXPECT_EQ(all[0].user, user);
+  EXPECT_EQ(all[0].student, "Domínguez Álvarez, Marina");
+  EXPECT_EQ(all[0].subject, "Matemáticas (2º ESO A)");
+  EXPECT_EQ(all[0].evaluation, "2ª Evaluación");
+  EXPECT_EQ(all[0].moment.size(), std::string("2025-03-03 12:00:00.000").size());
+  EXPECT_EQ(all[1].column, "Actitud");
+  EXPECT_EQ(all[2].user, "") << "nobody held it in the first evaluation";
+  EXPECT_EQ(all[2].after, "");
+}
+
+TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
+  history_.Activate();
+  school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,5,0,2,0)");
+  school_.Sql("DELETE FROM EvaluacionActaPte WHERE IDEvaluacionActaPte=9001");
+  EXPECT_THAT(Kept(),
+              ElementsAre("Alta:>:", "Nota:>" + Text(5) + ":", "Medidas:>Adaptación curricular:",
+                          "Baja:>:", "Nota:" + Text(5) + ">:", "Medidas:Adaptación curricular>:"));
+}
+
+TEST_F(GradeHistoryTest, FiltersByWhatIsAskedFor) {
+  history_.Activate();
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE CodNota>0");
+  const auto all = Kept().size();
+  HistoryFilter filter;
+  filter.student = 29;
+  EXPECT_EQ(static_cast<int>(Kept(filter).size()),
+            school_.Number("SELECT COUNT(*) FROM HistorialNotas WHERE CodAlumno=29"));
+  EXPECT_LT(Kept(filter).size(), all);
+  filter.evaluation = 2;
+  EXPECT_EQ(static_cast<int>(Kept(filter).size()),
+            school_.Number("SELECT COUNT(*) FROM HistorialNotas WHERE CodAlumno=29 AND "
+                           "CodNumEvaluacion=2"));
+  EXPECT_GT(Kept(filter).size(), 0U);
+  filter = {};
+  filter.user = 4;
+  EXPECT_THAT(Kept(filter), IsEmpty());
+  filter = {};
+  filter.to = "2020-01-01";
+  EXPECT_THAT(Kept(filter), IsEmpty());
+  filter.to = {};
+  filter.from = "2020-01-01";
+  EXPECT_EQ(Kept(filter).size(), all);
+  filter.to = history_.Read({}).front().moment.substr(0, 10);
+  EXPECT_EQ(Kept(filter).size(), all) << "the day itself counts";
+}
+
+TEST_F(GradeHistoryTest, IsShortenedByDays) {
+  history_.Activate();
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  school_.Sql(
+      "INSERT INTO HistorialNotas (IDHistorial, Momento, Columna) VALUES (9001,"
+      "'2020-01-01 10:00:00.000','CodNota')");
+  EXPECT_EQ(history_.Purge("2020-01-01"), 0);
+  EXPECT_EQ(history_.Purge("2020-01-02"), 1);
+  EXPECT_EQ(Kept().size(), 1U);
+}
+
+TEST_F(GradeHistoryTest, ARowThatCantBeKeptStopsNoSaving) {
+  history_.Activate();
+  if (OnServer()) {
+    school_.Sql("DROP TABLE HistorialNotas");
+  } else {
+    school_.Sql("CREATE UNIQUE INDEX Estorbo ON HistorialNotas (Columna)");
+    school_.Sql("UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=2");
+  }
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=2");
+  EXPECT_EQ(school_.Number("SELECT CodNota FROM EvaluacionPte WHERE IDEvaluacionPte=2"), 7);
+}
+
+TEST_F(GradeHistoryTest, WhoWorksNeedsNoRightToIt) {
+  if (!OnServer()) GTEST_SKIP() << "a file knows no rights";
+  history_.Activate();
+  const auto worker = SchoolAddress::Odbc(ServerString(school_.Path())).Open("");
+  worker->Execute("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  EXPECT_EQ(GradeHistory(*worker).Read({}).size(), 1U);
+}
+
+TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
+  const auto run = [&](const std::string& rest) {
+    return RunCommand(QUORVANE_ESCUELA " historial " + school_.Argument() + " " + rest);
+  };
+  EXPECT_THAT(run("ver").text, HasSubstr("no se ha activado nunca"));
+  EXPECT_EQ(run("activar").text, "Historial activado\n");
+  EXPECT_EQ(run("activar").text, "El historial ya estaba activado\n");
+  EXPECT_EQ(run("ver").text, "No hay ningún cambio\n");
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  const auto grade = Text(7);
+  EXPECT_THAT(run("ver --alumno 29").text,
+              HasSubstr("Domínguez Álvarez, Marina, Matemáticas (2º ESO A), 3ª Evaluación, Nota: "
+                        "— → " +
+                        grade));
+  EXPECT_THAT(run("ver --csv").text, HasSubstr("3ª Evaluación;Nota;;" + grade + ";"));
+  EXPECT_THAT(run("ver --json --desde 01/01/2020").text,
+              HasSubstr("\"despues\":\"" + grade + "\""));
+  EXPECT_EQ(run("purgar --antes 2020-01-01").text, "Borrados 0 cambios anteriores a 2020-01-01\n");
+  EXPECT_THAT(run("desactivar").text, HasSubstr("Historial desactivado"));
+  for (const std::string wrong : {"", "otra", "purgar", "ver --desde ayer", "ver --csv --json"})
+    EXPECT_EQ(run(wrong).status, 2) << wrong;
+  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Argument()).text.find("Historial"),
+            std::string::npos);
+}
+
+TEST(HistoryTriggersTest, EveryEngineWatchesTheSameColumnsOfTheSameTables) {
+  using sqltext::Engine;
+  for (const auto engine : {Engine::Sqlite, Engine::PostgreSql, Engine::SqlServer}) {
+    std::string all;
+    for (const auto& statement : HistoryTriggersSql(engine, "CodUsuario")) all += statement + "\n";
+    for (const auto& table : WatchedTables()) {
+      for (const auto* const event : {"UPDATE", "INSERT", "DELETE"})
+        EXPECT_THAT(all, HasSubstr("Historial_" + std::string(table.name) + "_" + event));
+      for (const auto column : table.columns)
+        EXPECT_THAT(all, HasSubstr("'" + std::string(column) + "'"));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvane::test
