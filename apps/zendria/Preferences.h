@@ -20,6 +20,11 @@ class Preferences {
   Preferences();
   /// In that file, and in its folder.
   explicit Preferences(const QString& file);
+  ~Preferences();
+  Preferences(const Preferences&) = delete;
+  Preferences& operator=(const Preferences&) = delete;
+  Preferences(Preferences&&) = delete;
+  Preferences& operator=(Preferences&&) = delete;
 
   /// Where else the host keeps what is this user's: a folder that may not be there yet.
   [[nodiscard]] QString DataFolder() const { return dataFolder_; }
@@ -49,6 +54,8 @@ class Preferences {
   [[nodiscard]] std::optional<std::int32_t> Centre(const QString& school) const;
 
  private:
+  void KeepToOwner() const;
+
   QSettings settings_;
   QString dataFolder_;
 };
