@@ -10,6 +10,7 @@
 #include "apps/escuela/Told.h"
 #include "apps/programs/Complaint.h"
 #include "apps/programs/NumberOption.h"
+#include "apps/programs/PasswordPrompt.h"
 #include "apps/programs/Process.h"
 #include "apps/programs/VisibleOutput.h"
 #include "apps/quorvane-escuela/Commands.h"
@@ -101,7 +102,9 @@ int Run(int argc, char** argv) {
               << "\nPruebe quorvane-escuela --help\n";
     return kBadArguments;
   }
-  if (copy->parsed()) return quorvane::Copy(Address(arguments.from), Address(arguments.to));
+  if (copy->parsed())
+    return quorvane::Copy(quorvane::WithPassword(Address(arguments.from)),
+                          quorvane::WithPassword(Address(arguments.to)));
   if (arguments.file.empty() == arguments.odbc.empty()) {
     std::cerr << "quorvane-escuela: "
               << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
@@ -109,8 +112,9 @@ int Run(int argc, char** argv) {
               << "\nPruebe quorvane-escuela --help\n";
     return kBadArguments;
   }
-  const auto school = arguments.odbc.empty() ? quorvane::SchoolAddress::File(arguments.file)
-                                             : quorvane::SchoolAddress::Odbc(arguments.odbc);
+  const auto school = arguments.odbc.empty()
+                          ? quorvane::SchoolAddress::File(arguments.file)
+                          : quorvane::WithPassword(quorvane::SchoolAddress::Odbc(arguments.odbc));
   if (school.IsMisplaced()) {
     std::cerr << "quorvane-escuela: " << quorvane::SchoolAddress::kMisplaced << '\n';
     return kBadArguments;

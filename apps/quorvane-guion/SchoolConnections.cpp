@@ -26,7 +26,8 @@ SchoolAddress EntradaOf(const PlayOptions& options) {
 void RequireSchool(const SchoolAddress& address) {
   const auto connection = address.Open("");
   // A server's own tables are its keeper's affair; a file may come from anywhere.
-  const auto strange = address.IsOdbc() ? std::vector<std::string>() : ViewsAmongTables(*connection);
+  const auto strange =
+      address.IsOdbc() ? std::vector<std::string>() : ViewsAmongTables(*connection);
   if (!strange.empty())
     throw RuntimeError(
         ErrorNumber::StatementFailed,

@@ -3,7 +3,9 @@
 #include <fstream>
 #include <iostream>
 
+#include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/Told.h"
+#include "apps/programs/PasswordPrompt.h"
 #include "apps/programs/Process.h"
 #include "apps/quorvane-guion/CommandLine.h"
 #include "apps/quorvane-guion/PlayScript.h"
@@ -25,8 +27,11 @@ int PlayFile(const guion::CommandLine& line) {
 
 int Play(int argc, char** argv) {
   int status = 0;
-  const auto line = guion::ReadCommandLine(argc, argv, status);
+  auto line = guion::ReadCommandLine(argc, argv, status);
   if (!line) return status;
+  for (auto* const string : {&line->options.odbc, &line->options.entrada})
+    if (odbc::ConnectionString::Looks(*string) && !line->options.odbc.empty())
+      *string = WithPassword(SchoolAddress::Odbc(*string)).Text();
   if (!line->script.empty()) return PlayFile(*line);
   if (InputWasClosed()) {
     std::cerr << "No se puede leer el guion: la entrada estándar está cerrada\n";
