@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <span>
 
+#include "adapters/odbc/Secrets.h"
 #include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
@@ -86,8 +87,8 @@ bool IsAmong(std::span<const std::string_view> keywords, std::string_view keywor
 
 bool ConnectionString::IsHarmless(const Entry& entry) {
   if (!IsAmong(kHarmless, entry.keyword) || IsUnclosed(entry.value)) return false;
-  return !IsAmong(kNested, entry.keyword) ||
-         AsciiLower(entry.value).find("pass") == std::string::npos;
+  // Whatever else such a setting of secrets is written like.
+  return !IsAmong(kNested, entry.keyword) || !IsSecret(entry.value);
 }
 
 ConnectionString::ConnectionString(std::string_view text) {
@@ -117,6 +118,16 @@ const ConnectionString::Entry* ConnectionString::Find(std::string_view keyword) 
   return found == entries_.end() ? nullptr : &*found;
 }
 
+bool ConnectionString::Reads(std::string_view text) {
+  constexpr std::string_view kTelling[] = {"Driver", "DSN",        "FileDSN",
+                                           "Server", "Servername", "Database",
+                                           "UID",    "User",       "Trusted_Connection"};
+  const ConnectionString given(text);
+  return std::any_of(given.entries_.begin(), given.entries_.end(), [&](const Entry& entry) {
+    return IsAmong(kTelling, entry.keyword) || IsSecret(entry.keyword);
+  });
+}
+
 bool ConnectionString::Has(std::string_view keyword) const { return Find(keyword) != nullptr; }
 
 std::string ConnectionString::Value(std::string_view keyword) const {
@@ -131,6 +142,25 @@ void ConnectionString::Set(std::string_view keyword, std::string_view value) {
     return;
   }
   entries_.push_back({std::string(keyword), InBraces(value)});
+}
+
+std::string ConnectionString::TooLong() const {
+  constexpr std::size_t kMostOfAll = 4000;
+  constexpr std::size_t kMostOfOne = 900;
+  constexpr std::size_t kMostOfName = 250;  // a driver's or a data source's
+  const auto tell = [](const std::string& what, std::size_t length, std::size_t most) {
+    return "La cadena de conexión es demasiado larga: " + what + " tiene " +
+           std::to_string(length) + " bytes, y se admiten " + std::to_string(most);
+  };
+  for (const auto& [keyword, value] : entries_) {
+    if (keyword.size() > kMostOfName)
+      return tell("una de sus palabras clave", keyword.size(), kMostOfName);
+    const auto names = EqualNoCase(keyword, "Driver") || EqualNoCase(keyword, "DSN");
+    const auto most = names ? kMostOfName : kMostOfOne;
+    if (value.size() > most) return tell("el valor de " + keyword, value.size(), most);
+  }
+  const auto all = Text().size();
+  return all > kMostOfAll ? tell("toda ella", all, kMostOfAll) : std::string();
 }
 
 std::string ConnectionString::Text() const {

@@ -15,11 +15,19 @@ class ConnectionString {
   /// Whether a text can be one at all, rather than a file's name.
   static bool Looks(std::string_view text) { return text.find('=') != std::string_view::npos; }
 
+  /// Whether it surely is one: a keyword stands in it that tells a driver where to go, or a secret.
+  static bool Reads(std::string_view text);
+
   [[nodiscard]] bool Has(std::string_view keyword) const;
   /// The value without its braces; empty when there is none.
   [[nodiscard]] std::string Value(std::string_view keyword) const;
   /// In the place of the one that stands, or at the end.
   void Set(std::string_view keyword, std::string_view value);
+
+  /// Why nobody should hand it to a driver manager, in Spanish and without any of its values: a
+  /// keyword, a value or the whole is longer than managers and drivers have room for, which some of
+  /// them overrun. Empty for one that may be used.
+  [[nodiscard]] std::string TooLong() const;
 
   [[nodiscard]] std::string Text() const;
   /// What may be shown and kept: the keywords alone that are known to hold no password, and of them

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/odbc/Secrets.h"
+
 namespace quorvane::odbc {
 namespace {
 
@@ -29,7 +31,8 @@ Diagnostics::Diagnostics(const DriverCalls& calls, SQLSMALLINT kind, SQLHANDLE h
     if (!SQL_SUCCEEDED(
             calls.DiagnosticRecord(kind, handle, number, record.state, record.native, record.text)))
       break;
-    record.text = WithoutLayers(record.text);
+    // Some repeat what they were given.
+    record.text = WithoutSecrets(WithoutLayers(record.text));
     records_.push_back(std::move(record));
   }
 }

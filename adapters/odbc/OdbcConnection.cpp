@@ -1,6 +1,6 @@
 #include "adapters/odbc/OdbcConnection.h"
 
-#include <cstdlib>
+#include <cstdint>
 #include <sqlext.h>
 #include <thread>
 #include <utility>
@@ -13,6 +13,7 @@
 #include "adapters/odbc/SupportedServer.h"
 #include "adapters/odbc/Waiting.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane::odbc {
 namespace {
@@ -26,7 +27,8 @@ using sqltext::Engine;
 
 std::chrono::milliseconds BusyWait(const ConnectionString& given) {
   if (!given.Has("Timeout")) return kBusyWait;
-  return std::chrono::milliseconds(std::atol(given.Value("Timeout").c_str()));
+  return std::chrono::milliseconds(
+      PlainNumber<std::int32_t>(given.Value("Timeout")).value_or(kBusyWait.count()));
 }
 
 /// What asks for the day, in the form of the engine that has one.
@@ -34,6 +36,15 @@ std::string DateStatement(Engine engine) {
   if (engine == Engine::PostgreSql) return "SELECT to_char(current_date,'DD/MM/YYYY')";
   if (engine == Engine::SqlServer) return "SELECT CONVERT(varchar(10),getdate(),103)";
   return {};
+}
+
+/// What a driver manager may be given, to whom a NUL is the string's end.
+void RequireFit(const std::string& text) {
+  constexpr std::size_t kMost = 8000;  // of what may hold nothing that is read as a keyword
+  auto reason = ConnectionString(text).TooLong();
+  if (reason.empty() && text.size() > kMost) reason = "La cadena de conexión es demasiado larga";
+  if (text.find('\0') != std::string::npos) reason = "La cadena de conexión lleva un carácter nulo";
+  if (!reason.empty()) throw RuntimeError(ErrorNumber::StatementFailed, reason);
 }
 
 std::string NamedSource(const std::string& text) {
@@ -55,6 +66,7 @@ OdbcConnection::~OdbcConnection() = default;
 void OdbcConnection::Open() {
   // The server may have ended it while nobody asked for anything.
   if (IsOpen() && !connection_->HungUp()) return;
+  RequireFit(text_);
   const auto first = engine_ == Engine::Unknown;
   const auto named = first ? NamedEngine(text_) : engine_;
   Connect(named);

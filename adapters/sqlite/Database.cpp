@@ -26,6 +26,12 @@ std::string Advice(sqlite3* handle) {
   return {};
 }
 
+/// A path is a path: the engine takes some names for something else, an address or no file at all.
+std::string EnginePath(const std::string& path, int flags) {
+  const auto noFile = (flags & SQLITE_OPEN_CREATE) != 0 && (path.empty() || path == ":memory:");
+  return noFile || path.starts_with('/') ? path : "./" + path;
+}
+
 struct Finalizer {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
@@ -55,7 +61,8 @@ int Database::WaitForOther(void* wait, int tries) {
 Database::Database(const std::string& path, int flags, std::chrono::milliseconds busyWait)
     : wait_(std::make_unique<Wait>()) {
   sqlite3* handle = nullptr;
-  const auto result = sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  const auto result = sqlite3_open_v2(EnginePath(path, flags).c_str(), &handle,
+                                      flags | SQLITE_OPEN_NOMUTEX, nullptr);
   handle_.reset(handle);
   if (result != SQLITE_OK) ThrowEngineError(handle);
   sqlite3_extended_result_codes(handle, 1);

@@ -20,7 +20,8 @@ namespace quorvane::sqlite {
 /// by a statement that had to wait.
 class Database {
  public:
-  /// `flags` as the engine's open flags. Reads the file's header, so that a file that is no
+  /// `flags` as the engine's open flags; where they make files, ":memory:" and no path at all make
+  /// a database without one. Reads the file's header, so that a file that is no
   /// database fails here.
   Database(const std::string& path, int flags, std::chrono::milliseconds busyWait);
 

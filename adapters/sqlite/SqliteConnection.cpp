@@ -39,6 +39,9 @@ void RequireFile(const std::string& path) {
   const auto status = std::filesystem::status(path, error);
   if (!std::filesystem::exists(status)) ThrowOpenError(path, "el archivo no existe");
   if (std::filesystem::is_directory(status)) ThrowOpenError(path, "es una carpeta");
+  // A pipe would be waited for.
+  if (!std::filesystem::is_regular_file(status))
+    ThrowOpenError(path, "no es un archivo corriente, sino un dispositivo o una tubería");
   if (std::filesystem::file_size(path, error) == 0 && !error)
     ThrowOpenError(path, "el archivo está vacío");
 }
@@ -117,6 +120,7 @@ std::string SqliteConnection::DataSource() const { return path_; }
 
 void SqliteConnection::ExecuteScript(const std::string& statements) {
   if (!IsOpen()) throw RuntimeError(ErrorNumber::ObjectClosed);
+  RequireWhole(statements);
   state_->OnFile([&] { state_->database.Script(statements); });
 }
 

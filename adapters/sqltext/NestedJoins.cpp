@@ -45,9 +45,12 @@ class JoinReader {
 
   std::optional<Chain> Operand() {
     if (at_ < text_.size() && text_[at_] == '(') {
+      // Nobody writes as many, and each costs stack.
+      if (++depth_ > kDeepest) return std::nullopt;
       ++at_;
       SkipBlanks();
       auto chain = Read();
+      --depth_;
       if (!chain || at_ >= text_.size() || text_[at_] != ')') return std::nullopt;
       ++at_;
       SkipBlanks();
@@ -123,8 +126,11 @@ class JoinReader {
     at_ = next == std::string_view::npos ? text_.size() : next;
   }
 
+  static constexpr int kDeepest = 50;
+
   std::string_view text_;
   std::size_t at_;
+  int depth_ = 0;
 };
 
 /// Behind the joins a statement may go on with these, or end.

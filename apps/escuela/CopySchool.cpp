@@ -47,7 +47,7 @@ class Copier {
 
   /// Between two steps.
   void RequireGoing() const {
-    if (watch_.stop()) throw CopyStopped();
+    if (watch_.stop()) throw WritingStopped();
   }
 
  private:

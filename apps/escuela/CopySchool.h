@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <exception>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolAddress.h"
 
 namespace quorvane {
@@ -27,16 +27,10 @@ struct CopyWatch {
   std::function<bool()> stop;  ///< true to give the copy up
 };
 
-/// A copy that was given up: nothing of it is left.
-class CopyStopped : public std::exception {
- public:
-  [[nodiscard]] const char* what() const noexcept override { return "Copia interrumpida"; }
-};
-
 /// Copies a school, as it is at one moment, to where there is none yet (`MakeSchool`): the tables
 /// of the schema with all their rows, which are read again there and compared. Errors are
 /// 0x80004005 in Spanish, after which nothing is left; a value that has no place there is told with
-/// table, row and column. CopyStopped when `watch` says so before it is done.
+/// table, row and column. WritingStopped when `watch` says so before it is done.
 SchoolCopy CopySchool(const SchoolAddress& from, const SchoolAddress& to, const CopyWatch& watch);
 
 }  // namespace quorvane

@@ -55,6 +55,7 @@ void Keep(Transaction& transaction, const Connection& database, const std::strin
 
 void MakeSchool(const SchoolAddress& address, const std::function<void(Connection& school)>& fill,
                 const std::function<void()>& goOn) {
+  address.RequireInPlace();
   if (!address.IsOdbc()) return MakeSchoolFile(address.Text(), fill, goOn);
   odbc::OdbcConnection database(address.Text(), "");
   database.Open();

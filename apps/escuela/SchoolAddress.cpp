@@ -1,7 +1,11 @@
 #include "apps/escuela/SchoolAddress.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/OdbcConnection.h"
+#include "adapters/odbc/Secrets.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/StandbyConnection.h"
 #include "platform/RuntimeError.h"
@@ -9,11 +13,28 @@
 namespace quorvane {
 
 std::string SchoolAddress::Shown() const {
-  return odbc_ ? odbc::ConnectionString(text_).TextWithoutPassword() : text_;
+  return odbc_ ? odbc::ConnectionString(text_).TextWithoutPassword() : odbc::WithoutSecrets(text_);
+}
+
+bool SchoolAddress::IsMisplaced() const {
+  std::error_code ignored;
+  return !odbc_ && odbc::ConnectionString::Reads(text_) && !std::filesystem::exists(text_, ignored);
+}
+
+void SchoolAddress::RequireInPlace() const {
+  if (IsMisplaced()) throw RuntimeError(ErrorNumber::StatementFailed, kMisplaced);
+}
+
+bool SchoolAddress::EverybodyReads() const {
+  std::error_code ignored;
+  const auto rights = std::filesystem::status(text_, ignored).permissions();
+  return !odbc_ && !ignored &&
+         (rights & std::filesystem::perms::others_read) != std::filesystem::perms::none;
 }
 
 std::unique_ptr<Connection> SchoolAddress::Connect(const std::string& name, Access access) const {
   if (odbc_) return std::make_unique<odbc::OdbcConnection>(text_, name);
+  RequireInPlace();
   return std::make_unique<sqlite::SqliteConnection>(
       text_, name,
       access == Access::ReadOnly ? sqlite::OpenMode::ReadOnly : sqlite::OpenMode::ReadWrite);

@@ -26,6 +26,17 @@ class SchoolAddress {
   [[nodiscard]] const std::string& Text() const noexcept { return text_; }
   /// What may be shown and kept: the file, or the string without any password.
   [[nodiscard]] std::string Shown() const;
+  /// Whether a connection string was given where a file's name belongs.
+  [[nodiscard]] bool IsMisplaced() const;
+  /// What to tell the user then: the string may hold a password, and isn't repeated.
+  static constexpr auto kMisplaced =
+      "Donde va un fichero se ha dado una cadena de conexión, que no se repite aquí por si lleva "
+      "una contraseña: désela a --odbc";
+  /// Error 0x80004005 with that text for one.
+  void RequireInPlace() const;
+
+  /// Whether it is a file that every user of the machine may read.
+  [[nodiscard]] bool EverybodyReads() const;
 
   /// A connection that is still closed. `name` as in `Connection`.
   [[nodiscard]] std::unique_ptr<Connection> Connect(const std::string& name,

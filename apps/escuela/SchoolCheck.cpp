@@ -4,8 +4,10 @@
 #include <cstddef>
 #include <string_view>
 
+#include "apps/escuela/FieldValues.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/SchoolRules.h"
+#include "apps/escuela/TableKinds.h"
 #include "apps/escuela/TableNames.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
@@ -77,7 +79,10 @@ std::string Rows(std::int32_t count) {
 }  // namespace
 
 std::vector<std::string> SchoolCheck::Structure(For whom) const {
-  std::vector<std::string> findings;
+  auto findings = ViewsAmongTables(connection_);
+  // Not even its columns are asked for.
+  if (!findings.empty()) return findings;
+  findings = GeneratedColumns(connection_);
   auto anyTable = false;
   for (const auto& table : SchoolTables()) {
     if (const auto names = ColumnsOf(connection_, table.name)) {
@@ -96,15 +101,27 @@ std::vector<std::string> SchoolCheck::Structure(For whom) const {
   return findings;
 }
 
+std::vector<std::string> SchoolCheck::Damage() const {
+  constexpr auto kWhole = "ok";
+  std::vector<std::string> findings;
+  if (EngineReached(connection_) != sqltext::Engine::Sqlite) return findings;
+  for (auto rows = connection_.Execute("PRAGMA quick_check(20)"); !rows.Eof(); rows.MoveNext())
+    if (const auto text = rows.Fields(0).Text(); text != kWhole)
+      findings.push_back("El fichero está dañado: " + text);
+  return findings;
+}
+
 std::int32_t SchoolCheck::Count(const std::string& select) const {
   return connection_.Execute(select).Fields(0).Long();
 }
 
 void SchoolCheck::FindOrphans(std::vector<std::string>& findings) const {
   for (const auto& reference : kReferences) {
-    auto condition = Join(
-        {reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
-    if (reference.optional) condition += Join({" AND ", reference.column, "<>0"});
+    // One row without a key would be equal, perhaps, to any other, and hide all orphans.
+    auto condition = Join({reference.column, " NOT IN (SELECT ", reference.key, " FROM ",
+                           reference.target, " WHERE ", reference.key, " IS NOT NULL)"});
+    condition = reference.optional ? Join({reference.column, "<>0 AND ", condition})
+                                   : Join({"(", reference.column, " IS NULL OR ", condition, ")"});
     const auto count =
         Count(Join({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", condition}));
     if (count > 0)
@@ -130,7 +147,7 @@ void SchoolCheck::FindDoubles(std::vector<std::string>& findings) const {
 }
 
 std::vector<std::string> SchoolCheck::Rows() const {
-  std::vector<std::string> findings;
+  auto findings = BadValues(connection_);
   FindOrphans(findings);
   const auto misplaced = [&](std::string_view table, std::string_view wrong,
                              std::string_view kind) {

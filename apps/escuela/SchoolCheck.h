@@ -19,12 +19,17 @@ class SchoolCheck {
   /// `connection` is open and outlives the check.
   explicit SchoolCheck(Connection& connection) : connection_(connection) {}
 
-  /// Missing tables and columns, and columns out of the place that the module writes them to.
-  /// Empty for a database that is fit for use. A database without any of the tables is one
-  /// finding. Error 0x80004005 when it can't be read at all.
+  /// Views in the place of tables, without reading any; missing tables and columns, and columns out
+  /// of the place that the module writes them to. Empty for a database that is fit for use. A
+  /// database without any of the tables is one finding. Error 0x80004005 when it can't be read at
+  /// all.
   [[nodiscard]] std::vector<std::string> Structure(For whom) const;
 
-  /// Rows that point at nothing and rows that stand twice; to be called for a fit database alone.
+  /// What the engine itself finds wrong with the pages of a school in a file; nothing on a server.
+  [[nodiscard]] std::vector<std::string> Damage() const;
+
+  /// Values that the module can't read, rows that point at nothing and rows that stand twice; to be
+  /// called for a fit database alone.
   /// Error 0x80004005 when the database can't be read.
   [[nodiscard]] std::vector<std::string> Rows() const;
 

@@ -1,8 +1,13 @@
 #include "apps/escuela/SchoolFile.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
+#include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <random>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -21,15 +26,38 @@ namespace fs = std::filesystem;
   throw RuntimeError(ErrorNumber::StatementFailed, "No se puede crear " + path + ": " + reason);
 }
 
+constexpr const char* kEndings[] = {"", "-journal", "-wal", "-shm"};
+constexpr std::size_t kLongestEnding = 8;
+constexpr std::size_t kLongestName = 255;
+constexpr std::size_t kLongestPath = 511;  // as the engine takes it
+constexpr std::size_t kPartialName = 20;
+constexpr mode_t kOwnerAlone = 0600;
+
+/// The paths of the file that is being written, for a handler that may call little more than the
+/// system. Empty for none.
+char partialPaths[std::size(kEndings)][kLongestPath + 1];
+
 /// The file that the school is written to, removed at the end with what the engine left beside it.
+/// Its name is no longer than others, whatever that of the school.
 class PartialFile {
  public:
   explicit PartialFile(const std::string& path)
-      : path_(path + ".parcial-" + std::to_string(std::random_device()())) {}
+      : path_(
+            (fs::path(path).parent_path() / (".parcial-" + std::to_string(std::random_device()())))
+                .string()) {
+    for (std::size_t i = 0; i < std::size(kEndings); ++i)
+      (path_ + kEndings[i]).copy(partialPaths[i], kLongestPath);
+    // Made by us, the file is its owner's alone from its first moment on, and the engine gives its
+    // log the same rights.
+    const auto handle = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerAlone);
+    if (handle < 0) RefuseFile(path, std::generic_category().message(errno));
+    // The user's mask may have taken even his own rights away.
+    fchmod(handle, kOwnerAlone);
+    close(handle);
+  }
   ~PartialFile() {
-    std::error_code ignored;
-    for (const auto* const ending : {"", "-journal", "-wal", "-shm"})
-      fs::remove(path_ + ending, ignored);
+    RemovePartialSchool();
+    for (auto& partial : partialPaths) std::fill(std::begin(partial), std::end(partial), '\0');
   }
   PartialFile(const PartialFile&) = delete;
   PartialFile& operator=(const PartialFile&) = delete;
@@ -53,6 +81,19 @@ class PartialFile {
   std::string path_;
 };
 
+/// The engine has to find room for the names of its journals beside the school's.
+void RequireShortName(const std::string& path) {
+  if (fs::path(path).filename().string().size() > kLongestName - kLongestEnding)
+    RefuseFile(path, "el nombre es demasiado largo: se admiten " +
+                         std::to_string(kLongestName - kLongestEnding) + " bytes");
+  std::error_code ignored;
+  // What is written to meanwhile may have the longer name.
+  const auto most = kLongestPath - kLongestEnding - kPartialName;
+  if (fs::absolute(path, ignored).string().size() > most)
+    RefuseFile(
+        path, "la ruta completa es demasiado larga: se admiten " + std::to_string(most) + " bytes");
+}
+
 // Before the engine does, who would name the file that nobody has asked for.
 void RequireWritableFolder(const std::string& path) {
   const auto named = fs::path(path).parent_path();
@@ -64,16 +105,35 @@ void RequireWritableFolder(const std::string& path) {
                                   : "no tiene permiso para escribir en la carpeta");
 }
 
+/// A failure of the engine's names the file that was given, rather than one that nobody knows of.
+void OpenPartial(sqlite::SqliteConnection& school, const PartialFile& partial,
+                 const std::string& path) {
+  try {
+    school.Open();
+  } catch (const RuntimeError& error) {
+    const auto text = error.Description();
+    const auto name = text.find(partial.Path());
+    RefuseFile(path,
+               name == std::string::npos ? text : text.substr(name + partial.Path().size() + 2));
+  }
+}
+
 }  // namespace
+
+void RemovePartialSchool() noexcept {
+  for (const auto& partial : partialPaths)
+    if (*partial != '\0') unlink(partial);
+}
 
 void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill,
                     const std::function<void()>& goOn) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) RefuseFile(path, "el archivo ya existe");
+  RequireShortName(path);
   RequireWritableFolder(path);
   const PartialFile partial(path);
   sqlite::SqliteConnection school(partial.Path(), "", sqlite::OpenMode::Create);
-  school.Open();
+  OpenPartial(school, partial, path);
   {
     Transaction transaction(school);
     WriteSchool(school, SqliteSchema(), fill, goOn);

@@ -10,9 +10,14 @@ namespace quorvane {
 /// Makes a school in a file of its own. Its tables are made and `fill` writes the rows, in a file
 /// beside it that takes its name once all is written: at no time is there half a school by that
 /// name. A file or folder of that name is never touched: that and any failure of the file system is
-/// error 0x80004005 with a text in Spanish. After a failure nothing is left. `goOn` as of
-/// `MakeSchool`.
+/// error 0x80004005 with a text in Spanish. After a failure nothing is left. The
+/// file is its owner's alone (0600). The path is one of the file system's, whatever it looks like.
+/// `goOn` as of `MakeSchool`.
 void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill,
                     const std::function<void()>& goOn = {});
+
+/// Removes what such a file is being written to, without telling who writes it: for the handler of
+/// a signal that is about to end the program.
+void RemovePartialSchool() noexcept;
 
 }  // namespace quorvane

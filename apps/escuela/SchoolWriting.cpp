@@ -1,6 +1,7 @@
 #include "apps/escuela/SchoolWriting.h"
 
 #include <string>
+#include <utility>
 
 #include "frame/schema/SchoolSchema.h"
 
@@ -9,6 +10,12 @@ namespace quorvane {
 void WriteSchool(Connection& school, std::string_view schema,
                  const std::function<void(Connection& school)>& fill,
                  const std::function<void()>& goOn) {
+  if (goOn)
+    school.Observe([goOn, stopped = false](const Connection&, const std::string&) mutable {
+      if (std::exchange(stopped, true)) return;
+      goOn();
+      stopped = false;
+    });
   const auto statements = SchemaStatements(schema);
   const auto isIndex = [](const std::string& statement) {
     return statement.starts_with("CREATE INDEX");
@@ -16,12 +23,8 @@ void WriteSchool(Connection& school, std::string_view schema,
   for (const auto& statement : statements)
     if (!isIndex(statement)) school.Execute(statement);
   fill(school);
-  for (const auto& statement : statements) {
-    if (!isIndex(statement)) continue;
-    if (goOn) goOn();
-    school.Execute(statement);
-  }
-  if (goOn) goOn();
+  for (const auto& statement : statements)
+    if (isIndex(statement)) school.Execute(statement);
 }
 
 }  // namespace quorvane

@@ -1,5 +1,6 @@
 #include "apps/quorvane-escuela/Commands.h"
 
+#include <functional>
 #include <iomanip>
 #include <iostream>
 #include <string>
@@ -15,6 +16,7 @@
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/StopSignals.h"
 #include "apps/quorvane-escuela/UserCommands.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -22,7 +24,7 @@ namespace {
 constexpr auto kMayBeTorn = 3;
 
 void Print(const std::vector<std::string>& lines) {
-  for (const auto& line : lines) std::cout << line << '\n';
+  for (const auto& line : lines) std::cout << VisibleText(line) << '\n';
 }
 
 void PrintCopy(const SchoolCopy& copy) {
@@ -31,24 +33,48 @@ void PrintCopy(const SchoolCopy& copy) {
               << table.rows << '\n';
   if (!copy.notCopied.empty()) {
     std::cout << "No se ha copiado, porque no es de la escuela:\n";
-    for (const auto& name : copy.notCopied) std::cout << "  " << name << '\n';
+    for (const auto& name : copy.notCopied) std::cout << "  " << VisibleText(name) << '\n';
   }
   if (!copy.oneMoment)
     std::cerr << "quorvane-escuela: El origen no permite leerlo todo en el mismo instante "
                  "(ALLOW_SNAPSHOT_ISOLATION): si alguien trabajaba en él, repita la copia\n";
 }
 
+void RequireGoing() {
+  if (StopSignals::Came()) throw WritingStopped();
+}
+
+/// Does what writes a school, which a signal may end between two of its statements.
+template <class Work>
+int UnlessStopped(const Work& work) {
+  const StopSignals signals;
+  try {
+    return work();
+  } catch (const WritingStopped&) {
+    std::cerr << "quorvane-escuela: Orden interrumpida: no ha quedado nada escrito\n";
+    StopSignals::End();
+  }
+}
+
+/// A new school, by what `fill` writes.
+void Make(const SchoolAddress& address, const std::function<void(Connection& school)>& fill) {
+  UnlessStopped([&] {
+    MakeSchool(address, fill, RequireGoing);
+    return 0;
+  });
+}
+
 }  // namespace
 
 int MakeEmpty(const SchoolAddress& address) {
-  MakeSchool(address, [](Connection&) {});
-  std::cout << "Creada la escuela vacía " << address.Shown() << '\n';
+  Make(address, [](Connection&) {});
+  std::cout << "Creada la escuela vacía " << VisibleText(address.Shown()) << '\n';
   return 0;
 }
 
 int MakeDemo(const SchoolAddress& address) {
-  MakeSchool(address, [](Connection& school) { DemoSchool(school).Build(); });
-  std::cout << "Creada la escuela de ejemplo " << address.Shown() << "\n\nUsuarios:\n";
+  Make(address, [](Connection& school) { DemoSchool(school).Build(); });
+  std::cout << "Creada la escuela de ejemplo " << VisibleText(address.Shown()) << "\n\nUsuarios:\n";
   for (const auto& user : DemoSchool::Users())
     std::cout << "  " << user.id << "  " << std::left << std::setw(13) << user.name << " perfil "
               << user.profile << "  " << user.role << '\n';
@@ -56,18 +82,18 @@ int MakeDemo(const SchoolAddress& address) {
 }
 
 int Generate(const SchoolAddress& address, std::size_t students, std::uint64_t seed) {
-  MakeSchool(address, [students, seed](Connection& school) {
+  Make(address, [students, seed](Connection& school) {
     const ProgressLine progress("Generando");
     SchoolGenerator(school).Build(students, seed,
                                   [&](std::size_t done) { progress.Percent(done, students); });
   });
-  std::cout << "Creada la escuela " << address.Shown() << " con " << students << " alumnos\n";
+  std::cout << "Creada la escuela " << VisibleText(address.Shown()) << " con " << students
+            << " alumnos\n";
   return 0;
 }
 
 int Copy(const SchoolAddress& from, const SchoolAddress& to) {
-  const StopSignals signals;
-  try {
+  return UnlessStopped([&] {
     SchoolCopy copy;
     {
       const ProgressLine progress("Copiando");
@@ -75,25 +101,28 @@ int Copy(const SchoolAddress& from, const SchoolAddress& to) {
                         {[&](std::size_t done, std::size_t all) { progress.Percent(done, all); },
                          StopSignals::Came});
     }
-    std::cout << "Copiada la escuela " << from.Shown() << " en " << to.Shown() << '\n';
+    std::cout << "Copiada la escuela " << VisibleText(from.Shown()) << " en "
+              << VisibleText(to.Shown()) << '\n';
     PrintCopy(copy);
     return copy.oneMoment ? 0 : kMayBeTorn;
-  } catch (const CopyStopped&) {
-    std::cerr << "quorvane-escuela: Copia interrumpida: no ha quedado nada escrito\n";
-    StopSignals::End();
-  }
+  });
 }
 
 int Check(const SchoolAddress& address) {
   const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
   const SchoolCheck check(*school);
-  const auto missing = check.Structure(SchoolCheck::For::Module);
+  auto missing = check.Structure(SchoolCheck::For::Module);
+  if (missing.empty()) missing = check.Damage();
   Print(missing);
   if (!missing.empty()) {
     std::cout << "No apta para el módulo\n";
     return 1;
   }
-  const auto rows = check.Rows();
+  auto rows = check.Rows();
+  if (address.EverybodyReads())
+    rows.push_back(
+        "Cualquier usuario de la máquina puede leer el fichero, que tiene datos de "
+        "menores: quite el permiso con «chmod o-rwx»");
   Print(rows);
   // No fault of the rows: who wants it so may have it so.
   if (const auto passwords = PasswordsFinding(*school); !passwords.empty())
@@ -110,9 +139,11 @@ int ShowLocks(const SchoolAddress& address) {
   for (const auto& publication : publications) {
     std::cout << (publication.exists ? "Publicación " : "Bloqueos sin publicación ")
               << publication.id << ": usuario " << publication.owner;
-    if (!publication.ownerName.empty()) std::cout << " (" << publication.ownerName << ")";
-    std::cout << ", " << publication.evaluation << '\n';
-    for (const auto& subject : publication.subjects) std::cout << "  " << subject << '\n';
+    if (!publication.ownerName.empty())
+      std::cout << " (" << VisibleText(publication.ownerName) << ")";
+    std::cout << ", " << VisibleText(publication.evaluation) << '\n';
+    for (const auto& subject : publication.subjects)
+      std::cout << "  " << VisibleText(subject) << '\n';
   }
   if (publications.empty()) std::cout << "No hay publicaciones ni bloqueos\n";
   return 0;

@@ -3,10 +3,12 @@
 #include <csignal>
 #include <cstdlib>
 
+#include "apps/escuela/SchoolFile.h"
+
 namespace quorvane {
 namespace {
 
-constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 constexpr auto kKilled = 128;  // and the signal's number, as a shell has it
 
 volatile std::sig_atomic_t came = 0;
@@ -14,9 +16,15 @@ volatile std::sig_atomic_t came = 0;
 void Handle(int number, void (*handler)(int));
 
 /// Who doesn't want to wait for what the task waits for signals again, and ends it at once.
+void EndAtOnce(int number) {
+  RemovePartialSchool();
+  std::signal(number, SIG_DFL);
+  std::raise(number);
+}
+
 void Remember(int number) {
   came = number;
-  for (const auto other : kSignals) Handle(other, SIG_DFL);
+  for (const auto other : kSignals) Handle(other, EndAtOnce);
 }
 
 void Handle(int number, void (*handler)(int)) {

@@ -2,9 +2,10 @@
 
 namespace quorvane {
 
-/// While one lives, SIGINT, SIGTERM and SIGHUP don't end the program but are remembered, so that a
-/// long task can undo what it has begun; a second one ends it at once. A signal that the program
-/// was started without stays so.
+/// While one lives, SIGINT, SIGTERM, SIGHUP and SIGPIPE don't end the program but are remembered,
+/// so that a long task can undo what it has begun; a second one ends it at once, with no more
+/// undone than a file that was being written. A signal that the program was started without stays
+/// so.
 class StopSignals {
  public:
   StopSignals();

@@ -7,6 +7,12 @@
 
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolGenerator.h"
+#include "apps/escuela/Told.h"
+#include "apps/programs/Complaint.h"
+#include "apps/programs/NumberOption.h"
+#include "apps/programs/PasswordPrompt.h"
+#include "apps/programs/Process.h"
+#include "apps/programs/VisibleOutput.h"
 #include "apps/quorvane-escuela/Commands.h"
 #include "apps/quorvane-escuela/HistoryCommand.h"
 #include "apps/quorvane-escuela/ImportCommand.h"
@@ -19,19 +25,6 @@ namespace {
 
 constexpr auto kFailed = 1;
 constexpr auto kBadArguments = 2;
-
-/// The library's complaint in Spanish; its own texts begin or end with the argument's name.
-std::string Complaint(const CLI::ParseError& error) {
-  const std::string text = error.what();
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
-    return "No se esperaba " + text.substr(text.rfind(": ") + 2);
-  const auto name = text.substr(0, text.find_first_of(": "));
-  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
-    return name == "A" ? "Falta la orden" : "Falta " + name;
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
-    return "A " + name + " le falta su valor";
-  return "El valor de " + name + " no es válido";
-}
 
 struct Arguments {
   std::string file;
@@ -178,20 +171,20 @@ int Run(int argc, char** argv) {
   auto* create = AddCommand(app, "crear", "Crea una escuela vacía", arguments);
   auto* demo = AddCommand(app, "demo", "Crea una escuela pequeña de ejemplo", arguments);
   auto* generate = AddCommand(app, "generar", "Crea una escuela de cualquier tamaño", arguments);
-  generate->add_option("--alumnos", arguments.students, "Número de alumnos")
-      ->required()
-      ->check(CLI::Range(std::size_t{1}, quorvane::SchoolGenerator::kMostStudents).description(""))
-      ->type_name("N");
-  generate->add_option("--semilla", arguments.seed, "La misma semilla da la misma escuela")
+  quorvane::AddNumber(*generate, "--alumnos", arguments.students, "Número de alumnos",
+                      std::size_t{1}, quorvane::SchoolGenerator::kMostStudents)
+      ->required();
+  quorvane::AddNumber(*generate, "--semilla", arguments.seed,
+                      "La misma semilla da la misma escuela")
       ->required()
       ->type_name("S");
   auto* check =
       AddCommand(app, "comprobar",
                  "Dice si una escuela es apta para el módulo y qué filas le sobran", arguments);
   auto* locks = AddCommand(app, "bloqueos", "Muestra quién está introduciendo notas", arguments);
-  const auto* remove =
-      locks->add_option("--borrar", arguments.publication, "Borra esa publicación y sus bloqueos")
-          ->type_name("ID");
+  const auto* remove = quorvane::AddNumber(*locks, "--borrar", arguments.publication,
+                                           "Borra esa publicación y sus bloqueos")
+                           ->type_name("ID");
 
   auto* users = AddCommand(app, "usuarios", "Contraseñas de los usuarios de un fichero", arguments);
   users->require_subcommand(0, 1);
@@ -225,10 +218,13 @@ int Run(int argc, char** argv) {
   } catch (const CLI::Success& success) {
     return app.exit(success);
   } catch (const CLI::ParseError& error) {
-    std::cerr << "quorvane-escuela: " << Complaint(error) << "\nPruebe quorvane-escuela --help\n";
+    std::cerr << "quorvane-escuela: " << quorvane::Complaint(error)
+              << "\nPruebe quorvane-escuela --help\n";
     return kBadArguments;
   }
-  if (copy->parsed()) return quorvane::Copy(Address(arguments.from), Address(arguments.to));
+  if (copy->parsed())
+    return quorvane::Copy(quorvane::WithPassword(Address(arguments.from)),
+                          quorvane::WithPassword(Address(arguments.to)));
   // In the place of the school's file stands the one to import.
   if (import->parsed() && !arguments.odbc.empty() && arguments.csv.empty())
     arguments.csv.swap(arguments.file);
@@ -241,8 +237,13 @@ int Run(int argc, char** argv) {
               << "\nPruebe quorvane-escuela --help\n";
     return kBadArguments;
   }
-  const auto school = arguments.odbc.empty() ? quorvane::SchoolAddress::File(arguments.file)
-                                             : quorvane::SchoolAddress::Odbc(arguments.odbc);
+  const auto school = arguments.odbc.empty()
+                          ? quorvane::SchoolAddress::File(arguments.file)
+                          : quorvane::WithPassword(quorvane::SchoolAddress::Odbc(arguments.odbc));
+  if (school.IsMisplaced()) {
+    std::cerr << "quorvane-escuela: " << quorvane::SchoolAddress::kMisplaced << '\n';
+    return kBadArguments;
+  }
   if (create->parsed()) return quorvane::MakeEmpty(school);
   if (demo->parsed()) return quorvane::MakeDemo(school);
   if (generate->parsed()) return quorvane::Generate(school, arguments.students, arguments.seed);
@@ -280,14 +281,24 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  using quorvane::Told;
   try {
-    const auto status = Run(argc, argv);
+    quorvane::BeginProcess();
+    if (const auto trouble = quorvane::OutputTrouble()) {
+      std::cerr << "quorvane-escuela: " << *trouble << '\n';
+      return kFailed;
+    }
+    auto status = kFailed;
+    {
+      const quorvane::VisibleOutput output(std::cout);
+      status = Run(argc, argv);
+    }
     if (std::cout.flush()) return status;
     std::cerr << "quorvane-escuela: no se puede escribir la salida: compruebe que queda espacio en "
                  "el disco\n";
     return kFailed;
   } catch (const std::exception& error) {
-    std::cerr << "quorvane-escuela: " << error.what() << '\n';
+    std::cerr << "quorvane-escuela: " << Told(error.what()) << '\n';
     return kFailed;
   }
 }

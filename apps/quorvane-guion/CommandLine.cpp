@@ -3,17 +3,13 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "apps/programs/Complaint.h"
+#include "apps/programs/NumberOption.h"
+
 namespace quorvane::guion {
 namespace {
 
 constexpr int kBadArguments = 2;
-
-std::string InSpanish(const CLI::ParseError& error) {
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) return "Sobran argumentos";
-  if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) return "Valor no válido";
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "Falta un valor";
-  return "Argumentos no válidos";
-}
 
 void NameInSpanish(CLI::FormatterBase& formatter) {
   formatter.column_width(30);
@@ -44,9 +40,9 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, in
                  "La base de datos con Usuario, si es otra: un fichero o, con --odbc, también una "
                  "cadena de conexión (con un signo =)")
       ->type_name("FICHERO");
-  app.add_option("--usuario", host.usuario, "Usuario que abre la sesión")->type_name("N");
-  app.add_option("--perfil", host.perfil, "Su perfil; 0 no tiene restricciones")->type_name("N");
-  app.add_option("--centro", host.centro, "Centro de la sesión")->type_name("N");
+  AddNumber(app, "--usuario", host.usuario, "Usuario que abre la sesión");
+  AddNumber(app, "--perfil", host.perfil, "Su perfil; 0 no tiene restricciones");
+  AddNumber(app, "--centro", host.centro, "Centro de la sesión");
   app.add_flag("--sqlserver", host.sqlServer,
                "Sesión de SQL Server; con --odbc, lo dice el controlador");
   app.add_flag("--inactiva", inactive, "Sesión de solo consulta");
@@ -61,7 +57,7 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, in
     status = 0;
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    Tell(app, InSpanish(error) + ": " + error.what());
+    Tell(app, Complaint(error));
     return std::nullopt;
   }
   if (line.options.bd.empty() == line.options.odbc.empty()) {

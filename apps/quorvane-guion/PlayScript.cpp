@@ -8,6 +8,7 @@
 #include "adapters/guion/language/ScriptParser.h"
 #include "adapters/guion/player/EventPrinter.h"
 #include "adapters/guion/player/Guion.h"
+#include "apps/escuela/Told.h"
 #include "apps/quorvane-guion/SchoolConnections.h"
 #include "frame/cAsignarDatos.h"
 #include "platform/RuntimeError.h"
@@ -39,9 +40,9 @@ int PlayScript(const PlayOptions& options, std::istream& script, std::ostream& o
     std::size_t line = 0;
     return Guion([&] { return ReadCommand(script, line); }, host, events).Play();
   } catch (const ScriptError& error) {
-    errors << "línea " << error.Line() << ": " << error.what() << '\n';
+    errors << "línea " << error.Line() << ": " << Told(error.what()) << '\n';
   } catch (const RuntimeError& error) {
-    errors << error.Description() << '\n';
+    errors << Told(error.Description()) << '\n';
   }
   return kNotPlayed;
 }

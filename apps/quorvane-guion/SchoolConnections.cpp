@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/TableKinds.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 
@@ -23,6 +25,13 @@ SchoolAddress EntradaOf(const PlayOptions& options) {
 /// A school that lacks a table is still one, and fails where the table is asked for.
 void RequireSchool(const SchoolAddress& address) {
   const auto connection = address.Open("");
+  // A server's own tables are its keeper's affair; a file may come from anywhere.
+  const auto strange =
+      address.IsOdbc() ? std::vector<std::string>() : ViewsAmongTables(*connection);
+  if (!strange.empty())
+    throw RuntimeError(
+        ErrorNumber::StatementFailed,
+        "La base de datos " + address.Shown() + " no es de ningún centro: " + strange.front());
   const auto& tables = SchoolTables();
   const auto any = std::any_of(tables.begin(), tables.end(), [&](const SchemaTable& table) {
     return HasTable(*connection, table.name);

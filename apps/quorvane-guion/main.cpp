@@ -1,10 +1,12 @@
-#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <sys/resource.h>
 
+#include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/Told.h"
+#include "apps/programs/PasswordPrompt.h"
+#include "apps/programs/Process.h"
 #include "apps/quorvane-guion/CommandLine.h"
 #include "apps/quorvane-guion/PlayScript.h"
 
@@ -13,20 +15,11 @@ namespace {
 using namespace quorvane;
 
 constexpr int kNotPlayed = 2;
-constexpr rlim_t kStack = rlim_t{100} << 20U;
-
-/// Forms that take turns nest, each a level deeper: a long script needs more than the usual stack.
-void AllowDeepNesting() {
-  rlimit stack{};
-  if (getrlimit(RLIMIT_STACK, &stack) != 0 || stack.rlim_cur >= kStack) return;
-  stack.rlim_cur = std::min(kStack, stack.rlim_max);
-  static_cast<void>(setrlimit(RLIMIT_STACK, &stack));
-}
 
 int PlayFile(const guion::CommandLine& line) {
   std::ifstream script(line.script, std::ios::binary);
   if (!script || std::filesystem::is_directory(line.script)) {
-    std::cerr << "No se puede leer el guion " << line.script << '\n';
+    std::cerr << "No se puede leer el guion " << Told(line.script) << '\n';
     return kNotPlayed;
   }
   return guion::PlayScript(line.options, script, std::cout, std::cerr);
@@ -34,9 +27,16 @@ int PlayFile(const guion::CommandLine& line) {
 
 int Play(int argc, char** argv) {
   int status = 0;
-  const auto line = guion::ReadCommandLine(argc, argv, status);
+  auto line = guion::ReadCommandLine(argc, argv, status);
   if (!line) return status;
+  for (auto* const string : {&line->options.odbc, &line->options.entrada})
+    if (odbc::ConnectionString::Looks(*string) && !line->options.odbc.empty())
+      *string = WithPassword(SchoolAddress::Odbc(*string)).Text();
   if (!line->script.empty()) return PlayFile(*line);
+  if (InputWasClosed()) {
+    std::cerr << "No se puede leer el guion: la entrada estándar está cerrada\n";
+    return kNotPlayed;
+  }
   return guion::PlayScript(line->options, std::cin, std::cout, std::cerr, true);
 }
 
@@ -44,13 +44,19 @@ int Play(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    AllowDeepNesting();
+    BeginProcess();
+    // Else a read that fails would pass for the script's end.
+    std::ios::sync_with_stdio(false);
+    if (const auto trouble = OutputTrouble()) {
+      std::cerr << *trouble << '\n';
+      return kNotPlayed;
+    }
     const auto status = Play(argc, argv);
     if (std::cout.flush()) return status;
     std::cerr << "No se puede escribir la salida: compruebe que queda espacio en el disco\n";
     return kNotPlayed;
   } catch (const std::exception& error) {
-    std::cerr << error.what() << '\n';
+    std::cerr << Told(error.what()) << '\n';
     return kNotPlayed;
   }
 }

@@ -2,18 +2,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "apps/programs/Complaint.h"
+#include "apps/programs/NumberOption.h"
+
 namespace quorvane::zendria {
-namespace {
-
-std::string InSpanish(const CLI::ParseError& error) {
-  if (dynamic_cast<const CLI::ValidationError*>(&error) != nullptr) return error.what();
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)
-    return std::string("Sobran argumentos: ") + error.what();
-  return std::string("Argumentos no válidos: ") + error.what();
-}
-
-}  // namespace
-
 std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, std::ostream& out,
                                            std::ostream& err, ExitStatus& status) {
   CommandLine line;
@@ -28,7 +20,7 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, st
   app.add_option("--odbc", line.odbc,
                  "En su lugar, cadena de conexión ODBC; sin contraseña (PWD), la pregunta")
       ->type_name("CADENA");
-  app.add_option("--usuario", line.user, "Entra como el usuario N sin preguntar")->type_name("N");
+  AddNumber(app, "--usuario", line.user, "Entra como el usuario N sin preguntar");
   app.footer(
       "Estado de salida: 0; 1 si la escuela pedida no se pudo abrir; 2 si los argumentos no\n"
       "valen; 3 si no hay pantalla; 4 si, al pedirle que acabe, algo falló en una pantalla\n"
@@ -45,7 +37,7 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, st
     status = ExitStatus::Ok;
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    err << InSpanish(error) << "\nzendria --help muestra la ayuda\n";
+    err << Complaint(error) << "\nzendria --help muestra la ayuda\n";
     status = ExitStatus::BadArguments;
     return std::nullopt;
   }

@@ -1,6 +1,7 @@
 #include "apps/zendria/Preferences.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 #include <QFileInfo>
 #include <QScreen>
 #include <QStandardPaths>
@@ -41,10 +42,24 @@ constexpr auto kTimes = "fallosDesde/";
 
 Preferences::Preferences()
     : settings_("Zendria", "Zendria"),
-      dataFolder_(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) {}
+      dataFolder_(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) {
+  KeepToOwner();
+}
 
 Preferences::Preferences(const QString& file)
-    : settings_(file, QSettings::IniFormat), dataFolder_(QFileInfo(file).absolutePath()) {}
+    : settings_(file, QSettings::IniFormat), dataFolder_(QFileInfo(file).absolutePath()) {
+  KeepToOwner();
+}
+
+Preferences::~Preferences() {
+  settings_.sync();
+  KeepToOwner();
+}
+
+// The toolkit gives a file that it writes anew the rights of the one before.
+void Preferences::KeepToOwner() const {
+  QFile::setPermissions(settings_.fileName(), QFile::ReadOwner | QFile::WriteOwner);
+}
 
 QStringList Preferences::RecentSchools() const {
   QStringList there;

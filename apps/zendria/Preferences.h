@@ -27,6 +27,11 @@ class Preferences {
   Preferences();
   /// In that file, and in its folder.
   explicit Preferences(const QString& file);
+  ~Preferences();
+  Preferences(const Preferences&) = delete;
+  Preferences& operator=(const Preferences&) = delete;
+  Preferences(Preferences&&) = delete;
+  Preferences& operator=(Preferences&&) = delete;
 
   /// Where else the host keeps what is this user's: a folder that may not be there yet.
   [[nodiscard]] QString DataFolder() const { return dataFolder_; }
@@ -64,6 +69,7 @@ class Preferences {
 
  private:
   [[nodiscard]] std::optional<std::int32_t> Number(const QString& key) const;
+  void KeepToOwner() const;
 
   QSettings settings_;
   QString dataFolder_;

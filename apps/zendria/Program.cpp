@@ -8,6 +8,7 @@
 
 #include "adapters/odbc/Waiting.h"
 #include "adapters/qt/window/QtFrontEnd.h"
+#include "apps/escuela/Told.h"
 #include "apps/zendria/CommandLine.h"
 #include "apps/zendria/Departure.h"
 #include "apps/zendria/FailureBox.h"
@@ -19,6 +20,7 @@
 #include "apps/zendria/SpanishTexts.h"
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -46,16 +48,18 @@ QString PlaceOf(const CommandLine& line) {
 /// False when something failed after the program was told to end.
 bool TellFailures(const qt::QtFrontEnd& screen) {
   for (const auto& failure : screen.LeavingFailures())
-    std::cerr << "zendria: al salir: " << FailureHeading(FailureOf(failure)).toStdString() << '\n';
+    std::cerr << "zendria: al salir: " << Told(FailureHeading(FailureOf(failure)).toStdString())
+              << '\n';
   return screen.LeavingFailures().empty();
 }
 
 /// Nobody is there to be asked: where the grades are stands where the program's failures stand.
 void TellRescued(const RescuedGrades& rescued) {
   if (rescued.file.isEmpty())
-    std::cerr << rescued.text.toStdString() << '\n';
+    for (const auto& line : rescued.text.split('\n'))
+      std::cerr << VisibleText(line.toStdString()) << '\n';
   else
-    std::cerr << "zendria: notas sin guardar: " << rescued.file.toStdString() << '\n';
+    std::cerr << "zendria: notas sin guardar: " << Told(rescued.file.toStdString()) << '\n';
 }
 
 Ending RunWindow(const CommandLine& line, const Started& started) {

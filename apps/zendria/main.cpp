@@ -1,3 +1,7 @@
+#include "apps/programs/Process.h"
 #include "apps/zendria/Program.h"
 
-int main(int argc, char** argv) { return quorvane::zendria::RunProgram(argc, argv); }
+int main(int argc, char** argv) {
+  quorvane::BeginProcess();
+  return quorvane::zendria::RunProgram(argc, argv);
+}

@@ -85,7 +85,7 @@ void frmNotaManualFinal::cmdAceptar_Click() {
 void frmNotaManualFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<PasoAnterior>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowInTurn();
 }
 
 void frmNotaManualFinal::cmdAnterior_Click() { SeleccionarAnterior(cboAlumnos); }

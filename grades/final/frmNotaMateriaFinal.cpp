@@ -98,7 +98,7 @@ void frmNotaMateriaFinal::cmdAceptar_Click() {
 void frmNotaMateriaFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<PasoAnterior>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowInTurn();
 }
 
 void frmNotaMateriaFinal::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }

@@ -82,7 +82,7 @@ void frmNotaSeccionAlumnoFinal::cmdAceptar_Click() {
 void frmNotaSeccionAlumnoFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<PasoAnterior>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowInTurn();
 }
 
 void frmNotaSeccionAlumnoFinal::cmdAnterior_Click() { SeleccionarAnterior(cboAlumnos); }

@@ -87,7 +87,7 @@ void frmNotaSeccionMateriaFinal::cmdAceptar_Click() {
 void frmNotaSeccionMateriaFinal::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<PasoAnterior>::Get().ShowModal();
+  FormInstance<PasoAnterior>::Get().ShowInTurn();
 }
 
 void frmNotaSeccionMateriaFinal::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }

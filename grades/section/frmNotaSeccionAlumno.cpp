@@ -75,7 +75,7 @@ void frmNotaSeccionAlumno::MostrarCarga(bool mostrar) { EncogerORestaurar(*this,
 void frmNotaSeccionAlumno::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaSeccionAlumno1>::Get().ShowModal();
+  FormInstance<frmNotaSeccionAlumno1>::Get().ShowInTurn();
 }
 
 void frmNotaSeccionAlumno::cmdAnterior_Click() { SeleccionarAnterior(cboAlumnos); }

@@ -80,7 +80,7 @@ void frmNotaSeccionMateria::MostrarCarga(bool mostrar) { EncogerORestaurar(*this
 void frmNotaSeccionMateria::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaSeccionMateria1>::Get().ShowModal();
+  FormInstance<frmNotaSeccionMateria1>::Get().ShowInTurn();
 }
 
 void frmNotaSeccionMateria::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }

@@ -93,7 +93,7 @@ void frmNotaManual::MostrarCarga(bool mostrar) { EncogerORestaurar(*this, mostra
 void frmNotaManual::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaManual1>::Get().ShowModal();
+  FormInstance<frmNotaManual1>::Get().ShowInTurn();
 }
 
 void frmNotaManual::cmdAnterior_Click() { SeleccionarAnterior(cboAlumnos); }

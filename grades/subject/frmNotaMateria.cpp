@@ -87,7 +87,7 @@ void frmNotaMateria::MostrarCarga(bool mostrar) { EncogerORestaurar(*this, mostr
 void frmNotaMateria::cmdCancelar_Click() {
   colAlumnos.Clear();
   Unload();
-  FormInstance<frmNotaMateria1>::Get().ShowModal();
+  FormInstance<frmNotaMateria1>::Get().ShowInTurn();
 }
 
 void frmNotaMateria::cmdAnterior_Click() { SeleccionarAnterior(cboMaterias); }

@@ -15,6 +15,20 @@ namespace {
 
 FrontEnd& Screen() { return Application::Instance().Screen(); }
 
+/// Counts a show for as long as it runs.
+class Running {
+ public:
+  explicit Running(int& shows) : shows_(shows) { ++shows_; }
+  ~Running() { --shows_; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  Running(Running&&) = delete;
+  Running& operator=(Running&&) = delete;
+
+ private:
+  int& shows_;
+};
+
 std::int32_t WindowLength(std::int32_t length) {
   if (length < 0) throw RuntimeError(ErrorNumber::InvalidProperty);
   return length;
@@ -80,13 +94,27 @@ int Form::BackLayer() const {
 
 void Form::ShowModal() {
   const auto self = shared_from_this();
-  if (!loaded_) {
-    loaded_ = true;
-    Screen().Loading(*this);
-    Form_Load();
-  }
-  visible_ = true;
-  Screen().RunModal(*this);
+  const Running running(shows_);
+  do {
+    again_ = false;
+    Load();
+    visible_ = true;
+    Screen().RunModal(*this);
+  } while (again_);
+}
+
+void Form::ShowInTurn() {
+  if (shows_ > 0 && !visible_)
+    again_ = true;
+  else
+    ShowModal();
+}
+
+void Form::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  Screen().Loading(*this);
+  Form_Load();
 }
 
 void Form::Hide() {
@@ -102,6 +130,7 @@ void Form::Unload() {
   Screen().Unloading(*this);
   Form_Unload();
   visible_ = false;
+  again_ = false;
   loaded_ = false;
   ++revision_;
 }

@@ -68,6 +68,10 @@ class Form : public std::enable_shared_from_this<Form> {
   /// Loads the form, if it isn't, shows it, and returns when it has been hidden or unloaded.
   /// Shows nest, also of one form. A failure inside an event handler comes out here.
   void ShowModal();
+  /// For the last act of a handler: the same, but a form that is shown further out, and hidden, is
+  /// shown again there, once the handlers that run have returned to that show. So two forms that
+  /// take turns need no more room for a thousand turns than for one.
+  void ShowInTurn();
   void Hide();
   /// `Form_Unload`, after which the form is gone from the screen. No effect on one not loaded.
   void Unload();
@@ -100,6 +104,7 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void Form_Unload() {}
 
  private:
+  void Load();
   template <class T>
   bool Assign(T& field, T value);
   void ChangeSize(std::int32_t width, std::int32_t height);
@@ -117,6 +122,8 @@ class Form : public std::enable_shared_from_this<Form> {
   bool enabled_ = true;
   bool loaded_ = false;
   bool visible_ = false;
+  bool again_ = false;  ///< to be shown once more by the show that runs
+  int shows_ = 0;       ///< that run
   unsigned revision_ = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "platform/data/Recordset.h"
 
@@ -26,7 +27,8 @@ class Connection {
   [[nodiscard]] const std::string& Name() const noexcept { return name_; }
 
   /// Executes one statement, with effect at once and for good: there are no transactions.
-  /// Error 3704 on a closed connection.
+  /// Error 3704 on a closed connection; 0x80004005, before anything else sees it, for one with a
+  /// NUL.
   Recordset Execute(const std::string& statement);
 
   void Observe(Observer observer) { observer_ = std::move(observer); }
@@ -39,6 +41,8 @@ class Connection {
 
  protected:
   virtual Recordset Run(const std::string& statement) = 0;  ///< when open; all rows, read whole
+  /// Error 0x80004005 for a text with a NUL.
+  static void RequireWhole(std::string_view statements);
 
  private:
   std::string name_;

@@ -42,6 +42,32 @@ std::string Utf8Encode(char32_t character) {
   return {static_cast<char>(0xF0U | character >> 18U), tail(12), tail(6), tail(0)};
 }
 
+std::optional<char32_t> NextUtf8(std::string_view text, std::size_t& at) {
+  constexpr char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
+  constexpr char32_t kLast = 0x10FFFF;
+  const auto rest = text.substr(at++);
+  const auto lead = static_cast<unsigned char>(rest.front());
+  const auto following = FollowingBytes(lead);
+  if (following == 0) return lead < 0x80 ? std::optional<char32_t>(lead) : std::nullopt;
+  if (rest.size() <= following) return std::nullopt;
+  char32_t character = lead & (0x3FU >> following);
+  for (std::size_t i = 1; i <= following; ++i) {
+    const auto byte = static_cast<unsigned char>(rest[i]);
+    if ((byte & 0xC0U) != 0x80U) return std::nullopt;
+    character = character << 6U | (byte & 0x3FU);
+  }
+  const auto surrogate = character >= 0xD800 && character < 0xE000;
+  if (character < kLeast[following] || character > kLast || surrogate) return std::nullopt;
+  at += following;
+  return character;
+}
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();)
+    if (!NextUtf8(text, at)) return false;
+  return true;
+}
+
 std::size_t Utf8Length(std::string_view text) { return Utf8Decode(text).size(); }
 
 }  // namespace quorvane

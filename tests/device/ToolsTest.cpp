@@ -129,7 +129,7 @@ TEST_F(ToolsTest, AnOutputThatFindsNoRoomIsNoSuccess) {
   const auto list =
       RunCommand("{ " QUORVANE_ESCUELA " bloqueos " + path_ + " 2>&3 >/dev/full; } 3>&1");
   EXPECT_EQ(list.status, 1);
-  EXPECT_THAT(list.text, HasSubstr("no se puede escribir la salida"));
+  EXPECT_THAT(list.text, HasSubstr("No se puede escribir la salida"));
   const auto play =
       RunCommand("{ echo nodo 124 | " QUORVANE_GUION " --bd " + path_ + " 2>&3 >/dev/full; } 3>&1");
   EXPECT_EQ(play.status, 2);

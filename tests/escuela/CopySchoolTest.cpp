@@ -191,7 +191,7 @@ TEST_F(CopyTest, LeavesNothingWhenItIsGivenUp) {
                  {[](std::size_t, std::size_t) {}, [&] { return left-- <= 0; }});
       EXPECT_GT(patience, 60);
       return;
-    } catch (const CopyStopped&) {
+    } catch (const WritingStopped&) {
       ASSERT_EQ(folder.Files(), 1U);
     }
   }
@@ -320,7 +320,7 @@ TEST_F(CopyTest, CanBeGivenUpBehindTheRows) {
   EXPECT_THROW(CopySchool(SchoolAddress::File(from), SchoolAddress::File(to),
                           {[&](std::size_t done, std::size_t whole) { all = done == whole; },
                            [&] { return all && ++asked > 1; }}),
-               CopyStopped);
+               WritingStopped);
   EXPECT_EQ(folder.Files(), 1U);
 }
 
@@ -424,7 +424,7 @@ TEST_F(CopyOnServer, LeavesNothingWhenItIsGivenUp) {
     auto left = patience;
     EXPECT_THROW(CopySchool(SchoolAddress::File(from), There(),
                             {[](std::size_t, std::size_t) {}, [&] { return left-- <= 0; }}),
-                 CopyStopped);
+                 WritingStopped);
     EXPECT_THAT(TablesThere(), ElementsAre("0|"));
   }
 }

@@ -125,5 +125,46 @@ TEST(ScriptParserTest, ReadsEveryCommand) {
   EXPECT_EQ(Parse(script).size(), 21U);
 }
 
+TEST(ScriptParserTest, NumbersArePlainDecimal) {
+  for (const std::string line :
+       {"nodo 0123", "nodo 0x7b", "nodo +1", "nodo 1e2", "nodo -0", "elegir cbo #01",
+        "elegir cbo =007", "fila g 01", "sesion perfil=02", "docente 4294967297", "tecla \"\"",
+        "fallo 01"})
+    EXPECT_EQ(Mistake(line).substr(0, 25), "1: argumento no válido: ") << line;
+}
+
+TEST(ScriptParserTest, TextIsStrictlyUtf8) {
+  for (const std::string text :
+       {"\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC0\x80", "\xF8\x88\x80\x80\x80"})
+    EXPECT_EQ(Mistake("hoy \"" + text + "\""), "1: el texto no es UTF-8");
+  EXPECT_EQ(Mistake("hoy \"\xF4\x8F\xBF\xBF\""), "");
+}
+
+TEST(ScriptParserTest, AStreamThatFailsIsNoEnd) {
+  /// Gives a line, and then fails as a disk does.
+  class Failing : public std::streambuf {
+   protected:
+    int_type underflow() override {
+      if (given_) throw std::ios::failure("disk");
+      given_ = true;
+      setg(line_, line_, line_ + 7);
+      return traits_type::to_int_type(*gptr());
+    }
+
+   private:
+    char line_[8] = "nodo 1\n";
+    bool given_ = false;
+  };
+  Failing failing;
+  std::istream script(&failing);
+  try {
+    static_cast<void>(ParseScript(script));
+    ADD_FAILURE();
+  } catch (const ScriptError& error) {
+    EXPECT_EQ(error.Line(), 2U);
+    EXPECT_STREQ(error.what(), "no se puede leer");
+  }
+}
+
 }  // namespace
 }  // namespace quorvane::guion

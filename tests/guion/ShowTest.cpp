@@ -1,3 +1,6 @@
+#include <set>
+#include <vector>
+
 #include "platform/RuntimeError.h"
 #include "tests/guion/GuionTest.h"
 #include "tests/guion/TestForms.h"
@@ -5,7 +8,10 @@
 namespace quorvane::test {
 namespace {
 
-class ShowTest : public GuionTest {};
+class ShowTest : public GuionTest {
+ protected:
+  bool measured_ = false;
+};
 
 TEST_F(ShowTest, TellsTheLifeOfAFormInOrder) {
   EXPECT_EQ(Play("nodo 1\ncerrar"),
@@ -19,20 +25,39 @@ TEST_F(ShowTest, ANodeWithoutAScreenReturnsAtOnce) {
   EXPECT_EQ(Play("nodo 0\nnodo 255"), (Lines{"vuelve 0", "vuelve 255"}));
 }
 
-TEST_F(ShowTest, FormsThatTakeTurnsNest) {
+TEST_F(ShowTest, FormsTakeTurns) {
   EXPECT_EQ(
       Play("nodo 2\npulsar cmdSiguiente\npulsar cmdVolver\ncerrar"),
       (Lines{"carga frmUno", "muestra frmUno", "oculta frmUno", "carga frmDos", "muestra frmDos",
              "descarga frmDos", "muestra frmUno", "descarga frmUno", "vuelve 2"}));
 }
 
-TEST_F(ShowTest, FormsTakeTurnsThousandsOfTimes) {
+TEST_F(ShowTest, FormsTakeTurnsWithoutEndOnTheSameStack) {
+  // However the script is read, a turn costs nothing that the next one doesn't use again.
+  std::vector<const void*> places;
+  frmUno::alSeguir = [&places] { places.push_back(__builtin_frame_address(0)); };
   std::string script = "nodo 2\n";
-  constexpr auto kTurns = 5000;
-  for (int i = 0; i < kTurns; ++i) script += "pulsar cmdSiguiente\npulsar cmdVolver\n";
+  constexpr auto kTurns = 5000U;
+  for (auto i = 0U; i < kTurns; ++i) script += "pulsar cmdSiguiente\npulsar cmdVolver\n";
   const auto lines = Play(script + "cerrar\n");
+  frmUno::alSeguir = nullptr;
   EXPECT_EQ(lines.back(), "vuelve 2");
   EXPECT_EQ(lines.size(), 4U + 5U * kTurns);
+  ASSERT_EQ(places.size(), kTurns);
+  EXPECT_EQ(std::set(places.begin(), places.end()).size(), 1U);
+}
+
+TEST_F(ShowTest, ATextOfAnyLengthHasAMeasure) {
+  frmPrueba::alPulsar = [this] {
+    const auto& form = FormInstance<frmPrueba>::Get();
+    EXPECT_EQ(form.TextWidth("abc"), 360);
+    EXPECT_EQ(form.TextWidth(std::string(18'000'000, 'a')),
+              form.TextWidth(std::string(100'001, 'a')));
+    EXPECT_GT(form.TextWidth(std::string(18'000'000, 'a')), 0);
+    measured_ = true;
+  };
+  PlayIn("pulsar cmdAccion");
+  EXPECT_TRUE(measured_);
 }
 
 TEST_F(ShowTest, TheEndOfTheScriptLeavesFormsWithoutUnloadingThem) {

@@ -80,6 +80,7 @@ void frmPrueba::Form_Unload() {
 
 frmUno::frmUno() : Form("frmUno") {
   cmdSiguiente.Click = [this] {
+    if (alSeguir) alSeguir();
     Hide();
     FormInstance<frmDos>::Get().ShowModal();
   };
@@ -89,7 +90,7 @@ frmUno::frmUno() : Form("frmUno") {
 frmDos::frmDos() : Form("frmDos") {
   cmdVolver.Click = [this] {
     Unload();
-    FormInstance<frmUno>::Get().ShowModal();
+    FormInstance<frmUno>::Get().ShowInTurn();
   };
   cmdFalla.Click = [] { throw RuntimeError(ErrorNumber::TypeMismatch); };
 }

@@ -67,6 +67,8 @@ class frmUno : public Form {
   CommandButton cmdSiguiente{*this, "cmdSiguiente"};
   CommandButton cmdFalla{*this, "cmdFalla"};
   void Form_Unload() override { FormInstance<frmUno>::Drop(); }
+
+  static inline std::function<void()> alSeguir;
 };
 
 class frmDos : public Form {

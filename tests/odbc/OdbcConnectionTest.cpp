@@ -237,5 +237,32 @@ TEST_F(OdbcConnectionTest, GivesBackWhatItTakes) {
   EXPECT_EQ(open(), before);
 }
 
+TEST_F(OdbcConnectionTest, AStatementWithANulIsRefusedWhole) {
+  con.Execute("INSERT INTO T VALUES (1,'a')");
+  EXPECT_THROW(con.Execute(std::string("DELETE FROM T\0 WHERE a=2", 25)), RuntimeError);
+  EXPECT_THAT(Rows("SELECT a FROM T"), ElementsAre("1"));
+}
+
+TEST_F(OdbcConnectionTest, AStringIsNoLongerThanManagersBear) {
+  const auto refused = [](const std::string& string) {
+    try {
+      OdbcConnection(string, "").Open();
+    } catch (const RuntimeError& error) {
+      return error.Description();
+    }
+    return std::string();
+  };
+  EXPECT_THAT(refused("Driver=" + std::string(1'100, 'x')), HasSubstr("el valor de Driver tiene"));
+  EXPECT_THAT(refused("DSN=" + std::string(251, 'x')), HasSubstr("demasiado larga"));
+  EXPECT_THAT(refused(text + ";Clave=" + std::string(901, 'x')), HasSubstr("demasiado larga"));
+  EXPECT_THAT(refused(text + ";" + std::string(251, 'x') + "=1"), HasSubstr("palabras clave"));
+  EXPECT_THAT(refused(std::string(8'001, 'x')), HasSubstr("demasiado larga"));
+  auto many = text;
+  for (auto i = 0; i < 50; ++i) many += ";Clave" + std::to_string(i) + "=" + std::string(90, 'x');
+  EXPECT_THAT(refused(many), HasSubstr("toda ella"));
+  EXPECT_THAT(refused(text + std::string(";a=\0", 4)), HasSubstr("carácter nulo"));
+  EXPECT_EQ(refused(text + ";Clave=" + std::string(900, 'x')), "");
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -1,7 +1,9 @@
 """The programs on a server, held to what they do on a file: scripts with the same transcript and the same
 rows afterwards, and every order of quorvane-escuela. Who works has the rights of docs/servidores.md."""
+import contextlib
 import os
 import pathlib
+import pty
 import re
 import shutil
 import signal
@@ -12,7 +14,7 @@ import tempfile
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from cluster import OWNER, USER, Cluster  # noqa: E402
+from cluster import OWNER, PASSWORD, USER, Cluster  # noqa: E402
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 YEAR = ROOT / 'tests' / 'odbc' / 'curso.guion'
@@ -204,6 +206,53 @@ class ProgramsTest(unittest.TestCase):
         self.assertEqual(told, sorted(told))
         self.assertEqual(told[-1], 100)
         self.assertNotIn('Copiando', done.stdout)
+
+    def test_a_password_needs_no_command_line(self):
+        server = self.on_server('demo')
+        string = re.sub(r';PWD=\{.*?\}(?=;|$)', '', server.worker[1])
+        self.assertNotIn('PWD', string)
+        script = str(self.folder / 'clave.guion')
+        pathlib.Path(script).write_text('nodo 123\ncerrar\n', encoding='utf-8')
+        orders = ([os.environ['QUORVANE_ESCUELA'], 'bloqueos', '--odbc', string],
+                  [os.environ['QUORVANE_GUION'], '--odbc', string, script])
+        passwords = self.folder / 'pgpass'
+        escaped = PASSWORD.replace('\\', '\\\\').replace(':', '\\:')
+        passwords.write_text(f'*:*:*:*:{escaped}\n', encoding='utf-8')
+        passwords.chmod(0o600)
+        for order in orders:
+            # Nowhere: an error, and nobody is asked, since there is no terminal.
+            done = subprocess.run(order, text=True, capture_output=True, timeout=60, stdin=subprocess.DEVNULL,
+                                  start_new_session=True, env={**os.environ, 'HOME': str(self.folder)})
+            self.assertNotEqual(done.returncode, 0)
+            self.assertIn('password', done.stderr)
+            # Where the server's own client looks.
+            done = subprocess.run(order, text=True, capture_output=True, timeout=60, start_new_session=True,
+                                  env={**os.environ, 'PGPASSFILE': str(passwords)})
+            self.assertEqual(done.returncode, 0, done.stderr)
+            # At the terminal, which shows nothing of it.
+            shown, status = self.at_terminal(order, PASSWORD)
+            self.assertEqual(status, 0, shown)
+            self.assertIn('Contraseña de Driver=', shown)
+            self.assertNotIn(PASSWORD, shown)
+            self.assertNotIn(PASSWORD[:5], shown)
+            self.assertNotEqual(self.at_terminal(order, 'otra')[1], 0)
+
+    def at_terminal(self, order, typed):
+        process, terminal = pty.fork()
+        if process == 0:
+            os.environ['HOME'] = str(self.folder)
+            os.execv(order[0], order)
+        shown = b''
+        asked = False
+        with contextlib.suppress(OSError):
+            while piece := os.read(terminal, 4096):
+                shown += piece
+                if not asked and shown.decode(errors='replace').endswith(': '):
+                    asked = True
+                    os.write(terminal, typed.encode() + b'\n')
+        status = os.waitstatus_to_exitcode(os.waitpid(process, 0)[1])
+        os.close(terminal)
+        return shown.decode(), status
 
 
 if __name__ == '__main__':

@@ -302,5 +302,15 @@ TEST_F(SqliteConnectionTest, JoinsTextsAndKeepsTheSum) {
               ElementsAre("Gil Paz,   Gil|7"));
 }
 
+TEST_F(SqliteConnectionTest, AStatementWithANulIsRefusedWhole) {
+  connection_.Execute("INSERT INTO T VALUES (1,'a')");
+  const std::string statement("DELETE FROM T\0 WHERE A=2", 25);
+  for (const auto& one : {statement, statement.substr(0, 14)}) {
+    EXPECT_THROW(connection_.Execute(one), RuntimeError);
+    EXPECT_THROW(connection_.ExecuteScript(one), RuntimeError);
+  }
+  EXPECT_THAT(RunRows(connection_, "SELECT A FROM T"), ElementsAre("1"));
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -65,5 +65,13 @@ TEST_F(CommandLineTest, AUserIsANumberOfASchool) {
   EXPECT_EQ(status_, ExitStatus::BadArguments);
 }
 
+TEST_F(CommandLineTest, AUsersNumberIsPlainDecimal) {
+  for (const auto* const number : {"010", "0x4", "", " 4", "+4", "4.0", "4294967300"}) {
+    EXPECT_FALSE(Read({"escuela.sqlite", "--usuario", number})) << number;
+    EXPECT_EQ(status_, ExitStatus::BadArguments);
+    EXPECT_NE(err_.str().find("--usuario"), std::string::npos);
+  }
+}
+
 }  // namespace
 }  // namespace quorvane::zendria

@@ -25,6 +25,19 @@ TEST_F(PreferencesTest, OtherFilesOfTheUserGoBesideThem) {
   EXPECT_EQ(Preferences(Settings()).DataFolder(), QFileInfo(Settings()).absolutePath());
 }
 
+TEST_F(PreferencesTest, AreTheirOwnersAlone) {
+  const auto alone = [this] {
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    return QFile::exists(Settings()) && !(QFile::permissions(Settings()) & others);
+  };
+  Preferences(Settings()).KeepCentre("una", 1);
+  EXPECT_TRUE(alone());
+  // One that an older version has made for everybody.
+  QFile::setPermissions(Settings(), QFile::permissions(Settings()) | QFile::ReadOther);
+  Preferences(Settings()).KeepCentre("otra", 2);
+  EXPECT_TRUE(alone());
+}
+
 TEST_F(PreferencesTest, TheNewestSchoolComesFirstAndOnce) {
   const auto one = Make("una.sqlite");
   const auto other = Make("otra.sqlite");

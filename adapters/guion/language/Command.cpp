@@ -1,13 +1,11 @@
 #include "adapters/guion/language/Command.h"
 
-#include "adapters/guion/language/Numbers.h"
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane::guion {
 
 std::int32_t Command::Number(std::size_t argument) const {
-  std::int32_t number = 0;
-  static_cast<void>(ParseInteger(Text(argument), number));
-  return number;
+  return PlainNumber<std::int32_t>(Text(argument)).value_or(0);
 }
 
 }  // namespace quorvane::guion

@@ -1,14 +1,15 @@
 #include "adapters/guion/language/ScriptParser.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "adapters/guion/language/CommandKind.h"
 #include "adapters/guion/language/LineReader.h"
-#include "adapters/guion/language/Numbers.h"
 #include "adapters/guion/language/ScriptError.h"
 #include "adapters/guion/language/SessionSetting.h"
+#include "platform/text/PlainNumber.h"
 #include "platform/text/Utf8.h"
 
 namespace quorvane::guion {
@@ -16,30 +17,22 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-bool IsUtf8(const std::string& text) {
-  std::string again;
-  again.reserve(text.size());
-  for (const auto character : Utf8Decode(text)) again += Utf8Encode(character);
-  return again == text;
-}
-
 bool IsEntry(const Word& word) {
-  std::int32_t number = 0;
   if (word.quoted || (word.text.front() != '#' && word.text.front() != '=')) return true;
-  return ParseInteger(std::string_view(word.text).substr(1), number);
+  return PlainNumber<std::int32_t>(std::string_view(word.text).substr(1)).has_value();
 }
 
 bool Fits(Argument argument, const Word& word) {
-  std::int32_t number = 0;
+  const auto number = PlainNumber<std::int32_t>(word.text);
   switch (argument) {
     case Argument::Name:
       return !word.quoted;
     case Argument::Entry:
       return IsEntry(word);
     case Argument::Number:
-      return ParseInteger(word.text, number);
+      return number.has_value();
     case Argument::Positive:
-      return ParseInteger(word.text, number) && number > 0;
+      return number && *number > 0;
     case Argument::Flag:
       return word.text == "0" || word.text == "1";
     case Argument::Text:
@@ -100,6 +93,9 @@ std::optional<Command> ReadCommand(std::istream& script, std::size_t& line) {
     command.text = reader.TextRead();
     return command;
   }
+  // A script that breaks off is no shorter script: neither the disk's failure nor the lack of
+  // memory for a line may pass for its end.
+  if (script.bad()) throw ScriptError(line + 1, "no se puede leer");
   return std::nullopt;
 }
 

@@ -11,7 +11,8 @@ namespace quorvane::guion {
 
 /// Reads a script to its end and checks the whole of its syntax, so that a script with a mistake
 /// does nothing at all. Empty lines and comments give no command. Throws `ScriptError` for an
-/// unknown command, missing, surplus or ill-formed arguments, and text that isn't UTF-8.
+/// unknown command, missing, surplus or ill-formed arguments, text that isn't UTF-8, and
+/// a stream that fails before its end.
 std::vector<Command> ParseScript(std::istream& script);
 
 /// The next command of a script that is still being written, as by somebody at a terminal or a

@@ -1,6 +1,6 @@
 #include "adapters/guion/language/SessionSetting.h"
 
-#include "adapters/guion/language/Numbers.h"
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane::guion {
 
@@ -9,7 +9,9 @@ std::optional<SessionSetting> ParseSetting(std::string_view text) {
   if (equals == std::string_view::npos) return std::nullopt;
   const auto key = text.substr(0, equals);
   SessionSetting setting;
-  if (!ParseInteger(text.substr(equals + 1), setting.value)) return std::nullopt;
+  const auto value = PlainNumber<std::int32_t>(text.substr(equals + 1));
+  if (!value) return std::nullopt;
+  setting.value = *value;
   if (key == "usuario")
     setting.member = &HostOptions::usuario;
   else if (key == "perfil")

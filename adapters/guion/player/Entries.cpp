@@ -1,7 +1,7 @@
 #include "adapters/guion/player/Entries.h"
 
-#include "adapters/guion/language/Numbers.h"
 #include "adapters/guion/player/Refusal.h"
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane::guion {
 namespace {
@@ -14,11 +14,13 @@ int First(const Entries& entries, Matches matches) {
 }
 
 int Find(const Word& word, const Entries& entries) {
-  std::int32_t number = 0;
-  if (!word.quoted && ParseInteger(std::string_view(word.text).substr(1), number)) {
-    if (word.text.front() == '#') return number < entries.count ? number : -1;
+  const auto number = word.quoted || word.text.empty()
+                          ? std::nullopt
+                          : PlainNumber<std::int32_t>(std::string_view(word.text).substr(1));
+  if (number) {
+    if (word.text.front() == '#') return *number < entries.count ? *number : -1;
     if (word.text.front() == '=')
-      return First(entries, [&](int i) { return entries.data(i) == number; });
+      return First(entries, [&](int i) { return entries.data(i) == *number; });
   }
   return First(entries, [&](int i) { return entries.text(i) == word.text; });
 }

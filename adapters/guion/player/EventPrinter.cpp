@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text/VisibleText.h"
+
 namespace quorvane::guion {
 
 void EventPrinter::Print(std::string_view word, const std::string& rest) {
@@ -10,8 +12,9 @@ void EventPrinter::Print(std::string_view word, const std::string& rest) {
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
   out_ << word;
-  if (!line.empty()) out_ << ' ' << line;
+  if (!line.empty()) out_ << ' ' << VisibleText(line);
   out_ << '\n' << std::flush;
+  if (!out_) throw OutputFailed();
 }
 
 }  // namespace quorvane::guion

@@ -1,17 +1,27 @@
 #pragma once
 
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace quorvane::guion {
+
+/// What happens can't be told any more: a script that went on would do what nobody sees.
+class OutputFailed : public std::runtime_error {
+ public:
+  OutputFailed()
+      : std::runtime_error(
+            "No se puede escribir la salida: compruebe que queda espacio en el disco") {}
+};
 
 /// Prints what happens, a line an event, each as soon as it happens. The stream outlives it.
 class EventPrinter {
  public:
   explicit EventPrinter(std::ostream& out) : out_(out) {}
 
-  /// "WORD REST", or the word alone.
+  /// "WORD REST", or the word alone; with what would act on a terminal written out.
+  /// OutputFailed when it doesn't arrive.
   void Print(std::string_view word, const std::string& rest = {});
 
  private:

@@ -11,6 +11,7 @@
 #include "platform/controls/MSFlexGrid.h"
 #include "platform/controls/TabStrip.h"
 #include "platform/controls/TextBox.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane::guion {
 namespace {
@@ -86,7 +87,7 @@ std::string FormJson(const Form& form) {
   json["alto"] = form.Height();
   auto& controls = json["controles"] = Json::object();
   for (const auto* control : form.Controls()) controls[control->Name()] = Describe(*control);
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  return VisibleJson(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 }  // namespace quorvane::guion

@@ -1,5 +1,6 @@
 #include "adapters/guion/player/Guion.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "adapters/guion/language/CommandKind.h"
@@ -134,7 +135,8 @@ void Guion::Message(MessageIcon icon, const std::string& title, const std::strin
 void Guion::Beep() { events_.Print("pitido"); }
 
 std::int32_t Guion::TextWidth(const Form& /*form*/, const std::string& text) {
-  return static_cast<std::int32_t>(Utf8Length(text)) * kCharacterWidth;
+  constexpr std::size_t kMostCharacters = kWidestText / kCharacterWidth;
+  return static_cast<std::int32_t>(std::min(Utf8Length(text), kMostCharacters)) * kCharacterWidth;
 }
 
 }  // namespace quorvane::guion

@@ -52,6 +52,8 @@ class Guion : public FrontEnd {
   std::int32_t ScreenHeight() override { return kScreenHeight; }
 
   static constexpr std::int32_t kCharacterWidth = 120;  ///< of all characters, in twips
+  /// A longer one counts as this wide, so that measures which are made of it fit their numbers.
+  static constexpr std::int32_t kWidestText = 12'000'000;
   /// 1024 by 768 points, of 15 twips.
   static constexpr std::int32_t kScreenWidth = 15360;
   static constexpr std::int32_t kScreenHeight = 11520;

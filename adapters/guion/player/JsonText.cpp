@@ -3,13 +3,15 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "platform/text/VisibleText.h"
+
 namespace quorvane::guion {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
 std::string Dump(const Json& json) {
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  return VisibleJson(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 std::string JsonValue(const Value& value) {

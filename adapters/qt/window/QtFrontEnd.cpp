@@ -291,8 +291,10 @@ void QtFrontEnd::MousePointer(Pointer pointer) {
 }
 
 std::int32_t QtFrontEnd::TextWidth(const Form& /*form*/, const std::string& text) {
-  // All forms have the application's font.
-  return Twips(QFontMetrics(QApplication::font()).horizontalAdvance(Text(text)));
+  // All forms have the application's font. Nobody sees the end of a text of that length, and the
+  // toolkit's own measures overflow on a much longer one.
+  constexpr qsizetype kMostLetters = 20'000;
+  return Twips(QFontMetrics(QApplication::font()).horizontalAdvance(Text(text).left(kMostLetters)));
 }
 
 std::int32_t QtFrontEnd::ScreenWidth() {

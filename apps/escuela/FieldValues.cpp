@@ -1,0 +1,153 @@
+#include "apps/escuela/FieldValues.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "apps/escuela/SchoolAddress.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
+#include "platform/text/AsciiCase.h"
+
+namespace quorvane {
+namespace {
+
+/// The numbers that a column's field holds.
+struct Field {
+  std::int64_t least;
+  std::int64_t most;
+};
+
+constexpr std::int64_t kLastKey = std::numeric_limits<std::int32_t>::max();
+
+std::optional<Field> FieldOf(SchemaKind kind) {
+  switch (kind) {
+    case SchemaKind::Key:
+    case SchemaKind::Long:
+    // A flag is any number.
+    case SchemaKind::Flag:
+      return Field{std::numeric_limits<std::int32_t>::min(), kLastKey};
+    case SchemaKind::Short:
+      return Field{std::numeric_limits<std::int16_t>::min(),
+                   std::numeric_limits<std::int16_t>::max()};
+    case SchemaKind::Byte:
+      return Field{0, std::numeric_limits<std::uint8_t>::max()};
+    case SchemaKind::Text:
+    case SchemaKind::Date:
+      break;
+  }
+  return std::nullopt;
+}
+
+bool Reads(const Value& value, SchemaKind kind) {
+  try {
+    switch (kind) {
+      case SchemaKind::Flag:
+        static_cast<void>(value.Flag());
+        return true;
+      case SchemaKind::Short:
+        static_cast<void>(value.Integer());
+        return true;
+      case SchemaKind::Byte:
+        static_cast<void>(value.Byte());
+        return true;
+      default:
+        static_cast<void>(value.Long());
+        return true;
+    }
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+std::string Counted(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " fila" : " filas");
+}
+
+class TableValues {
+ public:
+  TableValues(Connection& connection, const SchemaTable& table, std::vector<std::string>& findings)
+      : connection_(connection), table_(table), findings_(findings) {}
+
+  void Check() {
+    const auto names = ColumnsOf(connection_, table_.name).value_or(FieldNames());
+    for (std::size_t i = 0; i < table_.columns.size(); ++i) {
+      const auto& column = table_.columns[i];
+      // Of one whose name is free the place is not.
+      const auto free = column.mark == SchemaMark::FreeName && i < names.size();
+      for (const auto& name : names)
+        if (EqualNoCase(name, free ? names[i] : column.name)) CheckColumn(name, column.kind);
+    }
+  }
+
+ private:
+  void CheckColumn(const std::string& name, SchemaKind kind) {
+    const auto field = FieldOf(kind);
+    if (!field) return;
+    if (const auto bad = CountBad("[" + name + "]", *field, kind); bad == kNoNumbers)
+      Find("La columna " + name + " de la tabla " + table_.name + " no es de números");
+    else if (bad > 0)
+      Find("Valores que no caben en " + table_.name + "." + name + ": " + Counted(bad) +
+           " sin un número de " + std::to_string(field->least) + " a " +
+           std::to_string(field->most));
+    if (kind == SchemaKind::Key) CheckKey(name);
+  }
+
+  void CheckKey(const std::string& name) {
+    const auto count = [&](const std::string& condition) {
+      return connection_
+          .Execute("SELECT COUNT(*) FROM " + table_.name + " WHERE [" + name + "]" + condition)
+          .Fields(0)
+          .Long();
+    };
+    if (const auto missing = count(" IS NULL"); missing > 0)
+      Find("Sin clave en " + table_.name + ": " + Counted(static_cast<std::size_t>(missing)) +
+           " cuyo " + name + " es nulo");
+    if (count("=" + std::to_string(kLastKey)) > 0)
+      Find("Última clave en " + table_.name + ": una fila tiene ya el mayor " + name +
+           " posible, y detrás no se puede añadir ninguna");
+  }
+
+  static constexpr auto kNoNumbers = static_cast<std::size_t>(-1);
+
+  [[nodiscard]] std::size_t CountBad(const std::string& name, const Field& field,
+                                     SchemaKind kind) const {
+    const auto file = EngineReached(connection_) == sqltext::Engine::Sqlite;
+    // There a flag is what the engine's own type says.
+    if (!file && kind == SchemaKind::Flag) return 0;
+    const auto beyond = kind == SchemaKind::Flag
+                            ? std::string("1=0")
+                            : name + "<" + std::to_string(field.least) + " OR " + name + ">" +
+                                  std::to_string(field.most);
+    // In a file a column holds what it is given, a text or bytes too, whatever its type.
+    const auto other = file ? " OR typeof(" + name + ") IN ('text','blob')" : std::string();
+    try {
+      auto rows = connection_.Execute("SELECT " + name + " FROM " + table_.name + " WHERE " +
+                                      beyond + other);
+      std::size_t bad = 0;
+      for (; !rows.Eof(); rows.MoveNext()) bad += Reads(rows.Fields(0), kind) ? 0 : 1;
+      return bad;
+    } catch (const RuntimeError&) {
+      if (file) throw;
+      return kNoNumbers;
+    }
+  }
+
+  void Find(std::string finding) { findings_.push_back(std::move(finding)); }
+
+  Connection& connection_;
+  const SchemaTable& table_;
+  std::vector<std::string>& findings_;
+};
+
+}  // namespace
+
+std::vector<std::string> BadValues(Connection& connection) {
+  std::vector<std::string> findings;
+  for (const auto& table : SchoolTables()) TableValues(connection, table, findings).Check();
+  return findings;
+}
+
+}  // namespace quorvane

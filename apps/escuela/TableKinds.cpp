@@ -1,0 +1,78 @@
+#include "apps/escuela/TableKinds.h"
+
+#include <algorithm>
+
+#include "apps/escuela/SchoolAddress.h"
+#include "frame/schema/SchoolSchema.h"
+#include "platform/text/AsciiCase.h"
+
+namespace quorvane {
+namespace {
+
+using sqltext::Engine;
+
+/// Gives the names of what isn't a table.
+std::string ViewsQuery(Engine engine) {
+  switch (engine) {
+    case Engine::PostgreSql:
+      return "SELECT CAST(relname AS text) FROM pg_class WHERE relkind IN ('v','m') AND "
+             "pg_table_is_visible(oid)";
+    case Engine::SqlServer:
+      return "SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_TYPE='VIEW' AND "
+             "TABLE_SCHEMA IN (SCHEMA_NAME(),'dbo') ORDER BY TABLE_NAME";
+    default:
+      return "SELECT name FROM pragma_table_list WHERE schema='main' AND type<>'table'";
+  }
+}
+
+/// Gives the names of tables with those of their generated columns; empty where none is asked for.
+std::string GeneratedQuery(Engine engine) {
+  switch (engine) {
+    case Engine::PostgreSql:
+      return "SELECT CAST(relname AS text), CAST(attname AS text) FROM pg_attribute INNER JOIN "
+             "pg_class ON pg_class.oid=attrelid WHERE attgenerated<>'' AND "
+             "pg_table_is_visible(attrelid)";
+    case Engine::SqlServer:
+      // Who may not look into its catalogue is told of none: such a column shows when it is
+      // written.
+      return {};
+    default:
+      return "SELECT t.name, c.name FROM pragma_table_list t INNER JOIN pragma_table_xinfo(t.name) "
+             "c WHERE t.schema='main' AND t.type='table' AND c.hidden IN (2,3)";
+  }
+}
+
+const SchemaTable* TableNamed(const std::string& name) {
+  const auto& tables = SchoolTables();
+  const auto found = std::find_if(tables.begin(), tables.end(), [&](const SchemaTable& one) {
+    return EqualNoCase(one.name, name);
+  });
+  return found == tables.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::vector<std::string> ViewsAmongTables(Connection& database) {
+  std::vector<std::string> findings;
+  for (auto rows = database.Execute(ViewsQuery(EngineReached(database))); !rows.Eof();
+       rows.MoveNext())
+    if (const auto* const table = TableNamed(rows.Fields(0).Text()); table != nullptr)
+      findings.push_back("La tabla " + table->name + " no es una tabla, sino una vista");
+  return findings;
+}
+
+std::vector<std::string> GeneratedColumns(Connection& database) {
+  std::vector<std::string> findings;
+  const auto generated = GeneratedQuery(EngineReached(database));
+  if (generated.empty()) return findings;
+  for (auto rows = database.Execute(generated); !rows.Eof(); rows.MoveNext()) {
+    const auto* const table = TableNamed(rows.Fields(0).Text());
+    // What is inserted by position takes every column.
+    if (table != nullptr && table->byPosition)
+      findings.push_back("La columna " + rows.Fields(1).Text() + " de la tabla " + table->name +
+                         " es calculada, y no se puede escribir en ella");
+  }
+  return findings;
+}
+
+}  // namespace quorvane

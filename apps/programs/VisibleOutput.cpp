@@ -1,0 +1,46 @@
+#include "apps/programs/VisibleOutput.h"
+
+#include <string_view>
+
+#include "platform/text/VisibleText.h"
+
+namespace quorvane {
+namespace {
+
+std::string VisibleBetweenTabs(std::string_view line) {
+  std::string visible;
+  for (;;) {
+    const auto tab = line.find('\t');
+    visible += VisibleText(line.substr(0, tab));
+    if (tab == std::string_view::npos) return visible;
+    visible += '\t';
+    line.remove_prefix(tab + 1);
+  }
+}
+
+}  // namespace
+
+VisibleOutput::~VisibleOutput() {
+  if (!WriteLine() || to_->pubsync() != 0) stream_.setstate(std::ios::badbit);
+  stream_.rdbuf(to_);
+}
+
+VisibleOutput::int_type VisibleOutput::overflow(int_type letter) {
+  if (traits_type::eq_int_type(letter, traits_type::eof())) return traits_type::not_eof(letter);
+  line_ += traits_type::to_char_type(letter);
+  return line_.back() == '\n' && !WriteLine() ? traits_type::eof() : letter;
+}
+
+int VisibleOutput::sync() { return WriteLine() ? to_->pubsync() : -1; }
+
+bool VisibleOutput::WriteLine() {
+  std::string_view text = line_;
+  const auto end = text.ends_with("\r\n") ? 2U : text.ends_with('\n') ? 1U : 0U;
+  auto visible = VisibleBetweenTabs(text.substr(0, text.size() - end));
+  visible += text.substr(text.size() - end);
+  line_.clear();
+  const auto size = static_cast<std::streamsize>(visible.size());
+  return to_->sputn(visible.data(), size) == size;
+}
+
+}  // namespace quorvane

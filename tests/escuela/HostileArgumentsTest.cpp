@@ -1,0 +1,244 @@
+// Arguments, standard streams and paths that nobody means well by.
+
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include "tests/support/Matchers.h"
+#include "tests/support/RunCommand.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr auto kSchoolTool = QUORVANE_ESCUELA " ";
+constexpr auto kScriptTool = QUORVANE_GUION " ";
+
+/// What waits for anything is a failure of its own.
+Outcome RunBriefly(const std::string& command) { return RunCommand("timeout 20 " + command); }
+
+class HostileArgumentsTest : public testing::Test {
+ protected:
+  [[nodiscard]] std::string InFolder(const std::string& command) const {
+    return "sh -c 'cd " + (folder_ / "") + " && " + command + "'";
+  }
+  void MakeDemo() const { ASSERT_EQ(RunBriefly(kSchoolTool + ("demo " + path_)).status, 0); }
+
+  TempFolder folder_;
+  std::string path_ = folder_ / "escuela.sqlite";
+};
+
+TEST_F(HostileArgumentsTest, EveryNumberOfEveryProgramIsPlainDecimalOrRefused) {
+  MakeDemo();
+  const auto before = Content(path_);
+  struct Option {
+    std::string program;
+    std::string rest;
+    std::string name;
+  };
+  const std::vector<Option> options = {
+      {kSchoolTool, "bloqueos " + path_, "--borrar"},
+      {kSchoolTool, "generar " + path_ + "2 --semilla 1", "--alumnos"},
+      {kSchoolTool, "generar " + path_ + "2 --alumnos 1", "--semilla"},
+      {kScriptTool, "--bd " + path_, "--usuario"},
+      {kScriptTool, "--bd " + path_, "--perfil"},
+      {kScriptTool, "--bd " + path_, "--centro"}};
+  for (const auto& option : options)
+    for (const std::string value :
+         {"01", "0x1", "", " 1", "1e0", "+1", "18446744073709551617", "uno"}) {
+      const auto* const joint = value.size() % 2 == 0 ? " " : "=";
+      const auto refused = RunBriefly(option.program + option.rest + " " + option.name + joint +
+                                      Quoted(value) + " </dev/null");
+      EXPECT_EQ(refused.status, 2) << option.name << joint << value;
+      EXPECT_THAT(refused.text, HasSubstr(option.name)) << value;
+      EXPECT_THAT(refused.text, Not(HasSubstr("Could"))) << value;
+    }
+  EXPECT_EQ(Content(path_), before);
+  EXPECT_FALSE(std::filesystem::exists(path_ + "2"));
+}
+
+TEST_F(HostileArgumentsTest, AConnectionStringInAFilesPlaceIsNotRepeated) {
+  const std::vector<std::string> strings = {
+      "Driver=PostgreSQL Unicode;Server=a;UID=b;PWD=secreto", "PWD={secr;eto}",
+      "Server=a;Password=secreto", "DSN=a;KeystoreSecret=secreto", "UID=a;sslpassword=secreto"};
+  const std::string tool = kSchoolTool;
+  std::size_t turn = 0;
+  for (const auto& command :
+       {tool + "crear ", tool + "demo ", tool + "comprobar ", tool + "bloqueos ",
+        tool + "generar --alumnos 1 --semilla 1 ", tool + "copiar /no/hay ", tool + "copiar ",
+        tool + "nada ", tool + "crear x ", kScriptTool + std::string("--bd "),
+        kScriptTool + std::string("--odbc DSN=a x "),
+        kScriptTool + std::string("--bd /dev/null --entrada ")})
+    for (auto i = 0; i < 2; ++i) {
+      const auto& string = strings[turn++ % strings.size()];
+      const auto refused = RunBriefly(InFolder(command + "\"" + string + "\" </dev/null"));
+      EXPECT_NE(refused.status, 0) << command << string;
+      EXPECT_THAT(refused.text, AllOf(Not(HasSubstr("secr")), Not(HasSubstr("eto}")))) << command;
+    }
+  EXPECT_THAT(RunBriefly(kSchoolTool + std::string("crear 'DSN=a;PWD=b'")).text,
+              HasSubstr("--odbc"));
+}
+
+TEST_F(HostileArgumentsTest, AStringTooLongForTheDriversManagerIsRefused) {
+  for (const std::string beginning : {"Driver=", "DSN=", "Driver=SQLite3;Database=",
+                                      "Driver=PostgreSQL Unicode;Server=127.0.0.1;"
+                                      "Port=1;UID=",
+                                      ""})
+    for (const auto length : {1'100, 40'000, 120'000}) {
+      const auto refused = RunBriefly(kSchoolTool + ("comprobar --odbc '" + beginning) +
+                                      std::string(static_cast<std::size_t>(length), 'x') + "=1'");
+      EXPECT_EQ(refused.status, 1) << beginning << length;
+      EXPECT_THAT(refused.text, HasSubstr("demasiado larga")) << beginning;
+      EXPECT_LT(refused.text.size(), 400U);
+    }
+}
+
+TEST_F(HostileArgumentsTest, WhatCantBeToldIsNotDone) {
+  MakeDemo();
+  const auto before = Content(path_);
+  for (const std::string to : {">/dev/full", ">&-", "1</dev/null"}) {
+    for (const auto& command : {"bloqueos --borrar 1 " + path_, "crear " + path_ + "2",
+                                "generar --alumnos 5 --semilla 1 " + path_ + "2",
+                                "copiar " + path_ + " " + path_ + "2", "comprobar " + path_}) {
+      const auto refused = RunBriefly("sh -c '" + (kSchoolTool + command) + " " + to + "'");
+      EXPECT_EQ(refused.status, 1) << command << to;
+      EXPECT_THAT(refused.text, HasSubstr("No se puede escribir la salida")) << command << to;
+    }
+    const auto refused = RunBriefly("sh -c 'echo sql \\\"DELETE FROM Alumno\\\" | " +
+                                    (kScriptTool + ("--bd " + path_)) + " " + to + "'");
+    EXPECT_EQ(refused.status, 2) << to;
+    EXPECT_THAT(refused.text, HasSubstr("No se puede escribir la salida")) << to;
+  }
+  EXPECT_EQ(Content(path_), before);
+  EXPECT_FALSE(std::filesystem::exists(path_ + "2"));
+}
+
+TEST_F(HostileArgumentsTest, AScriptThatCantBeReadIsNoEmptyScript) {
+  MakeDemo();
+  for (const std::string from : {"<&-", "</", "</proc/self/mem", "/proc/self/mem"}) {
+    const auto refused =
+        RunBriefly("sh -c '" + (kScriptTool + ("--bd " + path_)) + " " + from + "'");
+    EXPECT_EQ(refused.status, 2) << from;
+    EXPECT_THAT(refused.text, HasSubstr("o se puede leer")) << from;
+  }
+}
+
+TEST_F(HostileArgumentsTest, AScriptPlaysWholeOrNotWhereMemoryRunsOut) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer takes all addresses for itself";
+#endif
+  MakeDemo();
+  const auto script = folder_ / "guion";
+  std::ofstream(script) << "sql \"CREATE TABLE Jugado (a)\"\nsql \"" << std::string(60'000'000, 'a')
+                        << "\"\n";
+  const auto refused = RunBriefly("sh -c 'ulimit -v 190000; " + (kScriptTool + ("--bd " + path_)) +
+                                  " " + script + "'");
+  std::filesystem::remove(script);
+  EXPECT_EQ(refused.status, 2) << refused.text.substr(0, 300);
+  EXPECT_THAT(Content(path_), Not(HasSubstr("Jugado")));
+}
+
+TEST_F(HostileArgumentsTest, APathIsAPath) {
+  for (const std::string name :
+       {"file:zz", ":memory:", "file:zz?mode=memory", "-x", "a b", "\xFF", "%41", "a?b#c"}) {
+    const auto at = name.starts_with('-') ? "-- " + Quoted(name) : Quoted(name);
+    EXPECT_EQ(
+        RunBriefly("sh -c \"cd " + (folder_ / "") + " && " + kSchoolTool + "crear " + at + "\"")
+            .status,
+        0)
+        << name;
+    EXPECT_TRUE(std::filesystem::exists(folder_ / name)) << name;
+    EXPECT_EQ(
+        RunBriefly("sh -c \"cd " + (folder_ / "") + " && " + kSchoolTool + "comprobar " + at + "\"")
+            .status,
+        0)
+        << name;
+  }
+  EXPECT_EQ(folder_.Files(), 8U);
+}
+
+TEST_F(HostileArgumentsTest, APathThatCantBeTakenIsNamedAsItWasGiven) {
+  const auto pipe = folder_ / "tuberia";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const auto longName = folder_ / std::string(250, 'n');
+  auto deep = folder_ / "";
+  while (deep.size() < 900) deep += std::string(99, 'd') + "/";
+  std::filesystem::create_directories(deep);
+  for (const auto& path :
+       {pipe, longName, folder_ / std::string(300, 'n'), deep + "e", folder_ / "no/hay",
+        std::string("/proc/nada"), std::string("/proc/self/mem"), std::string("/dev/null"),
+        std::string("/dev/zero"), folder_ / "", std::string("/proc/1/environ/x")})
+    for (const std::string command : {"crear ", "comprobar ", "bloqueos ", "copiar /dev/zero "}) {
+      const auto refused = RunBriefly(kSchoolTool + command + path);
+      const auto named = command.starts_with("copiar") ? std::string("/dev/zero") : path;
+      EXPECT_EQ(refused.status, 1) << command << path << refused.text;
+      EXPECT_THAT(refused.text, HasSubstr(named + ": ")) << command;
+      EXPECT_THAT(refused.text, AllOf(Not(HasSubstr("parcial")), Not(HasSubstr("file:"))));
+    }
+  EXPECT_EQ(folder_.Files(), 2U);
+}
+
+TEST_F(HostileArgumentsTest, ASchoolIsItsOwnersAloneAndIsToldWhereItIsnt) {
+  const auto mode = [](const std::string& path) {
+    struct stat status {};
+    EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
+    return status.st_mode & 0777U;
+  };
+  for (const std::string mask : {"0", "022", "0777"}) {
+    const auto make = [&](const std::string& command) {
+      EXPECT_EQ(RunBriefly("sh -c 'umask " + mask + "; " + (kSchoolTool + command) + "'").status,
+                0);
+    };
+    make("demo " + path_ + mask);
+    make("copiar " + path_ + mask + " " + path_ + mask + "b");
+    EXPECT_EQ(mode(path_ + mask), 0600U) << mask;
+    EXPECT_EQ(mode(path_ + mask + "b"), 0600U) << mask;
+  }
+  EXPECT_EQ(RunBriefly(kSchoolTool + ("comprobar " + path_) + "0").status, 0);
+  const auto trace = folder_ / "traza";
+  RunBriefly("sh -c 'umask 0; echo nodo 123 | QUORVANE_TRAZA=" + trace + " " +
+             (kScriptTool + ("--bd " + path_)) + "0'");
+  EXPECT_EQ(mode(trace), 0600U);
+  chmod((path_ + "0").c_str(), 0644);
+  const auto told = RunBriefly(kSchoolTool + ("comprobar " + path_) + "0");
+  EXPECT_EQ(told.status, 1);
+  EXPECT_THAT(told.text, HasSubstr("puede leer el fichero"));
+}
+
+TEST_F(HostileArgumentsTest, ATraceStopsNoWork) {
+  MakeDemo();
+  const auto pipe = folder_ / "tuberia";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const auto script = folder_ / "guion";
+  std::ofstream(script) << "nodo 123\ncerrar\nnodo 124\ncerrar\nnodo 123\ncerrar\n";
+  const auto play = "QUORVANE_TRAZA=$t " + (kScriptTool + ("--bd " + path_)) + " " + script;
+  const auto whole = RunBriefly("sh -c 't=; " + play + "'");
+  EXPECT_EQ(whole.status, 0);
+  const auto told = [&](const std::string& text) {
+    const std::string words = "No se puede escribir la traza";
+    const auto first = text.find(words);
+    return first != std::string::npos && text.find(words, first + 1) == std::string::npos;
+  };
+  // Who reads it leaves while the script is at work.
+  const auto left =
+      RunBriefly("sh -c '{ head -c 1 " + pipe + " >/dev/null; echo >" + pipe + ".fin; } & { cat " +
+                 script + "; until [ -e " + pipe + ".fin ]; do sleep 0.01; done; cat " + script +
+                 "; } | QUORVANE_TRAZA=" + pipe + " " + (kScriptTool + ("--bd " + path_)) + "'");
+  EXPECT_EQ(left.status, 0);
+  EXPECT_TRUE(told(left.text)) << left.text.substr(0, 500);
+  // Nobody reads it; the disk is full; there is no such folder.
+  for (const std::string& shell :
+       {"t=" + pipe + "; " + play, "t=/dev/full; " + play, std::string("t=/no/hay; ") + play}) {
+    const auto ended = RunBriefly("sh -c '" + shell + "'");
+    EXPECT_EQ(ended.status, 0) << shell;
+    EXPECT_THAT(ended.text, HasSubstr("vuelve 123\n"));
+    EXPECT_TRUE(told(ended.text)) << shell << ended.text.substr(0, 500);
+  }
+}
+
+}  // namespace
+}  // namespace quorvane::test

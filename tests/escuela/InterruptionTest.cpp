@@ -1,0 +1,127 @@
+// A tool that is told to end while it writes a school.
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include "tests/support/Matchers.h"
+#include "tests/support/RunCommand.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+
+/// The tool with these arguments, as a process of its own.
+pid_t Start(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), QUORVANE_ESCUELA);
+  std::vector<char*> pointers;
+  for (auto& argument : arguments) pointers.push_back(argument.data());
+  pointers.push_back(nullptr);
+  const auto process = fork();
+  if (process != 0) return process;
+  for (const auto number : kSignals) std::signal(number, SIG_DFL);
+  const auto nowhere = open("/dev/null", O_RDWR);
+  dup2(nowhere, STDOUT_FILENO);
+  dup2(nowhere, STDERR_FILENO);
+  execv(QUORVANE_ESCUELA, pointers.data());
+  _exit(127);
+}
+
+/// The size of the file that is being written in a folder; -1 while there is none.
+std::intmax_t PartialSize(const std::string& folder) {
+  std::error_code error;
+  std::intmax_t size = -1;
+  for (const auto& file : std::filesystem::directory_iterator(folder, error))
+    if (file.path().filename().string().starts_with(".parcial-")) {
+      const auto bytes = std::filesystem::file_size(file.path(), error);
+      if (!error) size = std::max(size, static_cast<std::intmax_t>(bytes));
+    }
+  return size;
+}
+
+class InterruptionTest : public testing::Test {
+ protected:
+  /// Sends the signals one after the other once so much is written, or all is.
+  int StopAt(const std::vector<std::string>& arguments, std::intmax_t size,
+             const std::vector<int>& signals) {
+    const auto process = Start(arguments);
+    auto status = 0;
+    auto ended = false;
+    while (!ended && PartialSize(folder_ / "") < size) {
+      ended = waitpid(process, &status, WNOHANG) == process;
+      std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+    if (!ended) {
+      for (const auto number : signals) kill(process, number);
+      waitpid(process, &status, 0);
+    }
+    return status;
+  }
+
+  /// Ended by the signal with nothing left, or too late, with the whole school.
+  void ExpectAllOrNothing(int status, int number, bool& stopped) {
+    if (WIFSIGNALED(status)) {
+      EXPECT_EQ(WTERMSIG(status), number);
+      EXPECT_EQ(folder_.Files(), 0U);
+      stopped = true;
+    } else {
+      EXPECT_EQ(WEXITSTATUS(status), 0);
+      EXPECT_EQ(folder_.Files(), 1U);
+      EXPECT_TRUE(std::filesystem::exists(path_));
+    }
+    std::filesystem::remove(path_);
+  }
+
+  TempFolder origin_;
+  TempFolder folder_;
+  std::string path_ = folder_ / "escuela.sqlite";
+};
+
+TEST_F(InterruptionTest, EverySignalAtEveryStageLeavesNothing) {
+  const auto from = origin_ / "origen.sqlite";
+  ASSERT_EQ(RunCommand(QUORVANE_ESCUELA " generar --alumnos 300 --semilla 1 " + from).status, 0);
+  const std::vector<std::vector<std::string>> commands = {
+      {"generar", "--alumnos", "300", "--semilla", "1", path_},
+      {"copiar", from, path_},
+      {"demo", path_},
+      {"crear", path_}};
+  for (const auto& command : commands) {
+    auto stopped = false;
+    for (const auto number : kSignals)
+      for (const auto size : {std::intmax_t{0}, std::intmax_t{1}, std::intmax_t{100'000}}) {
+        SCOPED_TRACE(command.front() + " " + strsignal(number) + " " + std::to_string(size));
+        ExpectAllOrNothing(StopAt(command, size, {number}), number, stopped);
+      }
+    EXPECT_TRUE(stopped) << command.front();
+  }
+}
+
+TEST_F(InterruptionTest, ASecondSignalLeavesNothingEither) {
+  auto stopped = false;
+  for (const auto number : kSignals)
+    ExpectAllOrNothing(
+        StopAt({"generar", "--alumnos", "300", "--semilla", "1", path_}, 0, {number, number}),
+        number, stopped);
+  EXPECT_TRUE(stopped);
+}
+
+TEST_F(InterruptionTest, ASignalThatTheToolWasStartedWithoutEndsNothing) {
+  const auto ended =
+      RunCommand("sh -c 'trap \"\" HUP; " QUORVANE_ESCUELA " generar --alumnos 300 --semilla 1 " +
+                 path_ + " & tool=$!; sleep 0.02; kill -HUP $tool; wait $tool'");
+  EXPECT_EQ(ended.status, 0) << ended.text;
+  EXPECT_EQ(folder_.Files(), 1U);
+}
+
+}  // namespace
+}  // namespace quorvane::test
