@@ -7,7 +7,7 @@
 #include "apps/escuela/PasswordHash.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/UserPasswords.h"
-#include "apps/quorvane-escuela/PasswordPrompt.h"
+#include "apps/quorvane-escuela/NewPassword.h"
 
 namespace quorvane {
 namespace {
