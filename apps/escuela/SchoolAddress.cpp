@@ -53,31 +53,29 @@ std::unique_ptr<Connection> SchoolAddress::StandBy(const std::string& name) cons
 
 namespace {
 
-/// What a connection does its work through; null for one to a file.
-const odbc::OdbcConnection* Behind(const Connection& connection) {
-  const auto* const standby = dynamic_cast<const StandbyConnection*>(&connection);
-  return dynamic_cast<const odbc::OdbcConnection*>(standby == nullptr ? &connection
-                                                                      : &standby->Actual());
+/// What a connection does its work through, open; null for one to a file.
+odbc::OdbcConnection* Behind(Connection& connection) {
+  auto* const standby = dynamic_cast<StandbyConnection*>(&connection);
+  if (standby == nullptr) return dynamic_cast<odbc::OdbcConnection*>(&connection);
+  // It knows its engine no sooner.
+  standby->Actual().Open();
+  return dynamic_cast<odbc::OdbcConnection*>(&standby->Actual());
 }
 
 }  // namespace
 
-sqltext::Engine EngineReached(const Connection& connection) {
+sqltext::Engine EngineReached(Connection& connection) {
   const auto* const odbc = Behind(connection);
   return odbc == nullptr ? sqltext::Engine::Sqlite : odbc->ReachedEngine();
 }
 
-bool ReachesSqlServer(const Connection& connection) {
+bool ReachesSqlServer(Connection& connection) {
   return EngineReached(connection) == sqltext::Engine::SqlServer;
 }
 
 std::string ServerDate(Connection& connection) {
-  auto* const standby = dynamic_cast<StandbyConnection*>(&connection);
-  auto& actual = standby == nullptr ? connection : standby->Actual();
-  auto* const odbc = dynamic_cast<odbc::OdbcConnection*>(&actual);
-  if (odbc == nullptr) return {};
-  if (standby != nullptr) odbc->Open();
-  return odbc->ServerDate();
+  auto* const odbc = Behind(connection);
+  return odbc == nullptr ? std::string() : odbc->ServerDate();
 }
 
 std::optional<FieldNames> ColumnsOf(Connection& connection, const std::string& table) {

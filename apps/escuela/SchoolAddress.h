@@ -55,12 +55,12 @@ class SchoolAddress {
   bool odbc_;
 };
 
-/// The engine that an open connection reaches, as its driver names it. One that stands by has to
-/// have been used.
-sqltext::Engine EngineReached(const Connection& connection);
+/// The engine that an open connection reaches, as its driver names it. One that stands by is opened
+/// for that, with its errors.
+sqltext::Engine EngineReached(Connection& connection);
 
 /// Whether an open connection says that it reaches SQL Server: statements on flags differ there.
-bool ReachesSqlServer(const Connection& connection);
+bool ReachesSqlServer(Connection& connection);
 
 /// The date that decides on a server, which isn't each computer's own, as "dd/mm/yyyy"; empty for a
 /// school in a file. In no trace. The engine's error when it can't be asked.

@@ -24,9 +24,7 @@ std::string Trigger(int process, const std::string& table, const std::string& ac
          "," + after + "); END;";
 }
 
-bool OnServer(const Connection& school) {
-  return EngineReached(school) == sqltext::Engine::PostgreSql;
-}
+bool OnServer(Connection& school) { return EngineReached(school) == sqltext::Engine::PostgreSql; }
 
 Diary::Action ActionOf(const std::string& name) {
   if (name == "INSERT") return Diary::Action::Insert;

@@ -57,7 +57,11 @@ const std::string& EmptyFile() {
 }  // namespace
 
 TestSchool::TestSchool() : path_(OnServer() ? TakeServerSchool() : NewPath()) {
-  if (!OnServer()) std::ofstream(path_, std::ios::binary) << EmptyFile();
+  if (OnServer()) return;
+  std::ofstream(path_, std::ios::binary) << EmptyFile();
+  // As the tools make one: a school that everybody reads is warned of.
+  using std::filesystem::perms;
+  std::filesystem::permissions(path_, perms::owner_read | perms::owner_write);
 }
 
 TestSchool::~TestSchool() {
