@@ -272,6 +272,16 @@ TEST_F(SheetKeysTest, OneTextIsPastedIntoAllThatIsSelected) {
       Column(2, {"", "5", "5", "", "", ""}));
 }
 
+TEST_F(SheetKeysTest, AClickWithShiftSelectsAndOpensNoList) {
+  const auto click = [](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      table->visualRect(table->model()->index(2, 1)).center());
+  };
+  Run(OnClipboard("5\n"), StandOn(0, 1), click, ListIs(false), paste,
+      Column(1, {"5", "5", "5", "", "", ""}));
+}
+
 TEST_F(SheetKeysTest, CtrlDFillsTheEmptyCellsBelow) {
   form->rtvNotas.TextMatrix(1, 1, "5");
   form->rtvNotas.TextMatrix(4, 1, "10");
