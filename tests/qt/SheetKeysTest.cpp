@@ -128,9 +128,11 @@ TEST_F(SheetKeysTest, DeleteTakesTheGradeAwayAsTheBlankEntryDoes) {
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 0", "inicio 2,1", "inicio 2,1", "fin 0"));
 }
 
-TEST_F(SheetKeysTest, DeleteInATextThatIsBeingWrittenIsTheTexts) {
-  Run(StandOn(0, 1), Write("51"), Press(Qt::Key_Home), remove, remove, Write("5"), enter,
+TEST_F(SheetKeysTest, ATextThatIsBeingWrittenTakesDeleteAndPasteForItself) {
+  Run(OnClipboard("x"), StandOn(0, 1), Write("15"), Press(Qt::Key_Home), remove, ListIs(true),
+      Press(Qt::Key_End), paste, ListIs(true), Press(Qt::Key_Backspace), enter,
       Column(1, {"5", "", "", "", "", ""}));
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
 TEST_F(SheetKeysTest, DeleteSaysWhereNoBlankEntryIs) {

@@ -155,7 +155,9 @@ void RetivoView::GoOn(RetivoEditor::Then then) {
 void RetivoView::MoveBy(int rows) {
   const auto cell = table_->currentIndex();
   const auto next = cell.siblingAtRow(cell.row() + rows);
-  if (next.isValid()) table_->setCurrentIndex(next);
+  if (next.isValid()) return table_->setCurrentIndex(next);
+  // Who looks at his papers is to hear that there is no further student.
+  QApplication::beep();
 }
 
 void RetivoView::Paste() {
