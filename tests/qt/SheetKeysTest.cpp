@@ -154,6 +154,24 @@ TEST_F(SheetKeysTest, CtrlUpAndDownMoveInTheGridThoughTheFormHasTheArrows) {
   EXPECT_THAT(seen, ElementsAre("tecla 40", "tecla 17", "tecla 17"));
 }
 
+TEST_F(SheetKeysTest, GoingBackSelectsTheCellAlone) {
+  const auto one = [](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    EXPECT_THAT(table->selectionModel()->selectedIndexes(), ElementsAre(table->currentIndex()));
+  };
+  // Shift is held for Shift+Enter and Shift+Tab, and is to select nothing there.
+  Run(StandOn(3, 1), Write("5"), back, one, StandsAt(2, 1), back, one, StandsAt(1, 1),
+      Press(Qt::Key_Backtab, Qt::ShiftModifier), one, StandsAt(0, 2), enter, one);
+}
+
+TEST_F(SheetKeysTest, ASelectionBeginsWhereTheFormHasGone) {
+  form->cmdPagina.Click = [this] { form->rtvNotas.Row(4); };
+  Run(
+      OnClipboard("5\n"), StandOn(0, 1), enter, "cmdPagina", StandsAt(3, 1),
+      [](qt::FormWindow& window) { Of(window, "rtvNotas")->setFocus(); }, extend, paste,
+      Column(1, {"", "", "", "5", "5", ""}));
+}
+
 TEST_F(SheetKeysTest, EscLeavesASelectionFirst) {
   Run(StandOn(0, 1), extend, extend, Press(Qt::Key_Escape), [](qt::FormWindow& window) {
     EXPECT_TRUE(window.isVisible());
