@@ -141,6 +141,11 @@ TEST_F(GridMenuTest, OpensNoneWhereTheUserMayNotAct) {
 
 TEST_F(GridMenuTest, CopyingTakesTheWholeTableUntilTheUserChooses) {
   form->rtvNotas.TextMatrix(2, 2, "di \"bien\"");
+  // The form goes elsewhere by itself: that is no choice of the user's.
+  form->cmdPagina.Click = [this] {
+    form->rtvNotas.Row(2);
+    form->rtvNotas.Col(0);
+  };
   const auto copied = [](const std::string& text) {
     return [text](auto&) { EXPECT_EQ(Clipboard(), text); };
   };
@@ -149,7 +154,7 @@ TEST_F(GridMenuTest, CopyingTakesTheWholeTableUntilTheUserChooses) {
   Run(copy, copied(whole), Key("rtvNotas", Qt::Key_Right), copy, copied("10\n"),
       Key("rtvNotas", Qt::Key_Right, Qt::ShiftModifier), copy, copied("10\t\n"),
       Key("rtvNotas", Qt::Key_A, Qt::ControlModifier), copy,
-      copied("Lengua\t10\t\nInglés\t\t\"di \"\"bien\"\"\"\n"));
+      copied("Lengua\t10\t\nInglés\t\t\"di \"\"bien\"\"\"\n"), "cmdPagina", copy, copied(whole));
   EXPECT_THAT(seen, IsEmpty());
 }
 

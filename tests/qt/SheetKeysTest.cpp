@@ -128,9 +128,11 @@ TEST_F(SheetKeysTest, DeleteTakesTheGradeAwayAsTheBlankEntryDoes) {
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 0", "inicio 2,1", "inicio 2,1", "fin 0"));
 }
 
-TEST_F(SheetKeysTest, DeleteInATextThatIsBeingWrittenIsTheTexts) {
-  Run(StandOn(0, 1), Write("51"), Press(Qt::Key_Home), remove, remove, Write("5"), enter,
+TEST_F(SheetKeysTest, ATextThatIsBeingWrittenTakesDeleteAndPasteForItself) {
+  Run(OnClipboard("x"), StandOn(0, 1), Write("15"), Press(Qt::Key_Home), remove, ListIs(true),
+      Press(Qt::Key_End), paste, ListIs(true), Press(Qt::Key_Backspace), enter,
       Column(1, {"5", "", "", "", "", ""}));
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
 TEST_F(SheetKeysTest, DeleteSaysWhereNoBlankEntryIs) {
@@ -150,6 +152,24 @@ TEST_F(SheetKeysTest, CtrlUpAndDownMoveInTheGridThoughTheFormHasTheArrows) {
       StandsAt(1, 1), Press(Qt::Key_Up, Qt::ControlModifier), StandsAt(0, 1));
   // Ctrl itself is a key too.
   EXPECT_THAT(seen, ElementsAre("tecla 40", "tecla 17", "tecla 17"));
+}
+
+TEST_F(SheetKeysTest, GoingBackSelectsTheCellAlone) {
+  const auto one = [](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    EXPECT_THAT(table->selectionModel()->selectedIndexes(), ElementsAre(table->currentIndex()));
+  };
+  // Shift is held for Shift+Enter and Shift+Tab, and is to select nothing there.
+  Run(StandOn(3, 1), Write("5"), back, one, StandsAt(2, 1), back, one, StandsAt(1, 1),
+      Press(Qt::Key_Backtab, Qt::ShiftModifier), one, StandsAt(0, 2), enter, one);
+}
+
+TEST_F(SheetKeysTest, ASelectionBeginsWhereTheFormHasGone) {
+  form->cmdPagina.Click = [this] { form->rtvNotas.Row(4); };
+  Run(
+      OnClipboard("5\n"), StandOn(0, 1), enter, "cmdPagina", StandsAt(3, 1),
+      [](qt::FormWindow& window) { Of(window, "rtvNotas")->setFocus(); }, extend, paste,
+      Column(1, {"", "", "", "5", "5", ""}));
 }
 
 TEST_F(SheetKeysTest, EscLeavesASelectionFirst) {
@@ -270,6 +290,16 @@ TEST_F(SheetKeysTest, PastingEndsWhenTheProgramDoes) {
 TEST_F(SheetKeysTest, OneTextIsPastedIntoAllThatIsSelected) {
   Run(OnClipboard("5\n"), DragFromTo(1, 1, 2, 2), paste, Column(1, {"", "5", "5", "", "", ""}),
       Column(2, {"", "5", "5", "", "", ""}));
+}
+
+TEST_F(SheetKeysTest, AClickWithShiftSelectsAndOpensNoList) {
+  const auto click = [](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      table->visualRect(table->model()->index(2, 1)).center());
+  };
+  Run(OnClipboard("5\n"), StandOn(0, 1), click, ListIs(false), paste,
+      Column(1, {"5", "5", "5", "", "", ""}));
 }
 
 TEST_F(SheetKeysTest, CtrlDFillsTheEmptyCellsBelow) {

@@ -73,9 +73,7 @@ void GridTable::Take(const Grid& grid) {
     viewport()->update();
     return;
   }
-  const auto whole =
-      selectionBehavior() == SelectRows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate;
-  selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | whole);
+  GoTo(current);
   if (moved) scrollTo(current);
   // The blocked signals would have had it painted.
   viewport()->update();
@@ -162,6 +160,14 @@ void GridTable::Copy() const {
   QGuiApplication::clipboard()->setText(TextOfRows(RowsOf(*this, part)));
 }
 
+void GridTable::GoTo(const QModelIndex& cell) {
+  const auto whole =
+      selectionBehavior() == SelectRows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate;
+  setCurrentIndex(cell);
+  // By itself that selects more while Shift is held, which is how one goes back.
+  selectionModel()->select(cell, QItemSelectionModel::ClearAndSelect | whole);
+}
+
 void GridTable::Choose(const QItemSelectionRange& part) {
   selectionModel()->select(QItemSelection(part.topLeft(), part.bottomRight()),
                            QItemSelectionModel::ClearAndSelect);
@@ -170,7 +176,7 @@ void GridTable::Choose(const QItemSelectionRange& part) {
 bool GridTable::ChooseNothing() {
   const auto part = Chosen();
   if (part.width() * part.height() < 2) return false;
-  setCurrentIndex(currentIndex());
+  GoTo(currentIndex());
   chosen_ = false;
   return true;
 }

@@ -35,6 +35,8 @@ class GridTable : public QTableView {
   /// The whole table, with its headings.
   void CopyAll() const;
 
+  /// Makes it the current cell, selected by itself, from which a selection then goes.
+  void GoTo(const QModelIndex& cell);
   /// Selects what lies within, as the user does. Leaves the current cell where it is.
   void Choose(const QItemSelectionRange& part);
   /// The user selects nothing any more; the current cell stays. False when he had selected no more

@@ -155,7 +155,9 @@ void RetivoView::GoOn(RetivoEditor::Then then) {
 void RetivoView::MoveBy(int rows) {
   const auto cell = table_->currentIndex();
   const auto next = cell.siblingAtRow(cell.row() + rows);
-  if (next.isValid()) table_->setCurrentIndex(next);
+  if (next.isValid()) return table_->GoTo(next);
+  // Who looks at his papers is to hear that there is no further student.
+  QApplication::beep();
 }
 
 void RetivoView::Paste() {
@@ -262,7 +264,7 @@ bool RetivoView::MoveOn(bool forward) {
        at += step) {
     const auto next = cells->index(at / cells->columnCount(), at % cells->columnCount());
     if (!Opens(next)) continue;
-    table_->setCurrentIndex(next);
+    table_->GoTo(next);
     return true;
   }
   // Beyond the last cell the keyboard goes to the next control.

@@ -328,7 +328,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   const auto enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (enter && button != nullptr) return button->click();
   // Not the dialog's own, which would press one or drop the form.
-  QWidget::keyPressEvent(event);
+  event->ignore();
 }
 
 bool FormWindow::KeptFromForm(const QWidget& first, const QKeyEvent& key) const {
