@@ -139,8 +139,8 @@ PaperMenu::PaperMenu(qt::QtFrontEnd& screen, std::function<qt::FormHeading(const
     const auto& form = window.Model();
     sheet->title = Text(form.Caption());
     const auto place = heading(form).place;
-    for (const auto& line : {place.isEmpty() ? ClassOfRegister() : place, name})
-      if (!line.isEmpty()) sheet->lines.append(line);
+    sheet->lines = place.isEmpty() ? QStringList{ClassOfRegister(), name} : QStringList(place);
+    sheet->lines.removeAll(QString());
     const auto add = [&](const QString& text, const char* entry, auto act) {
       auto* const action =
           menu.addAction(text, &window, [&window, sheet = *sheet, act] { act(&window, sheet); });
