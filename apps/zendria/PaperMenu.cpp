@@ -14,6 +14,7 @@
 
 #include "adapters/qt/window/FormWindow.h"
 #include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/ClassName.h"
 #include "apps/zendria/Sheet.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
@@ -53,7 +54,7 @@ QString NameOf(const Control& control) {
 QString ClassOfRegister() {
   if (!FormInstance<frmPendientes>::Exists()) return {};
   const auto& chosen = FormInstance<frmPendientes>::Get();
-  return Text(chosen.cboCurso.Text() + ' ' + chosen.cboSeccion.Text());
+  return ClassName(Text(chosen.cboCurso.Text()), Text(chosen.cboSeccion.Text()));
 }
 
 /// Asks nothing: tells what went wrong, and what to do.
