@@ -93,6 +93,40 @@ TEST_F(GridMenuTest, AListWithNothingToOfferOpensNone) {
   });
 }
 
+TEST_F(GridMenuTest, FillsDownWhatIsSelectedRoundTheCellThatItIsAskedFor) {
+  form->rtvNotas.AddItem("Ana");
+  const auto extend = Key("rtvNotas", Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+  const auto fill = [](qt::FormWindow& window) {
+    AskOnCell(window, "rtvNotas", 1, 1);
+    ASSERT_NE(Opened(), nullptr);
+    EXPECT_THAT(Entries(*Opened()),
+                ElementsAre("Copiar", "Copiar la tabla entera", "Pegar", "Rellenar hacia abajo"));
+    Choose("Rellenar hacia abajo");
+  };
+  Run(Key("rtvNotas", Qt::Key_Right), extend, extend, fill, [](qt::FormWindow& window) {
+    EXPECT_EQ(CellText(window, "rtvNotas", 1, 1), "10");
+    EXPECT_EQ(CellText(window, "rtvNotas", 2, 1), "10");
+    EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->selectionModel()->selectedIndexes().size(), 3);
+  });
+}
+
+TEST_F(GridMenuTest, PastesTheClipboard) {
+  QGuiApplication::clipboard()->setText("5\n1\n");
+  Run([](qt::FormWindow& window) {
+    AskOnCell(window, "rtvNotas", 0, 2);
+    Choose("Pegar");
+    EXPECT_EQ(CellText(window, "rtvNotas", 0, 2), "5");
+    EXPECT_EQ(CellText(window, "rtvNotas", 1, 2), "1");
+    // What can't be done stands there in grey.
+    QGuiApplication::clipboard()->clear();
+    AskOnCell(window, "rtvNotas", 0, 0);
+    const auto actions = Opened()->actions();
+    EXPECT_FALSE(actions[2]->isEnabled());
+    EXPECT_FALSE(actions[3]->isEnabled());
+    Opened()->close();
+  });
+}
+
 TEST_F(GridMenuTest, OpensNoneWhereTheUserMayNotAct) {
   form->cmdPagina.Click = [this] {
     form->msgRejilla.Enabled(false);
@@ -107,6 +141,11 @@ TEST_F(GridMenuTest, OpensNoneWhereTheUserMayNotAct) {
 
 TEST_F(GridMenuTest, CopyingTakesTheWholeTableUntilTheUserChooses) {
   form->rtvNotas.TextMatrix(2, 2, "di \"bien\"");
+  // The form goes elsewhere by itself: that is no choice of the user's.
+  form->cmdPagina.Click = [this] {
+    form->rtvNotas.Row(2);
+    form->rtvNotas.Col(0);
+  };
   const auto copied = [](const std::string& text) {
     return [text](auto&) { EXPECT_EQ(Clipboard(), text); };
   };
@@ -115,7 +154,7 @@ TEST_F(GridMenuTest, CopyingTakesTheWholeTableUntilTheUserChooses) {
   Run(copy, copied(whole), Key("rtvNotas", Qt::Key_Right), copy, copied("10\n"),
       Key("rtvNotas", Qt::Key_Right, Qt::ShiftModifier), copy, copied("10\t\n"),
       Key("rtvNotas", Qt::Key_A, Qt::ControlModifier), copy,
-      copied("Lengua\t10\t\nInglés\t\t\"di \"\"bien\"\"\"\n"));
+      copied("Lengua\t10\t\nInglés\t\t\"di \"\"bien\"\"\"\n"), "cmdPagina", copy, copied(whole));
   EXPECT_THAT(seen, IsEmpty());
 }
 

@@ -1,6 +1,7 @@
 // A grid of grades is worked on as a spreadsheet is.
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -127,9 +128,11 @@ TEST_F(SheetKeysTest, DeleteTakesTheGradeAwayAsTheBlankEntryDoes) {
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 0", "inicio 2,1", "inicio 2,1", "fin 0"));
 }
 
-TEST_F(SheetKeysTest, DeleteInATextThatIsBeingWrittenIsTheTexts) {
-  Run(StandOn(0, 1), Write("51"), Press(Qt::Key_Home), remove, remove, Write("5"), enter,
+TEST_F(SheetKeysTest, ATextThatIsBeingWrittenTakesDeleteAndPasteForItself) {
+  Run(OnClipboard("x"), StandOn(0, 1), Write("15"), Press(Qt::Key_Home), remove, ListIs(true),
+      Press(Qt::Key_End), paste, ListIs(true), Press(Qt::Key_Backspace), enter,
       Column(1, {"5", "", "", "", "", ""}));
+  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
 TEST_F(SheetKeysTest, DeleteSaysWhereNoBlankEntryIs) {
@@ -234,9 +237,51 @@ TEST_F(SheetKeysTest, ManyLeftTextsStandInTheDetails) {
   EXPECT_EQ(details.split('\n').size(), 12);
 }
 
+TEST_F(SheetKeysTest, LongPastingShowsThatItWorks) {
+  const auto spin = [](qint64 milliseconds) {
+    QElapsedTimer clock;
+    for (clock.start(); clock.elapsed() < milliseconds;) continue;
+  };
+  std::vector<std::string> shown;
+  form->rtvNotas.InicioEdicion = [this, spin, &shown] {
+    shown.push_back(CellText(*screen.ActiveWindow(), "rtvNotas", 0, 1) +
+                    (QGuiApplication::overrideCursor() != nullptr ? " reloj" : ""));
+    form->rtvNotas.ListaAnadir(1, "5", 5);
+    spin(120);
+  };
+  Run(OnClipboard("5\n5\n5\n5\n"), StandOn(0, 1), paste);
+  ASSERT_EQ(shown.size(), 4);
+  EXPECT_EQ(shown[0], "");
+  EXPECT_EQ(shown[1], "5") << "what is in already is seen";
+  EXPECT_EQ(shown[3], "5 reloj");
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SheetKeysTest, PastingEndsWhenTheProgramDoes) {
+  form->rtvNotas.InicioEdicion = [this] {
+    form->Log("inicio");
+    form->rtvNotas.ListaAnadir(1, "5", 5);
+    if (form->rtvNotas.Row() == 2) screen.Leave();
+  };
+  Then([this](auto&) { form->log.clear(); }, OnClipboard("5\n5\nx\n5\n"), StandOn(0, 1), paste);
+  form->ShowModal();
+  EXPECT_THAT(form->log, ElementsAre("inicio", "fin 0", "inicio", "descarga"));
+  EXPECT_THAT(messages, IsEmpty());
+}
+
 TEST_F(SheetKeysTest, OneTextIsPastedIntoAllThatIsSelected) {
   Run(OnClipboard("5\n"), DragFromTo(1, 1, 2, 2), paste, Column(1, {"", "5", "5", "", "", ""}),
       Column(2, {"", "5", "5", "", "", ""}));
+}
+
+TEST_F(SheetKeysTest, AClickWithShiftSelectsAndOpensNoList) {
+  const auto click = [](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      table->visualRect(table->model()->index(2, 1)).center());
+  };
+  Run(OnClipboard("5\n"), StandOn(0, 1), click, ListIs(false), paste,
+      Column(1, {"5", "5", "5", "", "", ""}));
 }
 
 TEST_F(SheetKeysTest, CtrlDFillsTheEmptyCellsBelow) {

@@ -108,6 +108,15 @@ TEST_P(FastKeysTest, AGradeAndThreeTabsGiveTheSameAtAnySpeed) {
   for (const auto apart : {0, 10, 60}) EXPECT_EQ(Type(kGradeAndOn, apart), careful) << apart;
 }
 
+TEST_P(FastKeysTest, GradesThatGoDownAColumnGiveTheSameAtAnySpeed) {
+  const QStringList keys{"7", "Return", "5", "Return"};
+  const auto careful = TypeWithCare(keys);
+  // The forms of one student and one subject have one row here, which the keys don't leave.
+  const auto oneRow = GetParam().node > 125;
+  EXPECT_EQ(careful.cells.at(1), oneRow ? "5" : "7");
+  for (const auto apart : {0, 10}) EXPECT_EQ(Type(keys, apart), careful) << apart;
+}
+
 TEST_P(FastKeysTest, SoTheyDoOnABusyMachine) {
   const auto careful = TypeWithCare(kGradeAndOn);
   const BusyMachine busy;

@@ -1,6 +1,8 @@
 // Which grades a screen that fails has left without saving.
 
+#include <QClipboard>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <gtest/gtest.h>
 #include <new>
 
@@ -48,6 +50,21 @@ TEST_F(GradeRescueTest, AGradeTakenAwayIsAChangeToo) {
   FullAt(1);
   Fail(Doing({{0, 1, ""}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "(en blanco)")));
+}
+
+TEST_F(GradeRescueTest, PastedGradesAreRescuedAsTypedOnesAre) {
+  FullAt(1);
+  const auto paste = [](Window& window) {
+    QGuiApplication::clipboard()->setText("7\n8\n");
+    auto* const table = dynamic_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
+    table->setFocus();
+    table->setCurrentIndex(table->model()->index(0, 1));
+    QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+    Robot::Click(window, "cmdSiguiente");
+    Robot::Click(window, "cmdAceptar");
+  };
+  Fail(paste);
+  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
 TEST_F(GradeRescueTest, WithoutAChangeThereIsNoFile) {

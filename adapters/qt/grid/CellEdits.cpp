@@ -91,7 +91,8 @@ bool CellEdits::Goes() const {
 
 void CellEdits::ShowProgress() {
   auto& frontEnd = window_.FrontEnd();
-  if (sinceShown_.elapsed() < kShowEvery) return frontEnd.Pulse();
+  frontEnd.Pulse();
+  if (sinceShown_.elapsed() < kShowEvery) return;
   frontEnd.DoEvents();
   sinceShown_.restart();
 }

@@ -11,7 +11,7 @@
 namespace quorvane::qt {
 
 GridMenu::GridMenu(FormWindow& window, const Control& control, QAbstractItemView& view)
-    : QObject(&view), window_(window), control_(control), view_(view) {
+    : QObject(&view), window_(window), control_(control), view_(view), menu_(new QMenu(&view)) {
   // The area's own events are those of the menu key, and what a child of it has left alone.
   view.installEventFilter(this);
   view.viewport()->installEventFilter(this);
@@ -24,24 +24,20 @@ bool GridMenu::UserMayAct() const {
 }
 
 void GridMenu::Open(QPoint at) {
-  auto* const menu = new QMenu(&view_);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu_->clear();
   for (const auto& entry : entries_) {
     const auto text = entry.keys.isEmpty() ? entry.text : entry.text + '\t' + entry.keys;
-    auto* const action = menu->addAction(text);
+    auto* const action = menu_->addAction(text);
     action->setEnabled(!entry.possible || entry.possible());
     connect(action, &QAction::triggered, this, entry.act);
   }
   const auto& more = window_.FrontEnd().GridMenuOpening;
   if (more) {
-    auto* const line = menu->addSeparator();
-    more(*menu, window_, control_);
-    if (menu->actions().back() == line) menu->removeAction(line);
+    auto* const line = menu_->addSeparator();
+    more(*menu_, window_, control_);
+    if (menu_->actions().back() == line) menu_->removeAction(line);
   }
-  if (menu->isEmpty())
-    delete menu;
-  else
-    menu->popup(at);
+  if (!menu_->isEmpty()) menu_->popup(at);
 }
 
 bool GridMenu::eventFilter(QObject* /*watched*/, QEvent* event) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QAbstractItemView;
+class QMenu;
 
 namespace quorvane {
 class Control;
@@ -16,7 +17,7 @@ namespace quorvane::qt {
 class FormWindow;
 
 /// What the right button and the menu key open on a grid or a list: what the view itself offers,
-/// and below it what the host adds (`QtFrontEnd::GridMenuOpening`). Made anew each time, so that
+/// and below it what the host adds (`QtFrontEnd::GridMenuOpening`). Filled anew each time, so that
 /// what can't be done now stands there in grey. Without any entry no menu opens.
 class GridMenu : public QObject {
  public:
@@ -43,6 +44,8 @@ class GridMenu : public QObject {
   FormWindow& window_;
   const Control& control_;
   QAbstractItemView& view_;
+  // Kept: what an entry does runs inside the menu's own event, and may let the screen be painted.
+  QMenu* menu_;  // the view's
   std::vector<Entry> entries_;
 };
 

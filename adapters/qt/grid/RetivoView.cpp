@@ -18,6 +18,7 @@ namespace quorvane::qt {
 namespace {
 
 constexpr qsizetype kLinesInMessage = 10;
+constexpr qsizetype kLinesInDetails = 1000;
 
 bool IsEnter(const QKeyEvent& key) {
   return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
@@ -45,6 +46,7 @@ RetivoView::RetivoView(FormWindow& window, Retivo& retivo)
   editor_->LeftAlone = [this](RetivoEditor::Then then) { GoOn(then); };
   table_->setSelectionBehavior(QAbstractItemView::SelectItems);
   table_->setSelectionMode(QAbstractItemView::ContiguousSelection);
+  table_->setAccessibleDescription(hint_->text());
   table_->WrapTexts();
   table_->StretchColumns();
   table_->TakesKey = [this](const QKeyEvent& key) { return TakesKey(key); };
@@ -76,8 +78,9 @@ void RetivoView::FillMenu(GridMenu& menu) {
 }
 
 void RetivoView::Place(const QRect& room) {
-  hint_->setVisible(Model().Visible());
-  ControlView::Place(Model().Visible() ? hint_->TakeFrom(room) : room);
+  if (Model().Visible()) return ControlView::Place(hint_->TakeFrom(room));
+  hint_->hide();
+  ControlView::Place(room);
 }
 
 bool RetivoView::KeepsKey(const QKeyEvent& key) const {
@@ -152,13 +155,20 @@ void RetivoView::GoOn(RetivoEditor::Then then) {
 void RetivoView::MoveBy(int rows) {
   const auto cell = table_->currentIndex();
   const auto next = cell.siblingAtRow(cell.row() + rows);
-  if (next.isValid()) table_->setCurrentIndex(next);
+  if (next.isValid()) return table_->setCurrentIndex(next);
+  // Who looks at his papers is to hear that there is no further student.
+  QApplication::beep();
 }
 
 void RetivoView::Paste() {
   const auto targets = PasteTargets(*table_, RowsOfText(QGuiApplication::clipboard()->text()));
   if (targets.empty()) return QApplication::beep();
   Edit("Pegar", targets);
+  const auto* const cells = table_->model();
+  const auto last = cells->index(std::min(targets.back().row, cells->rowCount() - 1),
+                                 std::max(targets.front().column, targets.back().column));
+  const auto first = cells->index(targets.front().row, targets.front().column);
+  if (first.isValid() && last.isValid()) table_->Choose({first, last});
 }
 
 void RetivoView::FillDown() {
@@ -177,9 +187,9 @@ void RetivoView::Clear() {
 }
 
 void RetivoView::Edit(const QString& title, const std::vector<CellText>& cells) {
-  QStringList left;
+  const auto chosen = table_->Chosen();
   Gesture([&] {
-    left = edits_.Put(cells);
+    const auto left = edits_.Put(cells);
     if (left.isEmpty()) return;
     const auto one = left.size() == 1;
     auto text = one ? QString("Una casilla se ha quedado como estaba:\n\n")
@@ -188,14 +198,9 @@ void RetivoView::Edit(const QString& title, const std::vector<CellText>& cells) 
     const auto more = left.size() - kLinesInMessage;
     if (more > 0) text += QStringLiteral("\n... y %1 más, que están en los detalles.").arg(more);
     Window().FrontEnd().Message(MessageIcon::Information, title, text,
-                                more > 0 ? left.join('\n') : QString());
+                                more > 0 ? left.mid(0, kLinesInDetails).join('\n') : QString());
   });
-  if (!Window().Model().Visible()) return;
-  const auto* const shown = table_->model();
-  const auto first = shown->index(cells.front().row, cells.front().column);
-  const auto last = shown->index(std::min(cells.back().row, shown->rowCount() - 1),
-                                 std::max(cells.front().column, cells.back().column));
-  if (cells.size() > 1 && first.isValid() && last.isValid()) table_->Choose({first, last});
+  if (!chosen.isEmpty() && chosen.isValid()) table_->Choose(chosen);
 }
 
 bool RetivoView::TakesKey(const QKeyEvent& key) {

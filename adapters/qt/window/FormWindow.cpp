@@ -327,7 +327,9 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   // Enter on a button is meant for it; elsewhere it was meant for a cell or a field.
   auto* const button = qobject_cast<QPushButton*>(focusWidget());
   const auto enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (enter && button != nullptr) button->click();
+  if (enter && button != nullptr) return button->click();
+  // Not the dialog's own, which would press one or drop the form.
+  event->ignore();
 }
 
 bool FormWindow::KeptFromForm(const QWidget& first, const QKeyEvent& key) const {
