@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "apps/zendria/ClassName.h"
 #include "apps/zendria/EmptyLists.h"
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/HeldSubjects.h"
@@ -79,7 +80,7 @@ class FormLines::Teller {
   qt::FormHeading OverGrades(const GradeForm& form) {
     if (form.AtWork() || form.Walk().ListIndex() < 0) return {};
     const auto sheet = form.Sheet();
-    QStringList place{(ChoiceText(sheet, "cboCursos") + ' ' + ChoiceText(sheet, "cboSecciones")),
+    QStringList place{ClassName(ChoiceText(sheet, "cboCursos"), ChoiceText(sheet, "cboSecciones")),
                       ChoiceText(sheet, "cboEvaluaciones")};
     if (sheet.recovery) place.append("Recuperación");
     place.append(Walked(form));

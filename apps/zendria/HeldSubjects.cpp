@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "apps/escuela/LockList.h"
+#include "apps/zendria/ClassName.h"
 #include "apps/zendria/User.h"
 #include "platform/data/Connection.h"
 
@@ -15,7 +16,7 @@ constexpr std::size_t kLockUser = 3;
 constexpr std::size_t kMostTold = 4;
 
 QString Joined(const std::string& name, const std::string& course, const std::string& section) {
-  const auto place = QString::fromStdString(course + ' ' + section).simplified();
+  const auto place = ClassName(QString::fromStdString(course), QString::fromStdString(section));
   const auto subject = QString::fromStdString(name);
   return place.isEmpty() ? subject : QStringLiteral("%1 (%2)").arg(subject, place);
 }
@@ -91,11 +92,9 @@ const QString& SubjectReader::Section(std::int32_t id) {
       "SELECT Curso.Descripcion AS Curso, Seccion.Descripcion AS Seccion FROM Seccion INNER JOIN "
       "Curso ON Curso.IDCurso=Seccion.CodCurso WHERE IDSeccion=" +
       std::to_string(id));
-  const auto name =
-      row.Eof()
-          ? QString()
-          : QString::fromStdString(row.Fields("Curso").Text() + ' ' + row.Fields("Seccion").Text())
-                .simplified();
+  const auto name = row.Eof() ? QString()
+                              : ClassName(QString::fromStdString(row.Fields("Curso").Text()),
+                                          QString::fromStdString(row.Fields("Seccion").Text()));
   return sections_.emplace(id, name).first->second;
 }
 

@@ -14,6 +14,7 @@
 
 #include "adapters/qt/window/FormWindow.h"
 #include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/ClassName.h"
 #include "apps/zendria/Sheet.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
@@ -53,7 +54,7 @@ QString NameOf(const Control& control) {
 QString ClassOfRegister() {
   if (!FormInstance<frmPendientes>::Exists()) return {};
   const auto& chosen = FormInstance<frmPendientes>::Get();
-  return Text(chosen.cboCurso.Text() + ' ' + chosen.cboSeccion.Text());
+  return ClassName(Text(chosen.cboCurso.Text()), Text(chosen.cboSeccion.Text()));
 }
 
 /// Asks nothing: tells what went wrong, and what to do.
@@ -139,8 +140,8 @@ PaperMenu::PaperMenu(qt::QtFrontEnd& screen, std::function<qt::FormHeading(const
     const auto& form = window.Model();
     sheet->title = Text(form.Caption());
     const auto place = heading(form).place;
-    for (const auto& line : {place.isEmpty() ? ClassOfRegister() : place, name})
-      if (!line.isEmpty()) sheet->lines.append(line);
+    sheet->lines = place.isEmpty() ? QStringList{ClassOfRegister(), name} : QStringList(place);
+    sheet->lines.removeAll(QString());
     const auto add = [&](const QString& text, const char* entry, auto act) {
       auto* const action =
           menu.addAction(text, &window, [&window, sheet = *sheet, act] { act(&window, sheet); });

@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPrinter>
 #include <algorithm>
@@ -16,19 +17,25 @@ constexpr double kGap = 0.8;
 
 constexpr int kCellFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap;
 
+QFont FontOf(int points, QFont::Weight weight) {
+  auto font = QGuiApplication::font();
+  font.setPointSize(points);
+  font.setWeight(weight);
+  return font;
+}
+
 /// Where everything stands on a page of that printer.
 class Pages {
  public:
   Pages(const Sheet& sheet, QPrinter& printer)
       : sheet_(sheet),
-        title_("", kTitlePoints),
-        text_("", kTextPoints),
-        titleMetrics_((title_.setBold(true), title_), &printer),
+        title_(FontOf(kTitlePoints, QFont::Bold)),
+        text_(FontOf(kTextPoints, QFont::Normal)),
+        heading_(FontOf(kTextPoints, QFont::Bold)),
+        titleMetrics_(title_, &printer),
         metrics_(text_, &printer),
         room_(printer.pageLayout().paintRectPixels(printer.resolution())) {
     room_.moveTo(0, 0);
-    heading_ = text_;
-    heading_.setBold(true);
     ShareWidth(QFontMetricsF(heading_, &printer));
     headingHeight_ = sheet.headings.isEmpty() ? 0 : HeightOf(sheet.headings);
     first_ = HeightAbove() + headingHeight_;

@@ -50,6 +50,19 @@ TEST_F(FormLinesTest, OverTheGradesSectionEvaluationAndWhatIsWalked) {
   Play(125);
 }
 
+TEST_F(FormLinesTest, ASectionThatIsCalledByItsCourseTooIsToldOnce) {
+  school_.Sql("UPDATE Seccion SET Descripcion='1º ESO A' WHERE IDSeccion=311");
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  StepOne("frmNotaManual1", "1");
+  robot_.On("frmNotaManual", [](Window& window) {
+    EXPECT_THAT(Place(window), testing::EndsWith("· Lengua (1º ESO A)"));
+    EXPECT_THAT(Remark(window), StartsWith("Matemáticas (1º ESO A): "));
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+}
+
 TEST_F(FormLinesTest, WhoHoldsWhatIsMissing) {
   school_.Bloquea(1, 1, 3112, 2, 77);
   school_.Bloquea(0, 2, 3111, 1, 78);

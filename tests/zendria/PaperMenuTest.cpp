@@ -11,6 +11,7 @@
 
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
+#include "platform/controls/Control.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
@@ -75,21 +76,23 @@ TEST(SheetPrinterTest, PutsAllRowsOnPagesAndThoseThatWereAskedFor) {
 
 class PaperMenuTest : public RescueTest {
  protected:
-  /// Opens the menu there, as the right button does, and chooses that entry by the keyboard.
-  static void Choose(QWidget& on, QPoint where, const char* entry) {
-    QContextMenuEvent event(QContextMenuEvent::Mouse, where, on.mapToGlobal(where));
-    QApplication::sendEvent(&on, &event);
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  /// Opens the menu of that control as the right button does; null without one.
+  static QMenu* Open(const Window& window, const char* control) {
+    auto* const view = dynamic_cast<QAbstractItemView*>(window.Widget(control));
+    auto* const on = view == nullptr ? window.Widget(control) : view->viewport();
+    const QPoint where(5, 5);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, where, on->mapToGlobal(where));
+    QApplication::sendEvent(on, &event);
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  }
+  /// Chooses that entry of it by the keyboard.
+  static void ChooseOn(const Window& window, const char* control, const char* entry) {
+    auto* const menu = Open(window, control);
     ASSERT_NE(menu, nullptr);
     auto* const action = menu->findChild<QAction*>(entry);
     ASSERT_NE(action, nullptr);
     menu->setActiveAction(action);
     QTest::keyClick(menu, Qt::Key_Return);
-  }
-  static void ChooseOn(const Window& window, const char* control, const char* entry) {
-    auto* const view = dynamic_cast<QAbstractItemView*>(window.Widget(control));
-    auto* const widget = view == nullptr ? window.Widget(control) : view->viewport();
-    Choose(*widget, {5, 5}, entry);
   }
   /// The next file that is asked for.
   void SaveAs(const QString& file) {
@@ -150,6 +153,49 @@ TEST_F(PaperMenuTest, AFileThatCanNotBeWrittenIsTold) {
   LeaveStepOne("frmNotaManual1");
   Play(124);
   EXPECT_TRUE(text.startsWith("No se ha podido escribir «/proc/notas.csv»")) << text.toStdString();
+}
+
+TEST_F(PaperMenuTest, EveryGridAndListThatCanBeReachedHasIt) {
+  std::vector<std::string> seen;
+  const auto look = [&seen](Window& window) {
+    for (const auto* const control : window.Model().Controls()) {
+      const auto kind = control->Kind();
+      const auto lists =
+          kind == "Retivo" || kind == "MSFlexGrid" || kind == "ListBox" || kind == "ComboBox";
+      if (!lists || !control->Usable()) continue;
+      SCOPED_TRACE(window.Model().Name() + '.' + control->Name());
+      const auto* const menu = Open(window, control->Name().c_str());
+      ASSERT_NE(menu, nullptr);
+      EXPECT_NE(menu->findChild<QAction*>("guardarCsv"), nullptr);
+      EXPECT_NE(menu->findChild<QAction*>("imprimir"), nullptr);
+      QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+      seen.push_back(control->Name());
+    }
+  };
+  const auto on = [this, &look](const char* form, const std::vector<Robot::Deed>& deeds) {
+    const auto act = Doing(deeds);
+    robot_.On(form, [look, act](Window& window) {
+      look(window);
+      act(window);
+    });
+  };
+  on("frmPendientes",
+     {{"cboTEnsenanza", "ESO"}, {"cboCurso", "2"}, {"cboSeccion", "A"}, "cmdAceptar"});
+  on("frmAlumnoPendiente", {"cmdListar", {"msgAlumnos", 0}, "cmdPropiedades", "cmdCancelar"});
+  on("frmAlumnos", {"cmdCancelar"});
+  on("frmAlumnoMateria", {"cmdAgregar", {"msgMaterias", 0}, "cmdPropiedades", "cmdCancelar"});
+  on("frmMateriaPend", {"cmdCancelar"});
+  on("frmMateriaEv", {"cmdCancelar"});
+  Play(123);
+  on("frmNotaSeccionAlumno1", {"cmdNotaManual1(1)"});
+  Play(127);
+  StepOne("frmNotaManual1", "Final");
+  on("frmNotaManualFinal", {"cmdCancelar"});
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  for (const auto* const one : {"cboTEnsenanza", "msgAlumnos", "lstDisponibles", "lstSeleccionados",
+                                "msgMaterias", "cboTipoEnsenanza", "cboAlumnos", "rtvNotasAlumno"})
+    EXPECT_THAT(seen, Contains(one));
 }
 
 TEST_F(PaperMenuTest, AGridIsPrintedIntoAPdf) {

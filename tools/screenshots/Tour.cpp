@@ -1,5 +1,6 @@
 #include "tools/screenshots/Tour.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDateTime>
@@ -11,7 +12,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
+#include <stdexcept>
 
+#include "adapters/qt/grid/CellEdits.h"
 #include "adapters/qt/grid/RetivoEditor.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
@@ -320,6 +323,7 @@ void Tour::Messages() {
   OutsideTheDates();
   ClosedYear();
   NoTable();
+  Draft();
   RecentSchools();
   SeveralCentres();
 }
@@ -478,6 +482,40 @@ void Tour::NoTable() {
   });
   window_.OpenNode(123);
   other.Execute("ALTER TABLE Apartado RENAME TO Curso");
+}
+
+/// Grades are typed, the screen ends, and opens again beside somebody who holds a subject.
+void Tour::Draft() {
+  sqlite::SqliteConnection other(school_.toStdString(), "");
+  other.Open();
+  StepOne("frmNotaManual1", {}, "2ª");
+  guide_.On("frmNotaManual", [](FormWindow& window) {
+    auto& grid = dynamic_cast<Retivo&>(*window.Model().Find("rtvNotasAlumno"));
+    window.FrontEnd().Gesture(window, [&window, &grid] {
+      qt::CellEdits(window, grid).Put({{0, kGradeColumn, "9"}, {1, kGradeColumn, "10"}});
+    });
+    throw std::runtime_error("se ha ido la luz");
+  });
+  guide_.OnDialog("aviso", [](QWidget& box) { box.close(); });
+  window_.OpenNode(124);
+  other.Execute("DELETE FROM PublicacionPte");
+  const auto mine = other.Execute("SELECT CodMatDet FROM BloqueoPte ORDER BY CodPublicacion DESC");
+  other.Execute("DELETE FROM BloqueoPte WHERE CodMatDet<>" + mine.Fields("CodMatDet").Text());
+  other.Execute("UPDATE BloqueoPte SET CodProfesor=" + std::to_string(kUserOfDeadForm) +
+                ", CodUsuario=" + std::to_string(kUserOfDeadForm));
+  StepOne("frmNotaManual1", {}, "2ª");
+  guide_.OnDialog("borrador", [this](QWidget& box) {
+    camera_.Take("borrador", box);
+    box.findChild<QAbstractButton*>("descartarlas")->click();
+  });
+  guide_.On("frmNotaManual", [this](FormWindow& window) {
+    window.resize(kAllColumns, window.height());
+    camera_.Take("materia-ocupada", window);
+    Guide::Press(window, "cmdCancelar");
+  });
+  guide_.On("frmNotaManual1", Close);
+  window_.OpenNode(124);
+  other.Execute("DELETE FROM BloqueoPte");
 }
 
 void Tour::RecentSchools() {

@@ -30,6 +30,7 @@ class Tour {
   void OutsideTheDates();
   void ClosedYear();
   void NoTable();
+  void Draft();
   void RecentSchools();
   void Password();
   void AfterACrash();

@@ -143,7 +143,8 @@ int FormWindow::HeadingHeight(int width) const {
 }
 
 void FormWindow::ShowHeading() {
-  if (heading_ == nullptr) return;
+  // The host may have to ask somebody for them, for which the window has to stand.
+  if (heading_ == nullptr || !open_) return;
   const auto lines = frontEnd_.Heading(form_);
   if (!heading_->Tell(lines.place, lines.remark)) return;
   if (layout() != nullptr) layout()->invalidate();
