@@ -17,6 +17,7 @@
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/SpanishTexts.h"
+#include "apps/zendria/VisibleStyle.h"
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
 
@@ -101,6 +102,7 @@ Ending Run(int argc, char** argv, const Started& started) {
   }
   const QApplication application(argc, argv);
   QApplication::setApplicationName("Zendria");
+  QApplication::setStyle(new VisibleStyle);
   UseSpanishTexts();
   return RunWindow(*line, started);
 }

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTableView>
 
 #include "adapters/qt/grid/RetivoEditor.h"
@@ -55,6 +56,11 @@ void PickClass(FormWindow& window, const char* kind, const char* course, const c
 }
 
 void Close(FormWindow& window) { window.close(); }
+
+/// As wide as that, or as the screen has room for.
+void Widen(FormWindow& window, int width, int height) {
+  window.resize(QSize(width, height).boundedTo(window.screen()->availableSize()));
+}
 
 qt::RetivoEditor* EditorOf(const QTableView& table) {
   for (auto* const child : table.window()->findChildren<QFrame*>())
@@ -218,7 +224,7 @@ void Tour::Register() {
   });
   guide_.On("frmAlumnoMateria", [this](FormWindow& window) {
     Guide::Row(window, "msgMaterias", 1);
-    window.resize(kAllColumns, window.height() * 3 / 4);
+    Widen(window, kAllColumns, window.height() * 3 / 4);
     camera_.Take("frmAlumnoMateria", window);
     Guide::Press(window, "cmdAgregar");
     Guide::Row(window, "msgMaterias", 1);
@@ -289,7 +295,7 @@ void Tour::StepTwo(const std::string& form, const QString& picture) {
   guide_.On(form, [this, picture](FormWindow& window) {
     auto* const grid = qobject_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
     TakeList(window, *grid, kGradeColumn, picture + "-lista");
-    window.resize(picture.endsWith("Final") ? kFinalColumns : kAllColumns, window.height());
+    Widen(window, picture.endsWith("Final") ? kFinalColumns : kAllColumns, window.height());
     window.move(0, 0);  // lists keep within a screen that may be no wider than this window
     if (!grid->isColumnHidden(kMeasuresColumn) && grid->model()->columnCount() > kMeasuresColumn)
       TakeList(window, *grid, kMeasuresColumn, picture + "-medidas");
@@ -455,7 +461,7 @@ void Tour::ClosedYear() {
   active->trigger();
   StepOne("frmNotaManual1", {}, "2ª");
   guide_.On("frmNotaManual", [this](FormWindow& window) {
-    window.resize(kAllColumns, window.height());
+    Widen(window, kAllColumns, window.height());
     camera_.Take("frmNotaManual-solo-consulta", window);
     Guide::Press(window, "cmdCancelar");
   });

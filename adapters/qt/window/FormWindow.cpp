@@ -16,6 +16,7 @@
 #include "adapters/qt/views/IconStore.h"
 #include "adapters/qt/views/KeyCodes.h"
 #include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/AccessibleNames.h"
 #include "adapters/qt/window/ModelPlacement.h"
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "adapters/qt/window/ScrolledPage.h"
@@ -64,6 +65,7 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
   for (const auto& view : views_) view->Sync();
   if (page_ == nullptr) LayOut(*this);
   Sync();
+  NameForReaders(*this);
 }
 
 FormWindow::~FormWindow() {
