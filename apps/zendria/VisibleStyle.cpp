@@ -21,7 +21,7 @@ double Luminance(const QColor& colour) {
 }
 
 double Contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax(Luminance(one), Luminance(other));
+  const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
   return (lighter + 0.05) / (darker + 0.05);
 }
 

@@ -190,6 +190,17 @@ TEST_F(UserPasswordsTest, AreNotCopied) {
   EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + copy).text, StartsWith(kOpenToAll));
 }
 
+TEST_F(UserPasswordsTest, OfAUserWhoIsGoneCountForNothing) {
+  passwords_.Set(3, kSecret);
+  school_.Db().Execute("DELETE FROM Usuario WHERE IDUsuario=3");
+  EXPECT_FALSE(passwords_.Any());
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
+  passwords_.Set(2, kSecret);
+  EXPECT_TRUE(passwords_.Remove(2));
+  EXPECT_THAT(school_.FirstColumn("SELECT name FROM sqlite_master WHERE name='ClaveUsuario'"),
+              testing::IsEmpty());
+}
+
 TEST_F(UserPasswordsTest, ASchoolWithoutUsersNamesHasThemByNumber) {
   school_.Db().Execute("ALTER TABLE Usuario DROP COLUMN Nombre");
   EXPECT_EQ(Users("clave 3", kSecret).status, 0);
