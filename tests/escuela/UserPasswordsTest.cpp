@@ -48,12 +48,12 @@ std::string AtTerminal(const std::vector<std::string>& arguments,
     const auto question = seen.find(": ", from);
     if (question == std::string::npos || asked == typed.size()) continue;
     from = question + 2;
-    while (true) {
+    const auto quiet = [terminal] {
       termios now{};
       tcgetattr(terminal, &now);
-      if ((now.c_lflag & ECHO) == 0) break;
-      usleep(1000);
-    }
+      return (now.c_lflag & ECHO) == 0;
+    };
+    for (int wait = 0; wait < 5000 && !quiet(); ++wait) usleep(1000);
     const auto line = typed[asked++] + "\n";
     EXPECT_EQ(write(terminal, line.data(), line.size()), static_cast<ssize_t>(line.size()));
   }
