@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTableView>
+#include <algorithm>
 
 #include "adapters/qt/grid/RetivoEditor.h"
 #include "adapters/sqlite/SqliteConnection.h"
@@ -59,7 +60,8 @@ void Close(FormWindow& window) { window.close(); }
 
 /// As wide as that, or as the screen has room for.
 void Widen(FormWindow& window, int width, int height) {
-  window.resize(QSize(width, height).boundedTo(window.screen()->availableSize()));
+  window.resize(
+      QSize(std::max(width, window.width()), height).boundedTo(window.screen()->availableSize()));
 }
 
 qt::RetivoEditor* EditorOf(const QTableView& table) {

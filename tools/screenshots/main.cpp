@@ -34,6 +34,11 @@ void TakeAll(const QString& folder) {
 
 namespace {
 
+/// Qt's remarks on what a platform without windows can't do say nothing about the pictures.
+void TellAllElse(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+  if (!text.startsWith("This plugin does not support")) std::cerr << text.toStdString() << "\n";
+}
+
 constexpr auto kUsage = "Uso: pantallas [--oscuro] [--letra PUNTOS] CARPETA\n";
 
 struct Look {
@@ -83,6 +88,7 @@ QPalette DarkPalette() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  qInstallMessageHandler(TellAllElse);
   const QApplication application(argc, argv);
   const auto look = Read(QApplication::arguments());
   if (!look) {
