@@ -26,7 +26,9 @@ bool UserPasswords::Kept() const { return EngineReached(school_) == sqltext::Eng
 std::map<std::int32_t, std::string> UserPasswords::Hashes() const {
   std::map<std::int32_t, std::string> hashes;
   if (!Kept() || !HasTable(school_, kTable)) return hashes;
-  auto rows = school_.Execute("SELECT IDUsuario, Clave FROM ClaveUsuario");
+  // Who isn't there any more keeps nobody out.
+  auto rows = school_.Execute(
+      "SELECT IDUsuario, Clave FROM ClaveUsuario WHERE IDUsuario IN (SELECT IDUsuario FROM Usuario)");
   for (; !rows.Eof(); rows.MoveNext())
     hashes.emplace(rows.Fields("IDUsuario").Long(), rows.Fields("Clave").Text());
   return hashes;

@@ -113,8 +113,12 @@ void LocksDialog::Fill() {
                  QString::fromStdString(publication.evaluation),
                  QString::number(publication.subjects.size())});
     item->setData(0, kPlaceRole, static_cast<int>(at));
-    for (const auto& subject : publication.subjects)
-      new QTreeWidgetItem(item, {{}, {}, {}, QString::fromStdString(subject)});
+    for (const auto& subject : publication.subjects) {
+      auto* const line = new QTreeWidgetItem(item, {{}, {}, {}, QString::fromStdString(subject)});
+      // What the eye finds above is told anew.
+      for (int column = 0; column < list_.columnCount() - 1; ++column)
+        line->setData(column, Qt::AccessibleTextRole, item->text(column));
+    }
   }
   list_.expandAll();
   for (int column = 0; column < list_.columnCount(); ++column) list_.resizeColumnToContents(column);

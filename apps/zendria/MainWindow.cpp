@@ -355,7 +355,12 @@ void MainWindow::ShowLocks(QWidget& before) {
 StatementWindow& MainWindow::ShowStatements() {
   if (statements_ == nullptr) {
     statements_ = std::make_unique<StatementWindow>(log_);
-    preferences_.Restore(kStatementsGeometry, *statements_);
+    if (!preferences_.Restore(kStatementsGeometry, *statements_)) {
+      // Over this window, and on its screen.
+      auto place = statements_->frameGeometry();
+      place.moveCenter(frameGeometry().center());
+      statements_->move(place.topLeft());
+    }
   }
   statements_->show();
   statements_->raise();

@@ -18,6 +18,7 @@
 #include "apps/zendria/Preferences.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/SpanishTexts.h"
+#include "apps/zendria/VisibleStyle.h"
 #include "platform/controls/FormInstances.h"
 #include "platform/host/Application.h"
 #include "platform/text/VisibleText.h"
@@ -105,6 +106,7 @@ Ending Run(int argc, char** argv, const Started& started) {
   }
   const QApplication application(argc, argv);
   QApplication::setApplicationName("Zendria");
+  QApplication::setStyle(new VisibleStyle);
   UseSpanishTexts();
   return RunWindow(*line, started);
 }

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QGroupBox>
+#include <QHeaderView>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -14,6 +16,7 @@ namespace quorvane::zendria {
 namespace {
 
 constexpr int kNodeRole = Qt::UserRole;
+constexpr int kLeastTree = 300;
 
 void Enlarge(QLabel& label, double factor) {
   auto font = label.font();
@@ -39,7 +42,6 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   tree_.setAccessibleName("Pantallas");
   tree_.setHeaderHidden(true);
   tree_.setStyleSheet("QTreeWidget::item { padding: 4px 2px; }");
-  tree_.setMinimumWidth(300);
   open_.setObjectName("abrirPantalla");
   Enlarge(school_, 1.4);
   Enlarge(title_, 1.2);
@@ -65,9 +67,15 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   column->addSpacing(12);
   column->addWidget(selected, 1);
 
+  // On a small screen, or with large letters, nothing of it is cut.
+  auto* const room = new QScrollArea;
+  room->setFrameShape(QFrame::NoFrame);
+  room->setWidgetResizable(true);
+  room->setFocusPolicy(Qt::NoFocus);
+  room->setWidget(side);
   auto* const splitter = new QSplitter;
   splitter->addWidget(&tree_);
-  splitter->addWidget(side);
+  splitter->addWidget(room);
   splitter->setStretchFactor(1, 1);
   splitter->setChildrenCollapsible(false);
   auto* const whole = new QVBoxLayout(this);
@@ -75,6 +83,12 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
 
   ShowLeftovers({});
   FillTree();
+  // Its texts whole, without a gap behind the longest.
+  constexpr int kRoom = 24;
+  tree_.header()->setStretchLastSection(false);
+  tree_.resizeColumnToContents(0);
+  tree_.setMinimumWidth(std::max(kLeastTree, tree_.columnWidth(0) + kRoom));
+  tree_.header()->setStretchLastSection(true);
   connect(&tree_, &QTreeWidget::currentItemChanged, this, [this] { ShowSelected(); });
   connect(&tree_, &QTreeWidget::itemActivated, this, [this] { OpenSelected(); });
   connect(&open_, &QPushButton::clicked, this, [this] { OpenSelected(); });

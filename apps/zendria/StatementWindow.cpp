@@ -29,6 +29,7 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   filter_.setAccessibleName("Filtro");
   filter_.setClearButtonEnabled(true);
   text_.setReadOnly(true);
+  text_.setAccessibleName("Sentencias");
   qt::ShowFocusOnBorder(text_);
   text_.setLineWrapMode(QPlainTextEdit::NoWrap);
   text_.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));

@@ -31,6 +31,7 @@ WelcomePage::WelcomePage(QWidget* parent)
   connect_.setObjectName("conectarEscuela");
   heading_.setBuddy(&recent_);
   recent_.setObjectName("recientes");
+  recent_.setAccessibleName("Escuelas recientes");
   qt::ShowFocusOnBorder(recent_);
   recent_.setAlternatingRowColors(true);
   recent_.setStyleSheet("QListWidget::item { padding: 3px; }");

@@ -34,7 +34,8 @@ void ZendriaPersonSearch::pasarconexiones(Connection* centro, Connection* /*borr
 std::int32_t ZendriaPersonSearch::Buscar(const std::string& clase) {
   if (centro_ == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
   PersonSearchDialog dialog(Staff(*centro_), QString::fromStdString(clase),
-                            QApplication::activeWindow());
+                            // Which has the keyboard or not: over the screen that asks.
+                            QApplication::activeModalWidget());
   dialog.Begin(WhoStands());
   dialog.exec();
   return dialog.Person();

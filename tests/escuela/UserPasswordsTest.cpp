@@ -48,12 +48,12 @@ std::string AtTerminal(const std::vector<std::string>& arguments,
     const auto question = seen.find(": ", from);
     if (question == std::string::npos || asked == typed.size()) continue;
     from = question + 2;
-    while (true) {
+    const auto quiet = [terminal] {
       termios now{};
       tcgetattr(terminal, &now);
-      if ((now.c_lflag & ECHO) == 0) break;
-      usleep(1000);
-    }
+      return (now.c_lflag & ECHO) == 0;
+    };
+    for (int wait = 0; wait < 5000 && !quiet(); ++wait) usleep(1000);
     const auto line = typed[asked++] + "\n";
     EXPECT_EQ(write(terminal, line.data(), line.size()), static_cast<ssize_t>(line.size()));
   }
@@ -188,6 +188,17 @@ TEST_F(UserPasswordsTest, AreNotCopied) {
   EXPECT_THAT(copied.text, HasSubstr("No se ha copiado, porque no es de la escuela:\n"
                                      "  ClaveUsuario\n"));
   EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + copy).text, StartsWith(kOpenToAll));
+}
+
+TEST_F(UserPasswordsTest, OfAUserWhoIsGoneCountForNothing) {
+  passwords_.Set(3, kSecret);
+  school_.Db().Execute("DELETE FROM Usuario WHERE IDUsuario=3");
+  EXPECT_FALSE(passwords_.Any());
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
+  passwords_.Set(2, kSecret);
+  EXPECT_TRUE(passwords_.Remove(2));
+  EXPECT_THAT(school_.FirstColumn("SELECT name FROM sqlite_master WHERE name='ClaveUsuario'"),
+              testing::IsEmpty());
 }
 
 TEST_F(UserPasswordsTest, ASchoolWithoutUsersNamesHasThemByNumber) {

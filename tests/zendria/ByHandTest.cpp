@@ -77,8 +77,9 @@ TEST_F(RegisterByHandTest, ATeacherIsSearchedAndSaved) {
     Robot::Click(window, "cmdAceptar");
   });
   robot_.On("frmPropMatProf", {"cmdNProfesor", "cmdNProfesor", "cmdAceptar"});
-  robot_.OnDialog("buscarPersona", [](QWidget& dialog) {
+  robot_.OnDialog("buscarPersona", [this](QWidget& dialog) {
     auto& search = dynamic_cast<zendria::PersonSearchDialog&>(dialog);
+    EXPECT_EQ(search.parentWidget(), screen_.ActiveWindow());
     EXPECT_EQ(search.windowTitle(), "Buscar: Docente");
     EXPECT_EQ(search.People().List().count(), 3);
     QTest::keyClicks(&search.People().Field(), "VEGA");

@@ -48,7 +48,7 @@ void Camera::Take(const QString& name, QWidget& window, QWidget* over) {
   if (Has(name)) return;
   Retouch(window);
   const auto inside = window.grab();
-  const QRect whole(QPoint(kMargin, kMargin), inside.size() + QSize(2, kTitleHeight + 2));
+  const QRect whole(QPoint(kMargin, kMargin), window.size() + QSize(2, kTitleHeight + 2));
   auto bounds = whole;
   const auto origin = whole.topLeft() + QPoint(1, kTitleHeight + 1);
   QRect above;

@@ -11,7 +11,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTableView>
+#include <algorithm>
 #include <stdexcept>
 
 #include "adapters/qt/grid/CellEdits.h"
@@ -58,6 +60,12 @@ void PickClass(FormWindow& window, const char* kind, const char* course, const c
 }
 
 void Close(FormWindow& window) { window.close(); }
+
+/// As wide as that, or as the screen has room for.
+void Widen(FormWindow& window, int width, int height) {
+  window.resize(
+      QSize(std::max(width, window.width()), height).boundedTo(window.screen()->availableSize()));
+}
 
 /// The list that a cell of the window has opened; null when none is open.
 qt::RetivoEditor* OpenedIn(const QWidget& window) {
@@ -223,7 +231,7 @@ void Tour::Register() {
   });
   guide_.On("frmAlumnoMateria", [this](FormWindow& window) {
     Guide::Row(window, "msgMaterias", 1);
-    window.resize(kAllColumns, window.height() * 3 / 4);
+    Widen(window, kAllColumns, window.height() * 3 / 4);
     camera_.Take("frmAlumnoMateria", window);
     Guide::Press(window, "cmdAgregar");
     Guide::Row(window, "msgMaterias", 1);
@@ -294,7 +302,7 @@ void Tour::StepTwo(const std::string& form, const QString& picture) {
   guide_.On(form, [this, picture](FormWindow& window) {
     auto* const grid = qobject_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
     TakeList(window, *grid, kGradeColumn, picture + "-lista");
-    window.resize(picture.endsWith("Final") ? kFinalColumns : kAllColumns, window.height());
+    Widen(window, picture.endsWith("Final") ? kFinalColumns : kAllColumns, window.height());
     window.move(0, 0);  // lists keep within a screen that may be no wider than this window
     if (!grid->isColumnHidden(kMeasuresColumn) && grid->model()->columnCount() > kMeasuresColumn)
       TakeList(window, *grid, kMeasuresColumn, picture + "-medidas");
@@ -461,7 +469,7 @@ void Tour::ClosedYear() {
   active->trigger();
   StepOne("frmNotaManual1", {}, "2ª");
   guide_.On("frmNotaManual", [this](FormWindow& window) {
-    window.resize(kAllColumns, window.height());
+    Widen(window, kAllColumns, window.height());
     camera_.Take("frmNotaManual-solo-consulta", window);
     Guide::Press(window, "cmdCancelar");
   });

@@ -1,5 +1,7 @@
 #include <QApplication>
 #include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <exception>
 #include <iostream>
@@ -8,6 +10,7 @@
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/HostComponents.h"
 #include "apps/zendria/SpanishTexts.h"
+#include "apps/zendria/VisibleStyle.h"
 #include "platform/host/Application.h"
 #include "tools/screenshots/Camera.h"
 #include "tools/screenshots/Tour.h"
@@ -30,6 +33,11 @@ void TakeAll(const QString& folder) {
 }  // namespace
 
 namespace {
+
+/// Qt's remarks on what a platform without windows can't do say nothing about the pictures.
+void TellAllElse(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+  if (!text.startsWith("This plugin does not support")) std::cerr << text.toStdString() << "\n";
+}
 
 constexpr auto kUsage = "Uso: pantallas [--oscuro] [--letra PUNTOS] CARPETA\n";
 
@@ -69,6 +77,8 @@ QPalette DarkPalette() {
   dark.setColor(QPalette::HighlightedText, Qt::white);
   dark.setColor(QPalette::ToolTipBase, window);
   dark.setColor(QPalette::ToolTipText, text);
+  // Some of them forget it.
+  dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
   dark.setColor(QPalette::Link, QColor(110, 170, 240));
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     dark.setColor(QPalette::Disabled, role, faint);
@@ -78,6 +88,7 @@ QPalette DarkPalette() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  qInstallMessageHandler(TellAllElse);
   const QApplication application(argc, argv);
   const auto look = Read(QApplication::arguments());
   if (!look) {
@@ -85,9 +96,16 @@ int main(int argc, char** argv) {
     return 2;
   }
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setStyle("Fusion");
+  auto* const style = new zendria::VisibleStyle;
+  style->setBaseStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(style);
   QApplication::setFont(QFont("DejaVu Sans", look->points));
-  if (look->dark) QApplication::setPalette(DarkPalette());
+  if (look->dark) {
+    // As the toolkit takes a desktop's.
+    auto palette = DarkPalette();
+    QApplication::style()->polish(palette);
+    QApplication::setPalette(palette);
+  }
   zendria::UseSpanishTexts();
   try {
     TakeAll(look->folder);

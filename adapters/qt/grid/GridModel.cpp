@@ -66,6 +66,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return text;
     case Qt::ToolTipRole:
       return AsToolTip(text);
+    case Qt::AccessibleTextRole: {
+      // Who can't see the heading above hears it; an empty cell has nothing else to tell.
+      const auto& column = heading_[static_cast<std::size_t>(index.column())];
+      return text.isEmpty() ? column + ": en blanco" : column + ": " + text;
+    }
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (Centred(index.column()) ? Qt::AlignHCenter : Qt::AlignLeft));

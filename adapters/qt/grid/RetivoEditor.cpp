@@ -114,6 +114,7 @@ void RetivoEditor::Narrow(const QString& typed) {
       if (!fits(text)) continue;
       auto* const row = new QListWidgetItem(entry.text);
       row->setData(kPlace, entry.place);
+      if (entry.text.trimmed().isEmpty()) row->setData(Qt::AccessibleTextRole, "en blanco");
       // What is the very thing that was typed comes first, and of several the first.
       list_->insertItem(!wanted.isEmpty() && text == wanted ? exact++ : list_->count(), row);
     }

@@ -17,6 +17,7 @@
 #include "adapters/qt/views/IconStore.h"
 #include "adapters/qt/views/KeyCodes.h"
 #include "adapters/qt/views/Units.h"
+#include "adapters/qt/window/AccessibleNames.h"
 #include "adapters/qt/window/HeadingStrip.h"
 #include "adapters/qt/window/HeldWork.h"
 #include "adapters/qt/window/ModelPlacement.h"
@@ -72,6 +73,7 @@ FormWindow::FormWindow(QtFrontEnd& frontEnd, Form& form, QWidget* parent)
   // Above all else, and out of the way while it is empty.
   if (heading_ != nullptr && layout() != nullptr) layout()->setMenuBar(heading_);
   Sync();
+  NameForReaders(*this);
 }
 
 FormWindow::~FormWindow() {
