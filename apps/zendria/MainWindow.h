@@ -12,6 +12,7 @@
 
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/GradeRescue.h"
+#include "apps/zendria/OversightMenu.h"
 #include "apps/zendria/SchoolDoor.h"
 #include "apps/zendria/SchoolPage.h"
 #include "apps/zendria/StatementLog.h"
@@ -50,6 +51,8 @@ class MainWindow : public QMainWindow {
   /// Opens a screen of the module and returns when it has gone. No effect while one is open,
   /// without a school, or for a screen that isn't available.
   void OpenNode(std::uint8_t node);
+  /// The same for the screen in which that is graded, with it chosen.
+  void OpenTarget(const GradeTarget& target);
 
   /// Publications and locks; a school has to be open.
   void ShowLocks();
@@ -84,6 +87,7 @@ class MainWindow : public QMainWindow {
   bool Enter(std::optional<Entrance> entrance);
   void ChangeUser();
   void ShowSession();
+  void OnSchool(const OversightMenu::Work& work);
   void ShowRecent();
   void ForgetSizes();
   void Working(const QString& screenTitle);
@@ -107,6 +111,7 @@ class MainWindow : public QMainWindow {
   QAction changeUser_;
   QAction active_;
   QAction locks_;
+  OversightMenu oversight_{*this};
   std::unique_ptr<StatementWindow> statements_;
 };
 
