@@ -2,6 +2,9 @@
 
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/Centre.h"
+#include "apps/zendria/HistoryDialog.h"
+#include "apps/zendria/ImportDialog.h"
+#include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/School.h"
 #include "apps/zendria/User.h"
 
@@ -20,6 +23,14 @@ std::int32_t StaffOf(Connection& school, const User& user) {
 OversightMenu::OversightMenu(QWidget& window) : window_(window) {
   Add("estadoEvaluacion", "&Estado de la evaluación…", QKeySequence("Ctrl+E"),
       [this](auto& school, const auto& user, auto centre) { ShowState(school, user, centre); });
+  Add("historialNotas", "&Historial de notas…", QKeySequence("Ctrl+H"),
+      [this](auto& school, const auto&, auto) { HistoryDialog(school.Own(), &window_).exec(); });
+  Add("informePendientes", "&Informe de pendientes…", QKeySequence("Ctrl+I"),
+      [this](auto& school, const auto&, auto) {
+        ReportDialog(school.Own(), school.Name(), &window_).exec();
+      });
+  Add("importarRegistro", "I&mportar el registro…", {},
+      [this](auto& school, const auto&, auto) { ImportDialog(school.Address(), &window_).exec(); });
 }
 
 void OversightMenu::Add(const char* name, const QString& text, const QKeySequence& keys,

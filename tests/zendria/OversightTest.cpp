@@ -10,8 +10,12 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
+#include "apps/zendria/HistoryDialog.h"
+#include "apps/zendria/ImportDialog.h"
+#include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/StateDialog.h"
 #include "platform/controls/ComboBox.h"
+#include "tests/support/RunCommand.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -113,6 +117,77 @@ TEST_F(OversightTest, ADoubleClickOpensTheScreenWithAllChosen) {
     emit tree.itemActivated(Child(section, "Matemáticas (2º ESO A)"), 0);
   });
   EXPECT_EQ(chosen, (std::vector<std::int32_t>{5, 2, 20}));
+}
+
+TEST_F(OversightTest, TheHistoryShowsTheNewestFirstAndSaysWhenItIsOff) {
+  {
+    zendria::HistoryDialog off(school_);
+    EXPECT_TRUE(off.Notice().text().contains("no está activado"));
+  }
+  GradeHistory(school_).Activate();
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=3");
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  zendria::HistoryDialog dialog(school_);
+  ASSERT_EQ(dialog.List().topLevelItemCount(), 2);
+  const auto& newest = *dialog.List().topLevelItem(0);
+  EXPECT_EQ(newest.text(1), "Domínguez Álvarez, Marina");
+  EXPECT_EQ(newest.text(4), "Nota");
+  EXPECT_EQ(newest.text(5), dialog.List().topLevelItem(1)->text(6));
+  EXPECT_EQ(newest.text(7), "—");
+  dialog.Words().setText("dominguez");
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 2);
+  dialog.Words().setText("nadie");
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+  dialog.Words().clear();
+  dialog.From().setDate(QDate::currentDate().addDays(1));
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+}
+
+TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
+  zendria::ReportDialog dialog(school_, "IES Ejemplo");
+  ASSERT_EQ(dialog.Sections().count(), 6);
+  dialog.Sections().setCurrentIndex(dialog.Sections().findText("3º ESO A"));
+  EXPECT_EQ(dialog.Students().count(), 6) << "all, and each of five";
+  const auto file = folder_.filePath("informe.pdf");
+  EXPECT_EQ(dialog.SavePdf(file), 5);
+  EXPECT_EQ(Content(file.toStdString()).substr(0, 5), "%PDF-");
+  dialog.Students().setCurrentIndex(1);
+  EXPECT_EQ(dialog.SavePdf(file), 1);
+  dialog.Blank().setChecked(true);
+  EXPECT_EQ(dialog.SavePdf(file), 1);
+  QString text;
+  ReadNotice(text);
+  EXPECT_EQ(dialog.SavePdf(folder_.filePath("no/hay/informe.pdf")), 0);
+  EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
+}
+
+TEST_F(OversightTest, AFileIsLookedUpAndThenImported) {
+  const auto file = MakeFile("registro.csv",
+                             "alumno;sección;materia;curso;evaluaciones\n"
+                             "32;3º ESO A;Matemáticas;2º ESO B;todas\n"
+                             "9999;3º ESO A;Matemáticas;2º ESO B;todas\n");
+  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  const auto pending = [this] {
+    return school_.Execute("SELECT COUNT(*) FROM AlumnoPte_MatDet").Fields(0).Long();
+  };
+  const auto before = pending();
+  InDialog("importarRegistro", "importar", [&](QWidget& shown) {
+    auto& dialog = dynamic_cast<zendria::ImportDialog&>(shown);
+    EXPECT_FALSE(dialog.ImportButton().isEnabled());
+    dialog.Choose(file);
+    EXPECT_TRUE(dialog.List().item(0)->text().startsWith("No encaja. Línea 3: "));
+    EXPECT_FALSE(dialog.ImportButton().isEnabled()) << "not all fits";
+    EXPECT_EQ(pending(), before);
+    dialog.WhatFits().setChecked(true);
+    dialog.ImportButton().click();
+    EXPECT_TRUE(dialog.Notice().text().startsWith("Importadas 1 materias"));
+    EXPECT_FALSE(dialog.ImportButton().isEnabled()) << "done";
+    dialog.reject();
+  });
+  EXPECT_EQ(pending(), before + 1);
+  // The screens are this program's own again.
+  CloseNext("frmPendientes");
+  Play(123);
 }
 
 TEST_F(OversightTest, AFailedReadingIsToldOnceAndStopsTheClock) {
