@@ -241,6 +241,7 @@ void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
       ShowCounts(*item, row);
     }
   });
+  for (const auto column : {kName, kTeacher}) tree_.resizeColumnToContents(column);
   if (section.childCount() == 0)
     section.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
 }

@@ -88,6 +88,7 @@ void Tour::Run() {
   Register();
   Grades();
   Messages();
+  Oversight();
   guide_.Finish();
 }
 
