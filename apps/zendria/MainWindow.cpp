@@ -14,6 +14,7 @@
 #include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
 #include "apps/zendria/AboutBox.h"
+#include "apps/zendria/Attempt.h"
 #include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
@@ -27,6 +28,7 @@
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/Session.h"
 #include "apps/zendria/StatementWindow.h"
+#include "apps/zendria/StepOneChoice.h"
 #include "apps/zendria/SupportDetails.h"
 #include "platform/RuntimeError.h"
 
@@ -118,6 +120,7 @@ void MainWindow::BuildMenus() {
 
   auto* const view = menuBar()->addMenu("&Ver");
   locks_.setShortcut(QKeySequence(kLocksKey));
+  oversight_.AddTo(*view);
   view->addAction(&locks_);
   view->addAction("&Sentencias", QKeySequence(kStatementsKey), this, [this] { ShowStatements(); });
   view->addSeparator();
@@ -134,6 +137,8 @@ void MainWindow::BuildMenus() {
   connect(&changeUser_, &QAction::triggered, this, [this] { ChangeUser(); });
   connect(&active_, &QAction::toggled, this, [this] { ShowSession(); });
   connect(&locks_, &QAction::triggered, this, [this] { ShowLocks(); });
+  oversight_.OnSchool = [this](const auto& work) { OnSchool(work); };
+  oversight_.OpenTarget = [this](const GradeTarget& target) { OpenTarget(target); };
 }
 
 void MainWindow::AddModalKeys() {
@@ -316,6 +321,7 @@ void MainWindow::ShowSession() {
   const auto open = school_ != nullptr;
   pages_.setCurrentWidget(open ? static_cast<QWidget*>(&page_) : &welcome_);
   for (auto* const action : {&changeUser_, &active_, &locks_}) action->setEnabled(open);
+  oversight_.Enable(open);
   if (open) {
     page_.ShowSession(*school_, user_, centre_, active_.isChecked());
     const auto openToAll =
@@ -350,6 +356,19 @@ void MainWindow::ShowLocks(QWidget& before) {
   };
   dialog.exec();
   ShowLeftovers(false);
+}
+
+void MainWindow::OnSchool(const OversightMenu::Work& work) {
+  if (school_ == nullptr || nodeOpen_) return;
+  if (const auto failure = Reconnect(*school_)) return ShowProblem(this, *failure);
+  work(*school_, user_, centre_ ? centre_->id : 0);
+  if (school_ != nullptr) school_->Rest();
+}
+
+void MainWindow::OpenTarget(const GradeTarget& target) {
+  std::optional<StepOneChoice> choice;
+  if (Attempt(this, [&] { choice.emplace(screen_, school_->Own(), target); }))
+    OpenNode(choice->Node());
 }
 
 StatementWindow& MainWindow::ShowStatements() {

@@ -15,6 +15,7 @@
 #include "apps/zendria/GradeDrafts.h"
 #include "apps/zendria/GradeRescue.h"
 #include "apps/zendria/ModalKeys.h"
+#include "apps/zendria/OversightMenu.h"
 #include "apps/zendria/OwnPublications.h"
 #include "apps/zendria/PaperMenu.h"
 #include "apps/zendria/SchoolDoor.h"
@@ -55,6 +56,8 @@ class MainWindow : public QMainWindow {
   /// Opens a screen of the module and returns when it has gone. No effect while one is open,
   /// without a school, or for a screen that isn't available.
   void OpenNode(std::uint8_t node);
+  /// The same for the screen in which that is graded, with it chosen.
+  void OpenTarget(const GradeTarget& target);
 
   /// Publications and locks; a school has to be open.
   void ShowLocks();
@@ -98,6 +101,7 @@ class MainWindow : public QMainWindow {
   void LookForLeftovers();
   void ShowLeftovers(bool offer);
   void ShowSession();
+  void OnSchool(const OversightMenu::Work& work);
   void ShowRecent();
   void ForgetSizes();
   void Working(const QString& screenTitle);
@@ -127,6 +131,7 @@ class MainWindow : public QMainWindow {
   QAction changeUser_;
   QAction active_;
   QAction locks_;
+  OversightMenu oversight_{*this};
   std::unique_ptr<StatementWindow> statements_;
 };
 

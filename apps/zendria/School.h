@@ -25,6 +25,7 @@ class School {
   /// can't be reached, and what is no school.
   explicit School(SchoolAddress address);
 
+  [[nodiscard]] const SchoolAddress& Address() const noexcept { return address_; }
   /// The file, or the connection string without any password, as it may be shown.
   [[nodiscard]] QString File() const { return QString::fromStdString(address_.Shown()); }
   /// As the list of recent schools keeps it.

@@ -75,7 +75,8 @@ class PagesTest(unittest.TestCase):
 
     def test_every_window_of_the_host_is_told_as_whole_as_a_screen(self):
         for window in ('Inicio', 'Conectar con un servidor', 'Entrar', 'Ventana principal',
-                       'Buscar docente', 'Publicaciones y bloqueos', 'Sentencias'):
+                       'Buscar docente', 'Publicaciones y bloqueos', 'Estado de la evaluación',
+                       'Historial de notas', 'Informe de pendientes', 'Importar el registro', 'Sentencias'):
             for part in PARTS:
                 with self.subTest(window, part=part):
                     self.assertIn(f'**{part}', self.manual.section(window))

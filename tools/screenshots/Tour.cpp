@@ -105,6 +105,7 @@ void Tour::Run() {
   Register();
   Grades();
   Messages();
+  Oversight();
   guide_.Finish();
 }
 

@@ -22,6 +22,8 @@ class Tour {
   void Register();
   void Grades();
   void Messages();
+  /// Changes the school, and so comes last.
+  void Oversight();
   void OwnPublication();
   void RegisterInUse();
   void TooManyFinals();

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace quorvane::zendria {
+
+/// Paints a part of a whole as a bar behind its text.
+class BarDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  /// The part, from 0 to 100, of a cell's data.
+  static constexpr int kPercentRole = Qt::UserRole + 10;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+};
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,148 @@
+#include "apps/zendria/HistoryDialog.h"
+
+#include <QDateTime>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "adapters/qt/views/FocusBorder.h"
+#include "apps/zendria/Attempt.h"
+#include "apps/zendria/FirstSize.h"
+#include "apps/zendria/TextFolding.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr auto kDaysShown = 30;
+constexpr auto kMostShown = 2000;
+
+QString Text(const std::string& text) { return QString::fromStdString(text); }
+
+/// The moment as this computer's clock tells it.
+QString LocalMoment(const std::string& utc) {
+  auto moment = QDateTime::fromString(Text(utc), "yyyy-MM-dd HH:mm:ss.zzz");
+  if (!moment.isValid()) return Text(utc);
+  moment.setTimeSpec(Qt::UTC);
+  return moment.toLocalTime().toString("dd/MM/yyyy HH:mm:ss");
+}
+
+std::string Day(const QDateEdit& field) {
+  return field.date().toString("yyyy-MM-dd").toStdString();
+}
+
+}  // namespace
+
+HistoryDialog::HistoryDialog(Connection& school, QWidget* parent)
+    : QDialog(parent), school_(school) {
+  setObjectName("historial");
+  setWindowTitle("Historial de notas");
+  Build();
+  Attempt(this, [this] {
+    for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion ORDER "
+                                     "BY Final DESC, Orden");
+         !rows.Eof(); rows.MoveNext())
+      evaluation_.addItem(Text(rows.Fields(1).Text()), rows.Fields(0).Long());
+  });
+  Read();
+  for (auto* const field : {&from_, &to_})
+    connect(field, &QDateEdit::dateChanged, this, [this] { Read(); });
+  connect(&evaluation_, &QComboBox::currentIndexChanged, this, [this] { Read(); });
+  connect(&words_, &QLineEdit::textChanged, this, [this] { Show(); });
+}
+
+void HistoryDialog::Build() {
+  from_.setObjectName("desde");
+  to_.setObjectName("hasta");
+  for (auto* const field : {&from_, &to_}) {
+    field->setCalendarPopup(true);
+    field->setDisplayFormat("dd/MM/yyyy");
+  }
+  to_.setDate(QDate::currentDate().addDays(1));
+  from_.setDate(QDate::currentDate().addDays(-kDaysShown));
+  evaluation_.addItem("Todas las evaluaciones", 0);
+  words_.setObjectName("palabras");
+  words_.setPlaceholderText("Alumno, materia o usuario");
+  words_.setClearButtonEnabled(true);
+  list_.setObjectName("cambios");
+  list_.setAccessibleName("Cambios de notas");
+  list_.setHeaderLabels(
+      {"Cuándo", "Alumno", "Materia", "Evaluación", "Columna", "Antes", "Después", "Quién"});
+  list_.setRootIsDecorated(false);
+  list_.setUniformRowHeights(true);
+  list_.setAlternatingRowColors(true);
+  list_.setStyleSheet("QTreeWidget::item { padding: 3px 6px 3px 2px; }");
+  qt::ShowFocusOnBorder(list_);
+  notice_.setWordWrap(true);
+  auto* const refresh = new QPushButton("&Actualizar");
+  refresh->setAutoDefault(false);
+  auto* const close = new QPushButton("&Cerrar");
+  close->setAutoDefault(false);
+
+  auto* const filters = new QHBoxLayout;
+  for (auto* const field : {&from_, &to_}) {
+    auto* const label = new QLabel(field == &from_ ? "&Desde" : "&Hasta");
+    label->setBuddy(field);
+    filters->addWidget(label);
+    filters->addWidget(field);
+  }
+  filters->addWidget(&evaluation_);
+  filters->addWidget(&words_, 1);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(refresh);
+  buttons->addWidget(&notice_, 1);
+  buttons->addWidget(close);
+  auto* const column = new QVBoxLayout(this);
+  column->addLayout(filters);
+  column->addWidget(&list_, 1);
+  column->addLayout(buttons);
+  TakeFirstSize(*this, {1080, 520});
+  connect(refresh, &QPushButton::clicked, this, [this] { Read(); });
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+  connect(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
+          [this] { Read(); });
+}
+
+void HistoryDialog::Read() {
+  auto kept = false;
+  auto active = false;
+  changes_.clear();
+  if (!Attempt(this, [&] {
+        const GradeHistory history(school_);
+        kept = history.Kept();
+        active = history.Active();
+        HistoryFilter filter;
+        filter.from = Day(from_);
+        filter.to = Day(to_);
+        filter.evaluation = evaluation_.currentData().toInt();
+        changes_ = history.Read(filter);
+      }))
+    return;
+  Show();
+  if (active) return;
+  notice_.setText(kept ? "El historial está desactivado: no se guarda ningún cambio."
+                       : "El historial no está activado. Lo activa quien mantiene la escuela, con "
+                         "«quorvane-escuela historial … activar».");
+}
+
+void HistoryDialog::Show() {
+  const auto words = Folded(words_.text());
+  list_.clear();
+  QList<QTreeWidgetItem*> items;
+  auto passing = 0;
+  for (auto at = changes_.rbegin(); at != changes_.rend(); ++at) {
+    const auto user = at->user.empty() ? QString("—") : Text(at->user);
+    const QStringList cells = {
+        LocalMoment(at->moment), Text(at->student), Text(at->subject), Text(at->evaluation),
+        Text(at->column),        Text(at->before),  Text(at->after),   user};
+    if (!HoldsWords(Folded(cells.join(' ')), words)) continue;
+    if (++passing <= kMostShown) items.append(new QTreeWidgetItem(cells));
+  }
+  list_.addTopLevelItems(items);
+  for (int i = 0; i < list_.columnCount(); ++i) list_.resizeColumnToContents(i);
+  notice_.setText(passing > kMostShown
+                      ? QStringLiteral("Los últimos %1 de %2 cambios").arg(kMostShown).arg(passing)
+                      : QStringLiteral("%1 cambios").arg(passing));
+}
+
+}  // namespace quorvane::zendria

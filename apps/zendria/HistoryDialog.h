@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTreeWidget>
+#include <vector>
+
+#include "apps/escuela/history/GradeHistory.h"
+
+namespace quorvane::zendria {
+
+/// Who changed which grade and when, the newest first, narrowed by days, evaluation and words.
+class HistoryDialog : public QDialog {
+ public:
+  /// `school` is open and outlives the dialog.
+  explicit HistoryDialog(Connection& school, QWidget* parent = nullptr);
+
+  [[nodiscard]] QTreeWidget& List() { return list_; }
+  [[nodiscard]] QLineEdit& Words() { return words_; }
+  [[nodiscard]] QDateEdit& From() { return from_; }
+  [[nodiscard]] QLabel& Notice() { return notice_; }
+
+ private:
+  void Build();
+  void Read();
+  void Show();
+
+  Connection& school_;
+  QDateEdit from_;
+  QDateEdit to_;
+  QComboBox evaluation_;
+  QLineEdit words_;
+  QTreeWidget list_;
+  QLabel notice_;
+  std::vector<GradeChange> changes_;
+};
+
+}  // namespace quorvane::zendria

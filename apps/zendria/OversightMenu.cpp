@@ -1,0 +1,67 @@
+#include "apps/zendria/OversightMenu.h"
+
+#include "apps/zendria/Attempt.h"
+#include "apps/zendria/Centre.h"
+#include "apps/zendria/HistoryDialog.h"
+#include "apps/zendria/ImportDialog.h"
+#include "apps/zendria/ReportDialog.h"
+#include "apps/zendria/School.h"
+#include "apps/zendria/User.h"
+
+namespace quorvane::zendria {
+namespace {
+
+/// The user's row in `Personal`; 0 for none.
+std::int32_t StaffOf(Connection& school, const User& user) {
+  const auto rows =
+      school.Execute("SELECT IDPersonal FROM Personal WHERE CodUsuario=" + std::to_string(user.id));
+  return rows.Eof() ? 0 : rows.Fields(0).Long();
+}
+
+}  // namespace
+
+OversightMenu::OversightMenu(QWidget& window) : window_(window) {
+  Add("estadoEvaluacion", "&Estado de la evaluación…", QKeySequence("Ctrl+E"),
+      [this](auto& school, const auto& user, auto centre) { ShowState(school, user, centre); });
+  Add("historialNotas", "&Historial de notas…", QKeySequence("Ctrl+H"),
+      [this](auto& school, const auto&, auto) { HistoryDialog(school.Own(), &window_).exec(); });
+  Add("informePendientes", "&Informe de pendientes…", QKeySequence("Ctrl+I"),
+      [this](auto& school, const auto&, auto) {
+        ReportDialog(school.Own(), school.Name(), &window_).exec();
+      });
+  Add("importarRegistro", "I&mportar el registro…", {},
+      [this](auto& school, const auto&, auto) { ImportDialog(school.Address(), &window_).exec(); });
+}
+
+void OversightMenu::Add(const char* name, const QString& text, const QKeySequence& keys,
+                        const Work& work) {
+  auto* const action = new QAction(text, &window_);
+  action->setObjectName(name);
+  action->setShortcut(keys);
+  QObject::connect(action, &QAction::triggered, &window_, [this, work] { OnSchool(work); });
+  actions_.push_back(action);
+}
+
+void OversightMenu::AddTo(QMenu& menu) {
+  for (auto* const action : actions_) menu.addAction(action);
+}
+
+void OversightMenu::Enable(bool open) {
+  for (auto* const action : actions_) action->setEnabled(open);
+}
+
+void OversightMenu::ShowState(School& school, const User& user, std::int32_t centre) {
+  StateDialog::Viewer viewer;
+  if (!Attempt(&window_, [&] { viewer.staff = StaffOf(school.Own(), user); })) return;
+  viewer.seesAll = user.profile == 0;
+  viewer.centre = centre;
+  std::optional<GradeTarget> chosen;
+  {
+    StateDialog dialog(school.Own(), viewer, &window_);
+    dialog.exec();
+    chosen = dialog.Chosen();
+  }
+  if (chosen && OpenTarget) OpenTarget(*chosen);
+}
+
+}  // namespace quorvane::zendria

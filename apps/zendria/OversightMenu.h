@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <functional>
+#include <vector>
+
+#include "apps/zendria/StateDialog.h"
+
+namespace quorvane::zendria {
+
+class School;
+struct User;
+struct Centre;
+
+/// What whoever answers for an evaluation asks of an open school, as entries of a menu.
+class OversightMenu {
+ public:
+  /// The school, the user who is signed in, and the number of his centre (0 for none).
+  using Work = std::function<void(School& school, const User& user, std::int32_t centre)>;
+
+  /// `window` is what the dialogs stand before; it outlives the menu.
+  explicit OversightMenu(QWidget& window);
+
+  void AddTo(QMenu& menu);
+  /// There is a school to be asked.
+  void Enable(bool open);
+
+  /// Does that on the open school, connected anew where the connection was lost.
+  std::function<void(const Work& work)> OnSchool;
+  /// Opens the screen in which that is graded.
+  std::function<void(const GradeTarget& target)> OpenTarget;
+
+ private:
+  void Add(const char* name, const QString& text, const QKeySequence& keys, const Work& work);
+  void ShowState(School& school, const User& user, std::int32_t centre);
+
+  QWidget& window_;
+  std::vector<QAction*> actions_;
+};
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,147 @@
+#include "apps/zendria/ReportDialog.h"
+
+#include <QDate>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTextDocument>
+#include <QVBoxLayout>
+
+#include "apps/escuela/report/ReportText.h"
+#include "apps/zendria/Attempt.h"
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/SchoolError.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr QMarginsF kMargins(12, 12, 12, 12);  // millimetres
+
+/// Subjects by evaluations take more room across.
+void TurnPage(QPrinter& printer) {
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  printer.setPageOrientation(QPageLayout::Landscape);
+  printer.setPageMargins(kMargins, QPageLayout::Millimeter);
+}
+
+}  // namespace
+
+ReportDialog::ReportDialog(Connection& school, const QString& name, QWidget* parent)
+    : QDialog(parent), blank_("&Hoja en blanco, para poner las notas a mano") {
+  setObjectName("informe");
+  setWindowTitle("Informe de pendientes");
+  Build();
+  Attempt(this, [&] {
+    reader_ = std::make_unique<ReportReader>(
+        school, name.toStdString(), QDate::currentDate().toString("dd/MM/yyyy").toStdString());
+    for (const auto& [id, section] : reader_->Sections())
+      section_.addItem(QString::fromStdString(section), id);
+  });
+  ShowStudents();
+  connect(&section_, &QComboBox::currentIndexChanged, this, [this] { ShowStudents(); });
+}
+
+void ReportDialog::Build() {
+  section_.setObjectName("seccion");
+  student_.setObjectName("alumno");
+  blank_.setObjectName("enBlanco");
+  auto* const form = new QFormLayout;
+  form->addRow("&Sección:", &section_);
+  form->addRow("A&lumno:", &student_);
+  form->addRow(&blank_);
+  auto* const preview = new QPushButton("&Vista previa…");
+  auto* const print = new QPushButton("&Imprimir…");
+  auto* const pdf = new QPushButton("Guardar &PDF…");
+  auto* const close = new QPushButton("&Cerrar");
+  preview->setDefault(true);
+  auto* const buttons = new QHBoxLayout;
+  for (auto* const button : {preview, print, pdf}) buttons->addWidget(button);
+  buttons->addStretch(1);
+  buttons->addWidget(close);
+  auto* const column = new QVBoxLayout(this);
+  column->addLayout(form);
+  column->addLayout(buttons);
+  connect(preview, &QPushButton::clicked, this, [this] { Preview(); });
+  connect(print, &QPushButton::clicked, this, [this] { PrintOnPaper(); });
+  connect(pdf, &QPushButton::clicked, this, [this] { AskForPdf(); });
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void ReportDialog::ShowStudents() {
+  student_.clear();
+  student_.addItem("Todos los alumnos", 0);
+  if (reader_ == nullptr || section_.currentIndex() < 0) return;
+  Attempt(this, [this] {
+    for (const auto& student : reader_->Section(section_.currentData().toInt()).students)
+      student_.addItem(QString::fromStdString(student.name), student.id);
+  });
+}
+
+QString ReportDialog::Html() {
+  QString html;
+  if (reader_ == nullptr || section_.currentIndex() < 0) return html;
+  Attempt(this, [&] {
+    const auto report =
+        reader_->Section(section_.currentData().toInt(), student_.currentData().toInt());
+    html = QString::fromStdString(blank_.isChecked() ? BlankSheetHtml(report) : ReportHtml(report));
+  });
+  return html;
+}
+
+int ReportDialog::Print(QPrinter& printer, const QString& html) {
+  QTextDocument document;
+  document.setDocumentMargin(0);
+  document.setHtml(html);
+  document.setPageSize(printer.pageRect(QPrinter::Point).size());
+  document.print(&printer);
+  return document.pageCount();
+}
+
+int ReportDialog::SavePdf(const QString& file) {
+  const auto html = Html();
+  if (html.isEmpty()) return 0;
+  QPrinter printer;
+  TurnPage(printer);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(file);
+  const auto pages = Print(printer, html);
+  if (QFileInfo(file).size() > 0) return pages;
+  ShowSchoolError(this, SchoolError(QStringLiteral("No se puede escribir %1. Elija otra carpeta, o "
+                                                   "compruebe que queda espacio en el disco.")
+                                        .arg(file)));
+  return 0;
+}
+
+void ReportDialog::Preview() {
+  const auto html = Html();
+  if (html.isEmpty()) return;
+  QPrinter printer;
+  TurnPage(printer);
+  QPrintPreviewDialog preview(&printer, this);
+  preview.setObjectName("vistaPrevia");
+  connect(&preview, &QPrintPreviewDialog::paintRequested, this,
+          [&html](QPrinter* to) { Print(*to, html); });
+  preview.exec();
+}
+
+void ReportDialog::PrintOnPaper() {
+  const auto html = Html();
+  if (html.isEmpty()) return;
+  QPrinter printer;
+  TurnPage(printer);
+  QPrintDialog dialog(&printer, this);
+  if (dialog.exec() == QDialog::Accepted) Print(printer, html);
+}
+
+void ReportDialog::AskForPdf() {
+  const auto file = QFileDialog::getSaveFileName(this, "Guardar PDF",
+                                                 section_.currentText() + ".pdf", "PDF (*.pdf)");
+  if (!file.isEmpty()) SavePdf(file);
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,278 @@
+#include "apps/zendria/StateDialog.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QTime>
+#include <QTreeWidgetItemIterator>
+#include <QVBoxLayout>
+#include <map>
+
+#include "adapters/qt/views/FocusBorder.h"
+#include "apps/escuela/Today.h"
+#include "apps/zendria/Attempt.h"
+#include "apps/zendria/BarDelegate.h"
+#include "apps/zendria/FirstSize.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr auto kMinute = 60 * 1000;
+constexpr auto kNobody = -1;  // a number that no row bears
+constexpr auto kWhole = 100;
+
+enum Column { kName, kTeacher, kPending, kEntered, kMissing, kBar, kWindow, kInUse, kColumns };
+enum Role { kKey = Qt::UserRole, kEvaluation, kSection, kSubject, kLoaded };
+
+QString Text(const std::string& text) { return QString::fromStdString(text); }
+
+QString WindowText(const StateWindow& window) {
+  if (window.from.empty() && window.to.empty()) return "Sin plazo";
+  return Text(window.from) + " a " + Text(window.to) + (window.open ? ", abierto" : ", cerrado");
+}
+
+void ShowCounts(QTreeWidgetItem& item, const StateRow& row) {
+  item.setText(kPending, QString::number(row.pending));
+  item.setText(kEntered, QString::number(row.entered));
+  item.setText(kMissing, QString::number(row.Missing()));
+  const auto percent = row.pending == 0 ? kWhole : row.entered * kWhole / row.pending;
+  item.setText(kBar, QStringLiteral("%1 %").arg(percent));
+  item.setData(kBar, BarDelegate::kPercentRole, percent);
+  for (const auto column : {kPending, kEntered, kMissing})
+    item.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+  item.setTextAlignment(kBar, Qt::AlignCenter);
+  if (row.locked > 0)
+    item.setText(kInUse, row.subject != 0 ? QString("Sí") : QString::number(row.locked));
+}
+
+void Note(QTreeWidgetItem& item, const StateRow& row, const QString& key) {
+  item.setData(kName, kKey, key);
+  item.setData(kName, kEvaluation, row.evaluation);
+  item.setData(kName, kSection, row.section);
+  item.setData(kName, kSubject, row.subject);
+}
+
+QString KeyOf(const QTreeWidgetItem& item) { return item.data(kName, kKey).toString(); }
+
+void AddTo(StateRow& sum, const StateRow& row) {
+  sum.evaluation = row.evaluation;
+  sum.pending += row.pending;
+  sum.entered += row.entered;
+  sum.locked += row.locked;
+}
+
+}  // namespace
+
+StateDialog::StateDialog(Connection& school, Viewer viewer, QWidget* parent)
+    : QDialog(parent),
+      school_(school),
+      viewer_(viewer),
+      missing_("Solo lo que &falta"),
+      mySections_("Mis se&cciones"),
+      mySubjects_("Mis &materias") {
+  setObjectName("estado");
+  setWindowTitle("Estado de la evaluación");
+  Build();
+  Refresh();
+  if (tree_.topLevelItemCount() > 0) tree_.setCurrentItem(tree_.topLevelItem(0));
+  minute_.start(kMinute);
+}
+
+void StateDialog::Build() {
+  missing_.setObjectName("soloFalta");
+  mySections_.setObjectName("misSecciones");
+  mySubjects_.setObjectName("misMaterias");
+  for (auto* const mine : {&mySections_, &mySubjects_}) mine->setVisible(viewer_.staff != 0);
+  grouping_.setObjectName("agrupar");
+  grouping_.addItems({"Por secciones", "Por profesores"});
+  tree_.setObjectName("arbol");
+  tree_.setAccessibleName("Estado de la evaluación");
+  tree_.setHeaderLabels({"Evaluación, sección y materia", "Profesor", "Pendientes", "Puestas",
+                         "Faltan", "Avance", "Plazo", "En uso"});
+  tree_.setAlternatingRowColors(true);
+  tree_.setUniformRowHeights(true);
+  tree_.setExpandsOnDoubleClick(false);
+  tree_.setItemDelegateForColumn(kBar, new BarDelegate(&tree_));
+  tree_.setStyleSheet("QTreeWidget::item { padding: 3px 6px 3px 2px; }");
+  qt::ShowFocusOnBorder(tree_);
+  auto* const refresh = new QPushButton("&Actualizar");
+  refresh->setAutoDefault(false);
+  refresh->setToolTip("F5");
+  auto* const close = new QPushButton("&Cerrar");
+  close->setAutoDefault(false);
+
+  auto* const filters = new QHBoxLayout;
+  filters->addWidget(&grouping_);
+  for (auto* const box : {&missing_, &mySections_, &mySubjects_}) filters->addWidget(box);
+  filters->addStretch(1);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(refresh);
+  buttons->addWidget(&read_, 1);
+  buttons->addWidget(close);
+  auto* const column = new QVBoxLayout(this);
+  column->addLayout(filters);
+  column->addWidget(&tree_, 1);
+  column->addLayout(buttons);
+  TakeFirstSize(*this, {1040, 600});
+
+  for (auto* const box : {&missing_, &mySections_, &mySubjects_})
+    connect(box, &QCheckBox::toggled, this, [this] { Refresh(); });
+  connect(&grouping_, &QComboBox::currentIndexChanged, this, [this] { Refresh(); });
+  connect(refresh, &QPushButton::clicked, this, [this] { Refresh(); });
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+  connect(&minute_, &QTimer::timeout, this, [this] { Refresh(); });
+  connect(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
+          [this] { Refresh(); });
+  connect(&tree_, &QTreeWidget::itemExpanded, this,
+          [this](QTreeWidgetItem* item) { LoadSubjects(*item); });
+  connect(&tree_, &QTreeWidget::itemActivated, this,
+          [this](QTreeWidgetItem* item) { Choose(*item); });
+}
+
+StateFilter StateDialog::Filter() const {
+  StateFilter filter;
+  const auto me = viewer_.staff == 0 ? kNobody : viewer_.staff;
+  filter.centre = viewer_.centre;
+  filter.missingOnly = missing_.isChecked();
+  if (!viewer_.seesAll) filter.either = me;
+  if (mySections_.isChecked()) filter.tutor = me;
+  if (mySubjects_.isChecked()) filter.teacher = me;
+  return filter;
+}
+
+void StateDialog::Refresh() {
+  Keep();
+  if (!Attempt(this, [this] {
+        auto state = std::make_unique<SchoolState>(school_, Today(school_));
+        tree_.clear();
+        Fill(*state);
+        state_ = std::move(state);
+      })) {
+    minute_.stop();
+    return;
+  }
+  Restore();
+  for (int column = 0; column < kColumns; ++column) tree_.resizeColumnToContents(column);
+  read_.setText(QStringLiteral("%1  Leído a las %2")
+                    .arg(tree_.topLevelItemCount() == 0 ? "No hay ninguna nota pendiente." : "",
+                         QTime::currentTime().toString("HH:mm:ss"))
+                    .trimmed());
+  if (!minute_.isActive()) minute_.start(kMinute);
+}
+
+void StateDialog::Fill(const SchoolState& state) {
+  if (grouping_.currentIndex() == 0)
+    FillSections(state);
+  else
+    FillTeachers(state);
+}
+
+QTreeWidgetItem* StateDialog::AddEvaluation(const SchoolState& state, std::int32_t evaluation) {
+  auto* const item = new QTreeWidgetItem(&tree_, {Text(state.EvaluationName(evaluation))});
+  StateRow row;
+  row.evaluation = evaluation;
+  Note(*item, row, QString::number(evaluation));
+  item->setData(kName, kLoaded, true);
+  return item;
+}
+
+void StateDialog::FillSections(const SchoolState& state) {
+  QTreeWidgetItem* evaluation = nullptr;
+  StateRow sum;
+  for (const auto& row : state.Sections(Filter())) {
+    if (evaluation == nullptr || sum.evaluation != row.evaluation) {
+      evaluation = AddEvaluation(state, row.evaluation);
+      sum = {};
+    }
+    AddTo(sum, row);
+    ShowCounts(*evaluation, sum);
+    auto* const item = new QTreeWidgetItem(evaluation, {Text(state.SectionName(row.section))});
+    Note(*item, row, QStringLiteral("%1/%2").arg(row.evaluation).arg(row.section));
+    ShowCounts(*item, row);
+    item->setText(kWindow, WindowText(state.Window(row.section, row.evaluation)));
+    item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
+  }
+}
+
+void StateDialog::FillTeachers(const SchoolState& state) {
+  std::map<std::int32_t, std::map<std::int32_t, std::vector<StateRow>>> byTeacher;
+  for (const auto& row : state.Subjects(Filter()))
+    byTeacher[row.evaluation][row.teacher].push_back(row);
+  for (const auto& evaluation : state.Evaluations()) {
+    const auto found = byTeacher.find(evaluation.id);
+    if (found == byTeacher.end()) continue;
+    auto* const top = AddEvaluation(state, evaluation.id);
+    StateRow sum;
+    for (const auto& [teacher, rows] : found->second) {
+      const auto name = Text(state.TeacherName(teacher));
+      auto* const item = new QTreeWidgetItem(top, {name.isEmpty() ? "Sin profesor" : name});
+      StateRow all;
+      for (const auto& row : rows) {
+        AddTo(all, row);
+        auto* const subject = new QTreeWidgetItem(
+            item, {Text(state.SubjectName(row.subject)), Text(state.SectionName(row.section))});
+        Note(*subject, row,
+             QStringLiteral("%1/%2/%3").arg(row.evaluation).arg(row.section).arg(row.subject));
+        ShowCounts(*subject, row);
+        subject->setText(kWindow, WindowText(state.Window(row.section, row.evaluation)));
+      }
+      AddTo(sum, all);
+      ShowCounts(*item, all);
+      item->setData(kName, kKey, QStringLiteral("%1:%2").arg(evaluation.id).arg(teacher));
+      item->setData(kName, kLoaded, true);
+    }
+    ShowCounts(*top, sum);
+    top->sortChildren(kName, Qt::AscendingOrder);
+  }
+}
+
+void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
+  if (section.data(kName, kLoaded).toBool() || state_ == nullptr) return;
+  section.setData(kName, kLoaded, true);
+  auto filter = Filter();
+  filter.evaluation = section.data(kName, kEvaluation).toInt();
+  Attempt(this, [&] {
+    for (const auto& row : state_->Subjects(filter, section.data(kName, kSection).toInt())) {
+      auto* const item = new QTreeWidgetItem(&section, {Text(state_->SubjectName(row.subject)),
+                                                        Text(state_->TeacherName(row.teacher))});
+      Note(*item, row, KeyOf(section) + QStringLiteral("/%1").arg(row.subject));
+      ShowCounts(*item, row);
+    }
+  });
+  for (const auto column : {kName, kTeacher}) tree_.resizeColumnToContents(column);
+  if (section.childCount() == 0)
+    section.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
+}
+
+void StateDialog::Keep() {
+  open_.clear();
+  for (QTreeWidgetItemIterator at(&tree_); *at != nullptr; ++at)
+    if ((*at)->isExpanded()) open_.append(KeyOf(**at));
+  current_ = tree_.currentItem() == nullptr ? QString() : KeyOf(*tree_.currentItem());
+  scrolled_ = tree_.verticalScrollBar()->value();
+}
+
+void StateDialog::Restore() {
+  // What is opened here loads the rows that are looked for next.
+  const auto first = open_.isEmpty() && current_.isEmpty();
+  for (QTreeWidgetItemIterator at(&tree_); *at != nullptr; ++at) {
+    const auto key = KeyOf(**at);
+    if (open_.contains(key) || (first && (*at)->parent() == nullptr)) {
+      (*at)->setExpanded(true);
+      LoadSubjects(**at);
+    }
+    if (key == current_) tree_.setCurrentItem(*at);
+  }
+  tree_.verticalScrollBar()->setValue(scrolled_);
+}
+
+void StateDialog::Choose(const QTreeWidgetItem& item) {
+  const auto section = item.data(kName, kSection).toInt();
+  if (section == 0) return;
+  chosen_ = {section, item.data(kName, kSubject).toInt(), item.data(kName, kEvaluation).toInt()};
+  accept();
+}
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QTimer>
+#include <QTreeWidget>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "apps/escuela/state/SchoolState.h"
+
+namespace quorvane::zendria {
+
+/// What of an evaluation is to be graded: all of a section, or one of its subjects.
+struct GradeTarget {
+  std::int32_t section = 0;
+  std::int32_t subject = 0;  ///< 0 for all
+  std::int32_t evaluation = 0;
+};
+
+/// How far the evaluations have come, as a tree: evaluation, section or teacher, subject. It is
+/// read anew by a key and every minute, and what is open and current stays so.
+class StateDialog : public QDialog {
+ public:
+  /// Who looks: a member of staff (0 for none), and whether he sees all.
+  struct Viewer {
+    std::int32_t staff = 0;
+    bool seesAll = false;
+    std::int32_t centre = 0;
+  };
+
+  /// `school` is open and outlives the dialog.
+  StateDialog(Connection& school, Viewer viewer, QWidget* parent = nullptr);
+
+  /// What was double-clicked, when that ended the dialog.
+  [[nodiscard]] const std::optional<GradeTarget>& Chosen() const noexcept { return chosen_; }
+
+  [[nodiscard]] QTreeWidget& Tree() { return tree_; }
+  [[nodiscard]] QCheckBox& MissingOnly() { return missing_; }
+  [[nodiscard]] QComboBox& Grouping() { return grouping_; }
+  void Refresh();
+
+ private:
+  void Build();
+  [[nodiscard]] StateFilter Filter() const;
+  void Fill(const SchoolState& state);
+  void FillSections(const SchoolState& state);
+  void FillTeachers(const SchoolState& state);
+  void LoadSubjects(QTreeWidgetItem& section);
+  void Keep();
+  void Restore();
+  void Choose(const QTreeWidgetItem& item);
+  QTreeWidgetItem* AddEvaluation(const SchoolState& state, std::int32_t evaluation);
+
+  Connection& school_;
+  Viewer viewer_;
+  std::unique_ptr<SchoolState> state_;
+  QCheckBox missing_;
+  QCheckBox mySections_;
+  QCheckBox mySubjects_;
+  QComboBox grouping_;
+  QTreeWidget tree_;
+  QLabel read_;
+  QTimer minute_;
+  QStringList open_;
+  QString current_;
+  int scrolled_ = 0;
+  std::optional<GradeTarget> chosen_;
+};
+
+}  // namespace quorvane::zendria

@@ -1,0 +1,204 @@
+// What the head of studies asks the host for, on the sample school.
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/SchoolFile.h"
+#include "apps/zendria/HistoryDialog.h"
+#include "apps/zendria/ImportDialog.h"
+#include "apps/zendria/ReportDialog.h"
+#include "apps/zendria/StateDialog.h"
+#include "platform/controls/ComboBox.h"
+#include "tests/support/RunCommand.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+namespace {
+
+class OversightTest : public HostTest {
+ protected:
+  OversightTest() {
+    MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
+    school_.Open();
+  }
+
+  /// Chooses that entry of the menu, and does that in the dialog of that name.
+  void InDialog(const char* action, const std::string& dialog, std::function<void(QWidget&)> step) {
+    robot_.OnDialog(dialog, std::move(step));
+    window_->findChild<QAction*>(action)->trigger();
+    EXPECT_TRUE(robot_.Done());
+  }
+  /// The item whose first column reads so, below another; null for none.
+  static QTreeWidgetItem* Child(const QTreeWidgetItem* of, const QString& text) {
+    for (int i = 0; of != nullptr && i < of->childCount(); ++i)
+      if (of->child(i)->text(0) == text) return of->child(i);
+    return nullptr;
+  }
+
+  std::string path_ = folder_.filePath("muestra.sqlite").toStdString();
+  sqlite::SqliteConnection school_{path_, ""};
+  zendria::StateDialog::Viewer all_{0, true, 1};
+};
+
+TEST_F(OversightTest, TheStateIsATreeThatOpensToItsSubjects) {
+  zendria::StateDialog dialog(school_, all_);
+  auto& tree = dialog.Tree();
+  ASSERT_EQ(tree.topLevelItemCount(), 5);
+  auto* const second = tree.topLevelItem(1);
+  EXPECT_EQ(second->text(0), "2ª Evaluación");
+  EXPECT_EQ(second->text(2), "33");
+  EXPECT_EQ(second->text(4), "20");
+  auto* const section = Child(second, "3º ESO A");
+  ASSERT_NE(section, nullptr);
+  EXPECT_EQ(section->text(6), "2025/01/08 a 2099/12/31, abierto");
+  EXPECT_EQ(section->childCount(), 0) << "read when it is opened";
+  section->setExpanded(true);
+  auto* const subject = Child(section, "Matemáticas (2º ESO A)");
+  ASSERT_NE(subject, nullptr);
+  EXPECT_EQ(subject->text(1), "Ortega García, Javier");
+  EXPECT_EQ(subject->text(5), "50 %");
+  EXPECT_EQ(Child(second, "2º ESO B")->text(7), "2") << "subjects in use";
+}
+
+TEST_F(OversightTest, ItIsReadAnewWithoutLosingThePlace) {
+  zendria::StateDialog dialog(school_, all_);
+  auto* const section = Child(dialog.Tree().topLevelItem(1), "3º ESO A");
+  section->setExpanded(true);
+  dialog.Tree().setCurrentItem(Child(section, "Matemáticas (2º ESO A)"));
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=0 WHERE CodNumEvaluacion=2");
+  dialog.Refresh();
+  const auto* const current = dialog.Tree().currentItem();
+  ASSERT_NE(current, nullptr);
+  EXPECT_EQ(current->text(0), "Matemáticas (2º ESO A)");
+  EXPECT_EQ(current->text(3), "0");
+  EXPECT_TRUE(current->parent()->isExpanded());
+}
+
+TEST_F(OversightTest, ItIsGroupedByTeachersAndNarrowedToWhatIsMissing) {
+  zendria::StateDialog dialog(school_, all_);
+  dialog.Grouping().setCurrentIndex(1);
+  auto* const teacher = Child(dialog.Tree().topLevelItem(1), "Ortega García, Javier");
+  ASSERT_NE(teacher, nullptr);
+  EXPECT_EQ(Child(teacher, "Matemáticas (2º ESO A)")->text(1), "3º ESO A");
+  dialog.Grouping().setCurrentIndex(0);
+  EXPECT_NE(Child(dialog.Tree().topLevelItem(0), "2º ESO B"), nullptr);
+  dialog.MissingOnly().setChecked(true);
+  EXPECT_EQ(Child(dialog.Tree().topLevelItem(0), "2º ESO B"), nullptr) << "all is entered there";
+}
+
+TEST_F(OversightTest, ARoleSeesWhatItMayGrade) {
+  zendria::StateDialog none(school_, {0, false, 1});
+  EXPECT_EQ(none.Tree().topLevelItemCount(), 0);
+  const auto tutor =
+      school_.Execute("SELECT CodTutor FROM Seccion WHERE IDSeccion=5").Fields(0).Long();
+  zendria::StateDialog hers(school_, {tutor, false, 1});
+  EXPECT_NE(Child(hers.Tree().topLevelItem(0), "3º ESO A"), nullptr);
+  EXPECT_EQ(Child(hers.Tree().topLevelItem(0), "4º ESO A"), nullptr);
+}
+
+TEST_F(OversightTest, ADoubleClickOpensTheScreenWithAllChosen) {
+  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  std::vector<std::int32_t> chosen;
+  robot_.On("frmNotaSeccionAlumno1", [&chosen](qt::FormWindow& window) {
+    for (const auto* const name : {"cboSecciones", "cboEvaluaciones", "cboMateria"})
+      chosen.push_back(dynamic_cast<ComboBox&>(*window.Model().Find(name)).SelectedData());
+    window.close();
+  });
+  InDialog("estadoEvaluacion", "estado", [](QWidget& shown) {
+    auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
+    auto* const section = Child(tree.topLevelItem(1), "3º ESO A");
+    section->setExpanded(true);
+    emit tree.itemActivated(Child(section, "Matemáticas (2º ESO A)"), 0);
+  });
+  EXPECT_EQ(chosen, (std::vector<std::int32_t>{5, 2, 20}));
+}
+
+TEST_F(OversightTest, TheHistoryShowsTheNewestFirstAndSaysWhenItIsOff) {
+  {
+    zendria::HistoryDialog off(school_);
+    EXPECT_TRUE(off.Notice().text().contains("no está activado"));
+  }
+  GradeHistory(school_).Activate();
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=3");
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  zendria::HistoryDialog dialog(school_);
+  ASSERT_EQ(dialog.List().topLevelItemCount(), 2);
+  const auto& newest = *dialog.List().topLevelItem(0);
+  EXPECT_EQ(newest.text(1), "Domínguez Álvarez, Marina");
+  EXPECT_EQ(newest.text(4), "Nota");
+  EXPECT_EQ(newest.text(5), dialog.List().topLevelItem(1)->text(6));
+  EXPECT_EQ(newest.text(7), "—");
+  dialog.Words().setText("dominguez");
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 2);
+  dialog.Words().setText("nadie");
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+  dialog.Words().clear();
+  dialog.From().setDate(QDate::currentDate().addDays(1));
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+}
+
+TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
+  zendria::ReportDialog dialog(school_, "IES Ejemplo");
+  ASSERT_EQ(dialog.Sections().count(), 6);
+  dialog.Sections().setCurrentIndex(dialog.Sections().findText("3º ESO A"));
+  EXPECT_EQ(dialog.Students().count(), 6) << "all, and each of five";
+  const auto file = folder_.filePath("informe.pdf");
+  EXPECT_EQ(dialog.SavePdf(file), 5);
+  EXPECT_EQ(Content(file.toStdString()).substr(0, 5), "%PDF-");
+  dialog.Students().setCurrentIndex(1);
+  EXPECT_EQ(dialog.SavePdf(file), 1);
+  dialog.Blank().setChecked(true);
+  EXPECT_EQ(dialog.SavePdf(file), 1);
+  QString text;
+  ReadNotice(text);
+  EXPECT_EQ(dialog.SavePdf(folder_.filePath("no/hay/informe.pdf")), 0);
+  EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
+}
+
+TEST_F(OversightTest, AFileIsLookedUpAndThenImported) {
+  const auto file = MakeFile("registro.csv",
+                             "alumno;sección;materia;curso;evaluaciones\n"
+                             "32;3º ESO A;Matemáticas;2º ESO B;todas\n"
+                             "9999;3º ESO A;Matemáticas;2º ESO B;todas\n");
+  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  const auto pending = [this] {
+    return school_.Execute("SELECT COUNT(*) FROM AlumnoPte_MatDet").Fields(0).Long();
+  };
+  const auto before = pending();
+  InDialog("importarRegistro", "importar", [&](QWidget& shown) {
+    auto& dialog = dynamic_cast<zendria::ImportDialog&>(shown);
+    EXPECT_FALSE(dialog.ImportButton().isEnabled());
+    dialog.Choose(file);
+    EXPECT_TRUE(dialog.List().item(0)->text().startsWith("No encaja. Línea 3: "));
+    EXPECT_FALSE(dialog.ImportButton().isEnabled()) << "not all fits";
+    EXPECT_EQ(pending(), before);
+    dialog.WhatFits().setChecked(true);
+    dialog.ImportButton().click();
+    EXPECT_TRUE(dialog.Notice().text().startsWith("Importadas 1 materias"));
+    EXPECT_FALSE(dialog.ImportButton().isEnabled()) << "done";
+    dialog.reject();
+  });
+  EXPECT_EQ(pending(), before + 1);
+  // The screens are this program's own again.
+  CloseNext("frmPendientes");
+  Play(123);
+}
+
+TEST_F(OversightTest, AFailedReadingIsToldOnceAndStopsTheClock) {
+  zendria::StateDialog dialog(school_, all_);
+  school_.Execute("ALTER TABLE BloqueoPte RENAME TO Otra");
+  QString text;
+  ReadNotice(text);
+  dialog.Refresh();
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_TRUE(text.contains("BloqueoPte")) << text.toStdString();
+}
+
+}  // namespace
+}  // namespace quorvane::test
