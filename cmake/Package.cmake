@@ -9,7 +9,7 @@ endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quorvane)
 set(CPACK_PACKAGE_VENDOR Quorvane)
-set(CPACK_PACKAGE_CONTACT "Quorvane <quorvane@localhost>")
+set(CPACK_PACKAGE_CONTACT "Quorvane <quorvane@quorvane.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

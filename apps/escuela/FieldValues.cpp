@@ -78,7 +78,8 @@ class TableValues {
       // Of one whose name is free the place is not.
       const auto free = column.mark == SchemaMark::FreeName && i < names.size();
       for (const auto& name : names)
-        if (EqualNoCase(name, free ? names[i] : column.name)) CheckColumn(name, column.kind);
+        if (EqualNoCase(name, free ? names[i] : column.name))
+          CheckColumn(free ? name : column.name, column.kind);
     }
   }
 

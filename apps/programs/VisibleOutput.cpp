@@ -21,8 +21,11 @@ std::string VisibleBetweenTabs(std::string_view line) {
 }  // namespace
 
 VisibleOutput::~VisibleOutput() {
-  if (!WriteLine() || to_->pubsync() != 0) stream_.setstate(std::ios::badbit);
+  const auto arrived = WriteLine() && to_->pubsync() == 0;
+  // The change of buffers takes the stream's failures away.
+  const auto state = stream_.rdstate();
   stream_.rdbuf(to_);
+  stream_.setstate(arrived ? state : state | std::ios::badbit);
 }
 
 VisibleOutput::int_type VisibleOutput::overflow(int_type letter) {

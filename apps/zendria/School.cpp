@@ -30,10 +30,16 @@ std::unique_ptr<Connection> Aside(const SchoolAddress& address, const std::strin
   return address.IsOdbc() ? address.StandBy(name) : address.Connect(name);
 }
 
+/// What was given where a file's name belongs may hold a password: it isn't even looked for.
+SchoolAddress InPlace(SchoolAddress address) {
+  if (address.IsMisplaced()) throw SchoolError(SchoolAddress::kMisplaced);
+  return address;
+}
+
 }  // namespace
 
 School::School(SchoolAddress address)
-    : address_(std::move(address)),
+    : address_(InPlace(std::move(address))),
       centro_(address_.Connect("centro")),
       borrado_(Aside(address_, "borrado")),
       entrada_(address_.Connect("entrada")),

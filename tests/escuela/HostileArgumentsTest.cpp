@@ -117,6 +117,16 @@ TEST_F(HostileArgumentsTest, WhatCantBeToldIsNotDone) {
   EXPECT_FALSE(std::filesystem::exists(path_ + "2"));
 }
 
+TEST_F(HostileArgumentsTest, WhatFindsNoRoomAtItsEndIsNoSuccess) {
+  MakeDemo();
+  const auto file = folder_ / "salida";
+  const auto told = RunBriefly(
+      "sh -c 'trap \"\" XFSZ; ulimit -f 0; " +
+      (kSchoolTool + ("bloqueos --odbc \"Driver=SQLite3;Database=" + path_)) + "\" >" + file + "'");
+  EXPECT_EQ(told.status, 1) << told.text;
+  EXPECT_THAT(told.text, HasSubstr("no se puede escribir la salida"));
+}
+
 TEST_F(HostileArgumentsTest, AScriptThatCantBeReadIsNoEmptyScript) {
   MakeDemo();
   for (const std::string from : {"<&-", "</", "</proc/self/mem", "/proc/self/mem"}) {

@@ -66,7 +66,7 @@ class HastyUser {
  private:
   /// Turns of the event loop after which what was put off to later has run as well.
   static constexpr int kSettled = 2;
-  /// Step two opens step one again, so shows nest.
+  /// Dialogs that open dialogs nest.
   static constexpr std::size_t kDeepest = 25;
   static constexpr int kPatience = 1000;
 

@@ -44,7 +44,7 @@ class RandomUser : public FrontEnd {
   static constexpr std::int32_t kCharacterWidth = 120;
   static constexpr std::int32_t kScreenWidth = 15360;
   static constexpr std::int32_t kScreenHeight = 11520;
-  /// Shows nest, since step two opens step one again: deeper down the user only wants out.
+  /// Dialogs that open dialogs nest: deeper down the user only wants out.
   static constexpr std::size_t kDeepest = 50;
 
   [[nodiscard]] Gesture Choose(Form& form);

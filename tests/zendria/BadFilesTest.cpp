@@ -2,6 +2,7 @@
 #include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "tests/zendria/HostTest.h"
 
@@ -22,6 +23,19 @@ TEST_F(BadFilesTest, Missing) {
 TEST_F(BadFilesTest, AFolder) {
   const auto text = Refusal(folder_.path());
   EXPECT_TRUE(Holds(text, "carpeta")) << text.toStdString();
+}
+
+TEST_F(BadFilesTest, AConnectionStringIsNotRepeated) {
+  const auto text = Refusal(folder_.filePath("Driver=PostgreSQL;PWD=secreto"));
+  EXPECT_TRUE(Holds(text, "--odbc")) << text.toStdString();
+  EXPECT_FALSE(Holds(text, "secreto")) << text.toStdString();
+}
+
+TEST_F(BadFilesTest, APipeIsNotWaitedFor) {
+  const auto pipe = folder_.filePath("tuberia");
+  ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+  const auto text = Refusal(pipe);
+  EXPECT_TRUE(Holds(text, "no es un archivo corriente")) << text.toStdString();
 }
 
 TEST_F(BadFilesTest, Empty) {
