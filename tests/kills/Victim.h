@@ -73,7 +73,7 @@ inline constexpr std::size_t kNodes = 5;
     connection.Open();
     connection.Execute("SELECT COUNT(*) FROM Alumno");
     const char ready[] = {kReturned, '\n'};
-    static_cast<void>(write(in, ready, sizeof ready));
+    static_cast<void>(!write(in, ready, sizeof ready));
     for (;;) pause();
   } catch (const std::exception& failure) {
     std::cerr << "kills: " << failure.what() << std::endl;
