@@ -143,8 +143,14 @@ PaperMenu::PaperMenu(qt::QtFrontEnd& screen, std::function<qt::FormHeading(const
     sheet->lines = place.isEmpty() ? QStringList{ClassOfRegister(), name} : QStringList(place);
     sheet->lines.removeAll(QString());
     const auto add = [&](const QString& text, const char* entry, auto act) {
-      auto* const action =
-          menu.addAction(text, &window, [&window, sheet = *sheet, act] { act(&window, sheet); });
+      auto* const action = menu.addAction(text);
+      // Behind the menu's own event, which a dialog would hold up.
+      QObject::connect(
+          action, &QAction::triggered, &window,
+          [&window, sheet = *sheet, act] {
+            if (!window.FrontEnd().Leaving()) act(&window, sheet);
+          },
+          Qt::QueuedConnection);
       action->setObjectName(entry);
       action->setEnabled(!sheet->rows.empty());
     };

@@ -93,6 +93,7 @@ class PaperMenuTest : public RescueTest {
     ASSERT_NE(action, nullptr);
     menu->setActiveAction(action);
     QTest::keyClick(menu, Qt::Key_Return);
+    QCoreApplication::processEvents();
   }
   /// The next file that is asked for.
   void SaveAs(const QString& file) {

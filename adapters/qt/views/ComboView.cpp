@@ -68,7 +68,7 @@ class WheelPasses : public QObject {
 class ListMenu : public QObject {
  public:
   ListMenu(QComboBox& box, FormWindow& window, const ComboBox& combo)
-      : QObject(&box), box_(box), window_(window), combo_(combo) {
+      : QObject(&box), menu_(new QMenu(&box)), window_(window), combo_(combo) {
     box.installEventFilter(this);
   }
 
@@ -85,16 +85,12 @@ class ListMenu : public QObject {
 
  private:
   void Open(const QContextMenuEvent& asked) {
-    auto* const menu = new QMenu(&box_);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    window_.FrontEnd().GridMenuOpening(*menu, window_, combo_);
-    if (menu->isEmpty())
-      delete menu;
-    else
-      menu->popup(asked.globalPos());
+    menu_->clear();
+    window_.FrontEnd().GridMenuOpening(*menu_, window_, combo_);
+    if (!menu_->isEmpty()) menu_->popup(asked.globalPos());
   }
 
-  QComboBox& box_;
+  QMenu* menu_;  // the box's
   FormWindow& window_;
   const ComboBox& combo_;
 };
