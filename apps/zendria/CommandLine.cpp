@@ -28,7 +28,9 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, st
   app.add_option("--odbc", line.odbc,
                  "En su lugar, cadena de conexión ODBC; sin contraseña (PWD), la pregunta")
       ->type_name("CADENA");
-  app.add_option("--usuario", line.user, "Entra como el usuario N sin preguntar")->type_name("N");
+  app.add_option("--usuario", line.user,
+                 "Entra como el usuario N sin preguntar quién; su contraseña, si tiene, sí")
+      ->type_name("N");
   app.footer(
       "Estado de salida: 0; 1 si la escuela pedida no se pudo abrir; 2 si los argumentos no\n"
       "valen; 3 si no hay pantalla; 4 si, al pedirle que acabe, algo falló en una pantalla\n"
