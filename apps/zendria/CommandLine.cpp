@@ -20,7 +20,8 @@ std::optional<CommandLine> ReadCommandLine(int argc, const char* const* argv, st
   app.add_option("--odbc", line.odbc,
                  "En su lugar, cadena de conexión ODBC; sin contraseña (PWD), la pregunta")
       ->type_name("CADENA");
-  AddNumber(app, "--usuario", line.user, "Entra como el usuario N sin preguntar");
+  AddNumber(app, "--usuario", line.user,
+            "Entra como el usuario N sin preguntar quién; su contraseña, si tiene, sí");
   app.footer(
       "Estado de salida: 0; 1 si la escuela pedida no se pudo abrir; 2 si los argumentos no\n"
       "valen; 3 si no hay pantalla; 4 si, al pedirle que acabe, algo falló en una pantalla\n"
