@@ -103,8 +103,8 @@ const CLI::App* AddImport(CLI::App& app, Arguments& arguments) {
 
 const CLI::App* AddState(CLI::App& app, Arguments& arguments) {
   auto* state = AddCommand(app, "estado", "Dice qué notas faltan, y de quién", arguments);
-  state->add_option("--evaluacion", arguments.state.filter.evaluation, "Solo esa evaluación")
-      ->type_name("N");
+  quorvane::AddNumber(*state, "--evaluacion", arguments.state.filter.evaluation,
+                      "Solo esa evaluación", 1);
   state->add_flag("--faltan", arguments.state.filter.missingOnly, "Solo donde falta alguna");
   state->add_flag("--detalle", arguments.state.detail, "También las materias de cada sección");
   state->add_flag("--profesores", arguments.state.byTeacher, "Por profesores, y no por secciones");
@@ -119,7 +119,7 @@ const CLI::App* AddReport(CLI::App& app, Arguments& arguments) {
   auto& options = arguments.report;
   report->add_option("--seccion", options.section, "Los alumnos de esa sección: su número o nombre")
       ->type_name("N");
-  report->add_option("--alumno", options.student, "De la sección, ese alumno")->type_name("N");
+  quorvane::AddNumber(*report, "--alumno", options.student, "De la sección, ese alumno", 1);
   report->add_option("--materia", options.subject, "Los que tienen pendiente esa materia")
       ->type_name("N");
   report->add_flag("--todas", options.all, "Todas las secciones, en la carpeta de --salida");
@@ -137,11 +137,11 @@ const CLI::App* AddHistory(CLI::App& app, Arguments& arguments) {
       AddCommand(app, "historial", "Guarda y enseña quién cambió cada nota, y cuándo", arguments);
   auto& options = arguments.history;
   history->add_option("ORDEN", options.order, "activar, desactivar, ver o purgar")->type_name("");
-  history->add_option("--alumno", options.filter.student, "ver: ese alumno")->type_name("N");
-  history->add_option("--materia", options.filter.subject, "ver: esa materia")->type_name("N");
-  history->add_option("--evaluacion", options.filter.evaluation, "ver: esa evaluación")
-      ->type_name("N");
-  history->add_option("--usuario", options.filter.user, "ver: ese usuario")->type_name("N");
+  quorvane::AddNumber(*history, "--alumno", options.filter.student, "ver: ese alumno", 1);
+  quorvane::AddNumber(*history, "--materia", options.filter.subject, "ver: esa materia", 1);
+  quorvane::AddNumber(*history, "--evaluacion", options.filter.evaluation, "ver: esa evaluación",
+                      1);
+  quorvane::AddNumber(*history, "--usuario", options.filter.user, "ver: ese usuario", 1);
   history->add_option("--desde", options.filter.from, "ver: desde ese día, UTC")
       ->type_name("FECHA");
   history->add_option("--hasta", options.filter.to, "ver: hasta ese día, UTC")->type_name("FECHA");

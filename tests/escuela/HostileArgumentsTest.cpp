@@ -44,6 +44,12 @@ TEST_F(HostileArgumentsTest, EveryNumberOfEveryProgramIsPlainDecimalOrRefused) {
       {kSchoolTool, "bloqueos " + path_, "--borrar"},
       {kSchoolTool, "generar " + path_ + "2 --semilla 1", "--alumnos"},
       {kSchoolTool, "generar " + path_ + "2 --alumnos 1", "--semilla"},
+      {kSchoolTool, "estado " + path_, "--evaluacion"},
+      {kSchoolTool, "informe --seccion 321 --salida " + path_ + "2 " + path_, "--alumno"},
+      {kSchoolTool, "historial " + path_ + " ver", "--alumno"},
+      {kSchoolTool, "historial " + path_ + " ver", "--materia"},
+      {kSchoolTool, "historial " + path_ + " ver", "--evaluacion"},
+      {kSchoolTool, "historial " + path_ + " ver", "--usuario"},
       {kScriptTool, "--bd " + path_, "--usuario"},
       {kScriptTool, "--bd " + path_, "--perfil"},
       {kScriptTool, "--bd " + path_, "--centro"}};

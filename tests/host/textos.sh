@@ -12,7 +12,7 @@ fault() {
 }
 
 # The long options in a text, in order.
-options() { grep -oE -- '--[a-z]+' | sort -u; }
+options() { grep -oE -- '--[a-z]+(-[a-z]+)*' | sort -u; }
 manual() { sed 's/\\-/-/g; s/\\f[BIRP]//g' "man/$1.1"; }
 lacking() { comm -23 <(printf '%s\n' "$1") <(printf '%s\n' "$2"); }
 
