@@ -127,6 +127,22 @@ TEST_F(GridMenuTest, PastesTheClipboard) {
   });
 }
 
+TEST_F(GridMenuTest, GoesWithItsWindow) {
+  const auto another = std::make_shared<frmPrueba>("frmOtra");
+  form->cmdPagina.Click = [this, another] {
+    form->Hide();
+    another->ShowModal();
+  };
+  Then([](qt::FormWindow& window) {
+    AskOnCell(window, "rtvNotas", 0, 1);
+    ASSERT_NE(Opened(), nullptr);
+    // As when it is closed from outside: what is below the menu is out of reach.
+    dynamic_cast<frmPrueba&>(window.Model()).cmdPagina.Press();
+  });
+  Then([](auto&) { EXPECT_EQ(Opened(), nullptr); }, "cmdCancelar");
+  form->ShowModal();
+}
+
 TEST_F(GridMenuTest, OpensNoneWhereTheUserMayNotAct) {
   form->cmdPagina.Click = [this] {
     form->msgRejilla.Enabled(false);

@@ -254,6 +254,8 @@ TEST_F(SheetKeysTest, ManyLeftTextsStandInTheDetails) {
   screen.MessageShown = [&details](QMessageBox& box) {
     details = box.detailedText();
     EXPECT_TRUE(box.text().endsWith("... y 2 más, que están en los detalles."));
+    QTest::keyClick(&box, Qt::Key_Escape);
+    EXPECT_FALSE(box.isVisible());
     box.accept();
   };
   Run(OnClipboard("a\nb\nc\nd\ne\nf\ng\nh\ni\nj\nk\nl\n"), StandOn(0, 1), paste);
