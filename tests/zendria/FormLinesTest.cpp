@@ -2,8 +2,10 @@
 
 #include <QDir>
 #include <QLabel>
+#include <QScrollArea>
 #include <gtest/gtest.h>
 
+#include "adapters/qt/views/Units.h"
 #include "apps/zendria/StatementWindow.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
@@ -48,6 +50,39 @@ TEST_F(FormLinesTest, OverTheGradesSectionEvaluationAndWhatIsWalked) {
   });
   LeaveStepOne("frmNotaMateria1");
   Play(125);
+}
+
+TEST_F(FormLinesTest, TheWindowIsHigherByTheLinesAndTheFormKeepsItsMeasures) {
+  QSize plain;
+  for (const auto locked : {false, true}) {
+    if (locked) school_.Bloquea(1, 1, 3112, 2, 77);
+    StepOne("frmNotaManual1", "1");
+    robot_.On("frmNotaManual", [&plain, locked](Window& window) {
+      const auto& form = window.Model();
+      const QSize measures(form.Width(), form.Height());
+      if (!locked) plain = measures;
+      EXPECT_EQ(measures, plain);
+      const auto& strip = *window.findChild<QFrame*>("cabecera");
+      const auto& page = *window.findChild<QScrollArea*>();
+      EXPECT_EQ(strip.y(), 0);
+      EXPECT_EQ(page.y(), strip.height());
+      EXPECT_EQ(page.height(), qt::Pixels(form.ScaleHeight()));
+      EXPECT_EQ(window.height(), strip.height() + page.height());
+      const auto lines = strip.findChildren<QLabel*>();
+      for (const auto* const line : lines)
+        EXPECT_TRUE(line->isHidden() || line->height() >= line->heightForWidth(line->width()));
+      // What the user adds goes to the form.
+      window.resize(window.width(), window.height() + 40);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(page.height(), qt::Pixels(form.ScaleHeight()));
+      EXPECT_EQ(qt::Pixels(form.Height() - plain.height()), 40);
+      window.resize(window.width(), window.height() - 40);
+      QCoreApplication::processEvents();
+      Robot::Click(window, "cmdCancelar");
+    });
+    LeaveStepOne("frmNotaManual1");
+    Play(124);
+  }
 }
 
 TEST_F(FormLinesTest, ASectionThatIsCalledByItsCourseTooIsToldOnce) {
