@@ -1,7 +1,7 @@
 #include "apps/escuela/PasswordHash.h"
 
 #include <array>
-#include <sodium.h>
+#include <sodium.h>  // IWYU pragma: keep: of many headers, none of which is to be named
 
 #include "platform/RuntimeError.h"
 

@@ -5,8 +5,7 @@
 #include <csignal>
 #include <fstream>
 #include <optional>
-#include <sstream>
-#include <sys/types.h>
+#include <sstream>  // IWYU pragma: keep
 #include <unistd.h>
 
 namespace quorvane {

@@ -1,11 +1,10 @@
 #include "apps/escuela/PublicationNotes.h"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <sstream>
+#include <sstream>  // IWYU pragma: keep
 #include <system_error>
 #include <unistd.h>
 

@@ -23,6 +23,13 @@ std::size_t Letters(const std::string& text) {
 
 bool UserPasswords::Kept() const { return EngineReached(school_) == sqltext::Engine::Sqlite; }
 
+void UserPasswords::RequireKept() const {
+  if (!Kept())
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "Esta escuela está en un servidor, donde cada uno entra con su usuario y su "
+                       "contraseña del servidor: cámbiela en él");
+}
+
 std::map<std::int32_t, std::string> UserPasswords::Hashes() const {
   std::map<std::int32_t, std::string> hashes;
   if (!Kept() || !HasTable(school_, kTable)) return hashes;
@@ -73,10 +80,7 @@ std::string UserPasswords::Fault(const std::string& password) {
 }
 
 void UserPasswords::Set(std::int32_t user, const std::string& password) {
-  if (!Kept())
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "Esta escuela está en un servidor, donde cada uno entra con su usuario y su "
-                       "contraseña del servidor: cámbiela en él");
+  RequireKept();
   if (const auto fault = Fault(password); !fault.empty())
     throw RuntimeError(ErrorNumber::StatementFailed, fault);
   const auto hash = PasswordHash(password);

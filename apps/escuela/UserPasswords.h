@@ -31,6 +31,8 @@ class UserPasswords {
 
   /// Whether the school is of the kind that keeps passwords.
   [[nodiscard]] bool Kept() const;
+  /// Error 0x80004005 where it isn't.
+  void RequireKept() const;
   [[nodiscard]] bool Any() const;
   /// All users by their number; a school from elsewhere may not have their names.
   [[nodiscard]] std::vector<Account> List() const;

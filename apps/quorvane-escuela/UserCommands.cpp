@@ -67,6 +67,7 @@ int SetPassword(const SchoolAddress& address, const std::string& user) {
   const auto school = address.Open("");
   RequireSchool(*school);
   UserPasswords passwords(*school);
+  passwords.RequireKept();
   const auto account = FindUser(passwords, user);
   if (!account) return 1;
   auto password = AskNewPassword("Contraseña nueva del " + Shown(*account));
