@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+#include "apps/zendria/CellHistory.h"
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/GradeRescue.h"
 #include "apps/zendria/OversightMenu.h"
@@ -112,6 +113,7 @@ class MainWindow : public QMainWindow {
   QAction active_;
   QAction locks_;
   OversightMenu oversight_{*this};
+  CellHistory cellHistory_;
   std::unique_ptr<StatementWindow> statements_;
 };
 
