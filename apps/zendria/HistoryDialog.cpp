@@ -16,6 +16,7 @@ namespace {
 
 constexpr auto kDaysShown = 30;
 constexpr auto kMostShown = 2000;
+constexpr auto kFirstYear = 2000;
 
 QString Text(const std::string& text) { return QString::fromStdString(text); }
 
@@ -33,11 +34,17 @@ std::string Day(const QDateEdit& field) {
 
 }  // namespace
 
-HistoryDialog::HistoryDialog(Connection& school, QWidget* parent)
-    : QDialog(parent), school_(school) {
+HistoryDialog::HistoryDialog(Connection& school, const HistoryFilter& of, const QString& title,
+                             QWidget* parent)
+    : QDialog(parent), school_(school), of_(of) {
   setObjectName("historial");
   setWindowTitle("Historial de notas");
   Build();
+  if (!title.isEmpty()) {
+    setWindowTitle(windowTitle() + ": " + title);
+    from_.setDate(QDate(kFirstYear, 1, 1));
+    evaluation_.setEnabled(false);
+  }
   Attempt(this, [this] {
     for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion ORDER "
                                      "BY Final DESC, Orden");
@@ -111,10 +118,10 @@ void HistoryDialog::Read() {
         const GradeHistory history(school_);
         kept = history.Kept();
         active = history.Active();
-        HistoryFilter filter;
+        auto filter = of_;
         filter.from = Day(from_);
         filter.to = Day(to_);
-        filter.evaluation = evaluation_.currentData().toInt();
+        if (filter.evaluation == 0) filter.evaluation = evaluation_.currentData().toInt();
         changes_ = history.Read(filter);
       }))
     return;

@@ -16,7 +16,10 @@ namespace quorvane::zendria {
 class HistoryDialog : public QDialog {
  public:
   /// `school` is open and outlives the dialog.
-  explicit HistoryDialog(Connection& school, QWidget* parent = nullptr);
+  explicit HistoryDialog(Connection& school, QWidget* parent = nullptr)
+      : HistoryDialog(school, {}, {}, parent) {}
+  /// Of what `of` asks for alone, whenever it was; `title` is what that is called.
+  HistoryDialog(Connection& school, const HistoryFilter& of, const QString& title, QWidget* parent);
 
   [[nodiscard]] QTreeWidget& List() { return list_; }
   [[nodiscard]] QLineEdit& Words() { return words_; }
@@ -29,6 +32,7 @@ class HistoryDialog : public QDialog {
   void Show();
 
   Connection& school_;
+  HistoryFilter of_;
   QDateEdit from_;
   QDateEdit to_;
   QComboBox evaluation_;

@@ -74,7 +74,8 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
       recent_("Escuelas &recientes"),
       changeUser_("Cambiar de &usuario…", this),
       active_("Año escolar &activo", this),
-      locks_("&Publicaciones y bloqueos…", this) {
+      locks_("&Publicaciones y bloqueos…", this),
+      cellHistory_(screen, [this] { return school_ == nullptr ? nullptr : &school_->Own(); }) {
   setWindowTitle(kTitle);
   setWindowIcon(qt::IconStore::Load("zendria.ico"));
   pages_.addWidget(&welcome_);

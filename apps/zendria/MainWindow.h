@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+#include "apps/zendria/CellHistory.h"
 #include "apps/zendria/Centre.h"
 #include "apps/zendria/FormLines.h"
 #include "apps/zendria/GradeDrafts.h"
@@ -132,6 +133,7 @@ class MainWindow : public QMainWindow {
   QAction active_;
   QAction locks_;
   OversightMenu oversight_{*this};
+  CellHistory cellHistory_;
   std::unique_ptr<StatementWindow> statements_;
 };
 

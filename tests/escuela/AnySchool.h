@@ -30,6 +30,7 @@ class AnySchool {
     return OnServer() ? "--odbc '" + OwnerString(school_.Path()) + "'" : school_.Path();
   }
   [[nodiscard]] const std::string& Path() const noexcept { return school_.Path(); }
+  [[nodiscard]] const TestSchool& School() const noexcept { return school_; }
   [[nodiscard]] Connection& Db() const noexcept { return *db_; }
   void Sql(const std::string& statement) const { db_->Execute(statement); }
   [[nodiscard]] int Number(const std::string& select) const {

@@ -3,7 +3,10 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
+#include <QMenu>
+#include <QTableView>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
@@ -141,6 +144,46 @@ TEST_F(OversightTest, TheHistoryShowsTheNewestFirstAndSaysWhenItIsOff) {
   dialog.Words().clear();
   dialog.From().setDate(QDate::currentDate().addDays(1));
   EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+}
+
+TEST_F(OversightTest, AGradeCellOffersItsOwnHistory) {
+  GradeHistory(school_).Activate();
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=6 WHERE CodNumEvaluacion=2");
+  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  robot_.OnDialog("estado", [](QWidget& shown) {
+    auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
+    emit tree.itemActivated(Child(tree.topLevelItem(1), "3º ESO A"), 0);
+  });
+  robot_.On("frmNotaManual1", {"cmdNotaManual1(0)"});
+  auto shown = -1;
+  robot_.OnDialog("historial", [&shown](QWidget& dialog) {
+    auto& list = dynamic_cast<zendria::HistoryDialog&>(dialog).List();
+    shown = list.topLevelItemCount();
+    for (int i = 0; i < shown; ++i) EXPECT_EQ(list.topLevelItem(i)->text(3), "2ª Evaluación");
+    dialog.close();
+  });
+  robot_.On("frmNotaManual", [](qt::FormWindow& window) {
+    auto* const table = dynamic_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
+    ASSERT_NE(table, nullptr);
+    table->setCurrentIndex(table->model()->index(0, 1));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(table, &event);
+    auto* const menu = window.findChild<QMenu*>("menuNota");
+    ASSERT_NE(menu, nullptr);
+    auto* const action = menu->actions().front();
+    menu->close();
+    action->trigger();
+    window.close();
+  });
+  robot_.On("frmNotaManual1", [](qt::FormWindow& window) { window.close(); });
+  window_->findChild<QAction*>("estadoEvaluacion")->trigger();
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_EQ(shown, school_
+                       .Execute("SELECT COUNT(*) FROM HistorialNotas WHERE "
+                                "CodAlumnoPte_MatDet=1 AND CodNumEvaluacion=2")
+                       .Fields(0)
+                       .Long());
+  EXPECT_GT(shown, 0);
 }
 
 TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {

@@ -54,6 +54,7 @@ std::string Conditions(const HistoryFilter& filter, Engine engine) {
   equal("HistorialNotas.CodMatDet", filter.subject);
   equal("HistorialNotas.CodNumEvaluacion", filter.evaluation);
   equal("HistorialNotas.CodUsuario", filter.user);
+  equal("HistorialNotas.CodAlumnoPte_MatDet", filter.pending);
   if (!filter.from.empty()) add("HistorialNotas.Momento>=" + Quoted(filter.from, engine));
   if (!filter.to.empty()) add("HistorialNotas.Momento<" + Quoted(filter.to + kEndOfDay, engine));
   return text;

@@ -15,8 +15,9 @@ struct HistoryFilter {
   std::int32_t subject = 0;  ///< `MateriaDetalles`
   std::int32_t evaluation = 0;
   std::int32_t user = 0;
-  std::string from;  ///< a moment as yyyy-mm-dd, or the beginning of one; of UTC
-  std::string to;    ///< a day, which counts too
+  std::int32_t pending = 0;  ///< `IDAlumnoPte_MatDet`: one subject of one student
+  std::string from;          ///< a moment as yyyy-mm-dd, or the beginning of one; of UTC
+  std::string to;            ///< a day, which counts too
 };
 
 /// A change of a grade, or a row that came or went.

@@ -1,0 +1,138 @@
+// A year in which everything that the head of studies asks for is used, with every count held
+// against plain SQL: in a file, or on the server that the tests run beside.
+
+#include <filesystem>
+#include <fstream>
+
+#include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/history/GradeHistory.h"
+#include "apps/escuela/import/SchoolImport.h"
+#include "apps/escuela/repair/SchoolRepair.h"
+#include "apps/escuela/report/ReportReader.h"
+#include "apps/escuela/state/SchoolState.h"
+#include "tests/escuela/AnySchool.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/ScriptRun.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr auto kFirst = 1;
+constexpr auto kMaths = 20;  // of 2º ESO A
+constexpr auto kMusic = 25;
+
+class SchoolYearTest : public testing::Test {
+ protected:
+  SchoolYearTest() {
+    for (const auto* const table :
+         {"PublicacionPte", "BloqueoPte", "EvaluacionPte", "EvaluacionActaPte", "AlumnoPte_MatDet",
+          "Seccion_AlumnoPte", "Profesor_Pte", "FechaNotas"})
+      school_.Sql(std::string("DELETE FROM ") + table);
+  }
+  ~SchoolYearTest() override {
+    history_.Deactivate();
+    if (history_.Kept()) school_.Sql("DROP TABLE HistorialNotas");
+  }
+
+  /// In September: the students of 3º ESO A that the school lists, with two subjects each.
+  int ImportRegister() {
+    const auto file = folder_ / "septiembre.csv";
+    std::ofstream lines(file);
+    lines << "alumno;sección;materia;curso;evaluaciones;profesor\n";
+    auto count = 0;
+    for (auto rows = school_.Db().Execute("SELECT IDAlumno FROM Alumno WHERE CodSeccion=5 AND "
+                                          "(FechaBaja='' OR FechaBaja IS NULL)");
+         !rows.Eof(); rows.MoveNext(), ++count)
+      for (const auto* const subject : {"Matemáticas", "Música"})
+        lines << rows.Fields(0).Text() << ";3º ESO A;" << subject
+              << ";2º ESO A;1ª Evaluación + Final Ordinaria;Ortega Gutiérrez, Marco\n";
+    lines.close();
+    const auto report = quorvane::ImportRegister(school_.Address(), file, {});
+    EXPECT_THAT(report.misfits, IsEmpty());
+    EXPECT_EQ(report.subjects, static_cast<std::size_t>(2 * count));
+    return count;
+  }
+
+  /// A user grades one subject of the section in the first evaluation, and leaves by saving unless
+  /// he `stays`, as one whose computer goes down.
+  ScriptResult Grade(int user, int profile, int subject, const char* grade, bool stays) {
+    ScriptOptions options;
+    options.usuario = user;
+    options.perfil = profile;
+    options.hoy = "10/12/2025";
+    return RunScript(school_.School(),
+                     std::string("nodo 127\nelegir cboTipoEnsenanza =3\nelegir cboCursos \"3º "
+                                 "ESO\"\nelegir cboSecciones \"3º ESO A\"\nelegir cboEvaluaciones "
+                                 "\"1ª Evaluación\"\nelegir cboMateria =") +
+                         std::to_string(subject) +
+                         "\npulsar cmdNotaManual1(0)\neditar rtvNotasAlumno 1 1 \"" + grade +
+                         "\"\n" + (stays ? "" : "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n"),
+                     options);
+  }
+
+  AnySchool school_;
+  TempFolder folder_;
+  GradeHistory history_{school_.Db()};
+};
+
+TEST_F(SchoolYearTest, EndsWithEveryCountRight) {
+  const auto students = ImportRegister();
+  ASSERT_GT(students, 3);
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionPte"), 2 * students);
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionActaPte"), 2 * students);
+  history_.Activate();
+
+  const auto director = Grade(1, 0, kMaths, "7", false);
+  EXPECT_THAT(director.Of("rechazo"), IsEmpty()) << director.Text();
+  Grade(1, 0, kMusic, "6", true);
+  const auto late = Grade(2, 0, kMusic, "5", false);
+  EXPECT_FALSE(late.Of("rechazo").empty()) << "somebody else holds it:\n" << late.Text();
+
+  StateFilter filter;
+  filter.evaluation = kFirst;
+  const SchoolState state(school_.Db(), "2025/12/10");
+  auto pending = 0;
+  auto entered = 0;
+  auto locked = 0;
+  for (const auto& row : state.Subjects(filter)) {
+    pending += row.pending;
+    entered += row.entered;
+    locked += row.locked;
+    EXPECT_EQ(row.locked, row.subject == kMusic ? 1 : 0);
+  }
+  EXPECT_EQ(pending, 2 * students);
+  EXPECT_EQ(entered, school_.Number("SELECT COUNT(*) FROM EvaluacionPte WHERE CodNota>0"));
+  EXPECT_EQ(entered, 1);
+  EXPECT_EQ(locked, 1);
+  ASSERT_EQ(history_.Read({}).size(), 1U);
+  EXPECT_THAT(history_.Read({})[0].user, HasSubstr("usuario 1"));
+
+  const auto report = ReportReader(school_.Db(), "IES", "10/12/2025").Section(5);
+  EXPECT_EQ(static_cast<int>(report.students.size()), students);
+  for (const auto& student : report.students) {
+    ASSERT_EQ(student.subjects.size(), 2U);
+    EXPECT_EQ(student.subjects[0].teacher, "Ortega Gutiérrez, Marco");
+  }
+
+  school_.Sql("DELETE FROM Alumno WHERE IDAlumno=32");
+  school_.Sql("INSERT INTO Profesor_Pte SELECT 0, CodMatDet FROM Profesor_Pte");
+  RepairOptions options;
+  options.backedUp = true;
+  options.publicationsToo = true;
+  const auto repaired = RepairSchool(school_.Address(), options);
+  if (!repaired.copy.empty()) std::filesystem::remove(repaired.copy);
+  EXPECT_THAT(SchoolCheck(school_.Db()).Rows(), IsEmpty());
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionPte"), 2 * (students - 1));
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet"), 2 * (students - 1));
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM Profesor_Pte WHERE CodProfesor=2"), 2);
+
+  const auto opened = RunScript(school_.School(),
+                                "nodo 123\nelegir cboTEnsenanza =3\nelegir cboCurso \"3º ESO\"\n"
+                                "elegir cboSeccion \"3º ESO A\"\npulsar cmdAceptar\n");
+  EXPECT_THAT(opened.Of("muestra"), Contains("frmAlumnoPendiente"));
+  EXPECT_THAT(opened.Of("error"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quorvane::test
