@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <string>
 #include <string_view>
 #include <termios.h>
 #include <unistd.h>
@@ -32,14 +33,16 @@ class Terminal {
     static_cast<void>(!write(handle_, text.data(), text.size()));
   }
 
-  /// A line that isn't shown, without its end. Ctrl+C ends the program, once the terminal shows
-  /// again what is typed.
-  [[nodiscard]] std::string ReadHidden() const {
+  /// Asks, and gives a line that isn't shown, without its end. Ctrl+C ends the program, once the
+  /// terminal shows again what is typed.
+  [[nodiscard]] std::string ReadHidden(const std::string& question) const {
     termios before{};
     tcgetattr(handle_, &before);
     auto hidden = before;
     hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
     tcsetattr(handle_, TCSAFLUSH, &hidden);
+    // Only now: who answers at once isn't shown either.
+    Write(question);
     constexpr std::size_t kMost = 900;
     std::string line;
     auto interrupted = false;
@@ -88,8 +91,7 @@ SchoolAddress WithPassword(const SchoolAddress& address) {
   if (!address.IsOdbc() || string.Has("PWD") || string.Has("Password")) return address;
   const Terminal terminal;
   if (!terminal.IsThere() || OpensAsItIs(address)) return address;
-  terminal.Write("Contraseña de " + Told(address.Shown()) + ": ");
-  string.Set("PWD", terminal.ReadHidden());
+  string.Set("PWD", terminal.ReadHidden("Contraseña de " + Told(address.Shown()) + ": "));
   return SchoolAddress::Odbc(string.Text());
 }
 
