@@ -1,10 +1,11 @@
 #include "apps/escuela/FieldValues.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <string_view>
+#include <utility>
 
 #include "apps/escuela/SchoolAddress.h"
 #include "frame/schema/SchoolSchema.h"
@@ -19,6 +20,32 @@ struct Field {
   std::int64_t least;
   std::int64_t most;
 };
+
+/// A column that the module reads into a smaller field than the table's.
+struct Narrow {
+  std::string_view table;
+  std::string_view column;
+  SchemaKind kind;
+};
+
+constexpr Narrow kNarrow[] = {
+    // The register knows its evaluations and courses by a byte,
+    {"NumEvaluacion", "IDNumEvaluacion", SchemaKind::Byte},
+    {"NumEvaluacion", "Orden", SchemaKind::Byte},
+    {"Seccion", "CodCurso", SchemaKind::Byte},
+    // and sections, staff and users are known by 16 bits, to the grade forms and to the session.
+    {"Seccion", "IDSeccion", SchemaKind::Short},
+    {"MateriaDetalles", "CodSeccion", SchemaKind::Short},
+    {"Personal", "IDPersonal", SchemaKind::Short},
+    {"Usuario", "IDUsuario", SchemaKind::Short},
+    {"Usuario", "CodPerfil", SchemaKind::Short},
+};
+
+SchemaKind KindRead(const SchemaTable& table, const SchemaColumn& column) {
+  for (const auto& narrow : kNarrow)
+    if (table.name == narrow.table && column.name == narrow.column) return narrow.kind;
+  return column.kind;
+}
 
 constexpr std::int64_t kLastKey = std::numeric_limits<std::int32_t>::max();
 
@@ -79,12 +106,13 @@ class TableValues {
       const auto free = column.mark == SchemaMark::FreeName && i < names.size();
       for (const auto& name : names)
         if (EqualNoCase(name, free ? names[i] : column.name))
-          CheckColumn(free ? name : column.name, column.kind);
+          CheckColumn(free ? name : column.name, column);
     }
   }
 
  private:
-  void CheckColumn(const std::string& name, SchemaKind kind) {
+  void CheckColumn(const std::string& name, const SchemaColumn& column) {
+    const auto kind = KindRead(table_, column);
     const auto field = FieldOf(kind);
     if (!field) return;
     if (const auto bad = CountBad("[" + name + "]", *field, kind); bad == kNoNumbers)
@@ -93,7 +121,7 @@ class TableValues {
       Find("Valores que no caben en " + table_.name + "." + name + ": " + Counted(bad) +
            " sin un número de " + std::to_string(field->least) + " a " +
            std::to_string(field->most));
-    if (kind == SchemaKind::Key) CheckKey(name);
+    if (column.kind == SchemaKind::Key) CheckKey(name);
   }
 
   void CheckKey(const std::string& name) {

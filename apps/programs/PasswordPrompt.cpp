@@ -31,8 +31,7 @@ SchoolAddress WithPassword(const SchoolAddress& address) {
   if (!address.IsOdbc() || string.Has("PWD") || string.Has("Password")) return address;
   const Terminal terminal;
   if (!terminal.IsThere() || OpensAsItIs(address)) return address;
-  terminal.Write("Contraseña de " + Told(address.Shown()) + ": ");
-  string.Set("PWD", terminal.ReadHidden());
+  string.Set("PWD", terminal.ReadHidden("Contraseña de " + Told(address.Shown()) + ": "));
   return SchoolAddress::Odbc(string.Text());
 }
 

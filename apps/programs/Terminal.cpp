@@ -18,12 +18,14 @@ void Terminal::Write(std::string_view text) const {
   static_cast<void>(!write(handle_, text.data(), text.size()));
 }
 
-std::string Terminal::ReadHidden() const {
+std::string Terminal::ReadHidden(std::string_view question) const {
   termios before{};
   tcgetattr(handle_, &before);
   auto hidden = before;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
   tcsetattr(handle_, TCSAFLUSH, &hidden);
+  // Only now: who answers at once isn't shown either.
+  Write(question);
   constexpr std::size_t kMost = 900;
   std::string line;
   auto interrupted = false;

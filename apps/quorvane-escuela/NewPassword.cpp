@@ -16,11 +16,6 @@ std::optional<std::string> Line() {
   return line;
 }
 
-std::string Typed(const Terminal& terminal, const std::string& question) {
-  terminal.Write(question + ": ");
-  return terminal.ReadHidden();
-}
-
 }  // namespace
 
 std::optional<std::string> AskNewPassword(const std::string& question) {
@@ -34,8 +29,8 @@ std::optional<std::string> AskNewPassword(const std::string& question) {
     std::cerr << "quorvane-escuela: No hay un terminal en el que preguntar la contraseña\n";
     return std::nullopt;
   }
-  auto password = Typed(terminal, question);
-  auto again = Typed(terminal, "Otra vez, para comprobarla");
+  auto password = terminal.ReadHidden(question + ": ");
+  auto again = terminal.ReadHidden("Otra vez, para comprobarla: ");
   const auto same = again == password;
   Wipe(again);
   if (same) return password;

@@ -124,11 +124,8 @@ TEST_F(HostileArgumentsTest, WhatCantBeToldIsNotDone) {
 }
 
 TEST_F(HostileArgumentsTest, WhatFindsNoRoomAtItsEndIsNoSuccess) {
-  MakeDemo();
-  const auto file = folder_ / "salida";
-  const auto told = RunBriefly(
-      "sh -c 'trap \"\" XFSZ; ulimit -f 0; " +
-      (kSchoolTool + ("bloqueos --odbc \"Driver=SQLite3;Database=" + path_)) + "\" >" + file + "'");
+  const auto told = RunBriefly("sh -c 'trap \"\" XFSZ; ulimit -f 0; " +
+                               (kSchoolTool + ("crear --help >" + folder_ / "salida")) + "'");
   EXPECT_EQ(told.status, 1) << told.text;
   EXPECT_THAT(told.text, HasSubstr("no se puede escribir la salida"));
 }

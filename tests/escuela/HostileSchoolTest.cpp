@@ -83,6 +83,22 @@ TEST_F(HostileSchoolTest, WhatEndsScreensIsFound) {
   EXPECT_THAT(Rows(), Contains(HasSubstr("Curso.IDCurso")));
 }
 
+// Some screens read a column into less than what its table holds.
+TEST_F(HostileSchoolTest, AKeyTooLargeForTheScreenThatReadsItIsFound) {
+  for (const std::string key :
+       {"NumEvaluacion.IDNumEvaluacion=256", "NumEvaluacion.Orden=256", "Seccion.CodCurso=256",
+        "Seccion.IDSeccion=32768", "MateriaDetalles.CodSeccion=32768", "Personal.IDPersonal=32768",
+        "Usuario.IDUsuario=32768", "Usuario.CodPerfil=32768"}) {
+    const auto table = key.substr(0, key.find('.'));
+    const auto column = key.substr(table.size() + 1, key.find('=') - table.size() - 1);
+    school_.Db().Execute("BEGIN");
+    Change("UPDATE " + table + " SET " + key.substr(table.size() + 1) +
+           " WHERE rowid=(SELECT MAX(rowid) FROM " + table + ")");
+    EXPECT_THAT(BadValues(school_.Db()), ElementsAre(HasSubstr(table + "." + column + ": 1 fila")));
+    school_.Db().Execute("ROLLBACK");
+  }
+}
+
 // Odd values that are left alone must do no harm: whatever passes, opens.
 TEST_F(HostileSchoolTest, OnWhatPassesAllScreensOpen) {
   const std::string odd[] = {"NULL", "'7'", "1.4", "-1", "' 3 '", "32767"};
