@@ -1,7 +1,6 @@
 #include "apps/zendria/DraftReplay.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "adapters/qt/grid/CellEdits.h"
 #include "adapters/qt/window/FormWindow.h"

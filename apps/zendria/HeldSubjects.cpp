@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <string>
 
 #include "apps/escuela/LockList.h"
 #include "apps/zendria/ClassName.h"

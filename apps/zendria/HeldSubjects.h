@@ -3,7 +3,6 @@
 #include <QString>
 #include <cstdint>
 #include <map>
-#include <string>
 #include <vector>
 
 namespace quorvane {

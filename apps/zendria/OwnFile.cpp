@@ -16,7 +16,7 @@ namespace {
 constexpr mode_t kFileMode = 0600;
 constexpr mode_t kFolderMode = 0700;
 constexpr int kMostOfOneName = 1000;
-constexpr qint64 kMostRead = 16 * 1024 * 1024;
+constexpr qint64 kMostRead = qint64{16} << 20;
 
 /// A file that isn't finished: it goes with the object, unless it was given a name.
 class UnfinishedFile {

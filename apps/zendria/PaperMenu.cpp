@@ -19,7 +19,6 @@
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
 #include "platform/controls/FormInstance.h"
-#include "platform/controls/Grid.h"
 #include "platform/controls/Label.h"
 #include "register/frmPendientes.h"
 
