@@ -183,7 +183,11 @@ void RetivoView::Clear() {
     return !Opens(table_->model()->index(cell.row, cell.column));
   });
   if (targets.empty()) return QApplication::beep();
-  Edit("Quitar notas", targets);
+  if (targets.size() > 1) return Edit("Quitar notas", targets);
+  // One key on one cell, perhaps with more to come: no message may take those.
+  Gesture([&] {
+    if (!edits_.Put(targets).isEmpty()) QApplication::beep();
+  });
 }
 
 void RetivoView::Edit(const QString& title, const std::vector<CellText>& cells) {
