@@ -16,7 +16,7 @@ std::optional<User> Only(const std::vector<User>& users, Fits fits) {
 
 std::optional<User> Named(const std::vector<User>& users, const QString& name) {
   if (name.isEmpty()) return std::nullopt;
-  const auto exact = Only(users, [&name](const User& user) { return user.name.trimmed() == name; });
+  auto exact = Only(users, [&name](const User& user) { return user.name.trimmed() == name; });
   if (exact) return exact;
   return Only(users, [folded = Folded(name)](const User& user) {
     return Folded(user.name.trimmed()) == folded;
@@ -27,7 +27,7 @@ std::optional<User> Named(const std::vector<User>& users, const QString& name) {
 
 std::optional<User> UserOfLogin(const std::vector<User>& users, const QString& login) {
   const auto name = login.trimmed();
-  if (const auto whole = Named(users, name)) return whole;
+  if (auto whole = Named(users, name)) return whole;
   const auto domain = name.lastIndexOf(u'\\');
   return domain < 0 ? std::nullopt : Named(users, name.mid(domain + 1));
 }

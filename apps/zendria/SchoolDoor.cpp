@@ -94,7 +94,7 @@ std::optional<User> SchoolDoor::SignIn(School& school, std::optional<Centre>& ce
 
 std::optional<User> SchoolDoor::ByLogin(const School& school, std::optional<Centre>& centre,
                                         std::optional<std::int32_t> user) {
-  const auto own = UserOfLogin(school.Users(), *school.Login());
+  auto own = UserOfLogin(school.Users(), *school.Login());
   if (!own) {
     Refuse(QStringLiteral("El usuario del servidor «%1» no es ninguno de los usuarios de la "
                           "escuela. Entre con el suyo, o pida que le pongan ese nombre en ella.")
