@@ -179,6 +179,16 @@ TEST_F(SheetKeysTest, ASelectionBeginsWhereTheFormHasGone) {
       Column(1, {"", "", "", "5", "5", ""}));
 }
 
+TEST_F(SheetKeysTest, EscClosesTheListWhereverTheKeyboardIs) {
+  const auto takeKeyboard = [](qt::FormWindow& window) {
+    Of(window, "cmdPagina")->setFocus(Qt::MouseFocusReason);
+    ASSERT_NE(OpenedList(window), nullptr);
+    EXPECT_EQ(window.focusWidget(), Of(window, "cmdPagina"));
+  };
+  Run(StandOn(0, 1), Press(Qt::Key_F2), takeKeyboard, Press(Qt::Key_Escape), ListIs(false),
+      [](qt::FormWindow& window) { EXPECT_TRUE(window.isVisible()); });
+}
+
 TEST_F(SheetKeysTest, EscLeavesASelectionFirst) {
   Run(StandOn(0, 1), extend, extend, Press(Qt::Key_Escape), [](qt::FormWindow& window) {
     EXPECT_TRUE(window.isVisible());

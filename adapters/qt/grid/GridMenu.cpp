@@ -41,7 +41,7 @@ void GridMenu::Open(QPoint at) {
 }
 
 bool GridMenu::eventFilter(QObject* /*watched*/, QEvent* event) {
-  // A window that makes way for the next, closed from outside, leaves no menu before that.
+  // A grid that is taken away leaves no menu behind.
   if (event->type() == QEvent::Hide) menu_->close();
   if (event->type() != QEvent::ContextMenu) return false;
   event->accept();

@@ -216,6 +216,10 @@ bool RetivoEditor::Leave() {
   return true;
 }
 
+void RetivoEditor::GiveUp() {
+  if (open_) Close(Qt::PopupFocusReason);
+}
+
 void RetivoEditor::MoveBy(int rows) {
   if (rows > 0 || list_->currentRow() >= 0)
     list_->setCurrentRow(
@@ -256,7 +260,7 @@ bool RetivoEditor::TakesKey(const QKeyEvent& key) {
       Choose(Then::Previous);
       return true;
     case Qt::Key_Escape:
-      Close(Qt::PopupFocusReason);
+      GiveUp();
       return true;
     default:
       return HandsOn(key);

@@ -43,6 +43,8 @@ class RetivoEditor : public QFrame {
   /// entry that it marks; without that the cell stays as it was. False when what he has typed fits
   /// no entry: the list then stays open and says so.
   bool Leave();
+  /// Closes and leaves the cell as it was.
+  void GiveUp();
   /// Lies at the cell again, wherever that is now.
   void Follow();
 

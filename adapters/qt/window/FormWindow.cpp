@@ -325,6 +325,8 @@ void FormWindow::reject() {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+  // Wherever the keyboard is by then, an open list is what Esc gives up.
+  if (event->key() == Qt::Key_Escape && ListIsOpen()) return list_->GiveUp();
   if (!HoldsWork(form_)) return QDialog::keyPressEvent(event);
   // Enter on a button is meant for it; elsewhere it was meant for a cell or a field.
   auto* const button = qobject_cast<QPushButton*>(focusWidget());
