@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolAddress.h"
 
 namespace quorvane {

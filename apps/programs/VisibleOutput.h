@@ -1,7 +1,6 @@
 #pragma once
 
 #include <ostream>
-#include <streambuf>
 #include <string>
 
 namespace quorvane {

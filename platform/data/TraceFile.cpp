@@ -1,7 +1,6 @@
 #include "platform/data/TraceFile.h"
 
 #include <cerrno>
-#include <cstddef>
 
 #ifdef _WIN32
 #include <cstdio>
@@ -10,7 +9,6 @@
 #include <sys/stat.h>
 #else
 #include <csignal>
-#include <ctime>
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>

@@ -21,6 +21,7 @@
 #include "apps/escuela/CellLiteral.h"
 #include "apps/escuela/CopySchool.h"
 #include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "frame/schema/SchoolSchema.h"
