@@ -1,9 +1,8 @@
 #include "apps/zendria/CellHistory.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
 #include <QMenu>
-#include <QTableView>
+#include <optional>
+#include <utility>
 
 #include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
@@ -15,13 +14,6 @@
 namespace quorvane::zendria {
 namespace {
 
-/// The table that a menu is asked for, with the keyboard or over its cells.
-QTableView* TableOf(QObject* watched) {
-  if (auto* const table = qobject_cast<QTableView*>(watched)) return table;
-  auto* const table = qobject_cast<QTableView*>(watched->parent());
-  return table != nullptr && table->viewport() == watched ? table : nullptr;
-}
-
 /// What the current cell of the grid is the grade of.
 std::optional<GradeEdit> CellOf(const Form& form, const Retivo& grid) {
   try {
@@ -31,41 +23,36 @@ std::optional<GradeEdit> CellOf(const Form& form, const Retivo& grid) {
   }
 }
 
-}  // namespace
-
-CellHistory::CellHistory(const qt::QtFrontEnd& screen, std::function<Connection*()> school)
-    : screen_(screen), school_(std::move(school)) {
-  qApp->installEventFilter(this);
-}
-
-bool CellHistory::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::ContextMenu) return false;
-  auto* const table = TableOf(watched);
-  return table != nullptr && Offer(*table, static_cast<QContextMenuEvent*>(event)->globalPos());
-}
-
-bool CellHistory::Offer(QTableView& table, const QPoint& place) {
-  auto* const window = screen_.ActiveWindow();
-  if (window == nullptr || table.window() != window || screen_.Busy()) return false;
-  const auto& form = window->Model();
-  const auto* const grid = dynamic_cast<const Retivo*>(form.Find(table.objectName().toStdString()));
-  if (grid == nullptr) return false;
-  const auto edit = CellOf(form, *grid);
-  if (!edit) return false;
-  auto* const menu = new QMenu(window);
-  menu->setObjectName("menuNota");
-  menu->setAttribute(Qt::WA_DeleteOnClose);
+void Offer(QMenu& menu, qt::FormWindow& window, const Retivo& grid,
+           const std::function<Connection*()>& school) {
+  const auto edit = CellOf(window.Model(), grid);
+  if (!edit) return;
   HistoryFilter filter;
   filter.pending = edit->cell.pending;
   filter.evaluation = edit->sheet.evaluacion;
   const auto title = QString::fromStdString(edit->cell.studentText + ", " + edit->cell.subjectText);
-  QObject::connect(menu->addAction("&Historial de esta nota…"), &QAction::triggered, window,
-                   [school = school_, filter, title, window] {
-                     if (auto* const connection = school())
-                       HistoryDialog(*connection, filter, title, window).exec();
-                   });
-  menu->popup(place);
-  return true;
+  auto* const action = menu.addAction("&Historial de esta nota…");
+  action->setObjectName("historialDeNota");
+  // Behind the menu's own event, which a dialog would hold up.
+  QObject::connect(
+      action, &QAction::triggered, &window,
+      [school, filter, title, &window] {
+        if (window.FrontEnd().Leaving()) return;
+        if (auto* const connection = school())
+          HistoryDialog(*connection, filter, title, &window).exec();
+      },
+      Qt::QueuedConnection);
+}
+
+}  // namespace
+
+CellHistory::CellHistory(qt::QtFrontEnd& screen, std::function<Connection*()> school) {
+  screen.GridMenuOpening = [before = std::move(screen.GridMenuOpening), school = std::move(school)](
+                               QMenu& menu, qt::FormWindow& window, const Control& control) {
+    if (before) before(menu, window, control);
+    if (const auto* const grid = dynamic_cast<const Retivo*>(&control))
+      Offer(menu, window, *grid, school);
+  };
 }
 
 }  // namespace quorvane::zendria

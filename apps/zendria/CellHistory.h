@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QObject>
 #include <functional>
-
-class QTableView;
 
 namespace quorvane {
 class Connection;
@@ -14,20 +11,12 @@ class QtFrontEnd;
 
 namespace quorvane::zendria {
 
-/// Offers the history of the grade in a menu of each cell of a grade form, while it lives.
-class CellHistory : public QObject {
+/// Offers the history of the grade in the menu of each cell of a grade form.
+class CellHistory {
  public:
-  /// `screen` outlives it. `school` gives the connection that the host asks for itself; null for
-  /// none.
-  CellHistory(const qt::QtFrontEnd& screen, std::function<Connection*()> school);
-
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  bool Offer(QTableView& table, const QPoint& place);
-
-  const qt::QtFrontEnd& screen_;
-  std::function<Connection*()> school_;
+  /// Adds itself to `QtFrontEnd::GridMenuOpening`, behind what stands there. `school` gives the
+  /// connection that the host asks for itself; null for none.
+  CellHistory(qt::QtFrontEnd& screen, std::function<Connection*()> school);
 };
 
 }  // namespace quorvane::zendria

@@ -168,11 +168,14 @@ TEST_F(OversightTest, AGradeCellOffersItsOwnHistory) {
     table->setCurrentIndex(table->model()->index(0, 1));
     QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(table, &event);
-    auto* const menu = window.findChild<QMenu*>("menuNota");
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
-    auto* const action = menu->actions().front();
+    auto* const action = menu->findChild<QAction*>("historialDeNota");
+    ASSERT_NE(action, nullptr);
+    EXPECT_NE(menu->findChild<QAction*>("imprimir"), nullptr) << "beside what else there is";
     menu->close();
     action->trigger();
+    QCoreApplication::processEvents();
     window.close();
   });
   robot_.On("frmNotaManual1", [](qt::FormWindow& window) { window.close(); });
