@@ -3,6 +3,7 @@
 
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/history/HistoryTriggers.h"
+#include "platform/RuntimeError.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -149,6 +150,30 @@ TEST_F(GradeHistoryTest, WhoWorksNeedsNoRightToIt) {
   EXPECT_EQ(GradeHistory(*worker).Read({}).size(), 1U);
 }
 
+TEST_F(GradeHistoryTest, AWorkersOwnTablesStandInNobodysPlace) {
+  if (!OnServer()) GTEST_SKIP() << "a file knows no rights";
+  history_.Activate();
+  const auto worker = SchoolAddress::Odbc(ServerString(school_.Path())).Open("");
+  ASSERT_NE(worker->Execute("SELECT CAST(current_user AS text)").Fields(0).Text(),
+            school_.Rows("SELECT CAST(current_user AS text)")[0]);
+  worker->Execute("CREATE TEMP TABLE HistorialNotas AS SELECT * FROM HistorialNotas");
+  worker->Execute("CREATE TEMP TABLE BloqueoPte AS SELECT * FROM BloqueoPte");
+  worker->Execute(
+      "INSERT INTO BloqueoPte SELECT DISTINCT 0, 3, CodMatDet, 4, 1 FROM AlumnoPte_MatDet");
+  for (const std::string table : {"HistorialNotas", "BloqueoPte"})
+    worker->Execute("GRANT ALL ON " + table + " TO PUBLIC");
+  worker->Execute("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  EXPECT_EQ(worker->Execute("SELECT COUNT(*) FROM HistorialNotas").Fields(0).Long(), 0);
+  worker->Execute("DROP TABLE HistorialNotas");
+  const auto kept = history_.Read({});
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_EQ(kept[0].user, "") << "the lock is one that he has made up";
+  worker->Execute("CREATE TEMP TABLE Falsa AS SELECT * FROM EvaluacionPte WHERE 1=0");
+  EXPECT_THROW(worker->Execute("CREATE TRIGGER Falso AFTER INSERT ON Falsa FOR EACH ROW EXECUTE "
+                               "FUNCTION Historial_EvaluacionPte_INSERT()"),
+               RuntimeError);
+}
+
 TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
   const auto run = [&](const std::string& rest) {
     return RunCommand(QUORVANE_ESCUELA " historial " + school_.Argument() + " " + rest);
@@ -178,7 +203,8 @@ TEST(HistoryTriggersTest, EveryEngineWatchesTheSameColumnsOfTheSameTables) {
   using sqltext::Engine;
   for (const auto engine : {Engine::Sqlite, Engine::PostgreSql, Engine::SqlServer}) {
     std::string all;
-    for (const auto& statement : HistoryTriggersSql(engine, "CodUsuario")) all += statement + "\n";
+    for (const auto& statement : HistoryTriggersSql(engine, "CodUsuario", "public"))
+      all += statement + "\n";
     for (const auto& table : WatchedTables()) {
       for (const auto* const event : {"UPDATE", "INSERT", "DELETE"})
         EXPECT_THAT(all, HasSubstr("Historial_" + std::string(table.name) + "_" + event));

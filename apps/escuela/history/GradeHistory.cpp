@@ -22,6 +22,11 @@ std::string Quoted(const std::string& text, Engine engine) {
   return quoted;
 }
 
+std::string SchemaOf(Connection& school, Engine engine) {
+  if (engine != Engine::PostgreSql) return {};
+  return school.Execute(std::string(kSchemaQuery)).Fields(0).Text();
+}
+
 std::string ColumnTitle(const std::string& column) {
   static const std::map<std::string, std::string> titles = {
       {"CodNota", "Nota"},
@@ -107,9 +112,10 @@ void GradeHistory::Activate() {
   if (!locks || locks->size() <= kLockUser)
     throw RuntimeError(ErrorNumber::StatementFailed, "Falta la tabla BloqueoPte");
   const auto there = Kept();
+  const auto schema = SchemaOf(school_, engine_);
   Transaction transaction(school_);
-  if (!there) school_.Execute(HistoryTableSql(engine_));
-  for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser]))
+  if (!there) school_.Execute(HistoryTableSql(engine_, schema));
+  for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser], schema))
     school_.Execute(statement);
   if (!there && engine_ == Engine::PostgreSql) GrantReading();
   transaction.Keep();

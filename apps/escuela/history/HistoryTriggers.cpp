@@ -124,10 +124,13 @@ std::string Trigger(Engine engine, const WatchedTable& table, Event event,
          name + "()";
 }
 
-/// Whoever saves need have no right to the history; whatever fails here stays here.
-std::string Function(const WatchedTable& table, Event event, const std::string& userColumn) {
+/// Whoever saves need have no right to the history; whatever fails here stays here. It runs with
+/// the owner's rights, so that no table of the saver's own may stand in the place of the school's.
+std::string Function(const WatchedTable& table, Event event, const std::string& userColumn,
+                     const std::string& schema) {
   return "CREATE FUNCTION " + TriggerName(table, event) +
-         "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER AS $historial$ BEGIN " +
+         "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER SET search_path = " + schema +
+         ", pg_temp AS $historial$ BEGIN " +
          Joined(Keeping(Engine::PostgreSql, table, event, userColumn)) +
          "RETURN NULL; EXCEPTION WHEN OTHERS THEN RETURN NULL; END $historial$";
 }
@@ -144,23 +147,29 @@ const std::vector<WatchedTable>& WatchedTables() {
   return tables;
 }
 
-std::string HistoryTableSql(Engine engine) {
+std::string HistoryTableSql(Engine engine, const std::string& schema) {
   const std::string text = engine == Engine::Sqlite ? "TEXT" : "varchar(32)";
   const std::string number = engine == Engine::Sqlite ? "INTEGER" : "int";
   std::string key = "INTEGER PRIMARY KEY";
   if (engine == Engine::PostgreSql) key = "bigserial PRIMARY KEY";
   if (engine == Engine::SqlServer) key = "bigint IDENTITY PRIMARY KEY";
-  return "CREATE TABLE " + std::string(kHistoryTable) + " (IDHistorial " + key + ", Momento " +
-         text + ", Columna " + text + ", Antes " + number + ", Despues " + number +
-         ", CodAlumnoPte_MatDet " + number + ", CodAlumno " + number + ", CodMatDet " + number +
-         ", CodNumEvaluacion " + number + ", CodUsuario " + number + ")";
+  return "CREATE TABLE " + (schema.empty() ? "" : schema + ".") + std::string(kHistoryTable) +
+         " (IDHistorial " + key + ", Momento " + text + ", Columna " + text + ", Antes " + number +
+         ", Despues " + number + ", CodAlumnoPte_MatDet " + number + ", CodAlumno " + number +
+         ", CodMatDet " + number + ", CodNumEvaluacion " + number + ", CodUsuario " + number + ")";
 }
 
-std::vector<std::string> HistoryTriggersSql(Engine engine, const std::string& userColumn) {
+std::vector<std::string> HistoryTriggersSql(Engine engine, const std::string& userColumn,
+                                            const std::string& schema) {
   std::vector<std::string> statements;
   for (const auto& table : WatchedTables())
     for (const auto event : kEvents) {
-      if (engine == Engine::PostgreSql) statements.push_back(Function(table, event, userColumn));
+      if (engine == Engine::PostgreSql) {
+        statements.push_back(Function(table, event, userColumn, schema));
+        // Who may call it may hang it on a table of his own and write what he likes.
+        statements.push_back("REVOKE ALL ON FUNCTION " + TriggerName(table, event) +
+                             "() FROM PUBLIC");
+      }
       statements.push_back(Trigger(engine, table, event, userColumn));
     }
   return statements;
