@@ -1,8 +1,11 @@
 // Who changed which grade and when: in a school in a file, or on the server that the tests run
 // beside.
 
+#include <filesystem>
+
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/history/HistoryTriggers.h"
+#include "apps/escuela/repair/SchoolRepair.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
@@ -90,6 +93,36 @@ TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
   EXPECT_THAT(Kept(),
               ElementsAre("Alta:>:", "Nota:>" + Text(5) + ":", "Medidas:>Adaptación curricular:",
                           "Baja:>:", "Nota:" + Text(5) + ">:", "Medidas:Adaptación curricular>:"));
+}
+
+TEST_F(GradeHistoryTest, TellsWhoseGradesWereWhenTheirSubjectHasGoneFirst) {
+  history_.Activate();
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  const auto grades = " FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=1";
+  ASSERT_GT(school_.Number(std::string("SELECT COUNT(*)") + grades), 0);
+  school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1");
+  school_.Sql(std::string("DELETE") + grades);
+  const auto all = history_.Read({});
+  ASSERT_GT(all.size(), 1U);
+  for (const auto& change : all) {
+    EXPECT_EQ(change.student, "Domínguez Álvarez, Marina");
+    EXPECT_EQ(change.subject, "Matemáticas (2º ESO A)");
+  }
+}
+
+TEST_F(GradeHistoryTest, TellsWhoseGradesARepairRemoves) {
+  school_.Sql("INSERT INTO AlumnoPte_MatDet VALUES (9001,777777,1,1,0)");
+  school_.Sql("INSERT INTO EvaluacionPte VALUES (9001,9001,1,-1,5,0,0,0,0,-1)");
+  school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,9001,4,0,5,0,0,0)");
+  history_.Activate();
+  RepairOptions options;
+  options.backedUp = true;
+  const auto report = RepairSchool(school_.Address(), options);
+  if (!report.copy.empty()) std::filesystem::remove(report.copy);
+  EXPECT_EQ(report.removed, 3U);
+  const auto all = history_.Read({});
+  ASSERT_EQ(all.size(), 4U);
+  for (const auto& change : all) EXPECT_EQ(change.student, "alumno 777777");
 }
 
 TEST_F(GradeHistoryTest, FiltersByWhatIsAskedFor) {

@@ -114,7 +114,8 @@ void GradeHistory::Activate() {
   const auto there = Kept();
   const auto schema = SchemaOf(school_, engine_);
   Transaction transaction(school_);
-  if (!there) school_.Execute(HistoryTableSql(engine_, schema));
+  if (!there)
+    for (const auto& statement : HistoryTableSql(engine_, schema)) school_.Execute(statement);
   for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser], schema))
     school_.Execute(statement);
   if (!there && engine_ == Engine::PostgreSql) GrantReading();

@@ -27,14 +27,21 @@ std::string Now(Engine engine) {
 /// A SELECT of what is kept of one column, or of the row as a whole. `row` is what the engine calls
 /// the row that tells which subject and evaluation it is; `from` gives it where it isn't there by
 /// itself.
-std::string Kept(Engine engine, std::string_view row, const std::string& column,
+std::string Kept(Engine engine, Event event, std::string_view row, const std::string& column,
                  const std::string& before, const std::string& after, const std::string& userColumn,
                  const std::string& from) {
   const auto subject = std::string(row) + ".CodAlumnoPte_MatDet";
   const auto evaluation = std::string(row) + ".CodNumEvaluacion";
-  const auto pending = [&](const char* what) {
-    return std::string("(SELECT MIN(") + what +
-           ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+  const auto pending = [&](const std::string& what) {
+    const auto now =
+        "(SELECT MIN(" + what + ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+    if (event != Event::Delete) return now;
+    // A program may remove the subject before its grades: whose they were is known from before.
+    const auto history = std::string(kHistoryTable);
+    return "COALESCE(" + now + ",(SELECT MIN(Previa." + what + ") FROM " + history +
+           " Previa WHERE Previa.IDHistorial=(SELECT MAX(Ultima.IDHistorial) FROM " + history +
+           " Ultima WHERE Ultima.CodAlumnoPte_MatDet=" + subject +
+           " AND Ultima.CodAlumno IS NOT NULL)))";
   };
   return "SELECT " + Now(engine) + ",'" + column + "'," + before + "," + after + "," + subject +
          "," + pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation +
@@ -77,18 +84,20 @@ std::vector<std::string> Keeping(Engine engine, const WatchedTable& table, Event
   }
   std::vector<std::string> statements;
   if (event != Event::Update)
-    statements.push_back(
-        insert + Kept(engine, row, std::string(event == Event::Insert ? kRowAdded : kRowRemoved),
-                      "NULL", "NULL", userColumn, from));
+    statements.push_back(insert +
+                         Kept(engine, event, row,
+                              std::string(event == Event::Insert ? kRowAdded : kRowRemoved), "NULL",
+                              "NULL", userColumn, from));
   for (const auto column : table.columns) {
     const auto before = std::string(names.before) + "." + std::string(column);
     const auto after = std::string(names.after) + "." + std::string(column);
     const auto changed = event == Event::Update   ? Unequal(engine, before, after)
                          : event == Event::Insert ? after + "<>0"
                                                   : before + "<>0";
-    statements.push_back(
-        insert + Kept(engine, row, std::string(column), event == Event::Insert ? "NULL" : before,
-                      event == Event::Delete ? "NULL" : after, userColumn, from + where + changed));
+    statements.push_back(insert + Kept(engine, event, row, std::string(column),
+                                       event == Event::Insert ? "NULL" : before,
+                                       event == Event::Delete ? "NULL" : after, userColumn,
+                                       from + where + changed));
   }
   return statements;
 }
@@ -147,16 +156,18 @@ const std::vector<WatchedTable>& WatchedTables() {
   return tables;
 }
 
-std::string HistoryTableSql(Engine engine, const std::string& schema) {
+std::vector<std::string> HistoryTableSql(Engine engine, const std::string& schema) {
   const std::string text = engine == Engine::Sqlite ? "TEXT" : "varchar(32)";
   const std::string number = engine == Engine::Sqlite ? "INTEGER" : "int";
   std::string key = "INTEGER PRIMARY KEY";
   if (engine == Engine::PostgreSql) key = "bigserial PRIMARY KEY";
   if (engine == Engine::SqlServer) key = "bigint IDENTITY PRIMARY KEY";
-  return "CREATE TABLE " + (schema.empty() ? "" : schema + ".") + std::string(kHistoryTable) +
-         " (IDHistorial " + key + ", Momento " + text + ", Columna " + text + ", Antes " + number +
-         ", Despues " + number + ", CodAlumnoPte_MatDet " + number + ", CodAlumno " + number +
-         ", CodMatDet " + number + ", CodNumEvaluacion " + number + ", CodUsuario " + number + ")";
+  const auto table = (schema.empty() ? "" : schema + ".") + std::string(kHistoryTable);
+  return {"CREATE TABLE " + table + " (IDHistorial " + key + ", Momento " + text + ", Columna " +
+              text + ", Antes " + number + ", Despues " + number + ", CodAlumnoPte_MatDet " +
+              number + ", CodAlumno " + number + ", CodMatDet " + number + ", CodNumEvaluacion " +
+              number + ", CodUsuario " + number + ")",
+          "CREATE INDEX HistorialNotas_Pte ON " + table + " (CodAlumnoPte_MatDet)"};
 }
 
 std::vector<std::string> HistoryTriggersSql(Engine engine, const std::string& userColumn,

@@ -28,9 +28,9 @@ inline constexpr std::string_view kSchemaQuery =
     "pg_class.relnamespace=pg_namespace.oid WHERE relname='evaluacionpte' AND "
     "pg_table_is_visible(pg_class.oid)";
 
-/// The statement that makes the table of the history. `schema` is that of the tables of grades on
+/// The statements that make the table of the history. `schema` is that of the tables of grades on
 /// PostgreSQL, and empty elsewhere, here and below.
-std::string HistoryTableSql(sqltext::Engine engine, const std::string& schema);
+std::vector<std::string> HistoryTableSql(sqltext::Engine engine, const std::string& schema);
 
 /// The statements that have an engine keep the history, in order. `userColumn` is what the school
 /// calls the user in its locks. On PostgreSQL and SQL Server nothing that fails in them reaches
