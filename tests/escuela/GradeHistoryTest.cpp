@@ -86,6 +86,28 @@ TEST_F(GradeHistoryTest, KeepsEachColumnThatChangedWithTheUserWhoHeldTheSubject)
   EXPECT_EQ(all[2].after, "");
 }
 
+TEST_F(GradeHistoryTest, NamesNobodyForNoUserAndEverybodyForOneThatTwoShare) {
+  const auto subject =
+      school_.Rows("SELECT CodMatDet FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1")[0];
+  school_.Sql("UPDATE Personal SET CodUsuario=0 WHERE CodUsuario<>4 AND IDPersonal<>1");
+  school_.Sql("UPDATE Personal SET CodUsuario=4 WHERE IDPersonal=1");
+  const auto names = school_.Rows(
+      "SELECT Apellido1, Apellido2, Nombre FROM Personal WHERE CodUsuario=4 ORDER BY IDPersonal");
+  ASSERT_EQ(names.size(), 2U);
+  history_.Activate();
+  school_.Sql("INSERT INTO BloqueoPte VALUES (0,1," + subject + ",0,1)");
+  school_.Sql("INSERT INTO BloqueoPte VALUES (0,2," + subject + ",4,1)");
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1");
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=2");
+  const auto all = history_.Read({});
+  ASSERT_EQ(all.size(), 2U);
+  EXPECT_EQ(all[0].user, "usuario 0");
+  const auto slash = all[1].user.find(" / ");
+  ASSERT_NE(slash, std::string::npos) << all[1].user;
+  for (const auto& name : names)
+    EXPECT_THAT(all[1].user, HasSubstr(name.substr(0, name.find('|'))));
+}
+
 TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
   history_.Activate();
   school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,5,0,2,0)");

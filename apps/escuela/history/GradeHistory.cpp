@@ -71,10 +71,14 @@ class Names {
     for (auto rows = school.Execute("SELECT IDNota, DescripcionCorta FROM Nota"); !rows.Eof();
          rows.MoveNext())
       grades_[rows.Fields(0).Long()] = rows.Fields(1).Text();
-    for (auto rows =
-             school.Execute("SELECT CodUsuario, Apellido1, Apellido2, Nombre FROM Personal");
-         !rows.Eof(); rows.MoveNext())
-      users_[rows.Fields(0).Long()] = FullName(rows, 1);
+    // Whoever has no account bears 0, which says nothing about who it was.
+    for (auto rows = school.Execute(
+             "SELECT CodUsuario, Apellido1, Apellido2, Nombre FROM Personal WHERE CodUsuario<>0 "
+             "ORDER BY IDPersonal");
+         !rows.Eof(); rows.MoveNext()) {
+      auto& users = users_[rows.Fields(0).Long()];
+      users += (users.empty() ? "" : " / ") + FullName(rows, 1);
+    }
   }
 
   [[nodiscard]] std::string Grade(const Value& value, const std::string& column) const {
