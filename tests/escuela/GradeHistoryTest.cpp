@@ -147,6 +147,31 @@ TEST_F(GradeHistoryTest, TellsWhoseGradesARepairRemoves) {
   for (const auto& change : all) EXPECT_EQ(change.student, "alumno 777777");
 }
 
+TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
+  std::vector<std::string> spoilings = {
+      "DROP TRIGGER Historial_EvaluacionPte_UPDATE",
+      "DROP TABLE HistorialNotas",
+  };
+  if (OnServer()) {
+    spoilings[0] += " ON EvaluacionPte";
+    spoilings.emplace_back(
+        "ALTER TABLE EvaluacionPte DISABLE TRIGGER Historial_EvaluacionPte_UPDATE");
+    spoilings.emplace_back("ALTER FUNCTION Historial_EvaluacionPte_UPDATE() RESET ALL");
+  }
+  auto grade = 6;
+  for (const auto& spoiling : spoilings) {
+    history_.Activate();
+    school_.Sql(spoiling);
+    EXPECT_FALSE(history_.Active()) << spoiling;
+    history_.Activate();
+    EXPECT_TRUE(history_.Active()) << spoiling;
+    const auto before = Kept().size();
+    school_.Sql("UPDATE EvaluacionPte SET CodNota=" + std::to_string(grade++) +
+                " WHERE IDEvaluacionPte=3");
+    EXPECT_EQ(Kept().size(), before + 1) << spoiling;
+  }
+}
+
 TEST_F(GradeHistoryTest, FiltersByWhatIsAskedFor) {
   history_.Activate();
   school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE CodNota>0");

@@ -106,7 +106,12 @@ class Names {
 
 }  // namespace
 
-bool GradeHistory::Active() const { return !school_.Execute(HistoryTriggersQuery(engine_)).Eof(); }
+bool GradeHistory::Active() const {
+  std::size_t working = 0;
+  for (auto rows = school_.Execute(WorkingTriggersQuery(engine_)); !rows.Eof(); rows.MoveNext())
+    ++working;
+  return working == HistoryTriggersCount() && Kept();
+}
 
 bool GradeHistory::Kept() const { return HasTable(school_, std::string(kHistoryTable)); }
 
@@ -118,6 +123,8 @@ void GradeHistory::Activate() {
   const auto there = Kept();
   const auto schema = SchemaOf(school_, engine_);
   Transaction transaction(school_);
+  // What is left of one that somebody has taken pieces from.
+  for (const auto& statement : NoHistoryTriggersSql(engine_)) school_.Execute(statement);
   if (!there)
     for (const auto& statement : HistoryTableSql(engine_, schema)) school_.Execute(statement);
   for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser], schema))

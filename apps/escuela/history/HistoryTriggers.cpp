@@ -1,5 +1,7 @@
 #include "apps/escuela/history/HistoryTriggers.h"
 
+#include <iterator>
+
 namespace quorvane {
 namespace {
 
@@ -203,13 +205,23 @@ std::vector<std::string> NoHistoryTriggersSql(Engine engine) {
 
 std::string HistoryTriggersQuery(Engine engine) {
   if (engine == Engine::PostgreSql)
-    return "SELECT tgname FROM pg_trigger INNER JOIN pg_class ON pg_class.oid=tgrelid WHERE NOT "
-           "tgisinternal AND pg_table_is_visible(pg_class.oid) AND tgname LIKE "
-           "'historial\\_evaluacion%pte\\_%'";
+    return "SELECT tgname FROM pg_trigger INNER JOIN pg_class ON pg_class.oid=tgrelid INNER JOIN "
+           "pg_proc ON pg_proc.oid=tgfoid WHERE NOT tgisinternal AND "
+           "pg_table_is_visible(pg_class.oid) AND tgname LIKE 'historial\\_evaluacion%pte\\_%'";
   if (engine == Engine::SqlServer)
     return "SELECT name FROM sys.triggers WHERE name LIKE 'Historial[_]Evaluacion%Pte[_]%'";
   return "SELECT name FROM sqlite_master WHERE type='trigger' AND name LIKE "
          "'Historial?_Evaluacion%Pte?_%' ESCAPE '?'";
 }
+
+std::string WorkingTriggersQuery(Engine engine) {
+  auto query = HistoryTriggersQuery(engine);
+  if (engine == Engine::PostgreSql)
+    return query + " AND tgenabled IN ('O','A') AND prosecdef AND proconfig IS NOT NULL";
+  if (engine == Engine::SqlServer) return query + " AND is_disabled=0";
+  return query;
+}
+
+std::size_t HistoryTriggersCount() { return WatchedTables().size() * std::size(kEvents); }
 
 }  // namespace quorvane

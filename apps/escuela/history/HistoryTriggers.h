@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,5 +44,10 @@ std::vector<std::string> NoHistoryTriggersSql(sqltext::Engine engine);
 
 /// A query that gives a row for each of the triggers that stand.
 std::string HistoryTriggersQuery(sqltext::Engine engine);
+/// One for each of those that stand as they were made: none that has been switched off, nor one
+/// that runs with rights it doesn't guard.
+std::string WorkingTriggersQuery(sqltext::Engine engine);
+/// How many there are of a whole history.
+std::size_t HistoryTriggersCount();
 
 }  // namespace quorvane
