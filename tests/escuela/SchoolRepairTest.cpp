@@ -230,6 +230,29 @@ TEST_F(SchoolRepairTest, LeavesNothingBehindWhenItFails) {
   EXPECT_EQ(files(), there);
 }
 
+TEST_F(SchoolRepairTest, TouchesNothingThatItCantTell) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
+  const auto before = Content();
+  std::string copy;
+  RepairOptions options;
+  options.backedUp = true;
+  const auto refuse = [&](const RepairReport& report) {
+    EXPECT_EQ(report.undo.size(), 1U);
+    copy = report.copy;
+    throw RuntimeError(ErrorNumber::StatementFailed, "lleno");
+  };
+  EXPECT_THROW(RepairSchool(school_.Address(), options, refuse), RuntimeError);
+  EXPECT_EQ(Content(), before);
+  EXPECT_EQ(copy.empty(), OnServer());
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  const auto full = RunCommand("(" QUORVANE_ESCUELA " reparar " + school_.Argument() +
+                               " --con-copia-hecha 2>&1 >/dev/full)");
+  EXPECT_EQ(full.status, 1);
+  EXPECT_THAT(full.text, HasSubstr("no se ha tocado nada"));
+  EXPECT_EQ(Content(), before);
+}
+
 TEST_F(SchoolRepairTest, TheProgramTellsItAndEndsSo) {
   school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
   const auto run = [&](const std::string& options) {
