@@ -1,8 +1,12 @@
 // Who changed which grade and when: in a school in a file, or on the server that the tests run
 // beside.
 
+#include <filesystem>
+
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/history/HistoryTriggers.h"
+#include "apps/escuela/repair/SchoolRepair.h"
+#include "platform/RuntimeError.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -82,6 +86,28 @@ TEST_F(GradeHistoryTest, KeepsEachColumnThatChangedWithTheUserWhoHeldTheSubject)
   EXPECT_EQ(all[2].after, "");
 }
 
+TEST_F(GradeHistoryTest, NamesNobodyForNoUserAndEverybodyForOneThatTwoShare) {
+  const auto subject =
+      school_.Rows("SELECT CodMatDet FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1")[0];
+  school_.Sql("UPDATE Personal SET CodUsuario=0 WHERE CodUsuario<>4 AND IDPersonal<>1");
+  school_.Sql("UPDATE Personal SET CodUsuario=4 WHERE IDPersonal=1");
+  const auto names = school_.Rows(
+      "SELECT Apellido1, Apellido2, Nombre FROM Personal WHERE CodUsuario=4 ORDER BY IDPersonal");
+  ASSERT_EQ(names.size(), 2U);
+  history_.Activate();
+  school_.Sql("INSERT INTO BloqueoPte VALUES (0,1," + subject + ",0,1)");
+  school_.Sql("INSERT INTO BloqueoPte VALUES (0,2," + subject + ",4,1)");
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1");
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=2");
+  const auto all = history_.Read({});
+  ASSERT_EQ(all.size(), 2U);
+  EXPECT_EQ(all[0].user, "usuario 0");
+  const auto slash = all[1].user.find(" / ");
+  ASSERT_NE(slash, std::string::npos) << all[1].user;
+  for (const auto& name : names)
+    EXPECT_THAT(all[1].user, HasSubstr(name.substr(0, name.find('|'))));
+}
+
 TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
   history_.Activate();
   school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,5,0,2,0)");
@@ -89,6 +115,61 @@ TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
   EXPECT_THAT(Kept(),
               ElementsAre("Alta:>:", "Nota:>" + Text(5) + ":", "Medidas:>Adaptación curricular:",
                           "Baja:>:", "Nota:" + Text(5) + ">:", "Medidas:Adaptación curricular>:"));
+}
+
+TEST_F(GradeHistoryTest, TellsWhoseGradesWereWhenTheirSubjectHasGoneFirst) {
+  history_.Activate();
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  const auto grades = " FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=1";
+  ASSERT_GT(school_.Number(std::string("SELECT COUNT(*)") + grades), 0);
+  school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1");
+  school_.Sql(std::string("DELETE") + grades);
+  const auto all = history_.Read({});
+  ASSERT_GT(all.size(), 1U);
+  for (const auto& change : all) {
+    EXPECT_EQ(change.student, "Domínguez Álvarez, Marina");
+    EXPECT_EQ(change.subject, "Matemáticas (2º ESO A)");
+  }
+}
+
+TEST_F(GradeHistoryTest, TellsWhoseGradesARepairRemoves) {
+  school_.Sql("INSERT INTO AlumnoPte_MatDet VALUES (9001,777777,1,1,0)");
+  school_.Sql("INSERT INTO EvaluacionPte VALUES (9001,9001,1,-1,5,0,0,0,0,-1)");
+  school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,9001,4,0,5,0,0,0)");
+  history_.Activate();
+  RepairOptions options;
+  options.backedUp = true;
+  const auto report = RepairSchool(school_.Address(), options);
+  if (!report.copy.empty()) std::filesystem::remove(report.copy);
+  EXPECT_EQ(report.removed, 3U);
+  const auto all = history_.Read({});
+  ASSERT_EQ(all.size(), 4U);
+  for (const auto& change : all) EXPECT_EQ(change.student, "alumno 777777");
+}
+
+TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
+  std::vector<std::string> spoilings = {
+      "DROP TRIGGER Historial_EvaluacionPte_UPDATE",
+      "DROP TABLE HistorialNotas",
+  };
+  if (OnServer()) {
+    spoilings[0] += " ON EvaluacionPte";
+    spoilings.emplace_back(
+        "ALTER TABLE EvaluacionPte DISABLE TRIGGER Historial_EvaluacionPte_UPDATE");
+    spoilings.emplace_back("ALTER FUNCTION Historial_EvaluacionPte_UPDATE() RESET ALL");
+  }
+  auto grade = 6;
+  for (const auto& spoiling : spoilings) {
+    history_.Activate();
+    school_.Sql(spoiling);
+    EXPECT_FALSE(history_.Active()) << spoiling;
+    history_.Activate();
+    EXPECT_TRUE(history_.Active()) << spoiling;
+    const auto before = Kept().size();
+    school_.Sql("UPDATE EvaluacionPte SET CodNota=" + std::to_string(grade++) +
+                " WHERE IDEvaluacionPte=3");
+    EXPECT_EQ(Kept().size(), before + 1) << spoiling;
+  }
 }
 
 TEST_F(GradeHistoryTest, FiltersByWhatIsAskedFor) {
@@ -149,6 +230,30 @@ TEST_F(GradeHistoryTest, WhoWorksNeedsNoRightToIt) {
   EXPECT_EQ(GradeHistory(*worker).Read({}).size(), 1U);
 }
 
+TEST_F(GradeHistoryTest, AWorkersOwnTablesStandInNobodysPlace) {
+  if (!OnServer()) GTEST_SKIP() << "a file knows no rights";
+  history_.Activate();
+  const auto worker = SchoolAddress::Odbc(ServerString(school_.Path())).Open("");
+  ASSERT_NE(worker->Execute("SELECT CAST(current_user AS text)").Fields(0).Text(),
+            school_.Rows("SELECT CAST(current_user AS text)")[0]);
+  worker->Execute("CREATE TEMP TABLE HistorialNotas AS SELECT * FROM HistorialNotas");
+  worker->Execute("CREATE TEMP TABLE BloqueoPte AS SELECT * FROM BloqueoPte");
+  worker->Execute(
+      "INSERT INTO BloqueoPte SELECT DISTINCT 0, 3, CodMatDet, 4, 1 FROM AlumnoPte_MatDet");
+  for (const std::string table : {"HistorialNotas", "BloqueoPte"})
+    worker->Execute("GRANT ALL ON " + table + " TO PUBLIC");
+  worker->Execute("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
+  EXPECT_EQ(worker->Execute("SELECT COUNT(*) FROM HistorialNotas").Fields(0).Long(), 0);
+  worker->Execute("DROP TABLE HistorialNotas");
+  const auto kept = history_.Read({});
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_EQ(kept[0].user, "") << "the lock is one that he has made up";
+  worker->Execute("CREATE TEMP TABLE Falsa AS SELECT * FROM EvaluacionPte WHERE 1=0");
+  EXPECT_THROW(worker->Execute("CREATE TRIGGER Falso AFTER INSERT ON Falsa FOR EACH ROW EXECUTE "
+                               "FUNCTION Historial_EvaluacionPte_INSERT()"),
+               RuntimeError);
+}
+
 TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
   const auto run = [&](const std::string& rest) {
     return RunCommand(QUORVANE_ESCUELA " historial " + school_.Argument() + " " + rest);
@@ -168,8 +273,14 @@ TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
               HasSubstr("\"despues\":\"" + grade + "\""));
   EXPECT_EQ(run("purgar --antes 2020-01-01").text, "Borrados 0 cambios anteriores a 2020-01-01\n");
   EXPECT_THAT(run("desactivar").text, HasSubstr("Historial desactivado"));
-  for (const std::string wrong : {"", "otra", "purgar", "ver --desde ayer", "ver --csv --json"})
+  for (const std::string wrong :
+       {"", "otra", "purgar", "ver --desde ayer", "ver --csv --json", "ver --desde 2025-13-39",
+        "ver --hasta 30/02/2025", "activar --antes 2025-01-01", "desactivar --alumno 29",
+        "ver --antes 2025-01-01", "purgar --antes 2020-01-01 --csv"})
     EXPECT_EQ(run(wrong).status, 2) << wrong;
+  EXPECT_FALSE(history_.Active());
+  EXPECT_THAT(run("activar --usuario 4").text, HasSubstr("«activar» no admite --usuario"));
+  EXPECT_EQ(run("ver --desde 29/02/2024").status, 0);
   EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Argument()).text.find("Historial"),
             std::string::npos);
 }
@@ -178,7 +289,8 @@ TEST(HistoryTriggersTest, EveryEngineWatchesTheSameColumnsOfTheSameTables) {
   using sqltext::Engine;
   for (const auto engine : {Engine::Sqlite, Engine::PostgreSql, Engine::SqlServer}) {
     std::string all;
-    for (const auto& statement : HistoryTriggersSql(engine, "CodUsuario")) all += statement + "\n";
+    for (const auto& statement : HistoryTriggersSql(engine, "CodUsuario", "public"))
+      all += statement + "\n";
     for (const auto& table : WatchedTables()) {
       for (const auto* const event : {"UPDATE", "INSERT", "DELETE"})
         EXPECT_THAT(all, HasSubstr("Historial_" + std::string(table.name) + "_" + event));

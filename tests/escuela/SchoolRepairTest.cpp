@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/repair/SchoolRepair.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
@@ -168,6 +169,30 @@ TEST_F(SchoolRepairTest, GivesDoubledKeysOfGradesNewOnesAndRemovesEqualRows) {
               " PRIMARY KEY (IDEvaluacionPte)");
 }
 
+TEST_F(SchoolRepairTest, TakesAwayAHistoryWhoseTableHasGone) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  GradeHistory history(school_.Db());
+  history.Activate();
+  EXPECT_THAT(Faults(), IsEmpty());
+  school_.Sql("DROP TABLE HistorialNotas");
+  school_.Sql("INSERT INTO AlumnoPte_MatDet VALUES (9001,777777,1,1,0)");
+  EXPECT_THAT(Faults(), Contains(HasSubstr("HistorialNotas")));
+  const auto grade = "UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=2";
+  if (!OnServer()) {
+    EXPECT_THROW(school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=2"),
+                 RuntimeError);
+  }
+  const auto report = Repair();
+  EXPECT_THAT(Faults(), IsEmpty());
+  EXPECT_EQ(report.removed, 1U);
+  EXPECT_EQ(report.changed, OnServer() ? 18U : 6U);
+  school_.Sql(grade);
+  PlayBack(report);
+  EXPECT_EQ(Faults().size(), 2U);
+  history.Deactivate();
+  school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=9001");
+}
+
 TEST_F(SchoolRepairTest, SimulatesWithoutATrace) {
   school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
   const auto before = Content();
@@ -228,6 +253,29 @@ TEST_F(SchoolRepairTest, LeavesNothingBehindWhenItFails) {
   EXPECT_THAT(Refusal({}), HasSubstr("no"));
   EXPECT_EQ(Content(), before);
   EXPECT_EQ(files(), there);
+}
+
+TEST_F(SchoolRepairTest, TouchesNothingThatItCantTell) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
+  const auto before = Content();
+  std::string copy;
+  RepairOptions options;
+  options.backedUp = true;
+  const auto refuse = [&](const RepairReport& report) {
+    EXPECT_EQ(report.undo.size(), 1U);
+    copy = report.copy;
+    throw RuntimeError(ErrorNumber::StatementFailed, "lleno");
+  };
+  EXPECT_THROW(RepairSchool(school_.Address(), options, refuse), RuntimeError);
+  EXPECT_EQ(Content(), before);
+  EXPECT_EQ(copy.empty(), OnServer());
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  const auto full = RunCommand("(" QUORVANE_ESCUELA " reparar " + school_.Argument() +
+                               " --con-copia-hecha 2>&1 >/dev/full)");
+  EXPECT_EQ(full.status, 1);
+  EXPECT_THAT(full.text, HasSubstr("no se ha tocado nada"));
+  EXPECT_EQ(Content(), before);
 }
 
 TEST_F(SchoolRepairTest, TheProgramTellsItAndEndsSo) {

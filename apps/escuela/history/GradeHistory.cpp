@@ -22,6 +22,11 @@ std::string Quoted(const std::string& text, Engine engine) {
   return quoted;
 }
 
+std::string SchemaOf(Connection& school, Engine engine) {
+  if (engine != Engine::PostgreSql) return {};
+  return school.Execute(std::string(kSchemaQuery)).Fields(0).Text();
+}
+
 std::string ColumnTitle(const std::string& column) {
   static const std::map<std::string, std::string> titles = {
       {"CodNota", "Nota"},
@@ -66,10 +71,14 @@ class Names {
     for (auto rows = school.Execute("SELECT IDNota, DescripcionCorta FROM Nota"); !rows.Eof();
          rows.MoveNext())
       grades_[rows.Fields(0).Long()] = rows.Fields(1).Text();
-    for (auto rows =
-             school.Execute("SELECT CodUsuario, Apellido1, Apellido2, Nombre FROM Personal");
-         !rows.Eof(); rows.MoveNext())
-      users_[rows.Fields(0).Long()] = FullName(rows, 1);
+    // Whoever has no account bears 0, which says nothing about who it was.
+    for (auto rows = school.Execute(
+             "SELECT CodUsuario, Apellido1, Apellido2, Nombre FROM Personal WHERE CodUsuario<>0 "
+             "ORDER BY IDPersonal");
+         !rows.Eof(); rows.MoveNext()) {
+      auto& users = users_[rows.Fields(0).Long()];
+      users += (users.empty() ? "" : " / ") + FullName(rows, 1);
+    }
   }
 
   [[nodiscard]] std::string Grade(const Value& value, const std::string& column) const {
@@ -97,20 +106,33 @@ class Names {
 
 }  // namespace
 
-bool GradeHistory::Active() const { return !school_.Execute(HistoryTriggersQuery(engine_)).Eof(); }
+bool GradeHistory::Active() const {
+  std::size_t working = 0;
+  for (auto rows = school_.Execute(WorkingTriggersQuery(engine_)); !rows.Eof(); rows.MoveNext())
+    ++working;
+  return working == HistoryTriggersCount() && Kept();
+}
 
 bool GradeHistory::Kept() const { return HasTable(school_, std::string(kHistoryTable)); }
 
-void GradeHistory::Activate() {
-  if (Active()) return;
+std::vector<std::string> GradeHistory::TriggersSql() const {
   const auto locks = ColumnsOf(school_, "BloqueoPte");
   if (!locks || locks->size() <= kLockUser)
     throw RuntimeError(ErrorNumber::StatementFailed, "Falta la tabla BloqueoPte");
+  return HistoryTriggersSql(engine_, (*locks)[kLockUser], SchemaOf(school_, engine_));
+}
+
+void GradeHistory::Activate() {
+  if (Active()) return;
+  const auto triggers = TriggersSql();
   const auto there = Kept();
+  const auto schema = SchemaOf(school_, engine_);
   Transaction transaction(school_);
-  if (!there) school_.Execute(HistoryTableSql(engine_));
-  for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser]))
-    school_.Execute(statement);
+  // What is left of one that somebody has taken pieces from.
+  for (const auto& statement : NoHistoryTriggersSql(engine_)) school_.Execute(statement);
+  if (!there)
+    for (const auto& statement : HistoryTableSql(engine_, schema)) school_.Execute(statement);
+  for (const auto& statement : triggers) school_.Execute(statement);
   if (!there && engine_ == Engine::PostgreSql) GrantReading();
   transaction.Keep();
 }

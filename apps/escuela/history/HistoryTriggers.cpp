@@ -1,5 +1,7 @@
 #include "apps/escuela/history/HistoryTriggers.h"
 
+#include <iterator>
+
 namespace quorvane {
 namespace {
 
@@ -27,14 +29,21 @@ std::string Now(Engine engine) {
 /// A SELECT of what is kept of one column, or of the row as a whole. `row` is what the engine calls
 /// the row that tells which subject and evaluation it is; `from` gives it where it isn't there by
 /// itself.
-std::string Kept(Engine engine, std::string_view row, const std::string& column,
+std::string Kept(Engine engine, Event event, std::string_view row, const std::string& column,
                  const std::string& before, const std::string& after, const std::string& userColumn,
                  const std::string& from) {
   const auto subject = std::string(row) + ".CodAlumnoPte_MatDet";
   const auto evaluation = std::string(row) + ".CodNumEvaluacion";
-  const auto pending = [&](const char* what) {
-    return std::string("(SELECT MIN(") + what +
-           ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+  const auto pending = [&](const std::string& what) {
+    const auto now =
+        "(SELECT MIN(" + what + ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+    if (event != Event::Delete) return now;
+    // A program may remove the subject before its grades: whose they were is known from before.
+    const auto history = std::string(kHistoryTable);
+    return "COALESCE(" + now + ",(SELECT MIN(Previa." + what + ") FROM " + history +
+           " Previa WHERE Previa.IDHistorial=(SELECT MAX(Ultima.IDHistorial) FROM " + history +
+           " Ultima WHERE Ultima.CodAlumnoPte_MatDet=" + subject +
+           " AND Ultima.CodAlumno IS NOT NULL)))";
   };
   return "SELECT " + Now(engine) + ",'" + column + "'," + before + "," + after + "," + subject +
          "," + pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation +
@@ -77,18 +86,20 @@ std::vector<std::string> Keeping(Engine engine, const WatchedTable& table, Event
   }
   std::vector<std::string> statements;
   if (event != Event::Update)
-    statements.push_back(
-        insert + Kept(engine, row, std::string(event == Event::Insert ? kRowAdded : kRowRemoved),
-                      "NULL", "NULL", userColumn, from));
+    statements.push_back(insert +
+                         Kept(engine, event, row,
+                              std::string(event == Event::Insert ? kRowAdded : kRowRemoved), "NULL",
+                              "NULL", userColumn, from));
   for (const auto column : table.columns) {
     const auto before = std::string(names.before) + "." + std::string(column);
     const auto after = std::string(names.after) + "." + std::string(column);
     const auto changed = event == Event::Update   ? Unequal(engine, before, after)
                          : event == Event::Insert ? after + "<>0"
                                                   : before + "<>0";
-    statements.push_back(
-        insert + Kept(engine, row, std::string(column), event == Event::Insert ? "NULL" : before,
-                      event == Event::Delete ? "NULL" : after, userColumn, from + where + changed));
+    statements.push_back(insert + Kept(engine, event, row, std::string(column),
+                                       event == Event::Insert ? "NULL" : before,
+                                       event == Event::Delete ? "NULL" : after, userColumn,
+                                       from + where + changed));
   }
   return statements;
 }
@@ -124,10 +135,13 @@ std::string Trigger(Engine engine, const WatchedTable& table, Event event,
          name + "()";
 }
 
-/// Whoever saves need have no right to the history; whatever fails here stays here.
-std::string Function(const WatchedTable& table, Event event, const std::string& userColumn) {
+/// Whoever saves need have no right to the history; whatever fails here stays here. It runs with
+/// the owner's rights, so that no table of the saver's own may stand in the place of the school's.
+std::string Function(const WatchedTable& table, Event event, const std::string& userColumn,
+                     const std::string& schema) {
   return "CREATE FUNCTION " + TriggerName(table, event) +
-         "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER AS $historial$ BEGIN " +
+         "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER SET search_path = " + schema +
+         ", pg_temp AS $historial$ BEGIN " +
          Joined(Keeping(Engine::PostgreSql, table, event, userColumn)) +
          "RETURN NULL; EXCEPTION WHEN OTHERS THEN RETURN NULL; END $historial$";
 }
@@ -144,23 +158,31 @@ const std::vector<WatchedTable>& WatchedTables() {
   return tables;
 }
 
-std::string HistoryTableSql(Engine engine) {
+std::vector<std::string> HistoryTableSql(Engine engine, const std::string& schema) {
   const std::string text = engine == Engine::Sqlite ? "TEXT" : "varchar(32)";
   const std::string number = engine == Engine::Sqlite ? "INTEGER" : "int";
   std::string key = "INTEGER PRIMARY KEY";
   if (engine == Engine::PostgreSql) key = "bigserial PRIMARY KEY";
   if (engine == Engine::SqlServer) key = "bigint IDENTITY PRIMARY KEY";
-  return "CREATE TABLE " + std::string(kHistoryTable) + " (IDHistorial " + key + ", Momento " +
-         text + ", Columna " + text + ", Antes " + number + ", Despues " + number +
-         ", CodAlumnoPte_MatDet " + number + ", CodAlumno " + number + ", CodMatDet " + number +
-         ", CodNumEvaluacion " + number + ", CodUsuario " + number + ")";
+  const auto table = (schema.empty() ? "" : schema + ".") + std::string(kHistoryTable);
+  return {"CREATE TABLE " + table + " (IDHistorial " + key + ", Momento " + text + ", Columna " +
+              text + ", Antes " + number + ", Despues " + number + ", CodAlumnoPte_MatDet " +
+              number + ", CodAlumno " + number + ", CodMatDet " + number + ", CodNumEvaluacion " +
+              number + ", CodUsuario " + number + ")",
+          "CREATE INDEX HistorialNotas_Pte ON " + table + " (CodAlumnoPte_MatDet)"};
 }
 
-std::vector<std::string> HistoryTriggersSql(Engine engine, const std::string& userColumn) {
+std::vector<std::string> HistoryTriggersSql(Engine engine, const std::string& userColumn,
+                                            const std::string& schema) {
   std::vector<std::string> statements;
   for (const auto& table : WatchedTables())
     for (const auto event : kEvents) {
-      if (engine == Engine::PostgreSql) statements.push_back(Function(table, event, userColumn));
+      if (engine == Engine::PostgreSql) {
+        statements.push_back(Function(table, event, userColumn, schema));
+        // Who may call it may hang it on a table of his own and write what he likes.
+        statements.push_back("REVOKE ALL ON FUNCTION " + TriggerName(table, event) +
+                             "() FROM PUBLIC");
+      }
       statements.push_back(Trigger(engine, table, event, userColumn));
     }
   return statements;
@@ -183,13 +205,30 @@ std::vector<std::string> NoHistoryTriggersSql(Engine engine) {
 
 std::string HistoryTriggersQuery(Engine engine) {
   if (engine == Engine::PostgreSql)
-    return "SELECT tgname FROM pg_trigger INNER JOIN pg_class ON pg_class.oid=tgrelid WHERE NOT "
-           "tgisinternal AND pg_table_is_visible(pg_class.oid) AND tgname LIKE "
-           "'historial\\_evaluacion%pte\\_%'";
+    return "SELECT tgname FROM pg_trigger INNER JOIN pg_class ON pg_class.oid=tgrelid INNER JOIN "
+           "pg_proc ON pg_proc.oid=tgfoid WHERE NOT tgisinternal AND "
+           "pg_table_is_visible(pg_class.oid) AND tgname LIKE 'historial\\_evaluacion%pte\\_%'";
   if (engine == Engine::SqlServer)
     return "SELECT name FROM sys.triggers WHERE name LIKE 'Historial[_]Evaluacion%Pte[_]%'";
   return "SELECT name FROM sqlite_master WHERE type='trigger' AND name LIKE "
          "'Historial?_Evaluacion%Pte?_%' ESCAPE '?'";
 }
+
+std::string WorkingTriggersQuery(Engine engine) {
+  auto query = HistoryTriggersQuery(engine);
+  if (engine == Engine::PostgreSql)
+    return query + " AND tgenabled IN ('O','A') AND prosecdef AND proconfig IS NOT NULL";
+  if (engine == Engine::SqlServer) return query + " AND is_disabled=0";
+  return query;
+}
+
+std::string HistoryTableQuery(Engine engine) {
+  if (engine == Engine::PostgreSql)
+    return "SELECT 1 FROM pg_class WHERE relname='historialnotas' AND pg_table_is_visible(oid)";
+  if (engine == Engine::SqlServer) return "SELECT 1 FROM sys.tables WHERE name='HistorialNotas'";
+  return "SELECT 1 FROM sqlite_master WHERE type='table' AND lower(name)='historialnotas'";
+}
+
+std::size_t HistoryTriggersCount() { return WatchedTables().size() * std::size(kEvents); }
 
 }  // namespace quorvane

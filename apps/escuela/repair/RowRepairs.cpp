@@ -70,9 +70,19 @@ void RowRepairs::Orphans(const Reference& reference) {
       Join({reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
   const auto reason = Join({"su ", reference.column, " no está en ", reference.target});
   if (reference.optional)
-    Clear(reference, Join({condition, " AND ", reference.column, "<>0"}), reason);
-  else
-    Remove(reference.table, condition, reason);
+    return Clear(reference, Join({condition, " AND ", reference.column, "<>0"}), reason);
+  if (reference.table == "AlumnoPte_MatDet") RemoveGrades(condition);
+  Remove(reference.table, condition, reason);
+}
+
+void RowRepairs::RemoveGrades(const std::string& condition) {
+  const std::string subjects = "(SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE ";
+  for (const auto* const table : {"EvaluacionPte", "EvaluacionActaPte"})
+    // Another row of the same key keeps them.
+    Remove(table,
+           Join({"CodAlumnoPte_MatDet IN ", subjects, condition,
+                 ") AND CodAlumnoPte_MatDet NOT IN ", subjects, "NOT (", condition, "))"}),
+           "se va con su materia pendiente");
 }
 
 std::int32_t RowRepairs::NextKey(std::string_view table, std::string_view key) {

@@ -31,6 +31,9 @@ class RowRepairs {
  private:
   void Clear(const Reference& reference, const std::string& condition, const std::string& reason);
   void Remove(std::string_view table, const std::string& condition, const std::string& reason);
+  /// Those of pending subjects that are about to go: while they are there, whoever keeps a history
+  /// of grades can tell whose they were.
+  void RemoveGrades(const std::string& condition);
   void MoveGrades(std::string_view table);
   std::int32_t NextKey(std::string_view table, std::string_view key);
 

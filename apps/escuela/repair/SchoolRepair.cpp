@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/Transaction.h"
+#include "apps/escuela/history/LameHistory.h"
 #include "apps/escuela/repair/FileBackup.h"
 #include "apps/escuela/repair/RepairJournal.h"
 #include "apps/escuela/repair/RowRepairs.h"
@@ -46,6 +48,8 @@ void MendOnce(RowRepairs& repairs) {
 }
 
 void Mend(Connection& school, RepairJournal& journal) {
+  // It stops every row of grades from going.
+  LameHistory(school).Remove(journal);
   RowRepairs repairs(school, journal);
   for (auto round = 0; round < kMostRounds; ++round) {
     MendOnce(repairs);
@@ -60,10 +64,9 @@ const char* Begin(Engine engine) {
                                       : "BEGIN TRANSACTION";
 }
 
-}  // namespace
-
-RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options) {
-  const auto school = address.Open("");
+RepairReport Repair(const SchoolAddress& address, const RepairOptions& options,
+                    const std::function<void(const RepairReport&)>& tell) {
+  const auto school = OpenForPiece(address, SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede reparar " + address.Shown() + ": ");
   RepairReport report;
   if (SchoolCheck(*school).Rows().empty()) return report;
@@ -79,11 +82,22 @@ RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& opt
   if (!address.IsOdbc() && !options.simulate) backup.Make(address.Text());
   RepairJournal journal(engine);
   Mend(*school, journal);
-  if (!options.simulate) transaction.Keep();
-  report.copy = backup.Keep();
+  report.copy = backup.Path();
   report.removed = journal.RemovedRows();
   report.changed = journal.ChangedRows();
   report.undo = journal.Undo();
+  tell(report);
+  if (!options.simulate) transaction.Keep();
+  backup.Keep();
+  return report;
+}
+
+}  // namespace
+
+RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options,
+                          const std::function<void(const RepairReport&)>& tell) {
+  RepairReport report;
+  TellIfHeld([&] { report = Repair(address, options, tell); });
   return report;
 }
 
