@@ -77,12 +77,19 @@ class Hand {
 
 }  // namespace
 
-DraftReplay::DraftReplay(const qt::FormWindow& window, const std::vector<GradeCell>& draft) {
+DraftReplay::DraftReplay(const qt::FormWindow& window, const std::vector<GradeCell>& draft,
+                         const AbsentCells& absent) {
   const auto form = AsGradeForm(window.Model());
   for (const auto& cell : draft) {
     const auto* const subject = form->Subject(cell);
+    if (subject == nullptr) {
+      const auto state = absent.StateOf(cell);
+      if (state == AbsentCells::State::Waiting) waiting_.push_back(cell);
+      if (state == AbsentCells::State::Gone) changed_.push_back(cell);
+      continue;
+    }
     const auto* const field = form->Field(cell.column);
-    const auto known = subject != nullptr && field != nullptr && field->name == cell.field &&
+    const auto known = field != nullptr && field->name == cell.field &&
                        subject->CodAlumno_MateriaDetalles == cell.pending;
     const auto now = known ? field->stored(*subject) : 0;
     if (known && now == cell.data) continue;
@@ -92,7 +99,8 @@ DraftReplay::DraftReplay(const qt::FormWindow& window, const std::vector<GradeCe
 
 std::vector<GradeCell> DraftReplay::Cells() const {
   auto cells = fit_;
-  cells.insert(cells.end(), changed_.begin(), changed_.end());
+  for (const auto* const others : {&changed_, &waiting_})
+    cells.insert(cells.end(), others->begin(), others->end());
   return cells;
 }
 

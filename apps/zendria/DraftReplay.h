@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/zendria/AbsentCells.h"
 #include "apps/zendria/GradeCell.h"
 
 namespace quorvane::qt {
@@ -22,14 +23,19 @@ struct LeftCell {
 /// A draft held against the form that has just opened with its choices.
 class DraftReplay {
  public:
-  DraftReplay(const qt::FormWindow& window, const std::vector<GradeCell>& draft);
+  DraftReplay(const qt::FormWindow& window, const std::vector<GradeCell>& draft,
+              const AbsentCells& absent);
 
   /// Each cell holds already what the draft has.
-  [[nodiscard]] bool Nothing() const noexcept { return fit_.empty() && changed_.empty(); }
+  [[nodiscard]] bool Nothing() const noexcept {
+    return fit_.empty() && changed_.empty() && waiting_.empty();
+  }
   /// How many cells are as they were when the draft was typed.
   [[nodiscard]] std::size_t Fit() const noexcept { return fit_.size(); }
   /// How many are otherwise, or gone.
   [[nodiscard]] std::size_t Changed() const noexcept { return changed_.size(); }
+  /// Those whose subject the form doesn't have now, and may have another time.
+  [[nodiscard]] const std::vector<GradeCell>& Waiting() const noexcept { return waiting_; }
   /// All of these.
   [[nodiscard]] std::vector<GradeCell> Cells() const;
 
@@ -40,6 +46,7 @@ class DraftReplay {
  private:
   std::vector<GradeCell> fit_;
   std::vector<GradeCell> changed_;
+  std::vector<GradeCell> waiting_;
 };
 
 }  // namespace quorvane::zendria

@@ -9,11 +9,14 @@
 
 #include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
+#include "apps/zendria/AbsentCells.h"
 #include "apps/zendria/DraftDialogs.h"
 #include "apps/zendria/DraftReplay.h"
+#include "apps/zendria/GradeDraft.h"
 #include "apps/zendria/GradeEdits.h"
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/OwnFile.h"
+#include "apps/zendria/School.h"
 #include "platform/controls/Form.h"
 
 namespace quorvane::zendria {
@@ -39,10 +42,13 @@ class GradeDrafts::Keeper {
     turn_.callOnTimeout([this] { Write(); });
   }
 
-  void Begin(DraftOwner owner) {
-    owner_ = std::move(owner);
+  void Begin(School& school, const User& user) {
+    owner_ = {school.Place(), user.id};
+    school_ = &school.Own();
+    user_ = &user;
     Forget();
   }
+  void End() { school_ = nullptr; }
 
   void Edited(const Form& form, const Retivo& grid, int entry) {
     auto edit = ReadGradeEdit(form, grid, entry);
@@ -77,12 +83,13 @@ class GradeDrafts::Keeper {
 
   void Ready(qt::FormWindow& window) {
     const auto form = AsGradeForm(window.Model());
-    if (form == nullptr || !window.Model().Visible()) return;
+    if (form == nullptr || !window.Model().Visible() || school_ == nullptr) return;
     Forget();
     sheet_ = form->Sheet();
     const auto draft = Read(window);
     if (!draft) return;
-    const auto replay = DraftReplay(window, draft->cells);
+    const AbsentCells absent(*school_, *user_, *form);
+    const auto replay = DraftReplay(window, draft->cells, absent);
     if (replay.Nothing()) {
       // All of it is saved already: the program ended between the save and this file's end.
       QFile::remove(Path());
@@ -90,10 +97,13 @@ class GradeDrafts::Keeper {
     }
     // Until the user has decided, whatever else happens, all of it stays in the file.
     later_ = replay.Cells();
-    const auto answer = AskForDraft(&window, draft->when, replay.Fit(), replay.Changed());
+    const auto& waiting = replay.Waiting();
+    const auto answer = AskForDraft(&window, {draft->when, replay.Fit(), replay.Changed(),
+                                              waiting.size(), absent.Holders(waiting)});
     if (screen_.Leaving()) return;
     if (answer == DraftAnswer::Drop) {
-      later_.clear();
+      // What was only told to wait wasn't asked about, unless there was nothing else.
+      later_ = replay.Fit() + replay.Changed() > 0 ? waiting : std::vector<GradeCell>();
       dirty_ = true;
       Write();
     } else if (answer == DraftAnswer::Put) {
@@ -114,7 +124,7 @@ class GradeDrafts::Keeper {
     // After a failure what wasn't put yet waits for the next opening.
     if (!whole) return;
     for (const auto& one : left) told_.push_back(one.cell);
-    later_.clear();
+    later_ = replay.Waiting();
     WriteSoon();
     if (!left.empty() && !screen_.Leaving()) ShowLeftCells(&window, left);
   }
@@ -175,6 +185,8 @@ class GradeDrafts::Keeper {
   qt::QtFrontEnd& screen_;
   QString folder_;
   DraftOwner owner_;
+  Connection* school_ = nullptr;  // null while no screen of the module is open
+  const User* user_ = nullptr;
   GradeSheet sheet_;
   GradeEdits edits_;
   std::vector<GradeCell> later_;  // from a former time, not put in
@@ -201,7 +213,9 @@ GradeDrafts::GradeDrafts(qt::QtFrontEnd& screen, QString folder)
 
 GradeDrafts::~GradeDrafts() = default;
 
-void GradeDrafts::Begin(DraftOwner owner) { keeper_->Begin(std::move(owner)); }
+void GradeDrafts::Begin(School& school, const User& user) { keeper_->Begin(school, user); }
+
+void GradeDrafts::End() { keeper_->End(); }
 
 void GradeDrafts::Told(const std::string& statement) { keeper_->Told(statement); }
 

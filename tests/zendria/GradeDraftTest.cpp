@@ -154,6 +154,53 @@ TEST_F(GradeDraftTest, WhatOthersHaveChangedIsListedWithBothValuesAndLeftAlone) 
   EXPECT_EQ(DraftFiles(), QStringList()) << "they were told, once";
 }
 
+TEST_F(GradeDraftTest, WhatSomebodyHoldsStaysInTheDraftUntilTheFormHasItAgain) {
+  Break(threeGrades_);
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  QString text;
+  AnswerDraft("ponerlas", &text);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
+  EXPECT_TRUE(
+      text.endsWith("Otra más sigue en el borrador, porque su materia no está ahora en esta "
+                    "pantalla.\nMatemáticas (1º ESO A): la está calificando Ana Ruiz Soto."))
+      << text.toStdString();
+  EXPECT_EQ(Stored(), (Lines{"107", "108", "0", "0"}));
+  // Nothing else is left: neither answer to what can't be answered yet, nor a save, drops it.
+  AnswerDraft("ahoraNo", &text);
+  Use(Doing({{0, 1, "6"}, "cmdAceptar"}));
+  EXPECT_TRUE(text.startsWith("Hay una nota sin guardar")) << text.toStdString();
+  EXPECT_TRUE(text.contains("Sigue en el borrador")) << text.toStdString();
+  EXPECT_TRUE(text.endsWith("la está calificando Ana Ruiz Soto.")) << text.toStdString();
+  school_.Sql("DELETE FROM BloqueoPte");
+  AnswerDraft("ponerlas");
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
+TEST_F(GradeDraftTest, WhatSomebodyHoldsGoesWithTheRestOfADraftOnlyWhereThereIsNoRest) {
+  Break(threeGrades_);
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  AnswerDraft("descartarlas");
+  Use(Doing({"cmdCancelar"}));
+  EXPECT_EQ(DraftFiles().size(), 1);
+  AnswerDraft("descartarlas");
+  Use(Doing({"cmdCancelar"}));
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
+TEST_F(GradeDraftTest, WhatItsHolderHasSavedJustSoIsNotOffered) {
+  Break(threeGrades_);
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=109 WHERE CodAlumnoPte_MatDet=3");
+  QString text;
+  AnswerDraft("ponerlas", &text);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_TRUE(text.endsWith("¿Ponerlas?")) << text.toStdString();
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
 TEST_F(GradeDraftTest, WhereOthersHaveChangedAllOfItNothingIsPutIn) {
   Break(Doing({{0, 1, "7"}}));
   school_.Sql("UPDATE EvaluacionPte SET CodNota=103");
