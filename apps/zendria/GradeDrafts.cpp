@@ -51,6 +51,7 @@ class GradeDrafts::Keeper {
   void End() { school_ = nullptr; }
 
   void Edited(const Form& form, const Retivo& grid, int entry) {
+    if (resting_) return;
     auto edit = ReadGradeEdit(form, grid, entry);
     // What no save writes is no grade to be kept.
     if (!edit || edit->cell.field.empty()) return;
@@ -85,6 +86,9 @@ class GradeDrafts::Keeper {
     const auto form = AsGradeForm(window.Model());
     if (form == nullptr || !window.Model().Visible() || school_ == nullptr) return;
     Forget();
+    // Put in here, a draft would end with the only way out.
+    resting_ = !form->Saves();
+    if (resting_) return;
     sheet_ = form->Sheet();
     const auto draft = Read(window);
     if (!draft) return;
@@ -180,6 +184,7 @@ class GradeDrafts::Keeper {
     sheet_ = {};
     dirty_ = false;
     problem_.clear();
+    resting_ = false;
   }
 
   qt::QtFrontEnd& screen_;
@@ -192,7 +197,8 @@ class GradeDrafts::Keeper {
   std::vector<GradeCell> later_;  // from a former time, not put in
   std::vector<GradeCell> told_;   // those that can't be, which the user has been shown
   bool dirty_ = false;
-  QTimer turn_;  // runs until the event loop's turn ends
+  bool resting_ = false;  // the form saves nothing
+  QTimer turn_;           // runs until the event loop's turn ends
   QString problem_;
 };
 

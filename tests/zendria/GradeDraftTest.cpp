@@ -262,6 +262,25 @@ TEST_F(GradeDraftTest, NotNowKeepsItButForWhatIsTypedAnew) {
   EXPECT_EQ(Stored(), (Lines{"110", "108", "109", "0"}));
 }
 
+TEST_F(GradeDraftTest, InAYearThatCanNotBeChangedItIsNotOfferedAndStays) {
+  Break(threeGrades_);
+  auto* const year = window_->findChild<QAction*>("añoActivo");
+  ASSERT_NE(year, nullptr);
+  for (const auto* const form : {"frmNotaManual", "frmNotaManualFinal"}) {
+    year->setChecked(false);
+    Use({124, form, std::string(form).ends_with("Final") ? "Final" : "1"}, [](Window& window) {
+      EXPECT_FALSE(window.Widget("cmdAceptar")->isEnabled());
+      Robot::Grade(window, 0, 1, "4");
+      Robot::Click(window, "cmdCancelar");
+    });
+    EXPECT_EQ(DraftFiles().size(), 1);
+  }
+  year->setChecked(true);
+  AnswerDraft("ponerlas");
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
+}
+
 TEST_F(GradeDraftTest, NotWantedItGoes) {
   Break(threeGrades_);
   AnswerDraft("descartarlas");
