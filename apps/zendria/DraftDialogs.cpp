@@ -71,6 +71,17 @@ QString OneLine(const std::string& text) {
   return line.isEmpty() ? QStringLiteral("(en blanco)") : line;
 }
 
+QString WhyLeft(const LeftCell& left) {
+  switch (left.why) {
+    case LeftCell::Why::Gone:
+      return "ya no está";
+    case LeftCell::Why::NotOffered:
+      return "esa nota ya no se ofrece; ahora: " + OneLine(left.now);
+    default:
+      return "ahora: " + OneLine(left.now);
+  }
+}
+
 QPushButton* Add(QMessageBox& box, const QString& text, QMessageBox::ButtonRole role,
                  const char* name) {
   auto* const button = box.addButton(text, role);
@@ -116,11 +127,12 @@ DraftAnswer AskForDraft(QWidget* parent, const DraftCount& count) {
 
 QString LeftCellsText(const std::vector<LeftCell>& cells) {
   QStringList lines;
-  for (const auto& [cell, now, gone] : cells)
+  for (const auto& left : cells) {
+    const auto& cell = left.cell;
     lines.append(QStringList{OneLine(cell.studentText), OneLine(cell.subjectText),
-                             OneLine(cell.columnText), "suya: " + OneLine(cell.text),
-                             gone && now.empty() ? "ya no está" : "ahora: " + OneLine(now)}
+                             OneLine(cell.columnText), "suya: " + OneLine(cell.text), WhyLeft(left)}
                      .join(u'\t'));
+  }
   return lines.join(u'\n') + u'\n';
 }
 
@@ -129,9 +141,9 @@ void ShowLeftCells(QWidget* parent, const std::vector<LeftCell>& cells) {
   dialog.setObjectName("notasCambiadas");
   dialog.setWindowTitle("Notas que no se han puesto");
   auto* const hint = new QLabel(
-      "Estas celdas han cambiado desde que usted escribió, y se han dejado como están. A la "
-      "izquierda, lo que usted había puesto; a la derecha, lo que hay ahora. Si vale lo suyo, "
-      "póngalo de nuevo.");
+      "Estas celdas han cambiado desde que usted escribió, o ya no ofrecen esa nota, y se han "
+      "dejado como están. A la izquierda, lo que usted había puesto; a la derecha, lo que hay "
+      "ahora. Si vale lo suyo, póngalo de nuevo.");
   hint->setWordWrap(true);
   auto* const text = new QPlainTextEdit(LeftCellsText(cells));
   text->setObjectName("notas");

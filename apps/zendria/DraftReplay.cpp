@@ -12,6 +12,8 @@
 namespace quorvane::zendria {
 namespace {
 
+using Why = LeftCell::Why;
+
 /// Where a cell stands; the form has no such row for -1.
 int RowOf(const Retivo& grid, const std::string& key) {
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
@@ -113,11 +115,12 @@ std::vector<LeftCell> DraftReplay::Play(qt::FormWindow& window) const {
   for (const auto& cell : refused) {
     // A measure is offered once the subject has its grade, which may have come after it.
     const auto row = hand.WalkTo(cell);
-    if (!hand.Put(row, cell)) left.push_back({cell, hand.TextAt(row, cell), true});
+    if (!hand.Put(row, cell))
+      left.push_back({cell, hand.TextAt(row, cell), row < 0 ? Why::Gone : Why::NotOffered});
   }
   for (const auto& cell : changed_) {
     const auto row = hand.WalkTo(cell);
-    left.push_back({cell, hand.TextAt(row, cell), row < 0});
+    left.push_back({cell, hand.TextAt(row, cell), row < 0 ? Why::Gone : Why::Changed});
   }
   hand.WalkBack();
   return left;

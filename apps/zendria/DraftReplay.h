@@ -15,9 +15,15 @@ namespace quorvane::zendria {
 
 /// A cell of a draft that wasn't put in, and what stands in its place.
 struct LeftCell {
+  enum class Why {
+    Changed,     ///< it holds something else than when the draft was typed
+    Gone,        ///< the form doesn't have it any more
+    NotOffered,  ///< it is as it was, and doesn't offer that grade any more
+  };
+
   GradeCell cell;
-  std::string now;    ///< the text of the cell
-  bool gone = false;  ///< the form doesn't offer that cell, or not that grade, any more
+  std::string now;  ///< the text of the cell
+  Why why = Why::Changed;
 };
 
 /// A draft held against the form that has just opened with its choices.

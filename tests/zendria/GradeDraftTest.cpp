@@ -214,6 +214,19 @@ TEST_F(GradeDraftTest, WhereOthersHaveChangedAllOfItNothingIsPutIn) {
   EXPECT_EQ(DraftFiles(), QStringList());
 }
 
+TEST_F(GradeDraftTest, AGradeThatTheListHasNoMoreIsToldAsThat) {
+  Break(Doing({"cmdSiguiente", {1, 1, "9"}}));
+  school_.Sql("UPDATE Nota SET NotaExcepcional=1 WHERE IDNota=109");
+  QString left;
+  AnswerDraft("ponerlas");
+  ReadLeft(left);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(left.toStdString(), std::string(kMarta) + '\t' + kMates +
+                                    "\tNota\tsuya: 9\tesa nota ya no se ofrece; ahora: (en "
+                                    "blanco)\n");
+  EXPECT_EQ(Stored(), (Lines{"105", "105", "0", "0"}));
+}
+
 TEST_F(GradeDraftTest, WhatTheFailedSaveHadWrittenIsNotOffered) {
   FullAt(3);
   StepOne("frmNotaManual1", "1");
