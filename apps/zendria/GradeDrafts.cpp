@@ -40,6 +40,7 @@ class GradeDrafts::Keeper {
   Keeper(qt::QtFrontEnd& screen, QString folder) : screen_(screen), folder_(std::move(folder)) {
     turn_.setSingleShot(true);
     turn_.callOnTimeout([this] { Write(); });
+    SweepUnfinishedFiles(folder_);
   }
 
   void Begin(School& school, const User& user) {

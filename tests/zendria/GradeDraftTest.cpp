@@ -1,5 +1,6 @@
 // Grades that were typed and not saved come back when the form opens again.
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QPlainTextEdit>
@@ -292,6 +293,19 @@ TEST_F(GradeDraftTest, InAYearThatCanNotBeChangedItIsNotOfferedAndStays) {
   AnswerDraft("ponerlas");
   Use(Doing({"cmdAceptar"}));
   EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
+}
+
+TEST_F(GradeDraftTest, TheNextProgramSweepsWhatAKilledOneLeftUnfinished) {
+  for (const auto& folder : {Drafts(), Folder()}) {
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QFile file(folder + "/.notas-aB3xyz");
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1),
+                                 QFileDevice::FileModificationTime));
+  }
+  UseScreens(zendria::PendingScreens());
+  EXPECT_EQ(DraftFiles(), QStringList());
+  EXPECT_EQ(Files(), QStringList());
 }
 
 TEST_F(GradeDraftTest, NotWantedItGoes) {
