@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QStringList>
 #include <QTimer>
 #include <algorithm>
 #include <iterator>
@@ -98,6 +99,7 @@ class GradeDrafts::Keeper {
     if (replay.Nothing()) {
       // All of it is saved already: the program ended between the save and this file's end.
       QFile::remove(Path());
+      RemoveFound();
       return;
     }
     // Until the user has decided, whatever else happens, all of it stays in the file.
@@ -134,17 +136,46 @@ class GradeDrafts::Keeper {
     if (!left.empty() && !screen_.Leaving()) ShowLeftCells(&window, left);
   }
 
-  [[nodiscard]] QString Path() const { return folder_ + '/' + DraftFileName(owner_, sheet_); }
+  [[nodiscard]] QString FileName() const { return DraftFileName(owner_, sheet_, self_); }
+  [[nodiscard]] QString Path() const { return folder_ + '/' + FileName(); }
 
-  std::optional<GradeDraft> Read(qt::FormWindow& window) const {
+  /// What this program and those that are gone have left, as one draft; whose programs run keep
+  /// theirs. Of two of a cell the later counts.
+  std::optional<GradeDraft> Read(qt::FormWindow& window) {
+    std::vector<GradeDraft> drafts;
+    for (const auto& name : DraftFileNames(folder_, owner_, sheet_)) {
+      auto draft = ReadOne(window, name);
+      if (!draft) continue;
+      if (draft->writer != self_ && StateOf(draft->writer) == ProcessState::Running) continue;
+      if (name != FileName()) found_.append(folder_ + '/' + name);
+      drafts.push_back(*std::move(draft));
+    }
+    if (drafts.empty()) return std::nullopt;
+    std::stable_sort(drafts.begin(), drafts.end(),
+                     [](const auto& one, const auto& other) { return one.when > other.when; });
+    auto whole = std::move(drafts.front());
+    for (std::size_t i = 1; i < drafts.size(); ++i)
+      std::copy_if(drafts[i].cells.begin(), drafts[i].cells.end(), std::back_inserter(whole.cells),
+                   [&whole](const GradeCell& cell) { return !Holds(whole.cells, cell); });
+    return whole;
+  }
+
+  std::optional<GradeDraft> ReadOne(qt::FormWindow& window, const QString& name) const {
     QByteArray content;
-    const auto state = ReadOwnFile(Path(), content);
+    const auto state = ReadOwnFile(folder_ + '/' + name, content);
+    // Another program has just saved it.
     if (state == OwnFileState::Missing) return std::nullopt;
     auto draft = state == OwnFileState::Read ? ReadDraft(content, owner_, sheet_) : std::nullopt;
     if (draft) return draft;
-    const auto aside = SetOwnFileAside(folder_, DraftFileName(owner_, sheet_), kSetAside);
-    TellBrokenDraft(&window, Path(), aside);
+    const auto aside = SetOwnFileAside(folder_, name, kSetAside);
+    TellBrokenDraft(&window, folder_ + '/' + name, aside);
     return std::nullopt;
+  }
+
+  /// What was read of others is in this program's own draft, or not wanted any more.
+  void RemoveFound() {
+    for (const auto& path : found_) QFile::remove(path);
+    found_.clear();
   }
 
   void WriteSoon() {
@@ -165,11 +196,12 @@ class GradeDrafts::Keeper {
                    [&edited](const GradeCell& cell) { return !Holds(edited, cell); });
     if (cells.empty()) {
       QFile::remove(Path());
+      RemoveFound();
       return;
     }
-    const GradeDraft draft{owner_, sheet_, QDateTime::currentDateTime(), std::move(cells)};
-    const auto written =
-        ReplaceOwnFile(folder_, DraftFileName(owner_, sheet_), DraftContent(draft));
+    const GradeDraft draft{owner_, sheet_, QDateTime::currentDateTime(), std::move(cells), self_};
+    const auto written = ReplaceOwnFile(folder_, FileName(), DraftContent(draft));
+    if (written) RemoveFound();
     problem_ = written ? QString()
                        : QStringLiteral(
                              "No se puede guardar el borrador de estas notas en «%1»: "
@@ -186,16 +218,19 @@ class GradeDrafts::Keeper {
     dirty_ = false;
     problem_.clear();
     resting_ = false;
+    found_.clear();
   }
 
   qt::QtFrontEnd& screen_;
   QString folder_;
+  const ProcessMark self_ = ProcessMark::Own();
   DraftOwner owner_;
   Connection* school_ = nullptr;  // null while no screen of the module is open
   const User* user_ = nullptr;
   GradeSheet sheet_;
   GradeEdits edits_;
   std::vector<GradeCell> later_;  // from a former time, not put in
+  QStringList found_;             // the files of other programs that it was in
   std::vector<GradeCell> told_;   // those that can't be, which the user has been shown
   bool dirty_ = false;
   bool resting_ = false;  // the form saves nothing

@@ -3,12 +3,21 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <array>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <new>
+#include <optional>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include "apps/escuela/ProcessMark.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
@@ -22,6 +31,50 @@ struct Flow {
   const char* evaluation;
   const char* list = nullptr;  ///< what step one asks for besides
   const char* entry = nullptr;
+};
+
+QByteArray ContentIn(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+/// A program of the same user's that runs until the object goes.
+class OtherProgram {
+ public:
+  OtherProgram() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    process_ = fork();
+    if (process_ == 0) {
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
+      const auto start = ProcessMark::Own().start;
+      if (write(ends[1], &start, sizeof start) != sizeof start) _exit(1);
+      for (;;) pause();
+    }
+    EXPECT_EQ(read(ends[0], &start_, sizeof start_), static_cast<ssize_t>(sizeof start_));
+    for (const auto end : ends) close(end);
+  }
+  ~OtherProgram() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+  }
+  OtherProgram(OtherProgram&&) = delete;
+
+  /// That draft becomes one that it keeps.
+  void Own(const QString& path) const {
+    auto draft = QJsonDocument::fromJson(ContentIn(path)).object();
+    auto program = draft["programa"].toObject();
+    program["proceso"] = QString::number(process_);
+    program["inicio"] = QString::number(start_);
+    draft["programa"] = program;
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QJsonDocument(draft).toJson());
+  }
+
+ private:
+  pid_t process_ = 0;
+  std::uint64_t start_ = 0;
 };
 
 class GradeDraftTest : public RescueTest {
@@ -306,6 +359,30 @@ TEST_F(GradeDraftTest, TheNextProgramSweepsWhatAKilledOneLeftUnfinished) {
   UseScreens(zendria::PendingScreens());
   EXPECT_EQ(DraftFiles(), QStringList());
   EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(GradeDraftTest, AProgramThatRunsKeepsItsOwnAndLeavesItWhenItGoes) {
+  std::optional<OtherProgram> other(std::in_place);
+  Break(threeGrades_);
+  const auto theirs = Drafts() + '/' + DraftFiles().value(0).section(u'-', 0, 0) + "-otro.json";
+  ASSERT_TRUE(QFile::rename(TheDraft(), theirs));
+  other->Own(theirs);
+  const auto before = ContentIn(theirs);
+  Use([this](Window& window) {
+    Robot::Grade(window, 0, 1, "4");
+    EXPECT_EQ(DraftFiles().size(), 2);
+    Robot::Click(window, "cmdCancelar");
+  });
+  EXPECT_EQ(DraftFiles().size(), 1);
+  Break(Doing({{0, 1, "3"}}));
+  EXPECT_EQ(ContentIn(theirs), before);
+  other.reset();
+  QString text;
+  AnswerDraft("ponerlas", &text);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_TRUE(text.startsWith("Hay 3 notas")) << text.toStdString();
+  EXPECT_EQ(Stored(), (Lines{"103", "108", "109", "0"})) << "of two of a cell the later";
+  EXPECT_EQ(DraftFiles(), QStringList());
 }
 
 TEST_F(GradeDraftTest, NotWantedItGoes) {
