@@ -42,9 +42,44 @@ QString ChangedBesides(std::size_t count) {
       .arg(count);
 }
 
+QString WaitingBesides(std::size_t count) {
+  if (count == 1)
+    return "Otra más sigue en el borrador, porque su materia no está ahora en esta pantalla.";
+  return QStringLiteral(
+             "Otras %1 siguen en el borrador, porque sus materias no están ahora en esta pantalla.")
+      .arg(count);
+}
+
+/// What stands below the question.
+QString More(const DraftCount& count) {
+  const auto one = (count.fit > 0 ? count.fit : count.changed) == 1;
+  QStringList lines;
+  if (count.fit > 0 && count.changed > 0) lines.append(ChangedBesides(count.changed));
+  if (count.fit == 0 && count.changed > 0)
+    lines.append(one ? "No se puede poner, porque su celda ha cambiado desde entonces: la verá con "
+                       "los dos valores."
+                     : "No se pueden poner, porque sus celdas han cambiado desde entonces: las "
+                       "verá con los dos valores.");
+  if (count.waiting > 0) lines.append(WaitingBesides(count.waiting));
+  lines.append(count.holders);
+  lines.removeAll(QString());
+  return lines.join(u'\n');
+}
+
 QString OneLine(const std::string& text) {
   const auto line = QString::fromStdString(text).simplified();
   return line.isEmpty() ? QStringLiteral("(en blanco)") : line;
+}
+
+QString WhyLeft(const LeftCell& left) {
+  switch (left.why) {
+    case LeftCell::Why::Gone:
+      return "ya no está";
+    case LeftCell::Why::NotOffered:
+      return "esa nota ya no se ofrece; ahora: " + OneLine(left.now);
+    default:
+      return "ahora: " + OneLine(left.now);
+  }
 }
 
 QPushButton* Add(QMessageBox& box, const QString& text, QMessageBox::ButtonRole role,
@@ -56,44 +91,48 @@ QPushButton* Add(QMessageBox& box, const QString& text, QMessageBox::ButtonRole 
 
 }  // namespace
 
-DraftAnswer AskForDraft(QWidget* parent, const QDateTime& when, std::size_t fit,
-                        std::size_t changed) {
-  const auto one = (fit > 0 ? fit : changed) == 1;
-  QString question = one ? "¿Ponerla?" : "¿Ponerlas?";
-  QString more = fit > 0 && changed > 0 ? ChangedBesides(changed) : QString();
-  if (fit == 0) {
-    question = one ? "¿Verla?" : "¿Verlas?";
-    more = one ? "No se puede poner, porque su celda ha cambiado desde entonces: la verá con los "
-                 "dos valores."
-               : "No se pueden poner, porque sus celdas han cambiado desde entonces: las verá con "
-                 "los dos valores.";
-  }
-  QMessageBox box(QMessageBox::Question, "Notas sin guardar",
-                  Found(fit > 0 ? fit : changed, when) + ' ' + question, QMessageBox::NoButton,
-                  parent);
+DraftAnswer AskForDraft(QWidget* parent, const DraftCount& count) {
+  QMessageBox box(QMessageBox::Question, "Notas sin guardar", {}, QMessageBox::NoButton, parent);
   box.setObjectName("borrador");
   box.setTextFormat(Qt::PlainText);
-  box.setInformativeText(more);
-  auto* const put =
-      Add(box, fit > 0 ? (one ? "&Ponerla" : "&Ponerlas") : (one ? "&Verla" : "&Verlas"),
-          QMessageBox::AcceptRole, "ponerlas");
+  const auto onlyWaiting = count.fit == 0 && count.changed == 0;
+  const auto asked = onlyWaiting ? count.waiting : count.fit > 0 ? count.fit : count.changed;
+  const auto one = asked == 1;
+  QPushButton* put = nullptr;
+  if (onlyWaiting) {
+    box.setIcon(QMessageBox::Information);
+    box.setText(Found(asked, count.when) + ' ' +
+                (one ? "Sigue en el borrador, porque su materia no está ahora en esta pantalla."
+                     : "Siguen en el borrador, porque sus materias no están ahora en esta "
+                       "pantalla."));
+    box.setInformativeText(count.holders);
+  } else {
+    const auto putting = count.fit > 0;
+    const auto question =
+        putting ? (one ? "¿Ponerla?" : "¿Ponerlas?") : (one ? "¿Verla?" : "¿Verlas?");
+    box.setText(Found(asked, count.when) + ' ' + question);
+    box.setInformativeText(More(count));
+    put = Add(box, putting ? (one ? "&Ponerla" : "&Ponerlas") : (one ? "&Verla" : "&Verlas"),
+              QMessageBox::AcceptRole, "ponerlas");
+  }
   const auto* const drop = Add(box, one ? "&Descartarla" : "&Descartarlas",
                                QMessageBox::DestructiveRole, "descartarlas");
   auto* const later = Add(box, "Ahora &no", QMessageBox::RejectRole, "ahoraNo");
-  box.setDefaultButton(put);
+  box.setDefaultButton(put == nullptr ? later : put);
   box.setEscapeButton(later);
   box.exec();
-  if (box.clickedButton() == put) return DraftAnswer::Put;
+  if (put != nullptr && box.clickedButton() == put) return DraftAnswer::Put;
   return box.clickedButton() == drop ? DraftAnswer::Drop : DraftAnswer::NotNow;
 }
 
 QString LeftCellsText(const std::vector<LeftCell>& cells) {
   QStringList lines;
-  for (const auto& [cell, now, gone] : cells)
+  for (const auto& left : cells) {
+    const auto& cell = left.cell;
     lines.append(QStringList{OneLine(cell.studentText), OneLine(cell.subjectText),
-                             OneLine(cell.columnText), "suya: " + OneLine(cell.text),
-                             gone && now.empty() ? "ya no está" : "ahora: " + OneLine(now)}
+                             OneLine(cell.columnText), "suya: " + OneLine(cell.text), WhyLeft(left)}
                      .join(u'\t'));
+  }
   return lines.join(u'\n') + u'\n';
 }
 
@@ -102,9 +141,9 @@ void ShowLeftCells(QWidget* parent, const std::vector<LeftCell>& cells) {
   dialog.setObjectName("notasCambiadas");
   dialog.setWindowTitle("Notas que no se han puesto");
   auto* const hint = new QLabel(
-      "Estas celdas han cambiado desde que usted escribió, y se han dejado como están. A la "
-      "izquierda, lo que usted había puesto; a la derecha, lo que hay ahora. Si vale lo suyo, "
-      "póngalo de nuevo.");
+      "Estas celdas han cambiado desde que usted escribió, o ya no ofrecen esa nota, y se han "
+      "dejado como están. A la izquierda, lo que usted había puesto; a la derecha, lo que hay "
+      "ahora. Si vale lo suyo, póngalo de nuevo.");
   hint->setWordWrap(true);
   auto* const text = new QPlainTextEdit(LeftCellsText(cells));
   text->setObjectName("notas");

@@ -14,10 +14,18 @@ namespace quorvane::zendria {
 
 enum class DraftAnswer { Put, Drop, NotNow };
 
-/// Asks what becomes of the grades of a draft of that time: so many can be put in, so many others
-/// were changed meanwhile.
-DraftAnswer AskForDraft(QWidget* parent, const QDateTime& when, std::size_t fit,
-                        std::size_t changed);
+/// What a draft holds, for the question.
+struct DraftCount {
+  QDateTime when;
+  std::size_t fit = 0;      ///< can be put in
+  std::size_t changed = 0;  ///< were changed meanwhile
+  std::size_t waiting = 0;  ///< the form doesn't have their subjects now
+  QString holders;          ///< who holds these, a line each
+};
+
+/// Asks what becomes of the grades of a draft. What waits is told, and only where there is nothing
+/// else is it what `Drop` is about; `Put` isn't offered then.
+DraftAnswer AskForDraft(QWidget* parent, const DraftCount& count);
 
 /// Shows what was left out, with what was typed and what stands there, to be copied.
 void ShowLeftCells(QWidget* parent, const std::vector<LeftCell>& cells);

@@ -12,6 +12,8 @@
 namespace quorvane::zendria {
 namespace {
 
+using Why = LeftCell::Why;
+
 /// Where a cell stands; the form has no such row for -1.
 int RowOf(const Retivo& grid, const std::string& key) {
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
@@ -77,12 +79,19 @@ class Hand {
 
 }  // namespace
 
-DraftReplay::DraftReplay(const qt::FormWindow& window, const std::vector<GradeCell>& draft) {
+DraftReplay::DraftReplay(const qt::FormWindow& window, const std::vector<GradeCell>& draft,
+                         const AbsentCells& absent) {
   const auto form = AsGradeForm(window.Model());
   for (const auto& cell : draft) {
     const auto* const subject = form->Subject(cell);
+    if (subject == nullptr) {
+      const auto state = absent.StateOf(cell);
+      if (state == AbsentCells::State::Waiting) waiting_.push_back(cell);
+      if (state == AbsentCells::State::Gone) changed_.push_back(cell);
+      continue;
+    }
     const auto* const field = form->Field(cell.column);
-    const auto known = subject != nullptr && field != nullptr && field->name == cell.field &&
+    const auto known = field != nullptr && field->name == cell.field &&
                        subject->CodAlumno_MateriaDetalles == cell.pending;
     const auto now = known ? field->stored(*subject) : 0;
     if (known && now == cell.data) continue;
@@ -92,7 +101,8 @@ DraftReplay::DraftReplay(const qt::FormWindow& window, const std::vector<GradeCe
 
 std::vector<GradeCell> DraftReplay::Cells() const {
   auto cells = fit_;
-  cells.insert(cells.end(), changed_.begin(), changed_.end());
+  for (const auto* const others : {&changed_, &waiting_})
+    cells.insert(cells.end(), others->begin(), others->end());
   return cells;
 }
 
@@ -105,11 +115,12 @@ std::vector<LeftCell> DraftReplay::Play(qt::FormWindow& window) const {
   for (const auto& cell : refused) {
     // A measure is offered once the subject has its grade, which may have come after it.
     const auto row = hand.WalkTo(cell);
-    if (!hand.Put(row, cell)) left.push_back({cell, hand.TextAt(row, cell), true});
+    if (!hand.Put(row, cell))
+      left.push_back({cell, hand.TextAt(row, cell), row < 0 ? Why::Gone : Why::NotOffered});
   }
   for (const auto& cell : changed_) {
     const auto row = hand.WalkTo(cell);
-    left.push_back({cell, hand.TextAt(row, cell), row < 0});
+    left.push_back({cell, hand.TextAt(row, cell), row < 0 ? Why::Gone : Why::Changed});
   }
   hand.WalkBack();
   return left;

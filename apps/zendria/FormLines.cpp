@@ -31,12 +31,6 @@ QString ChoiceText(const GradeSheet& sheet, std::string_view control) {
   return {};
 }
 
-std::int32_t ChoiceData(const GradeSheet& sheet, std::string_view control) {
-  for (const auto& choice : sheet.choices)
-    if (choice.control == control) return choice.data;
-  return 0;
-}
-
 /// The list has a student's number in the section before his name.
 QString WithoutNumber(const QString& student) {
   static const QRegularExpression number("^\\d+ ");
@@ -85,9 +79,7 @@ class FormLines::Teller {
     if (sheet.recovery) place.append("Recuperación");
     place.append(Walked(form));
     QStringList remarks{problem_()};
-    remarks.append(HeldText(
-        Held({ChoiceData(sheet, "cboSecciones"), sheet.evaluacion, ChoiceData(sheet, "cboAlumno"),
-              ChoiceData(sheet, "cboMateria"), form.Publication()})));
+    remarks.append(HeldText(Held(SoughtBy(form))));
     remarks.removeAll(QString());
     return {place.join(kBetween), remarks.join(u'\n')};
   }

@@ -1,6 +1,7 @@
 #include "apps/zendria/GradeDraft.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr auto kKind = "notas sin guardar";
 constexpr int kVersion = 1;
+constexpr auto kEnding = ".json";
 
 struct TextField {
   const char* name;
@@ -56,6 +58,29 @@ QJsonObject ToJson(const GradeCell& cell) {
   return object;
 }
 
+QJsonObject ToJson(const ProcessMark& mark) {
+  return {{"maquina", QString::fromStdString(mark.machine)},
+          {"arranque", QString::fromStdString(mark.boot)},
+          {"espacio", QString::fromStdString(mark.space)},
+          {"proceso", QString::number(mark.process)},
+          {"inicio", QString::number(mark.start)}};
+}
+
+/// An empty one of what is none.
+ProcessMark MarkOf(const QJsonObject& object) {
+  return {object["maquina"].toString().toStdString(), object["arranque"].toString().toStdString(),
+          object["espacio"].toString().toStdString(), object["proceso"].toString().toLongLong(),
+          object["inicio"].toString().toULongLong()};
+}
+
+QString Digest(const QByteArray& content) {
+  return QString::fromLatin1(QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex());
+}
+
+QString FileNameBegin(const DraftOwner& owner, const GradeSheet& sheet) {
+  return Digest(QJsonDocument(Identity(owner, sheet)).toJson(QJsonDocument::Compact));
+}
+
 std::optional<GradeCell> CellOf(const QJsonValue& value) {
   if (!value.isObject()) return std::nullopt;
   const auto object = value.toObject();
@@ -73,10 +98,17 @@ std::optional<GradeCell> CellOf(const QJsonValue& value) {
 
 }  // namespace
 
-QString DraftFileName(const DraftOwner& owner, const GradeSheet& sheet) {
-  const auto identity = QJsonDocument(Identity(owner, sheet)).toJson(QJsonDocument::Compact);
-  const auto name = QCryptographicHash::hash(identity, QCryptographicHash::Sha256).toHex();
-  return QString::fromLatin1(name) + ".json";
+QString DraftFileName(const DraftOwner& owner, const GradeSheet& sheet, const ProcessMark& writer) {
+  constexpr qsizetype kEnough = 16;
+  const auto mark = QJsonDocument(ToJson(writer)).toJson(QJsonDocument::Compact);
+  return FileNameBegin(owner, sheet) + '-' + Digest(mark).left(kEnough) + kEnding;
+}
+
+QStringList DraftFileNames(const QString& folder, const DraftOwner& owner,
+                           const GradeSheet& sheet) {
+  // What is no file, and what a link leads nowhere with, has to be told too.
+  return QDir(folder).entryList({FileNameBegin(owner, sheet) + '*' + kEnding},
+                                QDir::AllEntries | QDir::System, QDir::Name);
 }
 
 QByteArray DraftContent(const GradeDraft& draft) {
@@ -85,7 +117,8 @@ QByteArray DraftContent(const GradeDraft& draft) {
   const QJsonObject object{{"clase", kKind},
                            {"version", kVersion},
                            {"de", Identity(draft.owner, draft.sheet)},
-                           {"cuando", draft.when.toString(Qt::ISODate)},
+                           {"cuando", draft.when.toString(Qt::ISODateWithMs)},
+                           {"programa", ToJson(draft.writer)},
                            {"celdas", cells}};
   return QJsonDocument(object).toJson();
 }
@@ -96,8 +129,11 @@ std::optional<GradeDraft> ReadDraft(const QByteArray& content, const DraftOwner&
   if (object["clase"] != QLatin1String(kKind) || object["version"] != kVersion ||
       object["de"] != Identity(owner, sheet) || !object["celdas"].isArray())
     return std::nullopt;
-  GradeDraft draft{
-      owner, sheet, QDateTime::fromString(object["cuando"].toString(), Qt::ISODate), {}};
+  GradeDraft draft{owner,
+                   sheet,
+                   QDateTime::fromString(object["cuando"].toString(), Qt::ISODate),
+                   {},
+                   MarkOf(object["programa"].toObject())};
   if (!draft.when.isValid()) return std::nullopt;
   for (const auto& value : object["celdas"].toArray()) {
     auto cell = CellOf(value);

@@ -3,10 +3,12 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
 #include <vector>
 
+#include "apps/escuela/ProcessMark.h"
 #include "apps/zendria/GradeCell.h"
 
 namespace quorvane::zendria {
@@ -23,10 +25,14 @@ struct GradeDraft {
   GradeSheet sheet;
   QDateTime when;  ///< when it was written
   std::vector<GradeCell> cells;
+  ProcessMark writer{};  ///< the program that keeps it; nothing can be said of an empty one
 };
 
-/// The name of the file for the draft of that form with those choices.
-QString DraftFileName(const DraftOwner& owner, const GradeSheet& sheet);
+/// The name of the file in which that program keeps the draft of that form with those choices: of
+/// two programs neither writes over the other's.
+QString DraftFileName(const DraftOwner& owner, const GradeSheet& sheet, const ProcessMark& writer);
+/// The names of the drafts of that form with those choices in the folder, whoever keeps them.
+QStringList DraftFileNames(const QString& folder, const DraftOwner& owner, const GradeSheet& sheet);
 
 QByteArray DraftContent(const GradeDraft& draft);
 

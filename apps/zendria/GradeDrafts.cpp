@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QStringList>
 #include <QTimer>
 #include <algorithm>
 #include <iterator>
@@ -9,11 +10,14 @@
 
 #include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
+#include "apps/zendria/AbsentCells.h"
 #include "apps/zendria/DraftDialogs.h"
 #include "apps/zendria/DraftReplay.h"
+#include "apps/zendria/GradeDraft.h"
 #include "apps/zendria/GradeEdits.h"
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/OwnFile.h"
+#include "apps/zendria/School.h"
 #include "platform/controls/Form.h"
 
 namespace quorvane::zendria {
@@ -37,14 +41,19 @@ class GradeDrafts::Keeper {
   Keeper(qt::QtFrontEnd& screen, QString folder) : screen_(screen), folder_(std::move(folder)) {
     turn_.setSingleShot(true);
     turn_.callOnTimeout([this] { Write(); });
+    SweepUnfinishedFiles(folder_);
   }
 
-  void Begin(DraftOwner owner) {
-    owner_ = std::move(owner);
+  void Begin(School& school, const User& user) {
+    owner_ = {school.Place(), user.id};
+    school_ = &school.Own();
+    user_ = &user;
     Forget();
   }
+  void End() { school_ = nullptr; }
 
   void Edited(const Form& form, const Retivo& grid, int entry) {
+    if (resting_) return;
     auto edit = ReadGradeEdit(form, grid, entry);
     // What no save writes is no grade to be kept.
     if (!edit || edit->cell.field.empty()) return;
@@ -77,23 +86,31 @@ class GradeDrafts::Keeper {
 
   void Ready(qt::FormWindow& window) {
     const auto form = AsGradeForm(window.Model());
-    if (form == nullptr || !window.Model().Visible()) return;
+    if (form == nullptr || !window.Model().Visible() || school_ == nullptr) return;
     Forget();
+    // Put in here, a draft would end with the only way out.
+    resting_ = !form->Saves();
+    if (resting_) return;
     sheet_ = form->Sheet();
     const auto draft = Read(window);
     if (!draft) return;
-    const auto replay = DraftReplay(window, draft->cells);
+    const AbsentCells absent(*school_, *user_, *form);
+    const auto replay = DraftReplay(window, draft->cells, absent);
     if (replay.Nothing()) {
       // All of it is saved already: the program ended between the save and this file's end.
       QFile::remove(Path());
+      RemoveFound();
       return;
     }
     // Until the user has decided, whatever else happens, all of it stays in the file.
     later_ = replay.Cells();
-    const auto answer = AskForDraft(&window, draft->when, replay.Fit(), replay.Changed());
+    const auto& waiting = replay.Waiting();
+    const auto answer = AskForDraft(&window, {draft->when, replay.Fit(), replay.Changed(),
+                                              waiting.size(), absent.Holders(waiting)});
     if (screen_.Leaving()) return;
     if (answer == DraftAnswer::Drop) {
-      later_.clear();
+      // What was only told to wait wasn't asked about, unless there was nothing else.
+      later_ = replay.Fit() + replay.Changed() > 0 ? waiting : std::vector<GradeCell>();
       dirty_ = true;
       Write();
     } else if (answer == DraftAnswer::Put) {
@@ -114,22 +131,51 @@ class GradeDrafts::Keeper {
     // After a failure what wasn't put yet waits for the next opening.
     if (!whole) return;
     for (const auto& one : left) told_.push_back(one.cell);
-    later_.clear();
+    later_ = replay.Waiting();
     WriteSoon();
     if (!left.empty() && !screen_.Leaving()) ShowLeftCells(&window, left);
   }
 
-  [[nodiscard]] QString Path() const { return folder_ + '/' + DraftFileName(owner_, sheet_); }
+  [[nodiscard]] QString FileName() const { return DraftFileName(owner_, sheet_, self_); }
+  [[nodiscard]] QString Path() const { return folder_ + '/' + FileName(); }
 
-  std::optional<GradeDraft> Read(qt::FormWindow& window) const {
+  /// What this program and those that are gone have left, as one draft; whose programs run keep
+  /// theirs. Of two of a cell the later counts.
+  std::optional<GradeDraft> Read(qt::FormWindow& window) {
+    std::vector<GradeDraft> drafts;
+    for (const auto& name : DraftFileNames(folder_, owner_, sheet_)) {
+      auto draft = ReadOne(window, name);
+      if (!draft) continue;
+      if (draft->writer != self_ && StateOf(draft->writer) == ProcessState::Running) continue;
+      if (name != FileName()) found_.append(folder_ + '/' + name);
+      drafts.push_back(*std::move(draft));
+    }
+    if (drafts.empty()) return std::nullopt;
+    std::stable_sort(drafts.begin(), drafts.end(),
+                     [](const auto& one, const auto& other) { return one.when > other.when; });
+    auto whole = std::move(drafts.front());
+    for (std::size_t i = 1; i < drafts.size(); ++i)
+      std::copy_if(drafts[i].cells.begin(), drafts[i].cells.end(), std::back_inserter(whole.cells),
+                   [&whole](const GradeCell& cell) { return !Holds(whole.cells, cell); });
+    return whole;
+  }
+
+  std::optional<GradeDraft> ReadOne(qt::FormWindow& window, const QString& name) const {
     QByteArray content;
-    const auto state = ReadOwnFile(Path(), content);
+    const auto state = ReadOwnFile(folder_ + '/' + name, content);
+    // Another program has just saved it.
     if (state == OwnFileState::Missing) return std::nullopt;
     auto draft = state == OwnFileState::Read ? ReadDraft(content, owner_, sheet_) : std::nullopt;
     if (draft) return draft;
-    const auto aside = SetOwnFileAside(folder_, DraftFileName(owner_, sheet_), kSetAside);
-    TellBrokenDraft(&window, Path(), aside);
+    const auto aside = SetOwnFileAside(folder_, name, kSetAside);
+    TellBrokenDraft(&window, folder_ + '/' + name, aside);
     return std::nullopt;
+  }
+
+  /// What was read of others is in this program's own draft, or not wanted any more.
+  void RemoveFound() {
+    for (const auto& path : found_) QFile::remove(path);
+    found_.clear();
   }
 
   void WriteSoon() {
@@ -150,11 +196,12 @@ class GradeDrafts::Keeper {
                    [&edited](const GradeCell& cell) { return !Holds(edited, cell); });
     if (cells.empty()) {
       QFile::remove(Path());
+      RemoveFound();
       return;
     }
-    const GradeDraft draft{owner_, sheet_, QDateTime::currentDateTime(), std::move(cells)};
-    const auto written =
-        ReplaceOwnFile(folder_, DraftFileName(owner_, sheet_), DraftContent(draft));
+    const GradeDraft draft{owner_, sheet_, QDateTime::currentDateTime(), std::move(cells), self_};
+    const auto written = ReplaceOwnFile(folder_, FileName(), DraftContent(draft));
+    if (written) RemoveFound();
     problem_ = written ? QString()
                        : QStringLiteral(
                              "No se puede guardar el borrador de estas notas en «%1»: "
@@ -170,17 +217,24 @@ class GradeDrafts::Keeper {
     sheet_ = {};
     dirty_ = false;
     problem_.clear();
+    resting_ = false;
+    found_.clear();
   }
 
   qt::QtFrontEnd& screen_;
   QString folder_;
+  const ProcessMark self_ = ProcessMark::Own();
   DraftOwner owner_;
+  Connection* school_ = nullptr;  // null while no screen of the module is open
+  const User* user_ = nullptr;
   GradeSheet sheet_;
   GradeEdits edits_;
   std::vector<GradeCell> later_;  // from a former time, not put in
+  QStringList found_;             // the files of other programs that it was in
   std::vector<GradeCell> told_;   // those that can't be, which the user has been shown
   bool dirty_ = false;
-  QTimer turn_;  // runs until the event loop's turn ends
+  bool resting_ = false;  // the form saves nothing
+  QTimer turn_;           // runs until the event loop's turn ends
   QString problem_;
 };
 
@@ -201,7 +255,9 @@ GradeDrafts::GradeDrafts(qt::QtFrontEnd& screen, QString folder)
 
 GradeDrafts::~GradeDrafts() = default;
 
-void GradeDrafts::Begin(DraftOwner owner) { keeper_->Begin(std::move(owner)); }
+void GradeDrafts::Begin(School& school, const User& user) { keeper_->Begin(school, user); }
+
+void GradeDrafts::End() { keeper_->End(); }
 
 void GradeDrafts::Told(const std::string& statement) { keeper_->Told(statement); }
 

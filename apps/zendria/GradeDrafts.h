@@ -5,8 +5,6 @@
 #include <memory>
 #include <string>
 
-#include "apps/zendria/GradeDraft.h"
-
 namespace quorvane {
 class Form;
 class Retivo;
@@ -17,6 +15,9 @@ class QtFrontEnd;
 }  // namespace quorvane
 
 namespace quorvane::zendria {
+
+class School;
+struct User;
 
 /// Keeps what is typed into the grade forms in a file of the user's until the form has saved it or
 /// given it up, so that neither a failure nor the end of the program loses a grade; and offers it
@@ -35,8 +36,10 @@ class GradeDrafts {
   GradeDrafts(GradeDrafts&&) = delete;
   GradeDrafts& operator=(GradeDrafts&&) = delete;
 
-  /// A screen of the module opens for that user of that school.
-  void Begin(DraftOwner owner);
+  /// A screen of the module opens for that user of that school. Both outlive it.
+  void Begin(School& school, const User& user);
+  /// It has gone.
+  void End();
   /// The module is about to execute a statement: what was typed is on the disk before one that
   /// writes.
   void Told(const std::string& statement);

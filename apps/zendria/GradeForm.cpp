@@ -80,6 +80,7 @@ class Known final : public GradeForm {
   }
   [[nodiscard]] bool WalksStudents() const override { return kStudents; }
   [[nodiscard]] bool AtWork() const override { return form_.fraAniCarga.Visible(); }
+  [[nodiscard]] bool Saves() const override { return form_.cmdAceptar.Usable(); }
   [[nodiscard]] std::int32_t Publication() const override {
     return form_.publicacion.IDPublicacion;
   }

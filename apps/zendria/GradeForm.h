@@ -40,6 +40,8 @@ class GradeForm {
   [[nodiscard]] virtual bool WalksStudents() const = 0;
   /// It loads or saves, and shows nothing else.
   [[nodiscard]] virtual bool AtWork() const = 0;
+  /// What is typed can be saved; in a school year that is closed it is only looked at.
+  [[nodiscard]] virtual bool Saves() const = 0;
   /// The publication that its own locks bear; 0 for none.
   [[nodiscard]] virtual std::int32_t Publication() const = 0;
 

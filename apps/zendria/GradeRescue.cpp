@@ -13,6 +13,7 @@ namespace quorvane::zendria {
 
 GradeRescue::GradeRescue(qt::QtFrontEnd& screen, QString folder)
     : watched_(std::make_shared<Watched>()), folder_(std::move(folder)) {
+  SweepUnfinishedFiles(folder_);
   screen.EditEnding = [watched = watched_](const Form& form, const Retivo& grid, int entry) {
     if (auto edit = ReadGradeEdit(form, grid, entry)) watched->edits.Add(*std::move(edit));
   };

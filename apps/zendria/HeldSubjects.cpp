@@ -3,9 +3,11 @@
 #include <QStringList>
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "apps/escuela/LockList.h"
 #include "apps/zendria/ClassName.h"
+#include "apps/zendria/GradeForm.h"
 #include "apps/zendria/User.h"
 #include "platform/data/Connection.h"
 
@@ -15,6 +17,12 @@ namespace {
 // The column has no name in the module, and is read by its place.
 constexpr std::size_t kLockUser = 3;
 constexpr std::size_t kMostTold = 4;
+
+std::int32_t ChoiceData(const GradeSheet& sheet, std::string_view control) {
+  for (const auto& choice : sheet.choices)
+    if (choice.control == control) return choice.data;
+  return 0;
+}
 
 QString Joined(const std::string& name, const std::string& course, const std::string& section) {
   const auto place = ClassName(QString::fromStdString(course), QString::fromStdString(section));
@@ -35,6 +43,12 @@ QString Line(const HeldSubject& held) {
 }
 
 }  // namespace
+
+SubjectsSought SoughtBy(const GradeForm& form) {
+  const auto sheet = form.Sheet();
+  return {ChoiceData(sheet, "cboSecciones"), sheet.evaluacion, ChoiceData(sheet, "cboAlumno"),
+          ChoiceData(sheet, "cboMateria"), form.Publication()};
+}
 
 std::int32_t SubjectReader::Person() const {
   const auto rows = school_.Execute("SELECT IDPersonal FROM Personal WHERE CodUsuario=" +
@@ -68,8 +82,9 @@ std::vector<HeldSubject> SubjectReader::Held(const SubjectsSought& sought) const
   auto rows = school_.Execute("SELECT * FROM BloqueoPte WHERE " + where + " ORDER BY CodMatDet");
   for (; !rows.Eof(); rows.MoveNext()) {
     const auto holder = rows.Fields(kLockUser).Long();
-    held.push_back({Subject(rows.Fields("CodMatDet").Long()),
-                    QString::fromStdString(locks.OwnerName(holder)), holder == user_.id});
+    const auto detail = rows.Fields("CodMatDet").Long();
+    held.push_back({detail, Subject(detail), QString::fromStdString(locks.OwnerName(holder)),
+                    holder == user_.id});
   }
   return held;
 }

@@ -11,6 +11,7 @@ class Connection;
 
 namespace quorvane::zendria {
 
+class GradeForm;
 struct User;
 
 /// What a grade form is about to look for, or has looked for; 0 for what isn't fixed.
@@ -24,10 +25,14 @@ struct SubjectsSought {
   bool operator==(const SubjectsSought&) const = default;
 };
 
+/// What that form has looked for.
+SubjectsSought SoughtBy(const GradeForm& form);
+
 /// A subject that somebody's grade form holds, so that no other form shows it.
 struct HeldSubject {
-  QString subject;  ///< "Matemáticas (2º ESO A)"
-  QString holder;   ///< empty when nobody bears the lock's number
+  std::int32_t detail = 0;  ///< its `IDMateriaDetalles`
+  QString subject;          ///< "Matemáticas (2º ESO A)"
+  QString holder;           ///< empty when nobody bears the lock's number
   bool own = false;
 };
 

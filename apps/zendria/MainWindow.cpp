@@ -265,7 +265,7 @@ void MainWindow::OpenNode(std::uint8_t node) {
         });
     Working(entry->title);
     rescue_.Begin();
-    drafts_.Begin({school_->Place(), user_.id});
+    drafts_.Begin(*school_, user_);
     lines_.Begin(*school_, user_);
     failure = Reconnect(*school_);
     if (!failure)
@@ -273,6 +273,7 @@ void MainWindow::OpenNode(std::uint8_t node) {
     publications_->Ended(failure.has_value() || !screen_.LeavingFailures().empty());
   }
   lines_.End();
+  drafts_.End();
   school_->Rest();
   Working({});
   if (screen_.Leaving()) return;

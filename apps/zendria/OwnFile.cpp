@@ -1,5 +1,6 @@
 #include "apps/zendria/OwnFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr mode_t kFileMode = 0600;
 constexpr mode_t kFolderMode = 0700;
+constexpr auto kUnfinished = "/.notas-XXXXXX";
+constexpr qint64 kOldAge = 60 * 60;  // seconds
 constexpr int kMostOfOneName = 1000;
 constexpr qint64 kMostRead = qint64{16} << 20;
 
@@ -22,7 +25,7 @@ constexpr qint64 kMostRead = qint64{16} << 20;
 class UnfinishedFile {
  public:
   explicit UnfinishedFile(const QString& folder)
-      : path_(QFile::encodeName(folder + "/.notas-XXXXXX")),
+      : path_(QFile::encodeName(folder + kUnfinished)),
         handle_(mkostemp(path_.data(), O_CLOEXEC)) {}
   ~UnfinishedFile() {
     if (handle_ < 0) return;
@@ -156,6 +159,18 @@ std::optional<QString> SetOwnFileAside(const QString& folder, const QString& nam
     if (errno != EEXIST) break;
   }
   return std::nullopt;
+}
+
+void SweepUnfinishedFiles(const QString& folder) {
+  const auto now = QDateTime::currentSecsSinceEpoch();
+  const auto pattern = QString(kUnfinished).mid(1).replace(u'X', u'?');
+  for (const auto& name : QDir(folder).entryList({pattern}, QDir::Files | QDir::Hidden)) {
+    const auto path = QFile::encodeName(folder + '/' + name);
+    struct stat status {};
+    if (lstat(path.constData(), &status) == 0 && S_ISREG(status.st_mode) &&
+        status.st_uid == geteuid() && now - status.st_mtime > kOldAge)
+      unlink(path.constData());
+  }
 }
 
 std::optional<QString> WriteOwnTemporaryFile(const QString& name, const QByteArray& content) {

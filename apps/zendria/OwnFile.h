@@ -29,6 +29,10 @@ OwnFileState ReadOwnFile(const QString& path, QByteArray& content);
 std::optional<QString> SetOwnFileAside(const QString& folder, const QString& name,
                                        const QString& ending);
 
+/// Removes what a program that was killed while it wrote has left in such a folder. What is younger
+/// than an hour stays: another program may be at it.
+void SweepUnfinishedFiles(const QString& folder);
+
 /// As `WriteOwnFile`, in a new folder among the temporary files.
 std::optional<QString> WriteOwnTemporaryFile(const QString& name, const QByteArray& content);
 

@@ -1,13 +1,23 @@
 // Grades that were typed and not saved come back when the form opens again.
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <array>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <new>
+#include <optional>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include "apps/escuela/ProcessMark.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
@@ -21,6 +31,50 @@ struct Flow {
   const char* evaluation;
   const char* list = nullptr;  ///< what step one asks for besides
   const char* entry = nullptr;
+};
+
+QByteArray ContentIn(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+/// A program of the same user's that runs until the object goes.
+class OtherProgram {
+ public:
+  OtherProgram() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe(ends.data()), 0);
+    process_ = fork();
+    if (process_ == 0) {
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
+      const auto start = ProcessMark::Own().start;
+      if (write(ends[1], &start, sizeof start) != sizeof start) _exit(1);
+      for (;;) pause();
+    }
+    EXPECT_EQ(read(ends[0], &start_, sizeof start_), static_cast<ssize_t>(sizeof start_));
+    for (const auto end : ends) close(end);
+  }
+  ~OtherProgram() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+  }
+  OtherProgram(OtherProgram&&) = delete;
+
+  /// That draft becomes one that it keeps.
+  void Own(const QString& path) const {
+    auto draft = QJsonDocument::fromJson(ContentIn(path)).object();
+    auto program = draft["programa"].toObject();
+    program["proceso"] = QString::number(process_);
+    program["inicio"] = QString::number(start_);
+    draft["programa"] = program;
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QJsonDocument(draft).toJson());
+  }
+
+ private:
+  pid_t process_ = 0;
+  std::uint64_t start_ = 0;
 };
 
 class GradeDraftTest : public RescueTest {
@@ -154,6 +208,53 @@ TEST_F(GradeDraftTest, WhatOthersHaveChangedIsListedWithBothValuesAndLeftAlone) 
   EXPECT_EQ(DraftFiles(), QStringList()) << "they were told, once";
 }
 
+TEST_F(GradeDraftTest, WhatSomebodyHoldsStaysInTheDraftUntilTheFormHasItAgain) {
+  Break(threeGrades_);
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  QString text;
+  AnswerDraft("ponerlas", &text);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
+  EXPECT_TRUE(
+      text.endsWith("Otra más sigue en el borrador, porque su materia no está ahora en esta "
+                    "pantalla.\nMatemáticas (1º ESO A): la está calificando Ana Ruiz Soto."))
+      << text.toStdString();
+  EXPECT_EQ(Stored(), (Lines{"107", "108", "0", "0"}));
+  // Nothing else is left: neither answer to what can't be answered yet, nor a save, drops it.
+  AnswerDraft("ahoraNo", &text);
+  Use(Doing({{0, 1, "6"}, "cmdAceptar"}));
+  EXPECT_TRUE(text.startsWith("Hay una nota sin guardar")) << text.toStdString();
+  EXPECT_TRUE(text.contains("Sigue en el borrador")) << text.toStdString();
+  EXPECT_TRUE(text.endsWith("la está calificando Ana Ruiz Soto.")) << text.toStdString();
+  school_.Sql("DELETE FROM BloqueoPte");
+  AnswerDraft("ponerlas");
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
+TEST_F(GradeDraftTest, WhatSomebodyHoldsGoesWithTheRestOfADraftOnlyWhereThereIsNoRest) {
+  Break(threeGrades_);
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  AnswerDraft("descartarlas");
+  Use(Doing({"cmdCancelar"}));
+  EXPECT_EQ(DraftFiles().size(), 1);
+  AnswerDraft("descartarlas");
+  Use(Doing({"cmdCancelar"}));
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
+TEST_F(GradeDraftTest, WhatItsHolderHasSavedJustSoIsNotOffered) {
+  Break(threeGrades_);
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=109 WHERE CodAlumnoPte_MatDet=3");
+  QString text;
+  AnswerDraft("ponerlas", &text);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_TRUE(text.endsWith("¿Ponerlas?")) << text.toStdString();
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
 TEST_F(GradeDraftTest, WhereOthersHaveChangedAllOfItNothingIsPutIn) {
   Break(Doing({{0, 1, "7"}}));
   school_.Sql("UPDATE EvaluacionPte SET CodNota=103");
@@ -165,6 +266,19 @@ TEST_F(GradeDraftTest, WhereOthersHaveChangedAllOfItNothingIsPutIn) {
   EXPECT_TRUE(text.contains("¿Verla?")) << text.toStdString();
   EXPECT_TRUE(left.contains("suya: 7\tahora: 3")) << left.toStdString();
   EXPECT_EQ(DraftFiles(), QStringList());
+}
+
+TEST_F(GradeDraftTest, AGradeThatTheListHasNoMoreIsToldAsThat) {
+  Break(Doing({"cmdSiguiente", {1, 1, "9"}}));
+  school_.Sql("UPDATE Nota SET NotaExcepcional=1 WHERE IDNota=109");
+  QString left;
+  AnswerDraft("ponerlas");
+  ReadLeft(left);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(left.toStdString(), std::string(kMarta) + '\t' + kMates +
+                                    "\tNota\tsuya: 9\tesa nota ya no se ofrece; ahora: (en "
+                                    "blanco)\n");
+  EXPECT_EQ(Stored(), (Lines{"105", "105", "0", "0"}));
 }
 
 TEST_F(GradeDraftTest, WhatTheFailedSaveHadWrittenIsNotOffered) {
@@ -213,6 +327,62 @@ TEST_F(GradeDraftTest, NotNowKeepsItButForWhatIsTypedAnew) {
   Use(Doing({"cmdAceptar"}));
   EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
   EXPECT_EQ(Stored(), (Lines{"110", "108", "109", "0"}));
+}
+
+TEST_F(GradeDraftTest, InAYearThatCanNotBeChangedItIsNotOfferedAndStays) {
+  Break(threeGrades_);
+  auto* const year = window_->findChild<QAction*>("añoActivo");
+  ASSERT_NE(year, nullptr);
+  for (const auto* const form : {"frmNotaManual", "frmNotaManualFinal"}) {
+    year->setChecked(false);
+    Use({124, form, std::string(form).ends_with("Final") ? "Final" : "1"}, [](Window& window) {
+      EXPECT_FALSE(window.Widget("cmdAceptar")->isEnabled());
+      Robot::Grade(window, 0, 1, "4");
+      Robot::Click(window, "cmdCancelar");
+    });
+    EXPECT_EQ(DraftFiles().size(), 1);
+  }
+  year->setChecked(true);
+  AnswerDraft("ponerlas");
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
+}
+
+TEST_F(GradeDraftTest, TheNextProgramSweepsWhatAKilledOneLeftUnfinished) {
+  for (const auto& folder : {Drafts(), Folder()}) {
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QFile file(folder + "/.notas-aB3xyz");
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1),
+                                 QFileDevice::FileModificationTime));
+  }
+  UseScreens(zendria::PendingScreens());
+  EXPECT_EQ(DraftFiles(), QStringList());
+  EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(GradeDraftTest, AProgramThatRunsKeepsItsOwnAndLeavesItWhenItGoes) {
+  std::optional<OtherProgram> other(std::in_place);
+  Break(threeGrades_);
+  const auto theirs = Drafts() + '/' + DraftFiles().value(0).section(u'-', 0, 0) + "-otro.json";
+  ASSERT_TRUE(QFile::rename(TheDraft(), theirs));
+  other->Own(theirs);
+  const auto before = ContentIn(theirs);
+  Use([this](Window& window) {
+    Robot::Grade(window, 0, 1, "4");
+    EXPECT_EQ(DraftFiles().size(), 2);
+    Robot::Click(window, "cmdCancelar");
+  });
+  EXPECT_EQ(DraftFiles().size(), 1);
+  Break(Doing({{0, 1, "3"}}));
+  EXPECT_EQ(ContentIn(theirs), before);
+  other.reset();
+  QString text;
+  AnswerDraft("ponerlas", &text);
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_TRUE(text.startsWith("Hay 3 notas")) << text.toStdString();
+  EXPECT_EQ(Stored(), (Lines{"103", "108", "109", "0"})) << "of two of a cell the later";
+  EXPECT_EQ(DraftFiles(), QStringList());
 }
 
 TEST_F(GradeDraftTest, NotWantedItGoes) {

@@ -1,3 +1,4 @@
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -97,6 +98,24 @@ TEST_F(OwnFileTest, OnAFullDiskNothingIsLeft) {
   EXPECT_EQ(Entries(folder), QStringList("x.txt"));
   disk.MakeRoom();
   EXPECT_TRUE(WriteOwnFile(folder, "y.txt", QByteArray(10'000, 'x')));
+}
+
+TEST_F(OwnFileTest, WhatAKilledProgramLeftUnfinishedIsSweptWhenItIsOld) {
+  ASSERT_TRUE(WriteOwnFile(folder_, "x.txt", "uno"));
+  const auto leave = [this](const QString& name, bool old) {
+    QFile file(folder_ + '/' + name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const auto before = QDateTime::currentDateTime().addSecs(old ? -3700 : -3500);
+    ASSERT_TRUE(file.setFileTime(before, QFileDevice::FileModificationTime));
+  };
+  leave(".notas-aB3xyz", true);
+  leave(".notas-aB3xy2", false);
+  leave(".notas-mias-de-ayer", true);
+  leave("notas-aB3xyz", true);
+  zendria::SweepUnfinishedFiles(folder_);
+  EXPECT_EQ(Entries(folder_),
+            QStringList({".notas-aB3xy2", ".notas-mias-de-ayer", "notas-aB3xyz", "x.txt"}));
+  zendria::SweepUnfinishedFiles(disk_.filePath("no está"));
 }
 
 // Half a file is worse than none: it would be taken for the whole.
