@@ -119,10 +119,28 @@ class Printer {
     }
     std::vector<StateRow> rows;
     for (const auto& [key, row] : byTeacher) rows.push_back(row);
-    std::stable_sort(rows.begin(), rows.end(), [this](const auto& one, const auto& other) {
-      return SpanishLess(state_.TeacherName(one.teacher), state_.TeacherName(other.teacher));
+    const auto places = TeacherPlaces(rows);
+    std::stable_sort(rows.begin(), rows.end(), [&](const auto& one, const auto& other) {
+      return places.at(one.teacher) < places.at(other.teacher);
     });
     return rows;
+  }
+
+  /// Where each teacher stands by his name; those of one name stand together. Names are compared
+  /// once a teacher: he has a row for every evaluation.
+  std::map<std::int32_t, std::size_t> TeacherPlaces(const std::vector<StateRow>& rows) const {
+    std::map<std::int32_t, std::size_t> places;
+    for (const auto& row : rows) places[row.teacher] = 0;
+    std::vector<std::pair<std::string, std::int32_t>> names;
+    for (const auto& [teacher, place] : places)
+      names.emplace_back(state_.TeacherName(teacher), teacher);
+    std::stable_sort(names.begin(), names.end(), [](const auto& one, const auto& other) {
+      return SpanishLess(one.first, other.first);
+    });
+    for (std::size_t i = 0; i < names.size(); ++i)
+      places[names[i].second] =
+          i > 0 && names[i].first == names[i - 1].first ? places[names[i - 1].second] : i;
+    return places;
   }
 
   void PrintGroup(const StateRow& row) const {

@@ -94,11 +94,11 @@ void SchoolState::ReadNames() {
   }
 }
 
-std::string SchoolState::Statement(const Evaluation& evaluation, const StateFilter& filter,
-                                   bool bySubject, std::int32_t section) const {
-  const std::string table = evaluation.final ? "EvaluacionActaPte" : "EvaluacionPte";
-  const std::string groups =
-      std::string("Alumno.CodSeccion") + (bySubject ? ", AlumnoPte_MatDet.CodMatDet" : "");
+std::string SchoolState::Statement(const Alike& alike, const StateFilter& filter, bool bySubject,
+                                   std::int32_t section) const {
+  const std::string table = alike.final ? "EvaluacionActaPte" : "EvaluacionPte";
+  const auto groups = table + ".CodNumEvaluacion, Alumno.CodSeccion" +
+                      (bySubject ? ", AlumnoPte_MatDet.CodMatDet" : "");
   const auto entered = "SUM(CASE WHEN " + table + ".CodNota>0 THEN 1 ELSE 0 END)";
   auto statement =
       "SELECT " + groups + ", COUNT(*) AS Pendientes, " + entered + " AS Puestas FROM (((" + table +
@@ -106,11 +106,11 @@ std::string SchoolState::Statement(const Evaluation& evaluation, const StateFilt
       ".CodAlumnoPte_MatDet) INNER JOIN Alumno ON Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno) "
       "INNER JOIN MateriaDetalles ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_MatDet.CodMatDet) "
       "INNER JOIN TipoMateria ON TipoMateria.IDTipoMateria=MateriaDetalles.CodTipoMateria WHERE " +
-      table + ".CodNumEvaluacion=" + Number(evaluation.id) +
-      " AND Alumno.Anticipado=0 AND (Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL) AND "
+      table + ".CodNumEvaluacion IN (" + alike.numbers +
+      ") AND Alumno.Anticipado=0 AND (Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL) AND "
       "TipoMateria.CodEspecificarTipoMateria";
-  statement += evaluation.final ? "<>3" : "=1";
-  if (secondFinals_.contains(evaluation.id))
+  statement += alike.final ? "<>3" : "=1";
+  if (alike.secondFinal)
     statement +=
         " AND (TipoMateria.CodEspecificarTipoMateria=4 OR EXISTS (SELECT 1 FROM EvaluacionActaPte "
         "Primera INNER JOIN Nota ON Nota.IDNota=Primera.CodNota WHERE "
@@ -124,30 +124,40 @@ std::string SchoolState::Statement(const Evaluation& evaluation, const StateFilt
   return statement;
 }
 
+std::vector<SchoolState::Alike> SchoolState::AlikeOnes(std::int32_t only) const {
+  std::vector<Alike> all = {{false, false, {}}, {true, false, {}}, {true, true, {}}};
+  for (const auto& evaluation : evaluations_) {
+    if (only != 0 && only != evaluation.id) continue;
+    const auto second = secondFinals_.contains(evaluation.id);
+    auto& numbers = all[second ? 2 : evaluation.final ? 1 : 0].numbers;
+    numbers.append(numbers.empty() ? "" : ",").append(Number(evaluation.id));
+  }
+  std::erase_if(all, [](const Alike& alike) { return alike.numbers.empty(); });
+  return all;
+}
+
 std::vector<StateRow> SchoolState::Read(const StateFilter& filter, bool bySubject,
                                         std::int32_t section) const {
   std::vector<StateRow> all;
-  for (const auto& evaluation : evaluations_) {
-    if (filter.evaluation != 0 && filter.evaluation != evaluation.id) continue;
-    for (auto rows = school_.Execute(Statement(evaluation, filter, bySubject, section));
-         !rows.Eof(); rows.MoveNext()) {
+  for (const auto& alike : AlikeOnes(filter.evaluation)) {
+    for (auto rows = school_.Execute(Statement(alike, filter, bySubject, section)); !rows.Eof();
+         rows.MoveNext()) {
       StateRow row;
-      row.evaluation = evaluation.id;
-      row.section = rows.Fields(0).Long();
+      row.evaluation = rows.Fields(0).Long();
+      row.section = rows.Fields(1).Long();
       if (bySubject) {
-        row.subject = rows.Fields(1).Long();
+        row.subject = rows.Fields(2).Long();
         const auto teacher = teacherOf_.find(row.subject);
         if (teacher != teacherOf_.end()) row.teacher = teacher->second;
       }
-      const std::size_t counts = bySubject ? 2 : 1;
+      const std::size_t counts = bySubject ? 3 : 2;
       row.pending = rows.Fields(counts).Long();
       row.entered = rows.Fields(counts + 1).Long();
       all.push_back(row);
     }
   }
   MarkLocks(all, bySubject);
-  Sort(all);
-  return all;
+  return Sorted(all);
 }
 
 std::vector<StateRow> SchoolState::Sections(const StateFilter& filter) const {
@@ -175,18 +185,23 @@ void SchoolState::MarkLocks(std::vector<StateRow>& rows, bool bySubject) const {
   }
 }
 
-void SchoolState::Sort(std::vector<StateRow>& rows) const {
+std::vector<StateRow> SchoolState::Sorted(const std::vector<StateRow>& rows) const {
   std::map<std::int32_t, int> order;
   for (const auto& evaluation : evaluations_)
     order.emplace(evaluation.id, static_cast<int>(order.size()));
-  const auto place = [this](std::int32_t section) {
-    const auto found = sections_.find(section);
-    return found == sections_.end() ? 0 : found->second.second;
-  };
-  std::stable_sort(rows.begin(), rows.end(), [&](const StateRow& one, const StateRow& other) {
-    return std::tuple(order[one.evaluation], place(one.section), one.subject) <
-           std::tuple(order[other.evaluation], place(other.section), other.subject);
-  });
+  // Looked up once a row, not at each comparison: a large school has hundreds of thousands.
+  std::vector<std::tuple<int, int, std::int32_t, std::size_t>> places;
+  places.reserve(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const auto found = sections_.find(rows[i].section);
+    places.emplace_back(order[rows[i].evaluation],
+                        found == sections_.end() ? 0 : found->second.second, rows[i].subject, i);
+  }
+  std::sort(places.begin(), places.end());
+  std::vector<StateRow> sorted;
+  sorted.reserve(rows.size());
+  for (const auto& place : places) sorted.push_back(rows[std::get<3>(place)]);
+  return sorted;
 }
 
 std::string SchoolState::EvaluationName(std::int32_t id) const {

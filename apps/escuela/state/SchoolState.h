@@ -74,13 +74,22 @@ class SchoolState {
   [[nodiscard]] StateWindow Window(std::int32_t section, std::int32_t evaluation) const;
 
  private:
+  /// Evaluations whose grades are counted alike, and so in one statement.
+  struct Alike {
+    bool final = false;
+    bool secondFinal = false;
+    std::string numbers;  ///< with commas between them
+  };
+
   void ReadEvaluations();
   void ReadNames();
-  [[nodiscard]] std::string Statement(const Evaluation& evaluation, const StateFilter& filter,
-                                      bool bySubject, std::int32_t section) const;
+  /// Of that evaluation alone unless it is 0.
+  [[nodiscard]] std::vector<Alike> AlikeOnes(std::int32_t only) const;
+  [[nodiscard]] std::string Statement(const Alike& alike, const StateFilter& filter, bool bySubject,
+                                      std::int32_t section) const;
   [[nodiscard]] std::vector<StateRow> Read(const StateFilter& filter, bool bySubject,
                                            std::int32_t section) const;
-  void Sort(std::vector<StateRow>& rows) const;
+  [[nodiscard]] std::vector<StateRow> Sorted(const std::vector<StateRow>& rows) const;
   void MarkLocks(std::vector<StateRow>& rows, bool bySubject) const;
 
   Connection& school_;
