@@ -266,14 +266,25 @@ TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
-TEST_F(RetivoTest, TabInTheListOfTheLastCellGoesOnToTheNextControl) {
-  RunAt(1, 2, InList("5"), InList(Qt::Key_Tab), Shows(1, 2, "5"), HasKeyboard("cmdAceptar"));
+TEST_F(RetivoTest, TabInTheListOfTheLastCellTakesTheGradeAndStays) {
+  RunAt(1, 2, InList("5"), InList(Qt::Key_Tab), ListIs(false), Shows(1, 2, "5"), StandsAt(2, 2),
+        HasKeyboard("rtvNotas"));
 }
 
-TEST_F(RetivoTest, TabWalksTheListCellsAndLeavesAfterTheLast) {
+TEST_F(RetivoTest, TabWalksTheListCellsAndStaysAtTheLast) {
   const auto tab = Press(Qt::Key_Tab);
+  const auto back = Press(Qt::Key_Backtab, Qt::ShiftModifier);
   RunAt(0, 0, tab, StandsAt(1, 1), tab, StandsAt(1, 2), tab, StandsAt(2, 1), tab, StandsAt(2, 2),
-        tab, HasKeyboard("cmdAceptar"), Press(Qt::Key_Backtab), StandsAt(2, 1));
+        tab, tab, HasKeyboard("rtvNotas"), StandsAt(2, 2), Press(Qt::Key_Return),
+        HasKeyboard("rtvNotas"), back, back, back, StandsAt(1, 1), back, StandsAt(1, 1),
+        HasKeyboard("rtvNotas"));
+  EXPECT_THAT(seen, IsEmpty()) << "no button was pressed";
+}
+
+TEST_F(RetivoTest, TabGoesThroughATableInWhichNothingOpens) {
+  form->rtvNotas.Rows(1);
+  Run([](auto& window) { Of(window, "msgRejilla")->setFocus(); }, Key("msgRejilla", Qt::Key_Tab),
+      HasKeyboard("rtvNotas"), Press(Qt::Key_Tab), HasKeyboard("cmdAceptar"));
 }
 
 TEST_F(RetivoTest, TheBlankOpensTheWholeList) {

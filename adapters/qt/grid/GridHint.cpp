@@ -10,7 +10,7 @@ constexpr int kLeastLines = 6;  // of the grid, so that its keys are worth a lin
 constexpr std::array kKeys{
     "Intro: abajo",  "Tab: a la derecha", "con Mayús: al revés",     "F2 o Espacio: lista",
     "Esc: dejarla",  "Supr: quitar",      "Ctrl+↑, Ctrl+↓: moverse", "Ctrl+C: copiar",
-    "Ctrl+V: pegar", "Ctrl+D: rellenar"};
+    "Ctrl+V: pegar", "Ctrl+D: rellenar",  "Ctrl+Tab: salir"};
 
 /// What belongs together stays in a line.
 QString Text() {

@@ -271,7 +271,17 @@ bool RetivoView::MoveOn(bool forward) {
     table_->GoTo(next);
     return true;
   }
-  // Beyond the last cell the keyboard goes to the next control.
+  if (!AnyOpens()) return false;
+  // Beyond the last cell are the buttons, where the next key of who looks at his papers would save
+  // or drop all of it.
+  QApplication::beep();
+  return true;
+}
+
+bool RetivoView::AnyOpens() const {
+  const auto* const cells = table_->model();
+  for (int column = 0; cells->rowCount() > 0 && column < cells->columnCount(); ++column)
+    if (Opens(cells->index(0, column))) return true;
   return false;
 }
 

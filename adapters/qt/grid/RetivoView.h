@@ -16,8 +16,8 @@ class GridMenu;
 class GridTable;
 
 /// A table whose list cells open a list on click, F2, the blank or typing. Enter goes down, Tab
-/// from one list cell to the next, Ctrl with an arrow from cell to cell where the form has the
-/// arrow; Ctrl+Tab leaves the table at once. A line below it tells its keys.
+/// from one list cell to the next and no further than the last, Ctrl with an arrow from cell to
+/// cell where the form has the arrow; Ctrl+Tab leaves the table. A line below it tells its keys.
 class RetivoView : public QObject, public ControlView {
  public:
   RetivoView(FormWindow& window, Retivo& retivo);
@@ -41,7 +41,10 @@ class RetivoView : public QObject, public ControlView {
   void OpenByMouse(const QModelIndex& cell);
   void GoOn(RetivoEditor::Then then);
   bool TakesKey(const QKeyEvent& key);
+  /// To the next list cell or the one before, and nowhere where there is none. False in a table
+  /// without list cells, which keeps nobody.
   bool MoveOn(bool forward);
+  [[nodiscard]] bool AnyOpens() const;
   void MoveBy(int rows);
   bool TakesCommand(const QKeyEvent& key);
   bool TakesArrow(const QKeyEvent& key);
