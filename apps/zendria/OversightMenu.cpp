@@ -1,7 +1,6 @@
 #include "apps/zendria/OversightMenu.h"
 
 #include "apps/zendria/Attempt.h"
-#include "apps/zendria/Centre.h"
 #include "apps/zendria/HistoryDialog.h"
 #include "apps/zendria/ImportDialog.h"
 #include "apps/zendria/ReportDialog.h"

@@ -7,7 +7,6 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 

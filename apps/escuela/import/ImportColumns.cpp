@@ -1,7 +1,6 @@
 #include "apps/escuela/import/ImportColumns.h"
 
 #include <map>
-#include <string_view>
 
 #include "apps/escuela/import/FoldedText.h"
 #include "platform/RuntimeError.h"

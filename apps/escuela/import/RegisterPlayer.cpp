@@ -1,6 +1,5 @@
 #include "apps/escuela/import/RegisterPlayer.h"
 
-#include <algorithm>
 #include <optional>
 #include <set>
 #include <sstream>

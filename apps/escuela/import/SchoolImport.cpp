@@ -11,7 +11,6 @@
 #include "apps/escuela/import/ImportPlan.h"
 #include "apps/escuela/import/PlayedConnection.h"
 #include "apps/escuela/import/RegisterPlayer.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {

@@ -1,8 +1,6 @@
 #include "apps/escuela/repair/RowRepairs.h"
 
-#include <algorithm>
 #include <initializer_list>
-#include <optional>
 
 #include "apps/escuela/repair/DoubledRows.h"
 #include "frame/schema/SchoolSchema.h"
