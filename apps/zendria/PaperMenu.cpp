@@ -14,47 +14,15 @@
 
 #include "adapters/qt/window/FormWindow.h"
 #include "apps/zendria/BusyCursor.h"
-#include "apps/zendria/ClassName.h"
-#include "apps/zendria/Sheet.h"
+#include "apps/zendria/PaperSheet.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
-#include "platform/controls/FormInstance.h"
-#include "platform/controls/Label.h"
-#include "register/frmPendientes.h"
 
 namespace quorvane::zendria {
 namespace {
 
 /// More columns than these are easier to read across the long side.
 constexpr qsizetype kUprightColumns = 6;
-
-QString Text(const std::string& text) { return QString::fromStdString(text).simplified(); }
-
-/// What the label before a control calls it, without mnemonic, mark and colon.
-QString NameOf(const Control& control) {
-  const Label* nearest = nullptr;
-  for (const auto* const other : control.Owner().Controls()) {
-    const auto* const label = dynamic_cast<const Label*>(other);
-    if (label == nullptr || label->Container() != control.Container() || !label->Visible())
-      continue;
-    const auto before =
-        label->Left() <= control.Left() && label->Top() <= control.Top() + control.Height() / 2;
-    if (before && (nearest == nullptr || label->Top() > nearest->Top() ||
-                   (label->Top() == nearest->Top() && label->Left() > nearest->Left())))
-      nearest = label;
-  }
-  auto name = nearest == nullptr ? QString() : Text(nearest->Caption());
-  name.remove(u'&').remove("(*)");
-  if (name.endsWith(u':')) name.chop(1);
-  return name.trimmed();
-}
-
-/// The register's dialogs don't name their section: the one that chose it does.
-QString ClassOfRegister() {
-  if (!FormInstance<frmPendientes>::Exists()) return {};
-  const auto& chosen = FormInstance<frmPendientes>::Get();
-  return ClassName(Text(chosen.cboCurso.Text()), Text(chosen.cboSeccion.Text()));
-}
 
 /// Asks nothing: tells what went wrong, and what to do.
 void TellFailure(QWidget* parent, const QString& what, const QString& advice) {
@@ -133,14 +101,8 @@ void Print(QWidget* parent, const Sheet& sheet) {
 PaperMenu::PaperMenu(qt::QtFrontEnd& screen, std::function<qt::FormHeading(const Form&)> heading) {
   screen.GridMenuOpening = [heading = std::move(heading)](QMenu& menu, qt::FormWindow& window,
                                                           const Control& control) {
-    const auto name = NameOf(control);
-    auto sheet = SheetOf(control, name);
+    const auto sheet = PaperSheet(control, heading(window.Model()).place);
     if (!sheet) return;
-    const auto& form = window.Model();
-    sheet->title = Text(form.Caption());
-    const auto place = heading(form).place;
-    sheet->lines = place.isEmpty() ? QStringList{ClassOfRegister(), name} : QStringList(place);
-    sheet->lines.removeAll(QString());
     const auto add = [&](const QString& text, const char* entry, auto act) {
       auto* const action = menu.addAction(text);
       // Behind the menu's own event, which a dialog would hold up.

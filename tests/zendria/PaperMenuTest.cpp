@@ -1,6 +1,7 @@
 // Grids and lists into a spreadsheet's file and onto paper, from their menu.
 
 #include <QContextMenuEvent>
+#include <QDate>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -9,11 +10,13 @@
 #include <QPrinter>
 #include <gtest/gtest.h>
 
+#include "apps/zendria/PaperSheet.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
 #include "platform/controls/Control.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
+#include "tests/zendria/TextPrinter.h"
 
 namespace quorvane::test {
 namespace {
@@ -74,8 +77,34 @@ TEST(SheetPrinterTest, PutsAllRowsOnPagesAndThoseThatWereAskedFor) {
   EXPECT_EQ(print(ManyRows(1), 0, 0), 1);
 }
 
+TEST(SheetPrinterTest, PutsTitleLinesHeadingsDateAndNumberOnEachPage) {
+  TextPrinter printer;
+  ASSERT_TRUE(zendria::PrintSheet(ManyRows(150), printer));
+  const auto& pages = printer.Pages();
+  ASSERT_GE(pages.size(), 3U);
+  qsizetype rows = 0;
+  for (std::size_t at = 0; at < pages.size(); ++at) {
+    const auto& texts = pages[at];
+    SCOPED_TRACE(texts.join(u'|').toStdString());
+    EXPECT_EQ(texts.mid(0, 4), QStringList({"Notas", "2º ESO A", "Alumno", "Observación"}));
+    EXPECT_EQ(texts.mid(texts.size() - 2),
+              QStringList({QDate::currentDate().toString("dd/MM/yyyy"),
+                           QStringLiteral("Página %1 de %2").arg(at + 1).arg(pages.size())}));
+    rows += texts.filter("Alumno ").size();
+  }
+  EXPECT_EQ(rows, 150);
+}
+
 class PaperMenuTest : public RescueTest {
  protected:
+  /// What is printed of that control above its rows.
+  static std::string Above(const Window& window, const char* control, const QString& place = {}) {
+    const auto sheet = zendria::PaperSheet(*window.Model().Find(control), place);
+    if (!sheet) return "nothing";
+    TextPrinter printer;
+    EXPECT_TRUE(zendria::PrintSheet(*sheet, printer));
+    return printer.Pages().front().mid(0, 1 + sheet->lines.size()).join(u'|').toStdString();
+  }
   /// Opens the menu of that control as the right button does; null without one.
   static QMenu* Open(const Window& window, const char* control) {
     auto* const view = dynamic_cast<QAbstractItemView*>(window.Widget(control));
@@ -140,6 +169,43 @@ TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
   Play(124);
   QLocale::setDefault(before_);
   EXPECT_EQ(ContentOf(file_), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
+}
+
+TEST_F(PaperMenuTest, AboveAListOfStepOneStandsWhatWasChosenBeforeIt) {
+  robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
+    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
+    Robot::Pick(window, "cboCursos", "2");
+    Robot::Pick(window, "cboSecciones", "A");
+    Robot::Pick(window, "cboEvaluaciones", "1");
+    const auto title = window.Model().Caption();
+    EXPECT_EQ(Above(window, "cboCursos"), title + "|Curso");
+    EXPECT_EQ(Above(window, "cboSecciones"), title + "|2º ESO|Sección");
+    EXPECT_EQ(Above(window, "cboEvaluaciones"), title + "|2º ESO A|Evaluación");
+    EXPECT_EQ(Above(window, "cboMateria"), title + "|2º ESO A · 1ª Evaluación|Materia");
+    Robot::Click(window, "cmdNotaManual1(1)");
+  });
+  Play(127);
+}
+
+TEST_F(PaperMenuTest, AboveAGridStandsWhatStandsOverTheForm) {
+  StepOne("frmNotaMateria1", "1");
+  robot_.On("frmNotaMateria", [this](Window& window) {
+    const auto place = window.findChild<QLabel*>("dondeEstoy")->text();
+    EXPECT_TRUE(place.startsWith("2º ESO A · 1ª Evaluación · Materia 1 de 2: Lengua"));
+    EXPECT_EQ(Above(window, "rtvNotasAlumno", place),
+              window.Model().Caption() + '|' + place.toStdString());
+    // The menu takes it from there itself.
+    robot_.OnDialog("guardarCsv", [](QWidget& dialog) {
+      EXPECT_TRUE(dialog.findChild<QLineEdit*>("fileNameEdit")
+                      ->text()
+                      .startsWith("2º ESO A - 1ª Evaluación - Materia 1 de 2"));
+      QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    ChooseOn(window, "rtvNotasAlumno", "guardarCsv");
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaMateria1");
+  Play(125);
 }
 
 TEST_F(PaperMenuTest, AFileThatCanNotBeWrittenIsTold) {
