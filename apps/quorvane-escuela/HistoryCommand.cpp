@@ -5,6 +5,7 @@
 
 #include "adapters/guion/player/JsonText.h"
 #include "apps/escuela/CsvLine.h"
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 
 namespace quorvane {
@@ -67,22 +68,10 @@ void Show(const GradeHistory& history, const HistoryOptions& options) {
                                  "historial … activar»\n");
 }
 
-}  // namespace
-
-std::string Complaint(HistoryOptions& options) {
-  const auto& order = options.order;
-  if (order.empty()) return "Falta activar, desactivar, ver o purgar";
-  if (order != "activar" && order != "desactivar" && order != "ver" && order != "purgar")
-    return "No se conoce «historial " + order + "»";
-  if (order == "purgar" && options.before.empty()) return "Falta --antes";
-  for (auto* const date : {&options.before, &options.filter.from, &options.filter.to})
-    if (!TakeDate(*date)) return "«" + *date + "» no es una fecha como 2025-03-03 o 03/03/2025";
-  return {};
-}
-
-int History(const SchoolAddress& address, const HistoryOptions& options) {
-  const auto school = address.Open("", options.order == "ver" ? SchoolAddress::Access::ReadOnly
-                                                              : SchoolAddress::Access::ReadWrite);
+void Do(const SchoolAddress& address, const HistoryOptions& options) {
+  const auto school =
+      OpenForPiece(address, options.order == "ver" ? SchoolAddress::Access::ReadOnly
+                                                   : SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede usar " + address.Shown() + ": ");
   GradeHistory history(*school);
   if (options.order == "ver") {
@@ -98,6 +87,23 @@ int History(const SchoolAddress& address, const HistoryOptions& options) {
     std::cout << "Borrados " << history.Purge(options.before) << " cambios anteriores a "
               << options.before << '\n';
   }
+}
+
+}  // namespace
+
+std::string Complaint(HistoryOptions& options) {
+  const auto& order = options.order;
+  if (order.empty()) return "Falta activar, desactivar, ver o purgar";
+  if (order != "activar" && order != "desactivar" && order != "ver" && order != "purgar")
+    return "No se conoce «historial " + order + "»";
+  if (order == "purgar" && options.before.empty()) return "Falta --antes";
+  for (auto* const date : {&options.before, &options.filter.from, &options.filter.to})
+    if (!TakeDate(*date)) return "«" + *date + "» no es una fecha como 2025-03-03 o 03/03/2025";
+  return {};
+}
+
+int History(const SchoolAddress& address, const HistoryOptions& options) {
+  TellIfHeld([&] { Do(address, options); });
   return 0;
 }
 

@@ -40,7 +40,7 @@ constexpr auto kNotThere =
 /// state.
 QString AdviceOnStatement(const QString& text) {
   if (HoldsAny(text, {"[08", "Se ha perdido la conexión"})) return kLost;
-  if (HoldsAny(text, {"database is locked", "[40001]"}))
+  if (HoldsAny(text, {"database is locked", "[40001]", "tiene ocupada la base de datos"}))
     return "Otra persona u otro programa tenía ocupada la base de datos. Espere un momento, vuelva "
            "a abrir la pantalla y repita lo que falte.";
   if (HoldsAny(text, {"UNIQUE constraint failed", "(2627)", "[23505]"}))

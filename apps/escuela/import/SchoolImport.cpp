@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Transaction.h"
 #include "apps/escuela/import/ImportPlan.h"
@@ -65,14 +66,11 @@ class Importer {
   RegisterPlayer player_;
 };
 
-}  // namespace
-
-ImportReport ImportRegister(
-    const SchoolAddress& address, const std::string& file, const ImportOptions& options,
-    const std::function<void(std::size_t done, std::size_t all)>& progress) {
-  const auto rows = ReadCsv(file);
-  const auto school = address.Open(
-      "", options.simulate ? SchoolAddress::Access::ReadOnly : SchoolAddress::Access::ReadWrite);
+ImportReport Import(const SchoolAddress& address, const std::vector<CsvRow>& rows,
+                    const ImportOptions& options,
+                    const std::function<void(std::size_t, std::size_t)>& progress) {
+  const auto school = OpenForPiece(address, options.simulate ? SchoolAddress::Access::ReadOnly
+                                                             : SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede importar en " + address.Shown() + ": ");
   std::optional<Transaction> transaction;
   if (!options.simulate) {
@@ -91,6 +89,17 @@ ImportReport ImportRegister(
   if (!report.misfits.empty() && !options.whatFits) return report;
   transaction->Keep();
   report.written = true;
+  return report;
+}
+
+}  // namespace
+
+ImportReport ImportRegister(
+    const SchoolAddress& address, const std::string& file, const ImportOptions& options,
+    const std::function<void(std::size_t done, std::size_t all)>& progress) {
+  const auto rows = ReadCsv(file);
+  ImportReport report;
+  TellIfHeld([&] { report = Import(address, rows, options, progress); });
   return report;
 }
 

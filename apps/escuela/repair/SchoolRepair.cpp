@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/Transaction.h"
@@ -60,10 +61,8 @@ const char* Begin(Engine engine) {
                                       : "BEGIN TRANSACTION";
 }
 
-}  // namespace
-
-RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options) {
-  const auto school = address.Open("");
+RepairReport Repair(const SchoolAddress& address, const RepairOptions& options) {
+  const auto school = OpenForPiece(address, SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede reparar " + address.Shown() + ": ");
   RepairReport report;
   if (SchoolCheck(*school).Rows().empty()) return report;
@@ -84,6 +83,14 @@ RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& opt
   report.removed = journal.RemovedRows();
   report.changed = journal.ChangedRows();
   report.undo = journal.Undo();
+  return report;
+}
+
+}  // namespace
+
+RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options) {
+  RepairReport report;
+  TellIfHeld([&] { report = Repair(address, options); });
   return report;
 }
 

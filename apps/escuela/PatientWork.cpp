@@ -1,0 +1,46 @@
+#include "apps/escuela/PatientWork.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::chrono::seconds kPatience(5);
+
+/// Of a file that is written to, of one whose tables change, and of a server's table.
+constexpr const char* kHeld[] = {"database is locked", "database table is locked",
+                                 "database schema is locked", "[55P03]"};
+
+}  // namespace
+
+std::unique_ptr<Connection> OpenForPiece(const SchoolAddress& address,
+                                         SchoolAddress::Access access) {
+  auto school = address.Connect("", access);
+  if (auto* const file = dynamic_cast<sqlite::SqliteConnection*>(school.get()))
+    file->BusyWait(kPatience);
+  school->Open();
+  if (EngineReached(*school) == sqltext::Engine::PostgreSql)
+    school->Execute("SET lock_timeout='" + std::to_string(kPatience.count()) + "s'");
+  return school;
+}
+
+void TellIfHeld(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const RuntimeError& error) {
+    const auto text = error.Description();
+    if (std::none_of(std::begin(kHeld), std::end(kHeld),
+                     [&text](const char* part) { return text.find(part) != std::string::npos; }))
+      throw;
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "Otra persona u otro programa tiene ocupada la base de datos, y no se ha "
+                       "cambiado nada. Espere un momento y repítalo; si sigue así, cierre las "
+                       "copias de seguridad y los programas de consulta que la tengan abierta");
+  }
+}
+
+}  // namespace quorvane
