@@ -2,6 +2,8 @@
 
 #include <iostream>
 
+#include "platform/RuntimeError.h"
+
 namespace quorvane {
 namespace {
 
@@ -9,20 +11,26 @@ std::string Counted(std::size_t count, const char* one, const char* many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
-}  // namespace
-
-int Repair(const SchoolAddress& address, const RepairOptions& options) {
-  const auto report = RepairSchool(address, options);
-  if (report.undo.empty()) {
-    std::cout << "-- No hay nada que reparar\n";
-    return 0;
-  }
-  std::cout << (options.simulate ? "-- Se repararía " : "-- Reparada ") << address.Shown() << ": "
+/// Rows that nobody could put back must not go.
+void Tell(const RepairReport& report, const SchoolAddress& address, bool simulated) {
+  std::cout << (simulated ? "-- Se repararía " : "-- Reparada ") << address.Shown() << ": "
             << Counted(report.removed, "fila borrada", "filas borradas") << ", "
             << Counted(report.changed, "cambiada", "cambiadas") << '\n';
   if (!report.copy.empty()) std::cout << "-- Como estaba antes: " << report.copy << '\n';
   std::cout << "-- Estas sentencias lo devolverían, en este orden:\n";
   for (const auto& statement : report.undo) std::cout << statement << '\n';
+  if (!std::cout.flush())
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "No se puede escribir cómo se devolvería, y no se ha tocado nada: "
+                       "compruebe que queda espacio en el disco");
+}
+
+}  // namespace
+
+int Repair(const SchoolAddress& address, const RepairOptions& options) {
+  const auto report = RepairSchool(
+      address, options, [&](const RepairReport& done) { Tell(done, address, options.simulate); });
+  if (report.undo.empty()) std::cout << "-- No hay nada que reparar\n";
   return 0;
 }
 

@@ -10,6 +10,7 @@
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
+#include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
@@ -228,6 +229,34 @@ TEST_F(SchoolRepairTest, LeavesNothingBehindWhenItFails) {
   EXPECT_THAT(Refusal({}), HasSubstr("no"));
   EXPECT_EQ(Content(), before);
   EXPECT_EQ(files(), there);
+}
+
+TEST_F(SchoolRepairTest, TouchesNothingThatItCantTell) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
+  const auto before = Content();
+  std::string copy;
+  RepairOptions options;
+  options.backedUp = true;
+  const auto refuse = [&](const RepairReport& report) {
+    EXPECT_EQ(report.undo.size(), 1U);
+    copy = report.copy;
+    throw RuntimeError(ErrorNumber::StatementFailed, "lleno");
+  };
+  EXPECT_THROW(RepairSchool(school_.Address(), options, refuse), RuntimeError);
+  EXPECT_EQ(Content(), before);
+  EXPECT_EQ(copy.empty(), OnServer());
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  // Behind the longest that a file may be.
+  const TempFolder folder;
+  const auto output = folder / "deshacer.sql";
+  std::ofstream(output).close();
+  std::filesystem::resize_file(output, 1 << 24);
+  const auto full = RunCommand("(trap '' XFSZ; ulimit -f 8192; " QUORVANE_ESCUELA " reparar " +
+                               school_.Argument() + " --con-copia-hecha 2>&1 >>" + output + ")");
+  EXPECT_EQ(full.status, 1);
+  EXPECT_THAT(full.text, HasSubstr("no se ha tocado nada"));
+  EXPECT_EQ(Content(), before);
 }
 
 TEST_F(SchoolRepairTest, TheProgramTellsItAndEndsSo) {

@@ -57,9 +57,4 @@ void FileBackup::Make(const std::string& school) {
   }
 }
 
-std::string FileBackup::Keep() {
-  kept_ = true;
-  return path_;
-}
-
 }  // namespace quorvane

@@ -19,7 +19,8 @@ class FileBackup {
   /// Spanish when the copy can't be made.
   void Make(const std::string& school);
   /// Its path; empty when none was made.
-  std::string Keep();
+  [[nodiscard]] const std::string& Path() const noexcept { return path_; }
+  void Keep() noexcept { kept_ = true; }
 
  private:
   std::string path_;

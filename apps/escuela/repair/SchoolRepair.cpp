@@ -61,7 +61,8 @@ const char* Begin(Engine engine) {
                                       : "BEGIN TRANSACTION";
 }
 
-RepairReport Repair(const SchoolAddress& address, const RepairOptions& options) {
+RepairReport Repair(const SchoolAddress& address, const RepairOptions& options,
+                    const std::function<void(const RepairReport&)>& tell) {
   const auto school = OpenForPiece(address, SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede reparar " + address.Shown() + ": ");
   RepairReport report;
@@ -78,19 +79,22 @@ RepairReport Repair(const SchoolAddress& address, const RepairOptions& options) 
   if (!address.IsOdbc() && !options.simulate) backup.Make(address.Text());
   RepairJournal journal(engine);
   Mend(*school, journal);
-  if (!options.simulate) transaction.Keep();
-  report.copy = backup.Keep();
+  report.copy = backup.Path();
   report.removed = journal.RemovedRows();
   report.changed = journal.ChangedRows();
   report.undo = journal.Undo();
+  tell(report);
+  if (!options.simulate) transaction.Keep();
+  backup.Keep();
   return report;
 }
 
 }  // namespace
 
-RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options) {
+RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options,
+                          const std::function<void(const RepairReport&)>& tell) {
   RepairReport report;
-  TellIfHeld([&] { report = Repair(address, options); });
+  TellIfHeld([&] { report = Repair(address, options, tell); });
   return report;
 }
 

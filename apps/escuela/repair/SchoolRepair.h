@@ -25,7 +25,11 @@ struct RepairReport {
 /// Mends what `SchoolCheck` finds in a school's rows, and nothing else, in one transaction. A file
 /// is first copied to one beside it, as it is at that moment, while nobody else writes. Errors are
 /// 0x80004005 in Spanish, after which the school is as it was: no fit school; a server's without
-/// `backedUp`; publications without `publicationsToo`; whatever the engine refuses.
-RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options);
+/// `backedUp`; publications without `publicationsToo`; whatever the engine refuses. `tell` is told
+/// what is about to be kept, in case that it can't be put down anywhere: what comes out of it
+/// undoes the repair. It isn't called where there is nothing to mend.
+RepairReport RepairSchool(
+    const SchoolAddress& address, const RepairOptions& options,
+    const std::function<void(const RepairReport&)>& tell = [](const RepairReport&) {});
 
 }  // namespace quorvane
