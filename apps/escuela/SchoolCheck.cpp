@@ -9,6 +9,7 @@
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/TableKinds.h"
 #include "apps/escuela/TableNames.h"
+#include "apps/escuela/history/LameHistory.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
@@ -147,7 +148,8 @@ void SchoolCheck::FindDoubles(std::vector<std::string>& findings) const {
 }
 
 std::vector<std::string> SchoolCheck::Rows() const {
-  auto findings = BadValues(connection_);
+  auto findings = LameHistory(connection_).Findings();
+  for (const auto& finding : BadValues(connection_)) findings.push_back(finding);
   FindOrphans(findings);
   const auto misplaced = [&](std::string_view table, std::string_view wrong,
                              std::string_view kind) {

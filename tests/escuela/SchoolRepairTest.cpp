@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/repair/SchoolRepair.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
@@ -167,6 +168,30 @@ TEST_F(SchoolRepairTest, GivesDoubledKeysOfGradesNewOnesAndRemovesEqualRows) {
   school_.Sql("DELETE FROM EvaluacionPte");
   school_.Sql("ALTER TABLE EvaluacionPte ADD CONSTRAINT " + constraint +
               " PRIMARY KEY (IDEvaluacionPte)");
+}
+
+TEST_F(SchoolRepairTest, TakesAwayAHistoryWhoseTableHasGone) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  GradeHistory history(school_.Db());
+  history.Activate();
+  EXPECT_THAT(Faults(), IsEmpty());
+  school_.Sql("DROP TABLE HistorialNotas");
+  school_.Sql("INSERT INTO AlumnoPte_MatDet VALUES (9001,777777,1,1,0)");
+  EXPECT_THAT(Faults(), Contains(HasSubstr("HistorialNotas")));
+  const auto grade = "UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=2";
+  if (!OnServer()) {
+    EXPECT_THROW(school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=2"),
+                 RuntimeError);
+  }
+  const auto report = Repair();
+  EXPECT_THAT(Faults(), IsEmpty());
+  EXPECT_EQ(report.removed, 1U);
+  EXPECT_EQ(report.changed, OnServer() ? 18U : 6U);
+  school_.Sql(grade);
+  PlayBack(report);
+  EXPECT_EQ(Faults().size(), 2U);
+  history.Deactivate();
+  school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=9001");
 }
 
 TEST_F(SchoolRepairTest, SimulatesWithoutATrace) {

@@ -115,11 +115,16 @@ bool GradeHistory::Active() const {
 
 bool GradeHistory::Kept() const { return HasTable(school_, std::string(kHistoryTable)); }
 
-void GradeHistory::Activate() {
-  if (Active()) return;
+std::vector<std::string> GradeHistory::TriggersSql() const {
   const auto locks = ColumnsOf(school_, "BloqueoPte");
   if (!locks || locks->size() <= kLockUser)
     throw RuntimeError(ErrorNumber::StatementFailed, "Falta la tabla BloqueoPte");
+  return HistoryTriggersSql(engine_, (*locks)[kLockUser], SchemaOf(school_, engine_));
+}
+
+void GradeHistory::Activate() {
+  if (Active()) return;
+  const auto triggers = TriggersSql();
   const auto there = Kept();
   const auto schema = SchemaOf(school_, engine_);
   Transaction transaction(school_);
@@ -127,8 +132,7 @@ void GradeHistory::Activate() {
   for (const auto& statement : NoHistoryTriggersSql(engine_)) school_.Execute(statement);
   if (!there)
     for (const auto& statement : HistoryTableSql(engine_, schema)) school_.Execute(statement);
-  for (const auto& statement : HistoryTriggersSql(engine_, (*locks)[kLockUser], schema))
-    school_.Execute(statement);
+  for (const auto& statement : triggers) school_.Execute(statement);
   if (!there && engine_ == Engine::PostgreSql) GrantReading();
   transaction.Keep();
 }

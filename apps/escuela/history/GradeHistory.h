@@ -47,6 +47,9 @@ class GradeHistory {
   /// one that lacks a piece is made whole.
   /// The engine's error, with nothing changed, for one who may not.
   void Activate();
+  /// The statements that have this school's engine keep it, in order. Error 0x80004005 for a school
+  /// without its table of locks.
+  [[nodiscard]] std::vector<std::string> TriggersSql() const;
   /// What has been kept stays.
   void Deactivate();
   /// Removes what was kept before a day (yyyy-mm-dd, UTC); how many rows.

@@ -222,6 +222,13 @@ std::string WorkingTriggersQuery(Engine engine) {
   return query;
 }
 
+std::string HistoryTableQuery(Engine engine) {
+  if (engine == Engine::PostgreSql)
+    return "SELECT 1 FROM pg_class WHERE relname='historialnotas' AND pg_table_is_visible(oid)";
+  if (engine == Engine::SqlServer) return "SELECT 1 FROM sys.tables WHERE name='HistorialNotas'";
+  return "SELECT 1 FROM sqlite_master WHERE type='table' AND lower(name)='historialnotas'";
+}
+
 std::size_t HistoryTriggersCount() { return WatchedTables().size() * std::size(kEvents); }
 
 }  // namespace quorvane

@@ -47,7 +47,9 @@ std::string HistoryTriggersQuery(sqltext::Engine engine);
 /// One for each of those that stand as they were made: none that has been switched off, nor one
 /// that runs with rights it doesn't guard.
 std::string WorkingTriggersQuery(sqltext::Engine engine);
-/// How many there are of a whole history.
+/// One that gives a row where the table of the history is there, and fails nowhere.
+std::string HistoryTableQuery(sqltext::Engine engine);
+/// How many triggers there are of a whole history.
 std::size_t HistoryTriggersCount();
 
 }  // namespace quorvane

@@ -7,6 +7,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/Transaction.h"
+#include "apps/escuela/history/LameHistory.h"
 #include "apps/escuela/repair/FileBackup.h"
 #include "apps/escuela/repair/RepairJournal.h"
 #include "apps/escuela/repair/RowRepairs.h"
@@ -47,6 +48,8 @@ void MendOnce(RowRepairs& repairs) {
 }
 
 void Mend(Connection& school, RepairJournal& journal) {
+  // It stops every row of grades from going.
+  LameHistory(school).Remove(journal);
   RowRepairs repairs(school, journal);
   for (auto round = 0; round < kMostRounds; ++round) {
     MendOnce(repairs);
