@@ -1,5 +1,6 @@
 #include "apps/quorvane-escuela/HistoryCommand.h"
 
+#include <chrono>
 #include <iostream>
 #include <regex>
 
@@ -16,11 +17,18 @@ using guion::JsonText;
 /// A date as yyyy-mm-dd; false when it is none.
 bool TakeDate(std::string& date) {
   static const std::regex spanish("([0-3][0-9])/([01][0-9])/([0-9]{4})");
-  static const std::regex iso("[0-9]{4}-[01][0-9]-[0-3][0-9]");
+  static const std::regex iso("([0-9]{4})-([01][0-9])-([0-3][0-9])");
   if (date.empty()) return true;
   if (std::smatch parts; std::regex_match(date, parts, spanish))
     date = parts[3].str() + "-" + parts[2].str() + "-" + parts[1].str();
-  return std::regex_match(date, iso);
+  std::smatch parts;
+  if (!std::regex_match(date, parts, iso)) return false;
+  const auto number = [&parts](std::size_t at) {
+    return static_cast<unsigned>(std::stoul(parts[at].str()));
+  };
+  return std::chrono::year_month_day(std::chrono::year(static_cast<int>(number(1))),
+                                     std::chrono::month(number(2)), std::chrono::day(number(3)))
+      .ok();
 }
 
 std::string Text(const GradeChange& change) {
@@ -68,6 +76,21 @@ void Show(const GradeHistory& history, const HistoryOptions& options) {
                                  "historial … activar»\n");
 }
 
+/// An option that the order would pass over; empty when there is none.
+std::string Superfluous(const HistoryOptions& options) {
+  const auto& filter = options.filter;
+  if (options.order != "purgar" && !options.before.empty()) return "--antes";
+  if (options.order == "ver") return {};
+  if (filter.student != 0) return "--alumno";
+  if (filter.subject != 0) return "--materia";
+  if (filter.evaluation != 0) return "--evaluacion";
+  if (filter.user != 0) return "--usuario";
+  if (!filter.from.empty()) return "--desde";
+  if (!filter.to.empty()) return "--hasta";
+  if (options.csv) return "--csv";
+  return options.json ? "--json" : "";
+}
+
 void Do(const SchoolAddress& address, const HistoryOptions& options) {
   const auto school =
       OpenForPiece(address, options.order == "ver" ? SchoolAddress::Access::ReadOnly
@@ -96,6 +119,8 @@ std::string Complaint(HistoryOptions& options) {
   if (order.empty()) return "Falta activar, desactivar, ver o purgar";
   if (order != "activar" && order != "desactivar" && order != "ver" && order != "purgar")
     return "No se conoce «historial " + order + "»";
+  if (const auto option = Superfluous(options); !option.empty())
+    return "«" + order + "» no admite " + option;
   if (order == "purgar" && options.before.empty()) return "Falta --antes";
   for (auto* const date : {&options.before, &options.filter.from, &options.filter.to})
     if (!TakeDate(*date)) return "«" + *date + "» no es una fecha como 2025-03-03 o 03/03/2025";

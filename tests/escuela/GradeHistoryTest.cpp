@@ -273,8 +273,14 @@ TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
               HasSubstr("\"despues\":\"" + grade + "\""));
   EXPECT_EQ(run("purgar --antes 2020-01-01").text, "Borrados 0 cambios anteriores a 2020-01-01\n");
   EXPECT_THAT(run("desactivar").text, HasSubstr("Historial desactivado"));
-  for (const std::string wrong : {"", "otra", "purgar", "ver --desde ayer", "ver --csv --json"})
+  for (const std::string wrong :
+       {"", "otra", "purgar", "ver --desde ayer", "ver --csv --json", "ver --desde 2025-13-39",
+        "ver --hasta 30/02/2025", "activar --antes 2025-01-01", "desactivar --alumno 29",
+        "ver --antes 2025-01-01", "purgar --antes 2020-01-01 --csv"})
     EXPECT_EQ(run(wrong).status, 2) << wrong;
+  EXPECT_FALSE(history_.Active());
+  EXPECT_THAT(run("activar --usuario 4").text, HasSubstr("«activar» no admite --usuario"));
+  EXPECT_EQ(run("ver --desde 29/02/2024").status, 0);
   EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Argument()).text.find("Historial"),
             std::string::npos);
 }
