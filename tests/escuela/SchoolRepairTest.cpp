@@ -11,6 +11,7 @@
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
+#include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
@@ -271,8 +272,13 @@ TEST_F(SchoolRepairTest, TouchesNothingThatItCantTell) {
   EXPECT_EQ(Content(), before);
   EXPECT_EQ(copy.empty(), OnServer());
   EXPECT_FALSE(std::filesystem::exists(copy));
-  const auto full = RunCommand("(" QUORVANE_ESCUELA " reparar " + school_.Argument() +
-                               " --con-copia-hecha 2>&1 >/dev/full)");
+  // Behind the longest that a file may be.
+  const TempFolder folder;
+  const auto output = folder / "deshacer.sql";
+  std::ofstream(output).close();
+  std::filesystem::resize_file(output, 1 << 24);
+  const auto full = RunCommand("(trap '' XFSZ; ulimit -f 8192; " QUORVANE_ESCUELA " reparar " +
+                               school_.Argument() + " --con-copia-hecha 2>&1 >>" + output + ")");
   EXPECT_EQ(full.status, 1);
   EXPECT_THAT(full.text, HasSubstr("no se ha tocado nada"));
   EXPECT_EQ(Content(), before);
