@@ -4,6 +4,7 @@
 
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/TableNames.h"
+#include "apps/escuela/UserPasswords.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
@@ -45,6 +46,9 @@ CopyOrigin::~CopyOrigin() = default;
 void CopyOrigin::FindOthers() {
   others_ = TableNames(*school_);
   std::erase_if(others_, IsOfSchool);
+  if (UserPasswords(*school_).Kept())
+    std::erase_if(others_,
+                  [](const auto& name) { return EqualNoCase(name, UserPasswords::kTable); });
   for (const auto& table : tables_)
     for (const auto& column : table.left) others_.push_back(table.name + "." + column);
 }
@@ -59,6 +63,10 @@ void CopyOrigin::BeginSnapshot() {
       *school_, "BEGIN TRANSACTION" + (engine_ == Engine::PostgreSql ? asOneMoment : ""));
   // The moment is that of the first statement that reads.
   school_->Execute("SELECT COUNT(*) FROM Nota");
+}
+
+std::map<std::int32_t, std::string> CopyOrigin::Passwords() const {
+  return UserPasswords(*school_).Hashes();
 }
 
 std::size_t CopyOrigin::CountRows(const CopiedTable& table) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,11 +26,14 @@ class CopyOrigin {
   CopyOrigin& operator=(CopyOrigin&&) = delete;
 
   [[nodiscard]] const std::vector<CopiedTable>& Tables() const noexcept { return tables_; }
-  /// Tables of another application's, and columns as "Alumno.Telefono".
+  /// Tables of another application's but the one of the passwords, and columns as
+  /// "Alumno.Telefono".
   [[nodiscard]] const std::vector<std::string>& Others() const noexcept { return others_; }
   /// Whether all tables are read as of one moment: a SQL Server has to allow it.
   [[nodiscard]] bool OneMoment() const noexcept { return oneMoment_; }
 
+  /// What is kept of the users' passwords, by their number.
+  [[nodiscard]] std::map<std::int32_t, std::string> Passwords() const;
   [[nodiscard]] std::size_t CountRows(const CopiedTable& table) const;
   /// One at a time.
   [[nodiscard]] std::unique_ptr<TableReader> Read(const CopiedTable& table) const;

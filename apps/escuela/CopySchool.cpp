@@ -5,6 +5,7 @@
 #include "apps/escuela/CopyOrigin.h"
 #include "apps/escuela/NewSchool.h"
 #include "apps/escuela/TableWriter.h"
+#include "apps/escuela/UserPasswords.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -43,6 +44,14 @@ class Copier {
       if (engine == Engine::PostgreSql) school.Execute("ANALYZE " + table.name);
     }
     return copied;
+  }
+
+  /// Whoever may open the copy would else come in as anybody. False where they aren't kept.
+  bool CopyPasswordsTo(Connection& school) {
+    UserPasswords there(school);
+    const auto passwords = origin_.Passwords();
+    if (there.Kept()) there.TakeOver(passwords);
+    return passwords.empty() || there.Kept();
   }
 
   /// Between two steps.
@@ -97,7 +106,11 @@ SchoolCopy CopySchool(const SchoolAddress& from, const SchoolAddress& to, const 
   Copier copier(origin, watch);
   // What is left to be done behind the rows isn't done either for who gives up then.
   MakeSchool(
-      to, [&](Connection& school) { copy.tables = copier.CopyTo(school); },
+      to,
+      [&](Connection& school) {
+        copy.tables = copier.CopyTo(school);
+        copy.passwordsLeft = !copier.CopyPasswordsTo(school);
+      },
       [&copier] { copier.RequireGoing(); });
   return copy;
 }

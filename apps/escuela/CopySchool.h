@@ -17,6 +17,7 @@ struct SchoolCopy {
   };
   std::vector<Table> tables;
   std::vector<std::string> notCopied;  ///< other tables, and columns as "Alumno.Telefono"
+  bool passwordsLeft = false;          ///< users had passwords, and there none are kept
   bool oneMoment = true;               ///< false when what others wrote meanwhile may be torn
 };
 
@@ -27,7 +28,8 @@ struct CopyWatch {
 };
 
 /// Copies a school, as it is at one moment, to where there is none yet (`MakeSchool`): the tables
-/// of the schema with all their rows, which are read again there and compared. Errors are
+/// of the schema with all their rows, which are read again there and compared, and the users'
+/// passwords where they are kept. Errors are
 /// 0x80004005 in Spanish, after which nothing is left; a value that has no place there is told with
 /// table, row and column. WritingStopped when `watch` says so before it is done.
 SchoolCopy CopySchool(const SchoolAddress& from, const SchoolAddress& to, const CopyWatch& watch);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/escuela/PasswordHash.h"
+#include "apps/escuela/QuotedText.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/Transaction.h"
 #include "platform/RuntimeError.h"
@@ -84,13 +85,25 @@ void UserPasswords::Set(std::int32_t user, const std::string& password) {
   if (const auto fault = Fault(password); !fault.empty())
     throw RuntimeError(ErrorNumber::StatementFailed, fault);
   const auto hash = PasswordHash(password);
-  const auto id = std::to_string(user);
   Transaction transaction(school_);
+  Keep(user, hash);
+  transaction.Keep();
+}
+
+void UserPasswords::TakeOver(const std::map<std::int32_t, std::string>& hashes) {
+  RequireKept();
+  for (const auto& [user, hash] : hashes) Keep(user, hash);
+}
+
+void UserPasswords::Keep(std::int32_t user, const std::string& hash) {
+  const auto id = std::to_string(user);
   school_.Execute(
       "CREATE TABLE IF NOT EXISTS ClaveUsuario (IDUsuario INTEGER PRIMARY KEY, Clave TEXT NOT NULL)");
   school_.Execute("DELETE FROM ClaveUsuario WHERE IDUsuario=" + id);
-  school_.Execute("INSERT INTO ClaveUsuario (IDUsuario, Clave) VALUES (" + id + ",'" + hash + "')");
-  transaction.Keep();
+  // Of another file it may be any text.
+  std::string insertion = "INSERT INTO ClaveUsuario (IDUsuario, Clave) VALUES (" + id + ",";
+  AppendQuoted(insertion, hash, sqltext::Engine::Sqlite);
+  school_.Execute(insertion + ")");
 }
 
 bool UserPasswords::Remove(std::int32_t user) {

@@ -34,6 +34,10 @@ class UserPasswords {
   /// Error 0x80004005 where it isn't.
   void RequireKept() const;
   [[nodiscard]] bool Any() const;
+  /// What is kept of each user's password, by the user's number; none on a server.
+  [[nodiscard]] std::map<std::int32_t, std::string> Hashes() const;
+  /// Keeps what another school kept of them, in a school without any. Error 0x80004005 on a server.
+  void TakeOver(const std::map<std::int32_t, std::string>& hashes);
   /// All users by their number; a school from elsewhere may not have their names.
   [[nodiscard]] std::vector<Account> List() const;
   /// By number, or by name without regard to the case of its letters; none when nobody is called
@@ -55,7 +59,7 @@ class UserPasswords {
                                                   const std::string& password) const;
 
  private:
-  [[nodiscard]] std::map<std::int32_t, std::string> Hashes() const;
+  void Keep(std::int32_t user, const std::string& hash);
 
   Connection& school_;
 };

@@ -35,6 +35,10 @@ void PrintCopy(const SchoolCopy& copy) {
     std::cout << "No se ha copiado, porque no es de la escuela:\n";
     for (const auto& name : copy.notCopied) std::cout << "  " << VisibleText(name) << '\n';
   }
+  if (copy.passwordsLeft)
+    std::cout
+        << "La copia no tiene las contraseñas de los usuarios: en un servidor, cada uno entra "
+           "con su usuario y su contraseña del servidor\n";
   if (!copy.oneMoment)
     std::cerr << "quorvane-escuela: El origen no permite leerlo todo en el mismo instante "
                  "(ALLOW_SNAPSHOT_ISOLATION): si alguien trabajaba en él, repita la copia\n";

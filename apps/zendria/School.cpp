@@ -147,6 +147,16 @@ void School::ReadLogin() {
   }
 }
 
+bool School::IsOpenToAll() {
+  if (IsOnServer()) return openToAll_;
+  try {
+    openToAll_ = !HasPasswords();
+  } catch (const RuntimeError&) {
+    // A school that can't be read for the moment is no reason to show no session.
+  }
+  return openToAll_;
+}
+
 std::optional<User> School::SignIn(const QString& name, const QString& password) {
   std::map<QString, std::vector<std::int32_t>> called;
   // A name that several share takes no longer than one that nobody has.

@@ -44,9 +44,9 @@ class School {
   /// Whether users of this school have passwords: then nobody comes in without one. Asked anew each
   /// time; a runtime error when that fails.
   [[nodiscard]] bool HasPasswords() { return UserPasswords(*own_).Any(); }
-  /// Whether anybody may sign in as anybody: no server's login tells who it is, and nobody had a
-  /// password when the school was opened.
-  [[nodiscard]] bool IsOpenToAll() const noexcept { return openToAll_; }
+  /// Whether anybody may sign in as anybody: no server's login tells who it is, and nobody has a
+  /// password. Asked anew each time; what was known before where that fails.
+  [[nodiscard]] bool IsOpenToAll();
   /// Who has that name and password; none when they aren't somebody's. As `UserPasswords::Owner`.
   [[nodiscard]] std::optional<User> SignIn(const QString& name, const QString& password);
   /// The name that the server knows whoever is connected by; none of a file.

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/CopySchool.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/PasswordHash.h"
@@ -179,14 +180,28 @@ TEST_F(UserPasswordsTest, AreInNoTrace) {
   EXPECT_EQ(Content(trace), "");
 }
 
-// Who copies a school names its users' passwords, and says that they stay behind.
-TEST_F(UserPasswordsTest, AreNotCopied) {
+// A copy that is open to all would give away what the school keeps from who may read the file.
+TEST_F(UserPasswordsTest, GoAlongToAnotherFile) {
   passwords_.Set(3, kSecret);
+  passwords_.Set(2, kOther);
   const auto copy = school_.Path() + ".copia";
   const auto copied = RunCommand(QUORVANE_ESCUELA " copiar " + school_.Path() + " " + copy);
   EXPECT_EQ(copied.status, 0) << copied.text;
-  EXPECT_THAT(copied.text, HasSubstr("No se ha copiado, porque no es de la escuela:\n"
-                                     "  ClaveUsuario\n"));
+  EXPECT_EQ(copied.text.find("No se ha copiado"), std::string::npos) << copied.text;
+  EXPECT_EQ(copied.text.find("contraseñas"), std::string::npos) << copied.text;
+  EXPECT_EQ(copied.text.find("argon2"), std::string::npos) << copied.text;
+  sqlite::SqliteConnection there(copy, "");
+  there.Open();
+  const UserPasswords taken(there);
+  EXPECT_EQ(taken.Owner({3}, 1, kSecret), 3);
+  EXPECT_EQ(taken.Owner({2}, 1, kOther), 2);
+  EXPECT_EQ(taken.Owner({2}, 1, kSecret), std::nullopt);
+  EXPECT_EQ(taken.Hashes().size(), 2U);
+}
+
+TEST_F(UserPasswordsTest, ACopyOfASchoolWithoutAnyHasNone) {
+  const auto copy = school_.Path() + ".copia";
+  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " copiar " + school_.Path() + " " + copy).status, 0);
   EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + copy).text, StartsWith(kOpenToAll));
 }
 

@@ -120,6 +120,52 @@ TEST_F(GridsTest, TheFirstColumnStaysInSightWhenTheGridIsScrolledToTheRight) {
   });
 }
 
+TEST_F(GridsTest, TheFirstColumnFollowsRowsOfAllHeightsUpAndDown) {
+  for (int i = 0; i < 30; ++i)
+    form->rtvNotas.AddItem(i % 3 == 0 ? "Ciencias de la Naturaleza y del Medio " + std::to_string(i)
+                                      : "Lengua " + std::to_string(i));
+  form->rtvNotas.ColWidth(1, 6000);
+  form->rtvNotas.ColWidth(2, 6000);
+  Run([](qt::FormWindow& window) {
+    auto* table = Of<QTableView>(window, "rtvNotas");
+    const auto* names = table->findChild<QTableView*>("columnaFija");
+    const auto expectBeside = [&](int scrolled) {
+      QCoreApplication::processEvents();
+      ASSERT_TRUE(names->isVisible());
+      auto beside = 0;
+      for (int row = 0; row < table->model()->rowCount(); ++row) {
+        const auto cell = table->visualRect(table->model()->index(row, 2));
+        if (!cell.intersects(table->viewport()->rect())) continue;
+        const auto name = names->visualRect(names->model()->index(row, 0));
+        EXPECT_EQ(names->viewport()->mapTo(table, name.topLeft()).y(),
+                  table->viewport()->mapTo(table, cell.topLeft()).y())
+            << row << " at " << scrolled;
+        EXPECT_EQ(name.height(), cell.height()) << row << " at " << scrolled;
+        ++beside;
+      }
+      EXPECT_GT(beside, 2);
+    };
+    auto* down = table->verticalScrollBar();
+    auto* right = table->horizontalScrollBar();
+    QCoreApplication::processEvents();
+    ASSERT_GT(down->maximum(), 3);
+    ASSERT_NE(table->rowHeight(2), table->rowHeight(3)) << "a long name goes on in another line";
+    right->setValue(right->maximum());
+    for (const auto at : {0, 1, 2, down->maximum() / 2, down->maximum(), 3}) {
+      down->setValue(at);
+      expectBeside(at);
+    }
+    // The other way round: down first, and then to the right.
+    right->setValue(0);
+    down->setValue(down->maximum());
+    right->setValue(right->maximum());
+    expectBeside(down->maximum());
+    // A width that makes other heights.
+    table->setColumnWidth(0, table->columnWidth(0) * 2);
+    expectBeside(down->value());
+  });
+}
+
 TEST_F(GridsTest, TheTableFollowsTheGridsRow) {
   form->cmdPagina.Click = [this] {
     form->msgRejilla.RowPosition(1, 3);

@@ -189,6 +189,7 @@ class ProgramsTest(unittest.TestCase):
         told, status = escuela('copiar', file.owner[0], server.owner[1])
         self.assertEqual(status, 0, told)
         self.assertRegex(told, r'\n  Alumno  +\d+\n')
+        self.assertNotIn('contraseñas', told)
         self.grant()
         before = self.rows(file)
         self.assertEqual(self.rows(server), before)
@@ -197,6 +198,15 @@ class ProgramsTest(unittest.TestCase):
         self.assertEqual(escuela('copiar', server.worker[1], other.owner[1])[1], 0)
         self.grant()
         self.assertEqual(self.rows(other), before)
+
+    def test_the_order_that_copies_says_that_a_server_keeps_no_passwords(self):
+        file, server = self.on_file('demo'), self.database()
+        set_one = [os.environ['QUORVANE_ESCUELA'], 'usuarios', file.owner[0], 'clave', '3']
+        subprocess.run(set_one, input='alcachofas azules\n', text=True, check=True, capture_output=True)
+        told, status = escuela('copiar', file.owner[0], server.owner[1])
+        self.assertEqual(status, 0, told)
+        self.assertIn('La copia no tiene las contraseñas de los usuarios: en un servidor, ', told)
+        self.assertNotIn('ClaveUsuario', told)
 
     def test_the_order_that_copies_tells_a_terminal_how_far_it_is(self):
         school, server = self.on_file('generar', '--alumnos', '300', '--semilla', '1'), self.database()

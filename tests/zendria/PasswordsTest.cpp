@@ -165,6 +165,19 @@ TEST_F(SignInTest, ASchoolWithoutPasswordsShowsIt) {
       << window_->windowTitle().toStdString();
 }
 
+TEST_F(SignInTest, TheTitleFollowsThePasswordsThatAreSetMeanwhile) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+  sqlite::SqliteConnection school(school_.Path(), "");
+  school.Open();
+  UserPasswords passwords(school);
+  passwords.Set(2, kSecret);
+  window_->YearAction().toggle();
+  EXPECT_FALSE(window_->windowTitle().contains("sin contraseñas"));
+  passwords.Remove(2);
+  window_->YearAction().toggle();
+  EXPECT_TRUE(window_->windowTitle().contains(" (sin contraseñas)"));
+}
+
 TEST_F(SignInTest, WhoCameLastIsMarked) {
   SignIn("gil");
   ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
