@@ -7,7 +7,8 @@ namespace quorvane {
 
 /// While one lives, what is written to a stream arrives line by line as `VisibleText` has it: the
 /// net under all that a program prints of a school. A name's own line end is for who prints the
-/// name to write out; tabs, and the returns before a line's end, pass.
+/// name to write out; tabs, and the returns before a line's end, pass. A stream without a buffer,
+/// as the errors' is, has none through this either.
 class VisibleOutput : public std::streambuf {
  public:
   explicit VisibleOutput(std::ostream& stream) : stream_(stream), to_(stream.rdbuf(this)) {}

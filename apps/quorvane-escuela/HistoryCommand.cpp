@@ -8,6 +8,7 @@
 #include "apps/escuela/CsvLine.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -69,7 +70,7 @@ void Show(const GradeHistory& history, const HistoryOptions& options) {
   const auto changes = history.Read(options.filter);
   if (options.csv) return PrintCsv(changes);
   if (options.json) return PrintJson(changes);
-  for (const auto& change : changes) std::cout << Text(change) << '\n';
+  for (const auto& change : changes) std::cout << VisibleText(Text(change)) << '\n';
   if (!changes.empty()) return;
   std::cout << (history.Kept() ? "No hay ningún cambio\n"
                                : "El historial no se ha activado nunca: «quorvane-escuela "

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "apps/quorvane-escuela/ProgressLine.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -17,7 +18,7 @@ std::string Counted(std::size_t count, const char* one, const char* many) {
 
 void Print(std::ostream& out, const std::vector<std::string>& lines) {
   const auto shown = std::min(lines.size(), kMostShown);
-  for (std::size_t i = 0; i < shown; ++i) out << lines[i] << '\n';
+  for (std::size_t i = 0; i < shown; ++i) out << VisibleText(lines[i]) << '\n';
   if (shown < lines.size()) out << "… y otras " << lines.size() - shown << " líneas\n";
 }
 

@@ -1,6 +1,5 @@
 #include "apps/quorvane-escuela/ProgressLine.h"
 
-#include <iostream>
 #include <unistd.h>
 #include <utility>
 
@@ -18,7 +17,9 @@ void ProgressLine::Percent(std::size_t done, std::size_t all) const {
 }
 
 void ProgressLine::Show(const std::string& text) const {
-  if (shown_ && std::chrono::steady_clock::now() >= from_) std::cerr << text << std::flush;
+  if (!shown_ || std::chrono::steady_clock::now() < from_) return;
+  // Not through the stream of the errors, where nothing may act on the terminal as this has to.
+  static_cast<void>(!write(STDERR_FILENO, text.data(), text.size()));
 }
 
 }  // namespace quorvane

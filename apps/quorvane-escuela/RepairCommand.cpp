@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "platform/RuntimeError.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -13,10 +14,11 @@ std::string Counted(std::size_t count, const char* one, const char* many) {
 
 /// Rows that nobody could put back must not go.
 void Tell(const RepairReport& report, const SchoolAddress& address, bool simulated) {
-  std::cout << (simulated ? "-- Se repararía " : "-- Reparada ") << address.Shown() << ": "
-            << Counted(report.removed, "fila borrada", "filas borradas") << ", "
+  std::cout << (simulated ? "-- Se repararía " : "-- Reparada ") << VisibleText(address.Shown())
+            << ": " << Counted(report.removed, "fila borrada", "filas borradas") << ", "
             << Counted(report.changed, "cambiada", "cambiadas") << '\n';
-  if (!report.copy.empty()) std::cout << "-- Como estaba antes: " << report.copy << '\n';
+  if (!report.copy.empty())
+    std::cout << "-- Como estaba antes: " << VisibleText(report.copy) << '\n';
   std::cout << "-- Estas sentencias lo devolverían, en este orden:\n";
   for (const auto& statement : report.undo) std::cout << statement << '\n';
   if (!std::cout.flush())

@@ -7,11 +7,13 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Today.h"
+#include "apps/escuela/Told.h"
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -62,12 +64,13 @@ int WriteAll(const ReportReader& reader, const ReportOptions& options) {
                    Text(reader.Section(section), options.blank, options.csv));
       ++written;
     } catch (const RuntimeError& failure) {
-      std::cerr << "quorvane-escuela: " << name << ": " << failure.Description() << '\n';
+      std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(failure.Description())
+                << '\n';
     }
     progress.Percent(++done, sections.size());
   }
   std::cout << "Escritas " << written << " de " << sections.size() << " secciones en "
-            << options.output << '\n';
+            << Told(options.output) << '\n';
   return written == sections.size() ? 0 : 1;
 }
 
@@ -97,8 +100,8 @@ int Report(const SchoolAddress& address, const ReportOptions& options) {
                           ? reader.Section(reader.FindSection(options.section), options.student)
                           : reader.Subject(reader.FindSubject(options.subject));
   WriteNewFile(options.output, Text(report, options.blank, Ends(options.output, ".csv")));
-  std::cout << "Escrito " << options.output << ": " << Counted(report.students.size()) << " de "
-            << report.title << '\n';
+  std::cout << "Escrito " << Told(options.output) << ": " << Counted(report.students.size())
+            << " de " << VisibleText(report.title) << '\n';
   return 0;
 }
 

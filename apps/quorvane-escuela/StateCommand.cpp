@@ -9,6 +9,7 @@
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Today.h"
 #include "platform/text/SpanishOrder.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -36,7 +37,8 @@ std::string Locked(const StateRow& row) {
 
 std::string WindowText(const StateWindow& window) {
   if (window.from.empty() && window.to.empty()) return "; sin plazo";
-  return "; plazo " + window.from + " a " + window.to + (window.open ? ", abierto" : ", cerrado");
+  return "; plazo " + VisibleText(window.from) + " a " + VisibleText(window.to) +
+         (window.open ? ", abierto" : ", cerrado");
 }
 
 class Printer {
@@ -53,7 +55,7 @@ class Printer {
     for (const auto& evaluation : state_.Evaluations()) {
       const auto total = Total(rows, evaluation.id);
       if (total.pending == 0) continue;
-      std::cout << evaluation.name << ": " << Counts(total) << '\n';
+      std::cout << VisibleText(evaluation.name) << ": " << Counts(total) << '\n';
       for (const auto& row : rows) {
         if (row.evaluation != evaluation.id) continue;
         PrintGroup(row);
@@ -146,20 +148,20 @@ class Printer {
   void PrintGroup(const StateRow& row) const {
     if (options_.byTeacher) {
       const auto name = state_.TeacherName(row.teacher);
-      std::cout << "  " << (name.empty() ? "Sin profesor" : name) << ": " << Counts(row)
-                << Locked(row) << '\n';
+      std::cout << "  " << (name.empty() ? "Sin profesor" : VisibleText(name)) << ": "
+                << Counts(row) << Locked(row) << '\n';
       return;
     }
-    std::cout << "  " << state_.SectionName(row.section) << ": " << Counts(row)
+    std::cout << "  " << VisibleText(state_.SectionName(row.section)) << ": " << Counts(row)
               << WindowText(state_.Window(row.section, row.evaluation)) << Locked(row) << '\n';
   }
 
   void PrintSubject(const StateRow& row) const {
     const auto teacher =
         options_.byTeacher ? state_.SectionName(row.section) : state_.TeacherName(row.teacher);
-    std::cout << "    " << state_.SubjectName(row.subject)
-              << (teacher.empty() ? "" : ", " + teacher) << ": " << Counts(row) << Locked(row)
-              << '\n';
+    std::cout << "    " << VisibleText(state_.SubjectName(row.subject))
+              << (teacher.empty() ? "" : ", " + VisibleText(teacher)) << ": " << Counts(row)
+              << Locked(row) << '\n';
   }
 
   const SchoolState& state_;
@@ -178,7 +180,7 @@ int State(const SchoolAddress& address, const StateOptions& options) {
       std::none_of(all.begin(), all.end(), [asked](const auto& one) { return one.id == asked; })) {
     std::cout << "No hay ninguna evaluación " << asked << ". Las hay:\n";
     for (const auto& evaluation : all)
-      std::cout << "  " << evaluation.id << "  " << evaluation.name << '\n';
+      std::cout << "  " << evaluation.id << "  " << VisibleText(evaluation.name) << '\n';
     return 1;
   }
   const Printer printer(state, options);

@@ -6,8 +6,10 @@
 
 #include "apps/escuela/PasswordHash.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/Told.h"
 #include "apps/escuela/UserPasswords.h"
 #include "apps/quorvane-escuela/NewPassword.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
@@ -20,14 +22,14 @@ constexpr auto kOpenToAll =
 std::optional<Account> FindUser(const UserPasswords& passwords, const std::string& user) {
   auto found = passwords.Find(user);
   if (!found)
-    std::cout << "No hay ningún usuario «" << user
+    std::cout << "No hay ningún usuario «" << Told(user)
               << "», o más de uno se llama así: dé su número\n";
   return found;
 }
 
 std::string Shown(const Account& account) {
   return "usuario " + std::to_string(account.id) +
-         (account.name.empty() ? std::string() : " (" + account.name + ")");
+         (account.name.empty() ? std::string() : " (" + VisibleText(account.name) + ")");
 }
 
 std::size_t CountProtected(const std::vector<Account>& accounts) {
@@ -51,7 +53,7 @@ int ShowUsers(const SchoolAddress& address) {
   const UserPasswords passwords(*school);
   const auto accounts = passwords.List();
   for (const auto& account : accounts) {
-    std::cout << "  " << account.id << "  " << account.name;
+    std::cout << "  " << account.id << "  " << VisibleText(account.name);
     if (passwords.Kept())
       std::cout << (account.hasPassword ? "  con contraseña" : "  sin contraseña");
     std::cout << '\n';

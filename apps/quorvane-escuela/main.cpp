@@ -282,6 +282,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   using quorvane::Told;
+  const quorvane::VisibleOutput errors(std::cerr);
   try {
     quorvane::BeginProcess();
     if (const auto trouble = quorvane::OutputTrouble()) {

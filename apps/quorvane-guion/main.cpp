@@ -7,6 +7,7 @@
 #include "apps/escuela/Told.h"
 #include "apps/programs/PasswordPrompt.h"
 #include "apps/programs/Process.h"
+#include "apps/programs/VisibleOutput.h"
 #include "apps/quorvane-guion/CommandLine.h"
 #include "apps/quorvane-guion/PlayScript.h"
 
@@ -43,10 +44,11 @@ int Play(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Else a read that fails would pass for the script's end.
+  std::ios::sync_with_stdio(false);
+  const VisibleOutput errors(std::cerr);
   try {
     BeginProcess();
-    // Else a read that fails would pass for the script's end.
-    std::ios::sync_with_stdio(false);
     if (const auto trouble = OutputTrouble()) {
       std::cerr << *trouble << '\n';
       return kNotPlayed;

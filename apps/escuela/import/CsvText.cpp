@@ -24,21 +24,6 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
   throw RuntimeError(ErrorNumber::StatementFailed, reason);
 }
 
-bool IsUtf8(const std::string& text) {
-  std::size_t rest = 0;
-  for (const auto letter : text) {
-    const auto byte = static_cast<unsigned char>(letter);
-    if (rest > 0) {
-      if ((byte & 0xC0U) != 0x80U) return false;
-      --rest;
-    } else if (byte >= 0x80U) {
-      rest = byte >= 0xF0U ? 3 : byte >= 0xE0U ? 2 : 1;
-      if (byte < 0xC2U || byte > 0xF4U) return false;
-    }
-  }
-  return rest == 0;
-}
-
 /// The letters from 0x80 to 0x9F; what has none there stays a control character.
 constexpr std::array<char32_t, 32> kWindowsLetters = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,

@@ -1,12 +1,12 @@
 #include "apps/escuela/import/ImportPlan.h"
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
 
 #include "apps/escuela/import/FoldedText.h"
 #include "apps/escuela/import/ImportColumns.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane {
 namespace {
@@ -22,13 +22,6 @@ constexpr std::size_t kMostCandidates = 5;
 struct Misfit {
   std::string reason;
 };
-
-std::int32_t NumberIn(const std::string& text) {
-  std::int32_t number = 0;
-  const auto* const end = text.data() + text.size();
-  const auto read = std::from_chars(text.data(), end, number);
-  return read.ec == std::errc() && read.ptr == end ? number : -1;
-}
 
 /// The one that was found; a misfit, with the candidates, when there is none or are several.
 template <class T>
@@ -92,14 +85,15 @@ class Planner {
     const auto text = columns_.Student(row);
     if (text.empty()) throw Misfit{"falta el alumno"};
     std::vector<const Student*> found;
-    if (const auto id = NumberIn(text); id >= 0) {
-      if (const auto* const student = school_.StudentOf(id)) found.push_back(student);
+    const auto id = PlainNumber<std::int32_t>(text);
+    if (id) {
+      if (const auto* const student = school_.StudentOf(*id)) found.push_back(student);
     } else {
       found = school_.Students(text);
     }
     const auto sectionName = columns_.Section(row);
     const auto sections = school_.Sections(sectionName);
-    if (sectionName.empty() && NumberIn(text) < 0) throw Misfit{"falta la sección"};
+    if (sectionName.empty() && !id) throw Misfit{"falta la sección"};
     if (!sectionName.empty() && sections.empty())
       throw Misfit{"no hay ninguna sección «" + sectionName + "»"};
     const auto where = [this](const Student& student) {
