@@ -67,7 +67,7 @@ std::optional<UserPasswords::Account> UserPasswords::Find(const std::string& num
       return std::nullopt;
     return *first;
   };
-  if (const auto numbered =
+  if (auto numbered =
           only([&](const Account& account) { return std::to_string(account.id) == numberOrName; }))
     return numbered;
   return only([&](const Account& account) { return EqualNoCase(account.name, numberOrName); });

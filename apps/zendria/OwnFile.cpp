@@ -17,7 +17,7 @@ namespace {
 constexpr mode_t kFileMode = 0600;
 constexpr mode_t kFolderMode = 0700;
 constexpr auto kUnfinished = "/.notas-XXXXXX";
-constexpr qint64 kOldAge = 60 * 60;  // seconds
+constexpr qint64 kOldAge = 3600;  // seconds
 constexpr int kMostOfOneName = 1000;
 constexpr qint64 kMostRead = qint64{16} << 20;
 

@@ -35,7 +35,7 @@ std::string Kept(Engine engine, Event event, std::string_view row, const std::st
   const auto subject = std::string(row) + ".CodAlumnoPte_MatDet";
   const auto evaluation = std::string(row) + ".CodNumEvaluacion";
   const auto pending = [&](const std::string& what) {
-    const auto now =
+    auto now =
         "(SELECT MIN(" + what + ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
     if (event != Event::Delete) return now;
     // A program may remove the subject before its grades: whose they were is known from before.
@@ -91,15 +91,15 @@ std::vector<std::string> Keeping(Engine engine, const WatchedTable& table, Event
                               std::string(event == Event::Insert ? kRowAdded : kRowRemoved), "NULL",
                               "NULL", userColumn, from));
   for (const auto column : table.columns) {
-    const auto before = std::string(names.before) + "." + std::string(column);
-    const auto after = std::string(names.after) + "." + std::string(column);
+    const auto before = std::string(names.before).append(".").append(column);
+    const auto after = std::string(names.after).append(".").append(column);
     const auto changed = event == Event::Update   ? Unequal(engine, before, after)
                          : event == Event::Insert ? after + "<>0"
                                                   : before + "<>0";
-    statements.push_back(insert + Kept(engine, event, row, std::string(column),
-                                       event == Event::Insert ? "NULL" : before,
-                                       event == Event::Delete ? "NULL" : after, userColumn,
-                                       from + where + changed));
+    const auto rest = std::string(from).append(where).append(changed);
+    statements.push_back(std::string(insert).append(
+        Kept(engine, event, row, std::string(column), event == Event::Insert ? "NULL" : before,
+             event == Event::Delete ? "NULL" : after, userColumn, rest)));
   }
   return statements;
 }

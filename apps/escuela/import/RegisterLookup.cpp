@@ -132,9 +132,12 @@ void RegisterLookup::ReadRegister(Connection& school) {
        rows.MoveNext())
     pending_[{rows.Fields(0).Long(), rows.Fields(1).Long()}];
   for (const std::string table : {"EvaluacionPte", "EvaluacionActaPte"})
-    for (auto rows = school.Execute("SELECT CodAlumno, CodMatDet, CodNumEvaluacion FROM " + table +
-                                    " INNER JOIN AlumnoPte_MatDet ON IDAlumnoPte_MatDet=" + table +
-                                    ".CodAlumnoPte_MatDet");
+    for (auto rows =
+             school.Execute(std::string("SELECT CodAlumno, CodMatDet, CodNumEvaluacion FROM ")
+                                .append(table)
+                                .append(" INNER JOIN AlumnoPte_MatDet ON IDAlumnoPte_MatDet=")
+                                .append(table)
+                                .append(".CodAlumnoPte_MatDet"));
          !rows.Eof(); rows.MoveNext())
       pending_[{rows.Fields(0).Long(), rows.Fields(1).Long()}].insert(rows.Fields(2).Long());
 }
