@@ -120,6 +120,7 @@ class Printer {
       group.locked += row.locked;
     }
     std::vector<StateRow> rows;
+    rows.reserve(byTeacher.size());
     for (const auto& [key, row] : byTeacher) rows.push_back(row);
     const auto places = TeacherPlaces(rows);
     std::stable_sort(rows.begin(), rows.end(), [&](const auto& one, const auto& other) {
@@ -134,6 +135,7 @@ class Printer {
     std::map<std::int32_t, std::size_t> places;
     for (const auto& row : rows) places[row.teacher] = 0;
     std::vector<std::pair<std::string, std::int32_t>> names;
+    names.reserve(places.size());
     for (const auto& [teacher, place] : places)
       names.emplace_back(state_.TeacherName(teacher), teacher);
     std::stable_sort(names.begin(), names.end(), [](const auto& one, const auto& other) {

@@ -8,6 +8,7 @@
 #include <istream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
@@ -20,7 +21,7 @@
 namespace quorvane {
 namespace {
 
-constexpr auto kSaves = 11;
+constexpr int kSaves = 11;
 constexpr auto kEdited = 30;
 constexpr auto kLimit = 1.3;
 const std::string kSave = "pulsar cmdAceptar";
@@ -96,7 +97,7 @@ bool Measure(const SchoolAddress& address) {
   }
   const auto told = history.Read({}).size();
   history.Deactivate();
-  if (told < kSaves * kEdited)
+  if (std::cmp_less(told, kSaves * kEdited))
     throw RuntimeError(ErrorNumber::StatementFailed,
                        "el historial solo ha guardado " + std::to_string(told) + " cambios");
   const auto before = Middle(without);
