@@ -1,15 +1,31 @@
 #include "apps/zendria/AbsentCells.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <set>
 #include <string>
 
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/HeldSubjects.h"
 #include "platform/RuntimeError.h"
-#include "platform/data/Collection.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane::zendria {
+namespace {
+
+/// Their `IDMateriaDetalles`: what the forms have for a key isn't it in all of them.
+std::set<std::int32_t> SubjectsOf(Connection& school, const std::vector<GradeCell>& cells) {
+  std::set<std::int32_t> subjects;
+  for (const auto& cell : cells) {
+    const auto row =
+        school.Execute("SELECT CodMatDet FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" +
+                       std::to_string(cell.pending));
+    if (!row.Eof()) subjects.insert(row.Fields("CodMatDet").Long());
+  }
+  return subjects;
+}
+
+}  // namespace
 
 AbsentCells::State AbsentCells::StateOf(const GradeCell& cell) const {
   const auto* const field = form_.Field(cell.column);
@@ -30,15 +46,12 @@ AbsentCells::State AbsentCells::StateOf(const GradeCell& cell) const {
 QString AbsentCells::Holders(const std::vector<GradeCell>& cells) const {
   if (cells.empty()) return {};
   try {
+    const auto absent = SubjectsOf(school_, cells);
     auto held = SubjectReader(school_, user_).Held(SoughtBy(form_));
-    held.erase(std::remove_if(held.begin(), held.end(),
-                              [&cells](const HeldSubject& one) {
-                                return std::none_of(cells.begin(), cells.end(),
-                                                    [&one](const GradeCell& cell) {
-                                                      return cell.subject == Key(one.detail);
-                                                    });
-                              }),
-               held.end());
+    held.erase(
+        std::remove_if(held.begin(), held.end(),
+                       [&absent](const HeldSubject& one) { return absent.count(one.detail) == 0; }),
+        held.end());
     return HeldText(held);
   } catch (const RuntimeError&) {
     return {};
