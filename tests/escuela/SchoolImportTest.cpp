@@ -7,6 +7,7 @@
 #include <set>
 
 #include "apps/escuela/import/CsvText.h"
+#include "apps/escuela/import/FoldedText.h"
 #include "apps/escuela/import/SchoolImport.h"
 #include "platform/RuntimeError.h"
 #include "platform/host/Application.h"
@@ -281,6 +282,26 @@ TEST_F(CsvTextTest, FindsTheLettersOutByItself) {
   EXPECT_THAT(Cells("secci\xF3n;\x80;N\xFA\xF1"
                     "ez;\xBA"),
               ElementsAre("1:sección", "1:€", "1:Núñez", "1:º"));
+}
+
+TEST_F(CsvTextTest, EndsWhereADeviceDoesNot) {
+  try {
+    ReadCsv("/dev/zero");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_THAT(error.Description(), HasSubstr("64 MB"));
+  }
+}
+
+TEST(FoldedTextTest, AnAccentBehindItsLetterIsTheSame) {
+  EXPECT_EQ(FoldedText("Garci\xCC\x81"
+                       "a Nu\xCC\x81n\xCC\x83"
+                       "ez"),
+            FoldedText("García Núñez"));
+  EXPECT_EQ(FoldedText("PEN\xCC\x83"
+                       "A"),
+            FoldedText("Peña"));
+  EXPECT_NE(FoldedText("Pena"), FoldedText("Peña"));
 }
 
 TEST_F(CsvTextTest, RefusesWhatIsNoTableOfTexts) {

@@ -1,8 +1,12 @@
 // A year in which everything that the head of studies asks for is used, with every count held
 // against plain SQL: in a file, or on the server that the tests run beside.
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <future>
+#include <set>
+#include <thread>
 
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/history/GradeHistory.h"
@@ -12,6 +16,7 @@
 #include "apps/escuela/state/SchoolState.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/ScriptRun.h"
 #include "tests/support/TempFolder.h"
 
@@ -21,6 +26,7 @@ namespace {
 constexpr auto kFirst = 1;
 constexpr auto kMaths = 20;  // of 2º ESO A
 constexpr auto kMusic = 25;
+constexpr auto kSports = 23;
 
 class SchoolYearTest : public testing::Test {
  protected:
@@ -36,7 +42,7 @@ class SchoolYearTest : public testing::Test {
   }
 
   /// In September: the students of 3º ESO A that the school lists, with two subjects each.
-  int ImportRegister() {
+  int ImportRegister(const std::vector<std::string>& subjects = {"Matemáticas", "Música"}) {
     const auto file = folder_ / "septiembre.csv";
     std::ofstream lines(file);
     lines << "alumno;sección;materia;curso;evaluaciones;profesor\n";
@@ -44,14 +50,37 @@ class SchoolYearTest : public testing::Test {
     for (auto rows = school_.Db().Execute("SELECT IDAlumno FROM Alumno WHERE CodSeccion=5 AND "
                                           "(FechaBaja='' OR FechaBaja IS NULL)");
          !rows.Eof(); rows.MoveNext(), ++count)
-      for (const auto* const subject : {"Matemáticas", "Música"})
+      for (const auto& subject : subjects)
         lines << rows.Fields(0).Text() << ";3º ESO A;" << subject
               << ";2º ESO A;1ª Evaluación + Final Ordinaria;Ortega Gutiérrez, Marco\n";
     lines.close();
     const auto report = quorvane::ImportRegister(school_.Address(), file, {});
     EXPECT_THAT(report.misfits, IsEmpty());
-    EXPECT_EQ(report.subjects, static_cast<std::size_t>(2 * count));
+    EXPECT_EQ(report.subjects, subjects.size() * static_cast<std::size_t>(count));
     return count;
+  }
+
+  /// What a user does who has that subject of the section open in the first evaluation.
+  static std::string Opening(int subject, const std::string& grade) {
+    return "nodo 127\nelegir cboTipoEnsenanza =3\nelegir cboCursos \"3º ESO\"\nelegir cboSecciones "
+           "\"3º ESO A\"\nelegir cboEvaluaciones \"1ª Evaluación\"\nelegir cboMateria =" +
+           std::to_string(subject) + "\npulsar cmdNotaManual1(0)\neditar rtvNotasAlumno 1 1 \"" +
+           grade + "\"\n";
+  }
+
+  /// A program of a user's own, that has the subject open until the file `go` is there, and then
+  /// saves.
+  std::future<Outcome> Grading(int user, int subject, const std::string& grade) {
+    const auto number = std::to_string(user);
+    const auto opening = folder_ / ("abrir" + number);
+    const auto saving = folder_ / "guardar";
+    std::ofstream(opening) << Opening(subject, grade);
+    std::ofstream(saving) << "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n";
+    const auto place = (OnServer() ? "" : "--bd ") + school_.Argument();
+    const auto command = "{ cat " + opening + "; while [ ! -e " + (folder_ / "go") +
+                         " ]; do sleep 0.02; done; cat " + saving + "; } | " QUORVANE_GUION " " +
+                         place + " --usuario " + number + " --perfil 0 --centro 1 --hoy 10/12/2025";
+    return std::async(std::launch::async, [command] { return RunCommand(command); });
   }
 
   /// A user grades one subject of the section in the first evaluation, and leaves by saving unless
@@ -61,14 +90,10 @@ class SchoolYearTest : public testing::Test {
     options.usuario = user;
     options.perfil = profile;
     options.hoy = "10/12/2025";
-    return RunScript(school_.School(),
-                     std::string("nodo 127\nelegir cboTipoEnsenanza =3\nelegir cboCursos \"3º "
-                                 "ESO\"\nelegir cboSecciones \"3º ESO A\"\nelegir cboEvaluaciones "
-                                 "\"1ª Evaluación\"\nelegir cboMateria =") +
-                         std::to_string(subject) +
-                         "\npulsar cmdNotaManual1(0)\neditar rtvNotasAlumno 1 1 \"" + grade +
-                         "\"\n" + (stays ? "" : "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n"),
-                     options);
+    return RunScript(
+        school_.School(),
+        Opening(subject, grade) + (stays ? "" : "pulsar cmdAceptar\npulsar cmdNotaManual1(1)\n"),
+        options);
   }
 
   AnySchool school_;
@@ -132,6 +157,36 @@ TEST_F(SchoolYearTest, EndsWithEveryCountRight) {
                                 "elegir cboSeccion \"3º ESO A\"\npulsar cmdAceptar\n");
   EXPECT_THAT(opened.Of("muestra"), Contains("frmAlumnoPendiente"));
   EXPECT_THAT(opened.Of("error"), IsEmpty());
+}
+
+TEST_F(SchoolYearTest, ThreeUsersAtOnceAllStandInTheHistory) {
+  const auto students = ImportRegister({"Matemáticas", "Música", "Educación Física"});
+  ASSERT_GT(students, 0);
+  history_.Activate();
+  std::vector<std::future<Outcome>> users;
+  users.push_back(Grading(1, kMaths, "7"));
+  users.push_back(Grading(2, kMusic, "6"));
+  users.push_back(Grading(3, kSports, "5"));
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+  const auto open = [this] { return school_.Number("SELECT COUNT(*) FROM PublicacionPte"); };
+  while (open() < 3 && std::chrono::steady_clock::now() < end)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_EQ(open(), 3) << "all three have a subject open";
+  std::ofstream(folder_ / "go") << "go";
+  for (auto& user : users) {
+    const auto outcome = user.get();
+    EXPECT_EQ(outcome.status, 0) << outcome.text;
+    EXPECT_EQ(outcome.text.find("\nrechazo"), std::string::npos) << outcome.text;
+  }
+  EXPECT_EQ(open(), 0);
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionPte WHERE CodNota>0"), 3);
+  std::set<std::string> told;
+  for (const auto& change : history_.Read({}))
+    told.insert(change.subject + " " + change.after + " " +
+                change.user.substr(0, change.user.find(" (")));
+  EXPECT_THAT(told,
+              ElementsAre("Educación Física (2º ESO A) 5 usuario 3",
+                          "Matemáticas (2º ESO A) 7 usuario 1", "Música (2º ESO A) 6 usuario 2"));
 }
 
 }  // namespace

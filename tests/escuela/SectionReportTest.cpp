@@ -88,6 +88,7 @@ TEST_F(SectionReportTest, AStudentHasAPageOfHisOwn) {
   const auto html = ReportHtml(report);
   EXPECT_EQ(Occurrences(html, "page-break-before: always"),
             static_cast<int>(report.students.size()) - 1);
+  EXPECT_EQ(Occurrences(html, "sin calificar"), static_cast<int>(report.students.size()));
   EXPECT_EQ(Occurrences(html, "IES «Ejemplo»"), static_cast<int>(report.students.size()));
   EXPECT_THAT(html, HasSubstr("3º ESO A. 03/03/2025"));
   for (const std::string tag : {"table", "tr", "td", "th", "thead", "tbody", "h1", "h2", "p"})

@@ -5,6 +5,7 @@
 #include "apps/escuela/QuotedText.h"
 #include "apps/escuela/Transaction.h"
 #include "apps/escuela/history/HistoryTriggers.h"
+#include "apps/escuela/state/MayGrade.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -60,6 +61,7 @@ std::string Conditions(const HistoryFilter& filter, Engine engine) {
   equal("HistorialNotas.CodNumEvaluacion", filter.evaluation);
   equal("HistorialNotas.CodUsuario", filter.user);
   equal("HistorialNotas.CodAlumnoPte_MatDet", filter.pending);
+  if (filter.either != 0) add(MayGrade(filter.either, "HistorialNotas.CodMatDet"));
   if (!filter.from.empty()) add("HistorialNotas.Momento>=" + Quoted(filter.from, engine));
   if (!filter.to.empty()) add("HistorialNotas.Momento<" + Quoted(filter.to + kEndOfDay, engine));
   return text;

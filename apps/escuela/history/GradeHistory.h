@@ -15,6 +15,7 @@ struct HistoryFilter {
   std::int32_t subject = 0;  ///< `MateriaDetalles`
   std::int32_t evaluation = 0;
   std::int32_t user = 0;
+  std::int32_t either = 0;   ///< what this member of staff may grade, as tutor or teacher
   std::int32_t pending = 0;  ///< `IDAlumnoPte_MatDet`: one subject of one student
   std::string from;          ///< a moment as yyyy-mm-dd, or the beginning of one; of UTC
   std::string to;            ///< a day, which counts too

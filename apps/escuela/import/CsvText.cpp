@@ -6,7 +6,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string_view>
 #include <system_error>
 
@@ -22,6 +21,10 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 [[noreturn]] void Refuse(const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed, reason);
+}
+
+[[noreturn]] void RefuseSize(const std::string& path) {
+  Refuse("No se puede leer " + path + ": ocupa más de 64 MB; ¿es el que quería?");
 }
 
 /// The letters from 0x80 to 0x9F; what has none there stays a control character.
@@ -148,8 +151,14 @@ std::vector<CsvRow> ReadCsv(const std::string& path) {
     Refuse("No se puede leer " + path + ": " +
            (errno == ENOENT ? "el fichero no existe" : std::strerror(errno)));
   if (const auto size = std::filesystem::file_size(path, error); !error && size > kMostBytes)
-    Refuse("No se puede leer " + path + ": ocupa más de 64 MB; ¿es el que quería?");
-  std::string text(std::istreambuf_iterator<char>(file), {});
+    RefuseSize(path);
+  // A pipe or a device tells no size, and may never end.
+  std::string text;
+  std::array<char, 1U << 16> part{};
+  while (file.read(part.data(), part.size()) || file.gcount() > 0) {
+    text.append(part.data(), static_cast<std::size_t>(file.gcount()));
+    if (text.size() > kMostBytes) RefuseSize(path);
+  }
   if (file.bad()) Refuse("No se puede leer " + path + " hasta el final");
   return ParseCsv(std::move(text));
 }

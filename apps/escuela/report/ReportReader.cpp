@@ -4,6 +4,7 @@
 #include <set>
 
 #include "apps/escuela/import/FoldedText.h"
+#include "apps/escuela/state/MayGrade.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -49,8 +50,13 @@ constexpr auto kActive = "(Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL)";
 
 }  // namespace
 
-ReportReader::ReportReader(Connection& school, std::string name, std::string date)
-    : school_(school), name_(std::move(name)), date_(std::move(date)) {
+ReportReader::ReportReader(Connection& school, std::string name, std::string date,
+                           std::int32_t staff)
+    : school_(school),
+      name_(std::move(name)),
+      date_(std::move(date)),
+      told_(staff == 0 ? std::string(kActive)
+                       : kActive + (" AND " + MayGrade(staff, "AlumnoPte_MatDet.CodMatDet"))) {
   for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion, Final FROM NumEvaluacion "
                                    "ORDER BY Extraordinaria DESC, Orden");
        !rows.Eof(); rows.MoveNext())
@@ -75,7 +81,7 @@ std::vector<std::pair<std::int32_t, std::string>> ReportReader::Sections() const
                        "Curso ON Curso.IDCurso=Seccion.CodCurso WHERE Seccion.IDSeccion IN (SELECT "
                        "Alumno.CodSeccion FROM Alumno INNER JOIN AlumnoPte_MatDet ON "
                        "AlumnoPte_MatDet.CodAlumno=Alumno.IDAlumno WHERE ") +
-           kActive +
+           told_ +
            ") ORDER BY Curso.CodTipoEnsenanza, Curso.Orden, Seccion.Descripcion, "
            "Seccion.IDSeccion");
        !rows.Eof(); rows.MoveNext())
@@ -127,7 +133,7 @@ SectionReport ReportReader::Read(const std::string& title, const std::string& co
   const auto from = std::string(
                         "AlumnoPte_MatDet INNER JOIN Alumno ON "
                         "Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno WHERE ") +
-                    kActive + " AND " + condition;
+                    told_ + " AND " + condition;
   std::map<std::int32_t, std::pair<std::size_t, std::size_t>> places;
   for (auto rows = school_.Execute(
            "SELECT Alumno.IDAlumno, Alumno.Apellido_1, Alumno.Apellido_2, Alumno.Nombre, "
@@ -137,7 +143,7 @@ SectionReport ReportReader::Read(const std::string& title, const std::string& co
            "MateriaDetalles.IDMateriaDetalles=AlumnoPte_MatDet.CodMatDet) LEFT JOIN Materia ON "
            "Materia.IDMateria=MateriaDetalles.CodMateria) LEFT JOIN Seccion ON "
            "Seccion.IDSeccion=MateriaDetalles.CodSeccion WHERE " +
-           std::string(kActive) + " AND " + condition +
+           told_ + " AND " + condition +
            " ORDER BY Alumno.OrdenSeccion, Alumno.Apellido_1, Alumno.Apellido_2, Alumno.Nombre, "
            "Alumno.IDAlumno, AlumnoPte_MatDet.Orden, AlumnoPte_MatDet.IDAlumnoPte_MatDet");
        !rows.Eof(); rows.MoveNext()) {

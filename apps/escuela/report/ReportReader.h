@@ -15,7 +15,8 @@ namespace quorvane {
 class ReportReader {
  public:
   /// `school` is open and outlives it. `name` of the school and `date` as reports print them.
-  ReportReader(Connection& school, std::string name, std::string date);
+  /// With `staff`, what that one may grade and nothing else; 0 for all.
+  ReportReader(Connection& school, std::string name, std::string date, std::int32_t staff = 0);
 
   /// The sections whose students have pending subjects, by number, in the order of the courses.
   [[nodiscard]] std::vector<std::pair<std::int32_t, std::string>> Sections() const;
@@ -42,6 +43,7 @@ class ReportReader {
   Connection& school_;
   std::string name_;
   std::string date_;
+  std::string told_;  ///< the condition of all that is
   std::vector<ReportEvaluation> evaluations_;
   std::map<std::int32_t, std::string> grades_;
   std::map<std::int32_t, std::string> teachers_;  ///< by subject

@@ -94,7 +94,9 @@ void AppendStudent(std::string& html, const SectionReport& report, const ReportS
     }
     AppendCells(html, "td", cells);
   }
-  html += "</tbody></table>\n";
+  // On every sheet: each goes to another family.
+  html +=
+      "</tbody></table>\n<p>— : sin calificar. En blanco: no se califica en esa evaluación.</p>\n";
 }
 
 }  // namespace
@@ -109,8 +111,6 @@ std::string ReportHtml(const SectionReport& report) {
   if (report.students.empty()) {
     AppendHeading(html, report, kWhat, false);
     html += "<p>Ningún alumno tiene materias pendientes.</p>\n";
-  } else {
-    html += "<p>— : sin calificar. En blanco: no se califica en esa evaluación.</p>\n";
   }
   return html + "</body></html>\n";
 }

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <tuple>
 
+#include "apps/escuela/state/MayGrade.h"
+
 namespace quorvane {
 namespace {
 
 constexpr auto kSecondFinal = 2;
+constexpr auto kSubject = "AlumnoPte_MatDet.CodMatDet";
 
 std::string Trimmed(const std::string& text) {
   const auto first = text.find_first_not_of(' ');
@@ -15,16 +18,6 @@ std::string Trimmed(const std::string& text) {
 }
 
 std::string Number(std::int32_t number) { return std::to_string(number); }
-
-std::string TutorCondition(std::int32_t staff) {
-  return "Alumno.CodSeccion IN (SELECT IDSeccion FROM Seccion WHERE CodTutor=" + Number(staff) +
-         ")";
-}
-
-std::string TeacherCondition(std::int32_t staff) {
-  return "AlumnoPte_MatDet.CodMatDet IN (SELECT CodMatDet FROM Profesor_Pte WHERE CodProfesor=" +
-         Number(staff) + ")";
-}
 
 /// The conditions of a filter, each with AND before it.
 std::string Conditions(const StateFilter& filter) {
@@ -35,11 +28,9 @@ std::string Conditions(const StateFilter& filter) {
         "Curso.IDCurso=Seccion.CodCurso INNER JOIN Centro_TipoEnsenanza ON "
         "Centro_TipoEnsenanza.CodTipoEnsenanza=Curso.CodTipoEnsenanza WHERE CodCentro=" +
         Number(filter.centre) + ")";
-  if (filter.tutor != 0) text += " AND " + TutorCondition(filter.tutor);
-  if (filter.teacher != 0) text += " AND " + TeacherCondition(filter.teacher);
-  if (filter.either != 0)
-    text +=
-        " AND (" + TutorCondition(filter.either) + " OR " + TeacherCondition(filter.either) + ")";
+  if (filter.tutor != 0) text += " AND " + TutorOf(filter.tutor);
+  if (filter.teacher != 0) text += " AND " + TeacherOf(filter.teacher, kSubject);
+  if (filter.either != 0) text += " AND " + MayGrade(filter.either, kSubject);
   return text;
 }
 

@@ -1,0 +1,19 @@
+#include "apps/escuela/state/MayGrade.h"
+
+namespace quorvane {
+
+std::string TutorOf(std::int32_t staff) {
+  return "Alumno.CodSeccion IN (SELECT IDSeccion FROM Seccion WHERE CodTutor=" +
+         std::to_string(staff) + ")";
+}
+
+std::string TeacherOf(std::int32_t staff, const std::string& subject) {
+  return subject +
+         " IN (SELECT CodMatDet FROM Profesor_Pte WHERE CodProfesor=" + std::to_string(staff) + ")";
+}
+
+std::string MayGrade(std::int32_t staff, const std::string& subject) {
+  return "(" + TutorOf(staff) + " OR " + TeacherOf(staff, subject) + ")";
+}
+
+}  // namespace quorvane

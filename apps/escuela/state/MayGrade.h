@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorvane {
+
+/// The condition, with brackets round it, that a member of staff may grade: as the tutor of the
+/// student's section, in a statement that joins `Alumno`, or as the teacher of the subject in the
+/// column `subject`. A number that no row bears may grade nothing.
+std::string MayGrade(std::int32_t staff, const std::string& subject);
+
+/// One half of it each.
+std::string TutorOf(std::int32_t staff);
+std::string TeacherOf(std::int32_t staff, const std::string& subject);
+
+}  // namespace quorvane
