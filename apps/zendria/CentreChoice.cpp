@@ -1,11 +1,14 @@
 #include "apps/zendria/CentreChoice.h"
 
+#include "adapters/qt/views/ClosedListWheel.h"
+
 namespace quorvane::zendria {
 
 CentreChoice::CentreChoice() : label_("Cen&tro en el que trabaja") {
   label_.setBuddy(&box_);
   box_.setObjectName("centro");
   box_.setAccessibleName("Centro en el que trabaja");
+  qt::LeaveWheelOf(box_);
   // A list of many kinds of teaching must not make the dialog wider than the screen.
   box_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }

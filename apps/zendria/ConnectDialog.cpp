@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "adapters/qt/views/ClosedListWheel.h"
 #include "apps/zendria/FirstSize.h"
 
 namespace quorvane::zendria {
@@ -24,6 +25,7 @@ ConnectDialog::ConnectDialog(const QString& connectionString, Trial trial, QWidg
     : QDialog(parent), trial_(std::move(trial)), byHand_("Escribir a mano la ca&dena de conexión") {
   setObjectName("conectar");
   setWindowTitle("Conectar con un servidor");
+  for (auto* const box : {&kind_, &tls_}) qt::LeaveWheelOf(*box);
   kind_.addItems({"PostgreSQL", "SQL Server"});
   port_.setValidator(new QIntValidator(1, kLastPort, &port_));
   password_.setEchoMode(QLineEdit::Password);

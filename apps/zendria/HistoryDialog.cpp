@@ -6,8 +6,10 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "adapters/qt/views/ClosedListWheel.h"
 #include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/Attempt.h"
+#include "apps/zendria/BlankCells.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/TextFolding.h"
 
@@ -39,6 +41,7 @@ HistoryDialog::HistoryDialog(Connection& school, const HistoryFilter& of, const 
     : QDialog(parent), school_(school), of_(of) {
   setObjectName("historial");
   setWindowTitle("Historial de notas");
+  qt::LeaveWheelOf(evaluation_);
   Build();
   if (!title.isEmpty()) {
     setWindowTitle(windowTitle() + ": " + title);
@@ -70,6 +73,7 @@ void HistoryDialog::Build() {
   evaluation_.addItem("Todas las evaluaciones", 0);
   words_.setObjectName("palabras");
   words_.setPlaceholderText("Alumno, materia o usuario");
+  words_.setAccessibleName(words_.placeholderText());
   words_.setClearButtonEnabled(true);
   list_.setObjectName("cambios");
   list_.setAccessibleName("Cambios de notas");
@@ -146,6 +150,7 @@ void HistoryDialog::Show() {
     if (++passing <= kMostShown) items.append(new QTreeWidgetItem(cells));
   }
   list_.addTopLevelItems(items);
+  NameBlankCells(list_);
   for (int i = 0; i < list_.columnCount(); ++i) list_.resizeColumnToContents(i);
   notice_.setText(passing > kMostShown
                       ? QStringLiteral("Los últimos %1 de %2 cambios").arg(kMostShown).arg(passing)

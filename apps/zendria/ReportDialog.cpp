@@ -12,6 +12,7 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+#include "adapters/qt/views/ClosedListWheel.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/FailureBox.h"
@@ -35,6 +36,7 @@ ReportDialog::ReportDialog(Connection& school, const QString& name, QWidget* par
     : QDialog(parent), blank_("&Hoja en blanco, para poner las notas a mano") {
   setObjectName("informe");
   setWindowTitle("Informe de pendientes");
+  for (auto* const box : {&section_, &student_}) qt::LeaveWheelOf(*box);
   Build();
   Attempt(this, [&] {
     reader_ = std::make_unique<ReportReader>(

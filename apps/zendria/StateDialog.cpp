@@ -10,10 +10,12 @@
 #include <QVBoxLayout>
 #include <map>
 
+#include "adapters/qt/views/ClosedListWheel.h"
 #include "adapters/qt/views/FocusBorder.h"
 #include "apps/escuela/Today.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/BarDelegate.h"
+#include "apps/zendria/BlankCells.h"
 #include "apps/zendria/FirstSize.h"
 
 namespace quorvane::zendria {
@@ -74,6 +76,7 @@ StateDialog::StateDialog(Connection& school, Viewer viewer, QWidget* parent)
       mySubjects_("Mis &materias") {
   setObjectName("estado");
   setWindowTitle("Estado de la evaluación");
+  qt::LeaveWheelOf(grouping_);
   Build();
   Refresh();
   if (tree_.topLevelItemCount() > 0) tree_.setCurrentItem(tree_.topLevelItem(0));
@@ -154,6 +157,7 @@ void StateDialog::Refresh() {
     return;
   }
   Restore();
+  NameBlankCells(tree_);
   for (int column = 0; column < kColumns; ++column) tree_.resizeColumnToContents(column);
   read_.setText(QStringLiteral("%1  Leído a las %2")
                     .arg(tree_.topLevelItemCount() == 0 ? "No hay ninguna nota pendiente." : "",
@@ -241,6 +245,7 @@ void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
       ShowCounts(*item, row);
     }
   });
+  NameBlankCells(tree_);
   for (const auto column : {kName, kTeacher}) tree_.resizeColumnToContents(column);
   if (section.childCount() == 0)
     section.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);

@@ -327,6 +327,22 @@ TEST_F(SheetKeysTest, CtrlDFillsTheEmptyCellsBelow) {
   Run(StandOn(0, 1), fill, Column(1, {"5", "5", "5", "10", "5", "5"}), StandsAt(0, 1));
 }
 
+TEST_F(SheetKeysTest, CtrlDFillsUpAndDownFromTheCellThatTheSelectionBeganAt) {
+  form->rtvNotas.TextMatrix(1, 1, "1");
+  form->rtvNotas.TextMatrix(4, 1, "5");
+  Run(DragFromTo(3, 1, 1, 1), fill, Column(1, {"1", "5", "5", "5", "", ""}), StandOn(0, 1),
+      Write("10"), back, Press(Qt::Key_Down, Qt::ControlModifier),
+      Press(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier), fill,
+      Column(1, {"5", "5", "5", "5", "", ""}));
+}
+
+TEST_F(SheetKeysTest, CtrlDFillsTheColumnThatTheSelectionBeganInAlone) {
+  form->rtvNotas.TextMatrix(2, 1, "5");
+  form->rtvNotas.TextMatrix(2, 2, "1");
+  Run(DragFromTo(1, 1, 3, 2), fill, Column(1, {"", "5", "5", "5", "", ""}),
+      Column(2, {"", "1", "", "", "", ""}));
+}
+
 TEST_F(SheetKeysTest, CtrlDFillsWhatIsSelectedFromItsFirstCell) {
   form->rtvNotas.TextMatrix(2, 1, "5");
   form->rtvNotas.TextMatrix(3, 1, "10");

@@ -8,6 +8,11 @@
 #include <QTabBar>
 #include <set>
 
+#include "apps/zendria/DraftDialogs.h"
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/LeftoversBox.h"
+#include "apps/zendria/NodeRunner.h"
+#include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/StatementWindow.h"
 #include "tests/zendria/RescueTest.h"
 
@@ -204,6 +209,49 @@ TEST_F(AccessibleTest, TheHostsOwnWindows) {
   UseScreens(zendria::PendingScreens());
   ExpectReadable(*window_);
   ExpectTabFollowsTheEye(*window_);
+}
+
+TEST_F(AccessibleTest, WhatTheHeadOfStudiesAsksFor) {
+  const auto read = [](QWidget& dialog) {
+    ExpectReadable(dialog);
+    ExpectTabFollowsTheEye(dialog);
+    dynamic_cast<QDialog&>(dialog).reject();
+  };
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=105");
+  for (const auto& [action, dialog] :
+       {std::pair{"estadoEvaluacion", "estado"}, std::pair{"historialNotas", "historial"},
+        std::pair{"informePendientes", "informe"}, std::pair{"importarRegistro", "importar"}}) {
+    robot_.OnDialog(dialog, read);
+    window_->findChild<QAction*>(action)->trigger();
+    EXPECT_TRUE(robot_.Done()) << dialog;
+  }
+  zendria::PersonSearchDialog people({{1, "Ruiz Soto, Ana", {}}}, "Docente");
+  people.show();
+  EXPECT_GT(ExpectReadable(people), 0);
+  ExpectTabFollowsTheEye(people);
+  EXPECT_TRUE(robot_.unexpected.empty());
+}
+
+TEST_F(AccessibleTest, WhatTellsOfTrouble) {
+  auto read = 0;
+  const auto reads = [&read](QWidget& dialog) {
+    ExpectReadable(dialog);
+    ExpectTabFollowsTheEye(dialog);
+    ++read;
+    dynamic_cast<QDialog&>(dialog).reject();
+  };
+  for (const auto* const name : {"aviso", "borrador", "notasCambiadas", "borradorRoto", "restos"})
+    robot_.OnDialog(name, reads);
+  Leftovers::Left left;
+  left.holder = Leftovers::Holder::Gone;
+  zendria::ShowProblem(window_.get(), {6, "Desbordamiento"});
+  const auto now = QDateTime::currentDateTime();
+  zendria::AskForDraft(window_.get(), now, 3, 1);
+  zendria::ShowLeftCells(window_.get(), {zendria::LeftCell()});
+  zendria::TellBrokenDraft(window_.get(), "notas", std::nullopt);
+  zendria::OffersToRemove(window_.get(), {left});
+  EXPECT_EQ(read, 5);
+  EXPECT_TRUE(robot_.Done());
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -10,9 +11,14 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
+#include <QWheelEvent>
 #include <gmock/gmock.h>
 
+#include "apps/zendria/DraftDialogs.h"
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/LeftoversBox.h"
 #include "apps/zendria/LocksDialog.h"
+#include "apps/zendria/NodeRunner.h"
 #include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/SignInDialog.h"
 #include "apps/zendria/StatementWindow.h"
@@ -26,16 +32,34 @@ using HostKeyboardTest = HostTest;
 /// What a user acts on in the window, without what only lends it its looks.
 bool IsForUse(const QWidget& widget) {
   if (qobject_cast<const QHeaderView*>(&widget) != nullptr) return false;
+  // A part of a field, as the one of a date.
+  if (widget.focusProxy() != nullptr) return false;
   const auto acts = qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
                     qobject_cast<const QAbstractItemView*>(&widget) != nullptr ||
                     qobject_cast<const QLineEdit*>(&widget) != nullptr ||
+                    qobject_cast<const QAbstractSpinBox*>(&widget) != nullptr ||
                     qobject_cast<const QComboBox*>(&widget) != nullptr;
   // A field's own button to clear it has the keyboard's Delete in its place.
   return acts && qobject_cast<const QLineEdit*>(widget.parentWidget()) == nullptr;
 }
 
+/// Rolled by, a closed list keeps its entry.
+void ExpectWheelChoosesNothing(QWidget& window) {
+  for (auto* const box : window.findChildren<QComboBox*>()) {
+    const auto before = box->currentIndex();
+    for (const auto notch : {-120, 120}) {
+      QWheelEvent wheel(box->rect().center(), box->mapToGlobal(box->rect().center()), {},
+                        {0, notch}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+      QApplication::sendEvent(box, &wheel);
+      EXPECT_FALSE(wheel.isAccepted()) << box->objectName().toStdString();
+      EXPECT_EQ(box->currentIndex(), before) << box->objectName().toStdString();
+    }
+  }
+}
+
 void ExpectTabReachesAll(QWidget& window) {
   QApplication::setActiveWindow(&window);
+  ExpectWheelChoosesNothing(window);
   std::set<const QWidget*> reached;
   for (int i = 0; i < 60 && window.focusWidget() != nullptr; ++i) {
     auto* const widget = window.focusWidget();
@@ -158,6 +182,45 @@ TEST_F(HostKeyboardTest, StatementsAndPeople) {
   people.show();
   ExpectTabReachesAll(people);
   ExpectMnemonics(people);
+}
+
+/// All in it by Tab, and out of it by Esc.
+void ExpectNeedsNoMouse(QWidget& dialog) {
+  // Where the keyboard is need not be seen before it is used.
+  QApplication::setActiveWindow(&dialog);
+  QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+  ExpectTabReachesAll(dialog);
+  ExpectMnemonics(dialog);
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  EXPECT_FALSE(dialog.isVisible()) << dialog.objectName().toStdString();
+  dynamic_cast<QDialog&>(dialog).reject();
+}
+
+TEST_F(HostKeyboardTest, WhatTheHeadOfStudiesAsksFor) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
+  for (const auto& [action, dialog] :
+       {std::pair{"estadoEvaluacion", "estado"}, std::pair{"historialNotas", "historial"},
+        std::pair{"informePendientes", "informe"}, std::pair{"importarRegistro", "importar"},
+        std::pair{"conectarServidor", "conectar"}}) {
+    robot_.OnDialog(dialog, ExpectNeedsNoMouse);
+    window_->findChild<QAction*>(action)->trigger();
+    EXPECT_TRUE(robot_.Done()) << dialog;
+  }
+  EXPECT_TRUE(robot_.unexpected.empty());
+}
+
+TEST_F(HostKeyboardTest, WhatTellsOfTrouble) {
+  for (const auto* const name : {"aviso", "borrador", "notasCambiadas", "borradorRoto", "restos"})
+    robot_.OnDialog(name, ExpectNeedsNoMouse);
+  Leftovers::Left left;
+  left.holder = Leftovers::Holder::Gone;
+  zendria::ShowProblem(window_.get(), {6, "Desbordamiento"});
+  EXPECT_EQ(zendria::AskForDraft(window_.get(), QDateTime::currentDateTime(), 3, 1),
+            zendria::DraftAnswer::NotNow);
+  zendria::ShowLeftCells(window_.get(), {zendria::LeftCell()});
+  zendria::TellBrokenDraft(window_.get(), "notas", std::nullopt);
+  EXPECT_FALSE(zendria::OffersToRemove(window_.get(), {left}));
+  EXPECT_TRUE(robot_.Done());
 }
 
 }  // namespace

@@ -45,14 +45,15 @@ std::vector<CellText> PasteTargets(const GridTable& table, const TextRows& rows)
 std::vector<CellText> FillTargets(const GridTable& table) {
   const auto part = Selected(table);
   if (!part.isValid()) return {};
-  const auto column = table.currentIndex().column();
-  const auto text = TextAt(table, part.top(), column);
+  const auto start = table.Start();
+  const auto column = start.column();
+  const auto text = TextAt(table, start.row(), column);
   if (text.trimmed().isEmpty()) return {};
   const auto many = part.height() > 1;
   const auto last = many ? part.bottom() : table.model()->rowCount() - 1;
   std::vector<CellText> cells;
-  for (auto row = part.top() + 1; row <= last; ++row)
-    if (many || TextAt(table, row, column).trimmed().isEmpty())
+  for (auto row = part.top(); row <= last; ++row)
+    if (row != start.row() && (many || TextAt(table, row, column).trimmed().isEmpty()))
       cells.push_back({row, column, text});
   return cells;
 }

@@ -18,8 +18,8 @@ class GridTable;
 /// sight for each, in the order of rows. A single text is for all selected cells. What finds no
 /// column in sight has a column off the grid.
 std::vector<CellText> PasteTargets(const GridTable& table, const TextRows& rows);
-/// The text of the first selected cell in the current cell's column for the selected ones below it;
-/// with but one selected, for the empty ones of all rows below. None when that text is empty.
+/// The text of the cell that the user stood on (`GridTable::Start`) for all selected ones of its
+/// column; with but one selected, for the empty ones of all rows below. None when it is empty.
 std::vector<CellText> FillTargets(const GridTable& table);
 /// No text for the selected cells, or for the current one.
 std::vector<CellText> ClearTargets(const GridTable& table);

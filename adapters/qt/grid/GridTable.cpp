@@ -42,7 +42,13 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setTextElideMode(Qt::ElideRight);
   horizontalHeader()->setMinimumHeight(fontMetrics().height() + kRowPadding);
   names_ = new FrozenColumn(*this);
-  const auto choose = [this] { chosen_ = true; };
+  const auto choose = [this] {
+    chosen_ = true;
+    // The current cell goes along with the mouse that drags and the arrow that extends.
+    const auto& chosen = selectionModel()->selection();
+    if (chosen.size() == 1 && chosen.front().topLeft() == chosen.front().bottomRight())
+      start_ = chosen.front().topLeft();
+  };
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, choose);
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this, choose);
 }
@@ -73,7 +79,10 @@ void GridTable::Take(const Grid& grid) {
     viewport()->update();
     return;
   }
+  // The view tells of the new current cell before it extends the selection to it.
+  const auto start = moved ? QPersistentModelIndex(current) : start_;
   GoTo(current);
+  start_ = start;
   if (moved) scrollTo(current);
   // The blocked signals would have had it painted.
   viewport()->update();
@@ -154,6 +163,11 @@ QItemSelectionRange GridTable::Chosen() const {
           model()->index(around.bottom(), around.right())};
 }
 
+QModelIndex GridTable::Start() const {
+  const auto part = Chosen();
+  return start_.isValid() && part.contains(start_) ? QModelIndex(start_) : currentIndex();
+}
+
 void GridTable::Copy() const {
   const auto part = Chosen();
   if (part.isEmpty()) return CopyAll();
@@ -166,6 +180,7 @@ void GridTable::GoTo(const QModelIndex& cell) {
   setCurrentIndex(cell);
   // By itself that selects more while Shift is held, which is how one goes back.
   selectionModel()->select(cell, QItemSelectionModel::ClearAndSelect | whole);
+  start_ = cell;
 }
 
 void GridTable::Choose(const QItemSelectionRange& part) {
@@ -197,6 +212,12 @@ void GridTable::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QTableView::keyPressEvent(event);
+}
+
+void GridTable::mousePressEvent(QMouseEvent* event) {
+  QTableView::mousePressEvent(event);
+  if (event->button() == Qt::LeftButton && (event->modifiers() & Qt::ShiftModifier) == 0)
+    start_ = currentIndex();
 }
 
 void GridTable::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QItemSelectionRange>
+#include <QPersistentModelIndex>
 #include <QTableView>
 #include <functional>
 #include <vector>
@@ -30,6 +31,9 @@ class GridTable : public QTableView {
 
   /// What the user has selected; an empty part when the current cell is where the grid put it.
   [[nodiscard]] QItemSelectionRange Chosen() const;
+  /// The cell that the user stood on when he began to select, wherever the selection has gone from
+  /// there; without one, the current cell.
+  [[nodiscard]] QModelIndex Start() const;
   /// Puts onto the clipboard what the user has selected or, without that, the whole table.
   void Copy() const;
   /// The whole table, with its headings.
@@ -65,6 +69,7 @@ class GridTable : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   bool focusNextPrevChild(bool next) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -86,6 +91,7 @@ class GridTable : public QTableView {
   bool fit_ = false;
   bool laysOut_ = false;
   bool chosen_ = false;  // by the user
+  QPersistentModelIndex start_;
 };
 
 }  // namespace quorvane::qt

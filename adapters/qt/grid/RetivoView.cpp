@@ -74,7 +74,7 @@ void RetivoView::FillMenu(GridMenu& menu) {
   menu.Add({"Pegar", "Ctrl+V", [this] { Paste(); },
             [] { return !QGuiApplication::clipboard()->text().isEmpty(); }});
   menu.Add({"Rellenar hacia abajo", "Ctrl+D", [this] { FillDown(); },
-            [this] { return Opens(table_->currentIndex()) && !FillTargets(*table_).empty(); }});
+            [this] { return Opens(table_->Start()) && !FillTargets(*table_).empty(); }});
 }
 
 void RetivoView::Place(const QRect& room) {
@@ -173,7 +173,7 @@ void RetivoView::Paste() {
 
 void RetivoView::FillDown() {
   const auto targets = FillTargets(*table_);
-  if (targets.empty() || !Opens(table_->currentIndex())) return QApplication::beep();
+  if (targets.empty() || !Opens(table_->Start())) return QApplication::beep();
   Edit("Rellenar hacia abajo", targets);
 }
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include "adapters/qt/views/ClosedListWheel.h"
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/FormWindow.h"
 #include "adapters/qt/window/QtFrontEnd.h"
@@ -50,20 +51,6 @@ class ListKeys : public QObject {
   bool announcing_ = false;
 };
 
-/// Leaves the wheel over a closed list to what lies under it: rolled by on the way through a form,
-/// it would choose another entry.
-class WheelPasses : public QObject {
- public:
-  explicit WheelPasses(QComboBox& box) : QObject(&box) { box.installEventFilter(this); }
-
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() != QEvent::Wheel) return false;
-    event->ignore();
-    return true;
-  }
-};
-
 /// What the right button and the menu key open: the host's entries alone.
 class ListMenu : public QObject {
  public:
@@ -102,7 +89,7 @@ ComboView::ComboView(FormWindow& window, ComboBox& combo)
   Use(box_);
   box_->setMaxVisibleItems(16);
   new ListKeys(*box_);
-  new WheelPasses(*box_);
+  LeaveWheelOf(*box_);
   new ListMenu(*box_, window, combo);
   QObject::connect(box_, &QComboBox::activated, box_,
                    [this](int index) { Gesture([this, index] { combo_.ListIndex(index); }); });
