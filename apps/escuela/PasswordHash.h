@@ -10,8 +10,10 @@ namespace quorvane {
 
 /// A password's text to keep, another one each time. Error 0x80004005 without the memory for it.
 std::string PasswordHash(const std::string& password);
-/// Whether that is the password of a text which `PasswordHash` has made. A text of another make is
-/// nobody's.
+/// Whether a text is of the form, and bears the costs, of those that `PasswordHash` makes.
+bool IsHashOfOurs(const std::string& hash);
+/// Whether that is the password of a text which `PasswordHash` has made. A text of another make, or
+/// of other costs, is nobody's, and isn't computed with.
 bool IsPasswordOf(const std::string& hash, const std::string& password);
 /// A hash of no password, that takes as long to compare: for who has none.
 const std::string& NobodysHash();

@@ -1,8 +1,10 @@
 #include "apps/escuela/TableKinds.h"
 
-#include <algorithm>
+#include <optional>
 
 #include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/UserPasswords.h"
+#include "apps/escuela/history/HistoryTriggers.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/AsciiCase.h"
 
@@ -42,12 +44,19 @@ std::string GeneratedQuery(Engine engine) {
   }
 }
 
-const SchemaTable* TableNamed(const std::string& name) {
-  const auto& tables = SchoolTables();
-  const auto found = std::find_if(tables.begin(), tables.end(), [&](const SchemaTable& one) {
-    return EqualNoCase(one.name, name);
-  });
-  return found == tables.end() ? nullptr : &*found;
+/// A table that is read, and whether what is written to it takes every column.
+struct ReadTable {
+  std::string name;
+  bool written = true;
+};
+
+/// One that a school must have, or one of the host's own, which it may have.
+std::optional<ReadTable> TableNamed(const std::string& name) {
+  for (const auto& one : SchoolTables())
+    if (EqualNoCase(one.name, name)) return ReadTable{one.name, one.byPosition};
+  for (const auto& own : {std::string(kHistoryTable), std::string(UserPasswords::kTable)})
+    if (EqualNoCase(own, name)) return ReadTable{own};
+  return std::nullopt;
 }
 
 }  // namespace
@@ -56,7 +65,7 @@ std::vector<std::string> ViewsAmongTables(Connection& database) {
   std::vector<std::string> findings;
   for (auto rows = database.Execute(ViewsQuery(EngineReached(database))); !rows.Eof();
        rows.MoveNext())
-    if (const auto* const table = TableNamed(rows.Fields(0).Text()); table != nullptr)
+    if (const auto table = TableNamed(rows.Fields(0).Text()))
       findings.push_back("La tabla " + table->name + " no es una tabla, sino una vista");
   return findings;
 }
@@ -66,9 +75,9 @@ std::vector<std::string> GeneratedColumns(Connection& database) {
   const auto generated = GeneratedQuery(EngineReached(database));
   if (generated.empty()) return findings;
   for (auto rows = database.Execute(generated); !rows.Eof(); rows.MoveNext()) {
-    const auto* const table = TableNamed(rows.Fields(0).Text());
+    const auto table = TableNamed(rows.Fields(0).Text());
     // What is inserted by position takes every column.
-    if (table != nullptr && table->byPosition)
+    if (table && table->written)
       findings.push_back("La columna " + rows.Fields(1).Text() + " de la tabla " + table->name +
                          " es calculada, y no se puede escribir en ella");
   }

@@ -59,6 +59,17 @@ std::vector<UserPasswords::Account> UserPasswords::List() const {
   return accounts;
 }
 
+std::vector<std::string> UserPasswords::Findings() const {
+  std::vector<std::string> findings;
+  for (const auto& [user, hash] : Hashes())
+    if (!IsHashOfOurs(hash))
+      findings.push_back("La contraseña del usuario " + std::to_string(user) +
+                         " no la ha puesto este programa, y nadie puede entrar con ella: póngale "
+                         "otra con «quorvane-escuela usuarios FICHERO clave " +
+                         std::to_string(user) + "»");
+  return findings;
+}
+
 std::optional<UserPasswords::Account> UserPasswords::Find(const std::string& numberOrName) const {
   const auto accounts = List();
   const auto only = [&accounts](const auto& fits) -> std::optional<Account> {
@@ -127,8 +138,10 @@ std::optional<std::int32_t> UserPasswords::Owner(const std::vector<std::int32_t>
   std::optional<std::int32_t> owner;
   for (std::size_t at = 0; at < std::max(candidates.size(), atLeast); ++at) {
     const auto found = at < candidates.size() ? hashes.find(candidates[at]) : hashes.end();
-    const auto& hash = found == hashes.end() ? nobodys : found->second;
-    if (IsPasswordOf(hash, password) && found != hashes.end() && !owner) owner = candidates[at];
+    // One of other costs isn't compared with, and must not tell so by being quicker.
+    const auto compared = found != hashes.end() && IsHashOfOurs(found->second);
+    const auto& hash = compared ? found->second : nobodys;
+    if (IsPasswordOf(hash, password) && compared && !owner) owner = candidates[at];
   }
   return owner;
 }

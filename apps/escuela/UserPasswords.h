@@ -40,6 +40,8 @@ class UserPasswords {
   void TakeOver(const std::map<std::int32_t, std::string>& hashes);
   /// All users by their number; a school from elsewhere may not have their names.
   [[nodiscard]] std::vector<Account> List() const;
+  /// What is wrong with those that are kept, in Spanish, one each.
+  [[nodiscard]] std::vector<std::string> Findings() const;
   /// By number, or by name without regard to the case of its letters; none when nobody is called
   /// so, or more than one.
   [[nodiscard]] std::optional<Account> Find(const std::string& numberOrName) const;

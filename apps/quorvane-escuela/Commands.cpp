@@ -13,6 +13,7 @@
 #include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
+#include "apps/escuela/UserPasswords.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/StopSignals.h"
 #include "apps/quorvane-escuela/UserCommands.h"
@@ -123,6 +124,7 @@ int Check(const SchoolAddress& address) {
     return 1;
   }
   auto rows = check.Rows();
+  for (const auto& finding : UserPasswords(*school).Findings()) rows.push_back(finding);
   if (address.EverybodyReads())
     rows.push_back(
         "Cualquier usuario de la máquina puede leer el fichero, que tiene datos de "

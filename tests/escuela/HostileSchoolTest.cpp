@@ -6,7 +6,10 @@
 
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/FieldValues.h"
+#include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/UserPasswords.h"
+#include "apps/escuela/history/HistoryTriggers.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
@@ -144,23 +147,60 @@ TEST_F(HostileSchoolTest, AKeyBehindWhichThereIsNoOtherIsFound) {
   EXPECT_THAT(Rows(), Contains(HasSubstr("Última clave en PublicacionPte")));
 }
 
+// A school need not have them, and yet they are read.
+void MakeOwnTables(Connection& school) {
+  UserPasswords(school).Set(3, "alcachofas azules");
+  for (const auto& statement : HistoryTableSql(EngineReached(school), ""))
+    school.Execute(statement);
+}
+
 TEST_F(HostileSchoolTest, AViewInTheTablesPlaceIsNoSchoolAndNobodyReadsIt) {
-  for (const auto& table : SchoolTables()) {
+  MakeOwnTables(school_.Db());
+  std::vector<std::string> tables = {"ClaveUsuario", "HistorialNotas"};
+  for (const auto& table : SchoolTables()) tables.push_back(table.name);
+  for (const auto& table : tables) {
     std::string columns;
-    for (const auto& column : table.columns)
-      columns += (columns.empty() ? "i AS " : ",i AS ") + column.name;
-    Change("ALTER TABLE " + table.name + " RENAME TO Guardada");
+    for (const auto& name :
+         school_.FirstColumn("SELECT name FROM pragma_table_info('" + table + "')"))
+      columns += (columns.empty() ? "i AS " : ",i AS ") + name;
+    Change("ALTER TABLE " + table + " RENAME TO Guardada");
     // It has no end: to look at its first row by any order takes for ever.
-    Change("CREATE VIEW " + table.name +
+    Change("CREATE VIEW " + table +
            " AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) SELECT " + columns +
            " FROM n");
-    EXPECT_THAT(Structure(),
-                ElementsAre("La tabla " + table.name + " no es una tabla, sino una vista"));
+    EXPECT_THAT(Structure(), ElementsAre("La tabla " + table + " no es una tabla, sino una vista"));
     EXPECT_THAT(AllScreens(school_.Path()), HasSubstr("sino una vista\n"));
-    Change("DROP VIEW " + table.name);
-    Change("ALTER TABLE Guardada RENAME TO " + table.name);
+    Change("DROP VIEW " + table);
+    Change("ALTER TABLE Guardada RENAME TO " + table);
   }
   EXPECT_THAT(Structure(), IsEmpty());
+}
+
+TEST_F(HostileSchoolTest, NoOrderReadsAViewInThePlaceOfAnOwnTable) {
+  for (const std::string table : {"ClaveUsuario", "historialnotas"}) {
+    Change("CREATE VIEW " + table +
+           " AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) SELECT i AS "
+           "IDUsuario, i AS Clave, i AS IDHistorial, i AS Momento FROM n");
+    for (const std::string order :
+         {"comprobar F", "usuarios F", "usuarios F quitar 3", "historial F ver",
+          "historial F purgar --antes 2030-01-01", "reparar F"}) {
+      auto arguments = order;
+      arguments.replace(arguments.find('F'), 1, school_.Path());
+      const auto done = RunCommand("timeout 5 " QUORVANE_ESCUELA " " + arguments);
+      EXPECT_EQ(done.status, 1) << order;
+      EXPECT_THAT(done.text, HasSubstr("sino una vista")) << order;
+    }
+    Change("DROP VIEW " + table);
+  }
+}
+
+TEST_F(HostileSchoolTest, AnOwnTableThatRefusesWhatIsWrittenIsFound) {
+  Change("CREATE VIRTUAL TABLE HistorialNotas USING fts5(Momento)");
+  EXPECT_THAT(Structure(), ElementsAre("La tabla HistorialNotas no es una tabla, sino una vista"));
+  Change("DROP TABLE HistorialNotas");
+  Change("CREATE TABLE ClaveUsuario (IDUsuario INTEGER, Clave TEXT AS ('x'))");
+  EXPECT_THAT(Structure(), ElementsAre("La columna Clave de la tabla ClaveUsuario es calculada, y "
+                                       "no se puede escribir en ella"));
 }
 
 TEST_F(HostileSchoolTest, AVirtualTableIsNoneEither) {

@@ -205,6 +205,38 @@ TEST_F(UserPasswordsTest, ACopyOfASchoolWithoutAnyHasNone) {
   EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + copy).text, StartsWith(kOpenToAll));
 }
 
+// A row tells its own costs, and whoever wrote it may have written any.
+TEST_F(UserPasswordsTest, OfOtherCostsAreNeverComputed) {
+  passwords_.Set(3, kSecret);
+  const auto good = school_.FirstColumn("SELECT Clave FROM ClaveUsuario")[0];
+  const auto rest = good.substr(good.rfind('$', good.rfind('$') - 1));
+  const auto changed = [&good](const std::string& part, const std::string& by) {
+    auto text = good;
+    return text.replace(text.find(part), part.size(), by);
+  };
+  for (const auto& hash :
+       {changed("t=2", "t=4000000"), changed("m=65536", "m=4194304"), changed("p=1", "p=255"),
+        changed("t=2", "t=1"), changed("m=65536", "m=8"),
+        "$argon2i$v=19$m=65536,t=4000000,p=1" + rest, "$7$" + good, good + "A",
+        good.substr(0, good.size() - 1), std::string()}) {
+    school_.Db().Execute("UPDATE ClaveUsuario SET Clave='" + hash + "'");
+    timespec before{};
+    timespec after{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
+    EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt) << hash;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
+    EXPECT_LT(after.tv_sec - before.tv_sec, 2) << hash;
+    EXPECT_TRUE(passwords_.Any()) << "it isn't as good as none";
+    EXPECT_EQ(passwords_.Findings().size(), 1U) << hash;
+  }
+  const auto check = RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Path());
+  EXPECT_EQ(check.status, 1);
+  EXPECT_THAT(check.text, HasSubstr("La contraseña del usuario 3 no la ha puesto este programa"));
+  passwords_.Set(3, kSecret);
+  EXPECT_THAT(passwords_.Findings(), testing::IsEmpty());
+  EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
+}
+
 TEST_F(UserPasswordsTest, OfAUserWhoIsGoneCountForNothing) {
   passwords_.Set(3, kSecret);
   school_.Db().Execute("DELETE FROM Usuario WHERE IDUsuario=3");

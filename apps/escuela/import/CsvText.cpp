@@ -4,10 +4,10 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
+#include <fcntl.h>
 #include <string_view>
-#include <system_error>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/RuntimeError.h"
 #include "platform/text/Utf8.h"
@@ -21,10 +21,6 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 [[noreturn]] void Refuse(const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed, reason);
-}
-
-[[noreturn]] void RefuseSize(const std::string& path) {
-  Refuse("No se puede leer " + path + ": ocupa más de 64 MB; ¿es el que quería?");
 }
 
 /// The letters from 0x80 to 0x9F; what has none there stays a control character.
@@ -142,25 +138,63 @@ std::vector<CsvRow> ParseCsv(std::string text) {
   return Reader(text).Rows();
 }
 
-std::vector<CsvRow> ReadCsv(const std::string& path) {
-  std::error_code error;
-  if (std::filesystem::is_directory(path, error))
-    Refuse("No se puede leer " + path + ": es una carpeta");
-  std::ifstream file(path, std::ios::binary);
-  if (!file)
-    Refuse("No se puede leer " + path + ": " +
-           (errno == ENOENT ? "el fichero no existe" : std::strerror(errno)));
-  if (const auto size = std::filesystem::file_size(path, error); !error && size > kMostBytes)
-    RefuseSize(path);
-  // A pipe or a device tells no size, and may never end.
-  std::string text;
-  std::array<char, 1U << 16> part{};
-  while (file.read(part.data(), part.size()) || file.gcount() > 0) {
-    text.append(part.data(), static_cast<std::size_t>(file.gcount()));
-    if (text.size() > kMostBytes) RefuseSize(path);
-  }
-  if (file.bad()) Refuse("No se puede leer " + path + " hasta el final");
-  return ParseCsv(std::move(text));
+namespace {
+
+[[noreturn]] void RefuseFile(const std::string& path, const std::string& reason) {
+  Refuse("No se puede leer " + path + ": " + reason);
 }
+
+/// A file that is open for reading, and of which nobody has to wait for another program.
+class PlainFile {
+ public:
+  explicit PlainFile(const std::string& path)
+      : path_(path), handle_(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {
+    if (handle_ < 0)
+      RefuseFile(path_, errno == ENOENT ? "el fichero no existe" : std::strerror(errno));
+    try {
+      RequirePlain();
+    } catch (...) {
+      close(handle_);
+      throw;
+    }
+  }
+  ~PlainFile() { close(handle_); }
+  PlainFile(const PlainFile&) = delete;
+  PlainFile& operator=(const PlainFile&) = delete;
+  PlainFile(PlainFile&&) = delete;
+  PlainFile& operator=(PlainFile&&) = delete;
+
+  /// Up to its end, which a file that somebody writes to may put off.
+  [[nodiscard]] std::string Text() const {
+    std::string text;
+    std::array<char, std::size_t{1} << 16> piece{};
+    for (;;) {
+      const auto count = read(handle_, piece.data(), piece.size());
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) RefuseFile(path_, "no se deja leer hasta el final");
+      if (count == 0) return text;
+      text.append(piece.data(), static_cast<std::size_t>(count));
+      if (text.size() > kMostBytes) RefuseFile(path_, kTooLarge);
+    }
+  }
+
+ private:
+  static constexpr auto kTooLarge = "ocupa más de 64 MB; ¿es el que quería?";
+
+  void RequirePlain() const {
+    struct stat about {};
+    if (fstat(handle_, &about) != 0) RefuseFile(path_, std::strerror(errno));
+    if (S_ISDIR(about.st_mode)) RefuseFile(path_, "es una carpeta");
+    if (!S_ISREG(about.st_mode)) RefuseFile(path_, "no es un fichero corriente");
+    if (about.st_size > static_cast<off_t>(kMostBytes)) RefuseFile(path_, kTooLarge);
+  }
+
+  std::string path_;
+  int handle_;
+};
+
+}  // namespace
+
+std::vector<CsvRow> ReadCsv(const std::string& path) { return ParseCsv(PlainFile(path).Text()); }
 
 }  // namespace quorvane
