@@ -1,6 +1,7 @@
 #include "adapters/odbc/Secrets.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstddef>
 
 #include "platform/text/AsciiCase.h"
@@ -10,6 +11,20 @@ namespace {
 
 constexpr std::string_view kParts[] = {"pwd", "pass", "secret", "token"};
 constexpr std::string_view kMask = "***";
+
+/// How a keyword that was written with other signs in it ends: the letters and digits before the
+/// equals sign, as many as the longest of those words has.
+bool EndsAsSecret(std::string_view text) {
+  constexpr std::string_view kEndings[] = {"pwd", "pass", "password", "secret", "token"};
+  constexpr std::size_t kLongest = 8;
+  std::string tail;
+  for (auto at = text.size(); at > 0 && tail.size() < kLongest; --at)
+    if (std::isalnum(static_cast<unsigned char>(text[at - 1])) != 0)
+      tail.insert(0, 1, text[at - 1]);
+  const auto name = AsciiLower(tail);
+  return std::any_of(std::begin(kEndings), std::end(kEndings),
+                     [&name](std::string_view ending) { return name.ends_with(ending); });
+}
 
 bool IsKeywordPart(char letter) {
   return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
@@ -25,17 +40,26 @@ std::string_view KeywordBefore(std::string_view text, std::size_t equals) {
   return text.substr(begin, end - begin);
 }
 
-/// Behind the closing brace of a value in braces, in which a doubled one is a letter; else the
-/// semicolon, or the text's end: a password may hold anything else, a blank too.
+/// Behind the closing brace of a value in braces, in which a doubled one is a letter, or the text's
+/// end where none closes it; else the semicolon, or the text's end: a password may hold anything
+/// else, a blank too. What follows that semicolon is still the value's where it gives none itself.
 std::size_t EndOfValue(std::string_view text, std::size_t at) {
   const auto begin = std::min(text.find_first_not_of(" \t", at), text.size());
-  if (begin < text.size() && text[begin] == '{')
+  if (begin < text.size() && text[begin] == '{') {
     for (auto end = begin + 1; end < text.size(); ++end) {
       if (text[end] != '}') continue;
       if (end + 1 == text.size() || text[end + 1] != '}') return end + 1;
       ++end;
     }
-  return std::min(text.find(';', begin), text.size());
+    return text.size();
+  }
+  auto end = text.find(';', begin);
+  while (end != std::string_view::npos) {
+    const auto next = text.find_first_of(";=", end + 1);
+    if (next != std::string_view::npos && text[next] == '=') return end;
+    end = next;
+  }
+  return text.size();
 }
 
 std::string WithoutValues(std::string_view text) {
@@ -43,7 +67,7 @@ std::string WithoutValues(std::string_view text) {
   std::size_t copied = 0;
   for (auto equals = text.find('='); equals != std::string_view::npos;
        equals = text.find('=', std::max(equals + 1, copied))) {
-    if (!IsSecret(KeywordBefore(text, equals))) continue;
+    if (!IsSecret(KeywordBefore(text, equals)) && !EndsAsSecret(text.substr(0, equals))) continue;
     shown += text.substr(copied, equals + 1 - copied);
     shown += kMask;
     copied = EndOfValue(text, equals + 1);
@@ -67,7 +91,9 @@ std::string WithoutAddressPasswords(std::string text) {
 }  // namespace
 
 bool IsSecret(std::string_view keyword) {
-  const auto name = AsciiLower(keyword);
+  auto name = AsciiLower(keyword);
+  // A slip of the hand, as in «PW"D», makes it no less of one.
+  std::erase_if(name, [](unsigned char letter) { return std::isalnum(letter) == 0; });
   return std::any_of(std::begin(kParts), std::end(kParts), [&name](std::string_view part) {
     return name.find(part) != std::string::npos;
   });

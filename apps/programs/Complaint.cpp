@@ -7,6 +7,13 @@
 namespace quorvane {
 namespace {
 
+/// What is out of place may be a connection string, whose values nobody must read: what it begins
+/// with tells which argument it is.
+std::string WithoutValue(const std::string& argument) {
+  const auto equals = argument.find('=');
+  return equals == std::string::npos ? argument : argument.substr(0, equals + 1) + "…";
+}
+
 /// The library's own texts begin or end with the argument's name.
 std::string InSpanish(const CLI::ParseError& error) {
   const std::string text = error.what();
@@ -14,7 +21,7 @@ std::string InSpanish(const CLI::ParseError& error) {
     return dynamic_cast<const Kind*>(&error) != nullptr;
   };
   if (is(std::type_identity<CLI::ExtrasError>()))
-    return "No se esperaba " + text.substr(text.rfind(": ") + 2);
+    return "No se esperaba " + WithoutValue(text.substr(text.rfind(": ") + 2));
   const auto name = text.substr(0, text.find_first_of(": "));
   if (is(std::type_identity<CLI::RequiredError>()))
     return name == "A" ? "Falta la orden" : "Falta " + name;

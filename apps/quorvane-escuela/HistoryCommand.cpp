@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "adapters/guion/player/JsonText.h"
+#include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/CsvLine.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
@@ -119,7 +120,8 @@ std::string Complaint(HistoryOptions& options) {
   const auto& order = options.order;
   if (order.empty()) return "Falta activar, desactivar, ver o purgar";
   if (order != "activar" && order != "desactivar" && order != "ver" && order != "purgar")
-    return "No se conoce «historial " + order + "»";
+    return odbc::ConnectionString::Looks(order) ? SchoolAddress::kMisplaced
+                                                : "No se conoce «historial " + order + "»";
   if (const auto option = Superfluous(options); !option.empty())
     return "«" + order + "» no admite " + option;
   if (order == "purgar" && options.before.empty()) return "Falta --antes";

@@ -240,8 +240,10 @@ int Run(int argc, char** argv) {
   const auto school = arguments.odbc.empty()
                           ? quorvane::SchoolAddress::File(arguments.file)
                           : quorvane::WithPassword(quorvane::SchoolAddress::Odbc(arguments.odbc));
-  if (school.IsMisplaced()) {
-    std::cerr << "quorvane-escuela: " << quorvane::SchoolAddress::kMisplaced << '\n';
+  using quorvane::SchoolAddress;
+  if (school.IsMisplaced() || SchoolAddress::File(arguments.csv).IsMisplaced() ||
+      SchoolAddress::File(arguments.report.output).IsMisplaced()) {
+    std::cerr << "quorvane-escuela: " << SchoolAddress::kMisplaced << '\n';
     return kBadArguments;
   }
   if (create->parsed()) return quorvane::MakeEmpty(school);
@@ -253,14 +255,16 @@ int Run(int argc, char** argv) {
   if (users->parsed()) return quorvane::ShowUsers(school);
   if (history->parsed()) {
     if (const auto wrong = quorvane::Complaint(arguments.history); !wrong.empty()) {
-      std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";
+      std::cerr << "quorvane-escuela: " << quorvane::Told(wrong)
+                << "\nPruebe quorvane-escuela --help\n";
       return kBadArguments;
     }
     return quorvane::History(school, arguments.history);
   }
   if (report->parsed()) {
     if (const auto wrong = quorvane::Complaint(arguments.report); !wrong.empty()) {
-      std::cerr << "quorvane-escuela: " << wrong << "\nPruebe quorvane-escuela --help\n";
+      std::cerr << "quorvane-escuela: " << quorvane::Told(wrong)
+                << "\nPruebe quorvane-escuela --help\n";
       return kBadArguments;
     }
     return quorvane::Report(school, arguments.report);
