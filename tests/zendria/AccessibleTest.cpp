@@ -246,7 +246,7 @@ TEST_F(AccessibleTest, WhatTellsOfTrouble) {
   left.holder = Leftovers::Holder::Gone;
   zendria::ShowProblem(window_.get(), {6, "Desbordamiento"});
   const auto now = QDateTime::currentDateTime();
-  zendria::AskForDraft(window_.get(), now, 3, 1);
+  zendria::AskForDraft(window_.get(), {now, 3, 1, 0, {}});
   zendria::ShowLeftCells(window_.get(), {zendria::LeftCell()});
   zendria::TellBrokenDraft(window_.get(), "notas", std::nullopt);
   zendria::OffersToRemove(window_.get(), {left});

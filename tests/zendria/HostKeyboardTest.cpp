@@ -215,7 +215,7 @@ TEST_F(HostKeyboardTest, WhatTellsOfTrouble) {
   Leftovers::Left left;
   left.holder = Leftovers::Holder::Gone;
   zendria::ShowProblem(window_.get(), {6, "Desbordamiento"});
-  EXPECT_EQ(zendria::AskForDraft(window_.get(), QDateTime::currentDateTime(), 3, 1),
+  EXPECT_EQ(zendria::AskForDraft(window_.get(), {QDateTime::currentDateTime(), 3, 1, 0, {}}),
             zendria::DraftAnswer::NotNow);
   zendria::ShowLeftCells(window_.get(), {zendria::LeftCell()});
   zendria::TellBrokenDraft(window_.get(), "notas", std::nullopt);
