@@ -12,13 +12,19 @@ import tempfile
 import time
 import unicodedata
 
-ORDERS = [b'crear', b'demo', b'generar', b'comprobar', b'bloqueos', b'copiar']
-OPTIONS = [b'--odbc', b'--alumnos', b'--semilla', b'--borrar', b'--help', b'-h', b'--bd', b'--entrada',
+LIST = pathlib.Path(__file__).parent.parent / 'tests/escuela/orders.txt'
+LINES = [line.split() for line in LIST.read_bytes().splitlines() if not line.startswith(b'#')]
+ORDERS = sorted({line[0] for line in LINES})
+OPTIONS = sorted({word for line in LINES for word in line if word.startswith(b'--')})
+OPTIONS += [b'--odbc', b'--help', b'-h', b'--bd', b'--entrada',
            b'--usuario', b'--perfil', b'--centro', b'--sqlserver', b'--inactiva', b'--hoy', b'--', b'-', b'--version']
 VALUES = [b'escuela.sqlite', b'otra.sqlite', b'nueva', b'file:zz', b':memory:', b'', b' ', b'.', b'a' * 260, b'0', b'1',
           b'010', b'0x1', b'-1', b'99999999999999999999', b'1e9', b'Driver=SQLite3;Database=escuela.sqlite',
           b'Driver=SQLite3;Database=no', b'Driver=' + b'x' * 1100, b'DSN=nadie;PWD=secreto', b'PWD={secreto', b'=',
-          b'01/01/2026', b'\x1b[2J', b'\xe2\x80\xae', b'\xff\xfe', b'guion.txt', b'uno\ndos', b'%s%n']
+          b'01/01/2026', b'\x1b[2J', b'\xe2\x80\xae', b'\xff\xfe', b'guion.txt', b'uno\ndos', b'%s%n', b'lista.csv', b'321',
+          b'2025-03-03']
+VALUES += sorted({word for line in LINES for word in line[1:] if len(word) > 1 and not word.startswith(b'--')})
+PLACES = {b'S': b'escuela.sqlite', b'C': b'lista.csv', b'N': b'nueva'}
 SIGNS = 'ñ=;{}[]()\'"\\%$ \t\n\x1b\x7f'
 
 
@@ -42,6 +48,13 @@ def argument(chance):
     elif turn == 2:
         word += b'=' + chance.choice(VALUES)
     return harmless(word)
+
+
+def nearly(chance, line):
+    """An order as it is meant, but for one word."""
+    words = [PLACES.get(word, word) for word in line]
+    words[chance.randrange(len(words))] = argument(chance)
+    return words
 
 
 def acts(text):
@@ -70,11 +83,14 @@ def main():
                 shutil.rmtree(folder)
                 folder.mkdir()
                 subprocess.run([tools[0], 'demo', 'escuela.sqlite'], cwd=folder, check=True, capture_output=True)
+                (folder / 'lista.csv').write_text('alumno,sección,materia\n1,A,Lengua\n', encoding='utf-8')
                 (folder / 'guion.txt').write_text('nodo 123\ncerrar\n', encoding='utf-8')
             words = [argument(chance) for _ in range(chance.randrange(7))]
             tool = chance.choice(tools)
             if tool == tools[0] and chance.randrange(4):
                 words.insert(0, chance.choice(ORDERS))
+                if chance.randrange(2):
+                    words = nearly(chance, chance.choice(LINES))
             elif tool == tools[1] and chance.randrange(2):
                 words[:0] = [b'--bd', b'escuela.sqlite']
             # A school of any size is no mistake.
@@ -88,7 +104,7 @@ def main():
             if done.returncode not in (0, 1, 2, 3):
                 fail(f'It ends with {done.returncode}', order, done)
             try:
-                told = (done.stdout + done.stderr).decode()
+                told = (done.stdout + done.stderr).decode().replace('\r\n', '\n')
             except UnicodeDecodeError:
                 fail('It prints what is no UTF-8', order, done)
             if acts(told):

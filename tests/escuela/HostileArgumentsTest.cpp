@@ -3,11 +3,15 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
+#include "tests/escuela/Orders.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
@@ -20,6 +24,22 @@ constexpr auto kScriptTool = QUORVANE_GUION " ";
 
 /// What waits for anything is a failure of its own.
 Outcome RunBriefly(const std::string& command) { return RunCommand("timeout 20 " + command); }
+
+/// What a help names at the beginnings of its lines.
+std::set<std::string> NamedBy(const std::string& help) {
+  std::set<std::string> names;
+  std::istringstream lines(help);
+  auto orders = false;
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with(' ')) orders = line == "Órdenes:";
+    std::istringstream words(line);
+    std::string word;
+    words >> word;
+    if (!line.starts_with("  ") || line.starts_with("   ")) continue;
+    if (orders || word.starts_with("--")) names.insert(word);
+  }
+  return names;
+}
 
 class HostileArgumentsTest : public testing::Test {
  protected:
@@ -89,6 +109,54 @@ TEST_F(HostileArgumentsTest, AConnectionStringInAFilesPlaceIsNotRepeated) {
               HasSubstr("--odbc"));
 }
 
+TEST_F(HostileArgumentsTest, AConnectionStringInPlaceOfAnyWordIsNotRepeated) {
+  MakeDemo();
+  const auto csv = folder_ / "a.csv";
+  std::ofstream(csv) << "alumno,sección,materia\n";
+  const std::vector<std::string> strings = {"Server=a;UID=b;PWD=secreto",
+                                            "DSN=nadie;PW\"D=secreto",
+                                            "PW D=secreto",
+                                            "PWD={secreto",
+                                            "DSN=a;PWD=;secreto",
+                                            "P=WD=secreto",
+                                            "Password=otra;secreto;UID=b"};
+  std::size_t turn = 0;
+  for (const auto& order : AllOrders())
+    for (std::size_t at = 0; at < order.size(); ++at) {
+      auto words = WithPaths(order, path_, folder_ / "nueva", csv);
+      const auto& string = strings[turn++ % strings.size()];
+      words[at] = order[at].starts_with("--") ? order[at] + "=" + string : string;
+      const auto told = RunCommand("cd " + (folder_ / "") + " && timeout 20 " + QUORVANE_ESCUELA +
+                                   ForShell(words) + " </dev/null");
+      EXPECT_THAT(told.text, Not(HasSubstr("secreto"))) << ForShell(words);
+    }
+  for (const auto& place : {"historial " + path_ + " ", "importar " + path_ + " ",
+                            "informe " + path_ + " --todas --salida "}) {
+    const auto refused = RunBriefly(kSchoolTool + place + Quoted(strings.front()));
+    EXPECT_EQ(refused.status, 2) << place;
+    EXPECT_THAT(refused.text, HasSubstr("désela a --odbc")) << place;
+  }
+  EXPECT_THAT(RunBriefly(kScriptTool + ("--bd " + path_) + " . " + Quoted(strings[1])).text,
+              AllOf(HasSubstr("No se esperaba"), Not(HasSubstr("secreto"))));
+}
+
+TEST_F(HostileArgumentsTest, TheListOfOrdersIsWhole) {
+  std::map<std::string, std::set<std::string>> listed;
+  std::set<std::string> orders;
+  for (const auto& order : AllOrders()) {
+    orders.insert(order.front());
+    auto& words = listed[order.front()];
+    words.insert(order.begin() + 1, order.end());
+  }
+  EXPECT_EQ(NamedBy(RunBriefly(kSchoolTool + std::string("--help")).text), orders);
+  for (const auto& [order, words] : listed) {
+    const auto named = NamedBy(RunBriefly(kSchoolTool + (order + " --help")).text);
+    EXPECT_TRUE(order == "copiar" || named.contains("--odbc")) << order;
+    for (const auto& word : named)
+      EXPECT_TRUE(word == "--odbc" || words.contains(word)) << order << " " << word;
+  }
+}
+
 TEST_F(HostileArgumentsTest, AStringTooLongForTheDriversManagerIsRefused) {
   for (const std::string beginning : {"Driver=", "DSN=", "Driver=SQLite3;Database=",
                                       "Driver=PostgreSQL Unicode;Server=127.0.0.1;"
@@ -105,12 +173,13 @@ TEST_F(HostileArgumentsTest, AStringTooLongForTheDriversManagerIsRefused) {
 
 TEST_F(HostileArgumentsTest, WhatCantBeToldIsNotDone) {
   MakeDemo();
+  const auto csv = folder_ / "a.csv";
+  std::ofstream(csv) << "alumno,sección,materia\n";
   const auto before = Content(path_);
   for (const std::string to : {">/dev/full", ">&-", "1</dev/null"}) {
-    for (const auto& command : {"bloqueos --borrar 1 " + path_, "crear " + path_ + "2",
-                                "generar --alumnos 5 --semilla 1 " + path_ + "2",
-                                "copiar " + path_ + " " + path_ + "2", "comprobar " + path_}) {
-      const auto refused = RunBriefly("sh -c '" + (kSchoolTool + command) + " " + to + "'");
+    for (const auto& order : AllOrders()) {
+      const auto command = ForShell(WithPaths(order, path_, path_ + "2", csv));
+      const auto refused = RunBriefly("sh -c \"" + (kSchoolTool + command) + " " + to + "\"");
       EXPECT_EQ(refused.status, 1) << command << to;
       EXPECT_THAT(refused.text, HasSubstr("No se puede escribir la salida")) << command << to;
     }
@@ -120,7 +189,7 @@ TEST_F(HostileArgumentsTest, WhatCantBeToldIsNotDone) {
     EXPECT_THAT(refused.text, HasSubstr("No se puede escribir la salida")) << to;
   }
   EXPECT_EQ(Content(path_), before);
-  EXPECT_FALSE(std::filesystem::exists(path_ + "2"));
+  EXPECT_EQ(folder_.Files(), 2U);
 }
 
 TEST_F(HostileArgumentsTest, WhatFindsNoRoomAtItsEndIsNoSuccess) {
@@ -185,7 +254,9 @@ TEST_F(HostileArgumentsTest, APathThatCantBeTakenIsNamedAsItWasGiven) {
        {pipe, longName, folder_ / std::string(300, 'n'), deep + "e", folder_ / "no/hay",
         std::string("/proc/nada"), std::string("/proc/self/mem"), std::string("/dev/null"),
         std::string("/dev/zero"), folder_ / "", std::string("/proc/1/environ/x")})
-    for (const std::string command : {"crear ", "comprobar ", "bloqueos ", "copiar /dev/zero "}) {
+    for (const std::string command :
+         {"crear ", "comprobar ", "bloqueos ", "copiar /dev/zero ", "usuarios ", "reparar ",
+          "estado ", "informe --todas --salida /no/hay "}) {
       const auto refused = RunBriefly(kSchoolTool + command + path);
       const auto named = command.starts_with("copiar") ? std::string("/dev/zero") : path;
       EXPECT_EQ(refused.status, 1) << command << path << refused.text;

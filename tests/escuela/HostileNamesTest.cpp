@@ -1,5 +1,6 @@
 // What a school's names, and those that a user gives, do to a terminal.
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -8,6 +9,7 @@
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/VisibleText.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/escuela/Orders.h"
 #include "tests/support/AllScreens.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -20,12 +22,14 @@ const std::string kHostile = "\x1B[2J\nPublicaci\xC3\xB3n 9: falsa\r\x7F\xC2\x9B
 const std::string kHostileSql =
     "CAST(char(27)||'[2J'||char(10)||'Publicación 9: falsa'||char(13,127,155,8238)||x'9b' AS TEXT)";
 
-/// That nothing in it acts on a terminal but the ends of its lines, none of which a name has made.
-void ExpectHarmless(const std::string& printed) {
+/// That nothing in it acts on a terminal but the ends of its lines, none of which a name has made:
+/// but in a CSV, whose cells have lines.
+void ExpectHarmless(const std::string& printed, bool csv = false) {
   std::istringstream lines(printed);
   for (std::string line; std::getline(lines, line);) {
+    if (csv && line.ends_with('\r')) line.pop_back();
     EXPECT_EQ(VisibleText(line), line);
-    EXPECT_FALSE(line.starts_with("Publicación 9: falsa")) << line;
+    EXPECT_TRUE(csv || !line.starts_with("Publicación 9: falsa")) << line;
   }
 }
 
@@ -56,6 +60,51 @@ TEST_F(HostileNamesTest, NoCommandPrintsThemAsTheyAre) {
     ExpectHarmless(told.text);
   }
   EXPECT_THAT(Run(QUORVANE_ESCUELA, "bloqueos " + school_.Path()).text, HasSubstr("\\x1b[2J\\n"));
+}
+
+TEST_F(HostileNamesTest, NoOrderPrintsThemAsTheyAre) {
+  school_.Db().Execute(
+      "UPDATE AlumnoPte_MatDet SET CodMatDet=99999 WHERE IDAlumnoPte_MatDet=(SELECT "
+      "MIN(IDAlumnoPte_MatDet) FROM AlumnoPte_MatDet)");
+  const auto school = folder_ / kHostile;
+  // The copy is of the file alone.
+  school_.Db().Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+  std::filesystem::copy_file(school_.Path(), school);
+  const auto csv = folder_ / "a.csv";
+  std::ofstream(csv) << "alumno,seccion,materia,curso,evaluaciones\n\"" << kHostile << "\",\""
+                     << kHostile << "\",\"" << kHostile << "\",,todas\n";
+  std::string all;
+  auto turn = 0;
+  for (const auto& order : AllOrders()) {
+    const auto free = folder_ / ("nueva" + std::to_string(++turn) + kHostile);
+    const auto words = ForShell(WithPaths(order, school, free, csv));
+    const auto told = Run(QUORVANE_ESCUELA, words + " </dev/null").text;
+    SCOPED_TRACE(words);
+    EXPECT_NE(told, "");
+    ExpectHarmless(told, words.find("--csv") != std::string::npos);
+    all += told;
+  }
+  // Every kind of text has been printed, and not its refusal alone.
+  for (const auto* const text :
+       {"-- Reparada", "-- Como estaba antes", "Escrito ", "Escritas ", "No encajan", ": [",
+        "; plazo", "sin contraseña", "No hay ninguna evaluación 99", "Historial activado"})
+    EXPECT_THAT(all, HasSubstr(text));
+}
+
+TEST_F(HostileNamesTest, NoOrderRepeatsAWordAsItWasGiven) {
+  const auto csv = folder_ / "a.csv";
+  std::ofstream(csv) << "alumno,sección,materia\n";
+  for (const auto& order : AllOrders())
+    for (std::size_t at = 0; at < order.size(); ++at) {
+      auto words = WithPaths(order, school_.Path(), "nueva", csv);
+      const auto dot = order[at].starts_with("N.") ? order[at].substr(1) : std::string();
+      words[at] = (order[at].starts_with("--") ? order[at] + "=" : "") + kHostile + dot;
+      SCOPED_TRACE(ForShell(words));
+      ExpectHarmless(RunCommand("cd " + (folder_ / "") + " && timeout 20 " + QUORVANE_ESCUELA +
+                                ForShell(words) + " </dev/null")
+                         .text,
+                     ForShell(words).find("--csv") != std::string::npos);
+    }
 }
 
 TEST_F(HostileNamesTest, NoEventOfAScriptDoes) {
