@@ -16,8 +16,4 @@ namespace quorvane {
 void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill,
                     const std::function<void()>& goOn = {});
 
-/// Removes what such a file is being written to, without telling who writes it: for the handler of
-/// a signal that is about to end the program.
-void RemovePartialSchool() noexcept;
-
 }  // namespace quorvane

@@ -7,15 +7,19 @@
 
 namespace quorvane {
 
+void AskBeforeEach(Connection& school, const std::function<void()>& goOn) {
+  if (!goOn) return;
+  school.Observe([goOn, stopped = false](const Connection&, const std::string&) mutable {
+    if (std::exchange(stopped, true)) return;
+    goOn();
+    stopped = false;
+  });
+}
+
 void WriteSchool(Connection& school, std::string_view schema,
                  const std::function<void(Connection& school)>& fill,
                  const std::function<void()>& goOn) {
-  if (goOn)
-    school.Observe([goOn, stopped = false](const Connection&, const std::string&) mutable {
-      if (std::exchange(stopped, true)) return;
-      goOn();
-      stopped = false;
-    });
+  AskBeforeEach(school, goOn);
   const auto statements = SchemaStatements(schema);
   const auto isIndex = [](const std::string& statement) {
     return statement.starts_with("CREATE INDEX");

@@ -16,6 +16,7 @@
 #include "apps/escuela/UserPasswords.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/StopSignals.h"
+#include "apps/quorvane-escuela/UnlessStopped.h"
 #include "apps/quorvane-escuela/UserCommands.h"
 #include "platform/text/VisibleText.h"
 
@@ -43,22 +44,6 @@ void PrintCopy(const SchoolCopy& copy) {
   if (!copy.oneMoment)
     std::cerr << "quorvane-escuela: El origen no permite leerlo todo en el mismo instante "
                  "(ALLOW_SNAPSHOT_ISOLATION): si alguien trabajaba en él, repita la copia\n";
-}
-
-void RequireGoing() {
-  if (StopSignals::Came()) throw WritingStopped();
-}
-
-/// Does what writes a school, which a signal may end between two of its statements.
-template <class Work>
-int UnlessStopped(const Work& work) {
-  const StopSignals signals;
-  try {
-    return work();
-  } catch (const WritingStopped&) {
-    std::cerr << "quorvane-escuela: Orden interrumpida: no ha quedado nada escrito\n";
-    StopSignals::End();
-  }
 }
 
 /// A new school, by what `fill` writes.

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "apps/quorvane-escuela/ProgressLine.h"
+#include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"
 
 namespace quorvane {
@@ -26,12 +27,14 @@ void Print(std::ostream& out, const std::vector<std::string>& lines) {
 
 int Import(const SchoolAddress& address, const std::string& file, const ImportOptions& options) {
   ImportReport report;
-  {
+  UnlessStopped([&] {
     const ProgressLine progress("Importando", kPatience);
     report = ImportRegister(address, file, options, [&](std::size_t done, std::size_t all) {
+      RequireGoing();
       progress.Percent(done, all);
     });
-  }
+    return 0;
+  });
   const auto fits = report.misfits.empty();
   if (options.simulate) Print(std::cout, report.lines);
   if (!fits) {

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/VisibleText.h"
 
@@ -30,10 +31,13 @@ void Tell(const RepairReport& report, const SchoolAddress& address, bool simulat
 }  // namespace
 
 int Repair(const SchoolAddress& address, const RepairOptions& options) {
-  const auto report = RepairSchool(
-      address, options, [&](const RepairReport& done) { Tell(done, address, options.simulate); });
-  if (report.undo.empty()) std::cout << "-- No hay nada que reparar\n";
-  return 0;
+  return UnlessStopped([&] {
+    const auto report = RepairSchool(
+        address, options, [&](const RepairReport& done) { Tell(done, address, options.simulate); },
+        RequireGoing);
+    if (report.undo.empty()) std::cout << "-- No hay nada que reparar\n";
+    return 0;
+  });
 }
 
 }  // namespace quorvane

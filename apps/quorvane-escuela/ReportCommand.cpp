@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <iostream>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolCheck.h"
@@ -12,6 +14,7 @@
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
+#include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/VisibleText.h"
 
@@ -44,8 +47,41 @@ std::string Counted(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " alumno" : " alumnos");
 }
 
+/// The files that have been written, which go again with a folder that was made for them unless
+/// they are kept.
+class WrittenFiles {
+ public:
+  explicit WrittenFiles(std::filesystem::path folder)
+      : folder_(std::move(folder)), made_(!std::filesystem::exists(folder_)) {}
+  ~WrittenFiles() {
+    if (kept_) return;
+    std::error_code ignored;
+    for (const auto& file : files_) std::filesystem::remove(file, ignored);
+    if (made_) std::filesystem::remove(folder_, ignored);
+  }
+  WrittenFiles(const WrittenFiles&) = delete;
+  WrittenFiles& operator=(const WrittenFiles&) = delete;
+  WrittenFiles(WrittenFiles&&) = delete;
+  WrittenFiles& operator=(WrittenFiles&&) = delete;
+
+  void Write(const std::string& name, const std::string& content) {
+    const auto file = folder_ / name;
+    WriteNewFile(file.string(), content);
+    files_.push_back(file);
+  }
+  [[nodiscard]] std::size_t Count() const noexcept { return files_.size(); }
+  void Keep() noexcept { kept_ = true; }
+
+ private:
+  std::filesystem::path folder_;
+  std::vector<std::filesystem::path> files_;
+  bool made_;
+  bool kept_ = false;
+};
+
 int WriteAll(const ReportReader& reader, const ReportOptions& options) {
   const auto sections = reader.Sections();
+  WrittenFiles files(options.output);
   std::error_code error;
   std::filesystem::create_directories(options.output, error);
   if (error)
@@ -54,21 +90,21 @@ int WriteAll(const ReportReader& reader, const ReportOptions& options) {
   const ProgressLine progress("Escribiendo", kPatience);
   std::set<std::string> names;
   std::size_t done = 0;
-  std::size_t written = 0;
   for (const auto& [section, name] : sections) {
     auto file = AsFileName(name);
     if (!names.insert(file).second) file += "-" + std::to_string(section);
     file += options.csv ? ".csv" : ".html";
     try {
-      WriteNewFile((std::filesystem::path(options.output) / file).string(),
-                   Text(reader.Section(section), options.blank, options.csv));
-      ++written;
+      files.Write(file, Text(reader.Section(section), options.blank, options.csv));
     } catch (const RuntimeError& failure) {
       std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(failure.Description())
                 << '\n';
     }
+    RequireGoing();
     progress.Percent(++done, sections.size());
   }
+  files.Keep();
+  const auto written = files.Count();
   std::cout << "Escritas " << written << " de " << sections.size() << " secciones en "
             << Told(options.output) << '\n';
   return written == sections.size() ? 0 : 1;
@@ -90,7 +126,9 @@ std::string Complaint(const ReportOptions& options) {
   return {};
 }
 
-int Report(const SchoolAddress& address, const ReportOptions& options) {
+namespace {
+
+int Write(const SchoolAddress& address, const ReportOptions& options) {
   const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
@@ -99,10 +137,17 @@ int Report(const SchoolAddress& address, const ReportOptions& options) {
   const auto report = options.subject.empty()
                           ? reader.Section(reader.FindSection(options.section), options.student)
                           : reader.Subject(reader.FindSubject(options.subject));
+  RequireGoing();
   WriteNewFile(options.output, Text(report, options.blank, Ends(options.output, ".csv")));
   std::cout << "Escrito " << Told(options.output) << ": " << Counted(report.students.size())
             << " de " << VisibleText(report.title) << '\n';
   return 0;
+}
+
+}  // namespace
+
+int Report(const SchoolAddress& address, const ReportOptions& options) {
+  return UnlessStopped([&] { return Write(address, options); });
 }
 
 }  // namespace quorvane

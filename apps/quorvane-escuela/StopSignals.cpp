@@ -3,7 +3,7 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "apps/escuela/SchoolFile.h"
+#include "apps/escuela/PartialFile.h"
 
 namespace quorvane {
 namespace {
@@ -17,7 +17,7 @@ void Handle(int number, void (*handler)(int));
 
 /// Who doesn't want to wait for what the task waits for signals again, and ends it at once.
 void EndAtOnce(int number) {
-  RemovePartialSchool();
+  PartialFile::RemoveAny();
   std::signal(number, SIG_DFL);
   std::raise(number);
 }

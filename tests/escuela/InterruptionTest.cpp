@@ -5,6 +5,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <sys/wait.h>
@@ -12,6 +13,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
@@ -54,10 +56,16 @@ class InterruptionTest : public testing::Test {
   /// Sends the signals one after the other once so much is written, or all is.
   int StopAt(const std::vector<std::string>& arguments, std::intmax_t size,
              const std::vector<int>& signals) {
+    return StopOnce(arguments, signals, [&] { return PartialSize(folder_ / "") >= size; });
+  }
+
+  /// Sends the signals one after the other once that is so, or all is done.
+  int StopOnce(const std::vector<std::string>& arguments, const std::vector<int>& signals,
+               const std::function<bool()>& come) {
     const auto process = Start(arguments);
     auto status = 0;
     auto ended = false;
-    while (!ended && PartialSize(folder_ / "") < size) {
+    while (!ended && !come()) {
       ended = waitpid(process, &status, WNOHANG) == process;
       std::this_thread::sleep_for(std::chrono::microseconds(200));
     }
@@ -113,6 +121,70 @@ TEST_F(InterruptionTest, ASecondSignalLeavesNothingEither) {
         StopAt({"generar", "--alumnos", "300", "--semilla", "1", path_}, 0, {number, number}),
         number, stopped);
   EXPECT_TRUE(stopped);
+}
+
+// What changes a school leaves it, and the folder, as they were, or has done all of it.
+TEST_F(InterruptionTest, WhatChangesASchoolOrTellsOfItIsWholeOrUndone) {
+  const auto from = origin_ / "origen.sqlite";
+  ASSERT_EQ(RunCommand(QUORVANE_ESCUELA " demo " + from).status, 0);
+  const auto list = origin_ / "registro.csv";
+  std::ofstream(list) << "alumno;sección;materia;curso;evaluaciones;profesor\n"
+                         "32;3º ESO A;Matemáticas;2º ESO B;todas;\n"
+                         "37;3º ESO B;Música;2º ESO B;todas;\n";
+  const auto broken = origin_ / "rota.sqlite";
+  std::filesystem::copy_file(from, broken);
+  {
+    const auto school = SchoolAddress::File(broken).Open("");
+    school->Execute("DELETE FROM PublicacionPte");
+    school->Execute("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
+  }
+  const auto content = [this] {
+    std::string text;
+    const auto school = SchoolAddress::File(path_).Open("");
+    for (const auto* const table : {"AlumnoPte_MatDet", "EvaluacionPte", "Seccion_AlumnoPte"})
+      for (auto rows = school->Execute(std::string("SELECT COUNT(*) FROM ") + table); !rows.Eof();
+           rows.MoveNext())
+        text += rows.Fields(0).Text() + " ";
+    return text;
+  };
+  const auto reports = folder_ / "informes";
+  struct Order {
+    std::string school;
+    std::vector<std::string> arguments;
+    std::function<bool()> come;
+    std::size_t files;  ///< that it adds
+  };
+  const std::vector<Order> orders = {
+      {broken, {"reparar", path_}, [&] { return PartialSize(folder_ / "") >= 0; }, 1},
+      {broken, {"reparar", path_}, [&] { return PartialSize(folder_ / "") >= 50'000; }, 1},
+      {from, {"importar", path_, list}, [&] { return std::filesystem::exists(path_ + "-shm"); }, 0},
+      {from,
+       {"informe", path_, "--todas", "--salida", reports},
+       [&] { return std::filesystem::exists(reports); },
+       1}};
+  for (const auto& order : orders) {
+    auto stopped = false;
+    for (const auto number : kSignals) {
+      SCOPED_TRACE(order.arguments.front() + " " + strsignal(number));
+      std::filesystem::copy_file(order.school, path_);
+      const auto before = content();
+      const auto status = StopOnce(order.arguments, {number}, order.come);
+      if (WIFSIGNALED(status)) {
+        stopped = true;
+        EXPECT_EQ(WTERMSIG(status), number);
+        EXPECT_EQ(content(), before);
+        EXPECT_EQ(folder_.Files(), 1U);
+      } else {
+        EXPECT_EQ(WEXITSTATUS(status), 0);
+        EXPECT_EQ(folder_.Files(), 1U + order.files);
+        EXPECT_EQ(content() == before, order.arguments.front() == "informe");
+      }
+      std::filesystem::remove_all(reports);
+      for (const auto& file : std::filesystem::directory_iterator(folder_ / ""))
+        std::filesystem::remove(file);
+    }
+    EXPECT_TRUE(stopped) << order.arguments.front();
+  }
 }
 
 TEST_F(InterruptionTest, ASignalThatTheToolWasStartedWithoutEndsNothing) {

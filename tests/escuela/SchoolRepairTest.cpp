@@ -3,11 +3,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "apps/escuela/QuotedText.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/repair/SchoolRepair.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/VisibleText.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -93,6 +95,41 @@ TEST_F(SchoolRepairTest, MendsEveryFaultAndTellsHowToPutItBack) {
             0);
   PlayBack(report);
   EXPECT_EQ(Content(), before);
+}
+
+// What is printed is played as it stands, and somebody reads it on a terminal.
+TEST_F(SchoolRepairTest, GivesBackWhateverLettersARowHolds) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("INSERT INTO Nota VALUES (99999,'nada',0,0,0,0,0,0,0,7777)");
+  const std::string texts[] = {"a'b", "\x1b[2J", "uno\ndos\r", "\u202e;--\\", ""};
+  for (const auto& text : texts) {
+    std::string quoted;
+    AppendQuoted(quoted, text, EngineReached(school_.Db()));
+    school_.Sql("UPDATE Nota SET DescripcionCorta=" + quoted + " WHERE IDNota=99999");
+    const auto before = Content();
+    const auto report = Repair();
+    ASSERT_EQ(report.undo.size(), 1U);
+    EXPECT_EQ(VisibleText(report.undo[0]), report.undo[0]);
+    PlayBack(report);
+    EXPECT_EQ(Content(), before) << report.undo[0];
+  }
+  if (OnServer()) {
+    school_.Sql("DELETE FROM Nota WHERE IDNota=99999");
+    return;
+  }
+  for (const std::string value :
+       {"X'00FF41'", "CAST(X'4100FF' AS TEXT)", "X'41'", "'41'", "41", "0.1", "NULL", "-9e999"}) {
+    school_.Sql("DELETE FROM Seccion_AlumnoPte WHERE CodAlumno=777777");
+    school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0," + value + ")");
+    const std::string all =
+        "SELECT quote(Situacion), typeof(Situacion), hex(Situacion) FROM Seccion_AlumnoPte "
+        "WHERE CodAlumno=777777";
+    const auto before = school_.Rows(all);
+    const auto report = Repair();
+    EXPECT_THAT(school_.Rows(all), IsEmpty());
+    PlayBack(report);
+    EXPECT_EQ(school_.Rows(all), before) << value;
+  }
 }
 
 TEST_F(SchoolRepairTest, LeavesASoundSchoolAlone) {

@@ -1,6 +1,7 @@
 #include "apps/escuela/repair/DoubledRows.h"
 
 #include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/repair/UndoLiteral.h"
 
 namespace quorvane {
 
@@ -34,7 +35,8 @@ bool DoubledRows::Any() const {
 }
 
 Recordset DoubledRows::Read() const {
-  return school_.Execute("SELECT * FROM (" + Ranked(table_ + ".*") +
+  const auto marks = BytesMarks(ColumnsOf(school_, table_).value_or(FieldNames()), engine_);
+  return school_.Execute("SELECT * FROM (" + Ranked(table_ + ".*" + marks) +
                          ") Filas WHERE LugarDoble>1 ORDER BY " + order_);
 }
 

@@ -9,6 +9,9 @@
 
 namespace quorvane {
 
+/// The column that tells the how manieth of its like a row is.
+inline constexpr auto kDoubleRank = "LugarDoble";
+
 /// The rows of a table that stand behind another with the same values in some columns. Rows that
 /// are alike in every column have nothing to be told apart by but their place in the file.
 class DoubledRows {
@@ -19,7 +22,7 @@ class DoubledRows {
               std::string_view order = {});
 
   [[nodiscard]] bool Any() const;
-  /// Their columns, and one more behind them.
+  /// Their columns, and behind them the marks of bytes, where these are read, and `kDoubleRank`.
   [[nodiscard]] Recordset Read() const;
   void Remove() const;
   /// Gives one of those that satisfy `condition` a value in a column; which one is the engine's to

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/PartialFile.h"
 #include "apps/escuela/QuotedText.h"
 #include "platform/RuntimeError.h"
 
@@ -42,14 +43,18 @@ void FileBackup::Make(const std::string& school) {
     sqlite::SqliteConnection original(school, "");
     original.Open();
     const auto journal = original.Execute("PRAGMA journal_mode").Fields(0).Text();
-    path_ = copy;
+    const PartialFile partial(copy);
     std::string statement = "VACUUM INTO ";
-    AppendQuoted(statement, copy, sqltext::Engine::Sqlite);
+    AppendQuoted(statement, partial.Path(), sqltext::Engine::Sqlite);
     original.Execute(statement);
-    if (journal != "wal") return;
-    sqlite::SqliteConnection made(copy, "");
-    made.Open();
-    made.Execute("PRAGMA journal_mode=WAL");
+    if (journal == "wal") {
+      sqlite::SqliteConnection made(partial.Path(), "");
+      made.Open();
+      made.Execute("PRAGMA journal_mode=WAL");
+    }
+    // Whole from its first moment under a name that somebody could trust.
+    partial.Publish();
+    path_ = copy;
   } catch (const RuntimeError& error) {
     throw RuntimeError(ErrorNumber::StatementFailed,
                        "No se ha podido hacer la copia " + copy +

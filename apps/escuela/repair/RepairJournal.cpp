@@ -1,26 +1,38 @@
 #include "apps/escuela/repair/RepairJournal.h"
 
-#include "apps/escuela/QuotedText.h"
+#include <algorithm>
+
+#include "apps/escuela/repair/DoubledRows.h"
+#include "apps/escuela/repair/UndoLiteral.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
+namespace {
 
-void RepairJournal::Removed(std::string_view table, const Recordset& rows, std::size_t columns,
+const std::string kRank = kDoubleRank;
+
+}  // namespace
+
+void RepairJournal::Removed(std::string_view table, const Recordset& rows,
                             const std::string& reason) {
   std::string names;
   std::string values;
-  for (std::size_t i = 0; i < columns; ++i) {
+  const auto& all = rows.Names();
+  const auto own = static_cast<std::size_t>(std::find_if(all.begin(), all.end(),
+                                                         [](const auto& name) {
+                                                           return name == kBytesMarks ||
+                                                                  EqualNoCase(name, kRank);
+                                                         }) -
+                                            all.begin());
+  const auto marks =
+      own < all.size() && all[own] == kBytesMarks ? rows.Fields(own).Text() : std::string();
+  for (std::size_t i = 0; i < own; ++i) {
     if (i > 0) {
       names += ',';
       values += ',';
     }
-    names += rows.Names()[i];
-    const auto& value = rows.Fields(i);
-    if (value.IsNull())
-      values += "NULL";
-    else if (value.IsText())
-      AppendQuoted(values, value.Text(), engine_);
-    else
-      values += value.Text();
+    names += UndoName(all[i]);
+    values += UndoLiteral(rows.Fields(i), engine_, i < marks.size() && marks[i] == 'b');
   }
   std::string statement = "INSERT INTO ";
   statement.append(table).append(" (").append(names).append(") VALUES (").append(values);

@@ -15,9 +15,9 @@ class RepairJournal {
  public:
   explicit RepairJournal(sqltext::Engine engine) : engine_(engine) {}
 
-  /// The current row of `rows`, with its first `columns` columns, has been removed from `table`.
-  void Removed(std::string_view table, const Recordset& rows, std::size_t columns,
-               const std::string& reason);
+  /// The current row of `rows` has been removed from `table`: its columns up to the marks of bytes,
+  /// or the rank among rows that stand twice, where these are there.
+  void Removed(std::string_view table, const Recordset& rows, const std::string& reason);
   /// A row has been changed; `undo` changes it back.
   void Changed(const std::string& undo, const std::string& reason);
 

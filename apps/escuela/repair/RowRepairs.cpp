@@ -2,7 +2,9 @@
 
 #include <initializer_list>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/repair/DoubledRows.h"
+#include "apps/escuela/repair/UndoLiteral.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/AsciiCase.h"
 
@@ -40,9 +42,11 @@ std::string_view BestFirst(std::string_view table) {
 
 void RowRepairs::Remove(std::string_view table, const std::string& condition,
                         const std::string& reason) {
-  auto rows = school_.Execute(Join({"SELECT * FROM ", table, " WHERE ", condition}));
+  const auto columns = ColumnsOf(school_, std::string(table)).value_or(FieldNames());
+  auto rows = school_.Execute(Join({"SELECT ", table, ".*", BytesMarks(columns, engine_), " FROM ",
+                                    table, " WHERE ", condition}));
   if (rows.Eof()) return;
-  for (; !rows.Eof(); rows.MoveNext()) journal_.Removed(table, rows, rows.Names().size(), reason);
+  for (; !rows.Eof(); rows.MoveNext()) journal_.Removed(table, rows, reason);
   school_.Execute(Join({"DELETE FROM ", table, " WHERE ", condition}));
 }
 
@@ -51,14 +55,18 @@ void RowRepairs::Clear(const Reference& reference, const std::string& condition,
   const auto key = KeyOf(reference.table);
   // The one table without a key that has an optional reference tells its rows by the other column.
   const auto other = key.empty() ? std::string("CodMatDet") : key;
-  auto rows = school_.Execute(Join(
-      {"SELECT ", other, ", ", reference.column, " FROM ", reference.table, " WHERE ", condition}));
+  auto rows = school_.Execute(Join({"SELECT ", other, ", ", reference.column,
+                                    BytesMarks({other, std::string(reference.column)}, engine_),
+                                    " FROM ", reference.table, " WHERE ", condition}));
   if (rows.Eof()) return;
+  const auto literal = [&](std::size_t column) {
+    const auto bytes = rows.Names().size() > 2 && rows.Fields(2).Text()[column] == 'b';
+    return UndoLiteral(rows.Fields(column), engine_, bytes);
+  };
   for (; !rows.Eof(); rows.MoveNext())
-    journal_.Changed(
-        Join({"UPDATE ", reference.table, " SET ", reference.column, "=", rows.Fields(1).Text(),
-              " WHERE ", other, "=", rows.Fields(0).Text(), " AND ", reference.column, "=0"}),
-        reason);
+    journal_.Changed(Join({"UPDATE ", reference.table, " SET ", reference.column, "=", literal(1),
+                           " WHERE ", other, "=", literal(0), " AND ", reference.column, "=0"}),
+                     reason);
   school_.Execute(
       Join({"UPDATE ", reference.table, " SET ", reference.column, "=0 WHERE ", condition}));
 }
@@ -98,8 +106,8 @@ void RowRepairs::Misplaced(std::string_view table, std::string_view other,
       "CodAlumnoPte_MatDet, CodNumEvaluacion, Evaluado, CodNota, "
       "CodNotaObservacion, UltimaEvaluada";
   for (; !rows.Eof(); rows.MoveNext()) {
-    const auto subject = rows.Fields("CodAlumnoPte_MatDet").Text();
-    const auto evaluation = rows.Fields("CodNumEvaluacion").Text();
+    const auto subject = UndoLiteral(rows.Fields("CodAlumnoPte_MatDet"), engine_);
+    const auto evaluation = UndoLiteral(rows.Fields("CodNumEvaluacion"), engine_);
     const auto there =
         school_.Execute(Join({"SELECT 1 FROM ", other, " WHERE CodAlumnoPte_MatDet=", subject,
                               " AND CodNumEvaluacion=", evaluation}));
@@ -129,8 +137,8 @@ void RowRepairs::MoveGrades(std::string_view table) {
             "Doble.CodMatDet=Primera.CodMatDet WHERE "
             "Doble.IDAlumnoPte_MatDet>Primera.IDAlumnoPte_MatDet)"}));
   for (; !rows.Eof(); rows.MoveNext()) {
-    const auto before = rows.Fields(1).Text();
-    const auto which = Join({" WHERE ", key, "=", rows.Fields(0).Text()});
+    const auto before = UndoLiteral(rows.Fields(1), engine_);
+    const auto which = Join({" WHERE ", key, "=", UndoLiteral(rows.Fields(0), engine_)});
     school_.Execute(Join({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", first, before, ")", which,
                           " AND CodAlumnoPte_MatDet=", before}));
     journal_.Changed(Join({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", before, which}),
@@ -146,8 +154,7 @@ void RowRepairs::Doubles(const Unique& unique) {
     MoveGrades("EvaluacionActaPte");
   }
   for (auto rows = doubled.Read(); !rows.Eof(); rows.MoveNext())
-    journal_.Removed(unique.table, rows, rows.Names().size() - 1,
-                     Join({"repite ", unique.columns}));
+    journal_.Removed(unique.table, rows, Join({"repite ", unique.columns}));
   doubled.Remove();
 }
 
@@ -157,7 +164,7 @@ void RowRepairs::DoubledKeys(std::string_view table, std::string_view key) {
   if (!HoldsGrades(table)) return Doubles({table, key});
   for (auto rows = doubled.Read(); !rows.Eof(); rows.MoveNext()) {
     const auto id = NextKey(table, key);
-    const auto before = Join({key, "=", rows.Fields(key).Text()});
+    const auto before = Join({key, "=", UndoLiteral(rows.Fields(key), engine_)});
     doubled.Set(key, id, before);
     journal_.Changed(
         Join({"UPDATE ", table, " SET ", before, " WHERE ", key, "=", std::to_string(id)}),

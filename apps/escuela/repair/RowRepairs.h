@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/repair/RepairJournal.h"
 #include "platform/data/Connection.h"
@@ -14,7 +15,8 @@ namespace quorvane {
 class RowRepairs {
  public:
   /// Both outlive the repairs.
-  RowRepairs(Connection& school, RepairJournal& journal) : school_(school), journal_(journal) {}
+  RowRepairs(Connection& school, RepairJournal& journal)
+      : school_(school), journal_(journal), engine_(EngineReached(school)) {}
 
   /// A reference to nothing: an optional one is cleared, and the row of another goes.
   void Orphans(const Reference& reference);
@@ -39,6 +41,7 @@ class RowRepairs {
 
   Connection& school_;
   RepairJournal& journal_;
+  sqltext::Engine engine_;
 };
 
 }  // namespace quorvane

@@ -6,6 +6,7 @@
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolRules.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/Transaction.h"
 #include "apps/escuela/history/LameHistory.h"
 #include "apps/escuela/repair/FileBackup.h"
@@ -65,8 +66,10 @@ const char* Begin(Engine engine) {
 }
 
 RepairReport Repair(const SchoolAddress& address, const RepairOptions& options,
-                    const std::function<void(const RepairReport&)>& tell) {
+                    const std::function<void(const RepairReport&)>& tell,
+                    const std::function<void()>& goOn) {
   const auto school = OpenForPiece(address, SchoolAddress::Access::ReadWrite);
+  AskBeforeEach(*school, goOn);
   RequireSchool(*school, "No se puede reparar " + address.Shown() + ": ");
   RepairReport report;
   if (SchoolCheck(*school).Rows().empty()) return report;
@@ -95,9 +98,10 @@ RepairReport Repair(const SchoolAddress& address, const RepairOptions& options,
 }  // namespace
 
 RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& options,
-                          const std::function<void(const RepairReport&)>& tell) {
+                          const std::function<void(const RepairReport&)>& tell,
+                          const std::function<void()>& goOn) {
   RepairReport report;
-  TellIfHeld([&] { report = Repair(address, options, tell); });
+  TellIfHeld([&] { report = Repair(address, options, tell, goOn); });
   return report;
 }
 

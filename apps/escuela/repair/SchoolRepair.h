@@ -27,9 +27,11 @@ struct RepairReport {
 /// 0x80004005 in Spanish, after which the school is as it was: no fit school; a server's without
 /// `backedUp`; publications without `publicationsToo`; whatever the engine refuses. `tell` is told
 /// what is about to be kept, in case that it can't be put down anywhere: what comes out of it
-/// undoes the repair. It isn't called where there is nothing to mend.
+/// undoes the repair. It isn't called where there is nothing to mend. `goOn` is
+/// called before each statement: what it throws, as `WritingStopped`, undoes the repair too.
 RepairReport RepairSchool(
     const SchoolAddress& address, const RepairOptions& options,
-    const std::function<void(const RepairReport&)>& tell = [](const RepairReport&) {});
+    const std::function<void(const RepairReport&)>& tell = [](const RepairReport&) {},
+    const std::function<void()>& goOn = {});
 
 }  // namespace quorvane

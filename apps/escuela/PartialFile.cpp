@@ -1,0 +1,70 @@
+#include "apps/escuela/PartialFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <iterator>
+#include <random>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::StatementFailed, "No se puede crear " + path + ": " + reason);
+}
+
+constexpr const char* kEndings[] = {"", "-journal", "-wal", "-shm"};
+constexpr mode_t kOwnerAlone = 0600;
+
+/// The paths of the file that is being written, for a handler that may call little more than the
+/// system. Empty for none.
+char partialPaths[std::size(kEndings)][PartialFile::kLongestPath + 1];
+
+}  // namespace
+
+// Its name is no longer than others, whatever that of the file it is going to be.
+PartialFile::PartialFile(const std::string& path)
+    : goal_(path),
+      path_((fs::path(path).parent_path() / (".parcial-" + std::to_string(std::random_device()())))
+                .string()) {
+  for (std::size_t i = 0; i < std::size(kEndings); ++i)
+    (path_ + kEndings[i]).copy(partialPaths[i], kLongestPath);
+  // Made by us, the file is its owner's alone from its first moment on, and the engine gives its
+  // log the same rights.
+  const auto handle = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerAlone);
+  if (handle < 0) Refuse(path, std::generic_category().message(errno));
+  // The user's mask may have taken even his own rights away.
+  fchmod(handle, kOwnerAlone);
+  close(handle);
+}
+
+PartialFile::~PartialFile() {
+  RemoveAny();
+  for (auto& partial : partialPaths) std::fill(std::begin(partial), std::end(partial), '\0');
+}
+
+// A second name for the file, unlike a change of name, fails when somebody has made a file of that
+// name meanwhile; where the file system has none, the look has to do.
+void PartialFile::Publish() const {
+  std::error_code error;
+  fs::create_hard_link(path_, goal_, error);
+  if (!error) return;
+  if (fs::exists(fs::symlink_status(goal_))) Refuse(goal_, "el archivo ya existe");
+  fs::rename(path_, goal_, error);
+  if (error) Refuse(goal_, error.message());
+}
+
+void PartialFile::RemoveAny() noexcept {
+  for (const auto& partial : partialPaths)
+    if (*partial != '\0') unlink(partial);
+}
+
+}  // namespace quorvane
