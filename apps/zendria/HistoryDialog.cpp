@@ -22,16 +22,24 @@ constexpr auto kFirstYear = 2000;
 
 QString Text(const std::string& text) { return QString::fromStdString(text); }
 
-/// The moment as this computer's clock tells it.
-QString LocalMoment(const std::string& utc) {
+/// The moment by this computer's clock; invalid where the text tells none.
+QDateTime Moment(const std::string& utc) {
   auto moment = QDateTime::fromString(Text(utc), "yyyy-MM-dd HH:mm:ss.zzz");
-  if (!moment.isValid()) return Text(utc);
   moment.setTimeSpec(Qt::UTC);
-  return moment.toLocalTime().toString("dd/MM/yyyy HH:mm:ss");
+  return moment.toLocalTime();
 }
 
-std::string Day(const QDateEdit& field) {
-  return field.date().toString("yyyy-MM-dd").toStdString();
+QString MomentText(const std::string& utc) {
+  const auto moment = Moment(utc);
+  return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : Text(utc);
+}
+
+/// The days in UTC that those of this computer's clock reach into: a filter has whole days alone.
+std::string FirstDay(const QDate& date) {
+  return date.startOfDay().toUTC().date().toString("yyyy-MM-dd").toStdString();
+}
+std::string LastDay(const QDate& date) {
+  return date.endOfDay().toUTC().date().toString("yyyy-MM-dd").toStdString();
 }
 
 }  // namespace
@@ -59,6 +67,12 @@ HistoryDialog::HistoryDialog(Connection& school, const HistoryFilter& of, const 
     connect(field, &QDateEdit::dateChanged, this, [this] { Read(); });
   connect(&evaluation_, &QComboBox::currentIndexChanged, this, [this] { Read(); });
   connect(&words_, &QLineEdit::textChanged, this, [this] { Show(); });
+}
+
+HistoryFilter HistoryDialog::MayGradeFilter(std::int32_t staff) {
+  HistoryFilter filter;
+  filter.either = staff;
+  return filter;
 }
 
 void HistoryDialog::Build() {
@@ -123,17 +137,22 @@ void HistoryDialog::Read() {
         kept = history.Kept();
         active = history.Active();
         auto filter = of_;
-        filter.from = Day(from_);
-        filter.to = Day(to_);
+        filter.from = FirstDay(from_.date());
+        filter.to = LastDay(to_.date());
         if (filter.evaluation == 0) filter.evaluation = evaluation_.currentData().toInt();
         changes_ = history.Read(filter);
       }))
     return;
+  std::erase_if(changes_, [this](const GradeChange& change) {
+    const auto moment = Moment(change.moment);
+    return moment.isValid() && (moment.date() < from_.date() || moment.date() > to_.date());
+  });
+  off_ = active ? QString()
+         : kept ? QString("El historial está desactivado: no se guarda ningún cambio.")
+                : QString(
+                      "El historial no está activado. Lo activa quien mantiene la escuela, con "
+                      "«quorvane-escuela historial … activar».");
   Show();
-  if (active) return;
-  notice_.setText(kept ? "El historial está desactivado: no se guarda ningún cambio."
-                       : "El historial no está activado. Lo activa quien mantiene la escuela, con "
-                         "«quorvane-escuela historial … activar».");
 }
 
 void HistoryDialog::Show() {
@@ -144,15 +163,16 @@ void HistoryDialog::Show() {
   for (auto at = changes_.rbegin(); at != changes_.rend(); ++at) {
     const auto user = at->user.empty() ? QString("—") : Text(at->user);
     const QStringList cells = {
-        LocalMoment(at->moment), Text(at->student), Text(at->subject), Text(at->evaluation),
-        Text(at->column),        Text(at->before),  Text(at->after),   user};
+        MomentText(at->moment), Text(at->student), Text(at->subject), Text(at->evaluation),
+        Text(at->column),       Text(at->before),  Text(at->after),   user};
     if (!HoldsWords(Folded(cells.join(' ')), words)) continue;
     if (++passing <= kMostShown) items.append(new QTreeWidgetItem(cells));
   }
   list_.addTopLevelItems(items);
   NameBlankCells(list_);
   for (int i = 0; i < list_.columnCount(); ++i) list_.resizeColumnToContents(i);
-  notice_.setText(passing > kMostShown
+  notice_.setText(!off_.isEmpty() ? off_
+                  : passing > kMostShown
                       ? QStringLiteral("Los últimos %1 de %2 cambios").arg(kMostShown).arg(passing)
                       : QStringLiteral("%1 cambios").arg(passing));
 }

@@ -18,15 +18,20 @@ class HistoryDialog : public QDialog {
   /// `school` is open and outlives the dialog.
   explicit HistoryDialog(Connection& school, QWidget* parent = nullptr)
       : HistoryDialog(school, {}, {}, parent) {}
+  /// Of what that member of staff may grade; 0 for all.
+  HistoryDialog(Connection& school, std::int32_t staff, QWidget* parent)
+      : HistoryDialog(school, MayGradeFilter(staff), {}, parent) {}
   /// Of what `of` asks for alone, whenever it was; `title` is what that is called.
   HistoryDialog(Connection& school, const HistoryFilter& of, const QString& title, QWidget* parent);
 
   [[nodiscard]] QTreeWidget& List() { return list_; }
   [[nodiscard]] QLineEdit& Words() { return words_; }
   [[nodiscard]] QDateEdit& From() { return from_; }
+  [[nodiscard]] QDateEdit& To() { return to_; }
   [[nodiscard]] QLabel& Notice() { return notice_; }
 
  private:
+  static HistoryFilter MayGradeFilter(std::int32_t staff);
   void Build();
   void Read();
   void Show();
@@ -39,6 +44,7 @@ class HistoryDialog : public QDialog {
   QLineEdit words_;
   QTreeWidget list_;
   QLabel notice_;
+  QString off_;  ///< why nothing is kept; empty while it is
   std::vector<GradeChange> changes_;
 };
 

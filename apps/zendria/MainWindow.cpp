@@ -323,7 +323,7 @@ void MainWindow::ShowSession() {
   const auto open = school_ != nullptr;
   pages_.setCurrentWidget(open ? static_cast<QWidget*>(&page_) : &welcome_);
   for (auto* const action : {&changeUser_, &active_, &locks_}) action->setEnabled(open);
-  oversight_.Enable(open);
+  oversight_.Enable(open, user_);
   if (open) {
     page_.ShowSession(*school_, user_, centre_, active_.isChecked());
     const auto openToAll =

@@ -10,6 +10,8 @@
 namespace quorvane::zendria {
 namespace {
 
+constexpr std::int32_t kNobody = -1;  // a number that no row bears
+
 /// The user's row in `Personal`; 0 for none.
 std::int32_t StaffOf(Connection& school, const User& user) {
   const auto rows =
@@ -23,10 +25,14 @@ OversightMenu::OversightMenu(QWidget& window) : window_(window) {
   Add("estadoEvaluacion", "&Estado de la evaluación…", QKeySequence("Ctrl+E"),
       [this](auto& school, const auto& user, auto centre) { ShowState(school, user, centre); });
   Add("historialNotas", "&Historial de notas…", QKeySequence("Ctrl+H"),
-      [this](auto& school, const auto&, auto) { HistoryDialog(school.Own(), &window_).exec(); });
+      [this](auto& school, const auto& user, auto) {
+        if (const auto staff = WhoGrades(school, user))
+          HistoryDialog(school.Own(), *staff, &window_).exec();
+      });
   Add("informePendientes", "&Informe de pendientes…", QKeySequence("Ctrl+I"),
-      [this](auto& school, const auto&, auto) {
-        ReportDialog(school.Own(), school.Name(), &window_).exec();
+      [this](auto& school, const auto& user, auto) {
+        if (const auto staff = WhoGrades(school, user))
+          ReportDialog(school.Own(), school.Name(), *staff, &window_).exec();
       });
   Add("importarRegistro", "I&mportar el registro…", {},
       [this](auto& school, const auto&, auto) { ImportDialog(school.Address(), &window_).exec(); });
@@ -45,8 +51,19 @@ void OversightMenu::AddTo(QMenu& menu) {
   for (auto* const action : actions_) menu.addAction(action);
 }
 
-void OversightMenu::Enable(bool open) {
+void OversightMenu::Enable(bool open, const User& user) {
   for (auto* const action : actions_) action->setEnabled(open);
+  actions_.back()->setEnabled(open && (user.profile == 0 || user.administrator));
+}
+
+std::optional<std::int32_t> OversightMenu::WhoGrades(School& school, const User& user) {
+  if (user.profile == 0) return 0;
+  std::optional<std::int32_t> staff;
+  Attempt(&window_, [&] {
+    const auto own = StaffOf(school.Own(), user);
+    staff = own == 0 ? kNobody : own;
+  });
+  return staff;
 }
 
 void OversightMenu::ShowState(School& school, const User& user, std::int32_t centre) {

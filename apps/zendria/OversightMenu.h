@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "apps/zendria/StateDialog.h"
@@ -23,8 +24,8 @@ class OversightMenu {
   explicit OversightMenu(QWidget& window);
 
   void AddTo(QMenu& menu);
-  /// There is a school to be asked.
-  void Enable(bool open);
+  /// There is a school to be asked, by that user: the register is imported by who is above roles.
+  void Enable(bool open, const User& user);
 
   /// Does that on the open school, connected anew where the connection was lost.
   std::function<void(const Work& work)> OnSchool;
@@ -33,6 +34,8 @@ class OversightMenu {
 
  private:
   void Add(const char* name, const QString& text, const QKeySequence& keys, const Work& work);
+  /// As whom the user is shown grades: 0 for one who sees all; none where that failed and was told.
+  std::optional<std::int32_t> WhoGrades(School& school, const User& user);
   void ShowState(School& school, const User& user, std::int32_t centre);
 
   QWidget& window_;

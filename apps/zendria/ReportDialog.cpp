@@ -1,6 +1,7 @@
 #include "apps/zendria/ReportDialog.h"
 
 #include <QDate>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
@@ -9,8 +10,11 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QTextDocument>
+#include <QTextOption>
 #include <QVBoxLayout>
+#include <cstdio>
 
 #include "adapters/qt/views/ClosedListWheel.h"
 #include "apps/escuela/report/ReportText.h"
@@ -30,9 +34,18 @@ void TurnPage(QPrinter& printer) {
   printer.setPageMargins(kMargins, QPageLayout::Millimeter);
 }
 
+/// Whether its last line is there: the end of a file is what a full disk lacks.
+bool IsWholePdf(const QString& path) {
+  constexpr auto kTail = 32;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly) || file.size() < kTail) return false;
+  return file.seek(file.size() - kTail) && file.readAll().contains("%%EOF");
+}
+
 }  // namespace
 
-ReportDialog::ReportDialog(Connection& school, const QString& name, QWidget* parent)
+ReportDialog::ReportDialog(Connection& school, const QString& name, std::int32_t staff,
+                           QWidget* parent)
     : QDialog(parent), blank_("&Hoja en blanco, para poner las notas a mano") {
   setObjectName("informe");
   setWindowTitle("Informe de pendientes");
@@ -40,7 +53,8 @@ ReportDialog::ReportDialog(Connection& school, const QString& name, QWidget* par
   Build();
   Attempt(this, [&] {
     reader_ = std::make_unique<ReportReader>(
-        school, name.toStdString(), QDate::currentDate().toString("dd/MM/yyyy").toStdString());
+        school, name.toStdString(), QDate::currentDate().toString("dd/MM/yyyy").toStdString(),
+        staff);
     for (const auto& [id, section] : reader_->Sections())
       section_.addItem(QString::fromStdString(section), id);
   });
@@ -95,11 +109,19 @@ QString ReportDialog::Html() {
   return html;
 }
 
+void ReportDialog::LayOut(QTextDocument& document, const QString& html, const QSizeF& page) {
+  document.setDocumentMargin(0);
+  // A word longer than its column would make the table wider than the paper.
+  QTextOption wrapped;
+  wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  document.setDefaultTextOption(wrapped);
+  document.setHtml(html);
+  document.setPageSize(page);
+}
+
 int ReportDialog::Print(QPrinter& printer, const QString& html) {
   QTextDocument document;
-  document.setDocumentMargin(0);
-  document.setHtml(html);
-  document.setPageSize(printer.pageRect(QPrinter::Point).size());
+  LayOut(document, html, printer.pageRect(QPrinter::Point).size());
   document.print(&printer);
   return document.pageCount();
 }
@@ -107,15 +129,26 @@ int ReportDialog::Print(QPrinter& printer, const QString& html) {
 int ReportDialog::SavePdf(const QString& file) {
   const auto html = Html();
   if (html.isEmpty()) return 0;
-  QPrinter printer;
-  TurnPage(printer);
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(file);
-  const auto pages = Print(printer, html);
-  if (QFileInfo(file).size() > 0) return pages;
+  if (const auto pages = WritePdf(file, html); pages > 0) return pages;
   ShowSchoolError(this, SchoolError(QStringLiteral("No se puede escribir %1. Elija otra carpeta, o "
                                                    "compruebe que queda espacio en el disco.")
                                         .arg(file)));
+  return 0;
+}
+
+int ReportDialog::WritePdf(const QString& file, const QString& html) {
+  if (const QFileInfo older(file); older.exists() && !older.isWritable()) return 0;
+  // The printer doesn't tell that a disk is full. What stands is replaced by a whole file alone.
+  const auto partial =
+      file + QStringLiteral(".parcial-%1").arg(QRandomGenerator::global()->generate());
+  QPrinter printer;
+  TurnPage(printer);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(partial);
+  const auto pages = Print(printer, html);
+  if (IsWholePdf(partial) && std::rename(QFile::encodeName(partial), QFile::encodeName(file)) == 0)
+    return pages;
+  QFile::remove(partial);
   return 0;
 }
 

@@ -9,6 +9,7 @@
 #include "apps/escuela/report/ReportReader.h"
 
 class QPrinter;
+class QTextDocument;
 
 namespace quorvane::zendria {
 
@@ -16,8 +17,10 @@ namespace quorvane::zendria {
 /// shows them beforehand.
 class ReportDialog : public QDialog {
  public:
-  /// `school` is open and outlives the dialog; `name` is what the sheets call it.
-  ReportDialog(Connection& school, const QString& name, QWidget* parent = nullptr);
+  /// `school` is open and outlives the dialog; `name` is what the sheets call it. With `staff`,
+  /// what that one may grade; 0 for all.
+  ReportDialog(Connection& school, const QString& name, std::int32_t staff,
+               QWidget* parent = nullptr);
 
   [[nodiscard]] QComboBox& Sections() { return section_; }
   [[nodiscard]] QComboBox& Students() { return student_; }
@@ -25,6 +28,9 @@ class ReportDialog : public QDialog {
 
   /// Writes what is chosen into a PDF; how many pages, 0 where that failed and was told.
   int SavePdf(const QString& file);
+
+  /// Nothing is wider than the page, in points, or cut at its side.
+  static void LayOut(QTextDocument& document, const QString& html, const QSizeF& page);
 
  private:
   void Build();
@@ -34,6 +40,8 @@ class ReportDialog : public QDialog {
   void AskForPdf();
   /// What is chosen as HTML; empty where that failed and was told.
   [[nodiscard]] QString Html();
+  /// 0 where it can't be written, and then what stood there stands.
+  static int WritePdf(const QString& file, const QString& html);
   static int Print(QPrinter& printer, const QString& html);
 
   std::unique_ptr<ReportReader> reader_;

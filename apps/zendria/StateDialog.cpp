@@ -128,6 +128,9 @@ void StateDialog::Build() {
   connect(&minute_, &QTimer::timeout, this, [this] { Refresh(); });
   connect(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
           [this] { Refresh(); });
+  connect(tree_.header(), &QHeaderView::sectionResized, this, [this](int section) {
+    if (!fitting_) setByHand_.insert(section);
+  });
   connect(&tree_, &QTreeWidget::itemExpanded, this,
           [this](QTreeWidgetItem* item) { LoadSubjects(*item); });
   connect(&tree_, &QTreeWidget::itemActivated, this,
@@ -149,8 +152,11 @@ void StateDialog::Refresh() {
   Keep();
   if (!Attempt(this, [this] {
         auto state = std::make_unique<SchoolState>(school_, Today(school_));
+        // Before anything is cleared: a reading that fails leaves what stands.
+        const auto rows = BySections() ? state->Sections(Filter()) : state->Subjects(Filter());
+        if (!BySections() && !rows.empty()) static_cast<void>(state->SubjectName(0));
         tree_.clear();
-        Fill(*state);
+        Fill(*state, rows);
         state_ = std::move(state);
       })) {
     minute_.stop();
@@ -158,7 +164,7 @@ void StateDialog::Refresh() {
   }
   Restore();
   NameBlankCells(tree_);
-  for (int column = 0; column < kColumns; ++column) tree_.resizeColumnToContents(column);
+  FitWidths({kName, kTeacher, kPending, kEntered, kMissing, kBar, kWindow, kInUse});
   read_.setText(QStringLiteral("%1  Leído a las %2")
                     .arg(tree_.topLevelItemCount() == 0 ? "No hay ninguna nota pendiente." : "",
                          QTime::currentTime().toString("HH:mm:ss"))
@@ -166,11 +172,20 @@ void StateDialog::Refresh() {
   if (!minute_.isActive()) minute_.start(kMinute);
 }
 
-void StateDialog::Fill(const SchoolState& state) {
-  if (grouping_.currentIndex() == 0)
-    FillSections(state);
+bool StateDialog::BySections() const { return grouping_.currentIndex() == 0; }
+
+void StateDialog::Fill(const SchoolState& state, const std::vector<StateRow>& rows) {
+  if (BySections())
+    FillSections(state, rows);
   else
-    FillTeachers(state);
+    FillTeachers(state, rows);
+}
+
+void StateDialog::FitWidths(std::initializer_list<int> columns) {
+  fitting_ = true;
+  for (const auto column : columns)
+    if (!setByHand_.contains(column)) tree_.resizeColumnToContents(column);
+  fitting_ = false;
 }
 
 QTreeWidgetItem* StateDialog::AddEvaluation(const SchoolState& state, std::int32_t evaluation) {
@@ -182,10 +197,10 @@ QTreeWidgetItem* StateDialog::AddEvaluation(const SchoolState& state, std::int32
   return item;
 }
 
-void StateDialog::FillSections(const SchoolState& state) {
+void StateDialog::FillSections(const SchoolState& state, const std::vector<StateRow>& rows) {
   QTreeWidgetItem* evaluation = nullptr;
   StateRow sum;
-  for (const auto& row : state.Sections(Filter())) {
+  for (const auto& row : rows) {
     if (evaluation == nullptr || sum.evaluation != row.evaluation) {
       evaluation = AddEvaluation(state, row.evaluation);
       sum = {};
@@ -200,10 +215,9 @@ void StateDialog::FillSections(const SchoolState& state) {
   }
 }
 
-void StateDialog::FillTeachers(const SchoolState& state) {
+void StateDialog::FillTeachers(const SchoolState& state, const std::vector<StateRow>& all) {
   std::map<std::int32_t, std::map<std::int32_t, std::vector<StateRow>>> byTeacher;
-  for (const auto& row : state.Subjects(Filter()))
-    byTeacher[row.evaluation][row.teacher].push_back(row);
+  for (const auto& row : all) byTeacher[row.evaluation][row.teacher].push_back(row);
   for (const auto& evaluation : state.Evaluations()) {
     const auto found = byTeacher.find(evaluation.id);
     if (found == byTeacher.end()) continue;
@@ -212,9 +226,9 @@ void StateDialog::FillTeachers(const SchoolState& state) {
     for (const auto& [teacher, rows] : found->second) {
       const auto name = Text(state.TeacherName(teacher));
       auto* const item = new QTreeWidgetItem(top, {name.isEmpty() ? "Sin profesor" : name});
-      StateRow all;
+      StateRow his;
       for (const auto& row : rows) {
-        AddTo(all, row);
+        AddTo(his, row);
         auto* const subject = new QTreeWidgetItem(
             item, {Text(state.SubjectName(row.subject)), Text(state.SectionName(row.section))});
         Note(*subject, row,
@@ -222,8 +236,8 @@ void StateDialog::FillTeachers(const SchoolState& state) {
         ShowCounts(*subject, row);
         subject->setText(kWindow, WindowText(state.Window(row.section, row.evaluation)));
       }
-      AddTo(sum, all);
-      ShowCounts(*item, all);
+      AddTo(sum, his);
+      ShowCounts(*item, his);
       item->setData(kName, kKey, QStringLiteral("%1:%2").arg(evaluation.id).arg(teacher));
       item->setData(kName, kLoaded, true);
     }
@@ -246,7 +260,7 @@ void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
     }
   });
   NameBlankCells(tree_);
-  for (const auto column : {kName, kTeacher}) tree_.resizeColumnToContents(column);
+  FitWidths({kName, kTeacher});
   if (section.childCount() == 0)
     section.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
 }

@@ -4,11 +4,14 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
+#include <QSet>
 #include <QTimer>
 #include <QTreeWidget>
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "apps/escuela/state/SchoolState.h"
 
@@ -46,9 +49,12 @@ class StateDialog : public QDialog {
  private:
   void Build();
   [[nodiscard]] StateFilter Filter() const;
-  void Fill(const SchoolState& state);
-  void FillSections(const SchoolState& state);
-  void FillTeachers(const SchoolState& state);
+  [[nodiscard]] bool BySections() const;
+  void Fill(const SchoolState& state, const std::vector<StateRow>& rows);
+  void FillSections(const SchoolState& state, const std::vector<StateRow>& rows);
+  void FillTeachers(const SchoolState& state, const std::vector<StateRow>& rows);
+  /// As wide as their texts, but for those that the user has set.
+  void FitWidths(std::initializer_list<int> columns);
   void LoadSubjects(QTreeWidgetItem& section);
   void Keep();
   void Restore();
@@ -65,6 +71,8 @@ class StateDialog : public QDialog {
   QTreeWidget tree_;
   QLabel read_;
   QTimer minute_;
+  QSet<int> setByHand_;
+  bool fitting_ = false;
   QStringList open_;
   QString current_;
   int scrolled_ = 0;

@@ -1,18 +1,25 @@
 // What the head of studies asks the host for, on the sample school.
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QDir>
+#include <QHeaderView>
 #include <QMenu>
 #include <QTableView>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
+#include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/HistoryDialog.h"
 #include "apps/zendria/ImportDialog.h"
 #include "apps/zendria/ReportDialog.h"
@@ -190,7 +197,7 @@ TEST_F(OversightTest, AGradeCellOffersItsOwnHistory) {
 }
 
 TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
-  zendria::ReportDialog dialog(school_, "IES Ejemplo");
+  zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   ASSERT_EQ(dialog.Sections().count(), 6);
   dialog.Sections().setCurrentIndex(dialog.Sections().findText("3º ESO A"));
   EXPECT_EQ(dialog.Students().count(), 6) << "all, and each of five";
@@ -205,6 +212,111 @@ TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
   ReadNotice(text);
   EXPECT_EQ(dialog.SavePdf(folder_.filePath("no/hay/informe.pdf")), 0);
   EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
+}
+
+TEST_F(OversightTest, APdfThatCantBeWrittenIsToldWhateverStandsThere) {
+  zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
+  const auto file = folder_.filePath("informe.pdf");
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("informe.pdf"));
+  static_cast<void>(MakeFile("informe.pdf/algo", QByteArray(5000, 'x')));
+  QString text;
+  ReadNotice(text);
+  EXPECT_EQ(dialog.SavePdf(file), 0);
+  EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
+  EXPECT_TRUE(QDir(folder_.path()).entryList({"*.parcial-*"}).isEmpty());
+}
+
+TEST_F(OversightTest, NothingOnPaperIsWiderThanThePage) {
+  SectionReport report{"IES Ejemplo", "03/03/2025", "3º ESO A", {}, {}};
+  for (auto i = 1; i <= 5; ++i) report.evaluations.push_back({i, "Evaluación", false});
+  report.students.push_back({1, std::string(200, 'x'), {}});
+  for (auto i = 1; i <= 40; ++i) {
+    ReportSubject subject{std::string(200, 'm'), std::string(200, 'p'), {}};
+    for (auto at = 1; at <= 5; ++at)
+      subject.grades[at] = {"10", "Sobresaliente", "Sobresaliente", "Notable", "", ""};
+    report.students.front().subjects.push_back(subject);
+  }
+  QTextDocument document;
+  const QSizeF page(774, 527);
+  zendria::ReportDialog::LayOut(document, QString::fromStdString(ReportHtml(report)), page);
+  EXPECT_LE(document.size().width(), page.width());
+  EXPECT_EQ(document.toPlainText().count(QString(200, 'm')), 40);
+  for (auto block = document.begin(); block.isValid(); block = block.next())
+    for (int line = 0; line < block.layout()->lineCount(); ++line) {
+      const auto room = document.documentLayout()->blockBoundingRect(block).width();
+      EXPECT_LE(block.layout()->lineAt(line).naturalTextWidth(), room + 1);
+    }
+}
+
+TEST_F(OversightTest, ARoleIsShownWhatItMayGradeInReportsAndHistory) {
+  const auto tutor =
+      school_.Execute("SELECT CodTutor FROM Seccion WHERE IDSeccion=5").Fields(0).Long();
+  zendria::ReportDialog all(school_, "IES Ejemplo", 0);
+  zendria::ReportDialog hers(school_, "IES Ejemplo", tutor);
+  zendria::ReportDialog none(school_, "IES Ejemplo", -1);
+  EXPECT_NE(hers.Sections().findText("3º ESO A"), -1);
+  EXPECT_LT(hers.Sections().count(), all.Sections().count());
+  EXPECT_EQ(none.Sections().count(), 0);
+  GradeHistory(school_).Activate();
+  school_.Execute("UPDATE EvaluacionPte SET CodNota=CodNota+1 WHERE CodNumEvaluacion=1");
+  const auto shown = [this](std::int32_t staff) {
+    return zendria::HistoryDialog(school_, staff, nullptr).List().topLevelItemCount();
+  };
+  EXPECT_EQ(shown(-1), 0);
+  EXPECT_GT(shown(tutor), 0);
+  EXPECT_LT(shown(tutor), shown(0));
+}
+
+TEST_F(OversightTest, ATeacherDoesNotImport) {
+  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  EXPECT_TRUE(window_->findChild<QAction*>("importarRegistro")->isEnabled());
+  school_.Execute("UPDATE Usuario SET CodPerfil=3, AdminSistema=0 WHERE IDUsuario=1");
+  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  EXPECT_FALSE(window_->findChild<QAction*>("importarRegistro")->isEnabled());
+  EXPECT_TRUE(window_->findChild<QAction*>("historialNotas")->isEnabled());
+}
+
+TEST_F(OversightTest, TheHistoryGoesByThisComputersDaysAndKeepsItsNotice) {
+  const auto zone = qgetenv("TZ");
+  qputenv("TZ", "Etc/GMT+11");
+  tzset();
+  GradeHistory history(school_);
+  history.Activate();
+  // Of the third of March in UTC, and of the second here.
+  school_.Execute(
+      "INSERT INTO HistorialNotas (Momento, Columna, CodAlumno, CodMatDet, "
+      "CodNumEvaluacion) VALUES ('2025-03-03 05:00:00.000','CodNota',29,20,1)");
+  history.Deactivate();
+  zendria::HistoryDialog dialog(school_);
+  dialog.From().setDate(QDate(2025, 3, 3));
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
+  dialog.From().setDate(QDate(2025, 3, 2));
+  EXPECT_EQ(dialog.List().topLevelItemCount(), 1);
+  dialog.To().setDate(QDate(2025, 3, 2));
+  ASSERT_EQ(dialog.List().topLevelItemCount(), 1);
+  EXPECT_EQ(dialog.List().topLevelItem(0)->text(0), "02/03/2025 18:00:00");
+  dialog.Words().setText("nadie");
+  EXPECT_TRUE(dialog.Notice().text().contains("desactivado"))
+      << dialog.Notice().text().toStdString();
+  zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
+  tzset();
+}
+
+TEST_F(OversightTest, AWidthThatWasSetAndATreeThatCantBeReadStay) {
+  zendria::StateDialog dialog(school_, all_);
+  auto& tree = dialog.Tree();
+  Child(tree.topLevelItem(1), "3º ESO A")->setExpanded(true);
+  tree.header()->resizeSection(1, 333);
+  dialog.Refresh();
+  EXPECT_EQ(tree.columnWidth(1), 333);
+  school_.Execute("ALTER TABLE EvaluacionActaPte RENAME TO Otra");
+  QString text;
+  ReadNotice(text);
+  dialog.Refresh();
+  EXPECT_FALSE(text.isEmpty());
+  auto* const section = Child(tree.topLevelItem(1), "3º ESO A");
+  ASSERT_NE(section, nullptr) << "what was read before stands";
+  EXPECT_TRUE(section->isExpanded());
 }
 
 TEST_F(OversightTest, AFileIsLookedUpAndThenImported) {
