@@ -195,6 +195,9 @@ class School:
             database.execute(
                 "INSERT INTO INFORMATION_SCHEMA.TABLES VALUES (?,?,'BASE TABLE')", (schema, name)
             )
+        database.execute("ATTACH ':memory:' AS sys")
+        for catalogue in "triggers", "tables":
+            database.execute(f"CREATE TABLE sys.{catalogue} (name)")
         database.create_function("SCHEMA_NAME", 0, lambda: "dbo")
         return database
 

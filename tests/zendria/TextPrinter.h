@@ -40,7 +40,7 @@ class TextPrinter : public QPrinter {
     [[nodiscard]] int metric(QPaintDevice::PaintDeviceMetric which) const override {
       return measures_.printEngine()->metric(which);
     }
-    [[nodiscard]] QPrinter::PrinterState printerState() const override { return QPrinter::Idle; }
+    [[nodiscard]] QPrinter::PrinterState printerState() const override { return QPrinter::Active; }
 
    private:
     TextPrinter& printer_;
