@@ -68,7 +68,7 @@ std::string TextLiteral(const std::string& text, Engine engine) {
 }
 
 std::string NumberLiteral(const Value& value) {
-  const auto text = value.Text();
+  auto text = value.Text();
   std::int64_t whole = 0;
   const auto* const end = text.data() + text.size();
   if (const auto read = std::from_chars(text.data(), end, whole);
