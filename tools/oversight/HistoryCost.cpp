@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <exception>
 #include <istream>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
