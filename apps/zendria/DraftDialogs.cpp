@@ -1,18 +1,12 @@
 #include "apps/zendria/DraftDialogs.h"
 
-#include <QClipboard>
 #include <QDialog>
-#include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStringList>
-#include <QVBoxLayout>
 
-#include "adapters/qt/views/FocusBorder.h"
-#include "apps/zendria/FirstSize.h"
+#include "apps/zendria/GradesToCopy.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -145,30 +139,7 @@ void ShowLeftCells(QWidget* parent, const std::vector<LeftCell>& cells) {
       "dejado como están. A la izquierda, lo que usted había puesto; a la derecha, lo que hay "
       "ahora. Si vale lo suyo, póngalo de nuevo.");
   hint->setWordWrap(true);
-  auto* const text = new QPlainTextEdit(LeftCellsText(cells));
-  text->setObjectName("notas");
-  text->setAccessibleName("Notas que no se han puesto");
-  text->setReadOnly(true);
-  text->setLineWrapMode(QPlainTextEdit::NoWrap);
-  text->setTabStopDistance(text->fontMetrics().averageCharWidth() * 24);
-  qt::ShowFocusOnBorder(*text);
-  auto* const copy = new QPushButton("&Copiar");
-  copy->setAutoDefault(false);
-  auto* const close = new QPushButton("C&errar");
-  close->setDefault(true);
-
-  auto* const buttons = new QHBoxLayout;
-  buttons->addWidget(copy);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  auto* const column = new QVBoxLayout(&dialog);
-  column->addWidget(hint);
-  column->addWidget(text, 1);
-  column->addLayout(buttons);
-  TakeFirstSize(dialog, kFirstSize);
-  QObject::connect(copy, &QPushButton::clicked, &dialog,
-                   [text] { QGuiApplication::clipboard()->setText(text->toPlainText()); });
-  QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+  LayOutGradesToCopy(dialog, hint, LeftCellsText(cells), kFirstSize);
   dialog.exec();
 }
 

@@ -16,16 +16,20 @@ constexpr auto kCounts = "QUORVANE_CUENTA";
 
 using Window = qt::FormWindow;
 
+void ChooseTheClass(Robot& user) {
+  user.On("frmNotaManual1", [](Window& window) {
+    Robot::Pick(window, "cboCursos", "2");
+    Robot::Pick(window, "cboSecciones", "A");
+    Robot::Pick(window, "cboEvaluaciones", "1");
+    Robot::Click(window, "cmdNotaManual1(0)");
+  });
+}
+
 /// A grade is typed by student; then he rests, and saves.
 Session Typing() {
   Session session{.name = "notas", .arguments = {"--usuario", "2"}};
   session.prepare = [](Robot& user) {
-    user.On("frmNotaManual1", [](Window& window) {
-      Robot::Pick(window, "cboCursos", "2");
-      Robot::Pick(window, "cboSecciones", "A");
-      Robot::Pick(window, "cboEvaluaciones", "1");
-      Robot::Click(window, "cmdNotaManual1(0)");
-    });
+    ChooseTheClass(user);
     user.On("frmNotaManual", [](Window& window) {
       Robot::Grade(window, 0, 1, "7");
       std::ofstream(std::getenv(kCounts)) << StatementsSoFar() << ' ';
@@ -45,12 +49,7 @@ Session Typing() {
 Session Again() {
   auto session = Typing();
   session.prepare = [](Robot& user) {
-    user.On("frmNotaManual1", [](Window& window) {
-      Robot::Pick(window, "cboCursos", "2");
-      Robot::Pick(window, "cboSecciones", "A");
-      Robot::Pick(window, "cboEvaluaciones", "1");
-      Robot::Click(window, "cmdNotaManual1(0)");
-    });
+    ChooseTheClass(user);
     user.OnDialog("borrador", [](QWidget& dialog) {
       QTest::mouseClick(dialog.findChild<QWidget*>("ponerlas"), Qt::LeftButton);
     });
