@@ -214,8 +214,13 @@ class ProgramsTest(unittest.TestCase):
         done = subprocess.run([os.environ['QUORVANE_ESCUELA'], 'copiar', school.owner[0], server.owner[1]],
                               text=True, stdout=subprocess.PIPE, stderr=theirs, timeout=300)
         os.close(theirs)
-        shown = os.read(ours, 1 << 20).decode()
+        # In as many pieces as the kernel hands on, until it says that the other end is closed.
+        shown = b''
+        with contextlib.suppress(OSError):
+            while piece := os.read(ours, 4096):
+                shown += piece
         os.close(ours)
+        shown = shown.decode()
         self.assertEqual(done.returncode, 0)
         self.assertTrue(shown.endswith('\r\033[K'), shown)  # the line is taken away again
         told = [int(part) for part in re.findall(r'\rCopiando\.\.\. (\d+) %', shown)]
