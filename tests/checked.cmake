@@ -26,10 +26,6 @@ foreach(library quorvane quorvane_sqltext quorvane_sqlite quorvane_odbc quorvane
   get_target_property(folder ${library} SOURCE_DIR)
   list(TRANSFORM files PREPEND ${folder}/ REGEX "^[^/]")
   target_sources(quorvane_checked PRIVATE ${files})
-  if(library STREQUAL "quorvane_escuela")
-    # Its files have helpers of one name, each its own.
-    set_source_files_properties(${files} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-  endif()
   get_target_property(definitions ${library} COMPILE_DEFINITIONS)
   if(definitions)
     target_compile_definitions(quorvane_checked PRIVATE ${definitions})

@@ -7,6 +7,7 @@ import hashlib
 import json
 import os
 import pathlib
+import re
 import shlex
 import subprocess
 
@@ -46,6 +47,13 @@ def _key(files, flags, base):
     return digest.hexdigest()
 
 
+def _parts(file, build):
+    """The sources that a file of the build's own has compiled as one; else the file itself."""
+    if not file.is_relative_to(build):
+        return [file]
+    return [pathlib.Path(name) for name in re.findall(r'^#include "(.*)"', file.read_text(), re.MULTILINE)]
+
+
 def sources(build, tool, base):
     """Each source file once, tests and generated code aside; `base` is what else the tool's verdict
     hangs on, its own text among it. A mark that exists says that this state of the source has passed."""
@@ -54,12 +62,12 @@ def sources(build, tool, base):
     deps = _dependencies(build)
     seen = set()
     for entry in json.loads((build / 'compile_commands.json').read_text()):
-        file = pathlib.Path(entry['file']).resolve()
-        inside = file.is_relative_to(ROOT) and not file.is_relative_to(build)
-        if not inside or file in seen or file.relative_to(ROOT).parts[0] in ('tests', 'bench'):
-            continue
-        seen.add(file)
         words = shlex.split(entry['command'])
         output = words[words.index('-o') + 1]
-        flags = tuple(_flags(words))
-        yield Source(file, flags, cache / _key(deps.get(output, [file]), flags, base))
+        for file in _parts(pathlib.Path(entry['file']).resolve(), build):
+            inside = file.is_relative_to(ROOT) and not file.is_relative_to(build)
+            if not inside or file in seen or file.relative_to(ROOT).parts[0] in ('tests', 'bench'):
+                continue
+            seen.add(file)
+            flags = tuple(_flags(words))
+            yield Source(file, flags, cache / _key([file, *deps.get(output, [])], flags, base))

@@ -39,14 +39,14 @@ std::span<const Setting> SettingsFor(Engine engine) {
   return {};
 }
 
-std::string WithoutBraces(const std::string& value) {
+std::string OutOfBraces(const std::string& value) {
   const auto braced = value.size() > 1 && value.front() == '{' && value.back() == '}';
   return braced ? value.substr(1, value.size() - 2) : value;
 }
 
 /// The library's options as they are given, and what they lack.
 std::string LibraryOptions(const std::string& given) {
-  auto options = WithoutBraces(given);
+  auto options = OutOfBraces(given);
   for (const auto& [keyword, value] : kLibrary) {
     const auto at = (" " + options).find(std::string(" ") + keyword);
     if (at != std::string::npos) continue;

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "apps/escuela/QuotedText.h"
-#include "platform/RuntimeError.h"
+#include "apps/escuela/Refusal.h"
 
 namespace quorvane {
 namespace {
@@ -17,10 +17,6 @@ using sqltext::Engine;
 constexpr std::size_t kDateLetters = 10;
 constexpr std::size_t kSqlServerText = 255;
 constexpr double kExactWhole = 9007199254740992.0;
-
-[[noreturn]] void Refuse(const std::string& what) {
-  throw RuntimeError(ErrorNumber::StatementFailed, what);
-}
 
 struct Range {
   std::int64_t least;

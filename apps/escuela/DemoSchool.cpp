@@ -10,8 +10,8 @@ namespace quorvane {
 namespace {
 
 constexpr std::uint64_t kSeed = 2024;
-constexpr std::size_t kStudentsPerSection = 7;
-constexpr std::size_t kPercentPending = 40;
+constexpr std::size_t kDemoStudentsPerSection = 7;
+constexpr std::size_t kDemoPercentPending = 40;
 
 // Places of the sections in the centre, one below their numbers.
 constexpr std::size_t k1A = 0;
@@ -167,16 +167,16 @@ void DemoSchool::Build() {
 
   CentreOptions options;
   options.sections = {{2, 2, 2, 1}, {1, 1}};
-  options.studentsPerSection = kStudentsPerSection;
+  options.studentsPerSection = kDemoStudentsPerSection;
   options.staffUsers.assign(CentreBuilder::StaffCount(options), 0);
   for (const auto& user : Users())
     if (user.staff >= 0) options.staffUsers[static_cast<std::size_t>(user.staff)] = user.id;
-  options.students = kStudentsPerSection * 9;
+  options.students = kDemoStudentsPerSection * 9;
   const auto centre = builder.Build(options);
 
   PendingBuilder pending(rows, keys, random);
   AddCases(pending, centre);
-  pending.BuildRegister(centre, kPercentPending);
+  pending.BuildRegister(centre, kDemoPercentPending);
   AddWindows(rows, centre);
   AddDeadForm(rows, centre);
   ChangePeople(centre);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/escuela/PersonName.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/Transaction.h"
 #include "platform/text/AsciiCase.h"
@@ -11,13 +12,6 @@ namespace {
 
 // Columns without a name in the module are read by their place.
 constexpr std::size_t kPublicationOwner = 2;
-constexpr std::size_t kLockUser = 3;
-
-std::string Trim(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string()
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 }  // namespace
 
@@ -25,8 +19,8 @@ std::string LockList::OwnerName(int user) const {
   const auto staff = connection_.Execute(
       "SELECT Nombre, Apellido1, Apellido2 FROM Personal WHERE CodUsuario=" + std::to_string(user));
   if (staff.Eof()) return AccountName(user);
-  return Trim(staff.Fields("Nombre").Text() + " " + staff.Fields("Apellido1").Text() + " " +
-              staff.Fields("Apellido2").Text());
+  return Trimmed(staff.Fields("Nombre").Text() + " " + staff.Fields("Apellido1").Text() + " " +
+                 staff.Fields("Apellido2").Text());
 }
 
 std::string LockList::AccountName(int user) const {

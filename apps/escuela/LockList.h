@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -7,6 +8,9 @@
 #include "platform/data/Connection.h"
 
 namespace quorvane {
+
+/// Whose a lock is: a column of `BloqueoPte` that the module reads by its place, from 0.
+inline constexpr std::size_t kLockUser = 3;
 
 /// The publications and locks of a school: who has a grade form open, and on what. A form that
 /// died leaves its own behind, and its subjects stay hidden from all forms until they are removed.

@@ -14,7 +14,7 @@
 namespace quorvane {
 namespace {
 
-[[noreturn]] void Refuse(const std::string& place, const std::string& reason) {
+[[noreturn]] void RefuseSchool(const std::string& place, const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed,
                      "No se puede crear la escuela en " + place + ": " + reason);
 }
@@ -32,9 +32,9 @@ std::string_view SchemaFor(const odbc::OdbcConnection& database) {
 
 void RequireEmpty(Connection& database, const std::string& place) {
   for (const auto& table : SchoolTables())
-    if (HasTable(database, table.name)) Refuse(place, "ya tiene la tabla " + table.name);
+    if (HasTable(database, table.name)) RefuseSchool(place, "ya tiene la tabla " + table.name);
   for (const auto& name : MisspeltTables(database))
-    Refuse(place, "ya tiene la tabla «" + name + "», hecha con su nombre entre comillas");
+    RefuseSchool(place, "ya tiene la tabla «" + name + "», hecha con su nombre entre comillas");
 }
 
 /// Ends what `transaction` has written.
@@ -69,7 +69,7 @@ void MakeSchool(const SchoolAddress& address, const std::function<void(Connectio
     Keep(transaction, database, place);
   } catch (const RuntimeError& error) {
     if (written && !database.IsOpen()) throw;
-    Refuse(place, error.Description() + ". No ha quedado nada escrito");
+    RefuseSchool(place, error.Description() + ". No ha quedado nada escrito");
   }
 }
 

@@ -10,16 +10,12 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "platform/RuntimeError.h"
+#include "apps/escuela/Refusal.h"
 
 namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed, "No se puede crear " + path + ": " + reason);
-}
 
 constexpr const char* kEndings[] = {"", "-journal", "-wal", "-shm"};
 constexpr mode_t kOwnerAlone = 0600;
@@ -40,7 +36,7 @@ PartialFile::PartialFile(const std::string& path)
   // Made by us, the file is its owner's alone from its first moment on, and the engine gives its
   // log the same rights.
   const auto handle = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerAlone);
-  if (handle < 0) Refuse(path, std::generic_category().message(errno));
+  if (handle < 0) RefuseToCreate(path, std::generic_category().message(errno));
   // The user's mask may have taken even his own rights away.
   fchmod(handle, kOwnerAlone);
   close(handle);
@@ -57,9 +53,9 @@ void PartialFile::Publish() const {
   std::error_code error;
   fs::create_hard_link(path_, goal_, error);
   if (!error) return;
-  if (fs::exists(fs::symlink_status(goal_))) Refuse(goal_, "el archivo ya existe");
+  if (fs::exists(fs::symlink_status(goal_))) RefuseToCreate(goal_, "el archivo ya existe");
   fs::rename(path_, goal_, error);
-  if (error) Refuse(goal_, error.message());
+  if (error) RefuseToCreate(goal_, error.message());
 }
 
 void PartialFile::RemoveAny() noexcept {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "apps/escuela/FieldValues.h"
+#include "apps/escuela/JoinedText.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/TableKinds.h"
@@ -26,12 +27,6 @@ std::size_t PlaceOf(const FieldNames& names, const std::string& name) {
   return found == names.end() ? kNowhere : static_cast<std::size_t>(found - names.begin());
 }
 
-std::string Join(std::initializer_list<std::string_view> pieces) {
-  std::string text;
-  for (const auto piece : pieces) text += piece;
-  return text;
-}
-
 void CheckColumns(const SchemaTable& table, const FieldNames& names, SchoolCheck::For whom,
                   std::vector<std::string>& findings) {
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
@@ -40,24 +35,24 @@ void CheckColumns(const SchemaTable& table, const FieldNames& names, SchoolCheck
     if (column.mark == SchemaMark::Host && whom == SchoolCheck::For::Module) continue;
     const auto place = PlaceOf(names, column.name);
     if (place == kNowhere) {
-      findings.push_back(Join({"Falta la columna ", column.name, " en la tabla ", table.name}));
+      findings.push_back(Joined({"Falta la columna ", column.name, " en la tabla ", table.name}));
     } else if (table.byPosition && column.mark != SchemaMark::FreePlace && place != i) {
       findings.push_back(
-          Join({"La columna ", column.name, " de la tabla ", table.name, " está en el lugar ",
-                std::to_string(place + 1), " y debe estar en el ", std::to_string(i + 1)}));
+          Joined({"La columna ", column.name, " de la tabla ", table.name, " está en el lugar ",
+                  std::to_string(place + 1), " y debe estar en el ", std::to_string(i + 1)}));
     }
   }
   if (table.byPosition && names.size() != table.columns.size())
-    findings.push_back(Join({"La tabla ", table.name, " tiene ", std::to_string(names.size()),
-                             " columnas y debe tener ", std::to_string(table.columns.size())}));
+    findings.push_back(Joined({"La tabla ", table.name, " tiene ", std::to_string(names.size()),
+                               " columnas y debe tener ", std::to_string(table.columns.size())}));
 }
 
 using Lines = std::vector<std::string>;
 
 /// There a name without quotes is one of small letters, and the module's bear none.
 std::string Misspelt(const std::string& what, const std::string& name) {
-  return Join({what, " «", name, "» se hizo con su nombre entre comillas, y en PostgreSQL ha de ",
-               "llamarse ", AsciiLower(name)});
+  return Joined({what, " «", name, "» se hizo con su nombre entre comillas, y en PostgreSQL ha de ",
+                 "llamarse ", AsciiLower(name)});
 }
 
 void CheckLetters(const SchemaTable& table, const FieldNames& names, Lines& findings) {
@@ -73,7 +68,7 @@ Lines MisspeltFindings(const Lines& tables) {
   return findings;
 }
 
-std::string Rows(std::int32_t count) {
+std::string RowCount(std::int32_t count) {
   return std::to_string(count) + (count == 1 ? " fila" : " filas");
 }
 
@@ -119,26 +114,27 @@ std::int32_t SchoolCheck::Count(const std::string& select) const {
 void SchoolCheck::FindOrphans(std::vector<std::string>& findings) const {
   for (const auto& reference : kReferences) {
     // One row without a key would be equal, perhaps, to any other, and hide all orphans.
-    auto condition = Join({reference.column, " NOT IN (SELECT ", reference.key, " FROM ",
-                           reference.target, " WHERE ", reference.key, " IS NOT NULL)"});
-    condition = reference.optional ? Join({reference.column, "<>0 AND ", condition})
-                                   : Join({"(", reference.column, " IS NULL OR ", condition, ")"});
+    auto condition = Joined({reference.column, " NOT IN (SELECT ", reference.key, " FROM ",
+                             reference.target, " WHERE ", reference.key, " IS NOT NULL)"});
+    condition = reference.optional
+                    ? Joined({reference.column, "<>0 AND ", condition})
+                    : Joined({"(", reference.column, " IS NULL OR ", condition, ")"});
     const auto count =
-        Count(Join({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", condition}));
+        Count(Joined({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", condition}));
     if (count > 0)
-      findings.push_back(Join({"Huérfanas en ", reference.table, ": ", quorvane::Rows(count),
-                               " cuyo ", reference.column, " no está en ", reference.target}));
+      findings.push_back(Joined({"Huérfanas en ", reference.table, ": ", RowCount(count), " cuyo ",
+                                 reference.column, " no está en ", reference.target}));
   }
 }
 
 void SchoolCheck::FindDoubles(std::vector<std::string>& findings) const {
   const auto find = [&](std::string_view table, std::string_view columns) {
-    const auto count = Count(Join({"SELECT COUNT(*) FROM (SELECT COUNT(*) AS Veces FROM ", table,
-                                   " GROUP BY ", columns, " HAVING COUNT(*)>1) Dobles"}));
+    const auto count = Count(Joined({"SELECT COUNT(*) FROM (SELECT COUNT(*) AS Veces FROM ", table,
+                                     " GROUP BY ", columns, " HAVING COUNT(*)>1) Dobles"}));
     if (count > 0)
       findings.push_back(
-          Join({"Dobles en ", table, ": ", std::to_string(count),
-                count == 1 ? " valor repetido" : " valores repetidos", " de ", columns}));
+          Joined({"Dobles en ", table, ": ", std::to_string(count),
+                  count == 1 ? " valor repetido" : " valores repetidos", " de ", columns}));
   };
   for (const auto& unique : kUniques) find(unique.table, unique.columns);
   // A school from elsewhere may lack the primary keys.
@@ -153,13 +149,13 @@ std::vector<std::string> SchoolCheck::Rows() const {
   FindOrphans(findings);
   const auto misplaced = [&](std::string_view table, std::string_view wrong,
                              std::string_view kind) {
-    const auto count =
-        Count(Join({"SELECT COUNT(*) FROM ", table,
-                    " WHERE CodNumEvaluacion IN (SELECT IDNumEvaluacion FROM NumEvaluacion WHERE ",
-                    wrong, ")"}));
+    const auto count = Count(
+        Joined({"SELECT COUNT(*) FROM ", table,
+                " WHERE CodNumEvaluacion IN (SELECT IDNumEvaluacion FROM NumEvaluacion WHERE ",
+                wrong, ")"}));
     if (count > 0)
-      findings.push_back(Join(
-          {"Fuera de lugar en ", table, ": ", quorvane::Rows(count), " de una evaluación ", kind}));
+      findings.push_back(Joined(
+          {"Fuera de lugar en ", table, ": ", RowCount(count), " de una evaluación ", kind}));
   };
   misplaced("EvaluacionPte", "Final<>0", "final");
   misplaced("EvaluacionActaPte", "Final=0", "ordinaria");

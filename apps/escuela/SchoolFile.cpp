@@ -8,6 +8,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/PartialFile.h"
+#include "apps/escuela/Refusal.h"
 #include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/Transaction.h"
 #include "frame/schema/SchoolSchema.h"
@@ -18,10 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void RefuseFile(const std::string& path, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed, "No se puede crear " + path + ": " + reason);
-}
-
 constexpr std::size_t kLongestEnding = 8;
 constexpr std::size_t kLongestName = 255;
 constexpr std::size_t kPartialName = 20;
@@ -29,13 +26,13 @@ constexpr std::size_t kPartialName = 20;
 /// The engine has to find room for the names of its journals beside the school's.
 void RequireShortName(const std::string& path) {
   if (fs::path(path).filename().string().size() > kLongestName - kLongestEnding)
-    RefuseFile(path, "el nombre es demasiado largo: se admiten " +
-                         std::to_string(kLongestName - kLongestEnding) + " bytes");
+    RefuseToCreate(path, "el nombre es demasiado largo: se admiten " +
+                             std::to_string(kLongestName - kLongestEnding) + " bytes");
   std::error_code ignored;
   // What is written to meanwhile may have the longer name.
   const auto most = PartialFile::kLongestPath - kLongestEnding - kPartialName;
   if (fs::absolute(path, ignored).string().size() > most)
-    RefuseFile(
+    RefuseToCreate(
         path, "la ruta completa es demasiado larga: se admiten " + std::to_string(most) + " bytes");
 }
 
@@ -44,10 +41,10 @@ void RequireWritableFolder(const std::string& path) {
   const auto named = fs::path(path).parent_path();
   const auto folder = named.empty() ? fs::path(".") : named;
   std::error_code error;
-  if (!fs::is_directory(folder, error)) RefuseFile(path, "la carpeta no existe");
+  if (!fs::is_directory(folder, error)) RefuseToCreate(path, "la carpeta no existe");
   if (access(folder.c_str(), W_OK) == 0) return;
-  RefuseFile(path, errno == EROFS ? "el disco es de solo lectura"
-                                  : "no tiene permiso para escribir en la carpeta");
+  RefuseToCreate(path, errno == EROFS ? "el disco es de solo lectura"
+                                      : "no tiene permiso para escribir en la carpeta");
 }
 
 /// A failure of the engine's names the file that was given, rather than one that nobody knows of.
@@ -58,8 +55,8 @@ void OpenPartial(sqlite::SqliteConnection& school, const PartialFile& partial,
   } catch (const RuntimeError& error) {
     const auto text = error.Description();
     const auto name = text.find(partial.Path());
-    RefuseFile(path,
-               name == std::string::npos ? text : text.substr(name + partial.Path().size() + 2));
+    RefuseToCreate(
+        path, name == std::string::npos ? text : text.substr(name + partial.Path().size() + 2));
   }
 }
 
@@ -68,7 +65,7 @@ void OpenPartial(sqlite::SqliteConnection& school, const PartialFile& partial,
 void MakeSchoolFile(const std::string& path, const std::function<void(Connection& school)>& fill,
                     const std::function<void()>& goOn) {
   std::error_code error;
-  if (fs::exists(fs::symlink_status(path, error))) RefuseFile(path, "el archivo ya existe");
+  if (fs::exists(fs::symlink_status(path, error))) RefuseToCreate(path, "el archivo ya existe");
   RequireShortName(path);
   RequireWritableFolder(path);
   const PartialFile partial(path);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "apps/quorvane-escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"
@@ -10,14 +11,9 @@
 namespace quorvane {
 namespace {
 
-constexpr auto kPatience = std::chrono::seconds(2);
 constexpr std::size_t kMostShown = 1000;
 
-std::string Counted(std::size_t count, const char* one, const char* many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
-}
-
-void Print(std::ostream& out, const std::vector<std::string>& lines) {
+void PrintSome(std::ostream& out, const std::vector<std::string>& lines) {
   const auto shown = std::min(lines.size(), kMostShown);
   for (std::size_t i = 0; i < shown; ++i) out << VisibleText(lines[i]) << '\n';
   if (shown < lines.size()) out << "… y otras " << lines.size() - shown << " líneas\n";
@@ -28,7 +24,7 @@ void Print(std::ostream& out, const std::vector<std::string>& lines) {
 int Import(const SchoolAddress& address, const std::string& file, const ImportOptions& options) {
   ImportReport report;
   UnlessStopped([&] {
-    const ProgressLine progress("Importando", kPatience);
+    const ProgressLine progress("Importando", ProgressLine::kPatience);
     report = ImportRegister(address, file, options, [&](std::size_t done, std::size_t all) {
       RequireGoing();
       progress.Percent(done, all);
@@ -36,10 +32,10 @@ int Import(const SchoolAddress& address, const std::string& file, const ImportOp
     return 0;
   });
   const auto fits = report.misfits.empty();
-  if (options.simulate) Print(std::cout, report.lines);
+  if (options.simulate) PrintSome(std::cout, report.lines);
   if (!fits) {
     std::cout << "No encajan:\n";
-    Print(std::cout, report.misfits);
+    PrintSome(std::cout, report.misfits);
   }
   if (report.written)
     std::cout << "Importadas " << Counted(report.subjects, "materia", "materias") << " de "

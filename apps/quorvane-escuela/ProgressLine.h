@@ -9,6 +9,9 @@ namespace quorvane {
 /// Shows how far a long task has come, on a terminal alone: a log has no use for it.
 class ProgressLine {
  public:
+  /// A task that is over sooner needs no line.
+  static constexpr std::chrono::seconds kPatience{2};
+
   /// `doing` is what the task is called: "Generando". Nothing is shown before `patience` is over.
   explicit ProgressLine(std::string doing, std::chrono::milliseconds patience = {});
   ~ProgressLine();

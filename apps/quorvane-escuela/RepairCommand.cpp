@@ -2,16 +2,13 @@
 
 #include <iostream>
 
+#include "apps/quorvane-escuela/Counted.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
-
-std::string Counted(std::size_t count, const char* one, const char* many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
-}
 
 /// Rows that nobody could put back must not go.
 void Tell(const RepairReport& report, const SchoolAddress& address, bool simulated) {

@@ -13,6 +13,7 @@
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
+#include "apps/quorvane-escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"
@@ -20,8 +21,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr auto kPatience = std::chrono::seconds(2);
 
 std::string NameOf(const SchoolAddress& address) {
   if (!address.IsOdbc()) return std::filesystem::path(address.Text()).stem().string();
@@ -38,13 +37,9 @@ std::string Printed(const std::string& date) {
 
 bool Ends(const std::string& text, const std::string& ending) { return text.ends_with(ending); }
 
-std::string Text(const SectionReport& report, bool blank, bool csv) {
+std::string DocumentText(const SectionReport& report, bool blank, bool csv) {
   if (csv) return blank ? BlankSheetCsv(report) : ReportCsv(report);
   return blank ? BlankSheetHtml(report) : ReportHtml(report);
-}
-
-std::string Counted(std::size_t count) {
-  return std::to_string(count) + (count == 1 ? " alumno" : " alumnos");
 }
 
 /// The files that have been written, which go again with a folder that was made for them unless
@@ -87,7 +82,7 @@ int WriteAll(const ReportReader& reader, const ReportOptions& options) {
   if (error)
     throw RuntimeError(ErrorNumber::StatementFailed,
                        "No se puede escribir en " + options.output + ": " + error.message());
-  const ProgressLine progress("Escribiendo", kPatience);
+  const ProgressLine progress("Escribiendo", ProgressLine::kPatience);
   std::set<std::string> names;
   std::size_t done = 0;
   for (const auto& [section, name] : sections) {
@@ -95,7 +90,7 @@ int WriteAll(const ReportReader& reader, const ReportOptions& options) {
     if (!names.insert(file).second) file += "-" + std::to_string(section);
     file += options.csv ? ".csv" : ".html";
     try {
-      files.Write(file, Text(reader.Section(section), options.blank, options.csv));
+      files.Write(file, DocumentText(reader.Section(section), options.blank, options.csv));
     } catch (const RuntimeError& failure) {
       std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(failure.Description())
                 << '\n';
@@ -138,9 +133,10 @@ int Write(const SchoolAddress& address, const ReportOptions& options) {
                           ? reader.Section(reader.FindSection(options.section), options.student)
                           : reader.Subject(reader.FindSubject(options.subject));
   RequireGoing();
-  WriteNewFile(options.output, Text(report, options.blank, Ends(options.output, ".csv")));
-  std::cout << "Escrito " << Told(options.output) << ": " << Counted(report.students.size())
-            << " de " << VisibleText(report.title) << '\n';
+  WriteNewFile(options.output, DocumentText(report, options.blank, Ends(options.output, ".csv")));
+  std::cout << "Escrito " << Told(options.output) << ": "
+            << Counted(report.students.size(), "alumno", "alumnos") << " de "
+            << VisibleText(report.title) << '\n';
   return 0;
 }
 

@@ -5,7 +5,6 @@
 namespace quorvane::zendria {
 namespace {
 
-constexpr auto kWhole = 100;
 constexpr QMargins kRound(2, 3, 2, 3);
 
 }  // namespace

@@ -9,7 +9,9 @@ class BarDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  /// The part, from 0 to 100, of a cell's data.
+  /// What is all of it.
+  static constexpr int kWhole = 100;
+  /// The part, from 0 to `kWhole`, of a cell's data.
   static constexpr int kPercentRole = Qt::UserRole + 10;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,

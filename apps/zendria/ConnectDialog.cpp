@@ -17,7 +17,7 @@ namespace quorvane::zendria {
 namespace {
 
 constexpr int kLastPort = 65535;
-constexpr QSize kFirstSize(560, 330);
+constexpr QSize kConnectSize(560, 330);
 
 }  // namespace
 
@@ -53,7 +53,7 @@ ConnectDialog::ConnectDialog(const QString& connectionString, Trial trial, QWidg
   });
   FollowKind();
   follow();
-  TakeFirstSize(*this, kFirstSize);
+  TakeFirstSize(*this, kConnectSize);
 }
 
 void ConnectDialog::LayOut() {

@@ -7,11 +7,12 @@
 #include <QStringList>
 
 #include "apps/zendria/GradesToCopy.h"
+#include "apps/zendria/OneLine.h"
 
 namespace quorvane::zendria {
 namespace {
 
-constexpr QSize kFirstSize(760, 360);
+constexpr QSize kDraftSize(760, 360);
 
 QString Since(const QDateTime& when) {
   const auto hour = when.toString("H:mm");
@@ -60,24 +61,19 @@ QString More(const DraftCount& count) {
   return lines.join(u'\n');
 }
 
-QString OneLine(const std::string& text) {
-  const auto line = QString::fromStdString(text).simplified();
-  return line.isEmpty() ? QStringLiteral("(en blanco)") : line;
-}
-
 QString WhyLeft(const LeftCell& left) {
   switch (left.why) {
     case LeftCell::Why::Gone:
       return "ya no está";
     case LeftCell::Why::NotOffered:
-      return "esa nota ya no se ofrece; ahora: " + OneLine(left.now);
+      return "esa nota ya no se ofrece; ahora: " + OneLineGrade(left.now);
     default:
-      return "ahora: " + OneLine(left.now);
+      return "ahora: " + OneLineGrade(left.now);
   }
 }
 
-QPushButton* Add(QMessageBox& box, const QString& text, QMessageBox::ButtonRole role,
-                 const char* name) {
+QPushButton* AddButton(QMessageBox& box, const QString& text, QMessageBox::ButtonRole role,
+                       const char* name) {
   auto* const button = box.addButton(text, role);
   button->setObjectName(name);
   return button;
@@ -106,12 +102,12 @@ DraftAnswer AskForDraft(QWidget* parent, const DraftCount& count) {
         putting ? (one ? "¿Ponerla?" : "¿Ponerlas?") : (one ? "¿Verla?" : "¿Verlas?");
     box.setText(Found(asked, count.when) + ' ' + question);
     box.setInformativeText(More(count));
-    put = Add(box, putting ? (one ? "&Ponerla" : "&Ponerlas") : (one ? "&Verla" : "&Verlas"),
-              QMessageBox::AcceptRole, "ponerlas");
+    put = AddButton(box, putting ? (one ? "&Ponerla" : "&Ponerlas") : (one ? "&Verla" : "&Verlas"),
+                    QMessageBox::AcceptRole, "ponerlas");
   }
-  const auto* const drop = Add(box, one ? "&Descartarla" : "&Descartarlas",
-                               QMessageBox::DestructiveRole, "descartarlas");
-  auto* const later = Add(box, "Ahora &no", QMessageBox::RejectRole, "ahoraNo");
+  const auto* const drop = AddButton(box, one ? "&Descartarla" : "&Descartarlas",
+                                     QMessageBox::DestructiveRole, "descartarlas");
+  auto* const later = AddButton(box, "Ahora &no", QMessageBox::RejectRole, "ahoraNo");
   box.setDefaultButton(put == nullptr ? later : put);
   box.setEscapeButton(later);
   box.exec();
@@ -124,7 +120,8 @@ QString LeftCellsText(const std::vector<LeftCell>& cells) {
   for (const auto& left : cells) {
     const auto& cell = left.cell;
     lines.append(QStringList{OneLine(cell.studentText), OneLine(cell.subjectText),
-                             OneLine(cell.columnText), "suya: " + OneLine(cell.text), WhyLeft(left)}
+                             OneLine(cell.columnText), "suya: " + OneLineGrade(cell.text),
+                             WhyLeft(left)}
                      .join(u'\t'));
   }
   return lines.join(u'\n') + u'\n';
@@ -139,7 +136,7 @@ void ShowLeftCells(QWidget* parent, const std::vector<LeftCell>& cells) {
       "dejado como están. A la izquierda, lo que usted había puesto; a la derecha, lo que hay "
       "ahora. Si vale lo suyo, póngalo de nuevo.");
   hint->setWordWrap(true);
-  LayOutGradesToCopy(dialog, hint, LeftCellsText(cells), kFirstSize);
+  LayOutGradesToCopy(dialog, hint, LeftCellsText(cells), kDraftSize);
   dialog.exec();
 }
 

@@ -15,7 +15,7 @@ namespace {
 using Why = LeftCell::Why;
 
 /// Where a cell stands; the form has no such row for -1.
-int RowOf(const Retivo& grid, const std::string& key) {
+int GridRow(const Retivo& grid, const std::string& key) {
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
     if (grid.TextMatrix(row, grid.Cols() - 1) == key) return row;
   return -1;
@@ -43,7 +43,7 @@ class Hand {
     const auto entry = form_->WalkEntry(cell);
     if (entry < 0 || cell.column >= grid_.Cols()) return -1;
     if (walk_.ListIndex() != entry) walk_.ListIndex(entry);
-    return RowOf(grid_, form_->RowKey(cell));
+    return GridRow(grid_, form_->RowKey(cell));
   }
   void WalkBack() {
     if (walk_.ListIndex() != first_) walk_.ListIndex(first_);

@@ -28,8 +28,8 @@ QString TextOf(const RescuedGrades& rescued) {
   return which + " en este fichero:\n" + rescued.file + "\n\n";
 }
 
-void Run(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& more,
-         const QString& details = {}, const RescuedGrades* rescued = nullptr) {
+void RunBox(QWidget* parent, QMessageBox::Icon icon, const QString& text, const QString& more,
+            const QString& details = {}, const RescuedGrades* rescued = nullptr) {
   QMessageBox box(icon, "Zendria Escuela", text, QMessageBox::NoButton, parent);
   box.setObjectName("aviso");
   box.setTextFormat(Qt::PlainText);
@@ -51,7 +51,7 @@ QString FailureHeading(const Failure& failure) {
 }
 
 void ShowProblem(QWidget* parent, const Failure& failure) {
-  Run(parent, QMessageBox::Critical, FailureHeading(failure), Advice(failure));
+  RunBox(parent, QMessageBox::Critical, FailureHeading(failure), Advice(failure));
 }
 
 void ShowFailure(QWidget* parent, const Failure& failure, const RescuedGrades* rescued,
@@ -66,8 +66,8 @@ void ShowFailure(QWidget* parent, const Failure& failure, const RescuedGrades* r
   const QString locks =
       "\n\nSi estaba introduciendo notas, sus materias pueden haber quedado bloqueadas: véalas en "
       "el menú Ver, Publicaciones y bloqueos.";
-  Run(parent, QMessageBox::Critical, FailureHeading(failure),
-      kept + grades + Advice(failure) + locks, details, rescued);
+  RunBox(parent, QMessageBox::Critical, FailureHeading(failure),
+         kept + grades + Advice(failure) + locks, details, rescued);
 }
 
 void ShowSchoolError(QWidget* parent, const SchoolError& error) {
@@ -77,7 +77,7 @@ void ShowSchoolError(QWidget* parent, const SchoolError& error) {
     missing = missing.mid(0, kMissingShown);
     missing.append(QStringLiteral("… y %1 más.").arg(more));
   }
-  Run(parent, QMessageBox::Warning, error.Why(), missing.join(u'\n'));
+  RunBox(parent, QMessageBox::Warning, error.Why(), missing.join(u'\n'));
 }
 
 }  // namespace quorvane::zendria

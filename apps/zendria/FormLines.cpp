@@ -10,6 +10,7 @@
 #include "apps/zendria/EmptyLists.h"
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/HeldSubjects.h"
+#include "apps/zendria/OneLine.h"
 #include "apps/zendria/School.h"
 #include "apps/zendria/StepOneLists.h"
 #include "platform/RuntimeError.h"
@@ -23,11 +24,9 @@ namespace {
 
 constexpr auto kBetween = " · ";
 
-QString Text(const std::string& text) { return QString::fromStdString(text).simplified(); }
-
 QString ChoiceText(const GradeSheet& sheet, std::string_view control) {
   for (const auto& choice : sheet.choices)
-    if (choice.control == control) return Text(choice.text);
+    if (choice.control == control) return OneLine(choice.text);
   return {};
 }
 
@@ -88,14 +87,14 @@ class FormLines::Teller {
   QString Walked(const GradeForm& form) {
     const auto& walk = form.Walk();
     const auto at = QStringLiteral("%1 de %2").arg(walk.ListIndex() + 1).arg(walk.ListCount());
-    const auto text = Text(walk.Text());
+    const auto text = OneLine(walk.Text());
     const auto& grid = form.Grid();
     const auto rows = grid.Row() >= grid.FixedRows() && grid.Row() < grid.Rows();
     QString subject = form.WalksStudents() ? QString() : text;
     if (rows) {
       GradeCell cell;
       form.ReadPlace(cell);
-      subject = Text(cell.subjectText);
+      subject = OneLine(cell.subjectText);
       if (const auto* const taught = form.Subject(cell))
         subject = WithSection(subject, Section(taught->IDseccion));
     }

@@ -81,7 +81,7 @@ QString FileNameBegin(const DraftOwner& owner, const GradeSheet& sheet) {
   return Digest(QJsonDocument(Identity(owner, sheet)).toJson(QJsonDocument::Compact));
 }
 
-std::optional<GradeCell> CellOf(const QJsonValue& value) {
+std::optional<GradeCell> CellFrom(const QJsonValue& value) {
   if (!value.isObject()) return std::nullopt;
   const auto object = value.toObject();
   GradeCell cell;
@@ -136,7 +136,7 @@ std::optional<GradeDraft> ReadDraft(const QByteArray& content, const DraftOwner&
                    MarkOf(object["programa"].toObject())};
   if (!draft.when.isValid()) return std::nullopt;
   for (const auto& value : object["celdas"].toArray()) {
-    auto cell = CellOf(value);
+    auto cell = CellFrom(value);
     if (!cell) return std::nullopt;
     draft.cells.push_back(*std::move(cell));
   }

@@ -30,7 +30,7 @@ QString Joined(const std::string& name, const std::string& course, const std::st
   return place.isEmpty() ? subject : QStringLiteral("%1 (%2)").arg(subject, place);
 }
 
-QString Line(const HeldSubject& held) {
+QString HeldLine(const HeldSubject& held) {
   if (held.own)
     return held.subject +
            ": la tiene abierta usted mismo en otra ventana, o quedó bloqueada al cortarse el "
@@ -118,7 +118,7 @@ QString HeldText(const std::vector<HeldSubject>& held) {
   if (held.empty()) return {};
   QStringList lines;
   for (std::size_t at = 0; at < std::min(held.size(), kMostTold); ++at)
-    lines.append(Line(held[at]) + '.');
+    lines.append(HeldLine(held[at]) + '.');
   if (held.size() > kMostTold)
     lines.append(QStringLiteral("Y %1 más (menú Ver, Publicaciones y bloqueos).")
                      .arg(held.size() - kMostTold));

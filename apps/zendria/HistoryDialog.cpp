@@ -11,27 +11,26 @@
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/BlankCells.h"
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/OneLine.h"
 #include "apps/zendria/TextFolding.h"
 
 namespace quorvane::zendria {
 namespace {
 
 constexpr auto kDaysShown = 30;
-constexpr auto kMostShown = 2000;
+constexpr auto kMostChangesShown = 2000;
 constexpr auto kFirstYear = 2000;
-
-QString Text(const std::string& text) { return QString::fromStdString(text); }
 
 /// The moment by this computer's clock; invalid where the text tells none.
 QDateTime Moment(const std::string& utc) {
-  auto moment = QDateTime::fromString(Text(utc), "yyyy-MM-dd HH:mm:ss.zzz");
+  auto moment = QDateTime::fromString(OneLine(utc), "yyyy-MM-dd HH:mm:ss.zzz");
   moment.setTimeSpec(Qt::UTC);
   return moment.toLocalTime();
 }
 
 QString MomentText(const std::string& utc) {
   const auto moment = Moment(utc);
-  return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : Text(utc);
+  return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : OneLine(utc);
 }
 
 /// The days in UTC that those of this computer's clock reach into: a filter has whole days alone.
@@ -60,7 +59,7 @@ HistoryDialog::HistoryDialog(Connection& school, const HistoryFilter& of, const 
     for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion FROM NumEvaluacion ORDER "
                                      "BY Final DESC, Orden");
          !rows.Eof(); rows.MoveNext())
-      evaluation_.addItem(Text(rows.Fields(1).Text()), rows.Fields(0).Long());
+      evaluation_.addItem(OneLine(rows.Fields(1).Text()), rows.Fields(0).Long());
   });
   Read();
   for (auto* const field : {&from_, &to_})
@@ -161,20 +160,21 @@ void HistoryDialog::Show() {
   QList<QTreeWidgetItem*> items;
   auto passing = 0;
   for (auto at = changes_.rbegin(); at != changes_.rend(); ++at) {
-    const auto user = at->user.empty() ? QString("—") : Text(at->user);
+    const auto user = at->user.empty() ? QString("—") : OneLine(at->user);
     const QStringList cells = {
-        MomentText(at->moment), Text(at->student), Text(at->subject), Text(at->evaluation),
-        Text(at->column),       Text(at->before),  Text(at->after),   user};
+        MomentText(at->moment), OneLine(at->student), OneLine(at->subject), OneLine(at->evaluation),
+        OneLine(at->column),    OneLine(at->before),  OneLine(at->after),   user};
     if (!HoldsWords(Folded(cells.join(' ')), words)) continue;
-    if (++passing <= kMostShown) items.append(new QTreeWidgetItem(cells));
+    if (++passing <= kMostChangesShown) items.append(new QTreeWidgetItem(cells));
   }
   list_.addTopLevelItems(items);
   NameBlankCells(list_);
   for (int i = 0; i < list_.columnCount(); ++i) list_.resizeColumnToContents(i);
-  notice_.setText(!off_.isEmpty() ? off_
-                  : passing > kMostShown
-                      ? QStringLiteral("Los últimos %1 de %2 cambios").arg(kMostShown).arg(passing)
-                      : QStringLiteral("%1 cambios").arg(passing));
+  notice_.setText(
+      !off_.isEmpty() ? off_
+      : passing > kMostChangesShown
+          ? QStringLiteral("Los últimos %1 de %2 cambios").arg(kMostChangesShown).arg(passing)
+          : QStringLiteral("%1 cambios").arg(passing));
 }
 
 }  // namespace quorvane::zendria

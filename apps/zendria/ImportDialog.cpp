@@ -13,10 +13,10 @@
 namespace quorvane::zendria {
 namespace {
 
-constexpr std::size_t kMostShown = 1000;
+constexpr std::size_t kMostLinesShown = 1000;
 
-void Add(QListWidget& list, const std::vector<std::string>& lines, bool misfits) {
-  for (std::size_t i = 0; i < lines.size() && i < kMostShown; ++i) {
+void AddLines(QListWidget& list, const std::vector<std::string>& lines, bool misfits) {
+  for (std::size_t i = 0; i < lines.size() && i < kMostLinesShown; ++i) {
     auto* const item = new QListWidgetItem(QString::fromStdString(lines[i]), &list);
     if (!misfits) continue;
     auto font = item->font();
@@ -24,8 +24,8 @@ void Add(QListWidget& list, const std::vector<std::string>& lines, bool misfits)
     item->setFont(font);
     item->setText("No encaja. " + item->text());
   }
-  if (lines.size() > kMostShown)
-    list.addItem(QStringLiteral("… y otras %1").arg(lines.size() - kMostShown));
+  if (lines.size() > kMostLinesShown)
+    list.addItem(QStringLiteral("… y otras %1").arg(lines.size() - kMostLinesShown));
 }
 
 }  // namespace
@@ -96,8 +96,8 @@ void ImportDialog::Choose(const QString& file) {
     ImportOptions options;
     options.simulate = true;
     const auto report = ImportRegister(school_, file.toStdString(), options);
-    Add(list_, report.misfits, true);
-    Add(list_, report.lines, false);
+    AddLines(list_, report.misfits, true);
+    AddLines(list_, report.lines, false);
     fits_ = report.misfits.empty();
     fitting_ = static_cast<int>(report.lines.size());
     notice_.setText(QStringLiteral("%1 líneas encajan, %2 no")
@@ -121,8 +121,8 @@ void ImportDialog::Import() {
       }))
     return;
   list_.clear();
-  Add(list_, report.misfits, true);
-  Add(list_, report.lines, false);
+  AddLines(list_, report.misfits, true);
+  AddLines(list_, report.lines, false);
   notice_.setText(report.written ? QStringLiteral("Importadas %1 materias de %2 alumnos; %3 ya "
                                                   "estaban; %4 profesores puestos")
                                        .arg(report.subjects)

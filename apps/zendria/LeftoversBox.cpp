@@ -41,7 +41,7 @@ QString HolderText(const Left& left) {
   }
 }
 
-QString Line(const Left& left) {
+QString LeftLine(const Left& left) {
   return QStringLiteral("%1, %2%3. %4")
       .arg(left.publication.id)
       .arg(QString::fromStdString(left.publication.evaluation), Subjects(left.publication),
@@ -52,7 +52,7 @@ QString Line(const Left& left) {
 
 QString LeftoversText(const std::vector<Left>& left) {
   QStringList lines;
-  for (const auto& one : left) lines.append(Line(one));
+  for (const auto& one : left) lines.append(LeftLine(one));
   return lines.join(u'\n');
 }
 

@@ -43,7 +43,7 @@ constexpr auto kDraftFolder = "/borradores";
 constexpr auto kManualKey = "F1";
 constexpr auto kLocksKey = "Ctrl+B";
 constexpr auto kStatementsKey = "Ctrl+T";
-constexpr QSize kFirstSize(860, 560);
+constexpr QSize kMainSize(860, 560);
 
 QString RecentTitle(const QString& place) {
   return QString::fromStdString(AddressOf(place).Shown());
@@ -94,7 +94,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   screen_.KeepSize = [&preferences](const qt::FormWindow& form, QSize twips) {
     preferences.KeepFormSize(form.objectName(), *form.screen(), twips);
   };
-  if (!preferences_.Restore(kGeometry, *this)) TakeFirstSize(*this, kFirstSize);
+  if (!preferences_.Restore(kGeometry, *this)) TakeFirstSize(*this, kMainSize);
   ShowSession();
   welcome_.setFocus();
 }
@@ -392,7 +392,7 @@ StatementWindow& MainWindow::ShowStatements() {
 void MainWindow::ForgetSizes() {
   preferences_.ForgetSizes();
   showNormal();
-  TakeFirstSize(*this, kFirstSize);
+  TakeFirstSize(*this, kMainSize);
   if (statements_ != nullptr) TakeFirstSize(*statements_, StatementWindow::kFirstSize);
   statusBar()->showMessage("Las ventanas vuelven a tener su tamaño de origen.");
 }

@@ -1,8 +1,6 @@
 #include "apps/zendria/NodeRunner.h"
 
-#include <algorithm>
-#include <initializer_list>
-
+#include "apps/zendria/HoldsAny.h"
 #include "frame/cAsignarDatos.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/FormInstances.h"
@@ -16,11 +14,6 @@ Failure CleanUp(Failure failure) {
   FormInstances::DropAll();
   Application::Instance().Screen().MousePointer(Pointer::Default);
   return failure;
-}
-
-bool HoldsAny(const QString& text, std::initializer_list<const char*> parts) {
-  return std::any_of(parts.begin(), parts.end(),
-                     [&text](const char* part) { return text.contains(part); });
 }
 
 constexpr auto kLost =

@@ -1,5 +1,6 @@
 #include "apps/zendria/OversightMenu.h"
 
+#include "apps/escuela/state/MayGrade.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/HistoryDialog.h"
 #include "apps/zendria/ImportDialog.h"
@@ -9,8 +10,6 @@
 
 namespace quorvane::zendria {
 namespace {
-
-constexpr std::int32_t kNobody = -1;  // a number that no row bears
 
 /// The user's row in `Personal`; 0 for none.
 std::int32_t StaffOf(Connection& school, const User& user) {

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "apps/zendria/ClassName.h"
+#include "apps/zendria/OneLine.h"
 #include "apps/zendria/StepOneLists.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Form.h"
@@ -12,8 +13,6 @@
 
 namespace quorvane::zendria {
 namespace {
-
-QString Text(const std::string& text) { return QString::fromStdString(text).simplified(); }
 
 /// What the label before a control calls it, without mnemonic, mark and colon.
 QString NameOf(const Control& control) {
@@ -28,7 +27,7 @@ QString NameOf(const Control& control) {
                    (label->Top() == nearest->Top() && label->Left() > nearest->Left())))
       nearest = label;
   }
-  auto name = nearest == nullptr ? QString() : Text(nearest->Caption());
+  auto name = nearest == nullptr ? QString() : OneLine(nearest->Caption());
   name.remove(u'&').remove("(*)");
   if (name.endsWith(u':')) name.chop(1);
   return name.trimmed();
@@ -38,7 +37,7 @@ QString NameOf(const Control& control) {
 QString ClassOfRegister() {
   if (!FormInstance<frmPendientes>::Exists()) return {};
   const auto& chosen = FormInstance<frmPendientes>::Get();
-  return ClassName(Text(chosen.cboCurso.Text()), Text(chosen.cboSeccion.Text()));
+  return ClassName(OneLine(chosen.cboCurso.Text()), OneLine(chosen.cboSeccion.Text()));
 }
 
 /// What is chosen in step one before that list, which depends on it: of the sections the course, of
@@ -49,7 +48,7 @@ QString ChosenBefore(const Control& list) {
        {"cboTipoEnsenanza", "cboCursos", "cboSecciones", "cboEvaluaciones"}) {
     if (list.Name() == name) break;
     const auto* const combo = dynamic_cast<const ComboBox*>(list.Owner().Find(name));
-    chosen.append(combo == nullptr || combo->ListIndex() < 0 ? QString() : Text(combo->Text()));
+    chosen.append(combo == nullptr || combo->ListIndex() < 0 ? QString() : OneLine(combo->Text()));
   }
   QStringList parts{ClassName(chosen.value(1), chosen.value(2)), chosen.value(3)};
   parts.removeAll(QString());
@@ -63,7 +62,7 @@ std::optional<Sheet> PaperSheet(const Control& control, const QString& place) {
   auto sheet = SheetOf(control, name);
   if (!sheet) return std::nullopt;
   const auto& form = control.Owner();
-  sheet->title = Text(form.Caption());
+  sheet->title = OneLine(form.Caption());
   if (place.isEmpty())
     sheet->lines = {StepOneListsOf(form) ? ChosenBefore(control) : ClassOfRegister(), name};
   else

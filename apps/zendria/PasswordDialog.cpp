@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::chrono::seconds kSecond(1);
 
-QString Text(std::chrono::seconds time) {
+QString DurationText(std::chrono::seconds time) {
   const auto seconds = static_cast<int>(time.count());
   if (seconds == 1) return "1 segundo";
   return QStringLiteral("%1 segundos").arg(seconds);
@@ -84,7 +84,7 @@ void PasswordDialog::Follow() {
   auto text = failed_ ? QStringLiteral("El usuario o la contraseña no son correctos.") : QString();
   if (left.count() > 0) {
     if (text.isEmpty()) text = "Ha habido demasiados intentos.";
-    text += " Espere " + Text(left) + ".";
+    text += " Espere " + DurationText(left) + ".";
     second_.start(kSecond);
   } else {
     second_.stop();

@@ -2,18 +2,16 @@
 
 #include <QStringList>
 
+#include "apps/zendria/OneLine.h"
+
 namespace quorvane::zendria {
 namespace {
 
 constexpr qsizetype kLongestName = 60;
 
-QString OneLine(const QString& text) { return text.simplified(); }
-QString OneLine(const std::string& text) { return OneLine(QString::fromStdString(text)); }
-
 QString CellLine(const GradeCell& cell) {
-  const auto text = OneLine(cell.text);
   return QStringList{OneLine(cell.studentText), OneLine(cell.subjectText), OneLine(cell.columnText),
-                     text.isEmpty() ? QStringLiteral("(en blanco)") : text}
+                     OneLineGrade(cell.text)}
       .join(u'\t');
 }
 
@@ -22,13 +20,13 @@ QString CellLine(const GradeCell& cell) {
 QString RescueText(const RescueHeading& heading, const GradeSheet& sheet,
                    const std::vector<GradeCell>& cells, bool certain) {
   QStringList lines{
-      "Notas sin guardar", "Escuela: " + OneLine(heading.school),
-      QStringLiteral("Pantalla: %1 (%2)").arg(OneLine(heading.screen), OneLine(sheet.form))};
+      "Notas sin guardar", "Escuela: " + heading.school.simplified(),
+      QStringLiteral("Pantalla: %1 (%2)").arg(heading.screen.simplified(), OneLine(sheet.form))};
   for (const auto& choice : sheet.choices)
     lines.append(QString::fromStdString(choice.label) + ": " + OneLine(choice.text));
-  lines.append("Usuario: " + OneLine(heading.user));
+  lines.append("Usuario: " + heading.user.simplified());
   lines.append("Fecha: " + heading.when.toString("dd/MM/yyyy hh:mm:ss"));
-  lines.append(OneLine(heading.failure));
+  lines.append(heading.failure.simplified());
   if (!certain)
     lines.append(
         "No se ha podido leer la base de datos para comprobarlo: alguna de estas notas puede "

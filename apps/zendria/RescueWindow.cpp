@@ -8,7 +8,7 @@
 namespace quorvane::zendria {
 namespace {
 
-constexpr QSize kFirstSize(760, 460);
+constexpr QSize kRescueSize(760, 460);
 
 }  // namespace
 
@@ -21,7 +21,7 @@ RescueWindow::RescueWindow(const RescuedGrades& rescued, QWidget* parent) : QDia
   file->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   file->setWordWrap(true);
   file->setVisible(!rescued.file.isEmpty());
-  LayOutGradesToCopy(*this, file, rescued.text, kFirstSize);
+  LayOutGradesToCopy(*this, file, rescued.text, kRescueSize);
 }
 
 }  // namespace quorvane::zendria

@@ -25,7 +25,7 @@ void Enlarge(QLabel& label, double factor) {
   label.setFont(font);
 }
 
-QLabel* Named(QLabel& label, const char* name) {
+QLabel* WithName(QLabel& label, const char* name) {
   label.setObjectName(name);
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
@@ -46,23 +46,23 @@ SchoolPage::SchoolPage(ScreenCatalogue screens, QWidget* parent)
   Enlarge(school_, 1.4);
   Enlarge(title_, 1.2);
 
-  session_->addRow("Fichero:", Named(file_, "fichero"));
-  session_->addRow("Centro:", Named(centre_, "centro"));
-  session_->addRow("Usuario:", Named(user_, "usuario"));
-  session_->addRow("Perfil:", Named(profile_, "perfil"));
-  session_->addRow("Año escolar:", Named(year_, "año"));
-  session_->addRow("Abiertas:", Named(leftovers_, "abiertas"));
+  session_->addRow("Fichero:", WithName(file_, "fichero"));
+  session_->addRow("Centro:", WithName(centre_, "centro"));
+  session_->addRow("Usuario:", WithName(user_, "usuario"));
+  session_->addRow("Perfil:", WithName(profile_, "perfil"));
+  session_->addRow("Año escolar:", WithName(year_, "año"));
+  session_->addRow("Abiertas:", WithName(leftovers_, "abiertas"));
 
   auto* const selected = new QGroupBox;
   auto* const selectedColumn = new QVBoxLayout(selected);
-  selectedColumn->addWidget(Named(title_, "titulo"));
-  selectedColumn->addWidget(Named(description_, "descripcion"));
+  selectedColumn->addWidget(WithName(title_, "titulo"));
+  selectedColumn->addWidget(WithName(description_, "descripcion"));
   selectedColumn->addStretch(1);
   selectedColumn->addWidget(&open_, 0, Qt::AlignRight);
 
   auto* const side = new QWidget;
   auto* const column = new QVBoxLayout(side);
-  column->addWidget(Named(school_, "escuela"));
+  column->addWidget(WithName(school_, "escuela"));
   column->addLayout(session_);
   column->addSpacing(12);
   column->addWidget(selected, 1);

@@ -1,13 +1,13 @@
 #include "apps/zendria/ServerAnswer.h"
 
 #include <QStringList>
-#include <algorithm>
 #include <initializer_list>
 #include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverSettings.h"
 #include "adapters/odbc/FailureWords.h"
+#include "apps/zendria/HoldsAny.h"
 #include "apps/zendria/SchoolError.h"
 #include "apps/zendria/ServerChoice.h"
 
@@ -16,7 +16,7 @@ namespace {
 
 using About = ServerAnswer::About;
 
-constexpr qsizetype kMissingShown = 4;
+constexpr qsizetype kMissingTablesShown = 4;
 
 struct Rule {
   std::vector<const char*> signs;  ///< any of them; what stands in brackets is a driver's number
@@ -68,11 +68,6 @@ const std::vector<Rule>& Rules() {
        "técnico que le dé los permisos."},
   };
   return rules;
-}
-
-bool HoldsAny(const QString& text, const std::vector<const char*>& parts) {
-  return std::any_of(parts.begin(), parts.end(),
-                     [&text](const char* part) { return text.contains(QString::fromUtf8(part)); });
 }
 
 /// The driver's own words, without ours round them.
@@ -138,7 +133,7 @@ QString NoSchool(const QStringList& missing, const QString& database) {
                "las hace con «quorvane-escuela crear», o trae a ella una escuela que ya existe con "
                "«quorvane-escuela copiar».")
         .arg(database);
-  auto shown = missing.mid(0, kMissingShown);
+  auto shown = missing.mid(0, kMissingTablesShown);
   if (missing.size() > shown.size())
     shown.append(QStringLiteral("… y %1 más").arg(missing.size() - shown.size()));
   return QStringLiteral("La base de datos «%1» no es una escuela que este programa pueda abrir.\n")

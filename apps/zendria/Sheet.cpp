@@ -7,7 +7,7 @@ namespace quorvane::zendria {
 namespace {
 
 /// Columns without a width hold keys.
-QStringList RowOf(const Grid& grid, int row) {
+QStringList SheetRow(const Grid& grid, int row) {
   QStringList cells;
   for (int column = 0; column < grid.Cols(); ++column)
     if (grid.ColWidth(column) > 0)
@@ -17,8 +17,9 @@ QStringList RowOf(const Grid& grid, int row) {
 
 Sheet OfGrid(const Grid& grid) {
   Sheet sheet;
-  if (grid.FixedRows() > 0) sheet.headings = RowOf(grid, grid.FixedRows() - 1);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) sheet.rows.push_back(RowOf(grid, row));
+  if (grid.FixedRows() > 0) sheet.headings = SheetRow(grid, grid.FixedRows() - 1);
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+    sheet.rows.push_back(SheetRow(grid, row));
   return sheet;
 }
 

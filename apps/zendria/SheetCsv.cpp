@@ -10,7 +10,7 @@ QString Cell(QString text, QChar separator) {
   return u'"' + text.replace(u'"', "\"\"") + u'"';
 }
 
-QString Line(const QStringList& cells, QChar separator) {
+QString SheetLine(const QStringList& cells, QChar separator) {
   QStringList written;
   for (const auto& cell : cells) written.append(Cell(cell, separator));
   return written.join(separator) + "\r\n";
@@ -22,8 +22,8 @@ QChar CsvSeparator(const QLocale& locale) { return locale.decimalPoint() == "," 
 
 QByteArray CsvOf(const Sheet& sheet, QChar separator) {
   QString text(QChar::ByteOrderMark);
-  if (!sheet.headings.isEmpty()) text += Line(sheet.headings, separator);
-  for (const auto& row : sheet.rows) text += Line(row, separator);
+  if (!sheet.headings.isEmpty()) text += SheetLine(sheet.headings, separator);
+  for (const auto& row : sheet.rows) text += SheetLine(row, separator);
   return text.toUtf8();
 }
 

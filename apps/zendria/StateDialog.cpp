@@ -13,33 +13,33 @@
 #include "adapters/qt/views/ClosedListWheel.h"
 #include "adapters/qt/views/FocusBorder.h"
 #include "apps/escuela/Today.h"
+#include "apps/escuela/state/MayGrade.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/BarDelegate.h"
 #include "apps/zendria/BlankCells.h"
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/OneLine.h"
 
 namespace quorvane::zendria {
 namespace {
 
 constexpr auto kMinute = 60 * 1000;
-constexpr auto kNobody = -1;  // a number that no row bears
-constexpr auto kWhole = 100;
 
 enum Column { kName, kTeacher, kPending, kEntered, kMissing, kBar, kWindow, kInUse, kColumns };
 enum Role { kKey = Qt::UserRole, kEvaluation, kSection, kSubject, kLoaded };
 
-QString Text(const std::string& text) { return QString::fromStdString(text); }
-
 QString WindowText(const StateWindow& window) {
   if (window.from.empty() && window.to.empty()) return "Sin plazo";
-  return Text(window.from) + " a " + Text(window.to) + (window.open ? ", abierto" : ", cerrado");
+  return OneLine(window.from) + " a " + OneLine(window.to) +
+         (window.open ? ", abierto" : ", cerrado");
 }
 
 void ShowCounts(QTreeWidgetItem& item, const StateRow& row) {
   item.setText(kPending, QString::number(row.pending));
   item.setText(kEntered, QString::number(row.entered));
   item.setText(kMissing, QString::number(row.Missing()));
-  const auto percent = row.pending == 0 ? kWhole : row.entered * kWhole / row.pending;
+  const auto percent =
+      row.pending == 0 ? BarDelegate::kWhole : row.entered * BarDelegate::kWhole / row.pending;
   item.setText(kBar, QStringLiteral("%1 %").arg(percent));
   item.setData(kBar, BarDelegate::kPercentRole, percent);
   for (const auto column : {kPending, kEntered, kMissing})
@@ -189,7 +189,7 @@ void StateDialog::FitWidths(std::initializer_list<int> columns) {
 }
 
 QTreeWidgetItem* StateDialog::AddEvaluation(const SchoolState& state, std::int32_t evaluation) {
-  auto* const item = new QTreeWidgetItem(&tree_, {Text(state.EvaluationName(evaluation))});
+  auto* const item = new QTreeWidgetItem(&tree_, {OneLine(state.EvaluationName(evaluation))});
   StateRow row;
   row.evaluation = evaluation;
   Note(*item, row, QString::number(evaluation));
@@ -207,7 +207,7 @@ void StateDialog::FillSections(const SchoolState& state, const std::vector<State
     }
     AddTo(sum, row);
     ShowCounts(*evaluation, sum);
-    auto* const item = new QTreeWidgetItem(evaluation, {Text(state.SectionName(row.section))});
+    auto* const item = new QTreeWidgetItem(evaluation, {OneLine(state.SectionName(row.section))});
     Note(*item, row, QStringLiteral("%1/%2").arg(row.evaluation).arg(row.section));
     ShowCounts(*item, row);
     item->setText(kWindow, WindowText(state.Window(row.section, row.evaluation)));
@@ -224,13 +224,13 @@ void StateDialog::FillTeachers(const SchoolState& state, const std::vector<State
     auto* const top = AddEvaluation(state, evaluation.id);
     StateRow sum;
     for (const auto& [teacher, rows] : found->second) {
-      const auto name = Text(state.TeacherName(teacher));
+      const auto name = OneLine(state.TeacherName(teacher));
       auto* const item = new QTreeWidgetItem(top, {name.isEmpty() ? "Sin profesor" : name});
       StateRow his;
       for (const auto& row : rows) {
         AddTo(his, row);
-        auto* const subject = new QTreeWidgetItem(
-            item, {Text(state.SubjectName(row.subject)), Text(state.SectionName(row.section))});
+        auto* const subject = new QTreeWidgetItem(item, {OneLine(state.SubjectName(row.subject)),
+                                                         OneLine(state.SectionName(row.section))});
         Note(*subject, row,
              QStringLiteral("%1/%2/%3").arg(row.evaluation).arg(row.section).arg(row.subject));
         ShowCounts(*subject, row);
@@ -253,8 +253,8 @@ void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
   filter.evaluation = section.data(kName, kEvaluation).toInt();
   Attempt(this, [&] {
     for (const auto& row : state_->Subjects(filter, section.data(kName, kSection).toInt())) {
-      auto* const item = new QTreeWidgetItem(&section, {Text(state_->SubjectName(row.subject)),
-                                                        Text(state_->TeacherName(row.teacher))});
+      auto* const item = new QTreeWidgetItem(&section, {OneLine(state_->SubjectName(row.subject)),
+                                                        OneLine(state_->TeacherName(row.teacher))});
       Note(*item, row, KeyOf(section) + QStringLiteral("/%1").arg(row.subject));
       ShowCounts(*item, row);
     }

@@ -26,6 +26,7 @@
 #include "apps/escuela/SchoolGenerator.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/support/TempFolder.h"
 
@@ -54,7 +55,7 @@ Rows RowsOf(Connection& school, const std::string& select) {
 }
 
 /// All rows of a school's file, table by table, as they are stored.
-std::map<std::string, Rows> Content(const std::string& path) {
+std::map<std::string, Rows> RowsOf(const std::string& path) {
   sqlite::SqliteConnection school(path, "");
   school.Open();
   std::map<std::string, Rows> content;
@@ -100,11 +101,11 @@ class CopyTest : public testing::Test {
 TEST_F(CopyTest, BringsAllRowsAsTheyWere) {
   Change(from, kOdd);
   const auto copy = CopySchool(SchoolAddress::File(from), SchoolAddress::File(to), kNobody);
-  EXPECT_EQ(Content(from), Content(to));
-  EXPECT_THAT(Content(to)["Profesor_Pte"], Contains("7|8|").Times(3));
+  EXPECT_EQ(RowsOf(from), RowsOf(to));
+  EXPECT_THAT(RowsOf(to)["Profesor_Pte"], Contains("7|8|").Times(3));
   EXPECT_EQ(copy.tables.size(), SchoolTables().size());
   for (const auto& table : copy.tables)
-    EXPECT_EQ(table.rows, Content(from)[table.name].size()) << table.name;
+    EXPECT_EQ(table.rows, RowsOf(from)[table.name].size()) << table.name;
   EXPECT_THAT(copy.notCopied, IsEmpty());
   EXPECT_TRUE(copy.oneMoment);
 }
@@ -124,7 +125,7 @@ TEST_F(CopyTest, BringsManyPartsOfATable) {
               },
               [] { return false; }});
   EXPECT_EQ(last, whole);
-  EXPECT_EQ(Content(large), Content(to));
+  EXPECT_EQ(RowsOf(large), RowsOf(to));
 }
 
 TEST_F(CopyTest, NamesWhatItLeaves) {
@@ -139,11 +140,11 @@ TEST_F(CopyTest, FindsColumnsThatAreOnlyFilledByPlace) {
          "VALUES (99000,1,1,1,1,1,1,1,1,1,1,1,1,1,1,77)");
   const auto copy = CopySchool(SchoolAddress::File(from), SchoolAddress::File(to), kNobody);
   EXPECT_THAT(copy.notCopied, IsEmpty());
-  EXPECT_EQ(Content(from)["Evaluacion"], Content(to)["Evaluacion"]);
+  EXPECT_EQ(RowsOf(from)["Evaluacion"], RowsOf(to)["Evaluacion"]);
 }
 
 TEST_F(CopyTest, SeesOneMomentWhileOthersWrite) {
-  const auto before = Content(from);
+  const auto before = RowsOf(from);
   auto written = false;
   CopySchool(SchoolAddress::File(from), SchoolAddress::File(to),
              {[&](std::size_t, std::size_t) {
@@ -151,8 +152,8 @@ TEST_F(CopyTest, SeesOneMomentWhileOthersWrite) {
                 written = true;
               },
               [] { return false; }});
-  EXPECT_EQ(Content(to), before);
-  EXPECT_NE(Content(from), before);
+  EXPECT_EQ(RowsOf(to), before);
+  EXPECT_NE(RowsOf(from), before);
 }
 
 TEST_F(CopyTest, RefusesWhatIsNoSchoolAndWhatIsThere) {
@@ -238,20 +239,8 @@ TEST(CellLiteral, IsRefusedWhereItHasNoPlace) {
             "un texto con el carácter de código 0");
 }
 
-struct Outcome {
-  int status = -1;
-  std::string text;
-};
-
 Outcome Copiar(const std::string& arguments) {
-  Outcome outcome;
-  auto* const pipe = popen((QUORVANE_ESCUELA " copiar " + arguments + " 2>&1").c_str(), "r");
-  if (pipe == nullptr) return outcome;
-  std::array<char, 4096> buffer{};
-  for (std::size_t read = 0; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-    outcome.text.append(buffer.data(), read);
-  outcome.status = WEXITSTATUS(pclose(pipe));
-  return outcome;
+  return RunCommand(QUORVANE_ESCUELA " copiar " + arguments);
 }
 
 TEST_F(CopyTest, TellsTheRowsByTable) {
@@ -270,11 +259,11 @@ TEST_F(CopyTest, GoesThroughADriverToo) {
   const auto string = "'Driver=SQLite3;PWD=secreto;Database=" + to + "'";
   const auto copied = Copiar(from + " " + string);
   EXPECT_EQ(copied.status, 0) << copied.text;
-  EXPECT_EQ(Content(from), Content(to));
+  EXPECT_EQ(RowsOf(from), RowsOf(to));
   EXPECT_THAT(copied.text, Not(HasSubstr("secreto")));
   EXPECT_THAT(Copiar(from + " " + string).text, HasSubstr("ya tiene la tabla"));
   EXPECT_EQ(Copiar(string + " " + (folder / "vuelta.sqlite")).status, 0);
-  EXPECT_EQ(Content(from), Content(folder / "vuelta.sqlite"));
+  EXPECT_EQ(RowsOf(from), RowsOf(folder / "vuelta.sqlite"));
 }
 
 /// Starts the program's copy, and a while later signals it; how it ended.
@@ -357,7 +346,7 @@ TEST_F(CopyOnServer, GoesThereAndBack) {
   Change(from, kOdd);
   CopySchool(SchoolAddress::File(from), There(), kNobody);
   CopySchool(There(), SchoolAddress::File(to), kNobody);
-  EXPECT_EQ(Content(from), Content(to));
+  EXPECT_EQ(RowsOf(from), RowsOf(to));
   EXPECT_THAT(Refusal(There()), HasSubstr("ya tiene la tabla"));
 }
 
@@ -386,7 +375,7 @@ TEST_F(CopyOnServer, SeesOneMomentWhileOthersWrite) {
                 written = true;
               },
               [] { return false; }});
-  EXPECT_EQ(Content(from), Content(to));
+  EXPECT_EQ(RowsOf(from), RowsOf(to));
 }
 
 TEST_F(CopyOnServer, ASecondSignalEndsItWhereItWaits) {

@@ -16,7 +16,7 @@ Outcome Escuela(const std::string& arguments) {
   return RunCommand(QUORVANE_ESCUELA " " + arguments);
 }
 
-void Change(const std::string& path, const std::string& statement) {
+void ChangeSchool(const std::string& path, const std::string& statement) {
   Opened<sqlite::SqliteConnection> school(path, "");
   school.Execute(statement);
 }
@@ -85,14 +85,14 @@ TEST_F(ProgramTest, NeverOverwrites) {
 
 TEST_F(ProgramTest, ChecksWhatIsMissingDoubledAndOrphaned) {
   Escuela("demo " + path_);
-  Change(path_, "INSERT INTO Seccion_AlumnoPte VALUES (5,9000,0,0)");
+  ChangeSchool(path_, "INSERT INTO Seccion_AlumnoPte VALUES (5,9000,0,0)");
   auto check = Escuela("comprobar " + path_);
   EXPECT_EQ(check.status, 1);
   EXPECT_EQ(check.text,
             "Huérfanas en Seccion_AlumnoPte: 1 fila cuyo CodAlumno no está en Alumno\n"
             "Sin contraseñas: quien abre el fichero entra como cualquiera de sus usuarios\n"
             "Apta para el módulo, con avisos\n");
-  Change(path_, "DROP TABLE FechaNotas");
+  ChangeSchool(path_, "DROP TABLE FechaNotas");
   check = Escuela("comprobar " + path_);
   EXPECT_EQ(check.status, 1);
   EXPECT_EQ(check.text, "Falta la tabla FechaNotas\nNo apta para el módulo\n");

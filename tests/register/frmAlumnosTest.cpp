@@ -3,7 +3,7 @@
 namespace quorvane::test {
 namespace {
 
-const std::string kPick = kOpen + kList;
+const std::string kPickStudents = kOpen + kList;
 
 class frmAlumnosTest : public RegisterTest {};
 
@@ -14,7 +14,7 @@ class frmAlumnosSavingTest : public RegisterTest {
 };
 
 TEST_F(frmAlumnosTest, WithAnEmptyRegisterAllEnrolledStudentsOfTheSectionAreOffered) {
-  const auto run = Run(kPick + kSee);
+  const auto run = Run(kPickStudents + kSee);
   EXPECT_THAT(run.After("pulsar cmdListar"),
               ElementsAre("carga frmAlumnos", Sent(Picker("0")), "muestra frmAlumnos"));
   ExpectTexts(run, "Selección de Alumnos con Materias Pendientes", kDualListTexts);
@@ -29,7 +29,7 @@ TEST_F(frmAlumnosTest, WithAnEmptyRegisterAllEnrolledStudentsOfTheSectionAreOffe
 
 TEST_F(frmAlumnosTest, WhoIsOnTheRegisterIsSelectedAndNotLookedFor) {
   Registra({5, 1});
-  const auto run = Run(kPick + kSee);
+  const auto run = Run(kPickStudents + kSee);
   EXPECT_THAT(run.Sql(), Contains(Picker("1,5")));
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"),
             R"([["Díaz Cano, Marta",1],["Blanco Mas, Hugo",5]])");
@@ -49,31 +49,31 @@ TEST_F(frmAlumnosTest, TheStudentChosenOnTheRegisterStaysChosen) {
 
 TEST_F(frmAlumnosTest, AgregarUnoWithNothingSelectedDoesNothing) {
   Registra({1});
-  const auto run = Run(kPick + "pulsar cmdAgregarUno\npulsar cmdEliminarUno\n" + kSee);
+  const auto run = Run(kPickStudents + "pulsar cmdAgregarUno\npulsar cmdEliminarUno\n" + kSee);
   EXPECT_THAT(run.After("pulsar cmdAgregarUno"), IsEmpty());
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), R"([["Díaz Cano, Marta",1]])");
 }
 
 TEST_F(frmAlumnosTest, EntriesMoveToTheEndOfTheOtherListAndNothingStaysSelected) {
   const auto one =
-      Run(kPick + TakeIn(3) + "elegir lstDisponibles =1\ndoble lstDisponibles\n" + kSee);
+      Run(kPickStudents + TakeIn(3) + "elegir lstDisponibles =1\ndoble lstDisponibles\n" + kSee);
   EXPECT_EQ(View(one, "lstSeleccionados", "entradas"),
             R"([["Abad Rey, Jorge",3],["Díaz Cano, Marta",1]])");
   EXPECT_EQ(View(one, "lstDisponibles", "entradas"), R"([["Ñúñez Sanz, Íñigo",2]])");
   EXPECT_EQ(View(one, "lstDisponibles", "indice"), "-1");
-  const auto back = Run(kPick + TakeIn(3) + TakeIn(1) + "pulsar cmdAgregarTodos\n" + TakeOut(1) +
-                        "elegir lstSeleccionados =3\ndoble lstSeleccionados\n" + kSee);
+  const auto back = Run(kPickStudents + TakeIn(3) + TakeIn(1) + "pulsar cmdAgregarTodos\n" +
+                        TakeOut(1) + "elegir lstSeleccionados =3\ndoble lstSeleccionados\n" + kSee);
   EXPECT_EQ(View(back, "lstSeleccionados", "entradas"), R"([["Ñúñez Sanz, Íñigo",2]])");
   EXPECT_EQ(View(back, "lstDisponibles", "entradas"),
             R"([["Díaz Cano, Marta",1],["Abad Rey, Jorge",3]])");
-  const auto all = Run(kPick + TakeIn(3) + TakeIn(2) + "pulsar cmdEliminarTodos\n" + kSee);
+  const auto all = Run(kPickStudents + TakeIn(3) + TakeIn(2) + "pulsar cmdEliminarTodos\n" + kSee);
   EXPECT_EQ(View(all, "lstSeleccionados", "entradas"), "[]");
   EXPECT_EQ(View(all, "lstDisponibles", "entradas"),
             R"([["Díaz Cano, Marta",1],["Abad Rey, Jorge",3],["Ñúñez Sanz, Íñigo",2]])");
 }
 
 TEST_F(frmAlumnosSavingTest, AcceptingRefreshesTheListAndSavingWritesThePlaces) {
-  const auto run = Run(kPick + TakeIn(2) + TakeIn(1) + kAccept + kSee + kAccept);
+  const auto run = Run(kPickStudents + TakeIn(2) + TakeIn(1) + kAccept + kSee + kAccept);
   EXPECT_EQ(View(run, "msgAlumnos", "celdas"), R"([["Díaz Cano, Marta"],["Ñúñez Sanz, Íñigo"]])");
   // In the order of the choice, whatever the list shows.
   EXPECT_EQ(Saved(run), Join({InsertStudent(2), InsertStudent(1)}));
@@ -82,7 +82,7 @@ TEST_F(frmAlumnosSavingTest, AcceptingRefreshesTheListAndSavingWritesThePlaces) 
 TEST_F(frmAlumnosTest, CancellingChangesNothing) {
   Registra({1});
   const auto run =
-      Run(kPick + "pulsar cmdEliminarTodos\n" + kCancel + kSee + kList + kCancel + kAccept);
+      Run(kPickStudents + "pulsar cmdEliminarTodos\n" + kCancel + kSee + kList + kCancel + kAccept);
   EXPECT_EQ(View(run, "msgAlumnos", "datos"), "[1]");
   EXPECT_THAT(school.Rows("SELECT CodAlumno FROM Seccion_AlumnoPte"), ElementsAre("1"));
 }
@@ -93,7 +93,7 @@ TEST_F(frmAlumnosSavingTest, AnEmptySelectionTakesAllStudentsOffTheRegister) {
   Registra({3});
   school.Evalua(school.Pendiente(1, 3111, 1), 1, 105);
   school.Evalua(school.Pendiente(3, 3112, 1), 4, 105);
-  const auto run = Run(kPick + "pulsar cmdEliminarTodos\n" + kAccept + kSee + kAccept);
+  const auto run = Run(kPickStudents + "pulsar cmdEliminarTodos\n" + kAccept + kSee + kAccept);
   EXPECT_EQ(View(run, "msgAlumnos", "datos"), "[]");
   EXPECT_EQ(Saved(run), Join({DeleteStudent(1), DeleteStudent(3)}));
   // From the other section too.
@@ -102,7 +102,7 @@ TEST_F(frmAlumnosSavingTest, AnEmptySelectionTakesAllStudentsOffTheRegister) {
 
 TEST_F(frmAlumnosTest, AStudentRemovedIsOfferedAgainAtTheNextOpening) {
   Registra({1, 3});
-  const auto run = Run(kPick + TakeOut(1) + kAccept + kSee + kList + kSee);
+  const auto run = Run(kPickStudents + TakeOut(1) + kAccept + kSee + kList + kSee);
   const auto views = run.Of("ver");
   EXPECT_THAT(views.front(), HasSubstr(R"("celdas":[["Abad Rey, Jorge"]])"));
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), R"([["Abad Rey, Jorge",3]])");
@@ -116,8 +116,8 @@ TEST_F(frmAlumnosSavingTest, RemovedAndPutBackInTwoOpeningsHeComesWithoutSubject
   Registra({1});
   school.Evalua(school.Pendiente(1, 3111, 1), 1, 105);
   const auto before = school.Modulo();
-  const auto run = Run(kPick + TakeOut(1) + kAccept + kList + TakeIn(1) + kAccept + kProperties +
-                       kSee + kCancel + kAccept);
+  const auto run = Run(kPickStudents + TakeOut(1) + kAccept + kList + TakeIn(1) + kAccept +
+                       kProperties + kSee + kCancel + kAccept);
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0]");
   EXPECT_THAT(Saved(run), IsEmpty());
   EXPECT_EQ(school.Modulo(), before);
@@ -125,15 +125,15 @@ TEST_F(frmAlumnosSavingTest, RemovedAndPutBackInTwoOpeningsHeComesWithoutSubject
 
 TEST_F(frmAlumnosTest, AStudentWhoHasLeftStaysUntilHeIsRemovedAndSaved) {
   Registra({4});
-  const auto run =
-      Run(kPick + kSee + "pulsar cmdEliminarTodos\n" + kAccept + kAccept + kPick + kSee);
+  const auto run = Run(kPickStudents + kSee + "pulsar cmdEliminarTodos\n" + kAccept + kAccept +
+                       kPickStudents + kSee);
   EXPECT_THAT(run.Of("ver").front(), HasSubstr(R"("entradas":[["Pérez Gil, Nora",4]])"));
   EXPECT_THAT(View(run, "lstDisponibles", "entradas"), Not(HasSubstr("Nora")));
   EXPECT_EQ(View(run, "lstSeleccionados", "entradas"), "[]");
 }
 
 TEST_F(frmAlumnosSavingTest, AStudentAddedAndRemovedBeforeSavingIsForgotten) {
-  const auto run = Run(kPick + "pulsar cmdAgregarTodos\n" + kAccept + kList + kSee +
+  const auto run = Run(kPickStudents + "pulsar cmdAgregarTodos\n" + kAccept + kList + kSee +
                        "pulsar cmdEliminarTodos\n" + kAccept + kList + kCancel + kAccept);
   EXPECT_THAT(Saved(run), IsEmpty());
   // Nobody is left to leave out.
@@ -141,7 +141,7 @@ TEST_F(frmAlumnosSavingTest, AStudentAddedAndRemovedBeforeSavingIsForgotten) {
 }
 
 TEST_F(frmAlumnosSavingTest, ANewStudentKeptInASecondOpeningIsStillInserted) {
-  const auto run = Run(kPick + TakeIn(1) + kAccept + kList + kAccept + kAccept);
+  const auto run = Run(kPickStudents + TakeIn(1) + kAccept + kList + kAccept + kAccept);
   EXPECT_THAT(school.Rows("SELECT * FROM Seccion_AlumnoPte"), ElementsAre("321|1|0|0"))
       << run.Text();
 }
@@ -149,22 +149,22 @@ TEST_F(frmAlumnosSavingTest, ANewStudentKeptInASecondOpeningIsStillInserted) {
 TEST_F(frmAlumnosSavingTest, AcceptingUntouchedLeadsToNoStatementForTheStudents) {
   Registra({1});
   school.Evalua(school.Pendiente(1, 3111, 1), 1, 105);
-  const auto run = Run(kPick + kAccept + kAccept);
+  const auto run = Run(kPickStudents + kAccept + kAccept);
   EXPECT_THAT(Saved(run), IsEmpty());
 }
 
 TEST_F(frmAlumnosTest, AStudentWhoStandsTwiceInTheHostsListIsOfferedTwice) {
   school.Sql("INSERT INTO Seccion_Alumno (codAlumno) VALUES (1)");
-  const auto both = Run(kPick + "pulsar cmdAgregarTodos\n" + kAccept + kSee);
+  const auto both = Run(kPickStudents + "pulsar cmdAgregarTodos\n" + kAccept + kSee);
   EXPECT_EQ(View(both, "msgAlumnos", "datos"), "[3,1,2]");
   // The one that was left takes off the one that was chosen.
-  const auto one = Run(kPick + TakeIn(1) + kAccept + kSee);
+  const auto one = Run(kPickStudents + TakeIn(1) + kAccept + kSee);
   EXPECT_EQ(View(one, "msgAlumnos", "datos"), "[]");
 }
 
 TEST_F(frmAlumnosTest, ANullDateOfLeavingAndNullNamesAreFine) {
   school.Sql("UPDATE Alumno SET Apellido_2=NULL, FechaBaja=NULL WHERE IDAlumno=1");
-  const auto run = Run(kPick + kSee);
+  const auto run = Run(kPickStudents + kSee);
   EXPECT_THAT(View(run, "lstDisponibles", "entradas"), HasSubstr(R"(["Díaz , Marta",1])"));
 }
 

@@ -3,7 +3,7 @@
 namespace quorvane::test {
 namespace {
 
-const std::string kPick = kOpen + kProperties + kProperties;
+const std::string kPickEvaluations = kOpen + kProperties + kProperties;
 
 /// The lines of an accepted choice that look at those evaluations.
 Lines Validations(const std::vector<int>& evaluations) {
@@ -23,14 +23,14 @@ class frmMateriaEvTest : public RegisterTest {
 
   /// What saving executes after these gestures in the dialog.
   [[nodiscard]] Lines SavedAfter(const std::string& gestures) const {
-    return Saved(Run(kPick + gestures + kAccept + kAccept + kAccept));
+    return Saved(Run(kPickEvaluations + gestures + kAccept + kAccept + kAccept));
   }
 
   const Lines update = UpdateSubject(3111, 1, 1);
 };
 
 TEST_F(frmMateriaEvTest, PartsTheEvaluationsButTheReservedOne) {
-  const auto run = Run(kPick + kSee);
+  const auto run = Run(kPickEvaluations + kSee);
   EXPECT_THAT(run.After("pulsar cmdPropiedades"),
               ElementsAre("carga frmMateriaEv", Sent(kEvaluations), "muestra frmMateriaEv"));
   ExpectTexts(run, "Evaluaciones de la Materia Pendiente",
@@ -43,7 +43,7 @@ TEST_F(frmMateriaEvTest, PartsTheEvaluationsButTheReservedOne) {
 
 TEST_F(frmMateriaEvTest, EntriesMoveAsInTheOtherDualList) {
   const auto run =
-      Run(kPick +
+      Run(kPickEvaluations +
           "pulsar cmdAgregarUno\npulsar cmdEliminarUno\nelegir lstDisponibles =2\n"
           "doble lstDisponibles\nelegir lstSeleccionados =1\ndoble lstSeleccionados\n" +
           kSee + "pulsar cmdAgregarTodos\n" + kSee + "pulsar cmdEliminarTodos\n" + kSee);
@@ -58,8 +58,8 @@ TEST_F(frmMateriaEvTest, EntriesMoveAsInTheOtherDualList) {
 }
 
 TEST_F(frmMateriaEvTest, ThreeFinalEvaluationsAreRefusedOnTheThird) {
-  const auto run =
-      Run(kPick + TakeIn(4) + TakeIn(2) + TakeIn(5) + TakeIn(6) + TakeIn(7) + kAccept + kSee);
+  const auto run = Run(kPickEvaluations + TakeIn(4) + TakeIn(2) + TakeIn(5) + TakeIn(6) +
+                       TakeIn(7) + kAccept + kSee);
   const std::string refusal =
       R"(informacion "Zendria Escuela" "No puede seleccionar más de dos evaluaciones finales")";
   EXPECT_EQ(run.After("pulsar cmdAceptar"),
@@ -69,8 +69,8 @@ TEST_F(frmMateriaEvTest, ThreeFinalEvaluationsAreRefusedOnTheThird) {
 
 TEST_F(frmMateriaEvTest, ARefusalChangesNothingOfTheSubject) {
   const auto before = school.Modulo();
-  const auto run = Run(kPick + TakeOut(1) + TakeIn(4) + TakeIn(6) + kAccept + kCancel + kSee +
-                       kAccept + kAccept);
+  const auto run = Run(kPickEvaluations + TakeOut(1) + TakeIn(4) + TakeIn(6) + kAccept + kCancel +
+                       kSee + kAccept + kAccept);
   EXPECT_EQ(run.Of("mensaje").size(), 1U);
   EXPECT_THAT(Materias(run), HasSubstr(R"x(["Lengua (1º ESO)","","","","","X","","","","1"])x"));
   EXPECT_EQ(school.Modulo(), before);
@@ -80,15 +80,15 @@ TEST_F(frmMateriaEvTest, AFinalAndAnExtraordinaryOneAreRefusedEitherWayRound) {
   const std::string refusal =
       R"(informacion "Zendria Escuela" "Las evaluaciones deben ser del mismo tipo, )"
       R"(finales o extraordinarias")";
-  const auto finalFirst = Run(kPick + TakeIn(4) + TakeIn(6) + kAccept);
+  const auto finalFirst = Run(kPickEvaluations + TakeIn(4) + TakeIn(6) + kAccept);
   EXPECT_EQ(finalFirst.After("pulsar cmdAceptar"),
             Join({Validations({1, 4, 6}), {"pitido", "mensaje " + refusal}}));
-  const auto finalLast = Run(kPick + TakeIn(6) + TakeIn(4) + kAccept);
+  const auto finalLast = Run(kPickEvaluations + TakeIn(6) + TakeIn(4) + kAccept);
   EXPECT_THAT(finalLast.Of("mensaje"), ElementsAre(refusal));
 }
 
 TEST_F(frmMateriaEvTest, TwoExtraordinaryOnesWithOrdinaryOnesAreAccepted) {
-  const auto run = Run(kPick + TakeIn(6) + TakeIn(2) + TakeIn(7) + kAccept + kSee);
+  const auto run = Run(kPickEvaluations + TakeIn(6) + TakeIn(2) + TakeIn(7) + kAccept + kSee);
   EXPECT_THAT(AfterFirst(run, "pulsar cmdAceptar"), Contains("oculta frmPendientes"));
   EXPECT_THAT(run.Of("mensaje"), IsEmpty());
   const auto lines = run.After("pulsar cmdAceptar");
@@ -148,7 +148,7 @@ TEST_F(frmMateriaEvTest, ANewEvaluationKeptInASecondOpeningIsStillInserted) {
 
 TEST_F(frmMateriaEvTest, TheReservedEvaluationIsInNeitherListAndIsKept) {
   school.Evalua(1, 11, 107);
-  const auto run = Run(kPick + kSee);
+  const auto run = Run(kPickEvaluations + kSee);
   EXPECT_THAT(run.Of("ver").back(), Not(HasSubstr("Reservada")));
   EXPECT_THAT(SavedAfter("pulsar cmdEliminarTodos\n"), SizeIs(4));
   EXPECT_THAT(school.Rows("SELECT CodNumEvaluacion, CodNota FROM EvaluacionPte"),
@@ -158,21 +158,21 @@ TEST_F(frmMateriaEvTest, TheReservedEvaluationIsInNeitherListAndIsKept) {
 TEST_F(frmMateriaEvTest, WhatWasLoadedOtherwiseStaysUntilItIsAccepted) {
   school.Evalua(1, 4, 105);
   school.Evalua(1, 6, 105);
-  const auto cancelled = Run(kPick + kCancel + kAccept + kAccept);
+  const auto cancelled = Run(kPickEvaluations + kCancel + kAccept + kAccept);
   EXPECT_THAT(cancelled.Of("mensaje"), IsEmpty());
   EXPECT_EQ(school.Numero("SELECT COUNT(*) FROM EvaluacionActaPte"), 2);
-  EXPECT_EQ(Run(kPick + kAccept).Of("mensaje").size(), 1U);
+  EXPECT_EQ(Run(kPickEvaluations + kAccept).Of("mensaje").size(), 1U);
 }
 
 TEST_F(frmMateriaEvTest, AnEvaluationThatWentMeanwhileHasNoRowToTest) {
-  const auto run =
-      Run(kPick + "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kAccept);
+  const auto run = Run(kPickEvaluations +
+                       "sql \"DELETE FROM NumEvaluacion WHERE IDNumEvaluacion=1\"\n" + kAccept);
   ExpectError(run, 3021);
 }
 
 TEST_F(frmMateriaEvTest, AnOrderBeyondEightBitsIsAnOverflow) {
   school.Sql("UPDATE NumEvaluacion SET Orden=256 WHERE IDNumEvaluacion=2");
-  const auto run = Run(kPick + TakeIn(2) + kAccept);
+  const auto run = Run(kPickEvaluations + TakeIn(2) + kAccept);
   ExpectError(run, 6);
 }
 

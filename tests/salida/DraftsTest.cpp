@@ -11,7 +11,7 @@
 namespace quorvane::test {
 namespace {
 
-constexpr std::uint8_t kByStudent = 124;
+constexpr std::uint8_t kByStudentNode = 124;
 constexpr auto kCounts = "QUORVANE_CUENTA";
 
 using Window = qt::FormWindow;
@@ -39,7 +39,7 @@ Session Typing() {
     user.On("frmNotaManual1", {"cmdNotaManual1(1)"});
   };
   session.begin = [](zendria::MainWindow& window) {
-    window.OpenNode(kByStudent);
+    window.OpenNode(kByStudentNode);
     std::ofstream(std::getenv(kCounts), std::ios::app) << StatementsSoFar();
   };
   return session;
@@ -56,7 +56,7 @@ Session Again() {
     user.On("frmNotaManual", {"cmdAceptar"});
     user.On("frmNotaManual1", {"cmdNotaManual1(1)"});
   };
-  session.begin = [](zendria::MainWindow& window) { window.OpenNode(kByStudent); };
+  session.begin = [](zendria::MainWindow& window) { window.OpenNode(kByStudentNode); };
   return session;
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr auto kStartPage = "Ana Ruiz";
 constexpr auto kStepOne = "Paso 1 de 2";
-constexpr auto kStepTwo = "Paso 2 de 2";
+constexpr auto kStepTwoTitle = "Paso 2 de 2";
 
 /// The program on a desktop, with the tutor of a section signed in who has a subject to grade.
 class RealProgramTest : public testing::Test {
@@ -46,7 +46,7 @@ class RealProgramTest : public testing::Test {
     desktop_.Press("Down Down Return");
     ASSERT_TRUE(desktop_.Shows(kStepOne));
     desktop_.Press("Tab 2 Tab a Tab 1 Return");
-    ASSERT_TRUE(desktop_.Shows(kStepTwo));
+    ASSERT_TRUE(desktop_.Shows(kStepTwoTitle));
     ASSERT_TRUE(WaitUntil([this] { return Held() == 2; }));
   }
 
@@ -126,7 +126,7 @@ TEST_F(RealProgramTest, KeepsTheFormWhenTheLogOutIsCalledOff) {
   OpenGrades();
   ASSERT_TRUE(manager_.AskToSave());
   manager_.CallOff();
-  EXPECT_TRUE(desktop_.Shows(kStepTwo));
+  EXPECT_TRUE(desktop_.Shows(kStepTwoTitle));
   EXPECT_EQ(Held(), 2);
   ASSERT_TRUE(manager_.AskToSave());
   EXPECT_TRUE(manager_.AskToEnd());

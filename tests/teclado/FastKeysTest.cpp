@@ -24,7 +24,7 @@ void PrintTo(const Outcome& outcome, std::ostream* out) {
   *out << ::testing::PrintToString(outcome.cells) << " at " << outcome.keyboard;
 }
 
-Outcome Look(const qt::FormWindow& window) {
+Outcome LookAtGrid(const qt::FormWindow& window) {
   Outcome outcome;
   const auto* const table = Of<QTableView>(window, "rtvNotasAlumno");
   const auto* const cells = table->model();
@@ -63,7 +63,7 @@ class FastKeysTest : public SchoolScreenTest, public ::testing::WithParamInterfa
       table->setCurrentIndex(table->model()->index(0, 1));
       Rest::In(window, [&window, &outcome, act] {
         act(window, [&window, &outcome] {
-          outcome = Look(window);
+          outcome = LookAtGrid(window);
           Click(window, "cmdCancelar");
         });
       });

@@ -9,21 +9,21 @@
 namespace quorvane::test {
 namespace {
 
-constexpr int kPatience = 20000;  // milliseconds
+constexpr int kServerPatience = 20000;  // milliseconds
 
 void Start(QProcess& process, const QString& program, const QStringList& arguments) {
   process.setStandardErrorFile(QProcess::nullDevice());
   // Tests that are broken off leave no server behind.
   process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
   process.start(program, arguments);
-  if (!process.waitForStarted(kPatience))
+  if (!process.waitForStarted(kServerPatience))
     throw std::runtime_error(program.toStdString() + " can't be started");
 }
 
 void End(QProcess& process) {
   if (process.state() == QProcess::NotRunning) return;
   process.terminate();
-  if (process.waitForFinished(kPatience)) return;
+  if (process.waitForFinished(kServerPatience)) return;
   process.kill();
   process.waitForFinished();
 }
@@ -38,7 +38,7 @@ XServer::XServer(bool managed) {
         {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp", "-noreset"});
   // The server chooses a free display and says which when it is ready.
   while (!server_.canReadLine())
-    if (!server_.waitForReadyRead(kPatience)) throw std::runtime_error("Xvfb doesn't answer");
+    if (!server_.waitForReadyRead(kServerPatience)) throw std::runtime_error("Xvfb doesn't answer");
   display_ = ":" + server_.readLine().trimmed().toStdString();
   turn.unlock();
   if (!managed) return;

@@ -53,7 +53,7 @@ bool Includes(const Rows& all, const Rows& some) {
   return std::includes(all.begin(), all.end(), some.begin(), some.end());
 }
 
-void RequireSame(const char* what, const Rows& expected, const Rows& found) {
+void RequireSaved(const char* what, const Rows& expected, const Rows& found) {
   const auto difference = Difference(expected, found);
   if (!difference.empty()) throw Violation(std::string("Al grabar ") + what + difference);
 }
@@ -193,15 +193,15 @@ std::pair<Rows, Rows> FlattenTables(const Tables& tables) {
 
 void RegisterSave::Check(const Tables& after) const {
   const auto [rows, lost] = FlattenTables(after);
-  RequireSame("las evaluaciones sueltas", lost_, lost);
-  RequireSame("Profesor_Pte", teachers_, after.teachers);
-  RequireSame("Seccion_AlumnoPte", registered_, after.registered);
-  if (exact_) RequireSame("materias y evaluaciones", Flatten(pending_), rows);
+  RequireSaved("las evaluaciones sueltas", lost_, lost);
+  RequireSaved("Profesor_Pte", teachers_, after.teachers);
+  RequireSaved("Seccion_AlumnoPte", registered_, after.registered);
+  if (exact_) RequireSaved("materias y evaluaciones", Flatten(pending_), rows);
 }
 
 void RegisterSave::CheckInterrupted(const Tables& after) const {
   const auto [rows, lost] = FlattenTables(after);
-  RequireSame("las evaluaciones sueltas", lost_, lost);
+  RequireSaved("las evaluaciones sueltas", lost_, lost);
   RequireBetween("Profesor_Pte", teachersBefore_, teachers_, after.teachers);
   RequireBetween("Seccion_AlumnoPte", registeredBefore_, registered_, after.registered);
   if (exact_) RequireBetween("materias y evaluaciones", beforeRows_, Flatten(pending_), rows);

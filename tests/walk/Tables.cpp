@@ -6,7 +6,7 @@
 namespace quorvane::test {
 namespace {
 
-std::string Text(const Recordset& row, std::size_t column) {
+std::string FieldText(const Recordset& row, std::size_t column) {
   const auto& value = row.Fields(column);
   return value.IsNull() ? "NULL" : value.Text();
 }
@@ -16,7 +16,7 @@ std::string Join(const Recordset& row, std::size_t first) {
   std::string text;
   for (auto column = first; column < row.Names().size(); ++column) {
     if (column > first) text += '|';
-    text += Text(row, column);
+    text += FieldText(row, column);
   }
   return text;
 }
@@ -31,8 +31,8 @@ Rows ReadRows(Connection& connection, const std::string& table) {
 void ReadGrades(Connection& connection, const std::string& table, Tables& tables) {
   auto found = connection.Execute("SELECT * FROM " + table);
   for (; !found.Eof(); found.MoveNext())
-    tables.grades.emplace(Tables::GradesKey{table, Text(found, 0)},
-                          Tables::Grades{Text(found, 1), Text(found, 2), Join(found, 3)});
+    tables.grades.emplace(Tables::GradesKey{table, FieldText(found, 0)},
+                          Tables::Grades{FieldText(found, 1), FieldText(found, 2), Join(found, 3)});
 }
 
 }  // namespace
@@ -45,7 +45,8 @@ Tables::Tables(Connection& connection)
   auto found = connection.Execute(
       "SELECT IDAlumnoPte_MatDet, CodAlumno, CodMatDet, Orden FROM AlumnoPte_MatDet");
   for (; !found.Eof(); found.MoveNext())
-    pending.emplace(Text(found, 0), Pending{Text(found, 1), Text(found, 2), Text(found, 3)});
+    pending.emplace(FieldText(found, 0),
+                    Pending{FieldText(found, 1), FieldText(found, 2), FieldText(found, 3)});
   ReadGrades(connection, "EvaluacionPte", *this);
   ReadGrades(connection, "EvaluacionActaPte", *this);
 }
@@ -53,7 +54,7 @@ Tables::Tables(Connection& connection)
 std::set<std::string> Column(Connection& connection, const std::string& select) {
   std::set<std::string> values;
   auto found = connection.Execute(select);
-  for (; !found.Eof(); found.MoveNext()) values.insert(Text(found, 0));
+  for (; !found.Eof(); found.MoveNext()) values.insert(FieldText(found, 0));
   return values;
 }
 

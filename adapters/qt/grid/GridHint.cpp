@@ -7,7 +7,7 @@ namespace quorvane::qt {
 namespace {
 
 constexpr int kLeastLines = 6;  // of the grid, so that its keys are worth a line
-constexpr std::array kKeys{
+constexpr std::array kHintKeys{
     "Intro: abajo",  "Tab: a la derecha", "con Mayús: al revés",     "F2 o Espacio: lista",
     "Esc: dejarla",  "Supr: quitar",      "Ctrl+↑, Ctrl+↓: moverse", "Ctrl+C: copiar",
     "Ctrl+V: pegar", "Ctrl+D: rellenar",  "Ctrl+Tab: salir"};
@@ -15,7 +15,7 @@ constexpr std::array kKeys{
 /// What belongs together stays in a line.
 QString Text() {
   QStringList keys;
-  for (const auto* key : kKeys) keys << QString(key).replace(' ', QChar::Nbsp);
+  for (const auto* key : kHintKeys) keys << QString(key).replace(' ', QChar::Nbsp);
   return keys.join(" · ");
 }
 

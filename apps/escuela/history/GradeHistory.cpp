@@ -2,6 +2,8 @@
 
 #include <map>
 
+#include "apps/escuela/LockList.h"
+#include "apps/escuela/PersonName.h"
 #include "apps/escuela/QuotedText.h"
 #include "apps/escuela/Transaction.h"
 #include "apps/escuela/history/HistoryTriggers.h"
@@ -13,7 +15,6 @@ namespace {
 
 using sqltext::Engine;
 
-constexpr std::size_t kLockUser = 3;
 /// Behind any moment of the day.
 constexpr auto kEndOfDay = " 99";
 
@@ -41,11 +42,6 @@ std::string ColumnTitle(const std::string& column) {
   };
   const auto found = titles.find(column);
   return found == titles.end() ? column : found->second;
-}
-
-std::string FullName(const Recordset& rows, std::size_t at) {
-  return rows.Fields(at).Text() + " " + rows.Fields(at + 1).Text() + ", " +
-         rows.Fields(at + 2).Text();
 }
 
 std::string Conditions(const HistoryFilter& filter, Engine engine) {

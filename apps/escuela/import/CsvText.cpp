@@ -9,19 +9,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/RuntimeError.h"
+#include "apps/escuela/CsvLine.h"
+#include "apps/escuela/Refusal.h"
 #include "platform/text/Utf8.h"
 
 namespace quorvane {
 namespace {
 
-constexpr std::size_t kMostBytes = 64U << 20;
-constexpr std::size_t kMostRows = 100000;
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
-
-[[noreturn]] void Refuse(const std::string& reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed, reason);
-}
+constexpr std::size_t kMostFileBytes = 64U << 20;
+constexpr std::size_t kMostLines = 100000;
 
 /// The letters from 0x80 to 0x9F; what has none there stays a control character.
 constexpr std::array<char32_t, 32> kWindowsLetters = {
@@ -73,8 +69,8 @@ class Reader {
       auto row = Row();
       const auto empty = [](const std::string& cell) { return cell.empty(); };
       if (std::all_of(row.cells.begin(), row.cells.end(), empty)) continue;
-      if (rows.size() > kMostRows)
-        Refuse("El fichero tiene más de " + std::to_string(kMostRows) +
+      if (rows.size() > kMostLines)
+        Refuse("El fichero tiene más de " + std::to_string(kMostLines) +
                " filas: ¿es el que quería?");
       rows.push_back(std::move(row));
     }
@@ -131,7 +127,7 @@ class Reader {
 }  // namespace
 
 std::vector<CsvRow> ParseCsv(std::string text) {
-  if (text.starts_with(kMark)) text.erase(0, kMark.size());
+  if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
   if (text.find('\0') != std::string::npos)
     Refuse("El fichero no es un texto de valores separados por comas: guárdelo como CSV");
   if (!IsUtf8(text)) text = FromWindows(text);
@@ -140,7 +136,7 @@ std::vector<CsvRow> ParseCsv(std::string text) {
 
 namespace {
 
-[[noreturn]] void RefuseFile(const std::string& path, const std::string& reason) {
+[[noreturn]] void RefuseToRead(const std::string& path, const std::string& reason) {
   Refuse("No se puede leer " + path + ": " + reason);
 }
 
@@ -150,7 +146,7 @@ class PlainFile {
   explicit PlainFile(const std::string& path)
       : path_(path), handle_(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {
     if (handle_ < 0)
-      RefuseFile(path_, errno == ENOENT ? "el fichero no existe" : std::strerror(errno));
+      RefuseToRead(path_, errno == ENOENT ? "el fichero no existe" : std::strerror(errno));
     try {
       RequirePlain();
     } catch (...) {
@@ -171,10 +167,10 @@ class PlainFile {
     for (;;) {
       const auto count = read(handle_, piece.data(), piece.size());
       if (count < 0 && errno == EINTR) continue;
-      if (count < 0) RefuseFile(path_, "no se deja leer hasta el final");
+      if (count < 0) RefuseToRead(path_, "no se deja leer hasta el final");
       if (count == 0) return text;
       text.append(piece.data(), static_cast<std::size_t>(count));
-      if (text.size() > kMostBytes) RefuseFile(path_, kTooLarge);
+      if (text.size() > kMostFileBytes) RefuseToRead(path_, kTooLarge);
     }
   }
 
@@ -183,10 +179,10 @@ class PlainFile {
 
   void RequirePlain() const {
     struct stat about {};
-    if (fstat(handle_, &about) != 0) RefuseFile(path_, std::strerror(errno));
-    if (S_ISDIR(about.st_mode)) RefuseFile(path_, "es una carpeta");
-    if (!S_ISREG(about.st_mode)) RefuseFile(path_, "no es un fichero corriente");
-    if (about.st_size > static_cast<off_t>(kMostBytes)) RefuseFile(path_, kTooLarge);
+    if (fstat(handle_, &about) != 0) RefuseToRead(path_, std::strerror(errno));
+    if (S_ISDIR(about.st_mode)) RefuseToRead(path_, "es una carpeta");
+    if (!S_ISREG(about.st_mode)) RefuseToRead(path_, "no es un fichero corriente");
+    if (about.st_size > static_cast<off_t>(kMostFileBytes)) RefuseToRead(path_, kTooLarge);
   }
 
   std::string path_;

@@ -2,13 +2,14 @@
 
 #include <map>
 
+#include "apps/escuela/PersonName.h"
 #include "apps/escuela/import/FoldedText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
 
-[[noreturn]] void Refuse(const CsvRow& heading, const std::string& reason) {
+[[noreturn]] void RefuseHeading(const CsvRow& heading, const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed,
                      "Línea " + std::to_string(heading.line) + ": " + reason);
 }
@@ -36,16 +37,16 @@ ImportColumns::ImportColumns(const CsvRow& heading) : count_(heading.cells.size(
     const auto& text = heading.cells[i];
     if (text.empty()) continue;
     const auto found = names.find(FoldedText(text));
-    if (found == names.end()) Refuse(heading, "la columna «" + text + "» no se conoce");
+    if (found == names.end()) RefuseHeading(heading, "la columna «" + text + "» no se conoce");
     auto& place = places_[found->second];
-    if (place >= 0) Refuse(heading, "la columna «" + text + "» está dos veces");
+    if (place >= 0) RefuseHeading(heading, "la columna «" + text + "» está dos veces");
     place = static_cast<int>(i);
   }
   const auto require = [&](Column column, const char* name) {
-    if (!Has(column)) Refuse(heading, std::string("falta la columna «") + name + "»");
+    if (!Has(column)) RefuseHeading(heading, std::string("falta la columna «") + name + "»");
   };
   if (!Has(kStudent) && !(Has(kSurnames) && Has(kName)))
-    Refuse(heading, "falta la columna «alumno», o «apellidos» y «nombre»");
+    RefuseHeading(heading, "falta la columna «alumno», o «apellidos» y «nombre»");
   require(kSection, "sección");
   require(kSubject, "materia");
   require(kCourse, "curso");
@@ -61,9 +62,7 @@ std::string ImportColumns::Cell(const CsvRow& row, Column column) const {
 
 std::string ImportColumns::Student(const CsvRow& row) const {
   if (auto student = Cell(row, kStudent); !student.empty()) return student;
-  const auto surnames = Cell(row, kSurnames);
-  const auto name = Cell(row, kName);
-  return surnames.empty() && name.empty() ? std::string() : surnames + ", " + name;
+  return FullName(Cell(row, kSurnames), {}, Cell(row, kName));
 }
 
 }  // namespace quorvane

@@ -2,23 +2,13 @@
 
 #include <algorithm>
 
+#include "apps/escuela/PersonName.h"
 #include "apps/escuela/import/FoldedText.h"
 
 namespace quorvane {
 namespace {
 
 constexpr auto kHiddenEvaluation = "11";
-
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string()
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-/// "Surnames, Name", where either may be missing.
-std::string FullName(const std::string& first, const std::string& second, const std::string& name) {
-  return Trimmed(Trimmed(first) + " " + Trimmed(second)) + ", " + Trimmed(name);
-}
 
 template <class T>
 std::vector<const T*> Found(const std::multimap<std::string, const T*>& names,
@@ -79,8 +69,8 @@ void RegisterLookup::ReadStudents(Connection& school) {
        !rows.Eof(); rows.MoveNext()) {
     const auto id = rows.Fields(0).Long();
     auto& student = students_[id];
-    student = {id, FullName(rows.Fields(1).Text(), rows.Fields(2).Text(), rows.Fields(3).Text()),
-               rows.Fields(4).Long(), listed.contains(id) && rows.Fields(5).Text().empty()};
+    student = {id, FullName(rows, 1), rows.Fields(4).Long(),
+               listed.contains(id) && rows.Fields(5).Text().empty()};
     studentNames_.emplace(FoldedText(student.name), &student);
   }
 }
@@ -105,7 +95,7 @@ void RegisterLookup::ReadTeachers(Connection& school) {
        !rows.Eof(); rows.MoveNext()) {
     const auto id = rows.Fields(0).Long();
     auto& teacher = teachers_[id];
-    teacher = {id, FullName(rows.Fields(1).Text(), rows.Fields(2).Text(), rows.Fields(3).Text())};
+    teacher = {id, FullName(rows, 1)};
     teacherNames_.emplace(FoldedText(teacher.name), &teacher);
     teacherNames_.emplace(FoldedText(rows.Fields(3).Text() + " " + rows.Fields(1).Text() + " " +
                                      rows.Fields(2).Text()),

@@ -27,7 +27,7 @@ constexpr auto kTeachersTab = 2;
 /// Thrown past the dialogs when the register can't be saved.
 struct RegisterInUse {};
 
-[[noreturn]] void Refuse(const std::string& reason) {
+[[noreturn]] void RefuseImport(const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed,
                      "El registro no admite esta importación: " + reason + ". Avise a soporte");
 }
@@ -121,10 +121,11 @@ Command CommandOf(const RegisterGesture& gesture, const Guion& guion) {
     auto* const form = guion.Active();
     const auto* const grid =
         form == nullptr ? nullptr : dynamic_cast<MSFlexGrid*>(form->Find(gesture.control));
-    if (grid == nullptr) Refuse("no está " + gesture.control);
+    if (grid == nullptr) RefuseImport("no está " + gesture.control);
     auto row = 0;
     while (row < grid->Rows() && grid->RowData(row) != gesture.row) ++row;
-    if (row == grid->Rows()) Refuse(gesture.control + " no tiene " + std::to_string(gesture.row));
+    if (row == grid->Rows())
+      RefuseImport(gesture.control + " no tiene " + std::to_string(gesture.row));
     command.arguments.push_back({std::to_string(row), false});
     command.arguments.push_back({"0", false});
   } else if (!gesture.argument.empty()) {
@@ -139,7 +140,7 @@ void RequireWell(const std::string& events) {
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with("mensaje informacion") && line.find("no se grabarán") != line.npos)
       throw RegisterInUse();
-    if (line.starts_with("rechazo ") || line.starts_with("mensaje ")) Refuse(line);
+    if (line.starts_with("rechazo ") || line.starts_with("mensaje ")) RefuseImport(line);
     if (line.starts_with("error ")) {
       const auto blank = line.find(' ', line.find(' ') + 1);
       throw RuntimeError(ErrorNumber::StatementFailed, line.substr(blank + 1));

@@ -12,7 +12,7 @@
 namespace quorvane {
 namespace {
 
-std::string Now() {
+std::string BackupMoment() {
   const auto now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
@@ -22,7 +22,7 @@ std::string Now() {
 
 /// A name that no file has yet: two repairs may fall into one second.
 std::string FreeName(const std::string& school) {
-  const auto name = school + ".antes-de-reparar-" + Now();
+  const auto name = school + ".antes-de-reparar-" + BackupMoment();
   auto free = name;
   for (auto number = 2; std::filesystem::exists(std::filesystem::symlink_status(free)); ++number)
     free = name + "-" + std::to_string(number);

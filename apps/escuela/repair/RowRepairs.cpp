@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 
+#include "apps/escuela/JoinedText.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/repair/DoubledRows.h"
 #include "apps/escuela/repair/UndoLiteral.h"
@@ -10,12 +11,6 @@
 
 namespace quorvane {
 namespace {
-
-std::string Join(std::initializer_list<std::string_view> pieces) {
-  std::string text;
-  for (const auto piece : pieces) text += piece;
-  return text;
-}
 
 /// The column that is a table's primary key; empty for a table without one.
 std::string KeyOf(std::string_view table) {
@@ -43,11 +38,11 @@ std::string_view BestFirst(std::string_view table) {
 void RowRepairs::Remove(std::string_view table, const std::string& condition,
                         const std::string& reason) {
   const auto columns = ColumnsOf(school_, std::string(table)).value_or(FieldNames());
-  auto rows = school_.Execute(Join({"SELECT ", table, ".*", BytesMarks(columns, engine_), " FROM ",
-                                    table, " WHERE ", condition}));
+  auto rows = school_.Execute(Joined({"SELECT ", table, ".*", BytesMarks(columns, engine_),
+                                      " FROM ", table, " WHERE ", condition}));
   if (rows.Eof()) return;
   for (; !rows.Eof(); rows.MoveNext()) journal_.Removed(table, rows, reason);
-  school_.Execute(Join({"DELETE FROM ", table, " WHERE ", condition}));
+  school_.Execute(Joined({"DELETE FROM ", table, " WHERE ", condition}));
 }
 
 void RowRepairs::Clear(const Reference& reference, const std::string& condition,
@@ -55,28 +50,28 @@ void RowRepairs::Clear(const Reference& reference, const std::string& condition,
   const auto key = KeyOf(reference.table);
   // The one table without a key that has an optional reference tells its rows by the other column.
   const auto other = key.empty() ? std::string("CodMatDet") : key;
-  auto rows = school_.Execute(Join({"SELECT ", other, ", ", reference.column,
-                                    BytesMarks({other, std::string(reference.column)}, engine_),
-                                    " FROM ", reference.table, " WHERE ", condition}));
+  auto rows = school_.Execute(Joined({"SELECT ", other, ", ", reference.column,
+                                      BytesMarks({other, std::string(reference.column)}, engine_),
+                                      " FROM ", reference.table, " WHERE ", condition}));
   if (rows.Eof()) return;
   const auto literal = [&](std::size_t column) {
     const auto bytes = rows.Names().size() > 2 && rows.Fields(2).Text()[column] == 'b';
     return UndoLiteral(rows.Fields(column), engine_, bytes);
   };
   for (; !rows.Eof(); rows.MoveNext())
-    journal_.Changed(Join({"UPDATE ", reference.table, " SET ", reference.column, "=", literal(1),
-                           " WHERE ", other, "=", literal(0), " AND ", reference.column, "=0"}),
+    journal_.Changed(Joined({"UPDATE ", reference.table, " SET ", reference.column, "=", literal(1),
+                             " WHERE ", other, "=", literal(0), " AND ", reference.column, "=0"}),
                      reason);
   school_.Execute(
-      Join({"UPDATE ", reference.table, " SET ", reference.column, "=0 WHERE ", condition}));
+      Joined({"UPDATE ", reference.table, " SET ", reference.column, "=0 WHERE ", condition}));
 }
 
 void RowRepairs::Orphans(const Reference& reference) {
-  const auto condition =
-      Join({reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
-  const auto reason = Join({"su ", reference.column, " no está en ", reference.target});
+  const auto condition = Joined(
+      {reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
+  const auto reason = Joined({"su ", reference.column, " no está en ", reference.target});
   if (reference.optional)
-    return Clear(reference, Join({condition, " AND ", reference.column, "<>0"}), reason);
+    return Clear(reference, Joined({condition, " AND ", reference.column, "<>0"}), reason);
   if (reference.table == "AlumnoPte_MatDet") RemoveGrades(condition);
   Remove(reference.table, condition, reason);
 }
@@ -86,20 +81,20 @@ void RowRepairs::RemoveGrades(const std::string& condition) {
   for (const auto* const table : {"EvaluacionPte", "EvaluacionActaPte"})
     // Another row of the same key keeps them.
     Remove(table,
-           Join({"CodAlumnoPte_MatDet IN ", subjects, condition,
-                 ") AND CodAlumnoPte_MatDet NOT IN ", subjects, "NOT (", condition, "))"}),
+           Joined({"CodAlumnoPte_MatDet IN ", subjects, condition,
+                   ") AND CodAlumnoPte_MatDet NOT IN ", subjects, "NOT (", condition, "))"}),
            "se va con su materia pendiente");
 }
 
 std::int32_t RowRepairs::NextKey(std::string_view table, std::string_view key) {
-  return school_.Execute(Join({"SELECT MAX(", key, ") FROM ", table})).Fields(0).Long() + 1;
+  return school_.Execute(Joined({"SELECT MAX(", key, ") FROM ", table})).Fields(0).Long() + 1;
 }
 
 void RowRepairs::Misplaced(std::string_view table, std::string_view other,
                            std::string_view otherKind) {
-  const auto condition = Join(
+  const auto condition = Joined(
       {"CodNumEvaluacion IN (SELECT IDNumEvaluacion FROM NumEvaluacion WHERE ", otherKind, ")"});
-  auto rows = school_.Execute(Join({"SELECT * FROM ", table, " WHERE ", condition}));
+  auto rows = school_.Execute(Joined({"SELECT * FROM ", table, " WHERE ", condition}));
   if (rows.Eof()) return;
   const auto key = KeyOf(other);
   const std::string common =
@@ -109,19 +104,19 @@ void RowRepairs::Misplaced(std::string_view table, std::string_view other,
     const auto subject = UndoLiteral(rows.Fields("CodAlumnoPte_MatDet"), engine_);
     const auto evaluation = UndoLiteral(rows.Fields("CodNumEvaluacion"), engine_);
     const auto there =
-        school_.Execute(Join({"SELECT 1 FROM ", other, " WHERE CodAlumnoPte_MatDet=", subject,
-                              " AND CodNumEvaluacion=", evaluation}));
+        school_.Execute(Joined({"SELECT 1 FROM ", other, " WHERE CodAlumnoPte_MatDet=", subject,
+                                " AND CodNumEvaluacion=", evaluation}));
     if (!there.Eof()) continue;
     const auto id = std::to_string(NextKey(other, key));
     std::string values;
     for (const auto* const column : {"Evaluado", "CodNota", "CodNotaObservacion", "UltimaEvaluada"})
       values += "," + std::to_string(rows.Fields(column).Long());
-    school_.Execute(Join({"INSERT INTO ", other, " (", key, ", ", common, ") VALUES (", id, ",",
-                          subject, ",", evaluation, values, ")"}));
-    journal_.Changed(Join({"DELETE FROM ", other, " WHERE ", key, "=", id}),
-                     Join({"llevada de ", table, ", donde no le toca"}));
+    school_.Execute(Joined({"INSERT INTO ", other, " (", key, ", ", common, ") VALUES (", id, ",",
+                            subject, ",", evaluation, values, ")"}));
+    journal_.Changed(Joined({"DELETE FROM ", other, " WHERE ", key, "=", id}),
+                     Joined({"llevada de ", table, ", donde no le toca"}));
   }
-  Remove(table, condition, Join({"su evaluación es de ", other}));
+  Remove(table, condition, Joined({"su evaluación es de ", other}));
 }
 
 void RowRepairs::MoveGrades(std::string_view table) {
@@ -130,18 +125,18 @@ void RowRepairs::MoveGrades(std::string_view table) {
       "AlumnoPte_MatDet Doble ON Doble.CodAlumno=Primera.CodAlumno AND "
       "Doble.CodMatDet=Primera.CodMatDet WHERE Doble.IDAlumnoPte_MatDet=";
   const auto key = KeyOf(table);
-  auto rows = school_.Execute(
-      Join({"SELECT ", key, ", CodAlumnoPte_MatDet FROM ", table,
-            " WHERE CodAlumnoPte_MatDet IN (SELECT Doble.IDAlumnoPte_MatDet FROM AlumnoPte_MatDet "
-            "Doble INNER JOIN AlumnoPte_MatDet Primera ON Doble.CodAlumno=Primera.CodAlumno AND "
-            "Doble.CodMatDet=Primera.CodMatDet WHERE "
-            "Doble.IDAlumnoPte_MatDet>Primera.IDAlumnoPte_MatDet)"}));
+  auto rows = school_.Execute(Joined(
+      {"SELECT ", key, ", CodAlumnoPte_MatDet FROM ", table,
+       " WHERE CodAlumnoPte_MatDet IN (SELECT Doble.IDAlumnoPte_MatDet FROM AlumnoPte_MatDet "
+       "Doble INNER JOIN AlumnoPte_MatDet Primera ON Doble.CodAlumno=Primera.CodAlumno AND "
+       "Doble.CodMatDet=Primera.CodMatDet WHERE "
+       "Doble.IDAlumnoPte_MatDet>Primera.IDAlumnoPte_MatDet)"}));
   for (; !rows.Eof(); rows.MoveNext()) {
     const auto before = UndoLiteral(rows.Fields(1), engine_);
-    const auto which = Join({" WHERE ", key, "=", UndoLiteral(rows.Fields(0), engine_)});
-    school_.Execute(Join({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", first, before, ")", which,
-                          " AND CodAlumnoPte_MatDet=", before}));
-    journal_.Changed(Join({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", before, which}),
+    const auto which = Joined({" WHERE ", key, "=", UndoLiteral(rows.Fields(0), engine_)});
+    school_.Execute(Joined({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", first, before, ")",
+                            which, " AND CodAlumnoPte_MatDet=", before}));
+    journal_.Changed(Joined({"UPDATE ", table, " SET CodAlumnoPte_MatDet=", before, which}),
                      "pasada a la fila que queda de su materia");
   }
 }
@@ -154,7 +149,7 @@ void RowRepairs::Doubles(const Unique& unique) {
     MoveGrades("EvaluacionActaPte");
   }
   for (auto rows = doubled.Read(); !rows.Eof(); rows.MoveNext())
-    journal_.Removed(unique.table, rows, Join({"repite ", unique.columns}));
+    journal_.Removed(unique.table, rows, Joined({"repite ", unique.columns}));
   doubled.Remove();
 }
 
@@ -164,11 +159,11 @@ void RowRepairs::DoubledKeys(std::string_view table, std::string_view key) {
   if (!HoldsGrades(table)) return Doubles({table, key});
   for (auto rows = doubled.Read(); !rows.Eof(); rows.MoveNext()) {
     const auto id = NextKey(table, key);
-    const auto before = Join({key, "=", UndoLiteral(rows.Fields(key), engine_)});
+    const auto before = Joined({key, "=", UndoLiteral(rows.Fields(key), engine_)});
     doubled.Set(key, id, before);
     journal_.Changed(
-        Join({"UPDATE ", table, " SET ", before, " WHERE ", key, "=", std::to_string(id)}),
-        Join({"repetía ", key}));
+        Joined({"UPDATE ", table, " SET ", before, " WHERE ", key, "=", std::to_string(id)}),
+        Joined({"repetía ", key}));
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/PatientWork.h"
+#include "apps/escuela/Refusal.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolRules.h"
 #include "apps/escuela/SchoolWriting.h"
@@ -13,7 +14,6 @@
 #include "apps/escuela/repair/RepairJournal.h"
 #include "apps/escuela/repair/RowRepairs.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
@@ -22,10 +22,6 @@ using sqltext::Engine;
 
 // A fault leaves others behind at most as often as references stand in a row.
 constexpr auto kMostRounds = 12;
-
-[[noreturn]] void Refuse(const std::string& reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed, reason);
-}
 
 void RequireNobody(Connection& school) {
   const auto publications = LockList(school).Read();

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
+[[noreturn]] void RefuseToWrite(const std::string& path, const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed, "No se puede escribir " + path + ": " + reason);
 }
 
@@ -22,16 +22,16 @@ namespace fs = std::filesystem;
 
 void WriteNewFile(const std::string& path, const std::string& content) {
   std::error_code error;
-  if (fs::exists(fs::symlink_status(path, error))) Refuse(path, "el archivo ya existe");
+  if (fs::exists(fs::symlink_status(path, error))) RefuseToWrite(path, "el archivo ya existe");
   const auto partial = path + ".parcial-" + std::to_string(std::random_device()());
   const auto give = [&](const std::string& reason) {
     std::error_code ignored;
     fs::remove(partial, ignored);
-    Refuse(path, reason);
+    RefuseToWrite(path, reason);
   };
   {
     std::ofstream file(partial, std::ios::binary);
-    if (!file) Refuse(path, std::strerror(errno));
+    if (!file) RefuseToWrite(path, std::strerror(errno));
     file << content;
     if (!file.flush()) give("compruebe que queda espacio en el disco");
   }

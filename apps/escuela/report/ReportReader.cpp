@@ -3,28 +3,13 @@
 #include <algorithm>
 #include <set>
 
+#include "apps/escuela/PersonName.h"
+#include "apps/escuela/Refusal.h"
 #include "apps/escuela/import/FoldedText.h"
 #include "apps/escuela/state/MayGrade.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
-
-[[noreturn]] void Refuse(const std::string& reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed, reason);
-}
-
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string()
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-std::string FullName(const Recordset& rows, std::size_t at) {
-  const auto surnames = Trimmed(Trimmed(rows.Fields(at).Text()) + " " + rows.Fields(at + 1).Text());
-  const auto name = Trimmed(rows.Fields(at + 2).Text());
-  return surnames.empty() || name.empty() ? surnames + name : surnames + ", " + name;
-}
 
 std::string MeasureText(std::int32_t measure) {
   if (measure == 1) return "Refuerzo educativo";

@@ -8,8 +8,6 @@
 namespace quorvane {
 namespace {
 
-/// By it a spreadsheet knows that the letters are UTF-8.
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::array kBlankColumns = {"Nota", "Concepto", "Procedimiento", "Actitud",
                                       "Observación"};
 
@@ -135,7 +133,7 @@ std::string BlankSheetHtml(const SectionReport& report) {
 }
 
 std::string ReportCsv(const SectionReport& report) {
-  auto csv = std::string(kMark) +
+  auto csv = std::string(kByteOrderMark) +
              CsvLine({"alumno", "nombre", "grupo", "materia", "profesor", "evaluación", "nota",
                       "concepto", "procedimiento", "actitud", "observación", "medidas"});
   for (const auto& student : report.students)
@@ -166,7 +164,7 @@ std::string ReportCsv(const SectionReport& report) {
 std::string BlankSheetCsv(const SectionReport& report) {
   std::vector<std::string> heading = {"Alumno", "Materia"};
   heading.insert(heading.end(), kBlankColumns.begin(), kBlankColumns.end());
-  auto csv = std::string(kMark) + CsvLine(heading);
+  auto csv = std::string(kByteOrderMark) + CsvLine(heading);
   for (const auto& student : report.students)
     for (const auto& subject : student.subjects) {
       std::vector<std::string> line = {student.name, subject.name};

@@ -5,9 +5,12 @@
 
 namespace quorvane {
 
+/// A number that no member of staff bears.
+inline constexpr std::int32_t kNobody = -1;
+
 /// The condition, with brackets round it, that a member of staff may grade: as the tutor of the
 /// student's section, in a statement that joins `Alumno`, or as the teacher of the subject in the
-/// column `subject`. A number that no row bears may grade nothing.
+/// column `subject`. `kNobody` may grade nothing.
 std::string MayGrade(std::int32_t staff, const std::string& subject);
 
 /// One half of it each.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "apps/escuela/PersonName.h"
 #include "apps/escuela/state/MayGrade.h"
 
 namespace quorvane {
@@ -11,16 +12,10 @@ namespace {
 constexpr auto kSecondFinal = 2;
 constexpr auto kSubject = "AlumnoPte_MatDet.CodMatDet";
 
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  return first == std::string::npos ? std::string()
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::string Number(std::int32_t number) { return std::to_string(number); }
 
 /// The conditions of a filter, each with AND before it.
-std::string Conditions(const StateFilter& filter) {
+std::string StateConditions(const StateFilter& filter) {
   std::string text;
   if (filter.centre != 0)
     text +=
@@ -69,8 +64,7 @@ void SchoolState::ReadNames() {
     sections_[rows.Fields(0).Long()] = {rows.Fields(1).Text(), ++place};
   for (auto rows = school_.Execute("SELECT IDPersonal, Apellido1, Apellido2, Nombre FROM Personal");
        !rows.Eof(); rows.MoveNext())
-    staff_[rows.Fields(0).Long()] =
-        Trimmed(rows.Fields(1).Text() + " " + rows.Fields(2).Text()) + ", " + rows.Fields(3).Text();
+    staff_[rows.Fields(0).Long()] = FullName(rows, 1);
   for (auto rows = school_.Execute("SELECT CodMatDet, MAX(CodProfesor) FROM Profesor_Pte GROUP BY "
                                    "CodMatDet");
        !rows.Eof(); rows.MoveNext())
@@ -108,7 +102,7 @@ std::string SchoolState::Statement(const Alike& alike, const StateFilter& filter
         "Primera.CodAlumnoPte_MatDet=AlumnoPte_MatDet.IDAlumnoPte_MatDet AND "
         "Primera.CodNumEvaluacion=" +
         firstFinal_ + " AND Nota.Aprobado=0))";
-  statement += Conditions(filter);
+  statement += StateConditions(filter);
   if (section != 0) statement += " AND Alumno.CodSeccion=" + Number(section);
   statement += " GROUP BY " + groups;
   if (filter.missingOnly) statement += " HAVING COUNT(*)>" + entered;
