@@ -71,3 +71,13 @@ def sources(build, tool, base):
             seen.add(file)
             flags = tuple(_flags(words))
             yield Source(file, flags, cache / _key([file, *deps.get(output, [])], flags, base))
+
+
+def bundles(waiting, most):
+    """What can be read together, the largest first: compiled alike, in one folder, and no more than `most`."""
+    alike = collections.defaultdict(list)
+    for source in waiting:
+        folder = source.file.relative_to(ROOT).parts[:-1][:2]
+        alike[source.flags, folder].append(source)
+    parts = [group[i:i + most] for group in alike.values() for i in range(0, len(group), most)]
+    return sorted(parts, key=len, reverse=True)

@@ -4,40 +4,70 @@
 What it would add isn't asked for: a form's header may bring what every user of the form needs. An
 include that is there for its effect bears "// IWYU pragma: keep".
 """
+import collections
 import concurrent.futures
 import os
 import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 
-from compiled import ROOT, sources
+from compiled import ROOT, bundles, sources
 
+TOGETHER = 16
 REMOVE = re.compile(r'^(\S+) should remove these lines:\n((?:- .*\n)*)', re.MULTILINE)
 # Libraries whose names it finds in headers other than those that their users include.
 MISJUDGED = re.compile(r'- #include <(Q\w+|private/.*|X11/.*|xcb/.*|CLI/.*|sqlucode\.h|'
                        r'cctype|chrono|cmath|concepts|[io]?f?stream)>')
 
 
-def check(source):
-    done = subprocess.run(['include-what-you-use', *source.flags, '-Xiwyu', '--no_fwd_decls', '-Xiwyu',
-                           '--quoted_includes_first', str(source.file)], text=True, capture_output=True,
-                          cwd=ROOT)
+def ask(sources, file):
+    """What the tool says of those sources, compiled by way of `file`: whether it has judged each, and what is
+    too much, by the file that holds it."""
+    also = [name for source in sources for name in (source.file, source.file.with_suffix('.h')) if name.exists()]
+    done = subprocess.run(['include-what-you-use', *sources[0].flags, '-Xiwyu', '--no_fwd_decls', '-Xiwyu',
+                           '--quoted_includes_first',
+                           *(word for name in also for word in ('-Xiwyu', f'--check_also={name}')), str(file)],
+                          text=True, capture_output=True, cwd=ROOT)
     # It tells of each file that it has read; one that ended early says nothing, or not all.
-    judged = ' has correct #includes/fwd-decls)' in done.stderr or ' should remove these lines:' in done.stderr
-    if ' error: ' in done.stderr or done.returncode < 0 or not judged:
-        return [f'{source.file}: include-what-you-use ended with {done.returncode}\n{done.stderr}']
-    found = []
-    for file, lines in REMOVE.findall(done.stderr):
+    judged = all(f'({name} has correct #includes' in done.stderr or f'{name} should remove these lines:' in done.stderr
+                 for name in also)
+    found = collections.defaultdict(list)
+    for name, lines in REMOVE.findall(done.stderr):
         for line in lines.splitlines():
             if line.startswith('- #include') and not MISJUDGED.match(line):
                 include, _, number = line[2:].partition('  // lines ')
-                name = pathlib.Path(file)
-                name = name.relative_to(ROOT) if name.is_absolute() else name
-                found.append(f'{name}:{number.split("-")[0]}: nobody uses {include.strip()}')
-    if not found:
+                found[pathlib.Path(ROOT, name)].append((number.split('-')[0], include.strip()))
+    sound = judged and ' error: ' not in done.stderr and done.returncode >= 0
+    return sound, found, done
+
+
+def alone(source):
+    sound, found, done = ask([source], source.file)
+    if not sound:
+        return [f'{source.file}: include-what-you-use ended with {done.returncode}\n{done.stderr}']
+    said = [f'{name.relative_to(ROOT)}:{number}: nobody uses {include}'
+            for name, includes in found.items() for number, include in includes]
+    if not said:
         source.mark.touch()
-    return found
+    return said
+
+
+def check(bundle):
+    """Sources that are read together share the reading of their headers. What one of them includes may seem
+    useless there for another has included it before: whoever is complained of is asked about alone."""
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder, 'together.cpp')
+        file.write_text(''.join(f'#include "{source.file}"\n' for source in bundle))
+        sound, found, _ = ask(bundle, file)
+    said = []
+    for source in bundle:
+        if sound and not found[source.file] and not found[source.file.with_suffix('.h')]:
+            source.mark.touch()
+        else:
+            said += alone(source)
+    return said
 
 
 def main():
@@ -48,9 +78,10 @@ def main():
     waiting = [source for source in every if not source.mark.exists()]
     said = set()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for number, found in enumerate(pool.map(check, waiting), 1):
+        jobs = bundles(waiting, TOGETHER)
+        for number, found in enumerate(pool.map(check, jobs), 1):
             if sys.stderr.isatty():
-                print(f'\r{number}/{len(waiting)}', end='', file=sys.stderr)
+                print(f'\r{number}/{len(jobs)}', end='', file=sys.stderr)
             said.update(found)
     for text in sorted(said):
         print(text)

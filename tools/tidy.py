@@ -4,7 +4,6 @@
 Sources that are compiled alike and lie in one folder are read together, so that the headers which
 they share are read once; names of theirs that clash part them again.
 """
-import collections
 import concurrent.futures
 import os
 import pathlib
@@ -12,21 +11,11 @@ import subprocess
 import sys
 import tempfile
 
-from compiled import ROOT, sources
+from compiled import ROOT, bundles, sources
 
 TOGETHER = 32
 FOLDERS = 'platform|frame|register|selection|grades|adapters|apps|fuzz|tools'
 HEADERS = rf'({FOLDERS})/.*\.(h|cpp)$'
-
-
-def bundles(waiting):
-    """What can be read together, the largest first."""
-    alike = collections.defaultdict(list)
-    for source in waiting:
-        folder = source.file.relative_to(ROOT).parts[:-1][:2]
-        alike[source.flags, folder].append(source)
-    parts = [group[i:i + TOGETHER] for group in alike.values() for i in range(0, len(group), TOGETHER)]
-    return sorted(parts, key=len, reverse=True)
 
 
 def tidy(bundle):
@@ -65,7 +54,7 @@ def main():
     waiting = [source for source in every if not source.mark.exists()]
     done = failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for job in concurrent.futures.as_completed(pool.submit(check, one) for one in bundles(waiting)):
+        for job in concurrent.futures.as_completed(pool.submit(check, one) for one in bundles(waiting, TOGETHER)):
             for bundle, passed, text in job.result():
                 done += len(bundle)
                 if sys.stderr.isatty():
