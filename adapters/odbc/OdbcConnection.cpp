@@ -25,10 +25,15 @@ constexpr SQLINTEGER kSqliteBusy = 5;
 
 using sqltext::Engine;
 
+/// How long a file's driver waits for who has it locked. Error 0x80004005 in Spanish when the
+/// string doesn't say it plainly.
 std::chrono::milliseconds BusyWait(const ConnectionString& given) {
   if (!given.Has("Timeout")) return kBusyWait;
-  return std::chrono::milliseconds(
-      PlainNumber<std::int32_t>(given.Value("Timeout")).value_or(kBusyWait.count()));
+  if (const auto wait = PlainNumber<std::uint32_t>(given.Value("Timeout")))
+    return std::chrono::milliseconds(*wait);
+  throw RuntimeError(ErrorNumber::StatementFailed,
+                     "El valor de Timeout no vale: " + given.Value("Timeout") +
+                         ". Son milisegundos, en decimal y sin ceros por delante");
 }
 
 /// What asks for the day, in the form of the engine that has one.
@@ -91,12 +96,12 @@ void OdbcConnection::Connect(Engine expected) {
                                Advice(failure.What()));
   }
   engine_ = sqltext::EngineNamed(connection_->Info(SQL_DBMS_NAME));
-  busyWait_ = engine_ == Engine::Sqlite ? BusyWait(ConnectionString(text_)) : kNoWait;
 }
 
 void OdbcConnection::RequireSupport() {
   try {
     RequireSupported(*connection_, engine_);
+    busyWait_ = engine_ == Engine::Sqlite ? BusyWait(ConnectionString(text_)) : kNoWait;
   } catch (const DriverFailure& failure) {
     Forget();
     throw failure.What().Error("No se puede conectar con la base de datos: ",

@@ -14,12 +14,6 @@ namespace {
 
 using sqltext::Engine;
 
-bool IsOfSchool(const std::string& name) {
-  const auto& tables = SchoolTables();
-  return std::any_of(tables.begin(), tables.end(),
-                     [&](const SchemaTable& table) { return EqualNoCase(table.name, name); });
-}
-
 bool AllowsSnapshot(Connection& school) {
   try {
     const auto state = school.Execute(
@@ -45,7 +39,7 @@ CopyOrigin::~CopyOrigin() = default;
 
 void CopyOrigin::FindOthers() {
   others_ = TableNames(*school_);
-  std::erase_if(others_, IsOfSchool);
+  std::erase_if(others_, [](const auto& name) { return FindSchoolTable(name) != nullptr; });
   if (UserPasswords(*school_).Kept())
     std::erase_if(others_,
                   [](const auto& name) { return EqualNoCase(name, UserPasswords::kTable); });

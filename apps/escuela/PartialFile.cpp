@@ -10,6 +10,7 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "apps/escuela/PublishFile.h"
 #include "apps/escuela/Refusal.h"
 
 namespace quorvane {
@@ -47,15 +48,8 @@ PartialFile::~PartialFile() {
   for (auto& partial : partialPaths) std::fill(std::begin(partial), std::end(partial), '\0');
 }
 
-// A second name for the file, unlike a change of name, fails when somebody has made a file of that
-// name meanwhile; where the file system has none, the look has to do.
 void PartialFile::Publish() const {
-  std::error_code error;
-  fs::create_hard_link(path_, goal_, error);
-  if (!error) return;
-  if (fs::exists(fs::symlink_status(goal_))) RefuseToCreate(goal_, "el archivo ya existe");
-  fs::rename(path_, goal_, error);
-  if (error) RefuseToCreate(goal_, error.message());
+  if (const auto reason = PublishFile(path_, goal_); !reason.empty()) RefuseToCreate(goal_, reason);
 }
 
 void PartialFile::RemoveAny() noexcept {

@@ -113,14 +113,8 @@ std::int32_t SchoolCheck::Count(const std::string& select) const {
 
 void SchoolCheck::FindOrphans(std::vector<std::string>& findings) const {
   for (const auto& reference : kReferences) {
-    // One row without a key would be equal, perhaps, to any other, and hide all orphans.
-    auto condition = Joined({reference.column, " NOT IN (SELECT ", reference.key, " FROM ",
-                             reference.target, " WHERE ", reference.key, " IS NOT NULL)"});
-    condition = reference.optional
-                    ? Joined({reference.column, "<>0 AND ", condition})
-                    : Joined({"(", reference.column, " IS NULL OR ", condition, ")"});
-    const auto count =
-        Count(Joined({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", condition}));
+    const auto count = Count(
+        Joined({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", OrphanCondition(reference)}));
     if (count > 0)
       findings.push_back(Joined({"Huérfanas en ", reference.table, ": ", RowCount(count), " cuyo ",
                                  reference.column, " no está en ", reference.target}));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace quorvane {
@@ -39,6 +40,10 @@ inline constexpr Reference kReferences[] = {
     {"Nota", "CodTipoNota", "TipoNota", "IDTipoNota", false},
     {"TipoNota", "CodTipoMateria", "TipoMateria", "IDTipoMateria", false},
 };
+
+/// The condition, of SQL, that a row of its table meets whose reference leads nowhere: nothing that
+/// must refer refers to nothing, and targets without a key are nobody's.
+std::string OrphanCondition(const Reference& reference);
 
 /// Columns that together should stand once in their table.
 struct Unique {

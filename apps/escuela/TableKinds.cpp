@@ -52,8 +52,8 @@ struct ReadTable {
 
 /// One that a school must have, or one of the host's own, which it may have.
 std::optional<ReadTable> TableNamed(const std::string& name) {
-  for (const auto& one : SchoolTables())
-    if (EqualNoCase(one.name, name)) return ReadTable{one.name, one.byPosition};
+  if (const auto* const table = FindSchoolTable(name))
+    return ReadTable{table->name, table->byPosition};
   for (const auto& own : {std::string(kHistoryTable), std::string(UserPasswords::kTable)})
     if (EqualNoCase(own, name)) return ReadTable{own};
   return std::nullopt;

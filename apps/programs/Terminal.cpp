@@ -23,6 +23,8 @@ std::string Terminal::ReadHidden(std::string_view question) const {
   tcgetattr(handle_, &before);
   auto hidden = before;
   hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
+  // An interruption arrives at once, as if it ended the line.
+  hidden.c_cc[VEOL] = before.c_cc[VINTR];
   tcsetattr(handle_, TCSAFLUSH, &hidden);
   // Only now: who answers at once isn't shown either.
   Write(question);

@@ -5,21 +5,6 @@
 #include "platform/text/VisibleText.h"
 
 namespace quorvane {
-namespace {
-
-std::string VisibleBetweenTabs(std::string_view line) {
-  std::string visible;
-  for (;;) {
-    const auto tab = line.find('\t');
-    visible += VisibleText(line.substr(0, tab));
-    if (tab == std::string_view::npos) return visible;
-    visible += '\t';
-    line.remove_prefix(tab + 1);
-  }
-}
-
-}  // namespace
-
 VisibleOutput::~VisibleOutput() {
   const auto arrived = WriteLine() && to_->pubsync() == 0;
   // The change of buffers takes the stream's failures away.
@@ -39,7 +24,7 @@ int VisibleOutput::sync() { return WriteLine() ? to_->pubsync() : -1; }
 bool VisibleOutput::WriteLine() {
   std::string_view text = line_;
   const auto end = text.ends_with("\r\n") ? 2U : text.ends_with('\n') ? 1U : 0U;
-  auto visible = VisibleBetweenTabs(text.substr(0, text.size() - end));
+  auto visible = VisibleText(text.substr(0, text.size() - end), "\t");
   visible += text.substr(text.size() - end);
   line_.clear();
   const auto size = static_cast<std::streamsize>(visible.size());

@@ -42,17 +42,22 @@ std::string DocumentText(const SectionReport& report, bool blank, bool csv) {
   return blank ? BlankSheetHtml(report) : ReportHtml(report);
 }
 
-/// The files that have been written, which go again with a folder that was made for them unless
-/// they are kept.
+/// The files that have been written, which go again, with the folders that were made for them,
+/// unless they are kept.
 class WrittenFiles {
  public:
-  explicit WrittenFiles(std::filesystem::path folder)
-      : folder_(std::move(folder)), made_(!std::filesystem::exists(folder_)) {}
+  explicit WrittenFiles(std::filesystem::path folder) : folder_(std::move(folder)) {
+    std::error_code ignored;
+    for (auto missing = folder_; !missing.empty() && !std::filesystem::exists(missing, ignored);
+         missing = missing.parent_path())
+      made_.push_back(missing);
+  }
   ~WrittenFiles() {
     if (kept_) return;
     std::error_code ignored;
     for (const auto& file : files_) std::filesystem::remove(file, ignored);
-    if (made_) std::filesystem::remove(folder_, ignored);
+    // From the innermost on; one that somebody else has put something in stays.
+    for (const auto& folder : made_) std::filesystem::remove(folder, ignored);
   }
   WrittenFiles(const WrittenFiles&) = delete;
   WrittenFiles& operator=(const WrittenFiles&) = delete;
@@ -70,7 +75,7 @@ class WrittenFiles {
  private:
   std::filesystem::path folder_;
   std::vector<std::filesystem::path> files_;
-  bool made_;
+  std::vector<std::filesystem::path> made_;
   bool kept_ = false;
 };
 

@@ -152,6 +152,12 @@ const CLI::App* AddHistory(CLI::App& app, Arguments& arguments) {
   return history;
 }
 
+/// Tells what is wrong with what was given, and gives back how the program ends then.
+int BadArguments(const std::string& text) {
+  std::cerr << "quorvane-escuela: " << text << "\nPruebe quorvane-escuela --help\n";
+  return kBadArguments;
+}
+
 int Run(int argc, char** argv) {
   CLI::App app("Crea, comprueba y arregla escuelas para el módulo de pendientes.",
                "quorvane-escuela");
@@ -218,9 +224,7 @@ int Run(int argc, char** argv) {
   } catch (const CLI::Success& success) {
     return app.exit(success);
   } catch (const CLI::ParseError& error) {
-    std::cerr << "quorvane-escuela: " << quorvane::Complaint(error)
-              << "\nPruebe quorvane-escuela --help\n";
-    return kBadArguments;
+    return BadArguments(quorvane::Complaint(error));
   }
   if (copy->parsed())
     return quorvane::Copy(quorvane::WithPassword(Address(arguments.from)),
@@ -230,13 +234,9 @@ int Run(int argc, char** argv) {
     arguments.csv.swap(arguments.file);
   if (history->parsed() && !arguments.odbc.empty() && arguments.history.order.empty())
     arguments.history.order.swap(arguments.file);
-  if (arguments.file.empty() == arguments.odbc.empty()) {
-    std::cerr << "quorvane-escuela: "
-              << (arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
-                                         : "FICHERO y --odbc no van juntos")
-              << "\nPruebe quorvane-escuela --help\n";
-    return kBadArguments;
-  }
+  if (arguments.file.empty() == arguments.odbc.empty())
+    return BadArguments(arguments.odbc.empty() ? "Falta FICHERO, o --odbc en su lugar"
+                                               : "FICHERO y --odbc no van juntos");
   const auto school = arguments.odbc.empty()
                           ? quorvane::SchoolAddress::File(arguments.file)
                           : quorvane::WithPassword(quorvane::SchoolAddress::Odbc(arguments.odbc));
@@ -254,27 +254,18 @@ int Run(int argc, char** argv) {
   if (removePassword->parsed()) return quorvane::RemovePassword(school, arguments.user);
   if (users->parsed()) return quorvane::ShowUsers(school);
   if (history->parsed()) {
-    if (const auto wrong = quorvane::Complaint(arguments.history); !wrong.empty()) {
-      std::cerr << "quorvane-escuela: " << quorvane::Told(wrong)
-                << "\nPruebe quorvane-escuela --help\n";
-      return kBadArguments;
-    }
+    if (const auto wrong = quorvane::Complaint(arguments.history); !wrong.empty())
+      return BadArguments(quorvane::Told(wrong));
     return quorvane::History(school, arguments.history);
   }
   if (report->parsed()) {
-    if (const auto wrong = quorvane::Complaint(arguments.report); !wrong.empty()) {
-      std::cerr << "quorvane-escuela: " << quorvane::Told(wrong)
-                << "\nPruebe quorvane-escuela --help\n";
-      return kBadArguments;
-    }
+    if (const auto wrong = quorvane::Complaint(arguments.report); !wrong.empty())
+      return BadArguments(quorvane::Told(wrong));
     return quorvane::Report(school, arguments.report);
   }
   if (state->parsed()) return quorvane::State(school, arguments.state);
   if (import->parsed()) {
-    if (arguments.csv.empty()) {
-      std::cerr << "quorvane-escuela: Falta CSV\nPruebe quorvane-escuela --help\n";
-      return kBadArguments;
-    }
+    if (arguments.csv.empty()) return BadArguments("Falta CSV");
     return quorvane::Import(school, arguments.csv, arguments.import);
   }
   if (repair->parsed()) return quorvane::Repair(school, arguments.repair);

@@ -6,6 +6,7 @@
 
 #include "frame/schema/SchemaSql.h"
 #include "frame/schema/SchoolSchemaText.h"
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {
@@ -51,5 +52,13 @@ std::vector<std::string> SchemaStatements(std::string_view text) {
 }
 
 const std::vector<SchemaTable>& SchoolTables() { return School().tables; }
+
+const SchemaTable* FindSchoolTable(std::string_view name) {
+  const auto& tables = SchoolTables();
+  const auto found = std::find_if(tables.begin(), tables.end(), [name](const SchemaTable& table) {
+    return EqualNoCase(table.name, name);
+  });
+  return found == tables.end() ? nullptr : &*found;
+}
 
 }  // namespace quorvane

@@ -29,4 +29,7 @@ std::vector<std::string> SchemaStatements(std::string_view text);
 /// call.
 const std::vector<SchemaTable>& SchoolTables();
 
+/// The one of that name, matched without regard to case; null where the school has none.
+const SchemaTable* FindSchoolTable(std::string_view name);
+
 }  // namespace quorvane

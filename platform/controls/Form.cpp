@@ -95,6 +95,7 @@ int Form::BackLayer() const {
 void Form::ShowModal() {
   const auto self = shared_from_this();
   const Running running(shows_);
+  const auto held = Screen().HoldProgram();
   do {
     again_ = false;
     Load();
@@ -128,6 +129,8 @@ void Form::Unload() {
   if (!loaded_) return;
   const auto self = shared_from_this();
   Screen().Unloading(*this);
+  // Also where `Form_Unload` fails: the show that goes on then would unload the form once more.
+  again_ = false;
   Form_Unload();
   visible_ = false;
   again_ = false;

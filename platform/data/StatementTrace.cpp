@@ -11,9 +11,10 @@ namespace {
 
 constexpr const char* kVariable = "QUORVANE_TRAZA";
 
-void TellUnwritable() {
+void TellUnwritable(const TraceFile& file) {
   TraceFile::Tell("No se puede escribir la traza " + VisibleText(std::getenv(kVariable)) +
-                  ": compruebe su carpeta y que queda espacio en el disco\n");
+                  (file.Unread() ? ": nadie la lee\n"
+                                 : ": compruebe su carpeta y que queda espacio en el disco\n"));
 }
 
 std::unique_ptr<TraceFile> OpenFromEnvironment() {
@@ -21,7 +22,7 @@ std::unique_ptr<TraceFile> OpenFromEnvironment() {
   if (path == nullptr || *path == '\0') return nullptr;
   auto file = std::make_unique<TraceFile>(path);
   if (file->IsOpen()) return file;
-  TellUnwritable();
+  TellUnwritable(*file);
   return nullptr;
 }
 
@@ -39,7 +40,7 @@ void StatementTrace::Write(const std::string& connection, const std::string& sta
   const auto line = "sql " + connection + " " + statement + "\n";
   if (file->Append(line)) return;
   // A trace with holes would tell of a session that never was: it ends here.
-  TellUnwritable();
+  TellUnwritable(*file);
   file.reset();
 }
 

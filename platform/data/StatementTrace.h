@@ -8,8 +8,9 @@ namespace quorvane {
 class StatementTrace {
  public:
   /// Appends "sql CONNECTION STATEMENT" as one line, whole even when several processes write; no
-  /// effect without that variable. A file that can't be written, or no longer, or a pipe that
-  /// nobody reads, is told once, on standard error, and ends the trace: it stops nobody's work.
+  /// effect without that variable. A file that can't be written, or no longer, or a pipe or a
+  /// terminal whose reader has gone, or takes nothing for two seconds, is told once, on standard
+  /// error, and ends the trace: it stops nobody's work.
   static void Write(const std::string& connection, const std::string& statement);
 
   /// While one lives nothing is traced: for what a host's component asks of the module's

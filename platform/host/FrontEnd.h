@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace quorvane {
@@ -29,6 +30,10 @@ class FrontEnd {
   /// `Visible`. The caller holds the form. A failure in one of its handlers ends the show and
   /// comes out of this call. Called again, also for the same form, from inside handlers.
   virtual void RunModal(Form& form) = 0;
+
+  /// What the front end needs to keep for as long as a form has turns, while it isn't on the screen
+  /// too: a program that ends with its last window must not end between two of them.
+  virtual std::shared_ptr<void> HoldProgram() { return nullptr; }
 
   virtual void Loading(Form& /*form*/) {}    ///< `Form_Load` is about to run
   virtual void Hidden(Form& /*form*/) {}     ///< the form has hidden itself

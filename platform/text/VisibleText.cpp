@@ -68,8 +68,12 @@ bool ActsOnTerminal(char32_t letter) noexcept {
   return false;
 }
 
-std::string VisibleText(std::string_view text) {
-  return Rewritten(text, [](std::string& visible, std::optional<char32_t> letter, char byte) {
+std::string VisibleText(std::string_view text, std::string_view kept) {
+  return Rewritten(text, [kept](std::string& visible, std::optional<char32_t> letter, char byte) {
+    if (kept.find(byte) != std::string_view::npos) {
+      visible += byte;
+      return;
+    }
     if (letter) return AppendEscaped(visible, *letter);
     visible += "\\x";
     AppendHex(visible, static_cast<unsigned char>(byte), 2);

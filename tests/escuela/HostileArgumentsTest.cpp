@@ -302,25 +302,33 @@ TEST_F(HostileArgumentsTest, ATraceStopsNoWork) {
   const auto play = "QUORVANE_TRAZA=$t " + (kScriptTool + ("--bd " + path_)) + " " + script;
   const auto whole = RunBriefly("sh -c 't=; " + play + "'");
   EXPECT_EQ(whole.status, 0);
-  const auto told = [&](const std::string& text) {
+  const auto told = [&](const std::string& text, const std::string& why) {
     const std::string words = "No se puede escribir la traza";
     const auto first = text.find(words);
-    return first != std::string::npos && text.find(words, first + 1) == std::string::npos;
+    return first != std::string::npos && text.find(words, first + 1) == std::string::npos &&
+           text.find(why, first) != std::string::npos;
   };
-  // Who reads it leaves while the script is at work.
+  const std::string unread = ": nadie la lee\n";
+  // Who reads it, and is there before it is written, leaves while the script is at work.
   const auto left =
-      RunBriefly("sh -c '{ head -c 1 " + pipe + " >/dev/null; echo >" + pipe + ".fin; } & { cat " +
-                 script + "; until [ -e " + pipe + ".fin ]; do sleep 0.01; done; cat " + script +
-                 "; } | QUORVANE_TRAZA=" + pipe + " " + (kScriptTool + ("--bd " + path_)) + "'");
+      RunBriefly("sh -c 'exec 3<>" + pipe + "; { head -c 1 <&3 >/dev/null; exec 3>&-; echo >" +
+                 pipe + ".fin; } & exec 3>&-; { cat " + script + "; until [ -e " + pipe +
+                 ".fin ]; do sleep 0.01; done; cat " + script + "; } | QUORVANE_TRAZA=" + pipe +
+                 " " + (kScriptTool + ("--bd " + path_)) + "'");
   EXPECT_EQ(left.status, 0);
-  EXPECT_TRUE(told(left.text)) << left.text.substr(0, 500);
-  // Nobody reads it; the disk is full; there is no such folder.
-  for (const std::string& shell :
-       {"t=" + pipe + "; " + play, "t=/dev/full; " + play, std::string("t=/no/hay; ") + play}) {
-    const auto ended = RunBriefly("sh -c '" + shell + "'");
+  EXPECT_TRUE(told(left.text, unread)) << left.text.substr(0, 500);
+  // Nobody reads it, who has it open or not; the disk is full; there is no such folder.
+  const auto full = "exec 3<>" + pipe + "; dd if=/dev/zero of=" + pipe +
+                    " bs=4096 count=1000 oflag=nonblock 2>/dev/null; t=" + pipe + "; ";
+  for (const auto& [shell, why] :
+       std::vector<std::pair<std::string, std::string>>{{"t=" + pipe + "; ", unread},
+                                                        {full, unread},
+                                                        {"t=/dev/full; ", "espacio en el disco"},
+                                                        {"t=/no/hay; ", "espacio en el disco"}}) {
+    const auto ended = RunBriefly("sh -c '" + shell + play + "'");
     EXPECT_EQ(ended.status, 0) << shell;
     EXPECT_THAT(ended.text, HasSubstr("vuelve 123\n"));
-    EXPECT_TRUE(told(ended.text)) << shell << ended.text.substr(0, 500);
+    EXPECT_TRUE(told(ended.text, why)) << shell << ended.text.substr(0, 500);
   }
 }
 

@@ -186,7 +186,7 @@ TEST_F(HostileSchoolTest, NoOrderReadsAViewInThePlaceOfAnOwnTable) {
           "historial F purgar --antes 2030-01-01", "reparar F"}) {
       auto arguments = order;
       arguments.replace(arguments.find('F'), 1, school_.Path());
-      const auto done = RunCommand("timeout 5 " QUORVANE_ESCUELA " " + arguments);
+      const auto done = RunCommand("timeout 20 " QUORVANE_ESCUELA " " + arguments);
       EXPECT_EQ(done.status, 1) << order;
       EXPECT_THAT(done.text, HasSubstr("sino una vista")) << order;
     }

@@ -97,6 +97,20 @@ TEST_F(SchoolRepairTest, MendsEveryFaultAndTellsHowToPutItBack) {
   EXPECT_EQ(Content(), before);
 }
 
+TEST_F(SchoolRepairTest, MendsReferencesThatAreNull) {
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,NULL,0,0)");
+  school_.Sql("UPDATE EvaluacionPte SET CodNumEvaluacion=NULL WHERE IDEvaluacionPte=3");
+  school_.Sql("UPDATE AlumnoPte_MatDet SET CodAlumno=NULL WHERE IDAlumnoPte_MatDet=2");
+  const auto before = Content();
+  EXPECT_EQ(Faults().size(), 3U);
+  const auto report = Repair();
+  EXPECT_THAT(Faults(), IsEmpty());
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=2"), 0);
+  PlayBack(report);
+  EXPECT_EQ(Content(), before);
+}
+
 // What is printed is played as it stands, and somebody reads it on a terminal.
 TEST_F(SchoolRepairTest, GivesBackWhateverLettersARowHolds) {
   school_.Sql("DELETE FROM BloqueoPte");

@@ -164,6 +164,12 @@ TEST_F(SchoolYearTest, ThreeUsersAtOnceAllStandInTheHistory) {
   ASSERT_GT(students, 0);
   history_.Activate();
   std::vector<std::future<Outcome>> users;
+  // Also where something throws: those who wait for it would keep the test for ever.
+  struct GoAhead {
+    std::string file;
+    void Tell() const { std::ofstream(file) << "go"; }
+    ~GoAhead() { Tell(); }
+  } const goAhead{folder_ / "go"};
   const auto open = [this] { return school_.Number("SELECT COUNT(*) FROM PublicacionPte"); };
   // One opens after the other: two that take the highest number at once get the same one, and the
   // second is told so.
@@ -177,7 +183,7 @@ TEST_F(SchoolYearTest, ThreeUsersAtOnceAllStandInTheHistory) {
   opens(Grading(1, kMaths, "7"));
   opens(Grading(2, kMusic, "6"));
   opens(Grading(3, kSports, "5"));
-  std::ofstream(folder_ / "go") << "go";
+  goAhead.Tell();
   for (auto& user : users) {
     const auto outcome = user.get();
     EXPECT_EQ(outcome.status, 0) << outcome.text;

@@ -1,7 +1,7 @@
 // The passwords of a school in a file, and the order that sets them.
 
+#include <algorithm>
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <pty.h>
@@ -26,7 +26,10 @@ constexpr auto kOther = "otra cosa muy larga";
 constexpr auto kOpenToAll =
     "Sin contraseñas: quien abre el fichero entra como cualquiera de sus usuarios\n";
 
-/// What somebody at a terminal sees who types those lines when he is asked.
+constexpr auto kInterrupt = "\x03";
+
+/// What somebody at a terminal sees who types those lines when he is asked, or interrupts without
+/// ending one.
 std::string AtTerminal(const std::vector<std::string>& arguments,
                        const std::vector<std::string>& typed, int& status) {
   int terminal = -1;
@@ -35,6 +38,7 @@ std::string AtTerminal(const std::vector<std::string>& arguments,
     std::vector<char*> words{const_cast<char*>(QUORVANE_ESCUELA)};
     for (const auto& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
     words.push_back(nullptr);
+    alarm(60);  // one that waits for more than is typed is a failure, and not for ever
     execv(QUORVANE_ESCUELA, words.data());
     _exit(127);
   }
@@ -55,7 +59,8 @@ std::string AtTerminal(const std::vector<std::string>& arguments,
       return (now.c_lflag & ECHO) == 0;
     };
     for (int wait = 0; wait < 5000 && !quiet(); ++wait) usleep(1000);
-    const auto line = typed[asked++] + "\n";
+    const auto ends = typed[asked] == kInterrupt ? "" : "\n";
+    const auto line = typed[asked++] + ends;
     EXPECT_EQ(write(terminal, line.data(), line.size()), static_cast<ssize_t>(line.size()));
   }
   waitpid(child, &status, 0);
@@ -105,23 +110,25 @@ TEST_F(UserPasswordsTest, AreKeptByArgon2idAndKnowTheirOwner) {
 TEST_F(UserPasswordsTest, TakeAsLongForWhoIsThereAsForWhoIsNot) {
   passwords_.Set(3, kSecret);
   const auto time = [this](const std::vector<std::int32_t>& candidates, const char* password) {
-    auto best = std::chrono::nanoseconds::max();
-    for (int turn = 0; turn < 3; ++turn) {
-      timespec before{};
-      timespec after{};
-      clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
-      (void)passwords_.Owner(candidates, 1, password);
-      clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
-      best =
-          std::min(best, std::chrono::nanoseconds((after.tv_sec - before.tv_sec) * 1'000'000'000 +
-                                                  after.tv_nsec - before.tv_nsec));
-    }
-    return static_cast<double>(best.count());
+    timespec before{};
+    timespec after{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
+    (void)passwords_.Owner(candidates, 1, password);
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
+    return static_cast<double>((after.tv_sec - before.tv_sec) * 1'000'000'000 + after.tv_nsec -
+                               before.tv_nsec);
   };
-  const auto right = time({3}, kSecret);
-  for (const auto other : {time({3}, kOther), time({2}, kSecret), time({}, kSecret)}) {
-    EXPECT_LT(other, right * 1.6);
-    EXPECT_GT(other, right / 1.6);
+  // All in each round: what slows the processor for a while slows all of them.
+  std::array<double, 4> best{};
+  for (int round = 0; round < 5; ++round) {
+    const std::array<double, 4> now = {time({3}, kSecret), time({3}, kOther), time({2}, kSecret),
+                                       time({}, kSecret)};
+    for (std::size_t i = 0; i < best.size(); ++i)
+      best[i] = round == 0 ? now[i] : std::min(best[i], now[i]);
+  }
+  for (const auto other : best) {
+    EXPECT_LT(other, best[0] * 1.6);
+    EXPECT_GT(other, best[0] / 1.6);
   }
 }
 
@@ -170,6 +177,16 @@ TEST_F(UserPasswordsTest, AreNotSeenOnATerminal) {
   EXPECT_THAT(seen, HasSubstr("Contraseña nueva del usuario 3 (tutora3a): "));
   EXPECT_EQ(seen.find("alcachofas"), std::string::npos) << seen;
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
+}
+
+TEST_F(UserPasswordsTest, AreInterruptedAtATerminalWithoutALinesEnd) {
+  int status = -1;
+  for (const std::vector<std::string>& typed :
+       {std::vector<std::string>{kInterrupt}, std::vector<std::string>{kSecret, kInterrupt}}) {
+    const auto seen = AtTerminal({"usuarios", school_.Path(), "clave", "3"}, typed, status);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status << seen;
+  }
+  EXPECT_FALSE(passwords_.Any());
 }
 
 TEST_F(UserPasswordsTest, AreInNoTrace) {

@@ -138,6 +138,7 @@ TEST_F(GestureTest, CerrarUnloadsTheForm) {
 TEST_F(GestureTest, EachCommandIsEchoedAsRead) {
   echo = true;
   EXPECT_EQ(Play("  hoy   \"\"   # vacío"), Lines{"> hoy   \"\""});
+  EXPECT_EQ(Play("hoy\t\"\"\t"), Lines{"> hoy\t\"\""});
 }
 
 }  // namespace

@@ -243,7 +243,7 @@ TEST_F(OdbcConnectionTest, AStatementWithANulIsRefusedWhole) {
   EXPECT_THAT(Rows("SELECT a FROM T"), ElementsAre("1"));
 }
 
-TEST_F(OdbcConnectionTest, AStringIsNoLongerThanManagersBear) {
+TEST_F(OdbcConnectionTest, AStringIsNoLongerThanManagersBearAndSaysItsWaitPlainly) {
   const auto refused = [](const std::string& string) {
     try {
       OdbcConnection(string, "").Open();
@@ -262,6 +262,11 @@ TEST_F(OdbcConnectionTest, AStringIsNoLongerThanManagersBear) {
   EXPECT_THAT(refused(many), HasSubstr("toda ella"));
   EXPECT_THAT(refused(text + std::string(";a=\0", 4)), HasSubstr("carácter nulo"));
   EXPECT_EQ(refused(text + ";Clave=" + std::string(900, 'x')), "");
+  for (const std::string wait : {"05", "-1", "5s", "5000000000"})
+    EXPECT_EQ(refused(text + ";Timeout=" + wait),
+              "El valor de Timeout no vale: " + wait +
+                  ". Son milisegundos, en decimal y sin ceros por delante");
+  EXPECT_EQ(refused(text + ";Timeout=0"), "");
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ class frmVida : public Form {
 
   static inline std::function<void()> alCargar;
   static inline std::function<void()> alActivar;
+  static inline std::function<void()> alDescargar;
 
   CommandButton cmdUno{*this, "cmdUno"};
   Frame fraUno{*this, "fraUno(0)"};
@@ -42,6 +43,7 @@ class frmVida : public Form {
   }
   void Form_Unload() override {
     events->emplace_back("Unload");
+    if (alDescargar) alDescargar();
     FormInstance<frmVida>::Drop();
     events->emplace_back("tras soltar");
   }
@@ -55,6 +57,7 @@ class FormTest : public testing::Test {
     events = &screen.told;
     frmVida::alCargar = nullptr;
     frmVida::alActivar = nullptr;
+    frmVida::alDescargar = nullptr;
   }
   void TearDown() override { FormInstances::DropAll(); }
   static frmVida& Get() { return FormInstance<frmVida>::Get(); }
@@ -115,6 +118,20 @@ TEST_F(FormTest, ShowsNestAlsoOfOneForm) {
   EXPECT_EQ(depth, 3);
   EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "Load"), 1);
   EXPECT_EQ(std::count(screen.told.begin(), screen.told.end(), "fin"), 1);
+}
+
+TEST_F(FormTest, IsNotShownInTurnAfterAnUnloadThatFails) {
+  auto shows = 0;
+  frmVida::alDescargar = [] { throw RuntimeError(ErrorNumber::Overflow); };
+  screen.user = [&shows](Form& form) {
+    form.Hide();
+    if (++shows > 1) return;
+    form.ShowInTurn();
+    // As a front end does that takes all forms away.
+    EXPECT_EQ(ErrorOf([&form] { form.Unload(); }), 6);
+  };
+  Get().ShowModal();
+  EXPECT_EQ(shows, 1);
 }
 
 TEST_F(FormTest, AFailureInLoadComesOutOfTheShow) {

@@ -1,7 +1,13 @@
+#include <array>
+#include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
+#include <future>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/stat.h>
+#include <termios.h>
+#include <thread>
 #include <unistd.h>
 
 #include "platform/data/TraceFile.h"
@@ -13,6 +19,41 @@ namespace {
 class TraceFileTest : public testing::Test {
  protected:
   void MakePipe() const { ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0); }
+
+  /// To its end, with a rest between reads.
+  static std::string ReadSlowly(int reader) {
+    std::string text;
+    std::array<char, 4096> buffer{};
+    for (;;) {
+      const auto count = read(reader, buffer.data(), buffer.size());
+      if (count <= 0) break;
+      text.append(buffer.data(), static_cast<std::size_t>(count));
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    close(reader);
+    return text;
+  }
+
+  static std::string Repeated(const std::string& line, int times) {
+    std::string text;
+    for (auto i = 0; i < times; ++i) text += line;
+    return text;
+  }
+
+  /// What is traced to `path` much faster than it is read, by `reader`, which it is for to close.
+  static void ExpectEveryLine(int reader, const std::string& path, std::size_t length,
+                              int lines = 2000) {
+    const auto line = std::string(length - 1, 'a') + "\n";
+    std::future<std::string> text;
+    {
+      TraceFile trace(path.c_str());
+      ASSERT_TRUE(trace.IsOpen());
+      text = std::async(std::launch::async, ReadSlowly, reader);
+      for (auto i = 0; i < lines; ++i) ASSERT_TRUE(trace.Append(line)) << i;
+    }
+    const auto got = text.get();
+    EXPECT_TRUE(got == Repeated(line, lines)) << got.size();
+  }
 
   TempFolder folder_;
   std::string path_ = folder_ / "traza";
@@ -30,33 +71,75 @@ TEST_F(TraceFileTest, IsItsOwnersAlone) {
 
 TEST_F(TraceFileTest, APipeThatNobodyReadsIsNotWaitedFor) {
   MakePipe();
-  EXPECT_FALSE(TraceFile(path_.c_str()).IsOpen());
+  const TraceFile trace(path_.c_str());
+  EXPECT_FALSE(trace.IsOpen());
+  EXPECT_TRUE(trace.Unread());
 }
 
 TEST_F(TraceFileTest, APipeWhoseReaderHasGoneEndsNobody) {
   MakePipe();
   const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  const TraceFile trace(path_.c_str());
+  TraceFile trace(path_.c_str());
   EXPECT_TRUE(trace.Append("a\n"));
   close(reader);
   EXPECT_FALSE(trace.Append("b\n"));
   EXPECT_FALSE(trace.Append("c\n"));
+  EXPECT_TRUE(trace.Unread());
 }
 
-TEST_F(TraceFileTest, APipeThatIsFullIsNotWaitedFor) {
+TEST_F(TraceFileTest, APipeThatStaysFullIsWaitedForOnceAndEndsWithAWholeLine) {
   MakePipe();
   const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  const TraceFile trace(path_.c_str());
+  TraceFile trace(path_.c_str());
+  const std::string line = std::string(999, 'a') + "\n";
+  const auto begin = std::chrono::steady_clock::now();
   auto lines = 0;
-  while (lines < 1000 && trace.Append(std::string(4096, 'a'))) ++lines;
+  while (lines < 4000 && trace.Append(line)) ++lines;
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, TraceFile::kPatience);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 10 * TraceFile::kPatience);
   EXPECT_GT(lines, 0);
-  EXPECT_LT(lines, 1000);
-  close(reader);
+  EXPECT_LT(lines, 4000);
+  EXPECT_TRUE(trace.Unread());
+  EXPECT_EQ(ReadSlowly(reader), Repeated(line, lines));
+}
+
+TEST_F(TraceFileTest, ASlowReaderOfAPipeGetsEveryLine) {
+  MakePipe();
+  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  fcntl(reader, F_SETFL, 0);
+  fcntl(reader, F_SETPIPE_SZ, 4096);
+  ExpectEveryLine(reader, path_, 60);
+}
+
+TEST_F(TraceFileTest, ALineThatIsLongerThanAPipeArrivesWhole) {
+  MakePipe();
+  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  fcntl(reader, F_SETFL, 0);
+  ExpectEveryLine(reader, path_, 100'000, 10);
+}
+
+TEST_F(TraceFileTest, ASlowTerminalGetsEveryLine) {
+  const auto terminal = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  ASSERT_EQ(grantpt(terminal), 0);
+  ASSERT_EQ(unlockpt(terminal), 0);
+  const std::string path = ptsname(terminal);
+  const auto other = open(path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+  termios raw{};
+  tcgetattr(other, &raw);
+  cfmakeraw(&raw);
+  tcsetattr(other, TCSANOW, &raw);
+  // Whoever holds it open would keep the reader waiting at the end.
+  close(other);
+  ExpectEveryLine(terminal, path, 60);
 }
 
 TEST_F(TraceFileTest, WhatCantBeWrittenFails) {
-  EXPECT_FALSE(TraceFile("/dev/full").Append("a\n"));
-  EXPECT_FALSE(TraceFile((folder_ / "no/hay").c_str()).IsOpen());
+  TraceFile full("/dev/full");
+  EXPECT_FALSE(full.Append("a\n"));
+  EXPECT_FALSE(full.Unread());
+  const TraceFile nowhere((folder_ / "no/hay").c_str());
+  EXPECT_FALSE(nowhere.IsOpen());
+  EXPECT_FALSE(nowhere.Unread());
 }
 
 }  // namespace

@@ -21,6 +21,11 @@ TEST(VisibleTextTest, WritesOutWhatActs) {
             "\\u0085\\u009b\\u2028\\u202e\\u2066\\u200f\\u061c");
 }
 
+TEST(VisibleTextTest, LeavesWhatIsToBeKept) {
+  EXPECT_EQ(VisibleText("a\tb\nc\x1B\xE2\x80\xAE\x9B", "\t"), "a\tb\\nc\\x1b\\u202e\\x9b");
+  EXPECT_EQ(VisibleText("\t\n\r\n", "\n\t"), "\t\n\\r\n");
+}
+
 TEST(VisibleTextTest, WritesOutBytesThatAreNoUtf8) {
   EXPECT_EQ(VisibleText("\x9B"
                         "a\xC3"),

@@ -86,6 +86,40 @@ TEST_F(LeavingTest, AFormThatIsShownTwiceIsUnloadedOnce) {
   EXPECT_THAT(events, ElementsAre("fuera"));
 }
 
+/// Takes the requests to quit that reach the application, and counts them.
+class QuitCounter : public QObject {
+ public:
+  QuitCounter() { QCoreApplication::instance()->installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::Quit) return false;
+    ++count;
+    return true;
+  }
+  int count = 0;
+};
+
+// A host in its event loop whose own windows are out of sight.
+TEST_F(LeavingTest, NoProgramIsToldToQuitBetweenTwoShowsOfAForm) {
+  QuitCounter quits;
+  outer->cmdPagina.Click = [this] {
+    outer->Hide();
+    inner->ShowModal();
+  };
+  inner->cmdAceptar.Click = [this] {
+    inner->Unload();
+    outer->ShowInTurn();
+  };
+  Then("cmdPagina");
+  Then("cmdAceptar");
+  Then([&](auto&) { EXPECT_EQ(quits.count, 0); }, "cmdCancelar");
+  QTimer::singleShot(0, QCoreApplication::instance(), [this] {
+    Show(*outer);
+    QTimer::singleShot(0, QCoreApplication::instance(), [] { QCoreApplication::exit(); });
+  });
+  QCoreApplication::exec();
+  EXPECT_EQ(quits.count, 1) << "once all forms have gone";
+}
+
 TEST_F(LeavingTest, TheHandlerThatRunsEndsFirst) {
   outer->cmdPagina.Click = [this] {
     screen.Leave();

@@ -5,6 +5,7 @@ import glob
 import os
 import pathlib
 import pwd
+import random
 import shutil
 import signal
 import socket
@@ -41,9 +42,17 @@ def become_server():
 
 
 def free_port():
-    with socket.socket() as probe:
-        probe.bind(('127.0.0.1', 0))
-        return probe.getsockname()[1]
+    """One that nobody listens at, and that the system gives to no client: it stays free until the server is
+    made, and while it starts anew."""
+    for port in random.sample(range(20000, 32000), 200):
+        with socket.socket() as probe:
+            probe.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
+            try:
+                probe.bind(('127.0.0.1', port))
+            except OSError:
+                continue
+            return port
+    raise SystemExit('Las pruebas no encuentran un puerto libre entre 20000 y 31999')
 
 
 PREFIX = 'quorvane-servidor-'

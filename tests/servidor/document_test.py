@@ -365,8 +365,11 @@ class DocumentTest(unittest.TestCase):
             stderr=subprocess.STDOUT, executable=self.machine.home / 'bin' / 'quorvane-guion')
         for step in steps:
             if callable(step):
-                while not program.stdout.readline().startswith('muestra '):
-                    pass
+                for line in iter(program.stdout.readline, ''):
+                    if line.startswith('muestra '):
+                        break
+                else:
+                    self.fail('the program has ended before it showed anything')
                 time.sleep(0.2)
                 step()
             else:

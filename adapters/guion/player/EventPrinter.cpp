@@ -12,7 +12,8 @@ void EventPrinter::Print(std::string_view word, const std::string& rest) {
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
   out_ << word;
-  if (!line.empty()) out_ << ' ' << VisibleText(line);
+  // What a script says is told as it was read.
+  if (!line.empty()) out_ << ' ' << VisibleText(line, word == kCommand ? "\t" : "");
   out_ << '\n' << std::flush;
   if (!out_) throw OutputFailed();
 }

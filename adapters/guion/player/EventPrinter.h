@@ -18,6 +18,9 @@ class OutputFailed : public std::runtime_error {
 /// Prints what happens, a line an event, each as soon as it happens. The stream outlives it.
 class EventPrinter {
  public:
+  /// The word for a command of the script, of which tabs are told as they are.
+  static constexpr std::string_view kCommand = ">";
+
   explicit EventPrinter(std::ostream& out) : out_(out) {}
 
   /// "WORD REST", or the word alone; with what would act on a terminal written out.

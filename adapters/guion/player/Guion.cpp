@@ -86,7 +86,7 @@ int Guion::Play() {
 bool Guion::PlayNext() {
   const auto command = script_();
   if (!command) return false;
-  events_.Print(">", command->text);
+  events_.Print(EventPrinter::kCommand, command->text);
   const auto* const form = Active();
   if (form == nullptr) {
     Run(*command);

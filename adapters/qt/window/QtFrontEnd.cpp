@@ -85,8 +85,6 @@ bool QtFrontEnd::Busy() const noexcept { return !shows_.empty() && shows_.back()
 
 void QtFrontEnd::RunModal(Form& form) {
   if (leaving_) return TakeAway(form);
-  // Windows that come and go inside a show are no reason to end the program.
-  const QEventLoopLocker keepRunning;
   ShowChanges();
   FormWindow window(*this, form, TopWindow());
   Show show(window);
@@ -117,6 +115,9 @@ void QtFrontEnd::RunModal(Form& form) {
   if (leaving_) return;
   if (auto* below = TopWindow()) below->activateWindow();
 }
+
+// Windows that come and go inside a show, and between two of one form, are no reason to end it.
+std::shared_ptr<void> QtFrontEnd::HoldProgram() { return std::make_shared<QEventLoopLocker>(); }
 
 void QtFrontEnd::Begin(Show& show) {
   auto& form = show.window.Model();

@@ -69,6 +69,7 @@ class QtFrontEnd : public FrontEnd {
   }
 
   void RunModal(Form& form) override;
+  std::shared_ptr<void> HoldProgram() override;
   void Hidden(Form& form) override;
   void Unloading(Form& form) override;
   void Message(MessageIcon icon, const std::string& title, const std::string& text) override;

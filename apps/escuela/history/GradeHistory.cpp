@@ -3,6 +3,7 @@
 #include <map>
 
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/MeasureText.h"
 #include "apps/escuela/PersonName.h"
 #include "apps/escuela/QuotedText.h"
 #include "apps/escuela/Transaction.h"
@@ -82,10 +83,10 @@ class Names {
   [[nodiscard]] std::string Grade(const Value& value, const std::string& column) const {
     if (value.IsNull() || value.Long() == 0) return {};
     const auto id = value.Long();
-    if (column == "RE_AC_DIV")
-      return id == 1   ? "Refuerzo educativo"
-             : id == 2 ? "Adaptación curricular"
-                       : std::to_string(id);
+    if (column == "RE_AC_DIV") {
+      const auto measure = MeasureText(id);
+      return measure.empty() ? std::to_string(id) : measure;
+    }
     const auto found = grades_.find(id);
     return found == grades_.end() ? "nota " + std::to_string(id) : found->second;
   }

@@ -42,7 +42,10 @@ class Importer {
     for (const auto& [section, subjects] : bySection) {
       const auto teachers = plan.teachers.find(section);
       const auto& given = teachers == plan.teachers.end() ? kNoTeachers : teachers->second;
-      if (player_.Play(*section, subjects, given, school, [] {}) == RegisterPlayer::End::InUse) {
+      const auto step = [&] {
+        if (progress) progress(done, bySection.size());
+      };
+      if (player_.Play(*section, subjects, given, school, step) == RegisterPlayer::End::InUse) {
         report.misfits.push_back("El registro de " + section->name +
                                  " está en uso: alguien introduce notas, y no se puede guardar");
       } else {
@@ -50,7 +53,8 @@ class Importer {
         report.subjects += subjects.size();
         report.teachers += given.size();
       }
-      if (progress) progress(++done, bySection.size());
+      ++done;
+      step();
     }
     report.students = students.size();
   }

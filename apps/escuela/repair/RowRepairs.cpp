@@ -14,10 +14,9 @@ namespace {
 
 /// The column that is a table's primary key; empty for a table without one.
 std::string KeyOf(std::string_view table) {
-  for (const auto& candidate : SchoolTables())
-    if (EqualNoCase(candidate.name, std::string(table)))
-      for (const auto& column : candidate.columns)
-        if (column.kind == SchemaKind::Key) return column.name;
+  if (const auto* const found = FindSchoolTable(table))
+    for (const auto& column : found->columns)
+      if (column.kind == SchemaKind::Key) return column.name;
   return {};
 }
 
@@ -67,11 +66,9 @@ void RowRepairs::Clear(const Reference& reference, const std::string& condition,
 }
 
 void RowRepairs::Orphans(const Reference& reference) {
-  const auto condition = Joined(
-      {reference.column, " NOT IN (SELECT ", reference.key, " FROM ", reference.target, ")"});
+  const auto condition = OrphanCondition(reference);
   const auto reason = Joined({"su ", reference.column, " no está en ", reference.target});
-  if (reference.optional)
-    return Clear(reference, Joined({condition, " AND ", reference.column, "<>0"}), reason);
+  if (reference.optional) return Clear(reference, condition, reason);
   if (reference.table == "AlumnoPte_MatDet") RemoveGrades(condition);
   Remove(reference.table, condition, reason);
 }

@@ -7,6 +7,7 @@
 #include <random>
 #include <system_error>
 
+#include "apps/escuela/PublishFile.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -35,15 +36,8 @@ void WriteNewFile(const std::string& path, const std::string& content) {
     file << content;
     if (!file.flush()) give("compruebe que queda espacio en el disco");
   }
-  // Unlike a change of name, a second one never takes the place of a file that has come meanwhile.
-  fs::create_hard_link(partial, path, error);
-  if (!error) {
-    fs::remove(partial, error);
-    return;
-  }
-  if (fs::exists(fs::symlink_status(path))) give("el archivo ya existe");
-  fs::rename(partial, path, error);
-  if (error) give(error.message());
+  if (const auto reason = PublishFile(partial, path); !reason.empty()) give(reason);
+  fs::remove(partial, error);
 }
 
 std::string AsFileName(const std::string& text) {

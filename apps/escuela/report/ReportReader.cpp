@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "apps/escuela/MeasureText.h"
 #include "apps/escuela/PersonName.h"
 #include "apps/escuela/Refusal.h"
 #include "apps/escuela/import/FoldedText.h"
@@ -10,11 +11,6 @@
 
 namespace quorvane {
 namespace {
-
-std::string MeasureText(std::int32_t measure) {
-  if (measure == 1) return "Refuerzo educativo";
-  return measure == 2 ? "Adaptación curricular" : std::string();
-}
 
 /// The row whose second column has that name, or whose first has that number.
 std::int32_t Find(Recordset rows, const std::string& text, const std::string& none) {
