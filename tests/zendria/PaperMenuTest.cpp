@@ -133,10 +133,6 @@ class PaperMenuTest : public RescueTest {
       QTest::keyClick(name, Qt::Key_Return);
     });
   }
-  static std::string ContentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no file";
-  }
   static std::string Csv(const std::string& text) { return "\xEF\xBB\xBF" + text; }
 
   const QLocale before_;
@@ -155,7 +151,8 @@ TEST_F(PaperMenuTest, AGridIsSavedAsItIsSeen) {
   LeaveStepOne("frmNotaManual1");
   Play(124);
   QLocale::setDefault(before_);
-  EXPECT_EQ(ContentOf(file_), Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
+  EXPECT_EQ(FileBytes(file_).toStdString(),
+            Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
 }
 
 TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
@@ -168,7 +165,7 @@ TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
   });
   Play(124);
   QLocale::setDefault(before_);
-  EXPECT_EQ(ContentOf(file_), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
+  EXPECT_EQ(FileBytes(file_).toStdString(), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
 }
 
 TEST_F(PaperMenuTest, AboveAListOfStepOneStandsWhatWasChosenBeforeIt) {

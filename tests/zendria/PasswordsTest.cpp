@@ -13,6 +13,7 @@
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/SignInDelay.h"
 #include "tests/support/ServerSchools.h"
+#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -48,8 +49,7 @@ class PasswordsTest : public HostTest {
   [[nodiscard]] QByteArray Kept() const {
     const auto path = folder_.filePath("zendria.ini");
     QSettings(path, QSettings::IniFormat).sync();
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return FileBytes(path);
   }
 };
 
