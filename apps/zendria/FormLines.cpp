@@ -25,9 +25,8 @@ namespace {
 constexpr auto kBetween = " · ";
 
 QString ChoiceText(const GradeSheet& sheet, std::string_view control) {
-  for (const auto& choice : sheet.choices)
-    if (choice.control == control) return OneLine(choice.text);
-  return {};
+  const auto* const choice = Choice(sheet, control);
+  return choice == nullptr ? QString() : OneLine(choice->text);
 }
 
 /// The list has a student's number in the section before his name.
@@ -57,6 +56,7 @@ class FormLines::Teller {
     person_.reset();
   }
   void End() { reader_.reset(); }
+  void Forget() { sought_.reset(); }
 
   qt::FormHeading Of(const Form& form) {
     if (!reader_) return {};
@@ -150,6 +150,8 @@ FormLines::FormLines(qt::QtFrontEnd& screen, std::function<QString()> problem)
 void FormLines::Begin(School& school, const User& user) { teller_->Begin(school, user); }
 
 void FormLines::End() { teller_->End(); }
+
+void FormLines::ReadAgain() { teller_->Forget(); }
 
 qt::FormHeading FormLines::Of(const Form& form) const { return teller_->Of(form); }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quorvane {
@@ -55,6 +56,9 @@ struct GradeEdit {
   GradeCell cell;
 };
 
+/// What step one has fixed in that combo box; null where it has none of that name.
+const StepChoice* Choice(const GradeSheet& sheet, std::string_view control);
+
 /// Keys and column are the same.
 bool SameCell(const GradeCell& one, const GradeCell& other);
 
@@ -63,5 +67,10 @@ bool SameCell(const GradeCell& one, const GradeCell& other);
 /// one of the eight grade forms. Error 5 or 381 where the form itself doesn't find the cell's
 /// subject.
 std::optional<GradeEdit> ReadGradeEdit(const Form& form, const Retivo& grid, int entry);
+
+/// What the form has in memory for a cell of its grid of grades, the row counted as the grid does:
+/// the item data of its list, 0 for none. Nothing for another grid, and for a column that holds no
+/// grade.
+std::optional<std::int32_t> StoredGrade(const Form& form, const Retivo& grid, int row, int column);
 
 }  // namespace quorvane::zendria

@@ -18,6 +18,7 @@
 #include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/GradeCell.h"
 #include "apps/zendria/LeftoversBox.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/ManualPage.h"
@@ -88,6 +89,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   welcome_.Connect = [this] { Connect(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
   page_.OpenNode = [this](std::uint8_t node) { OpenNode(node); };
+  screen_.StoredData = StoredGrade;
   screen_.RecallSize = [&preferences](const qt::FormWindow& form) {
     return preferences.FormSize(form.objectName(), *form.screen());
   };
@@ -159,6 +161,8 @@ void MainWindow::AddModalKeys() {
   modalKeys_.Add(QKeySequence(kLocksKey), [this, isScreen](QWidget& modal) {
     if (!isScreen(modal)) return false;
     ShowLocks(modal);
+    // What stands over the form may tell of what has been removed.
+    screen_.DoEvents();
     return true;
   });
 }
@@ -352,11 +356,13 @@ void MainWindow::ShowLocks() {
 
 void MainWindow::ShowLocks(QWidget& before) {
   LocksDialog dialog(school_->Own(), &before);
+  dialog.IsOpenHere = [this](int publication) { return publications_->IsOpen(publication); };
   dialog.Removed = [this](int publication) {
     publications_->Removed(publication);
     school_->Notes(preferences_.DataFolder()).StrikeOut(publication);
   };
   dialog.exec();
+  lines_.ReadAgain();
   ShowLeftovers(false);
 }
 

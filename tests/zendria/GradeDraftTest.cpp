@@ -33,11 +33,6 @@ struct Flow {
   const char* entry = nullptr;
 };
 
-QByteArray ContentIn(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
 /// A program of the same user's that runs until the object goes.
 class OtherProgram {
  public:
@@ -62,7 +57,7 @@ class OtherProgram {
 
   /// That draft becomes one that it keeps.
   void Own(const QString& path) const {
-    auto draft = QJsonDocument::fromJson(ContentIn(path)).object();
+    auto draft = QJsonDocument::fromJson(FileBytes(path)).object();
     auto program = draft["programa"].toObject();
     program["proceso"] = QString::number(process_);
     program["inicio"] = QString::number(start_);
@@ -367,7 +362,7 @@ TEST_F(GradeDraftTest, AProgramThatRunsKeepsItsOwnAndLeavesItWhenItGoes) {
   const auto theirs = Drafts() + '/' + DraftFiles().value(0).section(u'-', 0, 0) + "-otro.json";
   ASSERT_TRUE(QFile::rename(TheDraft(), theirs));
   other->Own(theirs);
-  const auto before = ContentIn(theirs);
+  const auto before = FileBytes(theirs);
   Use([this](Window& window) {
     Robot::Grade(window, 0, 1, "4");
     EXPECT_EQ(DraftFiles().size(), 2);
@@ -375,7 +370,7 @@ TEST_F(GradeDraftTest, AProgramThatRunsKeepsItsOwnAndLeavesItWhenItGoes) {
   });
   EXPECT_EQ(DraftFiles().size(), 1);
   Break(Doing({{0, 1, "3"}}));
-  EXPECT_EQ(ContentIn(theirs), before);
+  EXPECT_EQ(FileBytes(theirs), before);
   other.reset();
   QString text;
   AnswerDraft("ponerlas", &text);

@@ -58,8 +58,7 @@ class LostFileTest : public RescueTest {
     fs::rename(Other(), school_.Path());
   }
   static QByteArray BytesOf(const std::string& path) {
-    QFile file(QString::fromStdString(path));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return FileBytes(QString::fromStdString(path));
   }
 
   [[nodiscard]] QString Heading(const QString& what) const {

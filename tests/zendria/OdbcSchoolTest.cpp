@@ -12,6 +12,7 @@
 #include "apps/zendria/ConnectDialog.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "frame/cConfiguracion.h"
+#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -29,8 +30,7 @@ class OdbcSchoolTest : public HostTest {
   [[nodiscard]] QByteArray Kept() const {
     const auto path = folder_.filePath("zendria.ini");
     QSettings(path, QSettings::IniFormat).sync();
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+    return FileBytes(path);
   }
 };
 

@@ -8,16 +8,12 @@
 
 #include "apps/zendria/OwnFile.h"
 #include "tests/device/Device.h"
+#include "tests/zendria/FileBytes.h"
 
 namespace quorvane::test {
 namespace {
 
 using zendria::WriteOwnFile;
-
-QByteArray ContentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
 
 mode_t Mode(const QString& path) {
   struct stat status {};
@@ -37,7 +33,7 @@ class OwnFileTest : public testing::Test {
 
 TEST_F(OwnFileTest, MakesTheFolderAndTheFileForThisUserAlone) {
   EXPECT_EQ(WriteOwnFile(folder_, "x.txt", "uno"), folder_ + "/x.txt");
-  EXPECT_EQ(ContentOf(folder_ + "/x.txt"), "uno");
+  EXPECT_EQ(FileBytes(folder_ + "/x.txt"), "uno");
   EXPECT_EQ(Mode(folder_ + "/x.txt"), 0600U);
   EXPECT_EQ(Mode(folder_), 0700U);
   EXPECT_EQ(Entries(folder_), QStringList("x.txt"));
@@ -49,8 +45,8 @@ TEST_F(OwnFileTest, TakesNoOthersPlace) {
   ASSERT_TRUE(QDir(folder_).mkdir("x-3.txt"));
   ASSERT_TRUE(QFile::link(disk_.filePath("nada"), folder_ + "/x-4.txt"));
   EXPECT_EQ(WriteOwnFile(folder_, "x.txt", "tres"), folder_ + "/x-5.txt");
-  EXPECT_EQ(ContentOf(folder_ + "/x.txt"), "uno");
-  EXPECT_EQ(ContentOf(folder_ + "/x-2.txt"), "dos");
+  EXPECT_EQ(FileBytes(folder_ + "/x.txt"), "uno");
+  EXPECT_EQ(FileBytes(folder_ + "/x-2.txt"), "dos");
   EXPECT_FALSE(QFile::exists(disk_.filePath("nada"))) << "a link isn't followed";
 }
 

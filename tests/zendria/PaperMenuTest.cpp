@@ -9,11 +9,13 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <gtest/gtest.h>
+#include <optional>
 
 #include "apps/zendria/PaperSheet.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
 #include "platform/controls/Control.h"
+#include "tests/device/Device.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 #include "tests/zendria/TextPrinter.h"
@@ -133,10 +135,6 @@ class PaperMenuTest : public RescueTest {
       QTest::keyClick(name, Qt::Key_Return);
     });
   }
-  static std::string ContentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no file";
-  }
   static std::string Csv(const std::string& text) { return "\xEF\xBB\xBF" + text; }
 
   const QLocale before_;
@@ -155,7 +153,8 @@ TEST_F(PaperMenuTest, AGridIsSavedAsItIsSeen) {
   LeaveStepOne("frmNotaManual1");
   Play(124);
   QLocale::setDefault(before_);
-  EXPECT_EQ(ContentOf(file_), Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
+  EXPECT_EQ(FileBytes(file_).toStdString(),
+            Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
 }
 
 TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
@@ -168,7 +167,7 @@ TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
   });
   Play(124);
   QLocale::setDefault(before_);
-  EXPECT_EQ(ContentOf(file_), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
+  EXPECT_EQ(FileBytes(file_).toStdString(), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
 }
 
 TEST_F(PaperMenuTest, AboveAListOfStepOneStandsWhatWasChosenBeforeIt) {
@@ -281,6 +280,27 @@ TEST_F(PaperMenuTest, AGridIsPrintedIntoAPdf) {
   LeaveStepOne("frmNotaMateria1");
   Play(125);
   EXPECT_EQ(PagesIn(pdf), 1);
+}
+
+TEST_F(PaperMenuTest, APdfThatAFullDiskCutsShortIsTold) {
+  QString text;
+  StepOne("frmNotaMateria1", "1");
+  robot_.On("frmNotaMateria", [this, &text](Window& window) {
+    std::optional<LongestFile> full;
+    robot_.OnDialog("imprimir", [this, &full](QWidget& dialog) {
+      dialog.findChild<QLineEdit*>("filename")->setText(folder_.filePath("notas.pdf"));
+      full.emplace(2000);
+      dynamic_cast<QPrintDialog&>(dialog).accept();
+    });
+    ReadNotice(text);
+    ChooseOn(window, "rtvNotasAlumno", "imprimir");
+    full.reset();
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaMateria1");
+  Play(125);
+  EXPECT_TRUE(text.startsWith("No se ha podido escribir «")) << text.toStdString();
+  EXPECT_EQ(QFileInfo(folder_.filePath("notas.pdf")).size(), 2000);
 }
 
 }  // namespace

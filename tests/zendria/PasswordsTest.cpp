@@ -13,6 +13,7 @@
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/SignInDelay.h"
 #include "tests/support/ServerSchools.h"
+#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -48,8 +49,7 @@ class PasswordsTest : public HostTest {
   [[nodiscard]] QByteArray Kept() const {
     const auto path = folder_.filePath("zendria.ini");
     QSettings(path, QSettings::IniFormat).sync();
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return FileBytes(path);
   }
 };
 
@@ -103,6 +103,24 @@ TEST_F(PasswordsTest, NothingTellsWhetherNameOrPasswordWasWrong) {
   EXPECT_TRUE(robot_.unexpected.empty());
 }
 
+TEST_F(PasswordsTest, ASchoolThatCantBeReadIsNoWrongPassword) {
+  QString text;
+  OnPassword([this, &text](PasswordDialog& dialog) {
+    school_.Sql("ALTER TABLE ClaveUsuario RENAME COLUMN Clave TO Otra");
+    for (int time = 0; time < 3; ++time) {
+      ReadNotice(text);
+      EXPECT_EQ(Try(dialog, "Ana Ruiz", kSecret), "");
+      dialog.Password().clear();
+    }
+    EXPECT_TRUE(dialog.EnterButton().isEnabled());
+    school_.Sql("ALTER TABLE ClaveUsuario RENAME COLUMN Otra TO Clave");
+    Try(dialog, "Ana Ruiz", kSecret);
+  });
+  EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_TRUE(text.startsWith("Error -2147467259: no such column: Clave")) << text.toStdString();
+}
+
 TEST_F(PasswordsTest, AfterThreeWrongOnesOneWaitsAlsoInTheNextWindow) {
   OnPassword([](PasswordDialog& dialog) {
     for (int time = 0; time < 2; ++time) EXPECT_EQ(Try(dialog, "Ana Ruiz", "no es esta"), kWrong);
@@ -138,6 +156,8 @@ TEST_F(PasswordsTest, TheWaitGrowsAndPasses) {
   }
   now = now.addDays(-3000);
   EXPECT_EQ(left(), 900) << "a clock that was put back";
+  now = now.addSecs(900);
+  EXPECT_EQ(left(), 0) << "and goes on from there";
   zendria::SignInDelay other(preferences_, "otra", [&now] { return now; });
   EXPECT_EQ(other.Left().count(), 0);
   delay.Succeeded();

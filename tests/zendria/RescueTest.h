@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QDir>
-#include <QFile>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -10,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -98,8 +98,7 @@ class RescueTest : public HostTest {
   [[nodiscard]] QByteArray Content() const {
     const auto files = Files();
     if (files.size() != 1) return "not one file, but " + QByteArray::number(files.size());
-    QFile file(Folder() + '/' + files[0]);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    return FileBytes(Folder() + '/' + files[0]);
   }
   /// The lines of the cells in a text.
   static Lines CellsOf(const QByteArray& content) {

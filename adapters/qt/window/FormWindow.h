@@ -65,6 +65,9 @@ class FormWindow : public QDialog {
   /// elsewhere has to wait for it.
   void OpenList(RetivoEditor* list) noexcept { list_ = list; }
   [[nodiscard]] bool ListIsOpen() const;
+  /// The user may act on that control of the form now: the window is the one that he works in, and
+  /// nothing else of it has him wait.
+  [[nodiscard]] bool UserMayAct(const Control& control) const;
 
   /// Something has been changed that the form hasn't saved: the title tells it, and so does the
   /// button that saves. No effect on a form that holds no work.
@@ -72,7 +75,7 @@ class FormWindow : public QDialog {
   /// A button has been pressed, and what it does is done.
   void TakePress(const CommandButton& button);
   /// The show has ended by "Aceptar": what stands behind it may have been changed.
-  [[nodiscard]] bool Accepted() const noexcept { return accepted_; }
+  [[nodiscard]] bool Accepted() const;
 
   /// Esc: the button that cancels, or the X where the form has none.
   void reject() override;
@@ -120,6 +123,7 @@ class FormWindow : public QDialog {
   RetivoEditor* list_ = nullptr;                     // Qt's; the one opened last
   bool changed_ = false;
   bool accepted_ = false;
+  bool asked_ = false;               // a button has been pressed that doesn't end it
   bool swallowed_ = false;           // the press of a button whose release follows
   HeadingStrip* heading_ = nullptr;  // Qt's; null without a host that tells any
   ScrolledPage* page_ = nullptr;     // Qt's; null for a form that has a layout
