@@ -44,28 +44,29 @@ class WindowWalk {
   /// Returns at its end, with every form seen and everything as it should be. `Violation` when it
   /// isn't.
   void Run() {
-    // Chance may leave a form out for a while.
+    // Chance may leave out for a while a form, or what is to be held against the school.
     constexpr std::uint64_t kPatience = 3;
     const auto latest = options_.gestures * kPatience;
-    while (user_.Gestures() < options_.gestures || (FormNotSeen() && user_.Gestures() < latest)) {
+    const auto lacking = [this] { return FormNotSeen() || !Now().Each(); };
+    while (user_.Gestures() < options_.gestures || (lacking() && user_.Gestures() < latest)) {
       if (user_.Gestures() >= nextSchool_) NewSchool();
       OpenScreen();
     }
-    CountChecks();
+    checks_ = Now();
     if (const auto form = FormNotSeen())
       throw Violation("En " + std::to_string(user_.Gestures()) + " gestos nadie ha visto " +
                       std::string(*form));
-    if (saves_ == 0 || leftTyped_ == 0 || reopened_ == 0)
-      throw Violation("No se ha llegado a comprobar nada");
+    if (!checks_.Each()) throw Violation("No se ha llegado a comprobar nada");
   }
 
   /// What was done, for whoever reads the test's output.
   void Report(std::ostream& out) const {
     out << user_.Gestures() << " gestos, " << screens_ << " pantallas, " << schools_
         << " escuelas, hasta " << screen_.Shown().Deepest() << " formularios uno sobre otro\n"
-        << saves_ << " veces se han grabado las notas que se mostraban, " << leftTyped_
-        << " se ha dejado con el ratón una nota escrita y " << user_.Refusals()
-        << " un texto que no lo es, " << reopened_ << " se ha reabierto un registro grabado\n";
+        << checks_.saves << " veces se han grabado las notas que se mostraban, "
+        << checks_.leftTyped << " se ha dejado con el ratón una nota escrita y " << user_.Refusals()
+        << " un texto que no lo es, " << checks_.reopened
+        << " se ha reabierto un registro grabado\n";
     for (const auto& [form, gestures] : user_.GesturesByForm())
       out << "  " << form << ": " << screen_.Shown().Times().at(form) << " veces, " << gestures
           << " gestos\n";
@@ -99,6 +100,15 @@ class WindowWalk {
                                                            "frmNotaSeccionMateria",
                                                            "frmNotaSeccionMateriaFinal"};
 
+  /// How often something on the screen has been held against the school.
+  struct Checks {
+    std::uint64_t saves = 0;
+    std::uint64_t leftTyped = 0;
+    std::uint64_t reopened = 0;
+
+    [[nodiscard]] bool Each() const { return saves > 0 && leftTyped > 0 && reopened > 0; }
+  };
+
   static int AnyNode(Prng& random) {
     return kRegisterNode + static_cast<int>(random.Below(kLastNode - kRegisterNode + 1));
   }
@@ -115,7 +125,7 @@ class WindowWalk {
   }
 
   void NewSchool() {
-    if (watch_ != nullptr) CountChecks();
+    checks_ = Now();
     watch_.reset();
     sample_ = random_.Chance(70);
     school_ =
@@ -194,10 +204,12 @@ class WindowWalk {
     return rowsGone_ && lastStatement_.starts_with("SELECT") &&
            school_->Unwatched().Execute(lastStatement_).Eof();
   }
-  void CountChecks() {
-    saves_ += watch_->Grades().Saves();
-    leftTyped_ += watch_->Grades().LeftTyped();
-    reopened_ += watch_->Registers().Reopened();
+  /// Those of the schools before and of this one.
+  [[nodiscard]] Checks Now() const {
+    if (watch_ == nullptr) return checks_;
+    return {checks_.saves + watch_->Grades().Saves(),
+            checks_.leftTyped + watch_->Grades().LeftTyped(),
+            checks_.reopened + watch_->Registers().Reopened()};
   }
   /// A form that has been shown on none of the screens; none when all have.
   [[nodiscard]] std::optional<std::string_view> FormNotSeen() const {
@@ -220,9 +232,7 @@ class WindowWalk {
   std::uint64_t nextSchool_ = 0;  ///< when that many gestures have been made
   std::uint64_t schools_ = 0;
   std::uint64_t screens_ = 0;
-  std::uint64_t saves_ = 0;
-  std::uint64_t leftTyped_ = 0;
-  std::uint64_t reopened_ = 0;
+  Checks checks_;  ///< of the schools before
   std::map<std::string, std::uint64_t> errors_;
 };
 
