@@ -44,28 +44,29 @@ class WindowWalk {
   /// Returns at its end, with every form seen and everything as it should be. `Violation` when it
   /// isn't.
   void Run() {
-    // Chance may leave a form out for a while.
+    // Chance may leave out for a while a form, or what is to be held against the school.
     constexpr std::uint64_t kPatience = 3;
     const auto latest = options_.gestures * kPatience;
-    while (user_.Gestures() < options_.gestures || (FormNotSeen() && user_.Gestures() < latest)) {
+    const auto lacking = [this] { return FormNotSeen() || !Now().Each(); };
+    while (user_.Gestures() < options_.gestures || (lacking() && user_.Gestures() < latest)) {
       if (user_.Gestures() >= nextSchool_) NewSchool();
       OpenScreen();
     }
-    CountChecks();
+    checks_ = Now();
     if (const auto form = FormNotSeen())
       throw Violation("En " + std::to_string(user_.Gestures()) + " gestos nadie ha visto " +
                       std::string(*form));
-    if (saves_ == 0 || leftTyped_ == 0 || reopened_ == 0)
-      throw Violation("No se ha llegado a comprobar nada");
+    if (!checks_.Each()) throw Violation("No se ha llegado a comprobar nada");
   }
 
   /// What was done, for whoever reads the test's output.
   void Report(std::ostream& out) const {
     out << user_.Gestures() << " gestos, " << screens_ << " pantallas, " << schools_
         << " escuelas, hasta " << screen_.Shown().Deepest() << " formularios uno sobre otro\n"
-        << saves_ << " veces se han grabado las notas que se mostraban, " << leftTyped_
-        << " se ha dejado con el ratón una nota escrita y " << user_.Refusals()
-        << " un texto que no lo es, " << reopened_ << " se ha reabierto un registro grabado\n";
+        << checks_.saves << " veces se han grabado las notas que se mostraban, "
+        << checks_.leftTyped << " se ha dejado con el ratón una nota escrita y " << user_.Refusals()
+        << " un texto que no lo es, " << checks_.reopened
+        << " se ha reabierto un registro grabado\n";
     for (const auto& [form, gestures] : user_.GesturesByForm())
       out << "  " << form << ": " << screen_.Shown().Times().at(form) << " veces, " << gestures
           << " gestos\n";
@@ -99,6 +100,15 @@ class WindowWalk {
                                                            "frmNotaSeccionMateria",
                                                            "frmNotaSeccionMateriaFinal"};
 
+  /// How often something on the screen has been held against the school.
+  struct Checks {
+    std::uint64_t saves = 0;
+    std::uint64_t leftTyped = 0;
+    std::uint64_t reopened = 0;
+
+    [[nodiscard]] bool Each() const { return saves > 0 && leftTyped > 0 && reopened > 0; }
+  };
+
   static int AnyNode(Prng& random) {
     return kRegisterNode + static_cast<int>(random.Below(kLastNode - kRegisterNode + 1));
   }
@@ -115,7 +125,7 @@ class WindowWalk {
   }
 
   void NewSchool() {
-    if (watch_ != nullptr) CountChecks();
+    checks_ = Now();
     watch_.reset();
     sample_ = random_.Chance(70);
     school_ =
@@ -124,6 +134,7 @@ class WindowWalk {
       lastStatement_ = statement;
       user_.Interrupt();
     };
+    rowsGone_ = false;
     watch_ = std::make_unique<ScreenWatch>(*school_, screen_);
     screen_.UseOnlooker(*watch_);
     user_.UseWatch(*watch_);
@@ -133,7 +144,7 @@ class WindowWalk {
 
   void OpenScreen() {
     const auto disturbed = random_.Chance(15);
-    if (disturbed) school_->Disturb(random_);
+    if (disturbed) DisturbSchool();
     const auto user = random_.Chance(70) ? 1 : 1 + static_cast<int>(random_.Below(6));
     history_.Add(host_.SignIn(
         {school_->Centro(), school_->Borrado(), school_->Entrada(), school_->SqlServer()}, user));
@@ -155,11 +166,19 @@ class WindowWalk {
     QCoreApplication::processEvents();
   }
 
+  void DisturbSchool() {
+    const auto statements = school_->Disturb(random_);
+    history_.Add("otros: " + statements);
+    rowsGone_ = rowsGone_ || (statements.starts_with("DELETE FROM ") &&
+                              !statements.starts_with("DELETE FROM BloqueoPte"));
+  }
+
   void Recover(int node, const RuntimeError& error) {
     const auto text = screen_.Shown().LastForm() + " " + std::to_string(error.Number()) + " " +
                       error.Description();
     history_.Add("error " + text);
-    if (!Explains(error)) throw Violation("Un error que la escuela no explica: " + text);
+    if (!Explains(error))
+      throw Violation("Un error que la escuela no explica: " + text + "\nTras " + lastStatement_);
     ++errors_[text];
     FormInstances::DropAll();
     screen_.MousePointer(Pointer::Default);
@@ -172,16 +191,25 @@ class WindowWalk {
   }
   [[nodiscard]] bool Explains(const RuntimeError& error) const {
     if (MayComeAnywhere(error)) return true;
-    if (sample_) return false;
+    if (sample_) return error.Is(ErrorNumber::NoCurrentRecord) && AskedForWhatIsGone();
     // The tutor's grid has no column for such a kind of grade.
     if (error.Is(ErrorNumber::InvalidArrayIndex))
       return lastStatement_.starts_with("SELECT CodEspecificartipoMateria FROM TipoMateria");
     return error.Is(ErrorNumber::NoCurrentRecord) || error.Is(ErrorNumber::DuplicateKey);
   }
-  void CountChecks() {
-    saves_ += watch_->Grades().Saves();
-    leftTyped_ += watch_->Grades().LeftTyped();
-    reopened_ += watch_->Registers().Reopened();
+
+  /// The module reads the row that another names without a look whether it is there, and it isn't:
+  /// of a school in which somebody has deleted rows.
+  [[nodiscard]] bool AskedForWhatIsGone() const {
+    return rowsGone_ && lastStatement_.starts_with("SELECT") &&
+           school_->Unwatched().Execute(lastStatement_).Eof();
+  }
+  /// Those of the schools before and of this one.
+  [[nodiscard]] Checks Now() const {
+    if (watch_ == nullptr) return checks_;
+    return {checks_.saves + watch_->Grades().Saves(),
+            checks_.leftTyped + watch_->Grades().LeftTyped(),
+            checks_.reopened + watch_->Registers().Reopened()};
   }
   /// A form that has been shown on none of the screens; none when all have.
   [[nodiscard]] std::optional<std::string_view> FormNotSeen() const {
@@ -199,13 +227,12 @@ class WindowWalk {
   std::unique_ptr<School> school_;
   std::unique_ptr<ScreenWatch> watch_;
   bool sample_ = false;
+  bool rowsGone_ = false;  ///< others have deleted some that the school's other rows name
   std::string lastStatement_;
   std::uint64_t nextSchool_ = 0;  ///< when that many gestures have been made
   std::uint64_t schools_ = 0;
   std::uint64_t screens_ = 0;
-  std::uint64_t saves_ = 0;
-  std::uint64_t leftTyped_ = 0;
-  std::uint64_t reopened_ = 0;
+  Checks checks_;  ///< of the schools before
   std::map<std::string, std::uint64_t> errors_;
 };
 

@@ -62,7 +62,11 @@ void School::OrderRows() noexcept {
   for (auto* connection : {&centro_, &borrado_, &entrada_}) connection->OrderRows();
 }
 
-void School::Disturb(Prng& random) { Script(RandomDisturbance(random)); }
+std::string School::Disturb(Prng& random) {
+  auto statements = RandomDisturbance(random);
+  Script(statements);
+  return statements;
+}
 
 void School::FailStatement(int number) noexcept {
   untilFailure_ = number;

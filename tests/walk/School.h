@@ -43,8 +43,9 @@ class School {
   /// The flags are those of SQL Server.
   [[nodiscard]] bool SqlServer() const noexcept { return sqlServer_; }
 
-  /// Other users, the host and time do something to it, between two screens.
-  void Disturb(Prng& random);
+  /// Other users, the host and time do something to it, between two screens: the statements that
+  /// do.
+  std::string Disturb(Prng& random);
 
   /// The statement of that number from now on fails before it reaches the engine; 0 for none.
   void FailStatement(int number) noexcept;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <utility>
 
 #include "adapters/qt/layouts/FormLayouts.h"
 #include "adapters/qt/layouts/Stage.h"
@@ -12,11 +11,15 @@
 namespace quorvane::qt {
 namespace {
 
-using Layout = void (*)(Stage&);
+struct Layout {
+  std::string_view form;
+  void (*layOut)(Stage&);
+  bool holdsWork = false;
+};
 
-constexpr std::array<std::pair<std::string_view, Layout>, 11> kLayouts{{
+constexpr std::array<Layout, 11> kLayouts{{
     {"frmPendientes", LayOutFrmPendientes},
-    {"frmAlumnoPendiente", LayOutFrmAlumnoPendiente},
+    {"frmAlumnoPendiente", LayOutFrmAlumnoPendiente, true},
     {"frmAlumnos", LayOutFrmAlumnos},
     {"frmAlumnoMateria", LayOutFrmAlumnoMateria},
     {"frmMateriaPend", LayOutFrmMateriaPend},
@@ -28,21 +31,26 @@ constexpr std::array<std::pair<std::string_view, Layout>, 11> kLayouts{{
     {"frmNotaSeccionMateria1", LayOutFrmNotaSeccionMateria1},
 }};
 
-Layout LayoutOf(const Form& form) {
-  const std::string_view name = form.Name();
+/// Null for a form without one.
+const Layout* LayoutOf(const Form& form) {
   const auto* const found =
       std::find_if(kLayouts.begin(), kLayouts.end(),
-                   [name](const auto& layout) { return layout.first == name; });
-  return found == kLayouts.end() ? nullptr : found->second;
+                   [&form](const Layout& layout) { return layout.form == form.Name(); });
+  return found == kLayouts.end() ? nullptr : found;
 }
 
 }  // namespace
 
 bool HasLayout(const Form& form) { return LayoutOf(form) != nullptr; }
 
+bool IsLaidOutForWork(const Form& form) {
+  const auto* const layout = LayoutOf(form);
+  return layout != nullptr && layout->holdsWork;
+}
+
 void LayOut(FormWindow& window) {
   Stage stage(window);
-  LayoutOf(window.Model())(stage);
+  LayoutOf(window.Model())->layOut(stage);
 }
 
 }  // namespace quorvane::qt

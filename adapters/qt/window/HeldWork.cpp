@@ -1,21 +1,16 @@
 #include "adapters/qt/window/HeldWork.h"
 
-#include <algorithm>
-#include <array>
-#include <string_view>
-
+#include "adapters/qt/layouts/Layouts.h"
 #include "platform/controls/Form.h"
 
 namespace quorvane::qt {
+namespace {
 
-bool HoldsWork(const Form& form) {
-  static constexpr std::array<std::string_view, 9> kForms{
-      "frmAlumnoPendiente",        "frmNotaManual",
-      "frmNotaManualFinal",        "frmNotaMateria",
-      "frmNotaMateriaFinal",       "frmNotaSeccionAlumno",
-      "frmNotaSeccionMateria",     "frmNotaSeccionAlumnoFinal",
-      "frmNotaSeccionMateriaFinal"};
-  return std::find(kForms.begin(), kForms.end(), form.Name()) != kForms.end();
-}
+/// What all forms that enter grades call the grid of them, whose cells none saves one by one.
+constexpr auto kGrades = "rtvNotasAlumno";
+
+}  // namespace
+
+bool HoldsWork(const Form& form) { return form.Find(kGrades) != nullptr || IsLaidOutForWork(form); }
 
 }  // namespace quorvane::qt
