@@ -2,9 +2,6 @@
 
 #include <filesystem>
 #include <iostream>
-#include <set>
-#include <utility>
-#include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolCheck.h"
@@ -13,6 +10,7 @@
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
+#include "apps/escuela/report/SectionFiles.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"
@@ -47,67 +45,22 @@ std::string Counted(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " alumno" : " alumnos");
 }
 
-/// The files that have been written, which go again with a folder that was made for them unless
-/// they are kept.
-class WrittenFiles {
- public:
-  explicit WrittenFiles(std::filesystem::path folder)
-      : folder_(std::move(folder)), made_(!std::filesystem::exists(folder_)) {}
-  ~WrittenFiles() {
-    if (kept_) return;
-    std::error_code ignored;
-    for (const auto& file : files_) std::filesystem::remove(file, ignored);
-    if (made_) std::filesystem::remove(folder_, ignored);
-  }
-  WrittenFiles(const WrittenFiles&) = delete;
-  WrittenFiles& operator=(const WrittenFiles&) = delete;
-  WrittenFiles(WrittenFiles&&) = delete;
-  WrittenFiles& operator=(WrittenFiles&&) = delete;
-
-  void Write(const std::string& name, const std::string& content) {
-    const auto file = folder_ / name;
-    WriteNewFile(file.string(), content);
-    files_.push_back(file);
-  }
-  [[nodiscard]] std::size_t Count() const noexcept { return files_.size(); }
-  void Keep() noexcept { kept_ = true; }
-
- private:
-  std::filesystem::path folder_;
-  std::vector<std::filesystem::path> files_;
-  bool made_;
-  bool kept_ = false;
-};
-
 int WriteAll(const ReportReader& reader, const ReportOptions& options) {
-  const auto sections = reader.Sections();
-  WrittenFiles files(options.output);
-  std::error_code error;
-  std::filesystem::create_directories(options.output, error);
-  if (error)
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "No se puede escribir en " + options.output + ": " + error.message());
   const ProgressLine progress("Escribiendo", kPatience);
-  std::set<std::string> names;
-  std::size_t done = 0;
-  for (const auto& [section, name] : sections) {
-    auto file = AsFileName(name);
-    if (!names.insert(file).second) file += "-" + std::to_string(section);
-    file += options.csv ? ".csv" : ".html";
-    try {
-      files.Write(file, Text(reader.Section(section), options.blank, options.csv));
-    } catch (const RuntimeError& failure) {
-      std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(failure.Description())
-                << '\n';
-    }
-    RequireGoing();
-    progress.Percent(++done, sections.size());
-  }
-  files.Keep();
-  const auto written = files.Count();
-  std::cout << "Escritas " << written << " de " << sections.size() << " secciones en "
+  const auto run = WriteSections(
+      reader, options.output, options.csv ? ".csv" : ".html",
+      [&](const auto& file, const auto& report) {
+        WriteNewFile(file, Text(report, options.blank, options.csv));
+      },
+      [&](auto done, auto all) {
+        RequireGoing();
+        progress.Percent(done, all);
+      });
+  for (const auto& [name, reason] : run.failed)
+    std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(reason) << '\n';
+  std::cout << "Escritas " << run.Made() << " de " << run.sections << " secciones en "
             << Told(options.output) << '\n';
-  return written == sections.size() ? 0 : 1;
+  return run.failed.empty() ? 0 : 1;
 }
 
 }  // namespace

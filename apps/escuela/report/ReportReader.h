@@ -21,6 +21,9 @@ class ReportReader {
   /// The sections whose students have pending subjects, by number, in the order of the courses.
   [[nodiscard]] std::vector<std::pair<std::int32_t, std::string>> Sections() const;
 
+  /// The subjects («Matemáticas (2º ESO A)») that are pending, by number, in the same order.
+  [[nodiscard]] std::vector<std::pair<std::int32_t, std::string>> Subjects() const;
+
   /// The one of that number or name («Matemáticas (2º ESO A)» for a subject). Error 0x80004005 in
   /// Spanish, with the candidates, where there is none or are several.
   [[nodiscard]] std::int32_t FindSection(const std::string& text) const;

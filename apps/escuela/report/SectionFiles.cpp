@@ -1,0 +1,92 @@
+#include "apps/escuela/report/SectionFiles.h"
+
+#include <filesystem>
+#include <set>
+#include <utility>
+
+#include "apps/escuela/report/NewFile.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The files that have been written, which go again with a folder that was made for them unless
+/// they are kept.
+class WrittenFiles {
+ public:
+  explicit WrittenFiles(fs::path folder) : folder_(std::move(folder)), made_(!fs::exists(folder_)) {
+    std::error_code error;
+    fs::create_directories(folder_, error);
+    if (error)
+      throw RuntimeError(ErrorNumber::StatementFailed,
+                         "No se puede escribir en " + folder_.string() + ": " + error.message());
+  }
+  ~WrittenFiles() {
+    if (kept_) return;
+    std::error_code ignored;
+    for (const auto& file : files_) fs::remove(file, ignored);
+    if (made_) fs::remove(folder_, ignored);
+  }
+  WrittenFiles(const WrittenFiles&) = delete;
+  WrittenFiles& operator=(const WrittenFiles&) = delete;
+  WrittenFiles(WrittenFiles&&) = delete;
+  WrittenFiles& operator=(WrittenFiles&&) = delete;
+
+  void Add(const std::string& file) { files_.emplace_back(file); }
+  void Keep() noexcept { kept_ = true; }
+
+ private:
+  fs::path folder_;
+  std::vector<fs::path> files_;
+  bool made_;
+  bool kept_ = false;
+};
+
+SectionRun ForEach(const ReportReader& reader,
+                   const std::function<void(std::int32_t id, const std::string& name)>& make,
+                   const SectionProgress& progress) {
+  const auto sections = reader.Sections();
+  SectionRun run{sections.size(), {}};
+  std::size_t done = 0;
+  for (const auto& [id, name] : sections) {
+    try {
+      make(id, name);
+    } catch (const RuntimeError& failure) {
+      run.failed.push_back({name, failure.Description()});
+    }
+    progress(++done, sections.size());
+  }
+  return run;
+}
+
+}  // namespace
+
+SectionRun ReadSections(const ReportReader& reader, std::vector<SectionReport>& reports,
+                        const SectionProgress& progress) {
+  return ForEach(
+      reader, [&](auto id, const auto&) { reports.push_back(reader.Section(id)); }, progress);
+}
+
+SectionRun WriteSections(
+    const ReportReader& reader, const std::string& folder, const std::string& ending,
+    const std::function<void(const std::string& file, const SectionReport& report)>& write,
+    const SectionProgress& progress) {
+  WrittenFiles files(folder);
+  std::set<std::string> names;
+  auto run = ForEach(
+      reader,
+      [&](auto id, const auto& name) {
+        auto file = AsFileName(name);
+        if (!names.insert(file).second) file += "-" + std::to_string(id);
+        file = (fs::path(folder) / (file + ending)).string();
+        write(file, reader.Section(id));
+        files.Add(file);
+      },
+      progress);
+  files.Keep();
+  return run;
+}
+
+}  // namespace quorvane
