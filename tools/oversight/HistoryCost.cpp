@@ -23,7 +23,7 @@
 namespace quorvane {
 namespace {
 
-constexpr int kSaves = 11;
+constexpr int kSaves = 31;
 constexpr auto kEdited = 30;
 constexpr auto kLimit = 1.3;
 const std::string kSave = "pulsar cmdAceptar";

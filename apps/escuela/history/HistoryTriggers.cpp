@@ -26,6 +26,12 @@ std::string Now(Engine engine) {
   return "strftime('%Y-%m-%d %H:%M:%f','now')";
 }
 
+/// One value, should there be several. A file's subquery takes its first by itself, and costs less
+/// so.
+std::string One(Engine engine, const std::string& column) {
+  return engine == Engine::Sqlite ? column : "MIN(" + column + ")";
+}
+
 /// A SELECT of what is kept of the changes in `changes`. `row` is what the engine calls the row
 /// that tells which subject and evaluation it is; `from` gives it where it isn't there by itself.
 std::string Kept(Engine engine, Event event, std::string_view row, const std::string& changes,
@@ -33,19 +39,19 @@ std::string Kept(Engine engine, Event event, std::string_view row, const std::st
   const auto subject = std::string(row) + ".CodAlumnoPte_MatDet";
   const auto evaluation = std::string(row) + ".CodNumEvaluacion";
   const auto pending = [&](const std::string& what) {
-    auto now =
-        "(SELECT MIN(" + what + ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+    auto now = "(SELECT " + One(engine, what) +
+               " FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
     if (event != Event::Delete) return now;
     // A program may remove the subject before its grades: whose they were is known from before.
     const auto history = std::string(kHistoryTable);
-    return "COALESCE(" + now + ",(SELECT MIN(Previa." + what + ") FROM " + history +
+    return "COALESCE(" + now + ",(SELECT " + One(engine, "Previa." + what) + " FROM " + history +
            " Previa WHERE Previa.IDHistorial=(SELECT MAX(Ultima.IDHistorial) FROM " + history +
            " Ultima WHERE Ultima.CodAlumnoPte_MatDet=" + subject +
            " AND Ultima.CodAlumno IS NOT NULL)))";
   };
   return "SELECT " + Now(engine) + ",Cambio.Columna,Cambio.Antes,Cambio.Despues," + subject + "," +
-         pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation + ",(SELECT MIN(" +
-         userColumn + ") FROM BloqueoPte WHERE CodMatDet=" + pending("CodMatDet") +
+         pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation + ",(SELECT " +
+         One(engine, userColumn) + " FROM BloqueoPte WHERE CodMatDet=" + pending("CodMatDet") +
          " AND CodNumEvaluacion=" + evaluation + ") FROM " + from + "(" + changes + ") Cambio";
 }
 
@@ -120,10 +126,20 @@ std::string OnlyChanged(Engine engine, const WatchedTable& table, Event event) {
   return " WHEN (" + condition + ")";
 }
 
+/// What sets no column of grades, as the marks beside them, passes by. SQL Server has nothing of
+/// the kind.
+std::string EventOn(const WatchedTable& table, Event event) {
+  std::string text(EventName(event));
+  if (event == Event::Update)
+    for (const auto column : table.columns)
+      text.append(column == table.columns.front() ? " OF " : ",").append(column);
+  return text.append(" ON ").append(table.name);
+}
+
 std::string Trigger(Engine engine, const WatchedTable& table, Event event,
                     const std::string& userColumn) {
   const auto name = TriggerName(table, event);
-  const auto on = std::string(EventName(event)) + " ON " + std::string(table.name);
+  const auto on = EventOn(table, event);
   const auto when = OnlyChanged(engine, table, event);
   const auto body = Keeping(engine, table, event, userColumn);
   if (engine == Engine::Sqlite)
