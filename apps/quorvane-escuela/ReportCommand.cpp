@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Today.h"
 #include "apps/escuela/Told.h"
@@ -82,7 +83,7 @@ std::string Complaint(const ReportOptions& options) {
 namespace {
 
 int Write(const SchoolAddress& address, const ReportOptions& options) {
-  const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
+  const auto school = OpenForPiece(address, SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
                             Printed(Today(*school)));
@@ -100,7 +101,11 @@ int Write(const SchoolAddress& address, const ReportOptions& options) {
 }  // namespace
 
 int Report(const SchoolAddress& address, const ReportOptions& options) {
-  return UnlessStopped([&] { return Write(address, options); });
+  return UnlessStopped([&] {
+    auto status = 0;
+    TellIfHeldOrLost([&] { status = Write(address, options); });
+    return status;
+  });
 }
 
 }  // namespace quorvane

@@ -54,6 +54,7 @@ SectionRun ForEach(const ReportReader& reader,
     try {
       make(id, name);
     } catch (const RuntimeError& failure) {
+      if (!reader.Reaches()) throw;
       run.failed.push_back({name, failure.Description()});
     }
     progress(++done, sections.size());

@@ -27,7 +27,8 @@ struct SectionRun {
 /// How many sections of how many are done. May throw: then nothing stays of what was made.
 using SectionProgress = std::function<void(std::size_t done, std::size_t all)>;
 
-/// Reads every section. One that can't be read is told, and the others come out.
+/// Reads every section. One that can't be read is told, and the others come out; of a server that
+/// goes away none do, which is an error as of its connection.
 SectionRun ReadSections(const ReportReader& reader, std::vector<SectionReport>& reports,
                         const SectionProgress& progress);
 
