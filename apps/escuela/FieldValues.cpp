@@ -159,7 +159,7 @@ class TableValues {
       for (; !rows.Eof(); rows.MoveNext()) bad += Reads(rows.Fields(0), kind) ? 0 : 1;
       return bad;
     } catch (const RuntimeError&) {
-      if (file) throw;
+      if (file || !connection_.IsOpen()) throw;
       return kNoNumbers;
     }
   }

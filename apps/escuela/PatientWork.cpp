@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <string_view>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
@@ -14,6 +15,8 @@ constexpr std::chrono::seconds kPatience(5);
 /// Of a file that is written to, of one whose tables change, and of a server's table.
 constexpr const char* kHeld[] = {"database is locked", "database table is locked",
                                  "database schema is locked", "[55P03]"};
+
+constexpr std::string_view kLost = "Se ha perdido la conexión con la base de datos";
 
 }  // namespace
 
@@ -28,11 +31,17 @@ std::unique_ptr<Connection> OpenForPiece(const SchoolAddress& address,
   return school;
 }
 
-void TellIfHeld(const std::function<void()>& work) {
+void TellIfHeldOrLost(const std::function<void()>& work) {
   try {
     work();
   } catch (const RuntimeError& error) {
     const auto text = error.Description();
+    if (text.starts_with(kLost))
+      throw RuntimeError(ErrorNumber::StatementFailed,
+                         std::string(kLost) +
+                             ", y no se ha cambiado nada. Compruebe la red y que el servidor está "
+                             "en marcha, y repítalo" +
+                             text.substr(kLost.size()));
     if (std::none_of(std::begin(kHeld), std::end(kHeld),
                      [&text](const char* part) { return text.find(part) != std::string::npos; }))
       throw;

@@ -13,8 +13,9 @@ namespace quorvane {
 std::unique_ptr<Connection> OpenForPiece(const SchoolAddress& address,
                                          SchoolAddress::Access access);
 
-/// Does `work`, which leaves nothing behind when it fails. That somebody else holds the school is
-/// told by error 0x80004005 in Spanish, with what to do about it; other errors are left alone.
-void TellIfHeld(const std::function<void()>& work);
+/// Does `work`, which leaves nothing behind when it fails. That somebody else holds the school, or
+/// that its server has gone, is told by error 0x80004005 in Spanish, with what to do about it;
+/// other errors are left alone.
+void TellIfHeldOrLost(const std::function<void()>& work);
 
 }  // namespace quorvane

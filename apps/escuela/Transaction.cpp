@@ -1,5 +1,7 @@
 #include "apps/escuela/Transaction.h"
 
+#include "platform/RuntimeError.h"
+
 namespace quorvane {
 
 Transaction::Transaction(Connection& database, const std::string& begin) : database_(database) {
@@ -19,6 +21,19 @@ Transaction::~Transaction() {
 void Transaction::Keep() {
   database_.Execute("COMMIT TRANSACTION");
   kept_ = true;
+}
+
+void Transaction::KeepOrTell() {
+  try {
+    Keep();
+  } catch (const RuntimeError& error) {
+    if (database_.IsOpen()) throw;
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "No se sabe si se ha escrito, porque la conexión se perdió cuando el "
+                       "servidor lo daba por hecho: está todo o no está nada. Mírelo antes de "
+                       "repetirlo. " +
+                           error.Description());
+  }
 }
 
 }  // namespace quorvane

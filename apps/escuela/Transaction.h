@@ -21,6 +21,8 @@ class Transaction {
   /// Error 0x80004005 when the engine refuses: nothing is kept then, unless the connection is
   /// closed afterwards, lost before the answer came: then nobody knows.
   void Keep();
+  /// The same, but that nobody knows is told in Spanish, with what to do about it.
+  void KeepOrTell();
 
  private:
   Connection& database_;

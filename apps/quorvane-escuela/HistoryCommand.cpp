@@ -131,7 +131,7 @@ std::string Complaint(HistoryOptions& options) {
 }
 
 int History(const SchoolAddress& address, const HistoryOptions& options) {
-  TellIfHeld([&] { Do(address, options); });
+  TellIfHeldOrLost([&] { Do(address, options); });
   return 0;
 }
 

@@ -2,17 +2,16 @@
 
 #include <filesystem>
 #include <iostream>
-#include <set>
-#include <utility>
-#include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Today.h"
 #include "apps/escuela/Told.h"
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
+#include "apps/escuela/report/SectionFiles.h"
 #include "apps/quorvane-escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
@@ -42,72 +41,22 @@ std::string DocumentText(const SectionReport& report, bool blank, bool csv) {
   return blank ? BlankSheetHtml(report) : ReportHtml(report);
 }
 
-/// The files that have been written, which go again, with the folders that were made for them,
-/// unless they are kept.
-class WrittenFiles {
- public:
-  explicit WrittenFiles(std::filesystem::path folder) : folder_(std::move(folder)) {
-    std::error_code ignored;
-    for (auto missing = folder_; !missing.empty() && !std::filesystem::exists(missing, ignored);
-         missing = missing.parent_path())
-      made_.push_back(missing);
-  }
-  ~WrittenFiles() {
-    if (kept_) return;
-    std::error_code ignored;
-    for (const auto& file : files_) std::filesystem::remove(file, ignored);
-    // From the innermost on; one that somebody else has put something in stays.
-    for (const auto& folder : made_) std::filesystem::remove(folder, ignored);
-  }
-  WrittenFiles(const WrittenFiles&) = delete;
-  WrittenFiles& operator=(const WrittenFiles&) = delete;
-  WrittenFiles(WrittenFiles&&) = delete;
-  WrittenFiles& operator=(WrittenFiles&&) = delete;
-
-  void Write(const std::string& name, const std::string& content) {
-    const auto file = folder_ / name;
-    WriteNewFile(file.string(), content);
-    files_.push_back(file);
-  }
-  [[nodiscard]] std::size_t Count() const noexcept { return files_.size(); }
-  void Keep() noexcept { kept_ = true; }
-
- private:
-  std::filesystem::path folder_;
-  std::vector<std::filesystem::path> files_;
-  std::vector<std::filesystem::path> made_;
-  bool kept_ = false;
-};
-
 int WriteAll(const ReportReader& reader, const ReportOptions& options) {
-  const auto sections = reader.Sections();
-  WrittenFiles files(options.output);
-  std::error_code error;
-  std::filesystem::create_directories(options.output, error);
-  if (error)
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "No se puede escribir en " + options.output + ": " + error.message());
   const ProgressLine progress("Escribiendo", ProgressLine::kPatience);
-  std::set<std::string> names;
-  std::size_t done = 0;
-  for (const auto& [section, name] : sections) {
-    auto file = AsFileName(name);
-    if (!names.insert(file).second) file += "-" + std::to_string(section);
-    file += options.csv ? ".csv" : ".html";
-    try {
-      files.Write(file, DocumentText(reader.Section(section), options.blank, options.csv));
-    } catch (const RuntimeError& failure) {
-      std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(failure.Description())
-                << '\n';
-    }
-    RequireGoing();
-    progress.Percent(++done, sections.size());
-  }
-  files.Keep();
-  const auto written = files.Count();
-  std::cout << "Escritas " << written << " de " << sections.size() << " secciones en "
+  const auto run = WriteSections(
+      reader, options.output, options.csv ? ".csv" : ".html",
+      [&](const auto& file, const auto& report) {
+        WriteNewFile(file, DocumentText(report, options.blank, options.csv));
+      },
+      [&](auto done, auto all) {
+        RequireGoing();
+        progress.Percent(done, all);
+      });
+  for (const auto& [name, reason] : run.failed)
+    std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(reason) << '\n';
+  std::cout << "Escritas " << run.Made() << " de " << run.sections << " secciones en "
             << Told(options.output) << '\n';
-  return written == sections.size() ? 0 : 1;
+  return run.failed.empty() ? 0 : 1;
 }
 
 }  // namespace
@@ -129,7 +78,7 @@ std::string Complaint(const ReportOptions& options) {
 namespace {
 
 int Write(const SchoolAddress& address, const ReportOptions& options) {
-  const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
+  const auto school = OpenForPiece(address, SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
                             Printed(Today(*school)));
@@ -148,7 +97,11 @@ int Write(const SchoolAddress& address, const ReportOptions& options) {
 }  // namespace
 
 int Report(const SchoolAddress& address, const ReportOptions& options) {
-  return UnlessStopped([&] { return Write(address, options); });
+  return UnlessStopped([&] {
+    auto status = 0;
+    TellIfHeldOrLost([&] { status = Write(address, options); });
+    return status;
+  });
 }
 
 }  // namespace quorvane

@@ -6,6 +6,7 @@
 
 #include "adapters/guion/player/JsonText.h"
 #include "apps/escuela/CsvLine.h"
+#include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Today.h"
 #include "platform/text/SpanishOrder.h"
@@ -170,10 +171,8 @@ class Printer {
   const StateOptions& options_;
 };
 
-}  // namespace
-
-int State(const SchoolAddress& address, const StateOptions& options) {
-  const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
+int Print(const SchoolAddress& address, const StateOptions& options) {
+  const auto school = OpenForPiece(address, SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
   const SchoolState state(*school, Today(*school));
   const auto& all = state.Evaluations();
@@ -193,6 +192,14 @@ int State(const SchoolAddress& address, const StateOptions& options) {
   else
     printer.Text();
   return 0;
+}
+
+}  // namespace
+
+int State(const SchoolAddress& address, const StateOptions& options) {
+  auto status = 0;
+  TellIfHeldOrLost([&] { status = Print(address, options); });
+  return status;
 }
 
 }  // namespace quorvane

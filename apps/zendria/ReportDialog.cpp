@@ -1,148 +1,171 @@
 #include "apps/zendria/ReportDialog.h"
 
 #include <QDate>
-#include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QPushButton>
-#include <QRandomGenerator>
-#include <QTextDocument>
-#include <QTextOption>
 #include <QVBoxLayout>
-#include <cstdio>
+#include <vector>
 
 #include "adapters/qt/views/ClosedListWheel.h"
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/Attempt.h"
+#include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/PrintOutcome.h"
+#include "apps/zendria/ReportPaper.h"
 #include "apps/zendria/SchoolError.h"
+#include "apps/zendria/SectionPdfs.h"
 
 namespace quorvane::zendria {
 namespace {
 
-constexpr QMarginsF kMargins(12, 12, 12, 12);  // millimetres
+template <class Report>
+QString HtmlOf(const Report& report, bool blank) {
+  return QString::fromStdString(blank ? BlankSheetHtml(report) : ReportHtml(report));
+}
 
-/// Subjects by evaluations take more room across.
-void TurnPage(QPrinter& printer) {
-  printer.setPageSize(QPageSize(QPageSize::A4));
-  printer.setPageOrientation(QPageLayout::Landscape);
-  printer.setPageMargins(kMargins, QPageLayout::Millimeter);
+/// The file or folder that the user names; empty for none.
+QString Asked(QFileDialog& dialog) {
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return dialog.selectedFiles().front();
+}
+
+void TellUnprinted(QWidget* parent, const QString& where) {
+  ShowSchoolError(parent,
+                  SchoolError(QStringLiteral("No se puede escribir %1. Elija otra carpeta, o "
+                                             "compruebe que queda espacio en el disco.")
+                                  .arg(where)));
 }
 
 }  // namespace
 
 ReportDialog::ReportDialog(Connection& school, const QString& name, std::int32_t staff,
                            QWidget* parent)
-    : QDialog(parent), blank_("&Hoja en blanco, para poner las notas a mano") {
+    : QDialog(parent),
+      bySection_("&Sección:"),
+      bySubject_("&Materia:"),
+      blank_("&Hoja en blanco, para poner las notas a mano"),
+      outputs_{QPushButton("&Vista previa…"), QPushButton("&Imprimir…"),
+               QPushButton("Guardar &PDF…")} {
   setObjectName("informe");
   setWindowTitle("Informe de pendientes");
-  for (auto* const box : {&section_, &student_}) qt::LeaveWheelOf(*box);
   Build();
-  Attempt(this, [&] {
-    reader_ = std::make_unique<ReportReader>(
-        school, name.toStdString(), QDate::currentDate().toString("dd/MM/yyyy").toStdString(),
-        staff);
-    for (const auto& [id, section] : reader_->Sections())
-      section_.addItem(QString::fromStdString(section), id);
-  });
+  Attempt(this, [&] { Fill(school, name, staff); });
   ShowStudents();
   connect(&section_, &QComboBox::currentIndexChanged, this, [this] { ShowStudents(); });
+  connect(&bySubject_, &QRadioButton::toggled, this, [this] { ShowWhatMayBeChosen(); });
 }
 
 void ReportDialog::Build() {
-  section_.setObjectName("seccion");
-  student_.setObjectName("alumno");
+  const auto name = [](QComboBox& box, const char* object, const char* spoken) {
+    box.setObjectName(object);
+    box.setAccessibleName(spoken);
+    qt::LeaveWheelOf(box);
+  };
+  name(section_, "seccion", "Sección");
+  name(student_, "alumno", "Alumno");
+  name(subject_, "materia", "Materia");
+  bySection_.setObjectName("porSeccion");
+  bySection_.setChecked(true);
+  bySubject_.setObjectName("porMateria");
   blank_.setObjectName("enBlanco");
+  notice_.setObjectName("resultado");
+  notice_.setWordWrap(true);
   auto* const form = new QFormLayout;
-  form->addRow("&Sección:", &section_);
+  form->addRow(&bySection_, &section_);
   form->addRow("A&lumno:", &student_);
+  form->addRow(&bySubject_, &subject_);
   form->addRow(&blank_);
-  auto* const preview = new QPushButton("&Vista previa…");
-  auto* const print = new QPushButton("&Imprimir…");
-  auto* const pdf = new QPushButton("Guardar &PDF…");
-  auto* const close = new QPushButton("&Cerrar");
-  preview->setDefault(true);
   auto* const buttons = new QHBoxLayout;
-  for (auto* const button : {preview, print, pdf}) buttons->addWidget(button);
+  const std::array names = {"vistaPrevia", "enPapel", "guardarPdf"};
+  const std::array slots = {&ReportDialog::Preview, &ReportDialog::PrintOnPaper,
+                            &ReportDialog::AskForPdf};
+  for (std::size_t i = 0; i < outputs_.size(); ++i) {
+    outputs_[i].setObjectName(names[i]);
+    buttons->addWidget(&outputs_[i]);
+    connect(&outputs_[i], &QPushButton::clicked, this, slots[i]);
+  }
+  outputs_[0].setDefault(true);
+  auto* const close = new QPushButton("&Cerrar");
   buttons->addStretch(1);
   buttons->addWidget(close);
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
   auto* const column = new QVBoxLayout(this);
   column->addLayout(form);
+  column->addWidget(&notice_);
   column->addLayout(buttons);
-  connect(preview, &QPushButton::clicked, this, [this] { Preview(); });
-  connect(print, &QPushButton::clicked, this, [this] { PrintOnPaper(); });
-  connect(pdf, &QPushButton::clicked, this, [this] { AskForPdf(); });
-  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void ReportDialog::Fill(Connection& school, const QString& name, std::int32_t staff) {
+  reader_ = std::make_unique<ReportReader>(
+      school, name.toStdString(), QDate::currentDate().toString("dd/MM/yyyy").toStdString(), staff);
+  const auto fill = [](QComboBox& box, const auto& rows) {
+    for (const auto& [id, text] : rows) box.addItem(QString::fromStdString(text), id);
+  };
+  fill(section_, reader_->Sections());
+  if (section_.count() > 1) section_.addItem("Todas las secciones", 0);
+  fill(subject_, reader_->Subjects());
+}
+
+bool ReportDialog::AllSections() const {
+  return bySection_.isChecked() && section_.currentIndex() >= 0 &&
+         section_.currentData().toInt() == 0;
 }
 
 void ReportDialog::ShowStudents() {
   student_.clear();
   student_.addItem("Todos los alumnos", 0);
-  if (reader_ == nullptr || section_.currentIndex() < 0) return;
-  Attempt(this, [this] {
-    for (const auto& student : reader_->Section(section_.currentData().toInt()).students)
-      student_.addItem(QString::fromStdString(student.name), student.id);
-  });
+  if (reader_ != nullptr && section_.currentData().toInt() > 0)
+    Attempt(this, [this] {
+      for (const auto& student : reader_->Section(section_.currentData().toInt()).students)
+        student_.addItem(QString::fromStdString(student.name), student.id);
+    });
+  ShowWhatMayBeChosen();
+}
+
+void ReportDialog::ShowWhatMayBeChosen() {
+  const auto sections = bySection_.isChecked();
+  section_.setEnabled(sections);
+  student_.setEnabled(sections && student_.count() > 1);
+  subject_.setEnabled(!sections);
+  const auto any = (sections ? section_ : subject_).currentIndex() >= 0;
+  for (auto& button : outputs_) button.setEnabled(any);
+  notice_.setText(any ? QString() : "Ningún alumno tiene materias pendientes.");
 }
 
 QString ReportDialog::Html() {
   QString html;
-  if (reader_ == nullptr || section_.currentIndex() < 0) return html;
+  if (AllSections()) return AllHtml();
   Attempt(this, [&] {
-    const auto report =
-        reader_->Section(section_.currentData().toInt(), student_.currentData().toInt());
-    html = QString::fromStdString(blank_.isChecked() ? BlankSheetHtml(report) : ReportHtml(report));
+    html = HtmlOf(bySection_.isChecked() ? reader_->Section(section_.currentData().toInt(),
+                                                            student_.currentData().toInt())
+                                         : reader_->Subject(subject_.currentData().toInt()),
+                  blank_.isChecked());
   });
   return html;
 }
 
-void ReportDialog::LayOut(QTextDocument& document, const QString& html, const QSizeF& page) {
-  document.setDocumentMargin(0);
-  // A word longer than its column would make the table wider than the paper.
-  QTextOption wrapped;
-  wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  document.setDefaultTextOption(wrapped);
-  document.setHtml(html);
-  document.setPageSize(page);
-}
-
-int ReportDialog::Print(QPrinter& printer, const QString& html) {
-  QTextDocument document;
-  LayOut(document, html, printer.pageRect(QPrinter::Point).size());
-  document.print(&printer);
-  return document.pageCount();
+QString ReportDialog::AllHtml() {
+  std::vector<SectionReport> reports;
+  SectionRun run;
+  if (!WithSectionBar(
+          this, [&](const auto& progress) { run = ReadSections(*reader_, reports, progress); }))
+    return {};
+  TellFailedSections(this, run);
+  return reports.empty() ? QString() : HtmlOf(std::span(reports), blank_.isChecked());
 }
 
 int ReportDialog::SavePdf(const QString& file) {
   const auto html = Html();
   if (html.isEmpty()) return 0;
-  if (const auto pages = WritePdf(file, html); pages > 0) return pages;
-  ShowSchoolError(this, SchoolError(QStringLiteral("No se puede escribir %1. Elija otra carpeta, o "
-                                                   "compruebe que queda espacio en el disco.")
-                                        .arg(file)));
-  return 0;
-}
-
-int ReportDialog::WritePdf(const QString& file, const QString& html) {
-  if (const QFileInfo older(file); older.exists() && !older.isWritable()) return 0;
-  // The printer doesn't tell that a disk is full. What stands is replaced by a whole file alone.
-  const auto partial =
-      file + QStringLiteral(".parcial-%1").arg(QRandomGenerator::global()->generate());
-  QPrinter printer;
-  TurnPage(printer);
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(partial);
-  const auto pages = Print(printer, html);
-  if (IsWholePdf(partial) && std::rename(QFile::encodeName(partial), QFile::encodeName(file)) == 0)
-    return pages;
-  QFile::remove(partial);
+  const BusyCursor busy;
+  if (const auto pages = WriteReportPdf(file, html); pages > 0) return pages;
+  TellUnprinted(this, file);
   return 0;
 }
 
@@ -150,11 +173,11 @@ void ReportDialog::Preview() {
   const auto html = Html();
   if (html.isEmpty()) return;
   QPrinter printer;
-  TurnPage(printer);
+  TurnReportPage(printer);
   QPrintPreviewDialog preview(&printer, this);
   preview.setObjectName("vistaPrevia");
   connect(&preview, &QPrintPreviewDialog::paintRequested, this,
-          [&html](QPrinter* to) { Print(*to, html); });
+          [&html](QPrinter* to) { PrintReport(*to, html); });
   preview.exec();
 }
 
@@ -162,18 +185,48 @@ void ReportDialog::PrintOnPaper() {
   const auto html = Html();
   if (html.isEmpty()) return;
   QPrinter printer;
-  TurnPage(printer);
+  TurnReportPage(printer);
   QPrintDialog dialog(&printer, this);
   dialog.setObjectName("imprimir");
   if (dialog.exec() != QDialog::Accepted) return;
-  Print(printer, html);
-  if (!CameOut(printer)) ShowNotPrinted(this, printer);
+  auto pages = 0;
+  {
+    const BusyCursor busy;
+    pages = PrintReport(printer, html);
+  }
+  if (pages == 0) ShowNotPrinted(this, printer);
 }
 
 void ReportDialog::AskForPdf() {
-  const auto name = QString::fromStdString(AsFileName(section_.currentText().toStdString()));
-  const auto file = QFileDialog::getSaveFileName(this, "Guardar PDF", name + ".pdf", "PDF (*.pdf)");
-  if (!file.isEmpty()) SavePdf(file);
+  if (AllSections()) {
+    AskForFolder();
+    return;
+  }
+  QFileDialog dialog(this, "Guardar PDF", {}, "PDF (*.pdf)");
+  dialog.setObjectName("ficheroPdf");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix("pdf");
+  const auto what = bySection_.isChecked() ? section_.currentText() : subject_.currentText();
+  dialog.selectFile(QString::fromStdString(AsFileName(what.toStdString())) + ".pdf");
+  if (const auto file = Asked(dialog); !file.isEmpty()) SavePdf(file);
+}
+
+void ReportDialog::AskForFolder() {
+  QFileDialog dialog(this, "Carpeta para los PDF de todas las secciones");
+  dialog.setObjectName("carpetaPdf");
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  const auto folder = Asked(dialog);
+  if (folder.isEmpty()) return;
+  const auto blank = blank_.isChecked();
+  const auto run = WriteSectionPdfs(this, *reader_, folder, [blank](const SectionReport& report) {
+    return HtmlOf(report, blank);
+  });
+  notice_.setText(run.sections == 0 ? QString("No se ha escrito ninguna sección")
+                                    : QStringLiteral("Escritas %1 de %2 secciones en %3")
+                                          .arg(run.Made())
+                                          .arg(run.sections)
+                                          .arg(folder));
 }
 
 }  // namespace quorvane::zendria

@@ -1,3 +1,4 @@
+#include <fstream>
 #include <sys/stat.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
@@ -110,6 +111,18 @@ TEST_F(ToolsTest, ASchoolThatCantBeWrittenIsReadAndKeepsItsLocks) {
   const auto removed = RunCommand(Unprivileged(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path_));
   EXPECT_EQ(removed.status, 1);
   EXPECT_THAT(removed.text, HasSubstr("dé permiso de escritura sobre el archivo"));
+  const TempFolder list;
+  std::ofstream(list / "p.csv") << "alumno;sección;materia;curso;evaluaciones\n"
+                                   "37;3º ESO B;Música;2º ESO B;todas\n";
+  chmod((list / "").c_str(), 0755);
+  for (const auto& order :
+       {"importar " + path_ + " " + (list / "p.csv"), "reparar --con-publicaciones " + path_,
+        "historial " + path_ + " activar"}) {
+    const auto told = RunCommand(Unprivileged(QUORVANE_ESCUELA " " + order));
+    EXPECT_EQ(told.status, 1) << order;
+    EXPECT_THAT(told.text, HasSubstr("permiso")) << order;
+  }
+  EXPECT_EQ(RunCommand(Unprivileged(QUORVANE_ESCUELA " estado " + path_)).status, 0);
   EXPECT_EQ(Content(path_), before);
   EXPECT_EQ(folder_.Files(), 1U);
   chmod((folder_ / "").c_str(), 0755);

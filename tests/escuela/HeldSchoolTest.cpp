@@ -29,7 +29,10 @@ TEST(HeldSchoolTest, TheOrdersWaitAMomentAndSayWhatToDo) {
   };
   const auto orders = order("importar", csv) + order("reparar", "--con-copia-hecha") +
                       order("historial", "desactivar") +
-                      order("historial", "purgar --antes 2025-01-01");
+                      order("historial", "purgar --antes 2025-01-01") + order("estado", "") +
+                      order("informe", "--seccion 5 --salida " + (folder / "a.html"));
+  // A file is read while somebody writes.
+  const auto held = OnServer() ? 6U : 4U;
   Outcome outcome;
   const auto begin = std::chrono::steady_clock::now();
   {
@@ -45,8 +48,9 @@ TEST(HeldSchoolTest, TheOrdersWaitAMomentAndSayWhatToDo) {
     ++told;
   for (std::size_t at = 0; (at = outcome.text.find("estado 1\n", at)) != std::string::npos; ++at)
     ++failed;
-  EXPECT_EQ(told, 4U) << outcome.text;
-  EXPECT_EQ(failed, 4U) << outcome.text;
+  EXPECT_EQ(told, held) << outcome.text;
+  EXPECT_EQ(failed, held) << outcome.text;
+  EXPECT_EQ(folder.Files(), OnServer() ? 1U : 2U) << "no report of what can't be read";
   EXPECT_EQ(school.Number("SELECT COUNT(*) FROM Seccion_AlumnoPte WHERE CodAlumno=777777"), 1);
   EXPECT_TRUE(history.Active());
   // On a server the next test takes the same database.

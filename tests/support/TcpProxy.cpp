@@ -63,8 +63,9 @@ TcpProxy::~TcpProxy() {
 
 void TcpProxy::Wake() const { eventfd_write(bell_, 1); }
 
-void TcpProxy::Fail(Fault fault, Moment moment) {
+void TcpProxy::Fail(Fault fault, Moment moment, std::size_t passed) {
   std::unique_lock lock(mutex_);
+  due_ = passed == 0 ? 0 : bursts_ + passed + 1;
   fault_ = fault;
   moment_ = moment;
   armed_ = true;
@@ -158,7 +159,7 @@ void TcpProxy::Hear(ProxiedLink& link, bool fromClient) {
   const std::string_view said(piece.data(), static_cast<std::size_t>(read));
   if (read > 0 && link.BeginsBurst(fromClient) && said != kFarewell) ++bursts_;
   const auto moment = fromClient ? Moment::NextRequest : Moment::NextAnswer;
-  if (read > 0 && armed_ && moment_ == moment) Strike();
+  if (read > 0 && armed_ && moment_ == moment && bursts_ >= due_) Strike();
   link.Take(fromClient, {piece.data(), static_cast<std::size_t>(read)}, Clock::now() + delay_);
 }
 

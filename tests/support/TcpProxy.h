@@ -42,8 +42,9 @@ class TcpProxy {
 
   [[nodiscard]] std::uint16_t Port() const noexcept { return port_; }
 
-  /// What is to go wrong, and when. Of a fault of `Now` all is done when this returns.
-  void Fail(Fault fault, Moment moment = Moment::Now);
+  /// What is to go wrong, and when: `passed` more bursts pass before the moment is looked for. Of a
+  /// fault of `Now` all is done when this returns.
+  void Fail(Fault fault, Moment moment = Moment::Now, std::size_t passed = 0);
   /// Ends a silence, and forgets a fault whose moment hasn't come. What was held back goes on.
   void Resume();
   /// Whether the fault that was asked for last has come to be.
@@ -84,6 +85,7 @@ class TcpProxy {
   bool failed_ = false;
   Fault fault_ = Fault::Reset;
   Moment moment_ = Moment::Now;
+  std::size_t due_ = 0;  ///< the first of the bursts whose moment it may be
   std::vector<std::unique_ptr<ProxiedLink>> links_;
   std::thread thread_;
 };

@@ -29,6 +29,7 @@
 #include "apps/zendria/HistoryDialog.h"
 #include "apps/zendria/ImportDialog.h"
 #include "apps/zendria/ReportDialog.h"
+#include "apps/zendria/ReportPaper.h"
 #include "apps/zendria/StateDialog.h"
 #include "platform/controls/ComboBox.h"
 #include "tests/device/Device.h"
@@ -210,7 +211,7 @@ TEST_F(OversightTest, AGradeCellOffersItsOwnHistory) {
 
 TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
-  ASSERT_EQ(dialog.Sections().count(), 6);
+  ASSERT_EQ(dialog.Sections().count(), 7) << "and all of them";
   dialog.Sections().setCurrentIndex(dialog.Sections().findText("3º ESO A"));
   EXPECT_EQ(dialog.Students().count(), 6) << "all, and each of five";
   const auto file = folder_.filePath("informe.pdf");
@@ -250,7 +251,7 @@ TEST_F(OversightTest, NothingOnPaperIsWiderThanThePage) {
   }
   QTextDocument document;
   const QSizeF page(774, 527);
-  zendria::ReportDialog::LayOut(document, QString::fromStdString(ReportHtml(report)), page);
+  zendria::LayOutReport(document, QString::fromStdString(ReportHtml(report)), page);
   EXPECT_LE(document.size().width(), page.width());
   EXPECT_EQ(document.toPlainText().count(QString(200, 'm')), 40);
   for (auto block = document.begin(); block.isValid(); block = block.next())

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QString>
+#include <string>
+
 #include "apps/zendria/MainWindow.h"
 #include "apps/zendria/Preferences.h"
 #include "tools/screenshots/Camera.h"
@@ -24,6 +27,7 @@ class Tour {
   void Messages();
   /// Changes the school, and so comes last.
   void Oversight();
+  void TakePage(const char* name, const QString& title, const std::string& html);
   void OwnPublication();
   void RegisterInUse();
   void TooManyFinals();

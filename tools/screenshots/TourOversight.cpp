@@ -19,9 +19,21 @@ namespace {
 
 constexpr auto kSection = "3º ESO A";
 constexpr auto kSectionNumber = 5;
+constexpr auto kSubject = 20;  // mathematics, that two have pending
 constexpr QSize kPage(1040, 420);
 
 }  // namespace
+
+void Tour::TakePage(const char* name, const QString& title, const std::string& html) {
+  QTextEdit page;
+  page.setWindowTitle(title);
+  page.setHtml(QString::fromStdString(html));
+  page.resize(kPage);
+  page.show();
+  QApplication::processEvents();
+  camera_.Take(name, page);
+  page.close();
+}
 
 void Tour::Oversight() {
   const auto show = [this](const char* action) { window_.findChild<QAction*>(action)->trigger(); };
@@ -60,15 +72,9 @@ void Tour::Oversight() {
     dialog.close();
   });
   show("informePendientes");
-  QTextEdit page;
-  page.setWindowTitle("Una hoja del informe");
-  page.setHtml(QString::fromStdString(
-      ReportHtml(ReportReader(school, "IES Ejemplo", "03/03/2025").Section(kSectionNumber, 0))));
-  page.resize(kPage);
-  page.show();
-  QApplication::processEvents();
-  camera_.Take("informe-hoja", page);
-  page.close();
+  const ReportReader reader(school, "IES Ejemplo", "03/03/2025");
+  TakePage("informe-hoja", "Una hoja del informe", ReportHtml(reader.Section(kSectionNumber)));
+  TakePage("informe-en-blanco", "Una hoja en blanco", BlankSheetHtml(reader.Subject(kSubject)));
 
   guide_.OnDialog("importar", [this](QWidget& dialog) {
     QFile file(QFileInfo(school_).dir().filePath("pendientes.csv"));

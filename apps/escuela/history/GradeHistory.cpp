@@ -133,7 +133,7 @@ void GradeHistory::Activate() {
     for (const auto& statement : HistoryTableSql(engine_, schema)) school_.Execute(statement);
   for (const auto& statement : triggers) school_.Execute(statement);
   if (!there && engine_ == Engine::PostgreSql) GrantReading();
-  transaction.Keep();
+  transaction.KeepOrTell();
 }
 
 void GradeHistory::GrantReading() {
@@ -149,7 +149,7 @@ void GradeHistory::GrantReading() {
 void GradeHistory::Deactivate() {
   Transaction transaction(school_);
   for (const auto& statement : NoHistoryTriggersSql(engine_)) school_.Execute(statement);
-  transaction.Keep();
+  transaction.KeepOrTell();
 }
 
 std::int32_t GradeHistory::Purge(const std::string& before) {
@@ -158,7 +158,7 @@ std::int32_t GradeHistory::Purge(const std::string& before) {
   Transaction transaction(school_);
   const auto count = school_.Execute("SELECT COUNT(*)" + condition).Fields(0).Long();
   school_.Execute("DELETE" + condition);
-  transaction.Keep();
+  transaction.KeepOrTell();
   return count;
 }
 

@@ -26,30 +26,43 @@ std::string Now(Engine engine) {
   return "strftime('%Y-%m-%d %H:%M:%f','now')";
 }
 
-/// A SELECT of what is kept of one column, or of the row as a whole. `row` is what the engine calls
-/// the row that tells which subject and evaluation it is; `from` gives it where it isn't there by
-/// itself.
-std::string Kept(Engine engine, Event event, std::string_view row, const std::string& column,
-                 const std::string& before, const std::string& after, const std::string& userColumn,
-                 const std::string& from) {
+/// One value, should there be several. A file's subquery takes its first by itself, and costs less
+/// so.
+std::string One(Engine engine, const std::string& column) {
+  return engine == Engine::Sqlite ? column : "MIN(" + column + ")";
+}
+
+/// A SELECT of what is kept of the changes in `changes`. `row` is what the engine calls the row
+/// that tells which subject and evaluation it is; `from` gives it where it isn't there by itself.
+std::string Kept(Engine engine, Event event, std::string_view row, const std::string& changes,
+                 const std::string& userColumn, const std::string& from) {
   const auto subject = std::string(row) + ".CodAlumnoPte_MatDet";
   const auto evaluation = std::string(row) + ".CodNumEvaluacion";
   const auto pending = [&](const std::string& what) {
-    auto now =
-        "(SELECT MIN(" + what + ") FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
+    auto now = "(SELECT " + One(engine, what) +
+               " FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=" + subject + ")";
     if (event != Event::Delete) return now;
     // A program may remove the subject before its grades: whose they were is known from before.
     const auto history = std::string(kHistoryTable);
-    return "COALESCE(" + now + ",(SELECT MIN(Previa." + what + ") FROM " + history +
+    return "COALESCE(" + now + ",(SELECT " + One(engine, "Previa." + what) + " FROM " + history +
            " Previa WHERE Previa.IDHistorial=(SELECT MAX(Ultima.IDHistorial) FROM " + history +
            " Ultima WHERE Ultima.CodAlumnoPte_MatDet=" + subject +
            " AND Ultima.CodAlumno IS NOT NULL)))";
   };
-  return "SELECT " + Now(engine) + ",'" + column + "'," + before + "," + after + "," + subject +
-         "," + pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation +
-         ",(SELECT MIN(" + userColumn +
-         ") FROM BloqueoPte WHERE CodMatDet=" + pending("CodMatDet") +
-         " AND CodNumEvaluacion=" + evaluation + ")" + from;
+  return "SELECT " + Now(engine) + ",Cambio.Columna,Cambio.Antes,Cambio.Despues," + subject + "," +
+         pending("CodAlumno") + "," + pending("CodMatDet") + "," + evaluation + ",(SELECT " +
+         One(engine, userColumn) + " FROM BloqueoPte WHERE CodMatDet=" + pending("CodMatDet") +
+         " AND CodNumEvaluacion=" + evaluation + ") FROM " + from + "(" + changes + ") Cambio";
+}
+
+/// Without its type all Nulls of a column would be taken for texts.
+constexpr std::string_view kNothing = "CAST(NULL AS int)";
+
+/// A row of `Cambio`.
+std::string Change(std::string_view column, std::string_view before, std::string_view after) {
+  std::string text = "SELECT '";
+  text.append(column).append("' AS Columna,").append(before).append(" AS Antes,");
+  return text.append(after).append(" AS Despues");
 }
 
 constexpr std::string_view kColumns =
@@ -68,50 +81,44 @@ std::string Unequal(Engine engine, const std::string& one, const std::string& ot
   return "COALESCE(" + one + ",0)<>COALESCE(" + other + ",0)";
 }
 
-/// The statements by which the history takes in one event on one table.
-std::vector<std::string> Keeping(Engine engine, const WatchedTable& table, Event event,
-                                 const std::string& userColumn) {
+/// The statement by which the history takes in one event on one table: one for all columns, as each
+/// that is run has its price, whether it finds a change or not.
+std::string Keeping(Engine engine, const WatchedTable& table, Event event,
+                    const std::string& userColumn) {
   const Rows names = engine == Engine::SqlServer ? Rows{"deleted", "inserted"} : Rows{"OLD", "NEW"};
   const auto row = event == Event::Delete ? names.before : names.after;
-  const auto insert =
-      std::string(engine == Engine::Sqlite ? "INSERT OR IGNORE INTO " : "INSERT INTO ") +
-      std::string(kHistoryTable) + std::string(kColumns);
   std::string from;
-  std::string where = " WHERE ";
   if (engine == Engine::SqlServer) {
-    from = " FROM " + std::string(row);
+    from = row;
     if (event == Event::Update)
-      from += " INNER JOIN deleted ON deleted.ID" + std::string(table.name) + "=inserted.ID" +
-              std::string(table.name);
+      from.append(" INNER JOIN deleted ON deleted.ID").append(table.name).append("=inserted.ID");
+    if (event == Event::Update) from.append(table.name);
+    from += " CROSS APPLY ";
   }
-  std::vector<std::string> statements;
+  std::string changes;
   if (event != Event::Update)
-    statements.push_back(insert +
-                         Kept(engine, event, row,
-                              std::string(event == Event::Insert ? kRowAdded : kRowRemoved), "NULL",
-                              "NULL", userColumn, from));
+    changes = Change(event == Event::Insert ? kRowAdded : kRowRemoved, kNothing, kNothing);
   for (const auto column : table.columns) {
     const auto before = std::string(names.before).append(".").append(column);
     const auto after = std::string(names.after).append(".").append(column);
-    const auto changed = event == Event::Update   ? Unequal(engine, before, after)
-                         : event == Event::Insert ? after + "<>0"
-                                                  : before + "<>0";
-    const auto rest = std::string(from).append(where).append(changed);
-    statements.push_back(std::string(insert).append(
-        Kept(engine, event, row, std::string(column), event == Event::Insert ? "NULL" : before,
-             event == Event::Delete ? "NULL" : after, userColumn, rest)));
+    if (!changes.empty()) changes += " UNION ALL ";
+    changes += Change(column, event == Event::Insert ? kNothing : before,
+                      event == Event::Delete ? kNothing : after);
+    changes += " WHERE " + (event == Event::Update   ? Unequal(engine, before, after)
+                            : event == Event::Insert ? after + "<>0"
+                                                     : before + "<>0");
   }
-  return statements;
+  return std::string(engine == Engine::Sqlite ? "INSERT OR IGNORE INTO " : "INSERT INTO ")
+      .append(kHistoryTable)
+      .append(kColumns)
+      .append(Kept(engine, event, row, changes, userColumn, from))
+      .append("; ");
 }
 
-std::string Joined(const std::vector<std::string>& statements) {
-  std::string text;
-  for (const auto& statement : statements) text += statement + "; ";
-  return text;
-}
-
-/// A save writes every row, whether it has changed or not.
-std::string OnlyChanged(Engine engine, const WatchedTable& table) {
+/// A save writes every row, whether it has changed or not. A file's engine translates the trigger
+/// with each statement anew, which a condition more makes dearer than it saves.
+std::string OnlyChanged(Engine engine, const WatchedTable& table, Event event) {
+  if (engine == Engine::Sqlite || event != Event::Update) return {};
   std::string condition;
   for (const auto column : table.columns)
     condition += (condition.empty() ? "" : " OR ") +
@@ -119,12 +126,22 @@ std::string OnlyChanged(Engine engine, const WatchedTable& table) {
   return " WHEN (" + condition + ")";
 }
 
+/// What sets no column of grades, as the marks beside them, passes by. SQL Server has nothing of
+/// the kind.
+std::string EventOn(const WatchedTable& table, Event event) {
+  std::string text(EventName(event));
+  if (event == Event::Update)
+    for (const auto column : table.columns)
+      text.append(column == table.columns.front() ? " OF " : ",").append(column);
+  return text.append(" ON ").append(table.name);
+}
+
 std::string Trigger(Engine engine, const WatchedTable& table, Event event,
                     const std::string& userColumn) {
   const auto name = TriggerName(table, event);
-  const auto on = std::string(EventName(event)) + " ON " + std::string(table.name);
-  const auto when = event == Event::Update ? OnlyChanged(engine, table) : std::string();
-  const auto body = Joined(Keeping(engine, table, event, userColumn));
+  const auto on = EventOn(table, event);
+  const auto when = OnlyChanged(engine, table, event);
+  const auto body = Keeping(engine, table, event, userColumn);
   if (engine == Engine::Sqlite)
     return "CREATE TRIGGER " + name + " AFTER " + on + when + " BEGIN " + body + "END";
   if (engine == Engine::SqlServer)
@@ -141,8 +158,7 @@ std::string Function(const WatchedTable& table, Event event, const std::string& 
                      const std::string& schema) {
   return "CREATE FUNCTION " + TriggerName(table, event) +
          "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER SET search_path = " + schema +
-         ", pg_temp AS $historial$ BEGIN " +
-         Joined(Keeping(Engine::PostgreSql, table, event, userColumn)) +
+         ", pg_temp AS $historial$ BEGIN " + Keeping(Engine::PostgreSql, table, event, userColumn) +
          "RETURN NULL; EXCEPTION WHEN OTHERS THEN RETURN NULL; END $historial$";
 }
 

@@ -90,7 +90,7 @@ ImportReport Import(const SchoolAddress& address, const std::vector<CsvRow>& row
   if (options.simulate || (!report.misfits.empty() && !options.whatFits)) return report;
   Importer(address, *school).Play(plan, lookup, report, progress);
   if (!report.misfits.empty() && !options.whatFits) return report;
-  transaction->Keep();
+  transaction->KeepOrTell();
   report.written = true;
   return report;
 }
@@ -102,7 +102,7 @@ ImportReport ImportRegister(
     const std::function<void(std::size_t done, std::size_t all)>& progress) {
   const auto rows = ReadCsv(file);
   ImportReport report;
-  TellIfHeld([&] { report = Import(address, rows, options, progress); });
+  TellIfHeldOrLost([&] { report = Import(address, rows, options, progress); });
   return report;
 }
 

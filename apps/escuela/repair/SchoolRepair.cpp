@@ -86,7 +86,7 @@ RepairReport Repair(const SchoolAddress& address, const RepairOptions& options,
   report.changed = journal.ChangedRows();
   report.undo = journal.Undo();
   tell(report);
-  if (!options.simulate) transaction.Keep();
+  if (!options.simulate) transaction.KeepOrTell();
   backup.Keep();
   return report;
 }
@@ -97,7 +97,7 @@ RepairReport RepairSchool(const SchoolAddress& address, const RepairOptions& opt
                           const std::function<void(const RepairReport&)>& tell,
                           const std::function<void()>& goOn) {
   RepairReport report;
-  TellIfHeld([&] { report = Repair(address, options, tell, goOn); });
+  TellIfHeldOrLost([&] { report = Repair(address, options, tell, goOn); });
   return report;
 }
 

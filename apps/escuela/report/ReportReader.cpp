@@ -70,6 +70,25 @@ std::vector<std::pair<std::int32_t, std::string>> ReportReader::Sections() const
   return sections;
 }
 
+std::vector<std::pair<std::int32_t, std::string>> ReportReader::Subjects() const {
+  std::vector<std::pair<std::int32_t, std::string>> subjects;
+  for (auto rows = school_.Execute(
+           "SELECT MateriaDetalles.IDMateriaDetalles, Materia.Nombre, Seccion.Descripcion FROM "
+           "((MateriaDetalles INNER JOIN Materia ON "
+           "Materia.IDMateria=MateriaDetalles.CodMateria) INNER JOIN Seccion ON "
+           "Seccion.IDSeccion=MateriaDetalles.CodSeccion) INNER JOIN Curso ON "
+           "Curso.IDCurso=Seccion.CodCurso WHERE MateriaDetalles.IDMateriaDetalles IN (SELECT "
+           "AlumnoPte_MatDet.CodMatDet FROM AlumnoPte_MatDet INNER JOIN Alumno ON "
+           "Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno WHERE " +
+           told_ +
+           ") ORDER BY Curso.CodTipoEnsenanza, Curso.Orden, Seccion.Descripcion, Materia.Nombre, "
+           "MateriaDetalles.IDMateriaDetalles");
+       !rows.Eof(); rows.MoveNext())
+    subjects.emplace_back(rows.Fields(0).Long(),
+                          rows.Fields(1).Text() + " (" + rows.Fields(2).Text() + ")");
+  return subjects;
+}
+
 std::int32_t ReportReader::FindSection(const std::string& text) const {
   return Find(school_.Execute("SELECT IDSeccion, Descripcion FROM Seccion"), text,
               "No hay ninguna sección");

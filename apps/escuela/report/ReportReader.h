@@ -18,8 +18,14 @@ class ReportReader {
   /// With `staff`, what that one may grade and nothing else; 0 for all.
   ReportReader(Connection& school, std::string name, std::string date, std::int32_t staff = 0);
 
+  /// False once its server has been lost.
+  [[nodiscard]] bool Reaches() const { return school_.IsOpen(); }
+
   /// The sections whose students have pending subjects, by number, in the order of the courses.
   [[nodiscard]] std::vector<std::pair<std::int32_t, std::string>> Sections() const;
+
+  /// The subjects («Matemáticas (2º ESO A)») that are pending, by number, in the same order.
+  [[nodiscard]] std::vector<std::pair<std::int32_t, std::string>> Subjects() const;
 
   /// The one of that number or name («Matemáticas (2º ESO A)» for a subject). Error 0x80004005 in
   /// Spanish, with the candidates, where there is none or are several.

@@ -28,9 +28,10 @@ std::string Escaped(std::string_view text) {
   return escaped;
 }
 
-std::string Head(const SectionReport& report, std::string_view what) {
+std::string Head(std::span<const SectionReport> reports, std::string_view what) {
   std::string html = "<!DOCTYPE html>\n<html lang=\"es\"><head><meta charset=\"utf-8\">\n<title>";
-  html.append(Escaped(report.title)).append(": ").append(what).append("</title>\n<style>\n");
+  if (reports.size() == 1) html.append(Escaped(reports.front().title)).append(": ");
+  html.append(what).append("</title>\n<style>\n");
   html +=
       "body { font-family: sans-serif; font-size: 10pt; }\n"
       "h1 { font-size: 14pt; margin-bottom: 2px; }\nh2 { font-size: 12pt; margin-top: 4px; }\n"
@@ -97,26 +98,22 @@ void AppendStudent(std::string& html, const SectionReport& report, const ReportS
       "</tbody></table>\n<p>— : sin calificar. En blanco: no se califica en esa evaluación.</p>\n";
 }
 
-}  // namespace
+constexpr std::string_view kReport = "Informe de materias pendientes";
+constexpr std::string_view kBlankSheet = "Hoja de notas de materias pendientes";
 
-std::string ReportHtml(const SectionReport& report) {
-  constexpr auto kWhat = "Informe de materias pendientes";
-  auto html = Head(report, kWhat);
-  for (std::size_t i = 0; i < report.students.size(); ++i) {
-    AppendHeading(html, report, kWhat, i > 0);
-    AppendStudent(html, report, report.students[i]);
+void AppendReport(std::string& html, const SectionReport& report, bool newPage) {
+  for (const auto& student : report.students) {
+    AppendHeading(html, report, kReport, newPage);
+    AppendStudent(html, report, student);
+    newPage = true;
   }
-  if (report.students.empty()) {
-    AppendHeading(html, report, kWhat, false);
-    html += "<p>Ningún alumno tiene materias pendientes.</p>\n";
-  }
-  return html + "</body></html>\n";
+  if (!report.students.empty()) return;
+  AppendHeading(html, report, kReport, newPage);
+  html += "<p>Ningún alumno tiene materias pendientes.</p>\n";
 }
 
-std::string BlankSheetHtml(const SectionReport& report) {
-  constexpr auto kWhat = "Hoja de notas de materias pendientes";
-  auto html = Head(report, kWhat);
-  AppendHeading(html, report, kWhat, false);
+void AppendBlankSheet(std::string& html, const SectionReport& report, bool newPage) {
+  AppendHeading(html, report, kBlankSheet, newPage);
   html += "<p>Evaluación: ____________________ Profesor: ______________________________</p>\n";
   html.append(kTable).append("<thead>");
   std::vector<std::string> cells = {"Alumno", "Materia"};
@@ -129,7 +126,32 @@ std::string BlankSheetHtml(const SectionReport& report) {
       cells.resize(cells.size() + kBlankColumns.size());
       AppendCells(html, "td", cells);
     }
-  return html + "</tbody></table>\n</body></html>\n";
+  html += "</tbody></table>\n";
+}
+
+template <class Append>
+std::string Document(std::span<const SectionReport> reports, std::string_view what,
+                     const Append& append) {
+  auto html = Head(reports, what);
+  for (auto report = reports.begin(); report != reports.end(); ++report)
+    append(html, *report, report != reports.begin());
+  return html + "</body></html>\n";
+}
+
+}  // namespace
+
+std::string ReportHtml(std::span<const SectionReport> reports) {
+  return Document(reports, kReport, AppendReport);
+}
+
+std::string ReportHtml(const SectionReport& report) { return ReportHtml(std::span(&report, 1)); }
+
+std::string BlankSheetHtml(std::span<const SectionReport> reports) {
+  return Document(reports, kBlankSheet, AppendBlankSheet);
+}
+
+std::string BlankSheetHtml(const SectionReport& report) {
+  return BlankSheetHtml(std::span(&report, 1));
 }
 
 std::string ReportCsv(const SectionReport& report) {

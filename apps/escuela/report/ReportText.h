@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "apps/escuela/report/SectionReport.h"
@@ -10,9 +11,13 @@ namespace quorvane {
 /// has in each evaluation. One HTML document that a browser and Qt's printing understand, without
 /// anything outside it.
 std::string ReportHtml(const SectionReport& report);
+/// Those of several sections, one after the other.
+std::string ReportHtml(std::span<const SectionReport> reports);
 
 /// A sheet to be filled in by hand: students and subjects, by empty columns of grades.
 std::string BlankSheetHtml(const SectionReport& report);
+/// A sheet for each, on a page of its own.
+std::string BlankSheetHtml(std::span<const SectionReport> reports);
 
 /// A line for each student, subject and evaluation, for a spreadsheet.
 std::string ReportCsv(const SectionReport& report);

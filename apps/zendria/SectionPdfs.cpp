@@ -1,0 +1,80 @@
+#include "apps/zendria/SectionPdfs.h"
+
+#include <QFileInfo>
+#include <QProgressDialog>
+#include <QStringList>
+
+#include "apps/zendria/Attempt.h"
+#include "apps/zendria/FailureBox.h"
+#include "apps/zendria/ReportPaper.h"
+#include "apps/zendria/SchoolError.h"
+#include "platform/RuntimeError.h"
+
+namespace quorvane::zendria {
+namespace {
+
+constexpr auto kPatience = 1000;  // milliseconds
+
+/// The user doesn't want the rest.
+struct Stopped {};
+
+[[noreturn]] void Refuse(const QString& file, const char* reason) {
+  throw RuntimeError(ErrorNumber::StatementFailed,
+                     "No se puede escribir " + file.toStdString() + ": " + reason);
+}
+
+}  // namespace
+
+bool WithSectionBar(QWidget* parent,
+                    const std::function<void(const SectionProgress& progress)>& work) {
+  QProgressDialog bar("Preparando las secciones…", "&Cancelar", 0, 0, parent);
+  bar.setWindowTitle("Informe de pendientes");
+  bar.setWindowModality(Qt::WindowModal);
+  bar.setMinimumDuration(kPatience);
+  try {
+    return Attempt(parent, [&] {
+      work([&bar](std::size_t done, std::size_t all) {
+        bar.setMaximum(static_cast<int>(all));
+        bar.setValue(static_cast<int>(done));
+        if (bar.wasCanceled()) throw Stopped();
+      });
+    });
+  } catch (const Stopped&) {
+    return false;
+  }
+}
+
+void TellFailedSections(QWidget* parent, const SectionRun& run) {
+  if (run.failed.empty()) return;
+  QStringList names;
+  QStringList reasons;
+  for (const auto& [name, reason] : run.failed) {
+    names.append(QString::fromStdString(name));
+    reasons.append(names.back() + ": " + QString::fromStdString(reason));
+  }
+  const QString others = run.Made() > 0 ? ". Las demás secciones están hechas." : ".";
+  ShowSchoolError(parent,
+                  SchoolError("No se han podido hacer: " + names.join(", ") + others, reasons));
+}
+
+SectionRun WriteSectionPdfs(QWidget* parent, const ReportReader& reader, const QString& folder,
+                            const std::function<QString(const SectionReport& report)>& html) {
+  SectionRun run;
+  WithSectionBar(parent, [&](const auto& progress) {
+    run = WriteSections(
+        reader, folder.toStdString(), ".pdf",
+        [&](const auto& name, const auto& report) {
+          const auto file = QString::fromStdString(name);
+          if (const QFileInfo there(file); there.exists() || there.isSymLink())
+            Refuse(file, "el archivo ya existe");
+          if (WriteReportPdf(file, html(report)) == 0)
+            Refuse(file,
+                   "compruebe que puede escribir en la carpeta y que queda espacio en el disco");
+        },
+        progress);
+  });
+  TellFailedSections(parent, run);
+  return run;
+}
+
+}  // namespace quorvane::zendria

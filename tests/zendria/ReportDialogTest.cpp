@@ -1,0 +1,228 @@
+// What the report's dialog makes of what is chosen in it, by its own buttons.
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QProgressDialog>
+#include <gtest/gtest.h>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
+#include "apps/escuela/SchoolFile.h"
+#include "apps/escuela/report/ReportText.h"
+#include "apps/zendria/ReportDialog.h"
+#include "apps/zendria/SectionPdfs.h"
+#include "tests/zendria/HostTest.h"
+#include "tests/zendria/TextPrinter.h"
+
+namespace quorvane::test {
+namespace {
+
+/// Pages of a PDF, by their objects.
+qsizetype PdfPages(const QString& file) {
+  QFile pdf(file);
+  if (!pdf.open(QIODevice::ReadOnly)) return -1;
+  const auto content = pdf.readAll();
+  return content.startsWith("%PDF-") ? content.count("/Type /Page\n") : -1;
+}
+
+class ReportDialogTest : public HostTest {
+ protected:
+  ReportDialogTest() {
+    MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
+    school_.Open();
+  }
+
+  /// Opens the dialog from the menu, and does that in it.
+  void InDialog(const std::function<void(zendria::ReportDialog&)>& step) {
+    ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+    robot_.OnDialog("informe", [&step](QWidget& shown) {
+      step(dynamic_cast<zendria::ReportDialog&>(shown));
+      QTest::keyClick(&shown, Qt::Key_Escape);
+    });
+    window_->findChild<QAction*>("informePendientes")->trigger();
+    EXPECT_TRUE(robot_.Done());
+    EXPECT_TRUE(robot_.unexpected.empty()) << robot_.unexpected.front();
+  }
+  static void Press(zendria::ReportDialog& dialog, const char* button) {
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>(button), Qt::LeftButton);
+  }
+  /// By the keyboard.
+  static void Choose(zendria::ReportDialog& dialog, const char* list, const QString& text) {
+    auto* const box = dialog.findChild<QComboBox*>(list);
+    ASSERT_TRUE(box->isEnabled()) << list;
+    QTest::keyClick(box, Qt::Key_Home);
+    for (int row = 0; row < box->count() && box->currentText() != text; ++row)
+      QTest::keyClick(box, Qt::Key_Down);
+    EXPECT_EQ(box->currentText(), text);
+  }
+  static void ChooseAllSections(zendria::ReportDialog& dialog) {
+    QTest::keyClick(&dialog.Sections(), Qt::Key_End);
+    EXPECT_EQ(dialog.Sections().currentText(), "Todas las secciones");
+  }
+  static void TickBlank(zendria::ReportDialog& dialog) {
+    QTest::keyClick(&dialog.Blank(), Qt::Key_Space);
+    EXPECT_TRUE(dialog.Blank().isChecked());
+  }
+  /// The texts of the pages that the button shows beforehand, a text a page.
+  QStringList Previewed(zendria::ReportDialog& dialog) {
+    QStringList pages;
+    robot_.OnDialog("vistaPrevia", [&pages](QWidget& shown) {
+      TextPrinter paper;
+      emit dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
+      for (const auto& page : paper.Pages()) pages.append(page.join(u' '));
+      QTest::keyClick(&shown, Qt::Key_Escape);
+    });
+    Press(dialog, "vistaPrevia");
+    return pages;
+  }
+  /// Answers the next question for a file or a folder.
+  void Name(const char* question, const QString& path) {
+    robot_.OnDialog(question, [path](QWidget& dialog) {
+      auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+      name->setText(path);
+      QTest::keyClick(name, Qt::Key_Return);
+    });
+  }
+  QStringList Pdfs(const QString& folder) const {
+    return QDir(folder_.filePath(folder)).entryList(QDir::Files);
+  }
+  /// A folder of the test's own.
+  QString Folder(const QString& name) const {
+    EXPECT_TRUE(QDir(folder_.path()).mkdir(name));
+    return folder_.filePath(name);
+  }
+  int Number(const std::string& query) { return school_.Execute(query).Fields(0).Long(); }
+
+  std::string path_ = folder_.filePath("muestra.sqlite").toStdString();
+  sqlite::SqliteConnection school_{path_, ""};
+};
+
+TEST_F(ReportDialogTest, ABlankSheetIsOfASubjectAsWellAsOfASection) {
+  InDialog([this](auto& dialog) {
+    Choose(dialog, "seccion", "3º ESO A");
+    EXPECT_FALSE(dialog.Subjects().isEnabled());
+    TickBlank(dialog);
+    const auto section = Previewed(dialog);
+    ASSERT_FALSE(section.isEmpty());
+    EXPECT_TRUE(section.front().contains("materias pendientes. 3º ESO A. "));
+    Press(dialog, "porMateria");
+    EXPECT_FALSE(dialog.Sections().isEnabled());
+    Choose(dialog, "materia", "Matemáticas (2º ESO A)");
+    const auto subject = Previewed(dialog);
+    ASSERT_EQ(subject.size(), 1);
+    const auto& page = subject.front();
+    EXPECT_TRUE(page.contains("Hoja de notas")) << page.toStdString();
+    EXPECT_TRUE(page.contains("Observación"));
+    EXPECT_EQ(page.count("Matemáticas (2º ESO A)"),
+              1 + Number("SELECT COUNT(*) FROM AlumnoPte_MatDet WHERE CodMatDet=20"))
+        << page.toStdString();
+    EXPECT_FALSE(page.contains("Música"));
+    Name("ficheroPdf", folder_.filePath("hoja.pdf"));
+    Press(dialog, "guardarPdf");
+  });
+  EXPECT_EQ(PdfPages(folder_.filePath("hoja.pdf")), 1);
+}
+
+TEST_F(ReportDialogTest, ASubjectIsOfThoseThatArePendingAndInItsReportToo) {
+  InDialog([this](auto& dialog) {
+    EXPECT_EQ(dialog.Subjects().count(),
+              Number("SELECT COUNT(DISTINCT CodMatDet) FROM AlumnoPte_MatDet"));
+    Press(dialog, "porMateria");
+    Choose(dialog, "materia", "Matemáticas (2º ESO A)");
+    const auto pages = Previewed(dialog);
+    EXPECT_EQ(pages.size(), 2) << "one of each student";
+    EXPECT_TRUE(pages.join(u' ').contains("Domínguez Álvarez, Marina"));
+    EXPECT_TRUE(pages.join(u' ').contains("Ortega García, Javier"));
+  });
+}
+
+TEST_F(ReportDialogTest, AllSectionsComeOutInOneRunBehindEachOther) {
+  InDialog([this](auto& dialog) {
+    ChooseAllSections(dialog);
+    EXPECT_FALSE(dialog.Students().isEnabled());
+    const auto pages = Previewed(dialog);
+    EXPECT_EQ(pages.size(), Number("SELECT COUNT(DISTINCT CodAlumno) FROM AlumnoPte_MatDet"));
+    TickBlank(dialog);
+    const auto sheets = Previewed(dialog);
+    EXPECT_GE(sheets.size(), 6);
+    for (int section = 0; section < 6; ++section) {
+      const auto place = "materias pendientes. " + dialog.Sections().itemText(section) + ". ";
+      EXPECT_EQ(sheets.filter(place).size(), 1) << place.toStdString();
+      EXPECT_FALSE(pages.filter(place).isEmpty()) << place.toStdString();
+    }
+    robot_.OnDialog("imprimir", [this](QWidget& shown) {
+      shown.findChild<QLineEdit*>("filename")->setText(folder_.filePath("todas.pdf"));
+      dynamic_cast<QPrintDialog&>(shown).accept();
+    });
+    Press(dialog, "enPapel");
+    EXPECT_EQ(PdfPages(folder_.filePath("todas.pdf")), sheets.size());
+    Name("carpetaPdf", Folder("todas"));
+    Press(dialog, "guardarPdf");
+    EXPECT_EQ(dialog.Notice().text(), "Escritas 6 de 6 secciones en " + folder_.filePath("todas"));
+  });
+  const auto files = Pdfs("todas");
+  EXPECT_EQ(files.size(), 6);
+  EXPECT_TRUE(files.contains("3º ESO A.pdf"));
+  for (const auto& file : files) EXPECT_GE(PdfPages(folder_.filePath("todas/" + file)), 1);
+}
+
+TEST_F(ReportDialogTest, ASectionThatCantBeMadeIsNamedAndTheOthersComeOut) {
+  school_.Execute(
+      "UPDATE EvaluacionPte SET CodNota='no' WHERE CodAlumnoPte_MatDet IN (SELECT "
+      "IDAlumnoPte_MatDet FROM AlumnoPte_MatDet INNER JOIN Alumno ON IDAlumno=CodAlumno WHERE "
+      "CodSeccion=5)");
+  const auto folder = Folder("todas");
+  static_cast<void>(MakeFile("todas/4º ESO A.pdf", "de antes"));
+  QString told;
+  InDialog([&](auto& dialog) {
+    ChooseAllSections(dialog);
+    ReadNotice(told);
+    const auto pages = Previewed(dialog);
+    EXPECT_TRUE(told.startsWith("No se han podido hacer: 3º ESO A. Las demás"))
+        << told.toStdString();
+    EXPECT_TRUE(pages.filter("pendientes. 3º ESO A. ").isEmpty());
+    EXPECT_FALSE(pages.filter("pendientes. 4º ESO A. ").isEmpty());
+    ReadNotice(told);
+    Name("carpetaPdf", folder);
+    Press(dialog, "guardarPdf");
+    EXPECT_TRUE(told.startsWith("No se han podido hacer: 3º ESO A, 4º ESO A. Las demás"))
+        << told.toStdString();
+    EXPECT_TRUE(told.contains("4º ESO A.pdf: el archivo ya existe")) << told.toStdString();
+    EXPECT_EQ(dialog.Notice().text(), "Escritas 4 de 6 secciones en " + folder);
+  });
+  EXPECT_EQ(Pdfs("todas").size(), 5);
+  EXPECT_EQ(PdfPages(folder + "/4º ESO A.pdf"), -1) << "what stood there stands";
+}
+
+TEST_F(ReportDialogTest, WhatIsCancelledLeavesNothing) {
+  QWidget window;
+  const ReportReader reader(school_, "IES Ejemplo", "03/03/2025");
+  const auto folder = folder_.filePath("todas");
+  auto made = 0;
+  const auto run = zendria::WriteSectionPdfs(&window, reader, folder, [&](const auto& report) {
+    if (++made == 3) window.findChild<QProgressDialog*>()->cancel();
+    return QString::fromStdString(BlankSheetHtml(report));
+  });
+  EXPECT_EQ(made, 3);
+  EXPECT_EQ(run.sections, 0U);
+  EXPECT_FALSE(QDir(folder).exists());
+}
+
+TEST_F(ReportDialogTest, WhoMayGradeNothingIsOfferedNothing) {
+  const zendria::ReportDialog none(school_, "IES Ejemplo", -1);
+  for (const auto* const button : {"vistaPrevia", "enPapel", "guardarPdf"})
+    EXPECT_FALSE(none.findChild<QAbstractButton*>(button)->isEnabled()) << button;
+  EXPECT_EQ(none.findChild<QLabel*>("resultado")->text(),
+            "Ningún alumno tiene materias pendientes.");
+  const auto teacher = Number("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=20");
+  zendria::ReportDialog hers(school_, "IES Ejemplo", teacher);
+  EXPECT_NE(hers.Subjects().findText("Matemáticas (2º ESO A)"), -1);
+  EXPECT_LT(hers.Subjects().count(), zendria::ReportDialog(school_, "", 0).Subjects().count());
+}
+
+}  // namespace
+}  // namespace quorvane::test
