@@ -8,6 +8,7 @@
 
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/Today.h"
 #include "apps/escuela/Told.h"
 #include "apps/escuela/report/NewFile.h"
@@ -47,17 +48,28 @@ std::string Counted(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " alumno" : " alumnos");
 }
 
-/// The files that have been written, which go again with a folder that was made for them unless
+/// The files that have been written, which go again with the folders that were made for them unless
 /// they are kept.
 class WrittenFiles {
  public:
-  explicit WrittenFiles(std::filesystem::path folder)
-      : folder_(std::move(folder)), made_(!std::filesystem::exists(folder_)) {}
+  /// Makes the folder where there is none.
+  explicit WrittenFiles(const std::string& folder) : folder_(folder) {
+    std::error_code error;
+    for (auto missing = std::filesystem::absolute(folder_, error);
+         !error && missing.has_relative_path() && !std::filesystem::exists(missing, error);
+         missing = missing.parent_path())
+      made_.push_back(missing);
+    std::filesystem::create_directories(folder_, error);
+    if (!error) return;
+    RemoveFolders();
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "No se puede escribir en " + folder + ": " + error.message());
+  }
   ~WrittenFiles() {
     if (kept_) return;
     std::error_code ignored;
     for (const auto& file : files_) std::filesystem::remove(file, ignored);
-    if (made_) std::filesystem::remove(folder_, ignored);
+    RemoveFolders();
   }
   WrittenFiles(const WrittenFiles&) = delete;
   WrittenFiles& operator=(const WrittenFiles&) = delete;
@@ -66,27 +78,27 @@ class WrittenFiles {
 
   void Write(const std::string& name, const std::string& content) {
     const auto file = folder_ / name;
-    WriteNewFile(file.string(), content);
+    WriteNewFile(file.string(), content, RequireGoing);
     files_.push_back(file);
   }
   [[nodiscard]] std::size_t Count() const noexcept { return files_.size(); }
   void Keep() noexcept { kept_ = true; }
 
  private:
+  void RemoveFolders() const {
+    std::error_code ignored;
+    for (const auto& folder : made_) std::filesystem::remove(folder, ignored);
+  }
+
   std::filesystem::path folder_;
   std::vector<std::filesystem::path> files_;
-  bool made_;
+  std::vector<std::filesystem::path> made_;  // the innermost first
   bool kept_ = false;
 };
 
 int WriteAll(const ReportReader& reader, const ReportOptions& options) {
   const auto sections = reader.Sections();
   WrittenFiles files(options.output);
-  std::error_code error;
-  std::filesystem::create_directories(options.output, error);
-  if (error)
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "No se puede escribir en " + options.output + ": " + error.message());
   const ProgressLine progress("Escribiendo", kPatience);
   std::set<std::string> names;
   std::size_t done = 0;
@@ -100,7 +112,6 @@ int WriteAll(const ReportReader& reader, const ReportOptions& options) {
       std::cerr << "quorvane-escuela: " << VisibleText(name) << ": " << Told(failure.Description())
                 << '\n';
     }
-    RequireGoing();
     progress.Percent(++done, sections.size());
   }
   files.Keep();
@@ -131,14 +142,15 @@ namespace {
 int Write(const SchoolAddress& address, const ReportOptions& options) {
   const auto school = address.Open("", SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
+  AskBeforeEach(*school, RequireGoing);
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
                             Printed(Today(*school)));
   if (options.all) return WriteAll(reader, options);
   const auto report = options.subject.empty()
                           ? reader.Section(reader.FindSection(options.section), options.student)
                           : reader.Subject(reader.FindSubject(options.subject));
-  RequireGoing();
-  WriteNewFile(options.output, Text(report, options.blank, Ends(options.output, ".csv")));
+  WriteNewFile(options.output, Text(report, options.blank, Ends(options.output, ".csv")),
+               RequireGoing);
   std::cout << "Escrito " << Told(options.output) << ": " << Counted(report.students.size())
             << " de " << VisibleText(report.title) << '\n';
   return 0;
