@@ -17,9 +17,11 @@
 #include <cstdio>
 
 #include "adapters/qt/views/ClosedListWheel.h"
+#include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/FailureBox.h"
+#include "apps/zendria/OwnFile.h"
 #include "apps/zendria/SchoolError.h"
 
 namespace quorvane::zendria {
@@ -141,6 +143,7 @@ int ReportDialog::WritePdf(const QString& file, const QString& html) {
   // The printer doesn't tell that a disk is full. What stands is replaced by a whole file alone.
   const auto partial =
       file + QStringLiteral(".parcial-%1").arg(QRandomGenerator::global()->generate());
+  if (!MakeOwnFile(partial)) return 0;
   QPrinter printer;
   TurnPage(printer);
   printer.setOutputFormat(QPrinter::PdfFormat);
@@ -174,8 +177,8 @@ void ReportDialog::PrintOnPaper() {
 }
 
 void ReportDialog::AskForPdf() {
-  const auto file = QFileDialog::getSaveFileName(this, "Guardar PDF",
-                                                 section_.currentText() + ".pdf", "PDF (*.pdf)");
+  const auto name = QString::fromStdString(AsFileName(section_.currentText().toStdString()));
+  const auto file = QFileDialog::getSaveFileName(this, "Guardar PDF", name + ".pdf", "PDF (*.pdf)");
   if (!file.isEmpty()) SavePdf(file);
 }
 

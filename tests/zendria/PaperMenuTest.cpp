@@ -156,6 +156,7 @@ TEST_F(PaperMenuTest, AGridIsSavedAsItIsSeen) {
   Play(124);
   QLocale::setDefault(before_);
   EXPECT_EQ(ContentOf(file_), Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
+  EXPECT_FALSE(QFile::permissions(file_) & (QFile::ReadGroup | QFile::ReadOther));
 }
 
 TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
