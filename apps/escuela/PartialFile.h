@@ -5,8 +5,9 @@
 
 namespace quorvane {
 
-/// The file that a database is written to before it takes its name, beside where it is going to
-/// be. At its end it goes, with what the engine has left beside it. One at a time.
+/// The file that a database, or another that is to be whole, is written to before it takes its
+/// name, beside where it is going to be. At its end it goes, with what the engine has left beside
+/// it. One at a time.
 class PartialFile {
  public:
   /// The longest path that the engine takes.

@@ -8,6 +8,7 @@
 #include "apps/escuela/Transaction.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/AsciiCase.h"
+#include "platform/text/SpanishOrder.h"
 
 namespace quorvane {
 namespace {
@@ -61,12 +62,23 @@ std::vector<UserPasswords::Account> UserPasswords::List() const {
 
 std::vector<std::string> UserPasswords::Findings() const {
   std::vector<std::string> findings;
-  for (const auto& [user, hash] : Hashes())
+  const auto hashes = Hashes();
+  for (const auto& [user, hash] : hashes)
     if (!IsHashOfOurs(hash))
       findings.push_back("La contraseña del usuario " + std::to_string(user) +
                          " no la ha puesto este programa, y nadie puede entrar con ella: póngale "
                          "otra con «quorvane-escuela usuarios FICHERO clave " +
                          std::to_string(user) + "»");
+  if (hashes.size() <= kMostOfOneName) return findings;
+  std::map<std::string, std::size_t, decltype(&SpanishLess)> called(&SpanishLess);
+  for (const auto& account : List())
+    if (account.hasPassword && IsHashOfOurs(hashes.at(account.id))) ++called[account.name];
+  for (const auto& [name, count] : called)
+    if (count > kMostOfOneName)
+      findings.push_back("Hay " + std::to_string(count) +
+                         " usuarios con contraseña que se llaman «" + name + "», y solo los " +
+                         std::to_string(kMostOfOneName) +
+                         " primeros, por su número, pueden entrar: cambie el nombre de los demás");
   return findings;
 }
 
@@ -135,13 +147,21 @@ std::optional<std::int32_t> UserPasswords::Owner(const std::vector<std::int32_t>
   const auto hashes = Hashes();
   // Made before any is looked at, or the first who has none would take longer.
   const auto& nobodys = NobodysHash();
+  // One of other costs isn't compared with, and must not tell so by being quicker.
+  std::map<std::int32_t, std::string> compared;
+  for (const auto user : candidates)
+    if (const auto found = hashes.find(user); found != hashes.end() && IsHashOfOurs(found->second))
+      compared.insert(*found);
   std::optional<std::int32_t> owner;
-  for (std::size_t at = 0; at < std::max(candidates.size(), atLeast); ++at) {
-    const auto found = at < candidates.size() ? hashes.find(candidates[at]) : hashes.end();
-    // One of other costs isn't compared with, and must not tell so by being quicker.
-    const auto compared = found != hashes.end() && IsHashOfOurs(found->second);
-    const auto& hash = compared ? found->second : nobodys;
-    if (IsPasswordOf(hash, password) && compared && !owner) owner = candidates[at];
+  auto next = compared.begin();
+  const auto times = std::min(std::max(candidates.size(), atLeast), kMostOfOneName);
+  for (std::size_t time = 0; time < times; ++time) {
+    if (next == compared.end()) {
+      static_cast<void>(IsPasswordOf(nobodys, password));
+      continue;
+    }
+    if (IsPasswordOf(next->second, password) && !owner) owner = next->first;
+    ++next;
   }
   return owner;
 }

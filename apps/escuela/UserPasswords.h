@@ -19,6 +19,9 @@ class UserPasswords {
  public:
   static constexpr auto kTable = "ClaveUsuario";
   static constexpr std::size_t kFewestLetters = 8;
+  /// Of those who share a name and have passwords, the first so many by their numbers come in: each
+  /// costs a comparison, which takes long on purpose.
+  static constexpr std::size_t kMostOfOneName = 8;
 
   struct Account {
     std::int32_t id = 0;
@@ -53,9 +56,9 @@ class UserPasswords {
   /// False when the user has none.
   bool Remove(std::int32_t user);
 
-  /// Which of these users has that password; none for nobody. It takes the time of as many
-  /// comparisons as `candidates` or `atLeast`, the greater of them, whoever they are and whatever
-  /// they have.
+  /// Which of these users of one name has that password; none for nobody. It takes the time of as
+  /// many comparisons as `candidates` or `atLeast`, the greater of them, but never of more than
+  /// `kMostOfOneName`, whoever they are and whatever they have.
   [[nodiscard]] std::optional<std::int32_t> Owner(const std::vector<std::int32_t>& candidates,
                                                   std::size_t atLeast,
                                                   const std::string& password) const;

@@ -13,6 +13,7 @@
 #include "apps/escuela/PublicationNotes.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolGenerator.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/UserPasswords.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/StopSignals.h"
@@ -141,15 +142,18 @@ int ShowLocks(const SchoolAddress& address) {
 }
 
 int RemoveLocks(const SchoolAddress& address, int publication) {
-  const auto school = address.Open("");
-  RequireSchool(*school);
-  if (!LockList(*school).Remove(publication)) {
-    std::cout << "No hay ninguna publicación " << publication << '\n';
-    return 1;
-  }
-  if (!address.IsOdbc()) PublicationNotes::Beside(address.Text()).StrikeOut(publication);
-  std::cout << "Borrada la publicación " << publication << " con sus bloqueos\n";
-  return 0;
+  return UnlessStopped([&] {
+    const auto school = address.Open("");
+    RequireSchool(*school);
+    AskBeforeEach(*school, RequireGoing);
+    if (!LockList(*school).Remove(publication)) {
+      std::cout << "No hay ninguna publicación " << publication << '\n';
+      return 1;
+    }
+    if (!address.IsOdbc()) PublicationNotes::Beside(address.Text()).StrikeOut(publication);
+    std::cout << "Borrada la publicación " << publication << " con sus bloqueos\n";
+    return 0;
+  });
 }
 
 }  // namespace quorvane

@@ -9,6 +9,8 @@
 #include "apps/escuela/CsvLine.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolWriting.h"
+#include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"
 
 namespace quorvane {
@@ -98,6 +100,7 @@ void Do(const SchoolAddress& address, const HistoryOptions& options) {
       OpenForPiece(address, options.order == "ver" ? SchoolAddress::Access::ReadOnly
                                                    : SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede usar " + address.Shown() + ": ");
+  if (options.order != "ver") AskBeforeEach(*school, RequireGoing);
   GradeHistory history(*school);
   if (options.order == "ver") {
     Show(history, options);
@@ -131,8 +134,12 @@ std::string Complaint(HistoryOptions& options) {
 }
 
 int History(const SchoolAddress& address, const HistoryOptions& options) {
-  TellIfHeldOrLost([&] { Do(address, options); });
-  return 0;
+  const auto work = [&] {
+    TellIfHeldOrLost([&] { Do(address, options); });
+    return 0;
+  };
+  // What only looks at it may end where it stands.
+  return options.order == "ver" ? work() : UnlessStopped(work);
 }
 
 }  // namespace quorvane

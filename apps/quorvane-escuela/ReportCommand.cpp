@@ -6,6 +6,7 @@
 #include "adapters/odbc/ConnectionString.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/Today.h"
 #include "apps/escuela/Told.h"
 #include "apps/escuela/report/NewFile.h"
@@ -46,7 +47,7 @@ int WriteAll(const ReportReader& reader, const ReportOptions& options) {
   const auto run = WriteSections(
       reader, options.output, options.csv ? ".csv" : ".html",
       [&](const auto& file, const auto& report) {
-        WriteNewFile(file, DocumentText(report, options.blank, options.csv));
+        WriteNewFile(file, DocumentText(report, options.blank, options.csv), RequireGoing);
       },
       [&](auto done, auto all) {
         RequireGoing();
@@ -80,14 +81,15 @@ namespace {
 int Write(const SchoolAddress& address, const ReportOptions& options) {
   const auto school = OpenForPiece(address, SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
+  AskBeforeEach(*school, RequireGoing);
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
                             Printed(Today(*school)));
   if (options.all) return WriteAll(reader, options);
   const auto report = options.subject.empty()
                           ? reader.Section(reader.FindSection(options.section), options.student)
                           : reader.Subject(reader.FindSubject(options.subject));
-  RequireGoing();
-  WriteNewFile(options.output, DocumentText(report, options.blank, Ends(options.output, ".csv")));
+  WriteNewFile(options.output, DocumentText(report, options.blank, Ends(options.output, ".csv")),
+               RequireGoing);
   std::cout << "Escrito " << Told(options.output) << ": "
             << Counted(report.students.size(), "alumno", "alumnos") << " de "
             << VisibleText(report.title) << '\n';

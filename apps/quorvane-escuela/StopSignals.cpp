@@ -40,12 +40,8 @@ void Handle(int number, void (*handler)(int)) {
 
 }  // namespace
 
-StopSignals::StopSignals() {
+void StopSignals::Catch() {
   for (const auto number : kSignals) Handle(number, Remember);
-}
-
-StopSignals::~StopSignals() {
-  for (const auto number : kSignals) Handle(number, SIG_DFL);
 }
 
 bool StopSignals::Came() noexcept { return came != 0; }

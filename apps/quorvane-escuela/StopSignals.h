@@ -2,18 +2,15 @@
 
 namespace quorvane {
 
-/// While one lives, SIGINT, SIGTERM, SIGHUP and SIGPIPE don't end the program but are remembered,
-/// so that a long task can undo what it has begun; a second one ends it at once, with no more
-/// undone than a file that was being written. A signal that the program was started without stays
-/// so.
+/// SIGINT, SIGTERM, SIGHUP and SIGPIPE as a task that writes has them: remembered, so that it can
+/// undo what it has begun.
 class StopSignals {
  public:
-  StopSignals();
-  ~StopSignals();
-  StopSignals(const StopSignals&) = delete;
-  StopSignals& operator=(const StopSignals&) = delete;
-  StopSignals(StopSignals&&) = delete;
-  StopSignals& operator=(StopSignals&&) = delete;
+  /// From here on to the program's end they don't end it: also not when all is done and told, or
+  /// who sees it killed would believe that nothing was. A second one ends it at once, with no more
+  /// undone than a file that was being written. A signal that the program was started without stays
+  /// so.
+  static void Catch();
 
   [[nodiscard]] static bool Came() noexcept;
   /// Ends the program by the signal that came, as whoever sent it expects.

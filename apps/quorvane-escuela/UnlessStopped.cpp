@@ -13,7 +13,7 @@ void RequireGoing() {
 }
 
 int UnlessStopped(const std::function<int()>& work) {
-  const StopSignals signals;
+  StopSignals::Catch();
   try {
     return work();
   } catch (const WritingStopped&) {

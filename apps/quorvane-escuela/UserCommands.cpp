@@ -6,9 +6,11 @@
 
 #include "apps/escuela/PasswordHash.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/Told.h"
 #include "apps/escuela/UserPasswords.h"
 #include "apps/quorvane-escuela/NewPassword.h"
+#include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"
 
 namespace quorvane {
@@ -86,7 +88,9 @@ int SetPassword(const SchoolAddress& address, const std::string& user) {
   return 0;
 }
 
-int RemovePassword(const SchoolAddress& address, const std::string& user) {
+namespace {
+
+int TakePassword(const SchoolAddress& address, const std::string& user) {
   const auto school = address.Open("");
   RequireSchool(*school);
   UserPasswords passwords(*school);
@@ -96,10 +100,17 @@ int RemovePassword(const SchoolAddress& address, const std::string& user) {
     std::cout << "El " << Shown(*account) << " no tiene contraseña\n";
     return 1;
   }
+  AskBeforeEach(*school, RequireGoing);
   passwords.Remove(account->id);
   std::cout << "Quitada la contraseña del " << Shown(*account) << '\n'
             << Summary(passwords.List()) << '\n';
   return 0;
+}
+
+}  // namespace
+
+int RemovePassword(const SchoolAddress& address, const std::string& user) {
+  return UnlessStopped([&] { return TakePassword(address, user); });
 }
 
 std::string PasswordsFinding(Connection& school) {

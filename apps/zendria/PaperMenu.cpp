@@ -1,6 +1,7 @@
 #include "apps/zendria/PaperMenu.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QMenu>
 #include <QPageSize>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "adapters/qt/window/FormWindow.h"
+#include "apps/escuela/report/NewFile.h"
 #include "apps/zendria/BusyCursor.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/PaperSheet.h"
@@ -24,14 +26,11 @@ namespace {
 /// More columns than these are easier to read across the long side.
 constexpr qsizetype kUprightColumns = 6;
 
-/// A name for a file, of a text that may hold anything.
+/// A name for a file, of a heading that may hold anything; what parts it is easier to type so.
 QString FileName(const QString& text) {
   constexpr qsizetype kLongest = 80;
-  QString safe;
-  for (const auto letter : text.left(kLongest))
-    safe += letter.isLetterOrNumber() || QStringLiteral(" ,.-_()ºª").contains(letter) ? letter
-                                                                                      : QChar(u'-');
-  return safe.simplified();
+  return QString::fromStdString(
+      AsFileName(text.left(kLongest).simplified().replace(u'·', u'-').toStdString()));
 }
 
 QString Documents() {
@@ -50,9 +49,14 @@ void SaveCsv(QWidget* parent, const Sheet& sheet) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   const auto path = dialog.selectedFiles().front();
   // Whole, or what stood there stays.
+  const auto isNew = !QFile::exists(path);
   QSaveFile file(path);
   const auto content = CsvOf(sheet, CsvSeparator(QLocale()));
-  if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+  const auto ours = [&] {
+    return !isNew || file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  };
+  if (file.open(QIODevice::WriteOnly) && ours() && file.write(content) == content.size() &&
+      file.commit())
     return;
   ShowWarning(
       parent, QStringLiteral("No se ha podido escribir «%1»: %2.").arg(path, file.errorString()),

@@ -8,6 +8,7 @@
 #include <QTextOption>
 #include <cstdio>
 
+#include "apps/zendria/OwnFile.h"
 #include "apps/zendria/PrintOutcome.h"
 
 namespace quorvane::zendria {
@@ -45,6 +46,7 @@ int WriteReportPdf(const QString& file, const QString& html) {
   // The printer doesn't tell that a disk is full. What stands is replaced by a whole file alone.
   const auto partial =
       file + QStringLiteral(".parcial-%1").arg(QRandomGenerator::global()->generate());
+  if (!MakeOwnFile(partial)) return 0;
   QPrinter printer;
   TurnReportPage(printer);
   printer.setOutputFormat(QPrinter::PdfFormat);

@@ -14,14 +14,13 @@
 #include <vector>
 
 #include "apps/escuela/SchoolAddress.h"
+#include "tests/escuela/ToolInSteps.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
-
-constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 
 /// The tool with these arguments, as a process of its own.
 pid_t Start(std::vector<std::string> arguments) {
@@ -31,7 +30,7 @@ pid_t Start(std::vector<std::string> arguments) {
   pointers.push_back(nullptr);
   const auto process = fork();
   if (process != 0) return process;
-  for (const auto number : kSignals) std::signal(number, SIG_DFL);
+  for (const auto number : kEndingSignals) std::signal(number, SIG_DFL);
   const auto nowhere = open("/dev/null", O_RDWR);
   dup2(nowhere, STDOUT_FILENO);
   dup2(nowhere, STDERR_FILENO);
@@ -144,7 +143,7 @@ TEST_F(InterruptionTest, EverySignalAtEveryStageLeavesNothing) {
   for (const auto& command : commands) {
     auto stopped = false;
     for (auto round = 0; round < kMostRounds && !stopped; ++round)
-      for (const auto number : kSignals)
+      for (const auto number : kEndingSignals)
         for (const auto size : {std::intmax_t{0}, std::intmax_t{1}, std::intmax_t{100'000}}) {
           SCOPED_TRACE(command.front() + " " + strsignal(number) + " " + std::to_string(size));
           ExpectAllOrNothing(StopAt(command, size, {number}), number, stopped);
@@ -156,7 +155,7 @@ TEST_F(InterruptionTest, EverySignalAtEveryStageLeavesNothing) {
 TEST_F(InterruptionTest, ASecondSignalLeavesNothingEither) {
   auto stopped = false;
   for (auto round = 0; round < kMostRounds && !stopped; ++round)
-    for (const auto number : kSignals)
+    for (const auto number : kEndingSignals)
       ExpectAllOrNothing(
           StopAt({"generar", "--alumnos", "300", "--semilla", "1", path_}, 0, {number, number}),
           number, stopped, true);
@@ -209,7 +208,7 @@ TEST_F(InterruptionTest, WhatChangesASchoolOrTellsOfItIsWholeOrUndone) {
   for (const auto& order : orders) {
     auto stopped = false;
     for (auto round = 0; round < kMostRounds && !stopped; ++round)
-      for (const auto number : kSignals) {
+      for (const auto number : kEndingSignals) {
         SCOPED_TRACE(order.arguments.front() + " " + strsignal(number));
         std::filesystem::copy_file(order.school, path_);
         const auto before = content();

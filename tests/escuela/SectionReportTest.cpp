@@ -2,12 +2,15 @@
 // tests run beside.
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/Utf8.h"
+#include "platform/text/VisibleText.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -162,6 +165,43 @@ TEST(NewFileTest, MakesNamesOfOddTexts) {
   EXPECT_EQ(AsFileName(""), "_");
   EXPECT_EQ(AsFileName("..").find('/'), std::string::npos);
   EXPECT_EQ(AsFileName(".."), "_..");
+  EXPECT_EQ(AsFileName("-rf"), "_-rf");
+  EXPECT_EQ(AsFileName("3º\xff"
+                       "A\xed\xa0\x80"),
+            "3º-A---")
+      << "no UTF-8";
+}
+
+// What a terminal does something else with stands in no name, nor what other systems have no name
+// with; all other letters do.
+TEST(NewFileTest, KeepsInNamesWhatIsPlain) {
+  for (char32_t letter = 0; letter < 0x3000; ++letter) {
+    const auto text = Utf8Encode(letter);
+    const auto name = AsFileName("a" + text + "b");
+    const auto odd = VisibleText(text) != text ||
+                     (letter < 0x80 && std::string("/\\:*?\"<>|").find(text) != std::string::npos);
+    EXPECT_EQ(name, odd ? "a-b" : "a" + text + "b") << "U+" << std::hex << std::uint32_t{letter};
+  }
+}
+
+TEST(NewFileTest, MakesNamesThatFit) {
+  std::string text;
+  for (int i = 0; i < 300; ++i) text += "ñ";
+  const auto name = AsFileName(text);
+  EXPECT_EQ(name.size(), 200U);
+  EXPECT_EQ(text.substr(0, 200), name);
+  EXPECT_EQ(AsFileName("a" + text).size(), 199U) << "no half letter";
+  const TempFolder folder;
+  const auto path = folder / (name + "-12345.html");
+  WriteNewFile(path, "uno", [] {});
+  EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0600));
+  EXPECT_EQ(Content(path), "uno");
+  EXPECT_EQ(folder.Files(), 1U);
+  EXPECT_THROW(WriteNewFile(path, "dos", [] {}), RuntimeError);
+  EXPECT_THROW(
+      WriteNewFile(folder / "otro", "dos", [] { throw RuntimeError(ErrorNumber::Overflow); }),
+      RuntimeError);
+  EXPECT_EQ(folder.Files(), 1U);
 }
 
 }  // namespace

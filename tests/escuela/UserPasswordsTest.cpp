@@ -68,6 +68,13 @@ std::string AtTerminal(const std::vector<std::string>& arguments,
   return seen;
 }
 
+/// That this thread has used.
+std::chrono::nanoseconds ProcessorTime() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
 class UserPasswordsTest : public testing::Test {
  protected:
   Outcome Users(const std::string& order, const std::string& input = "") {
@@ -110,13 +117,9 @@ TEST_F(UserPasswordsTest, AreKeptByArgon2idAndKnowTheirOwner) {
 TEST_F(UserPasswordsTest, TakeAsLongForWhoIsThereAsForWhoIsNot) {
   passwords_.Set(3, kSecret);
   const auto time = [this](const std::vector<std::int32_t>& candidates, const char* password) {
-    timespec before{};
-    timespec after{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
+    const auto before = ProcessorTime();
     (void)passwords_.Owner(candidates, 1, password);
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
-    return static_cast<double>((after.tv_sec - before.tv_sec) * 1'000'000'000 + after.tv_nsec -
-                               before.tv_nsec);
+    return static_cast<double>((ProcessorTime() - before).count());
   };
   // All in each round: what slows the processor for a while slows all of them.
   std::array<double, 4> best{};
@@ -130,6 +133,42 @@ TEST_F(UserPasswordsTest, TakeAsLongForWhoIsThereAsForWhoIsNot) {
     EXPECT_LT(other, best[0] * 1.6);
     EXPECT_GT(other, best[0] / 1.6);
   }
+}
+
+// However many share a name, a try takes the time of eight comparisons.
+TEST_F(UserPasswordsTest, OfManyOfOneNameTheFirstComeIn) {
+  const auto ours = PasswordHash(kSecret);
+  const auto other = PasswordHash(kOther);
+  school_.Db().Execute(
+      "CREATE TABLE ClaveUsuario (IDUsuario INTEGER PRIMARY KEY, Clave TEXT NOT NULL)");
+  std::vector<std::int32_t> all;
+  const auto add = [&](std::int32_t user, const std::string& hash) {
+    const auto id = std::to_string(user);
+    school_.Db().Execute(
+        "INSERT INTO Usuario (IDUsuario,Nombre,CodPerfil,CodPadre,AdminSistema) VALUES (" + id +
+        ",'Ana',1,0,0)");
+    if (!hash.empty())
+      school_.Db().Execute("INSERT INTO ClaveUsuario VALUES (" + id + ",'" + hash + "')");
+    all.insert(all.begin(), user);
+  };
+  for (auto user = 101; user <= 110; ++user) add(user, {});
+  for (auto user = 111; user < 118; ++user) add(user, other);
+  add(118, ours);
+  EXPECT_EQ(passwords_.Owner(all, 1, kSecret), 118) << "who has none takes nobody's place";
+  EXPECT_THAT(passwords_.Findings(), testing::IsEmpty());
+  school_.Db().Execute("UPDATE ClaveUsuario SET IDUsuario=110 WHERE IDUsuario=111");
+  school_.Db().Execute("INSERT INTO ClaveUsuario VALUES (111,'" + other + "')");
+  EXPECT_EQ(passwords_.Owner(all, 1, kSecret), std::nullopt) << "the ninth";
+  EXPECT_EQ(passwords_.Findings(),
+            (std::vector<std::string>{
+                "Hay 9 usuarios con contraseña que se llaman «Ana», y solo los 8 primeros, por su "
+                "número, pueden entrar: cambie el nombre de los demás"}));
+  for (auto user = 200; user < 400; ++user) add(user, other);
+  const auto begun = ProcessorTime();
+  EXPECT_EQ(passwords_.Owner(all, all.size(), kOther), 110);
+  const auto many = ProcessorTime() - begun;
+  EXPECT_EQ(passwords_.Owner({3}, 1, kOther), std::nullopt);
+  EXPECT_LT(many, (ProcessorTime() - begun - many) * 20);
 }
 
 TEST_F(UserPasswordsTest, ShortOnesWontDo) {

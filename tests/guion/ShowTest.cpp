@@ -1,12 +1,45 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <malloc.h>
 #include <set>
+#include <sstream>
+#include <streambuf>
 #include <vector>
 
+#include "adapters/guion/host/Host.h"
+#include "adapters/guion/language/ScriptParser.h"
+#include "adapters/guion/player/EventPrinter.h"
+#include "adapters/guion/player/Guion.h"
 #include "platform/RuntimeError.h"
 #include "tests/guion/GuionTest.h"
 #include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {
+
+/// Keeps of what is written the number of lines alone.
+class CountedLines : public std::streambuf {
+ public:
+  std::size_t count = 0;
+
+ protected:
+  int_type overflow(int_type letter) override {
+    if (letter == '\n') ++count;
+    return traits_type::not_eof(letter);
+  }
+  std::streamsize xsputn(const char* text, std::streamsize size) override {
+    count += static_cast<std::size_t>(std::count(text, text + size, '\n'));
+    return size;
+  }
+};
+
+/// As QUORVANE_VUELTAS has it: a million takes a second, under sanitizers many.
+unsigned long TurnsToPlay() {
+  constexpr auto kTurns = 100'000UL;
+  const auto* const asked = std::getenv("QUORVANE_VUELTAS");
+  return asked != nullptr ? std::strtoul(asked, nullptr, 10) : kTurns;
+}
 
 class ShowTest : public GuionTest {
  protected:
@@ -45,6 +78,38 @@ TEST_F(ShowTest, FormsTakeTurnsWithoutEndOnTheSameStack) {
   EXPECT_EQ(lines.size(), 4U + 5U * kTurns);
   ASSERT_EQ(places.size(), kTurns);
   EXPECT_EQ(std::set(places.begin(), places.end()).size(), 1U);
+}
+
+TEST_F(ShowTest, AnyNumberOfTurnsTakesTheMemoryOfTheFirst) {
+  const auto turns = TurnsToPlay();
+  std::istringstream text("nodo 2\npulsar cmdSiguiente\npulsar cmdVolver\ncerrar\n");
+  const auto commands = guion::ParseScript(text);
+  auto lowest = UINTPTR_MAX;
+  std::uintptr_t highest = 0;
+  frmUno::alSeguir = [&] {
+    const auto place = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    lowest = std::min(lowest, place);
+    highest = std::max(highest, place);
+  };
+  std::size_t begun = 0;
+  std::size_t played = 0;
+  const auto next = [&]() -> std::optional<guion::Command> {
+    const auto at = played++;
+    if (at == turns / 10) begun = mallinfo2().uordblks;
+    if (at == 2 * turns) {
+      EXPECT_LT(mallinfo2().uordblks, begun + 10'000);
+    }
+    if (at > 2 * turns + 1) return std::nullopt;
+    return commands[at == 0 ? 0 : at > 2 * turns ? 3 : 2 - at % 2];
+  };
+  CountedLines lines;
+  std::ostream out(&lines);
+  guion::EventPrinter events(out);
+  guion::Host host(options, {centro, borrado, entrada, otra}, module, events);
+  EXPECT_EQ(guion::Guion(next, host, events).Play(), 0);
+  frmUno::alSeguir = nullptr;
+  EXPECT_EQ(lowest, highest);
+  EXPECT_EQ(lines.count, 7U * turns + 6U) << "with the echoes";
 }
 
 TEST_F(ShowTest, ATextOfAnyLengthHasAMeasure) {

@@ -217,6 +217,7 @@ TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
   const auto file = folder_.filePath("informe.pdf");
   EXPECT_EQ(dialog.SavePdf(file), 5);
   EXPECT_EQ(Content(file.toStdString()).substr(0, 5), "%PDF-");
+  EXPECT_FALSE(QFile::permissions(file) & (QFile::ReadGroup | QFile::ReadOther));
   dialog.Students().setCurrentIndex(1);
   EXPECT_EQ(dialog.SavePdf(file), 1);
   dialog.Blank().setChecked(true);

@@ -155,6 +155,7 @@ TEST_F(PaperMenuTest, AGridIsSavedAsItIsSeen) {
   QLocale::setDefault(before_);
   EXPECT_EQ(FileBytes(file_).toStdString(),
             Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
+  EXPECT_FALSE(QFile::permissions(file_) & (QFile::ReadGroup | QFile::ReadOther));
 }
 
 TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {

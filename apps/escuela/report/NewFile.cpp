@@ -1,53 +1,61 @@
 #include "apps/escuela/report/NewFile.h"
 
-#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <system_error>
 
-#include "apps/escuela/PublishFile.h"
+#include "apps/escuela/PartialFile.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/Utf8.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
 
+/// Leaves room for a number and an ending in a name of 255 bytes.
+constexpr std::size_t kMostNameBytes = 200;
+constexpr char32_t kPastAscii = 0x80;
+
 [[noreturn]] void RefuseToWrite(const std::string& path, const std::string& reason) {
   throw RuntimeError(ErrorNumber::StatementFailed, "No se puede escribir " + path + ": " + reason);
 }
 
+bool Fits(char32_t letter) {
+  if (ActsOnTerminal(letter)) return false;
+  return letter >= kPastAscii || std::strchr("/\\:*?\"<>|", static_cast<char>(letter)) == nullptr;
+}
+
 }  // namespace
 
-void WriteNewFile(const std::string& path, const std::string& content) {
+void WriteNewFile(const std::string& path, const std::string& content,
+                  const std::function<void()>& goOn) {
   std::error_code error;
   if (fs::exists(fs::symlink_status(path, error))) RefuseToWrite(path, "el archivo ya existe");
-  const auto partial = path + ".parcial-" + std::to_string(std::random_device()());
-  const auto give = [&](const std::string& reason) {
-    std::error_code ignored;
-    fs::remove(partial, ignored);
-    RefuseToWrite(path, reason);
-  };
-  {
-    std::ofstream file(partial, std::ios::binary);
-    if (!file) RefuseToWrite(path, std::strerror(errno));
-    file << content;
-    if (!file.flush()) give("compruebe que queda espacio en el disco");
-  }
-  if (const auto reason = PublishFile(partial, path); !reason.empty()) give(reason);
-  fs::remove(partial, error);
+  const PartialFile partial(path);
+  std::ofstream file(partial.Path(), std::ios::binary);
+  file << content;
+  file.close();
+  if (!file) RefuseToWrite(path, "compruebe que queda espacio en el disco");
+  goOn();
+  partial.Publish();
 }
 
 std::string AsFileName(const std::string& text) {
   std::string name;
-  for (const auto letter : text) {
-    const auto byte = static_cast<unsigned char>(letter);
-    const auto odd = byte < ' ' || std::strchr("/\\:*?\"<>|", letter) != nullptr;
-    name += odd ? '-' : letter;
+  for (std::size_t at = 0; at < text.size();) {
+    const auto begin = at;
+    const auto letter = NextUtf8(text, at);
+    if (name.size() + at - begin > kMostNameBytes) break;
+    if (letter && Fits(*letter))
+      name.append(text, begin, at - begin);
+    else
+      name += '-';
   }
-  if (name.empty() || name.front() == '.') name.insert(0, "_");
+  // A hidden file, or what a command would take for an option.
+  if (name.empty() || name.front() == '.' || name.front() == '-') name.insert(0, "_");
   return name;
 }
 

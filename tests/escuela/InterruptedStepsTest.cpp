@@ -1,0 +1,140 @@
+// A tool that is told to end at a chosen call of the system, and once more while it ends.
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <vector>
+
+#include "apps/escuela/SchoolAddress.h"
+#include "tests/escuela/ToolInSteps.h"
+#include "tests/support/RunCommand.h"
+#include "tests/support/TempFolder.h"
+
+namespace quorvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Newer machines have the more general calls alone.
+#ifdef __NR_link
+const std::vector<long> kName = {__NR_link, __NR_linkat};
+const std::vector<long> kRemove = {__NR_unlink, __NR_unlinkat};
+#else
+const std::vector<long> kName = {__NR_linkat};
+const std::vector<long> kRemove = {__NR_unlinkat};
+#endif
+const std::vector<long> kWrite = {__NR_write, __NR_writev};
+
+/// Where a signal comes, and whether what was asked for is done then.
+struct Stage {
+  const char* name;
+  std::vector<long> calls;
+  const char* path;
+  bool late = false;
+  const char* after = nullptr;  ///< to be opened before
+};
+
+class InterruptedStepsTest : public testing::Test {
+ protected:
+  InterruptedStepsTest() {
+    EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " demo " + from_).status, 0);
+    fs::create_directory(work_);
+  }
+
+  /// All files of the folder with their sizes, and the school's rows that the orders change.
+  [[nodiscard]] std::string Content() const {
+    std::string text;
+    {
+      const auto school = SchoolAddress::File(school_).Open("");
+      for (const auto* const from :
+           {"PublicacionPte", "BloqueoPte", "sqlite_master", "AlumnoPte_MatDet"})
+        text += school->Execute(std::string("SELECT COUNT(*) FROM ") + from).Fields(0).Text() + ' ';
+    }
+    for (const auto& file : fs::recursive_directory_iterator(work_))
+      text += file.path().string() + ' ';
+    return text;
+  }
+
+  /// The signals reach the tool at that stage: the second while it undoes its work.
+  void Expect(const std::vector<std::string>& arguments, const Stage& stage, int number,
+              std::optional<int> second) {
+    SCOPED_TRACE(arguments[1] + ", " + stage.name + ", " + strsignal(number) +
+                 (second ? std::string(" and ") + strsignal(*second) : ""));
+    fs::remove_all(work_);
+    fs::create_directory(work_);
+    fs::copy_file(from_, school_);
+    const auto before = Content();
+    ToolInSteps tool(arguments);
+    if (stage.after != nullptr) {
+      ASSERT_TRUE(tool.RunTo({__NR_openat}, stage.after));
+    }
+    ASSERT_TRUE(tool.RunTo(stage.calls, stage.path));
+    tool.Interrupt(number);
+    if (second) tool.Interrupt(*second);
+    const auto status = tool.Finish();
+    const auto after = Content();
+    if (stage.late && !second) {
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+      EXPECT_NE(after, before);
+    } else {
+      EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == second.value_or(number)) << status;
+      // The second leaves no time but for the file that is being written.
+      if (!stage.late && (!second || arguments[3] != "--todas")) {
+        EXPECT_EQ(after, before);
+      }
+    }
+    for (const auto& file : fs::recursive_directory_iterator(work_))
+      EXPECT_FALSE(file.path().filename().string().starts_with(".parcial-")) << file.path();
+  }
+
+  void ExpectAll(std::vector<std::string> arguments, const std::vector<Stage>& stages) {
+    arguments.insert(arguments.begin(), QUORVANE_ESCUELA);
+    for (const auto& stage : stages)
+      for (const auto number : kEndingSignals) {
+        Expect(arguments, stage, number, std::nullopt);
+        Expect(arguments, stage, number, number == SIGTERM ? SIGINT : SIGTERM);
+      }
+  }
+
+  TempFolder folder_;
+  std::string from_ = folder_ / "origen.sqlite";
+  std::string work_ = folder_ / "trabajo";
+  std::string school_ = work_ + "/escuela.sqlite";
+};
+
+TEST_F(InterruptedStepsTest, AReportIsWholeOrNotThere) {
+  const std::vector<Stage> stages = {{"opening", {__NR_openat}, "escuela.sqlite"},
+                                     {"making the file", {__NR_openat}, ".parcial-"},
+                                     {"writing it", kWrite, "", false, ".parcial-"},
+                                     {"naming it", kName, ".parcial-", true},
+                                     {"it is named", kRemove, ".parcial-", true}};
+  ExpectAll({"informe", school_, "--seccion", "5", "--salida", work_ + "/informe.html"}, stages);
+  ExpectAll({"informe", school_, "--seccion", "5", "--en-blanco", "--salida", work_ + "/a.csv"},
+            {stages[1]});
+  const auto all = work_ + "/uno/dos";
+  ExpectAll({"informe", school_, "--todas", "--salida", all},
+            {stages[1], {"naming the first", kName, "3º ESO A"}, {"naming the last", kName, "4º"}});
+}
+
+TEST_F(InterruptedStepsTest, WhatChangesASchoolIsDoneOrNot) {
+  const std::vector<Stage> stages = {{"opening", {__NR_openat}, "escuela.sqlite"},
+                                     {"opening its log", {__NR_openat}, "-shm"},
+                                     {"writing", {__NR_fsync, __NR_fdatasync}, "", true}};
+  ExpectAll({"historial", school_, "activar"}, stages);
+  ExpectAll({"bloqueos", school_, "--borrar", "1"}, stages);
+  const auto list = folder_ / "registro.csv";
+  std::ofstream(list) << "alumno;sección;materia;curso;evaluaciones;profesor\n"
+                         "32;3º ESO A;Matemáticas;2º ESO B;todas;\n";
+  ExpectAll({"importar", school_, list}, stages);
+  ExpectAll({"reparar", school_, "--con-publicaciones"}, {stages[0], stages[1]});
+}
+
+}  // namespace
+}  // namespace quorvane::test
