@@ -47,6 +47,9 @@ class InterruptedStepsTest : public testing::Test {
     EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " demo " + from_).status, 0);
     fs::create_directory(work_);
   }
+  void SetUp() override {
+    if (!ToolInSteps::IsAllowed()) GTEST_SKIP() << "Here no process may follow another's calls";
+  }
 
   /// All files of the folder with their sizes, and the school's rows that the orders change.
   [[nodiscard]] std::string Content() const {

@@ -14,12 +14,13 @@ namespace quorvane::test {
 namespace {
 
 constexpr int kCallStop = SIGTRAP | 0x80;
+
 [[noreturn]] void BecomeTool(const std::vector<char*>& arguments) {
   for (const auto number : kEndingSignals) std::signal(number, SIG_DFL);
   const auto nowhere = open("/dev/null", O_RDWR);
   dup2(nowhere, STDOUT_FILENO);
   dup2(nowhere, STDERR_FILENO);
-  ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+  if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(126);
   std::raise(SIGSTOP);
   execv(arguments.front(), arguments.data());
   _exit(127);
@@ -34,7 +35,15 @@ ToolInSteps::ToolInSteps(std::vector<std::string> arguments) {
   process_ = fork();
   if (process_ == 0) BecomeTool(pointers);
   waitpid(process_, &status_, 0);
+  ended_ = !WIFSTOPPED(status_);
+  if (ended_) return;
   ptrace(PTRACE_SETOPTIONS, process_, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
+}
+
+bool ToolInSteps::IsAllowed() {
+  ToolInSteps tool({"/bin/true"});
+  __ptrace_syscall_info call{};
+  return tool.Step(0) && ptrace(PTRACE_GET_SYSCALL_INFO, tool.process_, sizeof(call), &call) > 0;
 }
 
 ToolInSteps::~ToolInSteps() {

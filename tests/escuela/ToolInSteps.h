@@ -14,6 +14,9 @@ inline constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 /// signal reaches it there and nowhere else. Killed with the object where it hasn't ended.
 class ToolInSteps {
  public:
+  /// Whether this machine lets a process follow another's calls: some containers don't.
+  static bool IsAllowed();
+
   /// The program and its arguments; what it prints goes nowhere. It stands before its first call.
   explicit ToolInSteps(std::vector<std::string> arguments);
   ~ToolInSteps();
