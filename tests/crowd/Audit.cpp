@@ -80,7 +80,12 @@ void Audit::TakePublication(const Diary::Entry& entry, Session& session) {
 
 void Audit::TakeLock(const Diary::Entry& entry, const Session& session) {
   if (entry.action == Diary::Action::Delete) {
-    const auto& lock = *lockRows_.at(entry.row);
+    const auto known = lockRows_.find(entry.row);
+    if (known == lockRows_.end()) {
+      Break(entry, "Ha quitado un bloqueo que nadie ha puesto");
+      return;
+    }
+    const auto& lock = *known->second;
     std::erase(held_[lock.subject], &lock);
     if (session.outside || lock.session == &session) return;
     // The number of a publication that has just gone is free for the next one.
