@@ -1,7 +1,5 @@
 #include "apps/escuela/CopyOrigin.h"
 
-#include <algorithm>
-
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/TableNames.h"
 #include "apps/escuela/UserPasswords.h"

@@ -1,3 +1,5 @@
+#include <QCoreApplication>
+#include <QEvent>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -121,11 +123,21 @@ class QuitCounter : public QObject {
   int count = 0;
 };
 
+/// A form whose loading takes as long as to paint meanwhile.
+class frmLenta : public frmPrueba {
+ public:
+  frmLenta() : frmPrueba("frmLenta") {}
+
+ protected:
+  void Form_Load() override { Refresh(); }
+};
+
 // A host in its event loop whose own windows are out of sight.
 TEST_F(LeavingTest, NoProgramIsToldToQuitBetweenTwoShowsOfAForm) {
   QuitCounter quits;
+  outer = std::make_shared<frmLenta>();
   outer->cmdPagina.Click = [this] {
-    outer->Hide();
+    outer->Unload();
     inner->ShowModal();
   };
   inner->cmdAceptar.Click = [this] {

@@ -7,7 +7,6 @@
 #include "apps/escuela/repair/DoubledRows.h"
 #include "apps/escuela/repair/UndoLiteral.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/text/AsciiCase.h"
 
 namespace quorvane {
 namespace {
