@@ -100,6 +100,7 @@ TEST_F(ToolsTest, ASchoolThatCantBeWrittenIsReadAndKeepsItsLocks) {
   {
     Opened<sqlite::SqliteConnection> school(path_, "");
     school.Execute("PRAGMA journal_mode=delete");
+    school.Execute("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
   }
   chmod((folder_ / "").c_str(), 0555);
   chmod(path_.c_str(), 0444);

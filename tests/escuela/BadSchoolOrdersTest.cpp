@@ -1,7 +1,6 @@
 // The orders of the head of studies on schools that they can't use: in a file, or on the server
 // that the tests run beside.
 
-#include <filesystem>
 #include <fstream>
 
 #include "tests/escuela/AnySchool.h"

@@ -1,6 +1,10 @@
 // A server that goes away in the middle of an order of the head of studies.
 
+#include <filesystem>
 #include <fstream>
+#include <memory>
+#include <string>
+#include <utility>
 
 #include "apps/escuela/history/GradeHistory.h"
 #include "frame/schema/SchoolSchema.h"

@@ -106,6 +106,7 @@ void Tour::Run() {
   Grades();
   Messages();
   Oversight();
+  TerminalOrders();
   guide_.Finish();
 }
 

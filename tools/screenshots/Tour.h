@@ -28,6 +28,8 @@ class Tour {
   /// Changes the school, and so comes last.
   void Oversight();
   void TakePage(const char* name, const QString& title, const std::string& html);
+  /// Those of the head of studies.
+  void TerminalOrders();
   void OwnPublication();
   void RegisterInUse();
   void TooManyFinals();

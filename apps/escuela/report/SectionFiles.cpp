@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <set>
+#include <system_error>
 #include <vector>
 
 #include "apps/escuela/report/NewFile.h"
