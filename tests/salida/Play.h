@@ -68,10 +68,13 @@ inline void Attend(const Session& session, Robot& user, qt::QtFrontEnd& screen,
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
   setenv("QUORVANE_TRAZA", (folder / "traza").c_str(), 1);
   setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+  setenv("XDG_RUNTIME_DIR", (folder / ".").c_str(), 1);
   setenv("XDG_DATA_HOME", (folder / kDataFolder).c_str(), 1);
   if (std::freopen((folder / "errores").c_str(), "w", stderr) == nullptr ||
       std::freopen("/dev/null", "w", stdout) == nullptr)
     _exit(1);
+  // What ends by a signal writes nothing out any more.
+  std::setvbuf(stderr, nullptr, _IONBF, 0);
   qInstallMessageHandler(TellAllElse);
   Expect(moment);
   std::vector<std::string> words{"zendria", school};

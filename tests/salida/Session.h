@@ -25,6 +25,9 @@ struct Session {
   /// What it leaves in the school, for a SELECT of one number, when nobody disturbs it.
   std::string select = "SELECT 0";
   int expected = 0;
+  /// What the program says of the statement that the school refuses, where nobody is asked any
+  /// more; empty where it takes all.
+  std::string refusal{};
 };
 
 void PrintTo(const Session& session, std::ostream* out);
