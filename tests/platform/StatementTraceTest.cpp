@@ -43,6 +43,22 @@ TEST(StatementTraceTest, AppendsALineAStatement) {
             "sql centro SELECT 1\nsql borrado  SELECT  2 \n");
 }
 
+TEST(StatementTraceTest, WhereThereIsNoRoomThatIsToldOnce) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto work = [](const char* path) {
+    setenv("QUORVANE_TRAZA", path, 1);
+    StatementTrace::Write("centro", "uno");
+    StatementTrace::Write("centro", "dos");
+    std::exit(0);
+  };
+  EXPECT_EXIT(work("/dev/full"), testing::ExitedWithCode(0),
+              "^No se puede escribir la traza /dev/full: compruebe su carpeta y que queda espacio "
+              "en el disco\n");
+  EXPECT_EXIT(work("/no/hay"), testing::ExitedWithCode(0),
+              "^No se puede escribir la traza /no/hay: compruebe su carpeta y que queda espacio en "
+              "el disco\n");
+}
+
 TEST(StatementTraceTest, IsSilentWhileASilenceLives) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EQ(TracedBy([] {

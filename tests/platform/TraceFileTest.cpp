@@ -133,6 +133,32 @@ TEST_F(TraceFileTest, ASlowTerminalGetsEveryLine) {
   ExpectEveryLine(terminal, path, 60);
 }
 
+/// What is told while standard error leads to that descriptor, which is closed.
+void TellInto(int errors, const std::string& text) {
+  const auto before = dup(STDERR_FILENO);
+  dup2(errors, STDERR_FILENO);
+  close(errors);
+  TraceFile::Tell(text);
+  dup2(before, STDERR_FILENO);
+  close(before);
+}
+
+TEST_F(TraceFileTest, TellsAPipeAndAFileThatTakeStandardError) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  TellInto(ends[1], "a\n");
+  EXPECT_EQ(ReadSlowly(ends[0]), "a\n");
+  TellInto(open(path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), "b\n");
+  EXPECT_EQ(ReadSlowly(open(path_.c_str(), O_RDONLY | O_CLOEXEC)), "b\n");
+}
+
+TEST_F(TraceFileTest, TellsNobodyWhoHasGone) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  close(ends[0]);
+  TellInto(ends[1], "a\n");
+}
+
 TEST_F(TraceFileTest, WhatCantBeWrittenFails) {
   TraceFile full("/dev/full");
   EXPECT_FALSE(full.Append("a\n"));
