@@ -5,7 +5,7 @@
 #include <QFormLayout>
 #include <utility>
 
-#include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/Attempt.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/Heading.h"
 #include "apps/zendria/SignInDelay.h"
@@ -97,10 +97,9 @@ void PasswordDialog::Follow() {
 
 void PasswordDialog::accept() {
   if (delay_.Left().count() > 0 || name_.text().trimmed().isEmpty()) return;
-  {
-    const BusyCursor busy;
-    chosen_ = trial_(name_.text().trimmed(), password_.text());
-  }
+  // A school that can't be read is no wrong password.
+  if (!Attempt(this, [this] { chosen_ = trial_(name_.text().trimmed(), password_.text()); }))
+    return;
   if (chosen_) {
     delay_.Succeeded();
     return QDialog::accept();

@@ -20,7 +20,8 @@ class SignInDelay;
 /// the password that was wrong is nobody's business.
 class PasswordDialog : public QDialog {
  public:
-  /// Whose name and password that is; none for nobody's.
+  /// Whose name and password that is; none for nobody's. What it throws is told to the user, and
+  /// counts as no try.
   using Trial = std::function<std::optional<User>(const QString& name, const QString& password)>;
 
   /// `delay` outlives the dialog.

@@ -120,13 +120,8 @@ std::optional<User> SchoolDoor::ByPassword(School& school, std::optional<Centre>
   SignInDelay delay(preferences_, school.File());
   PasswordDialog dialog(
       school.Name(),
-      [this, &school](const QString& name, const QString& password) -> std::optional<User> {
-        try {
-          return school.SignIn(name, password);
-        } catch (const RuntimeError& error) {
-          Refuse(QString::fromStdString(error.Description()));
-          return std::nullopt;
-        }
+      [&school](const QString& name, const QString& password) {
+        return school.SignIn(name, password);
       },
       delay, &window_);
   const auto begin = user ? user : preferences_.LastUser(school.File());

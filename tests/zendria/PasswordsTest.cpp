@@ -103,6 +103,25 @@ TEST_F(PasswordsTest, NothingTellsWhetherNameOrPasswordWasWrong) {
   EXPECT_TRUE(robot_.unexpected.empty());
 }
 
+TEST_F(PasswordsTest, ASchoolThatCantBeReadIsNoWrongPassword) {
+  QString text;
+  OnPassword([this, &text](PasswordDialog& dialog) {
+    school_.Sql("ALTER TABLE ClaveUsuario RENAME COLUMN Clave TO Otra");
+    for (int time = 0; time < 3; ++time) {
+      ReadNotice(text);
+      EXPECT_EQ(Try(dialog, "Ana Ruiz", kSecret), "");
+      dialog.Password().clear();
+    }
+    EXPECT_TRUE(dialog.EnterButton().isEnabled());
+    school_.Sql("ALTER TABLE ClaveUsuario RENAME COLUMN Otra TO Clave");
+    Try(dialog, "Ana Ruiz", kSecret);
+    if (dialog.isVisible()) dialog.reject();
+  });
+  EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_TRUE(text.startsWith("Error -2147467259: no such column: Clave")) << text.toStdString();
+}
+
 TEST_F(PasswordsTest, AfterThreeWrongOnesOneWaitsAlsoInTheNextWindow) {
   OnPassword([](PasswordDialog& dialog) {
     for (int time = 0; time < 2; ++time) EXPECT_EQ(Try(dialog, "Ana Ruiz", "no es esta"), kWrong);
