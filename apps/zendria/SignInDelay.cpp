@@ -24,12 +24,17 @@ std::chrono::seconds WaitAfter(int failures) {
 SignInDelay::SignInDelay(Preferences& preferences, QString school, Clock now)
     : preferences_(preferences), school_(std::move(school)), now_(std::move(now)) {}
 
-std::chrono::seconds SignInDelay::Left() const {
+std::chrono::seconds SignInDelay::Left() {
   const auto failures = preferences_.FailedSignIns(school_);
   const auto wait = WaitAfter(failures.count);
-  const auto waited = std::chrono::seconds(failures.last.secsTo(now_()));
-  // A clock that was put back must not shut anybody out for longer than the wait is.
-  if (waited.count() < 0) return wait;
+  const auto now = now_();
+  const auto waited = std::chrono::seconds(failures.last.secsTo(now));
+  if (failures.count > 0 && waited.count() < 0) {
+    // A clock that was put back must not shut anybody out for longer than the wait is: it begins
+    // again by the clock as it goes now.
+    preferences_.KeepFailedSignIns(school_, {failures.count, now});
+    return wait;
+  }
   return std::max(std::chrono::seconds(0), wait - waited);
 }
 

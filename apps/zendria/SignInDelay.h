@@ -22,7 +22,7 @@ class SignInDelay {
       Clock now = [] { return QDateTime::currentDateTimeUtc(); });
 
   /// Zero when the next try may be made.
-  [[nodiscard]] std::chrono::seconds Left() const;
+  [[nodiscard]] std::chrono::seconds Left();
   void Failed();
   void Succeeded();
 
