@@ -70,6 +70,10 @@ void ShowFailure(QWidget* parent, const Failure& failure, const RescuedGrades* r
          kept + grades + Advice(failure) + locks, details, rescued);
 }
 
+void ShowWarning(QWidget* parent, const QString& what, const QString& advice) {
+  RunBox(parent, QMessageBox::Warning, what, advice);
+}
+
 void ShowSchoolError(QWidget* parent, const SchoolError& error) {
   auto missing = error.Missing();
   const auto more = missing.size() - kMissingShown;
@@ -77,7 +81,7 @@ void ShowSchoolError(QWidget* parent, const SchoolError& error) {
     missing = missing.mid(0, kMissingShown);
     missing.append(QStringLiteral("… y %1 más.").arg(more));
   }
-  RunBox(parent, QMessageBox::Warning, error.Why(), missing.join(u'\n'));
+  ShowWarning(parent, error.Why(), missing.join(u'\n'));
 }
 
 }  // namespace quorvane::zendria

@@ -22,6 +22,9 @@ void ShowFailure(QWidget* parent, const Failure& failure, const RescuedGrades* r
 /// Tells what went wrong in a window of the host's own, and what to do.
 void ShowProblem(QWidget* parent, const Failure& failure);
 
+/// Tells what couldn't be done, without a screen or a statement having failed, and what to do.
+void ShowWarning(QWidget* parent, const QString& what, const QString& advice);
+
 /// Tells why a file can't be opened, with the list of what is missing from it.
 void ShowSchoolError(QWidget* parent, const SchoolError& error);
 

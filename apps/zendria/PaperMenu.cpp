@@ -3,18 +3,18 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QMenu>
-#include <QMessageBox>
 #include <QPageSize>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPushButton>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <utility>
 
 #include "adapters/qt/window/FormWindow.h"
 #include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/FailureBox.h"
 #include "apps/zendria/PaperSheet.h"
+#include "apps/zendria/PrintOutcome.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
 
@@ -23,18 +23,6 @@ namespace {
 
 /// More columns than these are easier to read across the long side.
 constexpr qsizetype kUprightColumns = 6;
-
-/// Asks nothing: tells what went wrong, and what to do.
-void TellFailure(QWidget* parent, const QString& what, const QString& advice) {
-  QMessageBox box(QMessageBox::Warning, "Zendria Escuela", what, QMessageBox::NoButton, parent);
-  box.setObjectName("aviso");
-  box.setTextFormat(Qt::PlainText);
-  box.setInformativeText(advice);
-  auto* const accept = box.addButton("&Aceptar", QMessageBox::AcceptRole);
-  box.setDefaultButton(accept);
-  box.setEscapeButton(accept);
-  box.exec();
-}
 
 /// A name for a file, of a text that may hold anything.
 QString FileName(const QString& text) {
@@ -66,7 +54,7 @@ void SaveCsv(QWidget* parent, const Sheet& sheet) {
   const auto content = CsvOf(sheet, CsvSeparator(QLocale()));
   if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
     return;
-  TellFailure(
+  ShowWarning(
       parent, QStringLiteral("No se ha podido escribir «%1»: %2.").arg(path, file.errorString()),
       "Si ya había un fichero con ese nombre, sigue como estaba. Elija otra carpeta, o haga "
       "sitio en el disco.");
@@ -84,16 +72,9 @@ void Print(QWidget* parent, const Sheet& sheet) {
   auto printed = false;
   {
     const BusyCursor busy;
-    printed = PrintSheet(sheet, printer);
+    printed = PrintSheet(sheet, printer) && CameOut(printer);
   }
-  if (printed) return;
-  TellFailure(
-      parent,
-      printer.outputFileName().isEmpty()
-          ? QStringLiteral("No se ha podido imprimir en «%1».").arg(printer.printerName())
-          : QStringLiteral("No se ha podido escribir «%1».").arg(printer.outputFileName()),
-      "Compruebe que la impresora está encendida o, si es un PDF, que puede escribir en esa "
-      "carpeta, y repítalo.");
+  if (!printed) ShowNotPrinted(parent, printer);
 }
 
 }  // namespace

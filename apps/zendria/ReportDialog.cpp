@@ -17,9 +17,11 @@
 #include <cstdio>
 
 #include "adapters/qt/views/ClosedListWheel.h"
+#include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/FailureBox.h"
+#include "apps/zendria/PrintOutcome.h"
 #include "apps/zendria/SchoolError.h"
 
 namespace quorvane::zendria {
@@ -32,14 +34,6 @@ void TurnPage(QPrinter& printer) {
   printer.setPageSize(QPageSize(QPageSize::A4));
   printer.setPageOrientation(QPageLayout::Landscape);
   printer.setPageMargins(kMargins, QPageLayout::Millimeter);
-}
-
-/// Whether its last line is there: the end of a file is what a full disk lacks.
-bool IsWholePdf(const QString& path) {
-  constexpr auto kTail = 32;
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly) || file.size() < kTail) return false;
-  return file.seek(file.size() - kTail) && file.readAll().contains("%%EOF");
 }
 
 }  // namespace
@@ -170,12 +164,15 @@ void ReportDialog::PrintOnPaper() {
   QPrinter printer;
   TurnPage(printer);
   QPrintDialog dialog(&printer, this);
-  if (dialog.exec() == QDialog::Accepted) Print(printer, html);
+  dialog.setObjectName("imprimir");
+  if (dialog.exec() != QDialog::Accepted) return;
+  Print(printer, html);
+  if (!CameOut(printer)) ShowNotPrinted(this, printer);
 }
 
 void ReportDialog::AskForPdf() {
-  const auto file = QFileDialog::getSaveFileName(this, "Guardar PDF",
-                                                 section_.currentText() + ".pdf", "PDF (*.pdf)");
+  const auto name = QString::fromStdString(AsFileName(section_.currentText().toStdString()));
+  const auto file = QFileDialog::getSaveFileName(this, "Guardar PDF", name + ".pdf", "PDF (*.pdf)");
   if (!file.isEmpty()) SavePdf(file);
 }
 

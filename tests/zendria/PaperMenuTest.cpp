@@ -9,11 +9,13 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <gtest/gtest.h>
+#include <optional>
 
 #include "apps/zendria/PaperSheet.h"
 #include "apps/zendria/SheetCsv.h"
 #include "apps/zendria/SheetPrinter.h"
 #include "platform/controls/Control.h"
+#include "tests/device/Device.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 #include "tests/zendria/TextPrinter.h"
@@ -278,6 +280,27 @@ TEST_F(PaperMenuTest, AGridIsPrintedIntoAPdf) {
   LeaveStepOne("frmNotaMateria1");
   Play(125);
   EXPECT_EQ(PagesIn(pdf), 1);
+}
+
+TEST_F(PaperMenuTest, APdfThatAFullDiskCutsShortIsTold) {
+  QString text;
+  StepOne("frmNotaMateria1", "1");
+  robot_.On("frmNotaMateria", [this, &text](Window& window) {
+    std::optional<LongestFile> full;
+    robot_.OnDialog("imprimir", [this, &full](QWidget& dialog) {
+      dialog.findChild<QLineEdit*>("filename")->setText(folder_.filePath("notas.pdf"));
+      full.emplace(2000);
+      dynamic_cast<QPrintDialog&>(dialog).accept();
+    });
+    ReadNotice(text);
+    ChooseOn(window, "rtvNotasAlumno", "imprimir");
+    full.reset();
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaMateria1");
+  Play(125);
+  EXPECT_TRUE(text.startsWith("No se ha podido escribir «")) << text.toStdString();
+  EXPECT_EQ(QFileInfo(folder_.filePath("notas.pdf")).size(), 2000);
 }
 
 }  // namespace
