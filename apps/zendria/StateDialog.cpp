@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QTime>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
@@ -80,7 +81,6 @@ StateDialog::StateDialog(Connection& school, Viewer viewer, QWidget* parent)
   Build();
   Refresh();
   if (tree_.topLevelItemCount() > 0) tree_.setCurrentItem(tree_.topLevelItem(0));
-  minute_.start(kMinute);
 }
 
 void StateDialog::Build() {
@@ -149,6 +149,8 @@ StateFilter StateDialog::Filter() const {
 }
 
 void StateDialog::Refresh() {
+  // What is told of a failure must not be told once more while it is being read.
+  minute_.stop();
   Keep();
   if (!Attempt(this, [this] {
         auto state = std::make_unique<SchoolState>(school_, Today(school_));
@@ -158,18 +160,16 @@ void StateDialog::Refresh() {
         tree_.clear();
         Fill(*state, rows);
         state_ = std::move(state);
-      })) {
-    minute_.stop();
+      }))
     return;
-  }
-  Restore();
+  const auto restored = Restore();
   NameBlankCells(tree_);
   FitWidths({kName, kTeacher, kPending, kEntered, kMissing, kBar, kWindow, kInUse});
   read_.setText(QStringLiteral("%1  Leído a las %2")
                     .arg(tree_.topLevelItemCount() == 0 ? "No hay ninguna nota pendiente." : "",
                          QTime::currentTime().toString("HH:mm:ss"))
                     .trimmed());
-  if (!minute_.isActive()) minute_.start(kMinute);
+  if (restored) minute_.start(kMinute);
 }
 
 bool StateDialog::BySections() const { return grouping_.currentIndex() == 0; }
@@ -246,12 +246,14 @@ void StateDialog::FillTeachers(const SchoolState& state, const std::vector<State
   }
 }
 
-void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
-  if (section.data(kName, kLoaded).toBool() || state_ == nullptr) return;
-  section.setData(kName, kLoaded, true);
+bool StateDialog::LoadSubjects(QTreeWidgetItem& section) {
+  if (section.data(kName, kLoaded).toBool() || state_ == nullptr) return true;
+  // Nothing may clear the tree while a failure is being read.
+  const auto ticked = minute_.isActive();
+  minute_.stop();
   auto filter = Filter();
   filter.evaluation = section.data(kName, kEvaluation).toInt();
-  Attempt(this, [&] {
+  const auto read = Attempt(this, [&] {
     for (const auto& row : state_->Subjects(filter, section.data(kName, kSection).toInt())) {
       auto* const item = new QTreeWidgetItem(&section, {OneLine(state_->SubjectName(row.subject)),
                                                         OneLine(state_->TeacherName(row.teacher))});
@@ -259,10 +261,14 @@ void StateDialog::LoadSubjects(QTreeWidgetItem& section) {
       ShowCounts(*item, row);
     }
   });
-  NameBlankCells(tree_);
+  if (!read) return false;
+  section.setData(kName, kLoaded, true);
+  if (ticked) minute_.start(kMinute);
+  NameBlankCells(section);
   FitWidths({kName, kTeacher});
   if (section.childCount() == 0)
     section.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
+  return true;
 }
 
 void StateDialog::Keep() {
@@ -273,18 +279,21 @@ void StateDialog::Keep() {
   scrolled_ = tree_.verticalScrollBar()->value();
 }
 
-void StateDialog::Restore() {
+bool StateDialog::Restore() {
   // What is opened here loads the rows that are looked for next.
   const auto first = open_.isEmpty() && current_.isEmpty();
   for (QTreeWidgetItemIterator at(&tree_); *at != nullptr; ++at) {
     const auto key = KeyOf(**at);
     if (open_.contains(key) || (first && (*at)->parent() == nullptr)) {
+      // Loaded here, where one failure is enough.
+      const QSignalBlocker quiet(tree_);
       (*at)->setExpanded(true);
-      LoadSubjects(**at);
+      if (!LoadSubjects(**at)) return false;
     }
     if (key == current_) tree_.setCurrentItem(*at);
   }
   tree_.verticalScrollBar()->setValue(scrolled_);
+  return true;
 }
 
 void StateDialog::Choose(const QTreeWidgetItem& item) {

@@ -44,6 +44,8 @@ class StateDialog : public QDialog {
   [[nodiscard]] QTreeWidget& Tree() { return tree_; }
   [[nodiscard]] QCheckBox& MissingOnly() { return missing_; }
   [[nodiscard]] QComboBox& Grouping() { return grouping_; }
+  /// Runs while it is read by itself.
+  [[nodiscard]] const QTimer& Clock() const { return minute_; }
   void Refresh();
 
  private:
@@ -55,9 +57,11 @@ class StateDialog : public QDialog {
   void FillTeachers(const SchoolState& state, const std::vector<StateRow>& rows);
   /// As wide as their texts, but for those that the user has set.
   void FitWidths(std::initializer_list<int> columns);
-  void LoadSubjects(QTreeWidgetItem& section);
+  /// False, and told, where that failed; it is tried again at the next opening.
+  bool LoadSubjects(QTreeWidgetItem& section);
   void Keep();
-  void Restore();
+  /// False at the first section that couldn't be loaded.
+  bool Restore();
   void Choose(const QTreeWidgetItem& item);
   QTreeWidgetItem* AddEvaluation(const SchoolState& state, std::int32_t evaluation);
 
