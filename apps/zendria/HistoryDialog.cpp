@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "adapters/qt/views/ClosedListWheel.h"
 #include "adapters/qt/views/FocusBorder.h"
@@ -31,6 +32,14 @@ QDateTime Moment(const std::string& utc) {
 QString MomentText(const std::string& utc) {
   const auto moment = Moment(utc);
   return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : OneLine(utc);
+}
+
+/// A change as the list shows it.
+QStringList CellsOf(const GradeChange& change) {
+  return {MomentText(change.moment), OneLine(change.student),
+          OneLine(change.subject),   OneLine(change.evaluation),
+          OneLine(change.column),    OneLine(change.before),
+          OneLine(change.after),     change.user.empty() ? QString("—") : OneLine(change.user)};
 }
 
 /// The days in UTC that those of this computer's clock reach into: a filter has whole days alone.
@@ -61,6 +70,7 @@ HistoryDialog::HistoryDialog(Connection& school, const HistoryFilter& of, const 
          !rows.Eof(); rows.MoveNext())
       evaluation_.addItem(OneLine(rows.Fields(1).Text()), rows.Fields(0).Long());
   });
+  evaluation_.setCurrentIndex(evaluation_.findData(of_.evaluation));
   Read();
   for (auto* const field : {&from_, &to_})
     connect(field, &QDateEdit::dateChanged, this, [this] { Read(); });
@@ -130,7 +140,8 @@ void HistoryDialog::Build() {
 void HistoryDialog::Read() {
   auto kept = false;
   auto active = false;
-  changes_.clear();
+  std::vector<GradeChange> changes;
+  rows_.clear();
   if (!Attempt(this, [&] {
         const GradeHistory history(school_);
         kept = history.Kept();
@@ -139,13 +150,16 @@ void HistoryDialog::Read() {
         filter.from = FirstDay(from_.date());
         filter.to = LastDay(to_.date());
         if (filter.evaluation == 0) filter.evaluation = evaluation_.currentData().toInt();
-        changes_ = history.Read(filter);
+        changes = history.Read(filter);
       }))
     return;
-  std::erase_if(changes_, [this](const GradeChange& change) {
-    const auto moment = Moment(change.moment);
-    return moment.isValid() && (moment.date() < from_.date() || moment.date() > to_.date());
-  });
+  for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
+    const auto moment = Moment(change->moment);
+    if (moment.isValid() && (moment.date() < from_.date() || moment.date() > to_.date())) continue;
+    auto cells = CellsOf(*change);
+    auto folded = Folded(cells.join(' '));
+    rows_.push_back({std::move(cells), std::move(folded)});
+  }
   off_ = active ? QString()
          : kept ? QString("El historial está desactivado: no se guarda ningún cambio.")
                 : QString(
@@ -159,14 +173,9 @@ void HistoryDialog::Show() {
   list_.clear();
   QList<QTreeWidgetItem*> items;
   auto passing = 0;
-  for (auto at = changes_.rbegin(); at != changes_.rend(); ++at) {
-    const auto user = at->user.empty() ? QString("—") : OneLine(at->user);
-    const QStringList cells = {
-        MomentText(at->moment), OneLine(at->student), OneLine(at->subject), OneLine(at->evaluation),
-        OneLine(at->column),    OneLine(at->before),  OneLine(at->after),   user};
-    if (!HoldsWords(Folded(cells.join(' ')), words)) continue;
-    if (++passing <= kMostChangesShown) items.append(new QTreeWidgetItem(cells));
-  }
+  for (const auto& row : rows_)
+    if (HoldsWords(row.folded, words) && ++passing <= kMostChangesShown)
+      items.append(new QTreeWidgetItem(row.cells));
   list_.addTopLevelItems(items);
   NameBlankCells(list_);
   for (int i = 0; i < list_.columnCount(); ++i) list_.resizeColumnToContents(i);

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStringList>
 #include <QTreeWidget>
 #include <vector>
 
@@ -31,6 +32,12 @@ class HistoryDialog : public QDialog {
   [[nodiscard]] QLabel& Notice() { return notice_; }
 
  private:
+  /// A change, and what words are looked for in.
+  struct Row {
+    QStringList cells;
+    QString folded;
+  };
+
   static HistoryFilter MayGradeFilter(std::int32_t staff);
   void Build();
   void Read();
@@ -44,8 +51,8 @@ class HistoryDialog : public QDialog {
   QLineEdit words_;
   QTreeWidget list_;
   QLabel notice_;
-  QString off_;  ///< why nothing is kept; empty while it is
-  std::vector<GradeChange> changes_;
+  QString off_;            ///< why nothing is kept; empty while it is
+  std::vector<Row> rows_;  // the newest first
 };
 
 }  // namespace quorvane::zendria

@@ -7,14 +7,20 @@
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QDir>
+#include <QFileDialog>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPrintDialog>
+#include <QPushButton>
 #include <QTableView>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <QTimer>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
+#include <optional>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/DemoSchool.h"
@@ -25,6 +31,7 @@
 #include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/StateDialog.h"
 #include "platform/controls/ComboBox.h"
+#include "tests/device/Device.h"
 #include "tests/support/RunCommand.h"
 #include "tests/zendria/HostTest.h"
 
@@ -49,6 +56,11 @@ class OversightTest : public HostTest {
     for (int i = 0; of != nullptr && i < of->childCount(); ++i)
       if (of->child(i)->text(0) == text) return of->child(i);
     return nullptr;
+  }
+
+  static void Press(const QDialog& dialog, const QString& caption) {
+    for (auto* const button : dialog.findChildren<QPushButton*>())
+      if (button->text() == caption) button->click();
   }
 
   std::string path_ = folder_.filePath("muestra.sqlite").toStdString();
@@ -353,9 +365,79 @@ TEST_F(OversightTest, AFailedReadingIsToldOnceAndStopsTheClock) {
   school_.Execute("ALTER TABLE BloqueoPte RENAME TO Otra");
   QString text;
   ReadNotice(text);
+  EXPECT_TRUE(dialog.Clock().isActive());
   dialog.Refresh();
   EXPECT_TRUE(robot_.Done());
   EXPECT_TRUE(text.contains("BloqueoPte")) << text.toStdString();
+  EXPECT_FALSE(dialog.Clock().isActive());
+  school_.Execute("ALTER TABLE Otra RENAME TO BloqueoPte");
+  dialog.Refresh();
+  EXPECT_TRUE(dialog.Clock().isActive());
+}
+
+TEST_F(OversightTest, TheClockStandsWhileAFailureIsRead) {
+  zendria::StateDialog dialog(school_, all_);
+  auto& section = *Child(dialog.Tree().topLevelItem(1), "3º ESO A");
+  school_.Execute("ALTER TABLE BloqueoPte RENAME TO Otra");
+  auto told = 0;
+  const auto meanwhile = [&](QWidget& box) {
+    EXPECT_FALSE(dialog.Clock().isActive()) << told;
+    ++told;
+    dynamic_cast<QDialog&>(box).accept();
+  };
+  robot_.OnDialog("aviso", meanwhile);
+  section.setExpanded(true);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(section.childCount(), 0);
+  robot_.OnDialog("aviso", meanwhile);
+  dialog.Refresh();
+  robot_.OnDialog("aviso", meanwhile);
+  zendria::StateDialog failed(school_, all_);
+  EXPECT_EQ(told, 3);
+  EXPECT_FALSE(failed.Clock().isActive());
+  school_.Execute("ALTER TABLE Otra RENAME TO BloqueoPte");
+  section.setExpanded(false);
+  section.setExpanded(true);
+  EXPECT_GT(section.childCount(), 0) << "tried again";
+}
+
+TEST_F(OversightTest, TheHistoryOfACellNamesItsEvaluation) {
+  HistoryFilter cell;
+  cell.evaluation = 2;
+  const zendria::HistoryDialog dialog(school_, cell, "una", nullptr);
+  EXPECT_EQ(dialog.findChild<QComboBox*>()->currentText(), "2ª Evaluación");
+}
+
+TEST_F(OversightTest, ASectionOfAnyNameNamesItsPdf) {
+  school_.Execute("UPDATE Seccion SET Descripcion='A/B' WHERE IDSeccion=5");
+  zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
+  dialog.Sections().setCurrentIndex(dialog.Sections().findText("A/B", Qt::MatchContains));
+  QString name;
+  QTimer::singleShot(0, &dialog, [&name] {
+    auto* const asked = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(asked, nullptr);
+    name = asked->findChild<QLineEdit*>("fileNameEdit")->text();
+    asked->reject();
+  });
+  Press(dialog, "Guardar &PDF…");
+  EXPECT_TRUE(name.endsWith("A-B.pdf")) << name.toStdString();
+  EXPECT_FALSE(name.contains(u'/')) << "no folder of its own";
+}
+
+TEST_F(OversightTest, AReportOnAFullDiskIsTold) {
+  zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
+  std::optional<LongestFile> full;
+  robot_.OnDialog("imprimir", [&](QWidget& shown) {
+    shown.findChild<QLineEdit*>("filename")->setText(folder_.filePath("informe.pdf"));
+    full.emplace(2000);
+    dynamic_cast<QPrintDialog&>(shown).accept();
+  });
+  QString text;
+  ReadNotice(text);
+  Press(dialog, "&Imprimir…");
+  full.reset();
+  EXPECT_TRUE(robot_.Done());
+  EXPECT_TRUE(text.startsWith("No se ha podido escribir «")) << text.toStdString();
 }
 
 }  // namespace
