@@ -57,6 +57,7 @@ class FormLines::Teller {
     person_.reset();
   }
   void End() { reader_.reset(); }
+  void Forget() { sought_.reset(); }
 
   qt::FormHeading Of(const Form& form) {
     if (!reader_) return {};
@@ -150,6 +151,8 @@ FormLines::FormLines(qt::QtFrontEnd& screen, std::function<QString()> problem)
 void FormLines::Begin(School& school, const User& user) { teller_->Begin(school, user); }
 
 void FormLines::End() { teller_->End(); }
+
+void FormLines::ReadAgain() { teller_->Forget(); }
 
 qt::FormHeading FormLines::Of(const Form& form) const { return teller_->Of(form); }
 

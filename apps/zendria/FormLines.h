@@ -24,6 +24,9 @@ class FormLines {
   /// It has gone.
   void End();
 
+  /// What was read of the school may be otherwise by now.
+  void ReadAgain();
+
   /// What stands over that form; for those who print it too.
   [[nodiscard]] qt::FormHeading Of(const Form& form) const;
 

@@ -4,15 +4,12 @@
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QVBoxLayout>
-#include <functional>
 
 #include "adapters/qt/views/FocusBorder.h"
-#include "apps/zendria/BusyCursor.h"
+#include "apps/zendria/Attempt.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
-#include "apps/zendria/NodeRunner.h"  // IWYU pragma: keep: a Failure is made of braces alone
 #include "apps/zendria/SchoolError.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -45,15 +42,12 @@ bool Agrees(QWidget* parent, const LockList::Publication& publication) {
   return box.clickedButton() == yes;
 }
 
-bool Succeeds(QWidget* parent, const std::function<void()>& work) {
-  try {
-    const BusyCursor busy;
-    work();
-    return true;
-  } catch (const RuntimeError& error) {
-    ShowProblem(parent, {error.Number(), QString::fromStdString(error.Description())});
-    return false;
-  }
+void ShowOpenHere(QWidget* parent, int publication) {
+  ShowWarning(parent,
+              QStringLiteral("La publicación %1 es la de la pantalla de notas que tiene abierta.")
+                  .arg(publication),
+              "Se quita sola al cerrar esa pantalla. Si se quitara ahora, otra persona podría "
+              "calificar a la vez las mismas materias.");
 }
 
 }  // namespace
@@ -99,7 +93,7 @@ LocksDialog::LocksDialog(Connection& school, QWidget* parent)
 
 void LocksDialog::Read() {
   publications_.clear();
-  Succeeds(this, [this] { publications_ = locks_.Read(); });
+  Attempt(this, [this] { publications_ = locks_.Read(); });
   Fill();
 }
 
@@ -137,12 +131,12 @@ const LockList::Publication* LocksDialog::Selected() const {
 
 void LocksDialog::RemoveSelected() {
   const auto* const publication = Selected();
-  if (publication == nullptr || !Agrees(this, *publication)) return;
+  if (publication == nullptr) return;
   const auto number = publication->id;
+  if (IsOpenHere && IsOpenHere(number)) return ShowOpenHere(this, number);
+  if (!Agrees(this, *publication)) return;
   auto removed = false;
-  if (!Succeeds(this,
-                [this, publication, &removed] { removed = locks_.RemoveUnchanged(*publication); }))
-    return;
+  if (!Attempt(this, [&] { removed = locks_.RemoveUnchanged(*publication); })) return;
   if (removed && Removed) Removed(number);
   Read();
   if (!removed)

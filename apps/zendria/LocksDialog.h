@@ -18,6 +18,9 @@ class LocksDialog : public QDialog {
   /// `school` is open and outlives the dialog.
   explicit LocksDialog(Connection& school, QWidget* parent = nullptr);
 
+  /// Asked whether that publication is of a screen that this very program has open, which would go
+  /// on without its locks; such a one isn't removed.
+  std::function<bool(int publication)> IsOpenHere;
   /// Told of each publication that has been removed.
   std::function<void(int publication)> Removed;
 

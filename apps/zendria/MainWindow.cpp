@@ -159,6 +159,8 @@ void MainWindow::AddModalKeys() {
   modalKeys_.Add(QKeySequence(kLocksKey), [this, isScreen](QWidget& modal) {
     if (!isScreen(modal)) return false;
     ShowLocks(modal);
+    // What stands over the form may tell of what has been removed.
+    screen_.DoEvents();
     return true;
   });
 }
@@ -352,11 +354,13 @@ void MainWindow::ShowLocks() {
 
 void MainWindow::ShowLocks(QWidget& before) {
   LocksDialog dialog(school_->Own(), &before);
+  dialog.IsOpenHere = [this](int publication) { return publications_->IsOpen(publication); };
   dialog.Removed = [this](int publication) {
     publications_->Removed(publication);
     school_->Notes(preferences_.DataFolder()).StrikeOut(publication);
   };
   dialog.exec();
+  lines_.ReadAgain();
   ShowLeftovers(false);
 }
 

@@ -25,6 +25,10 @@ class OwnPublications {
   void Told(const std::string& statement);
   /// The screen that was open has gone, in order or not.
   void Ended(bool failed);
+  /// The screen that is open has that publication.
+  [[nodiscard]] bool IsOpen(std::int32_t publication) const noexcept {
+    return current_ && current_->publication == publication;
+  }
   /// The user has removed that publication from the school.
   void Removed(std::int32_t publication);
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "adapters/qt/views/Units.h"
+#include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/StatementWindow.h"
 #include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
@@ -115,6 +116,43 @@ TEST_F(FormLinesTest, WhoHoldsWhatIsMissing) {
     Robot::Click(window, "cmdNotaManual1(1)");
   });
   Play(124);
+}
+
+TEST_F(FormLinesTest, WhatIsRemovedByHandIsNotToldAnyMoreAndTheFormsOwnStays) {
+  // What a form that died has left. The open form's own is the next number.
+  school_.Sql("INSERT INTO PublicacionPte VALUES (77,1,2,4,1)");
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  StepOne("frmNotaManual1", "1");
+  QString refusal;
+  robot_.On("frmNotaManual", [this, &refusal](Window& window) {
+    EXPECT_NE(Remark(window), "");
+    robot_.OnDialog("bloqueos", [this, &refusal](QWidget& shown) {
+      auto& dialog = dynamic_cast<zendria::LocksDialog&>(shown);
+      auto& list = dialog.List();
+      ASSERT_EQ(list.topLevelItemCount(), 2);
+      list.setCurrentItem(list.topLevelItem(1));
+      ReadNotice(refusal);
+      dialog.RemoveButton().click();
+      EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 2);
+      list.setCurrentItem(list.topLevelItem(0));
+      robot_.OnDialog("pregunta", [](QWidget& box) {
+        for (auto* const button : dynamic_cast<QMessageBox&>(box).buttons())
+          if (button->text() == "&Quitar") button->click();
+      });
+      dialog.RemoveButton().click();
+      EXPECT_EQ(school_.Rows("SELECT IDPublicacionPte FROM PublicacionPte"), Lines{"78"});
+      dialog.accept();
+    });
+    QTest::keyClick(&window, Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(Remark(window), "");
+    Robot::Grade(window, 0, 1, "7");
+    Robot::Click(window, "cmdAceptar");
+  });
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  EXPECT_TRUE(refusal.startsWith("La publicación 78 es la de la pantalla de notas que tiene"))
+      << refusal.toStdString();
+  EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 0);
 }
 
 TEST_F(FormLinesTest, WhyAListIsEmpty) {
