@@ -25,9 +25,8 @@ namespace {
 constexpr auto kBetween = " · ";
 
 QString ChoiceText(const GradeSheet& sheet, std::string_view control) {
-  for (const auto& choice : sheet.choices)
-    if (choice.control == control) return OneLine(choice.text);
-  return {};
+  const auto* const choice = Choice(sheet, control);
+  return choice == nullptr ? QString() : OneLine(choice->text);
 }
 
 /// The list has a student's number in the section before his name.

@@ -1,5 +1,7 @@
 #include "apps/zendria/GradeCell.h"
 
+#include <algorithm>
+
 #include "apps/zendria/GradeForm.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Retivo.h"
@@ -17,6 +19,12 @@ void ReadEntry(const Retivo& grid, int entry, GradeCell& cell) {
 }
 
 }  // namespace
+
+const StepChoice* Choice(const GradeSheet& sheet, std::string_view control) {
+  const auto found = std::find_if(sheet.choices.begin(), sheet.choices.end(),
+                                  [control](const auto& one) { return one.control == control; });
+  return found == sheet.choices.end() ? nullptr : &*found;
+}
 
 bool SameCell(const GradeCell& one, const GradeCell& other) {
   return one.student == other.student && one.subject == other.subject && one.column == other.column;

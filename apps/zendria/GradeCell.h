@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quorvane {
@@ -54,6 +55,9 @@ struct GradeEdit {
   GradeSheet sheet;
   GradeCell cell;
 };
+
+/// What step one has fixed in that combo box; null where it has none of that name.
+const StepChoice* Choice(const GradeSheet& sheet, std::string_view control);
 
 /// Keys and column are the same.
 bool SameCell(const GradeCell& one, const GradeCell& other);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "apps/escuela/LockList.h"
+#include "apps/escuela/state/MayGrade.h"
 #include "apps/zendria/ClassName.h"
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/User.h"
@@ -14,14 +15,11 @@
 namespace quorvane::zendria {
 namespace {
 
-// The column has no name in the module, and is read by its place.
-constexpr std::size_t kLockUser = 3;
 constexpr std::size_t kMostTold = 4;
 
 std::int32_t ChoiceData(const GradeSheet& sheet, std::string_view control) {
-  for (const auto& choice : sheet.choices)
-    if (choice.control == control) return choice.data;
-  return 0;
+  const auto* const choice = Choice(sheet, control);
+  return choice == nullptr ? 0 : choice->data;
 }
 
 QString Joined(const std::string& name, const std::string& course, const std::string& section) {
@@ -50,11 +48,7 @@ SubjectsSought SoughtBy(const GradeForm& form) {
           ChoiceData(sheet, "cboMateria"), form.Publication()};
 }
 
-std::int32_t SubjectReader::Person() const {
-  const auto rows = school_.Execute("SELECT IDPersonal FROM Personal WHERE CodUsuario=" +
-                                    std::to_string(user_.id));
-  return rows.Eof() ? 0 : rows.Fields("IDPersonal").Long();
-}
+std::int32_t SubjectReader::Person() const { return StaffOf(school_, user_.id); }
 
 std::vector<HeldSubject> SubjectReader::Held(const SubjectsSought& sought) const {
   auto pending =

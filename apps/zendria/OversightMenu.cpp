@@ -9,17 +9,6 @@
 #include "apps/zendria/User.h"
 
 namespace quorvane::zendria {
-namespace {
-
-/// The user's row in `Personal`; 0 for none.
-std::int32_t StaffOf(Connection& school, const User& user) {
-  const auto rows =
-      school.Execute("SELECT IDPersonal FROM Personal WHERE CodUsuario=" + std::to_string(user.id));
-  return rows.Eof() ? 0 : rows.Fields(0).Long();
-}
-
-}  // namespace
-
 OversightMenu::OversightMenu(QWidget& window) : window_(window) {
   Add("estadoEvaluacion", "&Estado de la evaluación…", QKeySequence("Ctrl+E"),
       [this](auto& school, const auto& user, auto centre) { ShowState(school, user, centre); });
@@ -59,7 +48,7 @@ std::optional<std::int32_t> OversightMenu::WhoGrades(School& school, const User&
   if (user.profile == 0) return 0;
   std::optional<std::int32_t> staff;
   Attempt(&window_, [&] {
-    const auto own = StaffOf(school.Own(), user);
+    const auto own = StaffOf(school.Own(), user.id);
     staff = own == 0 ? kNobody : own;
   });
   return staff;
@@ -67,7 +56,7 @@ std::optional<std::int32_t> OversightMenu::WhoGrades(School& school, const User&
 
 void OversightMenu::ShowState(School& school, const User& user, std::int32_t centre) {
   StateDialog::Viewer viewer;
-  if (!Attempt(&window_, [&] { viewer.staff = StaffOf(school.Own(), user); })) return;
+  if (!Attempt(&window_, [&] { viewer.staff = StaffOf(school.Own(), user.id); })) return;
   viewer.seesAll = user.profile == 0;
   viewer.centre = centre;
   std::optional<GradeTarget> chosen;

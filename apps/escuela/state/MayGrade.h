@@ -5,8 +5,13 @@
 
 namespace quorvane {
 
+class Connection;
+
 /// A number that no member of staff bears.
 inline constexpr std::int32_t kNobody = -1;
+
+/// The user's row in `Personal`; 0 for none. Fails as its statement does.
+std::int32_t StaffOf(Connection& school, std::int32_t user);
 
 /// The condition, with brackets round it, that a member of staff may grade: as the tutor of the
 /// student's section, in a statement that joins `Alumno`, or as the teacher of the subject in the
