@@ -7,10 +7,13 @@
 namespace quorvane::zendria {
 namespace {
 
+QRegularExpression CaseBlind(const char* form) {
+  return QRegularExpression(form, QRegularExpression::CaseInsensitiveOption);
+}
+
 /// The number in a statement of that form; none for another statement.
-std::optional<std::int32_t> NumberIn(const char* form, const std::string& statement) {
-  const QRegularExpression expression(form, QRegularExpression::CaseInsensitiveOption);
-  const auto match = expression.match(QString::fromStdString(statement));
+std::optional<std::int32_t> NumberIn(const QRegularExpression& form, const std::string& statement) {
+  const auto match = form.match(QString::fromStdString(statement));
   if (!match.hasMatch()) return std::nullopt;
   return match.captured(1).toInt();
 }
@@ -29,12 +32,14 @@ void OwnPublications::Told(const std::string& statement) {
     Note();
   }
   if (!MayConcern(statement)) return;
-  if (const auto made = NumberIn(R"(^INSERT INTO PublicacionPte\s+VALUES \((\d+),)", statement)) {
-    current_ = PublicationNotes::Entry{*made, user_, std::time(nullptr)};
+  static const auto made = CaseBlind(R"(^INSERT INTO PublicacionPte\s+VALUES \((\d+),)");
+  static const auto ended =
+      CaseBlind(R"(^DELETE FROM PublicacionPte WHERE IDPublicacionPte=(\d+)$)");
+  if (const auto number = NumberIn(made, statement)) {
+    current_ = PublicationNotes::Entry{*number, user_, std::time(nullptr)};
     Note();
   }
-  const auto gone =
-      NumberIn(R"(^DELETE FROM PublicacionPte WHERE IDPublicacionPte=(\d+)$)", statement);
+  const auto gone = NumberIn(ended, statement);
   deleting_ = gone && current_ && current_->publication == *gone;
 }
 
