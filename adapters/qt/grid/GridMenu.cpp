@@ -17,12 +17,6 @@ GridMenu::GridMenu(FormWindow& window, const Control& control, QAbstractItemView
   view.viewport()->installEventFilter(this);
 }
 
-bool GridMenu::UserMayAct() const {
-  const auto& frontEnd = window_.FrontEnd();
-  return control_.Usable() && frontEnd.ActiveWindow() == &window_ && !frontEnd.Busy() &&
-         !frontEnd.Leaving() && !window_.ListIsOpen();
-}
-
 void GridMenu::Open(QPoint at) {
   menu_->clear();
   for (const auto& entry : entries_) {
@@ -45,7 +39,7 @@ bool GridMenu::eventFilter(QObject* /*watched*/, QEvent* event) {
   if (event->type() == QEvent::Hide) menu_->close();
   if (event->type() != QEvent::ContextMenu) return false;
   event->accept();
-  if (!UserMayAct()) return true;
+  if (!window_.UserMayAct(control_)) return true;
   const auto& asked = static_cast<const QContextMenuEvent&>(*event);
   auto at = asked.globalPos();
   if (asked.reason() == QContextMenuEvent::Keyboard)

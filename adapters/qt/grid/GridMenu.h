@@ -38,7 +38,6 @@ class GridMenu : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  [[nodiscard]] bool UserMayAct() const;
   void Open(QPoint at);
 
   FormWindow& window_;

@@ -63,10 +63,8 @@ class ListMenu : public QObject {
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() != QEvent::ContextMenu) return false;
     event->accept();
-    const auto& frontEnd = window_.FrontEnd();
-    const auto may = combo_.Usable() && frontEnd.ActiveWindow() == &window_ && !frontEnd.Busy() &&
-                     !frontEnd.Leaving() && !window_.ListIsOpen();
-    if (may && frontEnd.GridMenuOpening) Open(static_cast<const QContextMenuEvent&>(*event));
+    if (window_.UserMayAct(combo_) && window_.FrontEnd().GridMenuOpening)
+      Open(static_cast<const QContextMenuEvent&>(*event));
     return true;
   }
 

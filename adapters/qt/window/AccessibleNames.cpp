@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 #include "adapters/qt/views/ControlView.h"
 #include "adapters/qt/views/Units.h"
@@ -21,14 +22,18 @@ QString Purpose(const Control& control) {
   return {};
 }
 
+/// What the mnemonics of the labels lead to.
+std::vector<const QWidget*> Buddies(const FormWindow& window) {
+  std::vector<const QWidget*> buddies;
+  for (const auto* const label : window.findChildren<QLabel*>()) buddies.push_back(label->buddy());
+  return buddies;
+}
+
 /// It bears a text, or the name of the label whose mnemonic leads to it.
-bool HasName(const FormWindow& window, const QWidget& widget) {
+bool HasName(const QWidget& widget, const std::vector<const QWidget*>& buddies) {
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  if (!widget.accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty()))
-    return true;
-  const auto labels = window.findChildren<QLabel*>();
-  return std::any_of(labels.begin(), labels.end(),
-                     [&widget](const QLabel* label) { return label->buddy() == &widget; });
+  return !widget.accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty()) ||
+         std::find(buddies.begin(), buddies.end(), &widget) != buddies.end();
 }
 
 /// The caption of the nearest label above, without its mnemonic and colon.
@@ -55,12 +60,13 @@ QString LabelAbove(const FormWindow& window, const Control& control) {
 }  // namespace
 
 void NameForReaders(const FormWindow& window) {
+  const auto buddies = Buddies(window);
   for (const auto& view : window.Views()) {
     auto* const widget = view->Widget();
     if (widget->focusPolicy() == Qt::NoFocus) continue;
     if (const auto purpose = Purpose(view->Model()); !purpose.isEmpty())
       widget->setAccessibleName(purpose);
-    if (HasName(window, *widget)) continue;
+    if (HasName(*widget, buddies)) continue;
     const auto above = LabelAbove(window, view->Model());
     widget->setAccessibleName(above.isEmpty() ? window.windowTitle() : above);
   }

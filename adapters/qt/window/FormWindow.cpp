@@ -232,6 +232,11 @@ void FormWindow::TakePress(const CommandButton& button) {
 
 bool FormWindow::ListIsOpen() const { return list_ != nullptr && list_->IsOpen(); }
 
+bool FormWindow::UserMayAct(const Control& control) const {
+  return control.Usable() && frontEnd_.ActiveWindow() == this && !frontEnd_.Busy() &&
+         !frontEnd_.Leaving() && !ListIsOpen();
+}
+
 void FormWindow::ShowPlace() {
   const QSize wanted(form_.Width(), form_.Height());
   const QSize inner(Pixels(form_.ScaleWidth()), Pixels(form_.ScaleHeight()));

@@ -65,6 +65,9 @@ class FormWindow : public QDialog {
   /// elsewhere has to wait for it.
   void OpenList(RetivoEditor* list) noexcept { list_ = list; }
   [[nodiscard]] bool ListIsOpen() const;
+  /// The user may act on that control of the form now: the window is the one that he works in, and
+  /// nothing else of it has him wait.
+  [[nodiscard]] bool UserMayAct(const Control& control) const;
 
   /// Something has been changed that the form hasn't saved: the title tells it, and so does the
   /// button that saves. No effect on a form that holds no work.
