@@ -104,6 +104,18 @@ TEST_F(HeldWorkTest, TheRegisterIsMarkedWhenADialogOfItsHasBeenAccepted) {
   OpenNode(123);
 }
 
+TEST_F(HeldWorkTest, ATeacherWhoIsLeftAsHeIsMarksNothing) {
+  teacher = 2;
+  Then(ChooseRegister);
+  Then(
+      ClickTab("TabDatos", 1), ClickCell("msgMaterias", 1, 0), "cmdPropMat",
+      [](qt::FormWindow& window) { ExpectMarked(window, false); }, "cmdPropMat",
+      [](qt::FormWindow& window) { ExpectMarked(window, true); }, "cmdCancelar");
+  Then("cmdAceptar");
+  Then("cmdNProfesor", "cmdAceptar");
+  OpenNode(123);
+}
+
 TEST_F(HeldWorkTest, ASmallDialogKeepsItsKeys) {
   Then(Pick("cboTEnsenanza", 0), Pick("cboCurso", 2), Pick("cboSeccion", 0),
        Key("cboSeccion", Qt::Key_Return));

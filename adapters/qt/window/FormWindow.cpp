@@ -31,6 +31,7 @@ namespace {
 
 constexpr double kMostOfTheScreen = 0.95;
 constexpr auto kAccept = "cmdAceptar";
+constexpr auto kIdleWhenAccepted = "frmPropMatProf";
 
 bool IsPress(QEvent::Type type) {
   return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
@@ -226,8 +227,15 @@ void FormWindow::MarkChanged() {
 }
 
 void FormWindow::TakePress(const CommandButton& button) {
+  const auto accepts = button.Name() == kAccept;
   // One that found something wrong has left the form standing.
-  accepted_ = button.Name() == kAccept && !form_.Visible();
+  accepted_ = accepts && !form_.Visible();
+  asked_ = asked_ || !accepts;
+}
+
+bool FormWindow::Accepted() const {
+  // Unlike the others, that one does nothing when it hasn't been asked for another teacher.
+  return accepted_ && (asked_ || form_.Name() != kIdleWhenAccepted);
 }
 
 bool FormWindow::ListIsOpen() const { return list_ != nullptr && list_->IsOpen(); }

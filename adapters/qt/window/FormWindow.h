@@ -75,7 +75,7 @@ class FormWindow : public QDialog {
   /// A button has been pressed, and what it does is done.
   void TakePress(const CommandButton& button);
   /// The show has ended by "Aceptar": what stands behind it may have been changed.
-  [[nodiscard]] bool Accepted() const noexcept { return accepted_; }
+  [[nodiscard]] bool Accepted() const;
 
   /// Esc: the button that cancels, or the X where the form has none.
   void reject() override;
@@ -123,6 +123,7 @@ class FormWindow : public QDialog {
   RetivoEditor* list_ = nullptr;                     // Qt's; the one opened last
   bool changed_ = false;
   bool accepted_ = false;
+  bool asked_ = false;               // a button has been pressed that doesn't end it
   bool swallowed_ = false;           // the press of a button whose release follows
   HeadingStrip* heading_ = nullptr;  // Qt's; null without a host that tells any
   ScrolledPage* page_ = nullptr;     // Qt's; null for a form that has a layout
