@@ -4,6 +4,7 @@
 
 #include "apps/zendria/GradeForm.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/ComboBox.h"
 #include "platform/controls/Retivo.h"
 #include "register/cMateria.h"
 
@@ -49,6 +50,18 @@ std::optional<GradeEdit> ReadGradeEdit(const Form& any, const Retivo& grid, int 
     cell.formerData = field->stored(*subject);
   }
   return edit;
+}
+
+std::optional<std::int32_t> StoredGrade(const Form& any, const Retivo& grid, int row, int column) {
+  const auto form = AsGradeForm(any);
+  if (form == nullptr || &grid != &form->Grid()) return std::nullopt;
+  if (form->AtWork() || form->Walk().ListIndex() < 0 || row >= grid.Rows()) return std::nullopt;
+  const auto* const field = form->Field(column);
+  if (field == nullptr) return std::nullopt;
+  GradeCell cell;
+  form->ReadRow(cell, row);
+  const auto* const subject = form->Subject(cell);
+  return subject == nullptr ? std::nullopt : std::optional(field->stored(*subject));
 }
 
 }  // namespace quorvane::zendria

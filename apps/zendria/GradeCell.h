@@ -68,4 +68,9 @@ bool SameCell(const GradeCell& one, const GradeCell& other);
 /// subject.
 std::optional<GradeEdit> ReadGradeEdit(const Form& form, const Retivo& grid, int entry);
 
+/// What the form has in memory for a cell of its grid of grades, the row counted as the grid does:
+/// the item data of its list, 0 for none. Nothing for another grid, and for a column that holds no
+/// grade.
+std::optional<std::int32_t> StoredGrade(const Form& form, const Retivo& grid, int row, int column);
+
 }  // namespace quorvane::zendria

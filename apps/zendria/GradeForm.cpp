@@ -86,10 +86,10 @@ class Known final : public GradeForm {
   }
 
   /// A form that walks students has the subjects in its rows, and the other way round.
-  void ReadPlace(GradeCell& cell) const override {
+  void ReadRow(GradeCell& cell, int row) const override {
     const auto& grid = form_.rtvNotasAlumno;
-    const auto& rowText = grid.TextMatrix(grid.Row(), 0);
-    const auto& rowKey = grid.TextMatrix(grid.Row(), grid.Cols() - 1);
+    const auto& rowText = grid.TextMatrix(row, 0);
+    const auto& rowKey = grid.TextMatrix(row, grid.Cols() - 1);
     if constexpr (kStudents) {
       cell.student = Key(form_.cboAlumnos.SelectedData());
       cell.studentText = form_.cboAlumnos.Text();
@@ -161,6 +161,8 @@ constexpr std::array kKinds = {Try<frmNotaManual, frmNotaManual1, kInEvaluation>
                                Try<frmNotaSeccionMateriaFinal, frmNotaSeccionMateria1, kInFinal>};
 
 }  // namespace
+
+void GradeForm::ReadPlace(GradeCell& cell) const { ReadRow(cell, Grid().Row()); }
 
 std::unique_ptr<const GradeForm> AsGradeForm(const Form& form) {
   for (auto* const kind : kKinds)

@@ -45,8 +45,10 @@ class GradeForm {
   /// The publication that its own locks bear; 0 for none.
   [[nodiscard]] virtual std::int32_t Publication() const = 0;
 
-  /// Keys and texts of student and subject of the grid's current row. Errors as the form's own.
-  virtual void ReadPlace(GradeCell& cell) const = 0;
+  /// Keys and texts of student and subject of a row of the grid. Errors as the form's own.
+  virtual void ReadRow(GradeCell& cell, int row) const = 0;
+  /// The same of the grid's current row.
+  void ReadPlace(GradeCell& cell) const;
   /// The subject by the cell's keys; null when the form doesn't have it.
   [[nodiscard]] virtual const cMateria* Subject(const GradeCell& cell) const = 0;
   /// The entry of the walk under which that cell stands, and what its row has in the last column.

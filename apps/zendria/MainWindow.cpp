@@ -18,6 +18,7 @@
 #include "apps/zendria/CloseRequest.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
+#include "apps/zendria/GradeCell.h"
 #include "apps/zendria/LeftoversBox.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/ManualPage.h"
@@ -88,6 +89,7 @@ MainWindow::MainWindow(qt::QtFrontEnd& screen, Preferences& preferences, ScreenC
   welcome_.Connect = [this] { Connect(); };
   welcome_.OpenRecent = [this](const QString& file) { OpenSchool(file); };
   page_.OpenNode = [this](std::uint8_t node) { OpenNode(node); };
+  screen_.StoredData = StoredGrade;
   screen_.RecallSize = [&preferences](const qt::FormWindow& form) {
     return preferences.FormSize(form.objectName(), *form.screen());
   };

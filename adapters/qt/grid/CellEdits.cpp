@@ -1,6 +1,8 @@
 #include "adapters/qt/grid/CellEdits.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/FormWindow.h"
@@ -19,26 +21,60 @@ QString Core(const QString& text) {
   return core;
 }
 
-int EntryOf(const std::vector<Retivo::ListEntry>& list, const QString& text) {
-  const auto wanted = Core(text);
-  const auto found = std::find_if(list.begin(), list.end(), [&wanted](const auto& entry) {
-    return Core(Text(entry.text)) == wanted;
-  });
-  return found == list.end() ? -1 : static_cast<int>(found - list.begin());
+/// The same of a text whose accents don't count.
+QString Plain(const QString& text) {
+  auto letters = Core(text).normalized(QString::NormalizationForm_D);
+  letters.removeIf([](QChar letter) { return letter.category() == QChar::Mark_NonSpacing; });
+  return letters;
+}
+
+using Entries = std::vector<Retivo::ListEntry>;
+
+/// The first entry of which that holds, and how many there are; -1 for none.
+template <typename Holds>
+std::pair<int, std::ptrdiff_t> FirstOf(const Entries& list, const Holds& holds) {
+  const auto found = std::find_if(list.begin(), list.end(), holds);
+  if (found == list.end()) return {-1, 0};
+  return {static_cast<int>(found - list.begin()), std::count_if(found, list.end(), holds)};
+}
+
+int EntryOf(const Entries& list, const CellText& cell) {
+  if (cell.data && *cell.data != 0) {
+    const auto meant = FirstOf(list, [&](const auto& entry) { return entry.data == *cell.data; });
+    if (meant.first >= 0) return meant.first;
+  }
+  const auto core = Core(cell.text);
+  const auto same =
+      FirstOf(list, [&core](const auto& entry) { return Core(Text(entry.text)) == core; });
+  if (same.first >= 0) return same.first;
+  // A form may show a text otherwise than its list offers it.
+  const auto plain = Plain(cell.text);
+  const auto alike =
+      FirstOf(list, [&plain](const auto& entry) { return Plain(Text(entry.text)) == plain; });
+  return alike.second == 1 ? alike.first : -1;
 }
 
 }  // namespace
 
 void CellEdits::End(int entry) {
   const auto& list = retivo_.Lista(retivo_.Col());
-  const auto text = entry < 0 || entry >= static_cast<int>(list.size())
-                        ? QString()
-                        : Text(list[static_cast<std::size_t>(entry)].text);
+  const auto chosen = entry < 0 || entry >= static_cast<int>(list.size())
+                          ? Retivo::ListEntry()
+                          : list[static_cast<std::size_t>(entry)];
   const auto before = Text(retivo_.TextMatrix(retivo_.Row(), retivo_.Col()));
+  const auto stored = Stored(retivo_.Row() - retivo_.FixedRows(), retivo_.Col());
   const auto& told = window_.FrontEnd().EditEnding;
   if (told) told(window_.Model(), retivo_, entry);
   retivo_.EndEdit(entry);
-  if (text.trimmed() != before.trimmed()) window_.MarkChanged();
+  const auto changed =
+      stored ? *stored != chosen.data : before.trimmed() != Text(chosen.text).trimmed();
+  if (changed) window_.MarkChanged();
+}
+
+std::optional<std::int32_t> CellEdits::Stored(int row, int column) const {
+  const auto& stored = window_.FrontEnd().StoredData;
+  if (!stored) return std::nullopt;
+  return stored(window_.Model(), retivo_, row + retivo_.FixedRows(), column);
 }
 
 bool CellEdits::OnGrid(const CellText& cell) const {
@@ -64,25 +100,40 @@ QString CellEdits::Line(const CellText& cell, const QString& why) const {
   return QStringLiteral("%1: «%2» %3").arg(place, cell.text.trimmed(), why);
 }
 
+bool CellEdits::Shows(const CellText& cell) const {
+  return Core(Shown(cell.row + retivo_.FixedRows(), cell.column)) == Core(cell.text);
+}
+
+bool CellEdits::Stands(const CellText& cell) const {
+  const auto same = Shows(cell);
+  if (!cell.data || !Editable(cell)) return same;
+  const auto stored = Stored(cell.row, cell.column);
+  // What isn't shown may stand behind a blank all the same.
+  if (!stored) return same && *cell.data != 0;
+  return *stored == *cell.data && (same || *cell.data != 0);
+}
+
 std::optional<QString> CellEdits::PutOne(const CellText& cell) {
-  const auto row = cell.row + retivo_.FixedRows();
   const auto empty = Core(cell.text).isEmpty();
   if (!OnGrid(cell))
     return empty ? std::nullopt : std::optional(QStringLiteral("queda fuera de la tabla."));
-  const auto same = Core(Shown(row, cell.column)) == Core(cell.text);
-  if (same && (empty || !Editable(cell))) return std::nullopt;
+  if (Stands(cell)) return std::nullopt;
   if (!Editable(cell)) return QStringLiteral("no se puede poner en esa casilla.");
-  retivo_.BeginEdit(row, cell.column);
+  const auto nothingToTell = empty && Shows(cell);
+  retivo_.BeginEdit(cell.row + retivo_.FixedRows(), cell.column);
   if (!Goes() || !OnGrid(cell)) return std::nullopt;
   // What the edit has hidden or closed is no cell to put anything into.
   const auto& list = retivo_.Lista(cell.column);
-  if (list.empty() || !Editable(cell)) return QStringLiteral("no se puede poner en esa casilla.");
-  const auto entry = EntryOf(list, cell.text);
-  if (entry < 0)
-    return empty ? QStringLiteral("no se puede dejar en blanco.")
-                 : QStringLiteral("no está en la lista de esa casilla.");
-  End(entry);
-  return std::nullopt;
+  const auto open = !list.empty() && Editable(cell);
+  const auto entry = open ? EntryOf(list, cell) : -1;
+  if (entry >= 0) {
+    End(entry);
+    return std::nullopt;
+  }
+  if (nothingToTell) return std::nullopt;
+  if (!open) return QStringLiteral("no se puede poner en esa casilla.");
+  return empty ? QStringLiteral("no se puede dejar en blanco.")
+               : QStringLiteral("no está en la lista de esa casilla.");
 }
 
 bool CellEdits::Goes() const {

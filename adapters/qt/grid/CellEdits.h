@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct CellText {
   int row = 0;
   int column = 0;
   QString text;
+  /// The item data of the entry that is meant, where that is known: two entries may have one text.
+  /// 0 is what a blank entry stands for.
+  std::optional<std::int32_t> data{};
 };
 
 /// The edits of a grid's cells, each begun and ended as the user does it: the form and the host
@@ -30,8 +34,9 @@ class CellEdits {
   /// Ends the edit of the current cell with that entry of its list. The host hears of it first.
   void End(int entry);
 
-  /// Edits one cell after the other and picks the entry whose text is the given one, but for case
-  /// and blanks. A cell that shows the text already, and offers no list, is no cell to edit. The
+  /// Edits one cell after the other and picks the entry of the given data, or whose text is the
+  /// given one, but for case and blanks, and for accents where that leaves no doubt. A cell that
+  /// shows the text already is no cell to edit, unless other data is known to stand behind it. The
   /// screen follows while that goes on. Stops where the form has gone, or the program is to end.
   /// The current cell is then the one that it was.
   ///
@@ -39,10 +44,17 @@ class CellEdits {
   /// left as it was.
   QStringList Put(const std::vector<CellText>& cells);
 
+  /// What the form has stored for that cell (`QtFrontEnd::StoredData`), its row counted as above.
+  [[nodiscard]] std::optional<std::int32_t> Stored(int row, int column) const;
+
  private:
   /// Why the text was not put in; none when it was.
   std::optional<QString> PutOne(const CellText& cell);
   [[nodiscard]] bool OnGrid(const CellText& cell) const;
+  /// The cell shows that text, but for case and blanks.
+  [[nodiscard]] bool Shows(const CellText& cell) const;
+  /// The cell is already as it would be made.
+  [[nodiscard]] bool Stands(const CellText& cell) const;
   [[nodiscard]] bool Editable(const CellText& cell) const;
   [[nodiscard]] QString Shown(int row, int column) const;
   [[nodiscard]] QString Line(const CellText& cell, const QString& why) const;

@@ -74,7 +74,7 @@ void RetivoView::FillMenu(GridMenu& menu) {
   menu.Add({"Pegar", "Ctrl+V", [this] { Paste(); },
             [] { return !QGuiApplication::clipboard()->text().isEmpty(); }});
   menu.Add({"Rellenar hacia abajo", "Ctrl+D", [this] { FillDown(); },
-            [this] { return Opens(table_->Start()) && !FillTargets(*table_).empty(); }});
+            [this] { return Opens(table_->Start()) && !ToFill().empty(); }});
 }
 
 void RetivoView::Place(const QRect& room) {
@@ -171,8 +171,12 @@ void RetivoView::Paste() {
   if (first.isValid() && last.isValid()) table_->Choose({first, last});
 }
 
+std::vector<CellText> RetivoView::ToFill() const {
+  return FillTargets(*table_, [this](int row, int column) { return edits_.Stored(row, column); });
+}
+
 void RetivoView::FillDown() {
-  const auto targets = FillTargets(*table_);
+  const auto targets = ToFill();
   if (targets.empty() || !Opens(table_->Start())) return QApplication::beep();
   Edit("Rellenar hacia abajo", targets);
 }

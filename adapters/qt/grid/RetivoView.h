@@ -49,6 +49,7 @@ class RetivoView : public QObject, public ControlView {
   bool TakesCommand(const QKeyEvent& key);
   bool TakesArrow(const QKeyEvent& key);
   void Paste();
+  [[nodiscard]] std::vector<CellText> ToFill() const;
   void FillDown();
   void Clear();
   /// Puts the texts into their cells, then tells in one message what was left as it was.

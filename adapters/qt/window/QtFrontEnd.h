@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QSize>
 #include <QString>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <optional>
@@ -121,6 +122,11 @@ class QtFrontEnd : public FrontEnd {
   /// current one and still shows its former text. `entry` is the one chosen in its list, -1 for
   /// none. What it throws ends the show, as a handler's failure does.
   std::function<void(const Form& form, const Retivo& grid, int entry)> EditEnding;
+  /// Asked for the item data that the form has stored for a cell of that grid, its row counted as
+  /// the grid does: 0 for nothing, none where the host can't tell. Throws nothing.
+  std::function<std::optional<std::int32_t>(const Form& form, const Retivo& grid, int row,
+                                            int column)>
+      StoredData;
   /// Told that the menu of a grid or list opens: the place for entries of the host's own, which are
   /// run from the event loop while the window stands.
   std::function<void(QMenu& menu, FormWindow& window, const Control& grid)> GridMenuOpening;
