@@ -75,6 +75,29 @@ TEST_F(LeavingTest, AFormHiddenBehindTheOpenOneIsUnloaded) {
   EXPECT_THAT(events, ElementsAre("dentro", "fuera"));
 }
 
+TEST_F(LeavingTest, FormsThatTakeTurnsAreUnloadedOnce) {
+  TakeTurns();
+  Then("cmdPagina");
+  Then("cmdAceptar");
+  LeaveFromInner();
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("dentro", "dentro", "fuera"));
+}
+
+TEST_F(LeavingTest, AFormWhoseTurnItWouldBeIsNotLoadedAnew) {
+  TakeTurns();
+  inner->cmdAceptar.Click = [this] {
+    inner->Unload();
+    outer->ShowInTurn();
+    screen.Leave();
+  };
+  Then("cmdPagina");
+  Then("cmdAceptar");
+  outer->ShowModal();
+  EXPECT_THAT(events, ElementsAre("dentro", "fuera"));
+  EXPECT_FALSE(outer->Loaded());
+}
+
 TEST_F(LeavingTest, AFormThatIsShownTwiceIsUnloadedOnce) {
   HideOuterBehindInner();
   for (int round = 0; round < 2; ++round) {

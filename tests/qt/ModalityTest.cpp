@@ -3,6 +3,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
+#include <cstddef>
 
 #include "platform/RuntimeError.h"
 #include "platform/host/MessageBox.h"
@@ -25,6 +27,13 @@ class ModalityTest : public TwoFormsTest {
   /// Its button tells that and nothing else happens.
   void MessageOnButton(const char* text, MessageIcon icon = MessageIcon::Information) {
     outer->cmdPagina.Click = [=] { MessageBox(text, icon); };
+  }
+  /// Of forms, whether they are seen or not.
+  static std::ptrdiff_t Windows() {
+    const auto windows = QApplication::topLevelWidgets();
+    return std::count_if(windows.begin(), windows.end(), [](const QWidget* window) {
+      return dynamic_cast<const qt::FormWindow*>(window) != nullptr;
+    });
   }
   static std::function<void()> Fails(ErrorNumber number) {
     return [number] { throw RuntimeError(number); };
@@ -125,7 +134,24 @@ TEST_F(ModalityTest, AFormThatIsHiddenEndsItsShowOnceTheOneItOpenedIsGone) {
   ExpectDone();
 }
 
-// Step two goes back to step one by showing it again, over and over.
+// Step two goes back to step one, over and over: a thousand turns must leave no more windows than
+// one.
+TEST_F(ModalityTest, TwoFormsThatTakeTurnsHaveAWindowEach) {
+  TakeTurns();
+  for (int round = 0; round < 4; ++round) {
+    Then("cmdPagina");
+    Then([](auto&) { EXPECT_EQ(Windows(), 2); }, "cmdAceptar");
+  }
+  LogOf(
+      [this](auto& window) {
+        EXPECT_EQ(Windows(), 1);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(&window.Model(), outer.get());
+      },
+      "cmdCancelar");
+  EXPECT_THAT(outer->log, ElementsAre("cancelar", "descarga"));
+}
+
 TEST_F(ModalityTest, TheSameFormIsShownAgainFromInside) {
   HideOuterBehindInner();
   for (int round = 0; round < 4; ++round) {

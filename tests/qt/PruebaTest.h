@@ -28,7 +28,7 @@ class PruebaTest : public ScreenTest {
 /// Two forms, one opened from the other.
 class TwoFormsTest : public ScreenTest {
  protected:
-  /// As step two is: the outer form hides while the inner one is shown, and comes back from there.
+  /// The outer form hides while the inner one is shown, and is shown anew from inside that.
   void HideOuterBehindInner() {
     outer->cmdPagina.Click = [this] {
       outer->Hide();
@@ -37,6 +37,15 @@ class TwoFormsTest : public ScreenTest {
     inner->cmdAceptar.Click = [this] {
       inner->Unload();
       outer->ShowModal();
+    };
+  }
+
+  /// As step two of the module is: it goes before it has the outer form come back.
+  void TakeTurns() {
+    HideOuterBehindInner();
+    inner->cmdAceptar.Click = [this] {
+      inner->Unload();
+      outer->ShowInTurn();
     };
   }
 
