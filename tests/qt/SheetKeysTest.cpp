@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QTableView>
+#include <cstdint>
+#include <optional>
 
 #include "adapters/qt/views/Units.h"
 #include "platform/RuntimeError.h"
@@ -124,8 +126,19 @@ TEST_F(SheetKeysTest, DeleteTakesTheGradeAwayAsTheBlankEntryDoes) {
   form->rtvNotas.TextMatrix(1, 1, "10");
   form->rtvNotas.TextMatrix(2, 1, "5");
   Run(StandOn(0, 1), remove, Column(1, {" ", "5", "", "", "", ""}), StandOn(1, 1),
-      Press(Qt::Key_F2), remove, ListIs(false), Column(1, {" ", " ", "", "", "", ""}), remove);
+      Press(Qt::Key_F2), remove, ListIs(false), Column(1, {" ", " ", "", "", "", ""}));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 0", "inicio 2,1", "inicio 2,1", "fin 0"));
+}
+
+TEST_F(SheetKeysTest, DeleteLeavesACellThatIsKnownToBeEmptyAlone) {
+  screen.StoredData = [](const Form&, const Retivo&, int row, int) -> std::optional<std::int32_t> {
+    if (row == 1) return 0;
+    if (row == 2) return 7;
+    return std::nullopt;
+  };
+  Run(StandOn(0, 1), remove, StandOn(1, 1), remove, StandOn(2, 1), remove,
+      Column(1, {"", " ", " ", "", "", ""}));
+  EXPECT_THAT(seen, ElementsAre("inicio 2,1", "fin 0", "inicio 3,1", "fin 0"));
 }
 
 TEST_F(SheetKeysTest, ATextThatIsBeingWrittenTakesDeleteAndPasteForItself) {

@@ -53,8 +53,9 @@ class GridDataTest : public RescueTest {
   }
   [[nodiscard]] Lines Measures() const { return Stored("EvaluacionActaPte", "RE_AC_DIV", "4"); }
   [[nodiscard]] Lines Grades() const { return Stored("EvaluacionPte", "CodNota", "1"); }
-  /// The measures that are loaded.
+  /// The measures that are loaded, in a course that has them.
   void Measures(const Lines& measures) const {
+    school_.Sql("UPDATE Curso SET RE_AC=-1");
     const char* const pending[] = {"1", "2", "4"};
     for (std::size_t at = 0; at < 3; ++at)
       school_.Sql("UPDATE EvaluacionActaPte SET CodNota=105, RE_AC_DIV=" + measures[at] +
@@ -64,7 +65,7 @@ class GridDataTest : public RescueTest {
   const QKeyCombination copy_{Qt::ControlModifier, Qt::Key_C};
   const QKeyCombination paste_{Qt::ControlModifier, Qt::Key_V};
   const QKeyCombination fill_{Qt::ControlModifier, Qt::Key_D};
-  const QKeyCombination extend_{Qt::ShiftModifier, Qt::Key_Down};
+  const QKeyCombination extend_{Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_Down};
   const QKeyCombination delete_{Qt::NoModifier, Qt::Key_Delete};
 };
 
