@@ -16,7 +16,6 @@
 #include "apps/quorvane-escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
-#include "platform/RuntimeError.h"
 #include "platform/text/VisibleText.h"
 
 namespace quorvane {

@@ -5,10 +5,9 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <exception>
 #include <ctime>
+#include <exception>
 #include <istream>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
