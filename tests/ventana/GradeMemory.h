@@ -2,13 +2,13 @@
 
 #include <QComboBox>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "adapters/qt/window/FormWindow.h"
+#include "tests/ventana/SavedGrades.h"
 #include "tests/ventana/ShownGrades.h"
 #include "tests/ventana/StoredGrades.h"
 #include "tests/ventana/WatchedScreen.h"
@@ -85,12 +85,7 @@ class GradeMemory {
     if (form_ == nullptr) return;
     if (before_) {
       const StoredGrades after(school_.Unwatched(), EntersFinals(*form_), evaluation_);
-      std::size_t stored = 0;
-      for (const auto& [key, row] : after.rows)
-        if (CheckRow(key, row, whole)) ++stored;
-      if (stored < shown_.size())
-        throw Violation(std::to_string(shown_.size() - stored) +
-                        " de las materias mostradas no están en la base de datos");
+      SavedGrades(shown_, *before_, after).Check(whole);
       ++saves_;
     }
     form_.reset();
@@ -102,15 +97,6 @@ class GradeMemory {
   [[nodiscard]] std::uint64_t LeftTyped() const noexcept { return leftTyped_; }
 
  private:
-  static std::string Differences(const GradeTexts& one, const GradeTexts& other) {
-    std::string text;
-    for (const auto& [column, grade] : one)
-      if (other.at(column) != grade)
-        text += " columna " + std::to_string(column) + ": «" + grade + "», ahora «" +
-                other.at(column) + "»";
-    return text;
-  }
-
   static std::size_t Changes(const GradeTexts& before, const GradeTexts& now) {
     std::size_t count = 0;
     for (const auto& [column, grade] : before)
@@ -148,33 +134,10 @@ class GradeMemory {
                       row->second.at(expected.column) + "» y no «" + expected.text + "»");
   }
 
-  /// Whether the row's grades have been on the screen.
-  bool CheckRow(const std::string& key, const StoredGrades::Row& row, bool whole) const {
-    auto shown = shown_.find(row.pending);
-    if (shown == shown_.end()) shown = shown_.find(row.student);
-    const auto before = before_->rows.find(key);
-    if (shown == shown_.end()) {
-      // Never on the screen. Some forms don't read the grades of other kinds, and store none.
-      if (row.ordinary && before != before_->rows.end() && before->second.texts != row.texts)
-        throw Violation("Al grabar ha cambiado lo que no se mostraba: " + row.student +
-                        Differences(before->second.texts, row.texts));
-      return false;
-    }
-    for (const auto& [column, text] : shown->second) {
-      const auto& stored = row.texts.at(column);
-      const auto untouched =
-          !whole && before != before_->rows.end() && before->second.texts.at(column) == stored;
-      if (stored != text && !untouched)
-        throw Violation("Se mostraba «" + text + "» y se ha grabado «" + stored +
-                        "»: " + row.student + " columna " + std::to_string(column));
-    }
-    return true;
-  }
-
   School& school_;
   const WatchedScreen& screen_;
   std::shared_ptr<Form> form_;
-  std::map<std::string, GradeTexts> shown_;
+  ShownTexts shown_;
   std::optional<Expected> expected_;
   std::optional<StoredGrades> before_;  ///< while it saves
   std::int32_t entry_ = 0;              ///< item data of the one on the screen

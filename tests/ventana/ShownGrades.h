@@ -23,6 +23,19 @@ namespace quorvane::test {
 /// The texts of the cells of one pending subject, by column.
 using GradeTexts = std::map<int, std::string>;
 
+/// Those of several, by what each is known by, see `StoredGrades`.
+using ShownTexts = std::map<std::string, GradeTexts>;
+
+/// What `other` has otherwise, for whoever reads of it.
+inline std::string Differences(const GradeTexts& one, const GradeTexts& other) {
+  std::string text;
+  for (const auto& [column, grade] : one)
+    if (other.at(column) != grade)
+      text += " columna " + std::to_string(column) + ": «" + grade + "», ahora «" +
+              other.at(column) + "»";
+  return text;
+}
+
 /// One of the eight forms of step two. Those of step one bear the same names with a 1 behind.
 inline bool EntersGrades(const Form& form) {
   return form.Name().starts_with("frmNota") && !form.Name().ends_with("1");
@@ -81,7 +94,7 @@ struct ShownGrades {
   }
 
   std::vector<std::string> rows;  ///< the subjects' names, as the grid's rows stand
-  std::map<std::string, GradeTexts> texts;
+  ShownTexts texts;
 
  private:
   static constexpr const char* kGrid = "rtvNotasAlumno";
