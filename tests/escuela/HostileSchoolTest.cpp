@@ -193,7 +193,7 @@ TEST_F(HostileSchoolTest, NoOrderReadsAViewInThePlaceOfAnOwnTable) {
     }
     const auto byDriver = "--odbc 'Driver=SQLite3;Database=" + school_.Path() + "' /dev/null";
     const auto played = RunCommand("timeout 20 " QUORVANE_GUION " " + byDriver);
-    EXPECT_EQ(played.status, 1);
+    EXPECT_EQ(played.status, 2);
     EXPECT_THAT(played.text, HasSubstr("sino una vista"));
     Change("DROP VIEW " + table);
   }
