@@ -119,9 +119,10 @@ const ConnectionString::Entry* ConnectionString::Find(std::string_view keyword) 
 }
 
 bool ConnectionString::Reads(std::string_view text) {
-  constexpr std::string_view kTelling[] = {"Driver", "DSN",        "FileDSN",
-                                           "Server", "Servername", "Database",
-                                           "UID",    "User",       "Trusted_Connection"};
+  constexpr std::string_view kTelling[] = {"Driver",   "DSN",        "FileDSN",
+                                           "Server",   "Servername", "Database",
+                                           "UID",      "User",       "Trusted_Connection",
+                                           "ClientKey"};
   const ConnectionString given(text);
   return std::any_of(given.entries_.begin(), given.entries_.end(), [&](const Entry& entry) {
     return IsAmong(kTelling, entry.keyword) || IsSecret(entry.keyword);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
+#include <span>
 
 #include "platform/text/AsciiCase.h"
 
@@ -12,17 +13,20 @@ namespace {
 constexpr std::string_view kParts[] = {"pwd", "pass", "secret", "token"};
 constexpr std::string_view kMask = "***";
 
+constexpr std::string_view kEndings[] = {"pwd", "pass", "password", "secret", "secreto", "token"};
+/// Before a colon, behind which engines tell of a token that they don't understand.
+constexpr std::string_view kColonEndings[] = {"pwd", "pass", "password", "secret", "secreto"};
+
 /// How a keyword that was written with other signs in it ends: the letters and digits before the
-/// equals sign, as many as the longest of those words has.
-bool EndsAsSecret(std::string_view text) {
-  constexpr std::string_view kEndings[] = {"pwd", "pass", "password", "secret", "token"};
+/// sign, as many as the longest of those words has.
+bool EndsAsSecret(std::string_view text, std::span<const std::string_view> endings) {
   constexpr std::size_t kLongest = 8;
   std::string tail;
   for (auto at = text.size(); at > 0 && tail.size() < kLongest; --at)
     if (std::isalnum(static_cast<unsigned char>(text[at - 1])) != 0)
       tail.insert(0, 1, text[at - 1]);
   const auto name = AsciiLower(tail);
-  return std::any_of(std::begin(kEndings), std::end(kEndings),
+  return std::any_of(endings.begin(), endings.end(),
                      [&name](std::string_view ending) { return name.ends_with(ending); });
 }
 
@@ -62,15 +66,33 @@ std::size_t EndOfValue(std::string_view text, std::size_t at) {
   return text.size();
 }
 
+/// The brace that closes the value in which `at` stands, as in "{file:k,password:a}"; else the end
+/// of a value that begins there.
+std::size_t EndOfNestedValue(std::string_view text, std::size_t at) {
+  const auto before = text.substr(0, at);
+  const auto opened = before.rfind('{');
+  const auto closed = before.rfind('}');
+  if (opened == std::string_view::npos || (closed != std::string_view::npos && closed > opened))
+    return EndOfValue(text, at);
+  for (auto end = text.find('}', at); end != std::string_view::npos; end = text.find('}', end + 2))
+    if (end + 1 == text.size() || text[end + 1] != '}') return end;
+  return text.size();
+}
+
 std::string WithoutValues(std::string_view text) {
   std::string shown;
   std::size_t copied = 0;
-  for (auto equals = text.find('='); equals != std::string_view::npos;
-       equals = text.find('=', std::max(equals + 1, copied))) {
-    if (!IsSecret(KeywordBefore(text, equals)) && !EndsAsSecret(text.substr(0, equals))) continue;
-    shown += text.substr(copied, equals + 1 - copied);
+  for (auto sign = text.find_first_of("=:"); sign != std::string_view::npos;
+       sign = text.find_first_of("=:", std::max(sign + 1, copied))) {
+    const auto before = text.substr(0, sign);
+    const auto colon = text[sign] == ':';
+    const auto secret = colon
+                            ? EndsAsSecret(before, kColonEndings)
+                            : IsSecret(KeywordBefore(text, sign)) || EndsAsSecret(before, kEndings);
+    if (!secret) continue;
+    shown += text.substr(copied, sign + 1 - copied);
     shown += kMask;
-    copied = EndOfValue(text, equals + 1);
+    copied = colon ? EndOfNestedValue(text, sign + 1) : EndOfValue(text, sign + 1);
   }
   return shown.append(text.substr(copied));
 }

@@ -157,6 +157,8 @@ std::vector<std::string> SchoolCheck::Rows() const {
   return findings;
 }
 
+std::vector<std::string> SchoolCheck::Triggers() const { return StrangeTriggers(connection_); }
+
 void RequireSchool(Connection& school, const std::string& before) {
   const auto findings = SchoolCheck(school).Structure(SchoolCheck::For::Module);
   if (!findings.empty())

@@ -33,6 +33,10 @@ class SchoolCheck {
   /// Error 0x80004005 when the database can't be read.
   [[nodiscard]] std::vector<std::string> Rows() const;
 
+  /// What somebody has hung on a school's tables, and may keep the module from writing them; to be
+  /// called for a fit database alone. No repair takes it away: it may be there on purpose.
+  [[nodiscard]] std::vector<std::string> Triggers() const;
+
  private:
   [[nodiscard]] std::int32_t Count(const std::string& select) const;
   void FindOrphans(std::vector<std::string>& findings) const;

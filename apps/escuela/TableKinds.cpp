@@ -1,9 +1,11 @@
 #include "apps/escuela/TableKinds.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/UserPasswords.h"
+#include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/history/HistoryTriggers.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/AsciiCase.h"
@@ -44,6 +46,21 @@ std::string GeneratedQuery(Engine engine) {
   }
 }
 
+/// Gives the names of triggers with those of their tables and, in a file, the text of each; empty
+/// where none is asked for.
+std::string TriggersQuery(Engine engine) {
+  switch (engine) {
+    case Engine::PostgreSql:
+      return "SELECT CAST(tgname AS text), CAST(relname AS text) FROM pg_trigger INNER JOIN "
+             "pg_class ON pg_class.oid=tgrelid WHERE NOT tgisinternal AND "
+             "pg_table_is_visible(pg_class.oid) ORDER BY 2, 1";
+    case Engine::SqlServer:
+      return {};
+    default:
+      return "SELECT name, tbl_name, sql FROM sqlite_master WHERE type='trigger' ORDER BY 2, 1";
+  }
+}
+
 /// A table that is read, and whether what is written to it takes every column.
 struct ReadTable {
   std::string name;
@@ -80,6 +97,27 @@ std::vector<std::string> GeneratedColumns(Connection& database) {
     if (table && table->written)
       findings.push_back("La columna " + rows.Fields(1).Text() + " de la tabla " + table->name +
                          " es calculada, y no se puede escribir en ella");
+  }
+  return findings;
+}
+
+std::vector<std::string> StrangeTriggers(Connection& database) {
+  std::vector<std::string> findings;
+  const auto engine = EngineReached(database);
+  const auto triggers = TriggersQuery(engine);
+  if (triggers.empty()) return findings;
+  const auto file = engine == Engine::Sqlite;
+  // Who makes a file to harm its reader may give his own the names of ours.
+  const auto ours = file ? GradeHistory(database).TriggersSql() : std::vector<std::string>();
+  for (auto rows = database.Execute(triggers); !rows.Eof(); rows.MoveNext()) {
+    const auto name = rows.Fields(0).Text();
+    const auto table = TableNamed(rows.Fields(1).Text());
+    if (!table) continue;
+    if (IsHistoryTrigger(name, table->name) &&
+        (!file || std::find(ours.begin(), ours.end(), rows.Fields(2).Text()) != ours.end()))
+      continue;
+    findings.push_back("La tabla " + table->name + " tiene el disparador «" + name +
+                       "», que no es de estos programas y puede impedir que se escriba en ella");
   }
   return findings;
 }

@@ -25,9 +25,10 @@ SchoolAddress EntradaOf(const PlayOptions& options) {
 /// A school that lacks a table is still one, and fails where the table is asked for.
 void RequireSchool(const SchoolAddress& address) {
   const auto connection = address.Open("");
-  // A server's own tables are its keeper's affair; a file may come from anywhere.
-  const auto strange =
-      address.IsOdbc() ? std::vector<std::string>() : ViewsAmongTables(*connection);
+  // A server's own tables are its keeper's affair; a file may come from anywhere, and a driver may
+  // open one, too.
+  const auto isFile = EngineReached(*connection) == sqltext::Engine::Sqlite;
+  const auto strange = isFile ? ViewsAmongTables(*connection) : std::vector<std::string>();
   if (!strange.empty())
     throw RuntimeError(
         ErrorNumber::StatementFailed,

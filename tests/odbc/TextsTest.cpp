@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
+#include <regex>
 #include <string>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "adapters/odbc/Secrets.h"
 #include "adapters/odbc/WideText.h"
 
 namespace quorvane::test {
@@ -73,6 +75,30 @@ TEST(ConnectionStringTest, AWordWithoutAValueIsNoPartOfTheNextKeyword) {
   const ConnectionString given("Trusted_Connection;PWD=abc;def;Server=s");
   EXPECT_EQ(given.Value("PWD"), "abc");
   EXPECT_EQ(given.Value("Server"), "s");
+}
+
+TEST(ConnectionStringTest, IsKnownByTheKeyOfItsUser) {
+  EXPECT_TRUE(ConnectionString::Reads("ClientKey={file:k,password:secreto}"));
+  EXPECT_FALSE(ConnectionString::Reads("escuela=1.sqlite"));
+}
+
+TEST(SecretsTest, BehindAColonIsMaskedToo) {
+  for (const auto* const text :
+       {"ClientKey={file:k,password:secreto}", "ClientKey={file:k,Password : se,c;r=eto}",
+        "ClientKey={file:k,password:se}}creto}"})
+    EXPECT_TRUE(std::regex_match(odbc::WithoutSecrets(text),
+                                 std::regex(R"(ClientKey=\{file:k,[Pp]assword ?:\*\*\*\})")))
+        << odbc::WithoutSecrets(text);
+  EXPECT_EQ(odbc::WithoutSecrets("ClientKey=file:k,password:secreto;UID=b"),
+            "ClientKey=file:k,password:***;UID=b");
+  EXPECT_EQ(odbc::WithoutSecrets("ClientKey={file:k,secreto:abc};PWD=x;UID=b"),
+            "ClientKey={file:k,secreto:***};PWD=***;UID=b");
+}
+
+TEST(SecretsTest, WhatAnEngineSaysBehindAColonIsKept) {
+  for (const auto* const text : {"unrecognized token: \"#\"", "near \"x\": syntax error",
+                                 "FATAL: password authentication failed for user \"b\""})
+    EXPECT_EQ(odbc::WithoutSecrets(text), text);
 }
 
 TEST(ConnectionStringTest, TakesAPasswordOfAnyLetters) {

@@ -213,6 +213,13 @@ TEST_F(WindowTest, TextsAreMeasuredInTwips) {
   EXPECT_GT(screen.ScreenWidth(), screen.ScreenHeight() / 2);
 }
 
+// The toolkit's own sum of so many letters overflows, and may even be negative.
+TEST_F(WindowTest, ATextOfAnyLengthIsMeasuredByItsBeginning) {
+  const auto longest = form->TextWidth(std::string(20'000, 'W'));
+  EXPECT_GT(longest, 20'000 * form->TextWidth("W") / 2);
+  EXPECT_EQ(form->TextWidth(std::string(18'000'000, 'W')), longest);
+}
+
 class PaintCounter : public QObject {
  public:
   int paints = 0;

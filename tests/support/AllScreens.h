@@ -9,8 +9,8 @@ namespace quorvane::test {
 
 /// What a user sees who opens every screen of a school in a file, the first entry of each list
 /// chosen, and closes it again. A line that begins with "error" tells of a screen that
-/// didn't open.
-inline std::string AllScreens(const std::string& school) {
+/// didn't open. `driver` goes by the engine's ODBC driver instead of the file itself.
+inline std::string AllScreens(const std::string& school, bool driver = false) {
   std::string script =
       "nodo 123\nelegir cboTEnsenanza #0\nelegir cboCurso #2\nelegir cboSeccion #0\n"
       "pulsar cmdAceptar\nver\nfila msgAlumnos 1 0\npulsar cmdPropiedades\nver\ncerrar\n"
@@ -22,7 +22,7 @@ inline std::string AllScreens(const std::string& school) {
     script += "pulsar cmdNotaManual1(0)\nver\ncerrar\ncerrar\n";
   }
   guion::PlayOptions options;
-  options.bd = school;
+  (driver ? options.odbc : options.bd) = driver ? "Driver=SQLite3;Database=" + school : school;
   options.host.hoy = "01/01/2026";
   std::istringstream commands(script);
   std::ostringstream out;

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "platform/text/AsciiCase.h"
+
 namespace quorvane {
 namespace {
 
@@ -217,6 +219,14 @@ std::vector<std::string> NoHistoryTriggersSql(Engine engine) {
       }
     }
   return statements;
+}
+
+bool IsHistoryTrigger(std::string_view name, std::string_view table) {
+  for (const auto& watched : WatchedTables())
+    for (const auto event : kEvents)
+      if (EqualNoCase(watched.name, table) && EqualNoCase(TriggerName(watched, event), name))
+        return true;
+  return false;
 }
 
 std::string HistoryTriggersQuery(Engine engine) {
