@@ -34,12 +34,14 @@ sqlite::SqliteConnection& CrowdConnection::File() const {
 }
 
 CrowdConnection::CrowdConnection(const SchoolAddress& school, std::string name, int process,
-                                 Fault fault, Journal& journal, Figures& figures)
+                                 Fault fault, FaultCount& faults, Journal& journal,
+                                 Figures& figures)
     : Connection(std::move(name)),
       onServer_(school.IsOdbc()),
       engine_(school.Connect("")),
       process_(process),
       fault_(fault),
+      faults_(faults),
       journal_(journal),
       figures_(figures) {
   if (fault_ == Fault::Wait) File().BusyWait(std::chrono::milliseconds(0));
@@ -113,6 +115,7 @@ Recordset CrowdConnection::Run(const std::string& statement) {
   loads_ = false;
   if (statement.starts_with(kGivesBack)) CompareSaved();
   if (Swallows(statement)) {
+    faults_.Add();
     if (fault_ == Fault::Lost) journal_.Write(Journal::Kind::Written, 1, statement);
     return {};
   }
