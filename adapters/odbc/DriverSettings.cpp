@@ -1,5 +1,6 @@
 #include "adapters/odbc/DriverSettings.h"
 
+#include <algorithm>
 #include <array>
 #include <odbcinst.h>
 #include <span>
@@ -69,6 +70,14 @@ std::string GivenSetting(const ConnectionString& string, const char* keyword) {
 
 Engine NamedEngine(const std::string& connectionString) {
   return sqltext::EngineNamed(GivenSetting(ConnectionString(connectionString), "Driver"));
+}
+
+std::size_t NamedServers(const std::string& connectionString) {
+  if (NamedEngine(connectionString) != Engine::PostgreSql) return 1;
+  const ConnectionString given(connectionString);
+  auto servers = GivenSetting(given, "Server");
+  if (servers.empty()) servers = GivenSetting(given, "Servername");
+  return 1 + static_cast<std::size_t>(std::count(servers.begin(), servers.end(), ','));
 }
 
 std::string Completed(const std::string& connectionString, Engine engine) {
