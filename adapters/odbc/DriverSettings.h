@@ -12,6 +12,10 @@ namespace quorvane::odbc {
 /// that it names; unknown where neither does.
 sqltext::Engine NamedEngine(const std::string& connectionString);
 
+/// Whether it names, likewise, a driver, and that is known for none of the engines that are
+/// supported.
+bool NamesOtherDriver(const std::string& connectionString);
+
 /// What the connection string says of a keyword, or else the data source that it names; empty where
 /// neither does.
 std::string GivenSetting(const ConnectionString& string, const char* keyword);
