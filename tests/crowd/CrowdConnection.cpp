@@ -93,6 +93,17 @@ bool CrowdConnection::Swallows(const std::string& statement) const {
   return fault_ == Fault::Lost && update && update->GivesGrades();
 }
 
+void CrowdConnection::Swallow(const std::string& statement) {
+  if (fault_ == Fault::Lost) {
+    journal_.Write(Journal::Kind::Written, 1, statement);
+    faults_.Add();
+  }
+  if (fault_ == Fault::Lock && statement.starts_with(kGivesLocksBack)) {
+    // Not to be removed either by who mends what an error has left.
+    if (std::exchange(publication_, 0) != 0) faults_.Add();
+  }
+}
+
 void CrowdConnection::NoteLoad(const std::string& statement) {
   if (!loads_ || statement.find(kLeavesOutLocked) == std::string::npos) return;
   loads_ = false;
@@ -115,8 +126,7 @@ Recordset CrowdConnection::Run(const std::string& statement) {
   loads_ = false;
   if (statement.starts_with(kGivesBack)) CompareSaved();
   if (Swallows(statement)) {
-    faults_.Add();
-    if (fault_ == Fault::Lost) journal_.Write(Journal::Kind::Written, 1, statement);
+    Swallow(statement);
     return {};
   }
   ++figures_[kWrites];

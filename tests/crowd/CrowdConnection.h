@@ -48,6 +48,7 @@ class CrowdConnection : public Connection {
   void Note(const std::string& statement);
   void NoteLoad(const std::string& statement);
   [[nodiscard]] bool Swallows(const std::string& statement) const;
+  void Swallow(const std::string& statement);
   void CompareSaved();
 
   bool onServer_;
