@@ -118,11 +118,21 @@ const ConnectionString::Entry* ConnectionString::Find(std::string_view keyword) 
   return found == entries_.end() ? nullptr : &*found;
 }
 
+bool ConnectionString::IsAddress(std::string_view text) {
+  const auto scheme = text.substr(0, text.find("://"));
+  return scheme.size() < text.size() && scheme.size() > 1 &&
+         std::all_of(scheme.begin(), scheme.end(), [](char letter) {
+           const auto lower = static_cast<char>(letter | 0x20);
+           return lower >= 'a' && lower <= 'z';
+         });
+}
+
 bool ConnectionString::Reads(std::string_view text) {
   constexpr std::string_view kTelling[] = {"Driver",   "DSN",        "FileDSN",
                                            "Server",   "Servername", "Database",
                                            "UID",      "User",       "Trusted_Connection",
                                            "ClientKey"};
+  if (IsAddress(text)) return true;
   const ConnectionString given(text);
   return std::any_of(given.entries_.begin(), given.entries_.end(), [&](const Entry& entry) {
     return IsAmong(kTelling, entry.keyword) || IsSecret(entry.keyword);

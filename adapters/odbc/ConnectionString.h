@@ -12,10 +12,17 @@ class ConnectionString {
  public:
   explicit ConnectionString(std::string_view text);
 
-  /// Whether a text can be one at all, rather than a file's name.
-  static bool Looks(std::string_view text) { return text.find('=') != std::string_view::npos; }
+  /// Whether a text is a server's address in its place, "postgresql://escuela/centro", which no
+  /// driver takes.
+  static bool IsAddress(std::string_view text);
 
-  /// Whether it surely is one: a keyword stands in it that tells a driver where to go, or a secret.
+  /// Whether a text can be one at all, or an address in its place, rather than a file's name.
+  static bool Looks(std::string_view text) {
+    return text.find('=') != std::string_view::npos || IsAddress(text);
+  }
+
+  /// Whether it surely is one: a keyword stands in it that tells a driver where to go, or a secret;
+  /// or it is an address.
   static bool Reads(std::string_view text);
 
   [[nodiscard]] bool Has(std::string_view keyword) const;

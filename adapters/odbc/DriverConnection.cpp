@@ -9,6 +9,7 @@
 #include "adapters/odbc/ColumnReader.h"
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverFailure.h"
+#include "adapters/odbc/DriverSettings.h"
 #include "adapters/sqltext/FieldName.h"
 
 namespace quorvane::odbc {
@@ -43,9 +44,8 @@ class Closing {
 };
 
 /// The driver takes that time for each of the servers that a string names.
-std::uintptr_t ForEach(std::uintptr_t seconds, const std::string& servers) {
-  const auto others = std::count(servers.begin(), servers.end(), ',');
-  return std::max<std::uintptr_t>(seconds / (1 + static_cast<std::uintptr_t>(others)), 2);
+std::uintptr_t ForEach(std::uintptr_t seconds, std::size_t servers) {
+  return std::max<std::uintptr_t>(seconds / servers, 2);
 }
 
 /// Whether there is a server that says anything at all, be it that it is full.
@@ -72,7 +72,7 @@ DriverConnection::DriverConnection(const std::string& connectionString, Letters 
     });
   const auto seconds = purpose == Purpose::Work ? kLoginSeconds : kQuestionSeconds;
   SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
-                    AsPointer(ForEach(seconds, given.Value("Server"))), 0);
+                    AsPointer(ForEach(seconds, NamedServers(connectionString))), 0);
   auto watched = Watched();
   if (!SQL_SUCCEEDED(calls_.Connect(connection_.Get(), connectionString)))
     throw DriverFailure({calls_, SQL_HANDLE_DBC, connection_.Get()});

@@ -1,8 +1,13 @@
 #include "adapters/odbc/DriverSettings.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <odbcinst.h>
 #include <span>
+#include <string_view>
+
+#include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
 namespace {
@@ -69,6 +74,24 @@ std::string GivenSetting(const ConnectionString& string, const char* keyword) {
 
 Engine NamedEngine(const std::string& connectionString) {
   return sqltext::EngineNamed(GivenSetting(ConnectionString(connectionString), "Driver"));
+}
+
+bool NamesOtherDriver(const std::string& connectionString) {
+  const auto driver = AsciiLower(GivenSetting(ConnectionString(connectionString), "Driver"));
+  if (driver.empty() || sqltext::EngineNamed(driver) != Engine::Unknown) return false;
+  // These don't bear their server's name.
+  constexpr std::string_view kOfSqlServer[] = {"freetds", "tdsodbc", "msodbcsql"};
+  return std::none_of(std::begin(kOfSqlServer), std::end(kOfSqlServer), [&](std::string_view name) {
+    return driver.find(name) != std::string::npos;
+  });
+}
+
+std::size_t NamedServers(const std::string& connectionString) {
+  if (NamedEngine(connectionString) != Engine::PostgreSql) return 1;
+  const ConnectionString given(connectionString);
+  auto servers = GivenSetting(given, "Server");
+  if (servers.empty()) servers = GivenSetting(given, "Servername");
+  return 1 + static_cast<std::size_t>(std::count(servers.begin(), servers.end(), ','));
 }
 
 std::string Completed(const std::string& connectionString, Engine engine) {

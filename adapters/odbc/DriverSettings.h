@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "adapters/odbc/ConnectionString.h"
@@ -11,9 +12,17 @@ namespace quorvane::odbc {
 /// that it names; unknown where neither does.
 sqltext::Engine NamedEngine(const std::string& connectionString);
 
+/// Whether it names, likewise, a driver, and that is known for none of the engines that are
+/// supported.
+bool NamesOtherDriver(const std::string& connectionString);
+
 /// What the connection string says of a keyword, or else the data source that it names; empty where
 /// neither does.
 std::string GivenSetting(const ConnectionString& string, const char* keyword);
+
+/// How many servers it names, which the driver tries one after the other: PostgreSQL's alone does,
+/// the others know the comma for other things.
+std::size_t NamedServers(const std::string& connectionString);
 
 /// The connection string with the settings that its engine's driver needs and that neither it nor
 /// its data source has. What either has counts.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "adapters/odbc/Diagnostics.h"
+#include "adapters/odbc/DriverSettings.h"
 
 namespace quorvane::odbc {
 namespace {
@@ -64,10 +65,13 @@ std::string WordsFor(const Diagnostics& diagnostics) {
   return found == meanings.end() ? std::string() : std::string(". ") + found->words;
 }
 
-std::string Advice(const Diagnostics& diagnostics) {
-  if (diagnostics.HasState("IM") || diagnostics.HasState("01000"))
-    return ". Compruebe que la cadena nombra un controlador instalado, con «odbcinst -q -d», o un "
+std::string Advice(const Diagnostics& diagnostics, const std::string& connectionString) {
+  if (diagnostics.HasState("IM") || diagnostics.HasState("01000")) {
+    const auto others = NamesOtherDriver(connectionString);
+    return (others ? std::string(". ") + kSupportedEngines : std::string()) +
+           ". Compruebe que la cadena nombra un controlador instalado, con «odbcinst -q -d», o un "
            "origen de datos, con «odbcinst -q -s»";
+  }
   // PostgreSQL's driver gives one state for whatever keeps a connection from being made.
   const auto text = diagnostics.Error().Description();
   const auto& signs = LoginSigns();

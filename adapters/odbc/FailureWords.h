@@ -11,8 +11,12 @@ class Diagnostics;
 /// ". El disco del servidor está lleno…". Empty where those have to do.
 std::string WordsFor(const Diagnostics& diagnostics);
 
-/// What the user can do about a connection that doesn't come to be, likewise.
-std::string Advice(const Diagnostics& diagnostics);
+/// What the user can do about a connection by that string that doesn't come to be, likewise.
+std::string Advice(const Diagnostics& diagnostics, const std::string& connectionString);
+
+/// To whom names the driver of another.
+inline constexpr auto kSupportedEngines =
+    "Solo se admiten PostgreSQL desde la 12, SQL Server y SQLite";
 
 /// What drivers say, one of them, of a user that the server doesn't know or whose password is
 /// wrong; what stands in brackets is a number.

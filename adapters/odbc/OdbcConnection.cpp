@@ -47,6 +47,11 @@ std::string DateStatement(Engine engine) {
 void RequireFit(const std::string& text) {
   constexpr std::size_t kMost = 8000;  // of what may hold nothing that is read as a keyword
   auto reason = ConnectionString(text).TooLong();
+  // It isn't repeated, since it may hold a password.
+  if (ConnectionString::IsAddress(text))
+    reason =
+        "Una dirección como «postgresql://…» no es una cadena de conexión. Escriba lo mismo así: "
+        "Driver=PostgreSQL Unicode;Server=escuela;Port=5432;Database=centro;UID=zendria";
   if (reason.empty() && text.size() > kMost) reason = "La cadena de conexión es demasiado larga";
   if (text.find('\0') != std::string::npos) reason = "La cadena de conexión lleva un carácter nulo";
   if (!reason.empty()) throw RuntimeError(ErrorNumber::StatementFailed, reason);
@@ -93,7 +98,7 @@ void OdbcConnection::Connect(Engine expected) {
     });
   } catch (const DriverFailure& failure) {
     throw failure.What().Error("No se puede conectar con la base de datos: ",
-                               Advice(failure.What()));
+                               Advice(failure.What(), text_));
   }
   engine_ = sqltext::EngineNamed(connection_->Info(SQL_DBMS_NAME));
 }

@@ -123,7 +123,10 @@ QString NoDriver(const odbc::ConnectionString& given) {
   return QStringLiteral(
              "En este equipo no hay ningún controlador «%1». Los que hay los dice «odbcinst -q "
              "-d».")
-      .arg(driver);
+             .arg(driver) +
+         (odbc::NamesOtherDriver(given.Text())
+              ? QStringLiteral(" %1.").arg(QString::fromUtf8(odbc::kSupportedEngines))
+              : QString());
 }
 
 QString NoSchool(const QStringList& missing, const QString& database) {
@@ -149,6 +152,7 @@ ServerAnswer AnswerTo(const SchoolError& error, const SchoolAddress& address) {
   const auto why = error.Why();
   if (!error.Missing().isEmpty())
     return {About::Database, NoSchool(error.Missing(), place.database)};
+  if (odbc::ConnectionString::IsAddress(address.Text())) return {About::Everything, why};
   const auto behind = QStringLiteral("\n\nEl controlador dice: ") + Bare(why);
   if (HoldsAny(why, {"Can't open lib", "[IM00"}))
     return {About::Everything, NoDriver(given) + behind};

@@ -8,6 +8,7 @@
 #include "apps/escuela/SchoolAddress.h"
 #include "tests/crowd/Audit.h"
 #include "tests/crowd/CrowdOptions.h"
+#include "tests/crowd/FaultCount.h"
 #include "tests/crowd/Figures.h"
 #include "tests/support/TempFolder.h"
 
@@ -43,6 +44,8 @@ class Crowd {
   SchoolAddress school_;
   SchoolAddress owners_;  ///< the same, as who has made it
   bool made_ = false;
+  FaultCount faults_;
+  double played_ = 0;  ///< seconds
   std::map<std::string, Diary::Table> before_;
   std::vector<Figures> figures_;
   std::vector<std::string> violations_;

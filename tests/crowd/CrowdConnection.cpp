@@ -34,12 +34,14 @@ sqlite::SqliteConnection& CrowdConnection::File() const {
 }
 
 CrowdConnection::CrowdConnection(const SchoolAddress& school, std::string name, int process,
-                                 Fault fault, Journal& journal, Figures& figures)
+                                 Fault fault, FaultCount& faults, Journal& journal,
+                                 Figures& figures)
     : Connection(std::move(name)),
       onServer_(school.IsOdbc()),
       engine_(school.Connect("")),
       process_(process),
       fault_(fault),
+      faults_(faults),
       journal_(journal),
       figures_(figures) {
   if (fault_ == Fault::Wait) File().BusyWait(std::chrono::milliseconds(0));
@@ -91,6 +93,17 @@ bool CrowdConnection::Swallows(const std::string& statement) const {
   return fault_ == Fault::Lost && update && update->GivesGrades();
 }
 
+void CrowdConnection::Swallow(const std::string& statement) {
+  if (fault_ == Fault::Lost) {
+    journal_.Write(Journal::Kind::Written, 1, statement);
+    faults_.Add();
+  }
+  if (fault_ == Fault::Lock && statement.starts_with(kGivesLocksBack)) {
+    // Not to be removed either by who mends what an error has left.
+    if (std::exchange(publication_, 0) != 0) faults_.Add();
+  }
+}
+
 void CrowdConnection::NoteLoad(const std::string& statement) {
   if (!loads_ || statement.find(kLeavesOutLocked) == std::string::npos) return;
   loads_ = false;
@@ -113,7 +126,7 @@ Recordset CrowdConnection::Run(const std::string& statement) {
   loads_ = false;
   if (statement.starts_with(kGivesBack)) CompareSaved();
   if (Swallows(statement)) {
-    if (fault_ == Fault::Lost) journal_.Write(Journal::Kind::Written, 1, statement);
+    Swallow(statement);
     return {};
   }
   ++figures_[kWrites];

@@ -6,6 +6,7 @@
 
 #include "apps/escuela/SchoolAddress.h"
 #include "tests/crowd/CrowdOptions.h"
+#include "tests/crowd/FaultCount.h"
 #include "tests/crowd/Figures.h"
 #include "tests/crowd/Journal.h"
 
@@ -20,9 +21,9 @@ namespace quorvane::test {
 /// still there.
 class CrowdConnection : public Connection {
  public:
-  /// `journal` and `figures` outlive the connection.
+  /// `faults`, `journal` and `figures` outlive the connection.
   CrowdConnection(const SchoolAddress& school, std::string name, int process, Fault fault,
-                  Journal& journal, Figures& figures);
+                  FaultCount& faults, Journal& journal, Figures& figures);
 
   void Open() override;
   void Close() override { engine_->Close(); }
@@ -33,6 +34,8 @@ class CrowdConnection : public Connection {
   void BeginForm(const std::string& name, bool entersGrades);
   /// Removes, from outside the forms, what one that is gone had taken and not given back.
   void RemoveLeftovers();
+  /// The publication of the form that is open; 0 without one.
+  [[nodiscard]] int Publication() const noexcept { return publication_; }
 
  protected:
   Recordset Run(const std::string& statement) override;
@@ -45,12 +48,14 @@ class CrowdConnection : public Connection {
   void Note(const std::string& statement);
   void NoteLoad(const std::string& statement);
   [[nodiscard]] bool Swallows(const std::string& statement) const;
+  void Swallow(const std::string& statement);
   void CompareSaved();
 
   bool onServer_;
   std::unique_ptr<Connection> engine_;
   int process_;
   Fault fault_;
+  FaultCount& faults_;
   Journal& journal_;
   Figures& figures_;
   std::vector<std::string> saved_;  ///< the statements that gave grades, of the form that is open

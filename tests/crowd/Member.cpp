@@ -1,5 +1,6 @@
 #include "tests/crowd/Member.h"
 
+#include <algorithm>
 #include <limits>
 #include <thread>
 #include <utility>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int kRegisterNode = 123;
 constexpr int kGradeNodes = 4;
+constexpr auto kLongestSearch = std::chrono::seconds(60);
 /// Subjects of some kinds can't be loaded by some forms, however many users there are.
 constexpr const char* kMissingColumn = "CodAlumno_MateriaDetalles";
 
@@ -39,11 +41,13 @@ std::string Kind(const std::string& text) { return text.substr(0, text.find_firs
 
 }  // namespace
 
-Member::Member(int number, const CrowdOptions& options, SchoolAddress school,
+Member::Member(int number, const CrowdOptions& options, FaultCount& faults, SchoolAddress school,
                const std::string& journal)
     : number_(number),
       fault_(number == 1 ? options.fault : Fault::None),
+      faults_(faults),
       pause_(options.pause),
+      isWrong_(options.fault != Fault::None),
       users_(options.users),
       school_(std::move(school)),
       journal_(journal),
@@ -58,7 +62,8 @@ void Member::Play(std::chrono::seconds time) {
   auto open = OpenProgram();
   // Many who come at once wait at a server's door: the time counts from within.
   until_ = Clock::now() + time;
-  for (; Clock::now() < until_; open = OpenProgram())
+  latest_ = isWrong_ ? std::max(until_, Clock::now() + kLongestSearch) : until_;
+  for (; !IsOver(); open = OpenProgram())
     if (open) UseProgram();
   figures_[kGestures] = static_cast<std::int64_t>(user_.Gestures());
   for (const auto& [name, count] : figures_.counts)
@@ -67,9 +72,15 @@ void Member::Play(std::chrono::seconds time) {
     journal_.Write(Journal::Kind::Figure, times, "error " + error);
 }
 
+bool Member::IsOver() const {
+  const auto now = Clock::now();
+  return now >= latest_ || (now >= until_ && (!isWrong_ || faults_.IsEnough()));
+}
+
 bool Member::OpenProgram() {
   const auto open = [this](const char* name) {
-    return std::make_unique<CrowdConnection>(school_, name, number_, fault_, journal_, figures_);
+    return std::make_unique<CrowdConnection>(school_, name, number_, fault_, faults_, journal_,
+                                             figures_);
   };
   centro_ = open("centro");
   borrado_ = std::make_unique<StandbyConnection>(open(""), "borrado");
@@ -84,8 +95,7 @@ bool Member::OpenProgram() {
 }
 
 void Member::UseProgram() {
-  for (auto screens = 1 + random_.Below(8); screens > 0 && Clock::now() < until_; --screens)
-    OpenScreen();
+  for (auto screens = 1 + random_.Below(8); screens > 0 && !IsOver(); --screens) OpenScreen();
 }
 
 void Member::OpenScreen() {
@@ -109,7 +119,12 @@ void Member::CountError(const RuntimeError& error) {
   if (IsCollision(text))
     ++figures_[kCollisions];
   else if (error.Is(ErrorNumber::StatementFailed) && !IsMissingColumn(text))
-    ++figures_[kBusy];
+    Busy();
+}
+
+void Member::Busy() {
+  ++figures_[kBusy];
+  if (fault_ == Fault::Wait) faults_.Add();
 }
 
 void Member::Recover(const RuntimeError& error) {
@@ -135,7 +150,7 @@ void Member::Settle() {
   if (pause_ > 0)
     std::this_thread::sleep_for(
         std::chrono::milliseconds(random_.Below(static_cast<std::size_t>(pause_) + 1)));
-  user_.OnlyCloses(Clock::now() >= until_);
+  user_.OnlyCloses(IsOver());
   if (fault_ == Fault::Grade && random_.Chance(20)) GradeForeignSubject();
 }
 
@@ -147,7 +162,8 @@ void Member::Told(const std::string& text) {
 
 void Member::GradeForeignSubject() {
   const auto row = centro_->Execute(
-      "SELECT CodAlumnoPte_MatDet, E.CodNumEvaluacion AS Evaluacion, CodNota FROM EvaluacionPte E, "
+      "SELECT CodAlumnoPte_MatDet, E.CodNumEvaluacion AS Evaluacion, CodNota, "
+      "CodPublicacion FROM EvaluacionPte E, "
       "AlumnoPte_MatDet, BloqueoPte B WHERE IDAlumnoPte_MatDet=CodAlumnoPte_MatDet AND "
       "B.CodMatDet=AlumnoPte_MatDet.CodMatDet AND B.CodNumEvaluacion=E.CodNumEvaluacion LIMIT 1");
   if (row.Eof()) return;
@@ -155,6 +171,7 @@ void Member::GradeForeignSubject() {
       "UPDATE EvaluacionPte SET CodNota=" + std::to_string(row.Fields("CodNota").Long() + 1) +
       " WHERE CodNumEvaluacion=" + row.Fields("Evaluacion").Text() +
       " AND CodAlumnoPte_MatDet = " + row.Fields("CodAlumnoPte_MatDet").Text());
+  if (row.Fields("CodPublicacion").Long() != centro_->Publication()) faults_.Add();
 }
 
 }  // namespace quorvane::test

@@ -24,8 +24,12 @@ class Member : public Onlooker {
   using Clock = std::chrono::steady_clock;
 
   /// `number` from 1. The school is there; the journal is made.
-  Member(int number, const CrowdOptions& options, SchoolAddress school, const std::string& journal);
+  /// `faults` is shared with the others, and outlives it.
+  Member(int number, const CrowdOptions& options, FaultCount& faults, SchoolAddress school,
+         const std::string& journal);
 
+  /// Where something is done wrong on purpose it goes on until that has been done often enough, a
+  /// minute at most.
   void Play(std::chrono::seconds time);
 
   void Loading(Form& form) override;
@@ -35,16 +39,20 @@ class Member : public Onlooker {
   void Told(const std::string& text) override;
 
  private:
+  [[nodiscard]] bool IsOver() const;
   [[nodiscard]] bool OpenProgram();
   void UseProgram();
   void OpenScreen();
+  void Busy();
   void CountError(const RuntimeError& error);
   void Recover(const RuntimeError& error);
   void GradeForeignSubject();
 
   int number_;
   Fault fault_;
+  FaultCount& faults_;
   int pause_;
+  bool isWrong_;  ///< one of the processes does something wrong on purpose
   int users_;
   SchoolAddress school_;
   Journal journal_;
@@ -54,6 +62,7 @@ class Member : public Onlooker {
   RandomUser user_;
   RandomHost host_;
   Clock::time_point until_;
+  Clock::time_point latest_;  ///< however seldom it has been done wrong
   std::unique_ptr<CrowdConnection> centro_;
   std::unique_ptr<Connection> borrado_;  ///< as in the programs: opened when used
   std::unique_ptr<CrowdConnection> entrada_;

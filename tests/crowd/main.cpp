@@ -24,7 +24,8 @@ azar. Después comprueba, apunte por apunte, que nadie ha perdido lo que grabó.
   --duena CADENA  lo mismo, como quien hace las tablas; sin ella, el de --odbc
   --carpeta D     dónde poner la escuela (la de los ficheros temporales)
   --falta F       el primero hace mal a propósito: nota, bloqueo, perdida o espera;
-                  termina bien si se descubre
+                  termina bien si se descubre. Sigue hasta que la haya hecho
+                  tres veces, un minuto como mucho
 )";
 constexpr std::size_t kShown = 10;
 

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
@@ -266,8 +267,9 @@ TEST_F(CopyTest, GoesThroughADriverToo) {
   EXPECT_EQ(RowsOf(from), RowsOf(folder / "vuelta.sqlite"));
 }
 
-/// Starts the program's copy, and a while later signals it; how it ended.
-int EndedBy(int signal, const std::string& from, const std::string& to) {
+/// Starts the program's copy, and signals it once it has `begun`; how it ended.
+int EndedBy(int signal, const std::string& from, const std::string& to,
+            const std::function<bool()>& begun) {
   const auto child = fork();
   if (child == 0) {
     const auto nothing = open("/dev/null", O_WRONLY);
@@ -276,14 +278,6 @@ int EndedBy(int signal, const std::string& from, const std::string& to) {
     execl(QUORVANE_ESCUELA, QUORVANE_ESCUELA, "copiar", from.c_str(), to.c_str(), nullptr);
     _exit(127);
   }
-  // Not before it writes.
-  const auto begun = [&] {
-    for (const auto& file :
-         std::filesystem::directory_iterator(std::filesystem::path(to).parent_path()))
-      if (file.path().string().find("parcial") != std::string::npos && file.file_size() > 0)
-        return true;
-    return false;
-  };
   for (auto i = 0; i < 2000 && !begun(); ++i)
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
   kill(child, signal);
@@ -298,8 +292,15 @@ TEST_F(CopyTest, EndsByTheSignalAndLeavesNothing) {
     SchoolGenerator(school).Build(20000, 3, [](std::size_t) {});
   });
   const auto files = folder.Files();
+  const auto writes = [&] {
+    for (const auto& file :
+         std::filesystem::directory_iterator(std::filesystem::path(to).parent_path()))
+      if (file.path().string().find("parcial") != std::string::npos && file.file_size() > 0)
+        return true;
+    return false;
+  };
   for (const auto signal : {SIGINT, SIGTERM, SIGHUP}) {
-    EXPECT_EQ(EndedBy(signal, large, to), signal);
+    EXPECT_EQ(EndedBy(signal, large, to, writes), signal);
     EXPECT_EQ(folder.Files(), files);
   }
 }
@@ -407,6 +408,26 @@ TEST_F(CopyOnServer, ASecondSignalEndsItWhereItWaits) {
   EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT);
   kill(child, SIGKILL);
   holder->Execute("ROLLBACK");
+}
+
+TEST_F(CopyOnServer, EndsByTheSignalAndLeavesNothing) {
+  const auto large = folder / "grande.sqlite";
+  MakeSchoolFile(large, [](Connection& school) {
+    SchoolGenerator(school).Build(20000, 3, [](std::size_t) {});
+  });
+  odbc::OdbcConnection watcher(OwnerString("postgres"), "");
+  watcher.Open();
+  // Nobody sees the rows of a transaction that goes on; the server tells that there are some.
+  const auto writes = [&] {
+    return RowsOf(watcher,
+                  "SELECT COUNT(*) FROM pg_stat_activity WHERE backend_xid IS NOT NULL AND "
+                  "query LIKE '%INSERT INTO %' AND datname='" +
+                      name + "'") == Rows{"1|"};
+  };
+  for (const auto signal : {SIGINT, SIGTERM}) {
+    EXPECT_EQ(EndedBy(signal, large, OwnerString(name), writes), signal);
+    EXPECT_THAT(TablesThere(), ElementsAre("0|"));
+  }
 }
 
 TEST_F(CopyOnServer, LeavesNothingWhenItIsGivenUp) {

@@ -13,6 +13,7 @@ namespace {
 using odbc::Completed;
 using odbc::ConnectionString;
 using odbc::NamedEngine;
+using odbc::NamedServers;
 using sqltext::Engine;
 
 /// Data sources of the user's, while it lives.
@@ -70,6 +71,18 @@ TEST(DriverSettingsTest, TheEngineIsNamedByTheDriverOrItsFile) {
   EXPECT_EQ(NamedEngine("Driver=libsqlite3odbc.so"), Engine::Sqlite);
   EXPECT_EQ(NamedEngine("Driver=FreeTDS"), Engine::Unknown);
   EXPECT_EQ(NamedEngine("DSN=no_hay_tal"), Engine::Unknown);
+}
+
+TEST(DriverSettingsTest, OnlyPostgreSqlIsGivenSeveralServers) {
+  const DataSources sources(
+      "[Centro]\nDriver=PostgreSQL Unicode\nServername=uno,dos\n"
+      "[Notas]\nDriver=FreeTDS\nServer=tcp:escuela,1433\n");
+  EXPECT_EQ(NamedServers("Driver=PostgreSQL Unicode;Server=uno"), 1U);
+  EXPECT_EQ(NamedServers("Driver=PostgreSQL Unicode;Server=uno,dos,tres"), 3U);
+  EXPECT_EQ(NamedServers("DSN=Centro"), 2U);
+  EXPECT_EQ(NamedServers("DSN=Centro;Server=uno,dos,tres"), 3U);
+  EXPECT_EQ(NamedServers("Driver=ODBC Driver 18 for SQL Server;Server=tcp:escuela,1433"), 1U);
+  EXPECT_EQ(NamedServers("DSN=Notas"), 1U);
 }
 
 }  // namespace

@@ -18,6 +18,8 @@ from cluster import OWNER, PASSWORD, USER, Cluster  # noqa: E402
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 YEAR = ROOT / 'tests' / 'odbc' / 'curso.guion'
+# What a copy may take: the program itself and the rows of one statement, however large the school is.
+COPY_KIB = 40 * 1024
 SCRIPTS = [*sorted((ROOT / 'docs' / 'ejemplos').glob('*.guion')), ROOT / 'docs' / 'sesion-de-muestra.guion', YEAR]
 
 
@@ -227,6 +229,15 @@ class ProgramsTest(unittest.TestCase):
         self.assertEqual(told, sorted(told))
         self.assertEqual(told[-1], 100)
         self.assertNotIn('Copiando', done.stdout)
+
+    def test_the_order_that_copies_keeps_a_part_of_the_school_alone(self):
+        school, server = self.on_file('generar', '--alumnos', '20000', '--semilla', '1'), self.database()
+        process = subprocess.Popen([os.environ['QUORVANE_ESCUELA'], 'copiar', school.owner[0], server.owner[1]],
+                                   stdout=subprocess.DEVNULL)
+        _, status, used = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        self.assertEqual(process.returncode, 0)
+        self.assertLess(used.ru_maxrss, COPY_KIB)
 
     def test_a_password_needs_no_command_line(self):
         server = self.on_server('demo')

@@ -188,6 +188,11 @@ TEST(ConnectAnswer, WithoutADriverNamesThePackage) {
       told("Driver=FreeTDS;Server=a", why)
           .endsWith("El controlador dice: [01000] Can't open lib 'x' : file not found (0)"));
   ExpectTold("Driver=No hay tal;Server=a;UID=ana", "ningún controlador «No hay tal»");
+  ExpectTold("Driver=MySQL;Server=a;UID=ana",
+             "Solo se admiten PostgreSQL desde la 12, SQL Server y SQLite.");
+  EXPECT_FALSE(told("Driver=SQLite4;Database=a", why).contains("Solo se admiten"));
+  const QString address = "Una dirección como «postgresql://…» no es una cadena de conexión.";
+  EXPECT_EQ(told("postgresql://ana:secreto@a/centro", address), address);
   ExpectTold("DSN=no_hay_tal;UID=ana", "ningún origen de datos «no_hay_tal»");
 }
 
