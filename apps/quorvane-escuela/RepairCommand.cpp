@@ -32,8 +32,10 @@ int Repair(const SchoolAddress& address, const RepairOptions& options) {
     const auto report = RepairSchool(
         address, options, [&](const RepairReport& done) { Tell(done, address, options.simulate); },
         RequireGoing);
-    if (report.undo.empty()) std::cout << "-- No hay nada que reparar\n";
-    return 0;
+    if (report.undo.empty() && report.left.empty()) std::cout << "-- No hay nada que reparar\n";
+    for (const auto& finding : report.left)
+      std::cerr << "quorvane-escuela: No se ha podido reparar: " << VisibleText(finding) << '\n';
+    return report.left.empty() ? 0 : 1;
   });
 }
 
