@@ -98,20 +98,22 @@ class TableValues {
   TableValues(Connection& connection, const SchemaTable& table, std::vector<std::string>& findings)
       : connection_(connection), table_(table), findings_(findings) {}
 
-  void Check() {
+  /// `keysAlone` passes by all columns else, and whether there is a key behind the last.
+  void Check(bool keysAlone = false) {
     const auto names = ColumnsOf(connection_, table_.name).value_or(FieldNames());
     for (std::size_t i = 0; i < table_.columns.size(); ++i) {
       const auto& column = table_.columns[i];
+      if (keysAlone && column.kind != SchemaKind::Key) continue;
       // Of one whose name is free the place is not.
       const auto free = column.mark == SchemaMark::FreeName && i < names.size();
       for (const auto& name : names)
         if (EqualNoCase(name, free ? names[i] : column.name))
-          CheckColumn(free ? name : column.name, column);
+          CheckColumn(free ? name : column.name, column, keysAlone);
     }
   }
 
  private:
-  void CheckColumn(const std::string& name, const SchemaColumn& column) {
+  void CheckColumn(const std::string& name, const SchemaColumn& column, bool keysAlone) {
     const auto kind = KindRead(table_, column);
     const auto field = FieldOf(kind);
     if (!field) return;
@@ -121,10 +123,10 @@ class TableValues {
       Find("Valores que no caben en " + table_.name + "." + name + ": " + Counted(bad) +
            " sin un número de " + std::to_string(field->least) + " a " +
            std::to_string(field->most));
-    if (column.kind == SchemaKind::Key) CheckKey(name);
+    if (column.kind == SchemaKind::Key) CheckKey(name, keysAlone);
   }
 
-  void CheckKey(const std::string& name) {
+  void CheckKey(const std::string& name, bool keysAlone) {
     const auto count = [&](const std::string& condition) {
       return connection_
           .Execute("SELECT COUNT(*) FROM " + table_.name + " WHERE [" + name + "]" + condition)
@@ -134,7 +136,7 @@ class TableValues {
     if (const auto missing = count(" IS NULL"); missing > 0)
       Find("Sin clave en " + table_.name + ": " + Counted(static_cast<std::size_t>(missing)) +
            " cuyo " + name + " es nulo");
-    if (count("=" + std::to_string(kLastKey)) > 0)
+    if (!keysAlone && count("=" + std::to_string(kLastKey)) > 0)
       Find("Última clave en " + table_.name + ": una fila tiene ya el mayor " + name +
            " posible, y detrás no se puede añadir ninguna");
   }
@@ -177,6 +179,13 @@ std::vector<std::string> BadValues(Connection& connection) {
   std::vector<std::string> findings;
   for (const auto& table : SchoolTables()) TableValues(connection, table, findings).Check();
   return findings;
+}
+
+bool KeysFit(Connection& connection, std::string_view table) {
+  std::vector<std::string> findings;
+  if (const auto* const found = FindSchoolTable(table))
+    TableValues(connection, *found, findings).Check(true);
+  return findings.empty();
 }
 
 }  // namespace quorvane

@@ -10,6 +10,7 @@
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolWriting.h"
+#include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"
 
@@ -69,8 +70,9 @@ void PrintJson(const std::vector<GradeChange>& changes) {
   std::cout << "\n]\n";
 }
 
-void Show(const GradeHistory& history, const HistoryOptions& options) {
+void Show(const GradeHistory& history, const HistoryOptions& options, ProgressLine& progress) {
   const auto changes = history.Read(options.filter);
+  progress.End();
   if (options.csv) return PrintCsv(changes);
   if (options.json) return PrintJson(changes);
   for (const auto& change : changes) std::cout << VisibleText(Text(change)) << '\n';
@@ -96,24 +98,31 @@ std::string Superfluous(const HistoryOptions& options) {
 }
 
 void Do(const SchoolAddress& address, const HistoryOptions& options) {
+  ProgressLine progress("Trabajando", ProgressLine::kPatience);
   const auto school =
       OpenForPiece(address, options.order == "ver" ? SchoolAddress::Access::ReadOnly
                                                    : SchoolAddress::Access::ReadWrite);
   RequireSchool(*school, "No se puede usar " + address.Shown() + ": ");
-  if (options.order != "ver") AskBeforeEach(*school, RequireGoing);
+  AskBeforeEach(*school, [&] {
+    if (options.order != "ver") RequireGoing();
+    progress.Working();
+  });
   GradeHistory history(*school);
   if (options.order == "ver") {
-    Show(history, options);
+    Show(history, options, progress);
   } else if (options.order == "activar") {
     const auto active = history.Active();
     history.Activate();
+    progress.End();
     std::cout << (active ? "El historial ya estaba activado\n" : "Historial activado\n");
   } else if (options.order == "desactivar") {
     history.Deactivate();
+    progress.End();
     std::cout << "Historial desactivado. Lo guardado se puede seguir viendo\n";
   } else {
-    std::cout << "Borrados " << history.Purge(options.before) << " cambios anteriores a "
-              << options.before << '\n';
+    const auto count = history.Purge(options.before);
+    progress.End();
+    std::cout << "Borrados " << count << " cambios anteriores a " << options.before << '\n';
   }
 }
 

@@ -32,6 +32,9 @@ int Import(const SchoolAddress& address, const std::string& file, const ImportOp
     return 0;
   });
   const auto fits = report.misfits.empty();
+  if (report.written || options.simulate)
+    for (const auto& warning : report.warnings)
+      std::cerr << "quorvane-escuela: aviso: " << VisibleText(warning) << '\n';
   if (options.simulate) PrintSome(std::cout, report.lines);
   if (!fits) {
     std::cout << "No encajan:\n";

@@ -21,6 +21,10 @@ class ProgressLine {
   ProgressLine& operator=(ProgressLine&&) = delete;
 
   void Percent(std::size_t done, std::size_t all) const;
+  /// For a task of which nobody knows how long it is.
+  void Working() const;
+  /// Takes the line away for good, before something else is written.
+  void End();
 
  private:
   void Show(const std::string& text) const;

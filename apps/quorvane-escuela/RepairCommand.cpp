@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "apps/quorvane-escuela/Counted.h"
+#include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/VisibleText.h"
@@ -29,11 +30,22 @@ void Tell(const RepairReport& report, const SchoolAddress& address, bool simulat
 
 int Repair(const SchoolAddress& address, const RepairOptions& options) {
   return UnlessStopped([&] {
+    ProgressLine progress("Reparando", ProgressLine::kPatience);
     const auto report = RepairSchool(
-        address, options, [&](const RepairReport& done) { Tell(done, address, options.simulate); },
-        RequireGoing);
-    if (report.undo.empty()) std::cout << "-- No hay nada que reparar\n";
-    return 0;
+        address, options,
+        [&](const RepairReport& done) {
+          progress.End();
+          Tell(done, address, options.simulate);
+        },
+        [&] {
+          RequireGoing();
+          progress.Working();
+        });
+    progress.End();
+    if (report.undo.empty() && report.left.empty()) std::cout << "-- No hay nada que reparar\n";
+    for (const auto& finding : report.left)
+      std::cerr << "quorvane-escuela: No se ha podido reparar: " << VisibleText(finding) << '\n';
+    return report.left.empty() ? 0 : 1;
   });
 }
 

@@ -78,9 +78,14 @@ std::string Complaint(const ReportOptions& options) {
 namespace {
 
 int Write(const SchoolAddress& address, const ReportOptions& options) {
+  ProgressLine reading("Leyendo", ProgressLine::kPatience);
   const auto school = OpenForPiece(address, SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
-  AskBeforeEach(*school, RequireGoing);
+  AskBeforeEach(*school, [&] {
+    RequireGoing();
+    // Of all sections it is known how far they are.
+    if (!options.all) reading.Working();
+  });
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
                             Printed(Today(*school)));
   if (options.all) return WriteAll(reader, options);
@@ -89,6 +94,7 @@ int Write(const SchoolAddress& address, const ReportOptions& options) {
                           : reader.Subject(reader.FindSubject(options.subject));
   WriteNewFile(options.output, DocumentText(report, options.blank, Ends(options.output, ".csv")),
                RequireGoing);
+  reading.End();
   std::cout << "Escrito " << Told(options.output) << ": "
             << Counted(report.students.size(), "alumno", "alumnos") << " de "
             << VisibleText(report.title) << '\n';

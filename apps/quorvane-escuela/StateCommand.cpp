@@ -8,7 +8,9 @@
 #include "apps/escuela/CsvLine.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
+#include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/Today.h"
+#include "apps/quorvane-escuela/ProgressLine.h"
 #include "platform/text/SpanishOrder.h"
 #include "platform/text/VisibleText.h"
 
@@ -44,8 +46,8 @@ std::string WindowText(const StateWindow& window) {
 
 class Printer {
  public:
-  Printer(const SchoolState& state, const StateOptions& options)
-      : state_(state), options_(options) {}
+  Printer(const SchoolState& state, const StateOptions& options, ProgressLine& reading)
+      : state_(state), options_(options), reading_(reading) {}
 
   void Text() const {
     const auto rows = options_.byTeacher ? Teachers() : state_.Sections(options_.filter);
@@ -53,6 +55,7 @@ class Printer {
     if (options_.detail)
       for (const auto& row : state_.Subjects(options_.filter))
         subjects[{row.evaluation, options_.byTeacher ? row.teacher : row.section}].push_back(row);
+    reading_.End();
     for (const auto& evaluation : state_.Evaluations()) {
       const auto total = Total(rows, evaluation.id);
       if (total.pending == 0) continue;
@@ -68,9 +71,11 @@ class Printer {
   }
 
   void Csv() const {
+    const auto rows = state_.Subjects(options_.filter);
+    reading_.End();
     std::cout << CsvLine({"evaluación", "sección", "materia", "profesor", "pendientes", "puestas",
                           "faltan", "desde", "hasta", "abierta", "en uso"});
-    for (const auto& row : state_.Subjects(options_.filter)) {
+    for (const auto& row : rows) {
       const auto window = state_.Window(row.section, row.evaluation);
       std::cout << CsvLine({state_.EvaluationName(row.evaluation), state_.SectionName(row.section),
                             state_.SubjectName(row.subject), state_.TeacherName(row.teacher),
@@ -81,9 +86,11 @@ class Printer {
   }
 
   void Json() const {
+    const auto rows = state_.Subjects(options_.filter);
+    reading_.End();
     std::cout << '[';
     const auto* before = "\n";
-    for (const auto& row : state_.Subjects(options_.filter)) {
+    for (const auto& row : rows) {
       const auto window = state_.Window(row.section, row.evaluation);
       std::cout << before << "{\"evaluacion\":" << JsonText(state_.EvaluationName(row.evaluation))
                 << ",\"seccion\":" << JsonText(state_.SectionName(row.section))
@@ -169,22 +176,26 @@ class Printer {
 
   const SchoolState& state_;
   const StateOptions& options_;
+  ProgressLine& reading_;
 };
 
 int Print(const SchoolAddress& address, const StateOptions& options) {
+  ProgressLine progress("Leyendo", ProgressLine::kPatience);
   const auto school = OpenForPiece(address, SchoolAddress::Access::ReadOnly);
   RequireSchool(*school, "No se puede leer " + address.Shown() + ": ");
+  AskBeforeEach(*school, [&] { progress.Working(); });
   const SchoolState state(*school, Today(*school));
   const auto& all = state.Evaluations();
   const auto asked = options.filter.evaluation;
   if (asked != 0 &&
       std::none_of(all.begin(), all.end(), [asked](const auto& one) { return one.id == asked; })) {
+    progress.End();
     std::cout << "No hay ninguna evaluación " << asked << ". Las hay:\n";
     for (const auto& evaluation : all)
       std::cout << "  " << evaluation.id << "  " << VisibleText(evaluation.name) << '\n';
     return 1;
   }
-  const Printer printer(state, options);
+  const Printer printer(state, options, progress);
   if (options.json)
     printer.Json();
   else if (options.csv)

@@ -141,7 +141,6 @@ void HistoryDialog::Read() {
   auto kept = false;
   auto active = false;
   std::vector<GradeChange> changes;
-  rows_.clear();
   if (!Attempt(this, [&] {
         const GradeHistory history(school_);
         kept = history.Kept();
@@ -153,6 +152,7 @@ void HistoryDialog::Read() {
         changes = history.Read(filter);
       }))
     return;
+  rows_.clear();
   for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
     const auto moment = Moment(change->moment);
     if (moment.isValid() && (moment.date() < from_.date() || moment.date() > to_.date())) continue;

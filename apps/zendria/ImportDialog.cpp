@@ -97,6 +97,7 @@ void ImportDialog::Choose(const QString& file) {
     options.simulate = true;
     const auto report = ImportRegister(school_, file.toStdString(), options);
     AddLines(list_, report.misfits, true);
+    AddLines(list_, report.warnings, false);
     AddLines(list_, report.lines, false);
     fits_ = report.misfits.empty();
     fitting_ = static_cast<int>(report.lines.size());
@@ -122,6 +123,7 @@ void ImportDialog::Import() {
     return;
   list_.clear();
   AddLines(list_, report.misfits, true);
+  AddLines(list_, report.warnings, false);
   AddLines(list_, report.lines, false);
   notice_.setText(report.written ? QStringLiteral("Importadas %1 materias de %2 alumnos; %3 ya "
                                                   "estaban; %4 profesores puestos")

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/history/HistoryTriggers.h"
 #include "apps/escuela/repair/SchoolRepair.h"
@@ -169,6 +170,42 @@ TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
     school_.Sql("UPDATE EvaluacionPte SET CodNota=" + std::to_string(grade++) +
                 " WHERE IDEvaluacionPte=3");
     EXPECT_EQ(Kept().size(), before + 1) << spoiling;
+  }
+}
+
+TEST_F(GradeHistoryTest, IsGivenTheColumnsThatItsTableLacks) {
+  const auto* const save = "UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3";
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=5 WHERE IDEvaluacionPte=3");
+  history_.Activate();
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=3");
+  EXPECT_THAT(SchoolCheck(school_.Db()).Rows(), IsEmpty());
+  for (const std::string column : {"CodUsuario", "Momento"}) {
+    // A file's engine won't take a column from what a trigger names.
+    history_.Deactivate();
+    school_.Sql("ALTER TABLE HistorialNotas DROP COLUMN " + column);
+    for (const auto& statement : history_.TriggersSql()) school_.Sql(statement);
+    EXPECT_FALSE(history_.Active());
+    if (!OnServer()) {
+      EXPECT_THROW(school_.Sql(save), RuntimeError);
+    }
+    EXPECT_THROW(static_cast<void>(history_.Read({})), RuntimeError);
+    EXPECT_THAT(SchoolCheck(school_.Db()).Rows(),
+                ElementsAre(HasSubstr("HistorialNotas le falta la columna " + column)));
+    history_.Activate();
+    EXPECT_TRUE(history_.Active());
+    EXPECT_THAT(SchoolCheck(school_.Db()).Rows(), IsEmpty());
+    EXPECT_EQ(Kept().size(), 1U) << "what was kept stays";
+  }
+  school_.Sql(save);
+  EXPECT_EQ(Kept().size(), 2U);
+  history_.Deactivate();
+  school_.Sql("DROP TABLE HistorialNotas");
+  school_.Sql("CREATE TABLE HistorialNotas (Momento varchar(32))");
+  try {
+    history_.Activate();
+    ADD_FAILURE() << "made of a table without its key";
+  } catch (const RuntimeError& error) {
+    EXPECT_THAT(error.Description(), HasSubstr("IDHistorial"));
   }
 }
 

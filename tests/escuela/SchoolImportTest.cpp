@@ -178,6 +178,20 @@ TEST_F(SchoolImportTest, TellsEveryLineThatDoesNotFitAndWritesNothing) {
   EXPECT_EQ(Register(), before);
 }
 
+TEST_F(SchoolImportTest, TellsWhomItPutsOnTheRegisterOfASecondSection) {
+  school_.Sql("UPDATE Seccion_AlumnoPte SET CodSeccion=6 WHERE CodAlumno=29");
+  const auto* const lines = "29;3º ESO A;Música;2º ESO A;todas;\n";
+  const auto simulated = RunCommand(QUORVANE_ESCUELA " importar --simular " + school_.Argument() +
+                                    " " + Written(lines));
+  EXPECT_THAT(simulated.text, HasSubstr("quorvane-escuela: aviso: Línea 2: "));
+  const auto report = Import(lines);
+  EXPECT_TRUE(report.written);
+  ASSERT_EQ(report.warnings.size(), 1U);
+  EXPECT_THAT(report.warnings[0],
+              HasSubstr(" (3º ESO A) está ya en el registro de 3º ESO B, y queda en los dos"));
+  EXPECT_THAT(Import(lines).warnings, IsEmpty()) << "he stands on both";
+}
+
 TEST_F(SchoolImportTest, ImportsWhatFitsWhenTold) {
   ImportOptions options;
   options.whatFits = true;
@@ -251,7 +265,8 @@ TEST_F(SchoolImportTest, EveryStatementIsTheModules) {
                               Written("32;3º ESO A;Matemáticas;2º ESO B;todas;Ortega Gutiérrez, "
                                       "Marco\n"));
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.text, "Importadas 1 materia de 1 alumno; 0 ya estaban; 1 profesor puesto\n");
+  EXPECT_THAT(run.text,
+              HasSubstr("Importadas 1 materia de 1 alumno; 0 ya estaban; 1 profesor puesto\n"));
   const std::regex numbers("-?[0-9]+(,-?[0-9]+)*");
   std::set<std::string> known;
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS))
@@ -276,6 +291,10 @@ TEST_F(SchoolImportTest, TheProgramEndsByWhatItCouldDo) {
   EXPECT_EQ(run("").status, 2);
   EXPECT_EQ(run(file_ + " --otra").status, 2);
   EXPECT_THAT(run(folder_ / "nada").text, HasSubstr("el fichero no existe"));
+  Written("");
+  const auto headingAlone = run(file_);
+  EXPECT_EQ(headingAlone.status, 1);
+  EXPECT_THAT(headingAlone.text, HasSubstr("no tiene más que el encabezado"));
   std::ofstream(file_) << "alumno;sección;materia;curso\n";
   EXPECT_EQ(run(file_).text, "quorvane-escuela: Línea 1: falta la columna «evaluaciones»\n");
   std::ofstream(file_) << "alumno;sección\n\n3;\"3º\n";

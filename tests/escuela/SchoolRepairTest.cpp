@@ -245,6 +245,51 @@ TEST_F(SchoolRepairTest, TakesAwayAHistoryWhoseTableHasGone) {
   school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=9001");
 }
 
+TEST_F(SchoolRepairTest, MendsTheRestWhereAValueFitsNoField) {
+  if (OnServer()) GTEST_SKIP() << "the server's own types refuse there";
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("UPDATE EvaluacionActaPte SET RE_AC_DIV='x' WHERE IDEvaluacionActaPte=1");
+  EXPECT_EQ(Repair().undo.size(), 0U) << "no copy, either, of what nobody changes";
+  const auto run = [&](const std::string& rest) {
+    return RunCommand(QUORVANE_ESCUELA " reparar " + school_.Argument() + rest);
+  };
+  const auto* const left =
+      "quorvane-escuela: No se ha podido reparar: Valores que no caben en "
+      "EvaluacionActaPte.RE_AC_DIV: 1 fila sin un número de ";
+  const auto alone = run("");
+  EXPECT_EQ(alone.status, 1);
+  EXPECT_EQ(alone.text.find(left), 0U) << alone.text;
+  school_.Sql(
+      "INSERT INTO Profesor_Pte SELECT 0, CodMatDet FROM Profesor_Pte WHERE CodProfesor<>0");
+  school_.Sql("UPDATE MateriaDetalles SET CodTipoMateria=4444 WHERE IDMateriaDetalles=30");
+  const auto simulated = run(" --simular");
+  EXPECT_EQ(simulated.status, 1);
+  EXPECT_THAT(simulated.text, HasSubstr("-- Se repararía "));
+  EXPECT_THAT(simulated.text, HasSubstr(left));
+  const auto report = Repair();
+  EXPECT_GT(report.removed, 0U);
+  EXPECT_EQ(report.changed, 1U);
+  EXPECT_EQ(report.left, Faults());
+  EXPECT_THAT(Faults(), ElementsAre(HasSubstr("EvaluacionActaPte.RE_AC_DIV")));
+  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM EvaluacionActaPte WHERE RE_AC_DIV='x'"), 1);
+}
+
+TEST_F(SchoolRepairTest, LeavesRowsWhoseTargetHasLostItsKey) {
+  if (OnServer()) GTEST_SKIP() << "the server's own types refuse there";
+  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Sql("CREATE TABLE Otra AS SELECT * FROM Alumno");
+  school_.Sql("DROP TABLE Alumno");
+  school_.Sql("ALTER TABLE Otra RENAME TO Alumno");
+  ASSERT_THAT(Faults(), IsEmpty());
+  const auto before = Content();
+  school_.Sql("UPDATE Alumno SET IDAlumno='x' WHERE IDAlumno=29");
+  const auto report = Repair();
+  EXPECT_THAT(report.undo, IsEmpty());
+  EXPECT_THAT(report.left, Contains(HasSubstr("Alumno.IDAlumno")));
+  school_.Sql("UPDATE Alumno SET IDAlumno=29 WHERE IDAlumno='x'");
+  EXPECT_EQ(Content(), before);
+}
+
 TEST_F(SchoolRepairTest, SimulatesWithoutATrace) {
   school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
   const auto before = Content();

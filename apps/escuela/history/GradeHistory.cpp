@@ -6,7 +6,9 @@
 #include "apps/escuela/MeasureText.h"
 #include "apps/escuela/PersonName.h"
 #include "apps/escuela/QuotedText.h"
+#include "apps/escuela/Refusal.h"
 #include "apps/escuela/Transaction.h"
+#include "apps/escuela/history/HistoryTable.h"
 #include "apps/escuela/history/HistoryTriggers.h"
 #include "apps/escuela/state/MayGrade.h"
 #include "platform/RuntimeError.h"
@@ -109,7 +111,8 @@ bool GradeHistory::Active() const {
   std::size_t working = 0;
   for (auto rows = school_.Execute(WorkingTriggersQuery(engine_)); !rows.Eof(); rows.MoveNext())
     ++working;
-  return working == HistoryTriggersCount() && Kept();
+  return working == HistoryTriggersCount() && Kept() &&
+         MissingHistoryColumns(school_, engine_).empty();
 }
 
 bool GradeHistory::Kept() const { return HasTable(school_, std::string(kHistoryTable)); }
@@ -126,11 +129,14 @@ void GradeHistory::Activate() {
   const auto triggers = TriggersSql();
   const auto there = Kept();
   const auto schema = SchemaOf(school_, engine_);
+  const auto missing =
+      AddHistoryColumnsSql(MissingHistoryColumns(school_, engine_), engine_, schema);
   Transaction transaction(school_);
   // What is left of one that somebody has taken pieces from.
   for (const auto& statement : NoHistoryTriggersSql(engine_)) school_.Execute(statement);
   if (!there)
     for (const auto& statement : HistoryTableSql(engine_, schema)) school_.Execute(statement);
+  for (const auto& statement : missing) school_.Execute(statement);
   for (const auto& statement : triggers) school_.Execute(statement);
   if (!there && engine_ == Engine::PostgreSql) GrantReading();
   transaction.KeepOrTell();
@@ -165,6 +171,9 @@ std::int32_t GradeHistory::Purge(const std::string& before) {
 std::vector<GradeChange> GradeHistory::Read(const HistoryFilter& filter) const {
   std::vector<GradeChange> changes;
   if (!Kept()) return changes;
+  if (const auto missing = MissingHistoryColumns(school_, engine_); !missing.empty())
+    Refuse("Falta la columna " + missing.front() +
+           " en la tabla HistorialNotas: la repone «quorvane-escuela historial … activar»");
   const Names names(school_);
   auto rows = school_.Execute(
       "SELECT HistorialNotas.Momento, HistorialNotas.Columna, HistorialNotas.Antes, "

@@ -45,7 +45,7 @@ class GradeHistory {
   [[nodiscard]] bool Kept() const;
 
   /// Who may read grades there may read the history, too. Without effect on one that is active;
-  /// one that lacks a piece is made whole.
+  /// one that lacks a piece, a column too, is made whole.
   /// The engine's error, with nothing changed, for one who may not.
   void Activate();
   /// The statements that have this school's engine keep it, in order. Error 0x80004005 for a school
@@ -56,7 +56,8 @@ class GradeHistory {
   /// Removes what was kept before a day (yyyy-mm-dd, UTC); how many rows.
   std::int32_t Purge(const std::string& before);
 
-  /// In the order in which it happened; empty where none was ever kept.
+  /// In the order in which it happened; empty where none was ever kept. Error 0x80004005 in Spanish
+  /// for a table that lacks a column.
   [[nodiscard]] std::vector<GradeChange> Read(const HistoryFilter& filter) const;
 
  private:

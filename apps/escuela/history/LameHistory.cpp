@@ -4,6 +4,7 @@
 
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/history/GradeHistory.h"
+#include "apps/escuela/history/HistoryTable.h"
 #include "apps/escuela/history/HistoryTriggers.h"
 #include "platform/text/AsciiCase.h"
 
@@ -15,12 +16,17 @@ std::vector<std::string> LameHistory::Triggers() const {
   std::vector<std::string> names;
   for (auto rows = school_.Execute(HistoryTriggersQuery(engine_)); !rows.Eof(); rows.MoveNext())
     names.push_back(AsciiLower(rows.Fields(0).Text()));
-  if (!names.empty() && !school_.Execute(HistoryTableQuery(engine_)).Eof()) names.clear();
+  if (!names.empty() && !school_.Execute(HistoryTableQuery(engine_)).Eof() &&
+      MissingHistoryColumns(school_, engine_).empty())
+    names.clear();
   return names;
 }
 
 std::vector<std::string> LameHistory::Findings() const {
   if (Triggers().empty()) return {};
+  if (const auto missing = MissingHistoryColumns(school_, engine_); !missing.empty())
+    return {"El historial de notas está activado y a su tabla HistorialNotas le falta la columna " +
+            missing.front() + ": en un fichero no se puede guardar ninguna nota"};
   return {
       "El historial de notas está activado y le falta su tabla HistorialNotas: en un fichero no se "
       "puede guardar ninguna nota"};
@@ -38,7 +44,8 @@ void LameHistory::Remove(RepairJournal& journal) const {
         std::any_of(names.begin(), names.end(), [&text](const std::string& name) {
           return text.find(name) != std::string::npos;
         }))
-      journal.Changed(statement, "disparador de un historial sin su tabla");
+      journal.Changed(statement,
+                      "disparador de un historial sin su tabla o sin una columna de ella");
 }
 
 }  // namespace quorvane

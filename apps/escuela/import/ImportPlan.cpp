@@ -76,6 +76,7 @@ class Planner {
           (asked.pending ? "ya está, y falta el alumno en el registro" : EvaluationNames(asked)) +
           (teacher == 0 ? "" : ", " + school_.TeacherName(teacher)));
       plan.subjects.push_back(asked);
+      WarnOfOtherRegister(asked, plan);
     }
     if (teacher != 0 && school_.TeacherOf(asked.subject->id) == 0)
       plan.teachers[asked.section][asked.subject->id] = teacher;
@@ -122,6 +123,18 @@ class Planner {
       throw Misfit{"el registro no ofrece el tipo de enseñanza de " + asked.section->name};
     if (!asked.student->offered && !school_.OnRegister(asked.section->id, asked.student->id))
       throw Misfit{asked.student->name + " está de baja o no está en la lista de su sección"};
+  }
+
+  /// Whoever moved a student to another section has left him on the register of the one before.
+  void WarnOfOtherRegister(const ImportedSubject& asked, ImportPlan& plan) const {
+    const auto other = school_.RegisterOf(asked.student->id);
+    if (other == 0 || school_.OnRegister(asked.section->id, asked.student->id)) return;
+    const auto* const section = school_.SectionOf(other);
+    plan.warnings.push_back(
+        "Línea " + std::to_string(asked.line) + ": " + asked.student->name + " (" +
+        asked.section->name + ") está ya en el registro de " +
+        (section == nullptr ? "la sección " + std::to_string(other) : section->name) +
+        ", y queda en los dos");
   }
 
   void FindSubject(const CsvRow& row, ImportedSubject& asked) const {
@@ -225,6 +238,11 @@ ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& sch
     throw RuntimeError(ErrorNumber::StatementFailed, "El fichero no tiene ninguna fila");
   ImportPlan plan;
   Planner planner(rows.front(), school);
+  if (rows.size() == 1)
+    throw RuntimeError(
+        ErrorNumber::StatementFailed,
+        "El fichero no tiene más que el encabezado: falta una línea por cada materia "
+        "pendiente");
   for (std::size_t i = 1; i < rows.size(); ++i) planner.Add(rows[i], plan);
   return plan;
 }

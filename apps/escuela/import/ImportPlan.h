@@ -25,15 +25,16 @@ struct ImportPlan {
   std::vector<ImportedSubject> subjects;
   /// Of the register of a section: the teacher of a subject.
   std::map<const RegisterLookup::Section*, std::map<std::int32_t, std::int32_t>> teachers;
-  std::vector<std::string> lines;    ///< what is done for each line, and what stands already
-  std::vector<std::string> misfits;  ///< lines that fit nothing, or several things, with reasons
-  std::size_t standing = 0;          ///< lines whose subject stands already
+  std::vector<std::string> lines;     ///< what is done for each line, and what stands already
+  std::vector<std::string> misfits;   ///< lines that fit nothing, or several things, with reasons
+  std::vector<std::string> warnings;  ///< lines that put a student on a second register
+  std::size_t standing = 0;           ///< lines whose subject stands already
 };
 
 /// Looks every line up. Its first row names the columns: «alumno» (number, or "Surnames, Name") or
 /// «apellidos» and «nombre»; «sección»; «materia» and «curso»; «evaluaciones», all where it is
 /// empty; «profesor», which may be missing. Error 0x80004005 in Spanish for a missing column or a
-/// file without rows.
+/// file without rows, or with no more than that one.
 ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& school);
 
 }  // namespace quorvane

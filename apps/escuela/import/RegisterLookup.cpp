@@ -116,8 +116,10 @@ void RegisterLookup::ReadRegister(Connection& school) {
     evaluations_.push_back({rows.Fields(0).Long(), rows.Fields(1).Text(), rows.Fields(2).Flag(),
                             rows.Fields(3).Flag()});
   for (auto rows = school.Execute("SELECT CodSeccion, CodAlumno FROM Seccion_AlumnoPte");
-       !rows.Eof(); rows.MoveNext())
+       !rows.Eof(); rows.MoveNext()) {
     registered_.insert({rows.Fields(0).Long(), rows.Fields(1).Long()});
+    registerOf_[rows.Fields(1).Long()] = rows.Fields(0).Long();
+  }
   for (auto rows = school.Execute("SELECT CodAlumno, CodMatDet FROM AlumnoPte_MatDet"); !rows.Eof();
        rows.MoveNext())
     pending_[{rows.Fields(0).Long(), rows.Fields(1).Long()}];
@@ -173,6 +175,11 @@ const std::set<std::int32_t>* RegisterLookup::Pending(std::int32_t student,
                                                       std::int32_t subject) const {
   const auto found = pending_.find({student, subject});
   return found == pending_.end() ? nullptr : &found->second;
+}
+
+std::int32_t RegisterLookup::RegisterOf(std::int32_t student) const {
+  const auto found = registerOf_.find(student);
+  return found == registerOf_.end() ? 0 : found->second;
 }
 
 std::int32_t RegisterLookup::TeacherOf(std::int32_t subject) const {

@@ -63,6 +63,8 @@ class RegisterLookup {
   [[nodiscard]] bool OnRegister(std::int32_t section, std::int32_t student) const {
     return registered_.contains({section, student});
   }
+  /// The section on whose register a student stands, the last of several; 0 for none.
+  [[nodiscard]] std::int32_t RegisterOf(std::int32_t student) const;
   /// The evaluations of a pending subject that stands already; null for one that doesn't.
   [[nodiscard]] const std::set<std::int32_t>* Pending(std::int32_t student,
                                                       std::int32_t subject) const;
@@ -87,6 +89,7 @@ class RegisterLookup {
   std::multimap<std::string, const Subject*> subjectNames_;
   std::multimap<std::string, const Named*> teacherNames_;
   std::set<std::pair<std::int32_t, std::int32_t>> registered_;
+  std::map<std::int32_t, std::int32_t> registerOf_;
   std::map<std::pair<std::int32_t, std::int32_t>, std::set<std::int32_t>> pending_;
   std::map<std::int32_t, std::int32_t> teacherOf_;
 };

@@ -86,6 +86,7 @@ ImportReport Import(const SchoolAddress& address, const std::vector<CsvRow>& row
   ImportReport report;
   report.lines = plan.lines;
   report.misfits = plan.misfits;
+  report.warnings = plan.warnings;
   report.standing = plan.standing;
   if (options.simulate || (!report.misfits.empty() && !options.whatFits)) return report;
   Importer(address, *school).Play(plan, lookup, report, progress);

@@ -16,13 +16,14 @@ struct ImportOptions {
 
 /// What an import has done, would do, or couldn't.
 struct ImportReport {
-  bool written = false;              ///< false where something doesn't fit, too
-  std::vector<std::string> lines;    ///< what is done for each line that fits
-  std::vector<std::string> misfits;  ///< what doesn't fit, each with its line's number
-  std::size_t subjects = 0;          ///< put on the register
-  std::size_t students = 0;          ///< that these are of
-  std::size_t standing = 0;          ///< stood there before, and were left as they were
-  std::size_t teachers = 0;          ///< given to subjects without one
+  bool written = false;               ///< false where something doesn't fit, too
+  std::vector<std::string> lines;     ///< what is done for each line that fits
+  std::vector<std::string> misfits;   ///< what doesn't fit, each with its line's number
+  std::vector<std::string> warnings;  ///< students that come to stand on a second register
+  std::size_t subjects = 0;           ///< put on the register
+  std::size_t students = 0;           ///< that these are of
+  std::size_t standing = 0;           ///< stood there before, and were left as they were
+  std::size_t teachers = 0;           ///< given to subjects without one
 };
 
 /// Puts the students and pending subjects of a file (`PlanImport`) on the register, by playing its

@@ -23,6 +23,7 @@ class RepairJournal {
 
   [[nodiscard]] std::size_t RemovedRows() const noexcept { return removed_; }
   [[nodiscard]] std::size_t ChangedRows() const noexcept { return changed_; }
+  [[nodiscard]] std::size_t Rows() const noexcept { return removed_ + changed_; }
   /// One for each row, with the reason as a comment behind it, in the order in which they undo it:
   /// what was done last comes first.
   [[nodiscard]] std::vector<std::string> Undo() const { return {undo_.rbegin(), undo_.rend()}; }

@@ -1,12 +1,15 @@
 #include "apps/escuela/repair/RowRepairs.h"
 
 #include <initializer_list>
+#include <limits>
 
 #include "apps/escuela/JoinedText.h"
+#include "apps/escuela/Refusal.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/repair/DoubledRows.h"
 #include "apps/escuela/repair/UndoLiteral.h"
 #include "frame/schema/SchoolSchema.h"
+#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
@@ -29,6 +32,15 @@ std::string_view BestFirst(std::string_view table) {
   if (table == "Profesor_Pte") return "CASE WHEN CodProfesor=0 THEN 1 ELSE 0 END";
   if (table == "FechaNotas") return "FechaFin DESC";
   return {};
+}
+
+/// What is no number is somebody's to look at, in whichever table.
+std::string NumberOrAsItStands(const Value& value, sqltext::Engine engine) {
+  try {
+    return std::to_string(value.Long());
+  } catch (const RuntimeError&) {
+    return UndoLiteral(value, engine);
+  }
 }
 
 }  // namespace
@@ -83,7 +95,16 @@ void RowRepairs::RemoveGrades(const std::string& condition) {
 }
 
 std::int32_t RowRepairs::NextKey(std::string_view table, std::string_view key) {
-  return school_.Execute(Joined({"SELECT MAX(", key, ") FROM ", table})).Fields(0).Long() + 1;
+  // A text in a file's column is more than any number.
+  const auto numbers = engine_ == sqltext::Engine::Sqlite
+                           ? Joined({" WHERE typeof(", key, ") NOT IN ('text','blob')"})
+                           : std::string();
+  const auto last = school_.Execute(Joined({"SELECT MAX(", key, ") FROM ", table, numbers}));
+  const auto greatest = last.Fields(0).IsNull() ? 0 : last.Fields(0).Long();
+  if (greatest == std::numeric_limits<std::int32_t>::max())
+    Refuse(Joined({"No se ha podido reparar: Última clave en ", table,
+                   ": detrás no se puede añadir ninguna fila"}));
+  return greatest + 1;
 }
 
 void RowRepairs::Misplaced(std::string_view table, std::string_view other,
@@ -106,7 +127,7 @@ void RowRepairs::Misplaced(std::string_view table, std::string_view other,
     const auto id = std::to_string(NextKey(other, key));
     std::string values;
     for (const auto* const column : {"Evaluado", "CodNota", "CodNotaObservacion", "UltimaEvaluada"})
-      values += "," + std::to_string(rows.Fields(column).Long());
+      values += "," + NumberOrAsItStands(rows.Fields(column), engine_);
     school_.Execute(Joined({"INSERT INTO ", other, " (", key, ", ", common, ") VALUES (", id, ",",
                             subject, ",", evaluation, values, ")"}));
     journal_.Changed(Joined({"DELETE FROM ", other, " WHERE ", key, "=", id}),

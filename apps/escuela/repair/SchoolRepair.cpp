@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/escuela/FieldValues.h"
 #include "apps/escuela/LockList.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/Refusal.h"
@@ -34,8 +35,10 @@ void RequireNobody(Connection& school) {
          "--con-publicaciones");
 }
 
-void MendOnce(RowRepairs& repairs) {
-  for (const auto& reference : kReferences) repairs.Orphans(reference);
+void MendOnce(Connection& school, RowRepairs& repairs) {
+  for (const auto& reference : kReferences)
+    // Rows that refer to what has lost its key aren't nobody's: they wait for it.
+    if (KeysFit(school, reference.target)) repairs.Orphans(reference);
   repairs.Misplaced("EvaluacionPte", "EvaluacionActaPte", "Final<>0");
   repairs.Misplaced("EvaluacionActaPte", "EvaluacionPte", "Final=0");
   for (const auto& unique : kUniques) repairs.Doubles(unique);
@@ -44,13 +47,16 @@ void MendOnce(RowRepairs& repairs) {
       if (column.kind == SchemaKind::Key) repairs.DoubledKeys(table.name, column.name);
 }
 
-void Mend(Connection& school, RepairJournal& journal) {
+/// What is left behind, as it was.
+std::vector<std::string> Mend(Connection& school, RepairJournal& journal) {
   // It stops every row of grades from going.
   LameHistory(school).Remove(journal);
   RowRepairs repairs(school, journal);
   for (auto round = 0; round < kMostRounds; ++round) {
-    MendOnce(repairs);
-    if (SchoolCheck(school).Rows().empty()) return;
+    const auto done = journal.Rows();
+    MendOnce(school, repairs);
+    auto left = SchoolCheck(school).Rows();
+    if (left.empty() || journal.Rows() == done) return left;
   }
   Refuse("No se ha podido reparar: " + SchoolCheck(school).Rows().front());
 }
@@ -80,11 +86,12 @@ RepairReport Repair(const SchoolAddress& address, const RepairOptions& options,
   FileBackup backup;
   if (!address.IsOdbc() && !options.simulate) backup.Make(address.Text());
   RepairJournal journal(engine);
-  Mend(*school, journal);
+  report.left = Mend(*school, journal);
+  report.undo = journal.Undo();
+  if (report.undo.empty()) return report;
   report.copy = backup.Path();
   report.removed = journal.RemovedRows();
   report.changed = journal.ChangedRows();
-  report.undo = journal.Undo();
   tell(report);
   if (!options.simulate) transaction.KeepOrTell();
   backup.Keep();

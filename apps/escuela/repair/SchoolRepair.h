@@ -20,9 +20,12 @@ struct RepairReport {
   std::size_t changed = 0;
   std::string copy;               ///< the file that the school was copied to; empty for none
   std::vector<std::string> undo;  ///< statements, one a row, each with its reason as a comment
+  std::vector<std::string>
+      left;  ///< what `SchoolCheck` still finds: nobody knows what it was to be
 };
 
-/// Mends what `SchoolCheck` finds in a school's rows, and nothing else, in one transaction. A file
+/// Mends what `SchoolCheck` finds in a school's rows, and nothing else, in one transaction; what
+/// can't be mended, as a value beyond its field, stays and is told. A file
 /// is first copied to one beside it, as it is at that moment, while nobody else writes. Errors are
 /// 0x80004005 in Spanish, after which the school is as it was: no fit school; a server's without
 /// `backedUp`; publications without `publicationsToo`; whatever the engine refuses. `tell` is told
