@@ -15,7 +15,10 @@
 #include "apps/escuela/Prng.h"
 #include "frame/cAsignarDatos.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/FormInstance.h"
 #include "platform/controls/FormInstances.h"
+#include "selection/frmNotaSeccionAlumno1.h"
+#include "selection/frmNotaSeccionMateria1.h"
 #include "tests/ventana/HastyUser.h"
 #include "tests/ventana/ScreenWatch.h"
 #include "tests/ventana/WatchedScreen.h"
@@ -124,6 +127,13 @@ class WindowWalk {
            text.find("AlumnoPte_MateriaDetalles") != std::string::npos;
   }
 
+  /// Whether step one of a section's flows was left with its box for recoveries checked: a subject
+  /// has no place for the grade of one.
+  static bool EntersRecoveries() {
+    return FormInstance<frmNotaSeccionAlumno1>::Get().blnRecuperar ||
+           FormInstance<frmNotaSeccionMateria1>::Get().blnRecuperar;
+  }
+
   void NewSchool() {
     checks_ = Now();
     watch_.reset();
@@ -191,6 +201,7 @@ class WindowWalk {
   }
   [[nodiscard]] bool Explains(const RuntimeError& error) const {
     if (MayComeAnywhere(error)) return true;
+    if (error.Is(ErrorNumber::MissingMember)) return EntersRecoveries();
     if (sample_) return error.Is(ErrorNumber::NoCurrentRecord) && AskedForWhatIsGone();
     // The tutor's grid has no column for such a kind of grade.
     if (error.Is(ErrorNumber::InvalidArrayIndex))
