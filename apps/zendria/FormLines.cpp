@@ -108,14 +108,15 @@ class FormLines::Teller {
     if (lists.empty != StepOneLists::Empty::None)
       remarks.append(WhyEmpty(lists, {user_->profile, user_->name, Person() > 0}));
     if (lists.section != 0 && lists.evaluation != 0) {
-      const auto held =
-          HeldText(Held({lists.section, lists.evaluation, lists.student, lists.subject, 0}));
+      // Whatever subject is chosen, its list lacks all that are held.
+      const auto held = HeldText(Held({lists.section, lists.evaluation, lists.student, 0, 0}));
       if (!held.isEmpty()) remarks.append(held);
     }
     return remarks.join(u'\n');
   }
 
-  // What is read stands until something else is asked for: the lines are shown with each gesture.
+  // What is read stands until something else is asked for or a form goes: the lines are shown with
+  // each gesture.
 
   const std::vector<HeldSubject>& Held(const SubjectsSought& sought) {
     if (sought_ != sought) {
@@ -145,6 +146,12 @@ class FormLines::Teller {
 FormLines::FormLines(qt::QtFrontEnd& screen, std::function<QString()> problem)
     : teller_(std::make_shared<Teller>(std::move(problem))) {
   screen.Heading = [teller = teller_](const Form& form) { return teller->Of(form); };
+  // The one that stands behind it comes up again: meanwhile others may have taken or freed.
+  screen.FormUnloading = [teller = teller_,
+                          before = std::move(screen.FormUnloading)](const Form& form) {
+    if (before) before(form);
+    teller->Forget();
+  };
 }
 
 void FormLines::Begin(School& school, const User& user) { teller_->Begin(school, user); }

@@ -49,8 +49,7 @@ std::optional<StepOneLists> StepOneListsOf(const Form& form) {
        {"cboTipoEnsenanza", "cboCursos", "cboSecciones", "cboEvaluaciones"})
     if (ListOf(form, name) == nullptr) return std::nullopt;
   return StepOneLists{FirstEmpty(form), Chosen(form, "cboSecciones"),
-                      Chosen(form, "cboEvaluaciones"), Chosen(form, "cboAlumno"),
-                      Chosen(form, "cboMateria")};
+                      Chosen(form, "cboEvaluaciones"), Chosen(form, "cboAlumno")};
 }
 
 }  // namespace quorvane::zendria

@@ -19,7 +19,6 @@ struct StepOneLists {
   std::int32_t section = 0;
   std::int32_t evaluation = 0;
   std::int32_t student = 0;
-  std::int32_t subject = 0;
 };
 
 /// None for another form.

@@ -118,6 +118,47 @@ TEST_F(FormLinesTest, WhoHoldsWhatIsMissing) {
   Play(124);
 }
 
+TEST_F(FormLinesTest, WhoTookAllOfItWhileStepOneWasOpenIsToldWhenItComesBack) {
+  robot_.On("frmNotaManual1", [this](Window& window) {
+    Doing({{"cboTipoEnsenanza", "ESO"},
+           {"cboCursos", "2"},
+           {"cboSecciones", "A"},
+           {"cboEvaluaciones", "1"}})(window);
+    EXPECT_EQ(Remark(window), "");
+    for (const auto subject : {3111, 3112}) school_.Bloquea(1, 1, subject, 2, 77);
+    Robot::Click(window, "cmdNotaManual1(0)");
+  });
+  robot_.On("frmNotaManual1", [this](Window& window) {
+    EXPECT_THAT(Remark(window),
+                StartsWith("Lengua (1º ESO A): la está calificando Ana Ruiz Soto."));
+    school_.Sql("UPDATE BloqueoPte SET CodUsuario=1");
+    Robot::Click(window, "cmdNotaManual1(0)");
+  });
+  robot_.On("frmNotaManual1", [](Window& window) {
+    EXPECT_THAT(Remark(window), StartsWith("Lengua (1º ESO A): la tiene abierta usted mismo"));
+    Robot::Click(window, "cmdNotaManual1(1)");
+  });
+  Play(124);
+  EXPECT_THAT(robot_.unexpected, ElementsAre());
+  EXPECT_EQ(robot_.messages.size(), 2);
+}
+
+TEST_F(FormLinesTest, TheOtherSubjectsThatAreHeldAreToldWhenOneIsChosen) {
+  school_.Bloquea(1, 1, 3112, 2, 77);
+  robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
+    const auto* const held = "Matemáticas (1º ESO A): la está calificando Ana Ruiz Soto.";
+    Doing({{"cboTipoEnsenanza", "ESO"},
+           {"cboCursos", "2"},
+           {"cboSecciones", "A"},
+           {"cboEvaluaciones", "1"}})(window);
+    EXPECT_EQ(Remark(window), held);
+    Robot::Pick(window, "cboMateria", "Lengua");
+    EXPECT_EQ(Remark(window), held);
+    Robot::Click(window, "cmdNotaManual1(1)");
+  });
+  Play(127);
+}
+
 TEST_F(FormLinesTest, WhatIsRemovedByHandIsNotToldAnyMoreAndTheFormsOwnStays) {
   // What a form that died has left. The open form's own is the next number.
   school_.Sql("INSERT INTO PublicacionPte VALUES (77,1,2,4,1)");

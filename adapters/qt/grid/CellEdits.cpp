@@ -90,12 +90,21 @@ QString CellEdits::Shown(int row, int column) const {
   return LineText(retivo_.TextMatrix(row, column));
 }
 
+int CellEdits::NumberInSight(int column) const {
+  auto number = column + 1;
+  for (auto before = 0; before < retivo_.Cols(); ++before)
+    if (Pixels(retivo_.ColWidth(before)) <= 0) --number;
+  return number;
+}
+
 QString CellEdits::Line(const CellText& cell, const QString& why) const {
   auto place = QStringLiteral("Fila %1").arg(cell.row + 1);
   const auto row = cell.row + retivo_.FixedRows();
   if (row < retivo_.Rows() && cell.column != 0)
     place += QStringLiteral(" (%1)").arg(Shown(row, 0).trimmed());
-  if (cell.column >= 0 && cell.column < retivo_.Cols() && retivo_.FixedRows() > 0)
+  if (cell.column >= retivo_.Cols())
+    place += QStringLiteral(", columna %1").arg(NumberInSight(cell.column));
+  else if (cell.column >= 0 && retivo_.FixedRows() > 0)
     place += QStringLiteral(", columna «%1»").arg(Shown(0, cell.column).trimmed());
   return QStringLiteral("%1: «%2» %3").arg(place, cell.text.trimmed(), why);
 }

@@ -57,6 +57,8 @@ class CellEdits {
   [[nodiscard]] bool Stands(const CellText& cell) const;
   [[nodiscard]] bool Editable(const CellText& cell) const;
   [[nodiscard]] QString Shown(int row, int column) const;
+  /// The number, from 1, that a user counts for a column behind the last one.
+  [[nodiscard]] int NumberInSight(int column) const;
   [[nodiscard]] QString Line(const CellText& cell, const QString& why) const;
   [[nodiscard]] bool Goes() const;
   void ShowProgress();

@@ -36,11 +36,14 @@ std::vector<CellText> PasteTargets(const GridTable& table, const TextRows& rows)
   std::vector<int> columns;
   for (auto column = part.left(); column < table.model()->columnCount(); ++column)
     if (!table.isColumnHidden(column)) columns.push_back(column);
+  const auto columnOf = [&](std::size_t j) {
+    if (j < columns.size()) return columns[j];
+    return table.model()->columnCount() + static_cast<int>(j - columns.size());
+  };
   std::vector<CellText> cells;
   for (std::size_t i = 0; i < rows.size(); ++i)
     for (std::size_t j = 0; j < rows[i].size(); ++j)
-      cells.push_back(
-          {part.top() + static_cast<int>(i), j < columns.size() ? columns[j] : -1, rows[i][j], {}});
+      cells.push_back({part.top() + static_cast<int>(i), columnOf(j), rows[i][j], {}});
   return cells;
 }
 

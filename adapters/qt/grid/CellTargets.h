@@ -22,7 +22,7 @@ using StoredData = std::function<std::optional<std::int32_t>(int row, int column
 
 /// Texts put down with their first at the first selected cell, or at the current one: a cell in
 /// sight for each, in the order of rows. A single text is for all selected cells. What finds no
-/// column in sight has a column off the grid.
+/// column in sight goes on behind the grid's last one.
 std::vector<CellText> PasteTargets(const GridTable& table, const TextRows& rows);
 /// The text of the cell that the user stood on (`GridTable::Start`) for all selected ones of its
 /// column; with but one selected, for the empty ones of all rows below. None when it is empty. What
