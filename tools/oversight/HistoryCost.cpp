@@ -8,6 +8,7 @@
 #include <ctime>
 #include <exception>
 #include <istream>
+#include <sstream>  // IWYU pragma: keep
 #include <string>
 #include <utility>
 #include <vector>

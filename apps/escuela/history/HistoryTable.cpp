@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "apps/escuela/JoinedText.h"
 #include "apps/escuela/Refusal.h"
 #include "apps/escuela/history/HistoryTriggers.h"
 #include "platform/text/AsciiCase.h"
@@ -55,9 +56,8 @@ std::vector<std::string> AddHistoryColumnsSql(const std::vector<std::string>& mi
           "esa tabla de la base de datos, y repita «activar»");
     const auto* const text = engine == Engine::Sqlite ? "TEXT" : "varchar(32)";
     const auto* const number = engine == Engine::Sqlite ? "INTEGER" : "int";
-    statements.push_back("ALTER TABLE " + (schema.empty() ? "" : schema + ".") +
-                         std::string(kHistoryTable) + " ADD " + column + " " +
-                         (IsHistoryText(column) ? text : number));
+    statements.push_back(Joined({"ALTER TABLE ", schema, schema.empty() ? "" : ".", kHistoryTable,
+                                 " ADD ", column, " ", IsHistoryText(column) ? text : number}));
   }
   return statements;
 }
