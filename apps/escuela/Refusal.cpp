@@ -10,4 +10,8 @@ void RefuseToCreate(const std::string& path, const std::string& reason) {
   Refuse("No se puede crear " + path + ": " + reason);
 }
 
+void RefuseToWrite(const std::string& path, const std::string& reason) {
+  Refuse("No se puede escribir " + path + ": " + reason);
+}
+
 }  // namespace quorvane

@@ -10,4 +10,7 @@ namespace quorvane {
 /// The same for a file that can't be made: "No se puede crear PATH: REASON".
 [[noreturn]] void RefuseToCreate(const std::string& path, const std::string& reason);
 
+/// And for one that can't be written: "No se puede escribir PATH: REASON".
+[[noreturn]] void RefuseToWrite(const std::string& path, const std::string& reason);
+
 }  // namespace quorvane

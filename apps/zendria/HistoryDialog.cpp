@@ -29,17 +29,16 @@ QDateTime Moment(const std::string& utc) {
   return moment.toLocalTime();
 }
 
-QString MomentText(const std::string& utc) {
-  const auto moment = Moment(utc);
-  return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : OneLine(utc);
-}
-
-/// A change as the list shows it.
-QStringList CellsOf(const GradeChange& change) {
-  return {MomentText(change.moment), OneLine(change.student),
-          OneLine(change.subject),   OneLine(change.evaluation),
-          OneLine(change.column),    OneLine(change.before),
-          OneLine(change.after),     change.user.empty() ? QString("—") : OneLine(change.user)};
+/// A change as the list shows it, with its moment by this computer's clock.
+QStringList CellsOf(const GradeChange& change, const QDateTime& moment) {
+  return {moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : OneLine(change.moment),
+          OneLine(change.student),
+          OneLine(change.subject),
+          OneLine(change.evaluation),
+          OneLine(change.column),
+          OneLine(change.before),
+          OneLine(change.after),
+          change.user.empty() ? QString("—") : OneLine(change.user)};
 }
 
 /// The days in UTC that those of this computer's clock reach into: a filter has whole days alone.
@@ -156,7 +155,7 @@ void HistoryDialog::Read() {
   for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
     const auto moment = Moment(change->moment);
     if (moment.isValid() && (moment.date() < from_.date() || moment.date() > to_.date())) continue;
-    auto cells = CellsOf(*change);
+    auto cells = CellsOf(*change, moment);
     auto folded = Folded(cells.join(' '));
     rows_.push_back({std::move(cells), std::move(folded)});
   }

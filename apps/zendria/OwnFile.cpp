@@ -117,16 +117,6 @@ std::optional<QString> WriteIn(const QString& folder, const QString& name,
 
 }  // namespace
 
-bool MakeOwnFile(const QString& path) {
-  const auto handle =
-      open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode);
-  if (handle < 0) return errno == EEXIST;
-  // The user's mask may have taken even his own rights away.
-  const auto made = fchmod(handle, kFileMode) == 0;
-  close(handle);
-  return made;
-}
-
 std::optional<QString> WriteOwnFile(const QString& folder, const QString& name,
                                     const QByteArray& content) {
   if (!MakeOwnFolder(folder)) return std::nullopt;

@@ -6,10 +6,6 @@
 
 namespace quorvane::zendria {
 
-/// Makes an empty file that only this user can read (0600), for who writes it by its path; no
-/// effect where there is one. False when it can't be made.
-bool MakeOwnFile(const QString& path);
-
 /// Makes a new file that only this user can read (0600), in a folder that only he can enter (0700)
 /// and that is made when it isn't there. The file is there whole and safe on disk, or not at all:
 /// then nothing is left of it. It never takes the place of another: where the name is taken, a

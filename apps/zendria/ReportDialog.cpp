@@ -18,7 +18,6 @@
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/PrintOutcome.h"
 #include "apps/zendria/ReportPaper.h"
-#include "apps/zendria/SchoolError.h"
 #include "apps/zendria/SectionPdfs.h"
 
 namespace quorvane::zendria {
@@ -36,10 +35,8 @@ QString Asked(QFileDialog& dialog) {
 }
 
 void TellUnprinted(QWidget* parent, const QString& where) {
-  ShowSchoolError(parent,
-                  SchoolError(QStringLiteral("No se puede escribir %1. Elija otra carpeta, o "
-                                             "compruebe que queda espacio en el disco.")
-                                  .arg(where)));
+  ShowWarning(parent, QStringLiteral("No se puede escribir %1.").arg(where),
+              "Elija otra carpeta, o compruebe que queda espacio en el disco.");
 }
 
 }  // namespace

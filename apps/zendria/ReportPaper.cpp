@@ -3,13 +3,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPrinter>
-#include <QRandomGenerator>
 #include <QTextDocument>
 #include <QTextOption>
 #include <cstdio>
 
-#include "apps/zendria/OwnFile.h"
+#include "apps/escuela/PartialFile.h"
 #include "apps/zendria/PrintOutcome.h"
+#include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -42,19 +42,23 @@ int PrintReport(QPrinter& printer, const QString& html) {
 }
 
 int WriteReportPdf(const QString& file, const QString& html) {
-  if (const QFileInfo older(file); older.exists() && !older.isWritable()) return 0;
-  // The printer doesn't tell that a disk is full. What stands is replaced by a whole file alone.
-  const auto partial =
-      file + QStringLiteral(".parcial-%1").arg(QRandomGenerator::global()->generate());
-  if (!MakeOwnFile(partial)) return 0;
-  QPrinter printer;
-  TurnReportPage(printer);
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(partial);
-  const auto pages = PrintReport(printer, html);
-  if (pages > 0 && std::rename(QFile::encodeName(partial), QFile::encodeName(file)) == 0)
-    return pages;
-  QFile::remove(partial);
+  const QFileInfo older(file);
+  if (older.exists() && !older.isWritable()) return 0;
+  const auto goal = QFile::encodeName(file);
+  try {
+    // The printer doesn't tell that a disk is full. What stands is replaced by a whole file alone.
+    const PartialFile partial(goal.toStdString());
+    const auto path = QFile::decodeName(partial.Path().c_str());
+    QPrinter printer;
+    TurnReportPage(printer);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    const auto pages = PrintReport(printer, html);
+    if (pages > 0 && older.exists()) QFile::setPermissions(path, older.permissions());
+    if (pages > 0 && std::rename(partial.Path().c_str(), goal.constData()) == 0) return pages;
+  } catch (const RuntimeError&) {
+    return 0;
+  }
   return 0;
 }
 

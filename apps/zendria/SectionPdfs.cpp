@@ -4,11 +4,11 @@
 #include <QProgressDialog>
 #include <QStringList>
 
+#include "apps/escuela/Refusal.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/ReportPaper.h"
 #include "apps/zendria/SchoolError.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -17,11 +17,6 @@ constexpr auto kPatience = 1000;  // milliseconds
 
 /// The user doesn't want the rest.
 struct Stopped {};
-
-[[noreturn]] void Refuse(const QString& file, const char* reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed,
-                     "No se puede escribir " + file.toStdString() + ": " + reason);
-}
 
 }  // namespace
 
@@ -66,10 +61,11 @@ SectionRun WriteSectionPdfs(QWidget* parent, const ReportReader& reader, const Q
         [&](const auto& name, const auto& report) {
           const auto file = QString::fromStdString(name);
           if (const QFileInfo there(file); there.exists() || there.isSymLink())
-            Refuse(file, "el archivo ya existe");
+            RefuseToWrite(file.toStdString(), "el archivo ya existe");
           if (WriteReportPdf(file, html(report)) == 0)
-            Refuse(file,
-                   "compruebe que puede escribir en la carpeta y que queda espacio en el disco");
+            RefuseToWrite(
+                file.toStdString(),
+                "compruebe que puede escribir en la carpeta y que queda espacio en el disco");
         },
         progress);
   });

@@ -49,7 +49,7 @@ class InterruptedStepsTest : public testing::Test {
     if (!ToolInSteps::IsAllowed()) GTEST_SKIP() << "Here no process may follow another's calls";
   }
 
-  /// All files of the folder with their sizes, and the school's rows that the orders change.
+  /// All files of the folder, and how many rows the school's tables have that the orders change.
   [[nodiscard]] std::string Content() const {
     std::string text;
     {

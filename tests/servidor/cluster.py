@@ -42,8 +42,8 @@ def become_server():
 
 
 def free_port():
-    """One that nobody listens at, and that the system gives to no client: it stays free until the server is
-    made, and while it starts anew."""
+    """One that nobody listens at, and that the system gives to no client. To be asked for just before it is
+    taken: other servers of the tests look for theirs too."""
     for port in random.sample(range(20000, 32000), 200):
         with socket.socket() as probe:
             probe.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
@@ -85,10 +85,10 @@ class Cluster:
         if os.getuid() == 0:
             shutil.chown(self.folder, 'postgres', 'postgres')
         self.folder.chmod(0o755)
-        self.port = free_port()
         self.settings = {**SETTINGS, **settings}
         self._run('initdb', '-D', str(self.data), '-U', 'postgres', f"--auth={self.settings['password_encryption']}",
                   '--pwfile', self._password_file(), '-E', 'UTF8', '--locale=C.UTF-8', '-N')
+        self.port = free_port()
         self.start()
         self.sql(f"CREATE ROLE {OWNER} LOGIN CREATEDB PASSWORD '{PASSWORD}'",
                  f"CREATE ROLE {USER} LOGIN PASSWORD '{PASSWORD}'")

@@ -129,9 +129,12 @@ class WindowWalk {
 
   /// Whether step one of a section's flows was left with its box for recoveries checked: a subject
   /// has no place for the grade of one.
+  template <class Form>
+  static bool Recovers() {
+    return FormInstance<Form>::Exists() && FormInstance<Form>::Get().blnRecuperar;
+  }
   static bool EntersRecoveries() {
-    return FormInstance<frmNotaSeccionAlumno1>::Get().blnRecuperar ||
-           FormInstance<frmNotaSeccionMateria1>::Get().blnRecuperar;
+    return Recovers<frmNotaSeccionAlumno1>() || Recovers<frmNotaSeccionMateria1>();
   }
 
   void NewSchool() {

@@ -2,11 +2,15 @@
 
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
 #include <QTest>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -19,6 +23,7 @@
 #include "platform/host/Application.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/SmallSchool.h"
+#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/Robot.h"
 
 namespace quorvane::test {
@@ -105,6 +110,24 @@ class HostTest : public testing::Test {
   [[nodiscard]] QString LabelText(const char* name) const {
     const auto* const label = window_->findChild<QLabel*>(name);
     return label == nullptr ? QString("no label ") + name : label->text();
+  }
+
+  /// Answers the next question for a printer with a PDF of that path, after what is to be done
+  /// then.
+  void PrintInto(
+      const QString& path, const std::function<void()>& before = [] {}) {
+    robot_.OnDialog("imprimir", [path, before](QWidget& shown) {
+      shown.findChild<QLineEdit*>("filename")->setText(path);
+      before();
+      dynamic_cast<QPrintDialog&>(shown).accept();
+    });
+  }
+  /// All that the host has written of itself, which is something.
+  [[nodiscard]] QByteArray Kept() const {
+    const auto path = folder_.filePath("zendria.ini");
+    QSettings(path, QSettings::IniFormat).sync();
+    EXPECT_TRUE(QFile::exists(path));
+    return FileBytes(path);
   }
 
   QTemporaryDir folder_;

@@ -5,14 +5,12 @@
 #include <QFile>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSettings>
 #include <QTest>
 #include <gtest/gtest.h>
 
 #include "apps/zendria/ConnectDialog.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "frame/cConfiguracion.h"
-#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -24,13 +22,6 @@ class OdbcSchoolTest : public HostTest {
  protected:
   [[nodiscard]] QString String(const QString& more = "") const {
     return "Driver=SQLite3;Database=" + SchoolFile() + more;
-  }
-
-  /// All that the host has written of itself.
-  [[nodiscard]] QByteArray Kept() const {
-    const auto path = folder_.filePath("zendria.ini");
-    QSettings(path, QSettings::IniFormat).sync();
-    return FileBytes(path);
   }
 };
 

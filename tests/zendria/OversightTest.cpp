@@ -11,13 +11,11 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPrintDialog>
 #include <QPushButton>
 #include <QTableView>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
-#include <QTimer>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 #include <optional>
@@ -237,7 +235,7 @@ TEST_F(OversightTest, APdfThatCantBeWrittenIsToldWhateverStandsThere) {
   ReadNotice(text);
   EXPECT_EQ(dialog.SavePdf(file), 0);
   EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
-  EXPECT_TRUE(QDir(folder_.path()).entryList({"*.parcial-*"}).isEmpty());
+  EXPECT_TRUE(QDir(folder_.path()).entryList({".parcial-*"}, QDir::Files | QDir::Hidden).isEmpty());
 }
 
 TEST_F(OversightTest, NothingOnPaperIsWiderThanThePage) {
@@ -415,13 +413,12 @@ TEST_F(OversightTest, ASectionOfAnyNameNamesItsPdf) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   dialog.Sections().setCurrentIndex(dialog.Sections().findText("A/B", Qt::MatchContains));
   QString name;
-  QTimer::singleShot(0, &dialog, [&name] {
-    auto* const asked = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(asked, nullptr);
-    name = asked->findChild<QLineEdit*>("fileNameEdit")->text();
-    asked->reject();
+  robot_.OnDialog("ficheroPdf", [&name](QWidget& asked) {
+    name = asked.findChild<QLineEdit*>("fileNameEdit")->text();
+    dynamic_cast<QFileDialog&>(asked).reject();
   });
   Press(dialog, "Guardar &PDF…");
+  EXPECT_TRUE(robot_.Done());
   EXPECT_TRUE(name.endsWith("A-B.pdf")) << name.toStdString();
   EXPECT_FALSE(name.contains(u'/')) << "no folder of its own";
 }
@@ -429,11 +426,7 @@ TEST_F(OversightTest, ASectionOfAnyNameNamesItsPdf) {
 TEST_F(OversightTest, AReportOnAFullDiskIsTold) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   std::optional<LongestFile> full;
-  robot_.OnDialog("imprimir", [&](QWidget& shown) {
-    shown.findChild<QLineEdit*>("filename")->setText(folder_.filePath("informe.pdf"));
-    full.emplace(2000);
-    dynamic_cast<QPrintDialog&>(shown).accept();
-  });
+  PrintInto(folder_.filePath("informe.pdf"), [&full] { full.emplace(2000); });
   QString text;
   ReadNotice(text);
   Press(dialog, "&Imprimir…");

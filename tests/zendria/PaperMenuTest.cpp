@@ -49,14 +49,6 @@ Sheet ManyRows(int count) {
   return sheet;
 }
 
-/// Pages of a PDF, by their objects.
-qsizetype PagesIn(const QString& file) {
-  QFile pdf(file);
-  if (!pdf.open(QIODevice::ReadOnly)) return -1;
-  const auto content = pdf.readAll();
-  return content.startsWith("%PDF-") ? content.count("/Type /Page\n") : -1;
-}
-
 TEST(SheetPrinterTest, PutsAllRowsOnPagesAndThoseThatWereAskedFor) {
   const QTemporaryDir folder;
   const auto file = folder.filePath("x.pdf");
@@ -66,7 +58,7 @@ TEST(SheetPrinterTest, PutsAllRowsOnPagesAndThoseThatWereAskedFor) {
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setFromTo(from, to);
     EXPECT_TRUE(zendria::PrintSheet(sheet, printer));
-    return PagesIn(file);
+    return PdfPages(file);
   };
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageSize(QPageSize(QPageSize::A4));
@@ -280,7 +272,7 @@ TEST_F(PaperMenuTest, AGridIsPrintedIntoAPdf) {
   });
   LeaveStepOne("frmNotaMateria1");
   Play(125);
-  EXPECT_EQ(PagesIn(pdf), 1);
+  EXPECT_EQ(PdfPages(pdf), 1);
 }
 
 TEST_F(PaperMenuTest, APdfThatAFullDiskCutsShortIsTold) {
@@ -288,11 +280,7 @@ TEST_F(PaperMenuTest, APdfThatAFullDiskCutsShortIsTold) {
   StepOne("frmNotaMateria1", "1");
   robot_.On("frmNotaMateria", [this, &text](Window& window) {
     std::optional<LongestFile> full;
-    robot_.OnDialog("imprimir", [this, &full](QWidget& dialog) {
-      dialog.findChild<QLineEdit*>("filename")->setText(folder_.filePath("notas.pdf"));
-      full.emplace(2000);
-      dynamic_cast<QPrintDialog&>(dialog).accept();
-    });
+    PrintInto(folder_.filePath("notas.pdf"), [&full] { full.emplace(2000); });
     ReadNotice(text);
     ChooseOn(window, "rtvNotasAlumno", "imprimir");
     full.reset();

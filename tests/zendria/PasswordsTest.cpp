@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QSettings>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -13,7 +12,6 @@
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/SignInDelay.h"
 #include "tests/support/ServerSchools.h"
-#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -44,12 +42,6 @@ class PasswordsTest : public HostTest {
     QTest::keyClicks(&dialog.Password(), password);
     QTest::keyClick(&dialog.Password(), Qt::Key_Return);
     return dialog.Answer().text();
-  }
-  /// All that the host has written of itself.
-  [[nodiscard]] QByteArray Kept() const {
-    const auto path = folder_.filePath("zendria.ini");
-    QSettings(path, QSettings::IniFormat).sync();
-    return FileBytes(path);
   }
 };
 

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QProgressDialog>
 #include <gtest/gtest.h>
@@ -15,19 +14,12 @@
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/SectionPdfs.h"
+#include "tests/zendria/FileBytes.h"
 #include "tests/zendria/HostTest.h"
 #include "tests/zendria/TextPrinter.h"
 
 namespace quorvane::test {
 namespace {
-
-/// Pages of a PDF, by their objects.
-qsizetype PdfPages(const QString& file) {
-  QFile pdf(file);
-  if (!pdf.open(QIODevice::ReadOnly)) return -1;
-  const auto content = pdf.readAll();
-  return content.startsWith("%PDF-") ? content.count("/Type /Page\n") : -1;
-}
 
 class ReportDialogTest : public HostTest {
  protected:
@@ -154,10 +146,7 @@ TEST_F(ReportDialogTest, AllSectionsComeOutInOneRunBehindEachOther) {
       EXPECT_EQ(sheets.filter(place).size(), 1) << place.toStdString();
       EXPECT_FALSE(pages.filter(place).isEmpty()) << place.toStdString();
     }
-    robot_.OnDialog("imprimir", [this](QWidget& shown) {
-      shown.findChild<QLineEdit*>("filename")->setText(folder_.filePath("todas.pdf"));
-      dynamic_cast<QPrintDialog&>(shown).accept();
-    });
+    PrintInto(folder_.filePath("todas.pdf"));
     Press(dialog, "enPapel");
     EXPECT_EQ(PdfPages(folder_.filePath("todas.pdf")), sheets.size());
     Name("carpetaPdf", Folder("todas"));

@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "apps/escuela/PartialFile.h"
-#include "platform/RuntimeError.h"
+#include "apps/escuela/Refusal.h"
 #include "platform/text/Utf8.h"
 #include "platform/text/VisibleText.h"
 
@@ -18,10 +18,6 @@ namespace fs = std::filesystem;
 /// Leaves room for a number and an ending in a name of 255 bytes.
 constexpr std::size_t kMostNameBytes = 200;
 constexpr char32_t kPastAscii = 0x80;
-
-[[noreturn]] void RefuseToWrite(const std::string& path, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::StatementFailed, "No se puede escribir " + path + ": " + reason);
-}
 
 bool Fits(char32_t letter) {
   if (ActsOnTerminal(letter)) return false;
