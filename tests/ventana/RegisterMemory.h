@@ -24,9 +24,10 @@ class RegisterMemory {
     const auto saved = saved_.find(section_);
     if (saved == saved_.end()) return;
     ++reopened_;
-    if (saved->second != Students(window))
+    if (const auto shown = Students(window); saved->second != shown)
       throw Violation("El registro de la sección " + std::to_string(section_) +
-                      " no muestra al reabrirlo lo que se grabó");
+                      " no muestra al reabrirlo lo que se grabó: [" + Joined(saved->second) +
+                      "] y ahora [" + Joined(shown) + "]");
   }
   /// It is about to save what it shows.
   void Accept(const qt::FormWindow& window) {
@@ -50,6 +51,11 @@ class RegisterMemory {
     for (int row = 0; row < cells->rowCount(); ++row)
       names.push_back(cells->index(row, 0).data().toString().toStdString());
     return names;
+  }
+  static std::string Joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const auto& name : names) text += text.empty() ? name : "; " + name;
+    return text;
   }
 
   std::map<std::int32_t, std::vector<std::string>> saved_;  // by section

@@ -16,7 +16,23 @@
 namespace quorvane::test {
 namespace {
 
-class GradeRescueTest : public RescueTest {};
+class GradeRescueTest : public RescueTest {
+ protected:
+  /// The next step one asks for a recovery, whose grades have no place in the database: choosing
+  /// one is an error already.
+  void OfARecovery() {
+    auto stepOne = Doing({{"cboTipoEnsenanza", "ESO"},
+                          {"cboCursos", "2"},
+                          {"cboSecciones", "A"},
+                          {"cboEvaluaciones", "1"},
+                          {"cboMateria", "Lengua"}});
+    robot_.On("frmNotaSeccionAlumno1", [stepOne](Window& window) {
+      stepOne(window);
+      FormInstance<frmNotaSeccionAlumno1>::Get().chkRecuperacion.Value(1);
+      Robot::Click(window, "cmdNotaManual1(0)");
+    });
+  }
+};
 
 TEST_F(GradeRescueTest, RowsThatTheSaveHadWrittenAreNotInTheFile) {
   FullAt(3);
@@ -121,21 +137,25 @@ TEST_F(GradeRescueTest, AFailureThatIsNoRuntimeErrorLosesNothing) {
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
-// A grade of a recovery has no place in the database: choosing it is an error already.
 TEST_F(GradeRescueTest, AnErrorAtTheEndOfAnEditLosesNothing) {
-  auto stepOne = Doing({{"cboTipoEnsenanza", "ESO"},
-                        {"cboCursos", "2"},
-                        {"cboSecciones", "A"},
-                        {"cboEvaluaciones", "1"},
-                        {"cboMateria", "Lengua"}});
-  robot_.On("frmNotaSeccionAlumno1", [stepOne](Window& window) {
-    stepOne(window);
-    FormInstance<frmNotaSeccionAlumno1>::Get().chkRecuperacion.Value(1);
-    Robot::Click(window, "cmdNotaManual1(0)");
-  });
+  OfARecovery();
   const auto text = FailIn(127, "frmNotaSeccionAlumno", Doing({{0, 1, "5"}}));
   EXPECT_TRUE(text.startsWith("Error 438: ")) << text.toStdString();
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "5")));
+}
+
+TEST_F(GradeRescueTest, NothingIsTakenAwayFromAnEmptyCellOfARecovery) {
+  OfARecovery();
+  robot_.On("frmNotaSeccionAlumno", [](Window& window) {
+    auto& table = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
+    table.setFocus();
+    table.setCurrentIndex(table.model()->index(0, 1));
+    QTest::keyClick(&table, Qt::Key_Delete);
+    Robot::Click(window, "cmdCancelar");
+  });
+  LeaveStepOne("frmNotaSeccionAlumno1");
+  Play(127);
+  EXPECT_TRUE(robot_.unexpected.empty());
 }
 
 TEST_F(GradeRescueTest, BySubject) {

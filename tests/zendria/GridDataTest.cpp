@@ -1,5 +1,7 @@
 // Keys on many cells of a grid where what a cell shows doesn't tell what is stored for it.
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTableView>
 #include <gtest/gtest.h>
 
@@ -67,6 +69,7 @@ class GridDataTest : public RescueTest {
   const QKeyCombination fill_{Qt::ControlModifier, Qt::Key_D};
   const QKeyCombination extend_{Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_Down};
   const QKeyCombination delete_{Qt::NoModifier, Qt::Key_Delete};
+  const QKeyCombination open_{Qt::NoModifier, Qt::Key_F2};
 };
 
 TEST_F(GridDataTest, AMeasureThatItsListSpellsOtherwiseIsChosenPastedAndFilledDown) {
@@ -92,6 +95,12 @@ TEST_F(GridDataTest, AMeasureThatItsListSpellsOtherwiseIsChosenPastedAndFilledDo
 TEST_F(GridDataTest, AValueThatIsNotShownIsKeptWhenFillingDownAndGoesByDelete) {
   Measures({"1", "0", "3"});
   GradeFinal([this](Window& window) {
+    PressAt(window, 2, kMeasure, {open_});
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(window.isWindowModified()) << "nothing was chosen";
+    QGuiApplication::clipboard()->setText("Refuerzó educativo");
+    PressAt(window, 1, kMeasure, {paste_});
+    EXPECT_EQ(Column(window, kMeasure)[1], "") << "no text of this form";
     EXPECT_EQ(Column(window, kMeasure), Lines({"Refuerzo educativo", "", ""}));
     PressAt(window, 1, kMeasure, {delete_});
     EXPECT_FALSE(window.isWindowModified()) << "nothing was there";
@@ -104,7 +113,7 @@ TEST_F(GridDataTest, AValueThatIsNotShownIsKeptWhenFillingDownAndGoesByDelete) {
     EXPECT_TRUE(window.isWindowModified());
   });
   EXPECT_EQ(Measures(), Lines({"1", "1", "0"}));
-  EXPECT_THAT(robot_.messages, IsEmpty());
+  EXPECT_THAT(robot_.messages, ElementsAre(HasSubstr("no está en la lista de esa casilla")));
 }
 
 TEST_F(GridDataTest, OfTwoGradesOfOneTextTheOneThatStandsThereIsFilledDown) {
@@ -123,6 +132,9 @@ TEST_F(GridDataTest, OfTwoGradesOfOneTextTheOneThatStandsThereIsFilledDown) {
   });
   EXPECT_EQ(Grades(), Lines({"107", "107", "106"})) << "what shows the text already isn't touched";
   Grade("1", "frmNotaMateria", [this](Window& window) {
+    PressAt(window, 0, 1, {open_});
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(window.isWindowModified()) << "the very grade that it stands for";
     PressAt(window, 0, 1, {extend_, extend_, fill_});
   });
   EXPECT_EQ(Grades(), Lines({"107", "107", "107"}));

@@ -38,7 +38,9 @@ std::pair<int, std::ptrdiff_t> FirstOf(const Entries& list, const Holds& holds) 
   return {static_cast<int>(found - list.begin()), std::count_if(found, list.end(), holds)};
 }
 
-int EntryOf(const Entries& list, const CellText& cell) {
+/// `spelt` when the form itself shows that text: it may write an entry otherwise than its list
+/// does.
+int EntryOf(const Entries& list, const CellText& cell, bool spelt) {
   if (cell.data && *cell.data != 0) {
     const auto meant = FirstOf(list, [&](const auto& entry) { return entry.data == *cell.data; });
     if (meant.first >= 0) return meant.first;
@@ -46,8 +48,7 @@ int EntryOf(const Entries& list, const CellText& cell) {
   const auto core = Core(cell.text);
   const auto same =
       FirstOf(list, [&core](const auto& entry) { return Core(Text(entry.text)) == core; });
-  if (same.first >= 0) return same.first;
-  // A form may show a text otherwise than its list offers it.
+  if (same.first >= 0 || !spelt) return same.first;
   const auto plain = Plain(cell.text);
   const auto alike =
       FirstOf(list, [&plain](const auto& entry) { return Plain(Text(entry.text)) == plain; });
@@ -113,12 +114,20 @@ bool CellEdits::Shows(const CellText& cell) const {
   return Core(Shown(cell.row + retivo_.FixedRows(), cell.column)) == Core(cell.text);
 }
 
+bool CellEdits::InColumn(const CellText& cell) const {
+  auto other = cell;
+  other.row = retivo_.Rows() - retivo_.FixedRows();
+  while (--other.row >= 0)
+    if (Shows(other)) return true;
+  return false;
+}
+
 bool CellEdits::Stands(const CellText& cell) const {
   const auto same = Shows(cell);
   if (!cell.data || !Editable(cell)) return same;
   const auto stored = Stored(cell.row, cell.column);
+  if (!stored) return same;
   // What isn't shown may stand behind a blank all the same.
-  if (!stored) return same && *cell.data != 0;
   return *stored == *cell.data && (same || *cell.data != 0);
 }
 
@@ -129,12 +138,13 @@ std::optional<QString> CellEdits::PutOne(const CellText& cell) {
   if (Stands(cell)) return std::nullopt;
   if (!Editable(cell)) return QStringLiteral("no se puede poner en esa casilla.");
   const auto nothingToTell = empty && Shows(cell);
+  const auto spelt = InColumn(cell);
   retivo_.BeginEdit(cell.row + retivo_.FixedRows(), cell.column);
   if (!Goes() || !OnGrid(cell)) return std::nullopt;
   // What the edit has hidden or closed is no cell to put anything into.
   const auto& list = retivo_.Lista(cell.column);
   const auto open = !list.empty() && Editable(cell);
-  const auto entry = open ? EntryOf(list, cell) : -1;
+  const auto entry = open ? EntryOf(list, cell, spelt) : -1;
   if (entry >= 0) {
     End(entry);
     return std::nullopt;

@@ -35,7 +35,8 @@ class CellEdits {
   void End(int entry);
 
   /// Edits one cell after the other and picks the entry of the given data, or whose text is the
-  /// given one, but for case and blanks, and for accents where that leaves no doubt. A cell that
+  /// given one, but for case and blanks; for accents too where that leaves no doubt and the form
+  /// shows the text so. A cell that
   /// shows the text already is no cell to edit, unless other data is known to stand behind it. The
   /// screen follows while that goes on. Stops where the form has gone, or the program is to end.
   /// The current cell is then the one that it was.
@@ -53,6 +54,8 @@ class CellEdits {
   [[nodiscard]] bool OnGrid(const CellText& cell) const;
   /// The cell shows that text, but for case and blanks.
   [[nodiscard]] bool Shows(const CellText& cell) const;
+  /// Some cell of its column shows it.
+  [[nodiscard]] bool InColumn(const CellText& cell) const;
   /// The cell is already as it would be made.
   [[nodiscard]] bool Stands(const CellText& cell) const;
   [[nodiscard]] bool Editable(const CellText& cell) const;

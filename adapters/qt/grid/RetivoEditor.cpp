@@ -86,12 +86,9 @@ RetivoEditor::RetivoEditor(QWidget& window, QWidget& table)
   connect(list_, &QListWidget::itemClicked, this, [this] { Choose(Then::Stay); });
 }
 
-void RetivoEditor::Open(const std::vector<QString>& entries, const QString& shown,
-                        const QString& typed) {
+void RetivoEditor::Open(const std::vector<QString>& entries, int stands, const QString& typed) {
   entries_ = InOrder(entries);
-  shown_ = -1;
-  for (int place = 0; place < static_cast<int>(entries.size()) && shown_ < 0; ++place)
-    if (entries[static_cast<std::size_t>(place)].trimmed() == shown.trimmed()) shown_ = place;
+  stands_ = stands;
   Narrow({});
   entrySize_ = {list_->sizeHintForColumn(0), list_->sizeHintForRow(0)};
   filter_->setText(typed);
@@ -123,7 +120,7 @@ void RetivoEditor::Narrow(const QString& typed) {
   // Those that begin so; when none does, those that have it anywhere.
   if (!fill([&wanted](const QString& text) { return text.startsWith(wanted); }))
     fill([&wanted](const QString& text) { return text.contains(wanted); });
-  list_->setCurrentRow(wanted.isEmpty() ? RowOf(shown_) : 0);
+  list_->setCurrentRow(wanted.isEmpty() ? RowOf(stands_) : 0);
   ShowRefusal(false);
 }
 

@@ -33,10 +33,10 @@ class RetivoEditor : public QFrame {
   /// What the user does after choosing.
   enum class Then { Stay, Next, Previous, Down, Up };
 
-  /// Opens below the cell, or above where there is more room, with the entry chosen whose text the
-  /// cell shows, and narrowed by what has been typed already. Numbers stand by value, in whatever
-  /// order they come; what equals the typed text comes first.
-  void Open(const std::vector<QString>& entries, const QString& shown, const QString& typed);
+  /// Opens below the cell, or above where there is more room, with the entry chosen that the cell
+  /// stands for, by its place (-1 for none), and narrowed by what has been typed already. Numbers
+  /// stand by value, in whatever order they come; what equals the typed text comes first.
+  void Open(const std::vector<QString>& entries, int stands, const QString& typed);
   [[nodiscard]] bool IsOpen() const noexcept { return open_; }
 
   /// The user goes elsewhere, by the mouse or to another window. What he has typed chooses the
@@ -80,7 +80,7 @@ class RetivoEditor : public QFrame {
   QLabel* refusal_;
   std::vector<Entry> entries_;
   QSize entrySize_;  // of the widest, whatever is left of them
-  int shown_ = -1;   // the place of the entry that the cell shows
+  int stands_ = -1;  // the place of the entry that the cell stands for
   bool open_ = false;
 };
 

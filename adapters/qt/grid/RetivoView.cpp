@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "adapters/qt/grid/CellTargets.h"
 #include "adapters/qt/grid/GridCommand.h"
@@ -127,8 +128,20 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
     return;
   }
   table_->scrollTo(kept);
-  editor_->Open(entries, kept.data().toString(), typed);
+  editor_->Open(entries, EntryOf(kept), typed);
   Window().OpenList(editor_);
+}
+
+int RetivoView::EntryOf(const QModelIndex& cell) const {
+  const auto shown = cell.data().toString().trimmed();
+  auto stored = edits_.Stored(cell.row(), cell.column());
+  // What is shown without anything behind it is no more than its text.
+  if (stored == 0 && !shown.isEmpty()) stored.reset();
+  const auto& list = retivo_.Lista(cell.column());
+  const auto found = std::find_if(list.begin(), list.end(), [&](const auto& entry) {
+    return stored ? entry.data == *stored : LineText(entry.text).trimmed() == shown;
+  });
+  return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 
 void RetivoView::OpenByMouse(const QModelIndex& cell) {
@@ -165,8 +178,9 @@ void RetivoView::Paste() {
   if (targets.empty()) return QApplication::beep();
   Edit("Pegar", targets);
   const auto* const cells = table_->model();
+  const auto right = std::max(targets.front().column, targets.back().column);
   const auto last = cells->index(std::min(targets.back().row, cells->rowCount() - 1),
-                                 std::max(targets.front().column, targets.back().column));
+                                 std::min(right, cells->columnCount() - 1));
   const auto first = cells->index(targets.front().row, targets.front().column);
   if (first.isValid() && last.isValid()) table_->Choose({first, last});
 }

@@ -37,6 +37,8 @@ class RetivoView : public QObject, public ControlView {
   /// Where the cell is in the window.
   [[nodiscard]] QRect RoomOf(const QModelIndex& cell) const;
   void Open(const QModelIndex& cell, const QString& typed);
+  /// The place in its list of the entry that the cell stands for; -1 for none.
+  [[nodiscard]] int EntryOf(const QModelIndex& cell) const;
   /// A click on that cell, unless it was to select more.
   void OpenByMouse(const QModelIndex& cell);
   void GoOn(RetivoEditor::Then then);
