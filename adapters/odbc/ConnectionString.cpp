@@ -119,11 +119,13 @@ const ConnectionString::Entry* ConnectionString::Find(std::string_view keyword) 
 }
 
 bool ConnectionString::IsAddress(std::string_view text) {
-  const auto scheme = text.substr(0, text.find("://"));
-  return scheme.size() < text.size() && scheme.size() > 1 &&
-         std::all_of(scheme.begin(), scheme.end(), [](char letter) {
-           const auto lower = static_cast<char>(letter | 0x20);
-           return lower >= 'a' && lower <= 'z';
+  const auto scheme = AsciiLower(text.substr(0, text.find("://")));
+  const auto isLetter = [](char letter) { return letter >= 'a' && letter <= 'z'; };
+  // A file's own address is a file's name.
+  return scheme.size() < text.size() && scheme.size() > 1 && scheme != "file" &&
+         isLetter(scheme.front()) && std::all_of(scheme.begin(), scheme.end(), [&](char letter) {
+           return isLetter(letter) || (letter >= '0' && letter <= '9') || letter == '+' ||
+                  letter == '-' || letter == '.';
          });
 }
 

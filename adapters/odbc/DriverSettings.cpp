@@ -77,13 +77,8 @@ Engine NamedEngine(const std::string& connectionString) {
 }
 
 bool NamesOtherDriver(const std::string& connectionString) {
-  const auto driver = AsciiLower(GivenSetting(ConnectionString(connectionString), "Driver"));
-  if (driver.empty() || sqltext::EngineNamed(driver) != Engine::Unknown) return false;
-  // These don't bear their server's name.
-  constexpr std::string_view kOfSqlServer[] = {"freetds", "tdsodbc", "msodbcsql"};
-  return std::none_of(std::begin(kOfSqlServer), std::end(kOfSqlServer), [&](std::string_view name) {
-    return driver.find(name) != std::string::npos;
-  });
+  const auto driver = GivenSetting(ConnectionString(connectionString), "Driver");
+  return !driver.empty() && sqltext::EngineNamed(driver) == Engine::Unknown;
 }
 
 std::size_t NamedServers(const std::string& connectionString) {

@@ -28,7 +28,7 @@ using sqltext::Engine;
 /// How long a file's driver waits for who has it locked. Error 0x80004005 in Spanish when the
 /// string doesn't say it plainly.
 std::chrono::milliseconds BusyWait(const ConnectionString& given) {
-  if (!given.Has("Timeout")) return kBusyWait;
+  if (given.Value("Timeout").empty()) return kBusyWait;
   if (const auto wait = PlainNumber<std::uint32_t>(given.Value("Timeout")))
     return std::chrono::milliseconds(*wait);
   throw RuntimeError(ErrorNumber::StatementFailed,

@@ -100,7 +100,8 @@ std::string WithoutValues(std::string_view text) {
 /// Of "//user:password@server" the user and the server.
 std::string WithoutAddressPasswords(std::string text) {
   for (auto at = text.find("//"); at != std::string::npos; at = text.find("//", at + 2)) {
-    const auto end = text.find_first_of("/ \t\n", at + 2);
+    // A password may hold a slash that should have been written otherwise.
+    const auto end = text.find_first_of(" \t\n", at + 2);
     const auto server = text.rfind('@', end);
     const auto colon = text.find(':', at);
     if (server == std::string::npos || colon == std::string::npos || server < at || colon > server)

@@ -41,7 +41,8 @@ Engine EngineNamed(std::string_view product) {
   const auto name = AsciiLower(product);
   const auto names = [&name](const char* part) { return name.find(part) != std::string::npos; };
   if (names("sqlite")) return Engine::Sqlite;
-  if (names("sql server")) return Engine::SqlServer;
+  if (names("sql server") || names("freetds") || names("tdsodbc") || names("msodbcsql"))
+    return Engine::SqlServer;
   if (names("postgres") || names("psqlodbc")) return Engine::PostgreSql;
   return Engine::Unknown;
 }

@@ -97,7 +97,7 @@ bool LockList::RemoveIf(int publication, const std::function<bool()>& still) {
     if (removed) {
       connection_.Execute("DELETE FROM BloqueoPte WHERE CodPublicacion=" + id);
       connection_.Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" + id);
-      transaction.Keep();
+      transaction.KeepOrTell();
     }
   }
   if (sqlServer) connection_.Execute("SET TRANSACTION ISOLATION LEVEL READ COMMITTED");

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "adapters/odbc/OdbcConnection.h"
+#include "apps/escuela/OutcomeUnknown.h"
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolWriting.h"
 #include "apps/escuela/TableNames.h"
@@ -43,11 +44,10 @@ void Keep(Transaction& transaction, const Connection& database, const std::strin
     transaction.Keep();
   } catch (const RuntimeError& error) {
     if (database.IsOpen()) throw;
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "No se sabe si se ha creado la escuela en " + place +
-                           ", porque la conexión se perdió cuando el servidor la daba por escrita: "
-                           "está entera o no está. Mírelo con «quorvane-escuela comprobar». " +
-                           error.Description());
+    throw OutcomeUnknown("No se sabe si se ha creado la escuela en " + place +
+                         ", porque la conexión se perdió cuando el servidor la daba por escrita: "
+                         "está entera o no está. Mírelo con «quorvane-escuela comprobar». " +
+                         error.Description());
   }
 }
 
@@ -61,14 +61,13 @@ void MakeSchool(const SchoolAddress& address, const std::function<void(Connectio
   database.Open();
   const auto place = address.Shown();
   RequireEmpty(database, place);
-  auto written = false;
   try {
     Transaction transaction(database);
     WriteSchool(database, SchemaFor(database), fill, goOn);
-    written = true;
     Keep(transaction, database, place);
+  } catch (const OutcomeUnknown&) {
+    throw;
   } catch (const RuntimeError& error) {
-    if (written && !database.IsOpen()) throw;
     RefuseSchool(place, error.Description() + ". No ha quedado nada escrito");
   }
 }

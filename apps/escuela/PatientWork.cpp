@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/OutcomeUnknown.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -12,9 +13,9 @@ namespace {
 
 constexpr std::chrono::seconds kPatience(5);
 
-/// Of a file that is written to, of one whose tables change, and of a server's table.
+/// Of a file that is written to, of one whose tables change, and of the table of either server.
 constexpr const char* kHeld[] = {"database is locked", "database table is locked",
-                                 "database schema is locked", "[55P03]"};
+                                 "database schema is locked", "[55P03]", "(1222)"};
 
 constexpr std::string_view kLost = "Se ha perdido la conexión con la base de datos";
 
@@ -26,14 +27,19 @@ std::unique_ptr<Connection> OpenForPiece(const SchoolAddress& address,
   if (auto* const file = dynamic_cast<sqlite::SqliteConnection*>(school.get()))
     file->BusyWait(kPatience);
   school->Open();
-  if (EngineReached(*school) == sqltext::Engine::PostgreSql)
+  const auto engine = EngineReached(*school);
+  if (engine == sqltext::Engine::PostgreSql)
     school->Execute("SET lock_timeout='" + std::to_string(kPatience.count()) + "s'");
+  if (engine == sqltext::Engine::SqlServer)
+    school->Execute("SET LOCK_TIMEOUT " + std::to_string(kPatience.count() * 1000));
   return school;
 }
 
 void TellIfHeldOrLost(const std::function<void()>& work) {
   try {
     work();
+  } catch (const OutcomeUnknown&) {
+    throw;
   } catch (const RuntimeError& error) {
     const auto text = error.Description();
     if (text.starts_with(kLost))

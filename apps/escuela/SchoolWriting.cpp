@@ -3,16 +3,17 @@
 #include <string>
 #include <utility>
 
+#include "apps/escuela/Transaction.h"
 #include "frame/schema/SchoolSchema.h"
 
 namespace quorvane {
 
 void AskBeforeEach(Connection& school, const std::function<void()>& goOn) {
   if (!goOn) return;
-  school.Observe([goOn, stopped = false](const Connection&, const std::string&) mutable {
-    if (std::exchange(stopped, true)) return;
+  school.Observe([goOn, over = false](const Connection&, const std::string& statement) mutable {
+    if (std::exchange(over, true)) return;
     goOn();
-    stopped = false;
+    over = statement == kCommit;
   });
 }
 

@@ -7,8 +7,8 @@
 
 namespace quorvane {
 
-/// Has `goOn`, unless empty, be called before each statement from here on, until it throws: what
-/// undoes the work is let by.
+/// Has `goOn`, unless empty, be called before each statement from here on, until it throws or the
+/// work is kept: what undoes it, or comes after, is let by.
 void AskBeforeEach(Connection& school, const std::function<void()>& goOn);
 
 /// Makes the tables of a schema in an open database, has `fill` write their rows, and makes the

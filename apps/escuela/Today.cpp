@@ -17,4 +17,9 @@ std::string Today(Connection& school) {
   return {text, std::strftime(text, sizeof text, "%Y/%m/%d", &local)};
 }
 
+std::string PrintedToday(Connection& school) {
+  const auto date = Today(school);
+  return date.substr(8) + "/" + date.substr(5, 2) + "/" + date.substr(0, 4);
+}
+
 }  // namespace quorvane

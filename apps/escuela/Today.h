@@ -10,4 +10,7 @@ namespace quorvane {
 /// computer's.
 std::string Today(Connection& school);
 
+/// The same as it is printed, dd/mm/yyyy.
+std::string PrintedToday(Connection& school);
+
 }  // namespace quorvane

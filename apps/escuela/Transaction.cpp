@@ -1,5 +1,6 @@
 #include "apps/escuela/Transaction.h"
 
+#include "apps/escuela/OutcomeUnknown.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvane {
@@ -19,7 +20,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::Keep() {
-  database_.Execute("COMMIT TRANSACTION");
+  database_.Execute(kCommit);
   kept_ = true;
 }
 
@@ -28,11 +29,10 @@ void Transaction::KeepOrTell() {
     Keep();
   } catch (const RuntimeError& error) {
     if (database_.IsOpen()) throw;
-    throw RuntimeError(ErrorNumber::StatementFailed,
-                       "No se sabe si se ha escrito, porque la conexión se perdió cuando el "
-                       "servidor lo daba por hecho: está todo o no está nada. Mírelo antes de "
-                       "repetirlo. " +
-                           error.Description());
+    throw OutcomeUnknown(
+        "No se sabe si se ha escrito, porque la conexión se perdió cuando el servidor lo daba por "
+        "hecho: está todo o no está nada. Mírelo antes de repetirlo. " +
+        error.Description());
   }
 }
 

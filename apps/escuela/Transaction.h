@@ -6,6 +6,9 @@
 
 namespace quorvane {
 
+/// What keeps a transaction.
+inline constexpr const char* kCommit = "COMMIT TRANSACTION";
+
 /// What is written through an open connection from here on, undone at the end unless it is kept. A
 /// lost connection is undone by the server.
 class Transaction {
@@ -21,7 +24,7 @@ class Transaction {
   /// Error 0x80004005 when the engine refuses: nothing is kept then, unless the connection is
   /// closed afterwards, lost before the answer came: then nobody knows.
   void Keep();
-  /// The same, but that nobody knows is told in Spanish, with what to do about it.
+  /// The same, but that nobody knows is an `OutcomeUnknown`, in Spanish, with what to do about it.
   void KeepOrTell();
 
  private:

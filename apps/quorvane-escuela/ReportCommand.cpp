@@ -29,11 +29,6 @@ std::string NameOf(const SchoolAddress& address) {
   return "Escuela";
 }
 
-/// "03/03/2025" of "2025/03/03".
-std::string Printed(const std::string& date) {
-  return date.substr(8) + "/" + date.substr(5, 2) + "/" + date.substr(0, 4);
-}
-
 bool Ends(const std::string& text, const std::string& ending) { return text.ends_with(ending); }
 
 std::string DocumentText(const SectionReport& report, bool blank, bool csv) {
@@ -87,7 +82,7 @@ int Write(const SchoolAddress& address, const ReportOptions& options) {
     if (!options.all) reading.Working();
   });
   const ReportReader reader(*school, options.name.empty() ? NameOf(address) : options.name,
-                            Printed(Today(*school)));
+                            PrintedToday(*school));
   if (options.all) return WriteAll(reader, options);
   const auto report = options.subject.empty()
                           ? reader.Section(reader.FindSection(options.section), options.student)

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "apps/escuela/NewSchool.h"
+#include "apps/escuela/OutcomeUnknown.h"
 #include "apps/quorvane-escuela/StopSignals.h"
 #include "platform/RuntimeError.h"
 
@@ -16,6 +17,8 @@ int UnlessStopped(const std::function<int()>& work) {
   StopSignals::Catch();
   try {
     return work();
+  } catch (const OutcomeUnknown&) {
+    throw;
   } catch (const WritingStopped&) {
   } catch (const RuntimeError&) {
     if (!StopSignals::Came()) throw;

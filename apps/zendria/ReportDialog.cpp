@@ -1,6 +1,5 @@
 #include "apps/zendria/ReportDialog.h"
 
-#include <QDate>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "adapters/qt/views/ClosedListWheel.h"
+#include "apps/escuela/Today.h"
 #include "apps/escuela/report/NewFile.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/Attempt.h"
@@ -99,8 +99,7 @@ void ReportDialog::Build() {
 }
 
 void ReportDialog::Fill(Connection& school, const QString& name, std::int32_t staff) {
-  reader_ = std::make_unique<ReportReader>(
-      school, name.toStdString(), QDate::currentDate().toString("dd/MM/yyyy").toStdString(), staff);
+  reader_ = std::make_unique<ReportReader>(school, name.toStdString(), PrintedToday(school), staff);
   const auto fill = [](QComboBox& box, const auto& rows) {
     for (const auto& [id, text] : rows) box.addItem(QString::fromStdString(text), id);
   };

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "apps/escuela/PersonName.h"
 #include "platform/data/Connection.h"
 #include "platform/data/StatementTrace.h"
 #include "platform/text/SpanishOrder.h"
@@ -14,14 +15,8 @@ std::vector<FilteredList::Entry> ReadStaff(Connection& school) {
   const StatementTrace::Silence silence;
   std::vector<std::pair<std::string, std::int32_t>> people;
   auto rows = school.Execute("SELECT IDPersonal, Apellido1, Apellido2, Nombre FROM Personal");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    auto surnames = rows.Fields("Apellido1").Text();
-    const auto second = rows.Fields("Apellido2").Text();
-    if (!second.empty()) surnames += (surnames.empty() ? "" : " ") + second;
-    const auto name = rows.Fields("Nombre").Text();
-    if (!surnames.empty() && !name.empty()) surnames += ", ";
-    people.emplace_back(surnames + name, rows.Fields("IDPersonal").Long());
-  }
+  for (; !rows.Eof(); rows.MoveNext())
+    people.emplace_back(FullName(rows, 1), rows.Fields("IDPersonal").Long());
   std::stable_sort(people.begin(), people.end(), [](const auto& one, const auto& other) {
     return SpanishLess(one.first, other.first);
   });

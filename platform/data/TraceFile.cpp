@@ -20,6 +20,12 @@ namespace quorvane {
 
 #ifdef _WIN32
 
+namespace {
+
+bool IsDevice(int handle) { return _isatty(handle) != 0; }
+
+}  // namespace
+
 TraceFile::TraceFile(const char* path)
     : handle_(_open(path, _O_WRONLY | _O_APPEND | _O_CREAT | _O_BINARY, _S_IREAD | _S_IWRITE)),
       error_(IsOpen() ? 0 : errno) {}
@@ -70,6 +76,11 @@ class PipeSignalHeld {
 };
 
 constexpr mode_t kOwnerAlone = 0600;
+
+bool IsDevice(int handle) {
+  struct stat status {};
+  return fstat(handle, &status) == 0 && S_ISCHR(status.st_mode);
+}
 
 /// Waits until that can be written, or has failed. False when the time is over.
 bool AwaitRoom(int handle, std::chrono::steady_clock::time_point end) {
@@ -142,7 +153,9 @@ void TraceFile::Tell(const std::string& text) {
 bool TraceFile::IsOpen() const noexcept { return handle_ >= 0; }
 
 bool TraceFile::Unread() const noexcept {
-  return error_ == ENXIO || error_ == EPIPE || error_ == EAGAIN;
+  // A terminal that has gone answers as a disk does that fails.
+  return error_ == ENXIO || error_ == EPIPE || error_ == EAGAIN ||
+         (error_ == EIO && IsDevice(handle_));
 }
 
 }  // namespace quorvane

@@ -173,6 +173,18 @@ TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
   }
 }
 
+TEST_F(GradeHistoryTest, AnotherProgramsTriggerOfThatNameIsMadeAnew) {
+  if (OnServer()) GTEST_SKIP() << "there a trigger's rights tell who made it";
+  history_.Activate();
+  school_.Sql("DROP TRIGGER Historial_EvaluacionPte_UPDATE");
+  school_.Sql(
+      "CREATE TRIGGER Historial_EvaluacionPte_UPDATE AFTER UPDATE ON EvaluacionPte BEGIN SELECT 1; "
+      "END");
+  EXPECT_FALSE(history_.Active());
+  history_.Activate();
+  EXPECT_TRUE(history_.Active());
+}
+
 TEST_F(GradeHistoryTest, IsGivenTheColumnsThatItsTableLacks) {
   const auto* const save = "UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3";
   school_.Sql("UPDATE EvaluacionPte SET CodNota=5 WHERE IDEvaluacionPte=3");

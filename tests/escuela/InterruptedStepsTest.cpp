@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/UserPasswords.h"
 #include "tests/escuela/ToolInSteps.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
@@ -43,6 +44,7 @@ class InterruptedStepsTest : public testing::Test {
  protected:
   InterruptedStepsTest() {
     EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " demo " + from_).status, 0);
+    UserPasswords(*SchoolAddress::File(from_).Open("")).Set(2, "alcachofas con jamón");
     fs::create_directory(work_);
   }
   void SetUp() override {
@@ -130,6 +132,7 @@ TEST_F(InterruptedStepsTest, WhatChangesASchoolIsDoneOrNot) {
                                      {"writing", {__NR_fsync, __NR_fdatasync}, "", true}};
   ExpectAll({"historial", school_, "activar"}, stages);
   ExpectAll({"bloqueos", school_, "--borrar", "1"}, stages);
+  ExpectAll({"usuarios", school_, "quitar", "2"}, stages);
   const auto list = folder_ / "registro.csv";
   std::ofstream(list) << "alumno;sección;materia;curso;evaluaciones;profesor\n"
                          "32;3º ESO A;Matemáticas;2º ESO B;todas;\n";

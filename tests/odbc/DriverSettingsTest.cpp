@@ -69,7 +69,7 @@ TEST(DriverSettingsTest, TheEngineIsNamedByTheDriverOrItsFile) {
   EXPECT_EQ(NamedEngine("Driver={PostgreSQL Unicode};Server=a"), Engine::PostgreSql);
   EXPECT_EQ(NamedEngine("Driver=/usr/lib/odbc/psqlodbcw.so"), Engine::PostgreSql);
   EXPECT_EQ(NamedEngine("Driver=libsqlite3odbc.so"), Engine::Sqlite);
-  EXPECT_EQ(NamedEngine("Driver=FreeTDS"), Engine::Unknown);
+  EXPECT_EQ(NamedEngine("Driver=FreeTDS"), Engine::SqlServer);
   EXPECT_EQ(NamedEngine("DSN=no_hay_tal"), Engine::Unknown);
 }
 

@@ -13,7 +13,8 @@ void EventPrinter::Print(std::string_view word, const std::string& rest) {
       line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
   out_ << word;
   // What a script says is told as it was read.
-  if (!line.empty()) out_ << ' ' << VisibleText(line, word == kCommand ? "\t" : "");
+  const auto command = word == kCommand || word == kRefusal;
+  if (!line.empty()) out_ << ' ' << VisibleText(line, command ? "\t" : "");
   out_ << '\n' << std::flush;
   if (!out_) throw OutputFailed();
 }

@@ -20,6 +20,7 @@ class EventPrinter {
  public:
   /// The word for a command of the script, of which tabs are told as they are.
   static constexpr std::string_view kCommand = ">";
+  static constexpr std::string_view kRefusal = "rechazo";
 
   explicit EventPrinter(std::ostream& out) : out_(out) {}
 

@@ -103,7 +103,7 @@ void Guion::Run(const Command& command) {
   try {
     command.kind->run(*this, command);
   } catch (const Refusal& refusal) {
-    events_.Print("rechazo", command.text + ": " + refusal.what());
+    events_.Print(EventPrinter::kRefusal, command.text + ": " + refusal.what());
   }
 }
 

@@ -15,16 +15,17 @@ struct Layout {
   std::string_view form;
   void (*layOut)(Stage&);
   bool holdsWork = false;
+  bool idleUnlessAsked = false;
 };
 
 constexpr std::array<Layout, 11> kLayouts{{
     {"frmPendientes", LayOutFrmPendientes},
-    {"frmAlumnoPendiente", LayOutFrmAlumnoPendiente, true},
+    {.form = "frmAlumnoPendiente", .layOut = LayOutFrmAlumnoPendiente, .holdsWork = true},
     {"frmAlumnos", LayOutFrmAlumnos},
     {"frmAlumnoMateria", LayOutFrmAlumnoMateria},
     {"frmMateriaPend", LayOutFrmMateriaPend},
     {"frmMateriaEv", LayOutFrmMateriaEv},
-    {"frmPropMatProf", LayOutFrmPropMatProf},
+    {.form = "frmPropMatProf", .layOut = LayOutFrmPropMatProf, .idleUnlessAsked = true},
     {"frmNotaManual1", LayOutFrmNotaManual1},
     {"frmNotaMateria1", LayOutFrmNotaMateria1},
     {"frmNotaSeccionAlumno1", LayOutFrmNotaSeccionAlumno1},
@@ -46,6 +47,11 @@ bool HasLayout(const Form& form) { return LayoutOf(form) != nullptr; }
 bool IsLaidOutForWork(const Form& form) {
   const auto* const layout = LayoutOf(form);
   return layout != nullptr && layout->holdsWork;
+}
+
+bool IsIdleUnlessAsked(const Form& form) {
+  const auto* const layout = LayoutOf(form);
+  return layout != nullptr && layout->idleUnlessAsked;
 }
 
 void LayOut(FormWindow& window) {

@@ -31,7 +31,6 @@ namespace {
 
 constexpr double kMostOfTheScreen = 0.95;
 constexpr auto kAccept = "cmdAceptar";
-constexpr auto kIdleWhenAccepted = "frmPropMatProf";
 
 bool IsPress(QEvent::Type type) {
   return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
@@ -233,10 +232,7 @@ void FormWindow::TakePress(const CommandButton& button) {
   asked_ = asked_ || !accepts;
 }
 
-bool FormWindow::Accepted() const {
-  // Unlike the others, that one does nothing when it hasn't been asked for another teacher.
-  return accepted_ && (asked_ || form_.Name() != kIdleWhenAccepted);
-}
+bool FormWindow::Accepted() const { return accepted_ && (asked_ || !IsIdleUnlessAsked(form_)); }
 
 bool FormWindow::ListIsOpen() const { return list_ != nullptr && list_->IsOpen(); }
 

@@ -108,11 +108,19 @@ class Names {
 }  // namespace
 
 bool GradeHistory::Active() const {
-  std::size_t working = 0;
+  const auto file = engine_ == Engine::Sqlite;
+  std::vector<std::string> texts;
   for (auto rows = school_.Execute(WorkingTriggersQuery(engine_)); !rows.Eof(); rows.MoveNext())
-    ++working;
-  return working == HistoryTriggersCount() && Kept() &&
-         MissingHistoryColumns(school_, engine_).empty();
+    texts.push_back(file ? rows.Fields(1).Text() : std::string());
+  if (texts.size() != HistoryTriggersCount() || !Kept() ||
+      !MissingHistoryColumns(school_, engine_).empty())
+    return false;
+  if (!file) return true;
+  // One of another text may be an older program's, or somebody else's.
+  const auto ours = TriggersSql();
+  return std::all_of(texts.begin(), texts.end(), [&ours](const std::string& text) {
+    return std::find(ours.begin(), ours.end(), text) != ours.end();
+  });
 }
 
 bool GradeHistory::Kept() const { return HasTable(school_, std::string(kHistoryTable)); }

@@ -24,8 +24,7 @@ std::string HistoryColumnsQuery(Engine engine) {
            "relname='historialnotas' AND pg_table_is_visible(pg_class.oid) AND attnum>0 AND NOT "
            "attisdropped";
   if (engine == Engine::SqlServer)
-    return "SELECT sys.columns.name FROM sys.columns INNER JOIN sys.tables ON "
-           "sys.tables.object_id=sys.columns.object_id WHERE sys.tables.name='HistorialNotas'";
+    return "SELECT name FROM sys.columns WHERE object_id=OBJECT_ID('HistorialNotas')";
   return "SELECT name FROM pragma_table_info('HistorialNotas')";
 }
 

@@ -236,7 +236,7 @@ std::string HistoryTriggersQuery(Engine engine) {
            "pg_table_is_visible(pg_class.oid) AND tgname LIKE 'historial\\_evaluacion%pte\\_%'";
   if (engine == Engine::SqlServer)
     return "SELECT name FROM sys.triggers WHERE name LIKE 'Historial[_]Evaluacion%Pte[_]%'";
-  return "SELECT name FROM sqlite_master WHERE type='trigger' AND name LIKE "
+  return "SELECT name, sql FROM sqlite_master WHERE type='trigger' AND name LIKE "
          "'Historial?_Evaluacion%Pte?_%' ESCAPE '?'";
 }
 

@@ -44,7 +44,7 @@ std::vector<std::string> NoHistoryTriggersSql(sqltext::Engine engine);
 
 /// Whether a trigger on a table is called as one of a history's, in whatever letters.
 bool IsHistoryTrigger(std::string_view name, std::string_view table);
-/// A query that gives a row for each of the triggers that stand.
+/// A query that gives a row for each of the triggers that stand: its name and, in a file, its text.
 std::string HistoryTriggersQuery(sqltext::Engine engine);
 /// One for each of those that stand as they were made: none that has been switched off, nor one
 /// that runs with rights it doesn't guard.

@@ -126,9 +126,10 @@ class Planner {
   }
 
   /// Whoever moved a student to another section has left him on the register of the one before.
-  void WarnOfOtherRegister(const ImportedSubject& asked, ImportPlan& plan) const {
+  void WarnOfOtherRegister(const ImportedSubject& asked, ImportPlan& plan) {
     const auto other = school_.RegisterOf(asked.student->id);
     if (other == 0 || school_.OnRegister(asked.section->id, asked.student->id)) return;
+    if (!warned_.insert(asked.student->id).second) return;
     const auto* const section = school_.SectionOf(other);
     plan.warnings.push_back(
         "Línea " + std::to_string(asked.line) + ": " + asked.student->name + " (" +
@@ -228,6 +229,7 @@ class Planner {
   ImportColumns columns_;
   const RegisterLookup& school_;
   std::map<std::pair<std::int32_t, std::int32_t>, std::size_t> seen_;
+  std::set<std::int32_t> warned_;  // students who are on another register
   std::map<std::int32_t, std::pair<std::int32_t, std::size_t>> asked_;
 };
 
