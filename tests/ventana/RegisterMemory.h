@@ -16,11 +16,12 @@ namespace quorvane::test {
 /// one that is shown when the register is opened again.
 class RegisterMemory {
  public:
-  /// The register has been opened, in a window that shows it.
-  void Look(const qt::FormWindow& window) {
+  /// The register has been opened, in a window that shows it. `untouched` when nobody has done
+  /// anything in it since.
+  void Look(const qt::FormWindow& window, bool untouched) {
     if (looked_) return;
-    looked_ = true;
-    section_ = FormInstance<frmPendientes>::Get().cboSeccion.SelectedData();
+    Miss();
+    if (!untouched) return;
     const auto saved = saved_.find(section_);
     if (saved == saved_.end()) return;
     ++reopened_;
@@ -29,9 +30,14 @@ class RegisterMemory {
                       " no muestra al reabrirlo lo que se grabó: [" + Joined(saved->second) +
                       "] y ahora [" + Joined(shown) + "]");
   }
+  /// A dialog of the register is open already, and may have changed it.
+  void Miss() {
+    looked_ = true;
+    section_ = FormInstance<frmPendientes>::Get().cboSeccion.SelectedData();
+  }
   /// It is about to save what it shows.
   void Accept(const qt::FormWindow& window) {
-    Look(window);
+    Miss();
     saved_[section_] = Students(window);
   }
   /// The form is gone; `whole` unless an error ended it.

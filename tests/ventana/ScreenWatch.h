@@ -69,7 +69,10 @@ class ScreenWatch : public Onlooker {
     Settle();
     grades_.Look(oneGesture);
     const auto& window = *screen_.ActiveWindow();
-    if (window.Model().Name() == kRegister) registers_.Look(window);
+    if (window.Model().Name() == kRegister)
+      registers_.Look(window, oneGesture);
+    else if (!register_.expired())
+      registers_.Miss();
   }
   [[nodiscard]] GradeMemory& Grades() noexcept { return grades_; }
   [[nodiscard]] const RegisterMemory& Registers() const noexcept { return registers_; }
