@@ -27,7 +27,7 @@ QString PlaceOf(const SchoolAddress& address) {
 }
 
 QString IdentityOf(const SchoolAddress& address) {
-  const auto place = PlaceOf(address);
+  auto place = PlaceOf(address);
   if (address.IsOdbc()) return place;
   const auto file = QFileInfo(place).canonicalFilePath();
   return file.isEmpty() ? place : file;
