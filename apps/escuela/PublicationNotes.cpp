@@ -87,7 +87,11 @@ std::string InFileName(std::string text) {
 }  // namespace
 
 PublicationNotes PublicationNotes::Beside(const std::string& school) {
-  return PublicationNotes(school + "-");
+  // One place for all who reach the file, by whatever path or link: a living program's note that
+  // isn't seen leaves its publication to a dead one's.
+  std::error_code error;
+  const auto file = fs::canonical(school, error);
+  return PublicationNotes((error ? school : file.string()) + "-");
 }
 
 std::string PublicationNotes::PathOf(const Note& note) const {

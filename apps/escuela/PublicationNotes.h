@@ -32,7 +32,7 @@ class PublicationNotes {
 
   /// The notes whose files begin so, with their folder.
   explicit PublicationNotes(std::string prefix) : prefix_(std::move(prefix)) {}
-  /// Those beside a school in that file.
+  /// Those beside a school in that file: beside what a link leads to.
   static PublicationNotes Beside(const std::string& school);
 
   /// All that can be made sense of; without entries none.

@@ -4,7 +4,7 @@
 
 namespace quorvane::zendria {
 
-/// Paints a part of a whole as a bar behind its text.
+/// Paints a part of a whole as a bar behind its text, which is read on any palette.
 class BarDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

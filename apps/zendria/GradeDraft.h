@@ -15,7 +15,7 @@ namespace quorvane::zendria {
 
 /// Whose grades a draft has: no two of these share one.
 struct DraftOwner {
-  QString school;  ///< its place, without any password
+  QString school;  ///< as `IdentityOf` gives it
   std::int32_t user = 0;
 };
 

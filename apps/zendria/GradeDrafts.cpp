@@ -18,6 +18,7 @@
 #include "apps/zendria/GradeForm.h"
 #include "apps/zendria/OwnFile.h"
 #include "apps/zendria/School.h"
+#include "apps/zendria/SchoolPlace.h"
 #include "platform/controls/Form.h"
 
 namespace quorvane::zendria {
@@ -45,7 +46,7 @@ class GradeDrafts::Keeper {
   }
 
   void Begin(School& school, const User& user) {
-    owner_ = {school.Place(), user.id};
+    owner_ = {IdentityOf(school.Address()), user.id};
     school_ = &school.Own();
     user_ = &user;
     Forget();
@@ -53,6 +54,7 @@ class GradeDrafts::Keeper {
   void End() { school_ = nullptr; }
 
   void Edited(const Form& form, const Retivo& grid, int entry) {
+    if (asked_ != &form) KeepUnasked(form);
     if (resting_) return;
     auto edit = ReadGradeEdit(form, grid, entry);
     // What no save writes is no grade to be kept.
@@ -63,9 +65,10 @@ class GradeDrafts::Keeper {
   }
 
   void Unloading(const Form& form) {
-    if (form.Name() != sheet_.form) return;
+    // One that was never asked about leaves its draft as it is.
+    if (asked_ != &form) return;
     // Nobody has said that he doesn't want it.
-    if (screen_.Leaving()) {
+    if (resting_ || screen_.Leaving()) {
       Write();
     } else {
       const auto edited = edits_.Edited();
@@ -87,23 +90,22 @@ class GradeDrafts::Keeper {
   void Ready(qt::FormWindow& window) {
     const auto form = AsGradeForm(window.Model());
     if (form == nullptr || !window.Model().Visible() || school_ == nullptr) return;
-    Forget();
-    // Put in here, a draft would end with the only way out.
-    resting_ = !form->Saves();
-    if (resting_) return;
-    sheet_ = form->Sheet();
-    const auto draft = Read(window);
-    if (!draft) return;
+    auto draft = Take(window.Model(), *form);
+    TellBroken(window);
+    if (!draft || screen_.Leaving()) return;
+    // What was edited before counts: the user has just done it.
+    const auto edited = edits_.Edited();
+    std::erase_if(draft->cells, [&edited](const auto& cell) { return Holds(edited, cell); });
     const AbsentCells absent(*school_, *user_, *form);
     const auto replay = DraftReplay(window, draft->cells, absent);
-    if (replay.Nothing()) {
-      // All of it is saved already: the program ended between the save and this file's end.
-      QFile::remove(Path());
-      RemoveFound();
-      return;
-    }
     // Until the user has decided, whatever else happens, all of it stays in the file.
     later_ = replay.Cells();
+    if (replay.Nothing()) {
+      // All of it is saved already: the program ended between the save and this file's end.
+      dirty_ = true;
+      Write();
+      return;
+    }
     const auto& waiting = replay.Waiting();
     const auto answer = AskForDraft(&window, {draft->when, replay.Fit(), replay.Changed(),
                                               waiting.size(), absent.Holders(waiting)});
@@ -139,12 +141,37 @@ class GradeDrafts::Keeper {
   [[nodiscard]] QString FileName() const { return DraftFileName(owner_, sheet_, self_); }
   [[nodiscard]] QString Path() const { return folder_ + '/' + FileName(); }
 
+  /// Whatever comes before the user is asked about a form's draft adds to that.
+  void KeepUnasked(const Form& form) {
+    const auto grades = AsGradeForm(form);
+    if (grades == nullptr) return;
+    if (auto draft = Take(form, *grades)) later_ = std::move(draft->cells);
+  }
+
+  /// The draft of a form that has opened, which is the one from now on. None where there is none,
+  /// and where nothing can be saved.
+  std::optional<GradeDraft> Take(const Form& form, const GradeForm& grades) {
+    // Else it was taken before, and what was edited since counts.
+    if (asked_ != &form) Forget();
+    asked_ = &form;
+    // Put in here, a draft would end with the only way out.
+    resting_ = !grades.Saves();
+    if (resting_) return std::nullopt;
+    sheet_ = grades.Sheet();
+    return Read();
+  }
+
+  void TellBroken(qt::FormWindow& window) {
+    for (const auto& [file, aside] : std::exchange(broken_, {}))
+      TellBrokenDraft(&window, file, aside);
+  }
+
   /// What this program and those that are gone have left, as one draft; whose programs run keep
   /// theirs. Of two of a cell the later counts.
-  std::optional<GradeDraft> Read(qt::FormWindow& window) {
+  std::optional<GradeDraft> Read() {
     std::vector<GradeDraft> drafts;
     for (const auto& name : DraftFileNames(folder_, owner_, sheet_)) {
-      auto draft = ReadOne(window, name);
+      auto draft = ReadOne(name);
       if (!draft) continue;
       if (draft->writer != self_ && StateOf(draft->writer) == ProcessState::Running) continue;
       if (name != FileName()) found_.append(folder_ + '/' + name);
@@ -160,15 +187,14 @@ class GradeDrafts::Keeper {
     return whole;
   }
 
-  std::optional<GradeDraft> ReadOne(qt::FormWindow& window, const QString& name) const {
+  std::optional<GradeDraft> ReadOne(const QString& name) {
     QByteArray content;
     const auto state = ReadOwnFile(folder_ + '/' + name, content);
     // Another program has just saved it.
     if (state == OwnFileState::Missing) return std::nullopt;
     auto draft = state == OwnFileState::Read ? ReadDraft(content, owner_, sheet_) : std::nullopt;
     if (draft) return draft;
-    const auto aside = SetOwnFileAside(folder_, name, kSetAside);
-    TellBrokenDraft(&window, folder_ + '/' + name, aside);
+    broken_.emplace_back(folder_ + '/' + name, SetOwnFileAside(folder_, name, kSetAside));
     return std::nullopt;
   }
 
@@ -218,6 +244,7 @@ class GradeDrafts::Keeper {
     dirty_ = false;
     problem_.clear();
     resting_ = false;
+    asked_ = nullptr;
     found_.clear();
   }
 
@@ -232,9 +259,12 @@ class GradeDrafts::Keeper {
   std::vector<GradeCell> later_;  // from a former time, not put in
   QStringList found_;             // the files of other programs that it was in
   std::vector<GradeCell> told_;   // those that can't be, which the user has been shown
+  /// Those that were none, and where they are now.
+  std::vector<std::pair<QString, std::optional<QString>>> broken_;
   bool dirty_ = false;
-  bool resting_ = false;  // the form saves nothing
-  QTimer turn_;           // runs until the event loop's turn ends
+  const Form* asked_ = nullptr;  // the one whose draft this is
+  bool resting_ = false;         // the form saves nothing
+  QTimer turn_;                  // runs until the event loop's turn ends
   QString problem_;
 };
 

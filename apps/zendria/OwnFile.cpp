@@ -100,6 +100,31 @@ QString Numbered(const QString& name, int number) {
                            .arg(parts.suffix());
 }
 
+/// Gives a free name, with the reason for a refusal in `errno`: EEXIST when there is one of it.
+bool GiveName(const QByteArray& from, const QByteArray& to) {
+  if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+    return true;
+  if (errno != EINVAL && errno != ENOSYS) return false;
+  // Not every file system can, nor has each a second name for a file: an empty one keeps the name
+  // free of others until it is taken.
+  struct stat status {};
+  if (lstat(from.constData(), &status) != 0) return false;
+  const auto isFolder = S_ISDIR(status.st_mode);
+  if (isFolder) {
+    if (mkdir(to.constData(), kFolderMode) != 0) return false;
+  } else {
+    const auto handle =
+        open(to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kFileMode);
+    if (handle < 0) return false;
+    close(handle);
+  }
+  if (rename(from.constData(), to.constData()) == 0) return true;
+  const auto why = errno;
+  isFolder ? rmdir(to.constData()) : unlink(to.constData());
+  errno = why;
+  return false;
+}
+
 std::optional<QString> WriteIn(const QString& folder, const QString& name,
                                const QByteArray& content) {
   const UnfinishedFile file(folder);
@@ -151,8 +176,7 @@ std::optional<QString> SetOwnFileAside(const QString& folder, const QString& nam
   for (int number = 1; number <= kMostOfOneName; ++number) {
     const auto path =
         folder + '/' + Numbered(QFileInfo(name).completeBaseName() + '.' + ending, number);
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, QFile::encodeName(path).constData(),
-                  RENAME_NOREPLACE) == 0) {
+    if (GiveName(from, QFile::encodeName(path))) {
       SyncFolder(folder);
       return path;
     }

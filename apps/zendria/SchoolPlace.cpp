@@ -26,6 +26,13 @@ QString PlaceOf(const SchoolAddress& address) {
   return address.IsOdbc() ? OdbcPlace(shown) : shown;
 }
 
+QString IdentityOf(const SchoolAddress& address) {
+  auto place = PlaceOf(address);
+  if (address.IsOdbc()) return place;
+  const auto file = QFileInfo(place).canonicalFilePath();
+  return file.isEmpty() ? place : file;
+}
+
 QString PlaceTitle(const QString& place) {
   const auto address = AddressOf(place);
   const auto where =

@@ -18,6 +18,8 @@ bool IsOdbcPlace(const QString& place);
 SchoolAddress AddressOf(const QString& place);
 /// The place of an address, without any password: what the list of recent schools keeps.
 QString PlaceOf(const SchoolAddress& address);
+/// What tells a school from others: of a file the same by whatever link or path it is reached.
+QString IdentityOf(const SchoolAddress& address);
 
 /// What a list shows of a place: the name of its school first, then where that is.
 QString PlaceTitle(const QString& place);

@@ -118,7 +118,7 @@ void StateDialog::Build() {
   column->addLayout(filters);
   column->addWidget(&tree_, 1);
   column->addLayout(buttons);
-  TakeFirstSize(*this, {1040, 600});
+  TakeFirstSize(*this, {1080, 600});
 
   for (auto* const box : {&missing_, &mySections_, &mySubjects_})
     connect(box, &QCheckBox::toggled, this, [this] { Refresh(); });

@@ -5,6 +5,8 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "adapters/qt/views/FocusBorder.h"
@@ -13,6 +15,14 @@
 
 namespace quorvane::zendria {
 namespace {
+
+/// The desktop may make all other letters larger, and not these.
+QFont FixedFont(const QFont& around) {
+  auto fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (fixed.pointSizeF() > 0 && fixed.pointSizeF() < around.pointSizeF())
+    fixed.setPointSizeF(around.pointSizeF());
+  return fixed;
+}
 
 QString Shown(const StatementLog::Line& line) {
   return line.when.toString("hh:mm:ss.zzz  ") + line.connection + "  " + line.statement;
@@ -32,7 +42,7 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   text_.setAccessibleName("Sentencias");
   qt::ShowFocusOnBorder(text_);
   text_.setLineWrapMode(QPlainTextEdit::NoWrap);
-  text_.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  text_.setFont(FixedFont(font()));
   text_.setMaximumBlockCount(static_cast<int>(StatementLog::kMostLines));
   auto* const copy = new QPushButton("&Copiar");
   auto* const clear = new QPushButton("&Vaciar");
@@ -59,7 +69,11 @@ StatementWindow::StatementWindow(StatementLog& log, QWidget* parent) : QDialog(p
   });
   connect(close, &QPushButton::clicked, this, &QDialog::close);
   log_.Added = [this](const StatementLog::Line& line) {
-    if (Passes(line)) text_.appendPlainText(Shown(line));
+    if (!Passes(line)) return;
+    auto* const bar = text_.verticalScrollBar();
+    const auto atLast = bar->value() == bar->maximum();
+    text_.appendPlainText(Shown(line));
+    if (atLast) bar->setValue(bar->maximum());
   };
   ShowAll();
 }
@@ -75,7 +89,21 @@ void StatementWindow::ShowAll() {
   for (const auto& line : log_.Lines())
     if (Passes(line)) shown.append(Shown(line));
   text_.setPlainText(shown.join(u'\n'));
+  GoToLast();
+}
+
+void StatementWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  // It knows its measures only then; those that run from now on are followed from the last.
+  QTimer::singleShot(0, this, [this] { GoToLast(); });
+}
+
+void StatementWindow::GoToLast() {
   text_.moveCursor(QTextCursor::End);
+  // The end of a long one would have all begin out of sight.
+  text_.moveCursor(QTextCursor::StartOfBlock);
+  auto* const bar = text_.verticalScrollBar();
+  bar->setValue(bar->maximum());
 }
 
 void StatementWindow::CopyAll() const {

@@ -24,7 +24,11 @@ class StatementWindow : public QDialog {
   [[nodiscard]] QString Text() const { return text_.toPlainText(); }
   [[nodiscard]] QLineEdit& Filter() { return filter_; }
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
+  void GoToLast();
   [[nodiscard]] bool Passes(const StatementLog::Line& line) const;
   void ShowAll();
   void CopyAll() const;

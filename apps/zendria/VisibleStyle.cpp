@@ -54,13 +54,19 @@ void VisibleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const auto& palette = option->palette;
   const auto ground = palette.color(QPalette::Window);
-  if (element != PE_IndicatorCheckBox ||
+  const auto round = element == PE_IndicatorRadioButton;
+  if ((element != PE_IndicatorCheckBox && !round) ||
       Luminance(ground) >= Luminance(palette.color(QPalette::WindowText)))
     return;
   painter->save();
   painter->setPen(Between(ground, palette.color(QPalette::WindowText), kHint));
   painter->setBrush(Qt::NoBrush);
-  painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  if (round) {
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->drawEllipse(QRectF(option->rect).adjusted(1, 1, -1, -1));
+  } else {
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  }
   painter->restore();
 }
 

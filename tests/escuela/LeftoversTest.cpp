@@ -11,6 +11,7 @@
 #include "tests/escuela/OpenSchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
+#include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
@@ -99,6 +100,22 @@ TEST_F(LeftoversTest, WhatALivingProgramHasNotedStays) {
   EXPECT_EQ(Remove(), 0U);
   notes_.WriteOwn({});
   EXPECT_EQ(HolderNow(), Holder::Gone);
+}
+
+TEST_F(LeftoversTest, WhoReachesTheSchoolByALinkOrAnotherPathIsSeenToo) {
+  Dead({entry_});
+  const TempFolder elsewhere;
+  const std::filesystem::path school = school_.Path();
+  std::filesystem::create_symlink(school, elsewhere / "enlace.sqlite");
+  for (const auto& path :
+       {elsewhere / "enlace.sqlite", std::filesystem::relative(school).string()}) {
+    const auto notes = PublicationNotes::Beside(path);
+    EXPECT_EQ(notes.Read().size(), 1U);
+    notes.WriteOwn({entry_});
+    EXPECT_EQ(HolderNow(), Holder::Running) << path;
+    notes.WriteOwn({});
+    EXPECT_EQ(HolderNow(), Holder::Gone) << path;
+  }
 }
 
 TEST_F(LeftoversTest, AProcessNumberThatIsGivenAgainIsAnotherProgram) {

@@ -49,6 +49,39 @@ TEST_F(ModalityTest, TheHostIsToldOfAFormThatGoesInOrder) {
   EXPECT_EQ(gone, std::vector<const Form*>{outer.get()});
 }
 
+TEST_F(ModalityTest, AKeyThatWasPressedWhileTheFormLoadedComesBehindWhatTheHostDoesFirst) {
+  screen.FormReady = [this](qt::FormWindow&) { outer->Log("anfitrión"); };
+  outer->OnActivate = [this] {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+      QCoreApplication::postEvent(screen.ActiveWindow()->Widget("cboCurso"),
+                                  new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier));
+  };
+  Show(*outer);
+  EXPECT_THAT(outer->log, ElementsAre("anfitrión", "aceptar", "descarga"));
+}
+
+TEST_F(ModalityTest, NoKeyThatWasPressedWhileTheFormLoadedAnswersTheHostNorReachesTheForm) {
+  screen.FormReady = [this](qt::FormWindow& window) {
+    QMessageBox box(QMessageBox::Question, "", "?", QMessageBox::Ok | QMessageBox::Cancel, &window);
+    QTimer::singleShot(0, &box, [&box] {
+      QCoreApplication::processEvents();
+      EXPECT_TRUE(box.isVisible());
+      box.done(QMessageBox::Cancel);
+    });
+    EXPECT_EQ(box.exec(), QMessageBox::Cancel);
+    outer->Log("anfitrión");
+  };
+  // As the desktop brings them, to the window.
+  outer->OnActivate = [this] {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+      qt_handleKeyEvent(screen.ActiveWindow()->windowHandle(), type, Qt::Key_Return,
+                        Qt::NoModifier);
+  };
+  Then(Close);
+  Show(*outer);
+  EXPECT_THAT(outer->log, ElementsAre("anfitrión", "descarga"));
+}
+
 TEST_F(ModalityTest, TheXUnloads) {
   EXPECT_THAT(LogOf(Close), ElementsAre("descarga"));
   EXPECT_FALSE(outer->Loaded());

@@ -47,6 +47,25 @@ TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsForm) {
   });
 }
 
+TEST_F(WindowTest, WhereItsGridHasNoRoomForThemTheKeysAreToldOverIt) {
+  Run([this](qt::FormWindow& window) {
+    const auto& grid = *Of(window, "rtvNotas");
+    const auto* const hint = window.findChild<QLabel*>("pistaTeclas");
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_EQ(grid.toolTip(), "");
+    EXPECT_EQ(grid.accessibleDescription(), hint->text());
+    form->rtvNotas.Height(1500);
+    window.Sync();
+    EXPECT_FALSE(hint->isVisible());
+    EXPECT_EQ(grid.toolTip(), hint->text());
+    EXPECT_EQ(grid.accessibleDescription(), hint->text());
+    form->rtvNotas.Height(2400);
+    window.Sync();
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_EQ(grid.toolTip(), "");
+  });
+}
+
 TEST_F(WindowTest, TheUsersSizeReachesTheForm) {
   auto resized = 0;
   form->OnResize = [&resized] { ++resized; };

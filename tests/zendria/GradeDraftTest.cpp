@@ -203,6 +203,57 @@ TEST_F(GradeDraftTest, WhatOthersHaveChangedIsListedWithBothValuesAndLeftAlone) 
   EXPECT_EQ(DraftFiles(), QStringList()) << "they were told, once";
 }
 
+TEST_F(GradeDraftTest, WhatIsTypedBeforeTheQuestionOverwritesNoneOfIt) {
+  Break(threeGrades_);
+  for (const auto* const answer : {"ahoraNo", "ponerlas"}) {
+    screen_.FormReady = [ask = screen_.FormReady](Window& window) {
+      if (window.Model().Name() == "frmNotaManual") Robot::Grade(window, 0, 1, "6");
+      QCoreApplication::processEvents();
+      ask(window);
+    };
+    QString text;
+    AnswerDraft(answer, &text);
+    const auto save = answer == std::string("ponerlas");
+    Use(Doing({save ? "cmdAceptar" : "cmdCancelar"}));
+    EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
+    EXPECT_EQ(DraftFiles().size(), save ? 0 : 1);
+  }
+  EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
+}
+
+TEST_F(GradeDraftTest, AFormThatGoesBeforeTheQuestionDropsWhatWasTypedInItAlone) {
+  Break(threeGrades_);
+  const auto ask = screen_.FormReady;
+  screen_.FormReady = [&ask](Window& window) {
+    if (window.Model().Name() == "frmNotaManual") {
+      Robot::Grade(window, 0, 1, "6");
+      Robot::Click(window, "cmdCancelar");
+    }
+    ask(window);
+  };
+  Open(kByStudent);
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  screen_.FormReady = ask;
+  AnswerDraft("ponerlas");
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(Stored(), (Lines{"105", "108", "109", "0"}));
+}
+
+TEST_F(GradeDraftTest, ASchoolHasOneWhateverPathItIsReachedBy) {
+  Break(threeGrades_);
+  const auto link = folder_.filePath("enlace.sqlite");
+  ASSERT_TRUE(QFile::link(SchoolFile(), link));
+  ASSERT_TRUE(window_->OpenSchool(link, 1));
+  AnswerDraft("ahoraNo");
+  Use(Doing({{0, 1, "6"}, "cmdAceptar"}));
+  ASSERT_TRUE(window_->OpenSchool(QDir().relativeFilePath(SchoolFile()), 1));
+  AnswerDraft("ponerlas");
+  Use(Doing({"cmdAceptar"}));
+  EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
+  EXPECT_EQ(DraftFiles(), QStringList());
+}
+
 TEST_F(GradeDraftTest, WhatSomebodyHoldsStaysInTheDraftUntilTheFormHasItAgain) {
   Break(threeGrades_);
   school_.Bloquea(1, 1, 3112, 2, 77);

@@ -2,8 +2,17 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <functional>
 #include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "apps/zendria/OwnFile.h"
@@ -23,6 +32,26 @@ mode_t Mode(const QString& path) {
 QStringList Entries(const QString& folder) {
   return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
                                 QDir::NoDotAndDotDot);
+}
+
+/// What `act` says in a process whose file systems know no renaming that takes nobody's place, and
+/// refuse it so.
+bool WithoutCarefulRenaming(unsigned why, const std::function<bool()>& act) {
+  const auto child = fork();
+  if (child == 0) {
+    auto rules = std::to_array<sock_filter>({
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | why),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    });
+    const sock_fprog program{static_cast<unsigned short>(rules.size()), rules.data()};
+    const auto set = prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+                     prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+    _exit(set && act() ? 0 : 1);
+  }
+  int status = 1;
+  return waitpid(child, &status, 0) == child && status == 0;
 }
 
 class OwnFileTest : public testing::Test {
@@ -112,6 +141,46 @@ TEST_F(OwnFileTest, WhatAKilledProgramLeftUnfinishedIsSweptWhenItIsOld) {
   EXPECT_EQ(Entries(folder_),
             QStringList({".notas-aB3xy2", ".notas-mias-de-ayer", "notas-aB3xyz", "x.txt"}));
   zendria::SweepUnfinishedFiles(disk_.filePath("no está"));
+}
+
+TEST_F(OwnFileTest, WhatIsSetAsideTakesNoOthersPlaceWhateverItIsAndTheFileSystemCan) {
+  const auto put = [this](const QString& name) {
+    return WriteOwnFile(folder_, name, name.toUtf8()).has_value();
+  };
+  const auto aside = [this] { return zendria::SetOwnFileAside(folder_, "x.json", "apartado"); };
+  ASSERT_TRUE(put("x.apartado"));
+  ASSERT_TRUE(put("x.json"));
+  EXPECT_EQ(aside(), folder_ + "/x-2.apartado");
+  EXPECT_EQ(FileBytes(folder_ + "/x-2.apartado"), "x.json");
+  auto number = 2;
+  for (const auto why : {EINVAL, ENOSYS}) {
+    for (const auto& make : std::initializer_list<std::function<bool()>>{
+             [&] { return put("x.json"); }, [&] { return QDir(folder_).mkpath("x.json/dentro"); },
+             [&] { return QFile::link("nada", folder_ + "/x.json"); },
+             [&] { return mkfifo((folder_ + "/x.json").toUtf8().constData(), 0600) == 0; }}) {
+      ASSERT_TRUE(make());
+      struct stat before {};
+      ASSERT_EQ(lstat((folder_ + "/x.json").toUtf8().constData(), &before), 0);
+      const auto path = folder_ + QStringLiteral("/x-%1.apartado").arg(++number);
+      EXPECT_TRUE(
+          WithoutCarefulRenaming(static_cast<unsigned>(why), [&] { return aside() == path; }));
+      struct stat after {};
+      ASSERT_EQ(lstat(path.toUtf8().constData(), &after), 0);
+      EXPECT_EQ(after.st_ino, before.st_ino) << "the thing itself";
+      EXPECT_FALSE(Entries(folder_).contains("x.json"));
+    }
+    // Nothing is made where there is nothing to set aside.
+    const auto entries = Entries(folder_);
+    EXPECT_TRUE(WithoutCarefulRenaming(static_cast<unsigned>(why), [&] { return !aside(); }));
+    EXPECT_EQ(Entries(folder_), entries);
+    EXPECT_TRUE(WithoutCarefulRenaming(static_cast<unsigned>(why), [&] {
+      return WriteOwnFile(folder_, "x.apartado", "otro") ==
+             folder_ + QStringLiteral("/x-%1.apartado").arg(number + 1);
+    }));
+    ++number;
+  }
+  EXPECT_EQ(FileBytes(folder_ + "/x.apartado"), "x.apartado");
+  EXPECT_EQ(FileBytes(folder_ + "/x-2.apartado"), "x.json");
 }
 
 // Half a file is worse than none: it would be taken for the whole.

@@ -1,8 +1,12 @@
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <string>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/zendria/StatementWindow.h"
@@ -37,6 +41,34 @@ TEST_F(StatementWindowTest, FiltersWhatRanAndWhatRuns) {
   EXPECT_FALSE(window_.Text().contains("Alumno"));
   Run("DELETE FROM Sección");
   EXPECT_TRUE(window_.Text().endsWith("DELETE FROM Sección"));
+}
+
+TEST_F(StatementWindowTest, ShowsTheLastFromItsBeginning) {
+  for (int i = 0; i < 100; ++i) Run("SELECT 1 FROM Alumno");
+  Run(("SELECT " + std::string(500, '1')).c_str());
+  StatementWindow window(log_);
+  window.show();
+  QCoreApplication::processEvents();
+  const auto* const text = window.findChild<QPlainTextEdit*>();
+  EXPECT_GT(text->horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(text->horizontalScrollBar()->value(), 0);
+  const auto atLast = [text] {
+    return text->verticalScrollBar()->value() == text->verticalScrollBar()->maximum();
+  };
+  EXPECT_TRUE(atLast());
+  Run("SELECT 2 FROM Alumno");
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(atLast()) << "and those that follow";
+}
+
+TEST_F(StatementWindowTest, ItsLettersAreNoSmallerThanTheOthers) {
+  const auto before = QApplication::font();
+  auto large = before;
+  large.setPointSizeF(29);
+  QApplication::setFont(large);
+  const StatementWindow window(log_);
+  EXPECT_EQ(window.findChild<QPlainTextEdit*>()->font().pointSizeF(), 29);
+  QApplication::setFont(before);
 }
 
 TEST_F(StatementWindowTest, CopiesTheLinesOfATrace) {

@@ -3,10 +3,13 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QPalette>
+#include <QRadioButton>
 #include <QStyleFactory>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 #include "adapters/qt/views/IconStore.h"
+#include "apps/zendria/BarDelegate.h"
 #include "apps/zendria/VisibleStyle.h"
 
 namespace quorvane::test {
@@ -48,9 +51,10 @@ TEST(VisibleStyleTest, HintsAreTakenFromTheTextWhereTheyCouldNotBeSeen) {
   EXPECT_EQ(light.color(QPalette::PlaceholderText), own) << "what can be seen stays";
 }
 
-TEST(VisibleStyleTest, ABoxToBeCheckedIsSeenOnDarkGround) {
+template <class Button>
+void ExpectSeenOnDarkGround() {
   const auto seen = [](QStyle& style) {
-    QCheckBox box;
+    Button box;
     box.setStyle(&style);
     box.setPalette(Dark());
     box.resize(20, 20);
@@ -61,6 +65,25 @@ TEST(VisibleStyleTest, ABoxToBeCheckedIsSeenOnDarkGround) {
   style.setBaseStyle(QStyleFactory::create("Fusion"));
   EXPECT_LT(seen(*bare), 60) << "or it isn't needed any more";
   EXPECT_GT(seen(style), 90);
+}
+
+TEST(VisibleStyleTest, ABoxToBeCheckedIsSeenOnDarkGround) { ExpectSeenOnDarkGround<QCheckBox>(); }
+
+TEST(VisibleStyleTest, AChoiceIsSeenOnDarkGround) { ExpectSeenOnDarkGround<QRadioButton>(); }
+
+TEST(VisibleStyleTest, APartIsReadBeforeItsBar) {
+  const auto lightest = [](bool selected) {
+    QTreeWidget tree;
+    tree.setPalette(Dark());
+    tree.setItemDelegate(new zendria::BarDelegate(&tree));
+    auto* const item = new QTreeWidgetItem(&tree, {"100 %"});
+    item->setData(0, zendria::BarDelegate::kPercentRole, 100);
+    item->setSelected(selected);
+    const auto place = tree.visualItemRect(item);
+    return Difference(tree.viewport()->grab(place).toImage(), Qt::black);
+  };
+  EXPECT_GT(lightest(false), 250);
+  EXPECT_GT(lightest(true), 250);
 }
 
 TEST(VisibleStyleTest, ArrowsAreSeenOnDarkButtons) {

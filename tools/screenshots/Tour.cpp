@@ -519,7 +519,7 @@ void Tour::Draft() {
     box.findChild<QAbstractButton*>("descartarlas")->click();
   });
   guide_.On("frmNotaManual", [this](FormWindow& window) {
-    window.resize(kAllColumns, window.height());
+    Widen(window, kAllColumns, window.height());
     camera_.Take("materia-ocupada", window);
     Guide::Press(window, "cmdCancelar");
   });

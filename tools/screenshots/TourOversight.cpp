@@ -43,6 +43,8 @@ void Tour::Oversight() {
     tree.topLevelItem(0)->setExpanded(false);
     for (int i = 0; i < second->childCount(); ++i)
       if (second->child(i)->text(0) == kSection) second->child(i)->setExpanded(true);
+    // The scroll bars come with the rows' own turn.
+    tree.doItemsLayout();
     camera_.Take("estado", dialog);
     dialog.close();
   });

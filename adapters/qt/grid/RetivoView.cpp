@@ -79,9 +79,11 @@ void RetivoView::FillMenu(GridMenu& menu) {
 }
 
 void RetivoView::Place(const QRect& room) {
-  if (Model().Visible()) return ControlView::Place(hint_->TakeFrom(room));
-  hint_->hide();
-  ControlView::Place(room);
+  const auto shown = Model().Visible();
+  if (!shown) hint_->hide();
+  ControlView::Place(shown ? hint_->TakeFrom(room) : room);
+  // Where the line would take the grid's room its keys are told all the same.
+  table_->setToolTip(hint_->isHidden() ? hint_->text() : QString());
 }
 
 bool RetivoView::KeepsKey(const QKeyEvent& key) const {

@@ -126,8 +126,8 @@ void QtFrontEnd::Begin(Show& show) {
   if (leaving_) return;
   show.busy = true;
   form.Shown();
-  show.busy = false;
   ShowChanges();
+  show.busy = false;
   if (form.Visible()) RecallSizeOf(show.window);
   UsersTurn();
   RunHooks(show.window);
@@ -158,15 +158,18 @@ void QtFrontEnd::RecallSizeOf(FormWindow& window) {
 }
 
 void QtFrontEnd::RunHooks(FormWindow& window) {
-  if (!WindowShown && !FormReady) return;
-  QTimer::singleShot(0, &window, [this, &window] {
-    Gesture(window, [this, &window] {
-      // The hooks act as the user, so the window must listen to them.
+  // The hooks act as the user, so the window must listen to them.
+  const auto run = [this, &window](const std::function<void(FormWindow&)>& hook) {
+    Gesture(window, [this, &window, &hook] {
       shows_.back()->busy = false;
-      if (FormReady) FormReady(window);
-      const auto still = window.Model().Visible() && shows_.back()->failure == nullptr;
-      if (WindowShown && still && !leaving_) WindowShown(window);
+      hook(window);
     });
+  };
+  // At once: what was typed while the form loaded waits in the event loop.
+  if (FormReady) run(FormReady);
+  if (!WindowShown) return;
+  QTimer::singleShot(0, &window, [this, run] {
+    if (WindowShown) run(WindowShown);
   });
 }
 

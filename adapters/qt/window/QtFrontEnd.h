@@ -104,8 +104,10 @@ class QtFrontEnd : public FrontEnd {
   /// The same for a message box; it stays until it is answered, as by `box.accept()`.
   std::function<void(QMessageBox&)> MessageShown;
 
-  /// Called at the same time and before it, for what a host has to ask or to do before the user
-  /// acts on the form, itself by gestures (`Gesture`). The form may have gone behind it.
+  /// Called when a form's window stands and its `Shown` has run, before the user's first key or
+  /// click reaches it, those that he made while it loaded too: for what a host has to ask or to do
+  /// before he acts on the form, itself by gestures (`Gesture`). The form may have gone behind it.
+  /// What it throws comes out of the form's show.
   std::function<void(FormWindow&)> FormReady;
 
   /// Asked for the lines over a form whenever its window shows what has changed. Set before the

@@ -37,7 +37,7 @@ std::string Head(std::span<const SectionReport> reports, std::string_view what) 
       "h1 { font-size: 14pt; margin-bottom: 2px; }\nh2 { font-size: 12pt; margin-top: 4px; }\n"
       "p { margin: 2px; }\ntable { border-collapse: collapse; }\n"
       "th, td { border: 1px solid #808080; padding: 3px; vertical-align: top; text-align: left; "
-      "overflow-wrap: anywhere; }\nth { background-color: #e8e8e8; }\n"
+      "overflow-wrap: anywhere; }\nth { background-color: #e8e8e8; color: #000000; }\n"
       "tr { page-break-inside: avoid; }\nthead { display: table-header-group; }\n"
       "</style></head>\n<body>\n";
   return html;
