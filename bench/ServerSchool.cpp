@@ -7,6 +7,7 @@
 #include "adapters/odbc/OdbcConnection.h"
 #include "apps/escuela/CopySchool.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane::bench {
 namespace {
@@ -51,7 +52,7 @@ SchoolAddress ServerSchool::Through(std::uint16_t port) const {
 }
 
 std::uint16_t ServerSchool::Port() const {
-  return static_cast<std::uint16_t>(std::stoi(odbc::ConnectionString(server_).Value("Port")));
+  return PlainNumber<std::uint16_t>(odbc::ConnectionString(server_).Value("Port")).value();
 }
 
 }  // namespace quorvane::bench

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -18,6 +17,7 @@
 #include "bench/ServerBench.h"
 #include "bench/ServerReport.h"
 #include "bench/StatementCost.h"
+#include "platform/text/PlainNumber.h"
 
 namespace {
 
@@ -107,10 +107,12 @@ int main(int argc, char** argv) {
     }
     if (argument == "--solo" && i + 2 < argc) {
       form = argv[++i];
-      times = static_cast<std::size_t>(std::max(1, std::atoi(argv[++i])));
-      continue;
+      times = quorvane::PlainNumber<std::size_t>(argv[++i]).value_or(0);
+      if (times > 0) continue;
+      std::fprintf(stderr, "No es un número de veces: %s\n", argv[i]);
+      return 2;
     }
-    const auto size = std::atoi(argument.c_str());
+    const auto size = quorvane::PlainNumber<int>(argument).value_or(0);
     if (size < 1) {
       std::fprintf(stderr, "No es un número de alumnos: %s\n", argument.c_str());
       return 2;

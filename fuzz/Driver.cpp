@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "fuzz/Mutator.h"
+#include "platform/text/PlainNumber.h"
 
 // Feeds a fuzzer where the compiler brings no driver of its own: first its corpus, then what a
 // mutator makes of it, for so many seconds.
@@ -73,13 +74,17 @@ int main(int count, char** arguments) {
   __sanitizer_set_death_callback([] { KeepCurrent(SIGABRT); });
 #endif
   const auto corpus = Corpus(arguments[1]);
-  const std::chrono::seconds time(count > 2 ? std::atoi(arguments[2]) : 0);
-  const auto seed = count > 3 ? static_cast<std::uint32_t>(std::atoi(arguments[3])) : 1U;
+  const auto seconds = quorvane::PlainNumber<unsigned>(count > 2 ? arguments[2] : "0");
+  const auto seed = quorvane::PlainNumber<std::uint32_t>(count > 3 ? arguments[3] : "1");
+  if (!seconds || !seed) {
+    std::cerr << "SECONDS and SEED are plain decimal numbers\n";
+    return 2;
+  }
   using Clock = std::chrono::steady_clock;
-  const auto until = Clock::now() + time;
+  const auto until = Clock::now() + std::chrono::seconds(*seconds);
   for (const auto& input : corpus) Run(input);
   std::uint64_t inputs = corpus.size();
-  quorvane::fuzz::Mutator mutator(corpus, seed);
+  quorvane::fuzz::Mutator mutator(corpus, *seed);
   for (; Clock::now() < until; ++inputs) Run(mutator.Next());
   std::cout << inputs << " inputs\n";
   return 0;

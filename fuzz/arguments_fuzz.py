@@ -12,6 +12,9 @@ import tempfile
 import time
 import unicodedata
 
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / 'tools'))
+import numeros  # noqa: E402
+
 LIST = pathlib.Path(__file__).parent.parent / 'tests/escuela/orders.txt'
 LINES = [line.split() for line in LIST.read_bytes().splitlines() if not line.startswith(b'#')]
 ORDERS = sorted({line[0] for line in LINES})
@@ -69,7 +72,7 @@ def fail(what, order, done=None):
 
 
 def main():
-    seconds, seed = float(sys.argv[1]), int(sys.argv[2])
+    seconds, seed = map(numeros.plain_number, sys.argv[1:3])
     tools = sys.argv[3:]
     chance = random.Random(seed)
     folder = pathlib.Path(tempfile.mkdtemp(prefix='quorvane-argumentos-'))

@@ -8,6 +8,7 @@
 #include "apps/escuela/JoinedText.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/SchoolRules.h"
+#include "apps/escuela/StrangeObjects.h"
 #include "apps/escuela/TableKinds.h"
 #include "apps/escuela/TableNames.h"
 #include "apps/escuela/history/LameHistory.h"
@@ -157,7 +158,7 @@ std::vector<std::string> SchoolCheck::Rows() const {
   return findings;
 }
 
-std::vector<std::string> SchoolCheck::Triggers() const { return StrangeTriggers(connection_); }
+std::vector<std::string> SchoolCheck::Strange() const { return StrangeObjects(connection_); }
 
 void RequireSchool(Connection& school, const std::string& before) {
   const auto findings = SchoolCheck(school).Structure(SchoolCheck::For::Module);

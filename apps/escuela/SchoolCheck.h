@@ -35,7 +35,7 @@ class SchoolCheck {
 
   /// What somebody has hung on a school's tables, and may keep the module from writing them; to be
   /// called for a fit database alone. No repair takes it away: it may be there on purpose.
-  [[nodiscard]] std::vector<std::string> Triggers() const;
+  [[nodiscard]] std::vector<std::string> Strange() const;
 
  private:
   [[nodiscard]] std::int32_t Count(const std::string& select) const;

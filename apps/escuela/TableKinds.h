@@ -17,10 +17,4 @@ std::vector<std::string> ViewsAmongTables(Connection& database);
 /// which refuse it. SQL Server isn't asked: there such a column tells of itself when it is written.
 std::vector<std::string> GeneratedColumns(Connection& database);
 
-/// The triggers on a fit school's tables, and on those that the programs keep beside them, that
-/// aren't the history's: one may refuse what is written, change other rows or never end. In a file
-/// one that bears a name of the history's must be the history's to the letter. SQL Server isn't
-/// asked: its catalogue shows none to who has no rights on them.
-std::vector<std::string> StrangeTriggers(Connection& database);
-
 }  // namespace quorvane

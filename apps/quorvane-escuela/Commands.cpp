@@ -110,7 +110,7 @@ int Check(const SchoolAddress& address) {
     return 1;
   }
   auto rows = check.Rows();
-  for (const auto& finding : check.Triggers()) rows.push_back(finding);
+  for (const auto& finding : check.Strange()) rows.push_back(finding);
   for (const auto& finding : UserPasswords(*school).Findings()) rows.push_back(finding);
   if (address.EverybodyReads())
     rows.push_back(

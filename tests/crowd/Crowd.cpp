@@ -1,7 +1,6 @@
 #include "tests/crowd/Crowd.h"
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <filesystem>
 #include <iostream>
@@ -14,6 +13,7 @@
 #include "apps/escuela/NewSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolGenerator.h"
+#include "platform/text/PlainNumber.h"
 #include "tests/crowd/Member.h"
 #include "tests/crowd/ServerDiary.h"
 #include "tests/support/ServerRights.h"
@@ -36,12 +36,12 @@ namespace {
 }
 
 void Fill(Connection& school, const CrowdOptions& options) {
-  std::size_t students = 0;
-  const auto* const end = options.school.data() + options.school.size();
-  if (std::from_chars(options.school.data(), end, students).ptr == end)
-    SchoolGenerator(school).Build(students, options.seed, [](std::size_t) {});
-  else
+  if (const auto students = PlainNumber<std::size_t>(options.school))
+    SchoolGenerator(school).Build(*students, options.seed, [](std::size_t) {});
+  else if (options.school == "demo")
     DemoSchool(school).Build();
+  else
+    throw std::invalid_argument("--escuela pide demo, un número de alumnos o una base de datos");
 }
 
 std::map<std::string, Diary::Table> Written(const std::map<std::string, Diary::Table>& all) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "tests/escuela/Orders.h"
+#include "tests/support/HelpText.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
@@ -52,39 +53,62 @@ class HostileArgumentsTest : public testing::Test {
   std::string path_ = folder_ / "escuela.sqlite";
 };
 
-TEST_F(HostileArgumentsTest, EveryNumberOfEveryProgramIsPlainDecimalOrRefused) {
+/// Whether a word of the list of orders stands for a number.
+bool IsNumber(const std::string& word) {
+  return !word.empty() && word.find_first_not_of("0123456789") == std::string::npos;
+}
+
+/// What may be called by its name, too: what is no number is looked for, and not found.
+const std::set<std::string> kNumbersOrNames = {"informe --seccion", "informe --materia",
+                                               "usuarios clave", "usuarios quitar"};
+
+TEST_F(HostileArgumentsTest, EveryNumberOfEveryOrderIsPlainDecimalOrRefused) {
   MakeDemo();
   const auto before = Content(path_);
-  struct Option {
-    std::string program;
-    std::string rest;
-    std::string name;
-  };
-  const std::vector<Option> options = {
-      {kSchoolTool, "bloqueos " + path_, "--borrar"},
-      {kSchoolTool, "generar " + path_ + "2 --semilla 1", "--alumnos"},
-      {kSchoolTool, "generar " + path_ + "2 --alumnos 1", "--semilla"},
-      {kSchoolTool, "estado " + path_, "--evaluacion"},
-      {kSchoolTool, "informe --seccion 321 --salida " + path_ + "2 " + path_, "--alumno"},
-      {kSchoolTool, "historial " + path_ + " ver", "--alumno"},
-      {kSchoolTool, "historial " + path_ + " ver", "--materia"},
-      {kSchoolTool, "historial " + path_ + " ver", "--evaluacion"},
-      {kSchoolTool, "historial " + path_ + " ver", "--usuario"},
-      {kScriptTool, "--bd " + path_, "--usuario"},
-      {kScriptTool, "--bd " + path_, "--perfil"},
-      {kScriptTool, "--bd " + path_, "--centro"}};
-  for (const auto& option : options)
-    for (const std::string value :
-         {"01", "0x1", "", " 1", "1e0", "+1", "18446744073709551617", "uno"}) {
-      const auto* const joint = value.size() % 2 == 0 ? " " : "=";
-      const auto refused = RunBriefly(option.program + option.rest + " " + option.name + joint +
-                                      Quoted(value) + " </dev/null");
-      EXPECT_EQ(refused.status, 2) << option.name << joint << value;
-      EXPECT_THAT(refused.text, HasSubstr(option.name)) << value;
-      EXPECT_THAT(refused.text, Not(HasSubstr("Could"))) << value;
+  std::map<std::string, std::set<std::string>> tried;
+  for (const auto& order : AllOrders())
+    for (std::size_t at = 1; at < order.size(); ++at) {
+      const auto& name = order[at - 1];
+      if (!IsNumber(order[at]) || !tried[order.front()].insert(name).second) continue;
+      const auto orName = kNumbersOrNames.contains(order.front() + " " + name);
+      for (const std::string value : kNoPlainNumbers) {
+        auto words = WithPaths(order, path_, folder_ / "nueva", folder_ / "a.csv");
+        words[at] = value;
+        if (name.starts_with("--") && value.size() % 2 == 1) {
+          words[at - 1] += "=" + value;
+          words.erase(words.begin() + static_cast<std::ptrdiff_t>(at));
+        }
+        const auto refused = RunBriefly(QUORVANE_ESCUELA + ForShell(words) + " </dev/null");
+        EXPECT_THAT(refused.status, testing::AnyOf(2, orName ? 1 : 2))
+            << ForShell(words) << refused.text;
+        EXPECT_TRUE(orName || refused.text.find(name) != std::string::npos) << refused.text;
+        EXPECT_THAT(refused.text, Not(HasSubstr("Could"))) << ForShell(words);
+      }
     }
   EXPECT_EQ(Content(path_), before);
-  EXPECT_FALSE(std::filesystem::exists(path_ + "2"));
+  EXPECT_EQ(folder_.Files(), 1U);
+  std::size_t numbers = 0;
+  for (auto& [order, names] : tried) {
+    EXPECT_THAT(NumbersTold(RunBriefly(kSchoolTool + (order + " --help")).text),
+                testing::IsSubsetOf(names))
+        << "the list of orders gives no number to one of these";
+    numbers += names.size();
+  }
+  EXPECT_GT(numbers, 10U);
+}
+
+TEST_F(HostileArgumentsTest, EveryNumberOfAPlayIsPlainDecimalOrRefused) {
+  MakeDemo();
+  const auto names = NumbersTold(RunBriefly(kScriptTool + std::string("--help")).text);
+  EXPECT_GE(names.size(), 3U);
+  for (const auto& name : names)
+    for (const std::string value : kNoPlainNumbers) {
+      const auto* const joint = value.size() % 2 == 0 ? " " : "=";
+      const auto refused = RunBriefly(kScriptTool + ("--bd " + path_) + " " + name + joint +
+                                      Quoted(value) + " </dev/null");
+      EXPECT_EQ(refused.status, 2) << name << joint << value;
+      EXPECT_THAT(refused.text, AllOf(HasSubstr(name), Not(HasSubstr("Could")))) << value;
+    }
 }
 
 TEST_F(HostileArgumentsTest, AConnectionStringInAFilesPlaceIsNotRepeated) {

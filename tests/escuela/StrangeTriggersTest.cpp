@@ -39,7 +39,7 @@ class StrangeTriggersTest : public testing::Test {
                 " FOR EACH ROW EXECUTE FUNCTION ajeno()");
   }
   [[nodiscard]] std::vector<std::string> Found() const {
-    return SchoolCheck(school_.Db()).Triggers();
+    return SchoolCheck(school_.Db()).Strange();
   }
   /// What `comprobar` says of this school.
   [[nodiscard]] Outcome Check(const std::string& school) const {

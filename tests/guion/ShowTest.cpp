@@ -12,6 +12,7 @@
 #include "adapters/guion/player/EventPrinter.h"
 #include "adapters/guion/player/Guion.h"
 #include "platform/RuntimeError.h"
+#include "platform/text/PlainNumber.h"
 #include "tests/guion/GuionTest.h"
 #include "tests/guion/TestForms.h"
 
@@ -38,7 +39,7 @@ class CountedLines : public std::streambuf {
 unsigned long TurnsToPlay() {
   constexpr auto kTurns = 100'000UL;
   const auto* const asked = std::getenv("QUORVANE_VUELTAS");
-  return asked != nullptr ? std::strtoul(asked, nullptr, 10) : kTurns;
+  return asked != nullptr ? PlainNumber<unsigned long>(asked).value() : kTurns;
 }
 
 class ShowTest : public GuionTest {

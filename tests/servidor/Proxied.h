@@ -4,6 +4,7 @@
 #include <string>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "platform/text/PlainNumber.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/support/TcpProxy.h"
 
@@ -12,7 +13,7 @@ namespace quorvane::test {
 /// Where the server of the tests listens.
 inline std::uint16_t ServerPort() {
   const odbc::ConnectionString given(ServerString(""));
-  return static_cast<std::uint16_t>(std::stoi(given.Value("Port")));
+  return PlainNumber<std::uint16_t>(given.Value("Port")).value();
 }
 
 /// The same string, by way of the proxy.

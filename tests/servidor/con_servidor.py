@@ -19,8 +19,11 @@ import os
 import resource
 import signal
 import subprocess
+import pathlib
 import sys
 
+sys.path.append(str(pathlib.Path(__file__).parents[2] / 'tools'))
+import numeros  # noqa: E402
 import old_server
 from cluster import OWNER, USER, Cluster
 from pooler import Pooler
@@ -35,7 +38,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument('--duena', action='store_true')
     parser.add_argument('--duradero', action='store_true')
-    parser.add_argument('--repartidor', type=int)
+    parser.add_argument('--repartidor', type=numeros.positive)
     parser.add_argument('command', nargs=argparse.REMAINDER)
     asked = parser.parse_args()
     if not asked.command:

@@ -11,6 +11,9 @@ import sys
 import tempfile
 import time
 
+sys.path.append(str(pathlib.Path(__file__).parents[2] / 'tools'))
+import numeros  # noqa: E402
+
 LIMIT = 90
 
 
@@ -34,7 +37,7 @@ def dump(path):
 
 def main():
     program, string = sys.argv[1:3]
-    students = sys.argv[3] if len(sys.argv) > 3 else '200000'
+    students = str(numeros.plain_number(sys.argv[3])) if len(sys.argv) > 3 else '200000'
     with tempfile.TemporaryDirectory() as folder:
         origin, back = pathlib.Path(folder, 'ida.sqlite'), pathlib.Path(folder, 'vuelta.sqlite')
         timed(f'Generar {students} alumnos', program, 'generar', str(origin), '--alumnos', students,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <charconv>
 #include <concepts>
 #include <exception>
 #include <functional>
@@ -10,6 +9,8 @@
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "platform/text/PlainNumber.h"
 
 namespace quorvane::test {
 
@@ -24,8 +25,9 @@ class ProgramOptions {
   template <std::integral Number>
   ProgramOptions& Positive(const std::string& option, Number& number) {
     return Add(option, "un número entero mayor que cero", [&number](std::string_view text) {
-      const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-      return error == std::errc() && end == text.data() + text.size() && number > 0;
+      const auto read = PlainNumber<Number>(text);
+      if (read) number = *read;
+      return read && number > 0;
     });
   }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "apps/zendria/CommandLine.h"
+#include "tests/support/HelpText.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -65,12 +66,16 @@ TEST_F(CommandLineTest, AUserIsANumberOfASchool) {
   EXPECT_EQ(status_, ExitStatus::BadArguments);
 }
 
-TEST_F(CommandLineTest, AUsersNumberIsPlainDecimal) {
-  for (const auto* const number : {"010", "0x4", "", " 4", "+4", "4.0", "4294967300"}) {
-    EXPECT_FALSE(Read({"escuela.sqlite", "--usuario", number})) << number;
-    EXPECT_EQ(status_, ExitStatus::BadArguments);
-    EXPECT_NE(err_.str().find("--usuario"), std::string::npos);
-  }
+TEST_F(CommandLineTest, EveryNumberIsPlainDecimal) {
+  EXPECT_FALSE(Read({"--help"}));
+  const auto names = test::NumbersTold(out_.str());
+  EXPECT_TRUE(names.contains("--usuario"));
+  for (const auto& name : names)
+    for (const auto* const number : test::kNoPlainNumbers) {
+      EXPECT_FALSE(Read({"escuela.sqlite", name.c_str(), number})) << name << number;
+      EXPECT_EQ(status_, ExitStatus::BadArguments);
+      EXPECT_NE(err_.str().find(name), std::string::npos);
+    }
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "apps/zendria/SpanishTexts.h"
 #include "apps/zendria/VisibleStyle.h"
 #include "platform/host/Application.h"
+#include "platform/text/PlainNumber.h"
 #include "tools/screenshots/Camera.h"
 #include "tools/screenshots/Tour.h"
 
@@ -53,7 +54,9 @@ std::optional<Look> Read(const QStringList& arguments) {
     if (*at == "--oscuro") {
       look.dark = true;
     } else if (*at == "--letra" && at + 1 != arguments.end()) {
-      look.points = (++at)->toInt();
+      const auto points = PlainNumber<int>((++at)->toStdString());
+      if (!points || *points < 1) return std::nullopt;
+      look.points = *points;
     } else if (look.folder.isEmpty()) {
       look.folder = *at;
     } else {

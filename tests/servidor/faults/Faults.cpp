@@ -12,6 +12,7 @@
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/FormInstances.h"
+#include "platform/text/PlainNumber.h"
 #include "tests/servidor/Proxied.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/walk/Statement.h"
@@ -161,7 +162,7 @@ void Faults::Strike() {
   };
   switch (options_.fault) {
     case ServerFault::Stop:
-      kill(std::atoi(std::getenv("QUORVANE_PRUEBAS_MANDO")), SIGUSR1);
+      kill(PlainNumber<pid_t>(std::getenv("QUORVANE_PRUEBAS_MANDO")).value(), SIGUSR1);
       return;
     case ServerFault::Terminate:
       return random_.Chance(50) ? terminate() : Later(terminate);
