@@ -6,8 +6,6 @@
 #include <QVBoxLayout>
 
 #include "adapters/qt/views/FocusBorder.h"
-#include "apps/escuela/import/SchoolImport.h"
-#include "apps/zendria/Attempt.h"
 #include "apps/zendria/FirstSize.h"
 
 namespace quorvane::zendria {
@@ -92,21 +90,36 @@ void ImportDialog::Choose(const QString& file) {
   list_.clear();
   name_.setText(QFileInfo(file).fileName());
   notice_.clear();
-  Attempt(this, [&] {
-    ImportOptions options;
-    options.simulate = true;
-    const auto report = ImportRegister(school_, file.toStdString(), options);
-    AddLines(list_, report.misfits, true);
-    AddLines(list_, report.warnings, false);
-    AddLines(list_, report.lines, false);
+  ImportOptions options;
+  options.simulate = true;
+  ImportReport report;
+  if (Run(file, "Buscando lo que dice el fichero…", options, report) == WorkEnd::Done) {
+    ShowLines(report);
     fits_ = report.misfits.empty();
     fitting_ = static_cast<int>(report.lines.size());
     notice_.setText(QStringLiteral("%1 líneas encajan, %2 no")
                         .arg(report.lines.size())
                         .arg(report.misfits.size()));
     file_ = file;
-  });
+  }
   ShowWhatMayBeDone();
+}
+
+WorkEnd ImportDialog::Run(const QString& file, const QString& doing, const ImportOptions& options,
+                          ImportReport& report) {
+  const auto end =
+      StoppableWork::Do({this, windowTitle(), doing, patience}, [&](const auto& progress) {
+        report = ImportRegister(school_, file.toStdString(), options, progress);
+      });
+  if (end == WorkEnd::Stopped) notice_.setText("Cancelado: no se ha escrito nada");
+  return end;
+}
+
+void ImportDialog::ShowLines(const ImportReport& report) {
+  list_.clear();
+  AddLines(list_, report.misfits, true);
+  AddLines(list_, report.warnings, false);
+  AddLines(list_, report.lines, false);
 }
 
 void ImportDialog::ShowWhatMayBeDone() {
@@ -114,17 +127,13 @@ void ImportDialog::ShowWhatMayBeDone() {
 }
 
 void ImportDialog::Import() {
+  ImportOptions options;
+  options.whatFits = whatFits_.isChecked();
   ImportReport report;
-  if (!Attempt(this, [&] {
-        ImportOptions options;
-        options.whatFits = whatFits_.isChecked();
-        report = ImportRegister(school_, file_.toStdString(), options);
-      }))
+  if (Run(file_, "Poniendo en el registro lo que dice el fichero…", options, report) !=
+      WorkEnd::Done)
     return;
-  list_.clear();
-  AddLines(list_, report.misfits, true);
-  AddLines(list_, report.warnings, false);
-  AddLines(list_, report.lines, false);
+  ShowLines(report);
   notice_.setText(report.written ? QStringLiteral("Importadas %1 materias de %2 alumnos; %3 ya "
                                                   "estaban; %4 profesores puestos")
                                        .arg(report.subjects)

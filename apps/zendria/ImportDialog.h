@@ -5,8 +5,11 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <chrono>
 
 #include "apps/escuela/SchoolAddress.h"
+#include "apps/escuela/import/SchoolImport.h"
+#include "apps/zendria/StoppableWork.h"
 
 namespace quorvane::zendria {
 
@@ -23,11 +26,17 @@ class ImportDialog : public QDialog {
   [[nodiscard]] QLabel& Notice() { return notice_; }
   [[nodiscard]] QPushButton& ImportButton() { return import_; }
   [[nodiscard]] QCheckBox& WhatFits() { return whatFits_; }
+  /// After how long it shows how far it is, and may be stopped.
+  std::chrono::milliseconds patience = StoppableWork::kPatience;
 
  private:
   void Build();
   void AskForFile();
   void Import();
+  /// Imports, or looks up, with a bar; what it says that it is doing.
+  WorkEnd Run(const QString& file, const QString& doing, const ImportOptions& options,
+              ImportReport& report);
+  void ShowLines(const ImportReport& report);
   void ShowWhatMayBeDone();
 
   SchoolAddress school_;

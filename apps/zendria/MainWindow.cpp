@@ -141,7 +141,7 @@ void MainWindow::BuildMenus() {
   connect(&active_, &QAction::toggled, this, [this] { ShowSession(); });
   connect(&locks_, &QAction::triggered, this, [this] { ShowLocks(); });
   oversight_.OnSchool = [this](const auto& work) { OnSchool(work); };
-  oversight_.OpenTarget = [this](const GradeTarget& target) { OpenTarget(target); };
+  oversight_.OpenRoute = [this](const GradeRoute& route) { OpenRoute(route); };
 }
 
 void MainWindow::AddModalKeys() {
@@ -373,10 +373,9 @@ void MainWindow::OnSchool(const OversightMenu::Work& work) {
   if (school_ != nullptr) school_->Rest();
 }
 
-void MainWindow::OpenTarget(const GradeTarget& target) {
+void MainWindow::OpenRoute(const GradeRoute& route) {
   std::optional<StepOneChoice> choice;
-  if (Attempt(this, [&] { choice.emplace(screen_, school_->Own(), target); }))
-    OpenNode(choice->Node());
+  if (Attempt(this, [&] { choice.emplace(screen_, school_->Own(), route); })) OpenNode(route.node);
 }
 
 StatementWindow& MainWindow::ShowStatements() {

@@ -57,8 +57,8 @@ class MainWindow : public QMainWindow {
   /// Opens a screen of the module and returns when it has gone. No effect while one is open,
   /// without a school, or for a screen that isn't available.
   void OpenNode(std::uint8_t node);
-  /// The same for the screen in which that is graded, with it chosen.
-  void OpenTarget(const GradeTarget& target);
+  /// The same for the screen that the route leads to, with what it names chosen.
+  void OpenRoute(const GradeRoute& route);
 
   /// Publications and locks; a school has to be open.
   void ShowLocks();

@@ -59,13 +59,13 @@ void OversightMenu::ShowState(School& school, const User& user, std::int32_t cen
   if (!Attempt(&window_, [&] { viewer.staff = StaffOf(school.Own(), user.id); })) return;
   viewer.seesAll = user.profile == 0;
   viewer.centre = centre;
-  std::optional<GradeTarget> chosen;
+  std::optional<GradeRoute> chosen;
   {
     StateDialog dialog(school.Own(), viewer, &window_);
     dialog.exec();
     chosen = dialog.Chosen();
   }
-  if (chosen && OpenTarget) OpenTarget(*chosen);
+  if (chosen && OpenRoute) OpenRoute(*chosen);
 }
 
 }  // namespace quorvane::zendria

@@ -29,8 +29,8 @@ class OversightMenu {
 
   /// Does that on the open school, connected anew where the connection was lost.
   std::function<void(const Work& work)> OnSchool;
-  /// Opens the screen in which that is graded.
-  std::function<void(const GradeTarget& target)> OpenTarget;
+  /// Opens the screen that it leads to.
+  std::function<void(const GradeRoute& route)> OpenRoute;
 
  private:
   void Add(const char* name, const QString& text, const QKeySequence& keys, const Work& work);

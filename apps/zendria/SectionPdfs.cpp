@@ -1,42 +1,19 @@
 #include "apps/zendria/SectionPdfs.h"
 
 #include <QFileInfo>
-#include <QProgressDialog>
 #include <QStringList>
 
 #include "apps/escuela/Refusal.h"
-#include "apps/zendria/Attempt.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/ReportPaper.h"
 #include "apps/zendria/SchoolError.h"
+#include "apps/zendria/StoppableWork.h"
 
 namespace quorvane::zendria {
-namespace {
-
-constexpr auto kPatience = 1000;  // milliseconds
-
-/// The user doesn't want the rest.
-struct Stopped {};
-
-}  // namespace
-
 bool WithSectionBar(QWidget* parent,
                     const std::function<void(const SectionProgress& progress)>& work) {
-  QProgressDialog bar("Preparando las secciones…", "&Cancelar", 0, 0, parent);
-  bar.setWindowTitle("Informe de pendientes");
-  bar.setWindowModality(Qt::WindowModal);
-  bar.setMinimumDuration(kPatience);
-  try {
-    return Attempt(parent, [&] {
-      work([&bar](std::size_t done, std::size_t all) {
-        bar.setMaximum(static_cast<int>(all));
-        bar.setValue(static_cast<int>(done));
-        if (bar.wasCanceled()) throw Stopped();
-      });
-    });
-  } catch (const Stopped&) {
-    return false;
-  }
+  return StoppableWork::Do({parent, "Informe de pendientes", "Preparando las secciones…"}, work) ==
+         WorkEnd::Done;
 }
 
 void TellFailedSections(QWidget* parent, const SectionRun& run) {

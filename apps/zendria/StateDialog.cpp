@@ -18,8 +18,10 @@
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/BarDelegate.h"
 #include "apps/zendria/BlankCells.h"
+#include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/OneLine.h"
+#include "apps/zendria/StrayMarks.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -55,6 +57,8 @@ void Note(QTreeWidgetItem& item, const StateRow& row, const QString& key) {
   item.setData(kName, kEvaluation, row.evaluation);
   item.setData(kName, kSection, row.section);
   item.setData(kName, kSubject, row.subject);
+  // A subject has nothing below it: the key that opens all opens it, too.
+  if (row.subject != 0) item.setData(kName, kLoaded, true);
 }
 
 QString KeyOf(const QTreeWidgetItem& item) { return item.data(kName, kKey).toString(); }
@@ -137,9 +141,11 @@ void StateDialog::Build() {
           [this](QTreeWidgetItem* item) { Choose(*item); });
 }
 
+std::int32_t StateDialog::Me() const { return viewer_.staff == 0 ? kNobody : viewer_.staff; }
+
 StateFilter StateDialog::Filter() const {
   StateFilter filter;
-  const auto me = viewer_.staff == 0 ? kNobody : viewer_.staff;
+  const auto me = Me();
   filter.centre = viewer_.centre;
   filter.missingOnly = missing_.isChecked();
   if (!viewer_.seesAll) filter.either = me;
@@ -216,6 +222,7 @@ void StateDialog::FillSections(const SchoolState& state, const std::vector<State
 }
 
 void StateDialog::FillTeachers(const SchoolState& state, const std::vector<StateRow>& all) {
+  const StrayMarks strays(school_, state, 0, 0);
   std::map<std::int32_t, std::map<std::int32_t, std::vector<StateRow>>> byTeacher;
   for (const auto& row : all) byTeacher[row.evaluation][row.teacher].push_back(row);
   for (const auto& evaluation : state.Evaluations()) {
@@ -231,6 +238,7 @@ void StateDialog::FillTeachers(const SchoolState& state, const std::vector<State
         AddTo(his, row);
         auto* const subject = new QTreeWidgetItem(item, {OneLine(state.SubjectName(row.subject)),
                                                          OneLine(state.SectionName(row.section))});
+        strays.Mark(*subject, row);
         Note(*subject, row,
              QStringLiteral("%1/%2/%3").arg(row.evaluation).arg(row.section).arg(row.subject));
         ShowCounts(*subject, row);
@@ -254,9 +262,12 @@ bool StateDialog::LoadSubjects(QTreeWidgetItem& section) {
   auto filter = Filter();
   filter.evaluation = section.data(kName, kEvaluation).toInt();
   const auto read = Attempt(this, [&] {
-    for (const auto& row : state_->Subjects(filter, section.data(kName, kSection).toInt())) {
+    const auto number = section.data(kName, kSection).toInt();
+    const StrayMarks strays(school_, *state_, filter.evaluation, number);
+    for (const auto& row : state_->Subjects(filter, number)) {
       auto* const item = new QTreeWidgetItem(&section, {OneLine(state_->SubjectName(row.subject)),
                                                         OneLine(state_->TeacherName(row.teacher))});
+      strays.Mark(*item, row);
       Note(*item, row, KeyOf(section) + QStringLiteral("/%1").arg(row.subject));
       ShowCounts(*item, row);
     }
@@ -299,8 +310,22 @@ bool StateDialog::Restore() {
 void StateDialog::Choose(const QTreeWidgetItem& item) {
   const auto section = item.data(kName, kSection).toInt();
   if (section == 0) return;
-  chosen_ = {section, item.data(kName, kSubject).toInt(), item.data(kName, kEvaluation).toInt()};
-  accept();
+  const GradeTarget target{section, item.data(kName, kSubject).toInt(),
+                           item.data(kName, kEvaluation).toInt()};
+  // Nothing may clear the tree while a message is being read.
+  const auto ticked = minute_.isActive();
+  minute_.stop();
+  std::optional<GradeRoute> route;
+  if (!Attempt(this, [&] { route = RouteTo(school_, target, viewer_.seesAll ? 0 : Me()); })) return;
+  if (route) {
+    chosen_ = route;
+    accept();
+    return;
+  }
+  ShowWarning(this, "Ninguna pantalla de notas encuentra esta línea.",
+              "Sus alumnos no están en el registro de su sección. Póngalos en él, o pida las notas "
+              "a quien las introduce en la sección de su registro.");
+  if (ticked) minute_.start(kMinute);
 }
 
 }  // namespace quorvane::zendria

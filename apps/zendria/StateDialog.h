@@ -14,15 +14,9 @@
 #include <vector>
 
 #include "apps/escuela/state/SchoolState.h"
+#include "apps/zendria/GradeRoute.h"
 
 namespace quorvane::zendria {
-
-/// What of an evaluation is to be graded: all of a section, or one of its subjects.
-struct GradeTarget {
-  std::int32_t section = 0;
-  std::int32_t subject = 0;  ///< 0 for all
-  std::int32_t evaluation = 0;
-};
 
 /// How far the evaluations have come, as a tree: evaluation, section or teacher, subject. It is
 /// read anew by a key and every minute, and what is open and current stays so.
@@ -38,8 +32,8 @@ class StateDialog : public QDialog {
   /// `school` is open and outlives the dialog.
   StateDialog(Connection& school, Viewer viewer, QWidget* parent = nullptr);
 
-  /// What was double-clicked, when that ended the dialog.
-  [[nodiscard]] const std::optional<GradeTarget>& Chosen() const noexcept { return chosen_; }
+  /// The way to what was double-clicked, when that ended the dialog.
+  [[nodiscard]] const std::optional<GradeRoute>& Chosen() const noexcept { return chosen_; }
 
   [[nodiscard]] QTreeWidget& Tree() { return tree_; }
   [[nodiscard]] QCheckBox& MissingOnly() { return missing_; }
@@ -50,6 +44,8 @@ class StateDialog : public QDialog {
 
  private:
   void Build();
+  /// The viewer, or a number that nobody bears.
+  [[nodiscard]] std::int32_t Me() const;
   [[nodiscard]] StateFilter Filter() const;
   [[nodiscard]] bool BySections() const;
   void Fill(const SchoolState& state, const std::vector<StateRow>& rows);
@@ -62,6 +58,7 @@ class StateDialog : public QDialog {
   void Keep();
   /// False at the first section that couldn't be loaded.
   bool Restore();
+  /// Ends the dialog, or says that no screen finds it.
   void Choose(const QTreeWidgetItem& item);
   QTreeWidgetItem* AddEvaluation(const SchoolState& state, std::int32_t evaluation);
 
@@ -80,7 +77,7 @@ class StateDialog : public QDialog {
   QStringList open_;
   QString current_;
   int scrolled_ = 0;
-  std::optional<GradeTarget> chosen_;
+  std::optional<GradeRoute> chosen_;
 };
 
 }  // namespace quorvane::zendria

@@ -1,6 +1,7 @@
 // Pending subjects put on the register from a file: on a school in a file, or on the server that
 // the tests run beside.
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -100,20 +101,24 @@ TEST_F(SchoolImportTest, MayBeEndedBetweenTwoGesturesOfASection) {
   const auto before = Register();
   auto calls = 0;
   const auto end = [&calls](std::size_t done, std::size_t all) {
-    EXPECT_EQ(done, 0U) << "of the first section";
-    EXPECT_EQ(all, 2U);
+    EXPECT_LT(done, all / 2) << "of the first section";
     if (++calls == 10) throw Ended();
   };
   EXPECT_THROW(ImportRegister(school_.Address(), lines, {}, end), Ended);
   EXPECT_EQ(calls, 10);
   EXPECT_EQ(Register(), before);
   std::vector<std::size_t> told;
+  std::size_t whole = 0;
   const auto report =
-      ImportRegister(school_.Address(), lines, {}, [&](std::size_t done, std::size_t /*all*/) {
-        if (told.empty() || told.back() != done) told.push_back(done);
+      ImportRegister(school_.Address(), lines, {}, [&](std::size_t done, std::size_t all) {
+        told.push_back(done);
+        whole = all;
       });
   EXPECT_TRUE(report.written) << "nothing of the first is in the way";
-  EXPECT_THAT(told, ElementsAre(0U, 1U, 2U));
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_GT(told.size(), 20U) << "each gesture counts";
+  EXPECT_EQ(told.front(), 0U);
+  EXPECT_EQ(told.back(), whole);
 }
 
 TEST_F(SchoolImportTest, LeavesWhatStandsAsItIs) {

@@ -20,50 +20,28 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-#include "adapters/sqlite/SqliteConnection.h"
-#include "apps/escuela/DemoSchool.h"
-#include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/HistoryDialog.h"
 #include "apps/zendria/ImportDialog.h"
 #include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/ReportPaper.h"
-#include "apps/zendria/StateDialog.h"
 #include "platform/controls/ComboBox.h"
 #include "tests/device/Device.h"
 #include "tests/support/RunCommand.h"
-#include "tests/zendria/HostTest.h"
+#include "tests/zendria/DemoHost.h"
 
 namespace quorvane::test {
 namespace {
 
-class OversightTest : public HostTest {
+class OversightTest : public DemoHost {
  protected:
-  OversightTest() {
-    MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
-    school_.Open();
-  }
-
-  /// Chooses that entry of the menu, and does that in the dialog of that name.
-  void InDialog(const char* action, const std::string& dialog, std::function<void(QWidget&)> step) {
-    robot_.OnDialog(dialog, std::move(step));
-    window_->findChild<QAction*>(action)->trigger();
-    EXPECT_TRUE(robot_.Done());
-  }
-  /// The item whose first column reads so, below another; null for none.
-  static QTreeWidgetItem* Child(const QTreeWidgetItem* of, const QString& text) {
-    for (int i = 0; of != nullptr && i < of->childCount(); ++i)
-      if (of->child(i)->text(0) == text) return of->child(i);
-    return nullptr;
-  }
-
   static void Press(const QDialog& dialog, const QString& caption) {
     for (auto* const button : dialog.findChildren<QPushButton*>())
       if (button->text() == caption) button->click();
   }
 
-  std::string path_ = folder_.filePath("muestra.sqlite").toStdString();
-  sqlite::SqliteConnection school_{path_, ""};
+  const std::string& path_ = demo_.Path();
+  Connection& school_ = demo_.Db();
   zendria::StateDialog::Viewer all_{0, true, 1};
 };
 

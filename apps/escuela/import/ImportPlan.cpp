@@ -17,6 +17,7 @@ using Subject = RegisterLookup::Subject;
 
 constexpr auto kMostFinals = 2;
 constexpr std::size_t kMostCandidates = 5;
+constexpr std::size_t kRowsBetween = 500;
 
 /// Why a line doesn't fit.
 struct Misfit {
@@ -235,7 +236,8 @@ class Planner {
 
 }  // namespace
 
-ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& school) {
+ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& school,
+                      const std::function<void(std::size_t rows)>& looked) {
   if (rows.empty())
     throw RuntimeError(ErrorNumber::StatementFailed, "El fichero no tiene ninguna fila");
   ImportPlan plan;
@@ -245,7 +247,10 @@ ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& sch
         ErrorNumber::StatementFailed,
         "El fichero no tiene más que el encabezado: falta una línea por cada materia "
         "pendiente");
-  for (std::size_t i = 1; i < rows.size(); ++i) planner.Add(rows[i], plan);
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    if (looked && i % kRowsBetween == 0) looked(i);
+    planner.Add(rows[i], plan);
+  }
   return plan;
 }
 

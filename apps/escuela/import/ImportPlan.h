@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -34,7 +35,9 @@ struct ImportPlan {
 /// Looks every line up. Its first row names the columns: «alumno» (number, or "Surnames, Name") or
 /// «apellidos» and «nombre»; «sección»; «materia» and «curso»; «evaluaciones», all where it is
 /// empty; «profesor», which may be missing. Error 0x80004005 in Spanish for a missing column or a
-/// file without rows, or with no more than that one.
-ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& school);
+/// file without rows, or with no more than that one. `looked` is told now and then how many rows
+/// have been looked up; what it throws comes out.
+ImportPlan PlanImport(const std::vector<CsvRow>& rows, const RegisterLookup& school,
+                      const std::function<void(std::size_t rows)>& looked = {});
 
 }  // namespace quorvane

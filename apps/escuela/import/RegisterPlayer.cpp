@@ -153,8 +153,7 @@ void RequireWell(const std::string& events) {
 RegisterPlayer::End RegisterPlayer::Play(const RegisterLookup::Section& section,
                                          const std::vector<ImportedSubject>& subjects,
                                          const std::map<std::int32_t, std::int32_t>& teachers,
-                                         const RegisterLookup& school,
-                                         const std::function<void()>& step) {
+                                         const RegisterLookup& school, const Step& step) {
   RegisterGestures user;
   user.Open(cNombreNodo().Pendientes);
   user.Choose("cboTEnsenanza", section.teaching);
@@ -183,7 +182,7 @@ RegisterPlayer::End RegisterPlayer::Play(const RegisterLookup::Section& section,
       [&]() -> std::optional<Command> {
         RequireWell(events.str());
         events.str({});
-        step();
+        step(next, user.All().size());
         if (next == user.All().size()) return std::nullopt;
         return CommandOf(user.All()[next++], *player);
       },

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -24,12 +25,15 @@ class RegisterPlayer {
   RegisterPlayer(guion::HostConnections connections, bool sqlServer)
       : connections_(connections), sqlServer_(sqlServer) {}
 
-  /// `subjects` are all of `section`; `teachers` by subject. `step` is called between gestures.
+  /// Told between gestures how many have been made of how many.
+  using Step = std::function<void(std::size_t made, std::size_t all)>;
+
+  /// `subjects` are all of `section`; `teachers` by subject. What `step` throws comes out.
   /// Error 0x80004005 in Spanish when a dialog refuses what no user could do either, and the
   /// engine's.
   End Play(const RegisterLookup::Section& section, const std::vector<ImportedSubject>& subjects,
            const std::map<std::int32_t, std::int32_t>& teachers, const RegisterLookup& school,
-           const std::function<void()>& step);
+           const Step& step);
 
  private:
   guion::HostConnections connections_;

@@ -15,6 +15,8 @@
 namespace quorvane {
 namespace {
 
+constexpr std::size_t kPerRegister = 1000;
+
 using BySection = std::map<const RegisterLookup::Section*, std::vector<ImportedSubject>>;
 
 BySection Sorted(const ImportPlan& plan) {
@@ -38,12 +40,14 @@ class Importer {
             const std::function<void(std::size_t, std::size_t)>& progress) {
     const auto bySection = Sorted(plan);
     std::set<std::int32_t> students;
+    const auto all = bySection.size() * kPerRegister;
     std::size_t done = 0;
     for (const auto& [section, subjects] : bySection) {
       const auto teachers = plan.teachers.find(section);
       const auto& given = teachers == plan.teachers.end() ? kNoTeachers : teachers->second;
-      const auto step = [&] {
-        if (progress) progress(done, bySection.size());
+      // Registers are of all sizes, and often there is one alone: its gestures count, too.
+      const auto step = [&](std::size_t made, std::size_t gestures) {
+        if (progress) progress(done * kPerRegister + made * kPerRegister / gestures, all);
       };
       if (player_.Play(*section, subjects, given, school, step) == RegisterPlayer::End::InUse) {
         report.misfits.push_back("El registro de " + section->name +
@@ -54,8 +58,8 @@ class Importer {
         report.teachers += given.size();
       }
       ++done;
-      step();
     }
+    if (progress) progress(all, all);
     report.students = students.size();
   }
 
@@ -82,7 +86,10 @@ ImportReport Import(const SchoolAddress& address, const std::vector<CsvRow>& row
     school->Execute("DELETE FROM BloqueoPte WHERE 1=0");
   }
   const RegisterLookup lookup(*school);
-  const auto plan = PlanImport(rows, lookup);
+  // What is written comes afterwards, and takes longer: until then nothing is done.
+  const auto plan = PlanImport(rows, lookup, [&](std::size_t looked) {
+    if (progress) progress(options.simulate ? looked : 0, rows.size());
+  });
   ImportReport report;
   report.lines = plan.lines;
   report.misfits = plan.misfits;

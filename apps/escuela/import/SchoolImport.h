@@ -28,9 +28,9 @@ struct ImportReport {
 
 /// Puts the students and pending subjects of a file (`PlanImport`) on the register, by playing its
 /// dialogs, in one transaction. Nothing is written unless all fits, or `whatFits`. `progress` is
-/// told after each gesture how many registers are done of how many; what it throws undoes all, too.
-/// Errors are 0x80004005 in Spanish, after which the school is as it was. It uses the application's
-/// front end for its time.
+/// told after each gesture, and while a long file is looked up, how far it is, in no unit of its
+/// own; what it throws undoes all, too. Errors are 0x80004005 in Spanish, after which the school is
+/// as it was. It uses the application's front end for its time.
 ImportReport ImportRegister(
     const SchoolAddress& address, const std::string& file, const ImportOptions& options,
     const std::function<void(std::size_t done, std::size_t all)>& progress = {});

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QAction>
+#include <QTreeWidget>
+#include <functional>
+#include <string>
+
+#include "apps/zendria/SchoolPlace.h"
+#include "apps/zendria/StateDialog.h"
+#include "tests/escuela/AnySchool.h"
+#include "tests/zendria/HostTest.h"
+
+namespace quorvane::test {
+
+/// The item whose first column reads so, below another; null for none.
+inline QTreeWidgetItem* Child(const QTreeWidgetItem* of, const QString& text) {
+  for (int i = 0; of != nullptr && i < of->childCount(); ++i)
+    if (of->child(i)->text(0) == text) return of->child(i);
+  return nullptr;
+}
+
+/// The host before the sample school: in a file or, beside a server, there, where whoever signs in
+/// has the rights that docs/servidores.md grants and no more, and is its administrator.
+class DemoHost : public HostTest {
+ protected:
+  DemoHost() {
+    if (OnServer()) demo_.Sql("UPDATE Usuario SET Nombre='Zendria' WHERE IDUsuario=1");
+  }
+
+  /// The sample school, by the user with that number.
+  void OpenDemo(std::int32_t user = 1) {
+    ASSERT_TRUE(window_->OpenSchool(
+        OnServer() ? zendria::OdbcPlace(QString::fromStdString(ServerString(demo_.Path())))
+                   : QString::fromStdString(demo_.Path()),
+        user));
+  }
+  /// Chooses that entry of the menu, and does that in the dialog of that name.
+  void InDialog(const char* action, const std::string& dialog, std::function<void(QWidget&)> step) {
+    robot_.OnDialog(dialog, std::move(step));
+    window_->findChild<QAction*>(action)->trigger();
+    EXPECT_TRUE(robot_.Done());
+  }
+
+  AnySchool demo_;
+};
+
+}  // namespace quorvane::test
