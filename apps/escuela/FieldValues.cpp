@@ -1,5 +1,6 @@
 #include "apps/escuela/FieldValues.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -7,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "apps/escuela/Counted.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
@@ -89,62 +91,67 @@ bool Reads(const Value& value, SchemaKind kind) {
   }
 }
 
-std::string Counted(std::size_t count) {
-  return std::to_string(count) + (count == 1 ? " fila" : " filas");
-}
-
 class TableValues {
  public:
   TableValues(Connection& connection, const SchemaTable& table, std::vector<std::string>& findings)
       : connection_(connection), table_(table), findings_(findings) {}
 
-  /// `keysAlone` passes by all columns else, and whether there is a key behind the last.
-  void Check(bool keysAlone = false) {
+  void Check() {
     const auto names = ColumnsOf(connection_, table_.name).value_or(FieldNames());
     for (std::size_t i = 0; i < table_.columns.size(); ++i) {
       const auto& column = table_.columns[i];
-      if (keysAlone && column.kind != SchemaKind::Key) continue;
       // Of one whose name is free the place is not.
       const auto free = column.mark == SchemaMark::FreeName && i < names.size();
       for (const auto& name : names)
         if (EqualNoCase(name, free ? names[i] : column.name))
-          CheckColumn(free ? name : column.name, column, keysAlone);
+          CheckColumn(free ? name : column.name, column);
     }
   }
 
- private:
-  void CheckColumn(const std::string& name, const SchemaColumn& column, bool keysAlone) {
-    const auto kind = KindRead(table_, column);
-    const auto field = FieldOf(kind);
-    if (!field) return;
-    if (const auto bad = CountBad("[" + name + "]", *field, kind); bad == kNoNumbers)
-      Find("La columna " + name + " de la tabla " + table_.name + " no es de números");
-    else if (bad > 0)
-      Find("Valores que no caben en " + table_.name + "." + name + ": " + Counted(bad) +
-           " sin un número de " + std::to_string(field->least) + " a " +
-           std::to_string(field->most));
-    if (column.kind == SchemaKind::Key) CheckKey(name, keysAlone);
+  /// Whether every row has a key that the module can read.
+  [[nodiscard]] bool KeysFit() const {
+    return std::none_of(table_.columns.begin(), table_.columns.end(), [this](const auto& column) {
+      return column.kind == SchemaKind::Key &&
+             (CountBad(column.name, column) > 0 || Count(column.name, " IS NULL") > 0);
+    });
   }
 
-  void CheckKey(const std::string& name, bool keysAlone) {
-    const auto count = [&](const std::string& condition) {
-      return connection_
-          .Execute("SELECT COUNT(*) FROM " + table_.name + " WHERE [" + name + "]" + condition)
-          .Fields(0)
-          .Long();
-    };
-    if (const auto missing = count(" IS NULL"); missing > 0)
-      Find("Sin clave en " + table_.name + ": " + Counted(static_cast<std::size_t>(missing)) +
-           " cuyo " + name + " es nulo");
-    if (!keysAlone && count("=" + std::to_string(kLastKey)) > 0)
+ private:
+  void CheckColumn(const std::string& name, const SchemaColumn& column) {
+    const auto field = FieldOf(KindRead(table_, column));
+    if (!field) return;
+    if (const auto bad = CountBad(name, column); bad == kNoNumbers)
+      Find("La columna " + name + " de la tabla " + table_.name + " no es de números");
+    else if (bad > 0)
+      Find("Valores que no caben en " + table_.name + "." + name + ": " + CountedRows(bad) +
+           " sin un número de " + std::to_string(field->least) + " a " +
+           std::to_string(field->most));
+    if (column.kind == SchemaKind::Key) CheckKey(name);
+  }
+
+  void CheckKey(const std::string& name) {
+    if (const auto missing = Count(name, " IS NULL"); missing > 0)
+      Find("Sin clave en " + table_.name + ": " + CountedRows(missing) + " cuyo " + name +
+           " es nulo");
+    if (Count(name, "=" + std::to_string(kLastKey)) > 0)
       Find("Última clave en " + table_.name + ": una fila tiene ya el mayor " + name +
            " posible, y detrás no se puede añadir ninguna");
   }
 
   static constexpr auto kNoNumbers = static_cast<std::size_t>(-1);
 
-  [[nodiscard]] std::size_t CountBad(const std::string& name, const Field& field,
-                                     SchemaKind kind) const {
+  /// The rows of which that holds.
+  [[nodiscard]] std::size_t Count(const std::string& column, const std::string& condition) const {
+    const auto rows = connection_.Execute("SELECT COUNT(*) FROM " + table_.name + " WHERE [" +
+                                          column + "]" + condition);
+    return static_cast<std::size_t>(rows.Fields(0).Long());
+  }
+
+  /// The rows whose value doesn't fit that column, called so here, which holds numbers.
+  [[nodiscard]] std::size_t CountBad(const std::string& called, const SchemaColumn& column) const {
+    const auto kind = KindRead(table_, column);
+    const auto field = *FieldOf(kind);
+    const auto name = "[" + called + "]";
     const auto file = EngineReached(connection_) == sqltext::Engine::Sqlite;
     // There a flag is what the engine's own type says.
     if (!file && kind == SchemaKind::Flag) return 0;
@@ -183,9 +190,8 @@ std::vector<std::string> BadValues(Connection& connection) {
 
 bool KeysFit(Connection& connection, std::string_view table) {
   std::vector<std::string> findings;
-  if (const auto* const found = FindSchoolTable(table))
-    TableValues(connection, *found, findings).Check(true);
-  return findings.empty();
+  const auto* const found = FindSchoolTable(table);
+  return found == nullptr || TableValues(connection, *found, findings).KeysFit();
 }
 
 }  // namespace quorvane

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "apps/escuela/Counted.h"
 #include "apps/escuela/FieldValues.h"
 #include "apps/escuela/JoinedText.h"
 #include "apps/escuela/SchoolAddress.h"
@@ -69,10 +70,6 @@ Lines MisspeltFindings(const Lines& tables) {
   return findings;
 }
 
-std::string RowCount(std::int32_t count) {
-  return std::to_string(count) + (count == 1 ? " fila" : " filas");
-}
-
 }  // namespace
 
 std::vector<std::string> SchoolCheck::Structure(For whom) const {
@@ -117,7 +114,8 @@ void SchoolCheck::FindOrphans(std::vector<std::string>& findings) const {
     const auto count = Count(
         Joined({"SELECT COUNT(*) FROM ", reference.table, " WHERE ", OrphanCondition(reference)}));
     if (count > 0)
-      findings.push_back(Joined({"Huérfanas en ", reference.table, ": ", RowCount(count), " cuyo ",
+      findings.push_back(Joined({"Huérfanas en ", reference.table, ": ",
+                                 CountedRows(static_cast<std::size_t>(count)), " cuyo ",
                                  reference.column, " no está en ", reference.target}));
   }
 }
@@ -149,8 +147,9 @@ std::vector<std::string> SchoolCheck::Rows() const {
                 " WHERE CodNumEvaluacion IN (SELECT IDNumEvaluacion FROM NumEvaluacion WHERE ",
                 wrong, ")"}));
     if (count > 0)
-      findings.push_back(Joined(
-          {"Fuera de lugar en ", table, ": ", RowCount(count), " de una evaluación ", kind}));
+      findings.push_back(
+          Joined({"Fuera de lugar en ", table, ": ", CountedRows(static_cast<std::size_t>(count)),
+                  " de una evaluación ", kind}));
   };
   misplaced("EvaluacionPte", "Final<>0", "final");
   misplaced("EvaluacionActaPte", "Final=0", "ordinaria");

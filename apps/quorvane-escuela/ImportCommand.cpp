@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "apps/quorvane-escuela/Counted.h"
+#include "apps/escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"

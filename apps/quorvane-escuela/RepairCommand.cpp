@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "apps/quorvane-escuela/Counted.h"
+#include "apps/escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/RuntimeError.h"

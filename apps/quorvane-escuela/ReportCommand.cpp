@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "adapters/odbc/ConnectionString.h"
+#include "apps/escuela/Counted.h"
 #include "apps/escuela/PatientWork.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolWriting.h"
@@ -13,7 +14,6 @@
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/escuela/report/SectionFiles.h"
-#include "apps/quorvane-escuela/Counted.h"
 #include "apps/quorvane-escuela/ProgressLine.h"
 #include "apps/quorvane-escuela/UnlessStopped.h"
 #include "platform/text/VisibleText.h"

@@ -1,6 +1,8 @@
 #include "apps/escuela/repair/SchoolRepair.h"
 
 #include <algorithm>
+#include <map>
+#include <string_view>
 
 #include "apps/escuela/FieldValues.h"
 #include "apps/escuela/LockList.h"
@@ -36,9 +38,13 @@ void RequireNobody(Connection& school) {
 }
 
 void MendOnce(Connection& school, RowRepairs& repairs) {
-  for (const auto& reference : kReferences)
+  std::map<std::string_view, bool> fit;
+  for (const auto& reference : kReferences) {
+    const auto [target, isNew] = fit.try_emplace(reference.target);
+    if (isNew) target->second = KeysFit(school, reference.target);
     // Rows that refer to what has lost its key aren't nobody's: they wait for it.
-    if (KeysFit(school, reference.target)) repairs.Orphans(reference);
+    if (target->second) repairs.Orphans(reference);
+  }
   repairs.Misplaced("EvaluacionPte", "EvaluacionActaPte", "Final<>0");
   repairs.Misplaced("EvaluacionActaPte", "EvaluacionPte", "Final=0");
   for (const auto& unique : kUniques) repairs.Doubles(unique);
