@@ -1,8 +1,10 @@
 // How far the evaluations have come: in a file, or on the server that the tests run beside.
 
 #include <algorithm>
+#include <map>
 
 #include "apps/escuela/Today.h"
+#include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/state/SchoolState.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
@@ -134,6 +136,34 @@ TEST_F(SchoolStateTest, TellsWindowsAndWhatIsLocked) {
   EXPECT_EQ(Sum(state.Subjects(Of(2))).locked, 2);
   EXPECT_EQ(Sum(state.Sections(Of(1))).locked, 0);
   EXPECT_EQ(Today(school_.Db()).size(), 10U);
+}
+
+TEST_F(SchoolStateTest, TeachersOfOneNameAreToldApartAndAlikeInTheReports) {
+  school_.Sql(
+      "UPDATE Personal SET Apellido1='Cano', Apellido2='Ruiz', Nombre='Eva' WHERE "
+      "IDPersonal IN (1,14,15)");
+  // Doubled, as repairs find them: both go by the same one.
+  school_.Sql("INSERT INTO Profesor_Pte (CodProfesor, CodMatDet) VALUES (1,20)");
+  const auto state = State();
+  EXPECT_EQ(state.TeacherName(1), "Cano Ruiz, Eva (1)");
+  EXPECT_EQ(state.TeacherName(13), "Gutiérrez Iglesias, Marcos") << "the only one";
+  const ReportReader reader(school_.Db(), "IES", "03/03/2025");
+  std::map<std::string, std::string> teachers;
+  for (const auto& student : reader.Section(5).students)
+    for (const auto& subject : student.subjects) teachers[subject.name] = subject.teacher;
+  EXPECT_EQ(teachers["Matemáticas (2º ESO A)"], "Cano Ruiz, Eva (14)");
+  auto seen = 0;
+  for (const auto& row : state.Subjects(Of(1))) {
+    if (row.section != 5) continue;
+    ++seen;
+    EXPECT_EQ(teachers[state.SubjectName(row.subject)], state.TeacherName(row.teacher));
+  }
+  EXPECT_GT(seen, 3);
+  const auto text =
+      RunCommand(QUORVANE_ESCUELA " estado " + school_.Argument() + " --evaluacion 2 --profesores")
+          .text;
+  EXPECT_THAT(text, HasSubstr("  Cano Ruiz, Eva (1): "));
+  EXPECT_THAT(text, HasSubstr("  Cano Ruiz, Eva (14): "));
 }
 
 TEST_F(SchoolStateTest, ReadsWithoutATransactionInFewStatements) {

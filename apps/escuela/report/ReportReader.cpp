@@ -37,7 +37,8 @@ ReportReader::ReportReader(Connection& school, std::string name, std::string dat
       name_(std::move(name)),
       date_(std::move(date)),
       told_(staff == 0 ? std::string(kActive)
-                       : kActive + (" AND " + MayGrade(staff, "AlumnoPte_MatDet.CodMatDet"))) {
+                       : kActive + (" AND " + MayGrade(staff, "AlumnoPte_MatDet.CodMatDet"))),
+      teachers_(school) {
   for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion, Final FROM NumEvaluacion "
                                    "ORDER BY Extraordinaria DESC, Orden");
        !rows.Eof(); rows.MoveNext())
@@ -47,12 +48,6 @@ ReportReader::ReportReader(Connection& school, std::string name, std::string dat
   for (auto rows = school_.Execute("SELECT IDNota, DescripcionCorta FROM Nota"); !rows.Eof();
        rows.MoveNext())
     grades_[rows.Fields(0).Long()] = rows.Fields(1).Text();
-  for (auto rows = school_.Execute(
-           "SELECT Profesor_Pte.CodMatDet, Personal.Apellido1, Personal.Apellido2, Personal.Nombre "
-           "FROM Profesor_Pte INNER JOIN Personal ON "
-           "Personal.IDPersonal=Profesor_Pte.CodProfesor");
-       !rows.Eof(); rows.MoveNext())
-    teachers_[rows.Fields(0).Long()] = FullName(rows, 1);
 }
 
 std::vector<std::pair<std::int32_t, std::string>> ReportReader::Sections() const {
@@ -151,12 +146,11 @@ SectionReport ReportReader::Read(const std::string& title, const std::string& co
     if (report.students.empty() || report.students.back().id != student)
       report.students.push_back({student, FullName(rows, 1), {}});
     const auto subject = rows.Fields(5).Long();
-    const auto teacher = teachers_.find(subject);
     auto& subjects = report.students.back().subjects;
     subjects.push_back({rows.Fields(6).IsNull()
                             ? "Materia " + std::to_string(subject) + ", que ya no existe"
                             : rows.Fields(6).Text() + " (" + rows.Fields(7).Text() + ")",
-                        teacher == teachers_.end() ? std::string() : teacher->second,
+                        teachers_.NameOf(subject),
                         {}});
     places[rows.Fields(4).Long()] = {report.students.size() - 1, subjects.size() - 1};
   }

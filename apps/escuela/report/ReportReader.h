@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/escuela/report/SectionReport.h"
+#include "apps/escuela/state/PendingTeachers.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane {
@@ -52,7 +53,7 @@ class ReportReader {
   std::string told_;  ///< the condition of all that is
   std::vector<ReportEvaluation> evaluations_;
   std::map<std::int32_t, std::string> grades_;
-  std::map<std::int32_t, std::string> teachers_;  ///< by subject
+  PendingTeachers teachers_;
 };
 
 }  // namespace quorvane

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <tuple>
 
-#include "apps/escuela/PersonName.h"
 #include "apps/escuela/state/MayGrade.h"
 
 namespace quorvane {
@@ -32,7 +31,7 @@ std::string StateConditions(const StateFilter& filter) {
 }  // namespace
 
 SchoolState::SchoolState(Connection& school, std::string today)
-    : school_(school), today_(std::move(today)) {
+    : school_(school), today_(std::move(today)), teachers_(school) {
   ReadEvaluations();
   ReadNames();
 }
@@ -62,13 +61,6 @@ void SchoolState::ReadNames() {
            "Seccion.Descripcion, IDSeccion");
        !rows.Eof(); rows.MoveNext())
     sections_[rows.Fields(0).Long()] = {rows.Fields(1).Text(), ++place};
-  for (auto rows = school_.Execute("SELECT IDPersonal, Apellido1, Apellido2, Nombre FROM Personal");
-       !rows.Eof(); rows.MoveNext())
-    staff_[rows.Fields(0).Long()] = FullName(rows, 1);
-  for (auto rows = school_.Execute("SELECT CodMatDet, MAX(CodProfesor) FROM Profesor_Pte GROUP BY "
-                                   "CodMatDet");
-       !rows.Eof(); rows.MoveNext())
-    teacherOf_[rows.Fields(0).Long()] = rows.Fields(1).Long();
   for (auto rows = school_.Execute(
            "SELECT CodSeccion, CodNumEvaluacion, FechaInicio, FechaFin FROM FechaNotas");
        !rows.Eof(); rows.MoveNext()) {
@@ -132,8 +124,7 @@ std::vector<StateRow> SchoolState::Read(const StateFilter& filter, bool bySubjec
       row.section = rows.Fields(1).Long();
       if (bySubject) {
         row.subject = rows.Fields(2).Long();
-        const auto teacher = teacherOf_.find(row.subject);
-        if (teacher != teacherOf_.end()) row.teacher = teacher->second;
+        row.teacher = teachers_.Of(row.subject);
       }
       const std::size_t counts = bySubject ? 3 : 2;
       row.pending = rows.Fields(counts).Long();
@@ -211,12 +202,6 @@ std::string SchoolState::SubjectName(std::int32_t id) const {
   return found == subjects_.end()
              ? "materia " + Number(id)
              : found->second.first + " (" + SectionName(found->second.second) + ")";
-}
-
-std::string SchoolState::TeacherName(std::int32_t id) const {
-  if (id == 0) return {};
-  const auto found = staff_.find(id);
-  return found == staff_.end() ? "docente " + Number(id) : found->second;
 }
 
 StateWindow SchoolState::Window(std::int32_t section, std::int32_t evaluation) const {

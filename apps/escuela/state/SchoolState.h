@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "apps/escuela/state/PendingTeachers.h"
 #include "platform/data/Connection.h"
 
 namespace quorvane {
@@ -69,8 +70,8 @@ class SchoolState {
   [[nodiscard]] std::string SectionName(std::int32_t id) const;
   /// "Matemáticas (2º ESO A)".
   [[nodiscard]] std::string SubjectName(std::int32_t id) const;
-  /// Empty for none.
-  [[nodiscard]] std::string TeacherName(std::int32_t id) const;
+  /// As `PendingTeachers::Name`.
+  [[nodiscard]] std::string TeacherName(std::int32_t id) const { return teachers_.Name(id); }
   [[nodiscard]] StateWindow Window(std::int32_t section, std::int32_t evaluation) const;
 
  private:
@@ -99,8 +100,7 @@ class SchoolState {
   std::string firstFinal_;
   std::map<std::int32_t, std::pair<std::string, int>> sections_;  ///< name, and place in the school
   mutable std::map<std::int32_t, std::pair<std::string, std::int32_t>> subjects_;
-  std::map<std::int32_t, std::int32_t> teacherOf_;
-  std::map<std::int32_t, std::string> staff_;
+  PendingTeachers teachers_;
   std::map<std::pair<std::int32_t, std::int32_t>, StateWindow> windows_;
 };
 
