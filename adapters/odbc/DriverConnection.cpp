@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <sqlext.h>
 #include <utility>
 #include <vector>
@@ -67,9 +68,13 @@ DriverConnection::DriverConnection(const std::string& connectionString, Letters 
     throw DriverFailure({calls_, SQL_HANDLE_ENV, environment_.Get()});
   const ConnectionString given(connectionString);
   if (purpose == Purpose::Work)
-    watch_ = std::make_unique<SilenceWatch>(given.Value("Port"), [connectionString, letters] {
-      return Answers(connectionString, letters);
-    });
+    watch_ = std::make_unique<SilenceWatch>(
+        GivenSetting(given, "Port"),
+        [connectionString, letters](const std::optional<ServerSockets::Peer>& reached) {
+          return Answers(reached ? OnlyAt(connectionString, reached->address, reached->port)
+                                 : connectionString,
+                         letters);
+        });
   const auto seconds = purpose == Purpose::Work ? kLoginSeconds : kQuestionSeconds;
   SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                     AsPointer(ForEach(seconds, NamedServers(connectionString))), 0);

@@ -60,6 +60,13 @@ std::string LibraryOptions(const std::string& given) {
   return options;
 }
 
+/// How many servers a string names for a driver that tries several.
+std::size_t ServersIn(const ConnectionString& given) {
+  auto servers = GivenSetting(given, "Server");
+  if (servers.empty()) servers = GivenSetting(given, "Servername");
+  return 1 + static_cast<std::size_t>(std::count(servers.begin(), servers.end(), ','));
+}
+
 }  // namespace
 
 std::string GivenSetting(const ConnectionString& string, const char* keyword) {
@@ -83,10 +90,21 @@ bool NamesOtherDriver(const std::string& connectionString) {
 
 std::size_t NamedServers(const std::string& connectionString) {
   if (NamedEngine(connectionString) != Engine::PostgreSql) return 1;
-  const ConnectionString given(connectionString);
-  auto servers = GivenSetting(given, "Server");
-  if (servers.empty()) servers = GivenSetting(given, "Servername");
-  return 1 + static_cast<std::size_t>(std::count(servers.begin(), servers.end(), ','));
+  return ServersIn(ConnectionString(connectionString));
+}
+
+std::string OnlyAt(const std::string& completed, const std::string& address, int port) {
+  constexpr auto kAddress = "hostaddr";
+  ConnectionString given(completed);
+  auto options = OutOfBraces(given.Value(kLibraryOptions));
+  if (options.empty() || options.find(kAddress) != std::string::npos) return completed;
+  // The library wants an address for each name, and what is given last counts. The names stay: the
+  // certificate and the password go by them.
+  options += std::string(" target_session_attrs=any ") + kAddress + "=" + address;
+  for (auto more = ServersIn(given); more > 1; --more) options += "," + address;
+  given.Set(kLibraryOptions, options);
+  given.Set("Port", std::to_string(port));
+  return given.Text();
 }
 
 std::string Completed(const std::string& connectionString, Engine engine) {

@@ -24,6 +24,10 @@ std::string GivenSetting(const ConnectionString& string, const char* keyword);
 /// the others know the comma for other things.
 std::size_t NamedServers(const std::string& connectionString);
 
+/// The completed string of a PostgreSQL for that address in figures alone, whichever of its servers
+/// that is, and whether that may be written to or not. Any other string stays as it is.
+std::string OnlyAt(const std::string& completed, const std::string& address, int port);
+
 /// The connection string with the settings that its engine's driver needs and that neither it nor
 /// its data source has. What either has counts.
 std::string Completed(const std::string& connectionString, sqltext::Engine engine);

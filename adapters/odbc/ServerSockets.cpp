@@ -1,9 +1,10 @@
 #include "adapters/odbc/ServerSockets.h"
 
+#include <array>
 #include <charconv>
 #include <filesystem>
 #include <map>
-#include <netinet/in.h>
+#include <netdb.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -34,22 +35,25 @@ std::set<ino_t> Inodes() {
   return inodes;
 }
 
-/// The port at the other end; 0 where there is none.
-int PeerPort(int descriptor) {
-  sockaddr_storage address{};
-  socklen_t size = sizeof address;
-  if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&address), &size) != 0) return 0;
-  if (address.ss_family == AF_INET)
-    return ntohs(reinterpret_cast<const sockaddr_in&>(address).sin_port);
-  if (address.ss_family == AF_INET6)
-    return ntohs(reinterpret_cast<const sockaddr_in6&>(address).sin6_port);
-  return 0;
-}
-
 int PortOf(const std::string& text) {
   auto port = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
   return error == std::errc() && end == text.data() + text.size() ? port : 0;
+}
+
+/// The other end; port 0 where there is none.
+ServerSockets::Peer PeerOf(int descriptor) {
+  sockaddr_storage address{};
+  socklen_t size = sizeof address;
+  auto* const any = reinterpret_cast<sockaddr*>(&address);
+  std::array<char, NI_MAXHOST> host{};
+  std::array<char, NI_MAXSERV> port{};
+  if (getpeername(descriptor, any, &size) != 0 ||
+      (address.ss_family != AF_INET && address.ss_family != AF_INET6) ||
+      getnameinfo(any, size, host.data(), host.size(), port.data(), port.size(),
+                  NI_NUMERICHOST | NI_NUMERICSERV) != 0)
+    return {};
+  return {host.data(), PortOf(port.data())};
 }
 
 }  // namespace
@@ -58,7 +62,7 @@ ServerSockets::ServerSockets(const std::string& port) : port_(PortOf(port)), bef
 
 bool ServerSockets::Settle() {
   for (const auto& [inode, descriptor] : OpenSockets()) {
-    const auto port = PeerPort(descriptor);
+    const auto port = PeerOf(descriptor).port;
     if (!before_.contains(inode) && (port_ == 0 ? port != 0 : port == port_)) own_.insert(inode);
   }
   settled_ = true;
@@ -80,6 +84,12 @@ std::vector<int> ServerSockets::Descriptors() const {
 
 void ServerSockets::ShutDown() const {
   for (const auto descriptor : Descriptors()) shutdown(descriptor, SHUT_RDWR);
+}
+
+std::optional<ServerSockets::Peer> ServerSockets::Reached() const {
+  for (const auto descriptor : Descriptors())
+    if (auto peer = PeerOf(descriptor); peer.port != 0) return peer;
+  return std::nullopt;
 }
 
 bool ServerSockets::HungUp() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
 #include <sys/types.h>
@@ -11,6 +12,12 @@ namespace quorvane::odbc {
 /// what the process has open before it connects and afterwards. For any thread.
 class ServerSockets {
  public:
+  /// Who is at the other end.
+  struct Peer {
+    std::string address;  ///< in figures
+    int port = 0;
+  };
+
   /// To be made before the driver connects, to that port; any, where the text is no number.
   explicit ServerSockets(const std::string& port);
 
@@ -20,6 +27,8 @@ class ServerSockets {
 
   /// Ends them, so that a driver that waits for an answer is told that none will come.
   void ShutDown() const;
+  /// The server that they reach, of all that could have been meant; none while they reach none.
+  [[nodiscard]] std::optional<Peer> Reached() const;
   /// Whether the server has ended one of them. False where the driver needs none.
   [[nodiscard]] bool HungUp() const;
 

@@ -2,32 +2,48 @@
 
 #include <condition_variable>
 #include <cstdint>
-#include <mutex>
 #include <optional>
 #include <thread>
 #include <utility>
-
-#include "adapters/odbc/ServerSockets.h"
+#include <vector>
 
 namespace quorvane::odbc {
 
 struct SilenceWatch::State {
-  State(const std::string& port, std::function<bool()> question)
-      : sockets(port), answers(std::move(question)) {}
+  State(const std::string& port, Question question) : sockets(port), answers(std::move(question)) {}
 
   std::mutex mutex;
-  std::condition_variable begun;
+  std::condition_variable changed;
   ServerSockets sockets;
-  std::function<bool()> answers;
-  std::optional<Clock::time_point> askAt;  ///< none while no call is made
+  Question answers;
+  std::optional<Clock::time_point> askAt;       ///< none while no call is made
+  std::optional<Clock::time_point> hurryUntil;  ///< none but for the question of a hurried call
   std::uint64_t call = 0;
+  bool hurried = false;  ///< this call: once is enough where the server answers
   bool asleep = false;
   bool ending = false;
   bool silent = false;
 };
 
-SilenceWatch::SilenceWatch(const std::string& port, std::function<bool()> answers)
+struct SilenceWatch::All {
+  std::mutex mutex;
+  std::vector<std::weak_ptr<State>> states;
+
+  static All& Instance() {
+    // A last question may outlive the program's own end.
+    static auto* const all = new All;
+    return *all;
+  }
+};
+
+SilenceWatch::SilenceWatch(const std::string& port, Question answers)
     : state_(std::make_shared<State>(port, std::move(answers))) {
+  auto& all = All::Instance();
+  {
+    const std::lock_guard lock(all.mutex);
+    std::erase_if(all.states, [](const auto& state) { return state.expired(); });
+    all.states.push_back(state_);
+  }
   // Nobody waits for its end: it may be in the middle of a question that takes its time.
   std::thread([state = state_] { Work(state); }).detach();
 }
@@ -35,20 +51,37 @@ SilenceWatch::SilenceWatch(const std::string& port, std::function<bool()> answer
 SilenceWatch::~SilenceWatch() {
   const std::lock_guard lock(state_->mutex);
   state_->ending = true;
-  state_->begun.notify_one();
+  state_->changed.notify_all();
 }
 
 void SilenceWatch::Begin() {
   const std::lock_guard lock(state_->mutex);
   ++state_->call;
+  state_->hurried = false;
   state_->askAt = Clock::now() + kPatience;
   // To rouse a thread costs more than to begin a call: mostly it finds out by itself.
-  if (state_->asleep) state_->begun.notify_one();
+  if (state_->asleep) state_->changed.notify_all();
 }
 
 void SilenceWatch::End() {
   const std::lock_guard lock(state_->mutex);
   state_->askAt.reset();
+  state_->hurryUntil.reset();
+}
+
+void SilenceWatch::Hurry() {
+  auto& all = All::Instance();
+  const std::lock_guard everybody(all.mutex);
+  for (const auto& one : all.states) {
+    const auto state = one.lock();
+    if (state == nullptr) continue;
+    const std::lock_guard lock(state->mutex);
+    if (!state->askAt || state->hurried) continue;
+    state->hurried = true;
+    state->askAt = Clock::now();
+    state->hurryUntil = *state->askAt + kHurry;
+    state->changed.notify_all();
+  }
 }
 
 bool SilenceWatch::Connected() {
@@ -66,22 +99,40 @@ bool SilenceWatch::HungUp() const {
   return state_->sockets.HungUp();
 }
 
+/// A question has a thread of its own: who is in a hurry doesn't wait for its end.
+bool SilenceWatch::Ask(const std::shared_ptr<State>& state, std::unique_lock<std::mutex>& lock) {
+  const auto answer = std::make_shared<std::optional<bool>>();
+  std::thread([state, answer, reached = state->sockets.Reached()] {
+    const auto answers = state->answers(reached);
+    const std::lock_guard answering(state->mutex);
+    *answer = answers;
+    state->changed.notify_all();
+  }).detach();
+  while (!answer->has_value() && !state->ending) {
+    const auto until = state->hurryUntil;
+    if (!until)
+      state->changed.wait(lock);
+    else if (state->changed.wait_until(lock, *until) == std::cv_status::timeout)
+      break;
+  }
+  state->hurryUntil.reset();
+  return answer->value_or(false);
+}
+
 void SilenceWatch::Work(const std::shared_ptr<State>& state) {
   std::unique_lock lock(state->mutex);
   while (!state->ending) {
     if (!state->askAt) {
       state->asleep = true;
-      state->begun.wait(lock, [&] { return state->ending || state->askAt; });
+      state->changed.wait(lock, [&] { return state->ending || state->askAt; });
       state->asleep = false;
-    } else if (Clock::now() < *state->askAt) {
+    } else if (const auto askAt = *state->askAt; Clock::now() < askAt) {
       // Later calls set another time meanwhile; this one is no later than theirs.
-      state->begun.wait_until(lock, *state->askAt, [&] { return state->ending; });
+      state->changed.wait_until(lock, askAt);
     } else {
       const auto call = state->call;
-      lock.unlock();
-      const auto answers = state->answers();
-      lock.lock();
-      if (call != state->call || !state->askAt) continue;
+      const auto answers = Ask(state, lock);
+      if (state->ending || call != state->call || !state->askAt) continue;
       state->askAt = Clock::now() + kPatience;
       state->silent = !answers;
       if (!answers) state->sockets.ShutDown();

@@ -3,11 +3,13 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <string>
 
-namespace quorvane::odbc {
+#include "adapters/odbc/ServerSockets.h"
 
-class ServerSockets;
+namespace quorvane::odbc {
 
 /// Ends a driver's call that waits for a server that has gone silent. The system doesn't: it knows
 /// nothing of a server that has taken a statement and then stands still, or of a device on the way
@@ -22,9 +24,15 @@ class SilenceWatch {
 
   /// How long a call may take before the server is asked, and again each time it has answered.
   static constexpr std::chrono::seconds kPatience{8};
+  /// And how long the server has for an answer once somebody is in a hurry.
+  static constexpr std::chrono::seconds kHurry{3};
 
-  /// `answers` asks, in the watch's thread; it comes back in its own good time.
-  explicit SilenceWatch(const std::string& port, std::function<bool()> answers);
+  /// Asks whether anybody is there, where the connection has led to; it comes back in its own good
+  /// time.
+  using Question = std::function<bool(const std::optional<ServerSockets::Peer>& reached)>;
+
+  /// `answers` asks, in a thread of the watch's.
+  SilenceWatch(const std::string& port, Question answers);
   ~SilenceWatch();
   SilenceWatch(const SilenceWatch&) = delete;
   SilenceWatch& operator=(const SilenceWatch&) = delete;
@@ -45,6 +53,10 @@ class SilenceWatch {
     SilenceWatch& watch_;
   };
 
+  /// Nobody wants to wait any longer for the calls that are made now, of all watches: their servers
+  /// are asked at once, unless they are being asked. For any thread.
+  static void Hurry();
+
   /// The driver has connected: the sockets that it has opened are its own. False when there are
   /// none, and nothing to be watched.
   bool Connected();
@@ -55,10 +67,12 @@ class SilenceWatch {
 
  private:
   struct State;
+  struct All;
 
   void Begin();
   void End();
   static void Work(const std::shared_ptr<State>& state);
+  static bool Ask(const std::shared_ptr<State>& state, std::unique_lock<std::mutex>& lock);
 
   std::shared_ptr<State> state_;
 };

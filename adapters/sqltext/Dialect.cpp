@@ -4,6 +4,7 @@
 
 #include "adapters/sqltext/BracketedNames.h"
 #include "adapters/sqltext/Concatenation.h"
+#include "adapters/sqltext/ExcludedSelects.h"
 #include "adapters/sqltext/NestedJoins.h"
 #include "adapters/sqltext/RowOrder.h"
 #include "adapters/sqltext/SingleValues.h"
@@ -17,9 +18,9 @@ using Rewriting = std::string (*)(std::string_view statement);
 
 constexpr Rewriting kSqlite[] = {RewriteConcatenation, FlattenJoins};
 constexpr Rewriting kSqlServer[] = {OrderUnionByColumns};
-constexpr Rewriting kPostgreSql[] = {RewriteConcatenation, OrderUnionByColumns,
-                                     TakeFirstOfComparedSelects, OrderAsInAFile,
-                                     QuoteBracketedNames};
+constexpr Rewriting kPostgreSql[] = {
+    RewriteConcatenation, OrderUnionByColumns, TakeFirstOfComparedSelects,
+    JoinExcludedSelects,  OrderAsInAFile,      QuoteBracketedNames};
 
 std::span<const Rewriting> RewritingsFor(Engine engine) {
   switch (engine) {

@@ -202,7 +202,7 @@ void MainWindow::Connect() {
 }
 
 void MainWindow::PaintWhileWaiting() {
-  odbc::WhileWaiting([&screen = screen_] { screen.Await(); });
+  odbc::WhileWaiting([&screen = screen_] { return screen.Await(); });
 }
 
 bool MainWindow::Enter(std::optional<Entrance> entrance) {

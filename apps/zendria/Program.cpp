@@ -75,7 +75,7 @@ Ending RunWindow(const CommandLine& line, const Started& started) {
     window.Leave = [&departure] { departure.Leave(); };
     window.Rescued = TellRescued;
     screen.HostWindow(&window);
-    odbc::WhileWaiting([&screen] { screen.Await(); });
+    odbc::WhileWaiting([&screen] { return screen.Await(); });
     window.show();
     if (started) started(screen, window);
     const auto place = PlaceOf(line);

@@ -73,6 +73,18 @@ TEST(DriverSettingsTest, TheEngineIsNamedByTheDriverOrItsFile) {
   EXPECT_EQ(NamedEngine("DSN=no_hay_tal"), Engine::Unknown);
 }
 
+TEST(DriverSettingsTest, OneOfSeveralServersIsReachedByItsAddress) {
+  const DataSources sources("[Centro]\nDriver=PostgreSQL Unicode\nServername=uno,dos\n");
+  EXPECT_EQ(odbc::OnlyAt("DSN=Centro;UID=a;pqopt={target_session_attrs=read-write}", "::1", 7),
+            "DSN=Centro;UID=a;pqopt={target_session_attrs=read-write target_session_attrs=any "
+            "hostaddr=::1,::1};Port=7");
+  EXPECT_EQ(odbc::OnlyAt("Driver=x;Server=uno;Port=5432,5433;pqopt={a=b}", "10.0.0.1", 5433),
+            "Driver=x;Server=uno;Port=5433;pqopt={a=b target_session_attrs=any hostaddr=10.0.0.1}");
+  for (const auto* const other :
+       {"Driver=FreeTDS;Server=uno", "DSN=Centro;pqopt={hostaddr=1.2.3.4}"})
+    EXPECT_EQ(odbc::OnlyAt(other, "10.0.0.1", 7), other);
+}
+
 TEST(DriverSettingsTest, OnlyPostgreSqlIsGivenSeveralServers) {
   const DataSources sources(
       "[Centro]\nDriver=PostgreSQL Unicode\nServername=uno,dos\n"

@@ -10,6 +10,7 @@
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/sqltext/Dialect.h"
 #include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/SchoolFile.h"
@@ -112,6 +113,36 @@ TEST_F(PostgreSqlTest, TextsComeBackAsTheyWent) {
       expected.erase(quotes, 1);
     EXPECT_TRUE(rows.Fields(0).Text() == expected) << rows.Fields(0).Text().substr(0, 60);
   }
+}
+
+TEST_F(PostgreSqlTest, RowsWithoutAPartnerAreThoseOfAFile) {
+  const auto orphans = [this] {
+    return RunRows(teacher, "SELECT a FROM filas WHERE a NOT IN (SELECT b FROM otras)");
+  };
+  teacher.Execute("CREATE TEMP TABLE filas AS SELECT * FROM (VALUES (1),(2),(NULL)) AS v(a)");
+  teacher.Execute("CREATE TEMP TABLE otras (b integer)");
+  EXPECT_THAT(orphans(), ElementsAre("1", "2", "NULL"));
+  teacher.Execute("INSERT INTO otras VALUES (2),(2),(3)");
+  EXPECT_THAT(orphans(), ElementsAre("1"));
+  teacher.Execute("INSERT INTO otras VALUES (NULL)");
+  EXPECT_THAT(orphans(), IsEmpty());
+}
+
+// However little memory the server has for a step, an opening of the register must not go through
+// a whole table for each row of another.
+TEST_F(PostgreSqlTest, RowsWithoutAPartnerAreFoundByOneJoin) {
+  auto plans = 0;
+  for (const auto& listed : Catalogue(QUORVANE_STATEMENTS)) {
+    if (listed.find("FROM Alumnopte_matdet WHERE cod") == std::string::npos ||
+        listed.find("not in (SELECT") == std::string::npos)
+      continue;
+    auto plan = teacher.Execute("EXPLAIN " + sqltext::Put(listed, sqltext::Engine::PostgreSql));
+    std::string text;
+    for (; !plan.Eof(); plan.MoveNext()) text += plan.Fields(0).Text() + '\n';
+    EXPECT_THAT(text, HasSubstr("Anti Join"));
+    ++plans;
+  }
+  EXPECT_EQ(plans, 2);
 }
 
 TEST_F(PostgreSqlTest, FailureTellsStateAndTextAndLeavesTheConnection) {

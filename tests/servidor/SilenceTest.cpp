@@ -1,6 +1,9 @@
 // What becomes of a statement that a server leaves without an answer, and of one that only waits.
 
+#include <atomic>
 #include <chrono>
+#include <cstdlib>
+#include <fstream>
 #include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,12 +11,14 @@
 #include <string>
 #include <thread>
 
+#include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/odbc/SilenceWatch.h"
 #include "platform/RuntimeError.h"
 #include "tests/servidor/Proxied.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/support/TcpProxy.h"
+#include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
@@ -119,6 +124,61 @@ TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
   auto half = std::async(std::launch::async, halfOpened);
   waiting();
   for (auto* const one : {&request, &answer, &open, &half}) one->get();
+}
+
+// That another answers doesn't help who waits for this one.
+TEST_F(SilenceTest, OfSeveralServersTheOneThatIsUsedIsAsked) {
+  const TempFolder folder;
+  const auto sources = folder / "odbc.ini";
+  std::ofstream(sources)
+      << "[Dos]\nDriver=PostgreSQL Unicode\nServername=127.0.0.2,127.0.0.1\nPort=" << ServerPort()
+      << '\n';
+  setenv("ODBCINI", sources.c_str(), 1);
+  const odbc::ConnectionString given(ServerString(database_));
+  odbc::ConnectionString source("DSN=Dos");
+  for (const auto* const keyword : {"Database", "UID", "PWD"})
+    source.Set(keyword, given.Value(keyword));
+  auto first = TcpProxy::Beside(ServerPort());
+  OdbcConnection connection(source.Text(), "");
+  connection.Open();
+  EXPECT_EQ(first.Connections(), 1U);
+  const auto patient = EndingOf([&] { connection.Execute("SELECT pg_sleep(9)"); });
+  EXPECT_EQ(patient.error, "");
+  EXPECT_EQ(first.Connections(), 2U);
+  first.Fail(Fault::Silence);
+  const auto ending = EndingOf([&] { connection.Execute("SELECT 1"); });
+  EXPECT_THAT(ending.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
+  EXPECT_LT(ending.took, kLimit);
+  connection.Open();
+  EXPECT_EQ(connection.Execute("SELECT 7").Fields(0).Long(), 7);
+  unsetenv("ODBCINI");
+}
+
+// Hurried again and again, as by a window that paints: a server that answers is asked once.
+TEST_F(SilenceTest, InAHurryASilentServerIsGivenUpAtOnceAndAnotherWaitedFor) {
+  std::atomic<bool> over = false;
+  TcpProxy silent(ServerPort());
+  TcpProxy slow(ServerPort());
+  OdbcConnection lost(Through(silent), "");
+  OdbcConnection waiting(Through(slow), "");
+  lost.Open();
+  waiting.Open();
+  silent.Fail(Fault::Silence);
+  const auto before = slow.Connections();
+  auto ending =
+      std::async(std::launch::async, [&] { return EndingOf([&] { lost.Execute("SELECT 1"); }); });
+  std::thread hurrying([&over] {
+    for (; !over; std::this_thread::sleep_for(40ms)) odbc::SilenceWatch::Hurry();
+  });
+  const auto patient = EndingOf([&] { waiting.Execute("SELECT pg_sleep(5)"); });
+  over = true;
+  hurrying.join();
+  EXPECT_EQ(patient.error, "");
+  EXPECT_TRUE(waiting.IsOpen());
+  EXPECT_EQ(slow.Connections(), before + 1);
+  const auto given = ending.get();
+  EXPECT_THAT(given.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
+  EXPECT_LT(given.took, odbc::SilenceWatch::kPatience);
 }
 
 // Beside the others' statements, whose server answers.

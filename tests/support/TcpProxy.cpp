@@ -37,11 +37,16 @@ sockaddr* Any(sockaddr_in& address) { return reinterpret_cast<sockaddr*>(&addres
 }  // namespace
 
 TcpProxy::TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay)
+    : TcpProxy(serverPort, delay, 0, 0) {}
+
+TcpProxy::TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay, std::uint32_t next,
+                   std::uint16_t port)
     : serverPort_(serverPort),
       delay_(delay),
       listener_(Socket(SOCK_NONBLOCK)),
       bell_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-  auto address = Loopback(0);
+  auto address = Loopback(port);
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK + next);
   socklen_t size = sizeof address;
   if (bind(listener_, Any(address), size) != 0 || listen(listener_, SOMAXCONN) != 0 ||
       getsockname(listener_, Any(address), &size) != 0)

@@ -34,6 +34,8 @@ class TcpProxy {
 
   /// Before a server at that port of 127.0.0.1. `delay` is what each way takes.
   explicit TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay = {});
+  /// Before it, at the same port of the next address, 127.0.0.2.
+  static TcpProxy Beside(std::uint16_t serverPort) { return {serverPort, {}, 1, serverPort}; }
   ~TcpProxy();
   TcpProxy(const TcpProxy&) = delete;
   TcpProxy& operator=(const TcpProxy&) = delete;
@@ -58,6 +60,9 @@ class TcpProxy {
 
  private:
   using Clock = std::chrono::steady_clock;
+
+  TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay, std::uint32_t next,
+           std::uint16_t port);
 
   void Wake() const;
   void Work();

@@ -320,6 +320,7 @@ void FormWindow::CloseByUser() {
 void FormWindow::closeEvent(QCloseEvent* event) {
   // The form decides; its show takes the window away.
   event->ignore();
+  if (frontEnd_.Awaiting()) return frontEnd_.GiveUpWaiting();
   if (list_ == nullptr || list_->Leave()) CloseByUser();
 }
 

@@ -235,15 +235,17 @@ void QtFrontEnd::Pulse() {
   if (sincePaint_.elapsed() >= kPaintEvery) PaintOnly();
 }
 
-void QtFrontEnd::Await() {
+bool QtFrontEnd::Await() {
   const QScopedValueRollback awaiting(awaiting_, true);
   if (shows_.empty())
     PaintOnly();
   else
     Pulse();
+  return leaving_ || givingUp_;
 }
 
 void QtFrontEnd::UsersTurn() {
+  givingUp_ = false;
   if (waiting_) QApplication::restoreOverrideCursor();
   waiting_ = false;
   sinceUser_.restart();

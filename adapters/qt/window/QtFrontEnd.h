@@ -90,9 +90,13 @@ class QtFrontEnd : public FrontEnd {
 
   /// For a host to call over and over while it waits for one statement: as `Pulse`, and paints the
   /// host's own windows too where no form stands. Who asks to close a window meanwhile is heard by
-  /// the host, which must not go then (`Awaiting`) but leave.
-  void Await();
+  /// the host, which must not go then (`Awaiting`) but leave; who asks to close a form's window
+  /// asks for the end of the wait alone, which is told: whether anybody wants it.
+  bool Await();
   [[nodiscard]] bool Awaiting() const noexcept { return awaiting_; }
+
+  /// The user doesn't want to wait any longer.
+  void GiveUpWaiting() noexcept { givingUp_ = true; }
 
   /// The window that the user acts on; null when no form is shown. It lives as long as its show.
   [[nodiscard]] FormWindow* ActiveWindow() const noexcept;
@@ -169,6 +173,7 @@ class QtFrontEnd : public FrontEnd {
   std::vector<std::exception_ptr> leavingFailures_;
   bool hourglass_ = false;
   bool awaiting_ = false;  // what runs in the event loop is run by `Await`
+  bool givingUp_ = false;  // nobody wants what `Await` waits for
   bool waiting_ = false;   // the hourglass that nobody asked for stands
   QElapsedTimer sincePaint_;
   QElapsedTimer sinceUser_;
