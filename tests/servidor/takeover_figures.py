@@ -14,9 +14,11 @@ import sys
 import threading
 import time
 
-from cluster import OWNER, PASSWORD, USER, Cluster
-from con_servidor import DURABLE
-from replica import Replica
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / 'tools'))
+import numeros  # noqa: E402
+from cluster import OWNER, PASSWORD, USER, Cluster  # noqa: E402
+from con_servidor import DURABLE  # noqa: E402
+from replica import Replica  # noqa: E402
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WRITERS = 4
@@ -126,7 +128,7 @@ def take_over(programs, silent, confirmed):
 
 def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
-    programs, times = pathlib.Path(sys.argv[1]), int(sys.argv[2]) if len(sys.argv) > 2 else 10
+    programs, times = pathlib.Path(sys.argv[1]), numeros.plain_number(sys.argv[2]) if len(sys.argv) > 2 else 10
     lost_confirmed = 0
     for silent in False, True:
         for confirmed in True, False:

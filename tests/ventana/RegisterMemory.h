@@ -16,12 +16,9 @@ namespace quorvane::test {
 /// one that is shown when the register is opened again.
 class RegisterMemory {
  public:
-  /// The register has been opened, in a window that shows it. `untouched` when nobody has done
-  /// anything in it since.
-  void Look(const qt::FormWindow& window, bool untouched) {
-    if (looked_) return;
-    Miss();
-    if (!untouched) return;
+  /// The register has been opened, in a window that shows it, and nobody has touched it yet.
+  void Look(const qt::FormWindow& window) {
+    section_ = FormInstance<frmPendientes>::Get().cboSeccion.SelectedData();
     const auto saved = saved_.find(section_);
     if (saved == saved_.end()) return;
     ++reopened_;
@@ -30,20 +27,11 @@ class RegisterMemory {
                       " no muestra al reabrirlo lo que se grabó: [" + Joined(saved->second) +
                       "] y ahora [" + Joined(shown) + "]");
   }
-  /// A dialog of the register is open already, and may have changed it.
-  void Miss() {
-    looked_ = true;
-    section_ = FormInstance<frmPendientes>::Get().cboSeccion.SelectedData();
-  }
   /// It is about to save what it shows.
-  void Accept(const qt::FormWindow& window) {
-    Miss();
-    saved_[section_] = Students(window);
-  }
+  void Accept(const qt::FormWindow& window) { saved_[section_] = Students(window); }
   /// The form is gone; `whole` unless an error ended it.
   void Close(bool whole) {
     if (!whole) saved_.erase(section_);
-    looked_ = false;
   }
   /// Somebody else may have changed the registers.
   void Forget() { saved_.clear(); }
@@ -66,7 +54,6 @@ class RegisterMemory {
 
   std::map<std::int32_t, std::vector<std::string>> saved_;  // by section
   std::int32_t section_ = 0;                                // of the register that is open
-  bool looked_ = false;
   std::uint64_t reopened_ = 0;
 };
 

@@ -64,15 +64,14 @@ class ScreenWatch : public Onlooker {
     tables_.Failed(registerNode);
   }
 
+  /// A form has loaded and is shown; the user's turn comes now.
+  void Ready(const qt::FormWindow& window) {
+    if (window.Model().Name() == kRegister) registers_.Look(window);
+  }
   /// The user waits, having made one gesture or more since the last time.
   void Look(bool oneGesture) {
     Settle();
     grades_.Look(oneGesture);
-    const auto& window = *screen_.ActiveWindow();
-    if (window.Model().Name() == kRegister)
-      registers_.Look(window, oneGesture);
-    else if (!register_.expired())
-      registers_.Miss();
   }
   [[nodiscard]] GradeMemory& Grades() noexcept { return grades_; }
   [[nodiscard]] const RegisterMemory& Registers() const noexcept { return registers_; }

@@ -150,6 +150,7 @@ class WindowWalk {
     rowsGone_ = false;
     watch_ = std::make_unique<ScreenWatch>(*school_, screen_);
     screen_.UseOnlooker(*watch_);
+    screen_.FormReady = [this](const qt::FormWindow& window) { watch_->Ready(window); };
     user_.UseWatch(*watch_);
     nextSchool_ = user_.Gestures() + kGesturesOfSchool;
     history_.Add("escuela " + std::to_string(++schools_) + (sample_ ? " de muestra" : ""));
