@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <odbcinst.h>
 #include <span>
-#include <string_view>
 
-#include "platform/text/AsciiCase.h"
 
 namespace quorvane::odbc {
 namespace {

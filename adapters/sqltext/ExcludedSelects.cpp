@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <iterator>
 
 #include "adapters/sqltext/Tokens.h"
 #include "platform/text/AsciiCase.h"

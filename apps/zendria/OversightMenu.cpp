@@ -6,9 +6,11 @@
 #include "apps/zendria/ImportDialog.h"
 #include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/School.h"
+#include "apps/zendria/StateDialog.h"
 #include "apps/zendria/User.h"
 
 namespace quorvane::zendria {
+
 OversightMenu::OversightMenu(QWidget& window) : window_(window) {
   Add("estadoEvaluacion", "&Estado de la evaluación…", QKeySequence("Ctrl+E"),
       [this](auto& school, const auto& user, auto centre) { ShowState(school, user, centre); });

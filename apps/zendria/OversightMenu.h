@@ -2,11 +2,10 @@
 
 #include <QAction>
 #include <QMenu>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <vector>
-
-#include "apps/zendria/StateDialog.h"
 
 namespace quorvane::zendria {
 
