@@ -1,6 +1,7 @@
 #include "apps/zendria/DraftDialogs.h"
 
 #include <QDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -72,6 +73,21 @@ QString WhyLeft(const LeftCell& left) {
   }
 }
 
+/// Who types on, with his eyes on his papers, answers nothing: here letters need the Alt key, as in
+/// other windows.
+class DraftQuestion : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const auto text = event->text();
+    const auto plain = (event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == 0;
+    if (plain && !text.isEmpty() && text.front().isPrint()) return event->ignore();
+    QMessageBox::keyPressEvent(event);
+  }
+};
+
 QPushButton* AddButton(QMessageBox& box, const QString& text, QMessageBox::ButtonRole role,
                        const char* name) {
   auto* const button = box.addButton(text, role);
@@ -82,7 +98,7 @@ QPushButton* AddButton(QMessageBox& box, const QString& text, QMessageBox::Butto
 }  // namespace
 
 DraftAnswer AskForDraft(QWidget* parent, const DraftCount& count) {
-  QMessageBox box(QMessageBox::Question, "Notas sin guardar", {}, QMessageBox::NoButton, parent);
+  DraftQuestion box(QMessageBox::Question, "Notas sin guardar", {}, QMessageBox::NoButton, parent);
   box.setObjectName("borrador");
   box.setTextFormat(Qt::PlainText);
   const auto onlyWaiting = count.fit == 0 && count.changed == 0;

@@ -129,7 +129,7 @@ void HistoryDialog::Build() {
   column->addLayout(filters);
   column->addWidget(&list_, 1);
   column->addLayout(buttons);
-  TakeFirstSize(*this, {1080, 520});
+  TakeFirstSize(*this, {1160, 520});
   connect(refresh, &QPushButton::clicked, this, [this] { Read(); });
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   connect(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,

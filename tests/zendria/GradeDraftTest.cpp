@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <array>
 #include <csignal>
@@ -219,6 +220,42 @@ TEST_F(GradeDraftTest, WhatIsTypedBeforeTheQuestionOverwritesNoneOfIt) {
     EXPECT_EQ(DraftFiles().size(), save ? 0 : 1);
   }
   EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
+}
+
+TEST_F(GradeDraftTest, NothingThatWasTypedForSomethingElseAnswersTheQuestion) {
+  Break(threeGrades_);
+  // As the desktop brings them, to the window that is just going and to the one that loads.
+  const auto press = [](Window& window) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+      qt_handleKeyEvent(window.windowHandle(), type, Qt::Key_Return, Qt::NoModifier);
+  };
+  screen_.FormReady = [press, ask = screen_.FormReady](Window& window) {
+    if (window.Model().Name() == "frmNotaManual") press(window);
+    ask(window);
+  };
+  auto letters = false;
+  robot_.OnDialog("borrador", [&letters](QWidget& dialog) {
+    for (const auto* const name : {"ponerlas", "descartarlas", "ahoraNo"}) {
+      auto* const button = dialog.findChild<QPushButton*>(name);
+      const auto letter = button->shortcut()[0].key();
+      QTest::keyClick(&dialog, letter);
+      letters = letters || button->isDown();
+    }
+    QTest::mouseClick(dialog.findChild<QWidget*>("ahoraNo"), Qt::LeftButton);
+  });
+  robot_.On("frmNotaManual1", [press](Window& window) {
+    Doing({{"cboTipoEnsenanza", "ESO"},
+           {"cboCursos", "2"},
+           {"cboSecciones", "A"},
+           {"cboEvaluaciones", "1"}})(window);
+    press(window);
+    Robot::Click(window, "cmdNotaManual1(0)");
+  });
+  robot_.On("frmNotaManual", {"cmdCancelar"});
+  LeaveStepOne("frmNotaManual1");
+  Play(124);
+  EXPECT_FALSE(letters);
+  EXPECT_EQ(DraftFiles().size(), 1);
 }
 
 TEST_F(GradeDraftTest, AFormThatGoesBeforeTheQuestionDropsWhatWasTypedInItAlone) {
