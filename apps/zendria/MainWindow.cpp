@@ -30,6 +30,7 @@
 #include "apps/zendria/Session.h"
 #include "apps/zendria/StatementWindow.h"
 #include "apps/zendria/StepOneChoice.h"
+#include "apps/zendria/StrangeMark.h"
 #include "apps/zendria/SupportDetails.h"
 #include "platform/RuntimeError.h"
 
@@ -332,8 +333,8 @@ void MainWindow::ShowSession() {
     page_.ShowSession(*school_, user_, centre_, active_.isChecked());
     const auto openToAll =
         school_->IsOpenToAll() ? QStringLiteral(" (sin contraseñas)") : QString();
-    setWindowTitle(school_->Name() + openToAll + QStringLiteral(" — ") + user_.name +
-                   QStringLiteral(" — ") + kTitle);
+    setWindowTitle(school_->Name() + StrangeMark(*school_) + openToAll + QStringLiteral(" — ") +
+                   user_.name + QStringLiteral(" — ") + kTitle);
   }
   ShowRecent();
   Working({});

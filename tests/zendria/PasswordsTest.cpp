@@ -178,6 +178,15 @@ TEST_F(SignInTest, ASchoolWithoutPasswordsShowsIt) {
       << window_->windowTitle().toStdString();
 }
 
+TEST_F(SignInTest, ASchoolWithRulesOfSomebodysShowsIt) {
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+  EXPECT_FALSE(window_->windowTitle().contains("ajenas"));
+  school_.Sql("CREATE UNIQUE INDEX ajeno ON BloqueoPte (CodMatDet)");
+  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+  EXPECT_TRUE(window_->windowTitle().contains(" (con reglas ajenas) (sin contraseñas) — Ana"))
+      << window_->windowTitle().toStdString();
+}
+
 TEST_F(SignInTest, TheTitleFollowsThePasswordsThatAreSetMeanwhile) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
   sqlite::SqliteConnection school(school_.Path(), "");
