@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "adapters/odbc/Waiting.h"
 #include "bench/PqReplay.h"
 #include "bench/ScreenPlay.h"
 #include "bench/ServerSchool.h"
@@ -32,16 +33,22 @@ Schools MakeSchools(const std::string& server, const std::string& folder,
 struct Walls {
   std::vector<double> module;
   std::vector<double> plain;
+  std::vector<double> desktop;
 
   /// The least of each: others' work only ever adds to it, and the server's can't be left out.
   [[nodiscard]] Pair Figures() const {
     return {*std::min_element(module.begin(), module.end()),
-            *std::min_element(plain.begin(), plain.end())};
+            *std::min_element(plain.begin(), plain.end()),
+            *std::min_element(desktop.begin(), desktop.end())};
   }
 };
 
 void Append(std::vector<double>& all, const std::vector<double>& more) {
   all.insert(all.end(), more.begin(), more.end());
+}
+
+Pair Sum(const Pair& one, const Pair& other) {
+  return {one.module + other.module, one.plain + other.plain, one.desktop + other.desktop};
 }
 
 /// On one school: the register's purges, opening, saving.
@@ -54,6 +61,10 @@ class Side {
     Append(purges_.module, play.purges);
     Append(opens_.module, play.opens);
     Append(saves_.module, play.saves);
+    const auto painted = PlayPainted(screen);
+    Append(purges_.desktop, painted.purges);
+    Append(opens_.desktop, painted.opens);
+    Append(saves_.desktop, painted.saves);
     for (std::size_t run = 0; run < kRunsOfRound; ++run) {
       if (!play.purging.empty()) purges_.plain.push_back(Replay(play.purging));
       // What the replay of an opening writes, that of a saving gives back.
@@ -68,6 +79,15 @@ class Side {
   [[nodiscard]] Pair Saves() const { return saves_.Figures(); }
 
  private:
+  /// As a program with windows has it: its thread paints while a statement takes longer than a
+  /// moment, and another thread waits for the server.
+  [[nodiscard]] ScreenPlay PlayPainted(std::size_t screen) const {
+    odbc::WhileWaiting([] { return false; });
+    auto play = PlayScreen(screen, school_, kRunsOfRound);
+    odbc::WhileWaiting({});
+    return play;
+  }
+
   [[nodiscard]] double Replay(const std::vector<RecordedStatement>& statements) const {
     return ReplayWithPq(school_.Text(), statements).wall;
   }
@@ -115,15 +135,20 @@ std::vector<ServerRow> MeasureServer(const std::string& server, const std::strin
     for (std::size_t round = 0; round < kRounds; ++round)
       for (auto& side : sides) side.Round(screen);
     ServerRow purge{name + ": the two purges of an opening", false, false};
+    ServerRow whole{name + ": open, with them", false, false};
     ServerRow open{name + ": open", true};
     ServerRow save{name + ": save"};
     for (const auto& side : sides) {
-      if (side.HasPurges()) purge.schools.push_back(side.Purges());
+      if (side.HasPurges()) {
+        purge.schools.push_back(side.Purges());
+        whole.schools.push_back(Sum(side.Purges(), side.Opens()));
+      }
       open.schools.push_back(side.Opens());
       save.schools.push_back(side.Saves());
     }
     for (const auto delay : Delays()) MeasureFar(screen, *schools.front(), delay, open, save);
-    if (!purge.schools.empty()) rows.push_back(std::move(purge));
+    for (auto* const row : {&purge, &whole})
+      if (!row->schools.empty()) rows.push_back(std::move(*row));
     rows.push_back(std::move(open));
     rows.push_back(std::move(save));
   }

@@ -10,6 +10,7 @@ namespace quorvane::bench {
 struct Pair {
   double module = 0;
   double plain = 0;
+  double desktop = 0;  ///< through the module where the program paints meanwhile; 0 for not taken
 };
 
 /// One thing that a user does on a school on a server.

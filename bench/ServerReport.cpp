@@ -11,17 +11,20 @@ constexpr double kMostOfPlain = 1.5;
 constexpr double kMostGrowth = 1.5;
 
 double Ratio(const Pair& pair) { return pair.module / pair.plain; }
+double DesktopRatio(const Pair& pair) { return pair.desktop / pair.plain; }
 
 std::string Students(int students) { return Thousands(students) + " students"; }
 
 bool Comparison(const std::vector<ServerRow>& rows, std::size_t school) {
-  Head({"What", "Module, ms", "PQexec, ms", "Module / PQexec", "Limit"});
+  Head({"What", "Module, ms", "PQexec, ms", "Module / PQexec", "Limit", "In zendria, ms",
+        "In zendria / PQexec"});
   auto within = true;
   for (const auto& row : rows) {
     const auto& pair = row.schools[school];
     const auto ratio = Ratio(pair);
     Line({row.what, Milliseconds(pair.module), Milliseconds(pair.plain), Number(ratio, 2),
-          Limit(ratio, row.limited ? kMostOfPlain : 0, within)});
+          Limit(ratio, row.limited ? kMostOfPlain : 0, within), Milliseconds(pair.desktop),
+          Number(DesktopRatio(pair), 2)});
   }
   return within;
 }
