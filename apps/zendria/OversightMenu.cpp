@@ -2,6 +2,7 @@
 
 #include "apps/escuela/state/MayGrade.h"
 #include "apps/zendria/Attempt.h"
+#include "apps/zendria/GradeRoute.h"
 #include "apps/zendria/HistoryDialog.h"
 #include "apps/zendria/ImportDialog.h"
 #include "apps/zendria/ReportDialog.h"

@@ -10,8 +10,8 @@
 namespace quorvane::zendria {
 
 class School;
+struct GradeRoute;
 struct User;
-struct Centre;
 
 /// What whoever answers for an evaluation asks of an open school, as entries of a menu.
 class OversightMenu {
