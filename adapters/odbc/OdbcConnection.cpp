@@ -14,6 +14,7 @@
 #include "adapters/odbc/Waiting.h"
 #include "platform/RuntimeError.h"
 #include "platform/text/PlainNumber.h"
+#include "platform/text/VisibleText.h"
 
 namespace quorvane::odbc {
 namespace {
@@ -57,6 +58,18 @@ void RequireFit(const std::string& text) {
   if (!reason.empty()) throw RuntimeError(ErrorNumber::StatementFailed, reason);
 }
 
+/// What PostgreSQL's driver takes of a list of ports; the rest it drops, and goes to another port.
+void RequireWholePorts(const std::string& text) {
+  constexpr std::size_t kMost = 9;
+  const auto ports = GivenSetting(ConnectionString(text), "Port");
+  if (ports.size() > kMost)
+    throw RuntimeError(ErrorNumber::StatementFailed,
+                       "El controlador de PostgreSQL solo toma los nueve primeros caracteres de "
+                       "Port, y «" +
+                           VisibleText(ports) +
+                           "» tiene más: ponga los servidores en el mismo puerto");
+}
+
 std::string NamedSource(const std::string& text) {
   const ConnectionString given(text);
   for (const auto* const keyword : {"Server", "Servername", "Database", "DSN"})
@@ -79,6 +92,7 @@ void OdbcConnection::Open() {
   RequireFit(text_);
   const auto first = engine_ == Engine::Unknown;
   const auto named = first ? NamedEngine(text_) : engine_;
+  if (named == Engine::PostgreSql) RequireWholePorts(text_);
   Connect(named);
   // A driver under another name tells its engine only now, and lacks what that needs.
   if (engine_ != named && Completed(text_, engine_) != Completed(text_, named)) Connect(engine_);

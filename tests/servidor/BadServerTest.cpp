@@ -123,6 +123,18 @@ TEST_F(BadServerTest, ADatabaseOfAnotherEncodingIsRefused) {
   }
 }
 
+TEST_F(BadServerTest, AListOfPortsThatTheDriverWouldCutIsRefused) {
+  const auto refusal = [](const std::string& ports) {
+    return OpeningTold("Driver=PostgreSQL Unicode;Server=127.0.0.1,127.0.0.2;Port=" + ports +
+                       ";Database=nada;UID=zendria");
+  };
+  EXPECT_THAT(refusal("25432,25433"),
+              HasSubstr("solo toma los nueve primeros caracteres de Port, y "
+                        "«25432,25433» tiene más"));
+  // Privileged ones that nobody listens at.
+  EXPECT_THAT(refusal("1001,1002"), AllOf(HasSubstr("port 1001"), HasSubstr("port 1002")));
+}
+
 TEST_F(BadServerTest, AWrongPasswordSpeaksOfUserAndPassword) {
   odbc::ConnectionString string(OwnerString("postgres"));
   string.Set("PWD", "no es esta");

@@ -293,6 +293,7 @@ class DocumentTest(unittest.TestCase):
         self.assert_told('Connection refused', check(Port=1)[0])
         self.assert_told('could not translate', check(Server='escuela.invalid')[0])
         self.assert_told("Can't open lib", check(Driver='PostgreSQL')[0])
+        self.assert_told('nueve primeros', check(Port='15432,15433')[0])
         self.assert_told('Data source name not found', check('DSN=NoHay')[0])
         self.assert_told('does not support SSL', check(sslmode='require')[0])
         self.assert_told('root certificate', self.with_tls(lambda: check(sslmode='verify-full')[0]))
