@@ -194,8 +194,8 @@ void StateDialog::FitWidths(std::initializer_list<int> columns) {
   fitting_ = false;
 }
 
-QTreeWidgetItem* StateDialog::AddEvaluation(const SchoolState& state, std::int32_t evaluation) {
-  auto* const item = new QTreeWidgetItem(&tree_, {OneLine(state.EvaluationName(evaluation))});
+QTreeWidgetItem* StateDialog::MakeEvaluation(const SchoolState& state, std::int32_t evaluation) {
+  auto* const item = new QTreeWidgetItem({OneLine(state.EvaluationName(evaluation))});
   StateRow row;
   row.evaluation = evaluation;
   Note(*item, row, QString::number(evaluation));
@@ -208,7 +208,8 @@ void StateDialog::FillSections(const SchoolState& state, const std::vector<State
   StateRow sum;
   for (const auto& row : rows) {
     if (evaluation == nullptr || sum.evaluation != row.evaluation) {
-      evaluation = AddEvaluation(state, row.evaluation);
+      evaluation = MakeEvaluation(state, row.evaluation);
+      tree_.addTopLevelItem(evaluation);
       sum = {};
     }
     AddTo(sum, row);
@@ -228,7 +229,8 @@ void StateDialog::FillTeachers(const SchoolState& state, const std::vector<State
   for (const auto& evaluation : state.Evaluations()) {
     const auto found = byTeacher.find(evaluation.id);
     if (found == byTeacher.end()) continue;
-    auto* const top = AddEvaluation(state, evaluation.id);
+    // Put into the tree when it is whole, or the view would be told of each of its cells.
+    auto* const top = MakeEvaluation(state, evaluation.id);
     StateRow sum;
     for (const auto& [teacher, rows] : found->second) {
       const auto name = OneLine(state.TeacherName(teacher));
@@ -250,6 +252,7 @@ void StateDialog::FillTeachers(const SchoolState& state, const std::vector<State
       item->setData(kName, kLoaded, true);
     }
     ShowCounts(*top, sum);
+    tree_.addTopLevelItem(top);
     top->sortChildren(kName, Qt::AscendingOrder);
   }
 }

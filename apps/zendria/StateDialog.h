@@ -60,7 +60,8 @@ class StateDialog : public QDialog {
   bool Restore();
   /// Ends the dialog, or says that no screen finds it.
   void Choose(const QTreeWidgetItem& item);
-  QTreeWidgetItem* AddEvaluation(const SchoolState& state, std::int32_t evaluation);
+  /// Not yet in the tree.
+  static QTreeWidgetItem* MakeEvaluation(const SchoolState& state, std::int32_t evaluation);
 
   Connection& school_;
   Viewer viewer_;

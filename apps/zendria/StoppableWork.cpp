@@ -18,7 +18,6 @@ struct Stopped {};
 WorkEnd StoppableWork::Do(const Bar& bar,
                           const std::function<void(const Progress& progress)>& work) {
   QProgressDialog shown(bar.doing, "&Cancelar", 0, kWhole, bar.parent);
-  shown.setObjectName("progreso");
   shown.setWindowTitle(bar.title);
   shown.setWindowModality(Qt::WindowModal);
   shown.setAutoClose(false);

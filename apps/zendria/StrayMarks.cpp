@@ -26,14 +26,15 @@ StrayMarks::StrayMarks(Connection& school, const SchoolState& state, std::int32_
 void StrayMarks::Mark(QTreeWidgetItem& item, const StateRow& row) const {
   const auto found = strays_.find({row.evaluation, row.section, row.subject});
   if (found == strays_.end()) return;
+  // Short, or the numbers would leave the window: the tip says the rest.
   QStringList registers;
   QStringList names;
   for (const auto& stray : found->second) {
-    const auto place = stray.registered == 0
-                           ? QStringLiteral("sin registro")
-                           : "registro de " + OneLine(state_.SectionName(stray.registered));
+    const auto none = stray.registered == 0;
+    const auto section = OneLine(state_.SectionName(stray.registered));
+    const auto place = none ? QStringLiteral("sin registro") : "en " + section;
     if (!registers.contains(place)) registers.append(place);
-    names.append(OneLine(stray.name) + ": " + place);
+    names.append(OneLine(stray.name) + ": " + (none ? place : "registro de " + section));
   }
   item.setText(0, item.text(0) + " · " + registers.join(", "));
   item.setToolTip(0, names.join(u'\n'));

@@ -46,6 +46,12 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
       dialog.Tree().setCurrentItem(dialog.Tree().topLevelItem(i));
       QTest::keyClick(&dialog.Tree(), Qt::Key_Asterisk);
     }
+    // Nobody who writes waits for what is on the screen.
+    demo_.Sql(
+        "UPDATE EvaluacionPte SET CodNota=7 WHERE CodAlumnoPte_MatDet=6 AND "
+        "CodNumEvaluacion=1");
+    QTest::keyClick(&dialog, Qt::Key_F5);
+    EXPECT_EQ(dialog.Tree().topLevelItem(0)->text(3).toInt(), Ordinary(1, " AND CodNota>0"));
     for (const auto grouping : {0, 1}) {
       dialog.Grouping().setCurrentIndex(grouping);
       auto leaves = 0;
@@ -61,8 +67,8 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
 
   InDialog("historialNotas", "historial", [](QWidget& shown) {
     auto& dialog = dynamic_cast<zendria::HistoryDialog&>(shown);
-    ASSERT_EQ(dialog.List().topLevelItemCount(), 1) << dialog.Notice().text().toStdString();
-    EXPECT_EQ(dialog.List().topLevelItem(0)->text(1), "Domínguez Álvarez, Marina");
+    ASSERT_EQ(dialog.List().topLevelItemCount(), 2) << dialog.Notice().text().toStdString();
+    EXPECT_EQ(dialog.List().topLevelItem(1)->text(1), "Domínguez Álvarez, Marina");
     dialog.reject();
   });
 

@@ -27,8 +27,7 @@ class StrayStudentsTest : public DemoHost {
     auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
     auto* const section = Child(tree.topLevelItem(evaluation), "3º ESO A");
     section->setExpanded(true);
-    auto* const line =
-        Child(section, "Lengua Castellana y Literatura (2º ESO B) · registro de 3º ESO B");
+    auto* const line = Child(section, "Lengua Castellana y Literatura (2º ESO B) · en 3º ESO B");
     if (line != nullptr) emit tree.itemActivated(line, 0);
     return line;
   }
