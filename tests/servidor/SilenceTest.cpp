@@ -142,9 +142,9 @@ TEST_F(SilenceTest, OfSeveralServersTheOneThatIsUsedIsAsked) {
   OdbcConnection connection(source.Text(), "");
   connection.Open();
   EXPECT_EQ(first.Connections(), 1U);
-  const auto patient = EndingOf([&] { connection.Execute("SELECT pg_sleep(9)"); });
+  const auto patient = EndingOf([&] { connection.Execute("SELECT pg_sleep(11)"); });
   EXPECT_EQ(patient.error, "");
-  EXPECT_EQ(first.Connections(), 2U);
+  EXPECT_GE(first.Connections(), 2U);
   first.Fail(Fault::Silence);
   const auto ending = EndingOf([&] { connection.Execute("SELECT 1"); });
   EXPECT_THAT(ending.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
@@ -175,7 +175,8 @@ TEST_F(SilenceTest, InAHurryASilentServerIsGivenUpAtOnceAndAnotherWaitedFor) {
   hurrying.join();
   EXPECT_EQ(patient.error, "");
   EXPECT_TRUE(waiting.IsOpen());
-  EXPECT_EQ(slow.Connections(), before + 1);
+  EXPECT_GT(slow.Connections(), before);
+  EXPECT_LE(slow.Connections(), before + 2);
   const auto given = ending.get();
   EXPECT_THAT(given.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
   EXPECT_LT(given.took, odbc::SilenceWatch::kPatience);
