@@ -11,12 +11,18 @@
 #include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/BlankCells.h"
+#include "apps/zendria/ColumnsInSight.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/OneLine.h"
 #include "apps/zendria/TextFolding.h"
 
 namespace quorvane::zendria {
 namespace {
+
+// The columns that yield where there isn't room for all.
+constexpr int kStudent = 1;
+constexpr int kSubject = 2;
+constexpr int kWho = 7;
 
 constexpr auto kDaysShown = 30;
 constexpr auto kMostChangesShown = 2000;
@@ -106,6 +112,7 @@ void HistoryDialog::Build() {
   list_.setAlternatingRowColors(true);
   list_.setStyleSheet("QTreeWidget::item { padding: 3px 6px 3px 2px; }");
   qt::ShowFocusOnBorder(list_);
+  columns_ = new ColumnsInSight(list_, {kStudent, kSubject, kWho});
   notice_.setWordWrap(true);
   auto* const refresh = new QPushButton("&Actualizar");
   refresh->setAutoDefault(false);
@@ -177,7 +184,7 @@ void HistoryDialog::Show() {
       items.append(new QTreeWidgetItem(row.cells));
   list_.addTopLevelItems(items);
   NameBlankCells(list_);
-  for (int i = 0; i < list_.columnCount(); ++i) list_.resizeColumnToContents(i);
+  columns_->Fit();
   notice_.setText(
       !off_.isEmpty() ? off_
       : passing > kMostChangesShown

@@ -13,6 +13,8 @@
 
 namespace quorvane::zendria {
 
+class ColumnsInSight;
+
 /// Who changed which grade and when, the newest first, narrowed by days, evaluation and words.
 class HistoryDialog : public QDialog {
  public:
@@ -50,6 +52,7 @@ class HistoryDialog : public QDialog {
   QComboBox evaluation_;
   QLineEdit words_;
   QTreeWidget list_;
+  ColumnsInSight* columns_ = nullptr;
   QLabel notice_;
   QString off_;            ///< why nothing is kept; empty while it is
   std::vector<Row> rows_;  // the newest first

@@ -7,6 +7,7 @@
 
 #include "adapters/qt/views/FocusBorder.h"
 #include "apps/zendria/Attempt.h"
+#include "apps/zendria/ColumnsInSight.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/SchoolError.h"
@@ -15,6 +16,8 @@ namespace quorvane::zendria {
 namespace {
 
 constexpr int kPlaceRole = Qt::UserRole;
+constexpr int kOwner = 1;  // column, as the next
+constexpr int kHeldSubjects = 3;
 
 QString Owner(const LockList::Publication& publication) {
   auto number = QStringLiteral("usuario %1").arg(publication.owner);
@@ -64,6 +67,7 @@ LocksDialog::LocksDialog(Connection& school, QWidget* parent)
   qt::ShowFocusOnBorder(list_);
   list_.setAccessibleName("Publicaciones");
   list_.setHeaderLabels({"Publicación", "Quién", "Evaluación", "Materias bloqueadas"});
+  columns_ = new ColumnsInSight(list_, {kOwner, kHeldSubjects});
   list_.setAlternatingRowColors(true);
   list_.setStyleSheet("QTreeWidget::item { padding: 3px 8px 3px 2px; }");
   remove_.setObjectName("quitar");
@@ -115,7 +119,7 @@ void LocksDialog::Fill() {
     }
   }
   list_.expandAll();
-  for (int column = 0; column < list_.columnCount(); ++column) list_.resizeColumnToContents(column);
+  columns_->Fit();
   if (!publications_.empty()) list_.setCurrentItem(list_.topLevelItem(0));
   remove_.setEnabled(Selected() != nullptr);
   count_.setText(publications_.empty() ? "No hay ninguna."

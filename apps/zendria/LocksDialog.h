@@ -11,6 +11,8 @@
 
 namespace quorvane::zendria {
 
+class ColumnsInSight;
+
 /// Who has a grade form open, and which subjects it holds; what a form that died has left can be
 /// removed, behind a question. A failed statement is told to the user.
 class LocksDialog : public QDialog {
@@ -37,6 +39,7 @@ class LocksDialog : public QDialog {
   std::vector<LockList::Publication> publications_;
   QLabel count_;
   QTreeWidget list_;
+  ColumnsInSight* columns_ = nullptr;
   QPushButton remove_;
 };
 

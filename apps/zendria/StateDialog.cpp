@@ -1,7 +1,6 @@
 #include "apps/zendria/StateDialog.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
@@ -18,6 +17,7 @@
 #include "apps/zendria/Attempt.h"
 #include "apps/zendria/BarDelegate.h"
 #include "apps/zendria/BlankCells.h"
+#include "apps/zendria/ColumnsInSight.h"
 #include "apps/zendria/FailureBox.h"
 #include "apps/zendria/FirstSize.h"
 #include "apps/zendria/OneLine.h"
@@ -104,6 +104,7 @@ void StateDialog::Build() {
   tree_.setItemDelegateForColumn(kBar, new BarDelegate(&tree_));
   tree_.setStyleSheet("QTreeWidget::item { padding: 3px 6px 3px 2px; }");
   qt::ShowFocusOnBorder(tree_);
+  columns_ = new ColumnsInSight(tree_, {kName, kTeacher, kWindow});
   auto* const refresh = new QPushButton("&Actualizar");
   refresh->setAutoDefault(false);
   refresh->setToolTip("F5");
@@ -132,9 +133,6 @@ void StateDialog::Build() {
   connect(&minute_, &QTimer::timeout, this, [this] { Refresh(); });
   connect(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
           [this] { Refresh(); });
-  connect(tree_.header(), &QHeaderView::sectionResized, this, [this](int section) {
-    if (!fitting_) setByHand_.insert(section);
-  });
   connect(&tree_, &QTreeWidget::itemExpanded, this,
           [this](QTreeWidgetItem* item) { LoadSubjects(*item); });
   connect(&tree_, &QTreeWidget::itemActivated, this,
@@ -170,7 +168,7 @@ void StateDialog::Refresh() {
     return;
   const auto restored = Restore();
   NameBlankCells(tree_);
-  FitWidths({kName, kTeacher, kPending, kEntered, kMissing, kBar, kWindow, kInUse});
+  columns_->Fit();
   read_.setText(QStringLiteral("%1  Leído a las %2")
                     .arg(tree_.topLevelItemCount() == 0 ? "No hay ninguna nota pendiente." : "",
                          QTime::currentTime().toString("HH:mm:ss"))
@@ -185,13 +183,6 @@ void StateDialog::Fill(const SchoolState& state, const std::vector<StateRow>& ro
     FillSections(state, rows);
   else
     FillTeachers(state, rows);
-}
-
-void StateDialog::FitWidths(std::initializer_list<int> columns) {
-  fitting_ = true;
-  for (const auto column : columns)
-    if (!setByHand_.contains(column)) tree_.resizeColumnToContents(column);
-  fitting_ = false;
 }
 
 QTreeWidgetItem* StateDialog::MakeEvaluation(const SchoolState& state, std::int32_t evaluation) {
@@ -279,7 +270,7 @@ bool StateDialog::LoadSubjects(QTreeWidgetItem& section) {
   section.setData(kName, kLoaded, true);
   if (ticked) minute_.start(kMinute);
   NameBlankCells(section);
-  FitWidths({kName, kTeacher});
+  columns_->Fit();
   if (section.childCount() == 0)
     section.setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
   return true;

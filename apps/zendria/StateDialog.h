@@ -4,11 +4,9 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
-#include <QSet>
 #include <QTimer>
 #include <QTreeWidget>
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -17,6 +15,8 @@
 #include "apps/zendria/GradeRoute.h"
 
 namespace quorvane::zendria {
+
+class ColumnsInSight;
 
 /// How far the evaluations have come, as a tree: evaluation, section or teacher, subject. It is
 /// read anew by a key and every minute, and what is open and current stays so.
@@ -51,8 +51,6 @@ class StateDialog : public QDialog {
   void Fill(const SchoolState& state, const std::vector<StateRow>& rows);
   void FillSections(const SchoolState& state, const std::vector<StateRow>& rows);
   void FillTeachers(const SchoolState& state, const std::vector<StateRow>& rows);
-  /// As wide as their texts, but for those that the user has set.
-  void FitWidths(std::initializer_list<int> columns);
   /// False, and told, where that failed; it is tried again at the next opening.
   bool LoadSubjects(QTreeWidgetItem& section);
   void Keep();
@@ -73,8 +71,7 @@ class StateDialog : public QDialog {
   QTreeWidget tree_;
   QLabel read_;
   QTimer minute_;
-  QSet<int> setByHand_;
-  bool fitting_ = false;
+  ColumnsInSight* columns_ = nullptr;
   QStringList open_;
   QString current_;
   int scrolled_ = 0;
