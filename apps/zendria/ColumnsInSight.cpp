@@ -29,6 +29,7 @@ ColumnsInSight::ColumnsInSight(QTreeWidget& list, std::vector<int> yielding)
 std::vector<int> ColumnsInSight::Wanted() const {
   const QAbstractItemView& items = list_;
   std::vector<int> widths;
+  widths.reserve(static_cast<std::size_t>(list_.columnCount()));
   for (int column = 0; column < list_.columnCount(); ++column)
     widths.push_back(byHand_.contains(column) ? list_.columnWidth(column)
                                               : std::max(items.sizeHintForColumn(column),

@@ -7,7 +7,6 @@
 
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/zendria/StateDialog.h"
-#include "platform/RuntimeError.h"
 
 namespace quorvane {
 namespace {
