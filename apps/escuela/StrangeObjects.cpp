@@ -49,7 +49,8 @@ class Own {
     switch (kind) {
       case TableObjectKind::Trigger:
         return IsHistoryTrigger(object.name, object.table) &&
-               (!file_ || Holds(history_, object.details.front()));
+               (!file_ || std::find(history_.begin(), history_.end(), object.details.front()) !=
+                              history_.end());
       case TableObjectKind::Index:
         // No two rows have the same key, and so none has all else besides.
         return !object.written || (!object.key.empty() && Holds(object.details, object.key) &&

@@ -62,8 +62,8 @@ std::string ServerQuery(TableObjectKind kind) {
              "pg_table_is_visible(oid)";
     case TableObjectKind::GeneratedColumn:
       return "SELECT CAST(relname AS text), CAST(attname AS text) FROM pg_attribute INNER JOIN "
-             "pg_class ON pg_class.oid=attrelid WHERE (attgenerated<>'' OR attidentity='a') AND "
-             "pg_table_is_visible(attrelid)";
+             "pg_class ON pg_class.oid=attrelid WHERE (attgenerated<>'' OR attidentity='a') AND NOT "
+             "attisdropped AND pg_table_is_visible(attrelid)";
     case TableObjectKind::Trigger:
       return "SELECT CAST(relname AS text), CAST(tgname AS text) FROM pg_trigger INNER JOIN "
              "pg_class ON pg_class.oid=tgrelid WHERE NOT tgisinternal AND "

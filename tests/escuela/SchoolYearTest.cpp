@@ -10,6 +10,7 @@
 #include <set>
 #include <thread>
 
+#include "apps/escuela/SchoolAddress.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -42,7 +43,7 @@ class SchoolYearTest : public testing::Test {
   ~SchoolYearTest() override {
     // Otherwise the server's database is of no use to the next test.
     static_cast<void>(Tool("historial", "desactivar"));
-    std::filesystem::remove(folder_ / "go");
+    if (HasTable(school_.Db(), "HistorialNotas")) school_.Sql("DROP TABLE HistorialNotas");
   }
 
   static int Occurrences(const std::string& text, const std::string& part) {

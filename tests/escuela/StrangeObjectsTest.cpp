@@ -206,8 +206,11 @@ TEST_F(ServerObjectsTest, WhatHarmsNobodyIsNotTold) {
       After({"CREATE UNIQUE INDEX ajeno ON EvaluacionPte (CodNota, IDEvaluacionPte)",
              "CREATE INDEX mas ON EvaluacionPte (CodNota)", Rule("Alumno", "CHECK (IDAlumno>0)"),
              "CREATE TABLE Otra (a integer NOT NULL UNIQUE CHECK (a>0))",
-             Rule("Otra", "FOREIGN KEY (a) REFERENCES Nota")}),
+             Rule("Otra", "FOREIGN KEY (a) REFERENCES Nota"),
+             "ALTER TABLE PublicacionPte ADD ajena integer GENERATED ALWAYS AS IDENTITY",
+             "ALTER TABLE PublicacionPte DROP COLUMN ajena"}),
       IsEmpty());
+  EXPECT_THAT(SchoolCheck(school_.Db()).Structure(SchoolCheck::For::Module), IsEmpty());
 }
 
 TEST_F(ServerObjectsTest, WhatIsReadIsAlsoKeptFromItsReaders) {

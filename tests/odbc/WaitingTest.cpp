@@ -1,5 +1,6 @@
 // What a program with windows does while a driver's call takes its time.
 
+#include <atomic>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <set>
@@ -35,7 +36,7 @@ TEST_F(WaitingTest, OneOtherThreadServesAll) {
 }
 
 TEST_F(WaitingTest, LongWorkIsWaitedForWithSomethingElseInTheThreadThatWaits) {
-  auto times = 0;
+  std::atomic<int> times = 0;
   auto nested = 0;
   const auto here = std::this_thread::get_id();
   WhileWaiting([&] {
@@ -45,7 +46,10 @@ TEST_F(WaitingTest, LongWorkIsWaitedForWithSomethingElseInTheThreadThatWaits) {
     Wait([&] { ++nested; });
     return false;
   });
-  Wait([] { std::this_thread::sleep_for(500ms); });
+  Wait([&] {
+    const auto end = std::chrono::steady_clock::now() + 30s;
+    while (times < 2 && std::chrono::steady_clock::now() < end) std::this_thread::sleep_for(5ms);
+  });
   EXPECT_GE(times, 2);
   EXPECT_EQ(nested, times);
 }

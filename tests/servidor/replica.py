@@ -27,7 +27,10 @@ class Replica:
         for _ in range(600):
             if self.call('pg_isready', '-q', '-h', '127.0.0.2', '-p', str(self.port), must=False) == 0:
                 return
+            if self.process.poll() is not None:
+                break
             time.sleep(0.05)
+        self.leave()
         raise RuntimeError('the replica does not start')
 
     def call(self, program, *arguments, must=True):
