@@ -5,7 +5,6 @@
 #include <odbcinst.h>
 #include <span>
 
-
 namespace quorvane::odbc {
 namespace {
 
