@@ -16,8 +16,7 @@ struct SilenceWatch::State {
   std::condition_variable changed;
   ServerSockets sockets;
   Question answers;
-  std::optional<Clock::time_point> askAt;       ///< none while no call is made
-  std::optional<Clock::time_point> hurryUntil;  ///< none but for the question of a hurried call
+  std::optional<Clock::time_point> askAt;  ///< none while no call is made
   std::uint64_t call = 0;
   bool hurried = false;  ///< this call: once is enough where the server answers
   bool asleep = false;
@@ -66,7 +65,6 @@ void SilenceWatch::Begin() {
 void SilenceWatch::End() {
   const std::lock_guard lock(state_->mutex);
   state_->askAt.reset();
-  state_->hurryUntil.reset();
 }
 
 void SilenceWatch::Hurry() {
@@ -79,7 +77,6 @@ void SilenceWatch::Hurry() {
     if (!state->askAt || state->hurried) continue;
     state->hurried = true;
     state->askAt = Clock::now();
-    state->hurryUntil = *state->askAt + kHurry;
     state->changed.notify_all();
   }
 }
@@ -99,26 +96,6 @@ bool SilenceWatch::HungUp() const {
   return state_->sockets.HungUp();
 }
 
-/// A question has a thread of its own: who is in a hurry doesn't wait for its end.
-bool SilenceWatch::Ask(const std::shared_ptr<State>& state, std::unique_lock<std::mutex>& lock) {
-  const auto answer = std::make_shared<std::optional<bool>>();
-  std::thread([state, answer, reached = state->sockets.Reached()] {
-    const auto answers = state->answers(reached);
-    const std::lock_guard answering(state->mutex);
-    *answer = answers;
-    state->changed.notify_all();
-  }).detach();
-  while (!answer->has_value() && !state->ending) {
-    const auto until = state->hurryUntil;
-    if (!until)
-      state->changed.wait(lock);
-    else if (state->changed.wait_until(lock, *until) == std::cv_status::timeout)
-      break;
-  }
-  state->hurryUntil.reset();
-  return answer->value_or(false);
-}
-
 void SilenceWatch::Work(const std::shared_ptr<State>& state) {
   std::unique_lock lock(state->mutex);
   while (!state->ending) {
@@ -131,7 +108,10 @@ void SilenceWatch::Work(const std::shared_ptr<State>& state) {
       state->changed.wait_until(lock, askAt);
     } else {
       const auto call = state->call;
-      const auto answers = Ask(state, lock);
+      const auto reached = state->sockets.Reached();
+      lock.unlock();
+      const auto answers = state->answers(reached);
+      lock.lock();
       if (state->ending || call != state->call || !state->askAt) continue;
       state->askAt = Clock::now() + kPatience;
       state->silent = !answers;

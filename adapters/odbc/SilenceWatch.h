@@ -24,9 +24,6 @@ class SilenceWatch {
 
   /// How long a call may take before the server is asked, and again each time it has answered.
   static constexpr std::chrono::seconds kPatience{8};
-  /// And how long the server has for an answer once somebody is in a hurry.
-  static constexpr std::chrono::seconds kHurry{3};
-
   /// Asks whether anybody is there, where the connection has led to; it comes back in its own good
   /// time.
   using Question = std::function<bool(const std::optional<ServerSockets::Peer>& reached)>;
@@ -54,7 +51,8 @@ class SilenceWatch {
   };
 
   /// Nobody wants to wait any longer for the calls that are made now, of all watches: their servers
-  /// are asked at once, unless they are being asked. For any thread.
+  /// are asked at once, unless they are being asked, and have the time for an answer that they
+  /// always have: a slow one isn't a silent one. For any thread.
   static void Hurry();
 
   /// The driver has connected: the sockets that it has opened are its own. False when there are
@@ -72,7 +70,6 @@ class SilenceWatch {
   void Begin();
   void End();
   static void Work(const std::shared_ptr<State>& state);
-  static bool Ask(const std::shared_ptr<State>& state, std::unique_lock<std::mutex>& lock);
 
   std::shared_ptr<State> state_;
 };

@@ -29,19 +29,15 @@ std::shared_ptr<const Meanwhile>& Current() {
 class Helper {
  public:
   static Helper& Instance() {
-    static Helper helper;
-    return helper;
+    // A program may end in the middle of a call that nobody can cut short: it waits for none.
+    static auto* const helper = new Helper;
+    return *helper;
   }
 
-  Helper() : thread_([this] { Work(); }) {}
-  ~Helper() {
-    {
-      const std::lock_guard lock(mutex_);
-      ending_ = true;
-    }
-    given_.notify_one();
-    thread_.join();
+  Helper() {
+    std::thread([this] { Work(); }).detach();
   }
+  ~Helper() = delete;
   Helper(const Helper&) = delete;
   Helper& operator=(const Helper&) = delete;
   Helper(Helper&&) = delete;
@@ -71,8 +67,7 @@ class Helper {
   void Work() {
     std::unique_lock lock(mutex_);
     for (;;) {
-      given_.wait(lock, [this] { return work_ != nullptr || ending_; });
-      if (work_ == nullptr) return;
+      given_.wait(lock, [this] { return work_ != nullptr; });
       lock.unlock();
       std::exception_ptr failure;
       try {
@@ -94,8 +89,6 @@ class Helper {
   std::condition_variable given_, done_;
   const std::function<void()>* work_ = nullptr;
   std::exception_ptr failure_;
-  bool ending_ = false;
-  std::thread thread_;
 };
 
 }  // namespace

@@ -124,7 +124,8 @@ DraftAnswer AskForDraft(QWidget* parent, const DraftCount& count) {
   const auto* const drop = AddButton(box, one ? "&Descartarla" : "&Descartarlas",
                                      QMessageBox::DestructiveRole, "descartarlas");
   auto* const later = AddButton(box, "Ahora &no", QMessageBox::RejectRole, "ahoraNo");
-  box.setDefaultButton(put == nullptr ? later : put);
+  // What Enter does to who types on: the draft stays, and is asked about again.
+  box.setDefaultButton(later);
   box.setEscapeButton(later);
   box.exec();
   if (put != nullptr && box.clickedButton() == put) return DraftAnswer::Put;

@@ -158,11 +158,18 @@ void StateDialog::Refresh() {
   Keep();
   if (!Attempt(this, [this] {
         auto state = std::make_unique<SchoolState>(school_, Today(school_));
-        // Before anything is cleared: a reading that fails leaves what stands.
-        const auto rows = BySections() ? state->Sections(Filter()) : state->Subjects(Filter());
-        if (!BySections() && !rows.empty()) static_cast<void>(state->SubjectName(0));
-        tree_.clear();
-        Fill(*state, rows);
+        // All of it before anything is cleared: a reading that fails leaves what stands.
+        if (BySections()) {
+          const auto rows = state->Sections(Filter());
+          tree_.clear();
+          FillSections(*state, rows);
+        } else {
+          const auto rows = state->Subjects(Filter());
+          if (!rows.empty()) static_cast<void>(state->SubjectName(0));
+          const StrayMarks strays(school_, *state, 0, 0);
+          tree_.clear();
+          FillTeachers(*state, strays, rows);
+        }
         state_ = std::move(state);
       }))
     return;
@@ -177,13 +184,6 @@ void StateDialog::Refresh() {
 }
 
 bool StateDialog::BySections() const { return grouping_.currentIndex() == 0; }
-
-void StateDialog::Fill(const SchoolState& state, const std::vector<StateRow>& rows) {
-  if (BySections())
-    FillSections(state, rows);
-  else
-    FillTeachers(state, rows);
-}
 
 QTreeWidgetItem* StateDialog::MakeEvaluation(const SchoolState& state, std::int32_t evaluation) {
   auto* const item = new QTreeWidgetItem({OneLine(state.EvaluationName(evaluation))});
@@ -213,8 +213,8 @@ void StateDialog::FillSections(const SchoolState& state, const std::vector<State
   }
 }
 
-void StateDialog::FillTeachers(const SchoolState& state, const std::vector<StateRow>& all) {
-  const StrayMarks strays(school_, state, 0, 0);
+void StateDialog::FillTeachers(const SchoolState& state, const StrayMarks& strays,
+                               const std::vector<StateRow>& all) {
   std::map<std::int32_t, std::map<std::int32_t, std::vector<StateRow>>> byTeacher;
   for (const auto& row : all) byTeacher[row.evaluation][row.teacher].push_back(row);
   for (const auto& evaluation : state.Evaluations()) {

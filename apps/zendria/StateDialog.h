@@ -17,6 +17,7 @@
 namespace quorvane::zendria {
 
 class ColumnsInSight;
+class StrayMarks;
 
 /// How far the evaluations have come, as a tree: evaluation, section or teacher, subject. It is
 /// read anew by a key and every minute, and what is open and current stays so.
@@ -48,9 +49,9 @@ class StateDialog : public QDialog {
   [[nodiscard]] std::int32_t Me() const;
   [[nodiscard]] StateFilter Filter() const;
   [[nodiscard]] bool BySections() const;
-  void Fill(const SchoolState& state, const std::vector<StateRow>& rows);
   void FillSections(const SchoolState& state, const std::vector<StateRow>& rows);
-  void FillTeachers(const SchoolState& state, const std::vector<StateRow>& rows);
+  void FillTeachers(const SchoolState& state, const StrayMarks& strays,
+                    const std::vector<StateRow>& rows);
   /// False, and told, where that failed; it is tried again at the next opening.
   bool LoadSubjects(QTreeWidgetItem& section);
   void Keep();

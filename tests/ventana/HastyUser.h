@@ -76,8 +76,11 @@ class HastyUser {
     return window;
   }
 
+  /// A message, or a menu of one of its parts, as a scroll bar has.
   static bool IsMessage(const QWidget& front) {
-    return dynamic_cast<const QMessageBox*>(&front) != nullptr;
+    for (const auto* part = &front; part != nullptr; part = part->parentWidget())
+      if (dynamic_cast<const QMessageBox*>(part) != nullptr) return true;
+    return false;
   }
 
   void Tick() {
@@ -88,7 +91,7 @@ class HastyUser {
     }
     auto& front = Front(*window);
     // A handler of the form lets the screen be painted.
-    if (screen_.Busy() && !IsMessage(*front.window())) return;
+    if (screen_.Busy() && !IsMessage(front)) return;
     if (++quiet_ < kSettled) return;
     quiet_ = 0;
     // A window manager gives the keyboard back to the window before which a list has closed.

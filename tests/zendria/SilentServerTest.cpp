@@ -17,7 +17,7 @@ namespace {
 using Fault = TcpProxy::Fault;
 
 constexpr auto kLimit = 30000;  // ms
-constexpr auto kSoon = 8000;    // sooner than anybody is asked who isn't in a hurry
+constexpr auto kSoon = 11000;   // sooner than one is given up for whom nobody is in a hurry
 constexpr auto kEach = 100;
 
 /// Counts how often a window is painted that has something new to show.
