@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <thread>
 #include <utility>
