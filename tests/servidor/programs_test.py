@@ -237,7 +237,9 @@ class ProgramsTest(unittest.TestCase):
         _, status, used = os.wait4(process.pid, 0)
         process.returncode = os.waitstatus_to_exitcode(status)
         self.assertEqual(process.returncode, 0)
-        self.assertLess(used.ru_maxrss, COPY_KIB)
+        # Sanitizers keep what has been given back for long.
+        if b'__asan_init' not in pathlib.Path(os.environ['QUORVANE_ESCUELA']).read_bytes():
+            self.assertLess(used.ru_maxrss, COPY_KIB)
 
     def test_a_password_needs_no_command_line(self):
         server = self.on_server('demo')
