@@ -1,11 +1,9 @@
-#include <cstdlib>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/DriverSettings.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/DataSources.h"
 
 namespace quorvane::test {
 namespace {
@@ -15,21 +13,6 @@ using odbc::ConnectionString;
 using odbc::NamedEngine;
 using odbc::NamedServers;
 using sqltext::Engine;
-
-/// Data sources of the user's, while it lives.
-class DataSources {
- public:
-  explicit DataSources(const std::string& text) {
-    const auto path = folder_ / "odbc.ini";
-    std::ofstream(path) << text;
-    setenv("ODBCINI", path.c_str(), 1);
-  }
-  ~DataSources() { unsetenv("ODBCINI"); }
-  DataSources(DataSources&&) = delete;
-
- private:
-  TempFolder folder_;
-};
 
 std::string Option(const std::string& string, const char* keyword) {
   return ConnectionString(Completed(string, Engine::PostgreSql)).Value(keyword);

@@ -1,7 +1,5 @@
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 
@@ -11,6 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "tests/odbc/StatementError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/DataSources.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
@@ -245,11 +244,8 @@ TEST_F(OdbcConnectionTest, WhatIsWrittenIsDurableUnlessTheStringSaysOtherwise) {
 }
 
 TEST_F(OdbcConnectionTest, ADataSourceIsAsGoodAsADriver) {
-  const auto sources = folder / "odbc.ini";
-  std::ofstream(sources) << "[Centro]\nDriver=SQLite3\nDatabase=" << path << "\n";
-  setenv("ODBCINI", sources.c_str(), 1);
+  const DataSources sources("[Centro]\nDriver=SQLite3\nDatabase=" + path + "\n");
   Opened<OdbcConnection> named("DSN=Centro", "");
-  unsetenv("ODBCINI");
   EXPECT_EQ(named.ReachedEngine(), sqltext::Engine::Sqlite);
   EXPECT_EQ(named.DataSource(), path);
   EXPECT_THAT(RunRows(named, "SELECT 'ñ' + ' 😀'"), ElementsAre("ñ 😀"));

@@ -3,7 +3,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,9 +15,9 @@
 #include "adapters/odbc/SilenceWatch.h"
 #include "platform/RuntimeError.h"
 #include "tests/servidor/Proxied.h"
+#include "tests/support/DataSources.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/support/TcpProxy.h"
-#include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
@@ -128,17 +127,14 @@ TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
 
 // That another answers doesn't help who waits for this one.
 TEST_F(SilenceTest, OfSeveralServersTheOneThatIsUsedIsAsked) {
-  const TempFolder folder;
-  const auto sources = folder / "odbc.ini";
-  std::ofstream(sources)
-      << "[Dos]\nDriver=PostgreSQL Unicode\nServername=127.0.0.2,127.0.0.1\nPort=" << ServerPort()
-      << '\n';
-  setenv("ODBCINI", sources.c_str(), 1);
+  const DataSources sources(
+      "[Dos]\nDriver=PostgreSQL Unicode\nServername=127.0.0.2,127.0.0.1\nPort=" +
+      std::to_string(ServerPort()) + "\n");
   const odbc::ConnectionString given(ServerString(database_));
   odbc::ConnectionString source("DSN=Dos");
   for (const auto* const keyword : {"Database", "UID", "PWD"})
     source.Set(keyword, given.Value(keyword));
-  auto first = TcpProxy::Beside(ServerPort());
+  auto first = TcpProxy::Beside(ServerPort(), std::getenv("QUORVANE_PRUEBAS_ENCHUFE"));
   OdbcConnection connection(source.Text(), "");
   connection.Open();
   EXPECT_EQ(first.Connections(), 1U);
@@ -151,7 +147,6 @@ TEST_F(SilenceTest, OfSeveralServersTheOneThatIsUsedIsAsked) {
   EXPECT_LT(ending.took, kLimit);
   connection.Open();
   EXPECT_EQ(connection.Execute("SELECT 7").Fields(0).Long(), 7);
-  unsetenv("ODBCINI");
 }
 
 // Hurried again and again, as by a window that paints: a server that answers is asked once.

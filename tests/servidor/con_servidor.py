@@ -6,7 +6,8 @@ The program finds in its environment how to reach it: QUORVANE_PRUEBAS_SERVIDOR 
 school, QUORVANE_PRUEBAS_DUENA as who makes it; both strings lack the database alone. With --duena the
 first is the second's too, for tests whose scripts change what only the school's owner may change.
 An argument {zendria} or {duena} is the string of one of them with a database that has no tables yet.
-QUORVANE_PRUEBAS_ANTIGUO is the port of one that says that it is of version 11, QUORVANE_PRUEBAS_DISCO
+QUORVANE_PRUEBAS_ANTIGUO is the port of one that says that it is of version 11, QUORVANE_PRUEBAS_ENCHUFE
+the file by which it is reached without a port, QUORVANE_PRUEBAS_DISCO
 a tablespace on a disk of its own, of 8 MB, where this machine lets one be made. SIGUSR1 to the process
 in QUORVANE_PRUEBAS_MANDO stops the server at once and starts it again.
 
@@ -61,6 +62,7 @@ def main():
                        'QUORVANE_PRUEBAS_DUENA': owner,
                        'QUORVANE_PRUEBAS_MANDO': str(os.getpid()),
                        'QUORVANE_PRUEBAS_ANTIGUO': str(old_server.before(cluster.port)),
+                       'QUORVANE_PRUEBAS_ENCHUFE': str(cluster.folder / f'.s.PGSQL.{cluster.port}'),
                        'QUORVANE_PRUEBAS_DISCO': cluster.tiny_disk('8m')}
         # The sanitizers' frames are large, and shows nest.
         resource.setrlimit(resource.RLIMIT_STACK, (STACK, resource.getrlimit(resource.RLIMIT_STACK)[1]))

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include "tests/support/ProxiedLink.h"
@@ -29,21 +30,41 @@ sockaddr_in Loopback(std::uint16_t port) {
   return address;
 }
 
-int Socket(int kind = 0) { return socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | kind, 0); }
+sockaddr_un Named(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  path.copy(address.sun_path, sizeof address.sun_path - 1);
+  return address;
+}
+
+int Socket(int family, int kind = 0) {
+  return socket(family, SOCK_STREAM | SOCK_CLOEXEC | kind, 0);
+}
 
 // The system's calls take all kinds of addresses as one.
-sockaddr* Any(sockaddr_in& address) { return reinterpret_cast<sockaddr*>(&address); }
+template <class Address>
+sockaddr* Any(Address& address) {
+  return reinterpret_cast<sockaddr*>(&address);
+}
+
+template <class Address>
+int Connected(int socket, Address address) {
+  if (connect(socket, Any(address), sizeof address) == 0) return socket;
+  close(socket);
+  return -1;
+}
 
 }  // namespace
 
 TcpProxy::TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay)
-    : TcpProxy(serverPort, delay, 0, 0) {}
+    : TcpProxy(serverPort, {}, delay, 0, 0) {}
 
-TcpProxy::TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay, std::uint32_t next,
-                   std::uint16_t port)
+TcpProxy::TcpProxy(std::uint16_t serverPort, std::string serverFile,
+                   std::chrono::microseconds delay, std::uint32_t next, std::uint16_t port)
     : serverPort_(serverPort),
+      serverFile_(std::move(serverFile)),
       delay_(delay),
-      listener_(Socket(SOCK_NONBLOCK)),
+      listener_(Socket(AF_INET, SOCK_NONBLOCK)),
       bell_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
   auto address = Loopback(port);
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK + next);
@@ -140,14 +161,18 @@ std::vector<pollfd> TcpProxy::Ends() const {
   return ends;
 }
 
+int TcpProxy::ReachServer() const {
+  return serverFile_.empty() ? Connected(Socket(AF_INET), Loopback(serverPort_))
+                             : Connected(Socket(AF_UNIX), Named(serverFile_));
+}
+
 void TcpProxy::Accept() {
   const auto client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
   if (client < 0) return;
-  const auto server = Socket();
-  auto address = Loopback(serverPort_);
+  const auto server = ReachServer();
   auto link = std::make_unique<ProxiedLink>(client, server);
   ++connections_;
-  if (connect(server, Any(address), sizeof address) != 0)
+  if (server < 0)
     link->Break();
   else
     links_.push_back(std::move(link));

@@ -10,6 +10,7 @@
 #include <mutex>
 #include <optional>
 #include <poll.h>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -34,8 +35,12 @@ class TcpProxy {
 
   /// Before a server at that port of 127.0.0.1. `delay` is what each way takes.
   explicit TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay = {});
-  /// Before it, at the same port of the next address, 127.0.0.2.
-  static TcpProxy Beside(std::uint16_t serverPort) { return {serverPort, {}, 1, serverPort}; }
+  /// Before it, at the same port of the next address, 127.0.0.2. It reaches the server by the
+  /// socket that stands there as a file: to that port the program has no connection but its
+  /// driver's.
+  static TcpProxy Beside(std::uint16_t serverPort, const std::string& serverFile) {
+    return {serverPort, serverFile, {}, 1, serverPort};
+  }
   ~TcpProxy();
   TcpProxy(const TcpProxy&) = delete;
   TcpProxy& operator=(const TcpProxy&) = delete;
@@ -61,8 +66,11 @@ class TcpProxy {
  private:
   using Clock = std::chrono::steady_clock;
 
-  TcpProxy(std::uint16_t serverPort, std::chrono::microseconds delay, std::uint32_t next,
-           std::uint16_t port);
+  TcpProxy(std::uint16_t serverPort, std::string serverFile, std::chrono::microseconds delay,
+           std::uint32_t next, std::uint16_t port);
+
+  /// A connection with the server; -1 where it takes none.
+  [[nodiscard]] int ReachServer() const;
 
   void Wake() const;
   void Work();
@@ -75,6 +83,7 @@ class TcpProxy {
   void Strike();
 
   const std::uint16_t serverPort_;
+  const std::string serverFile_;  ///< instead of the port, unless empty
   const std::chrono::microseconds delay_;
   int listener_ = -1;
   int bell_ = -1;  ///< rouses the thread from its waiting

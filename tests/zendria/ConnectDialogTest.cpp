@@ -17,6 +17,7 @@
 #include "apps/zendria/SchoolError.h"
 #include "apps/zendria/ZendriaCentroApi.h"
 #include "frame/cConfiguracion.h"
+#include "tests/support/DataSources.h"
 #include "tests/support/ServerSchools.h"
 
 namespace quorvane::test {
@@ -214,18 +215,12 @@ TEST(ConnectAnswer, NamesThePlaceOfADataSourceAndOfAStringThatSaysLittle) {
                   .startsWith("En «a» no contesta ninguna base de datos por el puerto 1433."));
   EXPECT_TRUE(told("DSN=centro", "Connection refused")
                   .startsWith("En «centro» no contesta ninguna base de datos por el puerto 1433."));
-  QTemporaryDir folder;
-  QFile sources(folder.filePath("odbc.ini"));
-  ASSERT_TRUE(sources.open(QIODevice::WriteOnly));
-  sources.write(
+  const DataSources sources(
       "[aula]\nDriver=PostgreSQL Unicode\nServername=escuela\nDatabase=c\nUsername=ana\n");
-  sources.close();
-  qputenv("ODBCINI", sources.fileName().toUtf8());
   EXPECT_TRUE(
       told("DSN=aula", "Connection refused")
           .startsWith("En «escuela» no contesta ninguna base de datos por el puerto 5432."));
   EXPECT_TRUE(told("DSN=aula", "password authentication failed").contains("usuario («ana»)"));
-  qunsetenv("ODBCINI");
 }
 
 TEST(ConnectAnswer, TellsAClosedPort) {
