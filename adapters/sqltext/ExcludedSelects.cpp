@@ -1,6 +1,5 @@
 #include "adapters/sqltext/ExcludedSelects.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -20,18 +19,13 @@ constexpr std::size_t kInnerTable = 10;
 
 using Match = std::array<std::string_view, kPattern.size()>;
 
-std::size_t EndOfPiece(std::string_view text, std::size_t at) {
-  const auto isQuote = KindOf(text[at]) == CharKind::Quote;
-  return isQuote ? EndOfQuoted(text, at) : std::max(at + 1, EndOfWord(text, at));
-}
-
 bool IsName(std::string_view token) { return KindOf(token.front()) == CharKind::Word; }
 
 /// Whether the tokens from `at` on are such; they are left in `match` then.
 bool Matches(std::string_view text, std::size_t at, Match& match) {
   for (std::size_t i = 0; i < kPattern.size(); ++i) {
     if (at == text.size()) return false;
-    const auto end = EndOfPiece(text, at);
+    const auto end = EndOfToken(text, at);
     match[i] = text.substr(at, end - at);
     if (kPattern[i].empty() ? !IsName(match[i]) : !EqualNoCase(match[i], kPattern[i])) return false;
     at = EndOfBlanks(text, end);
@@ -48,25 +42,17 @@ std::string WithoutPartner(const Match& match) {
          " IS NULL) AND (" + column + " IS NOT NULL OR " + none + ")))";
 }
 
-bool MayHaveOne(std::string_view statement) {
-  constexpr std::string_view kWords = "NOT IN";
-  return std::search(statement.begin(), statement.end(), kWords.begin(), kWords.end(),
-                     [](char one, char other) {
-                       return EqualNoCase({&one, 1}, {&other, 1});
-                     }) != statement.end();
-}
-
 }  // namespace
 
 std::string JoinExcludedSelects(std::string_view statement) {
-  if (!MayHaveOne(statement)) return std::string(statement);
+  if (!Says(statement, "NOT IN")) return std::string(statement);
   std::string result;
   result.reserve(2 * statement.size());
   for (std::size_t at = 0; at < statement.size();) {
     const auto blanks = EndOfBlanks(statement, at);
     result += statement.substr(at, blanks - at);
     if ((at = blanks) == statement.size()) break;
-    auto end = EndOfPiece(statement, at);
+    auto end = EndOfToken(statement, at);
     if (Match match; Matches(statement, at, match)) {
       end = static_cast<std::size_t>(match.back().data() + 1 - statement.data());
       const auto before = static_cast<std::size_t>(match[kColumn].data() - statement.data());

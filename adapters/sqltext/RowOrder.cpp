@@ -15,7 +15,7 @@ class SelectText {
  public:
   explicit SelectText(std::string_view text) : text_(text) {
     for (std::size_t at = EndOfBlanks(text, 0); at < text.size();) {
-      const auto end = EndOfToken(at);
+      const auto end = EndOfToken(text_, at);
       Take(text.substr(at, end - at), at, end);
       at = EndOfBlanks(text, end);
     }
@@ -43,19 +43,6 @@ class SelectText {
     std::size_t end = 0;
     bool descends = false;
   };
-
-  [[nodiscard]] std::size_t EndOfToken(std::size_t at) const {
-    switch (KindOf(text_[at])) {
-      case CharKind::Word:
-        return EndOfWord(text_, at);
-      case CharKind::Digit:
-        return EndOfNumber(text_, at);
-      case CharKind::Quote:
-        return EndOfQuoted(text_, at);
-      default:
-        return at + 1;
-    }
-  }
 
   void Take(std::string_view token, std::size_t at, std::size_t end) {
     if (token == ")") --depth_;

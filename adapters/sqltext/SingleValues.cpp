@@ -1,6 +1,5 @@
 #include "adapters/sqltext/SingleValues.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -23,9 +22,7 @@ std::string TakeFirstOfComparedSelects(std::string_view statement) {
     const auto blanks = EndOfBlanks(statement, at);
     result += statement.substr(at, blanks - at);
     if ((at = blanks) == statement.size()) break;
-    const auto isQuote = KindOf(statement[at]) == CharKind::Quote;
-    const auto end =
-        isQuote ? EndOfQuoted(statement, at) : std::max(at + 1, EndOfWord(statement, at));
+    const auto end = EndOfToken(statement, at);
     const auto token = statement.substr(at, end - at);
     if (token == ")" && !compared.empty()) {
       if (compared.back()) result += " LIMIT 1";

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text/AsciiCase.h"
+
 namespace quorvane::sqltext {
 namespace {
 
@@ -37,6 +39,24 @@ std::size_t EndOfNumber(std::string_view text, std::size_t at) {
     if (const auto end = EndOfDigits(text, digits); end != digits) at = end;
   }
   return EndOfWord(text, at);
+}
+
+bool Says(std::string_view text, std::string_view words) {
+  return std::search(text.begin(), text.end(), words.begin(), words.end(),
+                     [](char a, char b) { return AsciiLower(a) == AsciiLower(b); }) != text.end();
+}
+
+std::size_t EndOfToken(std::string_view text, std::size_t at) {
+  switch (KindOf(text[at])) {
+    case CharKind::Word:
+      return EndOfWord(text, at);
+    case CharKind::Digit:
+      return EndOfNumber(text, at);
+    case CharKind::Quote:
+      return EndOfQuoted(text, at);
+    default:
+      return at + 1;
+  }
 }
 
 std::size_t EndOfBlanks(std::string_view text, std::size_t at) {

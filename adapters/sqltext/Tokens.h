@@ -45,6 +45,10 @@ constexpr CharKind KindOf(char c) { return detail::kKinds[static_cast<unsigned c
 /// Whether a name or number goes on with this character.
 constexpr bool IsWordPart(char c) { return KindOf(c) <= CharKind::Digit; }
 
+/// Whether those words stand anywhere in a text, a literal too, in letters of either case: what a
+/// rewriting needs to be worth a closer look.
+bool Says(std::string_view text, std::string_view words);
+
 /// Behind the word that begins at `at`. Most of a statement's text passes here.
 constexpr std::size_t EndOfWord(std::string_view text, std::size_t at) {
   while (at < text.size() && IsWordPart(text[at])) ++at;
@@ -58,6 +62,9 @@ std::size_t EndOfQuoted(std::string_view text, std::size_t at);
 /// Behind the number that begins at `at` with a digit or a point: fraction, exponent and
 /// hexadecimal digits taken along, and the letters that the engine refuses with it.
 std::size_t EndOfNumber(std::string_view text, std::size_t at);
+
+/// Behind the token that begins at `at`: a word, a number, a quoted text, or else one character.
+std::size_t EndOfToken(std::string_view text, std::size_t at);
 
 /// Behind the blanks and comments at `at`, if there are any. A comment that isn't closed goes up to
 /// the end of the text.

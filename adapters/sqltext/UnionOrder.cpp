@@ -1,6 +1,5 @@
 #include "adapters/sqltext/UnionOrder.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "adapters/sqltext/Tokens.h"
@@ -11,23 +10,12 @@ namespace {
 
 constexpr std::string_view kUnion = "UNION";
 
-/// Anywhere, in a literal too.
-bool SaysUnion(std::string_view text) {
-  return std::search(text.begin(), text.end(), kUnion.begin(), kUnion.end(),
-                     [](char a, char b) { return AsciiLower(a) == AsciiLower(b); }) != text.end();
-}
-
 bool IsName(char c) { return KindOf(c) == CharKind::Word || c == '[' || c == '"'; }
 
-std::size_t EndOfToken(std::string_view text, std::size_t at) {
-  switch (KindOf(text[at])) {
-    case CharKind::Word:
-      return EndOfWord(text, at);
-    case CharKind::Quote:
-      return EndOfQuoted(text, at);
-    default:
-      return std::max(at + 1, EndOfBlanks(text, at));
-  }
+/// Behind the token, or the blanks, that begin at `at`.
+std::size_t EndOfPiece(std::string_view text, std::size_t at) {
+  const auto blanks = EndOfBlanks(text, at);
+  return blanks > at ? blanks : EndOfToken(text, at);
 }
 
 /// Behind the words ORDER BY of the whole UNION; the end of the text where there are none.
@@ -36,7 +24,7 @@ std::size_t BehindOrderBy(std::string_view text) {
   auto united = false;
   auto ordered = false;  // the last word was ORDER
   for (std::size_t at = 0; at < text.size();) {
-    const auto end = EndOfToken(text, at);
+    const auto end = EndOfPiece(text, at);
     const auto token = text.substr(at, end - at);
     at = end;
     if (token == "(") ++depth;
@@ -52,11 +40,11 @@ std::size_t BehindOrderBy(std::string_view text) {
 }  // namespace
 
 std::string OrderUnionByColumns(std::string_view statement) {
-  if (!SaysUnion(statement)) return std::string(statement);
+  if (!Says(statement, kUnion)) return std::string(statement);
   auto at = BehindOrderBy(statement);
   std::string result(statement.substr(0, at));
   while (at < statement.size()) {
-    const auto end = EndOfToken(statement, at);
+    const auto end = EndOfPiece(statement, at);
     const auto qualifies = IsName(statement[at]) && end + 1 < statement.size() &&
                            statement[end] == '.' && IsName(statement[end + 1]);
     if (!qualifies) result += statement.substr(at, end - at);

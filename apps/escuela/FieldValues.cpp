@@ -6,7 +6,6 @@
 #include <limits>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 #include "apps/escuela/Counted.h"
 #include "apps/escuela/SchoolAddress.h"
@@ -93,10 +92,10 @@ bool Reads(const Value& value, SchemaKind kind) {
 
 class TableValues {
  public:
-  TableValues(Connection& connection, const SchemaTable& table, std::vector<std::string>& findings)
-      : connection_(connection), table_(table), findings_(findings) {}
+  TableValues(Connection& connection, const SchemaTable& table)
+      : connection_(connection), table_(table) {}
 
-  void Check() {
+  void AddFindings(std::vector<std::string>& findings) const {
     const auto names = ColumnsOf(connection_, table_.name).value_or(FieldNames());
     for (std::size_t i = 0; i < table_.columns.size(); ++i) {
       const auto& column = table_.columns[i];
@@ -104,7 +103,7 @@ class TableValues {
       const auto free = column.mark == SchemaMark::FreeName && i < names.size();
       for (const auto& name : names)
         if (EqualNoCase(name, free ? names[i] : column.name))
-          CheckColumn(free ? name : column.name, column);
+          CheckColumn(free ? name : column.name, column, findings);
     }
   }
 
@@ -117,25 +116,27 @@ class TableValues {
   }
 
  private:
-  void CheckColumn(const std::string& name, const SchemaColumn& column) {
+  void CheckColumn(const std::string& name, const SchemaColumn& column,
+                   std::vector<std::string>& findings) const {
     const auto field = FieldOf(KindRead(table_, column));
     if (!field) return;
     if (const auto bad = CountBad(name, column); bad == kNoNumbers)
-      Find("La columna " + name + " de la tabla " + table_.name + " no es de números");
+      findings.push_back("La columna " + name + " de la tabla " + table_.name +
+                         " no es de números");
     else if (bad > 0)
-      Find("Valores que no caben en " + table_.name + "." + name + ": " + CountedRows(bad) +
-           " sin un número de " + std::to_string(field->least) + " a " +
-           std::to_string(field->most));
-    if (column.kind == SchemaKind::Key) CheckKey(name);
+      findings.push_back("Valores que no caben en " + table_.name + "." + name + ": " +
+                         CountedRows(bad) + " sin un número de " + std::to_string(field->least) +
+                         " a " + std::to_string(field->most));
+    if (column.kind == SchemaKind::Key) CheckKey(name, findings);
   }
 
-  void CheckKey(const std::string& name) {
+  void CheckKey(const std::string& name, std::vector<std::string>& findings) const {
     if (const auto missing = Count(name, " IS NULL"); missing > 0)
-      Find("Sin clave en " + table_.name + ": " + CountedRows(missing) + " cuyo " + name +
-           " es nulo");
+      findings.push_back("Sin clave en " + table_.name + ": " + CountedRows(missing) + " cuyo " +
+                         name + " es nulo");
     if (Count(name, "=" + std::to_string(kLastKey)) > 0)
-      Find("Última clave en " + table_.name + ": una fila tiene ya el mayor " + name +
-           " posible, y detrás no se puede añadir ninguna");
+      findings.push_back("Última clave en " + table_.name + ": una fila tiene ya el mayor " + name +
+                         " posible, y detrás no se puede añadir ninguna");
   }
 
   static constexpr auto kNoNumbers = static_cast<std::size_t>(-1);
@@ -173,25 +174,21 @@ class TableValues {
     }
   }
 
-  void Find(std::string finding) { findings_.push_back(std::move(finding)); }
-
   Connection& connection_;
   const SchemaTable& table_;
-  std::vector<std::string>& findings_;
 };
 
 }  // namespace
 
 std::vector<std::string> BadValues(Connection& connection) {
   std::vector<std::string> findings;
-  for (const auto& table : SchoolTables()) TableValues(connection, table, findings).Check();
+  for (const auto& table : SchoolTables()) TableValues(connection, table).AddFindings(findings);
   return findings;
 }
 
 bool KeysFit(Connection& connection, std::string_view table) {
-  std::vector<std::string> findings;
   const auto* const found = FindSchoolTable(table);
-  return found == nullptr || TableValues(connection, *found, findings).KeysFit();
+  return found == nullptr || TableValues(connection, *found).KeysFit();
 }
 
 }  // namespace quorvane

@@ -38,19 +38,6 @@ void RequireEmpty(Connection& database, const std::string& place) {
     RefuseSchool(place, "ya tiene la tabla «" + name + "», hecha con su nombre entre comillas");
 }
 
-/// Ends what `transaction` has written.
-void Keep(Transaction& transaction, const Connection& database, const std::string& place) {
-  try {
-    transaction.Keep();
-  } catch (const RuntimeError& error) {
-    if (database.IsOpen()) throw;
-    throw OutcomeUnknown("No se sabe si se ha creado la escuela en " + place +
-                         ", porque la conexión se perdió cuando el servidor la daba por escrita: "
-                         "está entera o no está. Mírelo con «quorvane-escuela comprobar». " +
-                         error.Description());
-  }
-}
-
 }  // namespace
 
 void MakeSchool(const SchoolAddress& address, const std::function<void(Connection& school)>& fill,
@@ -64,7 +51,10 @@ void MakeSchool(const SchoolAddress& address, const std::function<void(Connectio
   try {
     Transaction transaction(database);
     WriteSchool(database, SchemaFor(database), fill, goOn);
-    Keep(transaction, database, place);
+    transaction.KeepOrTell(
+        "No se sabe si se ha creado la escuela en " + place +
+        ", porque la conexión se perdió cuando el servidor la daba por escrita: está entera o no "
+        "está. Mírelo con «quorvane-escuela comprobar». ");
   } catch (const OutcomeUnknown&) {
     throw;
   } catch (const RuntimeError& error) {

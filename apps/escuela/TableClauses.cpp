@@ -21,19 +21,7 @@ class Walk {
     at_ = sqltext::EndOfBlanks(text_, at_);
     const auto from = at_;
     if (at_ == text_.size()) return {};
-    switch (sqltext::KindOf(text_[at_])) {
-      case sqltext::CharKind::Word:
-        at_ = sqltext::EndOfWord(text_, at_);
-        break;
-      case sqltext::CharKind::Digit:
-        at_ = sqltext::EndOfNumber(text_, at_);
-        break;
-      case sqltext::CharKind::Quote:
-        at_ = sqltext::EndOfQuoted(text_, at_);
-        break;
-      default:
-        ++at_;
-    }
+    at_ = sqltext::EndOfToken(text_, at_);
     return text_.substr(from, at_ - from);
   }
 

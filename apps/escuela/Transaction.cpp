@@ -24,15 +24,12 @@ void Transaction::Keep() {
   kept_ = true;
 }
 
-void Transaction::KeepOrTell() {
+void Transaction::KeepOrTell(const std::string& unknown) {
   try {
     Keep();
   } catch (const RuntimeError& error) {
     if (database_.IsOpen()) throw;
-    throw OutcomeUnknown(
-        "No se sabe si se ha escrito, porque la conexión se perdió cuando el servidor lo daba por "
-        "hecho: está todo o no está nada. Mírelo antes de repetirlo. " +
-        error.Description());
+    throw OutcomeUnknown(unknown + error.Description());
   }
 }
 

@@ -24,8 +24,12 @@ class Transaction {
   /// Error 0x80004005 when the engine refuses: nothing is kept then, unless the connection is
   /// closed afterwards, lost before the answer came: then nobody knows.
   void Keep();
-  /// The same, but that nobody knows is an `OutcomeUnknown`, in Spanish, with what to do about it.
-  void KeepOrTell();
+  /// The same, but that nobody knows is an `OutcomeUnknown` of that Spanish text, which says what
+  /// to do about it, and of the engine's.
+  void KeepOrTell(
+      const std::string& unknown =
+          "No se sabe si se ha escrito, porque la conexión se perdió cuando el servidor "
+          "lo daba por hecho: está todo o no está nada. Mírelo antes de repetirlo. ");
 
  private:
   Connection& database_;

@@ -27,8 +27,6 @@ std::int32_t Find(Recordset rows, const std::string& text, const std::string& no
   Refuse("Hay varias que se llaman «" + text + "». Use su número:" + numbers);
 }
 
-constexpr auto kActive = "(Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL)";
-
 }  // namespace
 
 ReportReader::ReportReader(Connection& school, std::string name, std::string date,
@@ -36,8 +34,9 @@ ReportReader::ReportReader(Connection& school, std::string name, std::string dat
     : school_(school),
       name_(std::move(name)),
       date_(std::move(date)),
-      told_(staff == 0 ? std::string(kActive)
-                       : kActive + (" AND " + MayGrade(staff, "AlumnoPte_MatDet.CodMatDet"))),
+      told_(staff == 0
+                ? std::string(kActiveStudent)
+                : kActiveStudent + (" AND " + MayGrade(staff, "AlumnoPte_MatDet.CodMatDet"))),
       teachers_(school) {
   for (auto rows = school_.Execute("SELECT IDNumEvaluacion, Descripcion, Final FROM NumEvaluacion "
                                    "ORDER BY Extraordinaria DESC, Orden");

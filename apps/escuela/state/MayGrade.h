@@ -10,6 +10,9 @@ class Connection;
 /// A number that no member of staff bears.
 inline constexpr std::int32_t kNobody = -1;
 
+/// A student who hasn't left, in a statement that joins `Alumno`.
+inline constexpr const char* kActiveStudent = "(Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL)";
+
 /// The user's row in `Personal`; 0 for none. Fails as its statement does.
 std::int32_t StaffOf(Connection& school, std::int32_t user);
 

@@ -83,8 +83,9 @@ std::string SchoolState::Statement(const Alike& alike, const StateFilter& filter
       ".CodAlumnoPte_MatDet) INNER JOIN Alumno ON Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno) "
       "INNER JOIN MateriaDetalles ON MateriaDetalles.IDMateriaDetalles=AlumnoPte_MatDet.CodMatDet) "
       "INNER JOIN TipoMateria ON TipoMateria.IDTipoMateria=MateriaDetalles.CodTipoMateria WHERE " +
-      table + ".CodNumEvaluacion IN (" + alike.numbers +
-      ") AND Alumno.Anticipado=0 AND (Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL) AND "
+      table + ".CodNumEvaluacion IN (" + alike.numbers + ") AND Alumno.Anticipado=0 AND " +
+      kActiveStudent +
+      " AND "
       "TipoMateria.CodEspecificarTipoMateria";
   statement += alike.final ? "<>3" : "=1";
   if (alike.secondFinal)

@@ -17,7 +17,8 @@ std::vector<StrayStudent> StrayStudents(Connection& school, bool final, const St
       ".CodAlumnoPte_MatDet) INNER JOIN Alumno ON Alumno.IDAlumno=AlumnoPte_MatDet.CodAlumno) LEFT "
       "JOIN Seccion_AlumnoPte ON Seccion_AlumnoPte.CodAlumno=Alumno.IDAlumno AND "
       "Seccion_AlumnoPte.CodSeccion=Alumno.CodSeccion WHERE Seccion_AlumnoPte.CodAlumno IS NULL "
-      "AND Alumno.Anticipado=0 AND (Alumno.FechaBaja='' OR Alumno.FechaBaja IS NULL)";
+      "AND Alumno.Anticipado=0 AND " +
+      kActiveStudent;
   const auto only = [&statement](const std::string& column, std::int32_t number) {
     if (number != 0) statement += " AND " + column + "=" + std::to_string(number);
   };
