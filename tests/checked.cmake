@@ -11,8 +11,11 @@ if(QUORVANE_SANITIZE OR NOT QUORVANE_HAS_SANITIZERS)
 endif()
 
 add_library(quorvane_checked_options INTERFACE)
+# The preset with sanitizers checks null and aligned pointers too, which take a third of the time that
+# the rest does, and whose misuse the other sanitizer mostly sees.
 target_compile_options(quorvane_checked_options INTERFACE
-                       -fsanitize=address,undefined -fno-sanitize-recover=all
+                       -fsanitize=address,undefined -fno-sanitize=null,alignment
+                       -fno-sanitize-recover=all
                        -fno-omit-frame-pointer -g1 -O1 --coverage)
 target_link_options(quorvane_checked_options INTERFACE -fsanitize=address,undefined --coverage)
 

@@ -77,7 +77,7 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
       "CodAlumno=IDAlumno AND CodSeccion=5");
   robot_.OnDialog("vistaPrevia", [students](QWidget& shown) {
     TextPrinter paper;
-    emit dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
+    Q_EMIT dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
     EXPECT_EQ(paper.Pages().size(), static_cast<std::size_t>(students));
     EXPECT_TRUE(paper.Pages()[0].join(u' ').contains("Marina"));
     QTest::keyClick(&shown, Qt::Key_Escape);

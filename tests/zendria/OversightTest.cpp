@@ -113,7 +113,7 @@ TEST_F(OversightTest, ADoubleClickOpensTheScreenWithAllChosen) {
     auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
     auto* const section = Child(tree.topLevelItem(1), "3º ESO A");
     section->setExpanded(true);
-    emit tree.itemActivated(Child(section, "Matemáticas (2º ESO A)"), 0);
+    Q_EMIT tree.itemActivated(Child(section, "Matemáticas (2º ESO A)"), 0);
   });
   EXPECT_EQ(chosen, (std::vector<std::int32_t>{5, 2, 20}));
 }
@@ -148,7 +148,7 @@ TEST_F(OversightTest, AGradeCellOffersItsOwnHistory) {
   ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
   robot_.OnDialog("estado", [](QWidget& shown) {
     auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
-    emit tree.itemActivated(Child(tree.topLevelItem(1), "3º ESO A"), 0);
+    Q_EMIT tree.itemActivated(Child(tree.topLevelItem(1), "3º ESO A"), 0);
   });
   robot_.On("frmNotaManual1", {"cmdNotaManual1(0)"});
   auto shown = -1;

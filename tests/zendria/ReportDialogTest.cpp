@@ -64,7 +64,7 @@ class ReportDialogTest : public HostTest {
     QStringList pages;
     robot_.OnDialog("vistaPrevia", [&pages](QWidget& shown) {
       TextPrinter paper;
-      emit dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
+      Q_EMIT dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
       for (const auto& page : paper.Pages()) pages.append(page.join(u' '));
       QTest::keyClick(&shown, Qt::Key_Escape);
     });

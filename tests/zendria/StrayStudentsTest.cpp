@@ -28,7 +28,7 @@ class StrayStudentsTest : public DemoHost {
     auto* const section = Child(tree.topLevelItem(evaluation), "3º ESO A");
     section->setExpanded(true);
     auto* const line = Child(section, "Lengua Castellana y Literatura (2º ESO B) · en 3º ESO B");
-    if (line != nullptr) emit tree.itemActivated(line, 0);
+    if (line != nullptr) Q_EMIT tree.itemActivated(line, 0);
     return line;
   }
   std::optional<zendria::GradeRoute> Route(std::int32_t subject, std::int32_t evaluation,
@@ -97,7 +97,7 @@ TEST_F(StrayStudentsTest, WhatNoScreenFindsIsSaidAndTheTreeStays) {
     auto* const section = Child(dialog.Tree().topLevelItem(1), "3º ESO A");
     section->setExpanded(true);
     ReadNotice(told);
-    emit dialog.Tree().itemActivated(Child(section, "Matemáticas (2º ESO A) · sin registro"), 0);
+    Q_EMIT dialog.Tree().itemActivated(Child(section, "Matemáticas (2º ESO A) · sin registro"), 0);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_TRUE(dialog.Clock().isActive());
     dialog.reject();
