@@ -1,3 +1,5 @@
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -40,10 +42,12 @@ using SectionByStudent =
 using SectionBySubject =
     Pair<frmNotaSeccionMateria1, frmNotaSeccionMateriaFinal, kFinalSectionBySubject>;
 
+/// Asked for before the forms' own names are made, which stand in another file.
 struct Names {
   template <class Dialog>
-  static std::string GetName(int /*index*/) {
-    return Dialog::Texts().name;
+  static std::string GetName(int index) {
+    constexpr std::array kNames{"ByStudent", "BySubject", "SectionByStudent", "SectionBySubject"};
+    return kNames.at(static_cast<std::size_t>(index));
   }
 };
 
