@@ -15,7 +15,7 @@ import tempfile
 
 from compiled import ROOT, bundles, sources
 
-TOGETHER = 16
+TOGETHER = (16, 6)
 REMOVE = re.compile(r'^(\S+) should remove these lines:\n((?:- .*\n)*)', re.MULTILINE)
 # Libraries whose names it finds in headers other than those that their users include.
 MISJUDGED = re.compile(r'- #include <(Q\w+|private/.*|X11/.*|xcb/.*|CLI/.*|sqlucode\.h|'
@@ -55,19 +55,25 @@ def alone(source):
 
 
 def check(bundle):
-    """Sources that are read together share the reading of their headers. What one of them includes may seem
-    useless there for another has included it before: whoever is complained of is asked about alone."""
+    """Who of them is complained of, or wasn't judged. Sources that are read together share the reading of
+    their headers, and what one of them includes may seem useless there for another has included it before."""
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder, 'together.cpp')
         file.write_text(''.join(f'#include "{source.file}"\n' for source in bundle))
         sound, found, _ = ask(bundle, file)
-    said = []
+    left = [source for source in bundle
+            if not sound or found[source.file] or found[source.file.with_suffix('.h')]]
     for source in bundle:
-        if sound and not found[source.file] and not found[source.file.with_suffix('.h')]:
+        if source not in left:
             source.mark.touch()
-        else:
-            said += alone(source)
-    return said
+    return left
+
+
+def shown(results, text):
+    for number, result in enumerate(results, 1):
+        if sys.stderr.isatty():
+            print(f'\r{text} {number}', end='', file=sys.stderr)
+        yield from result
 
 
 def main():
@@ -75,14 +81,12 @@ def main():
     base = subprocess.run(['include-what-you-use', '--version'], check=True, capture_output=True).stdout
     base += pathlib.Path(__file__).read_bytes()
     every = list(sources(build, 'quorvane-includes', base))
-    waiting = [source for source in every if not source.mark.exists()]
-    said = set()
+    waiting = left = [source for source in every if not source.mark.exists()]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        jobs = bundles(waiting, TOGETHER)
-        for number, found in enumerate(pool.map(check, jobs), 1):
-            if sys.stderr.isatty():
-                print(f'\r{number}/{len(jobs)}', end='', file=sys.stderr)
-            said.update(found)
+        # Beside fewer others, and behind others, most of the complaints go; the rest are asked about alone.
+        for most in TOGETHER:
+            left = list(shown(pool.map(check, bundles(left[::-1], most)), f'{most} at once:'))
+        said = set(shown(pool.map(alone, left), 'alone:'))
     for text in sorted(said):
         print(text)
     print(f'include-what-you-use: {len(every)} sources, {len(waiting)} of them read; '
