@@ -13,10 +13,10 @@ endif()
 add_library(quorvane_checked_options INTERFACE)
 # The preset with sanitizers checks null and aligned pointers too, which take a third of the time that
 # the rest does, and whose misuse the other sanitizer mostly sees.
+set(checked_sanitizers -fsanitize=address,undefined -fno-sanitize=null,alignment
+                       -fno-sanitize-recover=all)
 target_compile_options(quorvane_checked_options INTERFACE
-                       -fsanitize=address,undefined -fno-sanitize=null,alignment
-                       -fno-sanitize-recover=all
-                       -fno-omit-frame-pointer -g1 -O1 --coverage)
+                       ${checked_sanitizers} -fno-omit-frame-pointer -g1 -O1 --coverage)
 target_link_options(quorvane_checked_options INTERFACE -fsanitize=address,undefined --coverage)
 
 # Objects, not an archive: they come first in each program, so that of the inline functions that
