@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Transaction.h"
 #include "apps/escuela/UserPasswords.h"
@@ -85,7 +84,7 @@ class StrangeObjectsTest : public testing::Test {
     return at == std::string::npos ? sql : sql.replace(at, text.size(), by);
   }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
 };
 
 TEST_F(StrangeObjectsTest, ASchoolsOwnAreNone) {

@@ -7,8 +7,8 @@
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/escuela/repair/SchoolRepair.h"
 #include "tests/escuela/AnySchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
-#include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
 namespace {
@@ -17,33 +17,26 @@ class StrangeTriggersTest : public testing::Test {
  protected:
   // On a server the next test takes the same database.
   void TearDown() override {
-    history_.Deactivate();
-    if (history_.Kept()) school_.Sql("DROP TABLE HistorialNotas");
-    if (!OnServer()) return;
-    school_.Sql("DROP TRIGGER IF EXISTS ajeno ON PublicacionPte");
-    school_.Sql("DROP TRIGGER IF EXISTS Historial_EvaluacionPte_UPDATE ON Alumno");
-    school_.Sql("DROP FUNCTION IF EXISTS ajeno()");
+    school_.ForgetHistory();
+    if (OnServer())
+      school_.Sql(
+          "DROP TRIGGER IF EXISTS ajeno ON PublicacionPte;"
+          "DROP TRIGGER IF EXISTS Historial_EvaluacionPte_UPDATE ON Alumno;"
+          "DROP FUNCTION IF EXISTS ajeno()");
   }
 
   /// One that refuses what is inserted.
   void Hang(const std::string& name, const std::string& table) const {
-    if (!OnServer()) {
-      school_.Sql("CREATE TRIGGER " + name + " BEFORE INSERT ON " + table +
-                  " BEGIN SELECT RAISE(ABORT,'no'); END");
-      return;
-    }
     school_.Sql(
-        "CREATE OR REPLACE FUNCTION ajeno() RETURNS trigger LANGUAGE plpgsql AS $ajeno$ BEGIN "
-        "RAISE EXCEPTION 'no'; END $ajeno$");
-    school_.Sql("CREATE TRIGGER " + name + " BEFORE INSERT ON " + table +
-                " FOR EACH ROW EXECUTE FUNCTION ajeno()");
+        OnServer()
+            ? "CREATE OR REPLACE FUNCTION ajeno() RETURNS trigger LANGUAGE plpgsql AS $ajeno$ "
+              "BEGIN RAISE EXCEPTION 'no'; END $ajeno$; CREATE TRIGGER " +
+                  name + " BEFORE INSERT ON " + table + " FOR EACH ROW EXECUTE FUNCTION ajeno()"
+            : "CREATE TRIGGER " + name + " BEFORE INSERT ON " + table +
+                  " BEGIN SELECT RAISE(ABORT,'no'); END");
   }
   [[nodiscard]] std::vector<std::string> Found() const {
     return SchoolCheck(school_.Db()).Strange();
-  }
-  /// What `comprobar` says of this school.
-  [[nodiscard]] Outcome Check(const std::string& school) const {
-    return RunCommand(QUORVANE_ESCUELA " comprobar " + school);
   }
 
   AnySchool school_;
@@ -57,18 +50,14 @@ TEST_F(StrangeTriggersTest, OneThatRefusesIsFoundAndRepairLeavesIt) {
       "La tabla PublicacionPte tiene el disparador «ajeno», que no es de estos programas y puede "
       "impedir que se escriba en ella";
   EXPECT_THAT(Found(), ElementsAre(finding));
-  const auto check = Check(school_.Argument());
-  EXPECT_EQ(check.status, 1);
-  EXPECT_THAT(check.text, HasSubstr(finding + "\n"));
-  EXPECT_THAT(check.text, testing::EndsWith("\nApta para el módulo, con avisos\n"));
+  EXPECT_THAT(Escuela("comprobar " + school_.Argument()),
+              FieldsAre(1, AllOf(HasSubstr(finding + "\n"),
+                                 EndsWith("\nApta para el módulo, con avisos\n"))));
 
-  school_.Sql("DELETE FROM PublicacionPte");
-  school_.Sql("DELETE FROM BloqueoPte");
+  school_.Rest();
   school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
   ASSERT_THAT(SchoolCheck(school_.Db()).Rows(), Not(IsEmpty()));
-  RepairOptions options;
-  options.backedUp = true;
-  EXPECT_GT(RepairSchool(school_.Address(), options).removed, 0U);
+  EXPECT_GT(RepairSchool(school_.Address(), {.backedUp = true}).removed, 0U);
   EXPECT_THAT(SchoolCheck(school_.Db()).Rows(), IsEmpty());
   EXPECT_THAT(Found(), ElementsAre(finding));
 }
@@ -76,9 +65,9 @@ TEST_F(StrangeTriggersTest, OneThatRefusesIsFoundAndRepairLeavesIt) {
 TEST_F(StrangeTriggersTest, TheHistorysAreNone) {
   history_.Activate();
   EXPECT_THAT(Found(), IsEmpty());
-  EXPECT_THAT(Check(school_.Argument()).text, Not(HasSubstr("disparador")));
+  EXPECT_THAT(Escuela("comprobar " + school_.Argument()).text, Not(HasSubstr("disparador")));
   if (OnServer()) return;
-  EXPECT_THAT(Check("--odbc 'Driver=SQLite3;Database=" + school_.Path() + "'").text,
+  EXPECT_THAT(Escuela("comprobar --odbc 'Driver=SQLite3;Database=" + school_.Path() + "'").text,
               AllOf(HasSubstr("Apta para"), Not(HasSubstr("disparador"))));
 }
 
