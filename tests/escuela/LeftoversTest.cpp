@@ -114,8 +114,8 @@ TEST_F(LeftoversTest, WhoReachesTheSchoolByALinkOrAnotherPathIsSeenToo) {
 TEST_F(LeftoversTest, AProcessNumberThatIsGivenAgainIsAnotherProgram) {
   notes_.WriteOwn({entry_});
   const auto own = ProcessMark::Own();
-  Forge("proceso " + std::to_string(own.process) + " " + std::to_string(own.start),
-        "proceso " + std::to_string(own.process) + " " + std::to_string(own.start - 1));
+  const auto process = "proceso " + std::to_string(own.process) + " ";
+  Forge(process + std::to_string(own.start), process + std::to_string(own.start - 1));
   EXPECT_EQ(HolderNow(), Holder::Gone);
 }
 
