@@ -18,12 +18,13 @@ class DiskTest : public testing::Test {
   }
 
   /// Inserts students until the disk refuses one; how many it took.
-  static int FillUp(Connection& school, RuntimeError& refusal) {
+  int FillUp(Connection& school) {
     for (int count = 0;; ++count) {
       try {
         school.Execute("INSERT INTO Alumno (Nombre) VALUES ('" + std::string(2000, 'x') + "')");
       } catch (const RuntimeError& error) {
-        refusal = error;
+        EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed));
+        refusal_ = error.Description();
         return count;
       }
     }
@@ -35,16 +36,15 @@ class DiskTest : public testing::Test {
 
   TempFolder folder_;
   std::string path_ = folder_ / "escuela.sqlite";
-  RuntimeError refusal_{ErrorNumber::InvalidCall};
+  std::string refusal_;
 };
 
 TEST_F(DiskTest, FullIsTheNumberedErrorWithWhatToDoAndWhatWasWrittenStays) {
   Opened<sqlite::SqliteConnection> school(path_, "");
   school.ExecuteScript("PRAGMA max_page_count=200");
-  const auto written = FillUp(school, refusal_);
-  EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
+  const auto written = FillUp(school);
   EXPECT_EQ(
-      refusal_.Description(),
+      refusal_,
       "database or disk is full. No queda espacio en el disco: haga sitio y repita lo último.");
   EXPECT_GT(written, 10);
   EXPECT_EQ(Students(school), written);
@@ -58,9 +58,8 @@ TEST_F(DiskTest, AFileThatCantGrowIsTheNumberedErrorWithWhatToDo) {
   {
     Opened<sqlite::SqliteConnection> school(path_, "");
     const LongestFile limit(400'000);
-    written = FillUp(school, refusal_);
-    EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
-    EXPECT_THAT(refusal_.Description(), HasSubstr("queda espacio en"));
+    written = FillUp(school);
+    EXPECT_THAT(refusal_, HasSubstr("queda espacio en"));
     EXPECT_GT(written, 10);
     EXPECT_EQ(Students(school), written);
   }
@@ -69,60 +68,56 @@ TEST_F(DiskTest, AFileThatCantGrowIsTheNumberedErrorWithWhatToDo) {
   EXPECT_EQ(again.Execute("PRAGMA integrity_check").Fields(0).Text(), "ok");
 }
 
-TEST_F(DiskTest, AFullDiskIsTheNumberedErrorAlsoWhenTheSchoolIsOpened) {
-  const TinyDisk disk("600k");
-  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
-  const auto path = disk.Path() + "escuela.sqlite";
-  std::filesystem::copy_file(path_, path);
-  disk.FillUp();
-  sqlite::SqliteConnection school(path, "");
+/// On a disk of its own.
+class TinyDiskTest : public DiskTest {
+ protected:
+  void SetUp() override {
+    if (!disk_.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
+    DiskTest::SetUp();
+    std::filesystem::copy_file(path_, there_);
+  }
+
+  TinyDisk disk_{"600k"};
+  std::string there_ = disk_.Path() + "escuela.sqlite";
+};
+
+TEST_F(TinyDiskTest, FullIsTheNumberedErrorAlsoWhenTheSchoolIsOpened) {
+  disk_.FillUp();
+  sqlite::SqliteConnection school(there_, "");
   try {
     school.Open();
     ADD_FAILURE() << "a log beside the school has no room";
   } catch (const RuntimeError& error) {
     EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed));
-    EXPECT_THAT(error.Description(), StartsWith("No se puede abrir la base de datos " + path));
-    EXPECT_THAT(error.Description(), HasSubstr("queda espacio en"));
+    EXPECT_THAT(error.Description(),
+                AllOf(StartsWith("No se puede abrir la base de datos " + there_),
+                      HasSubstr("queda espacio en")));
   }
-  EXPECT_EQ(Content(path), Content(path_));
-  disk.MakeRoom();
+  EXPECT_EQ(Content(there_), Content(path_));
+  disk_.MakeRoom();
   school.Open();
   EXPECT_EQ(Students(school), 0);
 }
 
-TEST_F(DiskTest, WritingToADiskThatCantBeWrittenIsTheNumberedError) {
-  const TinyDisk disk("2m");
-  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
-  const auto path = disk.Path() + "escuela.sqlite";
-  std::filesystem::copy_file(path_, path);
-  {
-    Opened<sqlite::SqliteConnection> school(path, "");
-    school.Execute("PRAGMA journal_mode=delete");
-  }
-  const auto before = Content(path);
-  disk.ReadOnly(true);
-  Opened<sqlite::SqliteConnection> school(path, "");
+TEST_F(TinyDiskTest, WritingToOneThatCantBeWrittenIsTheNumberedError) {
+  Opened<sqlite::SqliteConnection>(there_, "").Execute("PRAGMA journal_mode=delete");
+  const auto before = Content(there_);
+  disk_.ReadOnly(true);
+  Opened<sqlite::SqliteConnection> school(there_, "");
   EXPECT_EQ(Students(school), 0) << "it can be read";
-  EXPECT_EQ(FillUp(school, refusal_), 0);
-  EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
-  EXPECT_THAT(refusal_.Description(),
-              HasSubstr("dé permiso de escritura sobre el archivo y sobre su carpeta"));
-  EXPECT_EQ(Content(path), before);
+  EXPECT_EQ(FillUp(school), 0);
+  EXPECT_THAT(refusal_, HasSubstr("dé permiso de escritura sobre el archivo y sobre su carpeta"));
+  EXPECT_EQ(Content(there_), before);
 }
 
-TEST_F(DiskTest, ADiskThatIsPulledOutTakesNothingMore) {
-  TinyDisk disk("2m");
-  if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
-  const auto path = disk.Path() + "escuela.sqlite";
-  std::filesystem::copy_file(path_, path);
-  Opened<sqlite::SqliteConnection> school(path, "");
-  disk.PullOut();
-  EXPECT_EQ(FillUp(school, refusal_), 0);
-  EXPECT_TRUE(refusal_.Is(ErrorNumber::StatementFailed));
-  EXPECT_THAT(refusal_.Description(), StartsWith("Se ha perdido el archivo " + path + ": "));
+TEST_F(TinyDiskTest, OneThatIsPulledOutTakesNothingMore) {
+  Opened<sqlite::SqliteConnection> school(there_, "");
+  disk_.PullOut();
+  EXPECT_EQ(FillUp(school), 0);
+  EXPECT_THAT(refusal_, StartsWith("Se ha perdido el archivo " + there_ + ": "));
   EXPECT_EQ(Students(school), 0);
-  std::filesystem::copy_file(path_, path);
-  EXPECT_EQ(FillUp(school, refusal_), 0) << "another disk, or none, in its place";
+  std::filesystem::copy_file(path_, there_);
+  EXPECT_EQ(FillUp(school), 0) << "another disk, or none, in its place";
   EXPECT_THROW(school.Open(), RuntimeError);
 }
 

@@ -30,30 +30,31 @@ class ToolsTest : public testing::Test {
   void MakeDemo() {
     MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
   }
+  static Outcome Escuela(const std::string& arguments) {
+    return RunCommand(QUORVANE_ESCUELA " " + arguments);
+  }
 
   TempFolder folder_;
   std::string path_ = folder_ / "escuela.sqlite";
 };
 
 TEST_F(ToolsTest, ASchoolThatFindsNoRoomIsRefusedAndLeavesNothing) {
-  for (const std::string maker : kMakers) {
+  for (const std::string maker : kMakers)
     for (const auto bytes : {rlim_t{0}, rlim_t{4096}, rlim_t{40'960}, rlim_t{150'000}}) {
+      SCOPED_TRACE(maker + " " + std::to_string(bytes));
       const LongestFile limit(bytes);
-      const auto outcome = RunCommand(Maker(maker, path_));
-      EXPECT_EQ(outcome.status, 1) << maker << ' ' << bytes;
-      EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << maker;
-      EXPECT_EQ(folder_.Files(), 0U) << maker << ' ' << bytes;
+      EXPECT_THAT(RunCommand(Maker(maker, path_)), FieldsAre(1, HasSubstr("queda espacio en")));
+      EXPECT_EQ(folder_.Files(), 0U);
     }
-  }
 }
 
 TEST_F(ToolsTest, TheSameOnADiskThatIsFull) {
   const TinyDisk disk("200k");
   if (!disk.Mounted()) GTEST_SKIP() << "only an administrator mounts a disk";
   for (const std::string maker : kMakers) {
-    const auto outcome = RunCommand(Maker(maker, disk.Path() + "a.sqlite"));
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << maker;
+    EXPECT_THAT(RunCommand(Maker(maker, disk.Path() + "a.sqlite")),
+                FieldsAre(1, HasSubstr("queda espacio en")))
+        << maker;
     EXPECT_TRUE(std::filesystem::is_empty(disk.Path())) << maker;
   }
 }
@@ -65,18 +66,16 @@ TEST_F(ToolsTest, AFullDiskKeepsTheLocksAndTheSchoolAsTheyWere) {
   const auto path = disk.Path() + "escuela.sqlite";
   std::filesystem::copy_file(path_, path);
   disk.FillUp();
-  for (const std::string command : {QUORVANE_ESCUELA " comprobar ", QUORVANE_ESCUELA " bloqueos ",
-                                    QUORVANE_ESCUELA " bloqueos --borrar 1 "}) {
-    const auto outcome = RunCommand(command + path);
-    EXPECT_EQ(outcome.status, 1) << command;
-    EXPECT_THAT(outcome.text, HasSubstr("No se puede abrir la base de datos " + path));
-    EXPECT_THAT(outcome.text, HasSubstr("queda espacio en")) << command;
-    EXPECT_EQ(Content(path), Content(path_)) << command;
+  for (const std::string order : {"comprobar ", "bloqueos ", "bloqueos --borrar 1 "}) {
+    EXPECT_THAT(Escuela(order + path),
+                FieldsAre(1, AllOf(HasSubstr("No se puede abrir la base de datos " + path),
+                                   HasSubstr("queda espacio en"))))
+        << order;
+    EXPECT_EQ(Content(path), Content(path_)) << order;
   }
   disk.MakeRoom();
-  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path).status, 0);
-  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " bloqueos " + path).text,
-            "No hay publicaciones ni bloqueos\n");
+  EXPECT_EQ(Escuela("bloqueos --borrar 1 " + path).status, 0);
+  EXPECT_EQ(Escuela("bloqueos " + path).text, "No hay publicaciones ni bloqueos\n");
 }
 
 TEST_F(ToolsTest, AFolderWithoutPermissionIsToldByItsName) {
@@ -88,41 +87,34 @@ TEST_F(ToolsTest, AFolderWithoutPermissionIsToldByItsName) {
   for (const std::string maker : kMakers) {
     const auto outcome = RunCommand(Unprivileged(Maker(maker, path)));
     if (outcome.status > 2) GTEST_SKIP() << "another user can't start it: " << outcome.text;
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.text, "quorvane-escuela: No se puede crear " + path +
-                                ": no tiene permiso para escribir en la carpeta\n");
+    EXPECT_THAT(outcome, FieldsAre(1, "quorvane-escuela: No se puede crear " + path +
+                                          ": no tiene permiso para escribir en la carpeta\n"));
     EXPECT_TRUE(std::filesystem::is_empty(folder)) << maker;
   }
 }
 
 TEST_F(ToolsTest, ASchoolThatCantBeWrittenIsReadAndKeepsItsLocks) {
   MakeDemo();
-  {
-    Opened<sqlite::SqliteConnection> school(path_, "");
-    school.Execute("PRAGMA journal_mode=delete");
-    school.Execute("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
-  }
+  Opened<sqlite::SqliteConnection>(path_, "").ExecuteScript(
+      "PRAGMA journal_mode=delete; INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
   chmod((folder_ / "").c_str(), 0555);
   chmod(path_.c_str(), 0444);
   const auto before = Content(path_);
   const auto shown = RunCommand(Unprivileged(QUORVANE_ESCUELA " bloqueos " + path_));
   if (shown.status > 2) GTEST_SKIP() << "another user can't start it: " << shown.text;
-  EXPECT_EQ(shown.status, 0);
-  EXPECT_THAT(shown.text, StartsWith("Publicación 1"));
-  const auto removed = RunCommand(Unprivileged(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path_));
-  EXPECT_EQ(removed.status, 1);
-  EXPECT_THAT(removed.text, HasSubstr("dé permiso de escritura sobre el archivo"));
+  EXPECT_THAT(shown, FieldsAre(0, StartsWith("Publicación 1")));
+  EXPECT_THAT(RunCommand(Unprivileged(QUORVANE_ESCUELA " bloqueos --borrar 1 " + path_)),
+              FieldsAre(1, HasSubstr("dé permiso de escritura sobre el archivo")));
   const TempFolder list;
   std::ofstream(list / "p.csv") << "alumno;sección;materia;curso;evaluaciones\n"
                                    "37;3º ESO B;Música;2º ESO B;todas\n";
   chmod((list / "").c_str(), 0755);
   for (const auto& order :
        {"importar " + path_ + " " + (list / "p.csv"), "reparar --con-publicaciones " + path_,
-        "historial " + path_ + " activar"}) {
-    const auto told = RunCommand(Unprivileged(QUORVANE_ESCUELA " " + order));
-    EXPECT_EQ(told.status, 1) << order;
-    EXPECT_THAT(told.text, HasSubstr("permiso")) << order;
-  }
+        "historial " + path_ + " activar"})
+    EXPECT_THAT(RunCommand(Unprivileged(QUORVANE_ESCUELA " " + order)),
+                FieldsAre(1, HasSubstr("permiso")))
+        << order;
   EXPECT_EQ(RunCommand(Unprivileged(QUORVANE_ESCUELA " estado " + path_)).status, 0);
   EXPECT_EQ(Content(path_), before);
   EXPECT_EQ(folder_.Files(), 1U);
@@ -140,14 +132,11 @@ TEST_F(ToolsTest, ADiskThatCantBeWrittenIsToldByItsName) {
 
 TEST_F(ToolsTest, AnOutputThatFindsNoRoomIsNoSuccess) {
   MakeDemo();
-  const auto list =
-      RunCommand("{ " QUORVANE_ESCUELA " bloqueos " + path_ + " 2>&3 >/dev/full; } 3>&1");
-  EXPECT_EQ(list.status, 1);
-  EXPECT_THAT(list.text, HasSubstr("No se puede escribir la salida"));
-  const auto play =
-      RunCommand("{ echo nodo 124 | " QUORVANE_GUION " --bd " + path_ + " 2>&3 >/dev/full; } 3>&1");
-  EXPECT_EQ(play.status, 2);
-  EXPECT_THAT(play.text, HasSubstr("No se puede escribir la salida"));
+  const std::string full = " 2>&3 >/dev/full; } 3>&1";
+  EXPECT_THAT(RunCommand("{ " QUORVANE_ESCUELA " bloqueos " + path_ + full),
+              FieldsAre(1, HasSubstr("No se puede escribir la salida")));
+  EXPECT_THAT(RunCommand("{ echo nodo 124 | " QUORVANE_GUION " --bd " + path_ + full),
+              FieldsAre(2, HasSubstr("No se puede escribir la salida")));
 }
 
 TEST_F(ToolsTest, ATraceThatFindsNoRoomIsToldOnceAndDisturbsNothing) {
@@ -156,8 +145,7 @@ TEST_F(ToolsTest, ATraceThatFindsNoRoomIsToldOnceAndDisturbsNothing) {
   const auto without = RunCommand(play + QUORVANE_GUION " --bd " + path_);
   const auto with = RunCommand(play + "{ QUORVANE_TRAZA=/dev/full " QUORVANE_GUION " --bd " +
                                path_ + " 2>" + (folder_ / "errores") + "; }");
-  EXPECT_EQ(with.status, without.status);
-  EXPECT_EQ(with.text, without.text);
+  EXPECT_THAT(with, FieldsAre(without.status, without.text));
   EXPECT_EQ(
       Content(folder_ / "errores"),
       "No se puede escribir la traza /dev/full: compruebe su carpeta y que queda espacio en el "

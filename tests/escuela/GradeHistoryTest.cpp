@@ -9,23 +9,18 @@
 #include "apps/escuela/repair/SchoolRepair.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/AnySchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
-#include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
 namespace {
 
+using testing::Field;
+
 class GradeHistoryTest : public testing::Test {
  protected:
-  void SetUp() override {
-    school_.Sql("DELETE FROM PublicacionPte");
-    school_.Sql("DELETE FROM BloqueoPte");
-  }
-  // On a server the next test takes the same database.
-  void TearDown() override {
-    history_.Deactivate();
-    if (history_.Kept()) school_.Sql("DROP TABLE HistorialNotas");
-  }
+  void SetUp() override { school_.Rest(); }
+  void TearDown() override { school_.ForgetHistory(); }
 
   std::vector<std::string> Kept(const HistoryFilter& filter = {}) {
     std::vector<std::string> kept;
@@ -59,60 +54,51 @@ TEST_F(GradeHistoryTest, IsOffUntilItIsSwitchedOn) {
 
 TEST_F(GradeHistoryTest, KeepsEachColumnThatChangedWithTheUserWhoHeldTheSubject) {
   school_.Sql("UPDATE EvaluacionPte SET CodNota=5, CodNotaActitud=0 WHERE IDEvaluacionPte=2");
-  const auto subject = school_.Number(
-      "SELECT CodMatDet FROM AlumnoPte_MatDet WHERE "
+  school_.Sql(
+      "INSERT INTO BloqueoPte SELECT 0, 2, CodMatDet, 4, 1 FROM AlumnoPte_MatDet WHERE "
       "IDAlumnoPte_MatDet=1");
-  school_.Sql("INSERT INTO BloqueoPte VALUES (0,2," + std::to_string(subject) + ",4,1)");
   history_.Activate();
-  school_.Sql(
-      "UPDATE EvaluacionPte SET Evaluado=-1, CodNota=6, CodNotaActitud=22 WHERE "
-      "IDEvaluacionPte=2");
-  school_.Sql(
-      "UPDATE EvaluacionPte SET Evaluado=-1, CodNota=6, CodNotaActitud=22 WHERE "
-      "IDEvaluacionPte=2");
-  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1");
+  const std::string save =
+      "UPDATE EvaluacionPte SET Evaluado=-1, CodNota=6, CodNotaActitud=22 WHERE IDEvaluacionPte=2;";
+  school_.Sql(save + save + "UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1");
   const std::string user = "usuario 4 (Ortega García, Javier)";
-  const auto all = history_.Read({});
-  ASSERT_EQ(all.size(), 3U);
-  EXPECT_EQ(all[0].column, "Nota");
-  EXPECT_EQ(all[0].before, Text(5));
-  EXPECT_EQ(all[0].after, Text(6));
-  EXPECT_EQ(all[0].user, user);
-  EXPECT_EQ(all[0].student, "Domínguez Álvarez, Marina");
-  EXPECT_EQ(all[0].subject, "Matemáticas (2º ESO A)");
-  EXPECT_EQ(all[0].evaluation, "2ª Evaluación");
-  EXPECT_EQ(all[0].moment.size(), std::string("2025-03-03 12:00:00.000").size());
-  EXPECT_EQ(all[1].column, "Actitud");
-  EXPECT_EQ(all[2].user, "") << "nobody held it in the first evaluation";
-  EXPECT_EQ(all[2].after, "");
+  EXPECT_THAT(history_.Read({}),
+              ElementsAre(FieldsAre(SizeIs(std::string("2025-03-03 12:00:00.000").size()),
+                                    "Domínguez Álvarez, Marina", "Matemáticas (2º ESO A)",
+                                    "2ª Evaluación", "Nota", Text(5), Text(6), user),
+                          Field(&GradeChange::column, "Actitud"),
+                          // Nobody held it in the first evaluation.
+                          AllOf(Field(&GradeChange::user, ""), Field(&GradeChange::after, ""))));
 }
 
 TEST_F(GradeHistoryTest, NamesNobodyForNoUserAndEverybodyForOneThatTwoShare) {
-  const auto subject =
-      school_.Rows("SELECT CodMatDet FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1")[0];
-  school_.Sql("UPDATE Personal SET CodUsuario=0 WHERE CodUsuario<>4 AND IDPersonal<>1");
-  school_.Sql("UPDATE Personal SET CodUsuario=4 WHERE IDPersonal=1");
+  school_.Sql(
+      "UPDATE Personal SET CodUsuario=0 WHERE CodUsuario<>4 AND IDPersonal<>1;"
+      "UPDATE Personal SET CodUsuario=4 WHERE IDPersonal=1");
   const auto names = school_.Rows(
       "SELECT Apellido1, Apellido2, Nombre FROM Personal WHERE CodUsuario=4 ORDER BY IDPersonal");
   ASSERT_EQ(names.size(), 2U);
   history_.Activate();
-  school_.Sql("INSERT INTO BloqueoPte VALUES (0,1," + subject + ",0,1)");
-  school_.Sql("INSERT INTO BloqueoPte VALUES (0,2," + subject + ",4,1)");
-  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1");
-  school_.Sql("UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=2");
+  school_.Sql(
+      "INSERT INTO BloqueoPte SELECT 0, 1, CodMatDet, 0, 1 FROM AlumnoPte_MatDet WHERE "
+      "IDAlumnoPte_MatDet=1;"
+      "INSERT INTO BloqueoPte SELECT 0, 2, CodMatDet, 4, 1 FROM AlumnoPte_MatDet WHERE "
+      "IDAlumnoPte_MatDet=1;"
+      "UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=1;"
+      "UPDATE EvaluacionPte SET CodNota=0 WHERE IDEvaluacionPte=2");
   const auto all = history_.Read({});
   ASSERT_EQ(all.size(), 2U);
   EXPECT_EQ(all[0].user, "usuario 0");
-  const auto slash = all[1].user.find(" / ");
-  ASSERT_NE(slash, std::string::npos) << all[1].user;
+  EXPECT_THAT(all[1].user, HasSubstr(" / "));
   for (const auto& name : names)
     EXPECT_THAT(all[1].user, HasSubstr(name.substr(0, name.find('|'))));
 }
 
 TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
   history_.Activate();
-  school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,5,0,2,0)");
-  school_.Sql("DELETE FROM EvaluacionActaPte WHERE IDEvaluacionActaPte=9001");
+  school_.Sql(
+      "INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,5,0,2,0);"
+      "DELETE FROM EvaluacionActaPte WHERE IDEvaluacionActaPte=9001");
   EXPECT_THAT(Kept(),
               ElementsAre("Alta:>:", "Nota:>" + Text(5) + ":", "Medidas:>Adaptación curricular:",
                           "Baja:>:", "Nota:" + Text(5) + ">:", "Medidas:Adaptación curricular>:"));
@@ -120,32 +106,29 @@ TEST_F(GradeHistoryTest, TellsRowsThatComeAndGoAndFinals) {
 
 TEST_F(GradeHistoryTest, TellsWhoseGradesWereWhenTheirSubjectHasGoneFirst) {
   history_.Activate();
-  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
-  const auto grades = " FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=1";
-  ASSERT_GT(school_.Number(std::string("SELECT COUNT(*)") + grades), 0);
-  school_.Sql("DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1");
-  school_.Sql(std::string("DELETE") + grades);
-  const auto all = history_.Read({});
-  ASSERT_GT(all.size(), 1U);
-  for (const auto& change : all) {
-    EXPECT_EQ(change.student, "Domínguez Álvarez, Marina");
-    EXPECT_EQ(change.subject, "Matemáticas (2º ESO A)");
-  }
+  const std::string grades = "FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=1";
+  ASSERT_GT(school_.Number("SELECT COUNT(*) " + grades), 0);
+  school_.Sql(
+      "UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3;"
+      "DELETE FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1; DELETE " +
+      grades);
+  EXPECT_THAT(history_.Read({}),
+              AllOf(SizeIs(testing::Gt(1U)),
+                    Each(AllOf(Field(&GradeChange::student, "Domínguez Álvarez, Marina"),
+                               Field(&GradeChange::subject, "Matemáticas (2º ESO A)")))));
 }
 
 TEST_F(GradeHistoryTest, TellsWhoseGradesARepairRemoves) {
-  school_.Sql("INSERT INTO AlumnoPte_MatDet VALUES (9001,777777,1,1,0)");
-  school_.Sql("INSERT INTO EvaluacionPte VALUES (9001,9001,1,-1,5,0,0,0,0,-1)");
-  school_.Sql("INSERT INTO EvaluacionActaPte VALUES (9001,9001,4,0,5,0,0,0)");
+  school_.Sql(
+      "INSERT INTO AlumnoPte_MatDet VALUES (9001,777777,1,1,0);"
+      "INSERT INTO EvaluacionPte VALUES (9001,9001,1,-1,5,0,0,0,0,-1);"
+      "INSERT INTO EvaluacionActaPte VALUES (9001,9001,4,0,5,0,0,0)");
   history_.Activate();
-  RepairOptions options;
-  options.backedUp = true;
-  const auto report = RepairSchool(school_.Address(), options);
+  const auto report = RepairSchool(school_.Address(), {.backedUp = true});
   if (!report.copy.empty()) std::filesystem::remove(report.copy);
   EXPECT_EQ(report.removed, 3U);
-  const auto all = history_.Read({});
-  ASSERT_EQ(all.size(), 4U);
-  for (const auto& change : all) EXPECT_EQ(change.student, "alumno 777777");
+  EXPECT_THAT(history_.Read({}),
+              AllOf(SizeIs(4), Each(Field(&GradeChange::student, "alumno 777777"))));
 }
 
 TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
@@ -153,12 +136,10 @@ TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
       "DROP TRIGGER Historial_EvaluacionPte_UPDATE",
       "DROP TABLE HistorialNotas",
   };
-  if (OnServer()) {
-    spoilings[0] += " ON EvaluacionPte";
-    spoilings.emplace_back(
-        "ALTER TABLE EvaluacionPte DISABLE TRIGGER Historial_EvaluacionPte_UPDATE");
-    spoilings.emplace_back("ALTER FUNCTION Historial_EvaluacionPte_UPDATE() RESET ALL");
-  }
+  if (OnServer())
+    spoilings = {spoilings[0] + " ON EvaluacionPte", spoilings[1],
+                 "ALTER TABLE EvaluacionPte DISABLE TRIGGER Historial_EvaluacionPte_UPDATE",
+                 "ALTER FUNCTION Historial_EvaluacionPte_UPDATE() RESET ALL"};
   auto grade = 6;
   for (const auto& spoiling : spoilings) {
     history_.Activate();
@@ -176,10 +157,9 @@ TEST_F(GradeHistoryTest, IsMadeWholeAgainWhenAPieceIsMissing) {
 TEST_F(GradeHistoryTest, AnotherProgramsTriggerOfThatNameIsMadeAnew) {
   if (OnServer()) GTEST_SKIP() << "there a trigger's rights tell who made it";
   history_.Activate();
-  school_.Sql("DROP TRIGGER Historial_EvaluacionPte_UPDATE");
   school_.Sql(
-      "CREATE TRIGGER Historial_EvaluacionPte_UPDATE AFTER UPDATE ON EvaluacionPte BEGIN SELECT 1; "
-      "END");
+      "DROP TRIGGER Historial_EvaluacionPte_UPDATE; CREATE TRIGGER Historial_EvaluacionPte_UPDATE "
+      "AFTER UPDATE ON EvaluacionPte BEGIN SELECT 1; END");
   EXPECT_FALSE(history_.Active());
   history_.Activate();
   EXPECT_TRUE(history_.Active());
@@ -211,8 +191,7 @@ TEST_F(GradeHistoryTest, IsGivenTheColumnsThatItsTableLacks) {
   school_.Sql(save);
   EXPECT_EQ(Kept().size(), 2U);
   history_.Deactivate();
-  school_.Sql("DROP TABLE HistorialNotas");
-  school_.Sql("CREATE TABLE HistorialNotas (Momento varchar(32))");
+  school_.Sql("DROP TABLE HistorialNotas; CREATE TABLE HistorialNotas (Momento varchar(32))");
   try {
     history_.Activate();
     ADD_FAILURE() << "made of a table without its key";
@@ -228,12 +207,11 @@ TEST_F(GradeHistoryTest, FiltersByWhatIsAskedFor) {
   HistoryFilter filter;
   filter.student = 29;
   EXPECT_EQ(static_cast<int>(Kept(filter).size()),
-            school_.Number("SELECT COUNT(*) FROM HistorialNotas WHERE CodAlumno=29"));
+            school_.Count("HistorialNotas WHERE CodAlumno=29"));
   EXPECT_LT(Kept(filter).size(), all);
   filter.evaluation = 2;
   EXPECT_EQ(static_cast<int>(Kept(filter).size()),
-            school_.Number("SELECT COUNT(*) FROM HistorialNotas WHERE CodAlumno=29 AND "
-                           "CodNumEvaluacion=2"));
+            school_.Count("HistorialNotas WHERE CodAlumno=29 AND CodNumEvaluacion=2"));
   EXPECT_GT(Kept(filter).size(), 0U);
   filter = {};
   filter.user = 4;
@@ -243,16 +221,15 @@ TEST_F(GradeHistoryTest, FiltersByWhatIsAskedFor) {
   EXPECT_THAT(Kept(filter), IsEmpty());
   filter.to = {};
   filter.from = "2020-01-01";
-  EXPECT_EQ(Kept(filter).size(), all);
+  EXPECT_THAT(Kept(filter), SizeIs(all));
   filter.to = history_.Read({}).front().moment.substr(0, 10);
-  EXPECT_EQ(Kept(filter).size(), all) << "the day itself counts";
+  EXPECT_THAT(Kept(filter), SizeIs(all)) << "the day itself counts";
 }
 
 TEST_F(GradeHistoryTest, IsShortenedByDays) {
   history_.Activate();
-  school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
   school_.Sql(
-      "INSERT INTO HistorialNotas (IDHistorial, Momento, Columna) VALUES (9001,"
+      "UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3; INSERT INTO HistorialNotas (IDHistorial, Momento, Columna) VALUES (9001,"
       "'2020-01-01 10:00:00.000','CodNota')");
   EXPECT_EQ(history_.Purge("2020-01-01"), 0);
   EXPECT_EQ(history_.Purge("2020-01-02"), 1);
@@ -261,12 +238,9 @@ TEST_F(GradeHistoryTest, IsShortenedByDays) {
 
 TEST_F(GradeHistoryTest, ARowThatCantBeKeptStopsNoSaving) {
   history_.Activate();
-  if (OnServer()) {
-    school_.Sql("DROP TABLE HistorialNotas");
-  } else {
-    school_.Sql("CREATE UNIQUE INDEX Estorbo ON HistorialNotas (Columna)");
-    school_.Sql("UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=2");
-  }
+  school_.Sql(OnServer() ? "DROP TABLE HistorialNotas"
+                         : "CREATE UNIQUE INDEX Estorbo ON HistorialNotas (Columna);"
+                           "UPDATE EvaluacionPte SET CodNota=6 WHERE IDEvaluacionPte=2");
   school_.Sql("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=2");
   EXPECT_EQ(school_.Number("SELECT CodNota FROM EvaluacionPte WHERE IDEvaluacionPte=2"), 7);
 }
@@ -285,18 +259,16 @@ TEST_F(GradeHistoryTest, AWorkersOwnTablesStandInNobodysPlace) {
   const auto worker = SchoolAddress::Odbc(ServerString(school_.Path())).Open("");
   ASSERT_NE(worker->Execute("SELECT CAST(current_user AS text)").Fields(0).Text(),
             school_.Rows("SELECT CAST(current_user AS text)")[0]);
-  worker->Execute("CREATE TEMP TABLE HistorialNotas AS SELECT * FROM HistorialNotas");
-  worker->Execute("CREATE TEMP TABLE BloqueoPte AS SELECT * FROM BloqueoPte");
   worker->Execute(
-      "INSERT INTO BloqueoPte SELECT DISTINCT 0, 3, CodMatDet, 4, 1 FROM AlumnoPte_MatDet");
-  for (const std::string table : {"HistorialNotas", "BloqueoPte"})
-    worker->Execute("GRANT ALL ON " + table + " TO PUBLIC");
+      "CREATE TEMP TABLE HistorialNotas AS SELECT * FROM HistorialNotas;"
+      "CREATE TEMP TABLE BloqueoPte AS SELECT * FROM BloqueoPte;"
+      "INSERT INTO BloqueoPte SELECT DISTINCT 0, 3, CodMatDet, 4, 1 FROM AlumnoPte_MatDet;"
+      "GRANT ALL ON HistorialNotas TO PUBLIC; GRANT ALL ON BloqueoPte TO PUBLIC");
   worker->Execute("UPDATE EvaluacionPte SET CodNota=7 WHERE IDEvaluacionPte=3");
   EXPECT_EQ(worker->Execute("SELECT COUNT(*) FROM HistorialNotas").Fields(0).Long(), 0);
   worker->Execute("DROP TABLE HistorialNotas");
-  const auto kept = history_.Read({});
-  ASSERT_EQ(kept.size(), 1U);
-  EXPECT_EQ(kept[0].user, "") << "the lock is one that he has made up";
+  EXPECT_THAT(history_.Read({}), ElementsAre(Field(&GradeChange::user, "")))
+      << "the lock is one that he has made up";
   worker->Execute("CREATE TEMP TABLE Falsa AS SELECT * FROM EvaluacionPte WHERE 1=0");
   EXPECT_THROW(worker->Execute("CREATE TRIGGER Falso AFTER INSERT ON Falsa FOR EACH ROW EXECUTE "
                                "FUNCTION Historial_EvaluacionPte_INSERT()"),
@@ -305,7 +277,7 @@ TEST_F(GradeHistoryTest, AWorkersOwnTablesStandInNobodysPlace) {
 
 TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
   const auto run = [&](const std::string& rest) {
-    return RunCommand(QUORVANE_ESCUELA " historial " + school_.Argument() + " " + rest);
+    return Escuela("historial " + school_.Argument() + " " + rest);
   };
   EXPECT_THAT(run("ver").text, HasSubstr("no se ha activado nunca"));
   EXPECT_EQ(run("activar").text, "Historial activado\n");
@@ -330,8 +302,7 @@ TEST_F(GradeHistoryTest, TheProgramSwitchesShowsAndShortens) {
   EXPECT_FALSE(history_.Active());
   EXPECT_THAT(run("activar --usuario 4").text, HasSubstr("«activar» no admite --usuario"));
   EXPECT_EQ(run("ver --desde 29/02/2024").status, 0);
-  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Argument()).text.find("Historial"),
-            std::string::npos);
+  EXPECT_THAT(Escuela("comprobar " + school_.Argument()).text, Not(HasSubstr("Historial")));
 }
 
 TEST(HistoryTriggersTest, EveryEngineWatchesTheSameColumnsOfTheSameTables) {

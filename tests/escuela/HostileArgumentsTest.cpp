@@ -1,17 +1,14 @@
 // Arguments, standard streams and paths that nobody means well by.
 
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
-#include <string>
 #include <sys/stat.h>
-#include <unistd.h>
-#include <vector>
 
 #include "tests/escuela/Orders.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/HelpText.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
@@ -20,11 +17,13 @@
 namespace quorvane::test {
 namespace {
 
-constexpr auto kSchoolTool = QUORVANE_ESCUELA " ";
-constexpr auto kScriptTool = QUORVANE_GUION " ";
+constexpr auto kLost = "No se puede escribir la salida";
 
 /// What waits for anything is a failure of its own.
 Outcome RunBriefly(const std::string& command) { return RunCommand("timeout 20 " + command); }
+Outcome Tool(const std::string& arguments) { return RunBriefly(QUORVANE_ESCUELA " " + arguments); }
+Outcome Player(const std::string& arguments) { return RunBriefly(QUORVANE_GUION " " + arguments); }
+Outcome InShell(const std::string& script) { return RunBriefly("sh -c '" + script + "'"); }
 
 /// What a help names at the beginnings of its lines.
 std::set<std::string> NamedBy(const std::string& help) {
@@ -44,13 +43,22 @@ std::set<std::string> NamedBy(const std::string& help) {
 
 class HostileArgumentsTest : public testing::Test {
  protected:
-  [[nodiscard]] std::string InFolder(const std::string& command) const {
-    return "sh -c 'cd " + (folder_ / "") + " && " + command + "'";
+  void MakeDemo() const { ASSERT_EQ(Tool("demo " + path_).status, 0); }
+  [[nodiscard]] std::string NewList() const {
+    auto path = folder_ / "a.csv";
+    std::ofstream(path) << "alumno,sección,materia\n";
+    return path;
   }
-  void MakeDemo() const { ASSERT_EQ(RunBriefly(kSchoolTool + ("demo " + path_)).status, 0); }
+  /// One that nobody reads.
+  [[nodiscard]] std::string NewPipe() const {
+    auto path = folder_ / "tuberia";
+    EXPECT_EQ(mkfifo(path.c_str(), 0600), 0);
+    return path;
+  }
 
   TempFolder folder_;
   std::string path_ = folder_ / "escuela.sqlite";
+  std::string play_ = QUORVANE_GUION " --bd " + path_ + " ";
 };
 
 /// Whether a word of the list of orders stands for a number.
@@ -79,18 +87,16 @@ TEST_F(HostileArgumentsTest, EveryNumberOfEveryOrderIsPlainDecimalOrRefused) {
           words.erase(words.begin() + static_cast<std::ptrdiff_t>(at));
         }
         const auto refused = RunBriefly(QUORVANE_ESCUELA + ForShell(words) + " </dev/null");
-        EXPECT_THAT(refused.status, testing::AnyOf(2, orName ? 1 : 2))
-            << ForShell(words) << refused.text;
-        EXPECT_TRUE(orName || refused.text.find(name) != std::string::npos) << refused.text;
-        EXPECT_THAT(refused.text, Not(HasSubstr("Could"))) << ForShell(words);
+        EXPECT_THAT(refused, FieldsAre(testing::AnyOf(2, orName ? 1 : 2), Not(HasSubstr("Could"))))
+            << ForShell(words);
+        EXPECT_THAT(refused.text, HasSubstr(orName ? "" : name)) << ForShell(words);
       }
     }
   EXPECT_EQ(Content(path_), before);
   EXPECT_EQ(folder_.Files(), 1U);
   std::size_t numbers = 0;
   for (auto& [order, names] : tried) {
-    EXPECT_THAT(NumbersTold(RunBriefly(kSchoolTool + (order + " --help")).text),
-                testing::IsSubsetOf(names))
+    EXPECT_THAT(NumbersTold(Tool(order + " --help").text), testing::IsSubsetOf(names))
         << "the list of orders gives no number to one of these";
     numbers += names.size();
   }
@@ -99,15 +105,14 @@ TEST_F(HostileArgumentsTest, EveryNumberOfEveryOrderIsPlainDecimalOrRefused) {
 
 TEST_F(HostileArgumentsTest, EveryNumberOfAPlayIsPlainDecimalOrRefused) {
   MakeDemo();
-  const auto names = NumbersTold(RunBriefly(kScriptTool + std::string("--help")).text);
+  const auto names = NumbersTold(Player("--help").text);
   EXPECT_GE(names.size(), 3U);
   for (const auto& name : names)
     for (const std::string value : kNoPlainNumbers) {
       const auto* const joint = value.size() % 2 == 0 ? " " : "=";
-      const auto refused = RunBriefly(kScriptTool + ("--bd " + path_) + " " + name + joint +
-                                      Quoted(value) + " </dev/null");
-      EXPECT_EQ(refused.status, 2) << name << joint << value;
-      EXPECT_THAT(refused.text, AllOf(HasSubstr(name), Not(HasSubstr("Could")))) << value;
+      EXPECT_THAT(RunBriefly(play_ + name + joint + Quoted(value) + " </dev/null"),
+                  FieldsAre(2, AllOf(HasSubstr(name), Not(HasSubstr("Could")))))
+          << name << joint << value;
     }
 }
 
@@ -115,28 +120,27 @@ TEST_F(HostileArgumentsTest, AConnectionStringInAFilesPlaceIsNotRepeated) {
   const std::vector<std::string> strings = {
       "Driver=PostgreSQL Unicode;Server=a;UID=b;PWD=secreto", "PWD={secr;eto}",
       "Server=a;Password=secreto", "DSN=a;KeystoreSecret=secreto", "UID=a;sslpassword=secreto"};
-  const std::string tool = kSchoolTool;
+  const std::string tool = QUORVANE_ESCUELA " ";
+  const std::string player = QUORVANE_GUION " ";
   std::size_t turn = 0;
   for (const auto& command :
        {tool + "crear ", tool + "demo ", tool + "comprobar ", tool + "bloqueos ",
         tool + "generar --alumnos 1 --semilla 1 ", tool + "copiar /no/hay ", tool + "copiar ",
-        tool + "nada ", tool + "crear x ", kScriptTool + std::string("--bd "),
-        kScriptTool + std::string("--odbc DSN=a x "),
-        kScriptTool + std::string("--bd /dev/null --entrada ")})
+        tool + "nada ", tool + "crear x ", player + "--bd ", player + "--odbc DSN=a x ",
+        player + "--bd /dev/null --entrada "})
     for (auto i = 0; i < 2; ++i) {
       const auto& string = strings[turn++ % strings.size()];
-      const auto refused = RunBriefly(InFolder(command + "\"" + string + "\" </dev/null"));
-      EXPECT_NE(refused.status, 0) << command << string;
-      EXPECT_THAT(refused.text, AllOf(Not(HasSubstr("secr")), Not(HasSubstr("eto}")))) << command;
+      EXPECT_THAT(
+          InShell("cd " + (folder_ / "") + " && " + command + "\"" + string + "\" </dev/null"),
+          FieldsAre(testing::Ne(0), AllOf(Not(HasSubstr("secr")), Not(HasSubstr("eto}")))))
+          << command << string;
     }
-  EXPECT_THAT(RunBriefly(kSchoolTool + std::string("crear 'DSN=a;PWD=b'")).text,
-              HasSubstr("--odbc"));
+  EXPECT_THAT(Tool("crear 'DSN=a;PWD=b'").text, HasSubstr("--odbc"));
 }
 
 TEST_F(HostileArgumentsTest, AConnectionStringInPlaceOfAnyWordIsNotRepeated) {
   MakeDemo();
-  const auto csv = folder_ / "a.csv";
-  std::ofstream(csv) << "alumno,sección,materia\n";
+  const auto csv = NewList();
   const std::vector<std::string> strings = {"Server=a;UID=b;PWD=secreto",
                                             "DSN=nadie;PW\"D=secreto",
                                             "PW D=secreto",
@@ -155,12 +159,10 @@ TEST_F(HostileArgumentsTest, AConnectionStringInPlaceOfAnyWordIsNotRepeated) {
       EXPECT_THAT(told.text, Not(HasSubstr("secreto"))) << ForShell(words);
     }
   for (const auto& place : {"historial " + path_ + " ", "importar " + path_ + " ",
-                            "informe " + path_ + " --todas --salida "}) {
-    const auto refused = RunBriefly(kSchoolTool + place + Quoted(strings.front()));
-    EXPECT_EQ(refused.status, 2) << place;
-    EXPECT_THAT(refused.text, HasSubstr("désela a --odbc")) << place;
-  }
-  EXPECT_THAT(RunBriefly(kScriptTool + ("--bd " + path_) + " . " + Quoted(strings[1])).text,
+                            "informe " + path_ + " --todas --salida "})
+    EXPECT_THAT(Tool(place + Quoted(strings.front())), FieldsAre(2, HasSubstr("désela a --odbc")))
+        << place;
+  EXPECT_THAT(RunBriefly(play_ + ". " + Quoted(strings[1])).text,
               AllOf(HasSubstr("No se esperaba"), Not(HasSubstr("secreto"))));
 }
 
@@ -172,9 +174,9 @@ TEST_F(HostileArgumentsTest, TheListOfOrdersIsWhole) {
     auto& words = listed[order.front()];
     words.insert(order.begin() + 1, order.end());
   }
-  EXPECT_EQ(NamedBy(RunBriefly(kSchoolTool + std::string("--help")).text), orders);
+  EXPECT_EQ(NamedBy(Tool("--help").text), orders);
   for (const auto& [order, words] : listed) {
-    const auto named = NamedBy(RunBriefly(kSchoolTool + (order + " --help")).text);
+    const auto named = NamedBy(Tool(order + " --help").text);
     EXPECT_TRUE(order == "copiar" || named.contains("--odbc")) << order;
     for (const auto& word : named)
       EXPECT_TRUE(word == "--odbc" || words.contains(word)) << order << " " << word;
@@ -183,54 +185,42 @@ TEST_F(HostileArgumentsTest, TheListOfOrdersIsWhole) {
 
 TEST_F(HostileArgumentsTest, AStringTooLongForTheDriversManagerIsRefused) {
   for (const std::string beginning : {"Driver=", "DSN=", "Driver=SQLite3;Database=",
-                                      "Driver=PostgreSQL Unicode;Server=127.0.0.1;"
-                                      "Port=1;UID=",
-                                      ""})
-    for (const auto length : {1'100, 40'000, 120'000}) {
-      const auto refused = RunBriefly(kSchoolTool + ("comprobar --odbc '" + beginning) +
-                                      std::string(static_cast<std::size_t>(length), 'x') + "=1'");
-      EXPECT_EQ(refused.status, 1) << beginning << length;
-      EXPECT_THAT(refused.text, HasSubstr("demasiado larga")) << beginning;
-      EXPECT_LT(refused.text.size(), 400U);
-    }
+                                      "Driver=PostgreSQL Unicode;Server=127.0.0.1;Port=1;UID=", ""})
+    for (const auto length : {1'100U, 40'000U, 120'000U})
+      EXPECT_THAT(Tool("comprobar --odbc '" + beginning + std::string(length, 'x') + "=1'"),
+                  FieldsAre(1, AllOf(HasSubstr("demasiado larga"), SizeIs(testing::Lt(400U)))))
+          << beginning << length;
 }
 
 TEST_F(HostileArgumentsTest, WhatCantBeToldIsNotDone) {
   MakeDemo();
-  const auto csv = folder_ / "a.csv";
-  std::ofstream(csv) << "alumno,sección,materia\n";
+  const auto csv = NewList();
   const auto before = Content(path_);
   for (const std::string to : {">/dev/full", ">&-", "1</dev/null"}) {
     for (const auto& order : AllOrders()) {
       const auto command = ForShell(WithPaths(order, path_, path_ + "2", csv));
-      const auto refused = RunBriefly("sh -c \"" + (kSchoolTool + command) + " " + to + "\"");
-      EXPECT_EQ(refused.status, 1) << command << to;
-      EXPECT_THAT(refused.text, HasSubstr("No se puede escribir la salida")) << command << to;
+      EXPECT_THAT(RunBriefly("sh -c \"" QUORVANE_ESCUELA " " + command + " " + to + "\""),
+                  FieldsAre(1, HasSubstr(kLost)))
+          << command << to;
     }
-    const auto refused = RunBriefly("sh -c 'echo sql \\\"DELETE FROM Alumno\\\" | " +
-                                    (kScriptTool + ("--bd " + path_)) + " " + to + "'");
-    EXPECT_EQ(refused.status, 2) << to;
-    EXPECT_THAT(refused.text, HasSubstr("No se puede escribir la salida")) << to;
+    EXPECT_THAT(InShell("echo sql \\\"DELETE FROM Alumno\\\" | " + play_ + to),
+                FieldsAre(2, HasSubstr(kLost)))
+        << to;
   }
   EXPECT_EQ(Content(path_), before);
   EXPECT_EQ(folder_.Files(), 2U);
 }
 
 TEST_F(HostileArgumentsTest, WhatFindsNoRoomAtItsEndIsNoSuccess) {
-  const auto told = RunBriefly("sh -c 'trap \"\" XFSZ; ulimit -f 0; " +
-                               (kSchoolTool + ("crear --help >" + folder_ / "salida")) + "'");
-  EXPECT_EQ(told.status, 1) << told.text;
-  EXPECT_THAT(told.text, HasSubstr("no se puede escribir la salida"));
+  EXPECT_THAT(InShell("trap \"\" XFSZ; ulimit -f 0; " QUORVANE_ESCUELA " crear --help >" +
+                      (folder_ / "salida")),
+              FieldsAre(1, HasSubstr("no se puede escribir la salida")));
 }
 
 TEST_F(HostileArgumentsTest, AScriptThatCantBeReadIsNoEmptyScript) {
   MakeDemo();
-  for (const std::string from : {"<&-", "</", "</proc/self/mem", "/proc/self/mem"}) {
-    const auto refused =
-        RunBriefly("sh -c '" + (kScriptTool + ("--bd " + path_)) + " " + from + "'");
-    EXPECT_EQ(refused.status, 2) << from;
-    EXPECT_THAT(refused.text, HasSubstr("o se puede leer")) << from;
-  }
+  for (const std::string from : {"<&-", "</", "</proc/self/mem", "/proc/self/mem"})
+    EXPECT_THAT(InShell(play_ + from), FieldsAre(2, HasSubstr("o se puede leer"))) << from;
 }
 
 TEST_F(HostileArgumentsTest, AScriptPlaysWholeOrNotWhereMemoryRunsOut) {
@@ -241,8 +231,7 @@ TEST_F(HostileArgumentsTest, AScriptPlaysWholeOrNotWhereMemoryRunsOut) {
   const auto script = folder_ / "guion";
   std::ofstream(script) << "sql \"CREATE TABLE Jugado (a)\"\nsql \"" << std::string(60'000'000, 'a')
                         << "\"\n";
-  const auto refused = RunBriefly("sh -c 'ulimit -v 190000; " + (kScriptTool + ("--bd " + path_)) +
-                                  " " + script + "'");
+  const auto refused = InShell("ulimit -v 190000; " + play_ + script);
   std::filesystem::remove(script);
   EXPECT_EQ(refused.status, 2) << refused.text.substr(0, 300);
   EXPECT_THAT(Content(path_), Not(HasSubstr("Jugado")));
@@ -252,24 +241,20 @@ TEST_F(HostileArgumentsTest, APathIsAPath) {
   for (const std::string name :
        {"file:zz", ":memory:", "file:zz?mode=memory", "-x", "a b", "\xFF", "%41", "a?b#c"}) {
     const auto at = name.starts_with('-') ? "-- " + Quoted(name) : Quoted(name);
-    EXPECT_EQ(
-        RunBriefly("sh -c \"cd " + (folder_ / "") + " && " + kSchoolTool + "crear " + at + "\"")
-            .status,
-        0)
-        << name;
-    EXPECT_TRUE(std::filesystem::exists(folder_ / name)) << name;
-    EXPECT_EQ(
-        RunBriefly("sh -c \"cd " + (folder_ / "") + " && " + kSchoolTool + "comprobar " + at + "\"")
-            .status,
-        0)
-        << name;
+    for (const std::string order : {"crear ", "comprobar "}) {
+      EXPECT_EQ(RunBriefly("sh -c \"cd " + (folder_ / "") + " && " QUORVANE_ESCUELA " " + order +
+                           at + "\"")
+                    .status,
+                0)
+          << order << name;
+      EXPECT_TRUE(std::filesystem::exists(folder_ / name)) << order << name;
+    }
   }
   EXPECT_EQ(folder_.Files(), 8U);
 }
 
 TEST_F(HostileArgumentsTest, APathThatCantBeTakenIsNamedAsItWasGiven) {
-  const auto pipe = folder_ / "tuberia";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const auto pipe = NewPipe();
   const auto longName = folder_ / std::string(250, 'n');
   auto deep = folder_ / "";
   while (deep.size() < 900) deep += std::string(99, 'd') + "/";
@@ -281,11 +266,11 @@ TEST_F(HostileArgumentsTest, APathThatCantBeTakenIsNamedAsItWasGiven) {
     for (const std::string command :
          {"crear ", "comprobar ", "bloqueos ", "copiar /dev/zero ", "usuarios ", "reparar ",
           "estado ", "informe --todas --salida /no/hay "}) {
-      const auto refused = RunBriefly(kSchoolTool + command + path);
-      const auto named = command.starts_with("copiar") ? std::string("/dev/zero") : path;
-      EXPECT_EQ(refused.status, 1) << command << path << refused.text;
-      EXPECT_THAT(refused.text, HasSubstr(named + ": ")) << command;
-      EXPECT_THAT(refused.text, AllOf(Not(HasSubstr("parcial")), Not(HasSubstr("file:"))));
+      const auto named = command.starts_with("copiar") ? "/dev/zero" : path;
+      EXPECT_THAT(Tool(command + path),
+                  FieldsAre(1, AllOf(HasSubstr(named + ": "), Not(HasSubstr("parcial")),
+                                     Not(HasSubstr("file:")))))
+          << command << path;
     }
   EXPECT_EQ(folder_.Files(), 2U);
 }
@@ -297,48 +282,38 @@ TEST_F(HostileArgumentsTest, ASchoolIsItsOwnersAloneAndIsToldWhereItIsnt) {
     return status.st_mode & 0777U;
   };
   for (const std::string mask : {"0", "022", "0777"}) {
-    const auto make = [&](const std::string& command) {
-      EXPECT_EQ(RunBriefly("sh -c 'umask " + mask + "; " + (kSchoolTool + command) + "'").status,
-                0);
-    };
-    make("demo " + path_ + mask);
-    make("copiar " + path_ + mask + " " + path_ + mask + "b");
+    const auto copy = path_ + mask + "b";
+    for (const auto& order : {"demo " + path_ + mask, "copiar " + path_ + mask + " " + copy})
+      EXPECT_EQ(InShell("umask " + mask + "; " QUORVANE_ESCUELA " " + order).status, 0);
     EXPECT_EQ(mode(path_ + mask), 0600U) << mask;
-    EXPECT_EQ(mode(path_ + mask + "b"), 0600U) << mask;
+    EXPECT_EQ(mode(copy), 0600U) << mask;
   }
-  EXPECT_EQ(RunBriefly(kSchoolTool + ("comprobar " + path_) + "0").status, 0);
+  EXPECT_EQ(Tool("comprobar " + path_ + "0").status, 0);
   const auto trace = folder_ / "traza";
-  RunBriefly("sh -c 'umask 0; echo nodo 123 | QUORVANE_TRAZA=" + trace + " " +
-             (kScriptTool + ("--bd " + path_)) + "0'");
+  InShell("umask 0; echo nodo 123 | QUORVANE_TRAZA=" + trace + " " QUORVANE_GUION " --bd " + path_ +
+          "0");
   EXPECT_EQ(mode(trace), 0600U);
   chmod((path_ + "0").c_str(), 0644);
-  const auto told = RunBriefly(kSchoolTool + ("comprobar " + path_) + "0");
-  EXPECT_EQ(told.status, 1);
-  EXPECT_THAT(told.text, HasSubstr("puede leer el fichero"));
+  EXPECT_THAT(Tool("comprobar " + path_ + "0"), FieldsAre(1, HasSubstr("puede leer el fichero")));
 }
 
 TEST_F(HostileArgumentsTest, ATraceStopsNoWork) {
   MakeDemo();
-  const auto pipe = folder_ / "tuberia";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const auto pipe = NewPipe();
   const auto script = folder_ / "guion";
   std::ofstream(script) << "nodo 123\ncerrar\nnodo 124\ncerrar\nnodo 123\ncerrar\n";
-  const auto play = "QUORVANE_TRAZA=$t " + (kScriptTool + ("--bd " + path_)) + " " + script;
-  const auto whole = RunBriefly("sh -c 't=; " + play + "'");
-  EXPECT_EQ(whole.status, 0);
-  const auto told = [&](const std::string& text, const std::string& why) {
+  const auto play = "QUORVANE_TRAZA=$t " + play_ + script;
+  EXPECT_EQ(InShell("t=; " + play).status, 0);
+  const auto told = [](const std::string& text, const std::string& why) {
     const std::string words = "No se puede escribir la traza";
-    const auto first = text.find(words);
-    return first != std::string::npos && text.find(words, first + 1) == std::string::npos &&
-           text.find(why, first) != std::string::npos;
+    return Occurrences(text, words) == 1 && text.find(why, text.find(words)) != std::string::npos;
   };
   const std::string unread = ": nadie la lee\n";
   // Who reads it, and is there before it is written, leaves while the script is at work.
-  const auto left =
-      RunBriefly("sh -c 'exec 3<>" + pipe + "; { head -c 1 <&3 >/dev/null; exec 3>&-; echo >" +
-                 pipe + ".fin; } & exec 3>&-; { cat " + script + "; until [ -e " + pipe +
-                 ".fin ]; do sleep 0.01; done; cat " + script + "; } | QUORVANE_TRAZA=" + pipe +
-                 " " + (kScriptTool + ("--bd " + path_)) + "'");
+  const auto left = InShell("exec 3<>" + pipe + "; { head -c 1 <&3 >/dev/null; exec 3>&-; echo >" +
+                            pipe + ".fin; } & exec 3>&-; { cat " + script + "; until [ -e " + pipe +
+                            ".fin ]; do sleep 0.01; done; cat " + script +
+                            "; } | QUORVANE_TRAZA=" + pipe + " " + play_);
   EXPECT_EQ(left.status, 0);
   EXPECT_TRUE(told(left.text, unread)) << left.text.substr(0, 500);
   // Nobody reads it, who has it open or not; the disk is full; there is no such folder.
@@ -349,9 +324,8 @@ TEST_F(HostileArgumentsTest, ATraceStopsNoWork) {
                                                         {full, unread},
                                                         {"t=/dev/full; ", "espacio en el disco"},
                                                         {"t=/no/hay; ", "espacio en el disco"}}) {
-    const auto ended = RunBriefly("sh -c '" + shell + play + "'");
-    EXPECT_EQ(ended.status, 0) << shell;
-    EXPECT_THAT(ended.text, HasSubstr("vuelve 123\n"));
+    const auto ended = InShell(shell + play);
+    EXPECT_THAT(ended, FieldsAre(0, HasSubstr("vuelve 123\n"))) << shell;
     EXPECT_TRUE(told(ended.text, why)) << shell << ended.text.substr(0, 500);
   }
 }

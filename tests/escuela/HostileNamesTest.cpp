@@ -5,7 +5,6 @@
 #include <sstream>
 #include <string>
 
-#include "apps/escuela/DemoSchool.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/VisibleText.h"
 #include "tests/escuela/OpenSchool.h"
@@ -39,18 +38,18 @@ class HostileNamesTest : public testing::Test {
     for (const auto& table : SchoolTables())
       for (const auto& column : table.columns)
         if (column.kind == SchemaKind::Text)
-          school_.Db().Execute("UPDATE " + table.name + " SET " + column.name + "=" + kHostileSql);
+          school_.Sql("UPDATE " + table.name + " SET " + column.name + "=" + kHostileSql);
   }
   static Outcome Run(const std::string& program, const std::string& arguments) {
     return RunCommand("timeout 20 " + program + " " + arguments);
   }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
   TempFolder folder_;
 };
 
 TEST_F(HostileNamesTest, NoCommandPrintsThemAsTheyAre) {
-  school_.Db().Execute("CREATE TABLE [a\x1B[2J\nPublicaci\xC3\xB3n 9: falsa] (b)");
+  school_.Sql("CREATE TABLE [a\x1B[2J\nPublicaci\xC3\xB3n 9: falsa] (b)");
   for (const auto& arguments :
        {"bloqueos " + school_.Path(), "comprobar " + school_.Path(),
         "copiar " + school_.Path() + " " + folder_ / "copia",
@@ -63,12 +62,12 @@ TEST_F(HostileNamesTest, NoCommandPrintsThemAsTheyAre) {
 }
 
 TEST_F(HostileNamesTest, NoOrderPrintsThemAsTheyAre) {
-  school_.Db().Execute(
+  school_.Sql(
       "UPDATE AlumnoPte_MatDet SET CodMatDet=99999 WHERE IDAlumnoPte_MatDet=(SELECT "
       "MIN(IDAlumnoPte_MatDet) FROM AlumnoPte_MatDet)");
   const auto school = folder_ / kHostile;
   // The copy is of the file alone.
-  school_.Db().Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+  school_.Sql("PRAGMA wal_checkpoint(TRUNCATE)");
   std::filesystem::copy_file(school_.Path(), school);
   const auto csv = folder_ / "a.csv";
   std::ofstream(csv) << "alumno,seccion,materia,curso,evaluaciones\n\"" << kHostile << "\",\""

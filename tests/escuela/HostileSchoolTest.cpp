@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/FieldValues.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/SchoolCheck.h"
@@ -13,9 +12,9 @@
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/AllScreens.h"
 #include "tests/support/Matchers.h"
-#include "tests/support/Opened.h"
 #include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
@@ -27,7 +26,7 @@ bool IsNumber(const SchemaColumn& column) {
 
 class HostileSchoolTest : public testing::Test {
  protected:
-  void Change(const std::string& statement) { school_.Db().Execute(statement); }
+  void Change(const std::string& statements) { school_.Sql(statements); }
   [[nodiscard]] std::vector<std::string> Structure() {
     return SchoolCheck(school_.Db()).Structure(SchoolCheck::For::Module);
   }
@@ -36,13 +35,11 @@ class HostileSchoolTest : public testing::Test {
   void Loosen(const SchemaTable& table) {
     std::string columns;
     for (const auto& column : table.columns) columns += (columns.empty() ? "" : ",") + column.name;
-    Change("CREATE TABLE Suelta (" + columns + ")");
-    Change("INSERT INTO Suelta SELECT * FROM " + table.name);
-    Change("DROP TABLE " + table.name);
-    Change("ALTER TABLE Suelta RENAME TO " + table.name);
+    Change("CREATE TABLE Suelta (" + columns + "); INSERT INTO Suelta SELECT * FROM " + table.name +
+           "; DROP TABLE " + table.name + "; ALTER TABLE Suelta RENAME TO " + table.name);
   }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
 };
 
 TEST_F(HostileSchoolTest, AllScreensOpenOnTheSampleSchool) {
@@ -93,12 +90,11 @@ TEST_F(HostileSchoolTest, AKeyTooLargeForTheScreenThatReadsItIsFound) {
         "Seccion.IDSeccion=32768", "MateriaDetalles.CodSeccion=32768", "Personal.IDPersonal=32768",
         "Usuario.IDUsuario=32768", "Usuario.CodPerfil=32768"}) {
     const auto table = key.substr(0, key.find('.'));
-    const auto column = key.substr(table.size() + 1, key.find('=') - table.size() - 1);
-    school_.Db().Execute("BEGIN");
-    Change("UPDATE " + table + " SET " + key.substr(table.size() + 1) +
+    Change("BEGIN; UPDATE " + table + " SET " + key.substr(table.size() + 1) +
            " WHERE rowid=(SELECT MAX(rowid) FROM " + table + ")");
-    EXPECT_THAT(BadValues(school_.Db()), ElementsAre(HasSubstr(table + "." + column + ": 1 fila")));
-    school_.Db().Execute("ROLLBACK");
+    EXPECT_THAT(BadValues(school_.Db()),
+                ElementsAre(HasSubstr(key.substr(0, key.find('=')) + ": 1 fila")));
+    Change("ROLLBACK");
   }
 }
 
@@ -115,7 +111,7 @@ TEST_F(HostileSchoolTest, OnWhatPassesAllScreensOpen) {
       if (IsNumber(column) && column.kind != SchemaKind::Key)
         settings += (settings.empty() ? "" : ",") + column.name + "=" + value;
     if (settings.empty()) continue;
-    OpenSchool school([](Connection& made) { DemoSchool(made).Build(); });
+    OpenSchool school;
     school.Db().Execute("UPDATE " + table.name + " SET " + settings + row);
     const auto findings = SchoolCheck(school.Db()).Rows();
     const auto error = ScreenError(school.Path());
@@ -147,15 +143,10 @@ TEST_F(HostileSchoolTest, AKeyBehindWhichThereIsNoOtherIsFound) {
   EXPECT_THAT(Rows(), Contains(HasSubstr("Última clave en PublicacionPte")));
 }
 
-// A school need not have them, and yet they are read.
-void MakeOwnTables(Connection& school) {
-  UserPasswords(school).Set(3, "alcachofas azules");
-  for (const auto& statement : HistoryTableSql(EngineReached(school), ""))
-    school.Execute(statement);
-}
-
 TEST_F(HostileSchoolTest, AViewInTheTablesPlaceIsNoSchoolAndNobodyReadsIt) {
-  MakeOwnTables(school_.Db());
+  // A school need not have these two, and yet they are read.
+  UserPasswords(school_.Db()).Set(3, "alcachofas azules");
+  for (const auto& statement : HistoryTableSql(EngineReached(school_.Db()), "")) Change(statement);
   std::vector<std::string> tables = {"ClaveUsuario", "HistorialNotas"};
   for (const auto& table : SchoolTables()) tables.push_back(table.name);
   for (const auto& table : tables) {
@@ -163,16 +154,14 @@ TEST_F(HostileSchoolTest, AViewInTheTablesPlaceIsNoSchoolAndNobodyReadsIt) {
     for (const auto& name :
          school_.FirstColumn("SELECT name FROM pragma_table_info('" + table + "')"))
       columns += (columns.empty() ? "i AS " : ",i AS ") + name;
-    Change("ALTER TABLE " + table + " RENAME TO Guardada");
     // It has no end: to look at its first row by any order takes for ever.
-    Change("CREATE VIEW " + table +
+    Change("ALTER TABLE " + table + " RENAME TO Guardada; CREATE VIEW " + table +
            " AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) SELECT " + columns +
            " FROM n");
     EXPECT_THAT(Structure(), ElementsAre("La tabla " + table + " no es una tabla, sino una vista"));
     for (const auto driver : {false, true})
       EXPECT_THAT(AllScreens(school_.Path(), driver), HasSubstr("sino una vista\n"));
-    Change("DROP VIEW " + table);
-    Change("ALTER TABLE Guardada RENAME TO " + table);
+    Change("DROP VIEW " + table + "; ALTER TABLE Guardada RENAME TO " + table);
   }
   EXPECT_THAT(Structure(), IsEmpty());
 }
@@ -187,14 +176,13 @@ TEST_F(HostileSchoolTest, NoOrderReadsAViewInThePlaceOfAnOwnTable) {
           "historial F purgar --antes 2030-01-01", "reparar F"}) {
       auto arguments = order;
       arguments.replace(arguments.find('F'), 1, school_.Path());
-      const auto done = RunCommand("timeout 20 " QUORVANE_ESCUELA " " + arguments);
-      EXPECT_EQ(done.status, 1) << order;
-      EXPECT_THAT(done.text, HasSubstr("sino una vista")) << order;
+      EXPECT_THAT(RunCommand("timeout 20 " QUORVANE_ESCUELA " " + arguments),
+                  FieldsAre(1, HasSubstr("sino una vista")))
+          << order;
     }
-    const auto byDriver = "--odbc 'Driver=SQLite3;Database=" + school_.Path() + "' /dev/null";
-    const auto played = RunCommand("timeout 20 " QUORVANE_GUION " " + byDriver);
-    EXPECT_EQ(played.status, 2);
-    EXPECT_THAT(played.text, HasSubstr("sino una vista"));
+    EXPECT_THAT(RunCommand("timeout 20 " QUORVANE_GUION " --odbc 'Driver=SQLite3;Database=" +
+                           school_.Path() + "' /dev/null"),
+                FieldsAre(2, HasSubstr("sino una vista")));
     Change("DROP VIEW " + table);
   }
 }
@@ -202,21 +190,22 @@ TEST_F(HostileSchoolTest, NoOrderReadsAViewInThePlaceOfAnOwnTable) {
 TEST_F(HostileSchoolTest, AnOwnTableThatRefusesWhatIsWrittenIsFound) {
   Change("CREATE VIRTUAL TABLE HistorialNotas USING fts5(Momento)");
   EXPECT_THAT(Structure(), ElementsAre("La tabla HistorialNotas no es una tabla, sino una vista"));
-  Change("DROP TABLE HistorialNotas");
-  Change("CREATE TABLE ClaveUsuario (IDUsuario INTEGER, Clave TEXT AS ('x'))");
+  Change(
+      "DROP TABLE HistorialNotas;"
+      "CREATE TABLE ClaveUsuario (IDUsuario INTEGER, Clave TEXT AS ('x'))");
   EXPECT_THAT(Structure(), ElementsAre("La columna Clave de la tabla ClaveUsuario es calculada, y "
                                        "no se puede escribir en ella"));
 }
 
 TEST_F(HostileSchoolTest, AVirtualTableIsNoneEither) {
-  Change("DROP TABLE Curso");
-  Change("CREATE VIRTUAL TABLE Curso USING fts5(IDCurso)");
+  Change("DROP TABLE Curso; CREATE VIRTUAL TABLE Curso USING fts5(IDCurso)");
   EXPECT_THAT(Structure(), ElementsAre("La tabla Curso no es una tabla, sino una vista"));
 }
 
 TEST_F(HostileSchoolTest, AColumnThatRefusesWhatIsWrittenIsFound) {
-  Change("DROP TABLE Profesor_Pte");
-  Change("CREATE TABLE Profesor_Pte (CodProfesor INTEGER, CodMatDet INTEGER AS (CodProfesor+1))");
+  Change(
+      "DROP TABLE Profesor_Pte; CREATE TABLE Profesor_Pte (CodProfesor INTEGER, "
+      "CodMatDet INTEGER AS (CodProfesor+1))");
   EXPECT_THAT(Structure(), ElementsAre("La columna CodMatDet de la tabla Profesor_Pte es "
                                        "calculada, y no se puede escribir en ella"));
 }
@@ -231,10 +220,9 @@ TEST_F(HostileSchoolTest, DamagedPagesAreFound) {
   file.seekp(std::streamoff{page} * (root - 1) + 8);
   file << std::string(64, '\x7F');
   file.close();
-  const auto check = RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Path());
-  EXPECT_EQ(check.status, 1);
-  EXPECT_THAT(check.text, AnyOf(HasSubstr("dañado"), HasSubstr("malformed")));
-  EXPECT_THAT(check.text, Not(HasSubstr("\nApta")));
+  EXPECT_THAT(Escuela("comprobar " + school_.Path()),
+              FieldsAre(1, AllOf(testing::AnyOf(HasSubstr("dañado"), HasSubstr("malformed")),
+                                 Not(HasSubstr("\nApta")))));
 }
 
 TEST_F(HostileSchoolTest, StatementsOfAnyDepthAreRefusedByTheirNumber) {
@@ -247,7 +235,7 @@ TEST_F(HostileSchoolTest, StatementsOfAnyDepthAreRefusedByTheirNumber) {
         "SELECT 1 " + std::string(300'000, '+') + "'a'",
         "SELECT 1 WHERE " + std::string(300'000, '[')})
     try {
-      school_.Db().Execute(statement);
+      school_.Sql(statement);
       ADD_FAILURE() << statement.substr(0, 40);
     } catch (const RuntimeError& error) {
       EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed));

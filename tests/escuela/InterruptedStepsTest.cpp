@@ -1,19 +1,19 @@
 // A tool that is told to end at a chosen call of the system, and once more while it ends.
 
-#include <csignal>
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <optional>
-#include <string>
+#include <sys/ptrace.h>
 #include <sys/syscall.h>
+#include <sys/uio.h>
 #include <sys/wait.h>
-#include <vector>
 
 #include "apps/escuela/SchoolAddress.h"
 #include "apps/escuela/UserPasswords.h"
-#include "tests/escuela/ToolInSteps.h"
-#include "tests/support/RunCommand.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -31,6 +31,98 @@ const std::vector<long> kRemove = {__NR_unlinkat};
 #endif
 const std::vector<long> kWrite = {__NR_write, __NR_writev};
 
+/// A tool that runs from one of its calls of the system to the next that is asked for, so that a
+/// signal reaches it there and nowhere else. Killed with the object where it hasn't ended.
+class ToolInSteps {
+ public:
+  /// Whether this machine lets a process follow another's calls: some containers don't.
+  static bool IsAllowed() {
+    ToolInSteps tool({"/bin/true"});
+    __ptrace_syscall_info call{};
+    return tool.Step(0) && ptrace(PTRACE_GET_SYSCALL_INFO, tool.process_, sizeof(call), &call) > 0;
+  }
+
+  /// The program and its arguments. It stands before its first call.
+  explicit ToolInSteps(const std::vector<std::string>& arguments)
+      : process_(StartQuietly(arguments, [] {
+          if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(126);
+          std::raise(SIGSTOP);
+        })) {
+    Wait();
+    if (!ended_)
+      ptrace(PTRACE_SETOPTIONS, process_, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
+  }
+  ~ToolInSteps() {
+    if (ended_) return;
+    kill(process_, SIGKILL);
+    Wait();
+  }
+  ToolInSteps(ToolInSteps&&) = delete;
+
+  /// Goes on to where it is about to make one of these calls, by their numbers (`__NR_...`); with
+  /// `path`, to one that is given a path with that part. False when it has ended before.
+  bool RunTo(const std::vector<long>& calls, const std::string& path = {}) {
+    while (!ended_ && Step(pending_)) {
+      constexpr auto kCallStop = SIGTRAP | 0x80;
+      const auto stop = WSTOPSIG(status_);
+      // The program's own beginning looks like a signal.
+      pending_ = stop == kCallStop || stop == SIGTRAP ? 0 : stop;
+      if (stop != kCallStop) continue;
+      __ptrace_syscall_info call{};
+      ptrace(PTRACE_GET_SYSCALL_INFO, process_, sizeof(call), &call);
+      if (call.op != PTRACE_SYSCALL_INFO_ENTRY) continue;
+      const auto number = static_cast<long>(call.entry.nr);
+      if (std::find(calls.begin(), calls.end(), number) == calls.end()) continue;
+      if (path.empty() || TextAt(call.entry.args[0]).find(path) != std::string::npos ||
+          TextAt(call.entry.args[1]).find(path) != std::string::npos)
+        return true;
+    }
+    return false;
+  }
+  /// Sends a signal, and lets its handler end.
+  void Interrupt(int number) {
+    kill(process_, number);
+    RunTo({__NR_rt_sigreturn});
+  }
+  /// Lets it run to its end; the status as of `waitpid`.
+  int Finish() {
+    if (!ended_) {
+      ptrace(PTRACE_DETACH, process_, nullptr, pending_);
+      Wait();
+    }
+    return status_;
+  }
+
+ private:
+  void Wait() {
+    waitpid(process_, &status_, 0);
+    ended_ = !WIFSTOPPED(status_);
+  }
+  bool Step(int signal) {
+    ptrace(PTRACE_SYSCALL, process_, nullptr, signal);
+    Wait();
+    return !ended_;
+  }
+  [[nodiscard]] std::string TextAt(unsigned long address) const {
+    std::string text;
+    std::array<char, 1> letter{};
+    const iovec here{letter.data(), letter.size()};
+    // A byte at a time: what follows the text may not be there.
+    for (constexpr std::size_t kMost = 4096; text.size() < kMost; ++address) {
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): it is the other process's.
+      const iovec there{reinterpret_cast<void*>(address), letter.size()};
+      if (process_vm_readv(process_, &here, 1, &there, 1, 0) != 1 || letter[0] == '\0') break;
+      text += letter[0];
+    }
+    return text;
+  }
+
+  pid_t process_;
+  int status_ = 0;
+  bool ended_ = false;
+  int pending_ = 0;  ///< a signal that it stopped at, and hasn't had yet
+};
+
 /// Where a signal comes, and whether what was asked for is done then.
 struct Stage {
   const char* name;
@@ -43,7 +135,7 @@ struct Stage {
 class InterruptedStepsTest : public testing::Test {
  protected:
   InterruptedStepsTest() {
-    EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " demo " + from_).status, 0);
+    EXPECT_EQ(Escuela("demo " + from_).status, 0);
     UserPasswords(*SchoolAddress::File(from_).Open("")).Set(2, "alcachofas con jamón");
     fs::create_directory(work_);
   }

@@ -2,53 +2,19 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <string>
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
-#include <vector>
 
 #include "apps/escuela/SchoolAddress.h"
-#include "tests/escuela/ToolInSteps.h"
-#include "tests/support/Matchers.h"
-#include "tests/support/RunCommand.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
-
-/// The tool with these arguments, as a process of its own.
-pid_t Start(std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), QUORVANE_ESCUELA);
-  std::vector<char*> pointers;
-  for (auto& argument : arguments) pointers.push_back(argument.data());
-  pointers.push_back(nullptr);
-  const auto process = fork();
-  if (process != 0) return process;
-  for (const auto number : kEndingSignals) std::signal(number, SIG_DFL);
-  const auto nowhere = open("/dev/null", O_RDWR);
-  dup2(nowhere, STDOUT_FILENO);
-  dup2(nowhere, STDERR_FILENO);
-  execv(QUORVANE_ESCUELA, pointers.data());
-  _exit(127);
-}
-
-/// The size of the file that is being written in a folder; -1 while there is none.
-std::intmax_t PartialSize(const std::string& folder) {
-  std::error_code error;
-  std::intmax_t size = -1;
-  for (const auto& file : std::filesystem::directory_iterator(folder, error))
-    if (file.path().filename().string().starts_with(".parcial-")) {
-      const auto bytes = std::filesystem::file_size(file.path(), error);
-      if (!error) size = std::max(size, static_cast<std::intmax_t>(bytes));
-    }
-  return size;
-}
 
 /// Until no signal that was sent to it waits: two of one kind that wait are one.
 void AwaitDelivery(pid_t process) {
@@ -65,28 +31,34 @@ void AwaitDelivery(pid_t process) {
 }
 
 /// How many reports of that folder are whole.
-std::size_t WholeReports(const std::string& folder) {
+std::ptrdiff_t WholeReports(const std::string& folder) {
   std::error_code error;
-  std::size_t count = 0;
-  for (const auto& file : std::filesystem::directory_iterator(folder, error))
-    if (file.path().extension() == ".html") ++count;
-  return count;
+  return std::count_if(std::filesystem::directory_iterator(folder, error), {},
+                       [](const auto& file) { return file.path().extension() == ".html"; });
 }
 
 class InterruptionTest : public testing::Test {
  protected:
-  /// Sends the signals one after the other once so much is written, or all is.
-  int StopAt(const std::vector<std::string>& arguments, std::intmax_t size,
-             const std::vector<int>& signals) {
-    return StopOnce(arguments, signals, [&] { return PartialSize(folder_ / "") >= size; });
+  /// That so much is written.
+  [[nodiscard]] std::function<bool()> Written(std::uintmax_t size) const {
+    return [this, size] {
+      std::error_code error;
+      for (const auto& file : std::filesystem::directory_iterator(folder_ / "", error))
+        if (file.path().filename().string().starts_with(".parcial-")) {
+          const auto bytes = std::filesystem::file_size(file.path(), error);
+          if (!error && bytes >= size) return true;
+        }
+      return false;
+    };
   }
 
   /// Sends the signals one after the other once that is so, or all is done. While it is asked
   /// whether it still is, the tool stands: a signal that comes when the work is over, and the tool
   /// ends, would kill it beside a whole school.
-  int StopOnce(const std::vector<std::string>& arguments, const std::vector<int>& signals,
+  int StopOnce(std::vector<std::string> arguments, const std::vector<int>& signals,
                const std::function<bool()>& come) {
-    const auto process = Start(arguments);
+    arguments.insert(arguments.begin(), QUORVANE_ESCUELA);
+    const auto process = StartQuietly(arguments);
     auto status = 0;
     while (waitpid(process, &status, WNOHANG) != process) {
       if (!come()) {
@@ -134,7 +106,7 @@ class InterruptionTest : public testing::Test {
 
 TEST_F(InterruptionTest, EverySignalAtEveryStageLeavesNothing) {
   const auto from = origin_ / "origen.sqlite";
-  ASSERT_EQ(RunCommand(QUORVANE_ESCUELA " generar --alumnos 300 --semilla 1 " + from).status, 0);
+  ASSERT_EQ(Escuela("generar --alumnos 300 --semilla 1 " + from).status, 0);
   const std::vector<std::vector<std::string>> commands = {
       {"generar", "--alumnos", "300", "--semilla", "1", path_},
       {"copiar", from, path_},
@@ -144,9 +116,9 @@ TEST_F(InterruptionTest, EverySignalAtEveryStageLeavesNothing) {
     auto stopped = false;
     for (auto round = 0; round < kMostRounds && !stopped; ++round)
       for (const auto number : kEndingSignals)
-        for (const auto size : {std::intmax_t{0}, std::intmax_t{1}, std::intmax_t{100'000}}) {
+        for (const auto size : {0U, 1U, 100'000U}) {
           SCOPED_TRACE(command.front() + " " + strsignal(number) + " " + std::to_string(size));
-          ExpectAllOrNothing(StopAt(command, size, {number}), number, stopped);
+          ExpectAllOrNothing(StopOnce(command, {number}, Written(size)), number, stopped);
         }
     EXPECT_TRUE(stopped) << command.front();
   }
@@ -156,16 +128,16 @@ TEST_F(InterruptionTest, ASecondSignalLeavesNothingEither) {
   auto stopped = false;
   for (auto round = 0; round < kMostRounds && !stopped; ++round)
     for (const auto number : kEndingSignals)
-      ExpectAllOrNothing(
-          StopAt({"generar", "--alumnos", "300", "--semilla", "1", path_}, 0, {number, number}),
-          number, stopped, true);
+      ExpectAllOrNothing(StopOnce({"generar", "--alumnos", "300", "--semilla", "1", path_},
+                                  {number, number}, Written(0)),
+                         number, stopped, true);
   EXPECT_TRUE(stopped);
 }
 
 // What changes a school leaves it, and the folder, as they were, or has done all of it.
 TEST_F(InterruptionTest, WhatChangesASchoolOrTellsOfItIsWholeOrUndone) {
   const auto from = origin_ / "origen.sqlite";
-  ASSERT_EQ(RunCommand(QUORVANE_ESCUELA " demo " + from).status, 0);
+  ASSERT_EQ(Escuela("demo " + from).status, 0);
   const auto list = origin_ / "registro.csv";
   std::ofstream(list) << "alumno;sección;materia;curso;evaluaciones;profesor\n"
                          "32;3º ESO A;Matemáticas;2º ESO B;todas;\n"
@@ -180,16 +152,13 @@ TEST_F(InterruptionTest, WhatChangesASchoolOrTellsOfItIsWholeOrUndone) {
   const auto content = [this] {
     std::string text;
     const auto school = SchoolAddress::File(path_).Open("");
-    for (const auto* const table : {"AlumnoPte_MatDet", "EvaluacionPte", "Seccion_AlumnoPte"})
-      for (auto rows = school->Execute(std::string("SELECT COUNT(*) FROM ") + table); !rows.Eof();
-           rows.MoveNext())
-        text += rows.Fields(0).Text() + " ";
+    for (const std::string table : {"AlumnoPte_MatDet", "EvaluacionPte", "Seccion_AlumnoPte"})
+      text += school->Execute("SELECT COUNT(*) FROM " + table).Fields(0).Text() + " ";
     return text;
   };
   const auto reports = folder_ / "informes/de/hoy";
   const auto whole = origin_ / "informes";
-  ASSERT_EQ(RunCommand(QUORVANE_ESCUELA " informe " + from + " --todas --salida " + whole).status,
-            0);
+  ASSERT_EQ(Escuela("informe " + from + " --todas --salida " + whole).status, 0);
   const auto all = WholeReports(whole);
   struct Order {
     std::string school;
@@ -198,8 +167,8 @@ TEST_F(InterruptionTest, WhatChangesASchoolOrTellsOfItIsWholeOrUndone) {
     std::size_t files;  ///< that it adds
   };
   const std::vector<Order> orders = {
-      {broken, {"reparar", path_}, [&] { return PartialSize(folder_ / "") >= 0; }, 1},
-      {broken, {"reparar", path_}, [&] { return PartialSize(folder_ / "") >= 50'000; }, 1},
+      {broken, {"reparar", path_}, Written(0), 1},
+      {broken, {"reparar", path_}, Written(50'000), 1},
       {from, {"importar", path_, list}, [&] { return std::filesystem::exists(path_ + "-shm"); }, 0},
       {from,
        {"informe", path_, "--todas", "--salida", reports},

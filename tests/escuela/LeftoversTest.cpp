@@ -2,13 +2,12 @@
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/Leftovers.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
@@ -22,21 +21,16 @@ using Entry = PublicationNotes::Entry;
 constexpr std::int32_t kUser = 2;  // who has publication 1 in the sample school
 constexpr std::int64_t kThen = 1'700'000'000;
 
-/// Does that in a program of its own, which dies behind it.
-void InAnotherProgram(const std::function<void()>& work) {
-  const auto child = fork();
-  if (child == 0) {
-    work();
-    _exit(0);
-  }
-  waitpid(child, nullptr, 0);
-}
-
 class LeftoversTest : public testing::Test {
  protected:
   /// A program that has noted these and is gone.
   void Dead(const std::vector<Entry>& entries) {
-    InAnotherProgram([&] { notes_.WriteOwn(entries); });
+    const auto child = fork();
+    if (child == 0) {
+      notes_.WriteOwn(entries);
+      _exit(0);
+    }
+    waitpid(child, nullptr, 0);
   }
   /// Puts another text in the place of one in the notes.
   void Forge(const std::string& was, const std::string& becomes) {
@@ -62,7 +56,7 @@ class LeftoversTest : public testing::Test {
   }
   [[nodiscard]] std::size_t Remove() { return leftovers_.RemoveGone(kUser, leftovers_.Of(kUser)); }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
   PublicationNotes notes_ = PublicationNotes::Beside(school_.Path());
   Leftovers leftovers_{school_.Db(), notes_};
   const Entry entry_{1, kUser, kThen};
@@ -82,11 +76,10 @@ TEST_F(LeftoversTest, WhatADeadProgramHasNotedGoesWithItsLocksAndItsNote) {
   EXPECT_EQ(left[0].holder, Holder::Gone);
   EXPECT_EQ(left[0].since, kThen);
   EXPECT_EQ(left[0].computer, ComputerName());
-  EXPECT_EQ(left[0].publication.subjects.size(), 2U);
+  EXPECT_THAT(left[0].publication.subjects, SizeIs(2));
   EXPECT_EQ(Remove(), 1U);
-  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM PublicacionPte"), 0);
-  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM BloqueoPte"), 0);
-  EXPECT_TRUE(NoteFiles().empty());
+  EXPECT_EQ(school_.Count("PublicacionPte") + school_.Count("BloqueoPte"), 0);
+  EXPECT_THAT(NoteFiles(), IsEmpty());
 }
 
 TEST_F(LeftoversTest, WhatALivingProgramHasNotedStays) {
@@ -121,8 +114,8 @@ TEST_F(LeftoversTest, WhoReachesTheSchoolByALinkOrAnotherPathIsSeenToo) {
 TEST_F(LeftoversTest, AProcessNumberThatIsGivenAgainIsAnotherProgram) {
   notes_.WriteOwn({entry_});
   const auto own = ProcessMark::Own();
-  Forge("proceso " + std::to_string(own.process) + " " + std::to_string(own.start),
-        "proceso " + std::to_string(own.process) + " " + std::to_string(own.start - 1));
+  const auto process = "proceso " + std::to_string(own.process) + " ";
+  Forge(process + std::to_string(own.start), process + std::to_string(own.start - 1));
   EXPECT_EQ(HolderNow(), Holder::Gone);
 }
 
@@ -155,7 +148,7 @@ TEST_F(LeftoversTest, AnothersNoteOrOneThatMakesNoSenseSaysNothing) {
 TEST_F(LeftoversTest, WhatHasChangedSinceItWasSeenStays) {
   Dead({entry_});
   const auto seen = leftovers_.Of(kUser);
-  school_.Db().Execute("DELETE FROM BloqueoPte WHERE CodPublicacion=1");
+  school_.Sql("DELETE FROM BloqueoPte WHERE CodPublicacion=1");
   EXPECT_EQ(leftovers_.RemoveGone(kUser, seen), 0U);
   EXPECT_EQ(HolderNow(), Holder::Gone);
 }
@@ -173,8 +166,8 @@ TEST_F(LeftoversTest, NotesWithoutAPublicationAreTidiedAway) {
 // Its number may be given to anybody next.
 TEST_F(LeftoversTest, WhatIsRemovedByHandIsStruckOut) {
   Dead({entry_, {9, kUser, kThen}});
-  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " bloqueos " + school_.Path() + " --borrar 1").status, 0);
-  school_.Db().Execute("INSERT INTO PublicacionPte VALUES (1,0,2,4,2)");
+  EXPECT_EQ(Escuela("bloqueos " + school_.Path() + " --borrar 1").status, 0);
+  school_.Sql("INSERT INTO PublicacionPte VALUES (1,0,2,4,2)");
   EXPECT_EQ(HolderNow(), Holder::NoteLess);
   EXPECT_EQ(NoteFiles().size(), 1U) << "what else it says stands";
 }

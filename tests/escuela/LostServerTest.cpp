@@ -9,9 +9,9 @@
 #include "apps/escuela/history/GradeHistory.h"
 #include "frame/schema/SchoolSchema.h"
 #include "tests/escuela/AnySchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/servidor/Proxied.h"
 #include "tests/support/Matchers.h"
-#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -49,8 +49,7 @@ class LostServerTest : public testing::Test {
 
   /// What the orders find: something to mend, and nobody at work.
   static void Prepare(const AnySchool& school, bool history) {
-    school.Sql("DELETE FROM BloqueoPte");
-    school.Sql("DELETE FROM PublicacionPte");
+    school.Rest();
     school.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
     if (!history) return;
     GradeHistory(school.Db()).Activate();
@@ -59,8 +58,8 @@ class LostServerTest : public testing::Test {
 
   [[nodiscard]] Outcome Run(const AnySchool& school, const std::string& order,
                             const std::string& rest) const {
-    return RunCommand(QUORVANE_ESCUELA " " + order + " --odbc '" +
-                      StringThrough(*proxy_, OwnerString(school.Path())) + "' " + rest);
+    return Escuela("" + order + " --odbc '" + StringThrough(*proxy_, OwnerString(school.Path())) +
+                   "' " + rest);
   }
 
   /// How often it speaks to the server when nothing fails, and what is there afterwards.
@@ -69,10 +68,9 @@ class LostServerTest : public testing::Test {
     const AnySchool school;
     Prepare(school, history);
     const auto before = proxy_->Bursts();
-    const auto outcome = Run(school, order, rest);
-    EXPECT_EQ(outcome.status, 0) << outcome.text;
+    EXPECT_EQ(Run(school, order, rest).status, 0);
     auto after = Everything(school);
-    Forget(school);
+    school.ForgetHistory();
     return {proxy_->Bursts() - before, after};
   }
 
@@ -90,37 +88,28 @@ class LostServerTest : public testing::Test {
       proxy_->Fail(TcpProxy::Fault::Reset, Moment::NextRequest, passed);
       const auto lost = Run(school, order, rest);
       EXPECT_TRUE(proxy_->HasFailed());
-      EXPECT_EQ(lost.status, 1) << lost.text;
       // The last that a writer says is that it shall be kept.
       const auto unsure = writes && passed == bursts - 1;
-      EXPECT_THAT(lost.text,
-                  unsure ? testing::Matcher<std::string>(HasSubstr(": No se sabe si se ha escrito"))
-                         : AnyOf(HasSubstr(": No se puede conectar con la base de datos: "),
-                                 HasSubstr(": Se ha perdido la conexión con la base de datos, y "
-                                           "no se ha cambiado nada. Compruebe la red")));
+      EXPECT_THAT(
+          lost,
+          FieldsAre(
+              1, unsure ? testing::Matcher<std::string>(HasSubstr(": No se sabe si se ha escrito"))
+                        : AnyOf(HasSubstr(": No se puede conectar con la base de datos: "),
+                                HasSubstr(": Se ha perdido la conexión con la base de datos, y "
+                                          "no se ha cambiado nada. Compruebe la red"))));
       EXPECT_EQ(Everything(school), before);
       EXPECT_FALSE(std::filesystem::exists(out_));
       EXPECT_EQ(folder_.Files(), 1U) << "no part of a report";
     }
-    if (writes) LoseTheAnswer(school, order, rest, bursts, after);
-    Forget(school);
-  }
-
-  /// Done, but the answer to that doesn't come.
-  void LoseTheAnswer(const AnySchool& school, const std::string& order, const std::string& rest,
-                     std::size_t bursts, const std::string& after) {
-    proxy_->Fail(TcpProxy::Fault::Reset, Moment::NextAnswer, bursts - 1);
-    const auto lost = Run(school, order, rest);
-    EXPECT_EQ(lost.status, 1) << lost.text;
-    EXPECT_THAT(lost.text,
-                HasSubstr(": No se sabe si se ha escrito, porque la conexión se perdió"));
-    EXPECT_EQ(Everything(school), after) << "all or nothing";
-  }
-
-  /// The next test takes the same database.
-  static void Forget(const AnySchool& school) {
-    GradeHistory(school.Db()).Deactivate();
-    school.Sql("DROP TABLE IF EXISTS HistorialNotas");
+    // Done, but the answer to that doesn't come.
+    if (writes) {
+      proxy_->Fail(TcpProxy::Fault::Reset, Moment::NextAnswer, bursts - 1);
+      EXPECT_THAT(Run(school, order, rest),
+                  FieldsAre(1, HasSubstr(": No se sabe si se ha escrito, porque la conexión se "
+                                         "perdió")));
+      EXPECT_EQ(Everything(school), after) << "all or nothing";
+    }
+    school.ForgetHistory();
   }
 
   TempFolder folder_;

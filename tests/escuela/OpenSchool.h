@@ -1,31 +1,37 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
+#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolFile.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 
-/// A school in a file of its own with what `fill` writes, open, that goes with the object.
+/// The sample school in a file of its own, open, that goes with the object.
 class OpenSchool {
  public:
-  explicit OpenSchool(const std::function<void(Connection& school)>& fill) {
-    MakeSchoolFile(path_, fill);
+  OpenSchool() {
+    MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
     connection_.Open();
     // A test's school need not survive the machine.
-    connection_.Execute("PRAGMA synchronous=OFF");
+    Sql("PRAGMA synchronous=OFF");
   }
 
   [[nodiscard]] Connection& Db() noexcept { return connection_; }
   [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
+  /// Executes statements parted by semicolons, unobserved.
+  void Sql(const std::string& statements) { connection_.ExecuteScript(statements); }
+
   /// The first column of the first row.
   [[nodiscard]] int Number(const std::string& select) {
     return connection_.Execute(select).Fields(0).Long();
+  }
+  [[nodiscard]] int Count(const std::string& from) {
+    return Number("SELECT COUNT(*) FROM " + from);
   }
 
   [[nodiscard]] std::vector<std::string> FirstColumn(const std::string& select) {

@@ -1,8 +1,3 @@
-#include <fstream>
-#include <iterator>
-#include <string>
-
-#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
@@ -18,9 +13,9 @@ class SchoolCheckTest : public testing::Test {
     return SchoolCheck(school_.Db()).Structure(whom);
   }
   std::vector<std::string> Rows() { return SchoolCheck(school_.Db()).Rows(); }
-  void Change(const std::string& statement) { school_.Db().Execute(statement); }
+  void Change(const std::string& statements) { school_.Sql(statements); }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
 };
 
 TEST_F(SchoolCheckTest, AForeignDatabaseIsOneFinding) {
@@ -39,8 +34,7 @@ TEST_F(SchoolCheckTest, AFailureToReadIsAnErrorAndNoMissingTable) {
 }
 
 TEST_F(SchoolCheckTest, NamesTheMissingTablesAndColumns) {
-  Change("DROP TABLE Profesor_Pte");
-  Change("ALTER TABLE Alumno RENAME COLUMN FechaBaja TO Baja");
+  Change("DROP TABLE Profesor_Pte; ALTER TABLE Alumno RENAME COLUMN FechaBaja TO Baja");
   EXPECT_THAT(Structure(), ElementsAre("Falta la tabla Profesor_Pte",
                                        "Falta la columna FechaBaja en la tabla Alumno"));
 }
@@ -58,8 +52,9 @@ TEST_F(SchoolCheckTest, TheHostsListOfStudentsNeedsNoSectionForTheModule) {
 }
 
 TEST_F(SchoolCheckTest, ColumnsWrittenByPositionMustStandInTheirPlace) {
-  Change("DROP TABLE Profesor_Pte");
-  Change("CREATE TABLE Profesor_Pte (CodMatDet INTEGER, CodProfesor INTEGER)");
+  Change(
+      "DROP TABLE Profesor_Pte;"
+      "CREATE TABLE Profesor_Pte (CodMatDet INTEGER, CodProfesor INTEGER)");
   EXPECT_THAT(
       Structure(),
       ElementsAre(
@@ -74,27 +69,23 @@ TEST_F(SchoolCheckTest, AColumnTooManyStopsWritingByPosition) {
 }
 
 TEST_F(SchoolCheckTest, WhatTheModuleLeavesFreeIsFree) {
-  Change("ALTER TABLE Seccion_AlumnoPte RENAME COLUMN Posicion TO Lugar");
-  Change("DROP TABLE EvaluacionActaPte");
   Change(
+      "ALTER TABLE Seccion_AlumnoPte RENAME COLUMN Posicion TO Lugar;"
+      "DROP TABLE EvaluacionActaPte;"
       "CREATE TABLE evaluacionactapte (IDEvaluacionActaPte INTEGER PRIMARY KEY, "
       "CodAlumnoPte_MatDet, CodNumEvaluacion, UltimaEvaluada, RE_AC_DIV, CodNotaObservacion, "
-      "CODNOTA, Evaluado)");
-  Change("DROP TABLE PublicacionPte");
-  Change(
+      "CODNOTA, Evaluado); DROP TABLE PublicacionPte;"
       "CREATE TABLE PublicacionPte (IDPublicacionPte INTEGER PRIMARY KEY, CodSeccion, "
-      "CodPropietario, Tipo, CodNumEvaluacion)");
-  Change("ALTER TABLE Alumno ADD COLUMN Telefono TEXT");
+      "CodPropietario, Tipo, CodNumEvaluacion); ALTER TABLE Alumno ADD COLUMN Telefono TEXT");
   EXPECT_THAT(Structure(), IsEmpty());
 }
 
 TEST_F(SchoolCheckTest, CountsOrphans) {
-  Change("INSERT INTO AlumnoPte_MatDet VALUES (9001,9000,1,1,0)");
-  Change("INSERT INTO AlumnoPte_MatDet VALUES (9002,1,9000,1,0)");
-  Change("INSERT INTO EvaluacionPte VALUES (9001,9999,1,0,0,0,0,0,0,0)");
-  Change("INSERT INTO Seccion_AlumnoPte VALUES (5,9000,0,0)");
-  Change("INSERT INTO Profesor_Pte VALUES (9000,9000)");
-  Change("INSERT INTO BloqueoPte VALUES (1,1,1,1,77)");
+  Change(
+      "INSERT INTO AlumnoPte_MatDet VALUES (9001,9000,1,1,0),(9002,1,9000,1,0);"
+      "INSERT INTO EvaluacionPte VALUES (9001,9999,1,0,0,0,0,0,0,0);"
+      "INSERT INTO Seccion_AlumnoPte VALUES (5,9000,0,0);"
+      "INSERT INTO Profesor_Pte VALUES (9000,9000); INSERT INTO BloqueoPte VALUES (1,1,1,1,77)");
   EXPECT_THAT(Rows(),
               ElementsAre("Huérfanas en AlumnoPte_MatDet: 1 fila cuyo CodAlumno no está en Alumno",
                           "Huérfanas en AlumnoPte_MatDet: 1 fila cuyo CodMatDet no está en "
@@ -110,20 +101,18 @@ TEST_F(SchoolCheckTest, CountsOrphans) {
 }
 
 TEST_F(SchoolCheckTest, NobodyIsNoOrphan) {
-  Change("UPDATE Profesor_Pte SET CodProfesor=0");
-  Change("UPDATE Seccion SET CodTutor=0");
+  Change("UPDATE Profesor_Pte SET CodProfesor=0; UPDATE Seccion SET CodTutor=0");
   EXPECT_THAT(Rows(), IsEmpty());
 }
 
 TEST_F(SchoolCheckTest, CountsDoubles) {
-  const auto row = school_.Db().Execute("SELECT * FROM AlumnoPte_MatDet WHERE CodAlumno>0");
-  const auto student = row.Fields("CodAlumno").Text();
-  const auto subject = row.Fields("CodMatDet").Text();
-  Change("INSERT INTO AlumnoPte_MatDet VALUES (9001," + student + "," + subject + ",1,0)");
-  Change("INSERT INTO AlumnoPte_MatDet VALUES (9002," + student + "," + subject + ",1,0)");
-  Change("INSERT INTO EvaluacionPte VALUES (9001,1,2,0,0,0,0,0,0,0)");
-  Change("INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,0,0,0,0)");
-  Change("INSERT INTO Seccion_AlumnoPte SELECT * FROM Seccion_AlumnoPte WHERE CodSeccion=9");
+  const std::string pending =
+      ", CodAlumno, CodMatDet, 1, 0 FROM AlumnoPte_MatDet WHERE IDAlumnoPte_MatDet=1;";
+  Change("INSERT INTO AlumnoPte_MatDet SELECT 9001" + pending +
+         "INSERT INTO AlumnoPte_MatDet SELECT 9002" + pending +
+         "INSERT INTO EvaluacionPte VALUES (9001,1,2,0,0,0,0,0,0,0);"
+         "INSERT INTO EvaluacionActaPte VALUES (9001,1,4,0,0,0,0,0);"
+         "INSERT INTO Seccion_AlumnoPte SELECT * FROM Seccion_AlumnoPte WHERE CodSeccion=9");
   EXPECT_THAT(
       Rows(),
       ElementsAre(
@@ -138,16 +127,16 @@ TEST_F(SchoolCheckTest, CountsDoubles) {
 }
 
 TEST_F(SchoolCheckTest, FindsDoubledKeysWhereTheTableHasNone) {
-  Change("CREATE TABLE Copia AS SELECT * FROM Alumno");
-  Change("DROP TABLE Alumno");
-  Change("ALTER TABLE Copia RENAME TO Alumno");
-  Change("UPDATE Alumno SET IDAlumno=1 WHERE IDAlumno=2");
+  Change(
+      "CREATE TABLE Copia AS SELECT * FROM Alumno; DROP TABLE Alumno;"
+      "ALTER TABLE Copia RENAME TO Alumno; UPDATE Alumno SET IDAlumno=1 WHERE IDAlumno=2");
   EXPECT_THAT(Rows(), Contains("Dobles en Alumno: 1 valor repetido de IDAlumno"));
 }
 
 TEST_F(SchoolCheckTest, FindsGradesInTheWrongTable) {
-  Change("INSERT INTO EvaluacionPte VALUES (9001,1,4,0,0,0,0,0,0,0)");
-  Change("INSERT INTO EvaluacionActaPte VALUES (9001,1,1,0,0,0,0,0)");
+  Change(
+      "INSERT INTO EvaluacionPte VALUES (9001,1,4,0,0,0,0,0,0,0);"
+      "INSERT INTO EvaluacionActaPte VALUES (9001,1,1,0,0,0,0,0)");
   EXPECT_THAT(Rows(), ElementsAre("Fuera de lugar en EvaluacionPte: 1 fila de una evaluación final",
                                   "Fuera de lugar en EvaluacionActaPte: 1 fila de una evaluación "
                                   "ordinaria"));

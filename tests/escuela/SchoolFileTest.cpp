@@ -1,10 +1,9 @@
 #include <fstream>
-#include <sstream>
-#include <string>
 
 #include "apps/escuela/SchoolFile.h"
 #include "platform/RuntimeError.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -21,54 +20,48 @@ std::string ErrorOf(const std::string& path, const std::function<void(Connection
   return "no error";
 }
 
-TEST(SchoolFileTest, MakesTheFileAndLeavesNothingBesideIt) {
+class SchoolFileTest : public testing::Test {
+ protected:
   const TempFolder folder;
-  EXPECT_EQ(ErrorOf(folder / "a.sqlite", kNothing), "no error");
+  const std::string path = folder / "a.sqlite";
+};
+
+TEST_F(SchoolFileTest, MakesTheFileAndLeavesNothingBesideIt) {
+  EXPECT_EQ(ErrorOf(path, kNothing), "no error");
   EXPECT_EQ(folder.Files(), 1U);
 }
 
-TEST(SchoolFileTest, NeverTouchesAFileThatIsThere) {
-  const TempFolder folder;
-  const auto path = folder / "a.sqlite";
+TEST_F(SchoolFileTest, NeverTouchesAFileThatIsThere) {
   std::ofstream(path) << "de otro";
   EXPECT_EQ(ErrorOf(path, kNothing), "No se puede crear " + path + ": el archivo ya existe");
-  std::ostringstream content;
-  content << std::ifstream(path).rdbuf();
-  EXPECT_EQ(content.str(), "de otro");
+  EXPECT_EQ(Content(path), "de otro");
   EXPECT_EQ(folder.Files(), 1U);
 }
 
-TEST(SchoolFileTest, NeverTouchesAFileThatComesMeanwhile) {
-  const TempFolder folder;
-  const auto path = folder / "a.sqlite";
+TEST_F(SchoolFileTest, NeverTouchesAFileThatComesMeanwhile) {
   EXPECT_THAT(ErrorOf(path, [&](Connection&) { std::ofstream(path) << "de otro"; }),
               HasSubstr("el archivo ya existe"));
-  EXPECT_EQ(std::filesystem::file_size(path), 7U);
+  EXPECT_EQ(Content(path), "de otro");
   EXPECT_EQ(folder.Files(), 1U);
 }
 
-TEST(SchoolFileTest, ALinkToNowhereIsAFileThatIsThere) {
-  const TempFolder folder;
-  std::filesystem::create_symlink(folder / "nada", folder / "a.sqlite");
-  EXPECT_THAT(ErrorOf(folder / "a.sqlite", kNothing), HasSubstr("el archivo ya existe"));
+TEST_F(SchoolFileTest, ALinkToNowhereIsAFileThatIsThere) {
+  std::filesystem::create_symlink(folder / "nada", path);
+  EXPECT_THAT(ErrorOf(path, kNothing), HasSubstr("el archivo ya existe"));
 }
 
-TEST(SchoolFileTest, AFailureLeavesNothing) {
-  const TempFolder folder;
-  EXPECT_EQ(ErrorOf(folder / "a.sqlite",
-                    [](Connection& school) { school.Execute("INSERT INTO Nada VALUES (1)"); }),
-            "no such table: Nada");
+TEST_F(SchoolFileTest, AFailureLeavesNothing) {
+  EXPECT_EQ(
+      ErrorOf(path, [](Connection& school) { school.Execute("INSERT INTO Nada VALUES (1)"); }),
+      "no such table: Nada");
   EXPECT_EQ(folder.Files(), 0U);
 }
 
-TEST(SchoolFileTest, TellsThatTheFolderIsMissing) {
-  const TempFolder folder;
+TEST_F(SchoolFileTest, TellsThatTheFolderIsMissing) {
   EXPECT_THAT(ErrorOf(folder / "falta/a.sqlite", kNothing), HasSubstr("la carpeta no existe"));
 }
 
-TEST(SchoolFileTest, HalfASchoolNeverBearsTheName) {
-  const TempFolder folder;
-  const auto path = folder / "a.sqlite";
+TEST_F(SchoolFileTest, HalfASchoolNeverBearsTheName) {
   MakeSchoolFile(path, [&](Connection&) { EXPECT_FALSE(std::filesystem::exists(path)); });
   EXPECT_TRUE(std::filesystem::exists(path));
 }

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
-#include <set>
 #include <sys/stat.h>
 
 #include "apps/escuela/import/CsvText.h"
@@ -14,9 +12,10 @@
 #include "platform/RuntimeError.h"
 #include "platform/host/Application.h"
 #include "tests/escuela/AnySchool.h"
+#include "tests/escuela/ModulesStatements.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
-#include "tests/support/StatementList.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -33,13 +32,9 @@ class SchoolImportTest : public testing::Test {
   ImportReport Import(const std::string& lines, ImportOptions options = {}) {
     return ImportRegister(school_.Address(), Written(lines), options);
   }
-  std::string Refusal(const std::string& lines) {
-    try {
-      Import(lines);
-    } catch (const RuntimeError& error) {
-      return error.Description();
-    }
-    return {};
+  /// The program's, with what follows the school.
+  Outcome Importar(const std::string& rest) {
+    return Escuela("importar " + school_.Argument() + " " + rest);
   }
   std::vector<std::string> Register() {
     auto rows = school_.Rows("SELECT * FROM AlumnoPte_MatDet");
@@ -50,8 +45,7 @@ class SchoolImportTest : public testing::Test {
     return rows;
   }
   int Count(const std::string& table, int pending) {
-    return school_.Number("SELECT COUNT(*) FROM " + table +
-                          " WHERE CodAlumnoPte_MatDet=" + std::to_string(pending));
+    return school_.Count(table + " WHERE CodAlumnoPte_MatDet=" + std::to_string(pending));
   }
   int Pending(int student, int subject) {
     const auto rows =
@@ -80,17 +74,17 @@ TEST_F(SchoolImportTest, PutsStudentsSubjectsEvaluationsAndTeachersOnTheRegister
   EXPECT_EQ(Count("EvaluacionPte", all), 4);
   EXPECT_EQ(Count("EvaluacionActaPte", all), 2);
   const auto named = Pending(37, 35);
-  EXPECT_EQ(school_.Rows("SELECT CodNumEvaluacion FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=" +
-                         std::to_string(named)),
-            std::vector<std::string>{"1"});
+  EXPECT_THAT(school_.Rows("SELECT CodNumEvaluacion FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=" +
+                           std::to_string(named)),
+              ElementsAre("1"));
   EXPECT_EQ(Count("EvaluacionActaPte", named), 1);
   EXPECT_EQ(school_.Number("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=30"), 2);
   EXPECT_EQ(school_.Number("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=35"), 4);
-  EXPECT_EQ(school_.Number("SELECT Orden FROM AlumnoPte_MatDet WHERE CodAlumno=29 AND "
-                           "CodMatDet=25"),
-            school_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet WHERE CodAlumno=29"));
-  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM Seccion_AlumnoPte WHERE CodSeccion=6 AND "
-                           "CodAlumno=37"),
+  EXPECT_EQ(
+      school_.Number("SELECT Orden FROM AlumnoPte_MatDet WHERE CodAlumno=29 AND CodMatDet=25"),
+      school_.Count("AlumnoPte_MatDet WHERE CodAlumno=29"));
+  EXPECT_EQ(school_.Count("Seccion_AlumnoPte WHERE CodSeccion=6 AND "
+                          "CodAlumno=37"),
             1);
 }
 
@@ -109,12 +103,12 @@ TEST_F(SchoolImportTest, MayBeEndedBetweenTwoGesturesOfASection) {
   EXPECT_EQ(Register(), before);
   std::vector<std::size_t> told;
   std::size_t whole = 0;
-  const auto report =
-      ImportRegister(school_.Address(), lines, {}, [&](std::size_t done, std::size_t all) {
-        told.push_back(done);
-        whole = all;
-      });
-  EXPECT_TRUE(report.written) << "nothing of the first is in the way";
+  const auto note = [&](std::size_t done, std::size_t all) {
+    told.push_back(done);
+    whole = all;
+  };
+  EXPECT_TRUE(ImportRegister(school_.Address(), lines, {}, note).written)
+      << "nothing of the first is in the way";
   EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
   EXPECT_GT(told.size(), 20U) << "each gesture counts";
   EXPECT_EQ(told.front(), 0U);
@@ -135,17 +129,16 @@ TEST_F(SchoolImportTest, LeavesWhatStandsAsItIs) {
 
 TEST_F(SchoolImportTest, TakesAStudentUpWhoseSubjectStandsWithoutHim) {
   school_.Sql("DELETE FROM Seccion_AlumnoPte WHERE CodAlumno=29");
-  const auto before = school_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet");
+  const auto before = school_.Count("AlumnoPte_MatDet");
   EXPECT_TRUE(Import("29;3º ESO A;Matemáticas;2º ESO A;todas;\n").written);
-  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet"), before);
-  EXPECT_EQ(school_.Number("SELECT COUNT(*) FROM Seccion_AlumnoPte WHERE CodAlumno=29"), 1);
+  EXPECT_EQ(school_.Count("AlumnoPte_MatDet"), before);
+  EXPECT_EQ(school_.Count("Seccion_AlumnoPte WHERE CodAlumno=29"), 1);
 }
 
 TEST_F(SchoolImportTest, TellsEveryLineThatDoesNotFitAndWritesNothing) {
   school_.Sql(
       "UPDATE Alumno SET Apellido_1='Rubio', Apellido_2='Martín', Nombre='Carmen' WHERE "
-      "IDAlumno=34");
-  school_.Sql("UPDATE Alumno SET FechaBaja='2024/10/01' WHERE IDAlumno=35");
+      "IDAlumno=34; UPDATE Alumno SET FechaBaja='2024/10/01' WHERE IDAlumno=35");
   const auto before = Register();
   const auto report = Import(
       "32;3º ESO A;Matemáticas;2º ESO B;todas;\n"
@@ -186,23 +179,20 @@ TEST_F(SchoolImportTest, TellsEveryLineThatDoesNotFitAndWritesNothing) {
 TEST_F(SchoolImportTest, TellsWhomItPutsOnTheRegisterOfASecondSection) {
   school_.Sql("UPDATE Seccion_AlumnoPte SET CodSeccion=6 WHERE CodAlumno=29");
   const auto* const lines = "29;3º ESO A;Música;2º ESO A;todas;\n";
-  const auto simulated = RunCommand(QUORVANE_ESCUELA " importar --simular " + school_.Argument() +
-                                    " " + Written(lines));
-  EXPECT_THAT(simulated.text, HasSubstr("quorvane-escuela: aviso: Línea 2: "));
+  EXPECT_THAT(Importar("--simular " + Written(lines)).text,
+              HasSubstr("quorvane-escuela: aviso: Línea 2: "));
   const auto report = Import(lines);
   EXPECT_TRUE(report.written);
-  ASSERT_EQ(report.warnings.size(), 1U);
-  EXPECT_THAT(report.warnings[0],
-              HasSubstr(" (3º ESO A) está ya en el registro de 3º ESO B, y queda en los dos"));
+  EXPECT_THAT(
+      report.warnings,
+      ElementsAre(HasSubstr(" (3º ESO A) está ya en el registro de 3º ESO B, y queda en los dos")));
   EXPECT_THAT(Import(lines).warnings, IsEmpty()) << "he stands on both";
 }
 
 TEST_F(SchoolImportTest, ImportsWhatFitsWhenTold) {
-  ImportOptions options;
-  options.whatFits = true;
   const auto report =
       Import("9999;3º ESO A;Matemáticas;2º ESO A;todas;\n32;3º ESO A;Matemáticas;2º ESO B;todas;\n",
-             options);
+             {.whatFits = true});
   EXPECT_EQ(report.misfits.size(), 1U);
   EXPECT_TRUE(report.written);
   EXPECT_NE(Pending(32, 30), 0);
@@ -210,9 +200,8 @@ TEST_F(SchoolImportTest, ImportsWhatFitsWhenTold) {
 
 TEST_F(SchoolImportTest, SimulatesWithoutWriting) {
   const auto before = Register();
-  ImportOptions options;
-  options.simulate = true;
-  const auto report = Import("32;3º ESO A;Matemáticas;2º ESO B;1ª Evaluación;\n", options);
+  const auto report =
+      Import("32;3º ESO A;Matemáticas;2º ESO B;1ª Evaluación;\n", {.simulate = true});
   EXPECT_THAT(report.lines, ElementsAre("Línea 2: Gómez Martín, Enzo (3º ESO A), Matemáticas (2º "
                                         "ESO B): 1ª Evaluación"));
   EXPECT_FALSE(report.written);
@@ -228,9 +217,7 @@ TEST_F(SchoolImportTest, ARegisterInUseKeepsAllBackUnlessTold) {
   EXPECT_THAT(report.misfits, ElementsAre(HasSubstr("El registro de 3º ESO A está en uso")));
   EXPECT_FALSE(report.written);
   EXPECT_EQ(Register(), before);
-  ImportOptions options;
-  options.whatFits = true;
-  EXPECT_TRUE(Import(lines, options).written);
+  EXPECT_TRUE(Import(lines, {.whatFits = true}).written);
   EXPECT_EQ(Pending(32, 30), 0);
   EXPECT_NE(Pending(37, 35), 0);
 }
@@ -241,9 +228,12 @@ TEST_F(SchoolImportTest, AFailureInTheMiddleLeavesNothing) {
                          : "CREATE TRIGGER Tope BEFORE INSERT ON EvaluacionActaPte WHEN "
                            "NEW.IDEvaluacionActaPte>=73 BEGIN SELECT RAISE(ABORT,'tope'); END");
   const auto before = Register();
-  EXPECT_THAT(Refusal("32;3º ESO A;Matemáticas;2º ESO B;todas;\n37;3º ESO B;Música;2º ESO "
-                      "B;todas;\n"),
-              HasSubstr("tope"));
+  try {
+    Import("32;3º ESO A;Matemáticas;2º ESO B;todas;\n37;3º ESO B;Música;2º ESO B;todas;\n");
+    ADD_FAILURE() << "it has written";
+  } catch (const RuntimeError& error) {
+    EXPECT_THAT(error.Description(), HasSubstr("tope"));
+  }
   EXPECT_EQ(Register(), before);
   if (OnServer()) school_.Sql("ALTER TABLE EvaluacionActaPte DROP CONSTRAINT Tope");
 }
@@ -265,45 +255,30 @@ TEST_F(SchoolImportTest, GivesTheScreenAndTheHostsComponentsBack) {
 
 TEST_F(SchoolImportTest, EveryStatementIsTheModules) {
   const auto trace = folder_ / "traza";
-  const auto run = RunCommand("QUORVANE_TRAZA=" + trace + " " QUORVANE_ESCUELA " importar " +
-                              school_.Argument() + " " +
-                              Written("32;3º ESO A;Matemáticas;2º ESO B;todas;Ortega Gutiérrez, "
-                                      "Marco\n"));
-  EXPECT_EQ(run.status, 0);
-  EXPECT_THAT(run.text,
-              HasSubstr("Importadas 1 materia de 1 alumno; 0 ya estaban; 1 profesor puesto\n"));
-  const std::regex numbers("-?[0-9]+(,-?[0-9]+)*");
-  std::set<std::string> known;
-  for (const auto& line : Catalogue(QUORVANE_STATEMENTS))
-    known.insert(std::regex_replace(FillIn(line, 1), numbers, "#"));
-  std::ifstream lines(trace);
-  auto count = 0;
-  for (std::string line; std::getline(lines, line); ++count)
-    EXPECT_TRUE(known.contains(
-        std::regex_replace(line.substr(std::string("sql centro ").size()), numbers, "#")))
-        << line;
-  EXPECT_GT(count, 60);
+  EXPECT_THAT(
+      RunCommand("QUORVANE_TRAZA=" + trace + " " QUORVANE_ESCUELA " importar " +
+                 school_.Argument() + " " +
+                 Written("32;3º ESO A;Matemáticas;2º ESO B;todas;Ortega Gutiérrez, Marco\n")),
+      FieldsAre(0,
+                HasSubstr("Importadas 1 materia de 1 alumno; 0 ya estaban; 1 profesor puesto\n")));
+  ExpectOfTheModule(trace, 60);
 }
 
 TEST_F(SchoolImportTest, TheProgramEndsByWhatItCouldDo) {
-  const auto run = [&](const std::string& rest) {
-    return RunCommand(QUORVANE_ESCUELA " importar " + school_.Argument() + " " + rest);
-  };
   Written("32;3º ESO B;Matemáticas;2º ESO B;todas;\n");
-  EXPECT_EQ(run(file_).status, 1);
-  EXPECT_EQ(run(file_ + " --simular").status, 1);
-  EXPECT_EQ(run(file_ + " --lo-que-se-pueda").status, 0);
-  EXPECT_EQ(run("").status, 2);
-  EXPECT_EQ(run(file_ + " --otra").status, 2);
-  EXPECT_THAT(run(folder_ / "nada").text, HasSubstr("el fichero no existe"));
+  EXPECT_EQ(Importar(file_).status, 1);
+  EXPECT_EQ(Importar(file_ + " --simular").status, 1);
+  EXPECT_EQ(Importar(file_ + " --lo-que-se-pueda").status, 0);
+  EXPECT_EQ(Importar("").status, 2);
+  EXPECT_EQ(Importar(file_ + " --otra").status, 2);
+  EXPECT_THAT(Importar(folder_ / "nada").text, HasSubstr("el fichero no existe"));
   Written("");
-  const auto headingAlone = run(file_);
-  EXPECT_EQ(headingAlone.status, 1);
-  EXPECT_THAT(headingAlone.text, HasSubstr("no tiene más que el encabezado"));
+  EXPECT_THAT(Importar(file_), FieldsAre(1, HasSubstr("no tiene más que el encabezado")));
   std::ofstream(file_) << "alumno;sección;materia;curso\n";
-  EXPECT_EQ(run(file_).text, "quorvane-escuela: Línea 1: falta la columna «evaluaciones»\n");
+  EXPECT_EQ(Importar(file_).text, "quorvane-escuela: Línea 1: falta la columna «evaluaciones»\n");
   std::ofstream(file_) << "alumno;sección\n\n3;\"3º\n";
-  EXPECT_EQ(run(file_).text, "quorvane-escuela: Línea 3: falta la comilla que cierra el texto\n");
+  EXPECT_EQ(Importar(file_).text,
+            "quorvane-escuela: Línea 3: falta la comilla que cierra el texto\n");
 }
 
 // None of them may be waited for, nor fill the memory.
@@ -328,31 +303,28 @@ TEST_F(SchoolImportTest, OnlyAPlainFileIsRead) {
            {"/proc/self/mem", "no se deja leer hasta el final"},
            {"/", "es una carpeta"},
            {large, "ocupa más de 64 MB; ¿es el que quería?"}}) {
-    const auto run = RunCommand(limit + "echo | timeout 20 " QUORVANE_ESCUELA " importar " +
-                                school_.Argument() + " " + path);
-    EXPECT_EQ(run.status, 1) << path;
-    EXPECT_EQ(run.text, "quorvane-escuela: No se puede leer " + path + ": " + reason + "\n");
+    EXPECT_THAT(RunCommand(limit + "echo | timeout 20 " QUORVANE_ESCUELA " importar " +
+                           school_.Argument() + " " + path),
+                FieldsAre(1, "quorvane-escuela: No se puede leer " + path + ": " + reason + "\n"));
   }
 }
 
-class CsvTextTest : public testing::Test {
- protected:
-  static std::vector<std::string> Cells(const std::string& text) {
-    std::vector<std::string> cells;
-    for (const auto& row : ParseCsv(text))
-      for (const auto& cell : row.cells) cells.push_back(std::to_string(row.line) + ":" + cell);
-    return cells;
-  }
-};
+/// Each with its line.
+std::vector<std::string> Cells(const std::string& text) {
+  std::vector<std::string> cells;
+  for (const auto& row : ParseCsv(text))
+    for (const auto& cell : row.cells) cells.push_back(std::to_string(row.line) + ":" + cell);
+  return cells;
+}
 
-TEST_F(CsvTextTest, TakesCommasAndSemicolonsQuotesAndLinesInThem) {
+TEST(CsvTextTest, TakesCommasAndSemicolonsQuotesAndLinesInThem) {
   EXPECT_THAT(Cells("a,b\r\n\r\n \"x, \"\"y\"\"\" , 2 \n"),
               ElementsAre("1:a", "1:b", "3:x, \"y\"", "3:2"));
   EXPECT_THAT(Cells("\"a,b,c\";d\n\"uno\ndos\";3\n4;5"),
               ElementsAre("1:a,b,c", "1:d", "2:uno\ndos", "2:3", "4:4", "4:5"));
 }
 
-TEST_F(CsvTextTest, FindsTheLettersOutByItself) {
+TEST(CsvTextTest, FindsTheLettersOutByItself) {
   EXPECT_THAT(Cells("\xEF\xBB\xBF"
                     "sección,ñ"),
               ElementsAre("1:sección", "1:ñ"));
@@ -372,7 +344,7 @@ TEST(FoldedTextTest, AnAccentBehindItsLetterIsTheSame) {
   EXPECT_NE(FoldedText("Pena"), FoldedText("Peña"));
 }
 
-TEST_F(CsvTextTest, RefusesWhatIsNoTableOfTexts) {
+TEST(CsvTextTest, RefusesWhatIsNoTableOfTexts) {
   EXPECT_THROW(ParseCsv(std::string("a\0b", 3)), RuntimeError);
   std::string many = "a\n";
   for (auto i = 0; i < 100001; ++i) many += "1\n";

@@ -1,11 +1,9 @@
 #include <algorithm>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/schema/SchoolSchema.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -17,16 +15,9 @@ const SchemaTable& Table(const std::string& name) {
                        [&](const SchemaTable& table) { return table.name == name; });
 }
 
-std::vector<std::string> Names(const SchemaTable& table) {
-  std::vector<std::string> names;
-  for (const auto& column : table.columns) names.push_back(column.name);
-  return names;
-}
-
 class NewSchoolFileTest : public testing::Test {
  protected:
-  void SetUp() override {
-    school_.Open();
+  NewSchoolFileTest() {
     school_.Execute("BEGIN");
     for (const auto& statement : SchemaStatements(SqliteSchema())) school_.Execute(statement);
   }
@@ -44,7 +35,7 @@ class NewSchoolFileTest : public testing::Test {
 
  private:
   const TempFolder folder_;
-  sqlite::SqliteConnection school_{folder_ / "a.sqlite", "", sqlite::OpenMode::Create};
+  Opened<sqlite::SqliteConnection> school_{folder_ / "a.sqlite", "", sqlite::OpenMode::Create};
 };
 
 TEST_F(NewSchoolFileTest, HasTheTablesOfTheDescription) {
@@ -125,9 +116,10 @@ TEST(SchoolSchemaTest, TellsKeysFlagsTextsAndPlaces) {
 }
 
 TEST(SchoolSchemaTest, ThePublicationNamesItsConstantAsTheSection) {
-  EXPECT_THAT(Names(Table("PublicacionPte")),
-              testing::ElementsAre("IDPublicacionPte", "CodProfesor", "CodPropietario",
-                                   "CodSeccion", "CodNumEvaluacion"));
+  std::vector<std::string> names;
+  for (const auto& column : Table("PublicacionPte").columns) names.push_back(column.name);
+  EXPECT_THAT(names, ElementsAre("IDPublicacionPte", "CodProfesor", "CodPropietario", "CodSeccion",
+                                 "CodNumEvaluacion"));
 }
 
 }  // namespace

@@ -7,11 +7,13 @@
 #include "apps/escuela/report/ReportReader.h"
 #include "apps/escuela/state/SchoolState.h"
 #include "tests/escuela/AnySchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
-#include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
 namespace {
+
+using testing::Field;
 
 constexpr auto kFirstFinal = 4;
 constexpr auto kSecondFinal = 5;
@@ -19,6 +21,8 @@ constexpr auto kSecondFinal = 5;
 class SchoolStateTest : public testing::Test {
  protected:
   SchoolState State() { return {school_.Db(), "2025/03/03"}; }
+  int Pending(std::int32_t evaluation) { return Sum(State().Sections(Of(evaluation))).pending; }
+  Outcome Estado(const std::string& rest) { return Escuela("estado " + school_.Argument() + rest); }
   static StateFilter Of(std::int32_t evaluation) {
     StateFilter filter;
     filter.evaluation = evaluation;
@@ -35,9 +39,8 @@ class SchoolStateTest : public testing::Test {
   }
   /// By another road than the one under test.
   int Rows(const std::string& table, int evaluation, const std::string& more = {}) {
-    return school_.Number(
-        "SELECT COUNT(*) FROM " + table + " WHERE CodNumEvaluacion=" + std::to_string(evaluation) +
-        more +
+    return school_.Count(
+        "" + table + " WHERE CodNumEvaluacion=" + std::to_string(evaluation) + more +
         " AND CodAlumnoPte_MatDet IN (SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE "
         "CodMatDet IN (SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodTipoMateria "
         "IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria IN (1" +
@@ -58,7 +61,7 @@ TEST_F(SchoolStateTest, CountsOrdinaryOnesInTheirTableAndFinalsInTheMinutes) {
 }
 
 TEST_F(SchoolStateTest, AFinalThatAFormerOneHasSettledIsNotMissing) {
-  const auto before = Sum(State().Sections(Of(kSecondFinal))).pending;
+  const auto before = Pending(kSecondFinal);
   const auto row = school_.Number(
       "SELECT MIN(IDEvaluacionActaPte) FROM EvaluacionActaPte WHERE CodNumEvaluacion=4 AND "
       "CodNota=0 AND CodAlumnoPte_MatDet IN (SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet INNER "
@@ -71,13 +74,13 @@ TEST_F(SchoolStateTest, AFinalThatAFormerOneHasSettledIsNotMissing) {
         ") WHERE IDEvaluacionActaPte=" + std::to_string(row));
   };
   grade(0);
-  EXPECT_EQ(Sum(State().Sections(Of(kSecondFinal))).pending, before + 1) << "failed in the first";
+  EXPECT_EQ(Pending(kSecondFinal), before + 1) << "failed in the first";
   grade(1);
-  EXPECT_EQ(Sum(State().Sections(Of(kSecondFinal))).pending, before) << "passed in the first";
+  EXPECT_EQ(Pending(kSecondFinal), before) << "passed in the first";
 }
 
 TEST_F(SchoolStateTest, LeavesOutWhoHasLeftOrIsAheadOfTheYear) {
-  const auto before = Sum(State().Sections(Of(1))).pending;
+  const auto before = Pending(1);
   const auto of = [this](int student) {
     return Rows("EvaluacionPte", 1,
                 " AND CodAlumnoPte_MatDet IN (SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet "
@@ -85,42 +88,38 @@ TEST_F(SchoolStateTest, LeavesOutWhoHasLeftOrIsAheadOfTheYear) {
                     std::to_string(student) + ")");
   };
   school_.Sql("UPDATE Alumno SET FechaBaja='2025/01/01' WHERE IDAlumno=29");
-  EXPECT_EQ(Sum(State().Sections(Of(1))).pending, before - of(29));
+  EXPECT_EQ(Pending(1), before - of(29));
   school_.Sql("UPDATE Alumno SET Anticipado=-1 WHERE IDAlumno=30");
-  EXPECT_EQ(Sum(State().Sections(Of(1))).pending, before - of(29) - of(30));
+  EXPECT_EQ(Pending(1), before - of(29) - of(30));
   school_.Sql("UPDATE Alumno SET FechaBaja='' WHERE IDAlumno=29");
-  EXPECT_EQ(Sum(State().Sections(Of(1))).pending, before - of(30));
+  EXPECT_EQ(Pending(1), before - of(30));
 }
 
 TEST_F(SchoolStateTest, FiltersByWhatIsMissingAndWhoMayGrade) {
-  auto filter = Of(2);
+  StateFilter filter = Of(2);
   const auto all = State().Subjects(filter);
   filter.missingOnly = true;
   const auto missing = State().Subjects(filter);
   EXPECT_LT(missing.size(), all.size());
-  EXPECT_EQ(missing.size(),
-            static_cast<std::size_t>(std::count_if(
-                all.begin(), all.end(), [](const auto& row) { return row.Missing() > 0; })));
+  EXPECT_EQ(
+      static_cast<std::ptrdiff_t>(missing.size()),
+      std::count_if(all.begin(), all.end(), [](const auto& row) { return row.Missing() > 0; }));
   const auto tutor = school_.Number("SELECT CodTutor FROM Seccion WHERE IDSeccion=5");
   filter = Of(2);
   filter.tutor = tutor;
-  for (const auto& row : State().Subjects(filter)) EXPECT_EQ(row.section, 5);
-  EXPECT_FALSE(State().Subjects(filter).empty());
+  EXPECT_THAT(State().Subjects(filter), AllOf(Not(IsEmpty()), Each(Field(&StateRow::section, 5))));
   filter = Of(2);
   filter.teacher = school_.Number("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=20");
-  const auto mine = State().Subjects(filter);
-  ASSERT_FALSE(mine.empty());
-  for (const auto& row : mine) EXPECT_EQ(row.teacher, filter.teacher);
+  EXPECT_THAT(State().Subjects(filter),
+              AllOf(Not(IsEmpty()), Each(Field(&StateRow::teacher, filter.teacher))));
   filter = Of(2);
   filter.either = tutor;
-  const auto either = State().Subjects(filter);
-  EXPECT_TRUE(std::all_of(either.begin(), either.end(), [&](const auto& row) {
-    return row.section == 5 || row.teacher == tutor;
-  }));
-  EXPECT_GT(either.size(), 0U);
+  EXPECT_THAT(State().Subjects(filter),
+              AllOf(Not(IsEmpty()), Each(testing::AnyOf(Field(&StateRow::section, 5),
+                                                        Field(&StateRow::teacher, tutor)))));
   filter = Of(2);
   filter.centre = 99;
-  EXPECT_TRUE(State().Sections(filter).empty());
+  EXPECT_THAT(State().Sections(filter), IsEmpty());
   filter.centre = 1;
   EXPECT_EQ(Sum(State().Sections(filter)).pending, Sum(all).pending);
 }
@@ -159,11 +158,8 @@ TEST_F(SchoolStateTest, TeachersOfOneNameAreToldApartAndAlikeInTheReports) {
     EXPECT_EQ(teachers[state.SubjectName(row.subject)], state.TeacherName(row.teacher));
   }
   EXPECT_GT(seen, 3);
-  const auto text =
-      RunCommand(QUORVANE_ESCUELA " estado " + school_.Argument() + " --evaluacion 2 --profesores")
-          .text;
-  EXPECT_THAT(text, HasSubstr("  Cano Ruiz, Eva (1): "));
-  EXPECT_THAT(text, HasSubstr("  Cano Ruiz, Eva (14): "));
+  EXPECT_THAT(Estado(" --evaluacion 2 --profesores").text,
+              AllOf(HasSubstr("  Cano Ruiz, Eva (1): "), HasSubstr("  Cano Ruiz, Eva (14): ")));
 }
 
 TEST_F(SchoolStateTest, ReadsWithoutATransactionInFewStatements) {
@@ -179,25 +175,22 @@ TEST_F(SchoolStateTest, ReadsWithoutATransactionInFewStatements) {
 }
 
 TEST_F(SchoolStateTest, TheProgramPrintsTextCsvAndJson) {
-  const auto run = [&](const std::string& rest) {
-    return RunCommand(QUORVANE_ESCUELA " estado " + school_.Argument() + rest);
-  };
-  const auto text = run(" --evaluacion 2");
-  EXPECT_EQ(text.status, 0);
-  EXPECT_THAT(text.text, HasSubstr("2ª Evaluación: [###-------] 13 de 33, faltan 20\n"));
-  EXPECT_THAT(text.text, HasSubstr("  2º ESO B: [#---------] 1 de 6, faltan 5; plazo 2025/01/08 a "
-                                   "2099/12/31, abierto; en uso 2\n"));
-  EXPECT_THAT(run(" --evaluacion 2 --detalle").text,
+  EXPECT_THAT(
+      Estado(" --evaluacion 2"),
+      FieldsAre(0, AllOf(HasSubstr("2ª Evaluación: [###-------] 13 de 33, faltan 20\n"),
+                         HasSubstr("  2º ESO B: [#---------] 1 de 6, faltan 5; plazo 2025/01/08 a "
+                                   "2099/12/31, abierto; en uso 2\n"))));
+  EXPECT_THAT(Estado(" --evaluacion 2 --detalle").text,
               HasSubstr("    Matemáticas (2º ESO A), Ortega García, Javier: [#####-----] 1 de 2, "
                         "faltan 1\n"));
-  EXPECT_THAT(run(" --evaluacion 2 --profesores").text, HasSubstr("  Ortega García, Javier: "));
-  const auto csv = run(" --csv");
-  EXPECT_THAT(csv.text, HasSubstr("2ª Evaluación;3º ESO A;Matemáticas (2º ESO A);\"Ortega García, "
-                                  "Javier\";2;1;1;2025/01/08;2099/12/31;"));
-  EXPECT_THAT(run(" --json --evaluacion 2").text,
+  EXPECT_THAT(Estado(" --evaluacion 2 --profesores").text, HasSubstr("  Ortega García, Javier: "));
+  EXPECT_THAT(Estado(" --csv").text,
+              HasSubstr("2ª Evaluación;3º ESO A;Matemáticas (2º ESO A);\"Ortega García, "
+                        "Javier\";2;1;1;2025/01/08;2099/12/31;"));
+  EXPECT_THAT(Estado(" --json --evaluacion 2").text,
               HasSubstr("\"materia\":\"Matemáticas (2º ESO A)\""));
-  EXPECT_EQ(run(" --evaluacion 77").status, 1);
-  EXPECT_EQ(run(" --csv --json").status, 2);
+  EXPECT_EQ(Estado(" --evaluacion 77").status, 1);
+  EXPECT_EQ(Estado(" --csv --json").status, 2);
 }
 
 }  // namespace

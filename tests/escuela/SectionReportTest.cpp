@@ -12,23 +12,19 @@
 #include "platform/text/Utf8.h"
 #include "platform/text/VisibleText.h"
 #include "tests/escuela/AnySchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
-#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
 
-int Occurrences(const std::string& text, const std::string& part) {
-  auto count = 0;
-  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size()))
-    ++count;
-  return count;
-}
-
 class SectionReportTest : public testing::Test {
  protected:
   ReportReader Reader() { return {school_.Db(), "IES «Ejemplo»", "03/03/2025"}; }
+  Outcome Informe(const std::string& rest) {
+    return Escuela("informe " + school_.Argument() + rest);
+  }
 
   AnySchool school_;
   TempFolder folder_;
@@ -63,9 +59,9 @@ TEST_F(SectionReportTest, NothingOfTheSchoolIsLostOnTheWay) {
         for (const auto& [evaluation, grade] : subject.grades)
           grades += grade.grade.empty() ? 0 : 1;
       }
-  EXPECT_EQ(subjects, school_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet"));
-  EXPECT_EQ(grades, school_.Number("SELECT COUNT(*) FROM EvaluacionPte WHERE CodNota>0") +
-                        school_.Number("SELECT COUNT(*) FROM EvaluacionActaPte WHERE CodNota>0"));
+  EXPECT_EQ(subjects, school_.Count("AlumnoPte_MatDet"));
+  EXPECT_EQ(grades, school_.Count("EvaluacionPte WHERE CodNota>0") +
+                        school_.Count("EvaluacionActaPte WHERE CodNota>0"));
 }
 
 TEST_F(SectionReportTest, OddNamesFortySubjectsAndNoGradesComeOutWhole) {
@@ -136,28 +132,22 @@ TEST_F(SectionReportTest, FindsWhatIsAskedForByNumberOrName) {
 }
 
 TEST_F(SectionReportTest, TheProgramWritesNewFilesAloneAndNamesWhatItCouldNot) {
-  const auto run = [&](const std::string& rest) {
-    return RunCommand(QUORVANE_ESCUELA " informe " + school_.Argument() + rest);
-  };
   const auto file = folder_ / "a.html";
-  const auto one = run(" --seccion '3º ESO A' --nombre 'IES Uno' --salida " + file);
-  EXPECT_EQ(one.status, 0);
-  EXPECT_EQ(one.text, "Escrito " + file + ": 5 alumnos de 3º ESO A\n");
+  EXPECT_THAT(Informe(" --seccion '3º ESO A' --nombre 'IES Uno' --salida " + file),
+              FieldsAre(0, "Escrito " + file + ": 5 alumnos de 3º ESO A\n"));
   EXPECT_THAT(Content(file), HasSubstr("<h1>IES Uno</h1>"));
-  EXPECT_EQ(run(" --seccion 5 --salida " + file).status, 1);
+  EXPECT_EQ(Informe(" --seccion 5 --salida " + file).status, 1);
   EXPECT_EQ(folder_.Files(), 1U);
   const auto all = folder_ / "todas";
-  EXPECT_EQ(run(" --todas --csv --salida " + all).status, 0);
+  EXPECT_EQ(Informe(" --todas --csv --salida " + all).status, 0);
   std::filesystem::remove(all + "/3º ESO A.csv");
-  const auto again = run(" --todas --csv --salida " + all);
-  EXPECT_EQ(again.status, 1);
-  EXPECT_THAT(again.text, HasSubstr("4º ESO A: No se puede escribir"));
-  EXPECT_THAT(again.text, HasSubstr("Escritas 1 de 6 secciones"));
-  for (const std::string wrong : {" --salida a.html", " --seccion 5", " --seccion 5 --salida a.pdf",
-                                  " --seccion 5 --todas --salida a",
-                                  " --alumno 3 --todas "
-                                  "--salida a"})
-    EXPECT_EQ(run(wrong).status, 2) << wrong;
+  EXPECT_THAT(Informe(" --todas --csv --salida " + all),
+              FieldsAre(1, AllOf(HasSubstr("4º ESO A: No se puede escribir"),
+                                 HasSubstr("Escritas 1 de 6 secciones"))));
+  for (const std::string wrong :
+       {" --salida a.html", " --seccion 5", " --seccion 5 --salida a.pdf",
+        " --seccion 5 --todas --salida a", " --alumno 3 --todas --salida a"})
+    EXPECT_EQ(Informe(wrong).status, 2) << wrong;
 }
 
 TEST(NewFileTest, MakesNamesOfOddTexts) {

@@ -7,17 +7,19 @@
 #include <string>
 #include <vector>
 
-#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/SchoolCheck.h"
 #include "apps/escuela/Transaction.h"
 #include "apps/escuela/UserPasswords.h"
 #include "apps/escuela/history/GradeHistory.h"
+#include "apps/escuela/repair/SchoolRepair.h"
 #include "apps/quorvane-guion/PlayScript.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/AsciiCase.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 
 namespace quorvane::test {
 namespace {
@@ -59,21 +61,19 @@ class StrangeObjectsTest : public testing::Test {
   void SetUp() override {
     if (OnServer()) GTEST_SKIP() << "of a file";
   }
-  void Change(const std::string& statement) { school_.Db().Execute(statement); }
+  void Change(const std::string& statements) { school_.Sql(statements); }
   [[nodiscard]] std::vector<std::string> Strange() { return SchoolCheck(school_.Db()).Strange(); }
   /// The text by which a table was made, as anybody may write it into a file.
   void Rewrite(const std::string& table, const std::string& sql) {
-    Change("PRAGMA writable_schema=ON");
-    Change("UPDATE sqlite_master SET sql='" + sql + "' WHERE type='table' AND name='" + table +
-           "'");
-    Change("PRAGMA writable_schema=RESET");
+    Change("PRAGMA writable_schema=ON; UPDATE sqlite_master SET sql='" + sql +
+           "' WHERE type='table' AND name='" + table + "'; PRAGMA writable_schema=RESET");
   }
   [[nodiscard]] std::string Made(const std::string& table) {
-    auto sql = school_.FirstColumn(
-        "SELECT replace(sql,'''','''''') FROM sqlite_master WHERE "
-        "type='table' AND name='" +
-        table + "'");
-    return sql.at(0);
+    return school_
+        .FirstColumn(
+            "SELECT replace(sql,'''','''''') FROM sqlite_master WHERE type='table' AND name='" +
+            table + "'")
+        .at(0);
   }
   /// With a clause at the end of its columns.
   [[nodiscard]] static std::string With(std::string sql, const std::string& clause) {
@@ -85,7 +85,7 @@ class StrangeObjectsTest : public testing::Test {
     return at == std::string::npos ? sql : sql.replace(at, text.size(), by);
   }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
 };
 
 TEST_F(StrangeObjectsTest, ASchoolsOwnAreNone) {
@@ -108,8 +108,8 @@ TEST_F(StrangeObjectsTest, EachIsFoundOnWhicheverTable) {
       EXPECT_THAT(Strange(), Contains(Finding(table.name, object))) << sql;
       Rewrite(table.name, made);
     };
-    Change("DELETE FROM " + table.name);
-    Change("CREATE UNIQUE INDEX ajeno ON " + table.name + " (" + Joint(columns) + ")");
+    Change("DELETE FROM " + table.name + "; CREATE UNIQUE INDEX ajeno ON " + table.name + " (" +
+           Joint(columns) + ")");
     found("el índice «ajeno» de " + Joint(columns));
     Change("CREATE INDEX ajeno ON " + table.name + " (abs(" + first + "))");
     found("el índice «ajeno»");
@@ -141,6 +141,85 @@ TEST_F(StrangeObjectsTest, AKeyThatIsNoneOfTheSchoolsIsFound) {
   EXPECT_THAT(Strange(),
               Contains(HasSubstr("BloqueoPte tiene el índice «PRIMARY KEY» de CodMatDet, "
                                  "CodUsuario,")));
+}
+
+/// Triggers: of a file, or on the server that the tests run beside.
+class StrangeTriggersTest : public testing::Test {
+ protected:
+  // On a server the next test takes the same database.
+  void TearDown() override {
+    school_.ForgetHistory();
+    if (OnServer())
+      school_.Sql(
+          "DROP TRIGGER IF EXISTS ajeno ON PublicacionPte;"
+          "DROP TRIGGER IF EXISTS Historial_EvaluacionPte_UPDATE ON Alumno;"
+          "DROP FUNCTION IF EXISTS ajeno()");
+  }
+
+  /// One that refuses what is inserted.
+  void Hang(const std::string& name, const std::string& table) const {
+    school_.Sql(
+        OnServer()
+            ? "CREATE OR REPLACE FUNCTION ajeno() RETURNS trigger LANGUAGE plpgsql AS $ajeno$ "
+              "BEGIN RAISE EXCEPTION 'no'; END $ajeno$; CREATE TRIGGER " +
+                  name + " BEFORE INSERT ON " + table + " FOR EACH ROW EXECUTE FUNCTION ajeno()"
+            : "CREATE TRIGGER " + name + " BEFORE INSERT ON " + table +
+                  " BEGIN SELECT RAISE(ABORT,'no'); END");
+  }
+  [[nodiscard]] std::vector<std::string> Found() const {
+    return SchoolCheck(school_.Db()).Strange();
+  }
+
+  AnySchool school_;
+  GradeHistory history_{school_.Db()};
+};
+
+TEST_F(StrangeTriggersTest, OneThatRefusesIsFoundAndRepairLeavesIt) {
+  EXPECT_THAT(Found(), IsEmpty());
+  Hang("ajeno", "PublicacionPte");
+  const auto finding = Finding("PublicacionPte", "el disparador «ajeno»");
+  EXPECT_THAT(Found(), ElementsAre(finding));
+  EXPECT_THAT(Escuela("comprobar " + school_.Argument()),
+              FieldsAre(1, AllOf(HasSubstr(finding + "\n"),
+                                 EndsWith("\nApta para el módulo, con avisos\n"))));
+
+  school_.Rest();
+  school_.Sql("INSERT INTO Seccion_AlumnoPte VALUES (5,777777,0,0)");
+  ASSERT_THAT(SchoolCheck(school_.Db()).Rows(), Not(IsEmpty()));
+  EXPECT_GT(RepairSchool(school_.Address(), {.backedUp = true}).removed, 0U);
+  EXPECT_THAT(SchoolCheck(school_.Db()).Rows(), IsEmpty());
+  EXPECT_THAT(Found(), ElementsAre(finding));
+}
+
+TEST_F(StrangeTriggersTest, TheHistorysAreNone) {
+  history_.Activate();
+  EXPECT_THAT(Found(), IsEmpty());
+  EXPECT_THAT(Escuela("comprobar " + school_.Argument()).text, Not(HasSubstr("disparador")));
+  if (OnServer()) return;
+  EXPECT_THAT(Escuela("comprobar --odbc 'Driver=SQLite3;Database=" + school_.Path() + "'").text,
+              AllOf(HasSubstr("Apta para"), Not(HasSubstr("disparador"))));
+}
+
+TEST_F(StrangeTriggersTest, AHistorysNameOnAnotherTableHidesNone) {
+  history_.Activate();
+  if (!OnServer()) school_.Sql("DROP TRIGGER Historial_EvaluacionPte_UPDATE");
+  Hang("Historial_EvaluacionPte_UPDATE", "Alumno");
+  EXPECT_THAT(Found(), ElementsAre(HasSubstr("La tabla Alumno tiene el disparador «")));
+}
+
+TEST_F(StrangeTriggersTest, InAFileAHistorysNameWithAnotherTextHidesNone) {
+  if (OnServer()) GTEST_SKIP() << "there a trigger is its owner's affair";
+  history_.Activate();
+  school_.Sql("DROP TRIGGER Historial_EvaluacionPte_INSERT");
+  Hang("historial_evaluacionpte_insert", "EvaluacionPte");
+  EXPECT_THAT(Found(), ElementsAre(HasSubstr("EvaluacionPte tiene el disparador")));
+}
+
+TEST_F(StrangeTriggersTest, OneOnATableOfNobodysIsNoAffairOfTheSchools) {
+  if (OnServer()) GTEST_SKIP() << "the next test takes the same database";
+  school_.Sql("CREATE TABLE Otra (A INTEGER)");
+  Hang("ajeno", "Otra");
+  EXPECT_THAT(Found(), IsEmpty());
 }
 
 /// The same on a server, where the owner's changes are undone with their transaction.
@@ -236,9 +315,8 @@ class StrangeYearTest : public StrangeObjectsTest {
   /// What the year's script tells on a sample school that has been changed, and the grades behind
   /// it.
   [[nodiscard]] static std::string Year(const std::string& school) {
-    std::ifstream file(QUORVANE_SCHOOL_YEAR);
     std::stringstream script;
-    script << file.rdbuf();
+    script << std::ifstream(QUORVANE_SCHOOL_YEAR).rdbuf();
     for (const auto& table : WrittenTables())
       script << "sql \"SELECT * FROM " << table.name << " ORDER BY 1, 2\"\n";
     guion::PlayOptions options;
@@ -340,10 +418,8 @@ TEST_F(StrangeYearTest, OnWhatPassesTheYearIsSaved) {
   const auto changed = [&](const std::vector<std::string>& statements) {
     std::filesystem::copy_file(school_.Path(), copy,
                                std::filesystem::copy_options::overwrite_existing);
-    sqlite::SqliteConnection school(copy, "");
-    school.Open();
-    school.Execute("PRAGMA synchronous=OFF");
-    school.Execute("PRAGMA writable_schema=ON");
+    Opened<sqlite::SqliteConnection> school(copy, "");
+    school.ExecuteScript("PRAGMA synchronous=OFF; PRAGMA writable_schema=ON");
     for (const auto& statement : statements) school.Execute(statement);
     school.Execute("PRAGMA writable_schema=RESET");
     return Findings(school);

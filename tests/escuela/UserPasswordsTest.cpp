@@ -2,20 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
-#include <fstream>
+#include <chrono>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/CopySchool.h"
-#include "apps/escuela/DemoSchool.h"
 #include "apps/escuela/PasswordHash.h"
 #include "apps/escuela/UserPasswords.h"
 #include "platform/RuntimeError.h"
 #include "tests/escuela/OpenSchool.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/RunCommand.h"
 
 namespace quorvane::test {
@@ -28,20 +28,22 @@ constexpr auto kOpenToAll =
 
 constexpr auto kInterrupt = "\x03";
 
-/// What somebody at a terminal sees who types those lines when he is asked, or interrupts without
-/// ending one.
-std::string AtTerminal(const std::vector<std::string>& arguments,
-                       const std::vector<std::string>& typed, int& status) {
+/// What somebody at a terminal sees who sets user 3's password, and types those lines when he is
+/// asked, or interrupts without ending one.
+std::string AtTerminal(const std::vector<std::string>& typed, const std::string& school,
+                       int& status) {
   int terminal = -1;
   const auto child = forkpty(&terminal, nullptr, nullptr, nullptr);
   if (child == 0) {
-    std::vector<char*> words{const_cast<char*>(QUORVANE_ESCUELA)};
-    for (const auto& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
-    words.push_back(nullptr);
     alarm(60);  // one that waits for more than is typed is a failure, and not for ever
-    execv(QUORVANE_ESCUELA, words.data());
+    execl(QUORVANE_ESCUELA, QUORVANE_ESCUELA, "usuarios", school.c_str(), "clave", "3", nullptr);
     _exit(127);
   }
+  const auto quiet = [terminal] {
+    termios now{};
+    tcgetattr(terminal, &now);
+    return (now.c_lflag & ECHO) == 0;
+  };
   std::string seen;
   std::array<char, 512> buffer{};
   std::size_t asked = 0;
@@ -53,14 +55,9 @@ std::string AtTerminal(const std::vector<std::string>& arguments,
     const auto question = seen.find(": ", from);
     if (question == std::string::npos || asked == typed.size()) continue;
     from = question + 2;
-    const auto quiet = [terminal] {
-      termios now{};
-      tcgetattr(terminal, &now);
-      return (now.c_lflag & ECHO) == 0;
-    };
     for (int wait = 0; wait < 5000 && !quiet(); ++wait) usleep(1000);
-    const auto ends = typed[asked] == kInterrupt ? "" : "\n";
-    const auto line = typed[asked++] + ends;
+    const auto line = typed[asked] + (typed[asked] == kInterrupt ? "" : "\n");
+    ++asked;
     EXPECT_EQ(write(terminal, line.data(), line.size()), static_cast<ssize_t>(line.size()));
   }
   waitpid(child, &status, 0);
@@ -82,7 +79,7 @@ class UserPasswordsTest : public testing::Test {
                       school_.Path() + " " + order);
   }
 
-  OpenSchool school_{[](Connection& school) { DemoSchool(school).Build(); }};
+  OpenSchool school_;
   UserPasswords passwords_{school_.Db()};
 };
 
@@ -98,10 +95,9 @@ TEST_F(UserPasswordsTest, AreKeptByArgon2idAndKnowTheirOwner) {
   EXPECT_EQ(passwords_.Owner({2}, 1, kSecret), std::nullopt) << "who has none doesn't come in";
   EXPECT_EQ(passwords_.Owner({2}, 1, ""), std::nullopt);
   EXPECT_EQ(passwords_.Owner({}, 1, kSecret), std::nullopt);
-  const auto kept = school_.FirstColumn("SELECT Clave FROM ClaveUsuario");
-  ASSERT_EQ(kept.size(), 1U);
-  EXPECT_THAT(kept[0], StartsWith("$argon2id$v=19$m=65536,t=2,p=1$"));
-  EXPECT_EQ(kept[0].find("alcachofas"), std::string::npos);
+  EXPECT_THAT(school_.FirstColumn("SELECT Clave FROM ClaveUsuario"),
+              ElementsAre(AllOf(StartsWith("$argon2id$v=19$m=65536,t=2,p=1$"),
+                                Not(HasSubstr("alcachofas")))));
 
   passwords_.Set(3, kOther);
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
@@ -109,8 +105,7 @@ TEST_F(UserPasswordsTest, AreKeptByArgon2idAndKnowTheirOwner) {
   EXPECT_FALSE(passwords_.Remove(2));
   EXPECT_TRUE(passwords_.Remove(3));
   EXPECT_FALSE(passwords_.Any());
-  EXPECT_THAT(school_.FirstColumn("SELECT name FROM sqlite_master WHERE name='ClaveUsuario'"),
-              testing::IsEmpty());
+  EXPECT_EQ(school_.Count("sqlite_master WHERE name='ClaveUsuario'"), 0);
 }
 
 // In processor time, of which the comparisons take nearly all, whatever the machine does beside.
@@ -139,30 +134,30 @@ TEST_F(UserPasswordsTest, TakeAsLongForWhoIsThereAsForWhoIsNot) {
 TEST_F(UserPasswordsTest, OfManyOfOneNameTheFirstComeIn) {
   const auto ours = PasswordHash(kSecret);
   const auto other = PasswordHash(kOther);
-  school_.Db().Execute(
-      "CREATE TABLE ClaveUsuario (IDUsuario INTEGER PRIMARY KEY, Clave TEXT NOT NULL)");
+  school_.Sql("CREATE TABLE ClaveUsuario (IDUsuario INTEGER PRIMARY KEY, Clave TEXT NOT NULL)");
   std::vector<std::int32_t> all;
   const auto add = [&](std::int32_t user, const std::string& hash) {
     const auto id = std::to_string(user);
-    school_.Db().Execute(
-        "INSERT INTO Usuario (IDUsuario,Nombre,CodPerfil,CodPadre,AdminSistema) VALUES (" + id +
-        ",'Ana',1,0,0)");
-    if (!hash.empty())
-      school_.Db().Execute("INSERT INTO ClaveUsuario VALUES (" + id + ",'" + hash + "')");
+    school_.Sql("INSERT INTO Usuario (IDUsuario,Nombre,CodPerfil,CodPadre,AdminSistema) VALUES (" +
+                id + ",'Ana',1,0,0)");
+    if (!hash.empty()) school_.Sql("INSERT INTO ClaveUsuario VALUES (" + id + ",'" + hash + "')");
     all.insert(all.begin(), user);
   };
   for (auto user = 101; user <= 110; ++user) add(user, {});
   for (auto user = 111; user < 118; ++user) add(user, other);
   add(118, ours);
   EXPECT_EQ(passwords_.Owner(all, 1, kSecret), 118) << "who has none takes nobody's place";
-  EXPECT_THAT(passwords_.Findings(), testing::IsEmpty());
-  school_.Db().Execute("UPDATE ClaveUsuario SET IDUsuario=110 WHERE IDUsuario=111");
-  school_.Db().Execute("INSERT INTO ClaveUsuario VALUES (111,'" + other + "')");
+  EXPECT_THAT(passwords_.Findings(), IsEmpty());
+  school_.Sql(
+      "UPDATE ClaveUsuario SET IDUsuario=110 WHERE IDUsuario=111;"
+      "INSERT INTO ClaveUsuario VALUES (111,'" +
+      other + "')");
   EXPECT_EQ(passwords_.Owner(all, 1, kSecret), std::nullopt) << "the ninth";
-  EXPECT_EQ(passwords_.Findings(),
-            (std::vector<std::string>{
-                "Hay 9 usuarios con contraseña que se llaman «Ana», y solo los 8 primeros, por su "
-                "número, pueden entrar: cambie el nombre de los demás"}));
+  EXPECT_THAT(
+      passwords_.Findings(),
+      ElementsAre(
+          "Hay 9 usuarios con contraseña que se llaman «Ana», y solo los 8 primeros, por su "
+          "número, pueden entrar: cambie el nombre de los demás"));
   for (auto user = 200; user < 400; ++user) add(user, other);
   const auto begun = ProcessorTime();
   EXPECT_EQ(passwords_.Owner(all, all.size(), kOther), 110);
@@ -181,22 +176,21 @@ TEST_F(UserPasswordsTest, ShortOnesWontDo) {
 }
 
 TEST_F(UserPasswordsTest, AreSetAndRemovedFromStandardInput) {
-  EXPECT_THAT(Users("").text, testing::EndsWith(kOpenToAll));
-  const auto set = Users("clave 3", std::string(kSecret) + "\n");
-  EXPECT_EQ(set.status, 0);
-  EXPECT_EQ(set.text,
-            "Puesta la contraseña del usuario 3 (tutora3a)\n"
-            "Con contraseña: 1 de 8 usuarios; los demás no pueden entrar\n");
+  EXPECT_THAT(Users("").text, EndsWith(kOpenToAll));
+  EXPECT_THAT(Users("clave 3", std::string(kSecret) + "\n"),
+              FieldsAre(0,
+                        "Puesta la contraseña del usuario 3 (tutora3a)\n"
+                        "Con contraseña: 1 de 8 usuarios; los demás no pueden entrar\n"));
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3) << "without the line's end";
   EXPECT_EQ(Users("clave JEFATURA", kOther).status, 0) << "by name, and without a line's end";
   EXPECT_EQ(passwords_.Owner({2}, 1, kOther), 2);
-  const auto list = Users("listar").text;
-  EXPECT_THAT(list, HasSubstr("\n  3  tutora3a  con contraseña\n  4  profesor  sin contraseña\n"));
-  EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Path()).text,
+  EXPECT_THAT(Users("listar").text,
+              HasSubstr("\n  3  tutora3a  con contraseña\n  4  profesor  sin contraseña\n"));
+  EXPECT_THAT(Escuela("comprobar " + school_.Path()).text,
               StartsWith("Con contraseña: 2 de 8 usuarios; los demás no pueden entrar\nApta"));
   EXPECT_EQ(Users("quitar 2").status, 0);
   EXPECT_EQ(Users("quitar 2").status, 1);
-  EXPECT_THAT(Users("quitar 3").text, testing::EndsWith(kOpenToAll));
+  EXPECT_THAT(Users("quitar 3").text, EndsWith(kOpenToAll));
 
   for (const auto* const input : {"", "corta\n"}) EXPECT_EQ(Users("clave 3", input).status, 1);
   EXPECT_EQ(Users("clave 99", kSecret).status, 1);
@@ -205,24 +199,22 @@ TEST_F(UserPasswordsTest, AreSetAndRemovedFromStandardInput) {
 }
 
 TEST_F(UserPasswordsTest, AreNotSeenOnATerminal) {
-  const std::vector<std::string> order{"usuarios", school_.Path(), "clave", "3"};
   int status = -1;
-  auto seen = AtTerminal(order, {kSecret, kOther}, status);
+  auto seen = AtTerminal({kSecret, kOther}, school_.Path(), status);
   EXPECT_EQ(WEXITSTATUS(status), 1) << seen;
   EXPECT_THAT(seen, HasSubstr("Las dos contraseñas no son la misma"));
   EXPECT_FALSE(passwords_.Any());
-  seen = AtTerminal(order, {kSecret, kSecret}, status);
+  seen = AtTerminal({kSecret, kSecret}, school_.Path(), status);
   EXPECT_EQ(WEXITSTATUS(status), 0) << seen;
-  EXPECT_THAT(seen, HasSubstr("Contraseña nueva del usuario 3 (tutora3a): "));
-  EXPECT_EQ(seen.find("alcachofas"), std::string::npos) << seen;
+  EXPECT_THAT(seen, AllOf(HasSubstr("Contraseña nueva del usuario 3 (tutora3a): "),
+                          Not(HasSubstr("alcachofas"))));
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
 }
 
 TEST_F(UserPasswordsTest, AreInterruptedAtATerminalWithoutALinesEnd) {
   int status = -1;
-  for (const std::vector<std::string>& typed :
-       {std::vector<std::string>{kInterrupt}, std::vector<std::string>{kSecret, kInterrupt}}) {
-    const auto seen = AtTerminal({"usuarios", school_.Path(), "clave", "3"}, typed, status);
+  for (const auto& typed : {std::vector<std::string>{kInterrupt}, {kSecret, kInterrupt}}) {
+    const auto seen = AtTerminal(typed, school_.Path(), status);
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status << seen;
   }
   EXPECT_FALSE(passwords_.Any());
@@ -241,13 +233,10 @@ TEST_F(UserPasswordsTest, GoAlongToAnotherFile) {
   passwords_.Set(3, kSecret);
   passwords_.Set(2, kOther);
   const auto copy = school_.Path() + ".copia";
-  const auto copied = RunCommand(QUORVANE_ESCUELA " copiar " + school_.Path() + " " + copy);
-  EXPECT_EQ(copied.status, 0) << copied.text;
-  EXPECT_EQ(copied.text.find("No se ha copiado"), std::string::npos) << copied.text;
-  EXPECT_EQ(copied.text.find("contraseñas"), std::string::npos) << copied.text;
-  EXPECT_EQ(copied.text.find("argon2"), std::string::npos) << copied.text;
-  sqlite::SqliteConnection there(copy, "");
-  there.Open();
+  EXPECT_THAT(Escuela("copiar " + school_.Path() + " " + copy),
+              FieldsAre(0, AllOf(Not(HasSubstr("No se ha copiado")), Not(HasSubstr("contraseñas")),
+                                 Not(HasSubstr("argon2")))));
+  Opened<sqlite::SqliteConnection> there(copy, "");
   const UserPasswords taken(there);
   EXPECT_EQ(taken.Owner({3}, 1, kSecret), 3);
   EXPECT_EQ(taken.Owner({2}, 1, kOther), 2);
@@ -257,8 +246,8 @@ TEST_F(UserPasswordsTest, GoAlongToAnotherFile) {
 
 TEST_F(UserPasswordsTest, ACopyOfASchoolWithoutAnyHasNone) {
   const auto copy = school_.Path() + ".copia";
-  EXPECT_EQ(RunCommand(QUORVANE_ESCUELA " copiar " + school_.Path() + " " + copy).status, 0);
-  EXPECT_THAT(RunCommand(QUORVANE_ESCUELA " comprobar " + copy).text, StartsWith(kOpenToAll));
+  EXPECT_EQ(Escuela("copiar " + school_.Path() + " " + copy).status, 0);
+  EXPECT_THAT(Escuela("comprobar " + copy).text, StartsWith(kOpenToAll));
 }
 
 // A row tells its own costs, and whoever wrote it may have written any.
@@ -275,37 +264,33 @@ TEST_F(UserPasswordsTest, OfOtherCostsAreNeverComputed) {
         changed("t=2", "t=1"), changed("m=65536", "m=8"),
         "$argon2i$v=19$m=65536,t=4000000,p=1" + rest, "$7$" + good, good + "A",
         good.substr(0, good.size() - 1), std::string()}) {
-    school_.Db().Execute("UPDATE ClaveUsuario SET Clave='" + hash + "'");
-    timespec before{};
-    timespec after{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
-    EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt) << hash;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
-    EXPECT_LT(after.tv_sec - before.tv_sec, 2) << hash;
+    school_.Sql("UPDATE ClaveUsuario SET Clave='" + hash + "'");
+    SCOPED_TRACE(hash);
+    const auto before = ProcessorTime();
+    EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
+    EXPECT_LT(ProcessorTime() - before, std::chrono::seconds(2));
     EXPECT_TRUE(passwords_.Any()) << "it isn't as good as none";
-    EXPECT_EQ(passwords_.Findings().size(), 1U) << hash;
+    EXPECT_THAT(passwords_.Findings(), SizeIs(1));
   }
-  const auto check = RunCommand(QUORVANE_ESCUELA " comprobar " + school_.Path());
-  EXPECT_EQ(check.status, 1);
-  EXPECT_THAT(check.text, HasSubstr("La contraseña del usuario 3 no la ha puesto este programa"));
+  EXPECT_THAT(Escuela("comprobar " + school_.Path()),
+              FieldsAre(1, HasSubstr("La contraseña del usuario 3 no la ha puesto este programa")));
   passwords_.Set(3, kSecret);
-  EXPECT_THAT(passwords_.Findings(), testing::IsEmpty());
+  EXPECT_THAT(passwords_.Findings(), IsEmpty());
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
 }
 
 TEST_F(UserPasswordsTest, OfAUserWhoIsGoneCountForNothing) {
   passwords_.Set(3, kSecret);
-  school_.Db().Execute("DELETE FROM Usuario WHERE IDUsuario=3");
+  school_.Sql("DELETE FROM Usuario WHERE IDUsuario=3");
   EXPECT_FALSE(passwords_.Any());
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), std::nullopt);
   passwords_.Set(2, kSecret);
   EXPECT_TRUE(passwords_.Remove(2));
-  EXPECT_THAT(school_.FirstColumn("SELECT name FROM sqlite_master WHERE name='ClaveUsuario'"),
-              testing::IsEmpty());
+  EXPECT_EQ(school_.Count("sqlite_master WHERE name='ClaveUsuario'"), 0);
 }
 
 TEST_F(UserPasswordsTest, ASchoolWithoutUsersNamesHasThemByNumber) {
-  school_.Db().Execute("ALTER TABLE Usuario DROP COLUMN Nombre");
+  school_.Sql("ALTER TABLE Usuario DROP COLUMN Nombre");
   EXPECT_EQ(Users("clave 3", kSecret).status, 0);
   EXPECT_EQ(passwords_.Owner({3}, 1, kSecret), 3);
 }

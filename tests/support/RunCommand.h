@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
+#include <ostream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -15,6 +16,11 @@ struct Outcome {
   int status = -1;  ///< -1 when it was killed
   std::string text;
 };
+
+/// For a failing test's message.
+inline void PrintTo(const Outcome& outcome, std::ostream* out) {
+  *out << "status " << outcome.status << ", printing " << outcome.text;
+}
 
 /// Runs a command of the shell to its end.
 inline Outcome RunCommand(const std::string& command) {
