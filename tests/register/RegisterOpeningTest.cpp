@@ -16,7 +16,7 @@ Lines Prints(const Lines& statements) {
   return lines;
 }
 
-class RegisterOpeningTest : public RegisterTest {};
+using RegisterOpeningTest = RegisterTest;
 
 TEST_F(RegisterOpeningTest, ReadsStudentsSubjectsAndTeachersInOrder) {
   Registra({2, 1, 3});

@@ -22,12 +22,11 @@ Lines TeacherWrites(const ScriptResult& run) {
   return writes;
 }
 
-class frmPropMatProfTest : public RegisterTest {};
+using frmPropMatProfTest = RegisterTest;
 
 /// Where all rows for teachers exist, and none is inserted.
-class frmPropMatProfSavingTest : public RegisterTest {
+class frmPropMatProfSavingTest : public RegisterWithRowsTest {
  protected:
-  frmPropMatProfSavingTest() { GiveRowsToAllMaterias(school); }
   /// "Lengua" has that teacher.
   void Has(int personal) const { school.Sql(UpdateTeacher(personal, 3111)); }
 };
@@ -65,9 +64,7 @@ TEST_F(frmPropMatProfSavingTest, TheSearchGivesTheTeacher) {
 TEST_F(frmPropMatProfSavingTest, CancellingTheSearchLeavesLabelAndTeacher) {
   Has(1);
   for (const auto nobody : {0, -1}) {
-    auto script = kTeacher + ChooseTeacher(nobody);
-    script.append(kSee).append(kAccept).append(kAccept);
-    const auto run = Run(script);
+    const auto run = Run(kTeacher + ChooseTeacher(nobody) + kSee + kAccept + kAccept);
     EXPECT_THAT(run.After("pulsar cmdNProfesor"), Contains(Sent(Person(nobody))));
     EXPECT_THAT(run.Of("mensaje"), IsEmpty());
     EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"Ruiz Soto, Ana\"");
