@@ -4,8 +4,6 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "platform/host/Application.h"
-
 namespace quorvane::test {
 
 std::string View(const ScriptResult& result, const std::string& control,
@@ -30,13 +28,14 @@ void GiveRowsToAllMaterias(const SmallSchool& school) {
     school.Profesor(0, matDet);
 }
 
-AsRevision::AsRevision(int revision) {
-  auto version = Application::BuiltVersion();
-  version.revision = revision;
-  Application::Instance().Version(version);
+Lines Beginning(const ScriptResult& result, const Lines& texts) {
+  auto statements = result.Sql();
+  std::erase_if(statements, [&texts](const auto& statement) {
+    return std::none_of(texts.begin(), texts.end(),
+                        [&](const auto& text) { return statement.starts_with(text); });
+  });
+  return statements;
 }
-
-AsRevision::~AsRevision() { Application::Instance().Version(Application::BuiltVersion()); }
 
 Lines AfterFirst(const ScriptResult& result, const std::string& command) {
   ScriptResult upTo;

@@ -75,13 +75,8 @@ inline const Lines kDualListTexts{"lblDisponibles=Seleccionadas:",
 /// none to insert.
 void GiveRowsToAllMaterias(const SmallSchool& school);
 
-/// The module as another revision of itself, until the end of the scope.
-class AsRevision {
- public:
-  explicit AsRevision(int revision);
-  ~AsRevision();
-  AsRevision(AsRevision&&) = delete;
-};
+/// The statements that begin with one of those texts.
+Lines Beginning(const ScriptResult& result, const Lines& texts);
 
 /// The lines that follow the first echo of the command, up to the next echo.
 Lines AfterFirst(const ScriptResult& result, const std::string& command);

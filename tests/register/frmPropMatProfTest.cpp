@@ -14,12 +14,7 @@ std::string ChooseTeacher(int personal) {
 }
 
 Lines TeacherWrites(const ScriptResult& run) {
-  Lines writes;
-  for (const auto& statement : run.Sql())
-    if (statement.starts_with("INSERT INTO Profesor_Pte") ||
-        statement.starts_with("UPDATE Profesor_Pte"))
-      writes.push_back(statement);
-  return writes;
+  return Beginning(run, {"INSERT INTO Profesor_Pte", "UPDATE Profesor_Pte"});
 }
 
 using frmPropMatProfTest = RegisterTest;
