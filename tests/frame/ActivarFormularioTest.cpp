@@ -1,3 +1,5 @@
+#include <map>
+
 #include "frame/cAsignarDatos.h"
 #include "frame/cConfiguracion.h"
 #include "platform/controls/FormInstance.h"
@@ -40,22 +42,14 @@ std::string FirstScreen(int nodo) {
   return screen.opened;
 }
 
-TEST_F(ActivarFormularioTest, OpenTheirFirstScreens) {
-  EXPECT_EQ(FirstScreen(123), "frmPendientes");
-  EXPECT_EQ(FirstScreen(124), "frmNotaManual1");
-  EXPECT_EQ(FirstScreen(125), "frmNotaMateria1");
-}
-
-TEST_F(ActivarFormularioTest, OfTheSectionViewsCross) {
-  EXPECT_EQ(FirstScreen(126), "frmNotaSeccionMateria1");
-  EXPECT_EQ(FirstScreen(127), "frmNotaSeccionAlumno1");
-}
-
-TEST_F(ActivarFormularioTest, WithoutAScreenDoNothing) {
-  for (int nodo = 0; nodo < 256; ++nodo) {
-    if (nodo >= 123 && nodo <= 127) continue;
-    EXPECT_EQ(FirstScreen(nodo), "") << nodo;
-  }
+TEST_F(ActivarFormularioTest, OpenTheirFirstScreensThoseOfTheSectionCrossedAndNoOtherDoes) {
+  const std::map<int, std::string> screens = {{123, "frmPendientes"},
+                                              {124, "frmNotaManual1"},
+                                              {125, "frmNotaMateria1"},
+                                              {126, "frmNotaSeccionMateria1"},
+                                              {127, "frmNotaSeccionAlumno1"}};
+  for (int nodo = 0; nodo < 256; ++nodo)
+    EXPECT_EQ(FirstScreen(nodo), screens.contains(nodo) ? screens.at(nodo) : "") << nodo;
 }
 
 TEST_F(ActivarFormularioTest, DontReadTheKindOfTeaching) {

@@ -1,8 +1,11 @@
+#include <iterator>
+#include <sstream>
+
 #include "frame/Conexiones.h"
 #include "frame/cAsignarDatos.h"
 #include "frame/cConfiguracion.h"
 #include "platform/host/Application.h"
-#include "tests/frame/RecordingSession.h"
+#include "platform/host/SessionValues.h"
 #include "tests/frame/TableConnection.h"
 #include "tests/platform/FailsWith.h"
 
@@ -11,24 +14,28 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-const Names kOrder = {"RutaAplicacion",
-                      "RutaBD",
-                      "Activa",
-                      "Accion",
-                      "lngRowData",
-                      "conexionBORRADOlocalCENTRO",
-                      "conexionlocalCENTRO",
-                      "conexionAppEntrada",
-                      "IDUsuario",
-                      "IDCentro",
-                      "IDCursoEscolar",
-                      "NombreUsuario",
-                      "NombreCentro",
-                      "Pesetas",
-                      "RutaIcono",
-                      "IDPerfil",
-                      "RutaAplicacion",
-                      "SQLServer"};
+/// A session that notes which of its members are read.
+class RecordingSession : public SessionValues {
+ public:
+  [[nodiscard]] SessionMember Get(const std::string& member) const override {
+    read.push_back(member);
+    return SessionValues::Get(member);
+  }
+
+  mutable Names read;
+};
+
+// The application's path alone is read twice.
+const auto kOrder = [] {
+  std::istringstream names(
+      "RutaAplicacion RutaBD Activa Accion lngRowData conexionBORRADOlocalCENTRO "
+      "conexionlocalCENTRO conexionAppEntrada IDUsuario IDCentro IDCursoEscolar NombreUsuario "
+      "NombreCentro Pesetas RutaIcono IDPerfil RutaAplicacion SQLServer");
+  return Names(std::istream_iterator<std::string>(names), {});
+}();
+
+constexpr const char* kConnections[] = {"conexionBORRADOlocalCENTRO", "conexionlocalCENTRO",
+                                        "conexionAppEntrada"};
 
 class ObtenerDatosTest : public testing::Test {
  protected:
@@ -64,13 +71,9 @@ class ObtenerDatosTest : public testing::Test {
   std::shared_ptr<RecordingSession> session = std::make_shared<RecordingSession>();
 };
 
-TEST_F(ObtenerDatosTest, IsReadInOrderAndOnlyTheApplicationsPathTwice) {
+TEST_F(ObtenerDatosTest, IsReadInOrderAndFillsTheConfigurationWithoutAStatement) {
   cAsignarDatos().ObtenerDatos(session);
   EXPECT_EQ(session->read, kOrder);
-}
-
-TEST_F(ObtenerDatosTest, FillsTheConfiguration) {
-  cAsignarDatos().ObtenerDatos(session);
   const auto& filled = Configuracion();
   EXPECT_EQ(Application::Instance().HelpFile(), "C:\\Zendria\\zendria.chm");
   EXPECT_EQ(filled.RutaBD, "C:\\datos\\centro.db");
@@ -91,12 +94,11 @@ TEST_F(ObtenerDatosTest, FillsTheConfiguration) {
   EXPECT_EQ(filled.RutaAplicacion, "C:\\Zendria");
   EXPECT_TRUE(filled.SQLServer);
   EXPECT_EQ(filled.datossesion, session);
-}
-
-TEST_F(ObtenerDatosTest, NeverFillsTheCourseAndTheKindOfTeaching) {
-  cAsignarDatos().ObtenerDatos(session);
-  EXPECT_EQ(Configuracion().intCodCurso, 0);
-  EXPECT_EQ(Configuracion().intTipoEnsenanza, 0);
+  // It has no course and no kind of teaching.
+  EXPECT_EQ(filled.intCodCurso, 0);
+  EXPECT_EQ(filled.intTipoEnsenanza, 0);
+  for (const auto* connection : {&centro, &borrado, &entrada})
+    EXPECT_TRUE(connection->statements.empty());
 }
 
 TEST_F(ObtenerDatosTest, HandedInAgainOverwritesAndResetsNothing) {
@@ -108,13 +110,6 @@ TEST_F(ObtenerDatosTest, HandedInAgainOverwritesAndResetsNothing) {
   EXPECT_EQ(Configuracion().intIDUsuario, 8);
   EXPECT_FALSE(Configuracion().Activa);
   EXPECT_EQ(Configuracion().intCodCurso, 5);
-}
-
-TEST_F(ObtenerDatosTest, TouchesNoConnection) {
-  cAsignarDatos().ObtenerDatos(session);
-  EXPECT_TRUE(centro.statements.empty());
-  EXPECT_TRUE(borrado.statements.empty());
-  EXPECT_TRUE(entrada.statements.empty());
 }
 
 TEST_F(ObtenerDatosTest, EachMissingMemberIsAnErrorWhereItIsRead) {
@@ -140,31 +135,25 @@ TEST_F(ObtenerDatosTest, WhatWasReadBeforeAMissingMemberStays) {
   EXPECT_EQ(Configuracion().datossesion, nullptr);
 }
 
-TEST_F(ObtenerDatosTest, AConnectionThatIsNoneIsAMismatch) {
-  for (const auto* member :
-       {"conexionBORRADOlocalCENTRO", "conexionlocalCENTRO", "conexionAppEntrada"}) {
+TEST_F(ObtenerDatosTest, AConnectionThatIsNoneAndOneInAValuesPlaceAreAMismatch) {
+  for (const auto* member : kConnections) {
     const auto kept = session->Get(member);
     session->Set(member, Value("DSN=centro"));
     EXPECT_EQ(Error(), 13) << member;
     session->Set(member, kept);
   }
+  session->Set("NombreUsuario", &centro);
+  EXPECT_EQ(Error(), 13);
 }
 
 TEST_F(ObtenerDatosTest, AConnectionThatIsNothingIsKeptAndOnlyItsUseFails) {
-  for (const auto* member :
-       {"conexionBORRADOlocalCENTRO", "conexionlocalCENTRO", "conexionAppEntrada"})
-    session->Set(member, static_cast<Connection*>(nullptr));
+  for (const auto* member : kConnections) session->Set(member, static_cast<Connection*>(nullptr));
   EXPECT_EQ(Error(), 0);
   EXPECT_EQ(Configuracion().conLocalBorradoCentro, nullptr);
   EXPECT_EQ(Configuracion().conLocalCentro, nullptr);
   EXPECT_EQ(Configuracion().datossesion, session);
   EXPECT_EQ(ErrorOf([] { Centro(); }), 91);
   EXPECT_EQ(ErrorOf([] { AppEntrada(); }), 91);
-}
-
-TEST_F(ObtenerDatosTest, AConnectionInAValuesPlaceIsAMismatch) {
-  session->Set("NombreUsuario", &centro);
-  EXPECT_EQ(Error(), 13);
 }
 
 TEST_F(ObtenerDatosTest, ValuesHaveToFitTheirFields) {

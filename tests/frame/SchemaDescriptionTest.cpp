@@ -9,6 +9,8 @@ namespace quorvane::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::FieldsAre;
+using testing::IsEmpty;
 
 /// Why a description can't be read; empty when it can.
 std::string Refusal(const std::string& text) {
@@ -21,45 +23,36 @@ std::string Refusal(const std::string& text) {
 }
 
 TEST(SchemaDescriptionTest, TellsTablesColumnsAndIndexesInTheirOrder) {
-  const auto school = ReadSchema(
-      "# Not in the SQL.\n"
-      "-- On the whole.\n"
-      "-- In two lines.\n"
-      "\n"
-      "-- On Nota.\n"
-      "table Nota by position\n"
-      "  IDNota  key\n"
-      "  Nombre  text  free name\n"
-      "  index IDNota, Nombre\n"
-      "  index Nombre\n"
-      "\n"
-      "table Curso\n"
-      "  Orden byte");
+  const auto school = ReadSchema(R"(# Not in the SQL.
+-- On the whole.
+-- In two lines.
+
+-- On Nota.
+table Nota by position
+  IDNota  key
+  Nombre  text  free name
+  index IDNota, Nombre
+  index Nombre
+
+table Curso
+  Orden byte)");
   EXPECT_THAT(school.heading, ElementsAre("-- On the whole.", "-- In two lines."));
-  ASSERT_EQ(school.tables.size(), 2U);
-
-  const auto& nota = school.tables[0];
-  EXPECT_EQ(nota.name, "Nota");
-  EXPECT_TRUE(nota.byPosition);
-  EXPECT_THAT(nota.comment, ElementsAre("-- On Nota."));
-  ASSERT_EQ(nota.columns.size(), 2U);
-  EXPECT_EQ(nota.columns[0].name, "IDNota");
-  EXPECT_EQ(nota.columns[0].kind, SchemaKind::Key);
-  EXPECT_EQ(nota.columns[0].mark, SchemaMark::None);
-  EXPECT_EQ(nota.columns[1].kind, SchemaKind::Text);
-  EXPECT_EQ(nota.columns[1].mark, SchemaMark::FreeName);
-  EXPECT_THAT(nota.indexes, ElementsAre(ElementsAre("IDNota", "Nombre"), ElementsAre("Nombre")));
-
-  const auto& curso = school.tables[1];
-  EXPECT_EQ(curso.name, "Curso");
-  EXPECT_FALSE(curso.byPosition);
-  EXPECT_THAT(curso.comment, ElementsAre());
-  EXPECT_EQ(curso.columns.at(0).kind, SchemaKind::Byte);
+  // Name, comment, columns, indexes, and whether it is filled by position.
+  EXPECT_THAT(
+      school.tables,
+      ElementsAre(
+          FieldsAre("Nota", ElementsAre("-- On Nota."),
+                    ElementsAre(FieldsAre("IDNota", SchemaKind::Key, SchemaMark::None),
+                                FieldsAre("Nombre", SchemaKind::Text, SchemaMark::FreeName)),
+                    ElementsAre(ElementsAre("IDNota", "Nombre"), ElementsAre("Nombre")), true),
+          FieldsAre("Curso", IsEmpty(),
+                    ElementsAre(FieldsAre("Orden", SchemaKind::Byte, SchemaMark::None)), IsEmpty(),
+                    false)));
 }
 
 TEST(SchemaDescriptionTest, MayHaveNoHeading) {
   const auto school = ReadSchema("-- On A.\ntable A\nB long");
-  EXPECT_THAT(school.heading, ElementsAre());
+  EXPECT_THAT(school.heading, IsEmpty());
   EXPECT_THAT(school.tables.at(0).comment, ElementsAre("-- On A."));
 }
 

@@ -6,79 +6,79 @@ namespace quorvane::test {
 namespace {
 
 const auto kEveryKind = ReadSchema(
-    "-- Of the tables.\n"
-    "\n"
-    "-- All kinds.\n"
-    "table Todo by position\n"
-    "  IDTodo   key\n"
-    "  Largo    long   free place\n"
-    "  Corto    short  free name\n"
-    "  Octeto   byte   host\n"
-    "  Bandera  flag\n"
-    "  Texto    text\n"
-    "  Fecha    date   host\n"
-    "  index Largo, Corto\n"
-    "\n"
-    "table Sin_clave\n"
-    "  Largo  long\n"
-    "  index Largo\n");
+    R"(-- Of the tables.
+
+-- All kinds.
+table Todo by position
+  IDTodo   key
+  Largo    long   free place
+  Corto    short  free name
+  Octeto   byte   host
+  Bandera  flag
+  Texto    text
+  Fecha    date   host
+  index Largo, Corto
+
+table Sin_clave
+  Largo  long
+  index Largo
+)");
 
 TEST(SchemaSqlTest, OfSqlite) {
   EXPECT_EQ(SchemaSql(kEveryKind, kSqliteEngine),
-            "-- The school database on SQLite.\n"
-            "--\n"
-            "-- Of the tables.\n"
-            "-- A flag is 0 or -1; a date is a text.\n"
-            "\n"
-            "-- All kinds.\n"
-            "CREATE TABLE Todo (  -- by position\n"
-            "  IDTodo INTEGER PRIMARY KEY,\n"
-            "  Largo INTEGER DEFAULT 0,  -- free place\n"
-            "  Corto INTEGER DEFAULT 0,  -- free name\n"
-            "  Octeto INTEGER DEFAULT 0,  -- host\n"
-            "  Bandera INTEGER DEFAULT 0,\n"
-            "  Texto TEXT,\n"
-            "  Fecha TEXT  -- host\n"
-            ");\n"
-            "\n"
-            "CREATE TABLE Sin_clave (\n"
-            "  Largo INTEGER DEFAULT 0\n"
-            ");\n"
-            "\n"
-            "-- For the statements of the module: without them the load of a class reads whole "
-            "tables.\n"
-            "CREATE INDEX Idx_Todo_Largo ON Todo (Largo, Corto);\n"
-            "CREATE INDEX Idx_Sin_clave_Largo ON Sin_clave (Largo);\n");
+            R"(-- The school database on SQLite.
+--
+-- Of the tables.
+-- A flag is 0 or -1; a date is a text.
+
+-- All kinds.
+CREATE TABLE Todo (  -- by position
+  IDTodo INTEGER PRIMARY KEY,
+  Largo INTEGER DEFAULT 0,  -- free place
+  Corto INTEGER DEFAULT 0,  -- free name
+  Octeto INTEGER DEFAULT 0,  -- host
+  Bandera INTEGER DEFAULT 0,
+  Texto TEXT,
+  Fecha TEXT  -- host
+);
+
+CREATE TABLE Sin_clave (
+  Largo INTEGER DEFAULT 0
+);
+
+-- For the statements of the module: without them the load of a class reads whole tables.
+CREATE INDEX Idx_Todo_Largo ON Todo (Largo, Corto);
+CREATE INDEX Idx_Sin_clave_Largo ON Sin_clave (Largo);
+)");
 }
 
 TEST(SchemaSqlTest, OfSqlServerNamesThePrimaryKeysConstraint) {
-  EXPECT_EQ(
-      SchemaSql(kEveryKind, kSqlServerEngine),
-      "-- The school database on SQL Server.\n"
-      "--\n"
-      "-- Of the tables.\n"
-      "-- A flag is a bit, which takes the -1 that the module writes as 1; a date is a text.\n"
-      "\n"
-      "-- All kinds.\n"
-      "CREATE TABLE Todo (  -- by position\n"
-      "  IDTodo int NOT NULL,\n"
-      "  Largo int DEFAULT 0,  -- free place\n"
-      "  Corto smallint DEFAULT 0,  -- free name\n"
-      "  Octeto tinyint DEFAULT 0,  -- host\n"
-      "  Bandera bit DEFAULT 0,\n"
-      "  Texto nvarchar(255),\n"
-      "  Fecha varchar(10),  -- host\n"
-      "  CONSTRAINT PK_Todo PRIMARY KEY (IDTodo)\n"
-      ");\n"
-      "\n"
-      "CREATE TABLE Sin_clave (\n"
-      "  Largo int DEFAULT 0\n"
-      ");\n"
-      "\n"
-      "-- For the statements of the module: without them the load of a class reads whole "
-      "tables.\n"
-      "CREATE INDEX Idx_Todo_Largo ON Todo (Largo, Corto);\n"
-      "CREATE INDEX Idx_Sin_clave_Largo ON Sin_clave (Largo);\n");
+  EXPECT_EQ(SchemaSql(kEveryKind, kSqlServerEngine),
+            R"(-- The school database on SQL Server.
+--
+-- Of the tables.
+-- A flag is a bit, which takes the -1 that the module writes as 1; a date is a text.
+
+-- All kinds.
+CREATE TABLE Todo (  -- by position
+  IDTodo int NOT NULL,
+  Largo int DEFAULT 0,  -- free place
+  Corto smallint DEFAULT 0,  -- free name
+  Octeto tinyint DEFAULT 0,  -- host
+  Bandera bit DEFAULT 0,
+  Texto nvarchar(255),
+  Fecha varchar(10),  -- host
+  CONSTRAINT PK_Todo PRIMARY KEY (IDTodo)
+);
+
+CREATE TABLE Sin_clave (
+  Largo int DEFAULT 0
+);
+
+-- For the statements of the module: without them the load of a class reads whole tables.
+CREATE INDEX Idx_Todo_Largo ON Todo (Largo, Corto);
+CREATE INDEX Idx_Sin_clave_Largo ON Sin_clave (Largo);
+)");
 }
 
 TEST(SchemaSqlTest, OfAnEngineThatAsksForQuotes) {
@@ -92,20 +92,20 @@ TEST(SchemaSqlTest, OfAnEngineThatAsksForQuotes) {
   const auto school =
       ReadSchema("-- Of one.\n\ntable Nota\nIDNota key\nNombre text\nindex Nombre\n");
   EXPECT_EQ(SchemaSql(school, kQuoting),
-            "-- The school database on another engine.\n"
-            "--\n"
-            "-- Of one.\n"
-            "-- All in quotes.\n"
-            "\n"
-            "CREATE TABLE \"Nota\" (\n"
-            "  \"IDNota\" k,\n"
-            "  \"Nombre\" t,\n"
-            "  CONSTRAINT \"PK_Nota\" PRIMARY KEY (\"IDNota\")\n"
-            ");\n"
-            "\n"
-            "-- For the statements of the module: without them the load of a class reads whole "
-            "tables.\n"
-            "CREATE INDEX \"Idx_Nota_Nombre\" ON \"Nota\" (\"Nombre\");\n");
+            R"(-- The school database on another engine.
+--
+-- Of one.
+-- All in quotes.
+
+CREATE TABLE "Nota" (
+  "IDNota" k,
+  "Nombre" t,
+  CONSTRAINT "PK_Nota" PRIMARY KEY ("IDNota")
+);
+
+-- For the statements of the module: without them the load of a class reads whole tables.
+CREATE INDEX "Idx_Nota_Nombre" ON "Nota" ("Nombre");
+)");
 }
 
 }  // namespace

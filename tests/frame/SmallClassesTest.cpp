@@ -65,23 +65,18 @@ TEST_F(NextKeyTest, IsAskedForInOneStatement) {
             std::vector<std::string>{"SELECT MAX(IDEvaluacionPte) FROM [EvaluacionPte]"});
 }
 
-TEST_F(NextKeyTest, IsOneWithoutAnyRow) { EXPECT_EQ(Next({}), 1); }
-
-TEST_F(NextKeyTest, IsOneWhenTheLargestIsNull) { EXPECT_EQ(Next({Value()}), 1); }
-
-TEST_F(NextKeyTest, IsOneMoreThanTheLargest) {
+TEST_F(NextKeyTest, IsOneMoreThanTheLargestAndOneWithoutAny) {
+  EXPECT_EQ(Next({}), 1);
+  EXPECT_EQ(Next({Value()}), 1);
   EXPECT_EQ(Next({Value(41)}), 42);
   EXPECT_EQ(Next({Value(0)}), 1);
   EXPECT_EQ(Next({Value(-5)}), -4);
   EXPECT_EQ(Next({Value("41")}), 42);
 }
 
-TEST_F(NextKeyTest, BeyondItsFieldIsOverflow) {
+TEST_F(NextKeyTest, FailsBeyondItsFieldAndAsTheStatementDoes) {
   EXPECT_EQ(ErrorOf([this] { Next({Value(2147483647)}); }), 6);
   EXPECT_EQ(ErrorOf([this] { Next({Value(std::int64_t{1} << 40)}); }), 6);
-}
-
-TEST_F(NextKeyTest, FailsAsTheStatementDoes) {
   connection.refuses = true;
   EXPECT_EQ(ErrorOf([this] { Next({}); }), -2147467259);
 }

@@ -12,9 +12,10 @@
 #include "platform/controls/Form.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/host/Application.h"
-#include "platform/host/FrontEnd.h"
 #include "register/frmPendientes.h"
+#include "tests/platform/ScriptedFrontEnd.h"
 #include "tests/register/RegisterStatements.h"
+#include "tests/support/Opened.h"
 #include "tests/support/SmallSchool.h"
 #include "tests/support/TestConnection.h"
 
@@ -22,7 +23,7 @@ namespace quorvane::test {
 
 /// A user who acts on the models themselves, for what a script can't see. Each step acts on the
 /// innermost form; when there are none left, what is open is closed with its X.
-class StepScreen : public FrontEnd {
+class StepScreen : public ScriptedFrontEnd {
  public:
   using Step = std::function<void()>;
 
@@ -42,14 +43,7 @@ class StepScreen : public FrontEnd {
                const std::string& text) override {
     messages.push_back(text);
   }
-  void Beep() override {}
   void MousePointer(Pointer pointer) override { pointers.push_back(pointer); }
-  std::int32_t TextWidth(const Form& /*form*/, const std::string& text) override {
-    return static_cast<std::int32_t>(text.size()) * 100;
-  }
-  void DoEvents() override {}
-  std::int32_t ScreenWidth() override { return 15360; }
-  std::int32_t ScreenHeight() override { return 11520; }
 
   std::deque<Step> steps;
   std::vector<Pointer> pointers;
@@ -72,22 +66,18 @@ StepScreen::Step Press(CommandButton F::*button) {
 /// components go with it.
 class DirectSession {
  public:
-  DirectSession() : centro_(school.Path(), "centro") {
-    centro_.Open();
+  DirectSession() {
     centro_.Observe([this](const Connection&, const std::string& statement) {
       statements.push_back(statement);
     });
     auto& configuracion = cConfiguracion::Instancia();
-    configuracion.conLocalCentro = &centro_;
-    configuracion.conLocalBorradoCentro = &centro_;
+    configuracion.conLocalCentro = configuracion.conLocalBorradoCentro = &centro_;
     configuracion.intIdCentro = 1;
     configuracion.RutaIcono = "C:\\iconos\\Zendria.ico";
-    Application::Instance().UseScreen(&screen);
   }
   ~DirectSession() {
     FormInstances::DropAll();
     Application::Instance().Objects().Reset();
-    Application::Instance().UseScreen(nullptr);
     cConfiguracion::Instancia().conLocalCentro = nullptr;
     cConfiguracion::Instancia().conLocalBorradoCentro = nullptr;
   }
@@ -97,7 +87,7 @@ class DirectSession {
   void Play(std::vector<StepScreen::Step> steps) {
     screen.steps.assign(steps.begin(), steps.end());
     screen.steps.emplace_front([] {
-      auto& form = FormInstance<frmPendientes>::Get();
+      auto& form = The<frmPendientes>();
       Choose(form.cboTEnsenanza, 3);
       Choose(form.cboCurso, 32);
       Choose(form.cboSeccion, 321);
@@ -123,7 +113,7 @@ class DirectSession {
       if (list.ItemData(i) == data) list.ListIndex(i);
   }
 
-  TestConnection centro_;
+  Opened<TestConnection> centro_{school.Path(), "centro"};
 };
 
 }  // namespace quorvane::test

@@ -3,13 +3,7 @@
 namespace quorvane::test {
 namespace {
 
-Lines Deletes(const ScriptResult& run) {
-  Lines deletes;
-  for (const auto& statement : run.Sql())
-    if (statement.starts_with("delete") || statement.starts_with("Delete"))
-      deletes.push_back(statement);
-  return deletes;
-}
+Lines Deletes(const ScriptResult& run) { return Beginning(run, {"delete", "Delete"}); }
 
 class RegisterHealingTest : public RegisterTest {
  protected:

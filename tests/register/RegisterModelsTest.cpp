@@ -7,6 +7,8 @@
 #include "frame/cConstCol.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
+#include "register/CopiarAlumno.h"
+#include "register/cAlumno.h"
 #include "register/frmAlumnoMateria.h"
 #include "register/frmAlumnoPendiente.h"
 #include "register/frmAlumnos.h"
@@ -14,12 +16,21 @@
 #include "register/frmMateriaPend.h"
 #include "register/frmPendientes.h"
 #include "register/frmPropMatProf.h"
+#include "tests/platform/FailsWith.h"
 #include "tests/register/DirectSession.h"
-#include "tests/register/Fields.h"
 #include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
+
+using testing::_;
+using testing::FieldsAre;
+
+// What a subject of the register holds itself, in the order of its declaration.
+auto Fields(const cMateria& materia) {
+  return std::tuple(materia.IDMatDetalle, materia.Nombre, materia.IDPersonal, int{materia.Orden},
+                    int{materia.Estado}, int{materia.EstadoAnterior}, int{materia.codCurso});
+}
 
 template <class... F>
 void ExpectGone() {
@@ -52,18 +63,16 @@ TEST(RegisterModelsTest, TheGraphHoldsWhatTheTablesSay) {
     ASSERT_EQ(form.colAlumnos.Count(), 1U);
     const auto& alumno = *form.colAlumnos["1"];
     const cConstCol estados;
-    EXPECT_EQ(Fields(alumno), std::tuple(1, std::string("Díaz Cano, Marta"), 0, 0,
-                                         int{estados.NoModificado}, int{estados.Modificado}));
+    EXPECT_THAT(alumno, FieldsAre(1, _, "Díaz Cano, Marta", 0, 0, estados.NoModificado,
+                                  estados.Modificado));
     const auto& materia = *alumno.colMateria["3111"];
     // The course is that of the student's section, not the subject's.
     EXPECT_EQ(Fields(materia), std::tuple(3111, std::string("Lengua"), 0, 4,
                                           int{estados.NoModificado}, int{estados.Modificado}, 32));
-    const auto& evaluacion = *materia.colEvaluaciones["4"];
-    EXPECT_EQ(Fields(evaluacion), std::tuple(4, std::string("Final"), true, false, 0,
-                                             int{estados.NoModificado}, int{estados.Modificado}));
-    EXPECT_EQ(Fields(*form.colMatProf["3111"]),
-              std::tuple(2, int{estados.NoModificado}, std::string("Gil Mora, Luis"),
-                         std::string("Lengua (1º ESO - A)")));
+    EXPECT_THAT(*materia.colEvaluaciones["4"],
+                FieldsAre(4, "Final", true, false, 0, estados.NoModificado, estados.Modificado));
+    EXPECT_THAT(*form.colMatProf["3111"],
+                FieldsAre(_, 2, estados.NoModificado, "Gil Mora, Luis", "Lengua (1º ESO - A)"));
   }});
 }
 
@@ -73,11 +82,10 @@ TEST(RegisterModelsTest, ASubjectDetailThatNeverHadATeachersRowLoadsAsNew) {
   session.Play({[] {
     const cConstCol estados;
     const auto& colMatProf = The<frmAlumnoPendiente>().colMatProf;
-    EXPECT_EQ(Fields(*colMatProf["3112"]), std::tuple(0, int{estados.NUEVO}, std::string(""),
-                                                      std::string("Matemáticas (1º ESO - A)")));
+    EXPECT_THAT(*colMatProf["3112"],
+                FieldsAre(_, 0, estados.NUEVO, "", "Matemáticas (1º ESO - A)"));
     // One that has a row without a teacher doesn't.
-    EXPECT_EQ(colMatProf["3111"]->Estado, estados.NoModificado);
-    EXPECT_EQ(colMatProf["3111"]->IDPersonal, 0);
+    EXPECT_THAT(*colMatProf["3111"], FieldsAre(_, 0, estados.NoModificado, _, _));
   }});
 }
 
@@ -204,12 +212,7 @@ TEST(RegisterModelsTest, OrderThatLeavesEightBitsIsAnOverflow) {
   session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), [] {
                   auto& form = The<frmAlumnoMateria>();
                   form.objAlumno->colMateria["3111"]->Orden = 255;
-                  try {
-                    form.cmdBajar.Press();
-                    ADD_FAILURE() << "no overflow";
-                  } catch (const RuntimeError& error) {
-                    EXPECT_EQ(error.Number(), 6);
-                  }
+                  EXPECT_EQ(ErrorOf([&form] { form.cmdBajar.Press(); }), 6);
                 }});
 }
 
@@ -233,34 +236,60 @@ TEST(RegisterModelsTest, TheCopyLeavesTheStudentAndTheCourseBehind) {
                 }});
 }
 
+TEST(RegisterModelsTest, ACopyHasEveryFieldButTheCourse) {
+  cAlumno alumno{7, {}, "Díaz Cano, Marta", 1, 2, 2, 1};
+  const auto materia = std::make_shared<cMateria>();
+  materia->IDMatDetalle = 3111;
+  materia->IDPersonal = 255;
+  materia->Nombre = "Lengua";
+  materia->Orden = 9;
+  materia->Estado = 3;
+  materia->EstadoAnterior = 2;
+  materia->codCurso = 32;
+  const auto evaluacion =
+      std::make_shared<cEvaluacion>(cEvaluacion{4, "Final", true, true, 5, 1, 1});
+  materia->colEvaluaciones.Add(evaluacion, "4");
+  alumno.colMateria.Add(materia, "3111");
+
+  const auto copia = CopiarAlumno(alumno);
+  EXPECT_THAT(*copia, FieldsAre(7, _, "Díaz Cano, Marta", 1, 2, 2, 1));
+  const auto& suya = *copia->colMateria["3111"];
+  EXPECT_NE(&suya, materia.get());
+  EXPECT_EQ(suya.codCurso, 0);
+  materia->codCurso = 0;
+  EXPECT_EQ(Fields(suya), Fields(*materia));
+  const auto& otra = *suya.colEvaluaciones["4"];
+  EXPECT_NE(&otra, evaluacion.get());
+  EXPECT_THAT(otra, FieldsAre(4, "Final", true, true, 5, 1, 1));
+}
+
 TEST(RegisterModelsTest, WhatTheDialogsCreateIsNew) {
   DirectSession session;
   session.school.Registra(321, 1);
-  session.Play({Press(&frmAlumnoPendiente::cmdPropiedades), Press(&frmAlumnoMateria::cmdAgregar),
-                [] {
-                  auto& form = The<frmMateriaPend>();
-                  form.cboCurso.ListIndex(0);
-                  form.cboSeccion.ListIndex(0);
-                  form.cboMateria.ListIndex(0);
-                  form.cmdAceptar.Press();
-                },
-                Press(&frmAlumnoMateria::cmdPropiedades),
-                [] {
-                  auto& form = The<frmMateriaEv>();
-                  form.lstDisponibles.ListIndex(0);
-                  form.cmdAgregarUno.Press();
-                  form.cmdAceptar.Press();
-                },
-                [] {
-                  const cConstCol estados;
-                  const auto& materia = *The<frmAlumnoMateria>().objAlumno->colMateria["3113"];
-                  EXPECT_EQ(Fields(materia),
-                            std::tuple(3113, std::string("Francés (Optativa)"), 255, 1,
-                                       int{estados.NUEVO}, int{estados.NUEVO}, 0));
-                  EXPECT_EQ(Fields(*materia.colEvaluaciones["6"]),
-                            std::tuple(6, std::string("Extraordinaria"), true, true, 3,
-                                       int{estados.NUEVO}, int{estados.NUEVO}));
-                }});
+  session.Play(
+      {Press(&frmAlumnoPendiente::cmdPropiedades), Press(&frmAlumnoMateria::cmdAgregar),
+       [] {
+         auto& form = The<frmMateriaPend>();
+         form.cboCurso.ListIndex(0);
+         form.cboSeccion.ListIndex(0);
+         form.cboMateria.ListIndex(0);
+         form.cmdAceptar.Press();
+       },
+       Press(&frmAlumnoMateria::cmdPropiedades),
+       [] {
+         auto& form = The<frmMateriaEv>();
+         form.lstDisponibles.ListIndex(0);
+         form.cmdAgregarUno.Press();
+         form.cmdAceptar.Press();
+       },
+       [] {
+         const cConstCol estados;
+         const auto& materia = *The<frmAlumnoMateria>().objAlumno->colMateria["3113"];
+         EXPECT_EQ(Fields(materia), std::tuple(3113, std::string("Francés (Optativa)"), 255, 1,
+                                               int{estados.NUEVO}, int{estados.NUEVO}, 0));
+         EXPECT_THAT(*materia.colEvaluaciones["6"],
+                     FieldsAre(6, "Extraordinaria", true, true, 3, estados.NUEVO, estados.NUEVO));
+       }});
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "platform/host/Application.h"
 #include "tests/register/RegisterTest.h"
 
 namespace quorvane::test {
@@ -16,7 +17,19 @@ Lines Prints(const Lines& statements) {
   return lines;
 }
 
-class RegisterOpeningTest : public RegisterTest {};
+/// The module as another revision of itself, until the end of the scope.
+class AsRevision {
+ public:
+  explicit AsRevision(int revision) {
+    auto version = Application::BuiltVersion();
+    version.revision = revision;
+    Application::Instance().Version(version);
+  }
+  ~AsRevision() { Application::Instance().Version(Application::BuiltVersion()); }
+  AsRevision(AsRevision&&) = delete;
+};
+
+using RegisterOpeningTest = RegisterTest;
 
 TEST_F(RegisterOpeningTest, ReadsStudentsSubjectsAndTeachersInOrder) {
   Registra({2, 1, 3});

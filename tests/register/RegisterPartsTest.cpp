@@ -2,12 +2,11 @@
 #include "frame/Conexiones.h"
 #include "frame/cConfiguracion.h"
 #include "frame/cConstCol.h"
-#include "register/CopiarAlumno.h"
 #include "register/PersonName.h"
 #include "register/RegisterWriter.h"
 #include "register/ResumeNext.h"
-#include "tests/register/Fields.h"
 #include "tests/register/RegisterTest.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TestConnection.h"
 
 namespace quorvane::test {
@@ -40,50 +39,16 @@ TEST(RegisterPartsTest, WithoutASessionThereIsNoConnection) {
   cConfiguracion::Instancia().conLocalCentro = before;
 }
 
-TEST(RegisterPartsTest, ACopyHasEveryFieldButTheCourse) {
-  cAlumno alumno;
-  alumno.IDAlumno = 7;
-  alumno.Nombre = "Díaz Cano, Marta";
-  alumno.REACDIV = 1;
-  alumno.Diversificacion = 2;
-  alumno.Estado = 2;
-  alumno.EstadoAnterior = 1;
-  const auto materia = std::make_shared<cMateria>();
-  materia->IDMatDetalle = 3111;
-  materia->IDPersonal = 255;
-  materia->Nombre = "Lengua";
-  materia->Orden = 9;
-  materia->Estado = 3;
-  materia->EstadoAnterior = 2;
-  materia->codCurso = 32;
-  const auto evaluacion =
-      std::make_shared<cEvaluacion>(cEvaluacion{4, "Final", true, true, 5, 1, 1});
-  materia->colEvaluaciones.Add(evaluacion, "4");
-  alumno.colMateria.Add(materia, "3111");
-
-  const auto copia = CopiarAlumno(alumno);
-  EXPECT_EQ(Fields(*copia), Fields(alumno));
-  const auto& suya = *copia->colMateria["3111"];
-  EXPECT_NE(&suya, materia.get());
-  EXPECT_EQ(suya.codCurso, 0);
-  materia->codCurso = 0;
-  EXPECT_EQ(Fields(suya), Fields(*materia));
-  const auto& otra = *suya.colEvaluaciones["4"];
-  EXPECT_NE(&otra, evaluacion.get());
-  EXPECT_EQ(Fields(otra), Fields(*evaluacion));
-}
-
 /// What the screens never ask of the writer, which is driven by the states alone.
 class RegisterWriterTest : public RegisterTest {
  protected:
-  RegisterWriterTest() : centro(school.Path(), "") {
-    centro.Open();
+  RegisterWriterTest() {
     centro.Observe([this](const Connection&, const std::string& statement) {
       statements.push_back(statement);
     });
   }
 
-  TestConnection centro;
+  Opened<TestConnection> centro{school.Path(), ""};
   Lines statements;
 };
 

@@ -5,13 +5,8 @@ namespace {
 
 const std::string kEditFirst = "fila msgAlumnos 0\n" + kProperties;
 
-class RegisterSavingTest : public RegisterTest {};
-
-/// On a register whose teachers need no row any more.
-class RegisterStudentsTest : public RegisterTest {
- protected:
-  RegisterStudentsTest() { GiveRowsToAllMaterias(school); }
-};
+using RegisterSavingTest = RegisterTest;
+using RegisterStudentsTest = RegisterWithRowsTest;
 
 TEST_F(RegisterSavingTest, WithNothingChangedTheFirstSaveGivesEachSubjectDetailARow) {
   Registra({1});
@@ -27,12 +22,6 @@ TEST_F(RegisterSavingTest, WithNothingChangedTheFirstSaveGivesEachSubjectDetailA
   const auto second = Run(kOpen + kAccept);
   EXPECT_THAT(Saved(second), IsEmpty());
   EXPECT_EQ(school.Modulo(), before);
-}
-
-TEST_F(RegisterSavingTest, BeforeRevisionNineNoTeacherIsWritten) {
-  const AsRevision older(8);
-  Run(kOpen + kAccept);
-  ExpectEmpty({"Profesor_Pte"});
 }
 
 TEST_F(RegisterStudentsTest, TeachersAreWrittenBeforeStudents) {
@@ -63,34 +52,16 @@ TEST_F(RegisterStudentsTest, ASubjectWithoutEvaluationsGetsItsRowAlone) {
   ExpectEmpty({"EvaluacionPte", "EvaluacionActaPte"});
 }
 
-TEST_F(RegisterStudentsTest, AnOrdinaryAndAFinalEvaluationOfANewSubjectGoToATableEach) {
-  Registra({1});
-  school.Evalua(school.Pendiente(5, 3311, 1), 3, 105);
-  Run(kOpen + kEditFirst + AddSubject(3111) + kProperties + TakeIn(2) + TakeIn(4) + kAccept +
-      kAccept + kAccept);
-  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=2"),
-              ElementsAre("2|2|2|0|0|0|0|0|0|0"));
-  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionActaPte"), ElementsAre("1|2|4|0|0|0|0|0"));
-}
-
-TEST_F(RegisterStudentsTest, ADeletedStudentLosesHisPlacesOnOtherRegistersToo) {
-  Registra({1});
-  school.Registra(331, 1);
-  school.Registra(331, 5);
-  Run(kOpen + kList + "pulsar cmdEliminarTodos\n" + kAccept + kAccept);
-  EXPECT_THAT(school.Rows("SELECT CodSeccion, CodAlumno FROM Seccion_AlumnoPte"),
-              ElementsAre("331|5"));
-}
-
-TEST_F(RegisterSavingTest, KeysAreTheLargestPlusOne) {
+TEST_F(RegisterSavingTest, TheEvaluationsOfANewSubjectGoToATableEachAndKeysAreTheLargestPlusOne) {
   Registra({1});
   school.Sql(
       "INSERT INTO AlumnoPte_MatDet VALUES (41,5,3311,1,0);"
-      "INSERT INTO EvaluacionPte VALUES (70,41,1,0,0,0,0,0,0,0)");
-  Run(kOpen + kEditFirst + AddSubject(3111) + kProperties + TakeIn(1) + kAccept + kAccept +
-      kAccept);
-  EXPECT_THAT(school.Rows("SELECT IDEvaluacionPte, CodAlumnoPte_MatDet FROM EvaluacionPte"),
-              ElementsAre("70|41", "71|42"));
+      "INSERT INTO EvaluacionPte VALUES (70,41,3,0,105,0,0,0,0,0)");
+  Run(kOpen + kEditFirst + AddSubject(3111) + kProperties + TakeIn(2) + TakeIn(4) + kAccept +
+      kAccept + kAccept);
+  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionPte"),
+              ElementsAre("70|41|3|0|105|0|0|0|0|0", "71|42|2|0|0|0|0|0|0|0"));
+  EXPECT_THAT(school.Rows("SELECT * FROM EvaluacionActaPte"), ElementsAre("1|42|4|0|0|0|0|0"));
 }
 
 TEST_F(RegisterStudentsTest, OneRemovedAndOneAddedDeletesInsertsAndOrdersThoseThatStay) {

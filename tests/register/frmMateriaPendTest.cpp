@@ -6,11 +6,13 @@ namespace {
 const std::string kAdd = kOpen + kProperties + "pulsar cmdAgregar\n";
 const std::string kChoose311 = "elegir cboCurso =31\nelegir cboSeccion =311\n";
 
-class frmMateriaPendTest : public RegisterTest {
+class frmMateriaPendTest : public RegisterWithRowsTest {
  protected:
-  frmMateriaPendTest() {
-    GiveRowsToAllMaterias(school);
-    Registra({1});
+  frmMateriaPendTest() { Registra({1}); }
+
+  /// With that subject chosen for the student, and what follows.
+  [[nodiscard]] ScriptResult RunChoosing(int matDet, const std::string& more) const {
+    return Run(kOpen + kProperties + ChooseSubject(matDet) + more);
   }
 };
 
@@ -50,21 +52,13 @@ TEST_F(frmMateriaPendTest, WithoutASubjectItRefuses) {
 
 TEST_F(frmMateriaPendTest, ANewSubjectStandsLastAndIsInsertedWithItsFinalOrder) {
   Debe(1, 3111, 1);
-  const auto run =
-      Run(kAdd + kChoose311 + "elegir cboMateria =3113\n" + kAccept + kSee + kAccept + kAccept);
+  const auto run = RunChoosing(3113, kAccept + kSee + kAccept + kAccept);
   EXPECT_THAT(run.After("elegir cboSeccion =311"), ElementsAre(Sent(SubjectsToChoose("3111"))));
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0,3111,3113]");
   // The number of rows with the heading shows until it is renumbered; two data rows, so 2.
   EXPECT_THAT(Materias(run),
               EndsWith(R"x(["Francés (Optativa) (1º ESO)","","","","","","","","","2"]])x"));
   EXPECT_EQ(Saved(run), InsertSubject(2, 3113, 2));
-}
-
-TEST_F(frmMateriaPendTest, TheFirstSubjectOfAllHasOrderOne) {
-  const auto run =
-      Run(kAdd + kChoose311 + "elegir cboMateria =3112\n" + kAccept + kAccept + kAccept);
-  EXPECT_THAT(school.Rows("SELECT * FROM AlumnoPte_MatDet"), ElementsAre("1|1|3112|1|0"))
-      << run.Text();
 }
 
 TEST_F(frmMateriaPendTest, SubjectsThatTheStudentHasAreNotOffered) {
@@ -90,31 +84,29 @@ TEST_F(frmMateriaPendTest, ASubjectTakenOffAndChosenAgainIsUpdatedWithItsEvaluat
 }
 
 TEST_F(frmMateriaPendTest, AnotherCourseLeavesTheSubjectSelectedAndItIsAdded) {
-  const auto run = Run(kAdd + kChoose311 + "elegir cboMateria =3112\nelegir cboCurso =33\n" + kSee +
-                       kAccept + kAccept + kAccept);
+  const auto run = RunChoosing(3112, Choose("cboCurso", 33) + kSee + kAccept + kAccept + kAccept);
   EXPECT_EQ(View(run, "cboSeccion", "indice"), "-1");
   EXPECT_EQ(View(run, "cboMateria", "indice"), "2");
   EXPECT_THAT(school.Rows("SELECT CodMatDet FROM AlumnoPte_MatDet"), ElementsAre("3112"));
 }
 
 TEST_F(frmMateriaPendTest, CancellingAddsNothingAndTheMatrixIsReadAgain) {
-  const auto run = Run(kAdd + kChoose311 + "elegir cboMateria =3112\n" + kCancel + kSee);
+  const auto run = RunChoosing(3112, kCancel + kSee);
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0]");
   EXPECT_THAT(run.After("pulsar cmdCancelar"),
               ElementsAre("descarga frmMateriaPend", Sent(kColumns)));
 }
 
 TEST_F(frmMateriaPendTest, ANewSubjectRemovedAgainIsForgotten) {
-  const auto run = Run(kAdd + kChoose311 + "elegir cboMateria =3112\n" + kAccept + kRemove + kSee +
-                       kAccept + kAccept);
+  const auto run = RunChoosing(3112, kAccept + kRemove + kSee + kAccept + kAccept);
   EXPECT_EQ(View(run, "msgMaterias", "datos"), "[0]");
   EXPECT_THAT(Saved(run), IsEmpty());
 }
 
 TEST_F(frmMateriaPendTest, MovingANewSubjectKeepsItNew) {
   Debe(1, 3111, 1);
-  const auto run = Run(kAdd + kChoose311 + "elegir cboMateria =3112\n" + kAccept +
-                       "fila msgMaterias 2\npulsar cmdSubir\n" + kAccept + kAccept);
+  const auto run =
+      RunChoosing(3112, kAccept + "fila msgMaterias 2\npulsar cmdSubir\n" + kAccept + kAccept);
   EXPECT_THAT(run.Sql(), Contains(InsertSubject(2, 3112, 1).back()));
   EXPECT_THAT(school.Rows("SELECT CodMatDet, Orden FROM AlumnoPte_MatDet ORDER BY Orden"),
               ElementsAre("3112|1", "3111|2"));

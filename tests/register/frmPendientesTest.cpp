@@ -6,7 +6,7 @@ namespace {
 constexpr const char* kRefusal =
     R"(exclamacion "Zendria Escuela" "Debe seleccionar un tipo de enseñanza, curso y sección")";
 
-class frmPendientesTest : public RegisterTest {};
+using frmPendientesTest = RegisterTest;
 
 TEST_F(frmPendientesTest, OffersTheKindsOfTheCentreButTheReservedOnes) {
   const auto run = Run("nodo 123\n" + kSee + kCancel);

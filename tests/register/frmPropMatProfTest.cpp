@@ -14,20 +14,14 @@ std::string ChooseTeacher(int personal) {
 }
 
 Lines TeacherWrites(const ScriptResult& run) {
-  Lines writes;
-  for (const auto& statement : run.Sql())
-    if (statement.starts_with("INSERT INTO Profesor_Pte") ||
-        statement.starts_with("UPDATE Profesor_Pte"))
-      writes.push_back(statement);
-  return writes;
+  return Beginning(run, {"INSERT INTO Profesor_Pte", "UPDATE Profesor_Pte"});
 }
 
-class frmPropMatProfTest : public RegisterTest {};
+using frmPropMatProfTest = RegisterTest;
 
 /// Where all rows for teachers exist, and none is inserted.
-class frmPropMatProfSavingTest : public RegisterTest {
+class frmPropMatProfSavingTest : public RegisterWithRowsTest {
  protected:
-  frmPropMatProfSavingTest() { GiveRowsToAllMaterias(school); }
   /// "Lengua" has that teacher.
   void Has(int personal) const { school.Sql(UpdateTeacher(personal, 3111)); }
 };
@@ -65,9 +59,7 @@ TEST_F(frmPropMatProfSavingTest, TheSearchGivesTheTeacher) {
 TEST_F(frmPropMatProfSavingTest, CancellingTheSearchLeavesLabelAndTeacher) {
   Has(1);
   for (const auto nobody : {0, -1}) {
-    auto script = kTeacher + ChooseTeacher(nobody);
-    script.append(kSee).append(kAccept).append(kAccept);
-    const auto run = Run(script);
+    const auto run = Run(kTeacher + ChooseTeacher(nobody) + kSee + kAccept + kAccept);
     EXPECT_THAT(run.After("pulsar cmdNProfesor"), Contains(Sent(Person(nobody))));
     EXPECT_THAT(run.Of("mensaje"), IsEmpty());
     EXPECT_EQ(View(run, "lblProfesor", "texto"), "\"Ruiz Soto, Ana\"");

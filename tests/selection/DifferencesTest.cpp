@@ -32,27 +32,8 @@ std::string ShortNames(const Lines& lines) {
   return names;
 }
 
-/// Where the four dialogs differ, a row each. A school with recoveries and follow-up, profile 0.
-struct Differences {
-  std::string caption;     ///< of the choice of its own
-  std::string opening;     ///< the statements of the opening
-  std::string section;     ///< those of choosing the section again, after an ordinary evaluation
-  std::string evaluation;  ///< those of choosing an ordinary evaluation then
-  std::string recovery;    ///< the box then
-  std::string button;      ///< the way on then
-  std::string refusal;     ///< outside the date window
-
-  bool operator==(const Differences&) const = default;
-};
-
-void PrintTo(const Differences& row, std::ostream* out) {
-  *out << "\n  caption:    " << row.caption << "\n  opening:    " << row.opening
-       << "\n  section:    " << row.section << "\n  evaluation: " << row.evaluation
-       << "\n  recovery:   " << row.recovery << "\n  button:     " << row.button
-       << "\n  refusal:    " << row.refusal;
-}
-
-Differences Observe(const Dialog& dialog) {
+/// Where the four dialogs differ, on a school with recoveries and follow-up, for profile 0.
+Lines Observe(const Dialog& dialog) {
   const PendingSchool school;
   school.Sql(
       "UPDATE SistemaCalificacion SET Recuperaciones=-1;"
@@ -66,34 +47,38 @@ Differences Observe(const Dialog& dialog) {
   const auto message = refused.Of("mensaje");
   const auto error = refused.Of("error");
   const FormView view(shown);
-  Differences row;
-  row.caption = view.Has("lblNotamanual1(4)") ? view.Text("lblNotamanual1(4)") : "";
-  row.opening = ShortNames(shown.After("nodo " + std::to_string(dialog.node)));
-  row.section = ShortNames(shown.After(kSection));
-  row.evaluation = ShortNames(shown.After(Evaluation(2)));
-  row.recovery = view.Visible("chkRecuperacion") ? "shown" : "hidden";
-  row.button = view.Enabled("cmdNotaManual1(0)") ? "free" : "barred";
-  row.refusal = message.empty() ? "error " + error.at(0).substr(0, 3) : message.at(0);
-  return row;
+  return {"caption: " + (view.Has("lblNotamanual1(4)") ? view.Text("lblNotamanual1(4)") : ""),
+          "opening: " + ShortNames(shown.After("nodo " + std::to_string(dialog.node))),
+          // Choosing the section again, after an ordinary evaluation.
+          "section: " + ShortNames(shown.After(kSection)),
+          "evaluation: " + ShortNames(shown.After(Evaluation(2))),
+          std::string("recovery: ") + (view.Visible("chkRecuperacion") ? "shown" : "hidden"),
+          std::string("button: ") + (view.Enabled("cmdNotaManual1(0)") ? "free" : "barred"),
+          // Outside the date window.
+          "refusal: " + (message.empty() ? "error " + error.at(0).substr(0, 3) : message.at(0))};
 }
 
 TEST(DifferencesTest, SideBySide) {
   const std::string message =
-      R"(exclamacion "Zendria Escuela" "La fecha de la evaluación se ha superado")";
-  EXPECT_EQ(Observe(kByStudent),
-            (Differences{"", "types, recoveries, courses, ordinary", "final of former, evaluations",
-                         "final of chosen", "hidden", "free", message}));
-  EXPECT_EQ(Observe(kBySubject),
-            (Differences{"", "types, courses, ordinary", "final of former, evaluations",
-                         "final of chosen", "hidden", "free", message}));
-  EXPECT_EQ(Observe(kSectionByStudent),
-            (Differences{"(*) Materia:", "types, recoveries, courses, ordinary",
-                         "tutor, final of former, follow-up, evaluations",
-                         "final and order, follow-up, subjects", "shown", "barred", "error 326"}));
-  EXPECT_EQ(Observe(kSectionBySubject),
-            (Differences{"(*) Alumno:", "types, recoveries, courses, ordinary",
-                         "tutor, final of former, follow-up, evaluations",
-                         "final and order, follow-up, students", "hidden", "barred", "error 326"}));
+      R"(refusal: exclamacion "Zendria Escuela" "La fecha de la evaluación se ha superado")";
+  EXPECT_THAT(Observe(kByStudent),
+              ElementsAre("caption: ", "opening: types, recoveries, courses, ordinary",
+                          "section: final of former, evaluations", "evaluation: final of chosen",
+                          "recovery: hidden", "button: free", message));
+  EXPECT_THAT(Observe(kBySubject),
+              ElementsAre("caption: ", "opening: types, courses, ordinary",
+                          "section: final of former, evaluations", "evaluation: final of chosen",
+                          "recovery: hidden", "button: free", message));
+  EXPECT_THAT(Observe(kSectionByStudent),
+              ElementsAre("caption: (*) Materia:", "opening: types, recoveries, courses, ordinary",
+                          "section: tutor, final of former, follow-up, evaluations",
+                          "evaluation: final and order, follow-up, subjects", "recovery: shown",
+                          "button: barred", "refusal: error 326"));
+  EXPECT_THAT(Observe(kSectionBySubject),
+              ElementsAre("caption: (*) Alumno:", "opening: types, recoveries, courses, ordinary",
+                          "section: tutor, final of former, follow-up, evaluations",
+                          "evaluation: final and order, follow-up, students", "recovery: hidden",
+                          "button: barred", "refusal: error 326"));
 }
 
 }  // namespace

@@ -52,23 +52,19 @@ TEST_P(ListsByRoleTest, ProfileZeroReadsAllSectionsOfACourse) {
   EXPECT_TRUE(FormView(result).Enabled("cboSecciones"));
 }
 
-TEST_P(ListsByRoleTest, TheTutorSeesHisSection) {
-  const auto result = Open(Tutor(), "elegir cboCursos =32\n");
-  ExpectAsked(result,
-              {Sql(kStaff, {2}), Sql(kTypes, {1, 1}), Sql(kRecoveries, {3}),
-               Sql(kCourses, {3, 1, 1}), Sql(kOrdinaryEvaluations), Sql(kSections, {32, 1, 1})});
-  ExpectEntries(result, "cboTipoEnsenanza", {"ESO=3"});
-  ExpectEntries(result, "cboCursos", {"2º ESO=32"});
-  ExpectEntries(result, "cboSecciones", {"A=321"});
-}
-
-TEST_P(ListsByRoleTest, TheTeacherOfAPendingSubjectSeesTheSectionsOfItsStudents) {
-  const auto result = Open(Teacher(), "elegir cboCursos =32\n");
-  ExpectAsked(result,
-              {Sql(kStaff, {3}), Sql(kTypes, {2, 2}), Sql(kRecoveries, {3}),
-               Sql(kCourses, {3, 2, 2}), Sql(kOrdinaryEvaluations), Sql(kSections, {32, 2, 2})});
-  ExpectEntries(result, "cboCursos", {"2º ESO=32"});
-  ExpectEntries(result, "cboSecciones", {"A=321"});
+// The tutor of the section, and the teacher of a pending subject of its students.
+TEST_P(ListsByRoleTest, StaffSeesItsSections) {
+  for (const auto& [user, staff, options] :
+       {std::tuple(2, 1, Tutor()), std::tuple(3, 2, Teacher())}) {
+    SCOPED_TRACE(user);
+    const auto result = Open(options, "elegir cboCursos =32\n");
+    ExpectAsked(result, {Sql(kStaff, {user}), Sql(kTypes, {staff, staff}), Sql(kRecoveries, {3}),
+                         Sql(kCourses, {3, staff, staff}), Sql(kOrdinaryEvaluations),
+                         Sql(kSections, {32, staff, staff})});
+    ExpectEntries(result, "cboTipoEnsenanza", {"ESO=3"});
+    ExpectEntries(result, "cboCursos", {"2º ESO=32"});
+    ExpectEntries(result, "cboSecciones", {"A=321"});
+  }
 }
 
 TEST_P(ListsByRoleTest, ATeacherWithoutPendingSubjectsSeesNothing) {
@@ -108,13 +104,9 @@ TEST_P(ListsByRoleTest, ACentreWithoutTypesShowsAnEmptyDialog) {
   ExpectBarred(result);
 }
 
-TEST_P(ListsByRoleTest, ATypeWithoutCoursesDisablesTheirList) {
-  school.Sql("DELETE FROM Curso WHERE codTipoEnsenanza=4");
+TEST_P(ListsByRoleTest, ATypeWithoutCoursesOrACourseWithoutSectionsDisablesTheirList) {
+  school.Sql("DELETE FROM Curso WHERE codTipoEnsenanza=4; DELETE FROM Seccion WHERE codCurso=33");
   ExpectClosed(Open(Unrestricted(), "elegir cboTipoEnsenanza =4\n"), "cboCursos");
-}
-
-TEST_P(ListsByRoleTest, ACourseWithoutSectionsDisablesTheirList) {
-  school.Sql("DELETE FROM Seccion WHERE codCurso=33");
   ExpectClosed(Open(Unrestricted(), "elegir cboCursos =33\n"), "cboSecciones");
 }
 

@@ -18,12 +18,6 @@ class StudentListTest : public OwnListTest {
         "CodMateriaDetalles) VALUES (" +
         std::to_string(key) + "," + std::to_string(student) + ",3116)");
   }
-  /// The grade that those pending subjects have in the evaluation.
-  void Grade(int grade, const std::string& pending, int evaluation = 4) const {
-    school.Sql("UPDATE EvaluacionActaPte SET CodNota=" + std::to_string(grade) +
-               " WHERE CodAlumnoPte_MatDet IN (" + pending +
-               ") AND CodNumEvaluacion=" + std::to_string(evaluation));
-  }
   /// What the second final reads, up to who failed.
   static Lines OfSecondFinal(const std::string& pending) {
     return {Sql(kPendingOfFinal, {321, 5}), Sql(kWithPlacement, {pending}),
@@ -31,19 +25,16 @@ class StudentListTest : public OwnListTest {
   }
 };
 
-TEST_F(StudentListTest, OfAnOrdinaryEvaluationLeavesOutWhoHasLeft) {
-  Expect(1, {Sql(kRegistered, {321, 1, 321, 1})}, {kMarta, kInigo});
+TEST_F(StudentListTest, LeavesOutWhoHasLeftInAllButTheSecondFinal) {
+  for (const auto evaluation : {1, 4})
+    Expect(evaluation, {Sql(kRegistered, {321, evaluation, 321, evaluation})}, {kMarta, kInigo});
+  school.Evalua(3, 6);
+  Expect(6, {Sql(kRegistered, {321, 6, 321, 6})}, {kInigo});
 }
 
 TEST_F(StudentListTest, LeavesOutWhoWasTakenOutOfTheYear) {
   school.Sql("UPDATE Alumno SET Anticipado=-1 WHERE IDAlumno=2");
   EXPECT_THAT(Entries(ChooseEvaluation(1)), ElementsAre(kMarta));
-}
-
-TEST_F(StudentListTest, OfTheFirstFinalAndOfHigherOnesTakesThePlainPath) {
-  Expect(4, {Sql(kRegistered, {321, 4, 321, 4})}, {kMarta, kInigo});
-  school.Evalua(3, 6);
-  Expect(6, {Sql(kRegistered, {321, 6, 321, 6})}, {kInigo});
 }
 
 TEST_F(StudentListTest, ATeacherSeesTheStudentsWhoOweHisSubject) {
@@ -112,20 +103,16 @@ class SubjectListTest : public OwnListTest {
  protected:
   SubjectListTest() : OwnListTest(kSectionByStudent) {}
 
-  static constexpr const char* kWithoutPlacement =
-      "DELETE FROM EvaluacionActaPte WHERE CodAlumnoPte_MatDet=4;";
+  void DropPlacement() const {
+    school.Sql("DELETE FROM EvaluacionActaPte WHERE CodAlumnoPte_MatDet=4");
+  }
 };
 
-TEST_F(SubjectListTest, OfAnOrdinaryEvaluation) {
+// Of the final evaluations only that of order 2 is a second one: another has the work placement
+// too.
+TEST_F(SubjectListTest, OfAllButTheSecondFinal) {
   Expect(1, {Sql(kSubjects, {321, 3, 1, 1})}, {kLengua, kMates});
-}
-
-TEST_F(SubjectListTest, OfTheFirstFinalHasTheWorkPlacementToo) {
   Expect(4, {Sql(kFinalSubjects, {321, 3, 4, 4})}, {kLengua, kMates, kTaller});
-}
-
-// Of the final evaluations only that of order 2 is a second one.
-TEST_F(SubjectListTest, OfAFinalOfAHigherOrderTakesThePlainPath) {
   school.Evalua(1, 6);
   Expect(6, {Sql(kFinalSubjects, {321, 3, 6, 6})}, {kLengua});
 }
@@ -155,11 +142,8 @@ TEST_F(SubjectListTest, TheSameSubjectOfTwoCoursesStandsTwice) {
 
 // In the second final: what a student has failed in whichever final, and the work placements.
 TEST_F(SubjectListTest, OfTheSecondFinalKeepsTheFailedSubjectsAndThePlacement) {
-  school.Sql(
-      "UPDATE EvaluacionActaPte SET CodNota=103 WHERE CodAlumnoPte_MatDet=3 AND "
-      "CodNumEvaluacion=4;"
-      "UPDATE EvaluacionActaPte SET CodNota=107 WHERE CodAlumnoPte_MatDet IN (1,2) AND "
-      "CodNumEvaluacion=4");
+  Grade(103, "3");
+  Grade(107, "1,2");
   Expect(5,
          {Sql(kFinalSubjects, {321, 3, 5, 5}), Sql(kSubjectsPassed, {"3111,3112"}),
           Sql(kSubjectsShown, {"3116,3111"})},
@@ -167,9 +151,8 @@ TEST_F(SubjectListTest, OfTheSecondFinalKeepsTheFailedSubjectsAndThePlacement) {
 }
 
 TEST_F(SubjectListTest, OfTheSecondFinalCountsAFailureOfAnyFinal) {
-  school.Sql(kWithoutPlacement +
-             std::string("UPDATE EvaluacionActaPte SET CodNota=103 WHERE CodAlumnoPte_MatDet=2 AND "
-                         "CodNumEvaluacion=5"));
+  DropPlacement();
+  Grade(103, "2", 5);
   const auto result = ChooseEvaluation(5);
   EXPECT_THAT(Read(result), Contains(Sql(kSubjectsShown, {"3112"})));
   EXPECT_THAT(Entries(result), ElementsAre(kMates));
@@ -181,16 +164,12 @@ TEST_F(SubjectListTest, OfTheSecondFinalWithPlacementsAloneAsksForNoGrades) {
 }
 
 // Nothing failed and no placement: what was read last stands, and nothing of it passes the filter.
-TEST_F(SubjectListTest, OfTheSecondFinalWithNothingFailedIsEmpty) {
-  school.Sql(kWithoutPlacement +
-             std::string("UPDATE EvaluacionActaPte SET CodNota=107 WHERE CodNumEvaluacion=4"));
+TEST_F(SubjectListTest, OfTheSecondFinalWithoutGradesOrWithNothingFailedIsEmpty) {
+  DropPlacement();
+  EXPECT_THAT(Entries(ChooseEvaluation(5)), IsEmpty());
+  Grade(107, "1,2,3,5,6");
   Expect(5, {Sql(kFinalSubjects, {321, 3, 5, 5}), Sql(kSubjectsPassed, {"3111,3112"})}, {});
   EXPECT_FALSE(FormView(ChooseEvaluation(5)).Enabled("cboMateria"));
-}
-
-TEST_F(SubjectListTest, OfTheSecondFinalWithoutGradesIsEmpty) {
-  school.Sql(kWithoutPlacement);
-  EXPECT_THAT(Entries(ChooseEvaluation(5)), IsEmpty());
 }
 
 TEST_F(SubjectListTest, OfTheSecondFinalWithEverythingLockedReadsNoMore) {

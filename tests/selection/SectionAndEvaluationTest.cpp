@@ -77,19 +77,16 @@ TEST_P(ChoosingTheSectionTest, AnEvaluationOfTheFirstListCountsAsChosen) {
 }
 
 // Of an evaluation that has gone meanwhile nothing is read, and the lists stay as they are.
-TEST_P(ChoosingTheSectionTest, AFormerEvaluationWithoutARowLeavesTheLists) {
+TEST_P(ChoosingTheSectionTest, AFormerEvaluationWithoutARowLeavesTheListsAndTheDialogGoesOn) {
   const auto result = PlayIn(1, kDeleteFirst + kSection + "\nver");
   ExpectAsked(result, {Sql(kFinalOfFormer, {1})});
   EXPECT_THAT(Evaluations(result), Contains("1ª Evaluación=1"));
   EXPECT_EQ(Chosen(result), 0);
   ExpectFree(result);
-}
-
-// And the guard is open again: what is chosen next counts.
-TEST_P(ChoosingTheSectionTest, AfterAFormerEvaluationWithoutARowTheDialogGoesOn) {
-  const auto result =
+  // And the guard is open again: what is chosen next counts.
+  const auto then =
       PlayIn(1, kDeleteFirst + kSection + "\n" + Evaluation(2) + "\n" + kSection + "\nver");
-  EXPECT_THAT(Evaluations(result), ElementsAre("2ª Evaluación=2", "Final=4", "Segunda final=5"));
+  EXPECT_THAT(Evaluations(then), ElementsAre("2ª Evaluación=2", "Final=4", "Segunda final=5"));
 }
 
 TEST_P(ChoosingTheSectionTest, AnEvaluationWithoutASectionReadsNothing) {
@@ -130,13 +127,10 @@ class SectionDialogTest : public EachDialogTest {
 INSTANTIATE_TEST_SUITE_P(StepOne, SectionDialogTest,
                          ::testing::Values(kSectionByStudent, kSectionBySubject), kNameOfDialog);
 
-TEST_P(SectionDialogTest, TheEvaluationAloneDoesNotGoOn) {
+TEST_P(SectionDialogTest, TheEvaluationAloneDoesNotGoOnAndAnotherOneLosesTheChoice) {
   const auto result = PlayInSection(Evaluation(1) + "\nver");
   EXPECT_THAT(FormView(result).Entries(dialog_.choice), SizeIs(2)) << result.Text();
   ExpectNothingChosen(result);
-}
-
-TEST_P(SectionDialogTest, AnotherEvaluationLosesTheChoice) {
   ExpectNothingChosen(PlayIn(1, Evaluation(4) + "\nver"));
 }
 
@@ -166,10 +160,8 @@ TEST_P(SectionDialogTest, TheButtonsWalkItsListAndStopAtTheEnds) {
   EXPECT_EQ(index(next + next + next), 1) << "the last entry";
   EXPECT_EQ(index(next + next + previous), 0);
   EXPECT_EQ(index(next + previous), 0) << "the first entry";
-}
-
-TEST_P(SectionDialogTest, WalkingTheListClicksIt) {
-  ExpectFree(PlayInSection(Evaluation(1) + "\npulsar cmdSiguiente\nver"));
+  // Walking the list clicks it.
+  ExpectFree(PlayInSection(Evaluation(1) + "\n" + next + "ver"));
 }
 
 TEST_P(SectionDialogTest, AnEmptyListBarsTheButtonsAndTheWayOn) {
@@ -179,34 +171,28 @@ TEST_P(SectionDialogTest, AnEmptyListBarsTheButtonsAndTheWayOn) {
                            Evaluation(5) + "\npulsar cmdSiguiente\npulsar cmdAnterior\nver"));
 }
 
-TEST_P(SectionDialogTest, ItsListHasALabelAndButtonsWithoutCaption) {
+TEST_P(SectionDialogTest, ItsListHasAFrameAndButtonsWithoutCaption) {
   const FormView view(Play("ver"));
-  EXPECT_EQ(view.Text("lblNotamanual1(4)"),
-            dialog_.node == kSectionByStudent.node ? "(*) Materia:" : "(*) Alumno:");
   EXPECT_EQ(view.Text("cmdAnterior"), "");
   EXPECT_EQ(view.Text("cmdSiguiente"), "");
   EXPECT_TRUE(view.Has("fraNotaManual1(2)"));
 }
 
-/// Who sees all of that list.
+/// That list, whole.
 class WholeListTest : public OwnListTest, public ::testing::WithParamInterface<Dialog> {
  protected:
   WholeListTest() : OwnListTest(GetParam()) {}
-
-  [[nodiscard]] static Lines AsksForAll() {
-    return Asks(1,
-                {GetParam().node == kSectionByStudent.node ? Sql(kSubjects, {321, 3, 1, 1})
-                                                           : Sql(kRegistered, {321, 1, 321, 1})});
-  }
 };
 
 INSTANTIATE_TEST_SUITE_P(StepOne, WholeListTest,
                          ::testing::Values(kSectionByStudent, kSectionBySubject), kNameOfDialog);
 
-TEST_P(WholeListTest, TheTutorSeesTheWholeSection) { EXPECT_EQ(Read(1, Tutor()), AsksForAll()); }
-
-TEST_P(WholeListTest, AProfileBelowZeroSeesTheWholeSection) {
-  EXPECT_EQ(Read(1, Unrestricted(), "sesion perfil=-1\n"), AsksForAll());
+TEST_P(WholeListTest, IsSeenByTheTutorAndByAProfileBelowZero) {
+  const auto all =
+      Asks(1, {GetParam().node == kSectionByStudent.node ? Sql(kSubjects, {321, 3, 1, 1})
+                                                         : Sql(kRegistered, {321, 1, 321, 1})});
+  EXPECT_EQ(Read(1, Tutor()), all);
+  EXPECT_EQ(Read(1, Unrestricted(), "sesion perfil=-1\n"), all);
 }
 
 TEST_P(WholeListTest, OnSqlServerTrueIsWrittenOne) {

@@ -164,6 +164,12 @@ class OwnListTest : public ::testing::Test {
     EXPECT_FALSE(FormView(result).Enabled(kGoOn));
     EXPECT_THAT(result.Of("error"), IsEmpty());
   }
+  /// The grade that those pending subjects have in the evaluation.
+  void Grade(int grade, const std::string& pending, int evaluation = 4) const {
+    school.Sql("UPDATE EvaluacionActaPte SET CodNota=" + std::to_string(grade) +
+               " WHERE CodAlumnoPte_MatDet IN (" + pending +
+               ") AND CodNumEvaluacion=" + std::to_string(evaluation));
+  }
   /// What each choice asks ahead of those statements.
   [[nodiscard]] static Lines Asks(int evaluation, const Lines& statements) {
     Lines lines = {Sql(kFinalAndOrder, {evaluation})};

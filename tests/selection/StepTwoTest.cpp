@@ -26,25 +26,26 @@ class StepTwoTest : public EachDialogTest {
     EXPECT_EQ(UpToTheForm(PlayIn(evaluation, kNext, options)),
               (Lines{SqlOfUsers(kUser, {1}), Sql(kFinalAndOrder, {evaluation}), Hides()} + rest));
   }
-  [[nodiscard]] static std::string Loads(const std::string& form) { return "carga " + form; }
   [[nodiscard]] std::string Hides() const { return "oculta " + Name(); }
 };
 
 INSTANTIATE_TEST_SUITE_P(StepOne, StepTwoTest, ::testing::ValuesIn(kDialogs), kNameOfDialog);
 
-TEST_P(StepTwoTest, OfAnOrdinaryEvaluation) { ExpectOpens(1, {Loads(dialog_.ordinary)}); }
+TEST_P(StepTwoTest, OfAnOrdinaryEvaluation) {
+  ExpectOpens(1, {std::string("carga ") + dialog_.ordinary});
+}
 
-TEST_P(StepTwoTest, OfTheFirstFinal) { ExpectOpens(4, {Loads(dialog_.Final())}); }
+TEST_P(StepTwoTest, OfTheFirstFinal) { ExpectOpens(4, {"carga " + dialog_.Final()}); }
 
 TEST_P(StepTwoTest, OfTheSecondFinalReadsTheFirst) {
-  ExpectOpens(5, {Sql(kFirstFinal, {-1}), Loads(dialog_.Final())});
+  ExpectOpens(5, {Sql(kFirstFinal, {-1}), "carga " + dialog_.Final()});
 }
 
 TEST_P(StepTwoTest, OfTheSecondFinalOnSqlServer) {
   school.Sql("UPDATE NumEvaluacion SET Final=1 WHERE Final=-1");
   auto options = Unrestricted();
   options.sqlServer = true;
-  ExpectOpens(5, {Sql(kFirstFinal, {1}), Loads(dialog_.Final())}, options);
+  ExpectOpens(5, {Sql(kFirstFinal, {1}), "carga " + dialog_.Final()}, options);
 }
 
 TEST_P(StepTwoTest, OfASecondFinalWhoseFirstHasGone) {

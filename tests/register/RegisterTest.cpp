@@ -1,33 +1,10 @@
-#include "tests/register/RegisterScript.h"
+#include "tests/register/RegisterTest.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "platform/host/Application.h"
-#include "tests/support/Matchers.h"
-
 namespace quorvane::test {
-
-std::string Choose(const std::string& control, int data) {
-  return "elegir " + control + " =" + std::to_string(data) + "\n";
-}
-
-std::string TakeIn(int data) { return Choose("lstDisponibles", data) + "pulsar cmdAgregarUno\n"; }
-
-std::string TakeOut(int data) {
-  return Choose("lstSeleccionados", data) + "pulsar cmdEliminarUno\n";
-}
-
-std::string AddSubject(int matDet) {
-  return "pulsar cmdAgregar\n" + Choose("cboCurso", matDet / 100) +
-         Choose("cboSeccion", matDet / 10) + Choose("cboMateria", matDet) + kAccept;
-}
-
-std::string ChooseSection(int section) {
-  return "nodo 123\n" + Choose("cboTEnsenanza", 3) + Choose("cboCurso", section / 10) +
-         Choose("cboSeccion", section);
-}
 
 std::string View(const ScriptResult& result, const std::string& control,
                  const std::string& member) {
@@ -51,13 +28,14 @@ void GiveRowsToAllMaterias(const SmallSchool& school) {
     school.Profesor(0, matDet);
 }
 
-AsRevision::AsRevision(int revision) {
-  auto version = Application::BuiltVersion();
-  version.revision = revision;
-  Application::Instance().Version(version);
+Lines Beginning(const ScriptResult& result, const Lines& texts) {
+  auto statements = result.Sql();
+  std::erase_if(statements, [&texts](const auto& statement) {
+    return std::none_of(texts.begin(), texts.end(),
+                        [&](const auto& text) { return statement.starts_with(text); });
+  });
+  return statements;
 }
-
-AsRevision::~AsRevision() { Application::Instance().Version(Application::BuiltVersion()); }
 
 Lines AfterFirst(const ScriptResult& result, const std::string& command) {
   ScriptResult upTo;
@@ -75,11 +53,11 @@ Lines Join(const std::vector<Lines>& lists) {
   return all;
 }
 
-Lines StatementsAfter(const ScriptResult& result, const std::string& command, const Lines& last) {
-  auto lines = result.After(command);
-  EXPECT_THAT(lines, SizeIs(testing::Ge(last.size()))) << result.Text();
-  const auto end = lines.end() - static_cast<std::ptrdiff_t>(std::min(last.size(), lines.size()));
-  EXPECT_EQ(std::vector(end, lines.end()), last) << result.Text();
+Lines Saved(const ScriptResult& result) {
+  auto lines = result.After("pulsar cmdAceptar");
+  EXPECT_THAT(lines, SizeIs(testing::Ge(kLeft.size()))) << result.Text();
+  const auto end = lines.end() - static_cast<std::ptrdiff_t>(std::min(kLeft.size(), lines.size()));
+  EXPECT_EQ(std::vector(end, lines.end()), kLeft) << result.Text();
   lines.erase(end, lines.end());
   const std::string word = "sql centro ";
   for (auto& line : lines) {
@@ -87,15 +65,6 @@ Lines StatementsAfter(const ScriptResult& result, const std::string& command, co
     line.erase(0, word.size());
   }
   return lines;
-}
-
-Lines Sent(Lines statements) {
-  for (auto& statement : statements) statement = Sent(statement);
-  return statements;
-}
-
-Lines Saved(const ScriptResult& result) {
-  return StatementsAfter(result, "pulsar cmdAceptar", kLeft);
 }
 
 }  // namespace quorvane::test
