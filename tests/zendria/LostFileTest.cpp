@@ -9,7 +9,6 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "tests/sqlite/RunRows.h"
-#include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/support/TestConnection.h"
 #include "tests/zendria/RescueTest.h"
@@ -84,13 +83,12 @@ class LostFileTest : public RescueTest {
   /// Opens the grades by student up to step two; there `lose` happens, and a grade is saved.
   std::string SaveAfter(const std::function<void()>& lose) {
     return Fail([this, lose](Window& window) {
-             Robot::Grade(window, 0, 1, "7");
-             QTest::qWait(kLongEnough);
-             lose();
-             Robot::Click(window, "cmdAceptar");
-             lost_ = RunRows(*cConfiguracion::Instancia().conLocalCentro, kGrade);
-           })
-        .toStdString();
+      Robot::Grade(window, 0, 1, "7");
+      QTest::qWait(kLongEnough);
+      lose();
+      Robot::Click(window, "cmdAceptar");
+      lost_ = RunRows(*cConfiguracion::Instancia().conLocalCentro, kGrade);
+    });
   }
 
   static std::vector<std::string> GradesIn(const std::string& path) {
@@ -100,12 +98,10 @@ class LostFileTest : public RescueTest {
 
   /// Opens a screen that then isn't shown.
   std::string OpeningTold() {
-    QString told;
-    ReadNotice(told);
-    window_->OpenNode(124);
+    auto told = NoticeOf(124);
     EXPECT_TRUE(robot_.Done());
-    EXPECT_TRUE(robot_.unexpected.empty());
-    return told.toStdString();
+    EXPECT_THAT(robot_.unexpected, IsEmpty());
+    return told;
   }
 
   static constexpr const char* kGrades =
@@ -138,17 +134,16 @@ TEST_F(LostFileTest, NoScreenIsOpenedOnASchoolInItsPlaceUntilThatIsOpened) {
   QFile log(SchoolFile() + "-wal");
   ASSERT_TRUE(log.open(QIODevice::Append) && log.write("de antes") > 0 && log.flush());
   const auto untouched = BytesOf(school_.Path());
-  QString told;
-  ReadNotice(told);
-  EXPECT_FALSE(window_->OpenSchool(SchoolFile(), 1));
-  EXPECT_EQ(told, "Junto a «" + SchoolFile() + "» está todavía «" + SchoolFile() +
-                      "-wal», el diario del fichero que había antes, que estropearía este al "
-                      "abrirlo. Salga de Zendria en todos los ordenadores, quite «" +
-                      SchoolFile() + "-wal» y «" + SchoolFile() + "-shm» y ábralo de nuevo.\n");
+  const auto& file = school_.Path();
+  EXPECT_EQ(Refusal(SchoolFile()),
+            "Junto a «" + file + "» está todavía «" + file +
+                "-wal», el diario del fichero que había antes, que estropearía este al abrirlo. "
+                "Salga de Zendria en todos los ordenadores, quite «" +
+                file + "-wal» y «" + file + "-shm» y ábralo de nuevo.\n");
   EXPECT_EQ(BytesOf(school_.Path()), untouched);
   for (const auto* ending : {"-wal", "-shm"}) fs::remove(school_.Path() + ending);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  LeaveStepOne("frmNotaManual1");
+  LeaveStepOne(kByStudent);
   Play(124);
 }
 
@@ -174,10 +169,8 @@ TEST_F(LostFileTest, WhatIsPutBackIsWorkedOnAgain) {
   EXPECT_EQ(told, Told(kDeleted, Rescued()));
   MoveBack();
   school_.Sql("DELETE FROM BloqueoPte;DELETE FROM PublicacionPte");
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", Doing({{0, 1, "7"}, "cmdAceptar"}));
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
+  AnswerDraft("ahoraNo");
+  Use(kByStudent, Doing({{0, 1, "7"}, "cmdAceptar"}));
   EXPECT_THAT(GradesIn(school_.Path()), Contains("1|1|-1|107"));
 }
 
@@ -193,11 +186,11 @@ TEST_F(LostFileTest, OpeningTheSchoolTwiceLeavesNoProgramToThinkItIsTheLast) {
 
 TEST_F(LostFileTest, TheLocksOfADeletedSchoolAreNotShown) {
   Delete();
-  QString told;
+  std::string told;
   ReadNotice(told);
   for (auto* const action : window_->findChildren<QAction*>())
     if (action->text() == "&Publicaciones y bloqueos…") action->trigger();
-  EXPECT_EQ(told, Heading(kDeleted) + kAdvice);
+  EXPECT_EQ(told, (Heading(kDeleted) + kAdvice).toStdString());
 }
 
 }  // namespace
