@@ -249,26 +249,27 @@ SavingStatements Told(std::initializer_list<const char*> statements) {
   return saving;
 }
 
-TEST(SavingStatementsTest, EachFieldOfARowCounts) {
+TEST(SavingStatementsTest, EachFieldOfARowCountsAndWhatIsAlikeButAnotherDoesNot) {
   const auto saving = Told({kOrdinary, kFinal, "SELECT 1"});
-  for (const auto& cell : {Cell{"EvaluacionPte", 1, 12, "CodNota", 107},
-                           Cell{"EvaluacionPte", 1, 12, "CodNotaActitud", 0},
-                           Cell{"EvaluacionPte", 1, 12, "CodNotaObservacion", 201},
-                           Cell{"EvaluacionPte", 1, 12, "CodNotaProcedimiento", 3},
-                           Cell{"EvaluacionActaPte", 4, 12, "CodNota", 105},
-                           Cell{"EvaluacionActaPte", 4, 12, "RE_AC_DIV", 2}})
-    EXPECT_TRUE(Wrote(saving, cell)) << cell.table << ' ' << cell.field;
-}
-
-TEST(SavingStatementsTest, WhatIsAlikeButAnotherDoesNot) {
-  const auto saving = Told({kOrdinary, kFinal, "SELECT 1"});
-  for (const auto& cell :
-       {Cell{"EvaluacionPte", 1, 12, "CodNota", 10}, Cell{"EvaluacionPte", 1, 12, "CodNota", 7},
-        Cell{"EvaluacionPte", 1, 2, "CodNota", 107}, Cell{"EvaluacionPte", 1, 1, "CodNota", 107},
-        Cell{"EvaluacionPte", 11, 12, "CodNota", 107}, Cell{"EvaluacionPte", 4, 12, "CodNota", 105},
-        Cell{"EvaluacionActaPte", 1, 12, "CodNota", 107}, Cell{"EvaluacionPte", 1, 12, "", 107}})
-    EXPECT_FALSE(Wrote(saving, cell))
-        << cell.table << ' ' << cell.evaluation << ' ' << cell.pending << ' ' << cell.data;
+  const auto expect = [&saving](bool wrote, const std::vector<Cell>& cells) {
+    for (const auto& cell : cells)
+      EXPECT_EQ(Wrote(saving, cell), wrote) << cell.table << ' ' << cell.evaluation << ' '
+                                            << cell.pending << ' ' << cell.field << cell.data;
+  };
+  expect(true, {{"EvaluacionPte", 1, 12, "CodNota", 107},
+                {"EvaluacionPte", 1, 12, "CodNotaActitud", 0},
+                {"EvaluacionPte", 1, 12, "CodNotaObservacion", 201},
+                {"EvaluacionPte", 1, 12, "CodNotaProcedimiento", 3},
+                {"EvaluacionActaPte", 4, 12, "CodNota", 105},
+                {"EvaluacionActaPte", 4, 12, "RE_AC_DIV", 2}});
+  expect(false, {{"EvaluacionPte", 1, 12, "CodNota", 10},
+                 {"EvaluacionPte", 1, 12, "CodNota", 7},
+                 {"EvaluacionPte", 1, 2, "CodNota", 107},
+                 {"EvaluacionPte", 1, 1, "CodNota", 107},
+                 {"EvaluacionPte", 11, 12, "CodNota", 107},
+                 {"EvaluacionPte", 4, 12, "CodNota", 105},
+                 {"EvaluacionActaPte", 1, 12, "CodNota", 107},
+                 {"EvaluacionPte", 1, 12, "", 107}});
 }
 
 TEST(SavingStatementsTest, TheLastMayHaveFailed) {

@@ -51,6 +51,11 @@ class HostTest : public testing::Test {
     Application::Instance().UseScreen(nullptr);
   }
   HostTest(HostTest&&) = delete;
+  /// All that the user was told to do has been done, and no other window has come up.
+  void TearDown() override {
+    EXPECT_TRUE(robot_.Done());
+    EXPECT_THAT(robot_.unexpected, IsEmpty());
+  }
 
   [[nodiscard]] QString SchoolFile() const { return QString::fromStdString(school_.Path()); }
   /// A file of that name and content in a folder of the test's own.
@@ -101,25 +106,25 @@ class HostTest : public testing::Test {
   void CloseNext(const std::string& form) {
     robot_.On(form, [](qt::FormWindow& window) { window.close(); });
   }
-  /// Opens that screen, on which all happens that was laid out, and nothing else comes up.
+  /// Opens that screen, on which all happens that was laid out.
   void Play(std::uint8_t node) {
     window_->OpenNode(node);
     EXPECT_TRUE(robot_.Done());
-    EXPECT_THAT(robot_.unexpected, IsEmpty());
+  }
+  /// The message that this ends in.
+  std::string NoticeOf(const std::function<void()>& act) {
+    std::string text;
+    ReadNotice(text);
+    act();
+    return text;
   }
   /// The message that opening that screen ends in.
   std::string NoticeOf(std::uint8_t node) {
-    std::string text;
-    ReadNotice(text);
-    window_->OpenNode(node);
-    return text;
+    return NoticeOf([&] { window_->OpenNode(node); });
   }
   /// Opens a school that can't be opened, and gives the message that says why.
   std::string Refusal(const QString& school, std::int32_t user = 1) {
-    std::string text;
-    ReadNotice(text);
-    EXPECT_FALSE(window_->OpenSchool(school, user));
-    return text;
+    return NoticeOf([&] { EXPECT_FALSE(window_->OpenSchool(school, user)); });
   }
   /// Another window in the place of the one that stands.
   void UseScreens(zendria::ScreenCatalogue screens) {

@@ -42,7 +42,6 @@ TEST_F(LocksDialogTest, RemovesBehindAQuestion) {
   EXPECT_EQ(school_.Rows("SELECT CodPublicacion FROM BloqueoPte"), std::vector<std::string>{"9"});
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 0);
   EXPECT_EQ(dialog.List().topLevelItemCount(), 1);
-  EXPECT_TRUE(robot_.Done());
 }
 
 TEST_F(LocksDialogTest, SparesAFormThatTookTheNumberMeanwhile) {
@@ -51,11 +50,8 @@ TEST_F(LocksDialogTest, SparesAFormThatTookTheNumberMeanwhile) {
     school_.Sql("UPDATE PublicacionPte SET CodPropietario=3");
     Button(question, "&Quitar").click();
   });
-  std::string text;
-  ReadNotice(text);
-  dialog.RemoveButton().click();
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_THAT(text, StartsWith("La publicación ha cambiado"));
+  EXPECT_THAT(NoticeOf([&] { dialog.RemoveButton().click(); }),
+              StartsWith("La publicación ha cambiado"));
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 3);
   EXPECT_TRUE(dialog.List().topLevelItem(0)->text(1).contains("usuario 3")) << "read again";
 }
@@ -69,10 +65,8 @@ TEST_F(LocksDialogTest, AnEmptyListOffersNothingToRemove) {
 
 TEST_F(LocksDialogTest, AFailedStatementIsTold) {
   school_.Sql("DROP TABLE BloqueoPte");
-  std::string text;
-  ReadNotice(text);
-  zendria::LocksDialog dialog(connection_);
-  EXPECT_THAT(text, StartsWith("Error -2147467259: no such table: BloqueoPte"));
+  EXPECT_THAT(NoticeOf([this] { zendria::LocksDialog dialog(connection_); }),
+              StartsWith("Error -2147467259: no such table: BloqueoPte"));
 }
 
 }  // namespace

@@ -56,7 +56,6 @@ TEST_F(OdbcSchoolTest, TheRecentOneAsksForThePassword) {
     QTest::keyClick(&connect.Password(), Qt::Key_Return);
   });
   EXPECT_TRUE(window_->OpenSchool(place, 2));
-  EXPECT_TRUE(robot_.Done());
   EXPECT_EQ(preferences_.RecentSchools(), QStringList(place));
   EXPECT_FALSE(Kept().contains("b}c"));
 }
@@ -83,10 +82,8 @@ TEST_F(OdbcSchoolTest, IsConnectedFromTheWelcomePageAndTheMenu) {
   };
   connect();
   window_->findChild<QPushButton*>("conectarEscuela")->click();
-  EXPECT_TRUE(robot_.Done());
   connect();
   Trigger("conectarServidor");
-  EXPECT_TRUE(robot_.Done());
 }
 
 TEST_F(OdbcSchoolTest, WhatWasTypedIsThereAgainAfterARefusal) {

@@ -150,21 +150,15 @@ TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
   EXPECT_EQ(dialog.SavePdf(file), 1);
   dialog.Blank().setChecked(true);
   EXPECT_EQ(dialog.SavePdf(file), 1);
-  std::string text;
-  ReadNotice(text);
-  EXPECT_EQ(dialog.SavePdf(folder_.filePath("no/hay/informe.pdf")), 0);
-  EXPECT_THAT(text, StartsWith("No se puede escribir"));
 }
 
 TEST_F(OversightTest, APdfThatCantBeWrittenIsToldWhateverStandsThere) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
-  const auto file = folder_.filePath("informe.pdf");
   ASSERT_TRUE(QDir(folder_.path()).mkdir("informe.pdf"));
   static_cast<void>(MakeFile("informe.pdf/algo", QByteArray(5000, 'x')));
-  std::string text;
-  ReadNotice(text);
-  EXPECT_EQ(dialog.SavePdf(file), 0);
-  EXPECT_THAT(text, StartsWith("No se puede escribir"));
+  for (const auto* const place : {"informe.pdf", "no/hay/informe.pdf"})
+    EXPECT_THAT(NoticeOf([&] { EXPECT_EQ(dialog.SavePdf(folder_.filePath(place)), 0); }),
+                StartsWith("No se puede escribir"));
   EXPECT_TRUE(QDir(folder_.path()).entryList({".parcial-*"}, QDir::Files | QDir::Hidden).isEmpty());
 }
 
@@ -251,10 +245,7 @@ TEST_F(OversightTest, AWidthThatWasSetAndATreeThatCantBeReadStay) {
   dialog.Refresh();
   EXPECT_EQ(tree.columnWidth(1), 333);
   school_.Execute("ALTER TABLE EvaluacionActaPte RENAME TO Otra");
-  std::string text;
-  ReadNotice(text);
-  dialog.Refresh();
-  EXPECT_NE(text, "");
+  EXPECT_NE(NoticeOf([&] { dialog.Refresh(); }), "");
   auto* const section = Child(tree.topLevelItem(1), "3º ESO A");
   ASSERT_NE(section, nullptr) << "what was read before stands";
   EXPECT_TRUE(section->isExpanded());
@@ -289,12 +280,8 @@ TEST_F(OversightTest, AFileIsLookedUpAndThenImported) {
 TEST_F(OversightTest, AFailedReadingIsToldOnceAndStopsTheClock) {
   zendria::StateDialog dialog(school_, all_);
   school_.Execute("ALTER TABLE BloqueoPte RENAME TO Otra");
-  std::string text;
-  ReadNotice(text);
   EXPECT_TRUE(dialog.Clock().isActive());
-  dialog.Refresh();
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_THAT(text, HasSubstr("BloqueoPte"));
+  EXPECT_THAT(NoticeOf([&] { dialog.Refresh(); }), HasSubstr("BloqueoPte"));
   EXPECT_FALSE(dialog.Clock().isActive());
   school_.Execute("ALTER TABLE Otra RENAME TO BloqueoPte");
   dialog.Refresh();
@@ -344,7 +331,6 @@ TEST_F(OversightTest, ASectionOfAnyNameNamesItsPdf) {
     asked.reject();
   });
   Button(dialog, "Guardar &PDF…").click();
-  EXPECT_TRUE(robot_.Done());
   EXPECT_TRUE(name.endsWith("A-B.pdf")) << name.toStdString();
   EXPECT_FALSE(name.contains(u'/')) << "no folder of its own";
 }
@@ -353,11 +339,8 @@ TEST_F(OversightTest, AReportOnAFullDiskIsTold) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   std::optional<LongestFile> full;
   PrintInto(folder_.filePath("informe.pdf"), [&full](auto&) { full.emplace(2000); });
-  std::string text;
-  ReadNotice(text);
-  Button(dialog, "&Imprimir…").click();
+  const auto text = NoticeOf([&] { Button(dialog, "&Imprimir…").click(); });
   full.reset();
-  EXPECT_TRUE(robot_.Done());
   EXPECT_THAT(text, StartsWith("No se ha podido escribir «"));
 }
 

