@@ -8,7 +8,6 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
