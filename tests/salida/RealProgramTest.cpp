@@ -1,17 +1,134 @@
+#include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
 #include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <sys/prctl.h>
+#include <sys/types.h>
 #include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
 
-#include "tests/salida/Desktop.h"
-#include "tests/salida/Process.h"
 #include "tests/salida/SessionManager.h"
 #include "tests/support/SmallSchool.h"
 #include "tests/support/TempFolder.h"
+#include "tests/teclado/XServer.h"
 
 namespace quorvane::test {
 namespace {
+
+/// Waits for what another process brings about. False when it takes longer than any machine needs.
+bool WaitUntil(const std::function<bool()>& done) {
+  using namespace std::chrono_literals;
+  constexpr auto kPatience = 30s;
+  const auto until = std::chrono::steady_clock::now() + kPatience;
+  while (!done()) {
+    if (std::chrono::steady_clock::now() > until) return false;
+    std::this_thread::sleep_for(20ms);
+  }
+  return true;
+}
+
+/// An X server with a window manager, and a user who has its keyboard and its task bar.
+class Desktop {
+ public:
+  Desktop() {
+    if (!WaitUntil([this] { return Run("wmctrl -m") == 0; }))
+      throw std::runtime_error("no window manager");
+  }
+
+  /// The server's name, for DISPLAY.
+  [[nodiscard]] const std::string& Display() const noexcept { return server_.Display(); }
+
+  /// Waits until the window that has the keyboard bears that text in its title.
+  [[nodiscard]] bool Shows(const std::string& title) const {
+    return WaitUntil([this, &title] {
+      return Run("sh -c 'xdotool getactivewindow getwindowname | grep -qF \"" + title + "\"'") == 0;
+    });
+  }
+  /// Presses keys by their X names, parted by blanks.
+  void Press(const std::string& keys) const {
+    if (Run("xdotool key --clearmodifiers " + keys) != 0)
+      throw std::runtime_error("no key: " + keys);
+  }
+  /// Closes the window with that text in its title as the task bar does.
+  void Close(const std::string& title) const {
+    if (Run("wmctrl -c '" + title + "'") != 0) throw std::runtime_error("no window: " + title);
+  }
+
+ private:
+  [[nodiscard]] int Run(const std::string& command) const {
+    return std::system(("DISPLAY=" + Display() + " " + command + " >/dev/null 2>&1").c_str());
+  }
+
+  XServer server_{true};
+};
+
+/// What a program starts with.
+struct ProcessSetting {
+  std::map<std::string, std::string> environment;  ///< what it has besides; empty texts unset
+  std::vector<int> ignored;  ///< the signals that it ignores from its start, as under `nohup`
+  std::string output;        ///< a file for both its outputs; nowhere when empty
+};
+
+/// A program in a process of its own, killed with the object if it still runs.
+class Process {
+ public:
+  explicit Process(const std::vector<std::string>& words, const ProcessSetting& setting)
+      : pid_(fork()) {
+    if (pid_ < 0) throw std::runtime_error("no process");
+    if (pid_ == 0) Become(words, setting);
+  }
+  ~Process() {
+    if (Ended()) return;
+    kill(pid_, SIGKILL);
+    waitpid(pid_, nullptr, 0);
+  }
+  Process(Process&&) = delete;
+
+  void Signal(int signal) const {
+    if (!ended_) kill(pid_, signal);
+  }
+  /// How it has ended, as `waitpid` tells; none while it runs.
+  [[nodiscard]] std::optional<int> Ended() {
+    int status = 0;
+    if (!ended_ && waitpid(pid_, &status, WNOHANG) == pid_) ended_ = status;
+    return ended_;
+  }
+
+ private:
+  [[noreturn]] static void Become(const std::vector<std::string>& words,
+                                  const ProcessSetting& setting) {
+    // Tests that are broken off leave no program behind.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    for (const auto signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+    for (const auto signal : setting.ignored) std::signal(signal, SIG_IGN);
+    for (const auto& [name, value] : setting.environment)
+      value.empty() ? unsetenv(name.c_str()) : setenv(name.c_str(), value.c_str(), 1);
+    constexpr auto kMode = 0600;
+    const auto* const file = setting.output.empty() ? "/dev/null" : setting.output.c_str();
+    const auto output = open(file, O_WRONLY | O_CREAT | O_APPEND, kMode);
+    dup2(output, STDOUT_FILENO);
+    dup2(output, STDERR_FILENO);
+    std::vector<char*> arguments;
+    for (const auto& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    execvp(arguments[0], arguments.data());
+    _exit(127);
+  }
+
+  pid_t pid_;
+  std::optional<int> ended_;
+};
 
 constexpr auto kStartPage = "Ana Ruiz";
 constexpr auto kStepOne = "Paso 1 de 2";
@@ -41,8 +158,9 @@ class RealProgramTest : public testing::Test {
     ASSERT_TRUE(desktop_.Shows(kStartPage));
   }
 
-  /// From the start page into the form with the grades of the section, which takes its locks.
-  void OpenGrades() {
+  /// And from its start page into the form with the grades of the section, which takes its locks.
+  void StartGrading(const std::vector<int>& ignored = {}) {
+    Start(ignored);
     desktop_.Press("Down Down Return");
     ASSERT_TRUE(desktop_.Shows(kStepOne));
     desktop_.Press("Tab 2 Tab a Tab 1 Return");
@@ -84,8 +202,7 @@ TEST_P(RealProgramSignalsTest, EndItOnTheStartPage) {
 }
 
 TEST_P(RealProgramSignalsTest, EndItInOrderWithTheGradesOpen) {
-  Start();
-  OpenGrades();
+  StartGrading();
   program_->Signal(GetParam());
   // One who asks twice gets the same.
   program_->Signal(GetParam());
@@ -95,8 +212,7 @@ TEST_P(RealProgramSignalsTest, EndItInOrderWithTheGradesOpen) {
 INSTANTIATE_TEST_SUITE_P(All, RealProgramSignalsTest, testing::Values(SIGHUP, SIGINT, SIGTERM));
 
 TEST_F(RealProgramTest, LivesOnWhenItsTerminalGoesButTheHangUpIsIgnored) {
-  Start({SIGHUP});
-  OpenGrades();
+  StartGrading({SIGHUP});
   program_->Signal(SIGHUP);
   // An answer shows that it lives.
   EXPECT_TRUE(manager_.AskToSave());
@@ -106,8 +222,7 @@ TEST_F(RealProgramTest, LivesOnWhenItsTerminalGoesButTheHangUpIsIgnored) {
 }
 
 TEST_F(RealProgramTest, EndsInOrderAtLogOut) {
-  Start();
-  OpenGrades();
+  StartGrading();
   ASSERT_TRUE(manager_.AskToSave());
   EXPECT_TRUE(manager_.AskToEnd());
   EXPECT_FALSE(manager_.WasAskedForUser());
@@ -122,8 +237,7 @@ TEST_F(RealProgramTest, EndsAtLogOutOnTheStartPage) {
 }
 
 TEST_F(RealProgramTest, KeepsTheFormWhenTheLogOutIsCalledOff) {
-  Start();
-  OpenGrades();
+  StartGrading();
   ASSERT_TRUE(manager_.AskToSave());
   manager_.CallOff();
   EXPECT_TRUE(desktop_.Shows(kStepTwoTitle));
@@ -134,8 +248,7 @@ TEST_F(RealProgramTest, KeepsTheFormWhenTheLogOutIsCalledOff) {
 }
 
 TEST_F(RealProgramTest, EndsInOrderWhenTheTaskBarClosesItsWindowBehindAForm) {
-  Start();
-  OpenGrades();
+  StartGrading();
   desktop_.Close(kStartPage);
   ExpectEnd();
 }

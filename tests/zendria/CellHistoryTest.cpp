@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QTableView>
 #include <optional>
+#include <tuple>
 
 #include "apps/escuela/history/GradeHistory.h"
 #include "apps/zendria/HistoryDialog.h"
@@ -17,12 +18,9 @@ namespace {
 /// subject's: of 3º ESO B, by the gestures that lead there.
 struct CellOfForm {
   std::uint8_t node;
-  const char* stepOne;
-  const char* name;
-  bool final;
+  std::string form;   ///< of an ordinary evaluation
   const char* fixed;  ///< what step one asks for more; null for nothing
-  std::int32_t fixedData;
-  const char* walk;  ///< what the form walks through, and where to
+  const char* walk;   ///< what the form walks through, and where to
   std::int32_t student;
   std::int32_t subject;
 };
@@ -32,7 +30,8 @@ constexpr auto kLeo = 39;
 constexpr auto kPhysics = 24;
 constexpr auto kLanguage = 29;
 
-class CellHistoryTest : public DemoHost, public testing::WithParamInterface<CellOfForm> {
+class CellHistoryTest : public DemoHost,
+                        public testing::WithParamInterface<std::tuple<CellOfForm, bool>> {
  protected:
   /// Walks down the list with the keyboard to the entry that `is` says yes to.
   static void PickEntry(qt::FormWindow& window, const char* name,
@@ -68,9 +67,10 @@ class CellHistoryTest : public DemoHost, public testing::WithParamInterface<Cell
 };
 
 TEST_P(CellHistoryTest, IsThatCellsAlone) {
-  const auto& form = GetParam();
-  const auto evaluation = form.final ? 4 : 2;
-  const std::string table = form.final ? "EvaluacionActaPte" : "EvaluacionPte";
+  const auto& [form, final] = GetParam();
+  const auto evaluation = final ? 4 : 2;
+  const auto stepOne = form.form + '1';
+  const auto byStudent = std::string(form.walk) == "cboAlumnos";
   GradeHistory(demo_.Db()).Activate();
   // Of every student, subject and evaluation, so that what is shown too much is seen.
   for (const auto* const grade : {"5", "6"})
@@ -84,41 +84,41 @@ TEST_P(CellHistoryTest, IsThatCellsAlone) {
       std::to_string(form.subject));
   OpenDemo();
 
-  robot_.On(form.stepOne, [&](qt::FormWindow& window) {
+  robot_.On(stepOne, [&](qt::FormWindow& window) {
     PickData(window, "cboCursos", 3);
     PickData(window, "cboSecciones", 6);
     PickData(window, "cboEvaluaciones", evaluation);
-    if (form.fixed != nullptr) PickData(window, form.fixed, form.fixedData);
+    if (form.fixed != nullptr)
+      PickData(window, form.fixed, byStudent ? form.subject : form.student);
     Robot::Click(window, "cmdNotaManual1(0)");
   });
-  const auto byStudent = std::string(form.walk) == "cboAlumnos";
-  robot_.On(form.name, [&](qt::FormWindow& window) {
+  robot_.On(form.form + (final ? "Final" : ""), [&](qt::FormWindow& window) {
     PickEntry(window, form.walk,
               [&wanted = byStudent ? student : subject](const auto& walk, int i) {
                 return QString::fromStdString(walk.List(i)).contains(wanted);
               });
-    auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
+    auto& grid = Robot::Grid(window);
     const auto row = RowOf(grid, byStudent ? subject : student);
     ASSERT_GE(row, 0) << "neither the student nor the subject is there";
     auto* const menu = MenuOf(grid, row, 1);
     ASSERT_NE(menu, nullptr);
     auto* const entry = menu->findChild<QAction*>("historialDeNota");
     EXPECT_NE(entry, nullptr);
+    EXPECT_NE(menu->findChild<QAction*>("imprimir"), nullptr) << "beside what else there is";
     menu->close();
     if (entry != nullptr) entry->trigger();
     QCoreApplication::processEvents();
     window.close();
   });
-  CloseNext(form.stepOne);
+  CloseNext(stepOne);
   std::optional<int> shown;
-  robot_.OnDialog("historial", [&](QWidget& dialog) {
-    auto& list = dynamic_cast<zendria::HistoryDialog&>(dialog).List();
-    shown = list.topLevelItemCount();
+  robot_.OnDialog<zendria::HistoryDialog>("historial", [&](auto& dialog) {
+    shown = dialog.List().topLevelItemCount();
     for (int i = 0; i < *shown; ++i) {
-      const auto& change = *list.topLevelItem(i);
+      const auto& change = *dialog.List().topLevelItem(i);
       EXPECT_TRUE(change.text(1).startsWith(student + " ")) << change.text(1).toStdString();
       EXPECT_TRUE(change.text(2).startsWith(subject + " (")) << change.text(2).toStdString();
-      EXPECT_EQ(change.text(3), form.final ? "Final Ordinaria" : "2ª Evaluación");
+      EXPECT_EQ(change.text(3), final ? "Final Ordinaria" : "2ª Evaluación");
     }
     dialog.close();
   });
@@ -129,28 +129,21 @@ TEST_P(CellHistoryTest, IsThatCellsAlone) {
       " AND CodMatDet=" + std::to_string(form.subject) +
       " AND CodNumEvaluacion=" + std::to_string(evaluation));
   EXPECT_EQ(*shown, changes);
-  EXPECT_EQ(changes, 2) << table;
+  EXPECT_EQ(changes, 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, CellHistoryTest,
-    testing::Values(CellOfForm{124, "frmNotaManual1", "frmNotaManual", false, nullptr, 0,
-                               "cboAlumnos", kLeo, kLanguage},
-                    CellOfForm{125, "frmNotaMateria1", "frmNotaMateria", false, nullptr, 0,
-                               "cboMaterias", kJimena, kPhysics},
-                    CellOfForm{126, "frmNotaSeccionMateria1", "frmNotaSeccionMateria", false,
-                               "cboAlumno", kLeo, "cboMaterias", kLeo, kLanguage},
-                    CellOfForm{127, "frmNotaSeccionAlumno1", "frmNotaSeccionAlumno", false,
-                               "cboMateria", kPhysics, "cboAlumnos", kJimena, kPhysics},
-                    CellOfForm{124, "frmNotaManual1", "frmNotaManualFinal", true, nullptr, 0,
-                               "cboAlumnos", kLeo, kLanguage},
-                    CellOfForm{125, "frmNotaMateria1", "frmNotaMateriaFinal", true, nullptr, 0,
-                               "cboMaterias", kJimena, kPhysics},
-                    CellOfForm{126, "frmNotaSeccionMateria1", "frmNotaSeccionMateriaFinal", true,
-                               "cboAlumno", kLeo, "cboMaterias", kLeo, kLanguage},
-                    CellOfForm{127, "frmNotaSeccionAlumno1", "frmNotaSeccionAlumnoFinal", true,
-                               "cboMateria", kPhysics, "cboAlumnos", kJimena, kPhysics}),
-    [](const auto& one) { return std::string(one.param.name); });
+    testing::Combine(
+        testing::Values(
+            CellOfForm{124, "frmNotaManual", nullptr, "cboAlumnos", kLeo, kLanguage},
+            CellOfForm{125, "frmNotaMateria", nullptr, "cboMaterias", kJimena, kPhysics},
+            CellOfForm{126, "frmNotaSeccionMateria", "cboAlumno", "cboMaterias", kLeo, kLanguage},
+            CellOfForm{127, "frmNotaSeccionAlumno", "cboMateria", "cboAlumnos", kJimena, kPhysics}),
+        testing::Bool()),
+    [](const auto& one) {
+      return std::get<0>(one.param).form + (std::get<1>(one.param) ? "Final" : "");
+    });
 
 }  // namespace
 }  // namespace quorvane::test

@@ -1,4 +1,3 @@
-#include <QAction>
 #include <QComboBox>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -17,8 +16,8 @@ class CentresTest : public HostTest {
   /// The user's next sign-in, in which he picks the centre of that place.
   void SignInAt(
       int place, const std::function<void(QComboBox&)>& look = [](QComboBox&) {}) {
-    robot_.OnDialog("entrada", [place, look](QWidget& dialog) {
-      auto& box = dynamic_cast<zendria::SignInDialog&>(dialog).CentreBox();
+    robot_.OnDialog<zendria::SignInDialog>("entrada", [place, look](auto& dialog) {
+      auto& box = dialog.CentreBox();
       look(box);
       box.setFocus();
       QTest::keyClick(&box, Qt::Key_Home);
@@ -64,18 +63,17 @@ TEST_F(CentresTest, TheCentreIsRememberedForTheSchool) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1)) << "without a dialog";
   EXPECT_EQ(KindsOffered(), Kinds{"Bachillerato"});
   SignInAt(0, [](QComboBox& box) { EXPECT_EQ(box.currentIndex(), 2); });
-  window_->findChild<QAction*>("cambiarUsuario")->trigger();
+  Trigger("cambiarUsuario");
   EXPECT_EQ(KindsOffered(), (Kinds{"ESO", "Bachillerato"}));
 }
 
 TEST_F(CentresTest, GivingUpKeepsTheCentre) {
   SignInAt(2);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
-  robot_.OnDialog("entrada", [](QWidget& dialog) {
-    dynamic_cast<zendria::SignInDialog&>(dialog).CentreBox().setCurrentIndex(0);
+  InDialog<zendria::SignInDialog>("cambiarUsuario", "entrada", [](auto& dialog) {
+    dialog.CentreBox().setCurrentIndex(0);
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
-  window_->findChild<QAction*>("cambiarUsuario")->trigger();
   EXPECT_EQ(LabelText("centro"), "Centro 7  ·  Bachillerato");
 }
 

@@ -15,6 +15,10 @@ class CommandLineTest : public testing::Test {
     return ReadCommandLine(static_cast<int>(arguments.size()), arguments.data(), out_, err_,
                            status_);
   }
+  void ExpectRefused(const std::vector<const char*>& arguments) {
+    EXPECT_FALSE(Read(arguments)) << testing::PrintToString(arguments);
+    EXPECT_EQ(status_, ExitStatus::BadArguments) << testing::PrintToString(arguments);
+  }
 
   std::ostringstream out_;
   std::ostringstream err_;
@@ -40,8 +44,7 @@ TEST_F(CommandLineTest, AConnectionStringStandsInTheFilesPlace) {
   ASSERT_TRUE(line);
   EXPECT_EQ(line->odbc, "DSN=Centro;UID=ana");
   EXPECT_EQ(line->file, "");
-  EXPECT_FALSE(Read({"escuela.sqlite", "--odbc", "DSN=Centro"}));
-  EXPECT_EQ(status_, ExitStatus::BadArguments);
+  ExpectRefused({"escuela.sqlite", "--odbc", "DSN=Centro"});
 }
 
 TEST_F(CommandLineTest, HelpIsNoFailure) {
@@ -53,17 +56,14 @@ TEST_F(CommandLineTest, HelpIsNoFailure) {
 }
 
 TEST_F(CommandLineTest, UnknownOptionsAreRefused) {
-  EXPECT_FALSE(Read({"--nada"}));
-  EXPECT_EQ(status_, ExitStatus::BadArguments);
+  ExpectRefused({"--nada"});
   EXPECT_NE(err_.str().find("--nada"), std::string::npos);
   EXPECT_NE(err_.str().find("zendria --help muestra la ayuda"), std::string::npos);
 }
 
 TEST_F(CommandLineTest, AUserIsANumberOfASchool) {
-  EXPECT_FALSE(Read({"escuela.sqlite", "--usuario", "Ana"}));
-  EXPECT_EQ(status_, ExitStatus::BadArguments);
-  EXPECT_FALSE(Read({"--usuario", "4"}));
-  EXPECT_EQ(status_, ExitStatus::BadArguments);
+  ExpectRefused({"escuela.sqlite", "--usuario", "Ana"});
+  ExpectRefused({"--usuario", "4"});
 }
 
 TEST_F(CommandLineTest, EveryNumberIsPlainDecimal) {
@@ -72,8 +72,7 @@ TEST_F(CommandLineTest, EveryNumberIsPlainDecimal) {
   EXPECT_TRUE(names.contains("--usuario"));
   for (const auto& name : names)
     for (const auto* const number : test::kNoPlainNumbers) {
-      EXPECT_FALSE(Read({"escuela.sqlite", name.c_str(), number})) << name << number;
-      EXPECT_EQ(status_, ExitStatus::BadArguments);
+      ExpectRefused({"escuela.sqlite", name.c_str(), number});
       EXPECT_NE(err_.str().find(name), std::string::npos);
     }
 }

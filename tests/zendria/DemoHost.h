@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QAction>
 #include <QTreeWidget>
-#include <functional>
-#include <string>
 
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/StateDialog.h"
@@ -33,12 +30,6 @@ class DemoHost : public HostTest {
         OnServer() ? zendria::OdbcPlace(QString::fromStdString(ServerString(demo_.Path())))
                    : QString::fromStdString(demo_.Path()),
         user));
-  }
-  /// Chooses that entry of the menu, and does that in the dialog of that name.
-  void InDialog(const char* action, const std::string& dialog, std::function<void(QWidget&)> step) {
-    robot_.OnDialog(dialog, std::move(step));
-    window_->findChild<QAction*>(action)->trigger();
-    EXPECT_TRUE(robot_.Done());
   }
 
   AnySchool demo_;

@@ -1,5 +1,6 @@
 #include <QTest>
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "apps/zendria/PersonSearchDialog.h"
 #include "apps/zendria/SignInDialog.h"
@@ -26,34 +27,22 @@ class PersonSearchDialogTest : public testing::Test {
   PersonSearchDialog dialog_;
 };
 
-TEST_F(PersonSearchDialogTest, NamesTheKindInItsTitle) {
-  EXPECT_EQ(dialog_.windowTitle(), "Buscar: Docente");
-}
-
-TEST_F(PersonSearchDialogTest, EnterChoosesTheFirstAtOnce) {
-  Key(Qt::Key_Return);
-  EXPECT_EQ(dialog_.Person(), 1);
-  EXPECT_FALSE(dialog_.isVisible());
-}
-
-TEST_F(PersonSearchDialogTest, TypingNarrowsWithoutRegardToAccentsAndEnterChooses) {
-  Type("GOMEZ in");
-  EXPECT_EQ(dialog_.People().List().count(), 1);
-  Key(Qt::Key_Return);
-  EXPECT_EQ(dialog_.Person(), 2);
-}
-
-TEST_F(PersonSearchDialogTest, ArrowsMoveWhileTyping) {
-  Type("gomez");
-  Key(Qt::Key_Down);
-  Key(Qt::Key_Return);
-  EXPECT_EQ(dialog_.Person(), 3);
-}
-
-TEST_F(PersonSearchDialogTest, EscapeChoosesNobody) {
-  Key(Qt::Key_Escape);
-  EXPECT_EQ(dialog_.Person(), 0);
-  EXPECT_FALSE(dialog_.isVisible());
+TEST(PersonSearchKeysTest, NarrowChooseAndCloseIt) {
+  using Keys = std::vector<Qt::Key>;
+  for (const auto& [typed, left, keys, person] :
+       {std::tuple{"", 3, Keys{Qt::Key_Return}, 1}, std::tuple{"", 3, Keys{Qt::Key_Escape}, 0},
+        // Without regard to accents, and with the arrows.
+        std::tuple{"GOMEZ in", 1, Keys{Qt::Key_Return}, 2},
+        std::tuple{"gomez", 2, Keys{Qt::Key_Down, Qt::Key_Return}, 3}}) {
+    SCOPED_TRACE(std::string(typed) + ", person " + std::to_string(person));
+    PersonSearchDialog dialog(People(), "Docente");
+    dialog.show();
+    QTest::keyClicks(&dialog.People().Field(), typed);
+    EXPECT_EQ(dialog.People().List().count(), left);
+    for (const auto key : keys) QTest::keyClick(&dialog.People().Field(), key);
+    EXPECT_EQ(dialog.Person(), person);
+    EXPECT_FALSE(dialog.isVisible());
+  }
 }
 
 TEST_F(PersonSearchDialogTest, NobodyIsChosenWhereNobodyPasses) {
@@ -93,30 +82,22 @@ class SignInDialogTest : public testing::Test {
 };
 
 TEST_F(SignInDialogTest, ShowsNamesAndProfiles) {
-  ASSERT_EQ(dialog_.List().List().count(), 3);
-  EXPECT_EQ(dialog_.List().List().item(0)->text(),
-            "Ana Ruiz  ·  perfil 3 (sus tutorías y materias)");
-  EXPECT_EQ(dialog_.List().List().item(1)->text(),
-            "Dirección  ·  perfil 0 (sin restricciones), administrador");
+  const auto& list = dialog_.List().List();
+  ASSERT_EQ(list.count(), 3);
+  EXPECT_EQ(list.item(0)->text(), "Ana Ruiz  ·  perfil 3 (sus tutorías y materias)");
+  EXPECT_EQ(list.item(1)->text(), "Dirección  ·  perfil 0 (sin restricciones), administrador");
 }
 
-TEST_F(SignInDialogTest, TypeAheadAndEnterSignIn) {
-  QTest::keyClicks(&dialog_.List().Field(), "direccion");
+TEST_F(SignInDialogTest, TypeAheadOfNamesAndProfilesAndEnterSignIn) {
+  for (const auto* const typed : {"administrador", "direccion"}) {
+    dialog_.List().Field().clear();
+    QTest::keyClicks(&dialog_.List().Field(), typed);
+    EXPECT_EQ(dialog_.List().Chosen(), 1) << typed;
+  }
   Key(Qt::Key_Return);
   const auto user = dialog_.Chosen();
   ASSERT_TRUE(user);
-  EXPECT_EQ(user->id, 1);
-  EXPECT_EQ(user->profile, 0);
-}
-
-TEST_F(SignInDialogTest, ProfilesAreSearchedToo) {
-  QTest::keyClicks(&dialog_.List().Field(), "administrador");
-  EXPECT_EQ(dialog_.List().Chosen(), 1);
-}
-
-TEST_F(SignInDialogTest, EscapeSignsNobodyIn) {
-  Key(Qt::Key_Escape);
-  EXPECT_FALSE(dialog_.Chosen());
+  EXPECT_EQ(std::pair(user->id, user->profile), std::pair(1, 0));
 }
 
 TEST(SignInDialogWithoutUsersTest, CannotBeAccepted) {

@@ -1,6 +1,5 @@
 // What the desktop tells over the forms: where the user is, and why something is missing.
 
-#include <QDir>
 #include <QLabel>
 #include <QScrollArea>
 #include <gtest/gtest.h>
@@ -8,7 +7,6 @@
 #include "adapters/qt/views/Units.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/StatementWindow.h"
-#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
@@ -28,8 +26,7 @@ class FormLinesTest : public RescueTest {
 TEST_F(FormLinesTest, OverTheGradesSectionEvaluationAndWhatIsWalked) {
   // Two subjects of one name and course, of different sections.
   school_.Evalua(school_.Pendiente(3, 3121, 3), 1);
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [](Window& window) {
+  Visit(kByStudent, [](Window& window) {
     EXPECT_EQ(Place(window),
               "2º ESO A · 1ª Evaluación · Alumno 1 de 3: Abad Rey, Jorge · Lengua (1º ESO A)");
     Robot::ClickRow(window, "rtvNotasAlumno", 1);
@@ -38,27 +35,19 @@ TEST_F(FormLinesTest, OverTheGradesSectionEvaluationAndWhatIsWalked) {
     Robot::Click(window, "cmdSiguiente");
     EXPECT_THAT(Place(window), HasSubstr("Alumno 2 de 3: Díaz Cano, Marta"));
     EXPECT_EQ(Remark(window), "");
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
-  StepOne("frmNotaMateria1", "1");
-  robot_.On("frmNotaMateria", [](Window& window) {
+  Visit(kBySubject, [](Window& window) {
     EXPECT_EQ(Place(window), "2º ESO A · 1ª Evaluación · Materia 1 de 3: Lengua (1º ESO A)");
     Robot::Click(window, "cmdSiguiente");
     EXPECT_EQ(Place(window), "2º ESO A · 1ª Evaluación · Materia 2 de 3: Lengua (1º ESO B)");
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaMateria1");
-  Play(125);
 }
 
 TEST_F(FormLinesTest, TheWindowIsHigherByTheLinesAndTheFormKeepsItsMeasures) {
   QSize plain;
   for (const auto locked : {false, true}) {
     if (locked) school_.Bloquea(1, 1, 3112, 2, 77);
-    StepOne("frmNotaManual1", "1");
-    robot_.On("frmNotaManual", [&plain, locked](Window& window) {
+    Visit(kByStudent, [&plain, locked](Window& window) {
       const auto& form = window.Model();
       const QSize measures(form.Width(), form.Height());
       if (!locked) plain = measures;
@@ -69,8 +58,7 @@ TEST_F(FormLinesTest, TheWindowIsHigherByTheLinesAndTheFormKeepsItsMeasures) {
       EXPECT_EQ(page.y(), strip.height());
       EXPECT_EQ(page.height(), qt::Pixels(form.ScaleHeight()));
       EXPECT_EQ(window.height(), strip.height() + page.height());
-      const auto lines = strip.findChildren<QLabel*>();
-      for (const auto* const line : lines)
+      for (const auto* const line : strip.findChildren<QLabel*>())
         EXPECT_TRUE(line->isHidden() || line->height() >= line->heightForWidth(line->width()));
       // What the user adds goes to the form.
       window.resize(window.width(), window.height() + 40);
@@ -79,30 +67,23 @@ TEST_F(FormLinesTest, TheWindowIsHigherByTheLinesAndTheFormKeepsItsMeasures) {
       EXPECT_EQ(qt::Pixels(form.Height() - plain.height()), 40);
       window.resize(window.width(), window.height() - 40);
       QCoreApplication::processEvents();
-      Robot::Click(window, "cmdCancelar");
     });
-    LeaveStepOne("frmNotaManual1");
-    Play(124);
   }
 }
 
 TEST_F(FormLinesTest, ASectionThatIsCalledByItsCourseTooIsToldOnce) {
   school_.Sql("UPDATE Seccion SET Descripcion='1º ESO A' WHERE IDSeccion=311");
   school_.Bloquea(1, 1, 3112, 2, 77);
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [](Window& window) {
-    EXPECT_THAT(Place(window), testing::EndsWith("· Lengua (1º ESO A)"));
+  Visit(kByStudent, [](Window& window) {
+    EXPECT_THAT(Place(window), EndsWith("· Lengua (1º ESO A)"));
     EXPECT_THAT(Remark(window), StartsWith("Matemáticas (1º ESO A): "));
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
 }
 
 TEST_F(FormLinesTest, WhoHoldsWhatIsMissing) {
   school_.Bloquea(1, 1, 3112, 2, 77);
   school_.Bloquea(0, 2, 3111, 1, 78);
-  StepOne("frmNotaManual1", "1");
+  StepOne(kByStudent);
   robot_.On("frmNotaManual", [](Window& window) {
     EXPECT_EQ(Remark(window), "Matemáticas (1º ESO A): la está calificando Ana Ruiz Soto.");
     Robot::Click(window, "cmdCancelar");
@@ -120,10 +101,7 @@ TEST_F(FormLinesTest, WhoHoldsWhatIsMissing) {
 
 TEST_F(FormLinesTest, WhoTookAllOfItWhileStepOneWasOpenIsToldWhenItComesBack) {
   robot_.On("frmNotaManual1", [this](Window& window) {
-    Doing({{"cboTipoEnsenanza", "ESO"},
-           {"cboCursos", "2"},
-           {"cboSecciones", "A"},
-           {"cboEvaluaciones", "1"}})(window);
+    PickSection(window);
     EXPECT_EQ(Remark(window), "");
     for (const auto subject : {3111, 3112}) school_.Bloquea(1, 1, subject, 2, 77);
     Robot::Click(window, "cmdNotaManual1(0)");
@@ -139,7 +117,6 @@ TEST_F(FormLinesTest, WhoTookAllOfItWhileStepOneWasOpenIsToldWhenItComesBack) {
     Robot::Click(window, "cmdNotaManual1(1)");
   });
   Play(124);
-  EXPECT_THAT(robot_.unexpected, ElementsAre());
   EXPECT_EQ(robot_.messages.size(), 2);
 }
 
@@ -147,10 +124,7 @@ TEST_F(FormLinesTest, TheOtherSubjectsThatAreHeldAreToldWhenOneIsChosen) {
   school_.Bloquea(1, 1, 3112, 2, 77);
   robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
     const auto* const held = "Matemáticas (1º ESO A): la está calificando Ana Ruiz Soto.";
-    Doing({{"cboTipoEnsenanza", "ESO"},
-           {"cboCursos", "2"},
-           {"cboSecciones", "A"},
-           {"cboEvaluaciones", "1"}})(window);
+    PickSection(window);
     EXPECT_EQ(Remark(window), held);
     Robot::Pick(window, "cboMateria", "Lengua");
     EXPECT_EQ(Remark(window), held);
@@ -163,12 +137,10 @@ TEST_F(FormLinesTest, WhatIsRemovedByHandIsNotToldAnyMoreAndTheFormsOwnStays) {
   // What a form that died has left. The open form's own is the next number.
   school_.Sql("INSERT INTO PublicacionPte VALUES (77,1,2,4,1)");
   school_.Bloquea(1, 1, 3112, 2, 77);
-  StepOne("frmNotaManual1", "1");
-  QString refusal;
-  robot_.On("frmNotaManual", [this, &refusal](Window& window) {
+  std::string refusal;
+  Use(kByStudent, [this, &refusal](Window& window) {
     EXPECT_NE(Remark(window), "");
-    robot_.OnDialog("bloqueos", [this, &refusal](QWidget& shown) {
-      auto& dialog = dynamic_cast<zendria::LocksDialog&>(shown);
+    robot_.OnDialog<zendria::LocksDialog>("bloqueos", [this, &refusal](auto& dialog) {
       auto& list = dialog.List();
       ASSERT_EQ(list.topLevelItemCount(), 2);
       list.setCurrentItem(list.topLevelItem(1));
@@ -176,23 +148,16 @@ TEST_F(FormLinesTest, WhatIsRemovedByHandIsNotToldAnyMoreAndTheFormsOwnStays) {
       dialog.RemoveButton().click();
       EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 2);
       list.setCurrentItem(list.topLevelItem(0));
-      robot_.OnDialog("pregunta", [](QWidget& box) {
-        for (auto* const button : dynamic_cast<QMessageBox&>(box).buttons())
-          if (button->text() == "&Quitar") button->click();
-      });
+      Answer("pregunta", "&Quitar");
       dialog.RemoveButton().click();
       EXPECT_EQ(school_.Rows("SELECT IDPublicacionPte FROM PublicacionPte"), Lines{"78"});
       dialog.accept();
     });
     QTest::keyClick(&window, Qt::Key_B, Qt::ControlModifier);
     EXPECT_EQ(Remark(window), "");
-    Robot::Grade(window, 0, 1, "7");
-    Robot::Click(window, "cmdAceptar");
+    Doing({{0, 1, "7"}, "cmdAceptar"})(window);
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
-  EXPECT_TRUE(refusal.startsWith("La publicación 78 es la de la pantalla de notas que tiene"))
-      << refusal.toStdString();
+  EXPECT_THAT(refusal, StartsWith("La publicación 78 es la de la pantalla de notas que tiene"));
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 0);
 }
 
@@ -202,10 +167,7 @@ TEST_F(FormLinesTest, WhyAListIsEmpty) {
   school_.Bloquea(1, 1, 3111, 2, 77);
   robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
     EXPECT_EQ(Remark(window), "");
-    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
-    Robot::Pick(window, "cboCursos", "2");
-    Robot::Pick(window, "cboSecciones", "A");
-    Robot::Pick(window, "cboEvaluaciones", "1");
+    PickSection(window);
     EXPECT_EQ(Remark(window),
               "En esta sección y evaluación no queda ninguna materia libre que calificar.\n"
               "Lengua (1º ESO A): la está calificando Ana Ruiz Soto.");
@@ -237,31 +199,24 @@ TEST_F(FormLinesTest, WhyThisUserHasNothingToChoose) {
 
 TEST_F(FormLinesTest, ADraftThatCanNotBeWrittenIsTold) {
   QFile(folder_.filePath("borradores")).open(QIODevice::WriteOnly);
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [](Window& window) {
+  Use(kByStudent, [](Window& window) {
     EXPECT_EQ(Remark(window), "");
     Robot::Grade(window, 0, 1, "7");
     EXPECT_THAT(Remark(window), HasSubstr("No se puede guardar el borrador"));
     Robot::Click(window, "cmdAceptar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM EvaluacionPte WHERE CodNota=107"), 1);
 }
 
 TEST_F(FormLinesTest, NothingOfItReachesTheModulesStatements) {
   school_.Bloquea(1, 1, 3112, 2, 77);
   auto& statements = window_->ShowStatements();
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [&statements](Window& window) {
+  Visit(kByStudent, [&statements](Window& window) {
     EXPECT_NE(Remark(window), "");
     EXPECT_TRUE(statements.Text().contains("BloqueoPte")) << "the module has its own";
     EXPECT_FALSE(statements.Text().contains("SELECT * FROM BloqueoPte"));
     EXPECT_FALSE(statements.Text().contains("Seccion.Descripcion AS Seccion"));
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <QAction>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -36,8 +35,7 @@ class FormSizesTest : public HostTest {
       Robot::Click(window, "cmdCancelar");
     });
     robot_.On("frmNotaManual1", {"cmdNotaManual1(1)"});
-    window_->OpenNode(124);
-    EXPECT_TRUE(robot_.Done());
+    Play(124);
     return came;
   }
   static void Enlarge(qt::FormWindow& window) { window.resize(kChosen); }
@@ -84,7 +82,7 @@ TEST_F(OpenFormSizesTest, AllSizesAreForgottenOnDemand) {
   const auto first = Grade("frmNotaManual", "1", Enlarge);
   const auto home = window_->size();
   window_->resize(640, 480);
-  window_->findChild<QAction*>("restablecer")->trigger();
+  Trigger("restablecer");
   EXPECT_EQ(window_->size(), home);
   EXPECT_EQ(Grade("frmNotaManual", "1"), first);
 }

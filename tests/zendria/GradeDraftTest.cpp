@@ -7,7 +7,6 @@
 #include <QJsonObject>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <array>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -19,20 +18,12 @@
 #include <unistd.h>
 
 #include "apps/escuela/ProcessMark.h"
-#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
 namespace {
 
-/// A grade form and the way to it.
-struct Flow {
-  std::uint8_t node;
-  const char* form;
-  const char* evaluation;
-  const char* list = nullptr;  ///< what step one asks for besides
-  const char* entry = nullptr;
-};
+using testing::MatchesRegex;
 
 /// A program of the same user's that runs until the object goes.
 class OtherProgram {
@@ -75,57 +66,45 @@ class OtherProgram {
 
 class GradeDraftTest : public RescueTest {
  protected:
-  static constexpr Flow kByStudent{124, "frmNotaManual", "1"};
-
   /// Ends the form as a failure of its own does, and removes the locks that it leaves.
-  void Break(const Flow& flow, const Step& act) {
-    Open(flow);
-    robot_.On(flow.form, [act](Window& window) {
+  void Break(const Step& act, const Flow& flow = kByStudent) {
+    Fail(flow, [act](Window& window) {
       act(window);
       throw std::bad_alloc();
     });
-    NoticeOf(flow.node);
-    EXPECT_TRUE(robot_.Done());
-    EXPECT_THAT(robot_.unexpected, ElementsAre());
-    school_.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
+    RemoveLocks();
   }
-  void Break(const Step& act) { Break(kByStudent, act); }
-  void Open(const Flow& flow) {
-    auto stepOne = std::string(flow.form);
-    if (stepOne.ends_with("Final")) stepOne.resize(stepOne.size() - 5);
-    StepOne(stepOne + "1", flow.evaluation, flow.list, flow.entry);
-  }
-  /// Opens the form, acts on it until it goes, and leaves step one.
-  void Use(const Flow& flow, const Step& act) {
-    Open(flow);
-    robot_.On(flow.form, act);
-    auto stepOne = std::string(flow.form);
-    if (stepOne.ends_with("Final")) stepOne.resize(stepOne.size() - 5);
-    LeaveStepOne(stepOne + "1");
-    Play(flow.node);
-    EXPECT_THAT(robot_.unexpected, ElementsAre());
-  }
+  void RemoveLocks() const { school_.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte"); }
+  using RescueTest::Use;
   void Use(const Step& act) { Use(kByStudent, act); }
+  /// Opens the form by student, and presses that in it; what its draft is answered with before,
+  /// and gives what that asked.
+  std::string Answer(const char* answer, const std::vector<Robot::Deed>& deeds) {
+    std::string text;
+    AnswerDraft(answer, &text);
+    Use(Doing(deeds));
+    return text;
+  }
+  /// Does that where the form by student has loaded, before it asks.
+  void BeforeTheQuestion(const Step& act) {
+    screen_.FormReady = [act, ask = screen_.FormReady](Window& window) {
+      if (window.Model().Name() == kByStudent.form) act(window);
+      ask(window);
+    };
+  }
 
   [[nodiscard]] QString Drafts() const { return folder_.filePath("borradores"); }
-  [[nodiscard]] QStringList DraftFiles() const {
-    return QDir(Drafts()).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-  }
+  [[nodiscard]] QStringList DraftFiles() const { return Entries(Drafts()); }
   [[nodiscard]] QString TheDraft() const { return Drafts() + '/' + DraftFiles().value(0); }
-  [[nodiscard]] static mode_t Mode(const QString& path) {
-    struct stat status {};
-    return stat(path.toUtf8().constData(), &status) == 0 ? status.st_mode & 07777U : 0;
-  }
   /// By student, in the order of the pending rows.
   [[nodiscard]] Lines Stored() const {
     return school_.Rows(
         "SELECT CodNota FROM EvaluacionPte WHERE CodNumEvaluacion=1 ORDER BY CodAlumnoPte_MatDet");
   }
   /// Reads what is left out, and closes the list.
-  void ReadLeft(QString& text) {
+  void ReadLeft(std::string& text) {
     robot_.OnDialog("notasCambiadas", [&text](QWidget& dialog) {
-      text = dialog.findChild<QPlainTextEdit*>("notas")->toPlainText();
+      text = dialog.findChild<QPlainTextEdit*>("notas")->toPlainText().toStdString();
       QTest::keyClick(&dialog, Qt::Key_Return);
     });
   }
@@ -138,18 +117,15 @@ TEST_F(GradeDraftTest, WhatWasTypedIsPutInAgainAndSavedAsEver) {
   ASSERT_EQ(DraftFiles().size(), 1);
   EXPECT_EQ(Mode(TheDraft()), 0600U);
   EXPECT_EQ(Mode(Drafts()), 0700U);
-  QString text;
+  std::string text;
   AnswerDraft("ponerlas", &text);
   Use([](Window& window) {
-    const auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
     EXPECT_EQ(dynamic_cast<QComboBox&>(*window.Widget("cboAlumnos")).currentIndex(), 0);
-    EXPECT_EQ(grid.model()->index(0, 1).data().toString(), "7");
+    EXPECT_EQ(Robot::CellText(window, 0, 1), "7");
     Robot::Click(window, "cmdAceptar");
   });
-  EXPECT_TRUE(QRegularExpression("^Hay 3 notas sin guardar de las? \\d?\\d:\\d\\d\\. ¿Ponerlas\\?$")
-                  .match(text)
-                  .hasMatch())
-      << text.toStdString();
+  EXPECT_THAT(
+      text, MatchesRegex("Hay 3 notas sin guardar de las? [0-9]?[0-9]:[0-9][0-9]\\. ¿Ponerlas\\?"));
   EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
   EXPECT_EQ(DraftFiles(), QStringList());
   // Nothing is asked any more.
@@ -159,26 +135,20 @@ TEST_F(GradeDraftTest, WhatWasTypedIsPutInAgainAndSavedAsEver) {
 TEST_F(GradeDraftTest, InEachOfTheEightForms) {
   school_.Sql("UPDATE Curso SET RE_AC=-1");
   for (const auto& flow :
-       {Flow{124, "frmNotaManual", "2"}, Flow{125, "frmNotaMateria", "1"},
-        Flow{127, "frmNotaSeccionAlumno", "1", "cboMateria", "Lengua"},
-        Flow{126, "frmNotaSeccionMateria", "1", "cboAlumno", "D"},
-        Flow{124, "frmNotaManualFinal", "Final"}, Flow{125, "frmNotaMateriaFinal", "Final"},
-        Flow{127, "frmNotaSeccionAlumnoFinal", "Final", "cboMateria", "Lengua"},
-        Flow{126, "frmNotaSeccionMateriaFinal", "Final", "cboAlumno", "D"}}) {
+       {kByStudent.In("2"), kBySubject, kOfSubject, kOfStudent, kByStudent.Final(),
+        kBySubject.Final(), kOfSubject.Final(), kOfStudent.Final()}) {
     SCOPED_TRACE(flow.form);
     school_.Sql(
         "UPDATE EvaluacionPte SET CodNota=0; UPDATE EvaluacionActaPte SET CodNota=0, RE_AC_DIV=0");
-    const auto isFinal = std::string(flow.form).ends_with("Final");
     std::vector<Robot::Deed> deeds{{0, 1, "7"}, "cmdSiguiente", {0, 1, "9"}};
     // A measure is offered to a subject with a grade alone.
-    const auto measures = std::string(flow.form).ends_with("MateriaFinal");
+    const auto measures = flow.form.ends_with("MateriaFinal");
     if (measures) deeds.emplace_back(0, 6, "Ref");
-    Break(flow, Doing(deeds));
+    Break(Doing(deeds), flow);
     AnswerDraft("ponerlas");
     Use(flow, Doing({"cmdAceptar"}));
-    const auto* const table = isFinal ? "EvaluacionActaPte" : "EvaluacionPte";
-    EXPECT_EQ(school_.Rows(std::string("SELECT CodNota FROM ") + table +
-                           " WHERE CodNota<>0 ORDER BY CodNota"),
+    const std::string table = flow.form.ends_with("Final") ? "EvaluacionActaPte" : "EvaluacionPte";
+    EXPECT_EQ(school_.Rows("SELECT CodNota FROM " + table + " WHERE CodNota<>0 ORDER BY CodNota"),
               (Lines{"107", "109"}));
     EXPECT_EQ(school_.Numero("SELECT SUM(RE_AC_DIV) FROM EvaluacionActaPte"), measures ? 1 : 0);
     EXPECT_EQ(DraftFiles(), QStringList());
@@ -190,35 +160,26 @@ TEST_F(GradeDraftTest, WhatOthersHaveChangedIsListedWithBothValuesAndLeftAlone) 
   school_.Sql(
       "UPDATE EvaluacionPte SET CodNota=103 WHERE CodNumEvaluacion=1 AND CodAlumnoPte_MatDet=2;"
       "DELETE FROM EvaluacionPte WHERE CodAlumnoPte_MatDet=3");
-  QString text;
-  QString left;
-  AnswerDraft("ponerlas", &text);
+  std::string left;
   ReadLeft(left);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_TRUE(text.contains("Hay una nota sin guardar")) << text.toStdString();
-  EXPECT_TRUE(text.contains("otras 2 que no se pondrán")) << text.toStdString();
-  EXPECT_EQ(left.toStdString(), std::string(kMarta) + '\t' + kLengua +
-                                    "\tNota\tsuya: 8\tahora: 3\n" + kMarta + '\t' + kMates +
-                                    "\tNota\tsuya: 9\tya no está\n");
+  EXPECT_THAT(Answer("ponerlas", {"cmdAceptar"}),
+              AllOf(HasSubstr("Hay una nota sin guardar"), HasSubstr("otras 2 que no se pondrán")));
+  EXPECT_EQ(left, Line(kMarta, kLengua, "Nota", "suya: 8\tahora: 3\n") +
+                      Line(kMarta, kMates, "Nota", "suya: 9\tya no está\n"));
   EXPECT_EQ(Stored(), (Lines{"107", "103", "0"}));
   EXPECT_EQ(DraftFiles(), QStringList()) << "they were told, once";
 }
 
 TEST_F(GradeDraftTest, WhatIsTypedBeforeTheQuestionOverwritesNoneOfIt) {
   Break(threeGrades_);
-  for (const auto* const answer : {"ahoraNo", "ponerlas"}) {
-    screen_.FormReady = [ask = screen_.FormReady](Window& window) {
-      if (window.Model().Name() == "frmNotaManual") Robot::Grade(window, 0, 1, "6");
-      QCoreApplication::processEvents();
-      ask(window);
-    };
-    QString text;
-    AnswerDraft(answer, &text);
-    const auto save = answer == std::string("ponerlas");
-    Use(Doing({save ? "cmdAceptar" : "cmdCancelar"}));
-    EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
-    EXPECT_EQ(DraftFiles().size(), save ? 0 : 1);
-  }
+  BeforeTheQuestion([](Window& window) {
+    Robot::Grade(window, 0, 1, "6");
+    QCoreApplication::processEvents();
+  });
+  EXPECT_THAT(Answer("ahoraNo", {"cmdCancelar"}), StartsWith("Hay 2 notas"));
+  EXPECT_EQ(DraftFiles().size(), 1);
+  EXPECT_THAT(Answer("ponerlas", {"cmdAceptar"}), StartsWith("Hay 2 notas"));
+  EXPECT_EQ(DraftFiles().size(), 0);
   EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
 }
 
@@ -229,10 +190,7 @@ TEST_F(GradeDraftTest, NothingThatWasTypedForSomethingElseAnswersTheQuestion) {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
       qt_handleKeyEvent(window.windowHandle(), type, Qt::Key_Return, Qt::NoModifier);
   };
-  screen_.FormReady = [press, ask = screen_.FormReady](Window& window) {
-    if (window.Model().Name() == "frmNotaManual") press(window);
-    ask(window);
-  };
+  BeforeTheQuestion(press);
   auto letters = false;
   robot_.OnDialog("borrador", [&letters](QWidget& dialog) {
     for (const auto* const name : {"ponerlas", "descartarlas", "ahoraNo"}) {
@@ -244,15 +202,12 @@ TEST_F(GradeDraftTest, NothingThatWasTypedForSomethingElseAnswersTheQuestion) {
     QTest::mouseClick(dialog.findChild<QWidget*>("ahoraNo"), Qt::LeftButton);
   });
   robot_.On("frmNotaManual1", [press](Window& window) {
-    Doing({{"cboTipoEnsenanza", "ESO"},
-           {"cboCursos", "2"},
-           {"cboSecciones", "A"},
-           {"cboEvaluaciones", "1"}})(window);
+    PickSection(window);
     press(window);
     Robot::Click(window, "cmdNotaManual1(0)");
   });
   robot_.On("frmNotaManual", {"cmdCancelar"});
-  LeaveStepOne("frmNotaManual1");
+  LeaveStepOne(kByStudent);
   Play(124);
   EXPECT_FALSE(letters);
   EXPECT_EQ(DraftFiles().size(), 1);
@@ -261,19 +216,12 @@ TEST_F(GradeDraftTest, NothingThatWasTypedForSomethingElseAnswersTheQuestion) {
 TEST_F(GradeDraftTest, AFormThatGoesBeforeTheQuestionDropsWhatWasTypedInItAlone) {
   Break(threeGrades_);
   const auto ask = screen_.FormReady;
-  screen_.FormReady = [&ask](Window& window) {
-    if (window.Model().Name() == "frmNotaManual") {
-      Robot::Grade(window, 0, 1, "6");
-      Robot::Click(window, "cmdCancelar");
-    }
-    ask(window);
-  };
-  Open(kByStudent);
-  LeaveStepOne("frmNotaManual1");
+  BeforeTheQuestion(Doing({{0, 1, "6"}, "cmdCancelar"}));
+  StepOne(kByStudent);
+  LeaveStepOne(kByStudent);
   Play(124);
   screen_.FormReady = ask;
-  AnswerDraft("ponerlas");
-  Use(Doing({"cmdAceptar"}));
+  Answer("ponerlas", {"cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"105", "108", "109", "0"}));
 }
 
@@ -282,11 +230,9 @@ TEST_F(GradeDraftTest, ASchoolHasOneWhateverPathItIsReachedBy) {
   const auto link = folder_.filePath("enlace.sqlite");
   ASSERT_TRUE(QFile::link(SchoolFile(), link));
   ASSERT_TRUE(window_->OpenSchool(link, 1));
-  AnswerDraft("ahoraNo");
-  Use(Doing({{0, 1, "6"}, "cmdAceptar"}));
+  Answer("ahoraNo", {{0, 1, "6"}, "cmdAceptar"});
   ASSERT_TRUE(window_->OpenSchool(QDir().relativeFilePath(SchoolFile()), 1));
-  AnswerDraft("ponerlas");
-  Use(Doing({"cmdAceptar"}));
+  Answer("ponerlas", {"cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
   EXPECT_EQ(DraftFiles(), QStringList());
 }
@@ -294,24 +240,18 @@ TEST_F(GradeDraftTest, ASchoolHasOneWhateverPathItIsReachedBy) {
 TEST_F(GradeDraftTest, WhatSomebodyHoldsStaysInTheDraftUntilTheFormHasItAgain) {
   Break(threeGrades_);
   school_.Bloquea(1, 1, 3112, 2, 77);
-  QString text;
-  AnswerDraft("ponerlas", &text);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
-  EXPECT_TRUE(
-      text.endsWith("Otra más sigue en el borrador, porque su materia no está ahora en esta "
-                    "pantalla.\nMatemáticas (1º ESO A): la está calificando Ana Ruiz Soto."))
-      << text.toStdString();
+  EXPECT_THAT(
+      Answer("ponerlas", {"cmdAceptar"}),
+      AllOf(StartsWith("Hay 2 notas"),
+            EndsWith("Otra más sigue en el borrador, porque su materia no está ahora en esta "
+                     "pantalla.\nMatemáticas (1º ESO A): la está calificando Ana Ruiz Soto.")));
   EXPECT_EQ(Stored(), (Lines{"107", "108", "0", "0"}));
   // Nothing else is left: neither answer to what can't be answered yet, nor a save, drops it.
-  AnswerDraft("ahoraNo", &text);
-  Use(Doing({{0, 1, "6"}, "cmdAceptar"}));
-  EXPECT_TRUE(text.startsWith("Hay una nota sin guardar")) << text.toStdString();
-  EXPECT_TRUE(text.contains("Sigue en el borrador")) << text.toStdString();
-  EXPECT_TRUE(text.endsWith("la está calificando Ana Ruiz Soto.")) << text.toStdString();
+  EXPECT_THAT(Answer("ahoraNo", {{0, 1, "6"}, "cmdAceptar"}),
+              AllOf(StartsWith("Hay una nota sin guardar"), HasSubstr("Sigue en el borrador"),
+                    EndsWith("la está calificando Ana Ruiz Soto.")));
   school_.Sql("DELETE FROM BloqueoPte");
-  AnswerDraft("ponerlas");
-  Use(Doing({"cmdAceptar"}));
+  Answer("ponerlas", {"cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"106", "108", "109", "0"}));
   EXPECT_EQ(DraftFiles(), QStringList());
 }
@@ -319,11 +259,9 @@ TEST_F(GradeDraftTest, WhatSomebodyHoldsStaysInTheDraftUntilTheFormHasItAgain) {
 TEST_F(GradeDraftTest, WhatSomebodyHoldsGoesWithTheRestOfADraftOnlyWhereThereIsNoRest) {
   Break(threeGrades_);
   school_.Bloquea(1, 1, 3112, 2, 77);
-  AnswerDraft("descartarlas");
-  Use(Doing({"cmdCancelar"}));
+  Answer("descartarlas", {"cmdCancelar"});
   EXPECT_EQ(DraftFiles().size(), 1);
-  AnswerDraft("descartarlas");
-  Use(Doing({"cmdCancelar"}));
+  Answer("descartarlas", {"cmdCancelar"});
   EXPECT_EQ(DraftFiles(), QStringList());
 }
 
@@ -331,59 +269,46 @@ TEST_F(GradeDraftTest, WhatItsHolderHasSavedJustSoIsNotOffered) {
   Break(threeGrades_);
   school_.Bloquea(1, 1, 3112, 2, 77);
   school_.Sql("UPDATE EvaluacionPte SET CodNota=109 WHERE CodAlumnoPte_MatDet=3");
-  QString text;
-  AnswerDraft("ponerlas", &text);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_TRUE(text.endsWith("¿Ponerlas?")) << text.toStdString();
+  EXPECT_THAT(Answer("ponerlas", {"cmdAceptar"}), EndsWith("¿Ponerlas?"));
   EXPECT_EQ(DraftFiles(), QStringList());
 }
 
 TEST_F(GradeDraftTest, WhereOthersHaveChangedAllOfItNothingIsPutIn) {
   Break(Doing({{0, 1, "7"}}));
   school_.Sql("UPDATE EvaluacionPte SET CodNota=103");
-  QString text;
-  QString left;
-  AnswerDraft("ponerlas", &text);
+  std::string left;
   ReadLeft(left);
-  Use(Doing({"cmdCancelar"}));
-  EXPECT_TRUE(text.contains("¿Verla?")) << text.toStdString();
-  EXPECT_TRUE(left.contains("suya: 7\tahora: 3")) << left.toStdString();
+  EXPECT_THAT(Answer("ponerlas", {"cmdCancelar"}), HasSubstr("¿Verla?"));
+  EXPECT_THAT(left, HasSubstr("suya: 7\tahora: 3"));
   EXPECT_EQ(DraftFiles(), QStringList());
 }
 
 TEST_F(GradeDraftTest, AGradeThatTheListHasNoMoreIsToldAsThat) {
   Break(Doing({"cmdSiguiente", {1, 1, "9"}}));
   school_.Sql("UPDATE Nota SET NotaExcepcional=1 WHERE IDNota=109");
-  QString left;
-  AnswerDraft("ponerlas");
+  std::string left;
   ReadLeft(left);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_EQ(left.toStdString(), std::string(kMarta) + '\t' + kMates +
-                                    "\tNota\tsuya: 9\tesa nota ya no se ofrece; ahora: (en "
-                                    "blanco)\n");
+  Answer("ponerlas", {"cmdAceptar"});
+  EXPECT_EQ(left, Line(kMarta, kMates, "Nota",
+                       "suya: 9\tesa nota ya no se ofrece; ahora: (en blanco)\n"));
   EXPECT_EQ(Stored(), (Lines{"105", "105", "0", "0"}));
 }
 
 TEST_F(GradeDraftTest, WhatTheFailedSaveHadWrittenIsNotOffered) {
   FullAt(3);
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [this](Window& window) {
+  Fail([this](Window& window) {
     threeGrades_(window);
     Robot::Click(window, "cmdAceptar");
   });
-  NoticeOf(124);
-  school_.Sql("DELETE FROM PublicacionPte; DELETE FROM BloqueoPte; DROP TRIGGER lleno");
-  QString text;
-  AnswerDraft("ponerlas", &text);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_TRUE(text.contains("Hay una nota")) << text.toStdString();
+  RemoveLocks();
+  school_.Sql("DROP TRIGGER lleno");
+  EXPECT_THAT(Answer("ponerlas", {"cmdAceptar"}), HasSubstr("Hay una nota"));
   EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
 }
 
 TEST_F(GradeDraftTest, SavingAndGivingUpDropItAndSoDoesTheX) {
-  const std::vector<Step> ways{Doing({"cmdAceptar"}), Doing({"cmdCancelar"}),
-                               [](Window& window) { window.close(); }};
-  for (const auto& leave : ways) {
+  for (const auto& leave : {Doing({"cmdAceptar"}), Doing({"cmdCancelar"}),
+                            Step([](Window& window) { window.close(); })}) {
     Use([this, &leave](Window& window) {
       Robot::Grade(window, 0, 1, "7");
       EXPECT_EQ(DraftFiles().size(), 1);
@@ -400,15 +325,10 @@ TEST_F(GradeDraftTest, SavingAndGivingUpDropItAndSoDoesTheX) {
 
 TEST_F(GradeDraftTest, NotNowKeepsItButForWhatIsTypedAnew) {
   Break(threeGrades_);
-  AnswerDraft("ahoraNo");
-  Use(Doing({"cmdCancelar"}));
-  AnswerDraft("ahoraNo");
-  Use(Doing({{0, 1, "10"}, "cmdAceptar"}));
+  Answer("ahoraNo", {"cmdCancelar"});
+  Answer("ahoraNo", {{0, 1, "10"}, "cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"110", "105", "0", "0"}));
-  QString text;
-  AnswerDraft("ponerlas", &text);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_TRUE(text.startsWith("Hay 2 notas")) << text.toStdString();
+  EXPECT_THAT(Answer("ponerlas", {"cmdAceptar"}), StartsWith("Hay 2 notas"));
   EXPECT_EQ(Stored(), (Lines{"110", "108", "109", "0"}));
 }
 
@@ -416,18 +336,16 @@ TEST_F(GradeDraftTest, InAYearThatCanNotBeChangedItIsNotOfferedAndStays) {
   Break(threeGrades_);
   auto* const year = window_->findChild<QAction*>("añoActivo");
   ASSERT_NE(year, nullptr);
-  for (const auto* const form : {"frmNotaManual", "frmNotaManualFinal"}) {
+  for (const auto& flow : {kByStudent, kByStudent.Final()}) {
     year->setChecked(false);
-    Use({124, form, std::string(form).ends_with("Final") ? "Final" : "1"}, [](Window& window) {
+    Visit(flow, [](Window& window) {
       EXPECT_FALSE(window.Widget("cmdAceptar")->isEnabled());
       Robot::Grade(window, 0, 1, "4");
-      Robot::Click(window, "cmdCancelar");
     });
     EXPECT_EQ(DraftFiles().size(), 1);
   }
   year->setChecked(true);
-  AnswerDraft("ponerlas");
-  Use(Doing({"cmdAceptar"}));
+  Answer("ponerlas", {"cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
 }
 
@@ -451,19 +369,15 @@ TEST_F(GradeDraftTest, AProgramThatRunsKeepsItsOwnAndLeavesItWhenItGoes) {
   ASSERT_TRUE(QFile::rename(TheDraft(), theirs));
   other->Own(theirs);
   const auto before = FileBytes(theirs);
-  Use([this](Window& window) {
+  Visit(kByStudent, [this](Window& window) {
     Robot::Grade(window, 0, 1, "4");
     EXPECT_EQ(DraftFiles().size(), 2);
-    Robot::Click(window, "cmdCancelar");
   });
   EXPECT_EQ(DraftFiles().size(), 1);
   Break(Doing({{0, 1, "3"}}));
   EXPECT_EQ(FileBytes(theirs), before);
   other.reset();
-  QString text;
-  AnswerDraft("ponerlas", &text);
-  Use(Doing({"cmdAceptar"}));
-  EXPECT_TRUE(text.startsWith("Hay 3 notas")) << text.toStdString();
+  EXPECT_THAT(Answer("ponerlas", {"cmdAceptar"}), StartsWith("Hay 3 notas"));
   EXPECT_EQ(Stored(), (Lines{"103", "108", "109", "0"})) << "of two of a cell the later";
   EXPECT_EQ(DraftFiles(), QStringList());
 }
@@ -480,49 +394,42 @@ TEST_F(GradeDraftTest, NotWantedItGoes) {
 
 TEST_F(GradeDraftTest, OtherFormsChoicesAndUsersHaveDraftsOfTheirOwn) {
   Break(threeGrades_);
-  Use({124, "frmNotaManual", "2"}, Doing({{0, 1, "6"}, "cmdCancelar"}));
-  Use({125, "frmNotaMateria", "1"}, Doing({"cmdCancelar"}));
+  Use(kByStudent.In("2"), Doing({{0, 1, "6"}, "cmdCancelar"}));
+  Use(kBySubject, Doing({"cmdCancelar"}));
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
   Use(Doing({"cmdCancelar"}));
   EXPECT_EQ(DraftFiles().size(), 1);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  AnswerDraft("ponerlas");
-  Use(Doing({"cmdAceptar"}));
+  Answer("ponerlas", {"cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
 }
 
 TEST_F(GradeDraftTest, WhatIsNoDraftIsToldAndSetAside) {
   Break(threeGrades_);
   const auto path = TheDraft();
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const auto whole = file.readAll();
-  const auto put = [&path](const QByteArray& content) {
-    QFile damaged(path);
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    damaged.write(content);
+  const auto whole = FileBytes(path);
+  const auto put = [&](const QByteArray& content) {
+    return MakeFile("borradores/" + QFileInfo(path).fileName(), content) == path;
   };
-  const std::vector<std::function<void()>> faults{
-      [&] { put(""); },
-      [&] { put(whole.left(whole.size() / 2)); },
-      [&] { put(QByteArray(whole).replace("\"usuario\": 1", "\"usuario\": 2")); },
-      [&] { put(QByteArray(whole).replace("\"columna\": 1", "\"columna\": \"1\"")); },
-      [&] { ASSERT_TRUE(QFile::link(SchoolFile(), path)); },
-      [&] { ASSERT_TRUE(QDir().mkdir(path)); },
-      [&] { ASSERT_EQ(mkfifo(path.toUtf8().constData(), 0600), 0); },
+  const std::vector<std::function<bool()>> faults{
+      [&] { return put(""); },
+      [&] { return put(whole.left(whole.size() / 2)); },
+      [&] { return put(QByteArray(whole).replace("\"usuario\": 1", "\"usuario\": 2")); },
+      [&] { return put(QByteArray(whole).replace("\"columna\": 1", "\"columna\": \"1\"")); },
+      [&] { return QFile::link(SchoolFile(), path); },
+      [&] { return QDir().mkdir(path); },
+      [&] { return mkfifo(path.toUtf8().constData(), 0600) == 0; },
   };
   qsizetype aside = 0;
   for (const auto& fault : faults) {
     SCOPED_TRACE(aside);
     QFile::remove(path);
-    fault();
-    QString text;
-    robot_.OnDialog("borradorRoto", [&text](QWidget& dialog) {
-      text = dynamic_cast<QMessageBox&>(dialog).informativeText();
-      QTest::keyClick(&dialog, Qt::Key_Return);
+    ASSERT_TRUE(fault());
+    robot_.OnDialog<QMessageBox>("borradorRoto", [this](auto& box) {
+      EXPECT_THAT(box.informativeText().toStdString(), HasSubstr(Drafts().toStdString()));
+      QTest::keyClick(&box, Qt::Key_Return);
     });
     Use(Doing({{0, 1, "7"}, "cmdCancelar"}));
-    EXPECT_TRUE(text.contains(Drafts())) << text.toStdString();
     EXPECT_EQ(DraftFiles().size(), ++aside);
     EXPECT_FALSE(DraftFiles().contains(QFileInfo(path).fileName()));
   }
@@ -536,13 +443,11 @@ TEST_F(GradeDraftTest, AFailureWhilePuttingInLosesNothing) {
     school_.Sql("ALTER TABLE TipoNota RENAME TO Apartado");
     QTest::mouseClick(dialog.findChild<QWidget*>("ponerlas"), Qt::LeftButton);
   });
-  Open(kByStudent);
-  const auto failure = NoticeOf(124);
-  EXPECT_TRUE(failure.contains("no such table")) << failure.toStdString();
-  school_.Sql(
-      "ALTER TABLE Apartado RENAME TO TipoNota; DELETE FROM PublicacionPte; DELETE FROM BloqueoPte");
-  AnswerDraft("ponerlas");
-  Use(Doing({"cmdAceptar"}));
+  StepOne(kByStudent);
+  EXPECT_THAT(NoticeOf(124), HasSubstr("no such table"));
+  school_.Sql("ALTER TABLE Apartado RENAME TO TipoNota");
+  RemoveLocks();
+  Answer("ponerlas", {"cmdAceptar"});
   EXPECT_EQ(Stored(), (Lines{"107", "108", "109", "0"}));
 }
 

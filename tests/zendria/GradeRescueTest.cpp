@@ -10,7 +10,6 @@
 #include "apps/zendria/SavingStatements.h"
 #include "platform/controls/FormInstance.h"
 #include "selection/frmNotaSeccionAlumno1.h"
-#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
@@ -21,13 +20,9 @@ class GradeRescueTest : public RescueTest {
   /// The next step one asks for a recovery, whose grades have no place in the database: choosing
   /// one is an error already.
   void OfARecovery() {
-    auto stepOne = Doing({{"cboTipoEnsenanza", "ESO"},
-                          {"cboCursos", "2"},
-                          {"cboSecciones", "A"},
-                          {"cboEvaluaciones", "1"},
-                          {"cboMateria", "Lengua"}});
-    robot_.On("frmNotaSeccionAlumno1", [stepOne](Window& window) {
-      stepOne(window);
+    robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
+      PickSection(window);
+      Robot::Pick(window, "cboMateria", "Lengua");
       FormInstance<frmNotaSeccionAlumno1>::Get().chkRecuperacion.Value(1);
       Robot::Click(window, "cmdNotaManual1(0)");
     });
@@ -70,33 +65,24 @@ TEST_F(GradeRescueTest, AGradeTakenAwayIsAChangeToo) {
 
 TEST_F(GradeRescueTest, PastedGradesAreRescuedAsTypedOnesAre) {
   FullAt(1);
-  const auto paste = [](Window& window) {
+  Fail([](Window& window) {
     QGuiApplication::clipboard()->setText("7\n8\n");
-    auto* const table = dynamic_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
-    table->setFocus();
-    table->setCurrentIndex(table->model()->index(0, 1));
-    QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
-    Robot::Click(window, "cmdSiguiente");
-    Robot::Click(window, "cmdAceptar");
-  };
-  Fail(paste);
+    Robot::PressAt(window, 0, 1, Qt::CTRL | Qt::Key_V);
+    Doing({"cmdSiguiente", "cmdAceptar"})(window);
+  });
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
 TEST_F(GradeRescueTest, WithoutAChangeThereIsNoFile) {
   FullAt(1);
-  const auto text = Fail(Doing({{0, 1, "7"}, {0, 1, "5"}, "cmdAceptar"}));
+  EXPECT_THAT(Fail(Doing({{0, 1, "7"}, {0, 1, "5"}, "cmdAceptar"})),
+              Not(HasSubstr("notas que había")));
   EXPECT_FALSE(QFileInfo::exists(Folder()));
-  EXPECT_FALSE(text.contains("notas que había")) << text.toStdString();
 }
 
 TEST_F(GradeRescueTest, NothingIsKeptOfWhatWasSavedOrCancelled) {
-  for (const auto* const button : {"cmdAceptar", "cmdCancelar"}) {
-    StepOne("frmNotaManual1", "1");
-    robot_.On("frmNotaManual", {{0, 1, "7"}, button});
-    LeaveStepOne("frmNotaManual1");
-    window_->OpenNode(124);
-  }
+  for (const auto* const button : {"cmdAceptar", "cmdCancelar"})
+    Use(kByStudent, Doing({{0, 1, "7"}, button}));
   // A screen that fails later has nothing to do with them.
   school_.Sql("UPDATE EvaluacionPte SET CodNota=0");
   FullAt(1);
@@ -105,16 +91,13 @@ TEST_F(GradeRescueTest, NothingIsKeptOfWhatWasSavedOrCancelled) {
 }
 
 TEST_F(GradeRescueTest, OnlyTheFormThatFailsIsInTheFile) {
-  StepOne("frmNotaManual1", "1");
+  StepOne(kByStudent);
   robot_.On("frmNotaManual", [this](Window& window) {
     Robot::Grade(window, 0, 1, "7");
     FullAt(1);
     Robot::Click(window, "cmdCancelar");
   });
-  StepOne("frmNotaManual1", "2");
-  robot_.On("frmNotaManual", Doing({"cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
-  NoticeOf(124);
-  EXPECT_TRUE(robot_.Done());
+  Fail(kByStudent.In("2"), Doing({"cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
   EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
   EXPECT_TRUE(Content().contains("Evaluación: 2ª Evaluación\n"));
 }
@@ -133,95 +116,99 @@ TEST_F(GradeRescueTest, AFailureThatIsNoRuntimeErrorLosesNothing) {
     Robot::Grade(window, 0, 1, "7");
     throw std::bad_alloc();
   });
-  EXPECT_TRUE(text.startsWith("Error inesperado: ")) << text.toStdString();
+  EXPECT_THAT(text, StartsWith("Error inesperado: "));
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
 TEST_F(GradeRescueTest, AnErrorAtTheEndOfAnEditLosesNothing) {
   OfARecovery();
-  const auto text = FailIn(127, "frmNotaSeccionAlumno", Doing({{0, 1, "5"}}));
-  EXPECT_TRUE(text.startsWith("Error 438: ")) << text.toStdString();
+  EXPECT_THAT(FailIn(kOfSubject, Doing({{0, 1, "5"}})), StartsWith("Error 438: "));
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "5")));
 }
 
 TEST_F(GradeRescueTest, NothingIsTakenAwayFromAnEmptyCellOfARecovery) {
   OfARecovery();
   robot_.On("frmNotaSeccionAlumno", [](Window& window) {
-    auto& table = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-    table.setFocus();
-    table.setCurrentIndex(table.model()->index(0, 1));
-    QTest::keyClick(&table, Qt::Key_Delete);
+    Robot::PressAt(window, 0, 1, Qt::Key_Delete);
     Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaSeccionAlumno1");
+  LeaveStepOne(kOfSubject);
   Play(127);
-  EXPECT_TRUE(robot_.unexpected.empty());
 }
 
-TEST_F(GradeRescueTest, BySubject) {
-  FullAt(2);
-  StepOne("frmNotaMateria1", "1");
-  FailIn(125, "frmNotaMateria",
-         Doing({{0, 1, "7"}, {1, 1, "8"}, "cmdSiguiente", {0, 1, "9"}, "cmdAceptar"}));
-  EXPECT_THAT(Cells(),
-              ElementsAre(Line(kMarta, kLengua, "Nota", "8"), Line(kMarta, kMates, "Nota", "9")));
-  EXPECT_TRUE(Content().contains("Pantalla: Por materia (frmNotaMateria)\n"));
+/// A form in which saving a pending row fails.
+struct FailingForm {
+  const char* name;
+  Flow flow;
+  int pending;
+  std::vector<Robot::Deed> deeds;
+  std::vector<std::string> kept;  ///< what the file has of the cells, but for the student
+  const char* told = "";          ///< what it says besides
+};
+
+class GradeRescueFormsTest : public RescueTest, public testing::WithParamInterface<FailingForm> {};
+
+TEST_P(GradeRescueFormsTest, WhatItCouldNotSaveIsInTheFile) {
+  const auto& [name, flow, pending, deeds, kept, told] = GetParam();
+  FullAt(pending, flow.form.ends_with("Final") ? "EvaluacionActaPte" : "EvaluacionPte");
+  Fail(flow, Doing(deeds));
+  Lines cells;
+  for (const auto& cell : kept) cells.push_back(std::string(kMarta) + '\t' + cell);
+  EXPECT_EQ(Cells(), cells);
+  EXPECT_TRUE(Content().contains(told)) << Content().toStdString();
 }
 
-TEST_F(GradeRescueTest, OfOneSubjectByStudent) {
-  FullAt(2);
-  StepOne("frmNotaSeccionAlumno1", "1", "cboMateria", "Lengua");
-  FailIn(127, "frmNotaSeccionAlumno",
-         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
-  EXPECT_TRUE(Content().contains("Evaluación: 1ª Evaluación\nMateria: Lengua"));
-}
+const std::vector<Robot::Deed> kTwoGrades{{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"};
 
-TEST_F(GradeRescueTest, OfOneStudentBySubject) {
-  FullAt(3);
-  StepOne("frmNotaSeccionMateria1", "1", "cboAlumno", "D");
-  FailIn(126, "frmNotaSeccionMateria",
-         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Nota", "8")));
-  EXPECT_TRUE(Content().contains("Evaluación: 1ª Evaluación\nAlumno: Díaz Cano, Marta\n"));
-}
+INSTANTIATE_TEST_SUITE_P(
+    All, GradeRescueFormsTest,
+    testing::Values(
+        FailingForm{"BySubject",
+                    kBySubject,
+                    2,
+                    {{0, 1, "7"}, {1, 1, "8"}, "cmdSiguiente", {0, 1, "9"}, "cmdAceptar"},
+                    {"Lengua (1º ESO)\tNota\t8", "Matemáticas (1º ESO)\tNota\t9"},
+                    "Pantalla: Por materia (frmNotaMateria)\n"},
+        FailingForm{"OfOneSubjectByStudent",
+                    kOfSubject,
+                    2,
+                    kTwoGrades,
+                    {"Lengua (1º ESO)\tNota\t8"},
+                    "Evaluación: 1ª Evaluación\nMateria: Lengua"},
+        FailingForm{"OfOneStudentBySubject",
+                    kOfStudent,
+                    3,
+                    kTwoGrades,
+                    {"Matemáticas (1º ESO)\tNota\t8"},
+                    "Evaluación: 1ª Evaluación\nAlumno: Díaz Cano, Marta\n"},
+        FailingForm{"FinalByStudent",
+                    kByStudent.Final(),
+                    2,
+                    {{0, 1, "7"}, "cmdSiguiente", {1, 5, "Mejora"}, "cmdAceptar"},
+                    {"Matemáticas (1º ESO)\tObservación\tMejora"}},
+        FailingForm{"FinalOfOneSubjectByStudent",
+                    kOfSubject.Final(),
+                    2,
+                    kTwoGrades,
+                    {"Lengua (1º ESO)\tNota\t8"}},
+        FailingForm{"FinalOfOneStudentBySubject",
+                    kOfStudent.Final(),
+                    3,
+                    kTwoGrades,
+                    {"Matemáticas (1º ESO)\tNota\t8"}}),
+    [](const auto& one) { return std::string(one.param.name); });
 
 TEST_F(GradeRescueTest, FinalBySubject) {
   school_.Sql("UPDATE Curso SET RE_AC=-1");
   FullAt(2, "EvaluacionActaPte");
-  StepOne("frmNotaMateria1", "Final");
-  FailIn(125, "frmNotaMateriaFinal",
-         Doing({{0, 1, "7"}, {0, 6, "Ref"}, {1, 1, "8"}, {1, 6, "Ada"}, "cmdAceptar"}));
+  Fail(kBySubject.Final(),
+       Doing({{0, 1, "7"}, {0, 6, "Ref"}, {1, 1, "8"}, {1, 6, "Ada"}, "cmdAceptar"}));
   EXPECT_EQ(school_.Rows("SELECT CodNota, RE_AC_DIV FROM EvaluacionActaPte ORDER BY "
                          "CodAlumnoPte_MatDet"),
             (Lines{"107|1", "105|0", "0|0", "0|0"}));
   EXPECT_THAT(Cells(),
               ElementsAre(Line(kMarta, kLengua, "Nota", "8"),
                           Line(kMarta, kLengua, "Medidas Adoptadas", "Adaptación curricular")));
-}
-
-TEST_F(GradeRescueTest, FinalByStudent) {
-  FullAt(2, "EvaluacionActaPte");
-  StepOne("frmNotaManual1", "Final");
-  FailIn(124, "frmNotaManualFinal",
-         Doing({{0, 1, "7"}, "cmdSiguiente", {1, 5, "Mejora"}, "cmdAceptar"}));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Observación", "Mejora")));
-}
-
-TEST_F(GradeRescueTest, FinalOfOneSubjectByStudent) {
-  FullAt(2, "EvaluacionActaPte");
-  StepOne("frmNotaSeccionAlumno1", "Final", "cboMateria", "Lengua");
-  FailIn(127, "frmNotaSeccionAlumnoFinal",
-         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kLengua, "Nota", "8")));
-}
-
-TEST_F(GradeRescueTest, FinalOfOneStudentBySubject) {
-  FullAt(3, "EvaluacionActaPte");
-  StepOne("frmNotaSeccionMateria1", "Final", "cboAlumno", "D");
-  FailIn(126, "frmNotaSeccionMateriaFinal",
-         Doing({{0, 1, "7"}, "cmdSiguiente", {0, 1, "8"}, "cmdAceptar"}));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kMarta, kMates, "Nota", "8")));
 }
 
 using zendria::GradeCell;
@@ -262,26 +249,27 @@ SavingStatements Told(std::initializer_list<const char*> statements) {
   return saving;
 }
 
-TEST(SavingStatementsTest, EachFieldOfARowCounts) {
+TEST(SavingStatementsTest, EachFieldOfARowCountsAndWhatIsAlikeButAnotherDoesNot) {
   const auto saving = Told({kOrdinary, kFinal, "SELECT 1"});
-  for (const auto& cell : {Cell{"EvaluacionPte", 1, 12, "CodNota", 107},
-                           Cell{"EvaluacionPte", 1, 12, "CodNotaActitud", 0},
-                           Cell{"EvaluacionPte", 1, 12, "CodNotaObservacion", 201},
-                           Cell{"EvaluacionPte", 1, 12, "CodNotaProcedimiento", 3},
-                           Cell{"EvaluacionActaPte", 4, 12, "CodNota", 105},
-                           Cell{"EvaluacionActaPte", 4, 12, "RE_AC_DIV", 2}})
-    EXPECT_TRUE(Wrote(saving, cell)) << cell.table << ' ' << cell.field;
-}
-
-TEST(SavingStatementsTest, WhatIsAlikeButAnotherDoesNot) {
-  const auto saving = Told({kOrdinary, kFinal, "SELECT 1"});
-  for (const auto& cell :
-       {Cell{"EvaluacionPte", 1, 12, "CodNota", 10}, Cell{"EvaluacionPte", 1, 12, "CodNota", 7},
-        Cell{"EvaluacionPte", 1, 2, "CodNota", 107}, Cell{"EvaluacionPte", 1, 1, "CodNota", 107},
-        Cell{"EvaluacionPte", 11, 12, "CodNota", 107}, Cell{"EvaluacionPte", 4, 12, "CodNota", 105},
-        Cell{"EvaluacionActaPte", 1, 12, "CodNota", 107}, Cell{"EvaluacionPte", 1, 12, "", 107}})
-    EXPECT_FALSE(Wrote(saving, cell))
-        << cell.table << ' ' << cell.evaluation << ' ' << cell.pending << ' ' << cell.data;
+  const auto expect = [&saving](bool wrote, const std::vector<Cell>& cells) {
+    for (const auto& cell : cells)
+      EXPECT_EQ(Wrote(saving, cell), wrote) << cell.table << ' ' << cell.evaluation << ' '
+                                            << cell.pending << ' ' << cell.field << cell.data;
+  };
+  expect(true, {{"EvaluacionPte", 1, 12, "CodNota", 107},
+                {"EvaluacionPte", 1, 12, "CodNotaActitud", 0},
+                {"EvaluacionPte", 1, 12, "CodNotaObservacion", 201},
+                {"EvaluacionPte", 1, 12, "CodNotaProcedimiento", 3},
+                {"EvaluacionActaPte", 4, 12, "CodNota", 105},
+                {"EvaluacionActaPte", 4, 12, "RE_AC_DIV", 2}});
+  expect(false, {{"EvaluacionPte", 1, 12, "CodNota", 10},
+                 {"EvaluacionPte", 1, 12, "CodNota", 7},
+                 {"EvaluacionPte", 1, 2, "CodNota", 107},
+                 {"EvaluacionPte", 1, 1, "CodNota", 107},
+                 {"EvaluacionPte", 11, 12, "CodNota", 107},
+                 {"EvaluacionPte", 4, 12, "CodNota", 105},
+                 {"EvaluacionActaPte", 1, 12, "CodNota", 107},
+                 {"EvaluacionPte", 1, 12, "", 107}});
 }
 
 TEST(SavingStatementsTest, TheLastMayHaveFailed) {

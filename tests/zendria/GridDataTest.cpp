@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "adapters/qt/grid/GridTable.h"
-#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
@@ -17,36 +16,27 @@ constexpr int kMeasure = 6;
 /// "Lengua" of three students: the rows of the grid are the pending rows 1, 2 and 4.
 class GridDataTest : public RescueTest {
  protected:
-  static qt::GridTable& TableOf(const Window& window) {
-    return dynamic_cast<qt::GridTable&>(*window.Widget("rtvNotasAlumno"));
-  }
   /// Presses those keys on that cell.
   static void PressAt(const Window& window, int row, int column,
                       const std::vector<QKeyCombination>& keys) {
-    auto& table = TableOf(window);
+    auto& table = dynamic_cast<qt::GridTable&>(Robot::Grid(window));
     table.setFocus();
     table.GoTo(table.model()->index(row, column));
     for (const auto key : keys) QTest::keyClick(&table, key.key(), key.keyboardModifiers());
   }
   static Lines Column(const Window& window, int column) {
     Lines texts;
-    for (int row = 0; row < 3; ++row) {
-      const auto text = TableOf(window).model()->index(row, column).data().toString();
-      texts.push_back(text.trimmed().toStdString());
-    }
+    for (int row = 0; row < 3; ++row)
+      texts.push_back(Robot::CellText(window, row, column).trimmed().toStdString());
     return texts;
   }
-  /// Does that in the grades of "Lengua" in that evaluation, and saves them.
-  void Grade(const char* evaluation, const std::string& form, const Step& act) {
-    StepOne("frmNotaMateria1", evaluation);
-    robot_.On(form, [act](Window& window) {
+  /// Does that in the grades of "Lengua" in that form, and saves them.
+  void Grade(const Flow& flow, const Step& act) {
+    Use(flow, [act](Window& window) {
       act(window);
       Robot::Click(window, "cmdAceptar");
     });
-    LeaveStepOne("frmNotaMateria1");
-    Play(125);
   }
-  void GradeFinal(const Step& act) { Grade("Final", "frmNotaMateriaFinal", act); }
   /// Of the rows of the grid, in their order.
   [[nodiscard]] Lines Stored(const std::string& table, const std::string& column,
                              const char* evaluation) const {
@@ -74,7 +64,7 @@ class GridDataTest : public RescueTest {
 
 TEST_F(GridDataTest, AMeasureThatItsListSpellsOtherwiseIsChosenPastedAndFilledDown) {
   Measures({"2", "0", "2"});
-  GradeFinal([this](Window& window) {
+  Grade(kBySubject.Final(), [this](Window& window) {
     EXPECT_EQ(Column(window, kMeasure),
               Lines({"Adaptacion curricular", "", "Adaptacion curricular"}));
     Robot::Grade(window, 2, kMeasure, "Adap");
@@ -94,7 +84,7 @@ TEST_F(GridDataTest, AMeasureThatItsListSpellsOtherwiseIsChosenPastedAndFilledDo
 
 TEST_F(GridDataTest, AValueThatIsNotShownIsKeptWhenFillingDownAndGoesByDelete) {
   Measures({"1", "0", "3"});
-  GradeFinal([this](Window& window) {
+  Grade(kBySubject.Final(), [this](Window& window) {
     PressAt(window, 2, kMeasure, {open_});
     QTest::keyClick(window.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(window.isWindowModified()) << "nothing was chosen";
@@ -108,7 +98,7 @@ TEST_F(GridDataTest, AValueThatIsNotShownIsKeptWhenFillingDownAndGoesByDelete) {
     EXPECT_EQ(Column(window, kMeasure), Lines({"Refuerzo educativo", "Refuerzo educativo", ""}));
   });
   EXPECT_EQ(Measures(), Lines({"1", "1", "3"}));
-  GradeFinal([this](Window& window) {
+  Grade(kBySubject.Final(), [this](Window& window) {
     PressAt(window, 2, kMeasure, {delete_});
     EXPECT_TRUE(window.isWindowModified());
   });
@@ -121,7 +111,7 @@ TEST_F(GridDataTest, OfTwoGradesOfOneTextTheOneThatStandsThereIsFilledDown) {
       "UPDATE Nota SET DescripcionCorta='6' WHERE IDNota=107;"
       "UPDATE EvaluacionPte SET CodNota=0 WHERE CodNumEvaluacion=1;"
       "UPDATE EvaluacionPte SET CodNota=107 WHERE CodNumEvaluacion=1 AND CodAlumnoPte_MatDet IN (1,4)");
-  Grade("1", "frmNotaMateria", [this](Window& window) {
+  Grade(kBySubject, [this](Window& window) {
     EXPECT_EQ(Column(window, 1), Lines({"6", "", "6"}));
     Robot::Grade(window, 2, 1, "6");
     EXPECT_TRUE(window.isWindowModified()) << "it is the first of the two now";
@@ -131,7 +121,7 @@ TEST_F(GridDataTest, OfTwoGradesOfOneTextTheOneThatStandsThereIsFilledDown) {
     PressAt(window, 2, 1, {paste_});
   });
   EXPECT_EQ(Grades(), Lines({"107", "107", "106"})) << "what shows the text already isn't touched";
-  Grade("1", "frmNotaMateria", [this](Window& window) {
+  Grade(kBySubject, [this](Window& window) {
     PressAt(window, 0, 1, {open_});
     QTest::keyClick(window.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(window.isWindowModified()) << "the very grade that it stands for";

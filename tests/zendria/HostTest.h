@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +13,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
+#include <type_traits>
 #include <utility>
 
 #include "adapters/qt/window/QtFrontEnd.h"
@@ -48,6 +51,11 @@ class HostTest : public testing::Test {
     Application::Instance().UseScreen(nullptr);
   }
   HostTest(HostTest&&) = delete;
+  /// All that the user was told to do has been done, and no other window has come up.
+  void TearDown() override {
+    EXPECT_TRUE(robot_.Done());
+    EXPECT_THAT(robot_.unexpected, IsEmpty());
+  }
 
   [[nodiscard]] QString SchoolFile() const { return QString::fromStdString(school_.Path()); }
   /// A file of that name and content in a folder of the test's own.
@@ -58,17 +66,34 @@ class HostTest : public testing::Test {
     return file.fileName();
   }
   /// Reads the host's next message into `text`, and accepts it.
-  void ReadNotice(QString& text) {
-    robot_.OnDialog("aviso", [&text](QWidget& dialog) {
-      auto& box = dynamic_cast<QMessageBox&>(dialog);
-      text = box.text() + u'\n' + box.informativeText();
+  void ReadNotice(std::string& text) {
+    robot_.OnDialog<QMessageBox>("aviso", [&text](auto& box) {
+      text = (box.text() + u'\n' + box.informativeText()).toStdString();
       box.accept();
     });
   }
-  /// The next sign-in is that of the user whose name is typed so.
-  void SignIn(const QString& typed) {
-    robot_.OnDialog("entrada", [typed](QWidget& dialog) {
-      auto& field = dynamic_cast<zendria::SignInDialog&>(dialog).List().Field();
+  /// The next message of that name is answered by the button of that caption; its text goes to
+  /// `text`.
+  void Answer(const std::string& dialog, const QString& caption, std::string* text = nullptr) {
+    robot_.OnDialog<QMessageBox>(dialog, [caption, text](auto& box) {
+      if (text != nullptr) *text = (box.text() + u'\n' + box.informativeText()).toStdString();
+      Button(box, caption).click();
+    });
+  }
+  /// Chooses that entry of the menu.
+  void Trigger(const QString& action) { window_->findChild<QAction*>(action)->trigger(); }
+  /// Chooses it, and does that in the dialog of that name.
+  template <class Dialog = QWidget>
+  void InDialog(const QString& action, const std::string& dialog,
+                std::type_identity_t<std::function<void(Dialog&)>> step) {
+    robot_.OnDialog<Dialog>(dialog, std::move(step));
+    Trigger(action);
+    EXPECT_TRUE(robot_.Done()) << dialog;
+  }
+  /// The next sign-in is that of the user whose name is typed so, or who is marked.
+  void SignIn(const QString& typed = {}) {
+    robot_.OnDialog<zendria::SignInDialog>("entrada", [typed](auto& dialog) {
+      auto& field = dialog.List().Field();
       QTest::keyClicks(&field, typed);
       QTest::keyClick(&field, Qt::Key_Return);
     });
@@ -86,19 +111,20 @@ class HostTest : public testing::Test {
     window_->OpenNode(node);
     EXPECT_TRUE(robot_.Done());
   }
-  /// The message that opening that screen ends in.
-  QString NoticeOf(std::uint8_t node) {
-    QString text;
+  /// The message that this ends in.
+  std::string NoticeOf(const std::function<void()>& act) {
+    std::string text;
     ReadNotice(text);
-    window_->OpenNode(node);
+    act();
     return text;
   }
-  /// Opens a file that can't be opened, and gives the message that says why.
-  QString Refusal(const QString& file) {
-    QString text;
-    ReadNotice(text);
-    EXPECT_FALSE(window_->OpenSchool(file, 1));
-    return text;
+  /// The message that opening that screen ends in.
+  std::string NoticeOf(std::uint8_t node) {
+    return NoticeOf([&] { window_->OpenNode(node); });
+  }
+  /// Opens a school that can't be opened, and gives the message that says why.
+  std::string Refusal(const QString& school, std::int32_t user = 1) {
+    return NoticeOf([&] { EXPECT_FALSE(window_->OpenSchool(school, user)); });
   }
   /// Another window in the place of the one that stands.
   void UseScreens(zendria::ScreenCatalogue screens) {
@@ -115,11 +141,11 @@ class HostTest : public testing::Test {
   /// Answers the next question for a printer with a PDF of that path, after what is to be done
   /// then.
   void PrintInto(
-      const QString& path, const std::function<void()>& before = [] {}) {
-    robot_.OnDialog("imprimir", [path, before](QWidget& shown) {
-      shown.findChild<QLineEdit*>("filename")->setText(path);
-      before();
-      dynamic_cast<QPrintDialog&>(shown).accept();
+      const QString& path, const std::function<void(const QPrintDialog&)>& before = [](auto&) {}) {
+    robot_.OnDialog<QPrintDialog>("imprimir", [path, before](auto& dialog) {
+      dialog.template findChild<QLineEdit*>("filename")->setText(path);
+      before(dialog);
+      dialog.accept();
     });
   }
   /// All that the host has written of itself, which is something.

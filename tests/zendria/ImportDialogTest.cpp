@@ -57,8 +57,7 @@ class ImportDialogTest : public DemoHost {
 TEST_F(ImportDialogTest, InAFileAndOnAServerWhatIsStoppedHalfWayIsAsItWas) {
   OpenDemo();
   const auto before = Counts();
-  InDialog("importarRegistro", "importar", [&](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::ImportDialog&>(shown);
+  InDialog<zendria::ImportDialog>("importarRegistro", "importar", [&](auto& dialog) {
     dialog.Choose(Register());
     EXPECT_TRUE(dialog.ImportButton().isEnabled()) << dialog.Notice().text().toStdString();
     dialog.patience = std::chrono::milliseconds(0);
@@ -91,8 +90,7 @@ TEST_F(ImportDialogTest, ALongFileMayBeStoppedWhileItIsLookedUp) {
   QByteArray lines = "alumno;sección;materia;curso;evaluaciones\n";
   for (auto i = 0; i < 3000; ++i) lines += "9999;3º ESO A;Matemáticas;2º ESO B;todas\n";
   const auto file = MakeFile("largo.csv", lines);
-  InDialog("importarRegistro", "importar", [&](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::ImportDialog&>(shown);
+  InDialog<zendria::ImportDialog>("importarRegistro", "importar", [&](auto& dialog) {
     dialog.patience = std::chrono::milliseconds(0);
     Watch watch(300);
     dialog.Choose(file);

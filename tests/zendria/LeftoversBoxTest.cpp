@@ -1,9 +1,6 @@
 // What a program that died has left open, as the user hears of it.
 
-#include <QAction>
 #include <QDir>
-#include <QMessageBox>
-#include <QPushButton>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,6 +9,7 @@
 #include "apps/zendria/LeftoversBox.h"
 #include "apps/zendria/LocksDialog.h"
 #include "apps/zendria/OwnPublications.h"
+#include "tests/support/Opened.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
@@ -36,17 +34,8 @@ class LeftoversBoxTest : public RescueTest {
     school_.Sql("INSERT INTO Publicacionpte  VALUES (" + values);
     school_.Bloquea(1, 1, 3111, user, publication);
   }
-  void Answer(const QString& caption, QString& text) {
-    robot_.OnDialog("restos", [caption, &text](QWidget& dialog) {
-      auto& box = dynamic_cast<QMessageBox&>(dialog);
-      text = box.text() + u'\n' + box.informativeText();
-      for (auto* const button : box.buttons())
-        if (button->text() == caption) button->click();
-    });
-  }
   [[nodiscard]] std::vector<Leftovers::Left> Now(int user) const {
-    sqlite::SqliteConnection school(school_.Path(), "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(school_.Path(), "");
     return Leftovers(school, notes_).Of(user);
   }
   [[nodiscard]] int Publications() const {
@@ -63,14 +52,12 @@ class LeftoversBoxTest : public RescueTest {
 TEST_F(LeftoversBoxTest, WhoSignsInIsOfferedToRemoveWhatHisDeadProgramLeft) {
   Crash(2, 7);
   Crash(3, 8);
-  QString text;
-  Answer("&Quitar", text);
+  std::string text;
+  Answer("restos", "&Quitar", &text);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_TRUE(text.startsWith("Una pantalla de notas suya quedó abierta")) << text.toStdString();
-  EXPECT_TRUE(text.contains("\n7, 1ª Evaluación: Lengua (A). La abrió Zendria el "))
-      << text.toStdString();
-  EXPECT_TRUE(text.contains("que ya no está en marcha.")) << text.toStdString();
+  EXPECT_THAT(text, AllOf(StartsWith("Una pantalla de notas suya quedó abierta"),
+                          HasSubstr("\n7, 1ª Evaluación: Lengua (A). La abrió Zendria el "),
+                          HasSubstr("que ya no está en marcha.")));
   EXPECT_EQ(school_.Rows("SELECT IDPublicacionPte FROM PublicacionPte"), Lines{"8"});
   EXPECT_EQ(school_.Rows("SELECT CodPublicacion FROM BloqueoPte"), Lines{"8"});
   EXPECT_FALSE(window_->findChild<QLabel*>("abiertas")->isVisible());
@@ -79,20 +66,16 @@ TEST_F(LeftoversBoxTest, WhoSignsInIsOfferedToRemoveWhatHisDeadProgramLeft) {
 
 TEST_F(LeftoversBoxTest, WhatIsLeftStandsOnThePage) {
   Crash(2, 7);
-  QString text;
-  Answer("&Dejar", text);
+  Answer("restos", "&Dejar");
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
   EXPECT_EQ(Publications(), 1);
   EXPECT_TRUE(LabelText("abiertas").startsWith("7, 1ª Evaluación: Lengua (A). "));
   // Removed by hand, it is neither there nor noted any more.
-  robot_.OnDialog("bloqueos", [](QWidget& dialog) {
-    dynamic_cast<zendria::LocksDialog&>(dialog).RemoveButton().click();
-    dynamic_cast<QDialog&>(dialog).accept();
+  robot_.OnDialog<zendria::LocksDialog>("bloqueos", [](auto& dialog) {
+    dialog.RemoveButton().click();
+    dialog.accept();
   });
-  robot_.OnDialog("pregunta", [](QWidget& dialog) {
-    for (auto* const button : dynamic_cast<QMessageBox&>(dialog).buttons())
-      if (button->text() == "&Quitar") button->click();
-  });
+  Answer("pregunta", "&Quitar");
   window_->ShowLocks();
   EXPECT_EQ(Publications(), 0);
   EXPECT_EQ(LabelText("abiertas"), "");
@@ -102,24 +85,18 @@ TEST_F(LeftoversBoxTest, WhatIsLeftStandsOnThePage) {
 TEST_F(LeftoversBoxTest, WhatNobodyKnowsIsToldAndNotOffered) {
   school_.Sql("INSERT INTO PublicacionPte VALUES (7,1,2,4,1)");
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  EXPECT_TRUE(robot_.unexpected.empty());
   EXPECT_EQ(LabelText("abiertas"), "7, 1ª Evaluación. No se sabe qué programa la abrió.");
 }
 
 TEST_F(LeftoversBoxTest, AScreenThatIsOpenIsNotedAndNotOffered) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [this](qt::FormWindow& form) {
+  Visit(kByStudent, [this](const Window&) {
     EXPECT_EQ(Publications(), 1);
     EXPECT_EQ(NoteFiles().size(), 1);
     EXPECT_TRUE(zendria::LeftoversText(Now(2)).endsWith("que sigue en marcha."));
-    Robot::Click(form, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
   EXPECT_EQ(Publications(), 0);
   EXPECT_TRUE(NoteFiles().isEmpty());
-  EXPECT_TRUE(robot_.unexpected.empty());
 }
 
 // Its locks stay in the school: they are a dead program's as soon as this one ends.

@@ -1,9 +1,9 @@
-#include <QMessageBox>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/zendria/LocksDialog.h"
+#include "tests/support/Opened.h"
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
@@ -11,24 +11,14 @@ namespace {
 
 class LocksDialogTest : public HostTest {
  protected:
-  LocksDialogTest() : connection_(school_.Path(), "") {
+  LocksDialogTest() {
     school_.Sql("INSERT INTO PublicacionPte VALUES (7, 1, 2, 4, 1)");
     school_.Bloquea(1, 1, 3111, 2, 7);
     school_.Bloquea(1, 1, 3112, 2, 7);
     school_.Bloquea(2, 2, 3121, 3, 9);
-    connection_.Open();
   }
 
-  /// Presses that button of the question, after what happens meanwhile.
-  void Answer(const QString& caption, const std::string& meanwhile = "") {
-    robot_.OnDialog("pregunta", [this, caption, meanwhile](QWidget& dialog) {
-      school_.Sql(meanwhile);
-      for (auto* const button : dynamic_cast<QMessageBox&>(dialog).buttons())
-        if (button->text() == caption) button->click();
-    });
-  }
-
-  sqlite::SqliteConnection connection_;
+  Opened<sqlite::SqliteConnection> connection_{school_.Path(), ""};
 };
 
 TEST_F(LocksDialogTest, TellsWhoHoldsWhat) {
@@ -44,25 +34,24 @@ TEST_F(LocksDialogTest, TellsWhoHoldsWhat) {
 
 TEST_F(LocksDialogTest, RemovesBehindAQuestion) {
   zendria::LocksDialog dialog(connection_);
-  Answer("&Cancelar");
+  Answer("pregunta", "&Cancelar");
   dialog.RemoveButton().click();
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 3);
-  Answer("&Quitar");
+  Answer("pregunta", "&Quitar");
   dialog.RemoveButton().click();
   EXPECT_EQ(school_.Rows("SELECT CodPublicacion FROM BloqueoPte"), std::vector<std::string>{"9"});
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM PublicacionPte"), 0);
   EXPECT_EQ(dialog.List().topLevelItemCount(), 1);
-  EXPECT_TRUE(robot_.Done());
 }
 
 TEST_F(LocksDialogTest, SparesAFormThatTookTheNumberMeanwhile) {
   zendria::LocksDialog dialog(connection_);
-  Answer("&Quitar", "UPDATE PublicacionPte SET CodPropietario=3");
-  QString text;
-  ReadNotice(text);
-  dialog.RemoveButton().click();
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_TRUE(text.startsWith("La publicación ha cambiado")) << text.toStdString();
+  robot_.OnDialog("pregunta", [this](QWidget& question) {
+    school_.Sql("UPDATE PublicacionPte SET CodPropietario=3");
+    Button(question, "&Quitar").click();
+  });
+  EXPECT_THAT(NoticeOf([&] { dialog.RemoveButton().click(); }),
+              StartsWith("La publicación ha cambiado"));
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM BloqueoPte"), 3);
   EXPECT_TRUE(dialog.List().topLevelItem(0)->text(1).contains("usuario 3")) << "read again";
 }
@@ -76,11 +65,8 @@ TEST_F(LocksDialogTest, AnEmptyListOffersNothingToRemove) {
 
 TEST_F(LocksDialogTest, AFailedStatementIsTold) {
   school_.Sql("DROP TABLE BloqueoPte");
-  QString text;
-  ReadNotice(text);
-  zendria::LocksDialog dialog(connection_);
-  EXPECT_TRUE(text.startsWith("Error -2147467259: no such table: BloqueoPte"))
-      << text.toStdString();
+  EXPECT_THAT(NoticeOf([this] { zendria::LocksDialog dialog(connection_); }),
+              StartsWith("Error -2147467259: no such table: BloqueoPte"));
 }
 
 }  // namespace

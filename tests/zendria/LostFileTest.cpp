@@ -9,7 +9,6 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cConfiguracion.h"
 #include "tests/sqlite/RunRows.h"
-#include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/support/TestConnection.h"
 #include "tests/zendria/RescueTest.h"
@@ -43,7 +42,6 @@ class LostFileTest : public RescueTest {
 
   void Delete() const { fs::remove(school_.Path()); }
   void Move() const { fs::rename(school_.Path(), Away()); }
-  void MoveBack() const { fs::rename(Away(), school_.Path()); }
   /// The other school is larger, so that pages of this one in it would break it.
   void Replace() {
     Move();
@@ -81,31 +79,25 @@ class LostFileTest : public RescueTest {
            '/' + Files().value(0) + "\n\n";
   }
 
-  /// Opens the grades by student up to step two; there `lose` happens, and a grade is saved.
-  std::string SaveAfter(const std::function<void()>& lose) {
-    return Fail([this, lose](Window& window) {
-             Robot::Grade(window, 0, 1, "7");
-             QTest::qWait(kLongEnough);
-             lose();
-             Robot::Click(window, "cmdAceptar");
-             lost_ = RunRows(*cConfiguracion::Instancia().conLocalCentro, kGrade);
-           })
-        .toStdString();
+  /// Opens the grades by student up to step two; there `lose` happens, and a grade is saved. Holds
+  /// that what happened to the file is told, that the file has none of the grade, and a rescue has.
+  void ExpectRescued(const std::function<void()>& lose, const QString& what) {
+    std::vector<std::string> lost;
+    const auto told = Fail([&](Window& window) {
+      Robot::Grade(window, 0, 1, "7");
+      QTest::qWait(kLongEnough);
+      lose();
+      Robot::Click(window, "cmdAceptar");
+      lost = RunRows(*cConfiguracion::Instancia().conLocalCentro, kGrade);
+    });
+    EXPECT_EQ(told, Told(what, Rescued()));
+    EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
+    EXPECT_EQ(lost, gradeBefore_);
   }
 
   static std::vector<std::string> GradesIn(const std::string& path) {
     Opened<TestConnection> school(path, "");
     return RunRows(school, kGrades);
-  }
-
-  /// Opens a screen that then isn't shown.
-  std::string OpeningTold() {
-    QString told;
-    ReadNotice(told);
-    window_->OpenNode(124);
-    EXPECT_TRUE(robot_.Done());
-    EXPECT_TRUE(robot_.unexpected.empty());
-    return told.toStdString();
   }
 
   static constexpr const char* kGrades =
@@ -115,8 +107,7 @@ class LostFileTest : public RescueTest {
       "SELECT Evaluado, CodNota, CodNotaActitud, CodNotaObservacion, CodNotaConcepto, CodNotaProcedimiento FROM EvaluacionPte WHERE CodNumEvaluacion=1 AND CodAlumnoPte_MatDet=1";
   std::vector<std::string> before_;  ///< the grades
   std::vector<std::string> gradeBefore_;
-  QByteArray other_;               ///< the file that took the place
-  std::vector<std::string> lost_;  ///< that of the file that was lost, behind the saving
+  QByteArray other_;  ///< the file that took the place
 };
 
 const QString kDeleted =
@@ -128,56 +119,46 @@ const QString kReplaced =
 
 TEST_F(LostFileTest, NoScreenIsOpenedOnADeletedSchool) {
   Delete();
-  EXPECT_EQ(OpeningTold(), Told(kDeleted));
-  EXPECT_EQ(OpeningTold(), Told(kDeleted)) << "and so on";
+  EXPECT_EQ(NoticeOf(124), Told(kDeleted));
+  EXPECT_EQ(NoticeOf(124), Told(kDeleted)) << "and so on";
 }
 
 TEST_F(LostFileTest, NoScreenIsOpenedOnASchoolInItsPlaceUntilThatIsOpened) {
   Replace();
-  EXPECT_EQ(OpeningTold(), Told(kReplaced));
+  EXPECT_EQ(NoticeOf(124), Told(kReplaced));
   QFile log(SchoolFile() + "-wal");
   ASSERT_TRUE(log.open(QIODevice::Append) && log.write("de antes") > 0 && log.flush());
   const auto untouched = BytesOf(school_.Path());
-  QString told;
-  ReadNotice(told);
-  EXPECT_FALSE(window_->OpenSchool(SchoolFile(), 1));
-  EXPECT_EQ(told, "Junto a «" + SchoolFile() + "» está todavía «" + SchoolFile() +
-                      "-wal», el diario del fichero que había antes, que estropearía este al "
-                      "abrirlo. Salga de Zendria en todos los ordenadores, quite «" +
-                      SchoolFile() + "-wal» y «" + SchoolFile() + "-shm» y ábralo de nuevo.\n");
+  const auto& file = school_.Path();
+  EXPECT_EQ(Refusal(SchoolFile()),
+            "Junto a «" + file + "» está todavía «" + file +
+                "-wal», el diario del fichero que había antes, que estropearía este al abrirlo. "
+                "Salga de Zendria en todos los ordenadores, quite «" +
+                file + "-wal» y «" + file + "-shm» y ábralo de nuevo.\n");
   EXPECT_EQ(BytesOf(school_.Path()), untouched);
   for (const auto* ending : {"-wal", "-shm"}) fs::remove(school_.Path() + ending);
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 1));
-  LeaveStepOne("frmNotaManual1");
+  LeaveStepOne(kByStudent);
   Play(124);
 }
 
 TEST_F(LostFileTest, SavingIntoADeletedSchoolIsTold) {
-  const auto told = SaveAfter([this] { Delete(); });
-  EXPECT_EQ(told, Told(kDeleted, Rescued()));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
-  EXPECT_EQ(lost_, gradeBefore_);
+  ExpectRescued([this] { Delete(); }, kDeleted);
   EXPECT_FALSE(fs::exists(school_.Path()));
 }
 
 TEST_F(LostFileTest, SavingIntoAReplacedSchoolIsToldAndReachesNeither) {
-  const auto told = SaveAfter([this] { Replace(); });
-  EXPECT_EQ(told, Told(kReplaced, Rescued()));
-  EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
-  EXPECT_EQ(lost_, gradeBefore_);
+  ExpectRescued([this] { Replace(); }, kReplaced);
   EXPECT_EQ(GradesIn(Away()), before_);
   EXPECT_EQ(BytesOf(school_.Path()), other_) << "what took the place is not touched at all";
 }
 
 TEST_F(LostFileTest, WhatIsPutBackIsWorkedOnAgain) {
-  const auto told = SaveAfter([this] { Move(); });
-  EXPECT_EQ(told, Told(kDeleted, Rescued()));
-  MoveBack();
+  ExpectRescued([this] { Move(); }, kDeleted);
+  fs::rename(Away(), school_.Path());
   school_.Sql("DELETE FROM BloqueoPte;DELETE FROM PublicacionPte");
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", Doing({{0, 1, "7"}, "cmdAceptar"}));
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
+  AnswerDraft("ahoraNo");
+  Use(kByStudent, Doing({{0, 1, "7"}, "cmdAceptar"}));
   EXPECT_THAT(GradesIn(school_.Path()), Contains("1|1|-1|107"));
 }
 
@@ -193,11 +174,11 @@ TEST_F(LostFileTest, OpeningTheSchoolTwiceLeavesNoProgramToThinkItIsTheLast) {
 
 TEST_F(LostFileTest, TheLocksOfADeletedSchoolAreNotShown) {
   Delete();
-  QString told;
-  ReadNotice(told);
-  for (auto* const action : window_->findChildren<QAction*>())
-    if (action->text() == "&Publicaciones y bloqueos…") action->trigger();
-  EXPECT_EQ(told, Heading(kDeleted) + kAdvice);
+  const auto told = NoticeOf([this] {
+    for (auto* const action : window_->findChildren<QAction*>())
+      if (action->text() == "&Publicaciones y bloqueos…") action->trigger();
+  });
+  EXPECT_EQ(told, (Heading(kDeleted) + kAdvice).toStdString());
 }
 
 }  // namespace

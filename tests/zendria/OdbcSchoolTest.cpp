@@ -1,8 +1,6 @@
 // A school behind a connection string, in the host.
 
-#include <QAction>
 #include <QCheckBox>
-#include <QFile>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
@@ -29,15 +27,12 @@ TEST_F(OdbcSchoolTest, OpensAndWorksAsOneInAFileDoes) {
   ASSERT_TRUE(window_->OpenSchool(zendria::OdbcPlace(String()), 2));
   EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
   EXPECT_EQ(LabelText("fichero"), String());
-  auto opened = false;
-  robot_.On("frmPendientes", [&](qt::FormWindow& form) {
-    opened = true;
+  robot_.On("frmPendientes", [](qt::FormWindow& form) {
     EXPECT_FALSE(cConfiguracion::Instancia().SQLServer);
     EXPECT_NE(cConfiguracion::Instancia().conLocalCentro, nullptr);
     Robot::Click(form, "cmdCancelar");
   });
-  window_->OpenNode(123);
-  EXPECT_TRUE(opened && robot_.Done());
+  Play(123);
 }
 
 TEST_F(OdbcSchoolTest, IsRememberedWithoutItsPassword) {
@@ -52,8 +47,7 @@ TEST_F(OdbcSchoolTest, IsRememberedWithoutItsPassword) {
 
 TEST_F(OdbcSchoolTest, TheRecentOneAsksForThePassword) {
   const auto place = zendria::OdbcPlace(String(";UID=ana"));
-  robot_.OnDialog("conectar", [&](QWidget& dialog) {
-    auto& connect = dynamic_cast<ConnectDialog&>(dialog);
+  robot_.OnDialog<ConnectDialog>("conectar", [this](auto& connect) {
     EXPECT_EQ(connect.String().text(), String(";UID=ana"));
     EXPECT_TRUE(connect.Password().hasFocus());
     EXPECT_EQ(connect.Password().echoMode(), QLineEdit::Password);
@@ -62,7 +56,6 @@ TEST_F(OdbcSchoolTest, TheRecentOneAsksForThePassword) {
     QTest::keyClick(&connect.Password(), Qt::Key_Return);
   });
   EXPECT_TRUE(window_->OpenSchool(place, 2));
-  EXPECT_TRUE(robot_.Done());
   EXPECT_EQ(preferences_.RecentSchools(), QStringList(place));
   EXPECT_FALSE(Kept().contains("b}c"));
 }
@@ -76,37 +69,29 @@ TEST_F(OdbcSchoolTest, GivingThePasswordUpOpensNothing) {
 
 TEST_F(OdbcSchoolTest, IsConnectedFromTheWelcomePageAndTheMenu) {
   const auto connect = [this] {
-    robot_.OnDialog("conectar", [&](QWidget& dialog) {
-      auto& asked = dynamic_cast<ConnectDialog&>(dialog);
-      const auto enabled = [&dialog] {
-        for (const auto* const button : dialog.findChildren<QPushButton*>())
-          if (button->text() == "Co&nectar") return button->isEnabled();
-        return false;
-      };
-      dialog.findChild<QCheckBox*>("aMano")->setChecked(true);
-      asked.String().clear();
-      EXPECT_FALSE(enabled());
-      QTest::keyClicks(&asked.String(), String());
-      EXPECT_TRUE(enabled());
-      QTest::keyClick(&asked.String(), Qt::Key_Return);
+    robot_.OnDialog<ConnectDialog>("conectar", [this](auto& dialog) {
+      const auto& button = Button(dialog, "Co&nectar");
+      dialog.template findChild<QCheckBox*>("aMano")->setChecked(true);
+      dialog.String().clear();
+      EXPECT_FALSE(button.isEnabled());
+      QTest::keyClicks(&dialog.String(), String());
+      EXPECT_TRUE(button.isEnabled());
+      QTest::keyClick(&dialog.String(), Qt::Key_Return);
     });
     GiveUp("entrada");
   };
   connect();
   window_->findChild<QPushButton*>("conectarEscuela")->click();
-  EXPECT_TRUE(robot_.Done());
   connect();
-  window_->findChild<QAction*>("conectarServidor")->trigger();
-  EXPECT_TRUE(robot_.Done());
+  Trigger("conectarServidor");
 }
 
 TEST_F(OdbcSchoolTest, WhatWasTypedIsThereAgainAfterARefusal) {
   const auto connect = [this](const std::function<void(ConnectDialog&)>& step) {
-    robot_.OnDialog("conectar", [step](QWidget& dialog) {
-      step(dynamic_cast<ConnectDialog&>(dialog));
-      dynamic_cast<QDialog&>(dialog).reject();
+    InDialog<ConnectDialog>("conectarServidor", "conectar", [step](auto& dialog) {
+      step(dialog);
+      dialog.reject();
     });
-    window_->findChild<QAction*>("conectarServidor")->trigger();
   };
   connect([](ConnectDialog& dialog) {
     dialog.findChild<QCheckBox*>("aMano")->setChecked(true);
@@ -117,15 +102,11 @@ TEST_F(OdbcSchoolTest, WhatWasTypedIsThereAgainAfterARefusal) {
   connect([](ConnectDialog& dialog) {
     EXPECT_EQ(dialog.String().text(), "DSN=no_hay_tal;UID=ana") << "without its password";
   });
-  EXPECT_TRUE(robot_.Done());
 }
 
 TEST_F(OdbcSchoolTest, SaysWhyItCantBeReachedWithoutThePassword) {
-  QString told;
-  ReadNotice(told);
-  EXPECT_FALSE(window_->OpenSchool(zendria::OdbcPlace("DSN=no_hay_tal;UID=ana;PWD=secreto"), 2));
-  EXPECT_TRUE(told.contains("odbcinst -q -d")) << told.toStdString();
-  EXPECT_FALSE(told.contains("secreto"));
+  EXPECT_THAT(Refusal(zendria::OdbcPlace("DSN=no_hay_tal;UID=ana;PWD=secreto"), 2),
+              AllOf(HasSubstr("odbcinst -q -d"), Not(HasSubstr("secreto"))));
   EXPECT_TRUE(preferences_.RecentSchools().isEmpty());
 }
 

@@ -34,8 +34,7 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
       "UPDATE EvaluacionPte SET CodNota=7 WHERE CodAlumnoPte_MatDet=1 AND CodNumEvaluacion=3");
   OpenDemo();
 
-  InDialog("estadoEvaluacion", "estado", [this](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::StateDialog&>(shown);
+  InDialog<zendria::StateDialog>("estadoEvaluacion", "estado", [this](auto& dialog) {
     for (int i = 0; i < 3; ++i) {
       const auto& evaluation = *dialog.Tree().topLevelItem(i);
       EXPECT_EQ(evaluation.text(2).toInt(), Ordinary(i + 1, ""));
@@ -65,8 +64,7 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
     dialog.reject();
   });
 
-  InDialog("historialNotas", "historial", [](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::HistoryDialog&>(shown);
+  InDialog<zendria::HistoryDialog>("historialNotas", "historial", [](auto& dialog) {
     ASSERT_EQ(dialog.List().topLevelItemCount(), 2) << dialog.Notice().text().toStdString();
     EXPECT_EQ(dialog.List().topLevelItem(1)->text(1), "Domínguez Álvarez, Marina");
     dialog.reject();
@@ -75,17 +73,16 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
   const auto students = demo_.Number(
       "SELECT COUNT(DISTINCT CodAlumno) FROM AlumnoPte_MatDet, Alumno WHERE "
       "CodAlumno=IDAlumno AND CodSeccion=5");
-  robot_.OnDialog("vistaPrevia", [students](QWidget& shown) {
+  robot_.OnDialog<QPrintPreviewDialog>("vistaPrevia", [students](auto& shown) {
     TextPrinter paper;
-    Q_EMIT dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
+    Q_EMIT shown.paintRequested(&paper);
     EXPECT_EQ(paper.Pages().size(), static_cast<std::size_t>(students));
     EXPECT_TRUE(paper.Pages()[0].join(u' ').contains("Marina"));
     QTest::keyClick(&shown, Qt::Key_Escape);
   });
-  InDialog("informePendientes", "informe", [](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::ReportDialog&>(shown);
+  InDialog<zendria::ReportDialog>("informePendientes", "informe", [](auto& dialog) {
     dialog.Sections().setCurrentIndex(dialog.Sections().findText("3º ESO A"));
-    dialog.findChild<QPushButton*>("vistaPrevia")->click();
+    dialog.template findChild<QPushButton*>("vistaPrevia")->click();
     dialog.reject();
   });
 
@@ -93,8 +90,7 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
                              "alumno;sección;materia;curso;evaluaciones;profesor\n"
                              "33;3º ESO A;Música;2º ESO B;todas;\"Ortega Gutiérrez, Marco\"\n");
   const auto pending = demo_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet");
-  InDialog("importarRegistro", "importar", [&file](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::ImportDialog&>(shown);
+  InDialog<zendria::ImportDialog>("importarRegistro", "importar", [&file](auto& dialog) {
     dialog.Choose(file);
     ASSERT_GT(dialog.List().count(), 0);
     EXPECT_EQ(dialog.Notice().text(), "1 líneas encajan, 0 no")
@@ -105,7 +101,7 @@ TEST_F(OversightRightsTest, InAFileAndOnAServerAllFourViewsOpen) {
     dialog.reject();
   });
   EXPECT_EQ(demo_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet"), pending + 1);
-  EXPECT_TRUE(robot_.unexpected.empty()) << robot_.unexpected.front() << ": somebody was told off";
+  EXPECT_THAT(robot_.unexpected, IsEmpty()) << "somebody was told off";
 }
 
 }  // namespace

@@ -4,15 +4,10 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QContextMenuEvent>
-#include <QDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QTableView>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -35,12 +30,8 @@ namespace {
 
 class OversightTest : public DemoHost {
  protected:
-  static void Press(const QDialog& dialog, const QString& caption) {
-    for (auto* const button : dialog.findChildren<QPushButton*>())
-      if (button->text() == caption) button->click();
-  }
+  using Data = std::vector<std::int32_t>;
 
-  const std::string& path_ = demo_.Path();
   Connection& school_ = demo_.Db();
   zendria::StateDialog::Viewer all_{0, true, 1};
 };
@@ -94,28 +85,31 @@ TEST_F(OversightTest, ItIsGroupedByTeachersAndNarrowedToWhatIsMissing) {
 TEST_F(OversightTest, ARoleSeesWhatItMayGrade) {
   zendria::StateDialog none(school_, {0, false, 1});
   EXPECT_EQ(none.Tree().topLevelItemCount(), 0);
-  const auto tutor =
-      school_.Execute("SELECT CodTutor FROM Seccion WHERE IDSeccion=5").Fields(0).Long();
+  const auto tutor = demo_.Number("SELECT CodTutor FROM Seccion WHERE IDSeccion=5");
   zendria::StateDialog hers(school_, {tutor, false, 1});
   EXPECT_NE(Child(hers.Tree().topLevelItem(0), "3º ESO A"), nullptr);
   EXPECT_EQ(Child(hers.Tree().topLevelItem(0), "4º ESO A"), nullptr);
 }
 
 TEST_F(OversightTest, ADoubleClickOpensTheScreenWithAllChosen) {
-  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
-  std::vector<std::int32_t> chosen;
-  robot_.On("frmNotaSeccionAlumno1", [&chosen](qt::FormWindow& window) {
-    for (const auto* const name : {"cboSecciones", "cboEvaluaciones", "cboMateria"})
-      chosen.push_back(dynamic_cast<ComboBox&>(*window.Model().Find(name)).SelectedData());
-    window.close();
-  });
-  InDialog("estadoEvaluacion", "estado", [](QWidget& shown) {
-    auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
-    auto* const section = Child(tree.topLevelItem(1), "3º ESO A");
-    section->setExpanded(true);
-    Q_EMIT tree.itemActivated(Child(section, "Matemáticas (2º ESO A)"), 0);
-  });
-  EXPECT_EQ(chosen, (std::vector<std::int32_t>{5, 2, 20}));
+  OpenDemo();
+  // Of a subject, and of a whole section.
+  for (const auto& [form, subject] : {std::pair{"frmNotaSeccionAlumno1", "Matemáticas (2º ESO A)"},
+                                      std::pair{"frmNotaManual1", ""}}) {
+    std::vector<std::int32_t> chosen;
+    robot_.On(form, [&chosen](qt::FormWindow& window) {
+      for (const auto* const name : {"cboSecciones", "cboEvaluaciones", "cboMateria"})
+        if (auto* const list = dynamic_cast<ComboBox*>(window.Model().Find(name)))
+          chosen.push_back(list->SelectedData());
+      window.close();
+    });
+    InDialog<zendria::StateDialog>("estadoEvaluacion", "estado", [&text = subject](auto& dialog) {
+      auto* const section = Child(dialog.Tree().topLevelItem(1), "3º ESO A");
+      section->setExpanded(true);
+      Q_EMIT dialog.Tree().itemActivated(*text == '\0' ? section : Child(section, text), 0);
+    });
+    EXPECT_EQ(chosen, (*subject == '\0' ? Data{5, 2} : Data{5, 2, 20})) << form;
+  }
 }
 
 TEST_F(OversightTest, TheHistoryShowsTheNewestFirstAndSaysWhenItIsOff) {
@@ -142,49 +136,6 @@ TEST_F(OversightTest, TheHistoryShowsTheNewestFirstAndSaysWhenItIsOff) {
   EXPECT_EQ(dialog.List().topLevelItemCount(), 0);
 }
 
-TEST_F(OversightTest, AGradeCellOffersItsOwnHistory) {
-  GradeHistory(school_).Activate();
-  school_.Execute("UPDATE EvaluacionPte SET CodNota=6 WHERE CodNumEvaluacion=2");
-  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
-  robot_.OnDialog("estado", [](QWidget& shown) {
-    auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
-    Q_EMIT tree.itemActivated(Child(tree.topLevelItem(1), "3º ESO A"), 0);
-  });
-  robot_.On("frmNotaManual1", {"cmdNotaManual1(0)"});
-  auto shown = -1;
-  robot_.OnDialog("historial", [&shown](QWidget& dialog) {
-    auto& list = dynamic_cast<zendria::HistoryDialog&>(dialog).List();
-    shown = list.topLevelItemCount();
-    for (int i = 0; i < shown; ++i) EXPECT_EQ(list.topLevelItem(i)->text(3), "2ª Evaluación");
-    dialog.close();
-  });
-  robot_.On("frmNotaManual", [](qt::FormWindow& window) {
-    auto* const table = dynamic_cast<QTableView*>(window.Widget("rtvNotasAlumno"));
-    ASSERT_NE(table, nullptr);
-    table->setCurrentIndex(table->model()->index(0, 1));
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(table, &event);
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    auto* const action = menu->findChild<QAction*>("historialDeNota");
-    ASSERT_NE(action, nullptr);
-    EXPECT_NE(menu->findChild<QAction*>("imprimir"), nullptr) << "beside what else there is";
-    menu->close();
-    action->trigger();
-    QCoreApplication::processEvents();
-    window.close();
-  });
-  robot_.On("frmNotaManual1", [](qt::FormWindow& window) { window.close(); });
-  window_->findChild<QAction*>("estadoEvaluacion")->trigger();
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_EQ(shown, school_
-                       .Execute("SELECT COUNT(*) FROM HistorialNotas WHERE "
-                                "CodAlumnoPte_MatDet=1 AND CodNumEvaluacion=2")
-                       .Fields(0)
-                       .Long());
-  EXPECT_GT(shown, 0);
-}
-
 TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   ASSERT_EQ(dialog.Sections().count(), 7) << "and all of them";
@@ -198,21 +149,15 @@ TEST_F(OversightTest, ReportsGoIntoAPdfWithAPageForEachStudent) {
   EXPECT_EQ(dialog.SavePdf(file), 1);
   dialog.Blank().setChecked(true);
   EXPECT_EQ(dialog.SavePdf(file), 1);
-  QString text;
-  ReadNotice(text);
-  EXPECT_EQ(dialog.SavePdf(folder_.filePath("no/hay/informe.pdf")), 0);
-  EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
 }
 
 TEST_F(OversightTest, APdfThatCantBeWrittenIsToldWhateverStandsThere) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
-  const auto file = folder_.filePath("informe.pdf");
   ASSERT_TRUE(QDir(folder_.path()).mkdir("informe.pdf"));
   static_cast<void>(MakeFile("informe.pdf/algo", QByteArray(5000, 'x')));
-  QString text;
-  ReadNotice(text);
-  EXPECT_EQ(dialog.SavePdf(file), 0);
-  EXPECT_TRUE(text.startsWith("No se puede escribir")) << text.toStdString();
+  for (const auto* const place : {"informe.pdf", "no/hay/informe.pdf"})
+    EXPECT_THAT(NoticeOf([&] { EXPECT_EQ(dialog.SavePdf(folder_.filePath(place)), 0); }),
+                StartsWith("No se puede escribir"));
   EXPECT_TRUE(QDir(folder_.path()).entryList({".parcial-*"}, QDir::Files | QDir::Hidden).isEmpty());
 }
 
@@ -239,8 +184,7 @@ TEST_F(OversightTest, NothingOnPaperIsWiderThanThePage) {
 }
 
 TEST_F(OversightTest, ARoleIsShownWhatItMayGradeInReportsAndHistory) {
-  const auto tutor =
-      school_.Execute("SELECT CodTutor FROM Seccion WHERE IDSeccion=5").Fields(0).Long();
+  const auto tutor = demo_.Number("SELECT CodTutor FROM Seccion WHERE IDSeccion=5");
   zendria::ReportDialog all(school_, "IES Ejemplo", 0);
   zendria::ReportDialog hers(school_, "IES Ejemplo", tutor);
   zendria::ReportDialog none(school_, "IES Ejemplo", -1);
@@ -258,10 +202,10 @@ TEST_F(OversightTest, ARoleIsShownWhatItMayGradeInReportsAndHistory) {
 }
 
 TEST_F(OversightTest, ATeacherDoesNotImport) {
-  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  OpenDemo();
   EXPECT_TRUE(window_->findChild<QAction*>("importarRegistro")->isEnabled());
   school_.Execute("UPDATE Usuario SET CodPerfil=3, AdminSistema=0 WHERE IDUsuario=1");
-  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
+  OpenDemo();
   EXPECT_FALSE(window_->findChild<QAction*>("importarRegistro")->isEnabled());
   EXPECT_TRUE(window_->findChild<QAction*>("historialNotas")->isEnabled());
 }
@@ -300,10 +244,7 @@ TEST_F(OversightTest, AWidthThatWasSetAndATreeThatCantBeReadStay) {
   dialog.Refresh();
   EXPECT_EQ(tree.columnWidth(1), 333);
   school_.Execute("ALTER TABLE EvaluacionActaPte RENAME TO Otra");
-  QString text;
-  ReadNotice(text);
-  dialog.Refresh();
-  EXPECT_FALSE(text.isEmpty());
+  EXPECT_NE(NoticeOf([&] { dialog.Refresh(); }), "");
   auto* const section = Child(tree.topLevelItem(1), "3º ESO A");
   ASSERT_NE(section, nullptr) << "what was read before stands";
   EXPECT_TRUE(section->isExpanded());
@@ -314,13 +255,10 @@ TEST_F(OversightTest, AFileIsLookedUpAndThenImported) {
                              "alumno;sección;materia;curso;evaluaciones\n"
                              "32;3º ESO A;Matemáticas;2º ESO B;todas\n"
                              "9999;3º ESO A;Matemáticas;2º ESO B;todas\n");
-  ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
-  const auto pending = [this] {
-    return school_.Execute("SELECT COUNT(*) FROM AlumnoPte_MatDet").Fields(0).Long();
-  };
+  OpenDemo();
+  const auto pending = [this] { return demo_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet"); };
   const auto before = pending();
-  InDialog("importarRegistro", "importar", [&](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::ImportDialog&>(shown);
+  InDialog<zendria::ImportDialog>("importarRegistro", "importar", [&](auto& dialog) {
     EXPECT_FALSE(dialog.ImportButton().isEnabled());
     dialog.Choose(file);
     EXPECT_TRUE(dialog.List().item(0)->text().startsWith("No encaja. Línea 3: "));
@@ -341,12 +279,8 @@ TEST_F(OversightTest, AFileIsLookedUpAndThenImported) {
 TEST_F(OversightTest, AFailedReadingIsToldOnceAndStopsTheClock) {
   zendria::StateDialog dialog(school_, all_);
   school_.Execute("ALTER TABLE BloqueoPte RENAME TO Otra");
-  QString text;
-  ReadNotice(text);
   EXPECT_TRUE(dialog.Clock().isActive());
-  dialog.Refresh();
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_TRUE(text.contains("BloqueoPte")) << text.toStdString();
+  EXPECT_THAT(NoticeOf([&] { dialog.Refresh(); }), HasSubstr("BloqueoPte"));
   EXPECT_FALSE(dialog.Clock().isActive());
   school_.Execute("ALTER TABLE Otra RENAME TO BloqueoPte");
   dialog.Refresh();
@@ -391,12 +325,11 @@ TEST_F(OversightTest, ASectionOfAnyNameNamesItsPdf) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   dialog.Sections().setCurrentIndex(dialog.Sections().findText("A/B", Qt::MatchContains));
   QString name;
-  robot_.OnDialog("ficheroPdf", [&name](QWidget& asked) {
-    name = asked.findChild<QLineEdit*>("fileNameEdit")->text();
-    dynamic_cast<QFileDialog&>(asked).reject();
+  robot_.OnDialog<QFileDialog>("ficheroPdf", [&name](auto& asked) {
+    name = asked.template findChild<QLineEdit*>("fileNameEdit")->text();
+    asked.reject();
   });
-  Press(dialog, "Guardar &PDF…");
-  EXPECT_TRUE(robot_.Done());
+  Button(dialog, "Guardar &PDF…").click();
   EXPECT_TRUE(name.endsWith("A-B.pdf")) << name.toStdString();
   EXPECT_FALSE(name.contains(u'/')) << "no folder of its own";
 }
@@ -404,13 +337,10 @@ TEST_F(OversightTest, ASectionOfAnyNameNamesItsPdf) {
 TEST_F(OversightTest, AReportOnAFullDiskIsTold) {
   zendria::ReportDialog dialog(school_, "IES Ejemplo", 0);
   std::optional<LongestFile> full;
-  PrintInto(folder_.filePath("informe.pdf"), [&full] { full.emplace(2000); });
-  QString text;
-  ReadNotice(text);
-  Press(dialog, "&Imprimir…");
+  PrintInto(folder_.filePath("informe.pdf"), [&full](auto&) { full.emplace(2000); });
+  const auto text = NoticeOf([&] { Button(dialog, "&Imprimir…").click(); });
   full.reset();
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_TRUE(text.startsWith("No se ha podido escribir «")) << text.toStdString();
+  EXPECT_THAT(text, StartsWith("No se ha podido escribir «"));
 }
 
 }  // namespace

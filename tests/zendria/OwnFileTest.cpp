@@ -24,16 +24,6 @@ namespace {
 
 using zendria::WriteOwnFile;
 
-mode_t Mode(const QString& path) {
-  struct stat status {};
-  return stat(path.toUtf8().constData(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
-
-QStringList Entries(const QString& folder) {
-  return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
-                                QDir::NoDotAndDotDot);
-}
-
 /// What `act` says in a process whose file systems know no renaming that takes nobody's place, and
 /// refuse it so.
 bool WithoutCarefulRenaming(unsigned why, const std::function<bool()>& act) {

@@ -16,7 +16,6 @@
 #include "apps/zendria/SheetPrinter.h"
 #include "platform/controls/Control.h"
 #include "tests/device/Device.h"
-#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 #include "tests/zendria/TextPrinter.h"
 
@@ -91,6 +90,9 @@ TEST(SheetPrinterTest, PutsTitleLinesHeadingsDateAndNumberOnEachPage) {
 
 class PaperMenuTest : public RescueTest {
  protected:
+  PaperMenuTest() { QLocale::setDefault(QLocale("es_ES")); }
+  ~PaperMenuTest() override { QLocale::setDefault(before_); }
+
   /// What is printed of that control above its rows.
   static std::string Above(const Window& window, const char* control, const QString& place = {}) {
     const auto sheet = zendria::PaperSheet(*window.Model().Find(control), place);
@@ -134,24 +136,17 @@ class PaperMenuTest : public RescueTest {
 };
 
 TEST_F(PaperMenuTest, AGridIsSavedAsItIsSeen) {
-  QLocale::setDefault(QLocale("es_ES"));
-  StepOne("frmNotaManual1", "1");
-  robot_.On("frmNotaManual", [this](Window& window) {
+  Visit(kByStudent, [this](Window& window) {
     Robot::Grade(window, 0, 1, "7");
     SaveAs(file_);
     ChooseOn(window, "rtvNotasAlumno", "guardarCsv");
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
-  QLocale::setDefault(before_);
   EXPECT_EQ(FileBytes(file_).toStdString(),
             Csv("Materia;Nota;Observación\r\nLengua (1º ESO);7;\r\n"));
   EXPECT_FALSE(QFile::permissions(file_) & (QFile::ReadGroup | QFile::ReadOther));
 }
 
 TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
-  QLocale::setDefault(QLocale("es_ES"));
   robot_.On("frmNotaManual1", [this](Window& window) {
     Robot::Pick(window, "cboTipoEnsenanza", "ESO");
     SaveAs(file_);
@@ -159,16 +154,12 @@ TEST_F(PaperMenuTest, SoAreTheListsOfStepOne) {
     Robot::Click(window, "cmdNotaManual1(1)");
   });
   Play(124);
-  QLocale::setDefault(before_);
   EXPECT_EQ(FileBytes(file_).toStdString(), Csv("Curso\r\n1º ESO\r\n2º ESO\r\n3º ESO\r\n"));
 }
 
 TEST_F(PaperMenuTest, AboveAListOfStepOneStandsWhatWasChosenBeforeIt) {
   robot_.On("frmNotaSeccionAlumno1", [](Window& window) {
-    Robot::Pick(window, "cboTipoEnsenanza", "ESO");
-    Robot::Pick(window, "cboCursos", "2");
-    Robot::Pick(window, "cboSecciones", "A");
-    Robot::Pick(window, "cboEvaluaciones", "1");
+    PickSection(window);
     const auto title = window.Model().Caption();
     EXPECT_EQ(Above(window, "cboCursos"), title + "|Curso");
     EXPECT_EQ(Above(window, "cboSecciones"), title + "|2º ESO|Sección");
@@ -180,8 +171,7 @@ TEST_F(PaperMenuTest, AboveAListOfStepOneStandsWhatWasChosenBeforeIt) {
 }
 
 TEST_F(PaperMenuTest, AboveAGridStandsWhatStandsOverTheForm) {
-  StepOne("frmNotaMateria1", "1");
-  robot_.On("frmNotaMateria", [this](Window& window) {
+  Visit(kBySubject, [this](Window& window) {
     const auto place = window.findChild<QLabel*>("dondeEstoy")->text();
     EXPECT_TRUE(place.startsWith("2º ESO A · 1ª Evaluación · Materia 1 de 2: Lengua"));
     EXPECT_EQ(Above(window, "rtvNotasAlumno", place),
@@ -194,24 +184,17 @@ TEST_F(PaperMenuTest, AboveAGridStandsWhatStandsOverTheForm) {
       QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     ChooseOn(window, "rtvNotasAlumno", "guardarCsv");
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaMateria1");
-  Play(125);
 }
 
 TEST_F(PaperMenuTest, AFileThatCanNotBeWrittenIsTold) {
-  StepOne("frmNotaManual1", "1");
-  QString text;
-  robot_.On("frmNotaManual", [this, &text](Window& window) {
+  std::string text;
+  Visit(kByStudent, [this, &text](Window& window) {
     SaveAs("/proc/notas.csv");
     ReadNotice(text);
     ChooseOn(window, "rtvNotasAlumno", "guardarCsv");
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
-  EXPECT_TRUE(text.startsWith("No se ha podido escribir «/proc/notas.csv»")) << text.toStdString();
+  EXPECT_THAT(text, StartsWith("No se ha podido escribir «/proc/notas.csv»"));
 }
 
 TEST_F(PaperMenuTest, EveryGridAndListThatCanBeReachedHasIt) {
@@ -248,47 +231,30 @@ TEST_F(PaperMenuTest, EveryGridAndListThatCanBeReachedHasIt) {
   Play(123);
   on("frmNotaSeccionAlumno1", {"cmdNotaManual1(1)"});
   Play(127);
-  StepOne("frmNotaManual1", "Final");
-  on("frmNotaManualFinal", {"cmdCancelar"});
-  LeaveStepOne("frmNotaManual1");
-  Play(124);
+  Visit(kByStudent.Final(), look);
   for (const auto* const one : {"cboTEnsenanza", "msgAlumnos", "lstDisponibles", "lstSeleccionados",
                                 "msgMaterias", "cboTipoEnsenanza", "cboAlumnos", "rtvNotasAlumno"})
     EXPECT_THAT(seen, Contains(one));
 }
 
 TEST_F(PaperMenuTest, AGridIsPrintedIntoAPdf) {
-  const auto pdf = folder_.filePath("notas.pdf");
-  StepOne("frmNotaMateria1", "1");
-  robot_.On("frmNotaMateria", [this, &pdf](Window& window) {
-    robot_.OnDialog("imprimir", [&pdf](QWidget& dialog) {
-      auto& print = dynamic_cast<QPrintDialog&>(dialog);
-      EXPECT_EQ(print.maxPage(), 1);
-      dialog.findChild<QLineEdit*>("filename")->setText(pdf);
-      print.accept();
-    });
+  Visit(kBySubject, [this](Window& window) {
+    PrintInto(folder_.filePath("notas.pdf"),
+              [](const QPrintDialog& dialog) { EXPECT_EQ(dialog.maxPage(), 1); });
     ChooseOn(window, "rtvNotasAlumno", "imprimir");
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaMateria1");
-  Play(125);
-  EXPECT_EQ(PdfPages(pdf), 1);
+  EXPECT_EQ(PdfPages(folder_.filePath("notas.pdf")), 1);
 }
 
 TEST_F(PaperMenuTest, APdfThatAFullDiskCutsShortIsTold) {
-  QString text;
-  StepOne("frmNotaMateria1", "1");
-  robot_.On("frmNotaMateria", [this, &text](Window& window) {
+  std::string text;
+  Visit(kBySubject, [this, &text](Window& window) {
     std::optional<LongestFile> full;
-    PrintInto(folder_.filePath("notas.pdf"), [&full] { full.emplace(2000); });
+    PrintInto(folder_.filePath("notas.pdf"), [&full](auto&) { full.emplace(2000); });
     ReadNotice(text);
     ChooseOn(window, "rtvNotasAlumno", "imprimir");
-    full.reset();
-    Robot::Click(window, "cmdCancelar");
   });
-  LeaveStepOne("frmNotaMateria1");
-  Play(125);
-  EXPECT_TRUE(text.startsWith("No se ha podido escribir «")) << text.toStdString();
+  EXPECT_THAT(text, StartsWith("No se ha podido escribir «"));
   EXPECT_EQ(QFileInfo(folder_.filePath("notas.pdf")).size(), 2000);
 }
 

@@ -1,7 +1,5 @@
 // Who signs in, and as whom.
 
-#include <QAction>
-#include <QLabel>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -11,6 +9,7 @@
 #include "apps/zendria/PasswordDialog.h"
 #include "apps/zendria/SchoolPlace.h"
 #include "apps/zendria/SignInDelay.h"
+#include "tests/support/Opened.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/zendria/HostTest.h"
 
@@ -28,13 +27,11 @@ class PasswordsTest : public HostTest {
   PasswordsTest() { Set(2, kSecret); }
 
   void Set(std::int32_t user, const char* password) {
-    sqlite::SqliteConnection school(school_.Path(), "");
-    school.Open();
+    Opened<sqlite::SqliteConnection> school(school_.Path(), "");
     UserPasswords(school).Set(user, password);
   }
   void OnPassword(const std::function<void(PasswordDialog&)>& step) {
-    robot_.OnDialog("contraseña",
-                    [step](QWidget& dialog) { step(dynamic_cast<PasswordDialog&>(dialog)); });
+    robot_.OnDialog<PasswordDialog>("contraseña", step);
   }
   /// What is told to who types that, as he sees it; the dialog stays.
   static QString Try(PasswordDialog& dialog, const QString& name, const QString& password) {
@@ -53,7 +50,6 @@ TEST_F(PasswordsTest, TheNameAndItsPasswordComeIn) {
     EXPECT_EQ(Try(dialog, "ana ruiz", kSecret), "");
   });
   EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
-  EXPECT_TRUE(robot_.Done());
   EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
   EXPECT_FALSE(window_->windowTitle().contains("sin contraseñas"));
   EXPECT_FALSE(Kept().contains("alcachofas"));
@@ -65,8 +61,7 @@ TEST_F(PasswordsTest, TheNameAndItsPasswordComeIn) {
     QTest::keyClicks(&dialog.Password(), kSecret);
     QTest::keyClick(&dialog.Password(), Qt::Key_Return);
   });
-  window_->findChild<QAction*>("cambiarUsuario")->trigger();
-  EXPECT_TRUE(robot_.Done());
+  Trigger("cambiarUsuario");
 }
 
 TEST_F(PasswordsTest, NothingTellsWhetherNameOrPasswordWasWrong) {
@@ -92,11 +87,10 @@ TEST_F(PasswordsTest, NothingTellsWhetherNameOrPasswordWasWrong) {
   });
   EXPECT_FALSE(window_->OpenSchool(SchoolFile(), 99));
   EXPECT_FALSE(window_->HasSchool());
-  EXPECT_TRUE(robot_.unexpected.empty());
 }
 
 TEST_F(PasswordsTest, ASchoolThatCantBeReadIsNoWrongPassword) {
-  QString text;
+  std::string text;
   OnPassword([this, &text](PasswordDialog& dialog) {
     school_.Sql("ALTER TABLE ClaveUsuario RENAME COLUMN Clave TO Otra");
     for (int time = 0; time < 3; ++time) {
@@ -110,8 +104,7 @@ TEST_F(PasswordsTest, ASchoolThatCantBeReadIsNoWrongPassword) {
     if (dialog.isVisible()) dialog.reject();
   });
   EXPECT_TRUE(window_->OpenSchool(SchoolFile()));
-  EXPECT_TRUE(robot_.Done());
-  EXPECT_TRUE(text.startsWith("Error -2147467259: no such column: Clave")) << text.toStdString();
+  EXPECT_THAT(text, StartsWith("Error -2147467259: no such column: Clave"));
 }
 
 TEST_F(PasswordsTest, AfterThreeWrongOnesOneWaitsAlsoInTheNextWindow) {
@@ -134,7 +127,6 @@ TEST_F(PasswordsTest, AfterThreeWrongOnesOneWaitsAlsoInTheNextWindow) {
     dialog.reject();
   });
   EXPECT_FALSE(window_->OpenSchool(SchoolFile()));
-  EXPECT_TRUE(robot_.Done());
 }
 
 TEST_F(PasswordsTest, TheWaitGrowsAndPasses) {
@@ -172,25 +164,20 @@ TEST_F(PasswordsTest, TheCentreIsChosenHereToo) {
 
 using SignInTest = HostTest;
 
-TEST_F(SignInTest, ASchoolWithoutPasswordsShowsIt) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  EXPECT_TRUE(window_->windowTitle().contains(" (sin contraseñas) — Ana Ruiz — "))
-      << window_->windowTitle().toStdString();
-}
-
-TEST_F(SignInTest, ASchoolWithRulesOfSomebodysShowsIt) {
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  EXPECT_FALSE(window_->windowTitle().contains("ajenas"));
+TEST_F(SignInTest, ASchoolWithoutPasswordsShowsItAndSoDoesOneWithRulesOfSomebodys) {
+  const auto title = [this] {
+    EXPECT_TRUE(window_->OpenSchool(SchoolFile(), 2));
+    return window_->windowTitle().toStdString();
+  };
+  EXPECT_THAT(title(),
+              AllOf(HasSubstr(" (sin contraseñas) — Ana Ruiz — "), Not(HasSubstr("ajenas"))));
   school_.Sql("CREATE UNIQUE INDEX ajeno ON BloqueoPte (CodMatDet)");
-  ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  EXPECT_TRUE(window_->windowTitle().contains(" (con reglas ajenas) (sin contraseñas) — Ana"))
-      << window_->windowTitle().toStdString();
+  EXPECT_THAT(title(), HasSubstr(" (con reglas ajenas) (sin contraseñas) — Ana"));
 }
 
 TEST_F(SignInTest, TheTitleFollowsThePasswordsThatAreSetMeanwhile) {
   ASSERT_TRUE(window_->OpenSchool(SchoolFile(), 2));
-  sqlite::SqliteConnection school(school_.Path(), "");
-  school.Open();
+  Opened<sqlite::SqliteConnection> school(school_.Path(), "");
   UserPasswords passwords(school);
   passwords.Set(2, kSecret);
   window_->YearAction().toggle();
@@ -204,9 +191,7 @@ TEST_F(SignInTest, WhoCameLastIsMarked) {
   SignIn("gil");
   ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
   UseScreens(zendria::PendingScreens());
-  robot_.OnDialog("entrada", [](QWidget& dialog) {
-    QTest::keyClick(&dynamic_cast<zendria::SignInDialog&>(dialog).List().Field(), Qt::Key_Return);
-  });
+  SignIn();
   ASSERT_TRUE(window_->OpenSchool(SchoolFile()));
   EXPECT_EQ(LabelText("usuario"), "Luis Gil");
 }
@@ -219,16 +204,13 @@ TEST(LoginUserTest, ALoginIsTheUserOfItsName) {
     const auto user = zendria::UserOfLogin(users, login);
     return user ? user->id : 0;
   };
-  EXPECT_EQ(id("direccion"), 1);
-  EXPECT_EQ(id("jose"), 3);
-  EXPECT_EQ(id("José"), 2);
-  EXPECT_EQ(id("Jose"), 0) << "either of two";
-  EXPECT_EQ(id("eva"), 0);
-  EXPECT_EQ(id("Eva"), 5);
-  EXPECT_EQ(id("CENTRO\\Ana"), 4);
-  EXPECT_EQ(id("zendria"), 0);
-  EXPECT_EQ(id(""), 0);
-  EXPECT_EQ(id("CENTRO\\"), 0);
+  for (const auto& [login, user] :
+       {std::pair{"direccion", 1}, std::pair{"jose", 3}, std::pair{"José", 2}, std::pair{"Eva", 5},
+        std::pair{"CENTRO\\Ana", 4}})
+    EXPECT_EQ(id(login), user) << login;
+  // The second and third are either of two.
+  for (const auto* const nobodys : {"zendria", "Jose", "eva", "", "CENTRO\\"})
+    EXPECT_EQ(id(nobodys), 0) << nobodys;
 }
 
 class LoginTest : public HostTest {
@@ -245,10 +227,9 @@ class LoginTest : public HostTest {
 
 TEST_F(LoginTest, OnAServerTheLoginIsTheUserAndNobodyElse) {
   Call(2);
-  robot_.OnDialog("entrada", [](QWidget& dialog) {
-    auto& list = dynamic_cast<zendria::SignInDialog&>(dialog).List();
-    EXPECT_EQ(list.List().count(), 1) << "his centre is asked for, and he isn't";
-    QTest::keyClick(&list.Field(), Qt::Key_Return);
+  robot_.OnDialog<zendria::SignInDialog>("entrada", [](auto& dialog) {
+    EXPECT_EQ(dialog.List().List().count(), 1) << "his centre is asked for, and he isn't";
+    QTest::keyClick(&dialog.List().Field(), Qt::Key_Return);
   });
   EXPECT_TRUE(window_->OpenSchool(place_));
   school_.Sql("DELETE FROM Centro_TipoEnsenanza WHERE CodCentro=2");
@@ -256,10 +237,7 @@ TEST_F(LoginTest, OnAServerTheLoginIsTheUserAndNobodyElse) {
   EXPECT_TRUE(robot_.unexpected.empty()) << "nothing is asked";
   EXPECT_EQ(LabelText("usuario"), "Zendria");
   EXPECT_FALSE(window_->windowTitle().contains("sin contraseñas"));
-  QString told;
-  ReadNotice(told);
-  EXPECT_FALSE(window_->OpenSchool(place_, 1));
-  EXPECT_TRUE(told.startsWith("En un servidor se entra como uno mismo")) << told.toStdString();
+  EXPECT_THAT(Refusal(place_), StartsWith("En un servidor se entra como uno mismo"));
   EXPECT_TRUE(window_->OpenSchool(place_, 2));
 }
 
@@ -270,16 +248,13 @@ TEST_F(LoginTest, OnAServerAnAdministratorChooses) {
   EXPECT_EQ(LabelText("usuario"), "Luis Gil");
   // And goes on choosing: it is the login that may, not who was chosen.
   SignIn("ruiz");
-  window_->findChild<QAction*>("cambiarUsuario")->trigger();
+  Trigger("cambiarUsuario");
   EXPECT_EQ(LabelText("usuario"), "Ana Ruiz");
   EXPECT_TRUE(window_->OpenSchool(place_, 3));
 }
 
 TEST_F(LoginTest, OnAServerALoginThatIsNobodyIsRefused) {
-  QString told;
-  ReadNotice(told);
-  EXPECT_FALSE(window_->OpenSchool(place_, 1));
-  EXPECT_TRUE(told.contains("«zendria» no es ninguno de los usuarios")) << told.toStdString();
+  EXPECT_THAT(Refusal(place_), HasSubstr("«zendria» no es ninguno de los usuarios"));
 }
 
 }  // namespace

@@ -1,43 +1,29 @@
 // What the report's dialog makes of what is chosen in it, by its own buttons.
 
-#include <QAction>
 #include <QDir>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QPrintPreviewDialog>
 #include <QProgressDialog>
 #include <gtest/gtest.h>
 
-#include "adapters/sqlite/SqliteConnection.h"
-#include "apps/escuela/DemoSchool.h"
-#include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/report/ReportText.h"
 #include "apps/zendria/ReportDialog.h"
 #include "apps/zendria/SectionPdfs.h"
-#include "tests/zendria/FileBytes.h"
-#include "tests/zendria/HostTest.h"
+#include "tests/zendria/DemoHost.h"
 #include "tests/zendria/TextPrinter.h"
 
 namespace quorvane::test {
 namespace {
 
-class ReportDialogTest : public HostTest {
+class ReportDialogTest : public DemoHost {
  protected:
-  ReportDialogTest() {
-    MakeSchoolFile(path_, [](Connection& school) { DemoSchool(school).Build(); });
-    school_.Open();
-  }
-
   /// Opens the dialog from the menu, and does that in it.
-  void InDialog(const std::function<void(zendria::ReportDialog&)>& step) {
-    ASSERT_TRUE(window_->OpenSchool(QString::fromStdString(path_), 1));
-    robot_.OnDialog("informe", [&step](QWidget& shown) {
-      step(dynamic_cast<zendria::ReportDialog&>(shown));
-      QTest::keyClick(&shown, Qt::Key_Escape);
+  void InReport(const std::function<void(zendria::ReportDialog&)>& step) {
+    OpenDemo();
+    InDialog<zendria::ReportDialog>("informePendientes", "informe", [&step](auto& dialog) {
+      step(dialog);
+      QTest::keyClick(&dialog, Qt::Key_Escape);
     });
-    window_->findChild<QAction*>("informePendientes")->trigger();
-    EXPECT_TRUE(robot_.Done());
-    EXPECT_TRUE(robot_.unexpected.empty()) << robot_.unexpected.front();
   }
   static void Press(zendria::ReportDialog& dialog, const char* button) {
     QTest::mouseClick(dialog.findChild<QAbstractButton*>(button), Qt::LeftButton);
@@ -62,9 +48,9 @@ class ReportDialogTest : public HostTest {
   /// The texts of the pages that the button shows beforehand, a text a page.
   QStringList Previewed(zendria::ReportDialog& dialog) {
     QStringList pages;
-    robot_.OnDialog("vistaPrevia", [&pages](QWidget& shown) {
+    robot_.OnDialog<QPrintPreviewDialog>("vistaPrevia", [&pages](auto& shown) {
       TextPrinter paper;
-      Q_EMIT dynamic_cast<QPrintPreviewDialog&>(shown).paintRequested(&paper);
+      Q_EMIT shown.paintRequested(&paper);
       for (const auto& page : paper.Pages()) pages.append(page.join(u' '));
       QTest::keyClick(&shown, Qt::Key_Escape);
     });
@@ -87,14 +73,10 @@ class ReportDialogTest : public HostTest {
     EXPECT_TRUE(QDir(folder_.path()).mkdir(name));
     return folder_.filePath(name);
   }
-  int Number(const std::string& query) { return school_.Execute(query).Fields(0).Long(); }
-
-  std::string path_ = folder_.filePath("muestra.sqlite").toStdString();
-  sqlite::SqliteConnection school_{path_, ""};
 };
 
 TEST_F(ReportDialogTest, ABlankSheetIsOfASubjectAsWellAsOfASection) {
-  InDialog([this](auto& dialog) {
+  InReport([this](auto& dialog) {
     Choose(dialog, "seccion", "3º ESO A");
     EXPECT_FALSE(dialog.Subjects().isEnabled());
     TickBlank(dialog);
@@ -110,7 +92,7 @@ TEST_F(ReportDialogTest, ABlankSheetIsOfASubjectAsWellAsOfASection) {
     EXPECT_TRUE(page.contains("Hoja de notas")) << page.toStdString();
     EXPECT_TRUE(page.contains("Observación"));
     EXPECT_EQ(page.count("Matemáticas (2º ESO A)"),
-              1 + Number("SELECT COUNT(*) FROM AlumnoPte_MatDet WHERE CodMatDet=20"))
+              1 + demo_.Number("SELECT COUNT(*) FROM AlumnoPte_MatDet WHERE CodMatDet=20"))
         << page.toStdString();
     EXPECT_FALSE(page.contains("Música"));
     Name("ficheroPdf", folder_.filePath("hoja.pdf"));
@@ -120,9 +102,9 @@ TEST_F(ReportDialogTest, ABlankSheetIsOfASubjectAsWellAsOfASection) {
 }
 
 TEST_F(ReportDialogTest, ASubjectIsOfThoseThatArePendingAndInItsReportToo) {
-  InDialog([this](auto& dialog) {
+  InReport([this](auto& dialog) {
     EXPECT_EQ(dialog.Subjects().count(),
-              Number("SELECT COUNT(DISTINCT CodMatDet) FROM AlumnoPte_MatDet"));
+              demo_.Number("SELECT COUNT(DISTINCT CodMatDet) FROM AlumnoPte_MatDet"));
     Press(dialog, "porMateria");
     Choose(dialog, "materia", "Matemáticas (2º ESO A)");
     const auto pages = Previewed(dialog);
@@ -133,11 +115,11 @@ TEST_F(ReportDialogTest, ASubjectIsOfThoseThatArePendingAndInItsReportToo) {
 }
 
 TEST_F(ReportDialogTest, AllSectionsComeOutInOneRunBehindEachOther) {
-  InDialog([this](auto& dialog) {
+  InReport([this](auto& dialog) {
     ChooseAllSections(dialog);
     EXPECT_FALSE(dialog.Students().isEnabled());
     const auto pages = Previewed(dialog);
-    EXPECT_EQ(pages.size(), Number("SELECT COUNT(DISTINCT CodAlumno) FROM AlumnoPte_MatDet"));
+    EXPECT_EQ(pages.size(), demo_.Number("SELECT COUNT(DISTINCT CodAlumno) FROM AlumnoPte_MatDet"));
     TickBlank(dialog);
     const auto sheets = Previewed(dialog);
     EXPECT_GE(sheets.size(), 6);
@@ -160,27 +142,25 @@ TEST_F(ReportDialogTest, AllSectionsComeOutInOneRunBehindEachOther) {
 }
 
 TEST_F(ReportDialogTest, ASectionThatCantBeMadeIsNamedAndTheOthersComeOut) {
-  school_.Execute(
+  demo_.Sql(
       "UPDATE EvaluacionPte SET CodNota='no' WHERE CodAlumnoPte_MatDet IN (SELECT "
       "IDAlumnoPte_MatDet FROM AlumnoPte_MatDet INNER JOIN Alumno ON IDAlumno=CodAlumno WHERE "
       "CodSeccion=5)");
   const auto folder = Folder("todas");
   static_cast<void>(MakeFile("todas/4º ESO A.pdf", "de antes"));
-  QString told;
-  InDialog([&](auto& dialog) {
+  std::string told;
+  InReport([&](auto& dialog) {
     ChooseAllSections(dialog);
     ReadNotice(told);
     const auto pages = Previewed(dialog);
-    EXPECT_TRUE(told.startsWith("No se han podido hacer: 3º ESO A. Las demás"))
-        << told.toStdString();
+    EXPECT_THAT(told, StartsWith("No se han podido hacer: 3º ESO A. Las demás"));
     EXPECT_TRUE(pages.filter("pendientes. 3º ESO A. ").isEmpty());
     EXPECT_FALSE(pages.filter("pendientes. 4º ESO A. ").isEmpty());
     ReadNotice(told);
     Name("carpetaPdf", folder);
     Press(dialog, "guardarPdf");
-    EXPECT_TRUE(told.startsWith("No se han podido hacer: 3º ESO A, 4º ESO A. Las demás"))
-        << told.toStdString();
-    EXPECT_TRUE(told.contains("4º ESO A.pdf: el archivo ya existe")) << told.toStdString();
+    EXPECT_THAT(told, AllOf(StartsWith("No se han podido hacer: 3º ESO A, 4º ESO A. Las demás"),
+                            HasSubstr("4º ESO A.pdf: el archivo ya existe")));
     EXPECT_EQ(dialog.Notice().text(), "Escritas 4 de 6 secciones en " + folder);
   });
   EXPECT_EQ(Pdfs("todas").size(), 5);
@@ -189,7 +169,7 @@ TEST_F(ReportDialogTest, ASectionThatCantBeMadeIsNamedAndTheOthersComeOut) {
 
 TEST_F(ReportDialogTest, WhatIsCancelledLeavesNothing) {
   QWidget window;
-  const ReportReader reader(school_, "IES Ejemplo", "03/03/2025");
+  const ReportReader reader(demo_.Db(), "IES Ejemplo", "03/03/2025");
   const auto folder = folder_.filePath("todas");
   auto made = 0;
   const auto run = zendria::WriteSectionPdfs(&window, reader, folder, [&](const auto& report) {
@@ -202,15 +182,15 @@ TEST_F(ReportDialogTest, WhatIsCancelledLeavesNothing) {
 }
 
 TEST_F(ReportDialogTest, WhoMayGradeNothingIsOfferedNothing) {
-  const zendria::ReportDialog none(school_, "IES Ejemplo", -1);
+  const zendria::ReportDialog none(demo_.Db(), "IES Ejemplo", -1);
   for (const auto* const button : {"vistaPrevia", "enPapel", "guardarPdf"})
     EXPECT_FALSE(none.findChild<QAbstractButton*>(button)->isEnabled()) << button;
   EXPECT_EQ(none.findChild<QLabel*>("resultado")->text(),
             "Ningún alumno tiene materias pendientes.");
-  const auto teacher = Number("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=20");
-  zendria::ReportDialog hers(school_, "IES Ejemplo", teacher);
+  const auto teacher = demo_.Number("SELECT CodProfesor FROM Profesor_Pte WHERE CodMatDet=20");
+  zendria::ReportDialog hers(demo_.Db(), "IES Ejemplo", teacher);
   EXPECT_NE(hers.Subjects().findText("Matemáticas (2º ESO A)"), -1);
-  EXPECT_LT(hers.Subjects().count(), zendria::ReportDialog(school_, "", 0).Subjects().count());
+  EXPECT_LT(hers.Subjects().count(), zendria::ReportDialog(demo_.Db(), "", 0).Subjects().count());
 }
 
 }  // namespace

@@ -14,7 +14,6 @@
 
 #include "apps/zendria/SchoolPlace.h"
 #include "tests/device/Device.h"
-#include "tests/support/Matchers.h"
 #include "tests/zendria/RescueTest.h"
 
 namespace quorvane::test {
@@ -22,14 +21,13 @@ namespace {
 
 class RescueFileTest : public RescueTest {
  protected:
-  static mode_t Mode(const QString& path) {
-    struct stat status {};
-    return stat(path.toUtf8().constData(), &status) == 0 ? status.st_mode & 07777U : 0;
-  }
-
   /// One grade is typed, and can't be saved.
   const Step gradeAndAccept = Doing({{0, 1, "7"}, "cmdAceptar"});
 
+  /// The path of the only file.
+  [[nodiscard]] std::string TheFile() const {
+    return (Folder() + '/' + Files().value(0)).toStdString();
+  }
   /// No folder can be made where the files go.
   void BlockFolder() const { QFile(Folder()).open(QIODevice::WriteOnly); }
 };
@@ -38,11 +36,9 @@ TEST_F(RescueFileTest, AFailedSaveLeavesTheGradesInAFileThatTheErrorNames) {
   FullAt(1);
   const auto text =
       Fail(Doing({{0, 1, "7"}, "cmdSiguiente", {1, 1, "3"}, {1, 5, "Mejora"}, "cmdAceptar"}));
-  EXPECT_TRUE(text.startsWith("Error -2147467259: database or disk is full\n"))
-      << text.toStdString();
   ASSERT_EQ(Files().size(), 1);
-  EXPECT_TRUE(text.contains("3 notas")) << text.toStdString();
-  EXPECT_TRUE(text.contains('\n' + Folder() + '/' + Files()[0] + '\n')) << text.toStdString();
+  EXPECT_THAT(text, AllOf(StartsWith("Error -2147467259: database or disk is full\n"),
+                          HasSubstr("3 notas"), HasSubstr('\n' + TheFile() + '\n')));
   EXPECT_THAT(Cells(),
               ElementsAre(Line(kJorge, kLengua, "Nota", "7"), Line(kMarta, kMates, "Nota", "3"),
                           Line(kMarta, kMates, "Observación", "Mejora")));
@@ -67,11 +63,9 @@ TEST_F(RescueFileTest, TheFileTellsAllThatIsNeededToTypeThemAgain) {
   Fail(gradeAndAccept);
   const auto name = QFileInfo(school_.Path().c_str()).completeBaseName();
   ASSERT_EQ(Files().size(), 1);
-  EXPECT_TRUE(QRegularExpression("^\\d{4}-\\d\\d-\\d\\d-\\d{6}-" +
-                                 QRegularExpression::escape(name) + "\\.txt$")
-                  .match(Files()[0])
-                  .hasMatch())
-      << Files()[0].toStdString();
+  EXPECT_THAT(Files()[0].toStdString(),
+              testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2}-[0-9]{6}-" + name.toStdString() +
+                                    "\\.txt"));
   auto content = QString::fromUtf8(Content());
   content.replace(QRegularExpression("Fecha: \\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d:\\d\\d\n"),
                   "Fecha: F\n");
@@ -100,7 +94,7 @@ TEST_F(RescueFileTest, ADiskThatIsReallyFullLosesNothing) {
     Robot::Click(window, "cmdAceptar");
   });
   full.reset();
-  EXPECT_TRUE(text.contains("No queda espacio en el disco")) << text.toStdString();
+  EXPECT_THAT(text, HasSubstr("No queda espacio en el disco"));
   EXPECT_THAT(Cells(), ElementsAre(Line(kJorge, kLengua, "Nota", "7")));
 }
 
@@ -111,10 +105,7 @@ class TemporaryFolder {
     qputenv("TMPDIR", path.toUtf8());
   }
   ~TemporaryFolder() { qputenv("TMPDIR", before_); }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   TemporaryFolder(TemporaryFolder&&) = delete;
-  TemporaryFolder& operator=(TemporaryFolder&&) = delete;
 
  private:
   QByteArray before_;
@@ -134,21 +125,20 @@ TEST_F(RescueFileTest, WithoutItsFolderTheFileGoesAmongTheTemporaryOnes) {
   const auto files = folder.entryList(QDir::Files | QDir::Hidden);
   ASSERT_EQ(files.size(), 1);
   EXPECT_EQ(Mode(folder.filePath(files[0])), 0600U);
-  EXPECT_TRUE(text.contains('\n' + folder.filePath(files[0]) + '\n')) << text.toStdString();
+  EXPECT_THAT(text, HasSubstr('\n' + folder.filePath(files[0]).toStdString() + '\n'));
 }
 
 TEST_F(RescueFileTest, WhereNoFileCanBeWrittenTheBoxShowsTheGrades) {
   BlockFolder();
   const TemporaryFolder temporary(MakeFile("tmp", "no folder"));
   FullAt(1);
-  StepOne("frmNotaManual1", "1");
+  StepOne(kByStudent);
   robot_.On("frmNotaManual", gradeAndAccept);
-  robot_.OnDialog("aviso", [](QWidget& dialog) {
-    auto& box = dynamic_cast<QMessageBox&>(dialog);
+  robot_.OnDialog<QMessageBox>("aviso", [](auto& box) {
     EXPECT_TRUE(box.informativeText().contains("no se ha podido escribir ningún fichero"))
         << box.informativeText().toStdString();
     // Closed whatever it holds, lest the test hang.
-    const auto grades = box.findChildren<QPlainTextEdit*>("notas");
+    const auto grades = box.template findChildren<QPlainTextEdit*>("notas");
     EXPECT_EQ(grades.size(), 1);
     for (auto* const text : grades) {
       EXPECT_TRUE(text->isVisible());
@@ -163,10 +153,10 @@ TEST_F(RescueFileTest, WhereNoFileCanBeWrittenTheBoxShowsTheGrades) {
 
 TEST_F(RescueFileTest, AButtonOfTheBoxShowsTheGrades) {
   FullAt(1);
-  StepOne("frmNotaManual1", "1");
+  StepOne(kByStudent);
   robot_.On("frmNotaManual", gradeAndAccept);
   robot_.OnDialog("notasSinGuardar", [this](QWidget& dialog) {
-    EXPECT_EQ(dialog.findChild<QLabel*>("fichero")->text(), Folder() + '/' + Files()[0]);
+    EXPECT_EQ(dialog.findChild<QLabel*>("fichero")->text().toStdString(), TheFile());
     EXPECT_EQ(dialog.findChild<QPlainTextEdit*>()->toPlainText().toUtf8(), Content());
     QTest::mouseClick(dialog.findChild<QPushButton*>("copiarNotas"), Qt::LeftButton);
     EXPECT_EQ(QGuiApplication::clipboard()->text().toUtf8(), Content());
@@ -181,10 +171,9 @@ TEST_F(RescueFileTest, AButtonOfTheBoxShowsTheGrades) {
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
   Play(124);
-  const auto details = QGuiApplication::clipboard()->text();
-  EXPECT_TRUE(details.contains("\nNotas sin guardar: 1, en " + Folder() + '/' + Files()[0] + '\n'))
-      << details.toStdString();
-  EXPECT_FALSE(details.contains("Abad"));
+  EXPECT_THAT(
+      QGuiApplication::clipboard()->text().toStdString(),
+      AllOf(HasSubstr("\nNotas sin guardar: 1, en " + TheFile() + '\n'), Not(HasSubstr("Abad"))));
 }
 
 // Texts of the database may hold anything; a cell stays a line of four.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDir>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -13,6 +12,26 @@
 #include "tests/zendria/HostTest.h"
 
 namespace quorvane::test {
+
+/// A form of grades, and the way to it.
+struct Flow {
+  std::uint8_t node;
+  std::string form;
+  const char* list = nullptr;  ///< what step one asks for besides
+  const char* entry = nullptr;
+  const char* evaluation = "1";
+
+  /// The form of the final evaluation.
+  [[nodiscard]] Flow Final() const { return {node, form + "Final", list, entry, "Final"}; }
+  /// The same in another evaluation.
+  [[nodiscard]] Flow In(const char* other) const { return {node, form, list, entry, other}; }
+  [[nodiscard]] std::string StepOne() const { return form.substr(0, form.find("Final")) + '1'; }
+};
+
+inline const Flow kByStudent{124, "frmNotaManual"};
+inline const Flow kBySubject{125, "frmNotaMateria"};
+inline const Flow kOfStudent{126, "frmNotaSeccionMateria", "cboAlumno", "D"};
+inline const Flow kOfSubject{127, "frmNotaSeccionAlumno", "cboMateria", "Lengua"};
 
 /// A section whose grades are typed and not saved. Students 3, 1 and 2 of section 321 owe "Lengua",
 /// and 1 "Matemáticas" too: the pending rows 1 to 4, in the order in which the forms save them; 1
@@ -53,47 +72,62 @@ class RescueTest : public HostTest {
                 " WHEN NEW.CodAlumnoPte_MatDet=" + std::to_string(pending) +
                 " BEGIN SELECT RAISE(FAIL,'database or disk is full'); END");
   }
-  /// Fixes section, evaluation and what else that step asks for, and goes on.
-  void StepOne(const std::string& form, const char* evaluation, const char* more = nullptr,
-               const char* entry = nullptr) {
-    std::vector<Robot::Deed> deeds{{"cboTipoEnsenanza", "ESO"},
-                                   {"cboCursos", "2"},
-                                   {"cboSecciones", "A"},
-                                   {"cboEvaluaciones", evaluation}};
-    if (more != nullptr) deeds.emplace_back(more, entry);
+  /// What fixes section and evaluation in step one.
+  static std::vector<Robot::Deed> Section(const char* evaluation = "1") {
+    return {{"cboTipoEnsenanza", "ESO"},
+            {"cboCursos", "2"},
+            {"cboSecciones", "A"},
+            {"cboEvaluaciones", evaluation}};
+  }
+  static void PickSection(Window& window) { Doing(Section())(window); }
+  /// What leads on from step one to that form.
+  static std::vector<Robot::Deed> WayTo(const Flow& flow) {
+    auto deeds = Section(flow.evaluation);
+    if (flow.list != nullptr) deeds.emplace_back(flow.list, flow.entry);
     deeds.emplace_back("cmdNotaManual1(0)");
-    robot_.On(form, deeds);
+    return deeds;
   }
-  void LeaveStepOne(const std::string& form) { robot_.On(form, {"cmdNotaManual1(1)"}); }
-  /// Grades in that form until it fails, and gives the message.
-  QString FailIn(std::uint8_t node, const std::string& form, const Step& act) {
-    robot_.On(form, act);
-    auto text = NoticeOf(node);
+  void StepOne(const Flow& flow) { robot_.On(flow.StepOne(), WayTo(flow)); }
+  void LeaveStepOne(const Flow& flow) { robot_.On(flow.StepOne(), {"cmdNotaManual1(1)"}); }
+  /// Opens the form, acts on it until it goes, and leaves step one.
+  void Use(const Flow& flow, const Step& act) {
+    StepOne(flow);
+    robot_.On(flow.form, act);
+    LeaveStepOne(flow);
+    Play(flow.node);
+  }
+  /// Opens it, acts on it, and cancels.
+  void Visit(const Flow& flow, const Step& act) {
+    Use(flow, [act](Window& window) {
+      act(window);
+      Robot::Click(window, "cmdCancelar");
+    });
+  }
+  /// Acts on it until it fails, and gives the message.
+  std::string Fail(const Flow& flow, const Step& act) {
+    StepOne(flow);
+    return FailIn(flow, act);
+  }
+  std::string Fail(const Step& act) { return Fail(kByStudent, act); }
+  std::string FailIn(const Flow& flow, const Step& act) {
+    robot_.On(flow.form, act);
+    auto text = NoticeOf(flow.node);
     EXPECT_TRUE(robot_.Done());
-    EXPECT_TRUE(robot_.unexpected.empty());
     return text;
-  }
-  /// By student, in the first evaluation.
-  QString Fail(const Step& act) {
-    StepOne("frmNotaManual1", "1");
-    return FailIn(124, "frmNotaManual", act);
   }
 
   /// The next offer of a draft is answered by that button; its text goes to `text`.
-  void AnswerDraft(const char* button, QString* text = nullptr) {
-    robot_.OnDialog("borrador", [button, text](QWidget& dialog) {
-      const auto& box = dynamic_cast<QMessageBox&>(dialog);
-      if (text != nullptr) *text = (box.text() + u'\n' + box.informativeText()).trimmed();
-      QTest::mouseClick(dialog.findChild<QWidget*>(button), Qt::LeftButton);
+  void AnswerDraft(const char* button, std::string* text = nullptr) {
+    robot_.OnDialog<QMessageBox>("borrador", [button, text](auto& box) {
+      if (text != nullptr)
+        *text = (box.text() + u'\n' + box.informativeText()).trimmed().toStdString();
+      QTest::mouseClick(box.template findChild<QWidget*>(button), Qt::LeftButton);
     });
   }
 
   /// Where the files are.
   [[nodiscard]] QString Folder() const { return folder_.filePath("notas-sin-guardar"); }
-  /// All that lies there, hidden files too.
-  [[nodiscard]] QStringList Files() const {
-    return QDir(Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-  }
+  [[nodiscard]] QStringList Files() const { return Entries(Folder()); }
   /// What the only file holds.
   [[nodiscard]] QByteArray Content() const {
     const auto files = Files();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -14,7 +15,9 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
+#include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -23,6 +26,13 @@
 #include "platform/controls/Form.h"
 
 namespace quorvane::test {
+
+/// The button of that caption in a window.
+inline QAbstractButton& Button(const QWidget& window, const QString& caption) {
+  for (auto* const button : window.findChildren<QAbstractButton*>())
+    if (button->text() == caption) return *button;
+  throw std::runtime_error("No button " + caption.toStdString());
+}
 
 /// A user who was told beforehand what to do in each window: steps wait for the window they are
 /// for, and are taken in their order when it comes up. A window without a step is noted and
@@ -72,8 +82,11 @@ class Robot {
   void On(const std::string& form, Step step) { steps_[form].push_back(std::move(step)); }
   void On(const std::string& form, const std::vector<Deed>& deeds) { On(form, Doing(deeds)); }
   /// What to do the next time that dialog of the host comes up, by its object name.
-  void OnDialog(const std::string& dialog, std::function<void(QWidget&)> step) {
-    dialogSteps_[dialog].push_back(std::move(step));
+  template <class Dialog = QWidget>
+  void OnDialog(const std::string& dialog,
+                std::type_identity_t<std::function<void(Dialog&)>> step) {
+    dialogSteps_[dialog].push_back(
+        [step = std::move(step)](QWidget& shown) { step(dynamic_cast<Dialog&>(shown)); });
   }
 
   /// The texts of the module's messages so far; they are accepted at once.
@@ -106,16 +119,26 @@ class Robot {
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, RowOf(view, row));
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, RowOf(view, row));
   }
+  static QTableView& Grid(const qt::FormWindow& window) {
+    return dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
+  }
+  static QString CellText(const qt::FormWindow& window, int row, int column) {
+    return Grid(window).model()->index(row, column).data().toString();
+  }
+  /// Goes to a cell of grades, and presses that there.
+  static void PressAt(const qt::FormWindow& window, int row, int column, QKeyCombination key) {
+    auto& grid = Grid(window);
+    grid.setFocus();
+    grid.setCurrentIndex(grid.model()->index(row, column));
+    QTest::keyClick(&grid, key.key(), key.keyboardModifiers());
+  }
   /// Begins the edit of a cell of grades; what takes the keys of the list that it opens, null
   /// without one.
   static QWidget* OpenList(qt::FormWindow& window, int row, int column) {
-    auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-    grid.setFocus();
-    grid.setCurrentIndex(grid.model()->index(row, column));
-    QTest::keyClick(&grid, Qt::Key_F2);
+    PressAt(window, row, column, Qt::Key_F2);
     // An open list has the keyboard.
     auto* const focus = window.focusWidget();
-    return focus == &grid ? nullptr : focus;
+    return focus == &Grid(window) ? nullptr : focus;
   }
   /// Picks an entry of such a list with the keyboard: by what is typed, or the first, which is
   /// blank.

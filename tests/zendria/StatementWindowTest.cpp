@@ -2,7 +2,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -10,6 +9,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "apps/zendria/StatementWindow.h"
+#include "tests/zendria/Robot.h"
 
 namespace quorvane::zendria {
 namespace {
@@ -17,20 +17,11 @@ namespace {
 class StatementWindowTest : public testing::Test {
  protected:
   void Run(const char* statement) { log_.Add(centro_, statement); }
-  void Press(const QString& caption) {
-    for (auto* const button : window_.findChildren<QPushButton*>())
-      if (button->text() == caption) button->click();
-  }
 
   const sqlite::SqliteConnection centro_{"escuela.sqlite", "centro"};
   StatementLog log_;
   StatementWindow window_{log_};
 };
-
-TEST_F(StatementWindowTest, ShowsStatementsAsTheyRun) {
-  Run("SELECT 1 FROM Alumno");
-  EXPECT_TRUE(window_.Text().endsWith("centro  SELECT 1 FROM Alumno"));
-}
 
 TEST_F(StatementWindowTest, FiltersWhatRanAndWhatRuns) {
   Run("SELECT 1 FROM Alumno");
@@ -71,15 +62,12 @@ TEST_F(StatementWindowTest, ItsLettersAreNoSmallerThanTheOthers) {
   QApplication::setFont(before);
 }
 
-TEST_F(StatementWindowTest, CopiesTheLinesOfATrace) {
+TEST_F(StatementWindowTest, ShowsStatementsAsTheyRunCopiesThemAsATraceAndIsEmptied) {
   Run("SELECT 1 FROM Alumno");
-  Press("&Copiar");
+  EXPECT_TRUE(window_.Text().endsWith("centro  SELECT 1 FROM Alumno"));
+  test::Button(window_, "&Copiar").click();
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "sql centro SELECT 1 FROM Alumno\n");
-}
-
-TEST_F(StatementWindowTest, IsEmptied) {
-  Run("SELECT 1 FROM Alumno");
-  Press("&Vaciar");
+  test::Button(window_, "&Vaciar").click();
   EXPECT_EQ(window_.Text(), "");
   EXPECT_TRUE(log_.Lines().empty());
 }

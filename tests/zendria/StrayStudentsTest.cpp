@@ -23,8 +23,8 @@ class StrayStudentsTest : public DemoHost {
     return dynamic_cast<ComboBox&>(*window.Model().Find(combo)).SelectedData();
   }
   /// The line of Enzo's subject in an evaluation's tree, and double-clicks it.
-  static QTreeWidgetItem* ActivateHis(QWidget& shown, int evaluation) {
-    auto& tree = dynamic_cast<zendria::StateDialog&>(shown).Tree();
+  static QTreeWidgetItem* ActivateHis(zendria::StateDialog& dialog, int evaluation) {
+    auto& tree = dialog.Tree();
     auto* const section = Child(tree.topLevelItem(evaluation), "3º ESO A");
     section->setExpanded(true);
     auto* const line = Child(section, "Lengua Castellana y Literatura (2º ESO B) · en 3º ESO B");
@@ -51,15 +51,13 @@ TEST_F(StrayStudentsTest, InAFileAndOnAServerHisLineIsMarkedAndOpensTheScreenByS
   });
   robot_.On("frmNotaManual", [&chosen](qt::FormWindow& window) {
     chosen.push_back(Chosen(window, "cboAlumnos"));
-    const auto& grid = dynamic_cast<QTableView&>(*window.Widget("rtvNotasAlumno"));
-    EXPECT_EQ(grid.model()->rowCount(), 1);
-    EXPECT_EQ(grid.model()->index(0, 0).data().toString(),
-              "Lengua Castellana y Literatura (2º ESO)");
+    EXPECT_EQ(Robot::Grid(window).model()->rowCount(), 1);
+    EXPECT_EQ(Robot::CellText(window, 0, 0), "Lengua Castellana y Literatura (2º ESO)");
     window.close();
   });
   CloseNext("frmNotaManual1");
-  InDialog("estadoEvaluacion", "estado", [&tip](QWidget& shown) {
-    auto* const line = ActivateHis(shown, 1);
+  InDialog<zendria::StateDialog>("estadoEvaluacion", "estado", [&tip](auto& dialog) {
+    auto* const line = ActivateHis(dialog, 1);
     ASSERT_NE(line, nullptr);
     tip = line->toolTip(0);
   });
@@ -83,17 +81,16 @@ TEST_F(StrayStudentsTest, WhereHisSectionHasNoRegisterHeIsFoundInTheOther) {
     window.close();
   });
   CloseNext("frmNotaSeccionMateria1");
-  InDialog("estadoEvaluacion", "estado",
-           [](QWidget& shown) { EXPECT_NE(ActivateHis(shown, 3), nullptr); });
+  InDialog<zendria::StateDialog>("estadoEvaluacion", "estado",
+                                 [](auto& dialog) { EXPECT_NE(ActivateHis(dialog, 3), nullptr); });
   EXPECT_EQ(chosen, (std::vector<std::int32_t>{kSectionB, kFinal, kEnzo}));
 }
 
 TEST_F(StrayStudentsTest, WhatNoScreenFindsIsSaidAndTheTreeStays) {
   TakeOthersOffTheRegister();
   OpenDemo();
-  QString told;
-  InDialog("estadoEvaluacion", "estado", [&](QWidget& shown) {
-    auto& dialog = dynamic_cast<zendria::StateDialog&>(shown);
+  std::string told;
+  InDialog<zendria::StateDialog>("estadoEvaluacion", "estado", [&](auto& dialog) {
     auto* const section = Child(dialog.Tree().topLevelItem(1), "3º ESO A");
     section->setExpanded(true);
     ReadNotice(told);
@@ -102,8 +99,7 @@ TEST_F(StrayStudentsTest, WhatNoScreenFindsIsSaidAndTheTreeStays) {
     EXPECT_TRUE(dialog.Clock().isActive());
     dialog.reject();
   });
-  EXPECT_TRUE(told.startsWith("Ninguna pantalla de notas encuentra esta línea."))
-      << told.toStdString();
+  EXPECT_THAT(told, StartsWith("Ninguna pantalla de notas encuentra esta línea."));
 }
 
 TEST_F(StrayStudentsTest, EachRoleIsLedWhereItIsOfferedHim) {
