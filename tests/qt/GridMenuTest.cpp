@@ -24,7 +24,7 @@ class GridMenuTest : public PruebaTest {
   }
   static void AskOnCell(const qt::FormWindow& window, const char* grid, int row, int col) {
     const auto* table = Of<QTableView>(window, grid);
-    AskAt(*table->viewport(), table->visualRect(table->model()->index(row, col)).center());
+    AskAt(*table->viewport(), CellCentre(*table, row, col));
   }
   static QMenu* Opened() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
   static Texts Entries(const QMenu& menu) {
