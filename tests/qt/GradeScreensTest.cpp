@@ -8,9 +8,7 @@
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/BusySign.h"
 #include "platform/RuntimeError.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {

@@ -3,7 +3,6 @@
 #include <QPushButton>
 
 #include "adapters/qt/views/ControlView.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 
 namespace quorvane::test {

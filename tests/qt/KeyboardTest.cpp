@@ -6,9 +6,7 @@
 #include <stdexcept>
 
 #include "adapters/qt/views/ControlView.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -88,11 +86,6 @@ Gesture PickByKey(const std::string& combo, int index) {
   };
 }
 
-bool TakesKeys(const Control& control) {
-  const auto kind = control.Kind();
-  return kind != "Label" && kind != "Frame" && kind != "Animation" && control.Usable();
-}
-
 QRect PlaceOf(const qt::FormWindow& window, const std::string& control) {
   const auto* widget = window.Widget(control);
   return {widget->mapTo(&window, QPoint()), widget->size()};
@@ -113,7 +106,9 @@ void ExpectReachable(qt::FormWindow& window) {
   QApplication::setActiveWindow(&window);
   Names usable;
   for (const auto& view : window.Views())
-    if (TakesKeys(view->Model())) usable.push_back(view->Model().Name());
+    if (const auto kind = view->Model().Kind();
+        kind != "Label" && kind != "Frame" && kind != "Animation" && view->Model().Usable())
+      usable.push_back(view->Model().Name());
   GoTo(window, usable.front());
   const auto walk = TabWalk(window, true);
   EXPECT_THAT(walk, UnorderedElementsAreArray(usable)) << form;

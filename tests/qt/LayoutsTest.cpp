@@ -7,9 +7,7 @@
 #include <string>
 
 #include "adapters/qt/views/ControlView.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {

@@ -4,9 +4,7 @@
 #include <QTableView>
 
 #include "platform/RuntimeError.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {

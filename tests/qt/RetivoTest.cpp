@@ -186,6 +186,37 @@ const std::vector<Play> kListPlays{
            OnGrid(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier),
            HasKeyboard("msgRejilla")),
      {}},
+    {"TabGoesThroughATableInWhichNothingOpens",
+     Steps(
+         [](auto& window) {
+           FormOf(window).rtvNotas.Rows(1);
+           Of(window, "msgRejilla")->setFocus();
+         },
+         Key("msgRejilla", Qt::Key_Tab), HasKeyboard("rtvNotas"), kTab, HasKeyboard("cmdAceptar")),
+     {}},
+    {"TheWheelMovesNothingUnderAnOpenList",
+     Steps(
+         At(0, 1), InList("5"),
+         [](auto& window) {
+           const auto* table = Of<QTableView>(window, "rtvNotas");
+           const auto at = table->viewport()->rect().center();
+           QWheelEvent wheel(at, table->viewport()->mapToGlobal(at), {}, {0, -120}, {}, {},
+                             Qt::NoScrollPhase, false);
+           QApplication::sendEvent(table->viewport(), &wheel);
+           EXPECT_EQ(ListFilter(window)->text(), "5");
+         },
+         InList(Qt::Key_Return)),
+     {"inicio 1,1", "fin 3"}},
+    {"ACellThatOffersNothingOpensNoList",
+     Steps(
+         At(0, 1), InList(Qt::Key_Escape),
+         [](auto& window) {
+           auto& form = FormOf(window);
+           form.rtvNotas.InicioEdicion = [&form] { form.Log("nada"); };
+         },
+         At(1, 1), ListIs(false), OnGrid(Qt::Key_F2), OnGrid(Qt::Key_7), ListIs(false),
+         OnGrid(Qt::Key_Return), ListIs(false), IsVisible),
+     {"inicio 1,1", "nada", "nada", "nada"}},
     {"TheArrowKeysGoFromCellToCell",
      Steps(At(0, 0), OnGrid(Qt::Key_Right), OnGrid(Qt::Key_Down), StandsAt(1, 1)),
      {}},
@@ -194,15 +225,6 @@ const std::vector<Play> kListPlays{
 INSTANTIATE_TEST_SUITE_P(Retivo, PlayTest, ::testing::ValuesIn(kListPlays), NameOfPlay);
 
 using RetivoTest = PruebaTest;
-
-TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
-  const auto offerNothing = [this](auto&) {
-    form->rtvNotas.InicioEdicion = [this] { form->Log("nada"); };
-  };
-  Run(At(0, 1), InList(Qt::Key_Escape), offerNothing, At(1, 1), ListIs(false), OnGrid(Qt::Key_F2),
-      OnGrid(Qt::Key_7), ListIs(false), OnGrid(Qt::Key_Return), ListIs(false), IsVisible);
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "nada", "nada", "nada"));
-}
 
 // While the cell still shows what it did: a host that keeps what is typed needs both.
 TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
@@ -244,25 +266,6 @@ TEST_F(RetivoTest, TheOpenListLiesInTheWindowAndItsCellStaysInSight) {
       }
     }
   });
-}
-
-TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
-  const auto turnWheel = [](auto& window) {
-    const auto* table = Of<QTableView>(window, "rtvNotas");
-    const auto at = table->viewport()->rect().center();
-    QWheelEvent wheel(at, table->viewport()->mapToGlobal(at), {}, {0, -120}, {}, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(table->viewport(), &wheel);
-    EXPECT_EQ(ListFilter(window)->text(), "5");
-  };
-  Run(At(0, 1), InList("5"), turnWheel, InList(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
-}
-
-TEST_F(RetivoTest, TabGoesThroughATableInWhichNothingOpens) {
-  form->rtvNotas.Rows(1);
-  Run([](auto& window) { Of(window, "msgRejilla")->setFocus(); }, Key("msgRejilla", Qt::Key_Tab),
-      HasKeyboard("rtvNotas"), OnGrid(Qt::Key_Tab), HasKeyboard("cmdAceptar"));
 }
 
 // The grid is drawn with columns alone to drag: no border of a row can be taken hold of.

@@ -3,9 +3,7 @@
 #include <optional>
 
 #include "platform/controls/ComboBox.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/ventana/SavedGrades.h"
 

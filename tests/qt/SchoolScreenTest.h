@@ -7,6 +7,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "tests/qt/Hands.h"
 #include "tests/qt/ScreenTest.h"
+#include "tests/support/Matchers.h"
 #include "tests/support/TestSchool.h"
 
 namespace quorvane::test {

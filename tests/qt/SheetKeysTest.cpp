@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QTableView>
@@ -152,6 +151,24 @@ const std::vector<Play> kSheetPlays{
      {"inicio 1,1", "fin 3", "inicio 2,1", "fin 1"},
      {"Una casilla se ha quedado como estaba:\n\nFila 2, columna "
       "«Materia»: «Francés» no se puede poner en esa casilla."}},
+    // The number is the one that the user counts.
+    {"AColumnOutOfSightTakesNoText",
+     Steps([](auto& window) { FormOf(window).rtvNotas.ColWidth(1, 0); },
+           OnClipboard("Lengua\t5\tx\n"), On(0, 0), kPaste, Column(1, {"", "", "", "", "", ""}),
+           Column(2, {"5", "", "", "", "", ""})),
+     {"inicio 1,2", "fin 3"},
+     {"Una casilla se ha quedado como estaba:\n\nFila 1 (Lengua), "
+      "columna 3: «x» queda fuera de la tabla."}},
+    {"ASelectionBeginsWhereTheFormHasGone",
+     Steps(
+         [](auto& window) {
+           auto& form = FormOf(window);
+           form.cmdPagina.Click = [&form] { form.rtvNotas.Row(4); };
+         },
+         OnClipboard("5\n"), On(0, 1), kEnter, "cmdPagina", StandsAt(3, 1),
+         [](auto& window) { Of(window, "rtvNotas")->setFocus(); }, kExtend, kPaste,
+         Column(1, {"", "", "", "5", "5", ""})),
+     {"inicio 4,1", "fin 3", "inicio 5,1", "fin 3"}},
     {"OneTextIsPastedIntoAllThatIsSelected",
      Steps(OnClipboard("5\n"), DragFromTo(1, 1, 2, 2), kPaste,
            Column(1, {"", "5", "5", "", "", ""}), Column(2, {"", "5", "5", "", "", ""})),
@@ -247,14 +264,6 @@ TEST_F(SheetKeysTest, GoingBackSelectsTheCellAlone) {
       StandsAt(1, 1), held(Qt::Key_Backtab), one, StandsAt(0, 2));
 }
 
-TEST_F(SheetKeysTest, ASelectionBeginsWhereTheFormHasGone) {
-  form->cmdPagina.Click = [this] { form->rtvNotas.Row(4); };
-  Run(
-      OnClipboard("5\n"), On(0, 1), kEnter, "cmdPagina", StandsAt(3, 1),
-      [](auto& window) { Of(window, "rtvNotas")->setFocus(); }, kExtend, kPaste,
-      Column(1, {"", "", "", "5", "5", ""}));
-}
-
 TEST_F(SheetKeysTest, APastedColumnIsPutInByEdits) {
   screen.EditEnding = [this](const Form&, const Retivo& grid, int entry) {
     form->Log("anfitrión " + std::to_string(grid.Row()) + " " + std::to_string(entry));
@@ -264,15 +273,6 @@ TEST_F(SheetKeysTest, APastedColumnIsPutInByEdits) {
   EXPECT_THAT(seen, ElementsAre("inicio 2,1", "anfitrión 2 3", "fin 3", "inicio 3,1",
                                 "anfitrión 3 4", "fin 4", "inicio 4,1", "anfitrión 4 1", "fin 1"));
   EXPECT_THAT(messages, IsEmpty());
-}
-
-TEST_F(SheetKeysTest, AColumnOutOfSightTakesNoText) {
-  form->rtvNotas.ColWidth(1, 0);
-  Run(OnClipboard("5\t1\n"), On(0, 0), OnClipboard("Lengua\t5\tx\n"), kPaste,
-      Column(1, {"", "", "", "", "", ""}), Column(2, {"5", "", "", "", "", ""}));
-  // The number is the one that the user counts.
-  EXPECT_THAT(messages, ElementsAre("Una casilla se ha quedado como estaba:\n\nFila 1 (Lengua), "
-                                    "columna 3: «x» queda fuera de la tabla."));
 }
 
 TEST_F(SheetKeysTest, ACellThatItsEditClosesIsLeftAsItWas) {

@@ -1,10 +1,8 @@
 #include <QScreen>
 
 #include "adapters/qt/views/Units.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/qt/frmPrueba.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {

@@ -1,5 +1,4 @@
 #include <QElapsedTimer>
-#include <QGroupBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -10,7 +9,6 @@
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/BusySign.h"
 #include "tests/qt/PruebaTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {

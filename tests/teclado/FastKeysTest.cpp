@@ -5,10 +5,8 @@
 #include <vector>
 
 #include "adapters/qt/views/ControlView.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/support/BusyCores.h"
-#include "tests/support/Matchers.h"
 #include "tests/teclado/Hasty.h"
 
 namespace quorvane::test {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QAbstractButton>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -12,6 +11,7 @@
 #include <QString>
 #include <QTabBar>
 #include <QTableView>
+#include <QWidget>
 #include <QWindow>
 #include <array>
 #include <optional>
@@ -24,8 +24,6 @@
 #include "tests/ventana/Keys.h"
 #include "tests/ventana/OpenList.h"
 #include "tests/ventana/ShownGrades.h"
-
-class QWidget;
 
 namespace quorvane::test {
 

@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QObject>
-#include <QTableView>
 #include <QTimer>
 #include <QWindow>
 #include <functional>
