@@ -71,14 +71,7 @@ const std::vector<Play> kGridPlays{
 
 INSTANTIATE_TEST_SUITE_P(Grids, PlayTest, ::testing::ValuesIn(kGridPlays), NameOfPlay);
 
-class GridsTest : public PruebaTest {
- protected:
-  /// More rows than fit; the button brings one of them to the top.
-  void Lengthen() {
-    for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
-    form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
-  }
-};
+using GridsTest = PruebaTest;
 
 TEST_F(GridsTest, AGridWithoutFixedRowShowsNoHeading) {
   form->msgRejilla.FixedRows(0);
@@ -201,16 +194,13 @@ TEST_F(GridsTest, PaintingWhileTheGridIsBeingRebuiltShowsTheOldCells) {
   Run("cmdPagina", HasText(0, "Nueva"));
 }
 
-TEST_F(GridsTest, TopRowBringsARowIntoSight) {
-  Lengthen();
-  Run("cmdPagina", IsOnTop(39));
-}
-
-TEST_F(GridsTest, TopRowSetAgainBringsTheRowBackThatTheUserScrolledAwayFrom) {
-  Lengthen();
+TEST_F(GridsTest, TopRowBringsARowIntoSightAndBackOnceTheUserHasScrolledAway) {
+  for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
+  form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
   const auto scroll = [](auto& window) { Table(window).verticalScrollBar()->setValue(3); };
   // What another control does moves nothing.
-  Run("cmdPagina", scroll, IsOnTop(3), "chkTodo", IsOnTop(3), "cmdPagina", IsOnTop(39));
+  Run("cmdPagina", IsOnTop(39), scroll, IsOnTop(3), "chkTodo", IsOnTop(3), "cmdPagina",
+      IsOnTop(39));
 }
 
 }  // namespace

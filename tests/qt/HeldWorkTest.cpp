@@ -77,12 +77,5 @@ TEST_F(HeldWorkTest, ATeacherWhoIsLeftAsHeIsMarksNothing) {
              "cmdAceptar", Steps("cmdNProfesor", "cmdAceptar"));
 }
 
-TEST_F(HeldWorkTest, ASmallDialogKeepsItsKeys) {
-  Then(Pick("cboTEnsenanza", 0), Pick("cboCurso", 2), Pick("cboSeccion", 0),
-       Key("cboSeccion", Qt::Key_Return));
-  Then("cmdCancelar");
-  OpenNode(kRegister);
-}
-
 }  // namespace
 }  // namespace quorvane::test
