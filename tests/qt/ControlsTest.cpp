@@ -1,6 +1,5 @@
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -18,24 +17,102 @@
 namespace quorvane::test {
 namespace {
 
-using ControlsTest = PruebaTest;
 using Modifiers = Qt::KeyboardModifiers;
 
-TEST_F(ControlsTest, PickingAnEntrySelectsItAndClicks) {
-  Run(Pick("cboCurso", "Segundo"));
-  EXPECT_THAT(seen, ElementsAre("curso 1"));
-  EXPECT_EQ(form->cboCurso.ListIndex(), 1);
+Gesture Counts(const std::string& list, int entries) {
+  return [=](auto& window) { EXPECT_EQ(Of<QListWidget>(window, list)->count(), entries); };
 }
 
-TEST_F(ControlsTest, PickingTheEntryThatStandsClicksAgain) {
-  Run(Pick("cboCurso", 2), Pick("cboCurso", 2));
-  EXPECT_THAT(seen, ElementsAre("curso 2", "curso 2"));
+QComboBox& Box(const qt::FormWindow& window) { return *Of<QComboBox>(window, "cboCurso"); }
+
+void OpenList(const qt::FormWindow& window) { Box(window).showPopup(); }
+
+void IsClosed(const qt::FormWindow& window) { EXPECT_FALSE(Box(window).view()->isVisible()); }
+
+/// A key that comes while the list of the box is open: it is announced, and then comes, each time
+/// to the list unless that is closed by then.
+Gesture PressInBox(Qt::Key key) {
+  return [key](auto& window) {
+    auto& box = Box(window);
+    for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
+      QKeyEvent event(type, key, Qt::NoModifier);
+      const auto open = box.view()->isVisible();
+      QApplication::sendEvent(open ? static_cast<QWidget*>(box.view()) : &box, &event);
+    }
+  };
 }
 
-TEST_F(ControlsTest, TheKeyboardWalksAComboAndFindsByLetter) {
-  Run(Key("cboCurso", Qt::Key_Down), Type("cboCurso", "t"));
-  EXPECT_THAT(seen, ElementsAre("curso 0", "curso 2"));
-}
+const std::vector<Play> kControlPlays{
+    {"PickingAnEntrySelectsItAndClicks",
+     Steps(Pick("cboCurso", "Segundo"),
+           [](auto& window) { EXPECT_EQ(FormOf(window).cboCurso.ListIndex(), 1); }),
+     {"curso 1"}},
+    {"PickingTheEntryThatStandsClicksAgain",
+     Steps(Pick("cboCurso", 2), Pick("cboCurso", 2)),
+     {"curso 2", "curso 2"}},
+    {"TheKeyboardWalksAComboAndFindsByLetter",
+     Steps(Key("cboCurso", Qt::Key_Down), Type("cboCurso", "t")),
+     {"curso 0", "curso 2"}},
+    {"TheKeyThatPicksAnEntryOfAnOpenListIsNoKeyForTheForm",
+     Steps(
+         OpenList,
+         [](auto& window) {
+           Box(window).view()->setCurrentIndex(Box(window).model()->index(1, 0));
+         },
+         PressInBox(Qt::Key_Return), IsClosed, Key("cboCurso", Qt::Key_Down)),
+     {"curso 1", "curso 2"}},
+    {"TheKeyThatGivesItUpIsNoKeyForTheForm",
+     Steps(OpenList, PressInBox(Qt::Key_Escape), IsClosed),
+     {}},
+    {"AListThatHasClosedTakesNoKeyThatWasOnItsWay",
+     Steps(OpenList, PressInBox(Qt::Key_Return),
+           [](auto& window) {
+             QKeyEvent late(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier);
+             QApplication::sendEvent(Box(window).view(), &late);
+           }),
+     {"curso 0"}},
+    {"ACheckBoxFollowsTheMouseAndTheBlank",
+     Steps(Key("chkTodo", Qt::Key_Space), Key("chkTodo", Qt::Key_Space), ClickSquare("chkTodo")),
+     {"todo 1", "todo 0", "todo 1"}},
+    {"ATextBoxOffersEachKeyToTheFormFirst",
+     Steps(Type("txtTexto", "1a2"), Key("txtTexto", Qt::Key_Backspace),
+           [](auto& window) { EXPECT_EQ(Of<QLineEdit>(window, "txtTexto")->text(), "1"); }),
+     {"texto 1", "texto 12", "texto 1"}},
+    {"ADualListMovesByDoubleClickAndByEnter",
+     Steps(DoubleClickCell("lstLista(0)", 1), Type("lstLista(0)", "ca"),
+           Key("lstLista(0)", Qt::Key_Return), Counts("lstLista(0)", 1), Counts("lstLista(1)", 2)),
+     {"doble 0 Bueno, Luis", "doble 0 Castro, Eva"}},
+    {"NothingIsSelectedInAListUntilTheUserDoes",
+     [](auto& window) {
+       Of(window, "lstLista(0)")->setFocus();
+       EXPECT_THAT(Of<QListWidget>(window, "lstLista(0)")->selectedItems(), IsEmpty());
+       EXPECT_EQ(FormOf(window).lstLista[0].ListIndex(), -1);
+     },
+     {}},
+    {"ATabIsSelectedAndPressedAgain",
+     Steps(ClickTab("tabPaginas", 1), ClickTab("tabPaginas", 1)),
+     {"pestana 2", "pestana 2"}},
+    {"AFrameOverATabStripIsInReach",
+     Steps(
+         [](auto& window) {
+           const auto* button = Of(window, "cmdPagina");
+           EXPECT_EQ(window.childAt(button->mapTo(&window, button->rect().center())), button);
+         },
+         "cmdPagina"),
+     {"pagina"}},
+    {"ALabelNamesTheControlOnItsRight",
+     [](auto& window) {
+       EXPECT_EQ(Of<QLabel>(window, "lblCurso")->buddy(), Of(window, "cboCurso"));
+       EXPECT_EQ(Of<QLabel>(window, "lblTexto")->buddy(), Of(window, "txtTexto"));
+     },
+     {}},
+};
+
+TEST_P(PlayTest, IsHeardOf) { Run(GetParam()); }
+
+INSTANTIATE_TEST_SUITE_P(Controls, PlayTest, ::testing::ValuesIn(kControlPlays), NameOfPlay);
+
+using ControlsTest = PruebaTest;
 
 TEST_F(ControlsTest, TheWheelOverAClosedListChoosesNothing) {
   Run([](qt::FormWindow& window) {
@@ -55,52 +132,9 @@ TEST_F(ControlsTest, AComboShowsWhatAHandlerMakesOfIt) {
     form->cboCurso.AddItem("Nuevo");
   };
   Run(Pick("cboCurso", 1), [](const qt::FormWindow& window) {
-    const auto* box = Of<QComboBox>(window, "cboCurso");
-    EXPECT_EQ(box->count(), 1);
-    EXPECT_EQ(box->currentIndex(), -1);
+    EXPECT_EQ(Box(window).count(), 1);
+    EXPECT_EQ(Box(window).currentIndex(), -1);
   });
-}
-
-class OpenComboTest : public PruebaTest {
- protected:
-  static QComboBox& Box(const qt::FormWindow& window) { return *Of<QComboBox>(window, "cboCurso"); }
-  static void OpenList(const qt::FormWindow& window) { Box(window).showPopup(); }
-  static void ExpectClosed(const qt::FormWindow& window) {
-    EXPECT_FALSE(Box(window).view()->isVisible());
-  }
-  /// A key that comes while the list of the box is open: it is announced, and then comes, each time
-  /// to the list unless that is closed by then.
-  static Gesture Press(Qt::Key key) {
-    return [key](const qt::FormWindow& window) {
-      auto& box = Box(window);
-      for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
-        QKeyEvent event(type, key, Qt::NoModifier);
-        const auto open = box.view()->isVisible();
-        QApplication::sendEvent(open ? static_cast<QWidget*>(box.view()) : &box, &event);
-      }
-    };
-  }
-};
-
-TEST_F(OpenComboTest, TheKeyThatPicksAnEntryIsNoKeyForTheForm) {
-  const auto mark = [](const qt::FormWindow& window) {
-    Box(window).view()->setCurrentIndex(Box(window).model()->index(1, 0));
-  };
-  Run(OpenList, mark, Press(Qt::Key_Return), ExpectClosed, Key("cboCurso", Qt::Key_Down));
-  EXPECT_THAT(seen, ElementsAre("curso 1", "curso 2"));
-}
-
-TEST_F(OpenComboTest, TheKeyThatGivesItUpIsNoKeyForTheForm) {
-  Run(OpenList, Press(Qt::Key_Escape), ExpectClosed);
-  EXPECT_THAT(seen, IsEmpty());
-}
-
-TEST_F(OpenComboTest, AListThatHasClosedTakesNoKeyThatWasOnItsWay) {
-  Run(OpenList, Press(Qt::Key_Return), [](const qt::FormWindow& window) {
-    QKeyEvent late(QEvent::ShortcutOverride, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(Box(window).view(), &late);
-  });
-  EXPECT_THAT(seen, ElementsAre("curso 0"));
 }
 
 TEST_F(ControlsTest, ADisabledControlTakesNoGesture) {
@@ -116,31 +150,10 @@ TEST_F(ControlsTest, AControlOnAHiddenFrameIsNotSeen) {
   Run([](auto& window) { EXPECT_FALSE(Of(window, "cmdPagina")->isVisible()); });
 }
 
-TEST_F(ControlsTest, ACheckBoxFollowsTheMouseAndTheBlank) {
-  Run(Key("chkTodo", Qt::Key_Space), Key("chkTodo", Qt::Key_Space), ClickSquare("chkTodo"));
-  EXPECT_THAT(seen, ElementsAre("todo 1", "todo 0", "todo 1"));
-}
-
-TEST_F(ControlsTest, ATextBoxOffersEachKeyToTheFormFirst) {
-  Run(Type("txtTexto", "1a2"), Key("txtTexto", Qt::Key_Backspace),
-      [](auto& window) { EXPECT_EQ(Of<QLineEdit>(window, "txtTexto")->text(), "1"); });
-  EXPECT_THAT(seen, ElementsAre("texto 1", "texto 12", "texto 1"));
-}
-
 TEST_F(ControlsTest, AKeyThatTheFormChangesIsTypedAsThat) {
   form->txtTexto.KeyPress = [](int& key) { key = key == 'a' ? 'A' : key; };
   Run(Type("txtTexto", "ab"));
   EXPECT_THAT(seen, ElementsAre("texto A", "texto Ab"));
-}
-
-TEST_F(ControlsTest, ADualListMovesByDoubleClickAndByEnter) {
-  Run([](auto& window) { DoubleClickEntry(window, "lstLista(0)", 1); }, Type("lstLista(0)", "ca"),
-      Key("lstLista(0)", Qt::Key_Return),
-      [](auto& window) {
-        EXPECT_EQ(Of<QListWidget>(window, "lstLista(0)")->count(), 1);
-        EXPECT_EQ(Of<QListWidget>(window, "lstLista(1)")->count(), 2);
-      });
-  EXPECT_THAT(seen, ElementsAre("doble 0 Bueno, Luis", "doble 0 Castro, Eva"));
 }
 
 // The next Enter of somebody who moves entries must not end the dialog.
@@ -151,22 +164,22 @@ TEST_F(ControlsTest, EnterStaysInADualListAlsoWithNothingToMove) {
       for (const Modifiers with :
            {Modifiers(), Modifiers(Qt::ShiftModifier), Modifiers(Qt::ControlModifier),
             Modifiers(Qt::AltModifier), Modifiers(Qt::KeypadModifier)})
-        Key(window, "lstLista(0)", key, with);
+        Key("lstLista(0)", key, with)(window);
     EXPECT_EQ(list->count(), 3) << "none is selected";
     for (const auto& [key, with] : {std::pair(Qt::Key_Return, Modifiers()),
                                     std::pair(Qt::Key_Enter, Modifiers(Qt::KeypadModifier)),
                                     std::pair(Qt::Key_Return, Modifiers(Qt::ShiftModifier))}) {
-      Key(window, "lstLista(0)", Qt::Key_Home);
+      Key("lstLista(0)", Qt::Key_Home)(window);
       list->setCurrentRow(0);
       const auto before = list->count();
-      Key(window, "lstLista(0)", key, with);
+      Key("lstLista(0)", key, with)(window);
       EXPECT_EQ(list->count(), before - 1);
       EXPECT_TRUE(list->hasFocus());
-      Key(window, "lstLista(0)", key, with);
+      Key("lstLista(0)", key, with)(window);
       EXPECT_EQ(list->count(), before - 1) << "what took its place isn't selected";
     }
     ASSERT_EQ(list->count(), 0);
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) Key(window, "lstLista(0)", key);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) Key("lstLista(0)", key)(window);
     EXPECT_TRUE(list->hasFocus());
     EXPECT_TRUE(form->Visible());
   });
@@ -180,35 +193,6 @@ TEST_F(ControlsTest, EnterOnAListWithoutADoubleClickIsTheDefaultButtons) {
   Then([this](auto&) { form->log.clear(); }, Key("lstLista(1)", Qt::Key_Return));
   form->ShowModal();
   EXPECT_THAT(form->log, ElementsAre("aceptar", "descarga"));
-}
-
-TEST_F(ControlsTest, NothingIsSelectedInAListUntilTheUserDoes) {
-  Run([](auto& window) {
-    Of(window, "lstLista(0)")->setFocus();
-    EXPECT_THAT(Of<QListWidget>(window, "lstLista(0)")->selectedItems(), IsEmpty());
-  });
-  EXPECT_EQ(form->lstLista[0].ListIndex(), -1);
-}
-
-TEST_F(ControlsTest, ATabIsSelectedAndPressedAgain) {
-  Run(ClickTab("tabPaginas", 1), ClickTab("tabPaginas", 1));
-  EXPECT_THAT(seen, ElementsAre("pestana 2", "pestana 2"));
-}
-
-TEST_F(ControlsTest, AFrameOverATabStripIsInReach) {
-  const auto isOnTop = [](qt::FormWindow& window) {
-    const auto* button = Of(window, "cmdPagina");
-    EXPECT_EQ(window.childAt(button->mapTo(&window, button->rect().center())), button);
-  };
-  Run(isOnTop, "cmdPagina");
-  EXPECT_THAT(seen, ElementsAre("pagina"));
-}
-
-TEST_F(ControlsTest, ALabelNamesTheControlOnItsRight) {
-  Run([](auto& window) {
-    EXPECT_EQ(Of<QLabel>(window, "lblCurso")->buddy(), Of(window, "cboCurso"));
-    EXPECT_EQ(Of<QLabel>(window, "lblTexto")->buddy(), Of(window, "txtTexto"));
-  });
 }
 
 TEST_F(ControlsTest, TabFollowsTheOrderOfTheForm) {
@@ -225,8 +209,7 @@ TEST_F(ControlsTest, TabFollowsTheOrderOfTheForm) {
 
 TEST_F(ControlsTest, TheFormGivesTheKeyboard) {
   form->cboCurso.Click = [this] { form->txtTexto.SetFocus(); };
-  Run(Pick("cboCurso", 0),
-      [](auto& window) { EXPECT_EQ(window.focusWidget(), Of(window, "txtTexto")); });
+  Run(Pick("cboCurso", 0), HasKeyboard("txtTexto"));
   EXPECT_EQ(form->WantsFocus(), nullptr);
 }
 

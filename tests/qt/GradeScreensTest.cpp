@@ -1,30 +1,26 @@
+#include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QTableView>
 
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/BusySign.h"
 #include "platform/RuntimeError.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-constexpr std::uint8_t kByStudent = 124;
+constexpr const char* kGrades = "rtvNotasAlumno";
 
 /// The grades of section 5 (3º ESO A) of the sample school, entered as its head does.
 class GradeScreensTest : public SchoolScreenTest {
  protected:
-  /// Step one, those gestures in step two, and out of step one to which the form comes back.
   template <class... Gestures>
-  void InStepTwo(Gestures... gestures) {
-    Then(ChooseGradesOfTheSecond);
-    Then(gestures...);
-    Then("cmdNotaManual1(1)");
-    OpenNode(kByStudent);
+  void Enter(Gestures... gestures) {
+    InStepTwo(kByStudent, kSecond, gestures...);
   }
   [[nodiscard]] std::size_t Publications() const {
     return school.Rows("SELECT * FROM PublicacionPte").size();
@@ -34,18 +30,18 @@ class GradeScreensTest : public SchoolScreenTest {
 };
 
 TEST_F(GradeScreensTest, AGradeIsChosenFromItsListAndSaved) {
-  Then(ChooseGradesOfTheSecond);
   const auto choose = [](auto& window) {
     EXPECT_EQ(window.windowTitle(), "Introducción de notas. Paso 2 de 2");
-    ClickCell(window, "rtvNotasAlumno", 0, 1);
+    ClickCell(kGrades, 0, 1)(window);
     QTest::keyClicks(ListFilter(window), "9");
     QTest::keyClick(ListFilter(window), Qt::Key_Return);
-    EXPECT_EQ(CellText(window, "rtvNotasAlumno", 0, 1), "9");
+    EXPECT_EQ(CellText(window, kGrades, 0, 1), "9");
   };
-  Then(choose, "cmdAceptar");
   const auto isStepOne = [](auto& window) {
     EXPECT_EQ(Of<QComboBox>(window, "cboCursos")->currentText(), "3º ESO");
   };
+  Then(ChooseGrades(kSecond));
+  Then(choose, "cmdAceptar");
   Then(isStepOne, "cmdNotaManual1(1)");
   OpenNode(kByStudent);
   EXPECT_THAT(messages, IsEmpty());
@@ -64,8 +60,8 @@ TEST_F(GradeScreensTest, TheArrowKeysGoFromStudentToStudentWhereverTheKeyboardIs
       EXPECT_EQ(students->currentIndex(), student);
     };
   };
-  InStepTwo(isOn(0), Key("rtvNotasAlumno", Qt::Key_Down), isOn(1), Key("cmdAceptar", Qt::Key_Up),
-            isOn(0), "cmdSiguiente", isOn(1), "cmdCancelar");
+  Enter(isOn(0), Key(kGrades, Qt::Key_Down), isOn(1), Key("cmdAceptar", Qt::Key_Up), isOn(0),
+        "cmdSiguiente", isOn(1), "cmdCancelar");
 }
 
 TEST_F(GradeScreensTest, AWindowMadeTooSmallGoesBackToItsLeastMeasures) {
@@ -77,7 +73,7 @@ TEST_F(GradeScreensTest, AWindowMadeTooSmallGoesBackToItsLeastMeasures) {
     EXPECT_EQ(window.size(), QSize(1000, 700));
     EXPECT_LT(1000 - Of(window, "cmdCancelar")->geometry().right(), 30);
   };
-  InStepTwo(resize, "cmdCancelar");
+  Enter(resize, "cmdCancelar");
 }
 
 TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
@@ -86,19 +82,18 @@ TEST_F(GradeScreensTest, TheBusyBoxStandsAloneWhileTheGradesAreSaved) {
     Saving([&window, &seen] {
       ++seen;
       EXPECT_TRUE(Of<qt::BusySign>(window, "aniCarga")->isVisible());
-      EXPECT_FALSE(Of(window, "rtvNotasAlumno")->isVisible());
+      EXPECT_FALSE(Of(window, kGrades)->isVisible());
       EXPECT_FALSE(Of(window, "cmdAceptar")->isVisible());
-      Click(window, "cmdCancelar");  // out of reach
+      Click("cmdCancelar")(window);  // out of reach
     });
   };
-  InStepTwo(lookWhileSaving, "cmdAceptar");
+  Enter(lookWhileSaving, "cmdAceptar");
   EXPECT_GT(seen, 0);
 }
 
 TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndStepOneComesBackAsItWas) {
-  Then(ChooseGradesOfTheSecond);
-  Then([this](auto&) { EXPECT_EQ(Publications(), before + 1); },
-       [](auto& window) { window.close(); });
+  Then(ChooseGrades(kSecond));
+  Then([this](auto&) { EXPECT_EQ(Publications(), before + 1); }, Close);
   Then([this](auto& window) {
     EXPECT_EQ(window.Model().Name(), "frmNotaManual1");
     EXPECT_EQ(Publications(), before);
@@ -106,14 +101,64 @@ TEST_F(GradeScreensTest, TheXGivesTheLocksBackAndStepOneComesBackAsItWas) {
     window.close();
   });
   OpenNode(kByStudent);
-  ExpectDone();
 }
 
 TEST_F(GradeScreensTest, AFailureWhileLoadingLeavesNoWindow) {
   school.Sql("DROP TABLE TipoNota");
-  Then(ChooseGradesOfTheSecond);
+  Then(ChooseGrades(kSecond));
   EXPECT_THROW(OpenNode(kByStudent), RuntimeError);
   ExpectDone();
+}
+
+/// A column of grades as it comes from a spreadsheet.
+class PasteGradesTest : public SchoolScreenTest {
+ protected:
+  /// So many more students of 3º ESO A, who all have that subject pending.
+  void FillTheClass(int students) const {
+    const auto many = "WITH RECURSIVE N(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM N WHERE n<" +
+                      std::to_string(students) + ") SELECT ";
+    school.Sql(
+        "DELETE FROM AlumnoPte_MatDet WHERE CodMatDet=20;"
+        "INSERT INTO Alumno(IDAlumno,Nombre,Apellido_1,Apellido_2,CodSeccion,OrdenSeccion,"
+        "Anticipado,FechaBaja) " +
+        many + "5000+n,'Ana','Apellido '||printf('%03d',n),'',5,100+n,0,'' FROM N;" +
+        "INSERT INTO Seccion_Alumno " + many + "5,5000+n FROM N;" +
+        "INSERT INTO AlumnoPte_MatDet " + many + "5000+n,5000+n,20,1,0 FROM N;" +
+        "INSERT INTO EvaluacionPte " + many + "5000+n,5000+n,2,0,0,0,0,0,0,0 FROM N;");
+  }
+};
+
+TEST_F(PasteGradesTest, AHundredAndFiftyGradesArePastedAndSaved) {
+  static constexpr int kStudents = 150;
+  FillTheClass(kStudents);
+  std::vector<std::string> grades;
+  QString column;
+  for (int i = 0; i < kStudents; ++i) {
+    grades.push_back(std::to_string((i * 7 + 3) % 11));
+    column += QString::fromStdString(grades.back()) + "\r\n";
+  }
+  QGuiApplication::clipboard()->setText(column);
+  const auto paste = [&grades](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, kGrades);
+    for (int tries = 0; table->model()->rowCount() < kStudents && tries < 20; ++tries)
+      Click("cmdSiguiente")(window);
+    ASSERT_EQ(table->model()->rowCount(), kStudents);
+    StandOn(kGrades, 0, 1)(window);
+    QElapsedTimer clock;
+    clock.start();
+    Key(kGrades, Qt::Key_V, Qt::ControlModifier)(window);
+    RecordProperty("milliseconds", std::to_string(clock.elapsed()));
+    EXPECT_LT(clock.elapsed(), 10000);
+    for (int row = 0; row < kStudents; ++row)
+      ASSERT_EQ(CellText(window, kGrades, row, 1), grades[static_cast<std::size_t>(row)]);
+    EXPECT_TRUE(window.isWindowModified());
+  };
+  InStepTwo(kBySubject, kSecond, paste, "cmdAceptar");
+  EXPECT_THAT(messages, IsEmpty());
+  EXPECT_EQ(school.Rows("SELECT N.DescripcionCorta FROM EvaluacionPte E INNER JOIN Nota N ON "
+                        "N.IDNota=E.CodNota WHERE E.CodAlumnoPte_MatDet>5000 AND "
+                        "E.CodNumEvaluacion=2 ORDER BY E.CodAlumnoPte_MatDet"),
+            grades);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QTableView>
+#include <stdexcept>
 
 #include "tests/qt/PruebaTest.h"
 
@@ -24,21 +25,25 @@ class GridMenuTest : public PruebaTest {
   }
   static void AskOnCell(const qt::FormWindow& window, const char* grid, int row, int col) {
     const auto* table = Of<QTableView>(window, grid);
-    AskAt(*table->viewport(), table->visualRect(table->model()->index(row, col)).center());
+    AskAt(*table->viewport(), CellCentre(*table, row, col));
   }
   static QMenu* Opened() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
-  static Texts Entries(const QMenu& menu) {
+  /// Fails the test when none is open.
+  static QMenu& Menu() {
+    if (Opened() == nullptr) throw std::logic_error("no menu is open");
+    return *Opened();
+  }
+  static Texts Entries() {
     Texts texts;
-    for (const auto* action : menu.actions())
+    for (const auto* action : Menu().actions())
       texts.push_back(action->text().section('\t', 0, 0).toStdString());
     return texts;
   }
   static void Choose(const std::string& entry) {
-    for (auto* action : Opened()->actions())
+    for (auto* action : Menu().actions())
       if (action->text().section('\t', 0, 0).toStdString() == entry) {
-        Opened()->setActiveAction(action);
-        QTest::keyClick(Opened(), Qt::Key_Return);
-        return;
+        Menu().setActiveAction(action);
+        return QTest::keyClick(Opened(), Qt::Key_Return);
       }
     throw std::logic_error("no " + entry);
   }
@@ -48,8 +53,7 @@ class GridMenuTest : public PruebaTest {
 TEST_F(GridMenuTest, CopiesTheRowThatWasChosenOrTheWholeTableWithItsHeadings) {
   Run([](qt::FormWindow& window) {
     AskOnCell(window, "msgRejilla", 1, 0);
-    ASSERT_NE(Opened(), nullptr);
-    EXPECT_THAT(Entries(*Opened()), ElementsAre("Copiar", "Copiar la tabla entera"));
+    EXPECT_THAT(Entries(), ElementsAre("Copiar", "Copiar la tabla entera"));
     Choose("Copiar");
     EXPECT_EQ(Clipboard(), "Matemáticas (1º ESO)\tX\t\n");
     AskOnCell(window, "msgRejilla", 1, 0);
@@ -65,8 +69,7 @@ TEST_F(GridMenuTest, TheMenuKeyOpensItToo) {
     auto* table = Of<QTableView>(window, "rtvNotas");
     QContextMenuEvent event(QContextMenuEvent::Keyboard, {1, 1}, table->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(table, &event);
-    ASSERT_NE(Opened(), nullptr);
-    Opened()->close();
+    Menu().close();
   });
 }
 
@@ -80,8 +83,7 @@ TEST_F(GridMenuTest, TheHostAddsWhatItCanDoWithAGridOrAList) {
     AskOnCell(window, "rtvNotas", 0, 0);
     Choose("Guardar");
     AskAt(*Of<QListWidget>(window, "lstLista(0)")->viewport(), {5, 5});
-    ASSERT_NE(Opened(), nullptr);
-    Opened()->close();
+    Menu().close();
   });
   EXPECT_THAT(asked, ElementsAre("frmPrueba rtvNotas", "guarda", "frmPrueba lstLista(0)"));
 }
@@ -98,8 +100,7 @@ TEST_F(GridMenuTest, FillsDownWhatIsSelectedRoundTheCellThatItIsAskedFor) {
   const auto extend = Key("rtvNotas", Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
   const auto fill = [](qt::FormWindow& window) {
     AskOnCell(window, "rtvNotas", 1, 1);
-    ASSERT_NE(Opened(), nullptr);
-    EXPECT_THAT(Entries(*Opened()),
+    EXPECT_THAT(Entries(),
                 ElementsAre("Copiar", "Copiar la tabla entera", "Pegar", "Rellenar hacia abajo"));
     Choose("Rellenar hacia abajo");
   };
@@ -120,10 +121,10 @@ TEST_F(GridMenuTest, PastesTheClipboard) {
     // What can't be done stands there in grey.
     QGuiApplication::clipboard()->clear();
     AskOnCell(window, "rtvNotas", 0, 0);
-    const auto actions = Opened()->actions();
+    const auto actions = Menu().actions();
     EXPECT_FALSE(actions[2]->isEnabled());
     EXPECT_FALSE(actions[3]->isEnabled());
-    Opened()->close();
+    Menu().close();
   });
 }
 

@@ -7,83 +7,76 @@
 namespace quorvane::test {
 namespace {
 
-class GridsTest : public PruebaTest {
- protected:
-  static QTableView& Table(const qt::FormWindow& window) {
-    return *Of<QTableView>(window, "msgRejilla");
-  }
-  /// So many rows below the heading.
-  static Gesture ExpectRows(int rows) {
-    return [rows](auto& window) { EXPECT_EQ(Table(window).model()->rowCount(), rows); };
-  }
-  static Gesture ExpectText(int row, const std::string& text) {
-    return [=](auto& window) { EXPECT_EQ(CellText(window, "msgRejilla", row, 0), text); };
-  }
-  static Gesture ExpectOnTop(int row) {
-    return [row](auto& window) { EXPECT_EQ(Table(window).rowAt(0), row); };
-  }
-  static Gesture Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
-    return Key("msgRejilla", key, with);
-  }
-  Gesture ExpectRow(int row) {
-    return [this, row](auto&) { EXPECT_EQ(form->msgRejilla.Row(), row); };
-  }
-  /// More rows than fit; the button brings one of them to the top.
-  void Lengthen() {
-    for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
-    form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
-  }
+QTableView& Table(const qt::FormWindow& window) { return *Of<QTableView>(window, "msgRejilla"); }
+
+/// So many rows below the heading.
+Gesture HasRows(int rows) {
+  return [=](auto& window) { EXPECT_EQ(Table(window).model()->rowCount(), rows); };
+}
+
+Gesture HasText(int row, const std::string& text) {
+  return [=](auto& window) { EXPECT_EQ(CellText(window, "msgRejilla", row), text); };
+}
+
+Gesture IsOnTop(int row) {
+  return [=](auto& window) { EXPECT_EQ(Table(window).rowAt(0), row); };
+}
+
+/// For the form, which counts the heading.
+Gesture IsOnRow(int row) {
+  return [=](auto& window) {
+    const auto& grid = FormOf(window).msgRejilla;
+    EXPECT_EQ(std::pair(grid.Row(), grid.RowSel()), std::pair(row, row));
+  };
+}
+
+const std::vector<Play> kGridPlays{
+    {"TheFixedRowIsTheHeading",
+     Steps(HasRows(3), HasText(1, "Matemáticas (1º ESO)"),
+           [](auto& window) {
+             EXPECT_EQ(Table(window).model()->headerData(1, Qt::Horizontal).toString(), "1ª Eval.");
+             EXPECT_TRUE(Table(window).horizontalHeader()->isVisible());
+           }),
+     {}},
+    {"AColumnOfWidth0IsHidden",
+     [](auto& window) {
+       EXPECT_TRUE(Table(window).isColumnHidden(3));
+       EXPECT_FALSE(Table(window).isColumnHidden(2));
+     },
+     {}},
+    {"MarksAreCentred",
+     [](auto& window) {
+       const auto cell = Table(window).model()->index(0, 1);
+       EXPECT_TRUE((cell.data(Qt::TextAlignmentRole).toInt() & Qt::AlignHCenter) != 0);
+     },
+     {}},
+    {"TheRowFollowsMouseAndKeyboard",
+     Steps(ClickCell("msgRejilla", 2), IsOnRow(3), Key("msgRejilla", Qt::Key_Up), IsOnRow(2),
+           Key("msgRejilla", Qt::Key_Home, Qt::ControlModifier), IsOnRow(1)),
+     {}},
+    {"TypingALetterFindsARow", Steps(Type("msgRejilla", "mú"), IsOnRow(3)), {}},
+    {"DoubleClickAndEnterAreAlike",
+     Steps(DoubleClickCell("msgRejilla", 1, 1), Key("msgRejilla", Qt::Key_Return)),
+     {"rejilla 2", "rejilla 2"}},
+    {"ADoubleClickBesideTheRowsIsOneOnTheGrid",
+     [](auto& window) {
+       const auto& table = Table(window);
+       const QPoint below(5, table.viewport()->height() - 2);
+       ASSERT_FALSE(table.indexAt(below).isValid());
+       QTest::mouseDClick(table.viewport(), Qt::RightButton, {}, below);
+       QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, below);
+     },
+     {"rejilla 1"}},
 };
 
-TEST_F(GridsTest, TheFixedRowIsTheHeading) {
-  Run(ExpectRows(3), ExpectText(1, "Matemáticas (1º ESO)"), [](auto& window) {
-    EXPECT_EQ(Table(window).model()->headerData(1, Qt::Horizontal).toString(), "1ª Eval.");
-    EXPECT_TRUE(Table(window).horizontalHeader()->isVisible());
-  });
-}
+INSTANTIATE_TEST_SUITE_P(Grids, PlayTest, ::testing::ValuesIn(kGridPlays), NameOfPlay);
+
+using GridsTest = PruebaTest;
 
 TEST_F(GridsTest, AGridWithoutFixedRowShowsNoHeading) {
   form->msgRejilla.FixedRows(0);
-  Run(ExpectRows(4),
+  Run(HasRows(4),
       [](auto& window) { EXPECT_FALSE(Table(window).horizontalHeader()->isVisible()); });
-}
-
-TEST_F(GridsTest, AColumnOfWidth0IsHidden) {
-  Run([](auto& window) {
-    EXPECT_TRUE(Table(window).isColumnHidden(3));
-    EXPECT_FALSE(Table(window).isColumnHidden(2));
-  });
-}
-
-TEST_F(GridsTest, MarksAreCentred) {
-  Run([](auto& window) {
-    const auto cell = Table(window).model()->index(0, 1);
-    EXPECT_TRUE((cell.data(Qt::TextAlignmentRole).toInt() & Qt::AlignHCenter) != 0);
-  });
-}
-
-TEST_F(GridsTest, TheRowFollowsMouseAndKeyboard) {
-  const auto expectSelected = [this](int row) {
-    return [this, row](auto&) { EXPECT_EQ(form->msgRejilla.RowSel(), row); };
-  };
-  Run(ClickCell("msgRejilla", 2, 0), expectSelected(3), Press(Qt::Key_Up), expectSelected(2),
-      Press(Qt::Key_Home, Qt::ControlModifier), ExpectRow(1));
-}
-
-TEST_F(GridsTest, DoubleClickAndEnterAreAlike) {
-  Run(DoubleClickCell("msgRejilla", 1, 1), Press(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("rejilla 2", "rejilla 2"));
-}
-
-TEST_F(GridsTest, ADoubleClickBesideTheRowsIsOneOnTheGrid) {
-  Run([](qt::FormWindow& window) {
-    auto* table = Of<QTableView>(window, "msgRejilla");
-    const QPoint below(5, table->viewport()->height() - 2);
-    ASSERT_FALSE(table->indexAt(below).isValid());
-    QTest::mouseDClick(table->viewport(), Qt::RightButton, {}, below);
-    QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, below);
-  });
-  EXPECT_THAT(seen, ElementsAre("rejilla 1"));
 }
 
 TEST_F(GridsTest, TheFirstColumnStaysInSightWhenTheGridIsScrolledToTheRight) {
@@ -171,7 +164,7 @@ TEST_F(GridsTest, TheTableFollowsTheGridsRow) {
     form->msgRejilla.RowPosition(1, 3);
     form->msgRejilla.Row(3);
   };
-  Run("cmdPagina", ExpectText(2, "Lengua (1º ESO)"),
+  Run("cmdPagina", HasText(2, "Lengua (1º ESO)"),
       [](auto& window) { EXPECT_EQ(Table(window).currentIndex().row(), 2); });
   EXPECT_THAT(seen, IsEmpty());
 }
@@ -185,7 +178,8 @@ TEST_F(GridsTest, AGridThatIsRebuiltAndEmptiedIsShownSo) {
     grid.FixedRows(0);
     grid.Rows(0);
   };
-  Run("cmdPagina", ExpectRows(0), Press(Qt::Key_Down), Press(Qt::Key_Up), ExpectRow(-1));
+  Run("cmdPagina", HasRows(0), Key("msgRejilla", Qt::Key_Down), Key("msgRejilla", Qt::Key_Up),
+      [this](auto&) { EXPECT_EQ(form->msgRejilla.Row(), -1); });
 }
 
 // What paints in the middle of a rebuild must not reach for rows that have gone.
@@ -197,22 +191,17 @@ TEST_F(GridsTest, PaintingWhileTheGridIsBeingRebuiltShowsTheOldCells) {
     screen.Pulse();
     form->msgRejilla.AddItem("Nueva");
   };
-  Run("cmdPagina", ExpectText(0, "Nueva"));
+  Run("cmdPagina", HasText(0, "Nueva"));
 }
 
-TEST_F(GridsTest, TopRowBringsARowIntoSight) {
-  Lengthen();
-  Run("cmdPagina", ExpectOnTop(39));
-}
-
-TEST_F(GridsTest, TopRowSetAgainBringsTheRowBackThatTheUserScrolledAwayFrom) {
-  Lengthen();
+TEST_F(GridsTest, TopRowBringsARowIntoSightAndBackOnceTheUserHasScrolledAway) {
+  for (int i = 0; i < 60; ++i) form->msgRejilla.AddItem("Materia " + std::to_string(i));
+  form->cmdPagina.Click = [this] { form->msgRejilla.TopRow(40); };
   const auto scroll = [](auto& window) { Table(window).verticalScrollBar()->setValue(3); };
   // What another control does moves nothing.
-  Run("cmdPagina", scroll, ExpectOnTop(3), "chkTodo", ExpectOnTop(3), "cmdPagina", ExpectOnTop(39));
+  Run("cmdPagina", IsOnTop(39), scroll, IsOnTop(3), "chkTodo", IsOnTop(3), "cmdPagina",
+      IsOnTop(39));
 }
-
-TEST_F(GridsTest, TypingALetterFindsARow) { Run(Type("msgRejilla", "mú"), ExpectRow(3)); }
 
 }  // namespace
 }  // namespace quorvane::test

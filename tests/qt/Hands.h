@@ -1,13 +1,16 @@
 #pragma once
 
+#include <QPoint>
 #include <QTest>
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <type_traits>
 
 #include "adapters/qt/window/FormWindow.h"
 
+class QAbstractItemView;
 class QLineEdit;
-class QTableView;
 
 namespace quorvane::qt {
 class RetivoEditor;
@@ -18,6 +21,9 @@ namespace quorvane::test {
 // What a user's hands do, with real mouse and key events. A control that isn't there fails the
 // test with an exception.
 
+/// What is done in a window that may come up later.
+using Gesture = std::function<void(qt::FormWindow&)>;
+
 /// The widget of that control.
 template <class W = QWidget>
 W* Of(const qt::FormWindow& window, const std::string& control) {
@@ -26,56 +32,51 @@ W* Of(const qt::FormWindow& window, const std::string& control) {
   return widget;
 }
 
-void Click(const qt::FormWindow& window, const std::string& control);
-void Key(const qt::FormWindow& window, const std::string& control, Qt::Key key,
-         Qt::KeyboardModifiers with = {});
-void Type(const qt::FormWindow& window, const std::string& control, const std::string& text);
+Gesture Click(const std::string& control);
+Gesture Key(const std::string& control, Qt::Key key, Qt::KeyboardModifiers with = {});
+Gesture Type(const std::string& control, const std::string& text);
+/// Presses a key where the keyboard is.
+Gesture Press(Qt::Key key, Qt::KeyboardModifiers with = {});
 
 /// Opens a combo box and picks the entry of that text with Enter.
-void Pick(const qt::FormWindow& window, const std::string& combo, const std::string& entry);
-void Pick(const qt::FormWindow& window, const std::string& combo, int index);
-/// Clicks an entry of a list.
-void ClickEntry(const qt::FormWindow& window, const std::string& list, int index);
-void DoubleClickEntry(const qt::FormWindow& window, const std::string& list, int index);
+Gesture Pick(const std::string& combo, const std::string& entry);
+Gesture Pick(const std::string& combo, int index);
+/// Clicks the tab of that place.
+Gesture ClickTab(const std::string& tabStrip, int index);
+/// Clicks the square of a check box, not its text.
+Gesture ClickSquare(const std::string& checkBox);
 
-/// Cells count from 0 below the headings.
-void ClickCell(const qt::FormWindow& window, const std::string& grid, int row, int col);
-void DoubleClickCell(const qt::FormWindow& window, const std::string& grid, int row, int col);
-std::string CellText(const qt::FormWindow& window, const std::string& grid, int row, int col);
+// Cells count from 0 below the headings; the entries of a list are the cells of its only column.
+
+Gesture ClickCell(const std::string& grid, int row, int col = 0);
+Gesture DoubleClickCell(const std::string& grid, int row, int col = 0);
+std::string CellText(const qt::FormWindow& window, const std::string& grid, int row, int col = 0);
+/// In its viewport.
+QPoint CellCentre(const QAbstractItemView& grid, int row, int col);
+/// The keyboard on that cell, whose list is closed.
+Gesture StandOn(const std::string& grid, int row, int col);
 
 /// The list that a cell has opened; null when none is open.
 qt::RetivoEditor* OpenedList(const qt::FormWindow& window);
 /// What narrows the open list; fails the test when none is open.
 QLineEdit* ListFilter(const qt::FormWindow& window);
+Gesture ListIs(bool open);
+Gesture HasKeyboard(const std::string& control);
+void IsVisible(const qt::FormWindow& window);
 
-// The same, laid out for a window that comes up later.
+/// As the user does by the X.
+inline void Close(qt::FormWindow& window) { window.close(); }
 
-using Gesture = std::function<void(qt::FormWindow&)>;
-
-inline Gesture Click(const std::string& control) {
-  return [=](qt::FormWindow& window) { Click(window, control); };
+/// One after the other; the name of a button clicks it.
+template <class... Gestures>
+Gesture Steps(Gestures... gestures) {
+  const auto make = [](qt::FormWindow& window, const auto& act) {
+    if constexpr (std::is_convertible_v<decltype(act), const char*>)
+      Click(act)(window);
+    else
+      act(window);
+  };
+  return [=](qt::FormWindow& window) { (make(window, gestures), ...); };
 }
-inline Gesture Key(const std::string& control, Qt::Key key, Qt::KeyboardModifiers with = {}) {
-  return [=](qt::FormWindow& window) { Key(window, control, key, with); };
-}
-inline Gesture Type(const std::string& control, const std::string& text) {
-  return [=](qt::FormWindow& window) { Type(window, control, text); };
-}
-inline Gesture Pick(const std::string& combo, const std::string& entry) {
-  return [=](qt::FormWindow& window) { Pick(window, combo, entry); };
-}
-inline Gesture Pick(const std::string& combo, int index) {
-  return [=](qt::FormWindow& window) { Pick(window, combo, index); };
-}
-inline Gesture ClickCell(const std::string& grid, int row, int col) {
-  return [=](qt::FormWindow& window) { ClickCell(window, grid, row, col); };
-}
-inline Gesture DoubleClickCell(const std::string& grid, int row, int col) {
-  return [=](qt::FormWindow& window) { DoubleClickCell(window, grid, row, col); };
-}
-/// Clicks the tab of that place.
-Gesture ClickTab(const std::string& tabStrip, int index);
-/// Clicks the square of a check box, not its text.
-Gesture ClickSquare(const std::string& checkBox);
 
 }  // namespace quorvane::test

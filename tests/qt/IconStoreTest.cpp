@@ -1,4 +1,3 @@
-#include <QDir>
 #include <QImage>
 #include <QPixmap>
 #include <QTemporaryDir>

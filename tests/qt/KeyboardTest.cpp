@@ -6,9 +6,7 @@
 #include <stdexcept>
 
 #include "adapters/qt/views/ControlView.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -36,25 +34,18 @@ std::string ControlWithKeyboard(const qt::FormWindow& window) {
   throw std::logic_error(window.Model().Name() + ": the keyboard is on no control");
 }
 
-/// Presses a key where the keyboard is.
-void PressIn(const qt::FormWindow& window, Qt::Key key, Qt::KeyboardModifiers with = {}) {
-  if (window.focusWidget() == nullptr)
-    throw std::logic_error(window.Model().Name() + ": nothing has the keyboard");
-  QTest::keyClick(window.focusWidget(), key, with);
-}
-
 /// On by Tab or back by Shift+Tab: with Ctrl out of a grid of grades, which keeps them.
-void PressTab(const qt::FormWindow& window, bool forward) {
+void PressTab(qt::FormWindow& window, bool forward) {
   Qt::KeyboardModifiers with = forward ? Qt::NoModifier : Qt::ShiftModifier;
   for (const auto& view : window.Views())
     if (view->Model().Kind() == "Retivo" &&
         KeyWidget(window, view->Model().Name()) == window.focusWidget())
       with |= Qt::ControlModifier;
-  PressIn(window, forward ? Qt::Key_Tab : Qt::Key_Backtab, with);
+  Press(forward ? Qt::Key_Tab : Qt::Key_Backtab, with)(window);
 }
 
 /// Goes there by Tab alone.
-void GoTo(const qt::FormWindow& window, const std::string& control) {
+void GoTo(qt::FormWindow& window, const std::string& control) {
   const auto* wanted = KeyWidget(window, control);
   for (int i = 0; i < kEnough; ++i) {
     if (window.focusWidget() == wanted) return;
@@ -65,7 +56,7 @@ void GoTo(const qt::FormWindow& window, const std::string& control) {
 
 /// The controls that Tab comes by, from the first until it is there again; backwards with
 /// Shift+Tab. Those that the keyboard rests on more than once in a row count once.
-Names TabWalk(const qt::FormWindow& window, bool forward) {
+Names TabWalk(qt::FormWindow& window, bool forward) {
   const auto* first = window.focusWidget();
   Names walk{ControlWithKeyboard(window)};
   for (int i = 0; i < kEnough; ++i) {
@@ -81,29 +72,18 @@ Names TabWalk(const qt::FormWindow& window, bool forward) {
 Gesture TabTo(const std::string& control) {
   return [=](auto& window) { GoTo(window, control); };
 }
-Gesture Press(Qt::Key key) {
-  return [=](auto& window) { PressIn(window, key); };
-}
 /// Goes to a button by Tab and presses the blank.
 Gesture PressButton(const std::string& button) {
-  return [=](auto& window) {
-    GoTo(window, button);
-    PressIn(window, Qt::Key_Space);
-  };
+  return Steps(TabTo(button), Press(Qt::Key_Space));
 }
 /// Goes to a combo box by Tab and down to the entry of that place.
 Gesture PickByKey(const std::string& combo, int index) {
   return [=](auto& window) {
     GoTo(window, combo);
     const auto* box = Of<QComboBox>(window, combo);
-    for (int i = 0; i < kEnough && box->currentIndex() < index; ++i) PressIn(window, Qt::Key_Down);
+    for (int i = 0; i < kEnough && box->currentIndex() < index; ++i) Press(Qt::Key_Down)(window);
     if (box->currentIndex() != index) throw std::logic_error("no such entry in " + combo);
   };
-}
-
-bool TakesKeys(const Control& control) {
-  const auto kind = control.Kind();
-  return kind != "Label" && kind != "Frame" && kind != "Animation" && control.Usable();
 }
 
 QRect PlaceOf(const qt::FormWindow& window, const std::string& control) {
@@ -120,13 +100,15 @@ bool ReadsBackwards(const QRect& one, const QRect& next) {
 
 /// Each control that can be used has the keyboard once, in the order in which one reads, shows
 /// that it has it, and Shift+Tab goes the same way back.
-void ExpectReachable(const qt::FormWindow& window) {
+void ExpectReachable(qt::FormWindow& window) {
   const auto form = window.Model().Name();
   // A window that was behind another is told later that it is active again.
-  QApplication::setActiveWindow(const_cast<qt::FormWindow*>(&window));
+  QApplication::setActiveWindow(&window);
   Names usable;
   for (const auto& view : window.Views())
-    if (TakesKeys(view->Model())) usable.push_back(view->Model().Name());
+    if (const auto kind = view->Model().Kind();
+        kind != "Label" && kind != "Frame" && kind != "Animation" && view->Model().Usable())
+      usable.push_back(view->Model().Name());
   GoTo(window, usable.front());
   const auto walk = TabWalk(window, true);
   EXPECT_THAT(walk, UnorderedElementsAreArray(usable)) << form;
@@ -150,48 +132,46 @@ void ExpectReachable(const qt::FormWindow& window) {
   }
 }
 
-class KeyboardTest : public SchoolScreenTest {
- protected:
-  const Gesture escape = Press(Qt::Key_Escape);
-  const Gesture enter = Press(Qt::Key_Return);
-};
+using KeyboardTest = SchoolScreenTest;
+
+const Gesture kByEscape = Press(Qt::Key_Escape);
+const Gesture kByEnter = Press(Qt::Key_Return);
 
 TEST_F(KeyboardTest, TheRegisterNeedsNoMouse) {
   // Enter is the default button.
   Then(PickByKey("cboTEnsenanza", 0), PickByKey("cboCurso", 2), PickByKey("cboSeccion", 0),
-       ExpectReachable, TabTo("cboSeccion"), enter);
+       ExpectReachable, TabTo("cboSeccion"), kByEnter);
   Then(ExpectReachable, PressButton("cmdListar"), TabTo("msgAlumnos"), Press(Qt::Key_End),
        Press(Qt::Key_Home), PressButton("cmdPropiedades"), TabTo("TabDatos"), Press(Qt::Key_Right),
        ExpectReachable, PressButton("cmdPropMat"), PressButton("cmdCancelar"));
-  Then(ExpectReachable, escape);  // the students
-  Then(ExpectReachable, PressButton("cmdAgregar"), PressButton("cmdPropiedades"), escape);
-  Then(PickByKey("cboCurso", 0), PickByKey("cboSeccion", 0), ExpectReachable, escape);
-  Then(ExpectReachable, escape);  // the evaluations
-  Then(ExpectReachable, escape);  // the teacher
-  OpenNode(123);
+  Then(ExpectReachable, kByEscape);  // the students
+  Then(ExpectReachable, PressButton("cmdAgregar"), PressButton("cmdPropiedades"), kByEscape);
+  Then(PickByKey("cboCurso", 0), PickByKey("cboSeccion", 0), ExpectReachable, kByEscape);
+  Then(ExpectReachable, kByEscape);  // the evaluations
+  Then(ExpectReachable, kByEscape);  // the teacher
+  OpenNode(kRegister);
   EXPECT_THAT(messages, IsEmpty());
 }
 
 TEST_F(KeyboardTest, StudentsGoFromListToListByEnter) {
-  Then(PickByKey("cboTEnsenanza", 0), PickByKey("cboCurso", 2), PickByKey("cboSeccion", 0), enter);
+  Then(PickByKey("cboTEnsenanza", 0), PickByKey("cboCurso", 2), PickByKey("cboSeccion", 0),
+       kByEnter);
   Then(PressButton("cmdListar"), PressButton("cmdCancelar"));
   const auto moveTheLast = [](auto& window) {
     const auto* left = Of<QListWidget>(window, "lstSeleccionados");
     const auto* right = Of<QListWidget>(window, "lstDisponibles");
     const auto before = left->count();
     ASSERT_GT(right->count(), 1);
-    GoTo(window, "lstDisponibles");
-    PressIn(window, Qt::Key_Home);
-    PressIn(window, Qt::Key_End);
+    Steps(TabTo("lstDisponibles"), Press(Qt::Key_Home), Press(Qt::Key_End))(window);
     const auto last = right->item(right->count() - 1)->text();
     EXPECT_EQ(right->currentItem()->text(), last);
-    PressIn(window, Qt::Key_Return);
+    Press(Qt::Key_Return)(window);
     EXPECT_EQ(left->count(), before + 1);
     EXPECT_EQ(left->item(before)->text(), last);
     EXPECT_TRUE(right->hasFocus());
   };
-  Then(moveTheLast, escape);
-  OpenNode(123);
+  Then(moveTheLast, kByEscape);
+  OpenNode(kRegister);
 }
 
 class GradeKeyboardTest : public KeyboardTest, public ::testing::WithParamInterface<int> {};
@@ -203,19 +183,18 @@ TEST_P(GradeKeyboardTest, NeedsNoMouse) {
       if (window.Widget(choice) != nullptr) PickByKey(choice, 0)(window);
   };
   const auto escapeClosesTheListAlone = [](auto& window) {
-    ASSERT_NE(OpenedList(window), nullptr) << window.Model().Name();
     QTest::keyClick(ListFilter(window), Qt::Key_Escape);
-    EXPECT_TRUE(window.isVisible());
+    IsVisible(window);
   };
   for (const auto evaluation : {1, 3}) {
     Then(PickByKey("cboTipoEnsenanza", 0), PickByKey("cboCursos", 2), PickByKey("cboSecciones", 0),
          PickByKey("cboEvaluaciones", evaluation), pickOwnChoice, ExpectReachable,
-         TabTo("cboEvaluaciones"), enter);
+         TabTo("cboEvaluaciones"), kByEnter);
     Then(ExpectReachable, TabTo("rtvNotasAlumno"), Press(Qt::Key_Tab), Press(Qt::Key_F2),
          escapeClosesTheListAlone, PressButton("cmdCancelar"));
   }
-  Then(escape);
-  OpenNode(static_cast<std::uint8_t>(GetParam()));
+  Then(kByEscape);
+  OpenNode(GetParam());
   EXPECT_THAT(messages, IsEmpty());
 }
 

@@ -3,13 +3,11 @@
 #include <QLabel>
 #include <QTableView>
 #include <QTextDocument>
-#include <algorithm>
+#include <map>
 #include <string>
 
 #include "adapters/qt/views/ControlView.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -51,17 +49,16 @@ class LayoutsTest : public SchoolScreenTest {
 };
 
 TEST_F(LayoutsTest, TheScreensOfTheRegisterAreTidy) {
-  Then(ExpectTidy, ChooseRegister);
+  Then(ExpectTidy, ChooseRegister());
   Then(ExpectTidy, "cmdListar", "cmdPropiedades", ClickTab("TabDatos", 1), ExpectTidy, "cmdPropMat",
        Enlarge(1.4), ExpectTidy, "cmdCancelar");
   Then(ExpectTidy, "cmdCancelar");
   Then(ExpectTidy, "cmdAgregar", "cmdPropiedades", "cmdCancelar");
   for (int i = 0; i < 3; ++i) Then(ExpectTidy, "cmdCancelar");
-  OpenNode(123);
+  OpenNode(kRegister);
 }
 
 TEST_F(LayoutsTest, TheGridsOfTheRegisterTakeTheRoomOfABiggerWindow) {
-  Then(ChooseRegister);
   const auto enlarge = [](auto& window) {
     const auto* list = Of<QTableView>(window, "msgAlumnos");
     const auto before = list->size();
@@ -70,8 +67,7 @@ TEST_F(LayoutsTest, TheGridsOfTheRegisterTakeTheRoomOfABiggerWindow) {
     EXPECT_EQ(list->height(), before.height() + 100);
     EXPECT_EQ(list->columnWidth(0), list->viewport()->width());
   };
-  Then(enlarge, "cmdCancelar");
-  OpenNode(123);
+  InRegister(Steps(enlarge, "cmdCancelar"));
 }
 
 class StepLayoutsTest : public LayoutsTest, public ::testing::WithParamInterface<int> {};
@@ -80,7 +76,7 @@ class StepLayoutsTest : public LayoutsTest, public ::testing::WithParamInterface
 TEST_P(StepLayoutsTest, AreTidy) {
   const auto nextOfOwnChoice = [](auto& window) {
     for (const auto* choice : {"cboMateria", "cboAlumno"})
-      if (window.Widget(choice) != nullptr) Click(window, "cmdSiguiente");
+      if (window.Widget(choice) != nullptr) Click("cmdSiguiente")(window);
   };
   for (const auto evaluation : {1, 3}) {
     Then(ExpectTidy, Pick("cboTipoEnsenanza", 0), Pick("cboCursos", 2), Pick("cboSecciones", 0),
@@ -88,7 +84,7 @@ TEST_P(StepLayoutsTest, AreTidy) {
     Then(ExpectTidy, Enlarge(1.3), ExpectTidy, "cmdCancelar");
   }
   Then(ExpectTidy, "cmdNotaManual1(1)");
-  OpenNode(static_cast<std::uint8_t>(GetParam()));
+  OpenNode(GetParam());
   EXPECT_THAT(messages, IsEmpty());
 }
 
@@ -97,36 +93,28 @@ INSTANTIATE_TEST_SUITE_P(Nodes, StepLayoutsTest, ::testing::Values(124, 125, 126
 using ::testing::Ge;
 using ::testing::Le;
 
-std::string Long() {
-  std::string text;
-  for (int i = 0; i < 100; ++i) text += "año";
-  return text;
-}
-
 /// The sample school, each of its texts with that one before it. Section 5 is 3º ESO A.
 class OddTextsScreenTest : public SchoolScreenTest,
                            public testing::WithParamInterface<std::string> {
  protected:
   OddTextsScreenTest() {
-    auto text = GetParam();
-    for (auto at = text.find('\''); at != std::string::npos; at = text.find('\'', at + 2))
-      text.insert(at, 1, '\'');
-    for (const std::string change :
-         {"Alumno SET Apellido_1=", "Personal SET Apellido1=", "Materia SET Nombre=",
-          "Seccion SET Descripcion=", "Curso SET Descripcion=", "TipoEnsenanza SET Nombre=",
-          "NumEvaluacion SET Descripcion=", "TipoNota SET Nombre="}) {
-      const auto column =
-          change.substr(change.rfind(' ') + 1, change.size() - change.rfind(' ') - 2);
-      school.Sql("UPDATE " + change + "'" + text + "'||" + column);
-    }
+    const auto text = QString::fromStdString(GetParam()).replace("'", "''").toStdString();
+    for (const auto& [table, column] :
+         std::map<std::string, std::string>{{"Alumno", "Apellido_1"},
+                                            {"Personal", "Apellido1"},
+                                            {"Materia", "Nombre"},
+                                            {"Seccion", "Descripcion"},
+                                            {"Curso", "Descripcion"},
+                                            {"TipoEnsenanza", "Nombre"},
+                                            {"NumEvaluacion", "Descripcion"},
+                                            {"TipoNota", "Nombre"}})
+      school.Sql("UPDATE " + table + " SET " + column + "='" + text + "'||" + column);
   }
 
   /// What an entry or a cell shows of the text: it is one line.
   static std::string Shown() {
-    auto text = GetParam();
-    for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return text;
+    auto text = QString::fromStdString(GetParam());
+    return text.replace("\r\n", " ").replace('\n', ' ').toStdString();
   }
 
   /// The first cell shows the text; nothing has shrunk to a line, nothing has grown out of the
@@ -149,36 +137,32 @@ class OddTextsScreenTest : public SchoolScreenTest,
 };
 
 TEST_P(OddTextsScreenTest, TheRegisterShowsThemInItsLines) {
-  Then(ChooseRegister);
   const auto lookAtStudents = [](auto& window) {
     ExpectInShape(window, "msgAlumnos");
     const auto cell = Of<QTableView>(window, "msgAlumnos")->model()->index(0, 0);
-    EXPECT_FALSE(Qt::mightBeRichText(cell.data(Qt::ToolTipRole).toString()) &&
-                 cell.data(Qt::ToolTipRole).toString().contains('<'));
+    const auto tip = cell.data(Qt::ToolTipRole).toString();
+    EXPECT_FALSE(Qt::mightBeRichText(tip) && tip.contains('<'));
   };
-  Then(lookAtStudents, ClickCell("msgAlumnos", 0, 0), "cmdPropiedades", "cmdCancelar");
-  Then([](auto& window) { ExpectInShape(window, "msgMaterias"); }, "cmdCancelar");
-  OpenNode(123);
+  const auto lookAtSubjects = [](auto& window) { ExpectInShape(window, "msgMaterias"); };
+  InRegister(Steps(lookAtStudents, ClickCell("msgAlumnos", 0), "cmdPropiedades", "cmdCancelar"),
+             Steps(lookAtSubjects, "cmdCancelar"));
   EXPECT_THAT(messages, IsEmpty());
 }
 
 TEST_P(OddTextsScreenTest, TheGradesShowThemInTheirLines) {
-  Then([](auto& window) { ChooseGrades(window, 1); });
   const auto look = [](auto& window) {
     ExpectInShape(window, "rtvNotasAlumno");
     EXPECT_THAT(Of<QComboBox>(window, "cboAlumnos")->currentText().toStdString(),
                 HasSubstr(Shown()));
   };
-  Then(look, "cmdCancelar");
-  Then("cmdNotaManual1(1)");
-  OpenNode(124);
+  InStepTwo(kByStudent, 1, look, "cmdCancelar");
   EXPECT_THAT(messages, IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, OddTextsScreenTest,
                          testing::Values("O'Neil \"Rubio\" [a] ", "uno\tdos ", "uno\ndos\r\ntres ",
-                                         Long(), "שלום عليكم ", "n\u0303 👩‍🏫 ",
-                                         "&A && <b>B</b> %s "));
+                                         QString("año").repeated(100).toStdString(), "שלום عليكم ",
+                                         "n\u0303 👩‍🏫 ", "&A && <b>B</b> %s "));
 
 }  // namespace
 }  // namespace quorvane::test

@@ -111,18 +111,6 @@ TEST_F(LeavingTest, AFormThatIsShownTwiceIsUnloadedOnce) {
   EXPECT_THAT(events, ElementsAre("fuera"));
 }
 
-/// Takes the requests to quit that reach the application, and counts them.
-class QuitCounter : public QObject {
- public:
-  QuitCounter() { QCoreApplication::instance()->installEventFilter(this); }
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() != QEvent::Quit) return false;
-    ++count;
-    return true;
-  }
-  int count = 0;
-};
-
 /// A form whose loading takes as long as to paint meanwhile.
 class frmLenta : public frmPrueba {
  public:
@@ -134,15 +122,13 @@ class frmLenta : public frmPrueba {
 
 // A host in its event loop whose own windows are out of sight.
 TEST_F(LeavingTest, NoProgramIsToldToQuitBetweenTwoShowsOfAForm) {
-  QuitCounter quits;
+  EventCounter quits(QEvent::Quit, true);
+  QCoreApplication::instance()->installEventFilter(&quits);
   outer = std::make_shared<frmLenta>();
+  TakeTurns();
   outer->cmdPagina.Click = [this] {
     outer->Unload();
     inner->ShowModal();
-  };
-  inner->cmdAceptar.Click = [this] {
-    inner->Unload();
-    outer->ShowInTurn();
   };
   Then("cmdPagina");
   Then("cmdAceptar");
@@ -214,7 +200,7 @@ TEST_F(LeavingTest, TheMessageThatWaitsCountsAsReadAndNoOtherComes) {
 }
 
 TEST_F(LeavingTest, WhatTheUserDoesMeanwhileGoesNowhere) {
-  Then(Leave(), "cmdAceptar", Type("txtTexto", "1"), [](auto& window) { window.close(); });
+  Then(Leave(), "cmdAceptar", Type("txtTexto", "1"), Close);
   outer->ShowModal();
   EXPECT_THAT(outer->log, ElementsAre("descarga"));
 }

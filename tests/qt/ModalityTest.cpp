@@ -13,8 +13,6 @@
 namespace quorvane::test {
 namespace {
 
-void Close(qt::FormWindow& window) { window.close(); }
-
 class ModalityTest : public TwoFormsTest {
  protected:
   /// What the outer form writes down while the user does that in it.
@@ -127,7 +125,7 @@ TEST_F(ModalityTest, TheWindowBelowWaitsForTheOneBefore) {
   const auto clickBelow = [](auto& window) {
     ASSERT_TRUE(window.parentWidget() != nullptr && window.parentWidget()->isVisible());
     // The window below has a handler that runs: what reaches it is dropped.
-    Click(static_cast<qt::FormWindow&>(*window.parentWidget()), "chkTodo");
+    Click("chkTodo")(static_cast<qt::FormWindow&>(*window.parentWidget()));
   };
   Then(clickBelow, "cmdAceptar");
   Show(*outer);

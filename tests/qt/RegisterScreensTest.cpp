@@ -4,25 +4,18 @@
 #include <QTableView>
 
 #include "platform/RuntimeError.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
 
-constexpr std::uint8_t kPendientes = 123;
+using ::testing::Property;
 
 /// Node 123 of the sample school, from class selection to the rows; section 5 is 3º ESO A.
 class RegisterScreensTest : public SchoolScreenTest {
  protected:
-  static void OpenFirstStudent(const qt::FormWindow& window) {
-    ClickCell(window, "msgAlumnos", 0, 0);
-    Click(window, "cmdPropiedades");
-    Click(window, "cmdCancelar");
-  }
-  static Gesture ClickFirstOffered() {
-    return [](auto& window) { ClickEntry(window, "lstDisponibles", 0); };
+  static Gesture OpenFirstStudent() {
+    return Steps(ClickCell("msgAlumnos", 0, 0), "cmdPropiedades", "cmdCancelar");
   }
   [[nodiscard]] std::vector<std::string> Register() const {
     return school.Rows("SELECT codAlumno FROM Seccion_AlumnoPte WHERE codSeccion=5");
@@ -33,9 +26,8 @@ TEST_F(RegisterScreensTest, RefusesWithoutAClass) {
   const auto hasTitle = [](auto& window) {
     EXPECT_EQ(window.windowTitle(), "Alumnos con materias pendientes");
   };
-  Then(
-      hasTitle, "cmdAceptar", [](auto& window) { EXPECT_TRUE(window.isVisible()); }, "cmdCancelar");
-  OpenNode(kPendientes);
+  Then(hasTitle, "cmdAceptar", IsVisible, "cmdCancelar");
+  OpenNode(kRegister);
   EXPECT_THAT(messages, ElementsAre("Debe seleccionar un tipo de enseñanza, curso y sección"));
 }
 
@@ -46,41 +38,39 @@ TEST_F(RegisterScreensTest, AnotherCourseEmptiesTheSections) {
   Then(Pick("cboTEnsenanza", 0), Pick("cboCurso", "3º ESO"), Pick("cboSeccion", 0),
        Pick("cboCurso", "2º ESO"), hasNoSection,
        [](auto& window) { QTest::keyClick(&window, Qt::Key_Escape); });
-  OpenNode(kPendientes);
+  OpenNode(kRegister);
 }
 
 TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
   const auto before = Register();
   std::string student;
-  Then(ChooseRegister);
   const auto openTheNewOne = [&student](auto& window) {
     auto row = 0;
-    while (CellText(window, "msgAlumnos", row, 0) != student) ++row;
-    DoubleClickCell(window, "msgAlumnos", row, 0);
+    while (CellText(window, "msgAlumnos", row) != student) ++row;
+    DoubleClickCell("msgAlumnos", row)(window);
   };
-  Then("cmdListar", openTheNewOne, "cmdAceptar");
-  const auto takeTheFirst = [&student](auto& window) {
-    student = Of<QListWidget>(window, "lstDisponibles")->item(0)->text().toStdString();
-    DoubleClickEntry(window, "lstDisponibles", 0);
+  const auto noteTheFirst = [&student](auto& window) {
+    student = CellText(window, "lstDisponibles", 0);
   };
-  Then(takeTheFirst, "cmdAceptar");
   const auto isHis = [&student](auto& window) {
     EXPECT_EQ(Of<QLabel>(window, "Label2")->text().toStdString(), student);
   };
   const auto hasTheSubject = [](auto& window) {
-    EXPECT_THAT(CellText(window, "msgMaterias", 0, 0), HasSubstr("(1º ESO)"));
+    EXPECT_THAT(CellText(window, "msgMaterias", 0), HasSubstr("(1º ESO)"));
   };
   const auto isMarked = [](auto& window) { EXPECT_EQ(CellText(window, "msgMaterias", 0, 1), "X"); };
-  Then(isHis, "cmdAgregar", hasTheSubject, Key("msgMaterias", Qt::Key_Return), isMarked,
-       "cmdAceptar");
-  Then(Pick("cboCurso", "1º ESO"), Pick("cboSeccion", 0), Pick("cboMateria", 0), "cmdAceptar");
   const auto hasTwo = [](auto& window) {
     EXPECT_EQ(Of<QListWidget>(window, "lstSeleccionados")->count(), 2);
   };
-  // The keyboard goes on where it was when an entry has gone to the other list.
-  Then(ClickFirstOffered(), Key("lstDisponibles", Qt::Key_Return), ClickFirstOffered(),
-       "cmdAgregarUno", hasTwo, "cmdAceptar");
-  OpenNode(kPendientes);
+  InRegister(
+      Steps("cmdListar", openTheNewOne, "cmdAceptar"),
+      Steps(noteTheFirst, DoubleClickCell("lstDisponibles", 0), "cmdAceptar"),
+      Steps(isHis, "cmdAgregar", hasTheSubject, Key("msgMaterias", Qt::Key_Return), isMarked,
+            "cmdAceptar"),
+      Steps(Pick("cboCurso", "1º ESO"), Pick("cboSeccion", 0), Pick("cboMateria", 0), "cmdAceptar"),
+      // The keyboard goes on where it was when an entry has gone to the other list.
+      Steps(ClickCell("lstDisponibles", 0), Key("lstDisponibles", Qt::Key_Return),
+            ClickCell("lstDisponibles", 0), "cmdAgregarUno", hasTwo, "cmdAceptar"));
   EXPECT_THAT(messages, IsEmpty());
 
   EXPECT_THAT(Register(), SizeIs(before.size() + 1));
@@ -98,66 +88,53 @@ TEST_F(RegisterScreensTest, AStudentWithASubjectAndTwoEvaluationsIsSaved) {
 
 // Eliminar asks nothing.
 TEST_F(RegisterScreensTest, TheSubjectThatTheUserLookedAtIsTheOneThatEliminarTakes) {
-  Then(ChooseRegister);
-  Then(OpenFirstStudent);
   const auto lookAndRemove = [](auto& window) {
     const auto* const table = Of<QTableView>(window, "msgMaterias");
-    const auto first = CellText(window, "msgMaterias", 0, 0);
+    const auto first = CellText(window, "msgMaterias", 0);
     const auto rows = table->model()->rowCount();
     ASSERT_GE(rows, 2);
-    DoubleClickCell(window, "msgMaterias", rows - 1, 0);
+    DoubleClickCell("msgMaterias", rows - 1)(window);
     EXPECT_EQ(table->currentIndex().row(), rows - 1);
-    const auto chosen = table->selectionModel()->selectedRows();
-    ASSERT_EQ(chosen.size(), 1);
-    EXPECT_EQ(chosen.front().row(), rows - 1);
-    Click(window, "cmdEliminar");
+    EXPECT_THAT(table->selectionModel()->selectedRows(),
+                ElementsAre(Property(&QModelIndex::row, rows - 1)));
+    Click("cmdEliminar")(window);
     EXPECT_EQ(table->model()->rowCount(), rows - 1);
-    EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), first);
+    EXPECT_EQ(CellText(window, "msgMaterias", 0), first);
   };
-  Then(lookAndRemove, "cmdCancelar");
-  Then("cmdCancelar");
-  OpenNode(kPendientes);
+  InRegister(OpenFirstStudent(), Steps(lookAndRemove, "cmdCancelar"), "cmdCancelar");
 }
 
 TEST_F(RegisterScreensTest, EnterInThePickersListsNeverAccepts) {
-  Then(ChooseRegister);
-  Then("cmdListar", "cmdCancelar");
   const auto takeAll = [](auto& window) {
-    auto* const right = Of<QListWidget>(window, "lstDisponibles");
+    const auto* const right = Of<QListWidget>(window, "lstDisponibles");
     const auto before = right->count();
     ASSERT_GT(before, 0);
     for (int i = 0; i < before; ++i) {
-      ClickEntry(window, "lstDisponibles", 0);
-      Key(window, "lstDisponibles", Qt::Key_Return);
+      Steps(ClickCell("lstDisponibles", 0), Key("lstDisponibles", Qt::Key_Return))(window);
       EXPECT_TRUE(right->hasFocus());
     }
     EXPECT_EQ(right->count(), 0);
   };
-  Then(
-      takeAll, Key("lstDisponibles", Qt::Key_Return), Key("lstSeleccionados", Qt::Key_Enter),
-      [](auto& window) { EXPECT_TRUE(window.isVisible()); }, "cmdCancelar");
   const auto before = Register();
-  OpenNode(kPendientes);
+  InRegister(Steps("cmdListar", "cmdCancelar"),
+             Steps(takeAll, Key("lstDisponibles", Qt::Key_Return),
+                   Key("lstSeleccionados", Qt::Key_Enter), IsVisible, "cmdCancelar"));
   EXPECT_EQ(Register(), before);
 }
 
 TEST_F(RegisterScreensTest, TheArrowsMoveASubjectAndKeepItInSight) {
-  Then(ChooseRegister);
-  Then(OpenFirstStudent);
   const auto moveUpAndDown = [](auto& window) {
-    const auto first = CellText(window, "msgMaterias", 0, 0);
-    const auto second = CellText(window, "msgMaterias", 1, 0);
-    ClickCell(window, "msgMaterias", 1, 0);
-    Click(window, "cmdSubir");
-    EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), second);
-    EXPECT_EQ(CellText(window, "msgMaterias", 1, 0), first);
+    const auto first = CellText(window, "msgMaterias", 0);
+    const auto second = CellText(window, "msgMaterias", 1);
+    Steps(ClickCell("msgMaterias", 1), "cmdSubir")(window);
+    EXPECT_EQ(CellText(window, "msgMaterias", 0), second);
+    EXPECT_EQ(CellText(window, "msgMaterias", 1), first);
     EXPECT_EQ(Of<QTableView>(window, "msgMaterias")->currentIndex().row(), 0);
     EXPECT_EQ(window.focusWidget(), Of(window, "msgMaterias"));
-    Click(window, "cmdBajar");
-    EXPECT_EQ(CellText(window, "msgMaterias", 0, 0), first);
+    Click("cmdBajar")(window);
+    EXPECT_EQ(CellText(window, "msgMaterias", 0), first);
   };
-  Then(moveUpAndDown, "cmdCancelar");
-  OpenNode(kPendientes);
+  InRegister(OpenFirstStudent(), Steps(moveUpAndDown, "cmdCancelar"));
 }
 
 TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
@@ -166,31 +143,29 @@ TEST_F(RegisterScreensTest, ATeacherIsFoundSetAndSaved) {
       "SELECT Apellido1||' '||Apellido2||', '||Nombre FROM Personal "
       "WHERE IDPersonal=2");
   ASSERT_THAT(name, SizeIs(1));
-  Then(ChooseRegister);
   const auto hidesStudents = [](auto& window) {
     EXPECT_FALSE(Of(window, "msgAlumnos")->isVisible());
   };
   const auto showsName = [&name](auto& window) {
     EXPECT_EQ(CellText(window, "msgMaterias", 1, 1), name[0]);
   };
-  Then(ClickTab("TabDatos", 1), hidesStudents, ClickCell("msgMaterias", 1, 0), "cmdPropMat",
-       showsName, "cmdAceptar");
   const auto found = [&name](auto& window) {
     EXPECT_EQ(Of<QLabel>(window, "lblProfesor")->text().toStdString(), name[0]);
   };
-  Then("cmdNProfesor", found, "cmdAceptar");
-  const auto before = school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size();
-  OpenNode(kPendientes);
-  EXPECT_EQ(school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size(), before + 1);
+  const auto rows = [this] {
+    return school.Rows("SELECT * FROM Profesor_Pte WHERE CodProfesor=2").size();
+  };
+  const auto before = rows();
+  InRegister(Steps(ClickTab("TabDatos", 1), hidesStudents, ClickCell("msgMaterias", 1),
+                   "cmdPropMat", showsName, "cmdAceptar"),
+             Steps("cmdNProfesor", found, "cmdAceptar"));
+  EXPECT_EQ(rows(), before + 1);
 }
 
 TEST_F(RegisterScreensTest, AStatementThatFailsWhileSavingComesOutOfAllScreens) {
-  Then(ChooseRegister);
-  Then(
-      "cmdListar", [this](auto&) { school.Sql("DROP TABLE Seccion_AlumnoPte"); }, "cmdAceptar");
-  Then("cmdAgregarTodos", "cmdAceptar");
+  const auto dropTable = [this](auto&) { school.Sql("DROP TABLE Seccion_AlumnoPte"); };
   try {
-    OpenNode(kPendientes);
+    InRegister(Steps("cmdListar", dropTable, "cmdAceptar"), Steps("cmdAgregarTodos", "cmdAceptar"));
     FAIL() << "nothing came out";
   } catch (const RuntimeError& error) {
     EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed));

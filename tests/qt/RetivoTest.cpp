@@ -12,115 +12,215 @@
 namespace quorvane::test {
 namespace {
 
-/// Cells count from 0 below the heading: list cells are the columns 1 and 2 of two rows.
-class RetivoTest : public PruebaTest {
- protected:
-  using Texts = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
-  [[nodiscard]] qt::RetivoEditor* List() const { return OpenedList(*screen.ActiveWindow()); }
-  [[nodiscard]] QLineEdit* Filter() const { return ListFilter(*screen.ActiveWindow()); }
-  [[nodiscard]] QListWidget* Entries() const { return List()->findChild<QListWidget*>(); }
+QListWidget& Entries(const qt::FormWindow& window) {
+  return *OpenedList(window)->findChild<QListWidget*>();
+}
 
-  // Gestures on the table, and in the list that a cell has opened.
+QString Refusal(const qt::FormWindow& window) {
+  const auto* refusal = OpenedList(window)->findChild<QLabel*>("rechazo");
+  return refusal->isVisible() ? refusal->text() : QString();
+}
 
-  /// Begins with a click on that cell.
-  template <class... Gestures>
-  void RunAt(int row, int column, Gestures... gestures) {
-    Run(At(row, column), gestures...);
-  }
-  static Gesture At(int row, int column) { return ClickCell("rtvNotas", row, column); }
-  static Gesture Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
-    return Key("rtvNotas", key, with);
-  }
-  Gesture InList(Qt::Key key) const {
-    return [this, key](auto&) { QTest::keyClick(Filter(), key); };
-  }
-  Gesture InList(const char* text) const {
-    return [this, text](auto&) { QTest::keyClicks(Filter(), text); };
-  }
-  /// In the place of what stands there.
-  Gesture InListAnew(const char* text) const {
-    return [this, text](auto&) {
-      Filter()->selectAll();
-      QTest::keyClicks(Filter(), text);
-    };
-  }
-  Gesture ClickOffered(int entry) const {
-    return [this, entry](auto&) {
-      const auto place = Entries()->visualItemRect(Entries()->item(entry)).center();
-      QTest::mouseClick(Entries()->viewport(), Qt::LeftButton, {}, place);
-    };
-  }
+// Gestures on the table, and in the list that a cell has opened: list cells are the columns 1 and 2
+// of two rows.
 
-  // What then holds.
+Gesture At(int row, int column) { return ClickCell("rtvNotas", row, column); }
 
-  Gesture ListIs(bool open) const {
-    return [this, open](auto&) { EXPECT_EQ(List() != nullptr, open); };
-  }
-  Gesture Offers(const Texts& expected) const {
-    return [this, expected](auto&) {
-      Texts texts;
-      for (int i = 0; i < Entries()->count(); ++i)
-        if (!Entries()->item(i)->isHidden())
-          texts.push_back(Entries()->item(i)->text().toStdString());
-      EXPECT_EQ(texts, expected);
+Gesture OnGrid(Qt::Key key, Qt::KeyboardModifiers with = {}) { return Key("rtvNotas", key, with); }
+
+Gesture InList(Qt::Key key) {
+  return [=](auto& window) { QTest::keyClick(ListFilter(window), key); };
+}
+
+Gesture InList(const char* text) {
+  return [=](auto& window) { QTest::keyClicks(ListFilter(window), text); };
+}
+
+/// In the place of what stands there.
+Gesture InListAnew(const char* text) {
+  return Steps([](auto& window) { ListFilter(window)->selectAll(); }, InList(text));
+}
+
+Gesture ClickOffered(int entry) {
+  return [=](auto& window) {
+    const auto& entries = Entries(window);
+    QTest::mouseClick(entries.viewport(), Qt::LeftButton, {}, CellCentre(entries, entry, 0));
+  };
+}
+
+/// From now on the cells offer that.
+Gesture Offering(const Texts& texts) {
+  return [=](auto& window) {
+    auto& grid = FormOf(window).rtvNotas;
+    grid.InicioEdicion = [&grid, texts] {
+      grid.ListaLimpiar(1);
+      for (const auto& text : texts) grid.ListaAnadir(1, text, 0);
     };
-  }
-  /// The open list says that no grade is called so.
-  Gesture Refuses(const QString& typed) const {
-    return [this, typed](auto&) {
-      ASSERT_NE(List(), nullptr) << "nothing is dropped in silence";
-      EXPECT_EQ(Refusal(), "No hay ninguna nota «" + typed + "»");
-    };
-  }
-  [[nodiscard]] QString Refusal() const {
-    const auto* refusal = List()->findChild<QLabel*>("rechazo");
-    return refusal->isVisible() ? refusal->text() : QString();
-  }
-  static Gesture Shows(int row, int column, const std::string& text) {
-    return [=](auto& window) { EXPECT_EQ(CellText(window, "rtvNotas", row, column), text); };
-  }
-  /// The form's own cell, which counts from 1.
-  Gesture StandsAt(int row, int column) const {
-    return [=, this](auto&) {
-      EXPECT_EQ(std::pair(form->rtvNotas.Row(), form->rtvNotas.Col()), std::pair(row, column));
-    };
-  }
-  static Gesture HasKeyboard(const char* control) {
-    return [=](auto& window) { EXPECT_EQ(window.focusWidget(), Of(window, control)); };
-  }
+  };
+}
+
+// What then holds.
+
+Gesture Offers(const Texts& expected) {
+  return [=](auto& window) {
+    Texts texts;
+    for (int i = 0; i < Entries(window).count(); ++i)
+      if (const auto* entry = Entries(window).item(i); !entry->isHidden())
+        texts.push_back(entry->text().toStdString());
+    EXPECT_EQ(texts, expected);
+  };
+}
+
+/// The open list says that no grade is called so.
+Gesture Refuses(const QString& typed) {
+  return [=](auto& window) {
+    ASSERT_NE(OpenedList(window), nullptr) << "nothing is dropped in silence";
+    EXPECT_EQ(Refusal(window), "No hay ninguna nota «" + typed + "»");
+  };
+}
+
+/// On the screen and in the form.
+Gesture Shows(int row, int column, const std::string& text) {
+  return [=](auto& window) {
+    EXPECT_EQ(CellText(window, "rtvNotas", row, column), text);
+    EXPECT_EQ(FormOf(window).rtvNotas.TextMatrix(row + 1, column), text);
+  };
+}
+
+const Texts kAll{" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"};
+const auto kTab = OnGrid(Qt::Key_Tab);
+const auto kBacktab = OnGrid(Qt::Key_Backtab, Qt::ShiftModifier);
+
+const std::vector<Play> kListPlays{
+    {"AClickOpensTheListAndAClickChooses",
+     Steps(At(1, 1), Offers(kAll), ClickOffered(2), ListIs(false), Shows(1, 1, "5")),
+     {"inicio 2,1", "fin 3"}},
+    {"TheListOpensOnWhatTheCellShows",
+     Steps(
+         At(0, 1), [](auto& window) { EXPECT_EQ(Entries(window).currentRow(), 3); },
+         InList(Qt::Key_Up), InList(Qt::Key_Return)),
+     {"inicio 1,1", "fin 3"}},
+    {"EscGivesUpWithoutAnEnd",
+     Steps(At(0, 1), InList(Qt::Key_Escape), ListIs(false), IsVisible, Shows(0, 1, "10")),
+     {"inicio 1,1"}},
+    {"TheBlankOpensTheWholeList",
+     Steps(At(0, 0), kTab, OnGrid(Qt::Key_Space), Offers(kAll), InList(Qt::Key_Escape)),
+     {"inicio 1,1"}},
+    {"ADoubleClickOpensTheListOnce",
+     Steps(
+         DoubleClickCell("rtvNotas", 0, 1),
+         [](auto& window) { EXPECT_EQ(window.focusWidget(), ListFilter(window)); },
+         InList(Qt::Key_Escape)),
+     {"inicio 1,1"}},
+    {"AColumnThatEditsThroughNoListOpensNone",
+     Steps(At(0, 0), OnGrid(Qt::Key_F2), ListIs(false)),
+     {}},
+    {"TypingOpensTheListAndNarrowsIt",
+     Steps(At(0, 0), OnGrid(Qt::Key_Right), Type("rtvNotas", "1"), Offers({"1", "10"}), InList("0"),
+           Offers({"10"}), InList(Qt::Key_Return)),
+     {"inicio 1,1", "fin 2"}},
+    // What ends is told by the entry's place among those that came.
+    {"NumbersStandByValueAndWhatIsTypedExactlyStandsFirst",
+     Steps(Offering({" ", "10", "Notable alto", "Notable", "9,5", "2"}), At(0, 1),
+           Offers({" ", "2", "Notable alto", "Notable", "9,5", "10"}), InList("notable"),
+           Offers({"Notable", "Notable alto"}), InList(Qt::Key_Return)),
+     {"fin 3"}},
+    {"OfTwoEntriesOfOneTextTheFirstIsChosen",
+     Steps(Offering({" ", "Apto alto", "Apto", "APTO"}), At(0, 1), InList("apto"),
+           Offers({"Apto", "APTO", "Apto alto"}), InList(Qt::Key_Return)),
+     {"fin 2"}},
+    // In the end there is nothing to choose.
+    {"NarrowingKnowsNeitherCaseNorAccentsAndFindsInside",
+     Steps(At(0, 1), InList("opt"), Offers({"Óptimo"}), InListAnew("SALI"),
+           Offers({"Sobresaliente"}), InListAnew("zz"), Offers({}), InList(Qt::Key_Return),
+           Refuses("zz"), InList(Qt::Key_Escape)),
+     {"inicio 1,1"}},
+    {"TabChoosesAndGoesOnToTheNextListCell",
+     Steps(At(0, 2), InList("5"), InList(Qt::Key_Tab), StandsAt(1, 1), Shows(0, 2, "5")),
+     {"inicio 1,2", "fin 3"}},
+    {"TabOnATextThatFitsNoEntryStaysAndSaysSo",
+     Steps(
+         At(0, 1), InList("11"), InList(Qt::Key_Tab), Refuses("11"), InList(Qt::Key_Backtab),
+         ListIs(true), InList(Qt::Key_Backspace),
+         [](auto& window) { EXPECT_EQ(Refusal(window), "") << "it is judged anew"; },
+         InList(Qt::Key_Tab), Shows(0, 1, "1")),
+     {"inicio 1,1", "fin 1"}},
+    {"TabInTheListOfTheLastCellTakesTheGradeAndStays",
+     Steps(At(1, 2), InList("5"), InList(Qt::Key_Tab), ListIs(false), Shows(1, 2, "5"),
+           StandsAt(1, 2), HasKeyboard("rtvNotas")),
+     {"inicio 2,2", "fin 3"}},
+    {"AGradeThatWasTypedIsTakenByAClickOnAButtonThatThenDoesItsWork",
+     Steps(At(0, 1), InList("5"), "cmdPagina", ListIs(false), Shows(0, 1, "5")),
+     {"inicio 1,1", "fin 3", "pagina"}},
+    {"AGradeThatWasTypedIsTakenByAClickOnAnotherCellThatThenOpens",
+     Steps(At(0, 1), InList("5"), At(1, 2), Shows(0, 1, "5"), InList(Qt::Key_Escape)),
+     {"inicio 1,1", "fin 3", "inicio 2,2"}},
+    {"AListInWhichNothingWasTypedIsLeftByAClickAsByEsc",
+     Steps(At(0, 1), InList(Qt::Key_Down), "cmdPagina", ListIs(false), Shows(0, 1, "10")),
+     {"inicio 1,1", "pagina"}},
+    {"ATextThatFitsNoEntryHoldsClicksBack",
+     Steps(
+         At(0, 1), InList("11"), "cmdPagina", Refuses("11"), At(0, 0), At(0, 1),
+         DoubleClickCell("rtvNotas", 0, 1), Close, IsVisible,
+         [](auto& window) {
+           EXPECT_EQ(window.focusWidget(), ListFilter(window));
+           EXPECT_EQ(ListFilter(window)->text(), "11");
+         },
+         InList(Qt::Key_Escape), Shows(0, 1, "10")),
+     {"inicio 1,1"}},
+    // No button is pressed.
+    {"TabWalksTheListCellsAndStaysAtTheLast",
+     Steps(At(0, 0), kTab, StandsAt(0, 1), kTab, StandsAt(0, 2), kTab, StandsAt(1, 1), kTab,
+           StandsAt(1, 2), kTab, kTab, HasKeyboard("rtvNotas"), StandsAt(1, 2),
+           OnGrid(Qt::Key_Return), HasKeyboard("rtvNotas"), kBacktab, kBacktab, kBacktab,
+           StandsAt(0, 1), kBacktab, StandsAt(0, 1), HasKeyboard("rtvNotas")),
+     {}},
+    {"CtrlTabLeavesTheTableFromAnyCell",
+     Steps(At(0, 0), OnGrid(Qt::Key_Tab, Qt::ControlModifier), HasKeyboard("cmdAceptar"),
+           OnGrid(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier),
+           HasKeyboard("msgRejilla")),
+     {}},
+    {"TabGoesThroughATableInWhichNothingOpens",
+     Steps(
+         [](auto& window) {
+           FormOf(window).rtvNotas.Rows(1);
+           Of(window, "msgRejilla")->setFocus();
+         },
+         Key("msgRejilla", Qt::Key_Tab), HasKeyboard("rtvNotas"), kTab, HasKeyboard("cmdAceptar")),
+     {}},
+    {"TheWheelMovesNothingUnderAnOpenList",
+     Steps(
+         At(0, 1), InList("5"),
+         [](auto& window) {
+           const auto* table = Of<QTableView>(window, "rtvNotas");
+           const auto at = table->viewport()->rect().center();
+           QWheelEvent wheel(at, table->viewport()->mapToGlobal(at), {}, {0, -120}, {}, {},
+                             Qt::NoScrollPhase, false);
+           QApplication::sendEvent(table->viewport(), &wheel);
+           EXPECT_EQ(ListFilter(window)->text(), "5");
+         },
+         InList(Qt::Key_Return)),
+     {"inicio 1,1", "fin 3"}},
+    {"ACellThatOffersNothingOpensNoList",
+     Steps(
+         At(0, 1), InList(Qt::Key_Escape),
+         [](auto& window) {
+           auto& form = FormOf(window);
+           form.rtvNotas.InicioEdicion = [&form] { form.Log("nada"); };
+         },
+         At(1, 1), ListIs(false), OnGrid(Qt::Key_F2), OnGrid(Qt::Key_7), ListIs(false),
+         OnGrid(Qt::Key_Return), ListIs(false), IsVisible),
+     {"inicio 1,1", "nada", "nada", "nada"}},
+    {"TheArrowKeysGoFromCellToCell",
+     Steps(At(0, 0), OnGrid(Qt::Key_Right), OnGrid(Qt::Key_Down), StandsAt(1, 1)),
+     {}},
 };
 
-TEST_F(RetivoTest, AClickOpensTheListAndAClickChooses) {
-  RunAt(1, 1, Offers({" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"}), ClickOffered(2),
-        ListIs(false), Shows(1, 1, "5"));
-  EXPECT_THAT(seen, ElementsAre("inicio 2,1", "fin 3"));
-  EXPECT_EQ(form->rtvNotas.TextMatrix(2, 1), "5");
-}
+INSTANTIATE_TEST_SUITE_P(Retivo, PlayTest, ::testing::ValuesIn(kListPlays), NameOfPlay);
 
-TEST_F(RetivoTest, ACellThatOffersNothingOpensNoList) {
-  const auto offerNothing = [this](auto&) {
-    form->rtvNotas.InicioEdicion = [this] { form->Log("nada"); };
-  };
-  RunAt(0, 1, InList(Qt::Key_Escape), offerNothing, At(1, 1), ListIs(false), Press(Qt::Key_F2),
-        Press(Qt::Key_7), ListIs(false), Press(Qt::Key_Return), ListIs(false),
-        [this](auto&) { EXPECT_TRUE(form->Visible()); });
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "nada", "nada", "nada"));
-}
-
-TEST_F(RetivoTest, TheListOpensOnWhatTheCellShows) {
-  RunAt(
-      0, 1, [this](auto&) { EXPECT_EQ(Entries()->currentRow(), 3); }, InList(Qt::Key_Up),
-      InList(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
-}
-
-TEST_F(RetivoTest, EscGivesUpWithoutAnEnd) {
-  RunAt(0, 1, InList(Qt::Key_Escape), ListIs(false),
-        [](auto& window) { EXPECT_TRUE(window.isVisible()); });
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
-  EXPECT_EQ(form->rtvNotas.TextMatrix(1, 1), "10");
-}
+using RetivoTest = PruebaTest;
 
 // While the cell still shows what it did: a host that keeps what is typed needs both.
 TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
@@ -130,91 +230,8 @@ TEST_F(RetivoTest, TheHostIsToldOfAnEditBeforeTheForm) {
     form->log.push_back("anfitrión " + grid.TextMatrix(grid.Row(), grid.Col()) + " " +
                         std::to_string(entry));
   };
-  RunAt(0, 1, InList(Qt::Key_Escape), At(0, 1), ClickOffered(2));
+  Run(At(0, 1), InList(Qt::Key_Escape), At(0, 1), ClickOffered(2));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "inicio 1,1", "anfitrión 10 3", "fin 3"));
-}
-
-TEST_F(RetivoTest, F2OpensTheList) {
-  RunAt(0, 0, ListIs(false), Press(Qt::Key_Right), Press(Qt::Key_F2), InList(Qt::Key_Escape));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
-}
-
-TEST_F(RetivoTest, TypingOpensTheListAndNarrowsIt) {
-  RunAt(0, 0, Press(Qt::Key_Right), Type("rtvNotas", "1"), Offers({"1", "10"}), InList("0"),
-        Offers({"10"}), InList(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 2"));
-}
-
-TEST_F(RetivoTest, NumbersStandByValueAndWhatIsTypedExactlyStandsFirst) {
-  form->rtvNotas.InicioEdicion = [this] {
-    auto& grid = form->rtvNotas;
-    grid.ListaLimpiar(1);
-    for (const auto* text : {" ", "10", "Notable alto", "Notable", "9,5", "2"})
-      grid.ListaAnadir(1, text, 0);
-  };
-  RunAt(0, 1, Offers({" ", "2", "Notable alto", "Notable", "9,5", "10"}), InList("notable"),
-        Offers({"Notable", "Notable alto"}), InList(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("fin 3")) << "the entry's place among those that came";
-}
-
-TEST_F(RetivoTest, OfTwoEntriesOfOneTextTheFirstIsChosen) {
-  form->rtvNotas.InicioEdicion = [this] {
-    form->rtvNotas.ListaLimpiar(1);
-    for (const auto* text : {" ", "Apto alto", "Apto", "APTO"})
-      form->rtvNotas.ListaAnadir(1, text, 0);
-  };
-  RunAt(0, 1, InList("apto"), Offers({"Apto", "APTO", "Apto alto"}), InList(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("fin 2"));
-}
-
-TEST_F(RetivoTest, NarrowingKnowsNeitherCaseNorAccentsAndFindsInside) {
-  // In the end there is nothing to choose.
-  RunAt(0, 1, InList("opt"), Offers({"Óptimo"}), InListAnew("SALI"), Offers({"Sobresaliente"}),
-        InListAnew("zz"), Offers({}), InList(Qt::Key_Return), Refuses("zz"),
-        InList(Qt::Key_Escape));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
-}
-
-TEST_F(RetivoTest, TabChoosesAndGoesOnToTheNextListCell) {
-  RunAt(0, 2, InList("5"), InList(Qt::Key_Tab), StandsAt(2, 1));
-  EXPECT_EQ(form->rtvNotas.TextMatrix(1, 2), "5");
-  EXPECT_THAT(seen, ElementsAre("inicio 1,2", "fin 3"));
-}
-
-TEST_F(RetivoTest, TabOnATextThatFitsNoEntryStaysAndSaysSo) {
-  const auto judgesAnew = [this](auto&) { EXPECT_EQ(Refusal(), ""); };
-  RunAt(0, 1, InList("11"), InList(Qt::Key_Tab), Refuses("11"), InList(Qt::Key_Backtab),
-        ListIs(true), InList(Qt::Key_Backspace), judgesAnew, InList(Qt::Key_Tab), Shows(0, 1, "1"));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 1"));
-}
-
-TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAButtonThatThenDoesItsWork) {
-  RunAt(0, 1, InList("5"), "cmdPagina", ListIs(false), Shows(0, 1, "5"));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "pagina"));
-}
-
-TEST_F(RetivoTest, AGradeThatWasTypedIsTakenByAClickOnAnotherCellThatThenOpens) {
-  RunAt(0, 1, InList("5"), At(1, 2), Shows(0, 1, "5"), InList(Qt::Key_Escape));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "inicio 2,2"));
-}
-
-TEST_F(RetivoTest, AListInWhichNothingWasTypedIsLeftByAClickAsByEsc) {
-  RunAt(0, 1, InList(Qt::Key_Down), "cmdPagina", ListIs(false), Shows(0, 1, "10"));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "pagina"));
-}
-
-TEST_F(RetivoTest, ATextThatFitsNoEntryHoldsClicksBack) {
-  RunAt(
-      0, 1, InList("11"), "cmdPagina", Refuses("11"), At(0, 0), At(0, 1),
-      DoubleClickCell("rtvNotas", 0, 1),
-      [this](auto& window) {
-        window.close();
-        EXPECT_TRUE(form->Visible());
-        EXPECT_EQ(window.focusWidget(), Filter());
-        EXPECT_EQ(Filter()->text(), "11");
-      },
-      InList(Qt::Key_Escape), Shows(0, 1, "10"));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
 }
 
 TEST_F(RetivoTest, AnotherWindowThatGetsTheKeyboardTakesWhatWasTyped) {
@@ -224,80 +241,27 @@ TEST_F(RetivoTest, AnotherWindowThatGetsTheKeyboardTakesWhatWasTyped) {
     QApplication::setActiveWindow(&other);
   };
   const auto comeBack = [](auto& window) { QApplication::setActiveWindow(&window); };
-  RunAt(
-      0, 1, InList("nota"), goAway, ListIs(false), Shows(0, 1, "Notable"), comeBack,
+  Run(
+      At(0, 1), InList("nota"), goAway, ListIs(false), Shows(0, 1, "Notable"), comeBack,
       HasKeyboard("rtvNotas"), At(0, 2), InList("11"), goAway, Refuses("11"), comeBack,
-      [this](auto&) { EXPECT_TRUE(Filter()->hasFocus()); }, InList(Qt::Key_Escape));
+      [](auto& window) { EXPECT_TRUE(ListFilter(window)->hasFocus()); }, InList(Qt::Key_Escape));
   EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 4", "inicio 1,2"));
 }
 
-TEST_F(RetivoTest, ADoubleClickOpensTheListOnce) {
-  Run(
-      DoubleClickCell("rtvNotas", 0, 1),
-      [this](auto& window) { EXPECT_EQ(window.focusWidget(), Filter()); }, InList(Qt::Key_Escape));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
-}
-
 TEST_F(RetivoTest, TheOpenListLiesInTheWindowAndItsCellStaysInSight) {
-  Run([this](qt::FormWindow& window) {
+  Run([](qt::FormWindow& window) {
     for (const auto size : {QSize(656, 408), QSize(900, 700), QSize(500, 300)}) {
       window.resize(size);
       for (const auto row : {0, 1}) {
-        ClickCell(window, "rtvNotas", row, 1);
-        ASSERT_NE(List(), nullptr);
-        EXPECT_TRUE(window.rect().contains(List()->geometry())) << size.width();
-        EXPECT_FALSE(List()->geometry().intersects(List()->Cell())) << size.width();
-        QTest::keyClick(Filter(), Qt::Key_Escape);
+        At(row, 1)(window);
+        const auto* list = OpenedList(window);
+        ASSERT_NE(list, nullptr);
+        EXPECT_TRUE(window.rect().contains(list->geometry())) << size.width();
+        EXPECT_FALSE(list->geometry().intersects(list->Cell())) << size.width();
+        InList(Qt::Key_Escape)(window);
       }
     }
   });
-}
-
-TEST_F(RetivoTest, TheWheelMovesNothingUnderAnOpenList) {
-  const auto turnWheel = [this](auto& window) {
-    const auto* table = Of<QTableView>(window, "rtvNotas");
-    const auto at = table->viewport()->rect().center();
-    QWheelEvent wheel(at, table->viewport()->mapToGlobal(at), {}, {0, -120}, {}, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(table->viewport(), &wheel);
-    EXPECT_EQ(Filter()->text(), "5");
-  };
-  RunAt(0, 1, InList("5"), turnWheel, InList(Qt::Key_Return));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
-}
-
-TEST_F(RetivoTest, TabInTheListOfTheLastCellTakesTheGradeAndStays) {
-  RunAt(1, 2, InList("5"), InList(Qt::Key_Tab), ListIs(false), Shows(1, 2, "5"), StandsAt(2, 2),
-        HasKeyboard("rtvNotas"));
-}
-
-TEST_F(RetivoTest, TabWalksTheListCellsAndStaysAtTheLast) {
-  const auto tab = Press(Qt::Key_Tab);
-  const auto back = Press(Qt::Key_Backtab, Qt::ShiftModifier);
-  RunAt(0, 0, tab, StandsAt(1, 1), tab, StandsAt(1, 2), tab, StandsAt(2, 1), tab, StandsAt(2, 2),
-        tab, tab, HasKeyboard("rtvNotas"), StandsAt(2, 2), Press(Qt::Key_Return),
-        HasKeyboard("rtvNotas"), back, back, back, StandsAt(1, 1), back, StandsAt(1, 1),
-        HasKeyboard("rtvNotas"));
-  EXPECT_THAT(seen, IsEmpty()) << "no button was pressed";
-}
-
-TEST_F(RetivoTest, TabGoesThroughATableInWhichNothingOpens) {
-  form->rtvNotas.Rows(1);
-  Run([](auto& window) { Of(window, "msgRejilla")->setFocus(); }, Key("msgRejilla", Qt::Key_Tab),
-      HasKeyboard("rtvNotas"), Press(Qt::Key_Tab), HasKeyboard("cmdAceptar"));
-}
-
-TEST_F(RetivoTest, TheBlankOpensTheWholeList) {
-  RunAt(0, 0, Press(Qt::Key_Tab), Press(Qt::Key_Space),
-        Offers({" ", "1", "5", "10", "Notable", "Sobresaliente", "Óptimo"}),
-        InList(Qt::Key_Escape));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1"));
-}
-
-TEST_F(RetivoTest, CtrlTabLeavesTheTableFromAnyCell) {
-  RunAt(0, 0, Press(Qt::Key_Tab, Qt::ControlModifier), HasKeyboard("cmdAceptar"),
-        Press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier), HasKeyboard("msgRejilla"));
-  EXPECT_THAT(seen, IsEmpty());
 }
 
 // The grid is drawn with columns alone to drag: no border of a row can be taken hold of.
@@ -316,24 +280,14 @@ TEST_F(RetivoTest, RowsOfferNoBorderToDrag) {
   EXPECT_THAT(seen, Not(Contains("alto")));
 }
 
-TEST_F(RetivoTest, TheArrowKeysGoFromCellToCell) {
-  RunAt(0, 0, Press(Qt::Key_Right), Press(Qt::Key_Down), StandsAt(2, 1));
-  EXPECT_THAT(seen, IsEmpty());
-}
-
 TEST_F(RetivoTest, TheFormTakesAKeyBeforeTheGrid) {
   std::vector<int> keys;
   form->OnKey = [&keys](int& key) {
     keys.push_back(key);
     if (key == 40) key = 0;
   };
-  RunAt(0, 0, Press(Qt::Key_Down), StandsAt(1, 0), Press(Qt::Key_Right), StandsAt(1, 1));
+  Run(At(0, 0), OnGrid(Qt::Key_Down), StandsAt(0, 0), OnGrid(Qt::Key_Right), StandsAt(0, 1));
   EXPECT_THAT(keys, ElementsAre(40, 39));
-}
-
-TEST_F(RetivoTest, AColumnThatEditsThroughNoListOpensNone) {
-  RunAt(0, 0, Press(Qt::Key_F2), ListIs(false));
-  EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(RetivoTest, TheGridStandsStillUntilItMayBePaintedAgain) {
@@ -378,7 +332,7 @@ TEST_F(RetivoTest, AWiderColumnSetWhenTheEditBeginsIsShown) {
   const auto isWider = [](auto& window) {
     EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->columnWidth(1), qt::Pixels(2700));
   };
-  RunAt(0, 1, isWider, InList(Qt::Key_Escape));
+  Run(At(0, 1), isWider, InList(Qt::Key_Escape));
 }
 
 TEST_F(RetivoTest, AFailureWhenTheEditBeginsOrEndsComesOut) {

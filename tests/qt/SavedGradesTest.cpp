@@ -3,16 +3,13 @@
 #include <optional>
 
 #include "platform/controls/ComboBox.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
-#include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/ventana/SavedGrades.h"
 
 namespace quorvane::test {
 namespace {
 
-constexpr std::uint8_t kBySubject = 125;
 constexpr int kSecondFinal = 5;
 
 /// A student of the sample school has a subject twice: the first final failed one of the two rows,
@@ -30,21 +27,18 @@ class SavedGradesTest : public SchoolScreenTest {
   /// Types that grade for the student and saves.
   void Save(const std::string& grade) {
     before_.emplace(connection_, true, kSecondFinal);
-    Then([](auto& window) { ChooseGrades(window, "Final Extraordinaria"); });
     const auto type = [this, grade](auto& window) {
       const auto entry = EntriesOf(window.Model()).SelectedData();
       const auto rows = ShownGrades(window, entry).rows;
       const auto own = std::find(rows.begin(), rows.end(), student_ + "/" + subject_);
       ASSERT_NE(own, rows.end());
       EXPECT_EQ(std::count(rows.begin(), rows.end(), *own), 1);
-      ClickCell(window, "rtvNotasAlumno", static_cast<int>(own - rows.begin()), 1);
+      ClickCell("rtvNotasAlumno", static_cast<int>(own - rows.begin()), 1)(window);
       QTest::keyClicks(ListFilter(window), QString::fromStdString(grade));
       QTest::keyClick(ListFilter(window), Qt::Key_Return);
       shown_ = ShownGrades(window, entry).texts;
     };
-    Then(type, "cmdAceptar");
-    Then("cmdNotaManual1(1)");
-    OpenNode(kBySubject);
+    InStepTwo(kBySubject, "Final Extraordinaria", type, "cmdAceptar");
   }
   void Check(bool whole = true) {
     SavedGrades(shown_, *before_, StoredGrades(connection_, true, kSecondFinal)).Check(whole);

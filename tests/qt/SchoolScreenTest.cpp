@@ -1,5 +1,6 @@
 #include "tests/qt/SchoolScreenTest.h"
 
+#include <cstdint>
 #include <memory>
 
 #include "apps/escuela/DemoSchool.h"
@@ -46,14 +47,7 @@ SchoolScreenTest::SchoolScreenTest()
 
 SchoolScreenTest::~SchoolScreenTest() { Application::Instance().Objects().Reset(); }
 
-void SchoolScreenTest::ChooseRegister(const qt::FormWindow& window) {
-  Pick(window, "cboTEnsenanza", 0);
-  Pick(window, "cboCurso", 2);
-  Pick(window, "cboSeccion", 0);
-  Click(window, "cmdAceptar");
-}
-
-void SchoolScreenTest::OpenNode(std::uint8_t node) {
+void SchoolScreenTest::OpenNode(int node) {
   auto session = std::make_shared<SessionValues>();
   for (const auto* member : {"Accion", "lngRowData", "Pesetas", "SQLServer", "IDPerfil"})
     session->Set(member, Value(0));
@@ -69,7 +63,7 @@ void SchoolScreenTest::OpenNode(std::uint8_t node) {
   session->Set("conexionAppEntrada", &entrada_);
   cAsignarDatos module;
   module.ObtenerDatos(session);
-  module.ActivarFormulario(node);
+  module.ActivarFormulario(static_cast<std::uint8_t>(node));
   ExpectDone();
 }
 

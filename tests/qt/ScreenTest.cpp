@@ -6,11 +6,6 @@
 #include "platform/host/Application.h"
 
 namespace quorvane::test {
-namespace {
-
-constexpr int kPatience = 30000;  // milliseconds
-
-}  // namespace
 
 ScreenTest::ScreenTest() {
   Application::Instance().UseScreen(&screen);
@@ -25,7 +20,7 @@ ScreenTest::ScreenTest() {
     box.accept();
   };
   QObject::connect(&patience_, &QTimer::timeout, [] { qFatal("a window was left open"); });
-  patience_.start(kPatience);
+  Patience(std::chrono::seconds(30));
 }
 
 ScreenTest::~ScreenTest() {

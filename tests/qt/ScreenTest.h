@@ -5,7 +5,6 @@
 #include <deque>
 #include <gtest/gtest.h>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "adapters/qt/window/QtFrontEnd.h"
@@ -27,7 +26,7 @@ class ScreenTest : public ::testing::Test {
   /// What the user does in the next window, one after the other; the name of a button clicks it.
   template <class... Gestures>
   void Then(Gestures... gestures) {
-    steps_.push_back([=](qt::FormWindow& window) { (Make(window, gestures), ...); });
+    steps_.push_back(Steps(gestures...));
   }
   /// All steps have been taken, and no window stands.
   void ExpectDone() const;
@@ -38,14 +37,6 @@ class ScreenTest : public ::testing::Test {
   std::vector<std::string> messages;  ///< the texts of the messages, each answered at once
 
  private:
-  template <class Act>
-  static void Make(qt::FormWindow& window, const Act& act) {
-    if constexpr (std::is_convertible_v<Act, const char*>)
-      Click(window, act);
-    else
-      act(window);
-  }
-
   std::deque<Gesture> steps_;
   QTimer patience_;
 };

@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QTableView>
@@ -18,116 +17,204 @@
 namespace quorvane::test {
 namespace {
 
-/// A grid of six students below its heading; list cells are the columns 1 and 2.
+// The keyboard and the mouse on the cells; list cells are the columns 1 and 2.
+
+Gesture On(int row, int col) { return StandOn("rtvNotas", row, col); }
+
+Gesture Write(const char* text) {
+  return [=](qt::FormWindow& window) {
+    // As many keys as letters: the first opens the list, which takes the others.
+    for (const auto* letter = text; *letter != 0; ++letter)
+      QTest::keyClick(window.focusWidget(), *letter);
+  };
+}
+
+Gesture OnClipboard(const char* text) {
+  return [=](auto&) { QGuiApplication::clipboard()->setText(text); };
+}
+
+Gesture DragFromTo(int row, int col, int lastRow, int lastCol) {
+  return [=](qt::FormWindow& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    const auto from = CellCentre(*table, row, col);
+    const auto to = CellCentre(*table, lastRow, lastCol);
+    QTest::mousePress(table->viewport(), Qt::LeftButton, {}, from);
+    for (const auto place : {from, to}) {
+      QMouseEvent event(QEvent::MouseMove, place, table->viewport()->mapToGlobal(place),
+                        Qt::NoButton, Qt::LeftButton, {});
+      QApplication::sendEvent(table->viewport(), &event);
+    }
+    QTest::mouseRelease(table->viewport(), Qt::LeftButton, {}, to);
+    EXPECT_EQ(OpenedList(window), nullptr);
+  };
+}
+
+void ClickWithShift(qt::FormWindow& window) {
+  const auto* table = Of<QTableView>(window, "rtvNotas");
+  QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ShiftModifier, CellCentre(*table, 2, 1));
+}
+
+/// That text stands there.
+Gesture Given(int row, int col, const char* text) {
+  return [=](auto& window) {
+    FormOf(window).rtvNotas.TextMatrix(row + 1, col, text);
+    window.Sync();
+  };
+}
+
+/// The texts of that column, from the first student down.
+Gesture Column(int col, const std::vector<std::string>& expected) {
+  return [=](auto& window) {
+    const auto& grid = FormOf(window).rtvNotas;
+    std::vector<std::string> texts;
+    for (int row = 1; row < grid.Rows(); ++row) texts.push_back(grid.TextMatrix(row, col));
+    EXPECT_EQ(texts, expected);
+  };
+}
+
+Gesture Selects(int cells) {
+  return [=](auto& window) {
+    const auto* table = Of<QTableView>(window, "rtvNotas");
+    EXPECT_EQ(table->selectionModel()->selectedIndexes().size(), cells);
+  };
+}
+
+const Gesture kEnter = Press(Qt::Key_Return);
+const Gesture kBack = Press(Qt::Key_Return, Qt::ShiftModifier);
+const Gesture kPaste = Press(Qt::Key_V, Qt::ControlModifier);
+const Gesture kFill = Press(Qt::Key_D, Qt::ControlModifier);
+const Gesture kRemove = Press(Qt::Key_Delete);
+const Gesture kExtend = Press(Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+
+/// A grid of six students below its heading.
 class SheetKeysTest : public PruebaTest {
  protected:
   SheetKeysTest() {
     for (const auto* name : {"Ana", "Luis", "Eva", "Iván"}) form->rtvNotas.AddItem(name);
     form->rtvNotas.TextMatrix(1, 1, "");
   }
-
-  static Gesture Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
-    return [=](qt::FormWindow& window) { QTest::keyClick(window.focusWidget(), key, with); };
-  }
-  static Gesture Write(const char* text) {
-    return [=](qt::FormWindow& window) {
-      // As many keys as letters: the first opens the list, which takes the others.
-      for (const auto* letter = text; *letter != 0; ++letter)
-        QTest::keyClick(window.focusWidget(), *letter);
-    };
-  }
-  /// The keyboard on that cell, whose list is closed.
-  static Gesture StandOn(int row, int col) {
-    return [=](qt::FormWindow& window) {
-      auto* table = Of<QTableView>(window, "rtvNotas");
-      table->setFocus();
-      table->setCurrentIndex(table->model()->index(row, col));
-    };
-  }
-  static Gesture OnClipboard(const char* text) {
-    return [=](auto&) { QGuiApplication::clipboard()->setText(text); };
-  }
-  static Gesture DragFromTo(int row, int col, int lastRow, int lastCol) {
-    return [=](qt::FormWindow& window) {
-      auto* table = Of<QTableView>(window, "rtvNotas");
-      const auto centre = [table](int at, int column) {
-        return table->visualRect(table->model()->index(at, column)).center();
-      };
-      const auto move = [table, centre](int at, int column) {
-        QMouseEvent event(QEvent::MouseMove, centre(at, column),
-                          table->viewport()->mapToGlobal(centre(at, column)), Qt::NoButton,
-                          Qt::LeftButton, {});
-        QApplication::sendEvent(table->viewport(), &event);
-      };
-      QTest::mousePress(table->viewport(), Qt::LeftButton, {}, centre(row, col));
-      move(row, col);
-      move(lastRow, lastCol);
-      QTest::mouseRelease(table->viewport(), Qt::LeftButton, {}, centre(lastRow, lastCol));
-      EXPECT_EQ(OpenedList(window), nullptr);
-    };
-  }
-  /// The texts of that column, from the first student down.
-  Gesture Column(int col, const std::vector<std::string>& expected) {
-    return [this, col, expected](auto&) {
-      std::vector<std::string> texts;
-      for (int row = 1; row < form->rtvNotas.Rows(); ++row)
-        texts.push_back(form->rtvNotas.TextMatrix(row, col));
-      EXPECT_EQ(texts, expected);
-    };
-  }
-  Gesture StandsAt(int row, int col) {
-    return [=, this](auto&) {
-      EXPECT_EQ(std::pair(form->rtvNotas.Row() - 1, form->rtvNotas.Col()), std::pair(row, col));
-    };
-  }
-  static Gesture ListIs(bool open) {
-    return [=](auto& window) { EXPECT_EQ(OpenedList(window) != nullptr, open); };
-  }
-
-  const Gesture enter = Press(Qt::Key_Return);
-  const Gesture back = Press(Qt::Key_Return, Qt::ShiftModifier);
-  const Gesture paste = Press(Qt::Key_V, Qt::ControlModifier);
-  const Gesture fill = Press(Qt::Key_D, Qt::ControlModifier);
-  const Gesture remove = Press(Qt::Key_Delete);
-  const Gesture extend = Press(Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
 };
 
-TEST_F(SheetKeysTest, EnterTakesTheGradeAndGoesDownTheColumn) {
-  Run(StandOn(0, 1), Write("5"), enter, StandsAt(1, 1), Write("10"), enter, StandsAt(2, 1),
-      ListIs(false), Column(1, {"5", "10", "", "", "", ""}));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3", "inicio 2,1", "fin 2"));
-}
+const std::vector<Play> kSheetPlays{
+    {"EnterTakesTheGradeAndGoesDownTheColumn",
+     Steps(On(0, 1), Write("5"), kEnter, StandsAt(1, 1), Write("10"), kEnter, StandsAt(2, 1),
+           ListIs(false), Column(1, {"5", "10", "", "", "", ""})),
+     {"inicio 1,1", "fin 3", "inicio 2,1", "fin 2"}},
+    {"ShiftEnterTakesItAndGoesUp",
+     Steps(On(2, 2), Write("5"), kBack, StandsAt(1, 2), Write("1"), kBack, StandsAt(0, 2), kBack,
+           StandsAt(0, 2), Column(2, {"", "1", "5", "", "", ""})),
+     {"inicio 3,2", "fin 3", "inicio 2,2", "fin 1"}},
+    {"EnterGoesOverCellsThatNothingIsWrittenInto",
+     Steps(On(3, 1), kEnter, StandsAt(4, 1), kBack, kBack, StandsAt(2, 1), On(5, 1), Write("5"),
+           kEnter, StandsAt(5, 1), ListIs(false), kEnter, StandsAt(5, 1)),
+     {"inicio 6,1", "fin 3"}},
+    {"TabGoesRightAndShiftTabBack",
+     Steps(On(0, 1), Write("5"), Press(Qt::Key_Tab), StandsAt(0, 2), Write("1"),
+           Press(Qt::Key_Backtab, Qt::ShiftModifier), StandsAt(0, 1),
+           Column(1, {"5", "", "", "", "", ""}), Column(2, {"1", "", "", "", "", ""})),
+     {"inicio 1,1", "fin 3", "inicio 1,2", "fin 1"}},
+    {"DeleteTakesTheGradeAwayAsTheBlankEntryDoes",
+     Steps(Given(0, 1, "10"), Given(1, 1, "5"), On(0, 1), kRemove,
+           Column(1, {" ", "5", "", "", "", ""}), On(1, 1), Press(Qt::Key_F2), kRemove,
+           ListIs(false), Column(1, {" ", " ", "", "", "", ""})),
+     {"inicio 1,1", "fin 0", "inicio 2,1", "inicio 2,1", "fin 0"}},
+    {"ATextThatIsBeingWrittenTakesDeleteAndPasteForItself",
+     Steps(OnClipboard("x"), On(0, 1), Write("15"), Press(Qt::Key_Home), kRemove, ListIs(true),
+           Press(Qt::Key_End), kPaste, ListIs(true), Press(Qt::Key_Backspace), kEnter,
+           Column(1, {"5", "", "", "", "", ""})),
+     {"inicio 1,1", "fin 3"}},
+    {"EscClosesTheListWhereverTheKeyboardIs",
+     Steps(
+         On(0, 1), Press(Qt::Key_F2),
+         [](auto& window) { Of(window, "cmdPagina")->setFocus(Qt::MouseFocusReason); },
+         ListIs(true), HasKeyboard("cmdPagina"), Press(Qt::Key_Escape), ListIs(false), IsVisible),
+     {"inicio 1,1"}},
+    {"EscLeavesASelectionFirst",
+     Steps(On(0, 1), kExtend, kExtend, Press(Qt::Key_Escape), IsVisible, Selects(1)),
+     {}},
+    {"PastingWhileTheListIsOpenWithNothingWrittenIsForTheGrid",
+     Steps(OnClipboard("5\n1\n"), ClickCell("rtvNotas", 0, 1), ListIs(true), kPaste, ListIs(false),
+           Column(1, {"5", "1", "", "", "", ""})),
+     {"inicio 1,1", "inicio 1,1", "fin 3", "inicio 2,1", "fin 1"}},
+    {"WhatFindsNoPlaceIsLeftAndToldInOneMessage",
+     Steps(Given(5, 1, "10"), OnClipboard("11\t5\tx\n5\t\t\n\"a\tb\"\n"), On(4, 1), kPaste,
+           Column(1, {"", "", "", "", "", "5"}), Column(2, {"", "", "", "", "5", ""})),
+     {"inicio 5,1", "inicio 5,2", "fin 3", "inicio 6,1", "fin 3"},
+     {"3 casillas se han quedado como estaban:\n\n"
+      "Fila 5 (Eva), columna «Nota»: «11» no está en la lista de esa casilla.\n"
+      "Fila 5 (Eva), columna 4: «x» queda fuera de la tabla.\n"
+      "Fila 7, columna «Nota»: «a\tb» queda fuera de la tabla."}},
+    {"NamesAreHeldAgainstThePastedOnes",
+     Steps(OnClipboard("Lengua\t5\nFrancés\t1\n"), On(0, 0), kPaste,
+           Column(1, {"5", "1", "", "", "", ""}),
+           Column(0, {"Lengua", "Inglés", "Ana", "Luis", "Eva", "Iván"})),
+     {"inicio 1,1", "fin 3", "inicio 2,1", "fin 1"},
+     {"Una casilla se ha quedado como estaba:\n\nFila 2, columna "
+      "«Materia»: «Francés» no se puede poner en esa casilla."}},
+    // The number is the one that the user counts.
+    {"AColumnOutOfSightTakesNoText",
+     Steps([](auto& window) { FormOf(window).rtvNotas.ColWidth(1, 0); },
+           OnClipboard("Lengua\t5\tx\n"), On(0, 0), kPaste, Column(1, {"", "", "", "", "", ""}),
+           Column(2, {"5", "", "", "", "", ""})),
+     {"inicio 1,2", "fin 3"},
+     {"Una casilla se ha quedado como estaba:\n\nFila 1 (Lengua), "
+      "columna 3: «x» queda fuera de la tabla."}},
+    {"ASelectionBeginsWhereTheFormHasGone",
+     Steps(
+         [](auto& window) {
+           auto& form = FormOf(window);
+           form.cmdPagina.Click = [&form] { form.rtvNotas.Row(4); };
+         },
+         OnClipboard("5\n"), On(0, 1), kEnter, "cmdPagina", StandsAt(3, 1),
+         [](auto& window) { Of(window, "rtvNotas")->setFocus(); }, kExtend, kPaste,
+         Column(1, {"", "", "", "5", "5", ""})),
+     {"inicio 4,1", "fin 3", "inicio 5,1", "fin 3"}},
+    {"OneTextIsPastedIntoAllThatIsSelected",
+     Steps(OnClipboard("5\n"), DragFromTo(1, 1, 2, 2), kPaste,
+           Column(1, {"", "5", "5", "", "", ""}), Column(2, {"", "5", "5", "", "", ""})),
+     {"inicio 2,1", "fin 3", "inicio 2,2", "fin 3", "inicio 3,1", "fin 3", "inicio 3,2", "fin 3"}},
+    {"AClickWithShiftSelectsAndOpensNoList",
+     Steps(OnClipboard("5\n"), On(0, 1), ClickWithShift, ListIs(false), kPaste,
+           Column(1, {"5", "5", "5", "", "", ""})),
+     {"inicio 1,1", "fin 3", "inicio 2,1", "fin 3", "inicio 3,1", "fin 3"}},
+    {"CtrlDFillsTheEmptyCellsBelow",
+     Steps(Given(0, 1, "5"), Given(3, 1, "10"), On(0, 1), kFill,
+           Column(1, {"5", "5", "5", "10", "5", "5"}), StandsAt(0, 1)),
+     {"inicio 2,1", "fin 3", "inicio 3,1", "fin 3", "inicio 5,1", "fin 3", "inicio 6,1", "fin 3"}},
+    {"CtrlDFillsUpAndDownFromTheCellThatTheSelectionBeganAt",
+     Steps(Given(0, 1, "1"), Given(3, 1, "5"), DragFromTo(3, 1, 1, 1), kFill,
+           Column(1, {"1", "5", "5", "5", "", ""}), On(0, 1), Write("10"), kBack,
+           Press(Qt::Key_Down, Qt::ControlModifier),
+           Press(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier), kFill,
+           Column(1, {"5", "5", "5", "5", "", ""})),
+     {"inicio 2,1", "fin 3", "inicio 3,1", "fin 3", "inicio 1,1", "fin 2", "inicio 1,1", "fin 3"}},
+    {"CtrlDFillsTheColumnThatTheSelectionBeganInAlone",
+     Steps(Given(1, 1, "5"), Given(1, 2, "1"), DragFromTo(1, 1, 3, 2), kFill,
+           Column(1, {"", "5", "5", "5", "", ""}), Column(2, {"", "1", "", "", "", ""})),
+     {"inicio 3,1", "fin 3", "inicio 4,1", "fin 3"}},
+    {"CtrlDFillsWhatIsSelectedFromItsFirstCell",
+     Steps(Given(1, 1, "5"), Given(2, 1, "10"), DragFromTo(1, 1, 3, 1), kFill,
+           Column(1, {"", "5", "5", "5", "", ""}), On(1, 1), kExtend, kExtend, kRemove,
+           Column(1, {"", " ", " ", " ", "", ""})),
+     {"inicio 3,1", "fin 3", "inicio 4,1", "fin 3", "inicio 2,1", "fin 0", "inicio 3,1", "fin 0",
+      "inicio 4,1", "fin 0"}},
+    {"AnEmptyCellFillsNothing",
+     Steps(Given(1, 1, "5"), On(0, 1), kFill, On(0, 0), kFill,
+           Column(1, {"", "5", "", "", "", ""})),
+     {}},
+};
 
-TEST_F(SheetKeysTest, ShiftEnterTakesItAndGoesUp) {
-  Run(StandOn(2, 2), Write("5"), back, StandsAt(1, 2), Write("1"), back, StandsAt(0, 2), back,
-      StandsAt(0, 2), Column(2, {"", "1", "5", "", "", ""}));
-}
+class SheetPlayTest : public SheetKeysTest, public ::testing::WithParamInterface<Play> {};
 
-TEST_F(SheetKeysTest, EnterGoesOverCellsThatNothingIsWrittenInto) {
-  Run(StandOn(3, 1), enter, StandsAt(4, 1), back, back, StandsAt(2, 1), StandOn(5, 1), Write("5"),
-      enter, StandsAt(5, 1), ListIs(false), enter, StandsAt(5, 1));
-  EXPECT_THAT(seen, ElementsAre("inicio 6,1", "fin 3"));
-}
+TEST_P(SheetPlayTest, IsHeardOf) { Run(GetParam()); }
 
-TEST_F(SheetKeysTest, TabGoesRightAndShiftTabBack) {
-  Run(StandOn(0, 1), Write("5"), Press(Qt::Key_Tab), StandsAt(0, 2), Write("1"),
-      Press(Qt::Key_Backtab, Qt::ShiftModifier), StandsAt(0, 1),
-      Column(1, {"5", "", "", "", "", ""}), Column(2, {"1", "", "", "", "", ""}));
-}
+INSTANTIATE_TEST_SUITE_P(Sheet, SheetPlayTest, ::testing::ValuesIn(kSheetPlays), NameOfPlay);
 
 TEST_F(SheetKeysTest, EnterWithNothingWrittenLeavesAnUngradedCellAsItWas) {
   form->rtvNotas.InicioEdicion = [this] { form->rtvNotas.ListaAnadir(1, "5", 5); };
-  Run(StandOn(0, 1), Press(Qt::Key_F2), ListIs(true), enter, ListIs(false), StandsAt(1, 1),
+  Run(On(0, 1), Press(Qt::Key_F2), ListIs(true), kEnter, ListIs(false), StandsAt(1, 1),
       Column(1, {"", "", "", "", "", ""}));
   EXPECT_THAT(seen, IsEmpty()) << "no edit has ended";
-}
-
-TEST_F(SheetKeysTest, DeleteTakesTheGradeAwayAsTheBlankEntryDoes) {
-  form->rtvNotas.TextMatrix(1, 1, "10");
-  form->rtvNotas.TextMatrix(2, 1, "5");
-  Run(StandOn(0, 1), remove, Column(1, {" ", "5", "", "", "", ""}), StandOn(1, 1),
-      Press(Qt::Key_F2), remove, ListIs(false), Column(1, {" ", " ", "", "", "", ""}));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 0", "inicio 2,1", "inicio 2,1", "fin 0"));
 }
 
 TEST_F(SheetKeysTest, DeleteEditsAnEmptyCellOnlyWhereSomethingIsKnownToStandBehindIt) {
@@ -136,23 +223,16 @@ TEST_F(SheetKeysTest, DeleteEditsAnEmptyCellOnlyWhereSomethingIsKnownToStandBehi
     if (row == 2) return 7;
     return std::nullopt;
   };
-  Run(StandOn(0, 1), remove, StandOn(1, 1), remove, StandOn(2, 1), remove,
+  Run(On(0, 1), kRemove, On(1, 1), kRemove, On(2, 1), kRemove,
       Column(1, {"", " ", "", "", "", ""}));
   EXPECT_THAT(seen, ElementsAre("inicio 2,1", "fin 0"));
-}
-
-TEST_F(SheetKeysTest, ATextThatIsBeingWrittenTakesDeleteAndPasteForItself) {
-  Run(OnClipboard("x"), StandOn(0, 1), Write("15"), Press(Qt::Key_Home), remove, ListIs(true),
-      Press(Qt::Key_End), paste, ListIs(true), Press(Qt::Key_Backspace), enter,
-      Column(1, {"5", "", "", "", "", ""}));
-  EXPECT_THAT(seen, ElementsAre("inicio 1,1", "fin 3"));
 }
 
 TEST_F(SheetKeysTest, DeleteSaysWhereNoBlankEntryIsUnlessItIsOneCell) {
   form->rtvNotas.TextMatrix(1, 1, "10");
   form->rtvNotas.InicioEdicion = [this] { form->rtvNotas.ListaAnadir(1, "5", 5); };
   Run(
-      StandOn(0, 1), remove, [this](auto&) { EXPECT_THAT(messages, IsEmpty()); }, extend, remove,
+      On(0, 1), kRemove, [this](auto&) { EXPECT_THAT(messages, IsEmpty()); }, kExtend, kRemove,
       Column(1, {"10", "", "", "", "", ""}));
   EXPECT_THAT(messages, ElementsAre("Una casilla se ha quedado como estaba:\n\nFila 1 (Lengua), "
                                     "columna «Nota»: «» no se puede dejar en blanco."));
@@ -163,7 +243,7 @@ TEST_F(SheetKeysTest, CtrlUpAndDownMoveInTheGridThoughTheFormHasTheArrows) {
     form->Log("tecla " + std::to_string(key));
     if (key == 38 || key == 40) key = 0;
   };
-  Run(StandOn(0, 1), Press(Qt::Key_Down), StandsAt(0, 1), Press(Qt::Key_Down, Qt::ControlModifier),
+  Run(On(0, 1), Press(Qt::Key_Down), StandsAt(0, 1), Press(Qt::Key_Down, Qt::ControlModifier),
       StandsAt(1, 1), Press(Qt::Key_Up, Qt::ControlModifier), StandsAt(0, 1));
   // Ctrl itself is a key too.
   EXPECT_THAT(seen, ElementsAre("tecla 40", "tecla 17", "tecla 17"));
@@ -180,77 +260,19 @@ TEST_F(SheetKeysTest, GoingBackSelectsTheCellAlone) {
       QTest::keyClick(window.windowHandle(), key, Qt::ShiftModifier);
     };
   };
-  Run(StandOn(3, 1), Write("5"), held(Qt::Key_Return), one, StandsAt(2, 1), held(Qt::Key_Return),
-      one, StandsAt(1, 1), held(Qt::Key_Backtab), one, StandsAt(0, 2));
-}
-
-TEST_F(SheetKeysTest, ASelectionBeginsWhereTheFormHasGone) {
-  form->cmdPagina.Click = [this] { form->rtvNotas.Row(4); };
-  Run(
-      OnClipboard("5\n"), StandOn(0, 1), enter, "cmdPagina", StandsAt(3, 1),
-      [](qt::FormWindow& window) { Of(window, "rtvNotas")->setFocus(); }, extend, paste,
-      Column(1, {"", "", "", "5", "5", ""}));
-}
-
-TEST_F(SheetKeysTest, EscClosesTheListWhereverTheKeyboardIs) {
-  const auto takeKeyboard = [](qt::FormWindow& window) {
-    Of(window, "cmdPagina")->setFocus(Qt::MouseFocusReason);
-    ASSERT_NE(OpenedList(window), nullptr);
-    EXPECT_EQ(window.focusWidget(), Of(window, "cmdPagina"));
-  };
-  Run(StandOn(0, 1), Press(Qt::Key_F2), takeKeyboard, Press(Qt::Key_Escape), ListIs(false),
-      [](qt::FormWindow& window) { EXPECT_TRUE(window.isVisible()); });
-}
-
-TEST_F(SheetKeysTest, EscLeavesASelectionFirst) {
-  Run(StandOn(0, 1), extend, extend, Press(Qt::Key_Escape), [](qt::FormWindow& window) {
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(Of<QTableView>(window, "rtvNotas")->selectionModel()->selectedIndexes().size(), 1);
-  });
+  Run(On(3, 1), Write("5"), held(Qt::Key_Return), one, StandsAt(2, 1), held(Qt::Key_Return), one,
+      StandsAt(1, 1), held(Qt::Key_Backtab), one, StandsAt(0, 2));
 }
 
 TEST_F(SheetKeysTest, APastedColumnIsPutInByEdits) {
   screen.EditEnding = [this](const Form&, const Retivo& grid, int entry) {
     form->Log("anfitrión " + std::to_string(grid.Row()) + " " + std::to_string(entry));
   };
-  Run(OnClipboard("5\r\n  notable \r\n1\r\n"), StandOn(1, 1), paste,
+  Run(OnClipboard("5\r\n  notable \r\n1\r\n"), On(1, 1), kPaste,
       Column(1, {"", "5", "Notable", "1", "", ""}), StandsAt(1, 1));
   EXPECT_THAT(seen, ElementsAre("inicio 2,1", "anfitrión 2 3", "fin 3", "inicio 3,1",
                                 "anfitrión 3 4", "fin 4", "inicio 4,1", "anfitrión 4 1", "fin 1"));
   EXPECT_THAT(messages, IsEmpty());
-}
-
-TEST_F(SheetKeysTest, PastingWhileTheListIsOpenWithNothingWrittenIsForTheGrid) {
-  Run(OnClipboard("5\n1\n"), ClickCell("rtvNotas", 0, 1), ListIs(true), paste, ListIs(false),
-      Column(1, {"5", "1", "", "", "", ""}));
-}
-
-TEST_F(SheetKeysTest, WhatFindsNoPlaceIsLeftAndToldInOneMessage) {
-  form->rtvNotas.TextMatrix(6, 1, "10");
-  Run(OnClipboard("11\t5\tx\n5\t\t\n\"a\tb\"\n"), StandOn(4, 1), paste,
-      Column(1, {"", "", "", "", "", "5"}), Column(2, {"", "", "", "", "5", ""}));
-  EXPECT_THAT(messages,
-              ElementsAre("3 casillas se han quedado como estaban:\n\n"
-                          "Fila 5 (Eva), columna «Nota»: «11» no está en la lista de esa casilla.\n"
-                          "Fila 5 (Eva), columna 4: «x» queda fuera de la tabla.\n"
-                          "Fila 7, columna «Nota»: «a\tb» queda fuera de la tabla."));
-}
-
-TEST_F(SheetKeysTest, NamesAreHeldAgainstThePastedOnes) {
-  Run(OnClipboard("Lengua\t5\nFrancés\t1\n"), StandOn(0, 0), paste,
-      Column(1, {"5", "1", "", "", "", ""}),
-      Column(0, {"Lengua", "Inglés", "Ana", "Luis", "Eva", "Iván"}));
-  EXPECT_THAT(messages, ElementsAre("Una casilla se ha quedado como estaba:\n\nFila 2, columna "
-                                    "«Materia»: «Francés» no se puede poner en esa casilla."));
-}
-
-TEST_F(SheetKeysTest, AColumnOutOfSightTakesNoText) {
-  form->rtvNotas.ColWidth(1, 0);
-  Run(OnClipboard("5\t1\n"), StandOn(0, 0), OnClipboard("Lengua\t5\tx\n"), paste,
-      Column(1, {"", "", "", "", "", ""}), Column(2, {"5", "", "", "", "", ""}));
-  // The number is the one that the user counts.
-  EXPECT_THAT(messages, ElementsAre("Una casilla se ha quedado como estaba:\n\nFila 1 (Lengua), "
-                                    "columna 3: «x» queda fuera de la tabla."));
 }
 
 TEST_F(SheetKeysTest, ACellThatItsEditClosesIsLeftAsItWas) {
@@ -259,7 +281,7 @@ TEST_F(SheetKeysTest, ACellThatItsEditClosesIsLeftAsItWas) {
     if (form->rtvNotas.Row() == 2) form->rtvNotas.ListaLimpiar(form->rtvNotas.Col());
     if (form->rtvNotas.Row() == 3) form->rtvNotas.ColWidth(1, 0);
   };
-  Run(OnClipboard("5\n5\n5\n"), StandOn(0, 1), paste, Column(1, {"5", "", "", "", "", ""}));
+  Run(OnClipboard("5\n5\n5\n"), On(0, 1), kPaste, Column(1, {"5", "", "", "", "", ""}));
   EXPECT_THAT(messages, ElementsAre("2 casillas se han quedado como estaban:\n\n"
                                     "Fila 2 (Inglés), columna «Nota»: «5» no se puede poner en esa "
                                     "casilla.\nFila 3 (Ana), columna «Nota»: «5» no se puede poner "
@@ -271,7 +293,7 @@ TEST_F(SheetKeysTest, AnErrorInAPastedEditEndsTheFormAsInATypedOne) {
     form->Log("fin");
     if (form->rtvNotas.Row() == 2) throw RuntimeError(ErrorNumber::MissingMember);
   };
-  Then(OnClipboard("5\n5\n5\n"), StandOn(0, 1), paste);
+  Then(OnClipboard("5\n5\n5\n"), On(0, 1), kPaste);
   EXPECT_THROW(form->ShowModal(), RuntimeError);
   EXPECT_EQ(std::count(form->log.begin(), form->log.end(), "fin"), 2);
 }
@@ -285,7 +307,7 @@ TEST_F(SheetKeysTest, ManyLeftTextsStandInTheDetails) {
     EXPECT_FALSE(box.isVisible());
     box.accept();
   };
-  Run(OnClipboard("a\nb\nc\nd\ne\nf\ng\nh\ni\nj\nk\nl\n"), StandOn(0, 1), paste);
+  Run(OnClipboard("a\nb\nc\nd\ne\nf\ng\nh\ni\nj\nk\nl\n"), On(0, 1), kPaste);
   EXPECT_EQ(details.split('\n').size(), 12);
 }
 
@@ -301,7 +323,7 @@ TEST_F(SheetKeysTest, LongPastingShowsThatItWorks) {
     form->rtvNotas.ListaAnadir(1, "5", 5);
     spin(120);
   };
-  Run(OnClipboard("5\n5\n5\n5\n"), StandOn(0, 1), paste);
+  Run(OnClipboard("5\n5\n5\n5\n"), On(0, 1), kPaste);
   ASSERT_EQ(shown.size(), 4);
   EXPECT_EQ(shown[0], "");
   EXPECT_EQ(shown[1], "5") << "what is in already is seen";
@@ -315,60 +337,10 @@ TEST_F(SheetKeysTest, PastingEndsWhenTheProgramDoes) {
     form->rtvNotas.ListaAnadir(1, "5", 5);
     if (form->rtvNotas.Row() == 2) screen.Leave();
   };
-  Then([this](auto&) { form->log.clear(); }, OnClipboard("5\n5\nx\n5\n"), StandOn(0, 1), paste);
+  Then([this](auto&) { form->log.clear(); }, OnClipboard("5\n5\nx\n5\n"), On(0, 1), kPaste);
   form->ShowModal();
   EXPECT_THAT(form->log, ElementsAre("inicio", "fin 0", "inicio", "descarga"));
   EXPECT_THAT(messages, IsEmpty());
-}
-
-TEST_F(SheetKeysTest, OneTextIsPastedIntoAllThatIsSelected) {
-  Run(OnClipboard("5\n"), DragFromTo(1, 1, 2, 2), paste, Column(1, {"", "5", "5", "", "", ""}),
-      Column(2, {"", "5", "5", "", "", ""}));
-}
-
-TEST_F(SheetKeysTest, AClickWithShiftSelectsAndOpensNoList) {
-  const auto click = [](qt::FormWindow& window) {
-    const auto* table = Of<QTableView>(window, "rtvNotas");
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ShiftModifier,
-                      table->visualRect(table->model()->index(2, 1)).center());
-  };
-  Run(OnClipboard("5\n"), StandOn(0, 1), click, ListIs(false), paste,
-      Column(1, {"5", "5", "5", "", "", ""}));
-}
-
-TEST_F(SheetKeysTest, CtrlDFillsTheEmptyCellsBelow) {
-  form->rtvNotas.TextMatrix(1, 1, "5");
-  form->rtvNotas.TextMatrix(4, 1, "10");
-  Run(StandOn(0, 1), fill, Column(1, {"5", "5", "5", "10", "5", "5"}), StandsAt(0, 1));
-}
-
-TEST_F(SheetKeysTest, CtrlDFillsUpAndDownFromTheCellThatTheSelectionBeganAt) {
-  form->rtvNotas.TextMatrix(1, 1, "1");
-  form->rtvNotas.TextMatrix(4, 1, "5");
-  Run(DragFromTo(3, 1, 1, 1), fill, Column(1, {"1", "5", "5", "5", "", ""}), StandOn(0, 1),
-      Write("10"), back, Press(Qt::Key_Down, Qt::ControlModifier),
-      Press(Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier), fill,
-      Column(1, {"5", "5", "5", "5", "", ""}));
-}
-
-TEST_F(SheetKeysTest, CtrlDFillsTheColumnThatTheSelectionBeganInAlone) {
-  form->rtvNotas.TextMatrix(2, 1, "5");
-  form->rtvNotas.TextMatrix(2, 2, "1");
-  Run(DragFromTo(1, 1, 3, 2), fill, Column(1, {"", "5", "5", "5", "", ""}),
-      Column(2, {"", "1", "", "", "", ""}));
-}
-
-TEST_F(SheetKeysTest, CtrlDFillsWhatIsSelectedFromItsFirstCell) {
-  form->rtvNotas.TextMatrix(2, 1, "5");
-  form->rtvNotas.TextMatrix(3, 1, "10");
-  Run(DragFromTo(1, 1, 3, 1), fill, Column(1, {"", "5", "5", "5", "", ""}), StandOn(1, 1), extend,
-      extend, remove, Column(1, {"", " ", " ", " ", "", ""}));
-}
-
-TEST_F(SheetKeysTest, AnEmptyCellFillsNothing) {
-  form->rtvNotas.TextMatrix(2, 1, "5");
-  Run(StandOn(0, 1), fill, StandOn(0, 0), fill, Column(1, {"", "5", "", "", "", ""}));
-  EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(SheetKeysTest, RoomIsSharedOutAndTheFormsMeasuresStay) {

@@ -19,21 +19,6 @@ class WindowPlaceTest : public PruebaTest {
     return from + static_cast<int>(random.Below(static_cast<std::size_t>(to - from + 1)));
   }
 
-  /// The form at work: shrunk to its busy box for a while, and then with its measures again.
-  void Work() {
-    const std::array kept{form->Height(), form->Width(), form->Top(), form->Left()};
-    form->Height(2500);
-    form->Width(4000);
-    form->Left((screen.ScreenWidth() - form->Width()) / 2);
-    form->Top((screen.ScreenHeight() - form->Height()) / 2);
-    screen.DoEvents();
-    box = screen.ActiveWindow()->geometry();
-    form->Height(kept[0]);
-    form->Width(kept[1]);
-    form->Top(kept[2]);
-    form->Left(kept[3]);
-  }
-
   /// The window system tells the window that it stands there, after that many milliseconds. When
   /// the window has asked for something new since `asked`, that comes true in the end, else what
   /// it had asked for.
@@ -52,7 +37,7 @@ class WindowPlaceTest : public PruebaTest {
 
   Gesture PutToWork() {
     return [this](auto& window) {
-      form->cmdPagina.Click = [this] { Work(); };
+      form->cmdPagina.Click = [this] { Work([this](auto& shrunk) { box = shrunk.geometry(); }); };
       Of<QPushButton>(window, "cmdPagina")->click();
     };
   }

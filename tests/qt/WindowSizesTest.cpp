@@ -1,10 +1,8 @@
 #include <QScreen>
 
 #include "adapters/qt/views/Units.h"
-#include "tests/qt/Hands.h"
 #include "tests/qt/SchoolScreenTest.h"
 #include "tests/qt/frmPrueba.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -103,9 +101,7 @@ TEST_F(WindowSizesTest, AWindowStandsOnTheScreenWhereverTheOneBeforeItStands) {
 }
 
 TEST_F(WindowSizesTest, OnlyFormsThatTheUserMayResizeAreAskedFor) {
-  Then(ChooseRegister);
-  Then("cmdCancelar");
-  OpenNode(123);
+  InRegister("cmdCancelar");
   EXPECT_THAT(asked, ElementsAre("frmAlumnoPendiente"));
 }
 
@@ -116,16 +112,13 @@ TEST_F(WindowSizesTest, WhatALayoutMakesOfAFixedSizeIsNotTheUsers) {
     EXPECT_NE(window.Model().Width(), width) << "the form knows of it";
   };
   Then(enlarge, "cmdNotaManual1(1)");
-  OpenNode(124);
+  OpenNode(kByStudent);
   EXPECT_THAT(kept, IsEmpty());
 }
 
 // The form shrinks to its busy box before it goes; that is no size of the user's.
 TEST_F(WindowSizesTest, TheBusyBoxIsNoSizeToKeep) {
-  Then(ChooseGradesOfTheSecond);
-  Then(Resize(840, 560), "cmdAceptar");
-  Then("cmdNotaManual1(1)");
-  OpenNode(124);
+  InStepTwo(kByStudent, kSecond, Resize(840, 560), "cmdAceptar");
   EXPECT_THAT(asked, ElementsAre("frmNotaManual"));
   EXPECT_THAT(kept, ElementsAre("frmNotaManual " + Text(Outer(840, 560))));
 }

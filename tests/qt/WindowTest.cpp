@@ -1,5 +1,4 @@
 #include <QElapsedTimer>
-#include <QGroupBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -10,7 +9,6 @@
 #include "adapters/qt/views/Units.h"
 #include "adapters/qt/window/BusySign.h"
 #include "tests/qt/PruebaTest.h"
-#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -32,8 +30,11 @@ class WindowTest : public PruebaTest {
   }
 };
 
-TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsForm) {
+TEST_F(WindowTest, HasTheMeasuresTitleAndPlacesOfItsFormAndNoScrollBarWhereItFits) {
   Run([](qt::FormWindow& window) {
+    EXPECT_FALSE(Area(window).verticalScrollBar()->isVisible());
+    EXPECT_FALSE(Area(window).horizontalScrollBar()->isVisible());
+    EXPECT_EQ(Area(window).viewport()->size(), window.size());
     EXPECT_EQ(window.windowTitle(), "Prueba de controles");
     EXPECT_EQ(window.size(), Inner(9840, 6120));
     EXPECT_EQ(Of(window, "msgRejilla")->geometry(),
@@ -145,45 +146,29 @@ TEST_F(WindowTest, AFormTooTallAloneIsAsWideAsItIsDrawnBesideItsScrollBar) {
   });
 }
 
-TEST_F(WindowTest, AFormThatFitsHasNoScrollBar) {
-  Run([](qt::FormWindow& window) {
-    EXPECT_FALSE(Area(window).verticalScrollBar()->isVisible());
-    EXPECT_FALSE(Area(window).horizontalScrollBar()->isVisible());
-    EXPECT_EQ(Area(window).viewport()->size(), window.size());
-  });
-}
-
 TEST_F(WindowTest, ShrinksToTheBusyBoxAndComesBack) {
   form->cmdPagina.Click = [this] {
-    const std::array kept{form->Height(), form->Width(), form->Top(), form->Left()};
     for (auto* control : form->Controls()) control->Visible(false);
-    form->Width(4000);
-    form->Height(2500);
-    form->Left((screen.ScreenWidth() - form->Width()) / 2);
     form->Enabled(false);
     form->aniCarga.Play();
     form->aniCarga.Visible(true);
     form->fraCarga.Visible(true);
     form->fraCarga.ToFront();
-    screen.DoEvents();
-    auto& window = *screen.ActiveWindow();
-    EXPECT_EQ(window.size(), Inner(4000, 2500));
-    EXPECT_TRUE(Of(window, "aniCarga")->isVisible());
-    EXPECT_FALSE(Of(window, "rtvNotas")->isVisible());
-    Click(window, "cmdCancelar");  // nothing comes of it
-    form->aniCarga.Stop();
-    for (auto* control : form->Controls()) control->Visible(true);
-    form->fraCarga.Visible(false);
-    form->Height(kept[0]);
-    form->Width(kept[1]);
-    form->Top(kept[2]);
-    form->Left(kept[3]);
+    Work([this](auto& window) {
+      EXPECT_EQ(window.size(), Inner(4000, 2500));
+      EXPECT_TRUE(Of(window, "aniCarga")->isVisible());
+      EXPECT_FALSE(Of(window, "rtvNotas")->isVisible());
+      Click("cmdCancelar")(window);  // nothing comes of it
+      form->aniCarga.Stop();
+      for (auto* control : form->Controls()) control->Visible(true);
+      form->fraCarga.Visible(false);
+    });
     form->Enabled(true);
     form->Log("hecho");
   };
   Run([this](qt::FormWindow& window) {
     const auto before = window.geometry();
-    Click(window, "cmdPagina");
+    Click("cmdPagina")(window);
     EXPECT_THAT(form->log, ElementsAre("hecho"));
     EXPECT_EQ(window.geometry(), before);
   });
@@ -239,15 +224,6 @@ TEST_F(WindowTest, ATextOfAnyLengthIsMeasuredByItsBeginning) {
   EXPECT_EQ(form->TextWidth(std::string(18'000'000, 'W')), longest);
 }
 
-class PaintCounter : public QObject {
- public:
-  int paints = 0;
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++paints;
-    return false;
-  }
-};
-
 TEST_F(WindowTest, LongWorkGetsTheHourglassUntilTheUserIsToAct) {
   const auto hourglass = [] { return QApplication::overrideCursor() != nullptr; };
   const auto work = [this, &hourglass] {
@@ -271,22 +247,22 @@ TEST_F(WindowTest, LongWorkGetsTheHourglassUntilTheUserIsToAct) {
 
 TEST_F(WindowTest, TheBusySignMovesDuringLongWorkAndNobodyActs) {
   constexpr qint64 kLongEnough = 20000;  // milliseconds
-  PaintCounter counter;
-  form->cmdPagina.Click = [this, &counter] {
+  EventCounter paints(QEvent::Paint);
+  form->cmdPagina.Click = [this, &paints] {
     form->fraCarga.Visible(true);
     form->aniCarga.Play();
     screen.DoEvents();
     auto& window = *screen.ActiveWindow();
-    Of(window, "aniCarga")->installEventFilter(&counter);
+    Of(window, "aniCarga")->installEventFilter(&paints);
     QElapsedTimer time;
     time.start();
-    while (counter.paints < 4 && time.elapsed() < kLongEnough) screen.Pulse();
+    while (paints.count < 4 && time.elapsed() < kLongEnough) screen.Pulse();
     ClickSquare("chkTodo")(window);
     form->aniCarga.Stop();
   };
   Run("cmdPagina",
       [](auto& window) { EXPECT_EQ(Of<qt::BusySign>(window, "aniCarga")->Leader(), 0); });
-  EXPECT_GE(counter.paints, 4);
+  EXPECT_GE(paints.count, 4);
   EXPECT_EQ(form->chkTodo.Value(), 0);
 }
 

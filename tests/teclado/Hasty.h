@@ -1,21 +1,52 @@
 #pragma once
 
+#include <QElapsedTimer>
+#include <QObject>
 #include <QPoint>
-#include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <functional>
-#include <vector>
 
 class QWidget;
 
 namespace quorvane::test {
+
+/// Waits for what the window system sends: until it has brought so many gestures and then rests,
+/// that is, until nothing moves any more on an answer that the server gave behind all of it. It
+/// goes by no clock, but that a gesture which got lost isn't waited for longer than a user would.
+class Rest : public QObject {
+ public:
+  using Next = std::function<void()>;
+
+  /// Calls `next` once the window is shown, is the active one, has the keyboard, and is at rest.
+  static void In(const QWidget& window, const Next& next);
+
+  /// From its making on gestures are counted, for who makes them is another program: keys and
+  /// buttons that are let go.
+  explicit Rest(int gestures);
+  /// They have all been made: `next` is called at rest, and this goes.
+  void Then(const Next& next);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Look();
+
+  int awaited_;
+  int quiet_ = 0;  ///< looks without anything that moved
+  bool moved_ = true;
+  QElapsedTimer since_;
+  QTimer looks_;
+  Next next_;
+};
 
 /// A hasty user whose keys and clicks come from another program, through the window system, while
 /// this one goes on: what is done next is done once they have all arrived and nothing moves
 /// (`Rest`).
 class Hasty {
  public:
-  using Next = std::function<void()>;
+  using Next = Rest::Next;
 
   /// Presses keys by their X names, so many milliseconds apart; then `next`.
   static void Type(const QStringList& keys, int apart, const Next& next);
@@ -24,20 +55,6 @@ class Hasty {
   /// Presses keys by their X names, and right behind the last key a click there, in that widget.
   static void TypeAndClick(const QStringList& keys, int apart, const QWidget& widget, QPoint at,
                            const Next& next);
-
- private:
-  static void Run(const QStringList& arguments, int gestures, const Next& next);
-};
-
-/// Keeps all cores busy for the life of the object.
-class BusyMachine {
- public:
-  BusyMachine();
-  ~BusyMachine();
-  BusyMachine(BusyMachine&&) = delete;
-
- private:
-  std::vector<int> processes_;
 };
 
 }  // namespace quorvane::test

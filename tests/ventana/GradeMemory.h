@@ -10,7 +10,6 @@
 #include "adapters/qt/window/FormWindow.h"
 #include "tests/ventana/SavedGrades.h"
 #include "tests/ventana/ShownGrades.h"
-#include "tests/ventana/StoredGrades.h"
 #include "tests/ventana/WatchedScreen.h"
 #include "tests/walk/School.h"
 #include "tests/walk/Violation.h"

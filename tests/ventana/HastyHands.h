@@ -1,15 +1,19 @@
 #pragma once
 
-#include <QAbstractButton>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPoint>
 #include <QPushButton>
+#include <QString>
 #include <QTabBar>
 #include <QTableView>
+#include <QWidget>
 #include <QWindow>
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,11 +23,7 @@
 #include "tests/ventana/InputQueue.h"
 #include "tests/ventana/Keys.h"
 #include "tests/ventana/OpenList.h"
-#include "tests/ventana/SheetGestures.h"
 #include "tests/ventana/ShownGrades.h"
-#include "tests/ventana/Weighted.h"
-
-class QWidget;
 
 namespace quorvane::test {
 
@@ -54,7 +54,7 @@ class HastyHands {
     // A text that is being typed takes what is pasted for itself.
     if (EntersGrades(window.Model()) && &front == &window && (!open || open->typed.isEmpty()) &&
         Chance(15))
-      return {SheetGestures::Put(random_, queue_, window.windowHandle()), SheetGestures::kMany};
+      return {WorkOnSheet(window.windowHandle()), kManyGrades};
     // Half of what is typed into a list is left there, for something else.
     if (open && !open->typed.isEmpty() && random_.Chance(50)) return ClickBeside(front);
     // Grades are typed; the other forms are filled in with the mouse.
@@ -71,6 +71,45 @@ class HastyHands {
   }
 
  private:
+  /// As how many gestures work on a sheet counts: it changes several grades at once.
+  static constexpr int kManyGrades = 10;
+
+  /// What somebody does in a grid of grades who has a spreadsheet open beside it.
+  std::string WorkOnSheet(QWindow* window) {
+    const auto rows = Below(6);
+    for (int i = 0; i < rows && random_.Chance(40); ++i)
+      queue_.Key(window, Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+    switch (random_.Below(8)) {
+      case 0:
+        queue_.Key(window, Qt::Key_C, Qt::ControlModifier);
+        return "copia";
+      case 1:
+        queue_.Key(window, Qt::Key_Delete);
+        return "quita lo elegido";
+      case 2:
+        queue_.Key(window, Qt::Key_D, Qt::ControlModifier);
+        return "rellena hacia abajo";
+      default:
+        break;
+    }
+    auto text = Column();
+    QGuiApplication::clipboard()->setText(text);
+    queue_.Key(window, Qt::Key_V, Qt::ControlModifier);
+    return "pega " + text.replace('\n', '/').replace('\t', '|').toStdString();
+  }
+  /// As a spreadsheet copies one, or up to three.
+  QString Column() {
+    static constexpr std::array kTexts{"7", "10", " 5 ", "4", "NOTABLE", "Pasiva", "", "11", "x"};
+    const auto rows = 1 + random_.Below(8);
+    const auto columns = random_.Chance(70) ? 1 : 1 + random_.Below(3);
+    QString text;
+    for (std::size_t row = 0; row < rows; ++row)
+      for (std::size_t column = 0; column < columns; ++column)
+        text +=
+            QString(kTexts[random_.Below(kTexts.size())]) + (column + 1 < columns ? '\t' : '\n');
+    return text;
+  }
+
   /// How often a user clicks it, against the others.
   static int WeightOf(const QWidget& widget) {
     if (const auto* box = dynamic_cast<const QComboBox*>(&widget))
@@ -109,9 +148,8 @@ class HastyHands {
       return ClickOn(*open->entries);
     if (Chance(40)) {
       const auto room = front.frameGeometry();
-      const QPoint inside(static_cast<int>(random_.Below(static_cast<std::size_t>(room.width()))),
-                          static_cast<int>(random_.Below(static_cast<std::size_t>(room.height()))));
-      return ClickAt(room.topLeft() + inside, "la ventana");
+      const auto down = Below(room.height());
+      return ClickAt(room.topLeft() + QPoint(Below(room.width()), down), "la ventana");
     }
     if (Chance(10)) return ClickAt({2, 2}, "la esquina de la pantalla");
     return ClickBeside(front);
@@ -130,7 +168,7 @@ class HastyHands {
       auto* header = table->horizontalHeader();
       const auto border = header->sectionViewportPosition(0) + header->sectionSize(0) - 1;
       const auto from = header->viewport()->mapToGlobal(QPoint(border, header->height() / 2));
-      queue_.Drag(from, from + QPoint(static_cast<int>(random_.Below(80)) - 40, 0));
+      queue_.Drag(from, from + QPoint(Below(80) - 40, 0));
       return {"arrastra una columna de " + NameOf(widget)};
     }
     const auto place = PlaceOn(widget);
@@ -156,7 +194,7 @@ class HastyHands {
   }
 
   Deed PickByKeys(QComboBox& box) {
-    const auto entry = static_cast<int>(random_.Below(static_cast<std::size_t>(box.count())));
+    const auto entry = Below(box.count());
     auto* window = box.window()->windowHandle();
     const auto place = box.mapToGlobal(box.rect().center());
     queue_.Click(place);
@@ -172,20 +210,19 @@ class HastyHands {
       // Some tries for a cell that is in sight; else just somewhere.
       for (int tries = 0; tries < 10 && model->rowCount() > 0 && model->columnCount() > 0;
            ++tries) {
-        const auto row = random_.Below(static_cast<std::size_t>(model->rowCount()));
-        const auto column = random_.Below(static_cast<std::size_t>(model->columnCount()));
-        const auto room =
-            view->visualRect(model->index(static_cast<int>(row), static_cast<int>(column)));
+        const auto row = Below(model->rowCount());
+        const auto room = view->visualRect(model->index(row, Below(model->columnCount())));
         if (room.isEmpty() || !view->viewport()->rect().contains(room.center())) continue;
         return view->viewport()->mapToGlobal(room.center());
       }
       return view->viewport()->mapToGlobal(view->viewport()->rect().center());
     }
-    if (const auto* tabs = dynamic_cast<QTabBar*>(&widget); tabs != nullptr && tabs->count() > 0) {
-      const auto tab = random_.Below(static_cast<std::size_t>(tabs->count()));
-      return tabs->mapToGlobal(tabs->tabRect(static_cast<int>(tab)).center());
-    }
+    if (const auto* tabs = dynamic_cast<QTabBar*>(&widget); tabs != nullptr && tabs->count() > 0)
+      return tabs->mapToGlobal(tabs->tabRect(Below(tabs->count())).center());
     return widget.mapToGlobal(widget.rect().center());
+  }
+  [[nodiscard]] int Below(int end) {
+    return static_cast<int>(random_.Below(static_cast<std::size_t>(end)));
   }
   [[nodiscard]] bool Chance(std::size_t thousandths) { return random_.Below(1000) < thousandths; }
 

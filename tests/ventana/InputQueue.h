@@ -19,10 +19,10 @@ class InputQueue {
   /// A key for that window, or for the one that has the keyboard when it is the key's turn.
   void Key(QWindow* window, Qt::Key key, Qt::KeyboardModifiers with = {},
            const QString& text = {}) {
-    now_ += kMoment;
-    System::handleKeyEvent<Later>(window, now_, QEvent::KeyPress, key, with, text);
-    now_ += kMoment;
-    System::handleKeyEvent<Later>(window, now_, QEvent::KeyRelease, key, with, text);
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      now_ += kMoment;
+      System::handleKeyEvent<Later>(window, now_, type, key, with, text);
+    }
   }
   /// The mouse goes to that place of the screen and is clicked there.
   void Click(QPoint place, Qt::MouseButton button = Qt::LeftButton) {
@@ -67,17 +67,18 @@ class InputQueue {
 
   void Press(QPoint place, Qt::MouseButton button) {
     now_ += kMoment;
-    System::handleMouseEvent<Later>(nullptr, now_, QPointF(place), QPointF(place), button, button,
-                                    QEvent::MouseButtonPress);
+    Put(place, button, button, QEvent::MouseButtonPress);
   }
-  void Move(QPoint place, Qt::MouseButtons held) {
-    System::handleMouseEvent<Later>(nullptr, now_, QPointF(place), QPointF(place), held,
-                                    Qt::NoButton, QEvent::MouseMove);
+  void Move(QPoint place, Qt::MouseButtons held) const {
+    Put(place, held, Qt::NoButton, QEvent::MouseMove);
   }
   void Release(QPoint place, Qt::MouseButton button) {
     now_ += kMoment;
-    System::handleMouseEvent<Later>(nullptr, now_, QPointF(place), QPointF(place), Qt::NoButton,
-                                    button, QEvent::MouseButtonRelease);
+    Put(place, Qt::NoButton, button, QEvent::MouseButtonRelease);
+  }
+  void Put(QPoint place, Qt::MouseButtons held, Qt::MouseButton button, QEvent::Type type) const {
+    System::handleMouseEvent<Later>(nullptr, now_, QPointF(place), QPointF(place), held, button,
+                                    type);
   }
 
   unsigned long now_ = 1;

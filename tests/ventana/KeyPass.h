@@ -4,7 +4,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QTableView>
+#include <QObject>
 #include <QTimer>
 #include <QWindow>
 #include <functional>
@@ -45,7 +45,7 @@ enum class Pace { Slow, Fast };
 /// One run of keys on a grade form of the sample school, the same however often it is made. It
 /// tells all that came of it, to be held against another run's: the statements, what stood in the
 /// cells whenever a button was pressed or Esc was left to the form, and at the end.
-class KeyPass : private Onlooker {
+class KeyPass : public QObject, private Onlooker {
  public:
   KeyPass(const GradeScreen& which, const std::vector<const KeyPress*>& keys, Pace pace)
       : which_(which), keys_(keys), pace_(pace) {
@@ -88,14 +88,10 @@ class KeyPass : private Onlooker {
   static constexpr std::uint64_t kHostSeed = 7;
   static constexpr const char* kCourse = "3º ESO";
 
-  static CommandButton& Button(const Form& form, const char* name) {
-    return dynamic_cast<CommandButton&>(*form.Find(name));
+  template <class C>
+  static C& Of(const Form& form, const char* name) {
+    return dynamic_cast<C&>(*form.Find(name));
   }
-
-  static ComboBox& Combo(const Form& form, const char* name) {
-    return dynamic_cast<ComboBox&>(*form.Find(name));
-  }
-
   static void Pick(ComboBox& combo, const std::string& entry) {
     for (int i = 0; i < combo.ListCount(); ++i)
       if (combo.List(i) == entry) {
@@ -105,30 +101,18 @@ class KeyPass : private Onlooker {
     throw Violation(combo.Name() + " no ofrece " + entry);
   }
 
-  /// Esc that no list has taken would close the form, and the keys after it would be another's.
-  class EscapeFilter : public QObject {
-   public:
-    EscapeFilter(KeyPass& pass, qt::FormWindow& window) : QObject(&window), pass_(pass) {
-      window.installEventFilter(this);
-    }
-
-   protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-      if (event->type() != QEvent::KeyPress ||
-          static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
-        return false;
-      pass_.LogCells(*static_cast<qt::FormWindow*>(watched), "Esc");
-      return true;
-    }
-
-   private:
-    KeyPass& pass_;
-  };
-
-  void Loading(Form& /*form*/) override {}
   void Opened(Form& /*form*/) override {}
   void Accepting(const Form& /*form*/) override {}
   void Settle() override {}
+
+  /// Esc that no list has taken would close the form, and the keys after it would be another's.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress ||
+        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
+      return false;
+    LogCells(*static_cast<qt::FormWindow*>(watched), "Esc");
+    return true;
+  }
 
   void Tick() {
     auto* window = screen_.ActiveWindow();
@@ -155,22 +139,25 @@ class KeyPass : private Onlooker {
       form.CloseByUser();
       return;
     }
-    Combo(form, "cboTipoEnsenanza").ListIndex(0);
-    Pick(Combo(form, "cboCursos"), kCourse);
-    Combo(form, "cboSecciones").ListIndex(0);
-    Pick(Combo(form, "cboEvaluaciones"), which_.evaluation);
+    Of<ComboBox>(form, "cboTipoEnsenanza").ListIndex(0);
+    Pick(Of<ComboBox>(form, "cboCursos"), kCourse);
+    Of<ComboBox>(form, "cboSecciones").ListIndex(0);
+    Pick(Of<ComboBox>(form, "cboEvaluaciones"), which_.evaluation);
     for (const auto* last : {"cboMateria", "cboAlumno"})
-      if (form.Find(last) != nullptr) Combo(form, last).ListIndex(static_cast<int>(entry_++));
-    Button(form, "cmdNotaManual1(0)").Press();
+      if (form.Find(last) != nullptr)
+        Of<ComboBox>(form, last).ListIndex(static_cast<int>(entry_++));
+    Of<CommandButton>(form, "cmdNotaManual1(0)").Press();
   }
   void Begin(qt::FormWindow& window) {
     begun_ = true;
     auto& form = window.Model();
-    new EscapeFilter(*this, window);
-    auto& accept = Button(form, "cmdAceptar");
+    window.installEventFilter(this);
+    auto& accept = Of<CommandButton>(form, "cmdAceptar");
     save_ = accept.Click;
     accept.Click = [this, &window] { LogCells(window, "cmdAceptar"); };
-    Button(form, "cmdCancelar").Click = [this, &window] { LogCells(window, "cmdCancelar"); };
+    Of<CommandButton>(form, "cmdCancelar").Click = [this, &window] {
+      LogCells(window, "cmdCancelar");
+    };
   }
   void Finish(qt::FormWindow& window) {
     finished_ = true;

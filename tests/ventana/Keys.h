@@ -3,11 +3,11 @@
 #include <QString>
 #include <Qt>
 #include <array>
-#include <vector>
+#include <cstddef>
+#include <numeric>
 
 #include "apps/escuela/Prng.h"
 #include "tests/ventana/InputQueue.h"
-#include "tests/ventana/Weighted.h"
 
 namespace quorvane::test {
 
@@ -53,6 +53,20 @@ inline constexpr std::array kKeys = std::to_array<KeyPress>({
 });
 
 inline constexpr KeyPress kEscape{Qt::Key_Escape, "Esc", "\x1b", 1};
+
+/// One of the things, which have weights above 0, drawn by these.
+template <class Things, class Weight>
+const auto& Weighted(Prng& random, const Things& things, Weight weight) {
+  const auto total =
+      std::accumulate(things.begin(), things.end(), 0,
+                      [&weight](int sum, const auto& thing) { return sum + weight(thing); });
+  auto left = static_cast<int>(random.Below(static_cast<std::size_t>(total)));
+  for (const auto& thing : things) {
+    left -= weight(thing);
+    if (left < 0) return thing;
+  }
+  return things.back();
+}
 
 /// Any key that grades are entered with; Esc so many times in a thousand.
 inline const KeyPress& AnyKey(Prng& random, std::size_t escapes) {

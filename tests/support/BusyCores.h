@@ -14,9 +14,9 @@ namespace quorvane::test {
 /// Keeps every core of the machine busy as long as it lives, with processes of its own.
 class BusyCores {
  public:
-  BusyCores() {
+  explicit BusyCores(unsigned processesEach = 1) {
     const auto cores = std::max(1U, std::thread::hardware_concurrency());
-    for (unsigned core = 0; core < cores; ++core) {
+    for (unsigned process = 0; process < processesEach * cores; ++process) {
       const auto child = fork();
       if (child == 0) Spin();
       if (child > 0) spinning_.push_back(child);
