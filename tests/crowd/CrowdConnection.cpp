@@ -4,12 +4,10 @@
 #include <chrono>
 #include <utility>
 
-#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/LockList.h"
 #include "platform/RuntimeError.h"
 #include "tests/crowd/Diary.h"
 #include "tests/crowd/Grades.h"
-#include "tests/crowd/ServerDiary.h"
 #include "tests/walk/Statement.h"
 
 namespace quorvane::test {
@@ -28,10 +26,6 @@ bool Frames(const std::string& statement) {
 }
 
 }  // namespace
-
-sqlite::SqliteConnection& CrowdConnection::File() const {
-  return dynamic_cast<sqlite::SqliteConnection&>(*engine_);
-}
 
 CrowdConnection::CrowdConnection(const SchoolAddress& school, std::string name, int process,
                                  Fault fault, FaultCount& faults, Journal& journal,
@@ -86,22 +80,17 @@ Recordset CrowdConnection::Time(const std::string& statement) {
   }
 }
 
-bool CrowdConnection::Swallows(const std::string& statement) const {
-  if (fault_ == Fault::Lock)
-    return statement.starts_with(kGivesBack) || statement.starts_with(kGivesLocksBack);
-  const auto update = ParseGradeUpdate(statement);
-  return fault_ == Fault::Lost && update && update->GivesGrades();
-}
-
-void CrowdConnection::Swallow(const std::string& statement) {
-  if (fault_ == Fault::Lost) {
+bool CrowdConnection::Swallow(const std::string& statement) {
+  if (fault_ == Fault::Lost && GradeUpdate::Gives(statement)) {
     journal_.Write(Journal::Kind::Written, 1, statement);
     faults_.Add();
+    return true;
   }
-  if (fault_ == Fault::Lock && statement.starts_with(kGivesLocksBack)) {
-    // Not to be removed either by who mends what an error has left.
-    if (std::exchange(publication_, 0) != 0) faults_.Add();
-  }
+  if (fault_ != Fault::Lock) return false;
+  const auto givesLocksBack = statement.starts_with(kGivesLocksBack);
+  // Not to be removed either by who mends what an error has left.
+  if (givesLocksBack && std::exchange(publication_, 0) != 0) faults_.Add();
+  return givesLocksBack || statement.starts_with(kGivesBack);
 }
 
 void CrowdConnection::NoteLoad(const std::string& statement) {
@@ -112,7 +101,7 @@ void CrowdConnection::NoteLoad(const std::string& statement) {
 
 void CrowdConnection::CompareSaved() {
   for (const auto& statement : saved_)
-    if (engine_->Execute(ParseGradeUpdate(statement)->DifferingRows()).Fields(0).Long() != 0)
+    if (engine_->Execute(GradeUpdate::Parse(statement)->DifferingRows()).Fields(0).Long() != 0)
       journal_.Write(Journal::Kind::Differs, Diary::Last(*engine_), statement);
   saved_.clear();
 }
@@ -125,10 +114,7 @@ Recordset CrowdConnection::Run(const std::string& statement) {
   if (Frames(statement)) return Time(statement);
   loads_ = false;
   if (statement.starts_with(kGivesBack)) CompareSaved();
-  if (Swallows(statement)) {
-    Swallow(statement);
-    return {};
-  }
+  if (Swallow(statement)) return {};
   ++figures_[kWrites];
   journal_.Write(Journal::Kind::Written, Write(statement), statement);
   Note(statement);
@@ -137,7 +123,7 @@ Recordset CrowdConnection::Run(const std::string& statement) {
 
 std::int64_t CrowdConnection::Write(const std::string& statement) {
   if (onServer_) {
-    const auto rows = Time(ServerDiary::Signed(statement, process_));
+    const auto rows = Time(Diary::Signed(statement, process_));
     return rows.IsOpen() ? static_cast<std::int64_t>(rows.RecordCount()) : 0;
   }
   Time(statement);
@@ -150,8 +136,7 @@ void CrowdConnection::Note(const std::string& statement) {
     ++figures_[kOpenings];
   }
   if (statement.starts_with(kGivesLocksBack)) publication_ = 0;
-  const auto update = ParseGradeUpdate(statement);
-  const auto givesGrades = update && update->GivesGrades();
+  const auto givesGrades = GradeUpdate::Gives(statement);
   if (givesGrades) saved_.push_back(statement);
   if (hasSaved_ || !(givesGrades || !entersGrades_)) return;
   hasSaved_ = true;

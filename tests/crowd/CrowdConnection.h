@@ -3,16 +3,14 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "adapters/sqlite/SqliteConnection.h"
 #include "apps/escuela/SchoolAddress.h"
 #include "tests/crowd/CrowdOptions.h"
 #include "tests/crowd/FaultCount.h"
 #include "tests/crowd/Figures.h"
 #include "tests/crowd/Journal.h"
-
-namespace quorvane::sqlite {
-class SqliteConnection;
-}
 
 namespace quorvane::test {
 
@@ -41,14 +39,16 @@ class CrowdConnection : public Connection {
   Recordset Run(const std::string& statement) override;
 
  private:
-  [[nodiscard]] sqlite::SqliteConnection& File() const;
+  [[nodiscard]] sqlite::SqliteConnection& File() const {
+    return dynamic_cast<sqlite::SqliteConnection&>(*engine_);
+  }
   Recordset Time(const std::string& statement);
   /// How many rows it has written.
   std::int64_t Write(const std::string& statement);
   void Note(const std::string& statement);
   void NoteLoad(const std::string& statement);
-  [[nodiscard]] bool Swallows(const std::string& statement) const;
-  void Swallow(const std::string& statement);
+  /// False for a statement that is to be executed; of another it tells what a fault tells.
+  [[nodiscard]] bool Swallow(const std::string& statement);
   void CompareSaved();
 
   bool onServer_;

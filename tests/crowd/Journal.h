@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <fstream>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -17,7 +16,6 @@ class Journal {
     Written = 'W',     ///< a statement has written `number` rows
     Differs = 'D',     ///< the grade of a statement isn't in the database while its form is open
     Technician = 'T',  ///< what follows is done from outside the forms
-    Failure = 'V',     ///< what must never happen
     Figure = 'C',      ///< `text` has been counted `number` times
   };
 
@@ -34,7 +32,19 @@ class Journal {
     file_ << static_cast<char>(kind) << ' ' << number << ' ' << text << '\n';
   }
 
-  static std::vector<Line> Read(const std::string& path);
+  static std::vector<Line> Read(const std::string& path) {
+    std::vector<Line> lines;
+    std::ifstream file(path);
+    char kind = 0;
+    std::int64_t number = 0;
+    while (file >> kind >> number) {
+      std::string text;
+      file.get();
+      std::getline(file, text);
+      lines.push_back({static_cast<Kind>(kind), number, text});
+    }
+    return lines;
+  }
 
  private:
   std::ofstream file_;

@@ -3,10 +3,9 @@
 #include <map>
 #include <memory>
 #include <sqlite3.h>
+#include <sstream>
 #include <stdexcept>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace quorvane::test {
 
@@ -91,13 +90,9 @@ class Replica {
 
   static Rows All(sqlite3* handle) {
     Rows rows;
-    const auto tables = Select(handle, "SELECT name FROM sqlite_master WHERE type='table'");
-    for (std::size_t start = 0; start < tables.size();) {
-      const auto end = tables.find('\n', start);
-      const auto table = tables.substr(start, end - start);
+    std::istringstream tables(Select(handle, "SELECT name FROM sqlite_master WHERE type='table'"));
+    for (std::string table; std::getline(tables, table);)
       rows[table] = Select(handle, "SELECT rowid,* FROM " + table + " ORDER BY rowid");
-      start = end + 1;
-    }
     return rows;
   }
 

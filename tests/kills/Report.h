@@ -42,10 +42,13 @@ class Report {
   /// Waits for one more line and takes it in. False at the end.
   bool Next() {
     auto end = unread_.find('\n');
-    while (end == std::string::npos) {
+    for (; end == std::string::npos; end = unread_.find('\n')) {
+      std::array<char, 65536> buffer{};
+      const auto size = read(ends_[0], buffer.data(), buffer.size());
+      if (size < 0 && errno == EINTR) continue;
       // A line that was cut off tells nothing: the statement had begun or come back unheard.
-      if (!Fill()) return false;
-      end = unread_.find('\n');
+      if (size <= 0) return false;
+      unread_.append(buffer.data(), static_cast<std::size_t>(size));
     }
     const auto line = unread_.substr(0, end);
     unread_.erase(0, end + 1);
@@ -82,17 +85,6 @@ class Report {
   [[nodiscard]] const std::vector<std::string>& Written() const noexcept { return written_; }
 
  private:
-  [[nodiscard]] bool Fill() {
-    std::array<char, 65536> buffer{};
-    ssize_t size = 0;
-    do {
-      size = read(ends_[0], buffer.data(), buffer.size());
-    } while (size < 0 && errno == EINTR);
-    if (size <= 0) return false;
-    unread_.append(buffer.data(), static_cast<std::size_t>(size));
-    return true;
-  }
-
   int ends_[2]{-1, -1};
   std::string unread_;
   int begun_ = 0;

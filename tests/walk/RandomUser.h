@@ -1,16 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 
 #include "apps/escuela/Prng.h"
 #include "platform/host/FrontEnd.h"
-#include "tests/walk/Gestures.h"
 #include "tests/walk/History.h"
 #include "tests/walk/Onlooker.h"
 #include "tests/walk/Shows.h"
 
 namespace quorvane::test {
+
+struct Gesture;
 
 /// The dialogs without a screen, in the hands of a user who does what he can and not what he
 /// should. It is the application's front end as long as it lives.
@@ -20,7 +22,7 @@ class RandomUser : public FrontEnd {
   ~RandomUser() override;
   RandomUser(RandomUser&&) = delete;
 
-  /// Who looks on from now on; needed before the first form opens, and outlives its use here.
+  /// Who looks on from now on; outlives its use here.
   void UseOnlooker(Onlooker& onlooker) noexcept { onlooker_ = &onlooker; }
   /// Closes each window as soon as it opens, from now on or no longer.
   void OnlyCloses(bool only) noexcept { onlyCloses_ = only; }
@@ -37,23 +39,18 @@ class RandomUser : public FrontEnd {
   void MousePointer(Pointer /*pointer*/) override {}
   std::int32_t TextWidth(const Form& form, const std::string& text) override;
   void DoEvents() override {}
-  std::int32_t ScreenWidth() override { return kScreenWidth; }
-  std::int32_t ScreenHeight() override { return kScreenHeight; }
+  std::int32_t ScreenWidth() override { return 15360; }
+  std::int32_t ScreenHeight() override { return 11520; }
 
  private:
-  static constexpr std::int32_t kCharacterWidth = 120;
-  static constexpr std::int32_t kScreenWidth = 15360;
-  static constexpr std::int32_t kScreenHeight = 11520;
-  /// Dialogs that open dialogs nest: deeper down the user only wants out.
-  static constexpr std::size_t kDeepest = 50;
-
   [[nodiscard]] Gesture Choose(Form& form);
 
   Prng& random_;
   History& history_;
-  Onlooker* onlooker_ = nullptr;
+  Onlooker nobody_;
+  Onlooker* onlooker_ = &nobody_;
   bool onlyCloses_ = false;
-  std::uint64_t limit_ = 0;
+  std::uint64_t limit_ = std::numeric_limits<std::uint64_t>::max();
   std::uint64_t gestures_ = 0;
   Shows shows_;
 };
