@@ -7,11 +7,11 @@
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
-#include "tests/odbc/StatementError.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/DataSources.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
+#include "tests/support/StatementError.h"
 #include "tests/support/TempFolder.h"
 
 // On the file database's driver, which every machine that builds this has.

@@ -17,12 +17,12 @@
 #include "frame/modGeneral.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
-#include "tests/odbc/StatementError.h"
 #include "tests/odbc/TdsServer.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/support/RunCommand.h"
+#include "tests/support/StatementError.h"
 
 namespace quorvane::test {
 namespace {

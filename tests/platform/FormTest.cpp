@@ -16,10 +16,7 @@ class frmVida : public Form {
  public:
   frmVida() : Form("frmVida") { Width(1000); }
   ~frmVida() override { events->emplace_back("fin"); }
-  frmVida(const frmVida&) = delete;
-  frmVida& operator=(const frmVida&) = delete;
   frmVida(frmVida&&) = delete;
-  frmVida& operator=(frmVida&&) = delete;
 
   static inline std::function<void()> alCargar;
   static inline std::function<void()> alActivar;
@@ -187,14 +184,13 @@ TEST_F(FormTest, IsResizedByCodeAndUserOnlyWhileVisible) {
 }
 
 TEST_F(FormTest, HasRoomInsideItsBorders) {
-  Get().Width(1000);
-  Get().Height(1000);
-  EXPECT_EQ(Get().ScaleWidth(), 1000 - Form::kBorderWidth);
-  EXPECT_EQ(Get().ScaleHeight(), 1000 - Form::kBorderHeight);
-  Get().Width(0);
-  Get().Height(0);
-  EXPECT_EQ(Get().ScaleWidth(), 0);
-  EXPECT_EQ(Get().ScaleHeight(), 0);
+  const auto roomOf = [](int size) {
+    Get().Width(size);
+    Get().Height(size);
+    return std::pair(Get().ScaleWidth(), Get().ScaleHeight());
+  };
+  EXPECT_EQ(roomOf(1000), std::pair(1000 - Form::kBorderWidth, 1000 - Form::kBorderHeight));
+  EXPECT_EQ(roomOf(0), std::pair(0, 0));
 }
 
 TEST_F(FormTest, MayTakeAKey) {
@@ -225,9 +221,7 @@ TEST(ApplicationTest, WithoutAScreenIsAnObjectNotSet) {
 
 TEST(ApplicationTest, HasTheVersionThatWasBuilt) {
   const auto version = Application::BuiltVersion();
-  EXPECT_EQ(version.major, 6);
-  EXPECT_EQ(version.minor, 0);
-  EXPECT_EQ(version.revision, 9);
+  EXPECT_THAT(version, testing::FieldsAre(6, 0, 9));
   EXPECT_EQ(Application::Instance().Version().revision, 9);
   Application::Instance().Version({6, 0, 3});
   EXPECT_EQ(Application::Instance().Version().revision, 3);

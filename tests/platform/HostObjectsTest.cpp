@@ -1,8 +1,11 @@
+#include <ctime>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
 #include "platform/data/Connection.h"
 #include "platform/data/StatementTrace.h"
 #include "platform/host/CentroApi.h"
+#include "platform/host/LocalTime.h"
 #include "platform/host/ObjectFactory.h"
 #include "platform/host/PersonSearch.h"
 #include "platform/host/SessionValues.h"
@@ -100,8 +103,8 @@ TEST(ConnectionTest, TellsItsObserverBeforeTheEngine) {
   });
   connection.Execute("uno");
   EXPECT_EQ(ErrorOf([&] { connection.Execute("dos"); }), -2147467259);
-  EXPECT_EQ(seen, (std::vector<std::string>{"borrado uno", "borrado dos"}));
-  EXPECT_EQ(connection.reached, std::vector<std::string>{"uno"});
+  EXPECT_THAT(seen, ElementsAre("borrado uno", "borrado dos"));
+  EXPECT_THAT(connection.reached, ElementsAre("uno"));
   connection.Observe(nullptr);
   connection.Execute("tres");
   EXPECT_EQ(seen.size(), 2U);
@@ -113,7 +116,16 @@ TEST(ConnectionTest, ClosedTakesNoStatement) {
   EXPECT_EQ(ErrorOf([&] { connection.Execute("uno"); }), 3704);
   connection.Open();
   connection.Execute("dos");
-  EXPECT_EQ(connection.reached, std::vector<std::string>{"dos"});
+  EXPECT_THAT(connection.reached, ElementsAre("dos"));
+}
+
+TEST(LocalTimeTest, IsTheMomentInThePartsOfThisTimeZone) {
+  constexpr std::time_t kMoment = 1774051200;  // some hour of the 20th or the 21st of March 2026
+  auto parts = LocalTime(kMoment);
+  EXPECT_EQ(parts.tm_year, 126);
+  EXPECT_EQ(parts.tm_mon, 2);
+  EXPECT_TRUE(parts.tm_mday == 20 || parts.tm_mday == 21) << parts.tm_mday;
+  EXPECT_EQ(std::mktime(&parts), kMoment);
 }
 
 }  // namespace

@@ -20,6 +20,11 @@ class TraceFileTest : public testing::Test {
  protected:
   void MakePipe() const { ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0); }
 
+  /// The end that reads the pipe.
+  [[nodiscard]] int Reader() const {
+    return open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  }
+
   /// To its end, with a rest between reads.
   static std::string ReadSlowly(int reader) {
     std::string text;
@@ -78,7 +83,7 @@ TEST_F(TraceFileTest, APipeThatNobodyReadsIsNotWaitedFor) {
 
 TEST_F(TraceFileTest, APipeWhoseReaderHasGoneEndsNobody) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   TraceFile trace(path_.c_str());
   EXPECT_TRUE(trace.Append("a\n"));
   close(reader);
@@ -89,7 +94,7 @@ TEST_F(TraceFileTest, APipeWhoseReaderHasGoneEndsNobody) {
 
 TEST_F(TraceFileTest, APipeThatStaysFullIsWaitedForOnceAndEndsWithAWholeLine) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   TraceFile trace(path_.c_str());
   const std::string line = std::string(999, 'a') + "\n";
   const auto begin = std::chrono::steady_clock::now();
@@ -105,7 +110,7 @@ TEST_F(TraceFileTest, APipeThatStaysFullIsWaitedForOnceAndEndsWithAWholeLine) {
 
 TEST_F(TraceFileTest, ASlowReaderOfAPipeGetsEveryLine) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   fcntl(reader, F_SETFL, 0);
   fcntl(reader, F_SETPIPE_SZ, 4096);
   ExpectEveryLine(reader, path_, 60);
@@ -113,7 +118,7 @@ TEST_F(TraceFileTest, ASlowReaderOfAPipeGetsEveryLine) {
 
 TEST_F(TraceFileTest, ALineThatIsLongerThanAPipeArrivesWhole) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   fcntl(reader, F_SETFL, 0);
   ExpectEveryLine(reader, path_, 100'000, 10);
 }

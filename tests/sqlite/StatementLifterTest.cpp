@@ -8,9 +8,6 @@
 namespace quorvane::sqlite {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 struct Case {
   std::string statement;
   std::string lifted;
@@ -26,6 +23,9 @@ TEST(StatementLifterTest, LiftsTheIntegersThatAreValues) {
       {"SELECT A FROM T WHERE B=999999999999999999",
        "SELECT A FROM T WHERE B=?",
        {999999999999999999}},
+      {"SELECT A FROM T WHERE B IN (SELECT 5 FROM U WHERE C=6) AND D=7",
+       "SELECT A FROM T WHERE B IN (SELECT 5 FROM U WHERE C=?) AND D=?",
+       {6, 7}},
   };
   StatementLifter lifter;
   for (const auto& one : cases) {
@@ -47,45 +47,36 @@ TEST(StatementLifterTest, LeavesWhatIsNoValueInTheText) {
            "SELECT A FROM T WHERE B=1.5 OR B=1e5 OR B=0x1F OR B=.25",
            "SELECT A FROM T WHERE B=1.5e-3 OR B=2E+1 OR B=.5e-1 OR B=3. OR B=1e-",
            "SELECT A FROM T WHERE B=9223372036854775808",  // a real to the engine
+           "SELECT A FROM T WHERE B='5",  // unclosed, and so for the engine to refuse
        }) {
     EXPECT_TRUE(lifter.Lift(kept));
     EXPECT_EQ(lifter.Text(), kept);
-    EXPECT_THAT(lifter.Values(), IsEmpty());
+    EXPECT_THAT(lifter.Values(), testing::IsEmpty());
   }
 }
 
-TEST(StatementLifterTest, GoesOnBehindAnInnerSelect) {
-  StatementLifter lifter;
-  ASSERT_TRUE(lifter.Lift("SELECT A FROM T WHERE B IN (SELECT 5 FROM U WHERE C=6) AND D=7"));
-  EXPECT_EQ(lifter.Text(), "SELECT A FROM T WHERE B IN (SELECT 5 FROM U WHERE C=?) AND D=?");
-  EXPECT_THAT(lifter.Values(), ElementsAre(6, 7));
+/// With a list of so many numbers.
+std::string ListOf(int count) {
+  std::string statement = "SELECT A FROM T WHERE B IN (0";
+  for (int i = 1; i < count; ++i) statement += "," + std::to_string(i);
+  return statement + ")";
 }
 
 TEST(StatementLifterTest, RefusesWhatItCannotTell) {
   StatementLifter lifter;
-  std::string longList = "SELECT A FROM T WHERE B IN (0";
-  for (int i = 1; i <= 64; ++i) longList += "," + std::to_string(i);
   for (const auto& statement : std::vector<std::string>{
            "CREATE TABLE T (A varchar(5))", "PRAGMA cache_size=5", "BEGIN", "",
            "SELECT A FROM T WHERE B=?1 AND C=2", "SELECT A FROM T WHERE B=:x",
            "SELECT A FROM T -- 5", "SELECT A FROM T /* 5 */", "SELECT A FROM T; DELETE FROM T",
            "SELECT (SELECT 1 FROM U), 2 FROM T", "SELECT A FROM T WHERE CAST(B AS char(3))='1'",
-           longList + ")", "SELECT A FROM T WHERE B='" + std::string(20000, 'x') + "'"})
+           ListOf(65), "SELECT A FROM T WHERE B='" + std::string(20000, 'x') + "'"})
     EXPECT_FALSE(lifter.Lift(statement)) << statement;
 }
 
 TEST(StatementLifterTest, TakesAListAsLongAsItAllows) {
-  std::string list = "SELECT A FROM T WHERE B IN (0";
-  for (int i = 1; i < 64; ++i) list += "," + std::to_string(i);
   StatementLifter lifter;
-  ASSERT_TRUE(lifter.Lift(list + ")"));
+  ASSERT_TRUE(lifter.Lift(ListOf(64)));
   EXPECT_EQ(lifter.Values().size(), 64U);
-}
-
-TEST(StatementLifterTest, AnUnclosedTextReachesTheEngineAsItIs) {
-  StatementLifter lifter;
-  ASSERT_TRUE(lifter.Lift("SELECT A FROM T WHERE B='5"));
-  EXPECT_EQ(lifter.Text(), "SELECT A FROM T WHERE B='5");
 }
 
 }  // namespace
