@@ -1,3 +1,5 @@
+#include <span>
+
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/FormInstance.h"
@@ -46,15 +48,11 @@ class frmVida : public Form {
   }
 };
 
-using Told = std::vector<std::string>;
-
 class FormTest : public testing::Test {
  protected:
   FormTest() {
     events = &screen.told;
-    frmVida::alCargar = nullptr;
-    frmVida::alActivar = nullptr;
-    frmVida::alDescargar = nullptr;
+    frmVida::alCargar = frmVida::alActivar = frmVida::alDescargar = nullptr;
   }
   void TearDown() override { FormInstances::DropAll(); }
   static frmVida& Get() { return FormInstance<frmVida>::Get(); }
@@ -64,9 +62,9 @@ class FormTest : public testing::Test {
 
 TEST_F(FormTest, LivesFromLoadToUnload) {
   Get().ShowModal();
-  EXPECT_EQ(screen.told,
-            (Told{"carga frmVida", "Load", "muestra frmVida", "Resize 1000", "Activate",
-                  "descarga frmVida", "Unload", "tras soltar", "acaba frmVida", "fin"}));
+  EXPECT_THAT(screen.told,
+              ElementsAre("carga frmVida", "Load", "muestra frmVida", "Resize 1000", "Activate",
+                          "descarga frmVida", "Unload", "tras soltar", "acaba frmVida", "fin"));
   EXPECT_FALSE(FormInstance<frmVida>::Exists());
 }
 
@@ -78,8 +76,7 @@ TEST_F(FormTest, CanBeDroppedFromInsideOneOfItsHandlers) {
   };
   screen.user = [](Form& form) { dynamic_cast<frmVida&>(form).cmdUno.Press(); };
   Get().ShowModal();
-  EXPECT_EQ((Told{screen.told.end() - 3, screen.told.end()}),
-            (Told{"tras el botón", "acaba frmVida", "fin"}));
+  EXPECT_THAT(std::span(screen.told).last(3), ElementsAre("tras el botón", "acaba frmVida", "fin"));
 }
 
 TEST_F(FormTest, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
@@ -89,8 +86,8 @@ TEST_F(FormTest, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
   EXPECT_FALSE(Get().Visible());
   screen.told.clear();
   Get().ShowModal();
-  EXPECT_EQ(screen.told, (Told{"muestra frmVida", "Resize 1000", "Activate", "oculta frmVida",
-                               "acaba frmVida"}));
+  EXPECT_THAT(screen.told, ElementsAre("muestra frmVida", "Resize 1000", "Activate",
+                                       "oculta frmVida", "acaba frmVida"));
 }
 
 TEST_F(FormTest, MayGoWhileItIsActivated) {
@@ -134,7 +131,7 @@ TEST_F(FormTest, IsNotShownInTurnAfterAnUnloadThatFails) {
 TEST_F(FormTest, AFailureInLoadComesOutOfTheShow) {
   frmVida::alCargar = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
   EXPECT_EQ(ErrorOf([] { Get().ShowModal(); }), 3021);
-  EXPECT_EQ(screen.told, (Told{"carga frmVida", "Load"}));
+  EXPECT_THAT(screen.told, ElementsAre("carga frmVida", "Load"));
 }
 
 TEST_F(FormTest, AFailureInAHandlerComesOutOfAllShows) {
@@ -153,7 +150,7 @@ TEST_F(FormTest, DroppingAllRunsNoUnload) {
   Get().ShowModal();
   screen.told.clear();
   FormInstances::DropAll();
-  EXPECT_EQ(screen.told, Told{"fin"});
+  EXPECT_THAT(screen.told, ElementsAre("fin"));
   EXPECT_FALSE(FormInstance<frmVida>::Exists());
   FormInstances::DropAll();
   EXPECT_FALSE(Get().Loaded()) << "a fresh one";
@@ -180,7 +177,8 @@ TEST_F(FormTest, IsResizedByCodeAndUserOnlyWhileVisible) {
     form.Hide();
   };
   Get().ShowModal();
-  EXPECT_EQ(screen.told, (Told{"Resize 2000", "Resize 3000", "oculta frmVida", "acaba frmVida"}));
+  EXPECT_THAT(screen.told,
+              ElementsAre("Resize 2000", "Resize 3000", "oculta frmVida", "acaba frmVida"));
 }
 
 TEST_F(FormTest, HasRoomInsideItsBorders) {
@@ -209,8 +207,8 @@ TEST_F(FormTest, SpeaksToTheScreen) {
   BeepAndMessage("No", MessageIcon::Exclamation);
   MessageBox("Sí", MessageIcon::Information);
   Get().Refresh();
-  EXPECT_EQ(screen.told, (Told{"pitido", "mensaje 0 Zendria Escuela: No",
-                               "mensaje 1 Zendria Escuela: Sí", "pinta"}));
+  EXPECT_THAT(screen.told, ElementsAre("pitido", "mensaje 0 Zendria Escuela: No",
+                                       "mensaje 1 Zendria Escuela: Sí", "pinta"));
   EXPECT_EQ(Get().TextWidth("abc"), 3);
 }
 

@@ -2,14 +2,13 @@
 
 #include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
-#include "platform/data/Connection.h"
-#include "platform/data/StatementTrace.h"
 #include "platform/host/CentroApi.h"
 #include "platform/host/LocalTime.h"
 #include "platform/host/ObjectFactory.h"
 #include "platform/host/PersonSearch.h"
 #include "platform/host/SessionValues.h"
 #include "tests/platform/FailsWith.h"
+#include "tests/support/KeepingConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -17,28 +16,6 @@ namespace {
 class OtherCentro : public CentroApi {
  public:
   std::string ObtenerHoraSistema(std::string& dataSource) override { return "de " + dataSource; }
-};
-
-/// Keeps the statements that reach it.
-class KeepingConnection : public Connection {
- public:
-  using Connection::Connection;
-  void Open() override { open = true; }
-  void Close() override { open = false; }
-  [[nodiscard]] bool IsOpen() const override { return open; }
-  [[nodiscard]] std::string DataSource() const override { return {}; }
-
-  bool open = true;
-  std::vector<std::string> reached;
-
- protected:
-  Recordset Run(const std::string& statement) override {
-    reached.push_back(statement);
-    return {};
-  }
-
- private:
-  StatementTrace::Silence silence_;  // what reaches it is none of the module's
 };
 
 TEST(HostComponentsTest, AreMadeByTheirProgIdWithoutRegardToCase) {
