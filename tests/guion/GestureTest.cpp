@@ -1,5 +1,4 @@
 #include "tests/guion/GuionTest.h"
-#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {

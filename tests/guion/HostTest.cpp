@@ -6,7 +6,6 @@
 #include "platform/host/MessageBox.h"
 #include "platform/host/PersonSearch.h"
 #include "tests/guion/GuionTest.h"
-#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {
