@@ -49,14 +49,9 @@ class SqliteConnectionTest : public testing::Test {
 TEST_F(SqliteConnectionTest, ReadsWhatItWrote) {
   connection_.Execute("INSERT INTO T VALUES (1,'uno')");
   connection_.Execute("INSERT INTO T VALUES (2,NULL)");
-  auto rows = connection_.Execute("SELECT A, T.B FROM T ORDER BY A");
-  EXPECT_THAT(rows.Names(), ElementsAre("A", "B"));
-  EXPECT_EQ(rows.RecordCount(), 2U);
-  EXPECT_EQ(rows.Fields("b").Text(), "uno");
-  rows.MoveNext();
-  EXPECT_TRUE(rows.Fields("B").IsNull());
-  rows.MovePrevious();
-  EXPECT_EQ(rows.Fields(0).Long(), 1);
+  EXPECT_THAT(connection_.Execute("SELECT A, T.B FROM T ORDER BY A").Names(),
+              ElementsAre("A", "B"));
+  EXPECT_THAT(Rows("SELECT A, T.B FROM T ORDER BY A"), ElementsAre("1|uno", "2|NULL"));
 }
 
 TEST_F(SqliteConnectionTest, ARecordsetOutlivesLaterStatements) {
@@ -87,8 +82,7 @@ TEST_F(SqliteConnectionTest, KeepsEveryKindOfValue) {
 }
 
 TEST_F(SqliteConnectionTest, BytesBehindAZeroAreKept) {
-  const auto rows = connection_.Execute("SELECT X'410042' AS Bytes");
-  EXPECT_EQ(rows.Fields("Bytes").Text(), std::string("A\0B", 3));
+  EXPECT_THAT(Rows("SELECT X'410042' AS Bytes"), ElementsAre(std::string("A\0B", 3)));
 }
 
 TEST_F(SqliteConnectionTest, ANewColumnShowsInAStatementThatIsKept) {
