@@ -11,6 +11,8 @@ struct Gesture {
   std::string told;  ///< all lines
 };
 
+void PrintTo(const Gesture& gesture, std::ostream* out) { *out << gesture.script; }
+
 class ToldGestureTest : public GestureTest, public testing::WithParamInterface<Gesture> {};
 
 TEST_P(ToldGestureTest, TellsItsEvents) {

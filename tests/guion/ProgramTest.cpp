@@ -61,10 +61,6 @@ TEST_F(ProgramTest, AMistakeInStandardInputEndsItThere) {
             "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
 }
 
-TEST_F(ProgramTest, PlaysStandardInput) {
-  ExpectEnd(OnSchool("< " + File("nodo 0\n")), 0, "> nodo 0\nvuelve 0\n");
-}
-
 TEST_F(ProgramTest, EndsWithOneAfterAnError) {
   ExpectEnd(OnSchool(File("nodo 256\nnodo 11\n")), 1,
             "> nodo 256\nerror 6 Desbordamiento\n> nodo 11\nvuelve 11\n");
