@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -33,6 +34,8 @@ struct Rewrite {
   std::string statement;
   std::string rewritten;
 };
+
+void PrintTo(const Rewrite& rewrite, std::ostream* out) { *out << rewrite.statement; }
 
 constexpr const char* kForEngines =
     "SELECT A.x + ' ' + y AS N, z FROM [A] LEFT JOIN (B LEFT JOIN C ON C.i=B.c) ON B.i=A.b UNION "
@@ -151,6 +154,8 @@ struct Kept {
   Step step;
   std::vector<std::string> statements;
 };
+
+void PrintTo(const Kept& kept, std::ostream* out) { *out << kept.name; }
 
 const std::vector<Kept> kKept = {
     {"QuoteBracketedNames",
