@@ -4,6 +4,7 @@
 #include <fstream>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "adapters/odbc/OdbcConnection.h"
@@ -31,10 +32,6 @@ using odbc::OdbcConnection;
 
 std::string ErrorOf(Connection& connection, const std::string& statement) {
   return StatementError([&] { connection.Execute(statement); });
-}
-
-std::string OpeningError(const std::string& string) {
-  return StatementError([&] { OdbcConnection(string, "").Open(); });
 }
 
 class PostgreSqlTest : public testing::Test {
@@ -118,17 +115,18 @@ TEST_F(PostgreSqlTest, RowsWithoutAPartnerAreFoundByOneJoin) {
 }
 
 TEST_F(PostgreSqlTest, FailureTellsStateAndTextAndLeavesTheConnection) {
-  EXPECT_THAT(ErrorOf(teacher, "SELECT * FROM Nada"),
-              StartsWith("[42P01] ERROR: relation \"nada\" does not exist"));
-  EXPECT_THAT(ErrorOf(teacher, "SELECT Nada FROM Alumno"), StartsWith("[42703] ERROR: column"));
+  const std::vector<std::pair<std::string, std::string>> failures = {
+      {"SELECT * FROM Nada", "[42P01] ERROR: relation \"nada\" does not exist"},
+      {"SELECT Nada FROM Alumno", "[42703] ERROR: column"},
+      {"INSERT INTO PublicacionPte VALUES (1,1,1,4,1)", "[23505] ERROR: duplicate key value"},
+      // Who works may not write the school's own tables.
+      {"DELETE FROM Alumno", "[42501] ERROR: permission denied for table alumno"},
+      {"CREATE TABLE Otra (a integer)", "[42501] ERROR: permission denied for schema public"}};
+  teacher.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
+  for (const auto& [statement, told] : failures)
+    EXPECT_THAT(ErrorOf(teacher, statement), StartsWith(told)) << statement;
   EXPECT_TRUE(teacher.IsOpen());
   EXPECT_THAT(RunRows(teacher, "SELECT 7"), ElementsAre("7"));
-}
-
-TEST_F(PostgreSqlTest, SameKeyTwiceIsAnError) {
-  teacher.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
-  EXPECT_THAT(ErrorOf(teacher, "INSERT INTO PublicacionPte VALUES (1,1,1,4,1)"),
-              StartsWith("[23505] ERROR: duplicate key value"));
 }
 
 TEST_F(PostgreSqlTest, RowsComeInTheOrderOfAFile) {
@@ -150,13 +148,6 @@ TEST_F(PostgreSqlTest, OfAComparedSelectTheFirstRowCounts) {
               ElementsAre("7", "7"));
 }
 
-TEST_F(PostgreSqlTest, WhoWorksMayNotWriteTheSchoolsOwnTables) {
-  EXPECT_THAT(ErrorOf(teacher, "DELETE FROM Alumno"),
-              StartsWith("[42501] ERROR: permission denied for table alumno"));
-  EXPECT_THAT(ErrorOf(teacher, "CREATE TABLE Otra (a integer)"),
-              StartsWith("[42501] ERROR: permission denied for schema public"));
-}
-
 TEST_F(PostgreSqlTest, ConnectionThatTheServerHasEndedIsTold) {
   const auto process = teacher.Execute("SELECT pg_backend_pid()").Fields(0).Text();
   Opened<OdbcConnection>(ServerString(database_), "")
@@ -166,13 +157,6 @@ TEST_F(PostgreSqlTest, ConnectionThatTheServerHasEndedIsTold) {
   EXPECT_FALSE(teacher.IsOpen());
   teacher.Open();
   EXPECT_THAT(RunRows(teacher, "SELECT 1"), ElementsAre("1"));
-}
-
-TEST_F(PostgreSqlTest, OpeningTellsWhatIsWrong) {
-  EXPECT_THAT(OpeningError(ServerString("no_esta")),
-              AllOf(StartsWith("No se puede conectar con la base de datos: "),
-                    HasSubstr("database \"no_esta\" does not exist")));
-  EXPECT_THAT(OpeningError(ServerString(database_) + ";PWD=otra"), Not(HasSubstr("una clave")));
 }
 
 /// The rows in an order of their own: where a statement asks for none, or leaves some equal, each
