@@ -1,6 +1,5 @@
 #include "adapters/guion/player/FormJson.h"
 #include "tests/guion/GuionTest.h"
-#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {

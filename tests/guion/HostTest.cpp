@@ -6,7 +6,6 @@
 #include "platform/host/MessageBox.h"
 #include "platform/host/PersonSearch.h"
 #include "tests/guion/GuionTest.h"
-#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {
@@ -19,11 +18,22 @@ class HostTest : public GuionTest {
   [[nodiscard]] Connection* ConnectionMember(const std::string& name) const {
     return std::get<Connection*>(session->Get(name));
   }
-};
+  /// The days that the host answers a form whose button asks for one.
+  Lines DaysIn(const std::string& script) {
+    Lines days;
+    frmPrueba::alPulsar = [&days] {
+      std::string source = "maquina";
+      days.push_back(Centro()->ObtenerHoraSistema(source));
+    };
+    told = Play("nodo 1\n" + script);
+    return days;
+  }
+  static std::unique_ptr<CentroApi> Centro() {
+    return Application::Instance().Objects().Create<CentroApi>("zendriaapi.CCENTROAPI");
+  }
 
-std::unique_ptr<CentroApi> Centro() {
-  return Application::Instance().Objects().Create<CentroApi>("zendriaapi.CCENTROAPI");
-}
+  Lines told;  ///< by the last script for days
+};
 
 TEST_F(HostTest, HandsInASessionWithEveryMember) {
   options.rutaBD = "centro.sqlite";
@@ -54,18 +64,18 @@ TEST_F(HostTest, SesionHandsInAnotherWithWhatItNames) {
   EXPECT_TRUE(Member("SQLServer").Flag());
 }
 
+void ReadTheUser(const std::shared_ptr<const SessionObject>& handedIn) {
+  static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
+}
+
 TEST_F(HostTest, AnErrorOfTheModuleAtTheSessionIsTold) {
-  module.ObtenerDatos = [](const auto& handedIn) {
-    static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
-  };
+  module.ObtenerDatos = ReadTheUser;
   EXPECT_EQ(Play("sesion usuario=70000\nsesion usuario=7"), Lines{"error 6 Desbordamiento"});
   EXPECT_EQ(status, 1);
 }
 
 TEST_F(HostTest, AnErrorAtTheSessionLeavesTheOpenForm) {
-  module.ObtenerDatos = [](const auto& handedIn) {
-    static_cast<void>(std::get<Value>(handedIn->Get("IDUsuario")).Integer());
-  };
+  module.ObtenerDatos = ReadTheUser;
   EXPECT_EQ(PlayIn("sesion usuario=70000\npulsar cmdAceptar"),
             (Lines{"error 6 Desbordamiento", "sql centro suceso cmdAceptar"}));
 }
@@ -86,28 +96,17 @@ TEST_F(HostTest, PrintsTheCallsOfItsComponents) {
 
 TEST_F(HostTest, AnswersTheDayThatTheScriptTold) {
   options.hoy = "01/02/2026";
-  Lines answers;
-  frmPrueba::alPulsar = [&answers] {
-    std::string source = "maquina";
-    answers.push_back(Centro()->ObtenerHoraSistema(source));
-  };
-  const auto lines = Play(
-      "nodo 1\npulsar cmdAccion\nhoy 3/4/2026\npulsar cmdAccion\nhoy \"\"\n"
-      "pulsar cmdAccion");
-  EXPECT_EQ(answers, (Lines{"01/02/2026", "3/4/2026", ""}));
-  EXPECT_EQ(lines.back(), "host ZendriaApi.cCentroApi.ObtenerHoraSistema");
+  EXPECT_THAT(
+      DaysIn("pulsar cmdAccion\nhoy 3/4/2026\npulsar cmdAccion\nhoy \"\"\npulsar cmdAccion"),
+      ElementsAre("01/02/2026", "3/4/2026", ""));
+  EXPECT_EQ(told.back(), "host ZendriaApi.cCentroApi.ObtenerHoraSistema");
 }
 
 TEST_F(HostTest, AnswersTheServersDayUntilTheScriptTellsOne) {
   int asked = 0;
   options.hoyDelServidor = [&asked] { return std::to_string(++asked) + "/05/2026"; };
-  Lines answers;
-  frmPrueba::alPulsar = [&answers] {
-    std::string source = "maquina";
-    answers.push_back(Centro()->ObtenerHoraSistema(source));
-  };
-  Play("nodo 1\npulsar cmdAccion\npulsar cmdAccion\nhoy \"\"\npulsar cmdAccion");
-  EXPECT_EQ(answers, (Lines{"1/05/2026", "2/05/2026", ""}));
+  EXPECT_THAT(DaysIn("pulsar cmdAccion\npulsar cmdAccion\nhoy \"\"\npulsar cmdAccion"),
+              ElementsAre("1/05/2026", "2/05/2026", ""));
 }
 
 TEST_F(HostTest, AnswersNotasActivasFromNowOn) {

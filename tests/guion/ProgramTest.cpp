@@ -1,11 +1,11 @@
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/ScriptRun.h"
+#include "tests/support/TempFolder.h"
 #include "tests/support/TestSchool.h"
 
 namespace quorvane::test {
@@ -25,25 +25,19 @@ class ProgramTest : public testing::Test {
  protected:
   /// A file of that content that goes with the test.
   std::string File(const std::string& content) {
-    files_.push_back(
-        (std::filesystem::temp_directory_path() /
-         ("quorvane-guion-" + std::to_string(getpid()) + "-" + std::to_string(files_.size())))
-            .string());
-    std::ofstream(files_.back(), std::ios::binary) << content;
-    return files_.back();
+    auto path = folder_ / std::to_string(folder_.Files());
+    std::ofstream(path, std::ios::binary) << content;
+    return path;
   }
   /// Runs it on the school.
   [[nodiscard]] Outcome OnSchool(const std::string& arguments) const {
     return Program("--bd " + school.Path() + " " + arguments);
   }
-  void TearDown() override {
-    for (const auto& file : files_) std::filesystem::remove(file);
-  }
 
   TestSchool school;
 
  private:
-  std::vector<std::string> files_;
+  TempFolder folder_;
 };
 
 TEST_F(ProgramTest, PlaysAFile) {
@@ -59,17 +53,12 @@ TEST_F(ProgramTest, PlaysStandardInputAsItIsWritten) {
   const auto ended =
       OnSchool("< " + pipe + " | tee " + out + " & { echo 'nodo 11'; until grep -q vuelve " + out +
                "; do sleep 0.01; done; echo 'nodo 12'; } > " + pipe + "; wait");
-  std::filesystem::remove(pipe);
   ExpectEnd(ended, 0, "> nodo 11\nvuelve 11\n> nodo 12\nvuelve 12\n");
 }
 
 TEST_F(ProgramTest, AMistakeInStandardInputEndsItThere) {
-  const auto ended = OnSchool("< " + File("nodo 11\n\nbailar\nnodo 12\n"));
-  ExpectEnd(ended, 2, "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
-}
-
-TEST_F(ProgramTest, PlaysStandardInput) {
-  ExpectEnd(OnSchool("< " + File("nodo 0\n")), 0, "> nodo 0\nvuelve 0\n");
+  ExpectEnd(OnSchool("< " + File("nodo 11\n\nbailar\nnodo 12\n")), 2,
+            "> nodo 11\nvuelve 11\nlínea 3: orden desconocida: bailar\n");
 }
 
 TEST_F(ProgramTest, EndsWithOneAfterAnError) {
@@ -92,24 +81,22 @@ TEST_F(ProgramTest, HelpIsNoMistake) {
   EXPECT_EQ(ended.status, 0);
   for (const auto* option : {"--bd", "--odbc", "--entrada", "--usuario", "--perfil", "--centro",
                              "--sqlserver", "--inactiva", "--hoy", "SCRIPT"})
-    EXPECT_NE(ended.text.find(option), std::string::npos) << option;
+    EXPECT_THAT(ended.text, HasSubstr(option));
 }
 
 TEST_F(ProgramTest, BadArgumentsEndWithTwo) {
   const auto bd = "--bd " + school.Path();
-  EXPECT_EQ(Program("").text,
+  ExpectEnd(Program(""), 2,
             "Indique el centro con --bd o con --odbc, y solo con uno\n"
             "quorvane-guion --help muestra la ayuda\n");
-  for (const auto& arguments : {std::string(), bd + " --odbc DSN=x", bd + " --usuario x",
-                                bd + " --nada", bd + " uno dos", std::string("--bd")})
+  for (const auto& arguments : {bd + " --odbc DSN=x", bd + " --usuario x", bd + " --nada",
+                                bd + " uno dos", std::string("--bd")})
     EXPECT_EQ(Program(arguments).status, 2) << arguments;
 }
 
 TEST_F(ProgramTest, AScriptThatCantBeReadEndsWithTwo) {
-  for (const auto* script : {"/no/hay/tal.guion", "/"}) {
-    const auto ended = OnSchool(script);
-    ExpectEnd(ended, 2, "No se puede leer el guion " + std::string(script) + "\n");
-  }
+  for (const std::string script : {"/no/hay/tal.guion", "/"})
+    ExpectEnd(OnSchool(script), 2, "No se puede leer el guion " + script + "\n");
 }
 
 TEST_F(ProgramTest, AFileThatIsNoSchoolEndsWithTwo) {
@@ -118,8 +105,7 @@ TEST_F(ProgramTest, AFileThatIsNoSchoolEndsWithTwo) {
   const auto refused = [](const std::string& file, const std::string& reason) {
     const auto ended = Program("--bd " + file);
     EXPECT_EQ(ended.status, 2) << file;
-    EXPECT_NE(ended.text.find("base de datos " + file), std::string::npos) << ended.text;
-    EXPECT_NE(ended.text.find(reason), std::string::npos) << ended.text;
+    EXPECT_THAT(ended.text, AllOf(HasSubstr("base de datos " + file), HasSubstr(reason)));
   };
   refused("/no/hay/tal.sqlite", "el archivo no existe");
   refused("/", "es una carpeta");
@@ -140,9 +126,8 @@ TEST_F(ProgramTest, TheDatabaseWithUsuarioMayBeAnother) {
 TEST_F(ProgramTest, PlaysThroughAnOdbcDriver) {
   const auto script = File("sql \"SELECT COUNT(*) FROM Alumno\"\nnodo 123\ncerrar\n");
   const auto byFile = OnSchool(script);
-  const auto byDriver = Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script);
-  EXPECT_EQ(byDriver.status, 0);
-  EXPECT_EQ(byDriver.text, byFile.text);
+  ExpectEnd(Program("--odbc 'Driver=SQLite3;Database=" + school.Path() + "' " + script), 0,
+            byFile.text);
 }
 
 TEST_F(ProgramTest, TakesTheUsersFromAnotherConnectionString) {
@@ -152,40 +137,36 @@ TEST_F(ProgramTest, TakesTheUsersFromAnotherConnectionString) {
         Program("--odbc " + string + " --entrada " + entrada + " " + File("nodo 11\n")).status, 0);
   const auto ended = Program("--odbc " + string + " --entrada 'Driver=SQLite3;Database=/no/hay'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.text.find("No se puede conectar"), std::string::npos) << ended.text;
+  EXPECT_THAT(ended.text, HasSubstr("No se puede conectar"));
 }
 
 TEST_F(ProgramTest, TellsADriverThatIsNotThereWithoutThePassword) {
   const auto ended = Program("--odbc 'DSN=no_hay_tal;PWD=secreto'");
   EXPECT_EQ(ended.status, 2);
-  EXPECT_NE(ended.text.find("No se puede conectar con la base de datos: [IM002] "),
-            std::string::npos)
-      << ended.text;
-  EXPECT_EQ(ended.text.find("secreto"), std::string::npos) << ended.text;
+  EXPECT_THAT(ended.text, AllOf(HasSubstr("No se puede conectar con la base de datos: [IM002] "),
+                                Not(HasSubstr("secreto"))));
 }
 
 TEST_F(ProgramTest, SqlPrintsRowsOfEveryKind) {
-  const auto ended = Program("--bd " + school.Path() + " " +
-                             File("sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
-                                  "sql \"SELECT 1 WHERE 1=0\"\nsql \"SELEC\"\n"));
-  EXPECT_EQ(ended.text,
+  ExpectEnd(OnSchool(File("sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
+                          "sql \"SELECT 1 WHERE 1=0\"\nsql \"SELEC\"\n")),
+            0,
             "> sql \"SELECT 1, -2.5, NULL, 'Ñu \"\"x\"\"', 9e999\"\n"
             "fila [1,-2.5,null,\"Ñu \\\"x\\\"\",null]\n"
             "> sql \"SELECT 1 WHERE 1=0\"\n"
             "> sql \"SELEC\"\n"
             "rechazo sql \"SELEC\": near \"SELEC\": syntax error\n");
-  EXPECT_EQ(ended.status, 0);
 }
 
 TEST(ScriptResultTest, PicksLinesByTheirWord) {
   ScriptResult result;
   result.lines = {"> ver",           "sql centro UNO", "> nodo 1",        "pitido",
                   "sql borrado DOS", "> nodo 1",       "sql centro TRES", "error 6 x"};
-  EXPECT_EQ(result.Sql(), (std::vector<std::string>{"UNO", "TRES"}));
-  EXPECT_EQ(result.Sql("borrado"), std::vector<std::string>{"DOS"});
-  EXPECT_EQ(result.Of("error"), std::vector<std::string>{"6 x"});
-  EXPECT_EQ(result.Of("pitido"), std::vector<std::string>{""});
-  EXPECT_EQ(result.After("nodo 1"), (std::vector<std::string>{"sql centro TRES", "error 6 x"}));
+  EXPECT_THAT(result.Sql(), ElementsAre("UNO", "TRES"));
+  EXPECT_THAT(result.Sql("borrado"), ElementsAre("DOS"));
+  EXPECT_THAT(result.Of("error"), ElementsAre("6 x"));
+  EXPECT_THAT(result.Of("pitido"), ElementsAre(""));
+  EXPECT_THAT(result.After("nodo 1"), ElementsAre("sql centro TRES", "error 6 x"));
   EXPECT_TRUE(result.After("cerrar").empty());
 }
 

@@ -1,5 +1,4 @@
 #include "tests/guion/GuionTest.h"
-#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {
@@ -28,16 +27,14 @@ TEST_F(RefusalTest, WithoutAForm) {
   }
 }
 
-TEST_F(RefusalTest, ANodeWhileAFormIsOpen) {
-  ExpectRefused({{"nodo 11", "ya hay un formulario abierto"}});
-}
-
-TEST_F(RefusalTest, AControlThatIsntThere) {
-  ExpectRefused({{"pulsar cmdNadie", "frmPrueba no tiene ningún control cmdNadie"}});
-}
-
-TEST_F(RefusalTest, AControlOnAHiddenOrDisabledFrame) {
-  ExpectRefused({{"pulsar cmdOculto", "cmdOculto está oculto"},
+TEST_F(RefusalTest, WhatNobodyCanDoInAForm) {
+  ExpectRefused({{"nodo 11", "ya hay un formulario abierto"},
+                 {"tamano -1 100", "una ventana no puede medir menos que nada"},
+                 {"pulsar cmdNadie", "frmPrueba no tiene ningún control cmdNadie"},
+                 {"pestana tabFichas 0", "no hay ninguna pestaña 0"},
+                 {"pestana tabFichas 3", "no hay ninguna pestaña 3"},
+                 // They stand on such a frame.
+                 {"pulsar cmdOculto", "cmdOculto está oculto"},
                  {"pulsar cmdInactivo", "cmdInactivo está deshabilitado"}});
 }
 
@@ -55,11 +52,10 @@ TEST_F(RefusalTest, AHiddenOrDisabledControl) {
 
 TEST_F(RefusalTest, EverythingOnADisabledFormButToLook) {
   frmPrueba::alPulsar = [] { FormInstance<frmPrueba>::Get().Enabled(false); };
-  const auto lines = PlayIn("pulsar cmdAccion\ncerrar\npulsar cmdAceptar\nver");
-  ASSERT_EQ(lines.size(), 3U);
-  EXPECT_EQ(lines[0], "rechazo cerrar: frmPrueba está deshabilitado");
-  EXPECT_EQ(lines[1], "rechazo pulsar cmdAceptar: frmPrueba está deshabilitado");
-  EXPECT_TRUE(lines[2].starts_with("ver {"));
+  EXPECT_THAT(
+      PlayIn("pulsar cmdAccion\ncerrar\npulsar cmdAceptar\nver"),
+      ElementsAre("rechazo cerrar: frmPrueba está deshabilitado",
+                  "rechazo pulsar cmdAceptar: frmPrueba está deshabilitado", StartsWith("ver {")));
 }
 
 TEST_F(RefusalTest, AControlOfAnotherKind) {
@@ -75,11 +71,9 @@ TEST_F(RefusalTest, AControlOfAnotherKind) {
 
 TEST_F(RefusalTest, AnEntryThatIsntThere) {
   for (const auto* entry : {"#3", "#-1", "=40", "\"2º ESO\"", "\"\"", "nada"}) {
-    const auto lines = PlayIn("elegir cboCurso " + std::string(entry));
-    ASSERT_EQ(lines.size(), 1U) << entry;
-    EXPECT_TRUE(lines[0].starts_with("rechazo elegir cboCurso " + std::string(entry) +
-                                     ": no hay ninguna entrada "))
-        << lines[0];
+    const auto command = "elegir cboCurso " + std::string(entry);
+    EXPECT_THAT(PlayIn(command),
+                ElementsAre(StartsWith("rechazo " + command + ": no hay ninguna entrada ")));
   }
 }
 
@@ -98,15 +92,6 @@ TEST_F(RefusalTest, CellsThatNobodySees) {
                  {"lista rtvNotas 1 2", "la columna 2 no se ve"},
                  {"lista rtvNotas 2 1", "no hay ninguna fila 2"},
                  {"editar rtvNotas 1 3 nada", "no hay ninguna columna 3"}});
-}
-
-TEST_F(RefusalTest, ATabThatIsntThere) {
-  ExpectRefused({{"pestana tabFichas 0", "no hay ninguna pestaña 0"},
-                 {"pestana tabFichas 3", "no hay ninguna pestaña 3"}});
-}
-
-TEST_F(RefusalTest, AWindowBelowNothing) {
-  ExpectRefused({{"tamano -1 100", "una ventana no puede medir menos que nada"}});
 }
 
 TEST_F(RefusalTest, WhatIsLeftOfATextWhenTheBoxGoes) {

@@ -14,7 +14,6 @@
 #include "platform/RuntimeError.h"
 #include "platform/text/PlainNumber.h"
 #include "tests/guion/GuionTest.h"
-#include "tests/guion/TestForms.h"
 
 namespace quorvane::test {
 namespace {

@@ -1,6 +1,5 @@
 // The two roads to one engine, side by side on the sample school.
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "frame/schema/SchoolSchema.h"
 #include "platform/text/AsciiCase.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Opened.h"
 #include "tests/support/StatementList.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/TestConnection.h"
@@ -31,21 +31,14 @@ std::vector<std::string> WithoutState(std::vector<std::string> rows) {
 
 class SameRowsTest : public testing::Test {
  protected:
-  SameRowsTest() {
-    for (const auto& path : {byFile_, byDriver_})
-      MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
-    native.Open();
-    driver.Open();
+  static std::string Made(std::string path) {
+    MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
+    return path;
   }
 
- private:
   TempFolder folder_;
-  std::string byFile_ = folder_ / "fichero.sqlite";
-  std::string byDriver_ = folder_ / "controlador.sqlite";
-
- protected:
-  sqlite::SqliteConnection native{byFile_, ""};
-  odbc::OdbcConnection driver{OdbcString(byDriver_), ""};
+  Opened<sqlite::SqliteConnection> native{Made(folder_ / "fichero.sqlite"), ""};
+  Opened<odbc::OdbcConnection> driver{OdbcString(Made(folder_ / "controlador.sqlite")), ""};
 };
 
 TEST_F(SameRowsTest, OfEveryStatementThatTheModuleCanIssue) {

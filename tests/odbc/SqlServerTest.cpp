@@ -1,9 +1,15 @@
 // FreeTDS's driver against a server of SQL Server's protocol.
 
 #include <algorithm>
+#include <csignal>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
@@ -17,12 +23,12 @@
 #include "frame/modGeneral.h"
 #include "frame/schema/SchoolSchema.h"
 #include "platform/RuntimeError.h"
-#include "tests/odbc/StatementError.h"
-#include "tests/odbc/TdsServer.h"
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
 #include "tests/support/RunCommand.h"
+#include "tests/support/StatementError.h"
+#include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
@@ -33,48 +39,107 @@ using Lines = std::vector<std::string>;
 
 void Demo(Connection& school) { DemoSchool(school).Build(); }
 
+/// A server of SQL Server's protocol on this machine, on an empty database of its own, for
+/// FreeTDS's driver to connect to. It ends with the object.
+class TdsServer {
+ public:
+  /// The server ends at once, without an answer, at the batch that holds `diesAt`; empty for none.
+  /// `product` is what it calls itself.
+  explicit TdsServer(const std::string& diesAt = {},
+                     const std::string& product = "Microsoft SQL Server") {
+    const auto log = folder_ / "lotes.json";
+    const auto file = File();
+    for (const auto& path : {log, file}) std::ofstream(path, std::ios::app).flush();
+    std::vector<const char*> arguments{
+        QUORVANE_PYTHON, QUORVANE_TDS_SERVER, "--db",       file.c_str(),
+        "--log",         log.c_str(),         "--password", "secreto",
+        "--schema",      QUORVANE_SCHEMA,     "--product",  product.c_str()};
+    if (!diesAt.empty()) arguments.insert(arguments.end(), {"--dies-at", diesAt.c_str()});
+    arguments.push_back(nullptr);
+    int ends[2];
+    if (pipe(ends) != 0) throw std::runtime_error("pipe");
+    process_ = fork();
+    if (process_ == 0) {
+      dup2(ends[1], STDOUT_FILENO);
+      close(ends[0]);
+      close(ends[1]);
+      execv(QUORVANE_PYTHON, const_cast<char* const*>(arguments.data()));
+      _exit(127);
+    }
+    close(ends[1]);
+    for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) port_ += digit;
+    close(ends[0]);
+    if (port_.empty()) throw std::runtime_error("the server of the tests doesn't start");
+  }
+  ~TdsServer() { Kill(); }
+  TdsServer(TdsServer&&) = delete;
+
+  [[nodiscard]] std::string String(const std::string& password = "secreto") const {
+    return "Driver=FreeTDS;Server=127.0.0.1;Port=" + port_ +
+           ";TDS_Version=7.4;Database=Centro;UID=zendria;PWD=" + password;
+  }
+  /// The batches that have reached it, each as it came.
+  [[nodiscard]] std::vector<std::string> Batches() const {
+    std::vector<std::string> batches;
+    std::ifstream log(folder_ / "lotes.json");
+    for (std::string line; std::getline(log, line);)
+      batches.push_back(nlohmann::json::parse(line).get<std::string>());
+    return batches;
+  }
+  /// The file behind it.
+  [[nodiscard]] std::string File() const { return folder_ / "centro.sqlite"; }
+  /// Ends it, as a machine does that loses its power.
+  void Kill() {
+    if (process_ == 0) return;
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+    process_ = 0;
+  }
+
+ private:
+  TempFolder folder_;
+  pid_t process_ = 0;
+  std::string port_;
+};
+
 class SqlServerTest : public testing::Test {
  protected:
   TdsServer server;
-  OdbcConnection con{server.String(), ""};
+  SchoolAddress address = SchoolAddress::Odbc(server.String());
 };
 
-TEST_F(SqlServerTest, IsWhatTheDriverNames) {
-  con.Open();
+class OpenSqlServerTest : public SqlServerTest {
+ protected:
+  Opened<OdbcConnection> con{server.String(), ""};
+};
+
+TEST_F(OpenSqlServerTest, IsWhatTheDriverNames) {
   EXPECT_EQ(con.ReachedEngine(), sqltext::Engine::SqlServer);
   EXPECT_EQ(con.DataSource(), "127.0.0.1");
 }
 
-TEST_F(SqlServerTest, ValuesOfEveryType) {
-  con.Open();
-  auto rows = con.Execute("EXEC tipos");
-  EXPECT_EQ(rows.RecordCount(), 3U);
-  EXPECT_EQ(rows.Fields("tinyint").Byte(), 255);
-  EXPECT_EQ(rows.Fields("smallint").Integer(), -32768);
-  EXPECT_EQ(rows.Fields("int").Long(), -2147483648);
-  EXPECT_EQ(rows.Fields("bigint").Text(), "9007199254740993");
-  EXPECT_EQ(rows.Fields("bit").Long(), -1);
-  EXPECT_EQ(rows.Fields("float").Number(), 2.5);
-  EXPECT_EQ(rows.Fields("real").Number(), 0.5);
-  EXPECT_EQ(rows.Fields("decimal").Number(), -12.34);
-  EXPECT_FALSE(rows.Fields("decimal").IsText());
-  EXPECT_EQ(rows.Fields("datetime").Text(), "2026/03/01");
-  EXPECT_EQ(rows.Fields("date").Text(), "2026/12/31");
-  EXPECT_EQ(rows.Fields("nvarchar").Text(), "Íñigo 😀");
-  EXPECT_EQ(rows.Fields("varchar").Text(), "Ñúñez");
-  EXPECT_EQ(rows.Fields("guid").Text(), "03020100-0504-0706-0809-0A0B0C0D0E0F");
-  std::string whole;
-  for (auto i = 0; i < 30000; ++i) whole += "ñ😀";
-  EXPECT_TRUE(rows.Fields("nvarchar(max)").Text() == whole);
-  rows.MoveNext();
-  for (std::size_t i = 0; i < rows.Names().size(); ++i)
-    EXPECT_TRUE(rows.Fields(i).IsNull()) << rows.Names()[i];
-  rows.MoveNext();
-  EXPECT_EQ(rows.Fields("decimal").Long(), 700);
+TEST_F(OpenSqlServerTest, ValuesOfEveryType) {
+  std::string longest;
+  for (auto i = 0; i < 30000; ++i) longest += "ñ😀";
+  auto rows = RunRows(con, "EXEC tipos");
+  for (auto& row : rows)
+    if (const auto at = row.find(longest); at != std::string::npos)
+      row.replace(at, longest.size(), "THE LONGEST");
+  EXPECT_THAT(
+      rows,
+      ElementsAre("255|-32768|-2147483648|9007199254740993|-1|2.5|0.5|-12.34|2026/03/01|"
+                  "2026/12/31|Íñigo 😀|Ñúñez|THE LONGEST|03020100-0504-0706-0809-0A0B0C0D0E0F",
+                  "NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL|NULL",
+                  "255|-32768|-2147483648|9007199254740993|-1|2.5|0.5|700|2026/03/01|"
+                  "2026/12/31|Íñigo 😀|Ñúñez|THE LONGEST|03020100-0504-0706-0809-0A0B0C0D0E0F"));
+  const auto again = con.Execute("EXEC tipos");
+  EXPECT_THAT(again.Names(),
+              ElementsAre("tinyint", "smallint", "int", "bigint", "bit", "float", "real", "decimal",
+                          "datetime", "date", "nvarchar", "varchar", "nvarchar(max)", "guid"));
+  EXPECT_FALSE(again.Fields("decimal").IsText());
 }
 
-TEST_F(SqlServerTest, ATextReachesItUnchanged) {
-  con.Open();
+TEST_F(OpenSqlServerTest, ATextReachesItUnchanged) {
   std::string longest = "SELECT '";
   for (auto i = 0; i < 20000; ++i) longest += "ñ€";
   const Lines statements = {"SELECT 'Íñigo Ñúñez çÇ·l àèìòù ÁÉÍÓÚ üÜ ¿¡ ºª €'",
@@ -89,8 +154,7 @@ TEST_F(SqlServerTest, ATextReachesItUnchanged) {
   EXPECT_THAT(RunRows(con, statements[1]), ElementsAre("Ωμέγα Дмитрий שלום 你好 😀🇪🇸"));
 }
 
-TEST_F(SqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
-  con.Open();
+TEST_F(OpenSqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
   EXPECT_EQ(StatementError([&] { con.Execute("EXEC falla"); }),
             "[23000] La parte última falló, señor (547)");
@@ -98,8 +162,7 @@ TEST_F(SqlServerTest, OfSeveralPartsTheFirstRowsCountAndTheLastFailureTells) {
   EXPECT_THAT(RunRows(con, "EXEC partes"), ElementsAre("7"));
 }
 
-TEST_F(SqlServerTest, AFailureTellsStateTextAndNumber) {
-  con.Open();
+TEST_F(OpenSqlServerTest, AFailureTellsStateTextAndNumber) {
   EXPECT_EQ(StatementError([&] { con.Execute("SELECT * FROM Nada"); }),
             "[42S02] Invalid object name 'Nada'. (208)");
   EXPECT_THAT(StatementError([&] { con.Execute("SELEC"); }), StartsWith("[42000] "));
@@ -128,24 +191,18 @@ TEST_F(SqlServerTest, AWrongPasswordIsToldWithoutIt) {
   EXPECT_FALSE(other.IsOpen());
 }
 
-TEST_F(SqlServerTest, ALostConnectionIsToldAndClosed) {
-  con.Open();
+TEST_F(OpenSqlServerTest, ALostConnectionIsToldAndClosed) {
   con.Execute("SELECT 1");
   server.Kill();
   EXPECT_THAT(StatementError([&] { con.Execute("SELECT 2"); }),
               StartsWith("Se ha perdido la conexión con la base de datos: ["));
   EXPECT_FALSE(con.IsOpen());
-  try {
-    con.Execute("SELECT 3");
-    FAIL();
-  } catch (const RuntimeError& error) {
-    EXPECT_TRUE(error.Is(ErrorNumber::ObjectClosed));
-  }
+  EXPECT_THAT([&] { con.Execute("SELECT 3"); },
+              testing::Throws<RuntimeError>(testing::Property(&RuntimeError::Number, 3704)));
   EXPECT_THAT(StatementError([&] { con.Open(); }), StartsWith("No se puede conectar"));
 }
 
 TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
-  const auto address = SchoolAddress::Odbc(server.String());
   MakeSchool(address, Demo);
   EXPECT_THAT(server.Batches(), Contains(HasSubstr(",N'Óscar',")));
   const auto school = address.Open("");
@@ -158,7 +215,6 @@ TEST_F(SqlServerTest, TakesASchoolAndKeepsIt) {
 }
 
 TEST_F(SqlServerTest, IsLeftEmptyByASchoolThatFails) {
-  const auto address = SchoolAddress::Odbc(server.String());
   EXPECT_THAT(StatementError([&] {
                 MakeSchool(address, [](Connection& school) {
                   school.Execute("INSERT INTO Profesor_Pte VALUES (1,1)");
@@ -177,10 +233,10 @@ TEST_F(SqlServerTest, IsLeftEmptyByASchoolThatFails) {
   EXPECT_THAT(RunRows(file, "SELECT name FROM sqlite_master"), IsEmpty());
 }
 
-/// What a script prints, a line an event.
-Lines Play(const guion::PlayOptions& options, const std::string& script, int& status) {
+/// What the script of a school year prints, a line an event.
+Lines PlaySchoolYear(const guion::PlayOptions& options, int& status) {
   gblnMostrarAnchoNotas = false;
-  std::istringstream commands(script);
+  std::ifstream commands(QUORVANE_SCHOOL_YEAR);
   std::ostringstream out;
   std::ostringstream errors;
   status = guion::PlayScript(options, commands, out, errors);
@@ -199,15 +255,10 @@ guion::PlayOptions On(const TdsServer& server) {
   return options;
 }
 
-std::string SchoolYear() {
-  std::ifstream file(QUORVANE_SCHOOL_YEAR);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 bool IsStatement(const std::string& line) { return line.starts_with("sql "); }
 
 Lines WithoutStatements(Lines lines) {
-  lines.erase(std::remove_if(lines.begin(), lines.end(), IsStatement), lines.end());
+  std::erase_if(lines, IsStatement);
   return lines;
 }
 
@@ -224,8 +275,8 @@ Lines Table(const std::string& file, const std::string& table) {
 TEST_F(SqlServerTest, ASchoolIsCopiedFromItAndWhatMayBeTornIsTold) {
   const TempFolder folder;
   const auto file = folder / "copia.sqlite";
-  MakeSchool(SchoolAddress::Odbc(server.String()), Demo);
-  const auto copy = CopySchool(SchoolAddress::Odbc(server.String()), SchoolAddress::File(file),
+  MakeSchool(address, Demo);
+  const auto copy = CopySchool(address, SchoolAddress::File(file),
                                {[](std::size_t, std::size_t) {}, [] { return false; }});
   EXPECT_THAT(copy.notCopied, ElementsAre("Recibo"));
   EXPECT_FALSE(copy.oneMoment);
@@ -257,15 +308,15 @@ TEST_F(SqlServerTest, AWholeSchoolYearIsTheSameAsOnAFile) {
   TempFolder folder;
   const auto file = folder / "centro.sqlite";
   MakeSchool(SchoolAddress::File(file), Demo);
-  MakeSchool(SchoolAddress::Odbc(server.String()), Demo);
+  MakeSchool(address, Demo);
   guion::PlayOptions onFile = On(server);
   onFile.odbc.clear();
   onFile.bd = file;
   auto status = -1;
-  const auto expected = Play(onFile, SchoolYear(), status);
+  const auto expected = PlaySchoolYear(onFile, status);
   EXPECT_EQ(status, 0);
   const auto before = server.Batches().size();
-  const auto lines = Play(On(server), SchoolYear(), status);
+  const auto lines = PlaySchoolYear(On(server), status);
   EXPECT_EQ(status, 0);
   EXPECT_EQ(WithoutStatements(lines), WithoutStatements(expected));
   for (const auto& table : SchoolTables())
@@ -300,7 +351,7 @@ TEST(DyingSqlServerTest, ThatDiesInTheMiddleOfASaveEndsTheScreenWithTheError) {
   const TdsServer server("INSERT INTO EvaluacionPte VALUES (106,");
   MakeSchool(SchoolAddress::Odbc(server.String()), Demo);
   auto status = -1;
-  const auto lines = Play(On(server), SchoolYear(), status);
+  const auto lines = PlaySchoolYear(On(server), status);
   EXPECT_EQ(status, 1);
   const auto error = std::find_if(lines.begin(), lines.end(),
                                   [](const auto& line) { return line.starts_with("error "); });

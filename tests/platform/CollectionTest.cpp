@@ -18,7 +18,7 @@ std::vector<int> InOrder(const Collection<int>& collection) {
 
 TEST(CollectionTest, KeepsTheOrderOfItsAdds) {
   const auto collection = Numbers({30, 10, 20});
-  EXPECT_EQ(InOrder(collection), (std::vector<int>{30, 10, 20}));
+  EXPECT_THAT(InOrder(collection), ElementsAre(30, 10, 20));
   EXPECT_EQ(collection.Count(), 3U);
   EXPECT_EQ(*collection[Key(10)], 10);
   EXPECT_TRUE(collection.Contains("20"));

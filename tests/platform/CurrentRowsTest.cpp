@@ -1,8 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "platform/controls/CurrentRows.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/MSFlexGrid.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 namespace {
@@ -28,6 +27,9 @@ class CurrentRowsTest : public testing::Test {
     }
   }
 
+  /// The current rows of both.
+  [[nodiscard]] std::pair<int, int> Current() const { return {headed.Row(), plain.Row()}; }
+
   Form form{"frmX"};
   MSFlexGrid headed{form, "msgUno"};
   MSFlexGrid plain{form, "msgDos"};
@@ -41,8 +43,7 @@ TEST_F(CurrentRowsTest, AreFoundByTheirDataWhereverTheyStandNow) {
   Fill({5, 30, 10});
   ASSERT_EQ(headed.Row(), 1);
   chosen.ChooseAgain();
-  EXPECT_EQ(headed.Row(), 2);
-  EXPECT_EQ(plain.Row(), 1);
+  EXPECT_EQ(Current(), std::pair(2, 1));
   EXPECT_EQ(headed.Col(), 1);
 }
 
@@ -52,8 +53,7 @@ TEST_F(CurrentRowsTest, OfEqualDataAreToldApartByTheirOrder) {
   const CurrentRows chosen(form);
   Fill({10, 20, 30, 20});
   chosen.ChooseAgain();
-  EXPECT_EQ(headed.Row(), 4) << "the second of the two";
-  EXPECT_EQ(plain.Row(), 1) << "the first";
+  EXPECT_EQ(Current(), std::pair(4, 1)) << "the second of the two, and the first";
 }
 
 TEST_F(CurrentRowsTest, ThatAreGoneLeaveTheGridAsItWasFilled) {
@@ -62,12 +62,10 @@ TEST_F(CurrentRowsTest, ThatAreGoneLeaveTheGridAsItWasFilled) {
   const CurrentRows chosen(form);
   Fill({10, 20});
   chosen.ChooseAgain();
-  EXPECT_EQ(headed.Row(), 1);
-  EXPECT_EQ(plain.Row(), 0) << "one alone has that data now";
+  EXPECT_EQ(Current(), std::pair(1, 0)) << "below, one alone has that data now";
   Fill({});
   chosen.ChooseAgain();
-  EXPECT_EQ(headed.Row(), 0);
-  EXPECT_EQ(plain.Row(), -1);
+  EXPECT_EQ(Current(), std::pair(0, -1));
 }
 
 TEST_F(CurrentRowsTest, GiveWayToTheOneThatTheFormChoseItself) {
@@ -93,8 +91,7 @@ TEST_F(CurrentRowsTest, AreNoHeadings) {
   const CurrentRows chosen(form);
   Fill({7, 0});
   chosen.ChooseAgain();
-  EXPECT_EQ(headed.Row(), 1);
-  EXPECT_EQ(plain.Row(), 0);
+  EXPECT_EQ(Current(), std::pair(1, 0));
 }
 
 }  // namespace

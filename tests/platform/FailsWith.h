@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <gtest/gtest.h>
 
 #include "platform/RuntimeError.h"
+#include "tests/support/Matchers.h"
 
 namespace quorvane::test {
 

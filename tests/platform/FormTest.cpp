@@ -1,3 +1,5 @@
+#include <span>
+
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/FormInstance.h"
@@ -16,10 +18,7 @@ class frmVida : public Form {
  public:
   frmVida() : Form("frmVida") { Width(1000); }
   ~frmVida() override { events->emplace_back("fin"); }
-  frmVida(const frmVida&) = delete;
-  frmVida& operator=(const frmVida&) = delete;
   frmVida(frmVida&&) = delete;
-  frmVida& operator=(frmVida&&) = delete;
 
   static inline std::function<void()> alCargar;
   static inline std::function<void()> alActivar;
@@ -49,15 +48,11 @@ class frmVida : public Form {
   }
 };
 
-using Told = std::vector<std::string>;
-
 class FormTest : public testing::Test {
  protected:
   FormTest() {
     events = &screen.told;
-    frmVida::alCargar = nullptr;
-    frmVida::alActivar = nullptr;
-    frmVida::alDescargar = nullptr;
+    frmVida::alCargar = frmVida::alActivar = frmVida::alDescargar = nullptr;
   }
   void TearDown() override { FormInstances::DropAll(); }
   static frmVida& Get() { return FormInstance<frmVida>::Get(); }
@@ -67,9 +62,9 @@ class FormTest : public testing::Test {
 
 TEST_F(FormTest, LivesFromLoadToUnload) {
   Get().ShowModal();
-  EXPECT_EQ(screen.told,
-            (Told{"carga frmVida", "Load", "muestra frmVida", "Resize 1000", "Activate",
-                  "descarga frmVida", "Unload", "tras soltar", "acaba frmVida", "fin"}));
+  EXPECT_THAT(screen.told,
+              ElementsAre("carga frmVida", "Load", "muestra frmVida", "Resize 1000", "Activate",
+                          "descarga frmVida", "Unload", "tras soltar", "acaba frmVida", "fin"));
   EXPECT_FALSE(FormInstance<frmVida>::Exists());
 }
 
@@ -81,8 +76,7 @@ TEST_F(FormTest, CanBeDroppedFromInsideOneOfItsHandlers) {
   };
   screen.user = [](Form& form) { dynamic_cast<frmVida&>(form).cmdUno.Press(); };
   Get().ShowModal();
-  EXPECT_EQ((Told{screen.told.end() - 3, screen.told.end()}),
-            (Told{"tras el botón", "acaba frmVida", "fin"}));
+  EXPECT_THAT(std::span(screen.told).last(3), ElementsAre("tras el botón", "acaba frmVida", "fin"));
 }
 
 TEST_F(FormTest, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
@@ -92,8 +86,8 @@ TEST_F(FormTest, HiddenItStaysLoadedAndShowsAgainWithoutLoad) {
   EXPECT_FALSE(Get().Visible());
   screen.told.clear();
   Get().ShowModal();
-  EXPECT_EQ(screen.told, (Told{"muestra frmVida", "Resize 1000", "Activate", "oculta frmVida",
-                               "acaba frmVida"}));
+  EXPECT_THAT(screen.told, ElementsAre("muestra frmVida", "Resize 1000", "Activate",
+                                       "oculta frmVida", "acaba frmVida"));
 }
 
 TEST_F(FormTest, MayGoWhileItIsActivated) {
@@ -137,7 +131,7 @@ TEST_F(FormTest, IsNotShownInTurnAfterAnUnloadThatFails) {
 TEST_F(FormTest, AFailureInLoadComesOutOfTheShow) {
   frmVida::alCargar = [] { throw RuntimeError(ErrorNumber::NoCurrentRecord); };
   EXPECT_EQ(ErrorOf([] { Get().ShowModal(); }), 3021);
-  EXPECT_EQ(screen.told, (Told{"carga frmVida", "Load"}));
+  EXPECT_THAT(screen.told, ElementsAre("carga frmVida", "Load"));
 }
 
 TEST_F(FormTest, AFailureInAHandlerComesOutOfAllShows) {
@@ -156,7 +150,7 @@ TEST_F(FormTest, DroppingAllRunsNoUnload) {
   Get().ShowModal();
   screen.told.clear();
   FormInstances::DropAll();
-  EXPECT_EQ(screen.told, Told{"fin"});
+  EXPECT_THAT(screen.told, ElementsAre("fin"));
   EXPECT_FALSE(FormInstance<frmVida>::Exists());
   FormInstances::DropAll();
   EXPECT_FALSE(Get().Loaded()) << "a fresh one";
@@ -183,18 +177,18 @@ TEST_F(FormTest, IsResizedByCodeAndUserOnlyWhileVisible) {
     form.Hide();
   };
   Get().ShowModal();
-  EXPECT_EQ(screen.told, (Told{"Resize 2000", "Resize 3000", "oculta frmVida", "acaba frmVida"}));
+  EXPECT_THAT(screen.told,
+              ElementsAre("Resize 2000", "Resize 3000", "oculta frmVida", "acaba frmVida"));
 }
 
 TEST_F(FormTest, HasRoomInsideItsBorders) {
-  Get().Width(1000);
-  Get().Height(1000);
-  EXPECT_EQ(Get().ScaleWidth(), 1000 - Form::kBorderWidth);
-  EXPECT_EQ(Get().ScaleHeight(), 1000 - Form::kBorderHeight);
-  Get().Width(0);
-  Get().Height(0);
-  EXPECT_EQ(Get().ScaleWidth(), 0);
-  EXPECT_EQ(Get().ScaleHeight(), 0);
+  const auto roomOf = [](int size) {
+    Get().Width(size);
+    Get().Height(size);
+    return std::pair(Get().ScaleWidth(), Get().ScaleHeight());
+  };
+  EXPECT_EQ(roomOf(1000), std::pair(1000 - Form::kBorderWidth, 1000 - Form::kBorderHeight));
+  EXPECT_EQ(roomOf(0), std::pair(0, 0));
 }
 
 TEST_F(FormTest, MayTakeAKey) {
@@ -213,8 +207,8 @@ TEST_F(FormTest, SpeaksToTheScreen) {
   BeepAndMessage("No", MessageIcon::Exclamation);
   MessageBox("Sí", MessageIcon::Information);
   Get().Refresh();
-  EXPECT_EQ(screen.told, (Told{"pitido", "mensaje 0 Zendria Escuela: No",
-                               "mensaje 1 Zendria Escuela: Sí", "pinta"}));
+  EXPECT_THAT(screen.told, ElementsAre("pitido", "mensaje 0 Zendria Escuela: No",
+                                       "mensaje 1 Zendria Escuela: Sí", "pinta"));
   EXPECT_EQ(Get().TextWidth("abc"), 3);
 }
 
@@ -225,9 +219,7 @@ TEST(ApplicationTest, WithoutAScreenIsAnObjectNotSet) {
 
 TEST(ApplicationTest, HasTheVersionThatWasBuilt) {
   const auto version = Application::BuiltVersion();
-  EXPECT_EQ(version.major, 6);
-  EXPECT_EQ(version.minor, 0);
-  EXPECT_EQ(version.revision, 9);
+  EXPECT_THAT(version, testing::FieldsAre(6, 0, 9));
   EXPECT_EQ(Application::Instance().Version().revision, 9);
   Application::Instance().Version({6, 0, 3});
   EXPECT_EQ(Application::Instance().Version().revision, 3);

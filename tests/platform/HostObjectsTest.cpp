@@ -1,12 +1,14 @@
+#include <ctime>
+
 #include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
-#include "platform/data/Connection.h"
-#include "platform/data/StatementTrace.h"
 #include "platform/host/CentroApi.h"
+#include "platform/host/LocalTime.h"
 #include "platform/host/ObjectFactory.h"
 #include "platform/host/PersonSearch.h"
 #include "platform/host/SessionValues.h"
 #include "tests/platform/FailsWith.h"
+#include "tests/support/KeepingConnection.h"
 
 namespace quorvane::test {
 namespace {
@@ -14,28 +16,6 @@ namespace {
 class OtherCentro : public CentroApi {
  public:
   std::string ObtenerHoraSistema(std::string& dataSource) override { return "de " + dataSource; }
-};
-
-/// Keeps the statements that reach it.
-class KeepingConnection : public Connection {
- public:
-  using Connection::Connection;
-  void Open() override { open = true; }
-  void Close() override { open = false; }
-  [[nodiscard]] bool IsOpen() const override { return open; }
-  [[nodiscard]] std::string DataSource() const override { return {}; }
-
-  bool open = true;
-  std::vector<std::string> reached;
-
- protected:
-  Recordset Run(const std::string& statement) override {
-    reached.push_back(statement);
-    return {};
-  }
-
- private:
-  StatementTrace::Silence silence_;  // what reaches it is none of the module's
 };
 
 TEST(HostComponentsTest, AreMadeByTheirProgIdWithoutRegardToCase) {
@@ -100,8 +80,8 @@ TEST(ConnectionTest, TellsItsObserverBeforeTheEngine) {
   });
   connection.Execute("uno");
   EXPECT_EQ(ErrorOf([&] { connection.Execute("dos"); }), -2147467259);
-  EXPECT_EQ(seen, (std::vector<std::string>{"borrado uno", "borrado dos"}));
-  EXPECT_EQ(connection.reached, std::vector<std::string>{"uno"});
+  EXPECT_THAT(seen, ElementsAre("borrado uno", "borrado dos"));
+  EXPECT_THAT(connection.reached, ElementsAre("uno"));
   connection.Observe(nullptr);
   connection.Execute("tres");
   EXPECT_EQ(seen.size(), 2U);
@@ -113,7 +93,16 @@ TEST(ConnectionTest, ClosedTakesNoStatement) {
   EXPECT_EQ(ErrorOf([&] { connection.Execute("uno"); }), 3704);
   connection.Open();
   connection.Execute("dos");
-  EXPECT_EQ(connection.reached, std::vector<std::string>{"dos"});
+  EXPECT_THAT(connection.reached, ElementsAre("dos"));
+}
+
+TEST(LocalTimeTest, IsTheMomentInThePartsOfThisTimeZone) {
+  constexpr std::time_t kMoment = 1774051200;  // some hour of the 20th or the 21st of March 2026
+  auto parts = LocalTime(kMoment);
+  EXPECT_EQ(parts.tm_year, 126);
+  EXPECT_EQ(parts.tm_mon, 2);
+  EXPECT_TRUE(parts.tm_mday == 20 || parts.tm_mday == 21) << parts.tm_mday;
+  EXPECT_EQ(std::mktime(&parts), kMoment);
 }
 
 }  // namespace

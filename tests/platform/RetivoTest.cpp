@@ -30,8 +30,7 @@ class RetivoTest : public testing::Test {
 
 TEST_F(RetivoTest, BeginningAnEditMovesThereAndFillsTheList) {
   grid.BeginEdit(2, 1);
-  EXPECT_EQ(grid.Row(), 2);
-  EXPECT_EQ(grid.Col(), 1);
+  EXPECT_EQ(std::pair(grid.Row(), grid.Col()), std::pair(2, 1));
   EXPECT_EQ(begun, 1);
   ASSERT_EQ(grid.Lista(1).size(), 2U);
   EXPECT_EQ(grid.ListaDato(1), 7);
@@ -47,7 +46,7 @@ TEST_F(RetivoTest, EndingAnEditPutsTheTextAndTells) {
   grid.BeginEdit(1, 1);
   grid.EndEdit(-1);
   EXPECT_EQ(grid.TextMatrix(1, 1), "");
-  EXPECT_EQ(ended, (std::vector<int>{1, -1}));
+  EXPECT_THAT(ended, ElementsAre(1, -1));
 }
 
 TEST_F(RetivoTest, ACellWithoutAListKeepsItsText) {
@@ -69,7 +68,7 @@ TEST_F(RetivoTest, BeginsAnEditWithAnEmptyList) {
   EXPECT_EQ(ErrorOf([&] { grid.EndEdit(1); }), 381);
   grid.EndEdit(-1);
   EXPECT_EQ(grid.TextMatrix(2, 1), "");
-  EXPECT_EQ(ended, (std::vector<int>{-1}));
+  EXPECT_THAT(ended, ElementsAre(-1));
 }
 
 TEST_F(RetivoTest, EmptiesTheListBeforeTheHandlerRuns) {
@@ -102,10 +101,8 @@ TEST_F(RetivoTest, EntriesAndCellsThatDontExist) {
 }
 
 TEST_F(RetivoTest, KnowsItsListColumns) {
-  EXPECT_FALSE(grid.EditsThroughList(0));
-  EXPECT_TRUE(grid.EditsThroughList(1));
-  EXPECT_TRUE(grid.EditsThroughList(2));
-  EXPECT_FALSE(grid.EditsThroughList(3));
+  for (const auto col : {0, 1, 2, 3})
+    EXPECT_EQ(grid.EditsThroughList(col), col == 1 || col == 2) << col;
 }
 
 TEST_F(RetivoTest, ADraggedColumnTells) {

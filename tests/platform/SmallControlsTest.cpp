@@ -1,9 +1,14 @@
+
+
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/Frame.h"
+#include "platform/controls/ItemList.h"
 #include "platform/controls/Label.h"
+#include "platform/controls/ListBox.h"
 #include "platform/controls/TabStrip.h"
 #include "platform/controls/TextBox.h"
 #include "tests/platform/FailsWith.h"
@@ -14,17 +19,18 @@ namespace {
 class SmallControlsTest : public testing::Test {
  protected:
   Form form{"frmX"};
+  int raised = 0;
+  std::function<void()> count = [this] { ++raised; };  ///< for an event
 };
 
 TEST_F(SmallControlsTest, ACheckBoxClicksOnAnotherValueOnly) {
   CheckBox box(form, "chkX");
-  int clicks = 0;
-  box.Click = [&clicks] { ++clicks; };
+  box.Click = count;
   box.Value(0);
-  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(raised, 0);
   box.Value(1);
   box.Value(1);
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(raised, 1);
   EXPECT_EQ(ErrorOf([&] { box.Value(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { box.Value(-1); }), 380);
   EXPECT_EQ(box.Value(), 1);
@@ -32,11 +38,10 @@ TEST_F(SmallControlsTest, ACheckBoxClicksOnAnotherValueOnly) {
 
 TEST_F(SmallControlsTest, ATextBoxTellsAnotherTextOnly) {
   TextBox box(form, "txtX");
-  int changes = 0;
-  box.Change = [&changes] { ++changes; };
+  box.Change = count;
   box.Text("a");
   box.Text("a");
-  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(raised, 1);
 }
 
 TEST_F(SmallControlsTest, AKeyPassesKeyPressBeforeTheText) {
@@ -54,16 +59,13 @@ TEST_F(SmallControlsTest, AKeyPassesKeyPressBeforeTheText) {
 
 TEST_F(SmallControlsTest, ATabStripSelectsAndClicks) {
   TabStrip tabs(form, "tabX");
-  int clicks = 0;
-  tabs.Click = [&clicks] { ++clicks; };
+  tabs.Click = count;
   EXPECT_EQ(tabs.SelectedTab(), 0);
-  tabs.AddTab("Uno");
-  tabs.AddTab("Dos");
-  tabs.AddTab("Tres");
+  for (const auto* caption : {"Uno", "Dos", "Tres"}) tabs.AddTab(caption);
   EXPECT_EQ(tabs.SelectedTab(), 1);
-  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(raised, 0);
   tabs.SelectedTab(3);
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(raised, 1);
   EXPECT_EQ(ErrorOf([&] { tabs.SelectedTab(0); }), 380);
   EXPECT_EQ(ErrorOf([&] { tabs.SelectedTab(4); }), 380);
   EXPECT_EQ(tabs.TabCaption(2), "Dos");
@@ -140,6 +142,86 @@ TEST_F(SmallControlsTest, AnUnchangedPropertyIsNothingToShow) {
   EXPECT_EQ(label.Revision(), before);
   label.Caption("b");
   EXPECT_NE(label.Revision(), before);
+}
+
+class ItemListTest : public SmallControlsTest {
+ protected:
+  ItemListTest() {
+    list.AddItem("uno", 10);
+    list.AddItem("dos", 20);
+    list.AddItem("tres");
+    list.Click = count;
+  }
+
+  ComboBox list{form, "cboX"};
+};
+
+TEST_F(ItemListTest, HasNothingSelectedAtFirst) {
+  EXPECT_EQ(list.ListCount(), 3);
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.Text(), "");
+  EXPECT_EQ(list.ItemData(2), 0);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(list.SelectedData()); }), 381);
+}
+
+TEST_F(ItemListTest, SettingTheIndexClicksAlsoWhenItStands) {
+  list.ListIndex(1);
+  list.ListIndex(1);
+  EXPECT_EQ(raised, 2);
+  EXPECT_EQ(list.Text(), "dos");
+  EXPECT_EQ(list.SelectedData(), 20);
+  list.ListIndex(-1);
+  EXPECT_EQ(raised, 3);
+  EXPECT_EQ(list.Text(), "");
+}
+
+TEST_F(ItemListTest, AnEntryThatDoesntExist) {
+  EXPECT_EQ(ErrorOf([&] { list.ListIndex(3); }), 380);
+  EXPECT_EQ(ErrorOf([&] { list.ListIndex(-2); }), 380);
+  EXPECT_EQ(ErrorOf([&] { list.RemoveItem(3); }), 380);
+  EXPECT_EQ(ErrorOf([&] { list.RemoveItem(-1); }), 380);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(list.List(3)); }), 381);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(list.ItemData(-1)); }), 381);
+  EXPECT_EQ(raised, 0);
+}
+
+TEST_F(ItemListTest, ClearingLeavesNothingSelectedAndClicksNothing) {
+  list.ListIndex(0);
+  list.Clear();
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.ListCount(), 0);
+  EXPECT_EQ(raised, 1);
+  EXPECT_EQ(ErrorOf([&] { list.ListIndex(0); }), 380);
+}
+
+TEST_F(ItemListTest, RemovingTheSelectedEntryLeavesNothingSelected) {
+  list.ListIndex(1);
+  list.RemoveItem(1);
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.List(1), "tres");
+  EXPECT_EQ(raised, 1);
+}
+
+TEST_F(ItemListTest, TheSelectionFollowsItsEntry) {
+  list.ListIndex(1);
+  list.RemoveItem(0);
+  EXPECT_EQ(list.ListIndex(), 0);
+  EXPECT_EQ(list.Text(), "dos");
+  list.RemoveItem(1);
+  EXPECT_EQ(list.ListIndex(), 0);
+  EXPECT_EQ(raised, 1);
+}
+
+TEST_F(ItemListTest, TheKindsTellTheirNames) {
+  const ListBox box(form, "lstX");
+  EXPECT_EQ(list.Kind(), "ComboBox");
+  EXPECT_EQ(box.Kind(), "ListBox");
+}
+
+TEST_F(ItemListTest, ShowsThatItHasChanged) {
+  const auto before = list.Revision();
+  list.ListIndex(0);
+  EXPECT_NE(list.Revision(), before);
 }
 
 }  // namespace

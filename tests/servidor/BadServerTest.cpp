@@ -3,8 +3,6 @@
 
 #include <cstdlib>
 #include <functional>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -19,40 +17,23 @@
 #include "apps/escuela/SchoolFile.h"
 #include "apps/escuela/SchoolGenerator.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/ServerSchools.h"
+#include "tests/support/StatementError.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::EndsWith;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::StartsWith;
-
-const CopyWatch kNobody = {[](std::size_t, std::size_t) {}, [] { return false; }};
 
 void Demo(Connection& school) { DemoSchool(school).Build(); }
 
-std::string Told(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
-    return error.Description();
-  }
-  return "no error";
-}
-
 std::string OpeningTold(const std::string& string) {
   OdbcConnection connection(string, "");
-  const auto told = Told([&] { connection.Open(); });
+  const auto told = StatementError([&] { connection.Open(); });
   EXPECT_FALSE(connection.IsOpen());
   return told;
 }
@@ -62,16 +43,9 @@ class BadServerTest : public testing::Test {
   ~BadServerTest() override {
     for (const auto& name : made_) Server("DROP DATABASE " + name + " WITH (FORCE)");
   }
-  BadServerTest() = default;
-  BadServerTest(const BadServerTest&) = delete;
-  BadServerTest& operator=(const BadServerTest&) = delete;
-  BadServerTest(BadServerTest&&) = delete;
-  BadServerTest& operator=(BadServerTest&&) = delete;
 
   static void Server(const std::string& statement) {
-    OdbcConnection server(OwnerString("postgres"), "");
-    server.Open();
-    server.Execute(statement);
+    Opened<OdbcConnection>(OwnerString("postgres"), "").Execute(statement);
   }
 
   /// A database of the owner's, which goes with the test.
@@ -91,10 +65,31 @@ class BadServerTest : public testing::Test {
                    "SELECT count(*) FROM pg_tables WHERE schemaname='public'");
   }
 
-  std::string FileSchool(const std::function<void(Connection&)>& fill = Demo) {
-    auto path = folder_ / "origen.sqlite";
+  /// What is told where a school is to be made, and where its publication is to be removed.
+  static std::string MakingTold(const SchoolAddress& at,
+                                const std::function<void(Connection&)>& fill = Demo) {
+    return StatementError([&] { MakeSchool(at, fill); });
+  }
+  static std::string RemovingTold(Connection& school) {
+    return StatementError([&] { LockList(school).Remove(1); });
+  }
+  static std::string CopyingTold(const SchoolAddress& from, const SchoolAddress& to) {
+    return StatementError([&] {
+      CopySchool(from, to, {[](std::size_t, std::size_t) {}, [] { return false; }});
+    });
+  }
+  [[nodiscard]] SchoolAddress CopyFile() const {
+    return SchoolAddress::File(folder_ / "copia.sqlite");
+  }
+  /// How many subjects the first publication holds.
+  static std::size_t SubjectsHeld(Connection& school) {
+    return LockList(school).Read().front().subjects.size();
+  }
+
+  SchoolAddress FileSchool(const std::function<void(Connection&)>& fill = Demo) {
+    const auto path = folder_ / "origen.sqlite";
     MakeSchoolFile(path, fill);
-    return path;
+    return SchoolAddress::File(path);
   }
 
   TempFolder folder_;
@@ -119,7 +114,7 @@ TEST_F(BadServerTest, ADatabaseOfAnotherEncodingIsRefused) {
     EXPECT_THAT(OpeningTold(OwnerString(name)),
                 StartsWith("No se puede usar esta base de datos: guarda los textos en " + encoding +
                            ", y ha de guardarlos en UTF8."));
-    EXPECT_THAT(Told([&] { MakeSchool(Owners(name), Demo); }), HasSubstr(encoding));
+    EXPECT_THAT(MakingTold(Owners(name)), HasSubstr(encoding));
   }
 }
 
@@ -144,7 +139,11 @@ TEST_F(BadServerTest, AWrongPasswordSpeaksOfUserAndPassword) {
                              "puede abrir la base de datos")));
   string.Set("UID", "nadie");
   EXPECT_THAT(OpeningTold(string.Text()), HasSubstr("Compruebe el usuario y la contraseña"));
-  EXPECT_THAT(OpeningTold(OwnerString("no_hay_tal")), HasSubstr("el servidor y la base de datos"));
+  EXPECT_THAT(OpeningTold(OwnerString("postgres") + ";PWD=otra"), Not(HasSubstr("una clave")));
+  EXPECT_THAT(OpeningTold(OwnerString("no_hay_tal")),
+              AllOf(StartsWith("No se puede conectar con la base de datos: "),
+                    HasSubstr("database \"no_hay_tal\" does not exist"),
+                    HasSubstr("el servidor y la base de datos")));
 }
 
 TEST_F(BadServerTest, TablesWithTheirNamesInQuotesAreNamed) {
@@ -160,8 +159,7 @@ TEST_F(BadServerTest, TablesWithTheirNamesInQuotesAreNamed) {
   const std::string told =
       "La tabla «Nota» se hizo con su nombre entre comillas, y en PostgreSQL ha de llamarse nota";
   EXPECT_THAT(findings(), ElementsAre(told));
-  const auto copy = folder_ / "copia.sqlite";
-  EXPECT_THAT(Told([&] { CopySchool(Owners(name), SchoolAddress::File(copy), kNobody); }),
+  EXPECT_THAT(CopyingTold(Owners(name), CopyFile()),
               AllOf(StartsWith("No se puede copiar "), EndsWith(told)));
   EXPECT_EQ(folder_.Files(), 0U);
 }
@@ -169,7 +167,7 @@ TEST_F(BadServerTest, TablesWithTheirNamesInQuotesAreNamed) {
 TEST_F(BadServerTest, NoSchoolIsMadeBesideATableWithItsNameInQuotes) {
   const auto name = Database();
   Owners(name).Open("")->Execute("CREATE TABLE \"ALUMNO\" (a integer)");
-  EXPECT_THAT(Told([&] { MakeSchool(Owners(name), Demo); }),
+  EXPECT_THAT(MakingTold(Owners(name)),
               EndsWith("ya tiene la tabla «ALUMNO», hecha con su nombre entre comillas"));
   EXPECT_THAT(TablesOf(name), ElementsAre("1"));
 }
@@ -180,19 +178,17 @@ TEST_F(BadServerTest, TablesOfAnotherOwnerAreTold) {
   const auto words = HasSubstr(
       ". El usuario con el que se conecta no tiene permiso para hacerlo: pida al técnico que se lo "
       "dé");
-  EXPECT_THAT(Told([&] { MakeSchool(teacher, Demo); }),
+  EXPECT_THAT(MakingTold(teacher),
               AllOf(HasSubstr("[42501] "), words, EndsWith("No ha quedado nada escrito")));
   EXPECT_THAT(TablesOf(name), ElementsAre("0"));
   MakeSchool(Owners(name), Demo);
   const auto school = teacher.Open("");
-  EXPECT_THAT(Told([&] { RequireSchool(*school); }),
+  EXPECT_THAT(StatementError([&] { RequireSchool(*school); }),
               AllOf(StartsWith("[42501] ERROR: permission denied for table "), words));
-  EXPECT_THAT(Told([&] { LockList(*school).Remove(1); }), AllOf(StartsWith("[42501]"), words));
-  EXPECT_THAT(
-      Told([&] { CopySchool(teacher, SchoolAddress::File(folder_ / "copia.sqlite"), kNobody); }),
-      words);
+  EXPECT_THAT(RemovingTold(*school), AllOf(StartsWith("[42501]"), words));
+  EXPECT_THAT(CopyingTold(teacher, CopyFile()), words);
   EXPECT_EQ(folder_.Files(), 0U);
-  EXPECT_EQ(LockList(*Owners(name).Open("")).Read().front().subjects.size(), 2U);
+  EXPECT_EQ(SubjectsHeld(*Owners(name).Open("")), 2U);
 }
 
 TEST_F(BadServerTest, AReadOnlyLoginReadsAndWritesNothing) {
@@ -202,10 +198,9 @@ TEST_F(BadServerTest, AReadOnlyLoginReadsAndWritesNothing) {
   };
   const auto words = HasSubstr(". La base de datos o el usuario con el que se conecta son de solo");
   readOnly("on");
-  EXPECT_THAT(Told([&] { MakeSchool(Owners(name), Demo); }),
+  EXPECT_THAT(MakingTold(Owners(name)),
               AllOf(HasSubstr("[25006] "), words, EndsWith("No ha quedado nada escrito")));
-  const auto file = FileSchool();
-  EXPECT_THAT(Told([&] { CopySchool(SchoolAddress::File(file), Owners(name), kNobody); }),
+  EXPECT_THAT(CopyingTold(FileSchool(), Owners(name)),
               AllOf(HasSubstr("[25006] "), words, EndsWith("No ha quedado nada escrito")));
   EXPECT_THAT(TablesOf(name), ElementsAre("0"));
   readOnly("off");
@@ -213,11 +208,12 @@ TEST_F(BadServerTest, AReadOnlyLoginReadsAndWritesNothing) {
   readOnly("on");
   const auto school = Owners(name).Open("");
   EXPECT_THAT(SchoolCheck(*school).Structure(SchoolCheck::For::Host), IsEmpty());
-  EXPECT_THAT(Told([&] { LockList(*school).Remove(1); }), AllOf(StartsWith("[25006]"), words));
-  EXPECT_THAT(Told([&] { school->Execute("INSERT INTO PublicacionPte VALUES (2,1,1,4,1)"); }),
-              AllOf(StartsWith("[25006]"), words));
-  EXPECT_EQ(LockList(*school).Read().front().subjects.size(), 2U);
-  CopySchool(Owners(name), SchoolAddress::File(folder_ / "copia.sqlite"), kNobody);
+  EXPECT_THAT(RemovingTold(*school), AllOf(StartsWith("[25006]"), words));
+  EXPECT_THAT(
+      StatementError([&] { school->Execute("INSERT INTO PublicacionPte VALUES (2,1,1,4,1)"); }),
+      AllOf(StartsWith("[25006]"), words));
+  EXPECT_EQ(SubjectsHeld(*school), 2U);
+  EXPECT_EQ(CopyingTold(Owners(name), CopyFile()), "no error");
 }
 
 TEST_F(BadServerTest, AFullDiskLeavesNothing) {
@@ -225,18 +221,14 @@ TEST_F(BadServerTest, AFullDiskLeavesNothing) {
   if (disk.empty()) GTEST_SKIP() << "only an administrator mounts a disk";
   const auto name = Database();
   Server("ALTER DATABASE " + name + " SET default_tablespace='" + disk + "'");
-  const auto file = FileSchool(
-      [](Connection& school) { SchoolGenerator(school).Build(20000, 3, [](std::size_t) {}); });
+  const auto large = [](Connection& school) {
+    SchoolGenerator(school).Build(20000, 3, [](std::size_t) {});
+  };
   const auto full = AllOf(HasSubstr("[53100] "), HasSubstr(". El disco del servidor está lleno"),
                           EndsWith("No ha quedado nada escrito"));
-  EXPECT_THAT(Told([&] { CopySchool(SchoolAddress::File(file), Owners(name), kNobody); }), full);
+  EXPECT_THAT(CopyingTold(FileSchool(large), Owners(name)), full);
   EXPECT_THAT(TablesOf(name), ElementsAre("0"));
-  EXPECT_THAT(Told([&] {
-                MakeSchool(Owners(name), [](Connection& school) {
-                  SchoolGenerator(school).Build(20000, 3, [](std::size_t) {});
-                });
-              }),
-              full);
+  EXPECT_THAT(MakingTold(Owners(name), large), full);
   EXPECT_THAT(TablesOf(name), ElementsAre("0"));
   // There is room again for what fits.
   MakeSchool(Owners(name), Demo);
@@ -250,10 +242,9 @@ TEST_F(BadServerTest, AStatementThatTheServerCancelsIsTold) {
   // A table of that name that nobody sees yet is waited for.
   holder->Execute("BEGIN");
   holder->Execute("CREATE TABLE Nota (a integer)");
-  EXPECT_THAT(Told([&] { MakeSchool(Owners(name), Demo); }),
+  EXPECT_THAT(MakingTold(Owners(name)),
               AllOf(HasSubstr("[57014] "), words, EndsWith("No ha quedado nada escrito")));
-  const auto file = FileSchool();
-  EXPECT_THAT(Told([&] { CopySchool(SchoolAddress::File(file), Owners(name), kNobody); }),
+  EXPECT_THAT(CopyingTold(FileSchool(), Owners(name)),
               AllOf(HasSubstr("[57014] "), words, EndsWith("No ha quedado nada escrito")));
   holder->Execute("ROLLBACK");
   EXPECT_THAT(TablesOf(name), ElementsAre("0"));
@@ -262,14 +253,11 @@ TEST_F(BadServerTest, AStatementThatTheServerCancelsIsTold) {
   const auto school = Owners(name).Open("");
   holder->Execute("BEGIN");
   holder->Execute("LOCK TABLE PublicacionPte IN SHARE MODE");
-  EXPECT_THAT(Told([&] { LockList(*school).Remove(1); }), AllOf(StartsWith("[57014]"), words));
+  EXPECT_THAT(RemovingTold(*school), AllOf(StartsWith("[57014]"), words));
   EXPECT_TRUE(school->IsOpen());
-  EXPECT_EQ(LockList(*school).Read().front().subjects.size(), 2U);
+  EXPECT_EQ(SubjectsHeld(*school), 2U);
   holder->Execute("LOCK TABLE Nota");
-  EXPECT_THAT(Told([&] {
-                CopySchool(Owners(name), SchoolAddress::File(folder_ / "copia.sqlite"), kNobody);
-              }),
-              AllOf(HasSubstr("[57014] "), words));
+  EXPECT_THAT(CopyingTold(Owners(name), CopyFile()), AllOf(HasSubstr("[57014] "), words));
   EXPECT_EQ(folder_.Files(), 1U);
   holder->Execute("ROLLBACK");
   EXPECT_TRUE(LockList(*school).Remove(1));
@@ -290,7 +278,7 @@ TEST_F(BadServerTest, APublicationThatIsAnothersByThenStays) {
   });
   LockList list(*school);
   const auto seen = list.Read().front();
-  EXPECT_THAT(Told([&] { list.RemoveUnchanged(seen); }),
+  EXPECT_THAT(StatementError([&] { list.RemoveUnchanged(seen); }),
               AllOf(StartsWith("[40001]"),
                     EndsWith(". Otro usuario cambiaba lo mismo a la vez: vuelva a intentarlo")));
   const auto now = LockList(*other).Read();
@@ -300,8 +288,7 @@ TEST_F(BadServerTest, APublicationThatIsAnothersByThenStays) {
 }
 
 TEST_F(BadServerTest, ASourcesOwnSettingsCountBesideTheSchools) {
-  OdbcConnection connection(OwnerString("postgres") + ";pqopt={application_name=aula}", "");
-  connection.Open();
+  Opened<OdbcConnection> connection(OwnerString("postgres") + ";pqopt={application_name=aula}", "");
   EXPECT_THAT(RunRows(connection, "SELECT current_setting('application_name')"),
               ElementsAre("aula"));
 }

@@ -3,8 +3,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -15,14 +13,14 @@
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "tests/servidor/Proxied.h"
-#include "tests/support/ServerSchools.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TcpProxy.h"
 
 namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::ElementsAre;
 using ::testing::Pair;
 
 using Options = std::map<std::string, int>;
@@ -53,20 +51,15 @@ std::vector<Options> SocketsTo(std::uint16_t port) {
   return all;
 }
 
-class KeepaliveTest : public testing::Test {
+class KeepaliveTest : public ProxiedTest {
  protected:
-  ~KeepaliveTest() override { GiveBackServerSchool(database_); }
-
   /// Of a connection whose string has that too.
   std::vector<Options> With(const std::string& more) const {
     // Its port is no other connection's.
     const TcpProxy proxy(ServerPort());
-    OdbcConnection connection(StringThrough(proxy, ServerString(database_)) + more, "");
-    connection.Open();
+    const Opened<OdbcConnection> connection(Through(proxy) + more, "");
     return SocketsTo(proxy.Port());
   }
-
-  const std::string database_ = TakeServerSchool();
 };
 
 TEST_F(KeepaliveTest, TheSystemGivesUpALostServerWithinTheTermsOfTheString) {

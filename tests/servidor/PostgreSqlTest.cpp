@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "adapters/odbc/OdbcConnection.h"
@@ -16,9 +15,13 @@
 #include "apps/escuela/SchoolFile.h"
 #include "frame/modGeneral.h"
 #include "frame/schema/SchoolSchema.h"
-#include "platform/RuntimeError.h"
 #include "tests/sqlite/RunRows.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
+#include "tests/support/ScriptRun.h"
 #include "tests/support/ServerSchools.h"
+#include "tests/support/SmallSchool.h"
+#include "tests/support/StatementError.h"
 #include "tests/support/StatementList.h"
 #include "tests/support/TempFolder.h"
 
@@ -26,48 +29,20 @@ namespace quorvane::test {
 namespace {
 
 using odbc::OdbcConnection;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::StartsWith;
 
 std::string ErrorOf(Connection& connection, const std::string& statement) {
-  try {
-    connection.Execute(statement);
-  } catch (const RuntimeError& error) {
-    EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed)) << error.Number();
-    return error.Description();
-  }
-  return "no error";
-}
-
-std::string OpeningError(const std::string& string) {
-  OdbcConnection connection(string, "");
-  try {
-    connection.Open();
-  } catch (const RuntimeError& error) {
-    return error.Description();
-  }
-  return "no error";
+  return StatementError([&] { connection.Execute(statement); });
 }
 
 class PostgreSqlTest : public testing::Test {
  protected:
-  PostgreSqlTest() {
-    teacher.Open();
-    teacher.Execute("SET client_min_messages TO error");
-  }
+  PostgreSqlTest() { teacher.Execute("SET client_min_messages TO error"); }
   ~PostgreSqlTest() override { GiveBackServerSchool(database_); }
-  PostgreSqlTest(const PostgreSqlTest&) = delete;
-  PostgreSqlTest& operator=(const PostgreSqlTest&) = delete;
-  PostgreSqlTest(PostgreSqlTest&&) = delete;
-  PostgreSqlTest& operator=(PostgreSqlTest&&) = delete;
 
   Connection& Owner() { return OwnersConnection(database_); }
 
   const std::string database_ = TakeServerSchool();
-  OdbcConnection teacher{ServerString(database_), ""};  ///< with the rights of who works
+  Opened<OdbcConnection> teacher{ServerString(database_), ""};  ///< with the rights of who works
 };
 
 TEST_F(PostgreSqlTest, IsWhatTheDriverNames) {
@@ -76,29 +51,23 @@ TEST_F(PostgreSqlTest, IsWhatTheDriverNames) {
 }
 
 TEST_F(PostgreSqlTest, ValuesOfEveryType) {
-  auto rows = teacher.Execute(
+  const std::string select =
       "SELECT CAST(-32768 AS smallint) AS corto, CAST(-2147483648 AS integer) AS largo, "
       "CAST(9007199254740993 AS bigint) AS enorme, CAST(-12.34 AS numeric(8,2)) AS decimal, "
       "CAST(700 AS numeric) AS entero, CAST(2.5 AS double precision) AS real, "
       "(1=1) AS cierto, (1=0) AS falso, CAST('2026-03-01' AS date) AS fecha, "
       "CAST('2026-12-31 23:59:58' AS timestamp) AS momento, CAST('ab' AS char(5)) AS relleno, "
       "CAST('Ñúñez' AS varchar(20)) AS corta, CAST('Íñigo 😀' AS text) AS larga, "
-      "CAST(NULL AS integer) AS nada");
-  EXPECT_EQ(rows.Fields("corto").Integer(), -32768);
+      "CAST(NULL AS integer) AS nada";
+  EXPECT_THAT(RunRows(teacher, select),
+              ElementsAre("-32768|-2147483648|9007199254740993|-12.34|700|2.5|-1|0|2026/03/01|"
+                          "2026/12/31|ab   |Ñúñez|Íñigo 😀|NULL"));
+  const auto rows = teacher.Execute(select);
+  EXPECT_THAT(rows.Names(),
+              ElementsAre("corto", "largo", "enorme", "decimal", "entero", "real", "cierto",
+                          "falso", "fecha", "momento", "relleno", "corta", "larga", "nada"));
   EXPECT_EQ(rows.Fields("LARGO").Long(), -2147483648);
-  EXPECT_EQ(rows.Fields("enorme").Text(), "9007199254740993");
-  EXPECT_EQ(rows.Fields("decimal").Number(), -12.34);
   EXPECT_FALSE(rows.Fields("decimal").IsText());
-  EXPECT_EQ(rows.Fields("entero").Long(), 700);
-  EXPECT_EQ(rows.Fields("real").Number(), 2.5);
-  EXPECT_EQ(rows.Fields("cierto").Long(), -1);
-  EXPECT_EQ(rows.Fields("falso").Long(), 0);
-  EXPECT_EQ(rows.Fields("fecha").Text(), "2026/03/01");
-  EXPECT_EQ(rows.Fields("momento").Text(), "2026/12/31");
-  EXPECT_EQ(rows.Fields("relleno").Text(), "ab   ");
-  EXPECT_EQ(rows.Fields("corta").Text(), "Ñúñez");
-  EXPECT_EQ(rows.Fields("larga").Text(), "Íñigo 😀");
-  EXPECT_TRUE(rows.Fields("nada").IsNull());
 }
 
 TEST_F(PostgreSqlTest, TextsComeBackAsTheyWent) {
@@ -146,22 +115,22 @@ TEST_F(PostgreSqlTest, RowsWithoutAPartnerAreFoundByOneJoin) {
 }
 
 TEST_F(PostgreSqlTest, FailureTellsStateAndTextAndLeavesTheConnection) {
-  EXPECT_THAT(ErrorOf(teacher, "SELECT * FROM Nada"),
-              StartsWith("[42P01] ERROR: relation \"nada\" does not exist"));
-  EXPECT_THAT(ErrorOf(teacher, "SELECT Nada FROM Alumno"), StartsWith("[42703] ERROR: column"));
+  const std::vector<std::pair<std::string, std::string>> failures = {
+      {"SELECT * FROM Nada", "[42P01] ERROR: relation \"nada\" does not exist"},
+      {"SELECT Nada FROM Alumno", "[42703] ERROR: column"},
+      {"INSERT INTO PublicacionPte VALUES (1,1,1,4,1)", "[23505] ERROR: duplicate key value"},
+      // Who works may not write the school's own tables.
+      {"DELETE FROM Alumno", "[42501] ERROR: permission denied for table alumno"},
+      {"CREATE TABLE Otra (a integer)", "[42501] ERROR: permission denied for schema public"}};
+  teacher.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
+  for (const auto& [statement, told] : failures)
+    EXPECT_THAT(ErrorOf(teacher, statement), StartsWith(told)) << statement;
   EXPECT_TRUE(teacher.IsOpen());
   EXPECT_THAT(RunRows(teacher, "SELECT 7"), ElementsAre("7"));
 }
 
-TEST_F(PostgreSqlTest, SameKeyTwiceIsAnError) {
-  teacher.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
-  EXPECT_THAT(ErrorOf(teacher, "INSERT INTO PublicacionPte VALUES (1,1,1,4,1)"),
-              StartsWith("[23505] ERROR: duplicate key value"));
-}
-
 TEST_F(PostgreSqlTest, RowsComeInTheOrderOfAFile) {
-  for (const auto* const row : {"(2,1)", "(1,2)", "(NULL,3)", "(1,4)"})
-    teacher.Execute(std::string("INSERT INTO Profesor_Pte VALUES ") + row);
+  teacher.Execute("INSERT INTO Profesor_Pte VALUES (2,1),(1,2),(NULL,3),(1,4)");
   teacher.Execute("UPDATE Profesor_Pte SET CodProfesor=1 WHERE CodMatDet=2");
   const std::string select = "SELECT CodMatDet, CodProfesor FROM Profesor_Pte";
   EXPECT_THAT(RunRows(teacher, select), ElementsAre("1|2", "2|1", "3|NULL", "4|1"));
@@ -172,39 +141,22 @@ TEST_F(PostgreSqlTest, RowsComeInTheOrderOfAFile) {
 }
 
 TEST_F(PostgreSqlTest, OfAComparedSelectTheFirstRowCounts) {
-  for (const auto* const row : {"(1,2)", "(1,2)"})
-    teacher.Execute(std::string("INSERT INTO Profesor_Pte VALUES ") + row);
+  teacher.Execute("INSERT INTO Profesor_Pte VALUES (1,2),(1,2)");
   EXPECT_THAT(RunRows(teacher,
                       "SELECT 7 FROM Profesor_Pte WHERE CodMatDet=(SELECT CodMatDet FROM "
                       "Profesor_Pte WHERE CodProfesor=1)"),
               ElementsAre("7", "7"));
 }
 
-TEST_F(PostgreSqlTest, WhoWorksMayNotWriteTheSchoolsOwnTables) {
-  EXPECT_THAT(ErrorOf(teacher, "DELETE FROM Alumno"),
-              StartsWith("[42501] ERROR: permission denied for table alumno"));
-  EXPECT_THAT(ErrorOf(teacher, "CREATE TABLE Otra (a integer)"),
-              StartsWith("[42501] ERROR: permission denied for schema public"));
-}
-
 TEST_F(PostgreSqlTest, ConnectionThatTheServerHasEndedIsTold) {
   const auto process = teacher.Execute("SELECT pg_backend_pid()").Fields(0).Text();
-  OdbcConnection same(ServerString(database_), "");
-  same.Open();
-  same.Execute("SELECT pg_terminate_backend(" + process + ")");
+  Opened<OdbcConnection>(ServerString(database_), "")
+      .Execute("SELECT pg_terminate_backend(" + process + ")");
   EXPECT_THAT(ErrorOf(teacher, "SELECT 1"),
               StartsWith("Se ha perdido la conexión con la base de datos: "));
   EXPECT_FALSE(teacher.IsOpen());
   teacher.Open();
   EXPECT_THAT(RunRows(teacher, "SELECT 1"), ElementsAre("1"));
-}
-
-TEST_F(PostgreSqlTest, OpeningTellsWhatIsWrong) {
-  EXPECT_THAT(OpeningError(ServerString("no_esta")),
-              AllOf(StartsWith("No se puede conectar con la base de datos: "),
-                    HasSubstr("database \"no_esta\" does not exist")));
-  EXPECT_THAT(OpeningError(ServerString(database_) + ";PWD=otra"),
-              testing::Not(HasSubstr("una clave")));
 }
 
 /// The rows in an order of their own: where a statement asks for none, or leaves some equal, each
@@ -232,8 +184,7 @@ TEST_F(PostgreSqlTest, GivesTheRowsOfTheFileForEveryStatementOfTheModule) {
   const auto path = folder / "fichero.sqlite";
   MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
   DemoSchool(Owner()).Build();
-  sqlite::SqliteConnection file(path, "");
-  file.Open();
+  Opened<sqlite::SqliteConnection> file(path, "");
   auto compared = 0;
   auto failing = 0;
   const auto unreached = Unreached();
@@ -262,6 +213,30 @@ TEST_F(PostgreSqlTest, SampleSchoolIsFitForTheModule) {
   DemoSchool(Owner()).Build();
   EXPECT_THAT(SchoolCheck(teacher).Structure(SchoolCheck::For::Host), IsEmpty());
   EXPECT_THAT(SchoolCheck(teacher).Rows(), IsEmpty());
+}
+
+const std::string kEnd =
+    "sql \"SELECT pg_terminate_backend(pid,5000) FROM pg_stat_activity WHERE "
+    "datname=current_database() AND usename=current_user AND pid<>pg_backend_pid()\"\n";
+
+TEST(ReconnectTest, AScreenThatLostTheConnectionOpensAgain) {
+  const SmallSchool school;
+  const auto played = RunScript(school, "nodo 124\n" + kEnd +
+                                            "elegir cboTipoEnsenanza =3\n"
+                                            "nodo 124\nelegir cboTipoEnsenanza =3\n"
+                                            "ver\ncerrar\n");
+  EXPECT_THAT(
+      played.Of("error"),
+      ElementsAre(StartsWith("-2147467259 Se ha perdido la conexión con la base de datos: [")))
+      << played.Text();
+  EXPECT_THAT(played.Of("ver"), ElementsAre(HasSubstr("2º ESO"))) << played.Text();
+}
+
+TEST(ReconnectTest, AScreenAfterARestConnectsAgainByItself) {
+  const SmallSchool school;
+  const auto played = RunScript(school, "nodo 123\ncerrar\n" + kEnd + "nodo 123\ncerrar\n");
+  EXPECT_THAT(played.Of("error"), IsEmpty()) << played.Text();
+  EXPECT_EQ(played.Of("muestra").size(), 2U);
 }
 
 }  // namespace

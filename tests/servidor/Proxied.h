@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <gtest/gtest.h>
 #include <string>
 
 #include "adapters/odbc/ConnectionString.h"
@@ -22,5 +23,17 @@ inline std::string StringThrough(const TcpProxy& proxy, const std::string& text)
   given.Set("Port", std::to_string(proxy.Port()));
   return given.Text();
 }
+
+/// A test on a school of the server's, which others reach by way of a proxy.
+class ProxiedTest : public testing::Test {
+ protected:
+  ~ProxiedTest() override { GiveBackServerSchool(database_); }
+
+  [[nodiscard]] std::string Through(const TcpProxy& proxy) const {
+    return StringThrough(proxy, ServerString(database_));
+  }
+
+  const std::string database_ = TakeServerSchool();
+};
 
 }  // namespace quorvane::test

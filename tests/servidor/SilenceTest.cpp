@@ -4,9 +4,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <future>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <thread>
 
@@ -16,6 +13,8 @@
 #include "platform/RuntimeError.h"
 #include "tests/servidor/Proxied.h"
 #include "tests/support/DataSources.h"
+#include "tests/support/Matchers.h"
+#include "tests/support/Opened.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/support/TcpProxy.h"
 
@@ -25,13 +24,12 @@ namespace {
 using namespace std::chrono_literals;
 using odbc::OdbcConnection;
 using std::chrono::steady_clock;
-using ::testing::HasSubstr;
-using ::testing::StartsWith;
 using Fault = TcpProxy::Fault;
 using Moment = TcpProxy::Moment;
 
 constexpr auto kLimit = 30s;
-constexpr auto kLost = "Se ha perdido la conexión con la base de datos: ";
+const std::string kLost =
+    "Se ha perdido la conexión con la base de datos: el servidor no contesta: [08";
 
 /// How it ended, and how long it took.
 struct Ending {
@@ -53,28 +51,24 @@ Ending EndingOf(const Work& work) {
   return ending;
 }
 
-class SilenceTest : public testing::Test {
+class SilenceTest : public ProxiedTest {
  protected:
-  ~SilenceTest() override { GiveBackServerSchool(database_); }
-
-  [[nodiscard]] std::string Through(const TcpProxy& proxy) const {
-    return StringThrough(proxy, ServerString(database_));
+  /// That it ended in time, with an error that begins so.
+  static void ExpectEnded(const Ending& ending, const std::string& error) {
+    EXPECT_THAT(ending.error, StartsWith(error));
+    EXPECT_LT(ending.took, kLimit);
   }
-
-  const std::string database_ = TakeServerSchool();
 };
 
 // All at once: each takes the time that a server is given.
 TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
   const auto lost = [this](Moment moment) {
     TcpProxy proxy(ServerPort());
-    OdbcConnection connection(Through(proxy), "");
-    connection.Open();
+    Opened<OdbcConnection> connection(Through(proxy), "");
     proxy.Fail(Fault::Silence, moment);
     const auto ending =
         EndingOf([&] { connection.Execute("INSERT INTO BloqueoPte VALUES (1,1,1,1,4,1)"); });
-    EXPECT_THAT(ending.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
-    EXPECT_LT(ending.took, kLimit);
+    ExpectEnded(ending, kLost);
     EXPECT_FALSE(connection.IsOpen());
     proxy.Resume();
     connection.Open();
@@ -84,9 +78,8 @@ TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
     TcpProxy proxy(ServerPort());
     proxy.Fail(Fault::Silence);
     OdbcConnection connection(Through(proxy), "");
-    const auto ending = EndingOf([&] { connection.Open(); });
-    EXPECT_THAT(ending.error, StartsWith("No se puede conectar con la base de datos: [08"));
-    EXPECT_LT(ending.took, kLimit);
+    ExpectEnded(EndingOf([&] { connection.Open(); }),
+                "No se puede conectar con la base de datos: [08");
   };
   // The server has let it in, and is silent at what the driver asks then.
   const auto halfOpened = [this] {
@@ -102,13 +95,11 @@ TEST_F(SilenceTest, EndsWithinHalfAMinuteAndOnlyWhereTheServerIsSilent) {
     });
     const auto ending = EndingOf([&] { connection.Open(); });
     silencing.join();
-    EXPECT_THAT(ending.error, StartsWith("No se puede conectar con la base de datos: ["));
-    EXPECT_LT(ending.took, kLimit);
+    ExpectEnded(ending, "No se puede conectar con la base de datos: [");
   };
   const auto waiting = [this] {
     TcpProxy proxy(ServerPort());
-    OdbcConnection connection(Through(proxy), "");
-    connection.Open();
+    Opened<OdbcConnection> connection(Through(proxy), "");
     const auto ending = EndingOf([&] {
       connection.Execute("SELECT pg_sleep(" +
                          std::to_string((2 * odbc::SilenceWatch::kPatience).count()) + ")");
@@ -135,16 +126,13 @@ TEST_F(SilenceTest, OfSeveralServersTheOneThatIsUsedIsAsked) {
   for (const auto* const keyword : {"Database", "UID", "PWD"})
     source.Set(keyword, given.Value(keyword));
   auto first = TcpProxy::Beside(ServerPort(), std::getenv("QUORVANE_PRUEBAS_ENCHUFE"));
-  OdbcConnection connection(source.Text(), "");
-  connection.Open();
+  Opened<OdbcConnection> connection(source.Text(), "");
   EXPECT_EQ(first.Connections(), 1U);
   const auto patient = EndingOf([&] { connection.Execute("SELECT pg_sleep(11)"); });
   EXPECT_EQ(patient.error, "");
   EXPECT_GE(first.Connections(), 2U);
   first.Fail(Fault::Silence);
-  const auto ending = EndingOf([&] { connection.Execute("SELECT 1"); });
-  EXPECT_THAT(ending.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
-  EXPECT_LT(ending.took, kLimit);
+  ExpectEnded(EndingOf([&] { connection.Execute("SELECT 1"); }), kLost);
   connection.Open();
   EXPECT_EQ(connection.Execute("SELECT 7").Fields(0).Long(), 7);
 }
@@ -154,10 +142,8 @@ TEST_F(SilenceTest, InAHurryASilentServerIsGivenUpAtOnceAndAnotherWaitedFor) {
   std::atomic<bool> over = false;
   TcpProxy silent(ServerPort());
   TcpProxy slow(ServerPort());
-  OdbcConnection lost(Through(silent), "");
-  OdbcConnection waiting(Through(slow), "");
-  lost.Open();
-  waiting.Open();
+  Opened<OdbcConnection> lost(Through(silent), "");
+  Opened<OdbcConnection> waiting(Through(slow), "");
   silent.Fail(Fault::Silence);
   const auto before = slow.Connections();
   auto ending =
@@ -173,15 +159,14 @@ TEST_F(SilenceTest, InAHurryASilentServerIsGivenUpAtOnceAndAnotherWaitedFor) {
   EXPECT_GT(slow.Connections(), before);
   EXPECT_LE(slow.Connections(), before + 2);
   const auto given = ending.get();
-  EXPECT_THAT(given.error, StartsWith(std::string(kLost) + "el servidor no contesta: [08"));
+  EXPECT_THAT(given.error, StartsWith(kLost));
   EXPECT_LT(given.took, odbc::SilenceWatch::kPatience + 5s) << "and not asked as late as others";
 }
 
 // Beside the others' statements, whose server answers.
 TEST_F(SilenceTest, WaitsForALockAtAServerThatLetsNobodyElseIn) {
   auto& owner = OwnersConnection(database_);
-  OdbcConnection teacher(ServerString(database_), "");
-  teacher.Open();
+  Opened<OdbcConnection> teacher(ServerString(database_), "");
   owner.Execute("REVOKE CONNECT ON DATABASE " + database_ + " FROM PUBLIC");
   owner.Execute("BEGIN");
   owner.Execute("LOCK TABLE PublicacionPte");
@@ -197,12 +182,10 @@ TEST_F(SilenceTest, WaitsForALockAtAServerThatLetsNobodyElseIn) {
 }
 
 TEST_F(SilenceTest, OneThatTheServerHasEndedAtRestIsMadeAnew) {
-  OdbcConnection resting(ServerString(database_), "");
-  resting.Open();
+  Opened<OdbcConnection> resting(ServerString(database_), "");
   const auto process = resting.Execute("SELECT pg_backend_pid()").Fields(0).Text();
-  OdbcConnection other(ServerString(database_), "");
-  other.Open();
-  other.Execute("SELECT pg_terminate_backend(" + process + ",5000)");
+  Opened<OdbcConnection>(ServerString(database_), "")
+      .Execute("SELECT pg_terminate_backend(" + process + ",5000)");
   std::this_thread::sleep_for(100ms);
   resting.Open();
   EXPECT_NE(resting.Execute("SELECT pg_backend_pid()").Fields(0).Text(), process);

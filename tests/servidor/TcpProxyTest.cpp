@@ -2,14 +2,13 @@
 
 #include <chrono>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <thread>
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "platform/RuntimeError.h"
 #include "tests/servidor/Proxied.h"
-#include "tests/support/ServerSchools.h"
+#include "tests/support/Opened.h"
 #include "tests/support/TcpProxy.h"
 
 namespace quorvane::test {
@@ -19,16 +18,8 @@ using namespace std::chrono_literals;
 using odbc::OdbcConnection;
 using std::chrono::steady_clock;
 
-class TcpProxyTest : public testing::Test {
+class TcpProxyTest : public ProxiedTest {
  protected:
-  /// A connection through the proxy, open.
-  std::unique_ptr<OdbcConnection> Through(const TcpProxy& proxy) const {
-    auto connection =
-        std::make_unique<OdbcConnection>(StringThrough(proxy, ServerString(database_)), "");
-    connection->Open();
-    return connection;
-  }
-
   static bool Fails(Connection& connection) {
     try {
       connection.Execute("SELECT 1");
@@ -37,28 +28,24 @@ class TcpProxyTest : public testing::Test {
     }
     return false;
   }
-
-  ~TcpProxyTest() override { GiveBackServerSchool(database_); }
-
-  const std::string database_ = TakeServerSchool();
 };
 
 TEST_F(TcpProxyTest, CountsARoundTripAStatement) {
   const TcpProxy proxy(ServerPort());
-  const auto connection = Through(proxy);
+  Opened<OdbcConnection> connection(Through(proxy), "");
   EXPECT_EQ(proxy.Connections(), 1U);
   const auto before = proxy.Bursts();
   EXPECT_GT(before, 0U);
-  for (auto i = 0; i < 5; ++i) connection->Execute("SELECT 1");
-  connection->Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
+  for (auto i = 0; i < 5; ++i) connection.Execute("SELECT 1");
+  connection.Execute("INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
   EXPECT_EQ(proxy.Bursts() - before, 6U);
 }
 
 TEST_F(TcpProxyTest, DelaysEachWay) {
   const TcpProxy proxy(ServerPort(), 20ms);
-  const auto connection = Through(proxy);
+  Opened<OdbcConnection> connection(Through(proxy), "");
   const auto begin = steady_clock::now();
-  for (auto i = 0; i < 5; ++i) connection->Execute("SELECT 1");
+  for (auto i = 0; i < 5; ++i) connection.Execute("SELECT 1");
   const auto took = steady_clock::now() - begin;
   EXPECT_GE(took, 5 * 40ms);
   EXPECT_LT(took, 5 * 40ms + 2s);
@@ -66,40 +53,42 @@ TEST_F(TcpProxyTest, DelaysEachWay) {
 
 TEST_F(TcpProxyTest, CarriesWhatIsLargerThanAnyBuffer) {
   const TcpProxy proxy(ServerPort());
-  const auto connection = Through(proxy);
-  const auto rows = connection->Execute("SELECT repeat('a', 5000000) AS t");
+  Opened<OdbcConnection> connection(Through(proxy), "");
+  const auto rows = connection.Execute("SELECT repeat('a', 5000000) AS t");
   EXPECT_EQ(rows.Fields(0).Text().size(), 5000000U);
   const std::string text(5000000, 'b');
-  EXPECT_EQ(connection->Execute("SELECT length('" + text + "')").Fields(0).Long(), 5000000);
+  EXPECT_EQ(connection.Execute("SELECT length('" + text + "')").Fields(0).Long(), 5000000);
 }
 
 TEST_F(TcpProxyTest, ResetEndsWhatThereIsAndLetsNewOnesPass) {
   TcpProxy proxy(ServerPort());
-  const auto connection = Through(proxy);
+  Opened<OdbcConnection> connection(Through(proxy), "");
   proxy.Fail(TcpProxy::Fault::Reset);
-  EXPECT_TRUE(Fails(*connection));
-  EXPECT_FALSE(Fails(*Through(proxy)));
+  EXPECT_TRUE(Fails(connection));
+  Opened<OdbcConnection> next(Through(proxy), "");
+  EXPECT_FALSE(Fails(next));
 }
 
 TEST_F(TcpProxyTest, ResetAtTheRequestComesBeforeTheServerAndAtTheAnswerBehindIt) {
   TcpProxy proxy(ServerPort());
   const auto lose = [&](TcpProxy::Moment moment, const std::string& statement) {
-    const auto connection = Through(proxy);
+    Opened<OdbcConnection> connection(Through(proxy), "");
     proxy.Fail(TcpProxy::Fault::Reset, moment);
     EXPECT_FALSE(proxy.HasFailed());
-    EXPECT_THROW(connection->Execute(statement), RuntimeError);
+    EXPECT_THROW(connection.Execute(statement), RuntimeError);
     EXPECT_TRUE(proxy.HasFailed());
   };
   lose(TcpProxy::Moment::NextRequest, "INSERT INTO PublicacionPte VALUES (1,1,1,4,1)");
   lose(TcpProxy::Moment::NextAnswer, "INSERT INTO PublicacionPte VALUES (2,1,1,4,1)");
-  const auto rows = Through(proxy)->Execute("SELECT * FROM PublicacionPte");
+  const auto rows =
+      Opened<OdbcConnection>(Through(proxy), "").Execute("SELECT * FROM PublicacionPte");
   ASSERT_EQ(rows.RecordCount(), 1);
   EXPECT_EQ(rows.Fields(0).Long(), 2);
 }
 
 TEST_F(TcpProxyTest, SilenceHoldsBackUntilItEnds) {
   TcpProxy proxy(ServerPort());
-  const auto connection = Through(proxy);
+  Opened<OdbcConnection> connection(Through(proxy), "");
   proxy.Fail(TcpProxy::Fault::Silence, TcpProxy::Moment::NextAnswer);
   const auto begin = steady_clock::now();
   std::thread end([&] {
@@ -107,7 +96,7 @@ TEST_F(TcpProxyTest, SilenceHoldsBackUntilItEnds) {
     EXPECT_TRUE(proxy.HasFailed());
     proxy.Resume();
   });
-  EXPECT_FALSE(Fails(*connection));
+  EXPECT_FALSE(Fails(connection));
   end.join();
   EXPECT_GE(steady_clock::now() - begin, 300ms);
 }

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -67,19 +66,17 @@ FieldNames ExpectedNames(const std::string& select) {
 
 class CatalogueTest : public testing::Test {
  protected:
-  CatalogueTest() {
-    for (const auto& path : {ours_, theirs_})
-      MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
+  static std::string Made(std::string path) {
+    MakeSchoolFile(path, [](Connection& school) { DemoSchool(school).Build(); });
+    return path;
   }
 
   TempFolder folder_;
-  std::string ours_ = folder_ / "adapter.sqlite";
-  std::string theirs_ = folder_ / "engine.sqlite";
+  Opened<sqlite::SqliteConnection> school_{Made(folder_ / "adapter.sqlite"), ""};
 };
 
 TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
-  Opened<sqlite::SqliteConnection> adapter(ours_, "");
-  PlainDatabase engine(theirs_);
+  PlainDatabase engine(Made(folder_ / "engine.sqlite"));
   const auto lines = Catalogue(QUORVANE_STATEMENTS);
   ASSERT_GT(lines.size(), 150U);
   // Reading first, while all rows are there; then what writes, with what it reads in between.
@@ -88,23 +85,22 @@ TEST_F(CatalogueTest, LiftedStatementsDoWhatTheirTextsDo) {
       for (const auto& line : lines) {
         const auto statement = FillIn(line, number);
         if (reading && !IsSelect(statement)) continue;
-        auto ours = RunRows(adapter, statement);
+        auto ours = RunRows(school_, statement);
         auto theirs = engine.Run(sqltext::RewriteConcatenation(statement));
         std::sort(ours.begin(), ours.end());
         std::sort(theirs.begin(), theirs.end());
         ASSERT_EQ(ours, theirs) << statement;
       }
   for (const auto& table : SchoolTables())
-    EXPECT_EQ(RunRows(adapter, "SELECT * FROM " + table.name),
+    EXPECT_EQ(RunRows(school_, "SELECT * FROM " + table.name),
               engine.Run("SELECT * FROM " + table.name))
         << table.name;
 }
 
 TEST_F(CatalogueTest, EveryStatementRunsButThoseThatNameWhatIsNot) {
-  Opened<sqlite::SqliteConnection> school(ours_, "");
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     // Numbers that no key has, so that no insert meets a row.
-    const auto rows = RunRows(school, FillIn(line, 900000 + static_cast<int>(line.size())));
+    const auto rows = RunRows(school_, FillIn(line, 900000 + static_cast<int>(line.size())));
     const auto failed = !rows.empty() && rows.front().starts_with("error ");
     const auto doubled = failed && rows.front().find("UNIQUE") != std::string::npos;
     EXPECT_EQ(failed && !doubled, IsToFail(line)) << line << '\n' << testing::PrintToString(rows);
@@ -112,13 +108,12 @@ TEST_F(CatalogueTest, EveryStatementRunsButThoseThatNameWhatIsNot) {
 }
 
 TEST_F(CatalogueTest, FieldsBearTheNamesThatTheFormsRead) {
-  Opened<sqlite::SqliteConnection> school(ours_, "");
   auto checked = 0;
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS)) {
     const auto statement = FillIn(line, 5);
     if (!IsSelect(statement) || IsToFail(line)) continue;
     const auto expected = ExpectedNames(statement);
-    const auto names = school.Execute(statement).Names();
+    const auto names = school_.Execute(statement).Names();
     if (expected.front() == "*") {
       for (const auto& name : names) EXPECT_EQ(name.find('.'), std::string::npos) << name;
       continue;
@@ -133,7 +128,6 @@ TEST_F(CatalogueTest, FieldsBearTheNamesThatTheFormsRead) {
 }
 
 TEST_F(CatalogueTest, TheSampleSchoolGivesRowsToTheListsOfTheForms) {
-  Opened<sqlite::SqliteConnection> school(ours_, "");
   // What the register of 3º ESO A and the grids of its forms are made of.
   for (const std::string select :
        {"SELECT DISTINCT Nombre, Orden FROM TipoNota WHERE Abreviatura=-1 AND CodTipoMateria IN "
@@ -143,7 +137,7 @@ TEST_F(CatalogueTest, TheSampleSchoolGivesRowsToTheListsOfTheForms) {
         "CodTipoEnsenanza=4)",
         "SELECT IdNumEvaluacion FROM NumEvaluacion WHERE Final=-1 AND Orden=1",
         "SELECT Recuperaciones FROM SistemaCalificacion WHERE CodTipoEnsenanza=3"})
-    EXPECT_FALSE(RunRows(school, select).empty()) << select;
+    EXPECT_FALSE(RunRows(school_, select).empty()) << select;
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include <chrono>
-#include <filesystem>
 #include <fstream>
 #include <future>
-#include <iterator>
 #include <string>
 #include <thread>
 
@@ -11,6 +9,8 @@
 #include "tests/sqlite/RunRows.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
+#include "tests/support/StatementError.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
@@ -21,14 +21,9 @@ using sqlite::SqliteConnection;
 using namespace std::chrono_literals;
 
 std::string OpenError(SqliteConnection& connection) {
-  try {
-    connection.Open();
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), -2147467259);
-    EXPECT_FALSE(connection.IsOpen());
-    return error.Description();
-  }
-  return "no error";
+  const auto told = StatementError([&] { connection.Open(); });
+  EXPECT_EQ(connection.IsOpen(), told == "no error");
+  return told;
 }
 
 class SqliteConnectionTest : public testing::Test {
@@ -54,14 +49,9 @@ class SqliteConnectionTest : public testing::Test {
 TEST_F(SqliteConnectionTest, ReadsWhatItWrote) {
   connection_.Execute("INSERT INTO T VALUES (1,'uno')");
   connection_.Execute("INSERT INTO T VALUES (2,NULL)");
-  auto rows = connection_.Execute("SELECT A, T.B FROM T ORDER BY A");
-  EXPECT_THAT(rows.Names(), ElementsAre("A", "B"));
-  EXPECT_EQ(rows.RecordCount(), 2U);
-  EXPECT_EQ(rows.Fields("b").Text(), "uno");
-  rows.MoveNext();
-  EXPECT_TRUE(rows.Fields("B").IsNull());
-  rows.MovePrevious();
-  EXPECT_EQ(rows.Fields(0).Long(), 1);
+  EXPECT_THAT(connection_.Execute("SELECT A, T.B FROM T ORDER BY A").Names(),
+              ElementsAre("A", "B"));
+  EXPECT_THAT(Rows("SELECT A, T.B FROM T ORDER BY A"), ElementsAre("1|uno", "2|NULL"));
 }
 
 TEST_F(SqliteConnectionTest, ARecordsetOutlivesLaterStatements) {
@@ -92,8 +82,7 @@ TEST_F(SqliteConnectionTest, KeepsEveryKindOfValue) {
 }
 
 TEST_F(SqliteConnectionTest, BytesBehindAZeroAreKept) {
-  const auto rows = connection_.Execute("SELECT X'410042' AS Bytes");
-  EXPECT_EQ(rows.Fields("Bytes").Text(), std::string("A\0B", 3));
+  EXPECT_THAT(Rows("SELECT X'410042' AS Bytes"), ElementsAre(std::string("A\0B", 3)));
 }
 
 TEST_F(SqliteConnectionTest, ANewColumnShowsInAStatementThatIsKept) {
@@ -157,13 +146,8 @@ TEST_F(SqliteConnectionTest, FailuresBearTheEnginesOwnText) {
   connection_.Execute("INSERT INTO T VALUES (1,'x')");
   EXPECT_THAT(Rows("INSERT INTO T VALUES (1,'x')"),
               ElementsAre("error UNIQUE constraint failed: T.A"));
-  try {
-    connection_.Execute("INSERT INTO T VALUES (1,2,3)");
-    FAIL() << "three values for two columns";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), -2147467259);
-    EXPECT_EQ(error.Description(), "table T has 2 columns but 3 values were supplied");
-  }
+  EXPECT_EQ(StatementError([&] { connection_.Execute("INSERT INTO T VALUES (1,2,3)"); }),
+            "table T has 2 columns but 3 values were supplied");
   EXPECT_THAT(Rows("SELECT COUNT(*) FROM T"), ElementsAre("1"));
 }
 
@@ -203,12 +187,10 @@ TEST_F(SqliteConnectionTest, TellsWhyAFileCannotBeOpened) {
   EXPECT_EQ(told("falta.sqlite"), "No se puede abrir la base de datos " +
                                       (folder_ / "falta.sqlite") + ": el archivo no existe");
   EXPECT_EQ(folder_.Files(), 1U);
-  std::ifstream whole(path_, std::ios::binary);
-  std::string content(std::istreambuf_iterator<char>(whole), {});
   Write("vacio.sqlite", "");
   Write("ajeno.sqlite", std::string(5000, 'x'));
   Write("corto.sqlite", "hola");
-  Write("roto.sqlite", content.replace(100, 400, std::string(400, 'x')));
+  Write("roto.sqlite", Content(path_).replace(100, 400, std::string(400, 'x')));
   EXPECT_THAT(told("vacio.sqlite"), HasSubstr("el archivo está vacío"));
   EXPECT_THAT(told("ajeno.sqlite"), HasSubstr("file is not a database"));
   EXPECT_THAT(told("corto.sqlite"), HasSubstr("file is not a database"));
@@ -232,16 +214,10 @@ TEST_F(SqliteConnectionTest, ReadOnlyReadsOnly) {
 }
 
 TEST_F(SqliteConnectionTest, ReadingLeavesNothingBesideAFileWithALog) {
-  {
-    Opened<SqliteConnection> writer(path_, "");
-    writer.Execute("PRAGMA journal_mode=WAL");
-  }
-  {
-    Opened<SqliteConnection> reader(path_, "", OpenMode::ReadOnly);
-    EXPECT_THAT(RunRows(reader, "SELECT A FROM T"), IsEmpty());
-  }
-  EXPECT_FALSE(std::filesystem::exists(path_ + "-wal"));
-  EXPECT_FALSE(std::filesystem::exists(path_ + "-shm"));
+  Opened<SqliteConnection>(path_, "").Execute("PRAGMA journal_mode=WAL");
+  EXPECT_TRUE(
+      Opened<SqliteConnection>(path_, "", OpenMode::ReadOnly).Execute("SELECT A FROM T").Eof());
+  EXPECT_EQ(folder_.Files(), 1U);
 }
 
 TEST_F(SqliteConnectionTest, WaitsForAnotherConnectionsWrite) {

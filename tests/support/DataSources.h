@@ -18,10 +18,7 @@ class DataSources {
     setenv("ODBCINI", path.c_str(), 1);
   }
   ~DataSources() { unsetenv("ODBCINI"); }
-  DataSources(const DataSources&) = delete;
-  DataSources& operator=(const DataSources&) = delete;
   DataSources(DataSources&&) = delete;
-  DataSources& operator=(DataSources&&) = delete;
 
  private:
   TempFolder folder_;

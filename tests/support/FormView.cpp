@@ -24,23 +24,16 @@ std::string FormView::Form() const { return Json::parse(json_).at("formulario");
 std::string FormView::Title() const { return Json::parse(json_).at("titulo"); }
 int FormView::Width() const { return Json::parse(json_).at("ancho"); }
 int FormView::Height() const { return Json::parse(json_).at("alto"); }
-bool FormView::Enabled(const std::string& control) const {
-  return Control(json_, control).at("activo");
+bool FormView::Enabled(const std::string& name) const { return Control(json_, name).at("activo"); }
+bool FormView::Visible(const std::string& name) const { return Control(json_, name).at("visible"); }
+int FormView::Value(const std::string& name) const { return Control(json_, name).at("valor"); }
+int FormView::Index(const std::string& name) const { return Control(json_, name).at("indice"); }
+int FormView::FixedRows(const std::string& grid) const { return Control(json_, grid).at("fijas"); }
+std::string FormView::Text(const std::string& name) const {
+  return Control(json_, name).at("texto");
 }
-bool FormView::Visible(const std::string& control) const {
-  return Control(json_, control).at("visible");
-}
-std::string FormView::Text(const std::string& control) const {
-  return Control(json_, control).at("texto");
-}
-bool FormView::Has(const std::string& control) const {
-  return Json::parse(json_).at("controles").contains(control);
-}
-int FormView::Value(const std::string& checkBox) const {
-  return Control(json_, checkBox).at("valor");
-}
-int FormView::Index(const std::string& control) const {
-  return Control(json_, control).at("indice");
+bool FormView::Has(const std::string& name) const {
+  return Json::parse(json_).at("controles").contains(name);
 }
 
 std::vector<std::string> FormView::Entries(const std::string& list) const {
@@ -71,7 +64,5 @@ std::vector<std::string> FormView::Cells(const std::string& grid) const {
 std::vector<int> FormView::Widths(const std::string& grid) const {
   return Control(json_, grid).at("anchos");
 }
-
-int FormView::FixedRows(const std::string& grid) const { return Control(json_, grid).at("fijas"); }
 
 }  // namespace quorvane::test

@@ -15,10 +15,7 @@ class ProxiedLink {
   /// Takes both sockets over.
   ProxiedLink(int client, int server);
   ~ProxiedLink();
-  ProxiedLink(const ProxiedLink&) = delete;
-  ProxiedLink& operator=(const ProxiedLink&) = delete;
   ProxiedLink(ProxiedLink&&) = delete;
-  ProxiedLink& operator=(ProxiedLink&&) = delete;
 
   /// The socket of the one who speaks that way.
   [[nodiscard]] int Speaker(bool fromClient) const noexcept {

@@ -9,6 +9,11 @@ namespace quorvane::test {
 
 /// Executes on another school what a session wrote to its own, as the lines of its script tell
 /// ("sql centro INSERT ..."); queries and lines of other things are passed over.
-void Replay(const TestSchool& school, const std::vector<std::string>& lines);
+inline void Replay(const TestSchool& school, const std::vector<std::string>& lines) {
+  const std::string prefix = "sql centro ";
+  for (const auto& line : lines)
+    if (line.starts_with(prefix) && !line.starts_with(prefix + "SELECT"))
+      school.Sql(line.substr(prefix.size()));
+}
 
 }  // namespace quorvane::test

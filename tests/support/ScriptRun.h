@@ -13,8 +13,8 @@ struct ScriptOptions {
   int centro = 1;
   bool activa = true;
   bool sqlServer = false;
-  std::string hoy;      ///< dd/mm/yyyy, or empty
-  std::string entrada;  ///< file with `Usuario`; the school itself when empty
+  std::string hoy = {};      ///< dd/mm/yyyy, or empty
+  std::string entrada = {};  ///< file with `Usuario`; the school itself when empty
 };
 
 /// What a script printed, a line an event, and how it ended.

@@ -42,10 +42,7 @@ class TcpProxy {
     return {serverPort, serverFile, {}, 1, serverPort};
   }
   ~TcpProxy();
-  TcpProxy(const TcpProxy&) = delete;
-  TcpProxy& operator=(const TcpProxy&) = delete;
   TcpProxy(TcpProxy&&) = delete;
-  TcpProxy& operator=(TcpProxy&&) = delete;
 
   [[nodiscard]] std::uint16_t Port() const noexcept { return port_; }
 

@@ -1,21 +1,109 @@
+#include <deque>
 #include <exception>
+#include <functional>
 #include <iostream>
+#include <stdexcept>
+#include <string>
 
-#include "CodedFrontEnd.h"
-#include "CountedConnection.h"
 #include "Session.h"
+#include "adapters/sqlite/SqliteConnection.h"
 #include "frame/cAsignarDatos.h"
 #include "frame/cNombreNodo.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Form.h"
 #include "platform/controls/FormInstances.h"
 #include "platform/controls/MSFlexGrid.h"
 #include "platform/controls/Retivo.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
+#include "platform/host/FrontEnd.h"
 
 namespace {
 
 using namespace quorvane;
+
+void Expect(bool fulfilled, const std::string& expectation) {
+  if (!fulfilled) throw std::runtime_error("no se cumple: " + expectation);
+}
+
+/// The control of that name and kind, which the user must be able to use now.
+template <class T>
+T& Usable(Form& form, const std::string& name) {
+  auto* const control = dynamic_cast<T*>(form.Find(name));
+  Expect(control != nullptr, form.Name() + " tiene " + name);
+  Expect(control->Usable(), name + " se puede usar");
+  return *control;
+}
+
+void Pick(Form& form, const std::string& name, const std::string& entry) {
+  auto& list = Usable<ComboBox>(form, name);
+  for (int index = 0; index < list.ListCount(); ++index)
+    if (list.List(index) == entry) return list.ListIndex(index);
+  Expect(false, name + " ofrece " + entry);
+}
+
+void Press(Form& form, const std::string& name) { Usable<CommandButton>(form, name).Press(); }
+
+/// A front end in which a list of steps takes the user's place: each is told the form that is open.
+class CodedFrontEnd : public FrontEnd {
+ public:
+  struct Step {
+    std::string form;
+    std::function<void(Form&)> act;
+  };
+
+  std::deque<Step> steps;
+  std::string messages;
+
+  void RunModal(Form& form) override {
+    form.Shown();
+    while (form.Visible()) {
+      Expect(!steps.empty(), "queda un paso para " + form.Name());
+      const auto step = steps.front();
+      steps.pop_front();
+      Expect(step.form == form.Name(), "se abre " + step.form + ", no " + form.Name());
+      step.act(form);
+    }
+  }
+  void Message(MessageIcon /*icon*/, const std::string& title, const std::string& text) override {
+    messages += title + ": " + text + '\n';
+  }
+  void Beep() override {}
+  void MousePointer(Pointer /*pointer*/) override {}
+  std::int32_t TextWidth(const Form& /*form*/, const std::string& text) override {
+    return static_cast<std::int32_t>(text.size()) * 100;
+  }
+  void DoEvents() override {}
+  std::int32_t ScreenWidth() override { return 15360; }
+  std::int32_t ScreenHeight() override { return 11520; }
+};
+
+/// A host's own connection, on top of one that is there: it counts, and can break.
+class CountedConnection : public Connection {
+ public:
+  CountedConnection(const std::string& path, const std::string& name)
+      : Connection(name), school_(path, "") {}
+
+  void Open() override { school_.Open(); }
+  void Close() override { school_.Close(); }
+  [[nodiscard]] bool IsOpen() const override { return school_.IsOpen(); }
+  [[nodiscard]] std::string DataSource() const override { return "anfitrion"; }
+
+  int count = 0;
+  bool broken = false;
+
+ protected:
+  Recordset Run(const std::string& statement) override {
+    ++count;
+    if (broken) throw RuntimeError(ErrorNumber::StatementFailed, "cable suelto");
+    return school_.Execute(statement);
+  }
+
+ private:
+  sqlite::SqliteConnection school_;
+};
 
 /// The host's component: here it tells the date alone.
 class Calendar : public CentroApi {

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <limits>
+#include <sstream>
 #include <stdexcept>
 
 #include "apps/escuela/DemoSchool.h"
@@ -14,6 +15,8 @@
 #include "platform/controls/FormInstances.h"
 #include "platform/text/PlainNumber.h"
 #include "tests/servidor/Proxied.h"
+#include "tests/support/Opened.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/ServerSchools.h"
 #include "tests/walk/Statement.h"
 
@@ -30,7 +33,7 @@ constexpr int kPatience = 400;  ///< statements, for one that suits
 constexpr int kFaultsOfSchool = 10;
 constexpr int kFirstUser = 2;
 constexpr std::size_t kUsers = 7;
-constexpr int kRegisterNode = 123;
+constexpr std::uint8_t kRegisterNode = 123;
 constexpr std::size_t kNodes = 5;
 constexpr char kTold[] = "-2147467259 Se ha perdido la conexión con la base de datos: ";
 
@@ -47,7 +50,87 @@ std::int64_t Milliseconds(steady_clock::duration time) {
   return std::chrono::duration_cast<milliseconds>(time).count();
 }
 
+constexpr std::string_view kPublication = "Publicación ";
+constexpr std::string_view kOrphans = "Bloqueos sin publicación ";
+
+/// A line a table that tells its rows.
+std::string RowsOf(const std::string& database) {
+  std::string select;
+  for (const auto& table : SchoolTables())
+    select +=
+        (select.empty() ? "SELECT '" : " UNION ALL SELECT '") + table.name +
+        "' AS tabla, string_agg(CAST(t AS text), ';' ORDER BY CAST(t AS text)) AS filas FROM " +
+        table.name + " t";
+  std::string text;
+  auto rows = OwnersConnection(database).Execute(select);
+  for (; !rows.Eof(); rows.MoveNext())
+    text += rows.Fields(0).Text() + ": " + rows.Fields(1).Text() + '\n';
+  return text;
+}
+
+/// What they are once the statement has been executed; as they are where the engine refuses it.
+std::string RowsWith(const std::string& database, const std::string& statement) {
+  auto& connection = OwnersConnection(database);
+  connection.Execute("SAVEPOINT antes");
+  try {
+    connection.Execute(statement);
+  } catch (const RuntimeError&) {
+    connection.Execute("ROLLBACK TO SAVEPOINT antes");
+  }
+  return RowsOf(database);
+}
+
+std::string FirstDifference(const std::string& one, const std::string& other) {
+  std::istringstream left(one);
+  std::istringstream right(other);
+  for (std::string a, b; std::getline(left, a) && std::getline(right, b);)
+    if (a != b) return a.substr(0, a.find(':'));
+  return {};
+}
+
+std::string Bloqueos(const std::string& database, const std::string& more = {}) {
+  const auto result =
+      RunCommand(QUORVANE_ESCUELA " bloqueos --odbc " + Quoted(ServerString(database)) + more);
+  if (result.status != 0) throw std::runtime_error("bloqueos: " + result.text);
+  return result.text;
+}
+
 }  // namespace
+
+FaultConnection::FaultConnection(const std::string& text, std::string name, FaultDiary& diary)
+    : Connection(std::move(name)), engine_(text, ""), diary_(diary) {}
+
+void FaultConnection::Open() {
+  // The fault may just have met it at rest, or the server be on its way back.
+  const auto until = steady_clock::now() + std::chrono::seconds(30);
+  for (;; std::this_thread::sleep_for(milliseconds(50))) try {
+      engine_.Open();
+      process_ = engine_.Execute("SELECT pg_backend_pid()").Fields(0).Long();
+      return;
+    } catch (const RuntimeError&) {
+      if (steady_clock::now() > until) throw;
+    }
+}
+
+Recordset FaultConnection::Run(const std::string& statement) {
+  const auto writes = !Reads(statement);
+  diary_.before(statement);
+  const auto begin = steady_clock::now();
+  try {
+    auto rows = engine_.Execute(statement);
+    ++diary_.returned;
+    if (writes) diary_.written.push_back(statement);
+    return rows;
+  } catch (const RuntimeError& error) {
+    // What the engine refuses at a connection that goes on has done nothing.
+    if (!engine_.IsOpen() && diary_.error.empty()) {
+      diary_.error = std::to_string(error.Number()) + " " + error.Description();
+      diary_.took = steady_clock::now() - begin;
+      if (writes) diary_.inFlight = statement;
+    }
+    throw;
+  }
+}
 
 Faults::Faults(const FaultOptions& options, std::uint64_t seed)
     : options_(options),
@@ -155,8 +238,7 @@ void Faults::Strike() {
   using Moment = TcpProxy::Moment;
   const auto terminate = [database = school_, process = centro_.Process(),
                           other = entrada_.Process()] {
-    odbc::OdbcConnection same(ServerString(database), "");
-    same.Open();
+    Opened<odbc::OdbcConnection> same(ServerString(database), "");
     for (const auto one : {process, other})
       same.Execute("SELECT pg_terminate_backend(" + std::to_string(one) + ")");
   };
@@ -211,6 +293,76 @@ void Faults::BringBack() {
     } catch (const RuntimeError& error) {
       if (steady_clock::now() > until) throw std::runtime_error(error.Description());
     }
+}
+
+// What is looked at after a fault: the rows, the locks, and whether work goes on.
+
+void Faults::CompareRows() {
+  auto& alike = OwnersConnection(alike_);
+  for (const auto& statement : diary_.written) alike.Execute(statement);
+  figures_.written += static_cast<std::int64_t>(diary_.written.size());
+  figures_.returned += diary_.returned;
+  const auto found = RowsOf(school_);
+  auto expected = RowsOf(alike_);
+  if (diary_.inFlight) {
+    ++figures_.inFlight;
+    const auto without = expected;
+    alike.Execute("BEGIN");
+    const auto with = RowsWith(alike_, *diary_.inFlight);
+    const auto inside = found == with;
+    alike.Execute(inside ? "COMMIT" : "ROLLBACK");
+    if (with != without) ++(inside ? figures_.inside : figures_.outside);
+    if (inside) expected = with;
+  }
+  if (found != expected)
+    throw std::runtime_error("no está lo que había vuelto, o hay algo más, en " +
+                             FirstDifference(found, expected) +
+                             "; en vuelo: " + diary_.inFlight.value_or("nada"));
+}
+
+void Faults::RemoveLocks() {
+  std::istringstream lines(Bloqueos(school_));
+  std::vector<std::string> numbers;
+  std::int64_t locks = 0;
+  for (std::string line; std::getline(lines, line);) {
+    for (const auto prefix : {kPublication, kOrphans})
+      if (line.starts_with(prefix))
+        numbers.push_back(line.substr(prefix.size(), line.find(':') - prefix.size()));
+    if (line.starts_with("  ")) ++locks;
+  }
+  const auto left = OwnersConnection(school_).Execute(
+      "SELECT CAST((SELECT count(*) FROM (SELECT IDPublicacionPte AS n FROM PublicacionPte UNION "
+      "SELECT CodPublicacion FROM BloqueoPte) p) AS integer),CAST((SELECT count(*) FROM "
+      "BloqueoPte) AS integer)");
+  if (left.Fields(0).Long() != static_cast<std::int64_t>(numbers.size()) ||
+      left.Fields(1).Long() != locks)
+    throw std::runtime_error("«bloqueos» no nombra lo que ha quedado");
+  for (const auto& number : numbers) {
+    Bloqueos(school_, " --borrar " + number);
+    OwnersConnection(alike_).Execute("DELETE FROM BloqueoPte WHERE CodPublicacion=" + number);
+    OwnersConnection(alike_).Execute("DELETE FROM PublicacionPte WHERE IDPublicacionPte=" + number);
+  }
+  if (RowsOf(school_) != RowsOf(alike_))
+    throw std::runtime_error("al borrar los bloqueos ha cambiado algo más");
+  figures_.publications += static_cast<std::int64_t>(numbers.size());
+  figures_.locks += locks;
+}
+
+void Faults::OpenAgain() {
+  const auto begin = steady_clock::now();
+  user_.OnlyCloses(true);
+  centro_.Open();
+  host_.SignIn({centro_, borrado_, entrada_}, HostSession{});
+  try {
+    cAsignarDatos().ActivarFormulario(kRegisterNode);
+  } catch (const RuntimeError& error) {
+    FormInstances::DropAll();
+    throw std::runtime_error("la pantalla no se abre de nuevo: " + error.Description());
+  }
+  user_.OnlyCloses(false);
+  ++figures_.reopened;
+  figures_.longestOpening =
+      std::max(figures_.longestOpening, Milliseconds(steady_clock::now() - begin));
 }
 
 }  // namespace quorvane::test

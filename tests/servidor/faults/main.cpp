@@ -1,8 +1,8 @@
-#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <fcntl.h>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -28,19 +28,11 @@ que nombra «quorvane-escuela bloqueos», y que la pantalla se abre de nuevo.
   --semilla S    con qué números al azar (1)
 )";
 
-const char* What(ServerFault fault) {
-  switch (fault) {
-    case ServerFault::Stop:
-      return "el servidor se para de golpe y arranca de nuevo";
-    case ServerFault::Terminate:
-      return "el servidor acaba el proceso de la conexión";
-    case ServerFault::Reset:
-      return "la red corta la conexión";
-    case ServerFault::Silence:
-      break;
-  }
-  return "la red calla";
-}
+const std::map<ServerFault, const char*> kWhat = {
+    {ServerFault::Stop, "el servidor se para de golpe y arranca de nuevo"},
+    {ServerFault::Terminate, "el servidor acaba el proceso de la conexión"},
+    {ServerFault::Reset, "la red corta la conexión"},
+    {ServerFault::Silence, "la red calla"}};
 
 /// One of those that share the faults, in a process of its own: the module is there once in each.
 class Part {
@@ -94,7 +86,7 @@ int Play(const FaultOptions& options) {
     } catch (const std::runtime_error&) {
       failed = true;
     }
-  all.Print(std::cout, What(options.fault));
+  all.Print(std::cout, kWhat.at(options.fault));
   return failed ? 1 : 0;
 }
 

@@ -2,23 +2,107 @@
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <future>
 #include <gtest/gtest.h>
+#include <map>
+#include <sstream>
 #include <string>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <termios.h>
 #include <thread>
 #include <unistd.h>
 
+#include "platform/data/StatementTrace.h"
 #include "platform/data/TraceFile.h"
+#include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"
 
 namespace quorvane::test {
 namespace {
 
+constexpr const char* kPath = "QUORVANE_TEST_TRACE_FILE";
+
+/// What a process of its own, asked to trace, writes: the file is opened once a process. That
+/// process runs the test again up to here, and so finds the path in its environment.
+std::string TracedBy(void (*work)()) {
+  const auto name = "quorvane-traza-" + std::to_string(getpid());
+  setenv(kPath, (std::filesystem::temp_directory_path() / name).c_str(), 0);
+  const std::filesystem::path path = getenv(kPath);
+  const auto program = [&path, work] {
+    setenv("QUORVANE_TRAZA", path.c_str(), 1);
+    work();
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(program(), testing::ExitedWithCode(0), "");
+  unsetenv(kPath);
+  auto text = Content(path);
+  std::filesystem::remove(path);
+  return text;
+}
+
+TEST(StatementTraceTest, AppendsALineAStatement) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EQ(TracedBy([] {
+              StatementTrace::Write("centro", "SELECT 1");
+              StatementTrace::Write("borrado", " SELECT  2 ");
+            }),
+            "sql centro SELECT 1\nsql borrado  SELECT  2 \n");
+}
+
+TEST(StatementTraceTest, WhereThereIsNoRoomThatIsToldOnce) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto work = [](const char* path) {
+    setenv("QUORVANE_TRAZA", path, 1);
+    StatementTrace::Write("centro", "uno");
+    StatementTrace::Write("centro", "dos");
+    std::exit(0);
+  };
+  for (const std::string path : {"/dev/full", "/no/hay"})
+    EXPECT_EXIT(work(path.c_str()), testing::ExitedWithCode(0),
+                "^No se puede escribir la traza " + path +
+                    ": compruebe su carpeta y que queda espacio en el disco\n");
+}
+
+TEST(StatementTraceTest, IsSilentWhileASilenceLives) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EQ(TracedBy([] {
+              {
+                const StatementTrace::Silence outer;
+                { const StatementTrace::Silence inner; }
+                StatementTrace::Write("centro", "uno");
+              }
+              StatementTrace::Write("centro", "dos");
+            }),
+            "sql centro dos\n");
+}
+
+TEST(StatementTraceTest, KeepsLongLinesWholeWhenTwoProcessesWrite) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto traced = TracedBy([] {
+    const auto other = fork();
+    for (int i = 0; i < 200; ++i)
+      StatementTrace::Write("centro", std::string(10'000, other == 0 ? 'b' : 'a'));
+    if (other == 0) std::_Exit(0);
+    waitpid(other, nullptr, 0);
+  });
+  std::map<std::string, int> times;
+  std::istringstream lines(traced);
+  for (std::string line; std::getline(lines, line);) ++times[line];
+  const std::string begin = "sql centro ";
+  EXPECT_EQ(times, (std::map<std::string, int>{{begin + std::string(10'000, 'a'), 200},
+                                               {begin + std::string(10'000, 'b'), 200}}));
+}
+
 class TraceFileTest : public testing::Test {
  protected:
   void MakePipe() const { ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0); }
+
+  /// The end that reads the pipe.
+  [[nodiscard]] int Reader() const {
+    return open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  }
 
   /// To its end, with a rest between reads.
   static std::string ReadSlowly(int reader) {
@@ -78,7 +162,7 @@ TEST_F(TraceFileTest, APipeThatNobodyReadsIsNotWaitedFor) {
 
 TEST_F(TraceFileTest, APipeWhoseReaderHasGoneEndsNobody) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   TraceFile trace(path_.c_str());
   EXPECT_TRUE(trace.Append("a\n"));
   close(reader);
@@ -89,7 +173,7 @@ TEST_F(TraceFileTest, APipeWhoseReaderHasGoneEndsNobody) {
 
 TEST_F(TraceFileTest, APipeThatStaysFullIsWaitedForOnceAndEndsWithAWholeLine) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   TraceFile trace(path_.c_str());
   const std::string line = std::string(999, 'a') + "\n";
   const auto begin = std::chrono::steady_clock::now();
@@ -105,7 +189,7 @@ TEST_F(TraceFileTest, APipeThatStaysFullIsWaitedForOnceAndEndsWithAWholeLine) {
 
 TEST_F(TraceFileTest, ASlowReaderOfAPipeGetsEveryLine) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   fcntl(reader, F_SETFL, 0);
   fcntl(reader, F_SETPIPE_SZ, 4096);
   ExpectEveryLine(reader, path_, 60);
@@ -113,7 +197,7 @@ TEST_F(TraceFileTest, ASlowReaderOfAPipeGetsEveryLine) {
 
 TEST_F(TraceFileTest, ALineThatIsLongerThanAPipeArrivesWhole) {
   MakePipe();
-  const auto reader = open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const auto reader = Reader();
   fcntl(reader, F_SETFL, 0);
   ExpectEveryLine(reader, path_, 100'000, 10);
 }

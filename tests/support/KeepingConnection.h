@@ -12,15 +12,16 @@ namespace quorvane::test {
 
 /// A database that keeps what reached it. A SELECT gives one row, "texto" and Null; a statement
 /// that begins with "malo" is refused; any other gives no rows.
-class FakeConnection : public Connection {
+class KeepingConnection : public Connection {
  public:
   using Connection::Connection;
 
-  void Open() override {}
-  void Close() override {}
-  [[nodiscard]] bool IsOpen() const override { return true; }
+  void Open() override { open = true; }
+  void Close() override { open = false; }
+  [[nodiscard]] bool IsOpen() const override { return open; }
   [[nodiscard]] std::string DataSource() const override { return "maquina"; }
 
+  bool open = true;
   std::vector<std::string> reached;
 
  protected:
