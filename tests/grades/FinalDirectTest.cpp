@@ -1,23 +1,12 @@
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/frmNotaManualFinal.h"
-#include "grades/final/frmNotaMateriaFinal.h"
-#include "grades/final/frmNotaSeccionAlumnoFinal.h"
-#include "grades/final/frmNotaSeccionMateriaFinal.h"
-#include "platform/controls/FormInstance.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaManual1.h"
-#include "selection/frmNotaMateria1.h"
-#include "selection/frmNotaSeccionAlumno1.h"
-#include "selection/frmNotaSeccionMateria1.h"
-#include "tests/grades/DirectSession.h"
-#include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/Matchers.h"
 
 // What no gesture reaches in the final dialogs: objects, guards, members that a student doesn't
@@ -26,59 +15,17 @@
 namespace quorvane::test {
 namespace {
 
-template <class FormPasoUno, class FormPasoDos, const FinalForm& kForm>
-struct Pair {
-  using PasoUno = FormPasoUno;
-  using PasoDos = FormPasoDos;
-  static const FinalForm& Texts() { return kForm; }
-};
-
-using ByStudent = Pair<frmNotaManual1, frmNotaManualFinal, kFinalByStudent>;
-using BySubject = Pair<frmNotaMateria1, frmNotaMateriaFinal, kFinalBySubject>;
+using ByStudent = GradeDirect<frmNotaManual1, frmNotaManualFinal, kFinalByStudent>;
+using BySubject = GradeDirect<frmNotaMateria1, frmNotaMateriaFinal, kFinalBySubject>;
 using SectionByStudent =
-    Pair<frmNotaSeccionAlumno1, frmNotaSeccionAlumnoFinal, kFinalSectionByStudent>;
+    GradeDirect<frmNotaSeccionAlumno1, frmNotaSeccionAlumnoFinal, kFinalSectionByStudent>;
 using SectionBySubject =
-    Pair<frmNotaSeccionMateria1, frmNotaSeccionMateriaFinal, kFinalSectionBySubject>;
+    GradeDirect<frmNotaSeccionMateria1, frmNotaSeccionMateriaFinal, kFinalSectionBySubject>;
 
-struct Names {
-  template <class Dialog>
-  static std::string GetName(int /*index*/) {
-    return Dialog::Texts().name;
-  }
-};
-
-/// One of the dialogs on the small school. Step one stands with section 321, evaluation 4 and,
-/// where it asks for them, subject 3111 or student 1 chosen by user 1.
-template <class Dialog>
-class FinalDirect : public ::testing::Test {
+template <class Direct>
+class FinalDirect : public Direct {
  protected:
-  using PasoDos = typename Dialog::PasoDos;
-
-  FinalDirect() {
-    auto& stepOne = FormInstance<typename Dialog::PasoUno>::Get();
-    DirectSession::Choose(stepOne.cboTipoEnsenanza, 3);
-    DirectSession::Choose(stepOne.cboCursos, 32);
-    DirectSession::Choose(stepOne.cboSecciones, 321);
-    DirectSession::Choose(stepOne.cboEvaluaciones, 4);
-    if constexpr (requires { stepOne.cboMateria; }) DirectSession::Choose(stepOne.cboMateria, 3111);
-    if constexpr (requires { stepOne.cboAlumno; }) DirectSession::Choose(stepOne.cboAlumno, 1);
-  }
-
-  static PasoDos& Form() { return FormInstance<PasoDos>::Get(); }
-
-  PasoDos& Opened() {
-    auto& form = Form();
-    form.ShowModal();
-    static_cast<void>(session_.Statements());
-    return form;
-  }
-
-  static auto& Combo(PasoDos& form) {
-    if constexpr (requires { form.cboMaterias; })
-      return form.cboMaterias;
-    else
-      return form.cboAlumnos;
-  }
+  using PasoDos = std::remove_reference_t<decltype(Direct::Form())>;
 
   static void Click(PasoDos& form) {
     if constexpr (requires { form.cboMaterias_Click(); })
@@ -89,8 +36,8 @@ class FinalDirect : public ::testing::Test {
 
   /// The subject of the row, as it stands in memory.
   static auto& Subject(PasoDos& form) {
-    const auto& texts = Dialog::Texts();
-    return *form.colAlumnos[std::to_string(texts.student)]->colMateria[texts.subjectKey];
+    const auto& known = Direct::Known();
+    return *form.colAlumnos[std::to_string(known.student)]->colMateria[known.subjectKey];
   }
 
   /// What the cell of the row's measure offers, as "text=data".
@@ -115,18 +62,13 @@ class FinalDirect : public ::testing::Test {
     Force(form, 1, "7", 107);
     EXPECT_EQ(Subject(form).Nota, 0);
   }
-
-  std::string Stored() const { return school_.Stored(Dialog::Texts().pending, 4); }
-
-  FinalSchool school_;
-  DirectSession session_{school_, 4};
 };
 
-template <class Dialog>
-class FinalDirectTest : public FinalDirect<Dialog> {};
+template <class Direct>
+class FinalDirectTest : public FinalDirect<Direct> {};
 
 using Dialogs = ::testing::Types<ByStudent, BySubject, SectionByStudent, SectionBySubject>;
-TYPED_TEST_SUITE(FinalDirectTest, Dialogs, Names);
+TYPED_TEST_SUITE(FinalDirectTest, Dialogs, NameOfDirect);
 
 TYPED_TEST(FinalDirectTest, LoadedSubjectIsKeyedAndSavedByItsRow) {
   this->school_.Sql(
@@ -134,27 +76,25 @@ TYPED_TEST(FinalDirectTest, LoadedSubjectIsKeyedAndSavedByItsRow) {
       "UPDATE EvaluacionActaPte SET Evaluado=-1, CodNota=107, CodNotaObservacion=202, RE_AC_DIV=2 "
       "WHERE CodAlumnoPte_MatDet=1 AND CodNumEvaluacion=4");
   const auto& form = this->Opened();
-  const std::string key = TypeParam::Texts().lenguaKey;
+  const std::string key = TypeParam::Known().lenguaKey;
   const auto& materia = *form.colAlumnos["1"]->colMateria[key];
   EXPECT_EQ(std::to_string(materia.IDMatDetalle), key);
   EXPECT_EQ(materia.CodAlumno_MateriaDetalles, 1);
   EXPECT_EQ(materia.Nombre, "Lengua (1º ESO)");
-  EXPECT_EQ(materia.IDProfesor, TypeParam::Texts().takesTeachers ? 2 : 0);
-  EXPECT_EQ(materia.IDProfesorAsociado, TypeParam::Texts().takesTeachers ? 3 : 0);
+  EXPECT_EQ(materia.IDProfesor, TypeParam::Known().takesTeachers ? 2 : 0);
+  EXPECT_EQ(materia.IDProfesorAsociado, TypeParam::Known().takesTeachers ? 3 : 0);
   EXPECT_EQ(materia.Nota, 107);
   EXPECT_EQ(materia.Observacion, 202);
   EXPECT_EQ(materia.REACDIV, 2);
   EXPECT_TRUE(materia.Evaluado);
   EXPECT_FALSE(materia.Fct || materia.MateriaExterna || materia.Recuperacion);
   std::string locked = "0";
-  for (const auto matDet : TypeParam::Texts().locked) locked += "," + std::to_string(matDet);
+  for (const auto matDet : TypeParam::Known().locked) locked += "," + std::to_string(matDet);
   EXPECT_EQ(form.strMateriasBloqueo, locked);
 }
 
 TYPED_TEST(FinalDirectTest, CaptionsWhileItWorks) {
-  // Held here, as saving drops the form.
-  auto form =
-      std::static_pointer_cast<typename TypeParam::PasoDos>(this->Form().shared_from_this());
+  const auto form = this->Held();
   Lines captions;
   this->session_.screen.Painting = [&] {
     if (form->fraAniCarga.Visible()) captions.push_back(form->fraAniCarga.Caption());
@@ -163,14 +103,13 @@ TYPED_TEST(FinalDirectTest, CaptionsWhileItWorks) {
   form->cmdAceptar_Click();
   this->session_.screen.Painting = nullptr;
   ASSERT_GE(captions.size(), 2U);
-  EXPECT_EQ(captions.front(), TypeParam::Texts().loading);
-  EXPECT_EQ(captions[1], TypeParam::Texts().saving);
+  EXPECT_EQ(captions.front(), TypeParam::Known().loading);
+  EXPECT_EQ(captions[1], TypeParam::Known().saving);
 }
 
 /// What the form looks like whenever it lets the screen be painted.
 TYPED_TEST(FinalDirectTest, AnimationStandsAloneWhileTheFormWorks) {
-  auto form =
-      std::static_pointer_cast<typename TypeParam::PasoDos>(this->Form().shared_from_this());
+  const auto form = this->Held();
   const auto width = form->Width();
   this->session_.screen.Painting = [&] {
     if (!form->fraAniCarga.Visible()) return;
@@ -189,23 +128,21 @@ TYPED_TEST(FinalDirectTest, AnimationStandsAloneWhileTheFormWorks) {
 
 // The pointer and the icon come before the test of the publication.
 TYPED_TEST(FinalDirectTest, PublicationIsRefusedUnderTheHourglass) {
-  this->school_.Sql(
-      "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
-      "CodNumEvaluacion) VALUES (7,1,321,4)");
+  this->school_.Sql(PublicationOf(1, 4));
   cConfiguracion::Instancia().RutaIcono = "zendria.ico";
-  auto form = this->Form().shared_from_this();
+  const auto form = this->Held();
   form->ShowModal();
   EXPECT_EQ(this->session_.screen.messages.size(), 1U);
   EXPECT_EQ(form->Icon(), "zendria.ico");
-  EXPECT_FALSE(FormInstance<typename TypeParam::PasoDos>::Exists());
+  EXPECT_FALSE(FormInstance<typename TestFixture::PasoDos>::Exists());
 }
 
 TYPED_TEST(FinalDirectTest, GridIsGivenItsHeightBackAndStandsOnTheFirstRow) {
   auto& form = this->Opened();
   const auto height = form.rtvNotasAlumno.Height();
-  this->Combo(form).ListIndex(1);
+  this->Combo().ListIndex(1);
   form.rtvNotasAlumno.Row(form.rtvNotasAlumno.Rows() - 1);
-  this->Combo(form).ListIndex(1);
+  this->Combo().ListIndex(1);
   EXPECT_EQ(form.rtvNotasAlumno.Height(), height);
   EXPECT_EQ(form.rtvNotasAlumno.Row(), 1);
   EXPECT_TRUE(form.rtvNotasAlumno.Visible() && form.rtvNotasAlumno.Redraw());
@@ -218,14 +155,14 @@ TYPED_TEST(FinalDirectTest, TheWalkStandsBesideItsCaption) {
   const auto wide = caption.Caption() == "Alumno:" ? 780 : 900;
   EXPECT_EQ(caption.Left(), 240);
   EXPECT_EQ(caption.Width(), wide);
-  EXPECT_EQ(this->Combo(form).Left(), 240 + wide + 60);
-  EXPECT_EQ(form.cmdAnterior.Left(), this->Combo(form).Left() + 4320);
+  EXPECT_EQ(this->Combo().Left(), 240 + wide + 60);
+  EXPECT_EQ(form.cmdAnterior.Left(), this->Combo().Left() + 4320);
   EXPECT_EQ(form.cmdSiguiente.Left(), form.cmdAnterior.Left() + 495);
 }
 
 TYPED_TEST(FinalDirectTest, NothingHappensWithoutASelectedEntry) {
   auto& form = this->Opened();
-  this->Combo(form).Clear();
+  this->Combo().Clear();
   this->Click(form);
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
   EXPECT_TRUE(form.rtvNotasAlumno.Visible());
@@ -245,13 +182,13 @@ TYPED_TEST(FinalDirectTest, MeasuresAreOfferedForAGradeInMemoryWithTheAccent) {
   this->Subject(form).Nota = 107;
   EXPECT_THAT(this->Measures(form),
               ElementsAre(" =0", "Refuerzo educativo=1", "Adaptación curricular=2"));
-  static_cast<void>(this->session_.Statements());
+  this->session_.Forget();
   form.rtvNotasAlumno.EndEdit(2);
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
   EXPECT_EQ(form.rtvNotasAlumno.TextMatrix(1, 6), "Adaptación curricular");
   EXPECT_EQ(this->Subject(form).REACDIV, 2);
   form.cmdAceptar_Click();
-  EXPECT_EQ(this->Stored(), "107|0|2|-1|-1");
+  EXPECT_EQ(this->school_.Stored(TypeParam::Known().pending, 4), "107|0|2|-1|-1");
 }
 
 TYPED_TEST(FinalDirectTest, ConceptIsKeptInMemoryAndColumnsWithoutAFieldTakeNothing) {
@@ -299,9 +236,9 @@ TYPED_TEST(FinalDirectTest, DraggedWidthGoesBackToTheKeptOne) {
 TYPED_TEST(FinalDirectTest, ObservationAndPromotionReachMissingMembers) {
   auto& form = this->Opened();
   form.cboObservacion.AddItem("Sigue así", 501);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(0); }), 438);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(-1); }), 0);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.chkPromocion.Value(1); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboObservacion.ListIndex(0); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboObservacion.ListIndex(-1); }), 0);
+  EXPECT_EQ(this->ErrorOf([&] { form.chkPromocion.Value(1); }), 438);
 }
 
 TYPED_TEST(FinalDirectTest, ControlsStayInsideTheFormAndFollowItsEdges) {
@@ -327,21 +264,21 @@ TYPED_TEST(FinalDirectTest, ControlsStayInsideTheFormAndFollowItsEdges) {
   EXPECT_EQ(form.rtvNotasAlumno.Height(), height + 1000);
 }
 
-template <class Dialog>
-class FinalDirectOfSubjectsTest : public FinalDirect<Dialog> {};
+template <class Direct>
+class FinalDirectOfSubjectsTest : public FinalDirect<Direct> {};
 
 using SubjectDialogs = ::testing::Types<BySubject, SectionBySubject>;
-TYPED_TEST_SUITE(FinalDirectOfSubjectsTest, SubjectDialogs, Names);
+TYPED_TEST_SUITE(FinalDirectOfSubjectsTest, SubjectDialogs, NameOfDirect);
 
 TYPED_TEST(FinalDirectOfSubjectsTest, EntriesBehindTheComboAreSubjects) {
   auto& form = this->Opened();
-  const auto& locked = TypeParam::Texts().locked;
+  const auto& locked = TypeParam::Known().locked;
   ASSERT_EQ(form.ListaMaterias.size(), locked.size());
   for (std::size_t i = 0; i < locked.size(); ++i) {
     EXPECT_EQ(form.ListaMaterias[i].CodAsociada, 0);
     EXPECT_EQ(form.ListaMaterias[i].IDMatDet, locked[i]);
     EXPECT_EQ(form.ListaMaterias[i].Nombre + "=" + std::to_string(i + 1),
-              TypeParam::Texts().Entries()[i]);
+              TypeParam::Known().Entries()[i]);
   }
   EXPECT_EQ(form.ObservacionAlumno, "Observación del tutor");
   const auto& lengua = *form.colAlumnos["1"]->colMateria["3111"];
@@ -375,12 +312,12 @@ TYPED_TEST(FinalDirectOfSubjectsTest, CourseDecidesPromotionAndMeasuresEachByIts
 
 TYPED_TEST(FinalDirectOfSubjectsTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
   auto& form = this->Opened();
-  form.ListaMaterias[0].CodAsociada = TypeParam::Texts().locked[1];
+  form.ListaMaterias[0].CodAsociada = TypeParam::Known().locked[1];
   this->ExpectLocked(form);
   // The lock is the grades' alone: what a measure asks for is a grade.
   this->Subject(form).Nota = 107;
   EXPECT_EQ(this->Measures(form).size(), 3U);
-  static_cast<void>(this->session_.Statements());
+  this->session_.Forget();
   form.cboMaterias_Click();
   EXPECT_EQ(form.rtvNotasAlumno.Rows(), 1);
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
@@ -389,7 +326,7 @@ TYPED_TEST(FinalDirectOfSubjectsTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
 TYPED_TEST(FinalDirectOfSubjectsTest, RowOfAStudentWhoIsNotThereIsAnError) {
   auto& form = this->Opened();
   form.rtvNotasAlumno.TextMatrix(1, 7, "77");
-  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 5);
+  EXPECT_EQ(this->ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 5);
 }
 
 TYPED_TEST(FinalDirectOfSubjectsTest, HeadingsUntilTheFirstSubject) {
@@ -407,7 +344,7 @@ TYPED_TEST(FinalDirectOfSubjectsTest, HeadingsUntilTheFirstSubject) {
   EXPECT_THAT(widths, ElementsAre(2000, 1000, 2000, 2000, 2000, 2000, 2000));
 }
 
-class FinalDirectByStudentTest : public FinalDirect<ByStudent> {};
+using FinalDirectByStudentTest = FinalDirect<ByStudent>;
 
 TEST_F(FinalDirectByStudentTest, RowThatMayNotBeEditedNeitherOffersNorTakes) {
   auto& form = Opened();
@@ -416,7 +353,7 @@ TEST_F(FinalDirectByStudentTest, RowThatMayNotBeEditedNeitherOffersNorTakes) {
   EXPECT_THAT(session_.Statements(), IsEmpty());
 }
 
-class FinalDirectBySubjectTest : public FinalDirect<BySubject> {};
+using FinalDirectBySubjectTest = FinalDirect<BySubject>;
 
 TEST_F(FinalDirectBySubjectTest, EditWritesTheStudentOfTheRowAlone) {
   auto& form = Opened();
@@ -447,15 +384,15 @@ TEST_F(FinalDirectBySubjectTest, SavingWritesEverySubjectOfEveryStudent) {
   EXPECT_EQ(First(session_.Statements(), saved.size()), saved);
 }
 
-class FinalDirectSectionByStudentTest : public FinalDirect<SectionByStudent> {};
+using FinalDirectSectionByStudentTest = FinalDirect<SectionByStudent>;
 
 TEST_F(FinalDirectSectionByStudentTest, PromotionOfACourseReachesAMissingMember) {
   auto& form = Opened();
   form.bytPromocion = 1;
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboAlumnos_Click(); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboAlumnos_Click(); }), 438);
 }
 
-class FinalDirectSectionBySubjectTest : public FinalDirect<SectionBySubject> {};
+using FinalDirectSectionBySubjectTest = FinalDirect<SectionBySubject>;
 
 // The observation comes before the guards of the cells, so that it is rebuilt where nothing is
 // offered, but not while the grid is built.
@@ -483,7 +420,7 @@ TEST_F(FinalDirectSectionBySubjectTest, FrameIsHiddenAgainAndItsLabelStandsWhere
 TEST_F(FinalDirectSectionBySubjectTest, RebuiltObservationReachesAMissingMember) {
   auto& form = Opened();
   form.rtvNotasAlumno.BeginEdit(1, 1);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(1); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboObservacion.ListIndex(1); }), 438);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ using ::testing::_;
 /// The row's student owes subject 3116, pending row 6, of that kind, graded 402 in evaluation 4.
 class FinalKindsTest : public FinalTest, public ::testing::WithParamInterface<int> {
  protected:
-  explicit FinalKindsTest(const FinalForm& form) : FinalTest(form.On(3116)) {
+  explicit FinalKindsTest(const FinalForm& form) : FinalTest(On(form, 3116)) {
     school_.Evalua(school_.Pendiente(form.student, 3116, 3), 4, 402);
     school_.Sql("UPDATE TipoMateria SET CodEspecificarTipoMateria=" + std::to_string(GetParam()) +
                 " WHERE IDTipoMateria=40");

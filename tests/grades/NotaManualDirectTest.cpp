@@ -1,4 +1,4 @@
-#include "tests/grades/OrdinaryDirect.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/Matchers.h"
 
 // Objects and grid where no gesture reaches: other kinds, objectives, the recovery, limits.

@@ -1,7 +1,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/host/Application.h"
 #include "platform/host/CentroApi.h"
-#include "tests/grades/OrdinaryDirect.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 
@@ -55,8 +55,7 @@ TEST_F(NotaManualHostTest, IsMadeBeforeThePublicationBeforeTheQuestionAndOnLeavi
 TEST_F(NotaManualHostTest, ThatHasNoComponentGetsNoPublication) {
   HaveNone();
   EXPECT_EQ(ErrorOf([this] { Shown(); }), 429);
-  EXPECT_THAT(school_.Rows("SELECT * FROM PublicacionPte"), IsEmpty());
-  EXPECT_THAT(school_.Rows("SELECT * FROM BloqueoPte"), IsEmpty());
+  EXPECT_EQ(school_.Held(), "0|0");
 }
 
 TEST_F(NotaManualHostTest, ThatHasNoComponentGetsNoObjectiveInLaterEvaluations) {

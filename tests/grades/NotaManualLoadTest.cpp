@@ -41,7 +41,7 @@ TEST_F(NotaManualLoadTest, StudentWhoLeftOrIsAheadOfHisYearIsNeverListed) {
 }
 
 TEST_F(NotaManualLoadTest, StudentWithoutSubjectsInThisEvaluationIsRemovedEvenForTheTutor) {
-  EXPECT_THAT(FormView(RunScript(school_, Open(2) + "ver\n", Tutor())).Entries("cboAlumnos"),
+  EXPECT_THAT(FormView(RunScript(school_, form_.Open(2) + "ver\n", Tutor())).Entries("cboAlumnos"),
               ElementsAre("2   Díaz Cano, Marta=1", "3   Ñúñez Sanz, Íñigo=2"));
 }
 

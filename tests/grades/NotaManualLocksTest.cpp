@@ -86,7 +86,7 @@ TEST_F(NotaManualLocksTest, LockHoldsForTheSameUserAndInItsOwnEvaluation) {
   Play();
   const auto again = Play();
   EXPECT_THAT(again.Of("mensaje"), ElementsAre(form_.NothingToGrade()));
-  const auto other = RunScript(school_, Open(2) + "ver\n", Tutor());
+  const auto other = RunScript(school_, form_.Open(2) + "ver\n", Tutor());
   EXPECT_THAT(other.Of("mensaje"), IsEmpty()) << "another evaluation";
   EXPECT_EQ(FormView(other).Form(), "frmNotaManual");
 }
@@ -113,16 +113,6 @@ TEST_F(NotaManualLocksTest, LockTakenBetweenLoadAndLockStaysWithBoth) {
   EXPECT_THAT(Traffic(result), Not(Contains(Sql(expected::kLock, {1, 1, 3111, 2, 1}))));
   EXPECT_THAT(Traffic(result), Contains(Sql(expected::kLock, {1, 1, 3112, 2, 1})));
   EXPECT_THAT(Locks(), ElementsAre("2|1|3111|900")) << "the other user's stays";
-}
-
-TEST_F(NotaManualLocksTest, AnotherUsersPublicationIsNoObstacle) {
-  school_.Sql(
-      "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
-      "CodNumEvaluacion) VALUES (7, 3, 321, 1)");
-  const auto result = Play("ver\n");
-  EXPECT_THAT(result.Of("mensaje"), IsEmpty());
-  EXPECT_EQ(FormView(result).Form(), "frmNotaManual");
-  EXPECT_THAT(Traffic(result), Contains(Sql(expected::kPublish, {8, 1, 2, 1})));
 }
 
 TEST_F(NotaManualLocksTest, SavingTouchesNeitherPublicationNorLocks) {

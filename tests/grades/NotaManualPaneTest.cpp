@@ -1,6 +1,6 @@
 #include "frame/cConfiguracion.h"
 #include "platform/host/Application.h"
-#include "tests/grades/OrdinaryDirect.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 

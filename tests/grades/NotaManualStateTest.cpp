@@ -1,5 +1,5 @@
 #include "frame/cConfiguracion.h"
-#include "tests/grades/OrdinaryDirect.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/Matchers.h"
 
 // How the form stands where something has stopped it, and what it leaves behind.
@@ -44,9 +44,7 @@ TEST_F(NotaManualStateTest, PublicationThatFailsFindsTheLoadDone) {
 
 TEST_F(NotaManualStateTest, RefusedFormKnowsWhyAndIsNotSetUp) {
   cConfiguracion::Instancia().RutaIcono = "zendria.ico";
-  school_.Sql(
-      "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
-      "CodNumEvaluacion) VALUES (7, 1, 321, 1)");
+  school_.Sql(PublicationOf(1, 1));
   auto& form = Form();
   const auto held = form.shared_from_this();
   Shown();

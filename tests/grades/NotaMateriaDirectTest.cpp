@@ -1,4 +1,4 @@
-#include "tests/grades/OrdinaryDirect.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/Matchers.h"
 
 // Entry by subject: objects, grids and pane where no gesture reaches.

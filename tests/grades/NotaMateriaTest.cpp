@@ -105,7 +105,7 @@ TEST_F(NotaMateriaTest, TeacherSeesHisOwnSubjectsAndStudents) {
 }
 
 TEST_F(NotaMateriaTest, StudentWithoutASubjectHereIsNowhere) {
-  const FormView form(RunScript(school_, OpenBySubject(2) + "ver\n", Tutor()));
+  const FormView form(RunScript(school_, form_.Open(2) + "ver\n", Tutor()));
   EXPECT_THAT(form.Entries("cboMaterias"),
               ElementsAre("Lengua (1º ESO)=1", "Matemáticas (1º ESO)=2"));
 }

@@ -40,8 +40,8 @@ TEST_F(NotaSeccionAlumnoTest, CaptionOfTheObservationIsNotAskedForByItself) {
 
 // The tutor's colleague gets more than was chosen.
 TEST_F(NotaSeccionAlumnoTest, TeacherSeesAllHisSubjectsOfTheShownStudent) {
-  const auto result = RunScript(
-      school_, OpenSectionByStudent(1, 3113) + "ver\npulsar cmdSiguiente\nver\n", Teacher());
+  const auto result =
+      RunScript(school_, On(form_, 3113).Open() + "ver\npulsar cmdSiguiente\nver\n", Teacher());
   EXPECT_THAT(FormView(result).Entries("cboAlumnos"),
               ElementsAre("1   Abad Rey, Jorge=3", "2   Díaz Cano, Marta=1"));
   EXPECT_THAT(FormView(result, 1).Cells("rtvNotasAlumno"),
@@ -55,7 +55,7 @@ TEST_F(NotaSeccionAlumnoTest, SubjectOfAnotherKindIsLoadedWithoutGradesAndGetsNo
   school_.Evalua(school_.Pendiente(3, 3116, 2), 1, 401);
   school_.Profesor(2, 3116);
   const auto result = RunScript(school_,
-                                OpenSectionByStudent(1, 3113) +
+                                On(form_, 3113).Open() +
                                     "ver\nlista rtvNotasAlumno 2 1\npulsar cmdAceptar\n"
                                     "pulsar cmdNotaManual1(1)\n",
                                 Teacher());
@@ -71,7 +71,7 @@ TEST_F(NotaSeccionAlumnoTest, SubjectOfAnotherKindIsLoadedWithoutGradesAndGetsNo
 TEST_F(NotaSeccionAlumnoTest, ValuesAreLeftOut) {
   school_.Evalua(school_.Pendiente(3, 3115, 2), 1);
   school_.Profesor(2, 3115);
-  const FormView form(RunScript(school_, OpenSectionByStudent(1, 3113) + "ver\n", Teacher()));
+  const FormView form(RunScript(school_, On(form_, 3113).Open() + "ver\n", Teacher()));
   EXPECT_THAT(form.Cells("rtvNotasAlumno"),
               ElementsAre(kFirstHeading, "Francés (1º ESO)||||||0|3113"));
 }
@@ -86,7 +86,7 @@ TEST_F(NotaSeccionAlumnoTest, SubjectThatNoStudentHasClosesTheFormWithItsMessage
 }
 
 TEST_F(NotaSeccionAlumnoTest, FormBySubjectThatDiedHidesItsSubjectsFromStepOne) {
-  RunScript(school_, OpenBySubject(), Tutor());
+  RunScript(school_, kBySubject.Open(), Tutor());
   const auto result = Play({}, Unrestricted());
   EXPECT_THAT(result.Of("rechazo"), Contains(HasSubstr("elegir cboMateria =3111")));
 }
@@ -112,7 +112,7 @@ TEST_F(NotaSeccionAlumnoTest, PurgeWaitsForTheOtherSubjectsOfTheStudentWhoStays)
   school_.Sql(
       "UPDATE AlumnoPte_MatDet SET CodMatDet=3999, Orden=1 WHERE IDAlumnoPte_MatDet=2;"
       "INSERT INTO Profesor_Pte VALUES (2,3999)");
-  const auto result = RunScript(school_, OpenSectionByStudent(1, 3113) + "ver\n", Teacher());
+  const auto result = RunScript(school_, On(form_, 3113).Open() + "ver\n", Teacher());
   const auto traffic = Traffic(result);
   auto purged = Load(kTeacher, 1, 1, {{1, 3112, 2}});
   purged.insert(purged.begin() + 1, Sql(expected::kKindOfSubject, {3999}));

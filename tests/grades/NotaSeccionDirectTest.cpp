@@ -1,4 +1,4 @@
-#include "tests/grades/OrdinaryDirect.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/Matchers.h"
 
 // The two ordinary forms of a section: objects, grids and pane where no gesture reaches.
