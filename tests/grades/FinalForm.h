@@ -12,25 +12,29 @@ namespace quorvane::test {
 /// What tells one of the four final dialogs from the others besides. "The row" is row 1 of the
 /// first entry that a tutor gets in evaluation 4.
 struct FinalTexts {
-  const char* observacion;  ///< the caption of the tutor's observation
-  Lines walked;         ///< the entries of the combo with what each shows: "entry: keys of rows"
-  Lines withoutLengua;  ///< the entries when subject 3111 isn't offered
-  Lines failed;         ///< what the second final evaluation walks
-  const char* title;    ///< of the first column, where the kind of subject is named "Asignatura"
-  const char* heading;
-  const char* headingWalked;   ///< from the second entry on
-  const char* headingConcept;  ///< the same without a main grade
+  const char* observacion = "Observación del tutor al alumno ";  ///< the caption
+  Lines walked;  ///< the entries of the combo with what each shows: "entry: keys of rows"
+  Lines withoutLengua = {};  ///< the entries when subject 3111 isn't offered
+  Lines failed;              ///< what the second final evaluation walks
+  Lines ungraded = {};       ///< of it, where the first has failed pending 2 alone
+  /// Of the first column, where the kind of subject is named "Asignatura".
+  const char* title = "Orden en Sección / Alumno";
+  const char* heading = "Orden en Sección / Alumno|Nota||||Observación|Medidas Adoptadas|";
+  const char* headingWalked = heading;  ///< from the second entry on
+  /// The same without a main grade.
+  const char* headingConcept = "Orden en Sección / Alumno||Nota|||Observación|Medidas Adoptadas|";
   const char* rowTitle;
   const char* rowKey;
-  const char* offered;              ///< for subject 3111, of grades of several scopes
-  int pending;                      ///< of the row
-  int otherPending;                 ///< another that is saved along with it
-  int student;                      ///< of the row
+  /// For subject 3111, of grades of several scopes.
+  const char* offered = "[[\" \",0],[\"5\",105],[\"6\",106],[\"7\",107],[\"8\",108]]";
+  int pending = 4;                  ///< of the row
+  int otherPending = 3;             ///< another that is saved along with it
+  int student = 3;                  ///< of the row
   const char* subjectKey = "3111";  ///< of the row's subject among those of its student
   const char* lenguaKey = "3111";   ///< of subject 3111 among those of student 1
   bool takesTeachers = true;        ///< of the subjects, for the lists
-  std::vector<int> locked;          ///< the subjects, as they are loaded
-  std::vector<int> lengua;          ///< the pending rows of subject 3111 that are loaded
+  std::vector<int> locked = {3113, 3111, 3112};  ///< the subjects, as they are loaded
+  std::vector<int> lengua = {1, 3};  ///< the pending rows of subject 3111 that are loaded
 };
 
 /// Those that walk subjects ask the course for measures and promotion.

@@ -100,6 +100,14 @@ using NotaSeccionAlumnoDirect =
 using NotaSeccionMateriaDirect =
     OrdinaryDirect<frmNotaSeccionMateria1, frmNotaSeccionMateria, kSectionBySubject>;
 
+/// The columns of a grid, each as its width and its heading.
+inline Lines Columns(const Retivo& grid) {
+  Lines told;
+  for (int column = 0; column < grid.Cols(); ++column)
+    told.push_back(std::to_string(grid.ColWidth(column)) + " " + grid.TextMatrix(0, column));
+  return told;
+}
+
 /// A test's name for the form of such a type.
 struct NameOfDirect {
   template <class Direct>

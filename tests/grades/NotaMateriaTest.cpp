@@ -18,10 +18,6 @@ TEST_F(NotaMateriaTest, SubjectsAreGatheredInTheOrderInWhichTheStudentsBringThem
   EXPECT_EQ(form.Index("cboMaterias"), 0);
 }
 
-TEST_F(NotaMateriaTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
-  EXPECT_EQ(Shown().Text("lblNotaManual(1)"), "Observación del tutor");
-}
-
 TEST_F(NotaMateriaTest, RowsChangeFromSubjectToSubject) {
   school_.Sql(
       "UPDATE EvaluacionPte SET CodNota=107, CodNotaObservacion=201 WHERE CodAlumnoPte_MatDet=3 "
@@ -71,11 +67,8 @@ TEST_F(NotaMateriaTest, HeadingNamesKeysAndColumnsWithoutWidthOfferNothing) {
 }
 
 TEST_F(NotaMateriaTest, ColumnThatWasWidenedForItsListStaysSoForTheNextSubject) {
-  const auto result =
-      RunScript(school_,
-                form_.Open(1, "marcar chkMostrar 1\n") +
-                    "editar rtvNotasAlumno 1 5 \"Trabaja\"\npulsar cmdSiguiente\nver\n",
-                Tutor());
+  const auto result = PlayBehind(
+      "marcar chkMostrar 1\n", "editar rtvNotasAlumno 1 5 \"Trabaja\"\npulsar cmdSiguiente\nver\n");
   EXPECT_THAT(FormView(result).Widths("rtvNotasAlumno"),
               ElementsAre(3000, 2000, 0, 0, 0, (7 + 12) * 120, 0));
 }
@@ -118,22 +111,10 @@ TEST_F(NotaMateriaTest, SubjectLockedBySomebodyElseIsNotOffered) {
               ElementsAre("3112", "3113"));
 }
 
-TEST_F(NotaMateriaTest, SubjectOfAnotherKindStopsTheLoadAtAFieldThatIsNotThere) {
-  school_.Evalua(school_.Pendiente(3, 3116, 2), 1, 402);
-  const auto result = Play();
-  EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("3265 ")));
-  EXPECT_EQ(Traffic(result).back(), Sql(expected::kKindOfSubject, {3116}));
-}
-
 // The subject is its own key here.
 TEST_F(NotaMateriaTest, SubjectThatAStudentOwesTwiceIsADuplicateKey) {
   school_.Evalua(school_.Pendiente(3, 3113, 2), 1);
   EXPECT_THAT(Play().Of("error"), ElementsAre(HasSubstr("457 ")));
-}
-
-TEST_F(NotaMateriaTest, OrderBeyondAByteIsAnOverflow) {
-  school_.Sql("UPDATE AlumnoPte_MatDet SET Orden=256 WHERE IDAlumnoPte_MatDet=4");
-  EXPECT_THAT(Play().Of("error"), ElementsAre(HasSubstr("6 ")));
 }
 
 }  // namespace

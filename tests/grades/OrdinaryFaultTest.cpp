@@ -65,13 +65,18 @@ INSTANTIATE_TEST_SUITE_P(
 // Only entry by student reads these while it loads.
 INSTANTIATE_TEST_SUITE_P(
     ByStudent, OrdinaryMissingTest,
-    ::testing::Combine(::testing::Values(kByStudent),
-                       ::testing::Values(Missing{"SistemaCalificacion",
-                                                 "DELETE FROM SistemaCalificacion", "3021 "},
-                                         Missing{"OrdinaryKind",
-                                                 "UPDATE TipoMateria SET CodSistemaCalificacion=9 "
-                                                 "WHERE CodEspecificarTipoMateria=1",
-                                                 "3021 "})),
+    ::testing::Combine(
+        ::testing::Values(kByStudent),
+        ::testing::Values(Missing{"OrderOfAKindOfGradeRightOffTheGrid",
+                                  "UPDATE TipoNota SET Orden=8 WHERE IDTipoNota=12", "381 "},
+                          Missing{"OrderOfTheTutorsKindOffItsGrid",
+                                  "UPDATE TipoNota SET Orden=4 WHERE IDTipoNota=41", "381 "},
+                          Missing{"SistemaCalificacion", "DELETE FROM SistemaCalificacion",
+                                  "3021 "},
+                          Missing{"OrdinaryKind",
+                                  "UPDATE TipoMateria SET CodSistemaCalificacion=9 "
+                                  "WHERE CodEspecificarTipoMateria=1",
+                                  "3021 "})),
     kNameOfMissing);
 
 class OrdinaryValuesTest : public EachFormTest {};
@@ -92,17 +97,14 @@ TEST_P(OrdinaryValuesTest, FailureOfTheLastStatementsLeavesTheLocksOfTheForm) {
 }
 
 TEST_P(OrdinaryValuesTest, NullsAreNothing) {
-  const auto result =
-      RunScript(school_,
-                form_.Open(1,
-                           "sql \"UPDATE EvaluacionPte SET CodNota=NULL, "
-                           "CodNotaActitud=NULL, Evaluado=NULL\"\n"
-                           "sql \"UPDATE MateriaDetalles SET CodPersonal=NULL, "
-                           "CodPersonalAsociado=NULL\"\n"
-                           "sql \"UPDATE AlumnoPte_MatDet SET Orden=NULL\"\n"
-                           "sql \"UPDATE TipoNota SET Nombre=NULL\"\n") +
-                    form_.toLengua + "ver\nlista rtvNotasAlumno 1 1\npulsar cmdAceptar\n",
-                Tutor());
+  const auto result = PlayBehind(
+      "sql \"UPDATE EvaluacionPte SET CodNota=NULL, "
+      "CodNotaActitud=NULL, Evaluado=NULL\"\n"
+      "sql \"UPDATE MateriaDetalles SET CodPersonal=NULL, "
+      "CodPersonalAsociado=NULL\"\n"
+      "sql \"UPDATE AlumnoPte_MatDet SET Orden=NULL\"\n"
+      "sql \"UPDATE TipoNota SET Nombre=NULL\"\n",
+      form_.toLengua + "ver\nlista rtvNotasAlumno 1 1\npulsar cmdAceptar\n");
   EXPECT_THAT(result.Of("error"), IsEmpty()) << result.Text();
   EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"), Contains(form_.row));
   EXPECT_EQ(school_.Stored(2, 1), "0|0|0|0|0|NULL|0");

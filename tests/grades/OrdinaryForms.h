@@ -64,9 +64,15 @@ class FormScripts {
   ScriptResult Play(const std::string& gestures = {}, const ScriptOptions& user = Tutor()) const {
     return RunScript(school_, form_.Open() + gestures, user);
   }
+  /// The same with gestures on step one before it is left.
+  ScriptResult PlayBehind(const std::string& before, const std::string& gestures = {},
+                          const ScriptOptions& user = Tutor()) const {
+    return RunScript(school_, form_.Open(before) + gestures, user);
+  }
   /// With another user's statement between the choice of step one and step two.
-  ScriptResult PlayAfter(const std::string& statement, const std::string& gestures = {}) const {
-    return RunScript(school_, form_.Open(1, "sql \"" + statement + "\"\n") + gestures, Tutor());
+  ScriptResult PlayAfter(const std::string& statement, const std::string& gestures = {},
+                         const ScriptOptions& user = Tutor()) const {
+    return PlayBehind("sql \"" + statement + "\"\n", gestures, user);
   }
   /// What it shows then, whatever a session before has left locked.
   FormView Shown(const std::string& gestures = {}, const ScriptOptions& user = Tutor()) const;

@@ -33,6 +33,7 @@ INSTANTIATE_TEST_SUITE_P(Four, OrdinaryFormsTest, ::testing::ValuesIn(OrdinaryFo
 TEST_P(OrdinaryFormsTest, DialogHasItsCaptionsAndMeasures) {
   const auto view = Shown();
   EXPECT_EQ(view.Text("lblNotaManual(0)"), form_.label);
+  EXPECT_EQ(view.Text("lblNotaManual(1)"), "Observación del tutor");
   EXPECT_EQ(view.Text("lblNotaManual(2)"), "Ausencias:");
   EXPECT_EQ(view.Text("lblNotaManual(3)"), "Retrasos:");
   EXPECT_EQ(view.Text("cmdAnterior"), "<");
@@ -140,17 +141,18 @@ TEST_P(OrdinaryFormsTest, StoredGradesAreShownAndEditsStayWhileTheEntriesChange)
   school_.Sql(
       "UPDATE EvaluacionPte SET CodNota=105, CodNotaConcepto=101, CodNotaProcedimiento=102, CodNotaActitud=103, "
       "CodNotaObservacion=202 WHERE CodAlumnoPte_MatDet=2");
-  const auto result = Play(form_.toLengua +
-                           "ver\neditar rtvNotasAlumno 1 1 \"7\"\n"
-                           "pulsar cmdAnterior\npulsar cmdSiguiente\n" +
-                           form_.toLengua + "ver\n");
+  const auto result =
+      Play(form_.toLengua +
+           "ver\neditar rtvNotasAlumno 1 1 \"7\"\neditar rtvNotasAlumno 1 5 \"Trabaja\"\n"
+           "pulsar cmdAnterior\npulsar cmdSiguiente\n" +
+           form_.toLengua + "ver\n");
   EXPECT_THAT(Traffic(result), Contains(Sql(expected::kPasses, {105})));
   const auto row = [this](const std::string& grades) {
     std::string cells = form_.row;
     return cells.replace(cells.find("||||||"), 6, grades);
   };
   EXPECT_EQ(FormView(result, 1).Cells("rtvNotasAlumno").at(1), row("|5|1|2|3|Mejora|"));
-  EXPECT_EQ(FormView(result).Cells("rtvNotasAlumno").at(1), row("|7|1|2|3|Mejora|"));
+  EXPECT_EQ(FormView(result).Cells("rtvNotasAlumno").at(1), row("|7|1|2|3|Trabaja|"));
 }
 
 TEST_P(OrdinaryFormsTest, BlankEntryAndNoEntryTakeTheGradeAway) {
@@ -247,6 +249,15 @@ TEST_P(OrdinaryFormsTest, StatementsOfSaving) {
       "UPDATE EvaluacionPte SET UltimaEvaluada=-1 WHERE CodAlumnoPte_MatDet=2 AND "
       "CodNumEvaluacion=2");
   EXPECT_EQ(SavesSevenInRow(), form_.saveBehind);
+}
+
+// The lowest number that anybody of the staff can have; who is the tutor elsewhere teaches here.
+TEST_P(OrdinaryFormsTest, TeacherWhoIsTheFirstOfTheStaffGradesWhatHeTeaches) {
+  school_.Sql("UPDATE Seccion SET CodTutor=0");
+  school_.Profesor(1, 3111);
+  const auto view = Shown(form_.toLengua);
+  ASSERT_EQ(view.Form(), form_.name);
+  EXPECT_EQ(view.Cells("rtvNotasAlumno").at(1), form_.row);
 }
 
 // No two of them may be made alike: the messages tell all four apart, and so does what they load.
