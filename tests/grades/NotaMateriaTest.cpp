@@ -1,5 +1,4 @@
 #include "tests/grades/OrdinaryForms.h"
-#include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 
 // Entry by subject: what the form shows and offers, leaves out and fails at.

@@ -27,13 +27,6 @@ TEST_F(NotaSeccionAlumnoTest, OnlyStudentsWhoHaveTheChosenSubjectStandInTheCombo
   }
 }
 
-TEST_F(NotaSeccionAlumnoTest, FixedHeadingsStandFromTheSecondStudentOn) {
-  const auto form = Shown("pulsar cmdSiguiente\n");
-  EXPECT_EQ(form.Cells("rtvNotasAlumno").front(), kLaterHeading);
-  EXPECT_THAT(form.Widths("rtvNotasAlumno"), ElementsAre(2000, 2000, 0, 0, 0, 2000, 0, 0));
-  EXPECT_EQ(form.FixedRows("rtvNotasAlumno"), 1);
-}
-
 TEST_F(NotaSeccionAlumnoTest, CaptionOfTheObservationIsNotAskedForByItself) {
   // The pane of the tutor finds no kind of grade of the observation.
   school_.Sql("UPDATE TipoNota SET Abreviatura=-1 WHERE IDTipoNota=51");

@@ -2,7 +2,6 @@
 #include <tuple>
 
 #include "tests/grades/OrdinaryForms.h"
-#include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 
 // Rows that are missing, values that don't convert, in the four ordinary forms.

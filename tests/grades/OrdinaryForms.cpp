@@ -1,7 +1,5 @@
 #include "tests/grades/OrdinaryForms.h"
 
-#include <algorithm>
-
 #include "tests/support/ExpectedStatements.h"
 
 namespace quorvane::test {
