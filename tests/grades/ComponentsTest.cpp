@@ -40,15 +40,10 @@ TEST(MateriasBloqueoTest, SplittingSkipsTheLeadingZero) {
 }
 
 class AttemptsTest : public ::testing::Test {
- public:
-  AttemptsTest() { Application::Instance().UseScreen(&screen_); }
-  ~AttemptsTest() override { Application::Instance().UseScreen(nullptr); }
-  AttemptsTest(const AttemptsTest&) = delete;
-  AttemptsTest& operator=(const AttemptsTest&) = delete;
-  AttemptsTest(AttemptsTest&&) = delete;
-  AttemptsTest& operator=(AttemptsTest&&) = delete;
-
  protected:
+  void SetUp() override { Application::Instance().UseScreen(&screen_); }
+  void TearDown() override { Application::Instance().UseScreen(nullptr); }
+
   /// Runs the loop over these answers; gives back how many attempts it made.
   int Run(std::vector<std::int32_t> answers) {
     std::size_t made = 0;
@@ -141,15 +136,10 @@ TEST_F(GridOnAFormTest, ColumnBeyondTheGridEndsTheCopyAndIsAnErrorWhenGivenBack)
 }
 
 class CellStatementTest : public ::testing::TestWithParam<bool> {
- public:
-  CellStatementTest() { cConfiguracion::Instancia().SQLServer = GetParam(); }
-  ~CellStatementTest() override { cConfiguracion::Instancia().SQLServer = false; }
-  CellStatementTest(const CellStatementTest&) = delete;
-  CellStatementTest& operator=(const CellStatementTest&) = delete;
-  CellStatementTest(CellStatementTest&&) = delete;
-  CellStatementTest& operator=(CellStatementTest&&) = delete;
-
  protected:
+  void SetUp() override { cConfiguracion::Instancia().SQLServer = GetParam(); }
+  void TearDown() override { cConfiguracion::Instancia().SQLServer = false; }
+
   const DatosPasoUno chosen_{11, 22, 33, 44, 5, false};
   const int true_ = GetParam() ? 1 : -1;
 };

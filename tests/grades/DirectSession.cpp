@@ -2,11 +2,9 @@
 
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
-#include "grades/student/frmNotaManual.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/host/Application.h"
-#include "selection/frmNotaManual1.h"
 
 namespace quorvane::test {
 void SilentScreen::RunModal(Form& form) {
@@ -22,8 +20,7 @@ std::int32_t SilentScreen::TextWidth(const Form& /*form*/, const std::string& te
   return static_cast<std::int32_t>(text.size()) * 120;
 }
 
-DirectSession::DirectSession(const TestSchool& school, int evaluacion)
-    : centro_(school.Path(), "centro") {
+DirectSession::DirectSession(const TestSchool& school) : centro_(school.Path(), "centro") {
   centro_.Open();
   centro_.Observe([this](const Connection& connection, const std::string& statement) {
     statements_.push_back("sql " + connection.Name() + " " + statement);
@@ -38,25 +35,12 @@ DirectSession::DirectSession(const TestSchool& school, int evaluacion)
   configuracion.intIDUsuario = 1;
   configuracion.Activa = true;
   configuracion.RutaAplicacion = "C:\\zendria";
-  auto& stepOne = FormInstance<frmNotaManual1>::Get();
-  stepOne.ShowModal();
-  Choose(stepOne.cboTipoEnsenanza, 3);
-  Choose(stepOne.cboCursos, 32);
-  Choose(stepOne.cboSecciones, 321);
-  Choose(stepOne.cboEvaluaciones, evaluacion);
-  statements_.clear();
 }
 
 DirectSession::~DirectSession() {
   FormInstances::DropAll();
   Application::Instance().UseScreen(nullptr);
   cConfiguracion::Instancia() = cConfiguracion();
-}
-
-frmNotaManual& DirectSession::Open() const {
-  auto& form = FormInstance<frmNotaManual>::Get();
-  form.ShowModal();
-  return form;
 }
 
 void DirectSession::Choose(ComboBox& combo, int data) {

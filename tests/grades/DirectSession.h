@@ -13,7 +13,6 @@
 
 namespace quorvane {
 class ComboBox;
-class frmNotaManual;
 }  // namespace quorvane
 
 namespace quorvane::test {
@@ -43,21 +42,17 @@ class SilentScreen : public FrontEnd {
   Pointer pointer_ = Pointer::Default;
 };
 
-/// The module on a school with a screen without a user: for what no gesture reaches. Step one
-/// stands loaded, with section 321 and an evaluation chosen; all forms go with the object.
+/// The module on a school with a screen without a user: for what no gesture reaches. All forms go
+/// with the object.
 class DirectSession {
  public:
-  explicit DirectSession(const TestSchool& school, int evaluacion = 1);
+  explicit DirectSession(const TestSchool& school);
   ~DirectSession();
-  DirectSession(const DirectSession&) = delete;
-  DirectSession& operator=(const DirectSession&) = delete;
   DirectSession(DirectSession&&) = delete;
-  DirectSession& operator=(DirectSession&&) = delete;
 
-  /// Loads and activates step two.
-  frmNotaManual& Open() const;
   /// The statements since the last call, as a script prints them.
   Lines Statements() { return std::exchange(statements_, {}); }
+  void Forget() { statements_.clear(); }
   /// Leaves an entry with that data as the only one of a list of step one, and selected.
   static void Choose(ComboBox& combo, int data);
   /// The number of the error that the action ends in; 0 without one.

@@ -1,25 +1,11 @@
-#include <array>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "frame/cConfiguracion.h"
-#include "grades/final/frmNotaManualFinal.h"
-#include "grades/final/frmNotaMateriaFinal.h"
-#include "grades/final/frmNotaSeccionAlumnoFinal.h"
-#include "grades/final/frmNotaSeccionMateriaFinal.h"
-#include "platform/controls/FormInstance.h"
 #include "platform/host/FrontEnd.h"
-#include "selection/frmNotaManual1.h"
-#include "selection/frmNotaMateria1.h"
-#include "selection/frmNotaSeccionAlumno1.h"
-#include "selection/frmNotaSeccionMateria1.h"
-#include "tests/grades/DirectSession.h"
-#include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
+#include "tests/grades/GradeDirect.h"
 #include "tests/support/Matchers.h"
 
 // What no gesture reaches in the final dialogs: objects, guards, members that a student doesn't
@@ -28,73 +14,22 @@
 namespace quorvane::test {
 namespace {
 
-template <class FormPasoUno, class FormPasoDos, const FinalForm& kForm>
-struct Pair {
-  using PasoUno = FormPasoUno;
-  using PasoDos = FormPasoDos;
-  static const FinalForm& Texts() { return kForm; }
-};
-
-using ByStudent = Pair<frmNotaManual1, frmNotaManualFinal, kFinalByStudent>;
-using BySubject = Pair<frmNotaMateria1, frmNotaMateriaFinal, kFinalBySubject>;
+using ByStudent = GradeDirect<frmNotaManual1, frmNotaManualFinal, kFinalByStudent>;
+using BySubject = GradeDirect<frmNotaMateria1, frmNotaMateriaFinal, kFinalBySubject>;
 using SectionByStudent =
-    Pair<frmNotaSeccionAlumno1, frmNotaSeccionAlumnoFinal, kFinalSectionByStudent>;
+    GradeDirect<frmNotaSeccionAlumno1, frmNotaSeccionAlumnoFinal, kFinalSectionByStudent>;
 using SectionBySubject =
-    Pair<frmNotaSeccionMateria1, frmNotaSeccionMateriaFinal, kFinalSectionBySubject>;
+    GradeDirect<frmNotaSeccionMateria1, frmNotaSeccionMateriaFinal, kFinalSectionBySubject>;
 
-/// Asked for before the forms' own names are made, which stand in another file.
-struct Names {
-  template <class Dialog>
-  static std::string GetName(int index) {
-    constexpr std::array kNames{"ByStudent", "BySubject", "SectionByStudent", "SectionBySubject"};
-    return kNames.at(static_cast<std::size_t>(index));
-  }
-};
-
-/// One of the dialogs on the small school. Step one stands with section 321, evaluation 4 and,
-/// where it asks for them, subject 3111 or student 1 chosen by user 1.
-template <class Dialog>
-class FinalDirect : public ::testing::Test {
+template <class Direct>
+class FinalDirect : public Direct {
  protected:
-  using PasoDos = typename Dialog::PasoDos;
-
-  FinalDirect() {
-    auto& stepOne = FormInstance<typename Dialog::PasoUno>::Get();
-    DirectSession::Choose(stepOne.cboTipoEnsenanza, 3);
-    DirectSession::Choose(stepOne.cboCursos, 32);
-    DirectSession::Choose(stepOne.cboSecciones, 321);
-    DirectSession::Choose(stepOne.cboEvaluaciones, 4);
-    if constexpr (requires { stepOne.cboMateria; }) DirectSession::Choose(stepOne.cboMateria, 3111);
-    if constexpr (requires { stepOne.cboAlumno; }) DirectSession::Choose(stepOne.cboAlumno, 1);
-  }
-
-  static PasoDos& Form() { return FormInstance<PasoDos>::Get(); }
-
-  PasoDos& Opened() {
-    auto& form = Form();
-    form.ShowModal();
-    static_cast<void>(session_.Statements());
-    return form;
-  }
-
-  static auto& Combo(PasoDos& form) {
-    if constexpr (requires { form.cboMaterias; })
-      return form.cboMaterias;
-    else
-      return form.cboAlumnos;
-  }
-
-  static void Click(PasoDos& form) {
-    if constexpr (requires { form.cboMaterias_Click(); })
-      form.cboMaterias_Click();
-    else
-      form.cboAlumnos_Click();
-  }
+  using PasoDos = std::remove_reference_t<decltype(Direct::Form())>;
 
   /// The subject of the row, as it stands in memory.
   static auto& Subject(PasoDos& form) {
-    const auto& texts = Dialog::Texts();
-    return *form.colAlumnos[std::to_string(texts.student)]->colMateria[texts.subjectKey];
+    const auto& known = Direct::Known();
+    return *form.colAlumnos[std::to_string(known.student)]->colMateria[known.subjectKey];
   }
 
   /// What the cell of the row's measure offers, as "text=data".
@@ -119,18 +54,13 @@ class FinalDirect : public ::testing::Test {
     Force(form, 1, "7", 107);
     EXPECT_EQ(Subject(form).Nota, 0);
   }
-
-  std::string Stored() const { return school_.Stored(Dialog::Texts().pending, 4); }
-
-  FinalSchool school_;
-  DirectSession session_{school_, 4};
 };
 
-template <class Dialog>
-class FinalDirectTest : public FinalDirect<Dialog> {};
+template <class Direct>
+class FinalDirectTest : public FinalDirect<Direct> {};
 
 using Dialogs = ::testing::Types<ByStudent, BySubject, SectionByStudent, SectionBySubject>;
-TYPED_TEST_SUITE(FinalDirectTest, Dialogs, Names);
+TYPED_TEST_SUITE(FinalDirectTest, Dialogs, NameOfDirect);
 
 TYPED_TEST(FinalDirectTest, LoadedSubjectIsKeyedAndSavedByItsRow) {
   this->school_.Sql(
@@ -138,46 +68,31 @@ TYPED_TEST(FinalDirectTest, LoadedSubjectIsKeyedAndSavedByItsRow) {
       "UPDATE EvaluacionActaPte SET Evaluado=-1, CodNota=107, CodNotaObservacion=202, RE_AC_DIV=2 "
       "WHERE CodAlumnoPte_MatDet=1 AND CodNumEvaluacion=4");
   const auto& form = this->Opened();
-  const std::string key = TypeParam::Texts().lenguaKey;
+  const std::string key = TypeParam::Known().lenguaKey;
   const auto& materia = *form.colAlumnos["1"]->colMateria[key];
   EXPECT_EQ(std::to_string(materia.IDMatDetalle), key);
   EXPECT_EQ(materia.CodAlumno_MateriaDetalles, 1);
   EXPECT_EQ(materia.Nombre, "Lengua (1º ESO)");
-  EXPECT_EQ(materia.IDProfesor, TypeParam::Texts().takesTeachers ? 2 : 0);
-  EXPECT_EQ(materia.IDProfesorAsociado, TypeParam::Texts().takesTeachers ? 3 : 0);
+  EXPECT_EQ(materia.IDProfesor, TypeParam::Known().takesTeachers ? 2 : 0);
+  EXPECT_EQ(materia.IDProfesorAsociado, TypeParam::Known().takesTeachers ? 3 : 0);
   EXPECT_EQ(materia.Nota, 107);
   EXPECT_EQ(materia.Observacion, 202);
   EXPECT_EQ(materia.REACDIV, 2);
   EXPECT_TRUE(materia.Evaluado);
   EXPECT_FALSE(materia.Fct || materia.MateriaExterna || materia.Recuperacion);
   std::string locked = "0";
-  for (const auto matDet : TypeParam::Texts().locked) locked += "," + std::to_string(matDet);
+  for (const auto matDet : TypeParam::Known().locked) locked += "," + std::to_string(matDet);
   EXPECT_EQ(form.strMateriasBloqueo, locked);
-}
-
-TYPED_TEST(FinalDirectTest, CaptionsWhileItWorks) {
-  // Held here, as saving drops the form.
-  auto form =
-      std::static_pointer_cast<typename TypeParam::PasoDos>(this->Form().shared_from_this());
-  Lines captions;
-  this->session_.screen.Painting = [&] {
-    if (form->fraAniCarga.Visible()) captions.push_back(form->fraAniCarga.Caption());
-  };
-  form->ShowModal();
-  form->cmdAceptar_Click();
-  this->session_.screen.Painting = nullptr;
-  ASSERT_GE(captions.size(), 2U);
-  EXPECT_EQ(captions.front(), TypeParam::Texts().loading);
-  EXPECT_EQ(captions[1], TypeParam::Texts().saving);
 }
 
 /// What the form looks like whenever it lets the screen be painted.
 TYPED_TEST(FinalDirectTest, AnimationStandsAloneWhileTheFormWorks) {
-  auto form =
-      std::static_pointer_cast<typename TypeParam::PasoDos>(this->Form().shared_from_this());
+  const auto form = this->Held();
   const auto width = form->Width();
+  Lines captions;
   this->session_.screen.Painting = [&] {
     if (!form->fraAniCarga.Visible()) return;
+    captions.push_back(form->fraAniCarga.Caption());
     EXPECT_TRUE(form->aniCarga.Playing() && form->aniCarga.Visible());
     EXPECT_EQ(form->aniCarga.File(), "C:\\zendria\\avis\\filecopy.avi");
     EXPECT_FALSE(form->fraNota.Visible() || form->cmdAceptar.Visible());
@@ -187,29 +102,30 @@ TYPED_TEST(FinalDirectTest, AnimationStandsAloneWhileTheFormWorks) {
   EXPECT_EQ(form->Width(), width);
   EXPECT_FALSE(form->aniCarga.Playing());
   EXPECT_EQ(this->session_.screen.MousePointer(), Pointer::Default);
+  ASSERT_EQ(captions.size(), 1U);
   form->cmdAceptar_Click();
   this->session_.screen.Painting = nullptr;
+  const auto& [loading, saving] = std::pair{TypeParam::Known().loading, TypeParam::Known().saving};
+  EXPECT_THAT(captions, ElementsAre(loading, saving, saving));
 }
 
 // The pointer and the icon come before the test of the publication.
 TYPED_TEST(FinalDirectTest, PublicationIsRefusedUnderTheHourglass) {
-  this->school_.Sql(
-      "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
-      "CodNumEvaluacion) VALUES (7,1,321,4)");
+  this->school_.Sql(PublicationOf(1, 4));
   cConfiguracion::Instancia().RutaIcono = "zendria.ico";
-  auto form = this->Form().shared_from_this();
+  const auto form = this->Held();
   form->ShowModal();
   EXPECT_EQ(this->session_.screen.messages.size(), 1U);
   EXPECT_EQ(form->Icon(), "zendria.ico");
-  EXPECT_FALSE(FormInstance<typename TypeParam::PasoDos>::Exists());
+  EXPECT_FALSE(FormInstance<typename TestFixture::PasoDos>::Exists());
 }
 
 TYPED_TEST(FinalDirectTest, GridIsGivenItsHeightBackAndStandsOnTheFirstRow) {
   auto& form = this->Opened();
   const auto height = form.rtvNotasAlumno.Height();
-  this->Combo(form).ListIndex(1);
+  this->Combo().ListIndex(1);
   form.rtvNotasAlumno.Row(form.rtvNotasAlumno.Rows() - 1);
-  this->Combo(form).ListIndex(1);
+  this->Combo().ListIndex(1);
   EXPECT_EQ(form.rtvNotasAlumno.Height(), height);
   EXPECT_EQ(form.rtvNotasAlumno.Row(), 1);
   EXPECT_TRUE(form.rtvNotasAlumno.Visible() && form.rtvNotasAlumno.Redraw());
@@ -222,15 +138,15 @@ TYPED_TEST(FinalDirectTest, TheWalkStandsBesideItsCaption) {
   const auto wide = caption.Caption() == "Alumno:" ? 780 : 900;
   EXPECT_EQ(caption.Left(), 240);
   EXPECT_EQ(caption.Width(), wide);
-  EXPECT_EQ(this->Combo(form).Left(), 240 + wide + 60);
-  EXPECT_EQ(form.cmdAnterior.Left(), this->Combo(form).Left() + 4320);
+  EXPECT_EQ(this->Combo().Left(), 240 + wide + 60);
+  EXPECT_EQ(form.cmdAnterior.Left(), this->Combo().Left() + 4320);
   EXPECT_EQ(form.cmdSiguiente.Left(), form.cmdAnterior.Left() + 495);
 }
 
 TYPED_TEST(FinalDirectTest, NothingHappensWithoutASelectedEntry) {
   auto& form = this->Opened();
-  this->Combo(form).Clear();
-  this->Click(form);
+  this->Combo().Clear();
+  this->Combo().Click();
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
   EXPECT_TRUE(form.rtvNotasAlumno.Visible());
 }
@@ -249,13 +165,13 @@ TYPED_TEST(FinalDirectTest, MeasuresAreOfferedForAGradeInMemoryWithTheAccent) {
   this->Subject(form).Nota = 107;
   EXPECT_THAT(this->Measures(form),
               ElementsAre(" =0", "Refuerzo educativo=1", "Adaptación curricular=2"));
-  static_cast<void>(this->session_.Statements());
+  this->session_.Forget();
   form.rtvNotasAlumno.EndEdit(2);
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
   EXPECT_EQ(form.rtvNotasAlumno.TextMatrix(1, 6), "Adaptación curricular");
   EXPECT_EQ(this->Subject(form).REACDIV, 2);
   form.cmdAceptar_Click();
-  EXPECT_EQ(this->Stored(), "107|0|2|-1|-1");
+  EXPECT_EQ(this->school_.Stored(TypeParam::Known().pending, 4), "107|0|2|-1|-1");
 }
 
 TYPED_TEST(FinalDirectTest, ConceptIsKeptInMemoryAndColumnsWithoutAFieldTakeNothing) {
@@ -303,9 +219,9 @@ TYPED_TEST(FinalDirectTest, DraggedWidthGoesBackToTheKeptOne) {
 TYPED_TEST(FinalDirectTest, ObservationAndPromotionReachMissingMembers) {
   auto& form = this->Opened();
   form.cboObservacion.AddItem("Sigue así", 501);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(0); }), 438);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(-1); }), 0);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.chkPromocion.Value(1); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboObservacion.ListIndex(0); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboObservacion.ListIndex(-1); }), 0);
+  EXPECT_EQ(this->ErrorOf([&] { form.chkPromocion.Value(1); }), 438);
 }
 
 TYPED_TEST(FinalDirectTest, ControlsStayInsideTheFormAndFollowItsEdges) {
@@ -331,21 +247,21 @@ TYPED_TEST(FinalDirectTest, ControlsStayInsideTheFormAndFollowItsEdges) {
   EXPECT_EQ(form.rtvNotasAlumno.Height(), height + 1000);
 }
 
-template <class Dialog>
-class FinalDirectOfSubjectsTest : public FinalDirect<Dialog> {};
+template <class Direct>
+class FinalDirectOfSubjectsTest : public FinalDirect<Direct> {};
 
 using SubjectDialogs = ::testing::Types<BySubject, SectionBySubject>;
-TYPED_TEST_SUITE(FinalDirectOfSubjectsTest, SubjectDialogs, Names);
+TYPED_TEST_SUITE(FinalDirectOfSubjectsTest, SubjectDialogs, NameOfDirect);
 
 TYPED_TEST(FinalDirectOfSubjectsTest, EntriesBehindTheComboAreSubjects) {
   auto& form = this->Opened();
-  const auto& locked = TypeParam::Texts().locked;
+  const auto& locked = TypeParam::Known().locked;
   ASSERT_EQ(form.ListaMaterias.size(), locked.size());
   for (std::size_t i = 0; i < locked.size(); ++i) {
     EXPECT_EQ(form.ListaMaterias[i].CodAsociada, 0);
     EXPECT_EQ(form.ListaMaterias[i].IDMatDet, locked[i]);
     EXPECT_EQ(form.ListaMaterias[i].Nombre + "=" + std::to_string(i + 1),
-              TypeParam::Texts().Entries()[i]);
+              TypeParam::Known().Entries()[i]);
   }
   EXPECT_EQ(form.ObservacionAlumno, "Observación del tutor");
   const auto& lengua = *form.colAlumnos["1"]->colMateria["3111"];
@@ -379,12 +295,13 @@ TYPED_TEST(FinalDirectOfSubjectsTest, CourseDecidesPromotionAndMeasuresEachByIts
 
 TYPED_TEST(FinalDirectOfSubjectsTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
   auto& form = this->Opened();
-  form.ListaMaterias[0].CodAsociada = TypeParam::Texts().locked[1];
+  form.ListaMaterias[0].CodAsociada = TypeParam::Known().locked[1];
   this->ExpectLocked(form);
   // The lock is the grades' alone: what a measure asks for is a grade.
   this->Subject(form).Nota = 107;
   EXPECT_EQ(this->Measures(form).size(), 3U);
-  static_cast<void>(this->session_.Statements());
+  // What the list costs is issued by no other edit, nor is the observation but of a section.
+  EXPECT_EQ(this->session_.Statements().empty(), TypeParam::Known().choice.empty());
   form.cboMaterias_Click();
   EXPECT_EQ(form.rtvNotasAlumno.Rows(), 1);
   EXPECT_THAT(this->session_.Statements(), IsEmpty());
@@ -393,25 +310,19 @@ TYPED_TEST(FinalDirectOfSubjectsTest, EntryThatIsNoSubjectIsIndentedAndLocked) {
 TYPED_TEST(FinalDirectOfSubjectsTest, RowOfAStudentWhoIsNotThereIsAnError) {
   auto& form = this->Opened();
   form.rtvNotasAlumno.TextMatrix(1, 7, "77");
-  EXPECT_EQ(DirectSession::ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 5);
+  EXPECT_EQ(this->ErrorOf([&form] { form.rtvNotasAlumno.BeginEdit(1, 1); }), 5);
 }
 
 TYPED_TEST(FinalDirectOfSubjectsTest, HeadingsUntilTheFirstSubject) {
   auto& form = this->Form();
   form.ConfigurarRejillaInicial();
-  Lines headings;
-  std::vector<std::int32_t> widths;
-  for (int column = 0; column < form.rtvNotasAlumno.Cols(); ++column) {
-    headings.push_back(form.rtvNotasAlumno.TextMatrix(0, column));
-    widths.push_back(form.rtvNotasAlumno.ColWidth(column));
-  }
-  EXPECT_THAT(headings, ElementsAre("Materia", "Nota", "Concepto", "Procedimiento", "Actitud",
-                                    "Observacion", "Medidas Adoptadas", ""));
-  widths.pop_back();
-  EXPECT_THAT(widths, ElementsAre(2000, 1000, 2000, 2000, 2000, 2000, 2000));
+  EXPECT_THAT(Columns(form.rtvNotasAlumno),
+              ElementsAre("2000 Materia", "1000 Nota", "2000 Concepto", "2000 Procedimiento",
+                          "2000 Actitud", "2000 Observacion", "2000 Medidas Adoptadas",
+                          ::testing::EndsWith(" ")));
 }
 
-class FinalDirectByStudentTest : public FinalDirect<ByStudent> {};
+using FinalDirectByStudentTest = FinalDirect<ByStudent>;
 
 TEST_F(FinalDirectByStudentTest, RowThatMayNotBeEditedNeitherOffersNorTakes) {
   auto& form = Opened();
@@ -420,46 +331,15 @@ TEST_F(FinalDirectByStudentTest, RowThatMayNotBeEditedNeitherOffersNorTakes) {
   EXPECT_THAT(session_.Statements(), IsEmpty());
 }
 
-class FinalDirectBySubjectTest : public FinalDirect<BySubject> {};
-
-TEST_F(FinalDirectBySubjectTest, EditWritesTheStudentOfTheRowAlone) {
-  auto& form = Opened();
-  form.cboMaterias.ListIndex(1);
-  form.rtvNotasAlumno.BeginEdit(2, 1);
-  form.rtvNotasAlumno.EndEdit(1);
-  EXPECT_EQ(form.colAlumnos["1"]->colMateria["3111"]->Nota, 0);
-  EXPECT_EQ(form.colAlumnos["2"]->colMateria["3111"]->Nota, 100);
-}
-
-// What the list costs is issued by no other edit.
-TEST_F(FinalDirectBySubjectTest, LockedEntryAndMeasuresIssueNothing) {
-  auto& form = Opened();
-  form.ListaMaterias[0].CodAsociada = 1;
-  ExpectLocked(form);
-  Subject(form).Nota = 107;
-  EXPECT_EQ(Measures(form).size(), 3U);
-  EXPECT_THAT(session_.Statements(), IsEmpty());
-}
-
-TEST_F(FinalDirectBySubjectTest, SavingWritesEverySubjectOfEveryStudent) {
-  auto& form = Opened();
-  form.colAlumnos["2"]->colMateria["3111"]->Nota = 104;
-  form.cmdAceptar_Click();
-  const auto& role = kUnrestricted;
-  const auto saved = SaveFinalUngraded(role, 4, 4) + SaveFinalUngraded(role, 4, 1) +
-                     SaveFinalUngraded(role, 4, 2) + SaveFinalGraded(role, 4, 3, 104);
-  EXPECT_EQ(First(session_.Statements(), saved.size()), saved);
-}
-
-class FinalDirectSectionByStudentTest : public FinalDirect<SectionByStudent> {};
+using FinalDirectSectionByStudentTest = FinalDirect<SectionByStudent>;
 
 TEST_F(FinalDirectSectionByStudentTest, PromotionOfACourseReachesAMissingMember) {
   auto& form = Opened();
   form.bytPromocion = 1;
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboAlumnos_Click(); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboAlumnos_Click(); }), 438);
 }
 
-class FinalDirectSectionBySubjectTest : public FinalDirect<SectionBySubject> {};
+using FinalDirectSectionBySubjectTest = FinalDirect<SectionBySubject>;
 
 // The observation comes before the guards of the cells, so that it is rebuilt where nothing is
 // offered, but not while the grid is built.
@@ -487,7 +367,7 @@ TEST_F(FinalDirectSectionBySubjectTest, FrameIsHiddenAgainAndItsLabelStandsWhere
 TEST_F(FinalDirectSectionBySubjectTest, RebuiltObservationReachesAMissingMember) {
   auto& form = Opened();
   form.rtvNotasAlumno.BeginEdit(1, 1);
-  EXPECT_EQ(DirectSession::ErrorOf([&] { form.cboObservacion.ListIndex(1); }), 438);
+  EXPECT_EQ(this->ErrorOf([&] { form.cboObservacion.ListIndex(1); }), 438);
 }
 
 }  // namespace

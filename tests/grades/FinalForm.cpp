@@ -1,18 +1,10 @@
 #include "tests/grades/FinalForm.h"
 
 #include "tests/grades/FinalStatements.h"
-#include "tests/grades/OrdinaryStatements.h"
 
 namespace quorvane::test {
 namespace {
 
-constexpr const char* kStudents =
-    "Orden en Sección / Alumno|Nota||||Observación|Medidas Adoptadas|";
-constexpr const char* kStudentsConcept =
-    "Orden en Sección / Alumno||Nota|||Observación|Medidas Adoptadas|";
-constexpr const char* kTitleOfStudents = "Orden en Sección / Alumno";
-constexpr const char* kOfferedBySubject =
-    "[[\" \",0],[\"5\",105],[\"6\",106],[\"7\",107],[\"8\",108]]";
 constexpr const char* kJorge = "1   Abad Rey, Jorge=3";
 constexpr const char* kMarta = "2   Díaz Cano, Marta=1";
 const std::vector<int> kWidthsOfSubjects = {2000, 2000, 0, 0, 0, 2000, 0, 0, 0};
@@ -20,133 +12,108 @@ const std::vector<int> kWidthsOfStudents = {3000, 2000, 0, 0, 0, 2000, 0, 0};
 
 }  // namespace
 
-const FinalForm kFinalByStudent{
-    .name = "ByStudent",
-    .form = "frmNotaManualFinal",
-    .stepOne = "frmNotaManual1",
-    .node = 124,
-    .stepOneTraffic = StepOne,
-    .walksSubjects = false,
-    .combo = "cboAlumnos",
-    .observacion = "Observación del tutor",
-    .loading = "Cargando Datos",
-    .saving = "Guardando Datos",
-    .nothing = "No se han encontrado alumnos o materias para introducir notas",
-    .walked = {"1   Abad Rey, Jorge=3: 4", "2   Díaz Cano, Marta=1: 1 2",
-               "3   Ñúñez Sanz, Íñigo=2: 3"},
-    .withoutLengua = {kJorge, kMarta},
-    .failed = {"2   Díaz Cano, Marta=1: 2", "3   Ñúñez Sanz, Íñigo=2: 3"},
-    .toLengua = "elegir cboAlumnos =1\n",
-    .widths = kWidthsOfSubjects,
-    .title = "Asignatura",
-    .heading = "Materia|Nota||||Observación|Medidas Adoptadas||",
-    .headingWalked = "Materia|Nota||||Observación|Medidas Adoptadas||",
-    .headingConcept = "Materia||Nota|||Observación|Medidas Adoptadas||",
-    .rowTitle = "Francés (1º ESO)",
-    .rowKey = "0|4",
-    .offered = "[[\" \",0],[\"3\",103],[\"7\",107]]",
-    .pending = 4,
-    .otherPending = 3,
-    .student = 3,
-    .subjectKey = "4",
-    .lenguaKey = "1",
-    .takesTeachers = false,
-    .locked = {3113, 3111, 3112},
-    .lengua = {1, 3}};
+const FinalForm kFinalByStudent = {
+    {.name = "frmNotaManualFinal",
+     .stepOne = "frmNotaManual1",
+     .node = 124,
+     .stepOneTraffic = StepOne,
+     .evaluacion = 4,
+     .combo = "cboAlumnos",
+     .toLengua = "elegir cboAlumnos =1\n",
+     .loading = "Cargando Datos",
+     .saving = "Guardando Datos",
+     .nothing = "No se han encontrado alumnos o materias para introducir notas",
+     .nobodysLoad = [](const Role& role) { return FinalFormLoad(role, 4); },
+     .widths = kWidthsOfSubjects},
+    {.observacion = "Observación del tutor",
+     .walked = {"1   Abad Rey, Jorge=3: 4", "2   Díaz Cano, Marta=1: 1 2",
+                "3   Ñúñez Sanz, Íñigo=2: 3"},
+     .withoutLengua = {kJorge, kMarta},
+     .failed = {"2   Díaz Cano, Marta=1: 2", "3   Ñúñez Sanz, Íñigo=2: 3"},
+     .ungraded = {"2   Díaz Cano, Marta=1: 2"},
+     .title = "Asignatura",
+     .heading = "Materia|Nota||||Observación|Medidas Adoptadas||",
+     .headingConcept = "Materia||Nota|||Observación|Medidas Adoptadas||",
+     .rowTitle = "Francés (1º ESO)",
+     .rowKey = "0|4",
+     .offered = "[[\" \",0],[\"3\",103],[\"7\",107]]",
+     .subjectKey = "4",
+     .lenguaKey = "1",
+     .takesTeachers = false}};
 
-const FinalForm kFinalBySubject{
-    .name = "BySubject",
-    .form = "frmNotaMateriaFinal",
-    .stepOne = "frmNotaMateria1",
-    .node = 125,
-    .stepOneTraffic = StepOneBySubject,
-    .walksSubjects = true,
-    .combo = "cboMaterias",
-    .observacion = "Observación del tutor al alumno ",
-    .nothing = "No existen alumno o materias para poner notas",
-    .walked = {"Francés (1º ESO)=1: 3", "Lengua (1º ESO)=2: 1 2", "Matemáticas (1º ESO)=3: 1"},
-    .withoutLengua = {"Francés (1º ESO)=1", "Matemáticas (1º ESO)=2"},
-    .failed = {"Matemáticas (1º ESO)=1: 1", "Lengua (1º ESO)=2: 2"},
-    .toLengua = "elegir cboMaterias #1\n",
-    .widths = kWidthsOfStudents,
-    .title = kTitleOfStudents,
-    .heading = kStudents,
-    .headingWalked = kStudents,
-    .headingConcept = kStudentsConcept,
-    .rowTitle = "1   Abad Rey, Jorge",
-    .rowKey = "3",
-    .offered = kOfferedBySubject,
-    .pending = 4,
-    .otherPending = 3,
-    .student = 3,
-    .subjectKey = "3113",
-    .locked = {3113, 3111, 3112},
-    .lengua = {1, 3}};
+const FinalForm kFinalBySubject = {
+    {.name = "frmNotaMateriaFinal",
+     .stepOne = "frmNotaMateria1",
+     .node = 125,
+     .stepOneTraffic = StepOneBySubject,
+     .evaluacion = 4,
+     .combo = "cboMaterias",
+     .toLengua = "elegir cboMaterias #1\n",
+     .nothing = "No existen alumno o materias para poner notas",
+     .nobodysLoad = [](const Role& role) { return FinalFormLoad(role, 4) + Lines{FinalCourse()}; },
+     .widths = kWidthsOfStudents},
+    {.walked = {"Francés (1º ESO)=1: 3", "Lengua (1º ESO)=2: 1 2", "Matemáticas (1º ESO)=3: 1"},
+     .withoutLengua = {"Francés (1º ESO)=1", "Matemáticas (1º ESO)=2"},
+     .failed = {"Matemáticas (1º ESO)=1: 1", "Lengua (1º ESO)=2: 2"},
+     .ungraded = {"Matemáticas (1º ESO)=1: 1"},
+     .rowTitle = "1   Abad Rey, Jorge",
+     .rowKey = "3",
+     .subjectKey = "3113"}};
 
-const FinalForm kFinalSectionByStudent{
-    .name = "SectionByStudent",
-    .form = "frmNotaSeccionAlumnoFinal",
-    .stepOne = "frmNotaSeccionAlumno1",
-    .node = 127,
-    .choice = "elegir cboMateria =3111\n",
-    .stepOneTraffic = StepOneFinalOfSubject,
-    .walksSubjects = false,
-    .combo = "cboAlumnos",
-    .observacion = "Observación del tutor",
-    .nothing = "No existen materias o alumnos para poner notas",
-    .walked = {"2   Díaz Cano, Marta=1: 3111", "3   Ñúñez Sanz, Íñigo=2: 3111"},
-    .withoutLengua = {},
-    .failed = {"3   Ñúñez Sanz, Íñigo=2: 3111"},
-    .toLengua = "elegir cboAlumnos =1\n",
-    .widths = kWidthsOfSubjects,
-    .title = "Asignatura",
-    // The kinds of grade name the columns on the first load alone.
-    .heading = "Materia|Nota|Concepto|Procedimiento|Actitud|Observación|Medidas Adoptadas||",
-    .headingWalked = "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion|Medidas Adoptadas||",
-    .headingConcept = "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion|Medidas Adoptadas||",
-    .rowTitle = "Lengua (1º ESO)",
-    .rowKey = "0|3111",
-    .offered = "[[\" \",0],[\"5\",105],[\"6\",106],[\"7\",107]]",
-    .pending = 1,
-    .otherPending = 3,
-    .student = 1,
-    .locked = {3111},
-    .lengua = {1, 3}};
+const FinalForm kFinalSectionByStudent = {
+    {.name = "frmNotaSeccionAlumnoFinal",
+     .stepOne = "frmNotaSeccionAlumno1",
+     .node = 127,
+     .choice = "elegir cboMateria =3111\n",
+     .stepOneTraffic = StepOneFinalOfSubject,
+     .evaluacion = 4,
+     .combo = "cboAlumnos",
+     .entries = 2,
+     .toLengua = "elegir cboAlumnos =1\n",
+     .nothing = "No existen materias o alumnos para poner notas",
+     .nobodysLoad = [](const Role& role) { return FinalFormLoad(role, 4); },
+     .widths = kWidthsOfSubjects},
+    {.observacion = "Observación del tutor",
+     .walked = {"2   Díaz Cano, Marta=1: 3111", "3   Ñúñez Sanz, Íñigo=2: 3111"},
+     .failed = {"3   Ñúñez Sanz, Íñigo=2: 3111"},
+     .title = "Asignatura",
+     // The kinds of grade name the columns on the first load alone.
+     .heading = "Materia|Nota|Concepto|Procedimiento|Actitud|Observación|Medidas Adoptadas||",
+     .headingWalked = "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion|Medidas Adoptadas||",
+     .headingConcept =
+         "Materia|Nota|Concepto|Procedimiento|Actitud|Observacion|Medidas Adoptadas||",
+     .rowTitle = "Lengua (1º ESO)",
+     .rowKey = "0|3111",
+     .offered = "[[\" \",0],[\"5\",105],[\"6\",106],[\"7\",107]]",
+     .pending = 1,
+     .student = 1,
+     .locked = {3111}}};
 
-const FinalForm kFinalSectionBySubject{
-    .name = "SectionBySubject",
-    .form = "frmNotaSeccionMateriaFinal",
-    .stepOne = "frmNotaSeccionMateria1",
-    .node = 126,
-    .choice = "elegir cboAlumno =1\n",
-    .stepOneTraffic = StepOneSectionBySubject,
-    .walksSubjects = true,
-    .combo = "cboMaterias",
-    .observacion = "Observación del tutor al alumno ",
-    .nothing = "No existen alumnos o materias para introducir notas",
-    .walked = {"Lengua (1º ESO)=1: 1", "Matemáticas (1º ESO)=2: 1"},
-    .withoutLengua = {"Matemáticas (1º ESO)=1"},
-    .failed = {"Matemáticas (1º ESO)=1: 1"},
-    .toLengua = "elegir cboMaterias #0\n",
-    .widths = kWidthsOfStudents,
-    .title = kTitleOfStudents,
-    .heading = kStudents,
-    .headingWalked = kStudents,
-    .headingConcept = kStudentsConcept,
-    .rowTitle = "2   Díaz Cano, Marta",
-    .rowKey = "1",
-    .offered = kOfferedBySubject,
-    .pending = 1,
-    .otherPending = 2,
-    .student = 1,
-    .locked = {3111, 3112},
-    .lengua = {1}};
-
-const std::string kOwnPublication =
-    "informacion \"Zendria Escuela\" \"En la sección y evaluación seleccionadas se están "
-    "introduciendo notas. No puede acceder a estos datos.\"";
-
-void PrintTo(const FinalForm& form, std::ostream* out) { *out << form.name; }
+const FinalForm kFinalSectionBySubject = {
+    {.name = "frmNotaSeccionMateriaFinal",
+     .stepOne = "frmNotaSeccionMateria1",
+     .node = 126,
+     .choice = "elegir cboAlumno =1\n",
+     .stepOneTraffic = StepOneSectionBySubject,
+     .evaluacion = 4,
+     .combo = "cboMaterias",
+     .entries = 2,
+     .toLengua = "elegir cboMaterias #0\n",
+     .nothing = "No existen alumnos o materias para introducir notas",
+     .nobodysLoad =
+         [](const Role& role) { return FinalFormLoadOf(role, 4, 1) + Lines{FinalCourse()}; },
+     .widths = kWidthsOfStudents},
+    {.walked = {"Lengua (1º ESO)=1: 1", "Matemáticas (1º ESO)=2: 1"},
+     .withoutLengua = {"Matemáticas (1º ESO)=1"},
+     .failed = {"Matemáticas (1º ESO)=1: 1"},
+     .ungraded = {"Matemáticas (1º ESO)=1: 1"},
+     .rowTitle = "2   Díaz Cano, Marta",
+     .rowKey = "1",
+     .pending = 1,
+     .otherPending = 2,
+     .student = 1,
+     .locked = {3111, 3112},
+     .lengua = {1}}};
 
 std::vector<FinalForm> FinalForms() {
   return {kFinalByStudent, kFinalBySubject, kFinalSectionByStudent, kFinalSectionBySubject};
@@ -154,31 +121,14 @@ std::vector<FinalForm> FinalForms() {
 
 std::vector<FinalForm> FinalFormsBySubject() { return {kFinalBySubject, kFinalSectionBySubject}; }
 
-std::string FinalForm::Open(int evaluacion, const std::string& before) const {
-  return "nodo " + std::to_string(node) +
-         "\nelegir cboCursos =32\nelegir cboSecciones =321\nelegir cboEvaluaciones =" +
-         std::to_string(evaluacion) + "\n" + choice + before + "pulsar cmdNotaManual1(0)\n";
-}
-
 Lines FinalForm::Entries() const {
-  Lines entries;
-  for (const auto& line : walked) entries.push_back(line.substr(0, line.find(':')));
-  return entries;
-}
-
-FinalForm FinalForm::On(int matDet) const {
-  auto other = *this;
-  if (choice.starts_with("elegir cboMateria "))
-    other.choice = "elegir cboMateria =" + std::to_string(matDet) + "\n";
-  return other;
+  Lines told;
+  for (const auto& line : walked) told.push_back(line.substr(0, line.find(':')));
+  return told;
 }
 
 std::string FinalForm::Row(const std::string& cells) const {
   return std::string(rowTitle) + "|" + cells + "|" + rowKey;
-}
-
-std::string FinalForm::NothingMessage() const {
-  return std::string("informacion \"Zendria Escuela\" \"") + nothing + "\"";
 }
 
 ScriptResult FinalTest::Play(const std::string& gestures, const Role& role, int evaluacion) const {

@@ -1,66 +1,51 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <ostream>
 #include <string>
 #include <vector>
 
-#include "tests/grades/FinalSchool.h"
-#include "tests/grades/Statements.h"
-#include "tests/support/FormView.h"
+#include "tests/grades/GradeForm.h"
+#include "tests/grades/GradeSchool.h"
 
 namespace quorvane::test {
 
-/// One of the four final dialogs, with what tells it from the others where all do the same. Those
-/// of a section are narrowed on subject 3111 or on student 1. "The row" is row 1 of the first entry
-/// that a tutor gets in evaluation 4.
-struct FinalForm {
-  const char* name;  ///< in the names of the tests
-  const char* form;
-  const char* stepOne;
-  int node;
-  std::string choice = "";  ///< the gesture of step one behind that of the evaluation
-  Lines (*stepOneTraffic)(const Role& role, int evaluacion);
-  bool walksSubjects;  ///< its rows are students; it asks the course for measures and promotion
-  const char* combo;   ///< what it walks
-  const char* observacion;  ///< the caption of the tutor's observation
-  const char* loading = "Cargando... Espere por favor";
-  const char* saving = "Grabando... Espere por favor";
-  const char* nothing;   ///< to grade
-  Lines walked;          ///< the entries of the combo with what each shows: "entry: keys of rows"
-  Lines withoutLengua;   ///< the entries when subject 3111 isn't offered
-  Lines failed;          ///< what the second final evaluation walks
-  const char* toLengua;  ///< the gesture that shows student 1 and subject 3111 in row 1
-  std::vector<int> widths;
-  const char* title;  ///< of the first column, where the kind of subject is named "Asignatura"
-  const char* heading;
-  const char* headingWalked;   ///< from the second entry on
-  const char* headingConcept;  ///< the same without a main grade
+/// What tells one of the four final dialogs from the others besides. "The row" is row 1 of the
+/// first entry that a tutor gets in evaluation 4.
+struct FinalTexts {
+  const char* observacion = "Observación del tutor al alumno ";  ///< the caption
+  Lines walked;  ///< the entries of the combo with what each shows: "entry: keys of rows"
+  Lines withoutLengua = {};  ///< the entries when subject 3111 isn't offered
+  Lines failed;              ///< what the second final evaluation walks
+  Lines ungraded = {};       ///< of it, where the first has failed pending 2 alone
+  /// Of the first column, where the kind of subject is named "Asignatura".
+  const char* title = "Orden en Sección / Alumno";
+  const char* heading = "Orden en Sección / Alumno|Nota||||Observación|Medidas Adoptadas|";
+  const char* headingWalked = heading;  ///< from the second entry on
+  /// The same without a main grade.
+  const char* headingConcept = "Orden en Sección / Alumno||Nota|||Observación|Medidas Adoptadas|";
   const char* rowTitle;
   const char* rowKey;
-  const char* offered;              ///< for subject 3111, of grades of several scopes
-  int pending;                      ///< of the row
-  int otherPending;                 ///< another that is saved along with it
-  int student;                      ///< of the row
+  /// For subject 3111, of grades of several scopes.
+  const char* offered = "[[\" \",0],[\"5\",105],[\"6\",106],[\"7\",107],[\"8\",108]]";
+  int pending = 4;                  ///< of the row
+  int otherPending = 3;             ///< another that is saved along with it
+  int student = 3;                  ///< of the row
   const char* subjectKey = "3111";  ///< of the row's subject among those of its student
   const char* lenguaKey = "3111";   ///< of subject 3111 among those of student 1
   bool takesTeachers = true;        ///< of the subjects, for the lists
-  std::vector<int> locked;          ///< the subjects, as they are loaded
-  std::vector<int> lengua;          ///< the pending rows of subject 3111 that are loaded
-
-  /// Opens step one, chooses, makes the gestures `before` and goes on.
-  [[nodiscard]] std::string Open(int evaluacion = 4, const std::string& before = "") const;
-  /// The entries of the combo.
-  [[nodiscard]] Lines Entries() const;
-  /// That dialog on another subject, where step one chooses one.
-  [[nodiscard]] FinalForm On(int matDet) const;
-  /// The row with the cells of grade to measure, "nota|concepto|procedimiento|actitud|obs|medida".
-  [[nodiscard]] std::string Row(const std::string& cells = "||||| ") const;
-  /// `nothing` as a script prints it.
-  [[nodiscard]] std::string NothingMessage() const;
+  std::vector<int> locked = {3113, 3111, 3112};  ///< the subjects, as they are loaded
+  std::vector<int> lengua = {1, 3};  ///< the pending rows of subject 3111 that are loaded
 };
 
-void PrintTo(const FinalForm& form, std::ostream* out);
+/// Those that walk subjects ask the course for measures and promotion.
+struct FinalForm : GradeForm, FinalTexts {
+  using School = FinalSchool;
+
+  /// The entries of the combo.
+  [[nodiscard]] Lines Entries() const;
+  /// The row with the cells of grade to measure, "nota|concepto|procedimiento|actitud|obs|medida".
+  [[nodiscard]] std::string Row(const std::string& cells = "||||| ") const;
+};
 
 extern const FinalForm kFinalByStudent;
 extern const FinalForm kFinalBySubject;
@@ -71,14 +56,6 @@ extern const FinalForm kFinalSectionBySubject;
 std::vector<FinalForm> FinalForms();
 /// Those that walk subjects.
 std::vector<FinalForm> FinalFormsBySubject();
-
-/// For the names of tests over the forms.
-inline std::string NameOf(const ::testing::TestParamInfo<FinalForm>& info) {
-  return info.param.name;
-}
-
-/// The refusal of an own publication, as a script prints it.
-extern const std::string kOwnPublication;
 
 /// A final dialog on its school, by the gestures of a user.
 class FinalTest : public ::testing::Test {

@@ -79,11 +79,11 @@ TEST_P(FinalGridTest, LoadedMeasuresAreSpelledWithoutTheAccent) {
 TEST_P(FinalGridTest, MeasuresAreSeenWhereTheFormAsksTheCourseAndItHasThem) {
   school_.Sql("UPDATE Curso SET RE_AC=-1, Promocion=1");
   for (const auto* const gestures : {"", kWalk, "lista rtvNotasAlumno 1 6\n"})
-    EXPECT_EQ(Widths(gestures), form_.walksSubjects ? With(6, 2000) : form_.widths);
+    EXPECT_EQ(Widths(gestures), form_.WalksSubjects() ? With(6, 2000) : form_.widths);
 }
 
 TEST_P(FinalGridTest, MeasuresThatAreNotSeenCannotBeEdited) {
-  if (!form_.walksSubjects) school_.Sql("UPDATE Curso SET RE_AC=-1");
+  if (!form_.WalksSubjects()) school_.Sql("UPDATE Curso SET RE_AC=-1");
   EXPECT_THAT(Play("lista rtvNotasAlumno 1 6\n").Of("rechazo"),
               ElementsAre(HasSubstr("la columna 6 no se ve")));
 }
@@ -139,18 +139,6 @@ TEST_P(FinalGridTest, GradeIsTakenAwayWithTheBlankAndWithoutAnEntry) {
               form_.Row());
 }
 
-TEST_P(FinalGridTest, ArrowKeysWalkAndNothingHappensAtTheEnds) {
-  const auto index = [this](const std::string& gestures) {
-    return Shown(gestures).Index(form_.combo);
-  };
-  const auto last = static_cast<int>(form_.walked.size()) - 1;
-  EXPECT_EQ(index("tecla 40\n"), 1);
-  EXPECT_EQ(index("tecla 40\ntecla 40\ntecla 40\npulsar cmdSiguiente\n"), last);
-  EXPECT_EQ(index("tecla 40\ntecla 38\n"), 0);
-  EXPECT_EQ(index("pulsar cmdAnterior\ntecla 38\npulsar cmdAnterior\n"), 0);
-  EXPECT_EQ(index("tecla 37\n"), 0);
-}
-
 // "Trabaja" with twelve blanks, 120 twips a character; then "10" with them.
 TEST_P(FinalGridTest, WidthFollowsTheLongestGradeWhileItIsEdited) {
   const auto result = PlayBehind("marcar chkMostrar 1\n",
@@ -176,7 +164,7 @@ TEST_P(FinalGridTest, NothingCanBePickedInTheObservationOrThePromotion) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, FinalGridTest, ::testing::ValuesIn(FinalForms()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Forms, FinalGridTest, ::testing::ValuesIn(FinalForms()), kNameOfForm);
 
 /// The forms by subject, for a course with measures.
 class FinalGridMeasuresTest : public FinalGridTest {
@@ -235,7 +223,7 @@ TEST_P(FinalGridMeasuresTest, GradeTypeOnThemShowsThemWhateverTheCourseSays) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Forms, FinalGridMeasuresTest, ::testing::ValuesIn(FinalFormsBySubject()),
-                         NameOf);
+                         kNameOfForm);
 
 using FinalGridByStudentTest = OneFinalTest<kFinalByStudent>;
 

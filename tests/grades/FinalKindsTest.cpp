@@ -14,10 +14,11 @@ namespace {
 using ::testing::_;
 
 /// The row's student owes subject 3116, pending row 6, of that kind, graded 402 in evaluation 4.
+template <const FinalForm& kForm>
 class FinalKindsTest : public FinalTest, public ::testing::WithParamInterface<int> {
  protected:
-  explicit FinalKindsTest(const FinalForm& form) : FinalTest(form.On(3116)) {
-    school_.Evalua(school_.Pendiente(form.student, 3116, 3), 4, 402);
+  FinalKindsTest() : FinalTest(On(kForm, 3116)) {
+    school_.Evalua(school_.Pendiente(kForm.student, 3116, 3), 4, 402);
     school_.Sql("UPDATE TipoMateria SET CodEspecificarTipoMateria=" + std::to_string(GetParam()) +
                 " WHERE IDTipoMateria=40");
   }
@@ -35,10 +36,7 @@ std::string KindName(const ::testing::TestParamInfo<int>& kind) {
   return "Kind" + std::to_string(kind.param);
 }
 
-class FinalKindsByStudentTest : public FinalKindsTest {
- protected:
-  FinalKindsByStudentTest() : FinalKindsTest(kFinalByStudent) {}
-};
+using FinalKindsByStudentTest = FinalKindsTest<kFinalByStudent>;
 
 // The statement names a column that isn't there.
 TEST_P(FinalKindsByStudentTest, EndTheLoadInTheDatabasesError) {
@@ -61,10 +59,7 @@ TEST_P(FinalKindsByStudentTest, AskTheFirstFinalUnlessItIsAWorkPlacement) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsByStudentTest, ::testing::Values(4, 2), KindName);
 
-class FinalKindsBySubjectTest : public FinalKindsTest {
- protected:
-  FinalKindsBySubjectTest() : FinalKindsTest(kFinalBySubject) {}
-};
+using FinalKindsBySubjectTest = FinalKindsTest<kFinalBySubject>;
 
 // The row has no such field: the load ends there, with nothing published.
 TEST_P(FinalKindsBySubjectTest, EndTheLoadWithAnUnknownField) {
@@ -101,23 +96,19 @@ INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsBySubjectTest, ::testing::Values(4, 2)
 
 /// The forms of a section, whose statement names a column that is there. Their measure isn't read,
 /// and so not kept.
-class FinalKindsSectionTest : public FinalKindsTest {
+template <const FinalForm& kForm>
+class FinalKindsSectionTest : public FinalKindsTest<kForm> {
  protected:
-  explicit FinalKindsSectionTest(const FinalForm& form) : FinalKindsTest(form) {
-    Set(6, "RE_AC_DIV=2");
-  }
+  FinalKindsSectionTest() { this->Set(6, "RE_AC_DIV=2"); }
 
   void ExpectLoaded(const ScriptResult& result) const {
-    EXPECT_THAT(Load(Traffic(result), 6),
+    EXPECT_THAT(this->Load(Traffic(result), 6),
                 ElementsAreArray(Lines{KindOf(3116)} + FinalNames(3116, 6) +
                                  Lines{OtherKindOfSection(4, 6), Passes(402)}));
   }
 };
 
-class FinalKindsSectionByStudentTest : public FinalKindsSectionTest {
- protected:
-  FinalKindsSectionByStudentTest() : FinalKindsSectionTest(kFinalSectionByStudent) {}
-};
+using FinalKindsSectionByStudentTest = FinalKindsSectionTest<kFinalSectionByStudent>;
 
 TEST_P(FinalKindsSectionByStudentTest, AreLoadedWithAListOfTheirOwnAndSaved) {
   const auto result = Play(
@@ -139,10 +130,7 @@ TEST_P(FinalKindsSectionByStudentTest, AreKeptInTheSecondFinal) {
 // Its step one offers no other kind.
 INSTANTIATE_TEST_SUITE_P(Kinds, FinalKindsSectionByStudentTest, ::testing::Values(4), KindName);
 
-class FinalKindsSectionBySubjectTest : public FinalKindsSectionTest {
- protected:
-  FinalKindsSectionBySubjectTest() : FinalKindsSectionTest(kFinalSectionBySubject) {}
-};
+using FinalKindsSectionBySubjectTest = FinalKindsSectionTest<kFinalSectionBySubject>;
 
 TEST_P(FinalKindsSectionBySubjectTest, AreLoadedWithAListOfTheirOwnAndSaved) {
   const auto result =

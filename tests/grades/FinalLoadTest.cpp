@@ -1,10 +1,8 @@
-#include <algorithm>
 #include <string>
 #include <tuple>
 
 #include "tests/grades/FinalForm.h"
 #include "tests/grades/FinalStatements.h"
-#include "tests/grades/OrdinaryStatements.h"
 #include "tests/support/Matchers.h"
 
 // What the final dialogs hold when they have opened, and what opening them does.
@@ -16,38 +14,18 @@ class FinalLoadTest : public FinalFormTest {
  protected:
   /// The message that there is nothing to grade, and step one again, with nothing written.
   void ExpectNothing(const ScriptResult& result) const {
-    EXPECT_THAT(result.Of("mensaje"), ElementsAre(form_.NothingMessage()));
+    EXPECT_THAT(result.Of("mensaje"), ElementsAre(form_.NothingToGrade()));
     EXPECT_EQ(result.Of("pitido").size(), 1U);
     EXPECT_EQ(FormView(result).Form(), form_.stepOne);
     EXPECT_THAT(Traffic(result), Not(Contains(HasSubstr("INSERT"))));
-    EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("0"));
+    EXPECT_THAT(school_.Rows("SELECT * FROM PublicacionPte"), IsEmpty());
   }
-
-  void Publish(int user) const {
-    school_.DropPublications();
-    school_.Sql(
-        "INSERT INTO PublicacionPte (IDPublicacionPte, CodPropietario, CodSeccion, "
-        "CodNumEvaluacion) VALUES (7," +
-        std::to_string(user) + ",321,4)");
-  }
-
-  Lines OfForm(const Lines& lines) const { return form_.walksSubjects ? lines : Lines{}; }
 };
 
 TEST_P(FinalLoadTest, DialogHasItsCaptions) {
   const auto form = Shown();
-  EXPECT_EQ(form.Form(), form_.form);
-  EXPECT_EQ(form.Title(), "Introducción de notas. Paso 2 de 2");
-  EXPECT_EQ(form.Text("fraNota"), "Notas del Alumno:");
   EXPECT_EQ(form.Text("chkPromocion"), "Promoción");
-  EXPECT_EQ(form.Text("cmdAceptar"), "Aceptar");
-  EXPECT_EQ(form.Text("cmdCancelar"), "Cancelar");
   EXPECT_EQ(form.Text("lblNotaManual(1)"), form_.observacion);
-  EXPECT_EQ(form.Text("fraAniCarga"), form_.loading);
-  EXPECT_FALSE(form.Visible("fraAniCarga"));
-  for (const auto* const control :
-       {form_.combo, "cmdAceptar", "cmdCancelar", "cmdAnterior", "cmdSiguiente", "rtvNotasAlumno"})
-    EXPECT_TRUE(form.Enabled(control) && form.Visible(control)) << control;
 }
 
 TEST_P(FinalLoadTest, ShowsWhatThereIsToGrade) {
@@ -55,15 +33,6 @@ TEST_P(FinalLoadTest, ShowsWhatThereIsToGrade) {
   const auto form = Shown();
   EXPECT_EQ(form.Index(form_.combo), 0);
   EXPECT_EQ(form.Cells("rtvNotasAlumno").at(1), form_.Row());
-}
-
-TEST_P(FinalLoadTest, LocksHoldEachSubjectOnceHoweverManyStudentsCarryIt) {
-  static_cast<void>(Play(""));
-  auto locked = form_.locked;
-  std::sort(locked.begin(), locked.end());
-  Lines rows;
-  for (const auto matDet : locked) rows.push_back(std::to_string(matDet));
-  EXPECT_EQ(school_.Rows("SELECT CodMatDet FROM BloqueoPte ORDER BY 1"), rows);
 }
 
 TEST_P(FinalLoadTest, SubjectThatSomebodyIsGradingStaysOut) {
@@ -75,34 +44,10 @@ TEST_P(FinalLoadTest, SubjectThatSomebodyIsGradingStaysOut) {
     EXPECT_EQ(FormView(result).Entries(form_.combo), form_.withoutLengua);
 }
 
-TEST_P(FinalLoadTest, WithoutASubjectItEndsInTheMessageAndInStepOne) {
-  ExpectNothing(PlayBehind("sql \"DELETE FROM EvaluacionActaPte\"\n", "ver\n"));
-}
-
 // A tutor who chose while his profile was the unrestricted one: there is something to grade, but
 // nobody of the staff to grade it.
 TEST_P(FinalLoadTest, SubjectsWithoutAPersonEndInTheMessageToo) {
   ExpectNothing(PlayBehind("sesion usuario=2 perfil=1\n", "ver\n", kUnrestricted));
-}
-
-// The course has been asked by then.
-TEST_P(FinalLoadTest, OwnPublicationIsRefusedOnceAndStepOneComesBack) {
-  Publish(2);
-  const auto result = RunScript(school_, form_.Open() + "ver\n", SessionOf(kTutor));
-  EXPECT_THAT(result.Of("mensaje"), ElementsAre(kOwnPublication));
-  EXPECT_EQ(result.Of("pitido").size(), 1U);
-  EXPECT_EQ(FormView(result).Form(), form_.stepOne);
-  EXPECT_THAT(Traffic(result), ElementsAreArray(form_.stepOneTraffic(kTutor, 4) +
-                                                Lines{FinalFormLoad(kTutor, 4).front()} +
-                                                OfForm({FinalCourse()}) + Leave(kTutor, 0)));
-  EXPECT_THAT(school_.Rows("SELECT IDPublicacionPte FROM PublicacionPte"), ElementsAre("7"));
-}
-
-TEST_P(FinalLoadTest, PublicationOfAnotherUserIsNoObstacle) {
-  Publish(3);
-  const auto result = RunScript(school_, form_.Open(), SessionOf(kTutor));
-  EXPECT_THAT(result.Of("mensaje"), IsEmpty());
-  EXPECT_THAT(Traffic(result), Contains(Sql("INSERT INTO Publicacionpte  VALUES (8,1,2,4,4)")));
 }
 
 TEST_P(FinalLoadTest, SubjectWithoutDetailsLosesItsRowsAlsoWhenTheDialogIsCancelled) {
@@ -122,18 +67,9 @@ TEST_P(FinalLoadTest, SubjectWithoutDetailsLosesItsRowsAlsoWhenTheDialogIsCancel
   EXPECT_EQ(school_.Rows("SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet ORDER BY 1"), left);
   EXPECT_EQ(school_.Numero("SELECT COUNT(*) FROM EvaluacionPte"),
             2 - static_cast<int>(form_.lengua.size()));
-  EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM PublicacionPte"), ElementsAre("0"));
-  EXPECT_THAT(school_.Rows("SELECT COUNT(*) FROM BloqueoPte"), ElementsAre("0"));
+  EXPECT_EQ(school_.Held(), "0|0");
   if (form_.withoutLengua.empty()) return;
   EXPECT_EQ(FormView(result).Entries(form_.combo), form_.withoutLengua);
-}
-
-TEST_P(FinalLoadTest, SubjectOfTheTutorsKindIsPassedOver) {
-  school_.Evalua(school_.Pendiente(form_.student, 3115, 3), 4);
-  const auto form = Shown();
-  EXPECT_EQ(form.Entries(form_.combo), form_.Entries());
-  EXPECT_THAT(form.Cells("rtvNotasAlumno"), ElementsAre(form_.heading, form_.Row()));
-  EXPECT_THAT(school_.Rows("SELECT CodMatDet FROM BloqueoPte"), Not(Contains("3115")));
 }
 
 TEST_P(FinalLoadTest, SecondFinalLeavesOutWhatTheFirstPassed) {
@@ -142,6 +78,16 @@ TEST_P(FinalLoadTest, SecondFinalLeavesOutWhatTheFirstPassed) {
   GradeFirst(3, 100);
   GradeFirst(4, 110);
   EXPECT_EQ(Walked(5), form_.failed);
+}
+
+// The subject is out either way; the student stays by another subject of his.
+TEST_P(FinalLoadTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
+  GradeFirst(2, 104);
+  GradeFirst(3, 999);
+  if (form_.ungraded.empty())
+    EXPECT_THAT(Play("", kTutor, 5).Of("rechazo"), Contains(HasSubstr("elegir cboMateria =3111")));
+  else
+    EXPECT_EQ(Walked(5), form_.ungraded);
 }
 
 TEST_P(FinalLoadTest, SecondFinalWithNothingLeftEndsInTheMessage) {
@@ -186,23 +132,9 @@ TEST_P(FinalLoadTest, GradeThatIsGoneIsLoadedAndShownAsNothing) {
   EXPECT_EQ(FormView(result).Cells("rtvNotasAlumno").at(1), form_.Row());
 }
 
-TEST_P(FinalLoadTest, ClosedYearCanBeReadAndNotSaved) {
-  auto options = SessionOf(kTutor);
-  options.activa = false;
-  const auto result = RunScript(school_,
-                                form_.Open() + "ver\nelegir " + form_.combo +
-                                    " #1\npulsar cmdSiguiente\npulsar cmdAceptar\n"
-                                    "pulsar cmdCancelar\n",
-                                options);
-  EXPECT_FALSE(FormView(result).Enabled("cmdAceptar"));
-  EXPECT_TRUE(FormView(result).Enabled(form_.combo));
-  EXPECT_THAT(result.Of("rechazo"), ElementsAre(HasSubstr("pulsar cmdAceptar")));
-  EXPECT_THAT(Traffic(result), Not(Contains(HasSubstr("UPDATE"))));
-}
-
 TEST_P(FinalLoadTest, CourseThatIsGoneEndsTheLoadThatAsksIt) {
   const auto result = PlayBehind("sql \"DELETE FROM Curso WHERE IDCurso=32\"\n", "");
-  if (!form_.walksSubjects) {
+  if (!form_.WalksSubjects()) {
     EXPECT_THAT(result.Of("error"), IsEmpty());
     return;
   }
@@ -210,7 +142,7 @@ TEST_P(FinalLoadTest, CourseThatIsGoneEndsTheLoadThatAsksIt) {
   EXPECT_EQ(Traffic(result).back(), FinalCourse());
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, FinalLoadTest, ::testing::ValuesIn(FinalForms()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Forms, FinalLoadTest, ::testing::ValuesIn(FinalForms()), kNameOfForm);
 
 /// A course's code of promotion and the caption that nobody sees.
 struct Promotion {
@@ -282,13 +214,6 @@ TEST_F(FinalLoadByStudentTest, StudentsAndSubjectsByTheirOrderWithTheirCourse) {
                           "Matemáticas (1º ESO)|||||| |0|2"));
 }
 
-// The subject is out either way; the student stays by another subject of his.
-TEST_F(FinalLoadByStudentTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
-  GradeFirst(2, 104);
-  GradeFirst(3, 999);
-  EXPECT_THAT(Walked(5), ElementsAre("2   Díaz Cano, Marta=1: 2"));
-}
-
 using FinalLoadBySubjectTest = OneFinalTest<kFinalBySubject>;
 
 TEST_F(FinalLoadBySubjectTest, RowsAreTheStudentsOfTheSubjectByTheirOrder) {
@@ -327,16 +252,10 @@ TEST_F(FinalLoadBySubjectTest, ObservationIsNeverFilledAndItsCaptionWaitsForAStu
   EXPECT_EQ(Shown().Text("lblNotaManual(1)"), " al alumno ");
 }
 
-TEST_F(FinalLoadBySubjectTest, SecondFinalLeavesOutWhatHasNoGradeOrOneThatIsGone) {
-  GradeFirst(2, 104);
-  GradeFirst(3, 999);
-  EXPECT_THAT(Entries(kTutor, 5), ElementsAre("Matemáticas (1º ESO)=1"));
-}
-
 using FinalLoadSectionByStudentTest = OneFinalTest<kFinalSectionByStudent>;
 
 TEST_F(FinalLoadSectionByStudentTest, TeacherAlsoGetsSubjectsOtherThanTheChosenOneAndSavesThem) {
-  form_ = form_.On(3113);
+  form_ = On(form_, 3113);
   Set(2, "CodNota=104");
   const auto result = Play("pulsar cmdSiguiente\nver\npulsar cmdAceptar\n", kTeacher);
   EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"),
@@ -403,17 +322,6 @@ TEST_F(FinalLoadSectionBySubjectTest, TeacherHasNoObservationRebuilt) {
 TEST_F(FinalLoadSectionBySubjectTest, WithoutAKindOfObservationNothingIsRebuilt) {
   school_.Sql("UPDATE TipoNota SET Abreviatura=0 WHERE IDTipoNota=51");
   ExpectUntouchedObservation(Shown("lista rtvNotasAlumno 1 1\n"));
-}
-
-// What the start of an edit costs: a statement for the kinds of grade, one for each, the list of
-// the observation, the list of the cell; the last alone for a plain teacher.
-TEST_F(FinalLoadSectionBySubjectTest, EditCostsATutorTheObservation) {
-  const auto cost = [this](const Role& role) {
-    return Traffic(Play("lista rtvNotasAlumno 1 1\n", role).After("lista rtvNotasAlumno 1 1"))
-        .size();
-  };
-  EXPECT_EQ(cost(kTutor), 1U + 3U + 1U + 1U);
-  EXPECT_EQ(cost(kTeacher), 1U);
 }
 
 TEST_F(FinalLoadSectionBySubjectTest, ExceptionalGradesAreOfferedInTheCellsAlone) {

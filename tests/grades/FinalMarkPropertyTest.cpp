@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/grades/FinalSchool.h"
+#include "tests/grades/GradeSchool.h"
+#include "tests/grades/Roles.h"
+#include "tests/support/ScriptRun.h"
 #include "tests/support/ServerSchools.h"
 
 // The mark of the last final evaluation with a grade, over sequences of saves of three final

@@ -33,8 +33,8 @@ Lines ByStudent(const Role& role) {
   return FinalFormLoad(role, 4) + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
          FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) +
          FinalLoad(role, 4, 2, {{3, 3111, 1}}) + StudentNames({3, 1, 2}) +
-         FinalGrid(role, true, {0, 0, 0}) + TakenLocks(role, 4, {3113, 3111, 3112}) +
-         Lines{FinalCellList(role, 4, 4, 0, 1)} + FinalGrid(role, false, {0, 0, 0, 0, 0, 0}) +
+         FinalGrid(role, true, 1) + TakenLocks(role, 4, {3113, 3111, 3112}) +
+         Lines{FinalCellList(role, 4, 4, 0, 1)} + FinalGrid(role, false, 2) +
          Lines{FinalCellList(role, 4, 1, 0, 5)} + SaveFinalGraded(role, 4, 4, 107) +
          SaveFinalUngraded(role, 4, 1, 202) + SaveFinalUngraded(role, 4, 2) +
          SaveFinalUngraded(role, 4, 3);
@@ -42,11 +42,10 @@ Lines ByStudent(const Role& role) {
 
 Lines TeacherByStudent(const Role& role) {
   return FinalFormLoad(role, 4) + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
-         FinalLoad(role, 4, 1, {{2, 3112, 2}}) + StudentNames({3, 1}) +
-         FinalGrid(role, true, {0, 0, 0}) + TakenLocks(role, 4, {3113, 3112}) +
-         Lines{FinalCellList(role, 4, 4, 0, 1)} + FinalGrid(role, false, {0, 0, 0}) +
-         Lines{FinalCellList(role, 4, 2, 0, 5)} + SaveFinalGraded(role, 4, 4, 107) +
-         SaveFinalUngraded(role, 4, 2, 202);
+         FinalLoad(role, 4, 1, {{2, 3112, 2}}) + StudentNames({3, 1}) + FinalGrid(role, true, 1) +
+         TakenLocks(role, 4, {3113, 3112}) + Lines{FinalCellList(role, 4, 4, 0, 1)} +
+         FinalGrid(role, false, 1) + Lines{FinalCellList(role, 4, 2, 0, 5)} +
+         SaveFinalGraded(role, 4, 4, 107) + SaveFinalUngraded(role, 4, 2, 202);
 }
 
 /// The load of the second final for who sees the section.
@@ -58,8 +57,8 @@ Lines SecondLoad(const Role& role) {
 
 Lines SecondByStudent(const Role& role) {
   return FirstFinal(role) + FinalFormLoad(role, 5) + SecondLoad(role) + StudentNames({3, 1}) +
-         FinalGrid(role, true, {0, 0, 0}) + TakenLocks(role, 5, {3113, 3112}) +
-         Lines{FinalCellList(role, 5, 4, 0, 1)} + FinalGrid(role, false, {0, 0, 0}) +
+         FinalGrid(role, true, 1) + TakenLocks(role, 5, {3113, 3112}) +
+         Lines{FinalCellList(role, 5, 4, 0, 1)} + FinalGrid(role, false, 1) +
          Lines{FinalCellList(role, 5, 2, 0, 5)} + SaveFinalGraded(role, 5, 4, 107) +
          SaveFinalUngraded(role, 5, 2, 202) + Lines{FinalMarkGivenBack(2)};
 }
@@ -69,10 +68,10 @@ Lines SecondByStudent(const Role& role) {
 Lines BySubject(const Role& role) {
   return FinalFormLoad(role, 4) + Lines{FinalCourse()} + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
          FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) +
-         FinalLoad(role, 4, 2, {{3, 3111, 1}}) + FinalSubjectGrid(role, true, {{3}}) +
+         FinalLoad(role, 4, 2, {{3, 3111, 1}}) + FinalSubjectGrid(role, true, {3}) +
          TakenLocks(role, 4, {3113, 3111, 3112}) +
          Lines{FinalCellListOfSubject(role, 4, 3113, 0, 1)} +
-         FinalSubjectGrid(role, false, {{1}, {2}}) +
+         FinalSubjectGrid(role, false, {1, 2}) +
          Lines{FinalCellListOfSubject(role, 4, 3111, 2, 5)} + SaveFinalGraded(role, 4, 4, 107) +
          SaveFinalUngraded(role, 4, 1) + SaveFinalUngraded(role, 4, 2) +
          SaveFinalUngraded(role, 4, 3, 202);
@@ -80,23 +79,23 @@ Lines BySubject(const Role& role) {
 
 Lines TeacherBySubject(const Role& role) {
   return FinalFormLoad(role, 4) + Lines{FinalCourse()} + FinalLoad(role, 4, 3, {{4, 3113, 3}}) +
-         FinalLoad(role, 4, 1, {{2, 3112, 2}}) + FinalSubjectGrid(role, true, {{3}}) +
+         FinalLoad(role, 4, 1, {{2, 3112, 2}}) + FinalSubjectGrid(role, true, {3}) +
          TakenLocks(role, 4, {3113, 3112}) + Lines{FinalCellListOfSubject(role, 4, 3113, 0, 1)} +
-         FinalSubjectGrid(role, false, {{1}}) + Lines{FinalCellListOfSubject(role, 4, 3112, 0, 5)} +
+         FinalSubjectGrid(role, false, {1}) + Lines{FinalCellListOfSubject(role, 4, 3112, 0, 5)} +
          SaveFinalGraded(role, 4, 4, 107) + SaveFinalUngraded(role, 4, 2, 202);
 }
 
 Lines SecondBySubject(const Role& role) {
   return FirstFinal(role) + FinalFormLoad(role, 5) + Lines{FinalCourse()} + SecondLoad(role) +
-         FinalSubjectGrid(role, true, {{3}}) + TakenLocks(role, 5, {3113, 3112}) +
-         Lines{FinalCellListOfSubject(role, 5, 3113, 0, 1)} + FinalSubjectGrid(role, false, {{1}}) +
+         FinalSubjectGrid(role, true, {3}) + TakenLocks(role, 5, {3113, 3112}) +
+         Lines{FinalCellListOfSubject(role, 5, 3113, 0, 1)} + FinalSubjectGrid(role, false, {1}) +
          Lines{FinalCellListOfSubject(role, 5, 3112, 0, 5)} + SaveFinalGraded(role, 5, 4, 107) +
          SaveFinalUngraded(role, 5, 2, 202) + Lines{FinalMarkGivenBack(2)};
 }
 
 // By section and subject: the observation is rebuilt with each student.
 Lines Student(const Role& role, bool first) {
-  return FinalGrid(role, first, {0, 0, 0}) + FinalObservation(role, 4);
+  return FinalGrid(role, first, 1) + FinalObservation(role, 4);
 }
 
 // Subject 3111, which person 2 teaches: here the lists take him.
@@ -127,15 +126,15 @@ Lines Edit(const Role& role, int evaluacion, int matDet, int teacher, int column
 
 Lines SectionBySubject(const Role& role) {
   return FinalFormLoadOf(role, 4, 1) + Lines{FinalCourse()} +
-         FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) + FinalSubjectGrid(role, true, {{1}}) +
+         FinalLoad(role, 4, 1, {{1, 3111, 1}, {2, 3112, 2}}) + FinalSubjectGrid(role, true, {1}) +
          TakenLocks(role, 4, {3111, 3112}) + Edit(role, 4, 3111, 2, 1) +
-         FinalSubjectGrid(role, false, {{1}}) + Edit(role, 4, 3112, 0, 5) +
+         FinalSubjectGrid(role, false, {1}) + Edit(role, 4, 3112, 0, 5) +
          SaveFinalGraded(role, 4, 1, 107) + SaveFinalUngraded(role, 4, 2, 202);
 }
 
 /// The one subject, 3112, behind the load of it.
 Lines OneSubject(const Role& role, int evaluacion) {
-  return FinalSubjectGrid(role, true, {{1}}) + TakenLocks(role, evaluacion, {3112}) +
+  return FinalSubjectGrid(role, true, {1}) + TakenLocks(role, evaluacion, {3112}) +
          Edit(role, evaluacion, 3112, 0, 1) + Edit(role, evaluacion, 3112, 0, 5) +
          SaveFinalGraded(role, evaluacion, 2, 107, 202);
 }
@@ -200,7 +199,7 @@ TEST_P(FinalOrderTest, StatementsOfASession) {
                            ? StepOneSecondFinalOfStudent(role, role.section ? "1,2,3,4" : "2,4")
                            : form.stepOneTraffic(role, session.evaluacion);
   const auto result = RunScript(school,
-                                form.On(session.matDet).Open(session.evaluacion) +
+                                On(form, session.matDet).Open(session.evaluacion) +
                                     "editar rtvNotasAlumno 1 1 \"7\"\npulsar cmdSiguiente\n"
                                     "editar rtvNotasAlumno " +
                                     std::to_string(session.lastRow) +
@@ -217,39 +216,6 @@ INSTANTIATE_TEST_SUITE_P(Sessions, FinalOrderTest,
                            return std::get<0>(both.param).form.name +
                                   (std::get<0>(both.param).name +
                                    EngineName(std::get<1>(both.param)));
-                         });
-
-class FinalOrderNobodyTest : public ::testing::TestWithParam<std::tuple<FinalForm, bool>> {};
-
-// A user without staff who chose as the unrestricted one before his profile changed: the only way
-// to get this far. A chosen student is found all the same, but none of his subjects; the course is
-// read in any case.
-TEST_P(FinalOrderNobodyTest, OfTheStaffGetsNothing) {
-  const auto& [form, sqlServer] = GetParam();
-  const FinalSchool school;
-  if (sqlServer) school.FlagsOfSqlServer();
-  const auto role = OnEngine(kNoStaff, sqlServer);
-  const auto chooser = OnEngine(kUnrestricted, sqlServer);
-  auto stepOne = form.stepOneTraffic(chooser, 4);
-  // The user is asked for when step one is left.
-  *(stepOne.end() - 2) = *(form.stepOneTraffic(role, 4).end() - 2);
-  const auto load = form.node == kFinalSectionBySubject.node ? FinalFormLoadOf(role, 4, 1)
-                                                             : FinalFormLoad(role, 4);
-  const auto result =
-      RunScript(school, form.Open(4, "sesion usuario=4 perfil=3\n") + "pulsar cmdNotaManual1(1)\n",
-                SessionOf(chooser));
-  EXPECT_THAT(
-      Traffic(result),
-      ElementsAreArray(stepOne + load + (form.walksSubjects ? Lines{FinalCourse()} : Lines{}) +
-                       Leave(role, 0)));
-  EXPECT_THAT(result.Of("mensaje"), ElementsAre(form.NothingMessage()));
-}
-
-INSTANTIATE_TEST_SUITE_P(Forms, FinalOrderNobodyTest,
-                         ::testing::Combine(::testing::ValuesIn(FinalForms()), ::testing::Bool()),
-                         [](const auto& both) {
-                           return std::get<0>(both.param).name +
-                                  EngineName(std::get<1>(both.param));
                          });
 
 }  // namespace

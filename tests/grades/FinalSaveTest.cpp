@@ -164,8 +164,7 @@ TEST_P(FinalSaveTest, NoOtherTableIsTouched) {
   const auto result = Play("editar rtvNotasAlumno 1 1 \"7\"\npulsar cmdAceptar\n");
   EXPECT_EQ(school_.Rows("SELECT * FROM AlumnoPte_MatDet"), pending);
   EXPECT_EQ(school_.Rows("SELECT * FROM EvaluacionPte"), ordinary);
-  EXPECT_THAT(school_.Rows("SELECT * FROM BloqueoPte"), IsEmpty());
-  EXPECT_THAT(school_.Rows("SELECT * FROM PublicacionPte"), IsEmpty());
+  EXPECT_EQ(school_.Held(), "0|0");
   for (const auto& line : Traffic(result.After("pulsar cmdAceptar")))
     EXPECT_TRUE(line.find("UPDATE") == std::string::npos ||
                 line.find("UPDATE EvaluacionActaPte SET") != std::string::npos)
@@ -192,7 +191,7 @@ TEST_P(FinalSaveTest, ClosingWithTheCrossSavesNothingAndGivesEverythingBack) {
   EXPECT_THAT(Traffic(result.After("cerrar")), ElementsAreArray(Leave(kTutor, 1)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, FinalSaveTest, ::testing::ValuesIn(FinalForms()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Forms, FinalSaveTest, ::testing::ValuesIn(FinalForms()), kNameOfForm);
 
 }  // namespace
 }  // namespace quorvane::test

@@ -1,6 +1,5 @@
 #include "tests/grades/FinalStatements.h"
 
-#include "tests/grades/OrdinaryStatements.h"
 #include "tests/support/ExpectedStatements.h"
 
 namespace quorvane::test {
@@ -135,34 +134,30 @@ std::string OtherKindOfSection(int evaluacion, int pending) {
   return Sql(finals::kOtherKindOfSection, {evaluacion, pending});
 }
 
-Lines FinalGrades(int evaluacion, const FinalSubject& subject) {
+Lines FinalGrades(int evaluacion, const Subject& subject) {
   Lines lines = {Sql(finals::kGrades, {evaluacion, subject.pending})};
   if (subject.nota > 0) lines.push_back(Passes(subject.nota));
   return lines + FinalNames(subject.matDet, subject.materia);
 }
 
-Lines FinalLoad(const Role& role, int evaluacion, int student,
-                const std::vector<FinalSubject>& subjects, int matDet) {
+Lines FinalLoad(const Role& role, int evaluacion, int student, const std::vector<Subject>& subjects,
+                int matDet) {
   Lines lines = {FinalRows(role, evaluacion, student, matDet)};
   for (const auto& subject : subjects)
     lines = lines + Lines{KindOf(subject.matDet)} + FinalGrades(evaluacion, subject);
   return lines;
 }
 
-Lines FinalGrid(const Role& role, bool first, std::initializer_list<long> grades) {
+Lines FinalGrid(const Role& role, bool first, std::size_t subjects) {
   Lines lines = {Sql(expected::kKindName, {1, 3})};
   if (first) lines.push_back(Sql(finals::kScale, {role.True(), 3}));
-  for (const auto grade : grades) lines.push_back(Sql(expected::kGradeText, {grade}));
-  return lines;
+  return lines + NoGrades(3 * subjects);
 }
 
-Lines FinalSubjectGrid(const Role& role, bool first, const std::vector<FinalStudentRow>& rows) {
+Lines FinalSubjectGrid(const Role& role, bool first, std::initializer_list<int> students) {
   Lines lines;
   if (first) lines.push_back(Sql(finals::kScale, {role.True(), 3}));
-  for (const auto& row : rows) {
-    lines = lines + StudentNames({row.student});
-    for (const auto grade : row.grades) lines.push_back(Sql(expected::kGradeText, {grade}));
-  }
+  for (const auto student : students) lines = lines + StudentNames({student}) + NoGrades(3);
   return lines;
 }
 

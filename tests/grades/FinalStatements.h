@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -11,14 +10,6 @@ namespace quorvane::test {
 
 // The statements of the final grade forms as they have to reach the database, to the letter and
 // the blank. Those that they share with the ordinary forms are in `Statements.h`.
-
-/// A subject as the load of a final evaluation reads it.
-struct FinalSubject {
-  int pending;
-  int matDet;
-  int materia;
-  int nota = 0;
-};
 
 /// Step one by section and subject: the subjects in place of the kind of evaluation.
 Lines StepOneFinalOfSubject(const Role& role, int evaluacion);
@@ -47,19 +38,14 @@ std::string OtherKindByStudent(int evaluacion, int pending);
 std::string OtherKindBySubject(int evaluacion, int hostRow);
 std::string OtherKindOfSection(int evaluacion, int pending);
 /// The grades, teachers and names of a subject of the ordinary kind, behind its kind.
-Lines FinalGrades(int evaluacion, const FinalSubject& subject);
+Lines FinalGrades(int evaluacion, const Subject& subject);
 /// The load of a student with the subjects that he turns out to have.
-Lines FinalLoad(const Role& role, int evaluacion, int student,
-                const std::vector<FinalSubject>& subjects, int matDet = 0);
-/// The grid of a student with these grades, three a subject; `first` while the form loads.
-Lines FinalGrid(const Role& role, bool first, std::initializer_list<long> grades);
-/// A row of the grid of a subject: a student with grade, concept and observation.
-struct FinalStudentRow {
-  int student;
-  std::array<long, 3> grades{};
-};
-/// The grid of a subject; `first` while the form loads.
-Lines FinalSubjectGrid(const Role& role, bool first, const std::vector<FinalStudentRow>& rows);
+Lines FinalLoad(const Role& role, int evaluacion, int student, const std::vector<Subject>& subjects,
+                int matDet = 0);
+/// The grid of a student with so many subjects, all without a grade; `first` while the form loads.
+Lines FinalGrid(const Role& role, bool first, std::size_t subjects);
+/// The grid of a subject of these students; `first` while the form loads.
+Lines FinalSubjectGrid(const Role& role, bool first, std::initializer_list<int> students);
 /// The list of the tutor's observation, as it is rebuilt for each student; the form that rebuilds
 /// it at each edit leaves the exceptional grades out.
 Lines FinalObservation(const Role& role, int evaluacion, bool exceptional = true);

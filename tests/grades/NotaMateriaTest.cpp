@@ -1,5 +1,4 @@
 #include "tests/grades/OrdinaryForms.h"
-#include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 
 // Entry by subject: what the form shows and offers, leaves out and fails at.
@@ -16,10 +15,6 @@ TEST_F(NotaMateriaTest, SubjectsAreGatheredInTheOrderInWhichTheStudentsBringThem
   EXPECT_THAT(form.Entries("cboMaterias"),
               ElementsAre("Francés (1º ESO)=1", "Lengua (1º ESO)=2", "Matemáticas (1º ESO)=3"));
   EXPECT_EQ(form.Index("cboMaterias"), 0);
-}
-
-TEST_F(NotaMateriaTest, CaptionOfTheObservationComesFromItsKindOfGrade) {
-  EXPECT_EQ(Shown().Text("lblNotaManual(1)"), "Observación del tutor");
 }
 
 TEST_F(NotaMateriaTest, RowsChangeFromSubjectToSubject) {
@@ -71,11 +66,8 @@ TEST_F(NotaMateriaTest, HeadingNamesKeysAndColumnsWithoutWidthOfferNothing) {
 }
 
 TEST_F(NotaMateriaTest, ColumnThatWasWidenedForItsListStaysSoForTheNextSubject) {
-  const auto result =
-      RunScript(school_,
-                form_.Open(1, "marcar chkMostrar 1\n") +
-                    "editar rtvNotasAlumno 1 5 \"Trabaja\"\npulsar cmdSiguiente\nver\n",
-                Tutor());
+  const auto result = PlayBehind(
+      "marcar chkMostrar 1\n", "editar rtvNotasAlumno 1 5 \"Trabaja\"\npulsar cmdSiguiente\nver\n");
   EXPECT_THAT(FormView(result).Widths("rtvNotasAlumno"),
               ElementsAre(3000, 2000, 0, 0, 0, (7 + 12) * 120, 0));
 }
@@ -105,7 +97,7 @@ TEST_F(NotaMateriaTest, TeacherSeesHisOwnSubjectsAndStudents) {
 }
 
 TEST_F(NotaMateriaTest, StudentWithoutASubjectHereIsNowhere) {
-  const FormView form(RunScript(school_, OpenBySubject(2) + "ver\n", Tutor()));
+  const FormView form(RunScript(school_, form_.Open(2) + "ver\n", Tutor()));
   EXPECT_THAT(form.Entries("cboMaterias"),
               ElementsAre("Lengua (1º ESO)=1", "Matemáticas (1º ESO)=2"));
 }
@@ -118,22 +110,10 @@ TEST_F(NotaMateriaTest, SubjectLockedBySomebodyElseIsNotOffered) {
               ElementsAre("3112", "3113"));
 }
 
-TEST_F(NotaMateriaTest, SubjectOfAnotherKindStopsTheLoadAtAFieldThatIsNotThere) {
-  school_.Evalua(school_.Pendiente(3, 3116, 2), 1, 402);
-  const auto result = Play();
-  EXPECT_THAT(result.Of("error"), ElementsAre(HasSubstr("3265 ")));
-  EXPECT_EQ(Traffic(result).back(), Sql(expected::kKindOfSubject, {3116}));
-}
-
 // The subject is its own key here.
 TEST_F(NotaMateriaTest, SubjectThatAStudentOwesTwiceIsADuplicateKey) {
   school_.Evalua(school_.Pendiente(3, 3113, 2), 1);
   EXPECT_THAT(Play().Of("error"), ElementsAre(HasSubstr("457 ")));
-}
-
-TEST_F(NotaMateriaTest, OrderBeyondAByteIsAnOverflow) {
-  school_.Sql("UPDATE AlumnoPte_MatDet SET Orden=256 WHERE IDAlumnoPte_MatDet=4");
-  EXPECT_THAT(Play().Of("error"), ElementsAre(HasSubstr("6 ")));
 }
 
 }  // namespace

@@ -17,7 +17,6 @@ struct Order {
   Lines (*whole)(const Role& role);   ///< to one who sees the whole section, from `Form_Load` on
   Lines (*taught)(const Role& role);  ///< to the teacher
   const char* taughtChoice;           ///< of step one, where the teacher makes another
-  Lines (*nobody)(const Role& role);  ///< `Form_Load` to no member of staff
 };
 
 void PrintTo(const Order* order, std::ostream* out) { *out << order->form.name; }
@@ -25,8 +24,8 @@ void PrintTo(const Order* order, std::ostream* out) { *out << order->form.name; 
 constexpr auto kMarkBySubject = expected::kMarkBySubject;
 constexpr auto kMarkBySection = expected::kMarkBySection;
 
-Lines FirstStudent(const Role& role) { return Grids(role, 1, true, {0, 0, 0, 0, 0}); }
-Lines NextStudent(const Role& role) { return Grids(role, 1, false, {0, 0, 0, 0, 0}); }
+Lines FirstStudent(const Role& role) { return Grids(role, 1, true, 1); }
+Lines NextStudent(const Role& role) { return Grids(role, 1, false, 1); }
 
 const Order kOrderByStudent{
     kByStudent,
@@ -34,8 +33,7 @@ const Order kOrderByStudent{
       return FormLoad(role, 1) + Load(role, 1, 3, {{4, 3113, 3}}) +
              Load(role, 1, 1, {{2, 3111, 1}, {1, 3112, 2}}) + Load(role, 1, 2, {{3, 3111, 1}}) +
              StudentNames({3, 1, 2}) + FirstStudent(role) + Locks(role, 1, {3113, 3111, 3112}) +
-             Lines{CellList(role, 1, 4, 0, 1)} +
-             Grids(role, 1, false, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0}) +
+             Lines{CellList(role, 1, 4, 0, 1)} + Grids(role, 1, false, 2) +
              Lines{CellList(role, 1, 2, 2, 1)} + SaveByStudent(1, 4, 107, true) +
              SaveByStudent(1, 2, 103, false) + Lines{SaveUngraded(1, 1), SaveUngraded(1, 3)} +
              Leave(role, 1);
@@ -47,29 +45,29 @@ const Order kOrderByStudent{
              Lines{CellList(role, 1, 1, 0, 1)} + SaveByStudent(1, 4, 107, true) +
              SaveByStudent(1, 1, 103, false) + Leave(role, 1);
     },
-    "", [](const Role& role) { return FormLoad(role, 1); }};
+    ""};
 
 const Order kOrderBySubject{
     kBySubject,
     [](const Role& role) {
       return FormLoadBySubject(role, 1, 3) + Load(role, 1, 3, {{4, 3113, 3}}) +
              Load(role, 1, 1, {{2, 3111, 1}, {1, 3112, 2}}) + Load(role, 1, 2, {{3, 3111, 1}}) +
-             SubjectGrid(role, true, {{3}}) + TakenLocks(role, 1, {3113, 3111, 3112}) +
+             SubjectGrid(role, true, {3}) + TakenLocks(role, 1, {3113, 3111, 3112}) +
              TutorPane(role, 1) + Lines{CellList(role, 1, 3113, 0, 1)} +
-             SubjectGrid(role, false, {{1}, {2}}) + TutorPane(role, 1) +
+             SubjectGrid(role, false, {1, 2}) + TutorPane(role, 1) +
              Lines{CellList(role, 1, 3111, 2, 1)} + SaveMarked(role, 1, 4, 107, kMarkBySubject) +
              SaveMarked(role, 1, 2, 103, kMarkBySubject) + SaveNothing(role, 1, 1) +
              SaveNothing(role, 1, 3) + Leave(role, 1);
     },
     [](const Role& role) {
       return FormLoadBySubject(role, 1, 2) + Load(role, 1, 3, {{4, 3113, 3}}) +
-             Load(role, 1, 1, {{1, 3112, 2}}) + SubjectGrid(role, true, {{3}}) +
+             Load(role, 1, 1, {{1, 3112, 2}}) + SubjectGrid(role, true, {3}) +
              TakenLocks(role, 1, {3113, 3112}) + Lines{CellList(role, 1, 3113, 0, 1)} +
-             SubjectGrid(role, false, {{1}}) + Lines{CellList(role, 1, 3112, 0, 1)} +
+             SubjectGrid(role, false, {1}) + Lines{CellList(role, 1, 3112, 0, 1)} +
              SaveMarked(role, 1, 4, 107, kMarkBySubject) +
              SaveMarked(role, 1, 1, 103, kMarkBySubject) + Leave(role, 1);
     },
-    "", [](const Role& role) { return FormLoadBySubject(role, 1, 0); }};
+    ""};
 
 const Order kOrderSectionByStudent{
     kSectionByStudent,
@@ -91,8 +89,7 @@ const Order kOrderSectionByStudent{
              NextStudent(role) + list + list + SaveMarked(role, 1, 4, 107, kMarkBySection) +
              SaveMarked(role, 1, 1, 103, kMarkBySection) + Leave(role, 1);
     },
-    "elegir cboMateria =3113\n",
-    [](const Role& role) { return FormLoadSectionByStudent(role, 1); }};
+    "elegir cboMateria =3113\n"};
 
 const Order kOrderSectionBySubject{
     kSectionBySubject,
@@ -101,9 +98,9 @@ const Order kOrderSectionBySubject{
     [](const Role& role) {
       const auto edit = TutorPane(role, 1) + Lines{CellList(role, 1, 3112, 0, 1)};
       return FormLoadSectionBySubject(role, 1, 1) + Load(role, 1, 1, {{2, 3111, 1}, {1, 3112, 2}}) +
-             SubjectGrid(role, true, {{1}}) + TutorPane(role, 1) +
-             TakenLocks(role, 1, {3111, 3112}) + TutorPane(role, 1) +
-             Lines{CellList(role, 1, 3111, 2, 1)} + SubjectGrid(role, false, {{1}}) + edit + edit +
+             SubjectGrid(role, true, {1}) + TutorPane(role, 1) + TakenLocks(role, 1, {3111, 3112}) +
+             TutorPane(role, 1) + Lines{CellList(role, 1, 3111, 2, 1)} +
+             SubjectGrid(role, false, {1}) + edit + edit +
              SaveMarked(role, 1, 2, 107, kMarkBySection) +
              SaveMarked(role, 1, 1, 103, kMarkBySection) + Leave(role, 1);
     },
@@ -111,12 +108,10 @@ const Order kOrderSectionBySubject{
     [](const Role& role) {
       const Lines list = {CellList(role, 1, 3112, 0, 1)};
       return FormLoadSectionBySubject(role, 1, 1) + Load(role, 1, 1, {{1, 3112, 2}}) +
-             SubjectGrid(role, true, {{1}}) + TakenLocks(role, 1, {3112}) + list + list +
+             SubjectGrid(role, true, {1}) + TakenLocks(role, 1, {3112}) + list + list +
              SaveMarked(role, 1, 1, 103, kMarkBySection) + Leave(role, 1);
     },
-    "",
-    // The student is found all the same, but none of his subjects.
-    [](const Role& role) { return FormLoadSectionBySubject(role, 1, 1); }};
+    ""};
 
 /// Each form on each engine.
 class OrdinaryOrderTest : public ::testing::TestWithParam<std::tuple<const Order*, bool>> {
@@ -130,14 +125,14 @@ class OrdinaryOrderTest : public ::testing::TestWithParam<std::tuple<const Order
   /// `choice` is that of step one, where it isn't the form's.
   [[nodiscard]] Lines Session(const Role& role, const char* choice = "") const {
     auto form = form_;
-    if (*choice != '\0') form.ownChoice = choice;
+    if (*choice != '\0') form.choice = choice;
     return Traffic(RunScript(school_,
                              form.Open() + "editar rtvNotasAlumno 1 1 \"7\"\npulsar cmdSiguiente\n"
                                            "editar rtvNotasAlumno 1 1 \"3\"\npulsar cmdAceptar\n"
                                            "pulsar cmdNotaManual1(1)\n",
                              SessionOf(role)));
   }
-  [[nodiscard]] Lines ToStepTwo(const Role& role) const { return form_.toStepTwo(role, 1); }
+  [[nodiscard]] Lines ToStepTwo(const Role& role) const { return form_.stepOneTraffic(role, 1); }
 
   const Order& order_ = *std::get<const Order*>(GetParam());
   const OrdinaryForm& form_ = order_.form;
@@ -158,20 +153,6 @@ TEST_P(OrdinaryOrderTest, TeacherGradesHisOwnSubjects) {
   const auto role = As(kTeacher);
   EXPECT_THAT(Session(role, order_.taughtChoice),
               ElementsAreArray(ToStepTwo(role) + order_.taught(role)));
-}
-
-// A user without staff who chose as the unrestricted one before his profile changed: the only way
-// to get this far.
-TEST_P(OrdinaryOrderTest, NobodyOfTheStaffGetsNothing) {
-  const auto role = As(kNoStaff);
-  const auto unrestricted = As(kUnrestricted);
-  auto stepOne = ToStepTwo(unrestricted);
-  *(stepOne.end() - 2) = SqlOfUsers(expected::kUser, {role.user});
-  const auto result = RunScript(
-      school_, form_.Open(1, "sesion usuario=4 perfil=3\n") + "pulsar cmdNotaManual1(1)\n",
-      SessionOf(unrestricted));
-  EXPECT_THAT(Traffic(result), ElementsAreArray(stepOne + order_.nobody(role) + Leave(role, 0)));
-  EXPECT_THAT(result.Of("mensaje"), ElementsAre(form_.NothingToGrade()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Forms, OrdinaryOrderTest,

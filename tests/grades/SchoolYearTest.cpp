@@ -38,9 +38,9 @@ std::string As(int usuario, int perfil) {
   return "sesion usuario=" + std::to_string(usuario) + " perfil=" + std::to_string(perfil) + "\n";
 }
 
-const std::string kAdministrator = As(1, 0);
-const std::string kTutor = As(3, 1);
-const std::string kTeacher = As(4, 1);
+const std::string kAsAdministrator = As(1, 0);
+const std::string kAsTutor = As(3, 1);
+const std::string kAsTeacher = As(4, 1);
 
 /// Opens the flow of that node for the section and goes on; `choice` is what it chooses more.
 std::string Grade(int node, const std::string& evaluation, const std::string& choice = "") {
@@ -83,7 +83,7 @@ std::string Register() {
 
 // The tutor, by student, before Christmas.
 std::string FirstEvaluation() {
-  return kTutor + "hoy 10/12/2024\n" + Grade(124, "1ª Evaluación") + Cell(1, 1, "4") +
+  return kAsTutor + "hoy 10/12/2024\n" + Grade(124, "1ª Evaluación") + Cell(1, 1, "4") +
          Cell(2, 1, "6") + Cell(2, 5, "Ha superado los objetivos") + "elegir cboAlumnos =31\n" +
          Cell(2, 1, "8") + "elegir cboAlumnos =34\n" + Cell(1, 1, "3") +
          Cell(1, 2, "Insuficiente") + kSave;
@@ -91,29 +91,29 @@ std::string FirstEvaluation() {
 
 // The teacher of Matemáticas, by subject: Marina, Bruno, Carla.
 std::string SecondEvaluation() {
-  return kTeacher + "hoy 15/03/2025\n" + Grade(125, "2ª Evaluación") + Cell(1, 1, "5") +
+  return kAsTeacher + "hoy 15/03/2025\n" + Grade(125, "2ª Evaluación") + Cell(1, 1, "5") +
          Cell(2, 1, "2") + Cell(3, 1, "6") + Cell(3, 4, "Correcta") + kSave;
 }
 
 // The tutor, Lengua of the section; then the administrator, the subjects of Carla.
 std::string ThirdEvaluation() {
-  return kTutor + "hoy 20/05/2025\n" + Grade(127, "3ª Evaluación", "elegir cboMateria =19\n") +
-         Cell(1, 1, "9") + "pulsar cmdSiguiente\n" + Cell(1, 1, "4") + kSave + kAdministrator +
+  return kAsTutor + "hoy 20/05/2025\n" + Grade(127, "3ª Evaluación", "elegir cboMateria =19\n") +
+         Cell(1, 1, "9") + "pulsar cmdSiguiente\n" + Cell(1, 1, "4") + kSave + kAsAdministrator +
          Grade(126, "3ª Evaluación", "elegir cboAlumno =34\n") + Cell(1, 1, "7") + kSave;
 }
 
 // Carla's first evaluation was wrong. It is over: the teacher is refused, the administrator isn't,
 // and the mark stays with the third.
 std::string Correction() {
-  return kTeacher + Grade(125, "1ª Evaluación") + "pulsar cmdNotaManual1(1)\n" + kAdministrator +
-         Grade(125, "1ª Evaluación") + Cell(3, 1, "5") + kSave;
+  return kAsTeacher + Grade(125, "1ª Evaluación") + "pulsar cmdNotaManual1(1)\n" +
+         kAsAdministrator + Grade(125, "1ª Evaluación") + Cell(3, 1, "5") + kSave;
 }
 
 // Matemáticas by its teacher, with a measure for Carla; Lengua by the tutor; then she goes through
 // the students for what is left: Carmen.
 std::string FirstFinal() {
-  return kTeacher + "hoy 02/06/2025\n" + Grade(125, "Final Ordinaria") + Cell(1, 1, "5") +
-         Cell(2, 1, "3") + Cell(3, 1, "4") + Cell(3, 6, "Refuerzo educativo") + kSave + kTutor +
+  return kAsTeacher + "hoy 02/06/2025\n" + Grade(125, "Final Ordinaria") + Cell(1, 1, "5") +
+         Cell(2, 1, "3") + Cell(3, 1, "4") + Cell(3, 6, "Refuerzo educativo") + kSave + kAsTutor +
          Grade(127, "Final Ordinaria", "elegir cboMateria =19\n") + Cell(1, 1, "4") +
          Cell(1, 5, "Debe repasar los contenidos básicos") + "pulsar cmdSiguiente\n" +
          Cell(1, 1, "8") + kSave + Grade(124, "Final Ordinaria") + "elegir cboAlumnos =31\n" +
@@ -123,11 +123,11 @@ std::string FirstFinal() {
 // What the first failed: Matemáticas of Carla and Bruno, Lengua of Marina, whose grade is taken
 // away again.
 std::string SecondFinal() {
-  return kAdministrator + "hoy 20/06/2025\n" +
+  return kAsAdministrator + "hoy 20/06/2025\n" +
          Grade(126, "Final Extraordinaria", "elegir cboAlumno =34\n") + Cell(1, 1, "6") + kSave +
-         kTutor + Grade(127, "Final Extraordinaria", "elegir cboMateria =19\n") + Cell(1, 1, "3") +
-         kSave + Grade(124, "Final Extraordinaria") + Cell(1, 1, " ") + "elegir cboAlumnos =30\n" +
-         Cell(1, 1, "10") + kSave;
+         kAsTutor + Grade(127, "Final Extraordinaria", "elegir cboMateria =19\n") +
+         Cell(1, 1, "3") + kSave + Grade(124, "Final Extraordinaria") + Cell(1, 1, " ") +
+         "elegir cboAlumnos =30\n" + Cell(1, 1, "10") + kSave;
 }
 
 TEST(SchoolYearTest, FromTheRegisterToTheSecondFinal) {

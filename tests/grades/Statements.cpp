@@ -23,6 +23,17 @@ Lines StepOneLists(const Role& role) {
           ofSection};
 }
 
+/// What step one of a section asks more than that by student: whether the user is the tutor, and
+/// its list in place of the kind of evaluation.
+Lines StepOneOfSection(const Role& role, int evaluacion, const std::string& list) {
+  auto lines = StepOne(role, evaluacion);
+  const auto chosen = lines.end() - 3;
+  *chosen = lines.back();
+  lines.insert(chosen + 1, list);
+  lines.insert(lines.end() - 5, Sql(expected::kTutor, {role.user, 321}));
+  return lines;
+}
+
 }  // namespace
 
 Lines StepOne(const Role& role, int evaluacion) {
@@ -69,12 +80,13 @@ Lines StudentNames(std::initializer_list<int> students) {
   return lines;
 }
 
-Lines Grids(const Role& role, int evaluacion, bool first, std::initializer_list<long> grades) {
+Lines Grids(const Role& role, int evaluacion, bool first, std::size_t subjects) {
   Lines lines = {Sql(expected::kKindName, {1, 3})};
   if (first) lines.push_back(Sql(expected::kScale, {role.True(), 3}));
-  for (const auto grade : grades) lines.push_back(Sql(expected::kGradeText, {grade}));
-  return lines + TutorGrid(role, evaluacion);
+  return lines + NoGrades(5 * subjects) + TutorGrid(role, evaluacion);
 }
+
+Lines NoGrades(std::size_t cells) { return Lines(cells, Sql(expected::kGradeText, {0})); }
 
 Lines TutorGrid(const Role& role, int evaluacion) {
   return {Sql(expected::kKindName, {3, 3}),
@@ -114,6 +126,92 @@ Lines Leave(const Role& role, int publication) {
   return {Sql(expected::kStaffOnLeaving, {role.user}),
           "host ZendriaApi.cCentroApi.DesbloquearNotas", Sql(expected::kUnpublish, {publication}),
           Sql(expected::kUnlock, {publication}), Sql(expected::kUnpublish, {publication})};
+}
+
+Lines StepOneBySubject(const Role& role, int evaluacion) {
+  auto lines = StepOne(role, evaluacion);
+  std::erase(lines, Sql(expected::kRecoveries, {3}));
+  return lines;
+}
+
+Lines StepOneSectionByStudent(const Role& role, int evaluacion) {
+  const auto teacher = role.gIDPersonal;
+  return StepOneOfSection(
+      role, evaluacion,
+      role.section ? Sql(expected::kSubjects, {321, 3, evaluacion, evaluacion})
+                   : Sql(expected::kTaughtSubjects, {321, 3, teacher, evaluacion, evaluacion}));
+}
+
+Lines StepOneSectionBySubject(const Role& role, int evaluacion) {
+  const auto teacher = role.gIDPersonal;
+  return StepOneOfSection(
+      role, evaluacion,
+      role.section
+          ? Sql(expected::kRegistered, {321, evaluacion, 321, evaluacion})
+          : Sql(expected::kTaughtRegistered, {321, teacher, evaluacion, 321, teacher, evaluacion}));
+}
+
+Lines FormLoadBySubject(const Role& role, int evaluacion, int students) {
+  auto lines = FormLoad(role, evaluacion);
+  lines.insert(lines.end() - 1, static_cast<std::size_t>(students),
+               Sql(expected::kSectionFlags, {321}));
+  return lines;
+}
+
+Lines FormLoadSectionByStudent(const Role& role, int evaluacion) {
+  auto lines = FormLoad(role, evaluacion);
+  lines.pop_back();
+  return lines;
+}
+
+Lines FormLoadSectionBySubject(const Role& role, int evaluacion, int student) {
+  return First(FormLoad(role, evaluacion), 2) +
+         Lines{Sql(expected::kChosenStudent, {student}), Sql(expected::kKindName, {5, 3})};
+}
+
+Lines SubjectGrid(const Role& role, bool first, std::initializer_list<int> students) {
+  Lines lines;
+  if (first) lines.push_back(Sql(expected::kScale, {role.True(), 3}));
+  for (const auto student : students) lines = lines + StudentNames({student}) + NoGrades(5);
+  return lines;
+}
+
+Lines TutorPane(const Role& role, int evaluacion) {
+  return role.section ? TutorGrid(role, evaluacion) : Lines{};
+}
+
+Lines Purge(int pending) {
+  return {Sql(expected::kPurgeGrades, {pending}), Sql(expected::kPurgeFinalGrades, {pending}),
+          Sql(expected::kPurgeRow, {pending})};
+}
+
+Lines SaveByStudent(int evaluacion, int pending, int nota, bool passes) {
+  return {Sql(expected::kPasses, {nota}),
+          Sql(passes ? expected::kSavePassed : expected::kSaveFailed, {nota, evaluacion, pending}),
+          Sql(expected::kUnmarkByStudent, {evaluacion, pending})};
+}
+
+std::string LaterMark(const Role& role, int evaluacion, int pending) {
+  return Sql(expected::kLaterMark, {role.True(), evaluacion, pending});
+}
+
+std::string EarlierGrade(const Role& role, int evaluacion, int pending) {
+  return Sql(expected::kEarlierGrade, {role.True(), evaluacion, pending});
+}
+
+Lines SaveBehindTheMark(const Role& role, int evaluacion, int pending, int nota) {
+  return {Sql(expected::kPasses, {nota}), Sql(expected::kSaveGraded, {nota, evaluacion, pending}),
+          LaterMark(role, evaluacion, pending)};
+}
+
+Lines SaveMarked(const Role& role, int evaluacion, int pending, int nota, const char* mark) {
+  return SaveBehindTheMark(role, evaluacion, pending, nota) +
+         Lines{Sql(mark, {evaluacion, pending}), Sql(expected::kUnmark, {evaluacion, pending})};
+}
+
+Lines SaveNothing(const Role& role, int evaluacion, int pending) {
+  return {SaveUngraded(evaluacion, pending), LaterMark(role, evaluacion, pending),
+          EarlierGrade(role, evaluacion, pending)};
 }
 
 }  // namespace quorvane::test

@@ -9,7 +9,8 @@
 
 namespace quorvane::test {
 
-// What entry by student sends to the database, step by step, made of `ExpectedStatements.h`.
+// What the ordinary forms send to the database, step by step, made of `ExpectedStatements.h`: first
+// entry by student, with what the others share with it.
 
 /// A subject as the load reads it.
 struct Subject {
@@ -28,8 +29,10 @@ Lines FormLoad(const Role& role, int evaluacion);
 Lines Load(const Role& role, int evaluacion, int student, const std::vector<Subject>& subjects,
            int matDet = 0);
 Lines StudentNames(std::initializer_list<int> students);
-/// The grids of a student with these grades, subject by subject; `first` while the form loads.
-Lines Grids(const Role& role, int evaluacion, bool first, std::initializer_list<long> grades);
+/// The grids of a student with so many subjects, all without a grade; `first` while the form loads.
+Lines Grids(const Role& role, int evaluacion, bool first, std::size_t subjects);
+/// The question for the text of a grade in each cell of such rows.
+Lines NoGrades(std::size_t cells);
 /// The pane of the tutor, as it is filled.
 Lines TutorGrid(const Role& role, int evaluacion);
 /// The publication and the locks that a form takes, and who takes them.
@@ -42,5 +45,38 @@ std::string CellList(const Role& role, int evaluacion, int codMateria, int teach
 std::string SaveUngraded(int evaluacion, int pending,
                          const std::vector<long>& others = {0, 0, 0, 0});
 Lines Leave(const Role& role, int publication);
+
+// By subject and of a section.
+
+/// Step one up to the moment when step two is loaded.
+Lines StepOneBySubject(const Role& role, int evaluacion);
+Lines StepOneSectionByStudent(const Role& role, int evaluacion);
+Lines StepOneSectionBySubject(const Role& role, int evaluacion);
+
+/// `Form_Load` of step two. `students` is how many it finds.
+Lines FormLoadBySubject(const Role& role, int evaluacion, int students);
+Lines FormLoadSectionByStudent(const Role& role, int evaluacion);
+Lines FormLoadSectionBySubject(const Role& role, int evaluacion, int student);
+
+/// The grid of a subject of these students, without a grade; `first` while the form loads.
+Lines SubjectGrid(const Role& role, bool first, std::initializer_list<int> students);
+/// The pane of the tutor, as it is filled; nothing for one who doesn't see the whole section.
+Lines TutorPane(const Role& role, int evaluacion);
+/// What removes a pending row whose subject is gone, where that works.
+Lines Purge(int pending);
+
+/// By student: a subject that is saved with a main grade.
+Lines SaveByStudent(int evaluacion, int pending, int nota, bool passes);
+/// In the other three: one saved with a main grade while no later evaluation holds the mark;
+/// `mark` is how the form gives it.
+Lines SaveMarked(const Role& role, int evaluacion, int pending, int nota, const char* mark);
+/// One saved with a main grade while a later evaluation holds it.
+Lines SaveBehindTheMark(const Role& role, int evaluacion, int pending, int nota);
+/// One without a main grade, while no later evaluation holds the mark and no earlier one was
+/// graded.
+Lines SaveNothing(const Role& role, int evaluacion, int pending);
+/// The two questions of saving: for a later mark, for an earlier grade.
+std::string LaterMark(const Role& role, int evaluacion, int pending);
+std::string EarlierGrade(const Role& role, int evaluacion, int pending);
 
 }  // namespace quorvane::test

@@ -4,10 +4,12 @@
 #include "tests/support/ExpectedStatements.h"
 #include "tests/support/Matchers.h"
 
-// Entry by the students of a section: what the form shows and offers, refuses and purges.
+// The two ordinary forms of a section, by the gestures of a user.
 
 namespace quorvane::test {
 namespace {
+
+// Entry by the students of a section: what the form shows and offers, refuses and purges.
 
 // The kinds of grade head their columns on the first load alone.
 constexpr const char* kFirstHeading = "Materia|Nota|Concepto|Procedimiento|Actitud|Observación||";
@@ -25,13 +27,6 @@ TEST_F(NotaSeccionAlumnoTest, OnlyStudentsWhoHaveTheChosenSubjectStandInTheCombo
   }
 }
 
-TEST_F(NotaSeccionAlumnoTest, FixedHeadingsStandFromTheSecondStudentOn) {
-  const auto form = Shown("pulsar cmdSiguiente\n");
-  EXPECT_EQ(form.Cells("rtvNotasAlumno").front(), kLaterHeading);
-  EXPECT_THAT(form.Widths("rtvNotasAlumno"), ElementsAre(2000, 2000, 0, 0, 0, 2000, 0, 0));
-  EXPECT_EQ(form.FixedRows("rtvNotasAlumno"), 1);
-}
-
 TEST_F(NotaSeccionAlumnoTest, CaptionOfTheObservationIsNotAskedForByItself) {
   // The pane of the tutor finds no kind of grade of the observation.
   school_.Sql("UPDATE TipoNota SET Abreviatura=-1 WHERE IDTipoNota=51");
@@ -40,8 +35,8 @@ TEST_F(NotaSeccionAlumnoTest, CaptionOfTheObservationIsNotAskedForByItself) {
 
 // The tutor's colleague gets more than was chosen.
 TEST_F(NotaSeccionAlumnoTest, TeacherSeesAllHisSubjectsOfTheShownStudent) {
-  const auto result = RunScript(
-      school_, OpenSectionByStudent(1, 3113) + "ver\npulsar cmdSiguiente\nver\n", Teacher());
+  const auto result =
+      RunScript(school_, On(form_, 3113).Open() + "ver\npulsar cmdSiguiente\nver\n", Teacher());
   EXPECT_THAT(FormView(result).Entries("cboAlumnos"),
               ElementsAre("1   Abad Rey, Jorge=3", "2   Díaz Cano, Marta=1"));
   EXPECT_THAT(FormView(result, 1).Cells("rtvNotasAlumno"),
@@ -55,7 +50,7 @@ TEST_F(NotaSeccionAlumnoTest, SubjectOfAnotherKindIsLoadedWithoutGradesAndGetsNo
   school_.Evalua(school_.Pendiente(3, 3116, 2), 1, 401);
   school_.Profesor(2, 3116);
   const auto result = RunScript(school_,
-                                OpenSectionByStudent(1, 3113) +
+                                On(form_, 3113).Open() +
                                     "ver\nlista rtvNotasAlumno 2 1\npulsar cmdAceptar\n"
                                     "pulsar cmdNotaManual1(1)\n",
                                 Teacher());
@@ -71,7 +66,7 @@ TEST_F(NotaSeccionAlumnoTest, SubjectOfAnotherKindIsLoadedWithoutGradesAndGetsNo
 TEST_F(NotaSeccionAlumnoTest, ValuesAreLeftOut) {
   school_.Evalua(school_.Pendiente(3, 3115, 2), 1);
   school_.Profesor(2, 3115);
-  const FormView form(RunScript(school_, OpenSectionByStudent(1, 3113) + "ver\n", Teacher()));
+  const FormView form(RunScript(school_, On(form_, 3113).Open() + "ver\n", Teacher()));
   EXPECT_THAT(form.Cells("rtvNotasAlumno"),
               ElementsAre(kFirstHeading, "Francés (1º ESO)||||||0|3113"));
 }
@@ -86,7 +81,7 @@ TEST_F(NotaSeccionAlumnoTest, SubjectThatNoStudentHasClosesTheFormWithItsMessage
 }
 
 TEST_F(NotaSeccionAlumnoTest, FormBySubjectThatDiedHidesItsSubjectsFromStepOne) {
-  RunScript(school_, OpenBySubject(), Tutor());
+  RunScript(school_, kBySubject.Open(), Tutor());
   const auto result = Play({}, Unrestricted());
   EXPECT_THAT(result.Of("rechazo"), Contains(HasSubstr("elegir cboMateria =3111")));
 }
@@ -112,7 +107,7 @@ TEST_F(NotaSeccionAlumnoTest, PurgeWaitsForTheOtherSubjectsOfTheStudentWhoStays)
   school_.Sql(
       "UPDATE AlumnoPte_MatDet SET CodMatDet=3999, Orden=1 WHERE IDAlumnoPte_MatDet=2;"
       "INSERT INTO Profesor_Pte VALUES (2,3999)");
-  const auto result = RunScript(school_, OpenSectionByStudent(1, 3113) + "ver\n", Teacher());
+  const auto result = RunScript(school_, On(form_, 3113).Open() + "ver\n", Teacher());
   const auto traffic = Traffic(result);
   auto purged = Load(kTeacher, 1, 1, {{1, 3112, 2}});
   purged.insert(purged.begin() + 1, Sql(expected::kKindOfSubject, {3999}));
@@ -135,12 +130,10 @@ class NotaSeccionAlumnoRecoveryTest : public NotaSeccionAlumnoTest {
   }
 
   ScriptResult Recover(const std::string& gestures) const {
-    return RunScript(school_,
-                     form_.Open(1,
-                                "elegir cboSecciones =321\nelegir cboEvaluaciones =1\n"
-                                "elegir cboMateria =3111\nmarcar chkRecuperacion 1\n") +
-                         gestures,
-                     Tutor());
+    return PlayBehind(
+        "elegir cboSecciones =321\nelegir cboEvaluaciones =1\n"
+        "elegir cboMateria =3111\nmarcar chkRecuperacion 1\n",
+        gestures);
   }
 };
 
@@ -164,6 +157,83 @@ TEST_F(NotaSeccionAlumnoRecoveryTest, SavingWritesNothingAndClosesTheForm) {
   EXPECT_THAT(result.Of("vuelve"), ElementsAre("127"));
   EXPECT_EQ(Traffic(result.After("pulsar cmdAceptar")), Leave(kTutor, 1));
   EXPECT_EQ(school_.Modulo(), before);
+}
+
+// Entry by the subjects of a student of a section: what the form shows, offers and refuses.
+
+constexpr const char* kSectionHeading = "Orden en Sección / Alumno|Nota||||Observación|";
+using NotaSeccionMateriaTest = OneFormTest<kSectionBySubject>;
+
+// Its caption is the kind's name; the pane of the tutor then puts that of the kind of grade.
+TEST_F(NotaSeccionMateriaTest, CaptionOfTheObservationComesFromTheKindOfSubject) {
+  const auto caption = [this](const ScriptOptions& user) {
+    return Shown({}, user).Text("lblNotaManual(1)");
+  };
+  EXPECT_EQ(caption(Teacher()), "Observaciones");
+  EXPECT_EQ(caption(Tutor()), "Observación del tutor");
+  school_.Sql("DELETE FROM TipoMateria WHERE IDTipoMateria=50");
+  EXPECT_EQ(caption(Teacher()), "Observación:");
+}
+
+TEST_F(NotaSeccionMateriaTest, SubjectsOfTheStudentStandInTheirOrder) {
+  school_.Sql(
+      "UPDATE EvaluacionPte SET CodNota=107 WHERE CodAlumnoPte_MatDet=1 AND CodNumEvaluacion=1");
+  const auto result = Play("ver\npulsar cmdSiguiente\nver\n");
+  const FormView form(result);
+  EXPECT_THAT(form.Entries("cboMaterias"),
+              ElementsAre("Lengua (1º ESO)=1", "Matemáticas (1º ESO)=2"));
+  EXPECT_THAT(FormView(result, 1).Cells("rtvNotasAlumno"),
+              ElementsAre(kSectionHeading, "2   Díaz Cano, Marta||||||1"));
+  EXPECT_THAT(form.Cells("rtvNotasAlumno"),
+              ElementsAre(kSectionHeading, "2   Díaz Cano, Marta|7|||||1"));
+  EXPECT_THAT(form.Widths("rtvNotasAlumno"), ElementsAre(3000, 2000, 0, 0, 0, 2000, 0));
+}
+
+TEST_F(NotaSeccionMateriaTest, StudentWhoHasLeftMeanwhileIsStillLoaded) {
+  const auto result = PlayAfter(
+      "UPDATE Alumno SET FechaBaja='01/02/2026', Anticipado=-1, "
+      "OrdenSeccion=12 WHERE IDAlumno=1",
+      "ver\n");
+  EXPECT_THAT(result.Of("mensaje"), IsEmpty());
+  EXPECT_THAT(FormView(result).Cells("rtvNotasAlumno"),
+              ElementsAre(kSectionHeading, "12 Díaz Cano, Marta||||||1"));
+}
+
+TEST_F(NotaSeccionMateriaTest, SubjectThatTheUserMayNotSeeIsNotOffered) {
+  const auto form = Shown({}, Teacher());
+  EXPECT_THAT(form.Entries("cboMaterias"), ElementsAre("Matemáticas (1º ESO)=1"));
+}
+
+TEST_F(NotaSeccionMateriaTest, WhenNoSubjectRemainsTheFormClosesWithItsMessage) {
+  const auto result = PlayAfter("INSERT INTO BloqueoPte VALUES (1,1,3112,2,9)", "ver\n", Teacher());
+  EXPECT_THAT(result.Of("mensaje"), ElementsAre(form_.NothingToGrade()));
+  EXPECT_EQ(result.Of("pitido").size(), 1U);
+  EXPECT_EQ(FormView(result).Form(), "frmNotaSeccionMateria1");
+  EXPECT_THAT(school_.Rows("SELECT * FROM PublicacionPte"), IsEmpty());
+}
+
+TEST_F(NotaSeccionMateriaTest, SavingGoesBackToItsStepOneAndWritesThisStudentAlone) {
+  school_.Sql("UPDATE EvaluacionPte SET CodNota=107 WHERE CodAlumnoPte_MatDet=3");
+  const auto result = Play(
+      "editar rtvNotasAlumno 1 1 \"7\"\npulsar cmdSiguiente\n"
+      "editar rtvNotasAlumno 1 5 \"Mejora\"\n"
+      "pulsar cmdAceptar\nver\npulsar cmdNotaManual1(1)\n");
+  EXPECT_EQ(FormView(result).Form(), "frmNotaSeccionMateria1");
+  EXPECT_THAT(result.Of("vuelve"), ElementsAre("126"));
+  EXPECT_EQ(school_.Stored(2, 1), "107|0|0|0|0|-1|-1");
+  EXPECT_EQ(school_.Stored(1, 1), "0|0|0|0|202|0|0");
+  EXPECT_EQ(school_.Stored(3, 1), "107|0|0|0|0|0|0");
+}
+
+// The box is hidden from the start and nothing ever shows it.
+TEST_F(NotaSeccionMateriaTest, RecoveryCannotBeAskedForInStepOne) {
+  school_.Sql(
+      "UPDATE SistemaCalificacion SET Recuperaciones=-1 WHERE IDSistemaCalificacion=1;"
+      "UPDATE Seccion SET Seguimiento=-1 WHERE IDSeccion=321");
+  const auto result = PlayBehind(
+      "elegir cboSecciones =321\nelegir cboEvaluaciones =1\n"
+      "elegir cboAlumno =1\nmarcar chkRecuperacion 1\n");
+  EXPECT_THAT(result.Of("rechazo"), ElementsAre(HasSubstr("marcar chkRecuperacion 1")));
 }
 
 }  // namespace
