@@ -113,8 +113,8 @@ inline Lines Columns(const Retivo& grid) {
   return told;
 }
 
-/// A test's name for the form of such a type: its class's. What another file knows of the form may not
-/// be there yet when the names are asked for, at the program's begin.
+/// A test's name for the form of such a type: its class's. What another file knows of the form may
+/// not be there yet when the names are asked for, at the program's begin.
 struct NameOfDirect {
   template <class Direct>
   static std::string GetName(int /*place*/) {
