@@ -235,7 +235,7 @@ TEST_F(HostileSchoolTest, StatementsOfAnyDepthAreRefusedByTheirNumber) {
         "SELECT 1 " + std::string(300'000, '+') + "'a'",
         "SELECT 1 WHERE " + std::string(300'000, '[')})
     try {
-      school_.Sql(statement);
+      school_.Db().Execute(statement);
       ADD_FAILURE() << statement.substr(0, 40);
     } catch (const RuntimeError& error) {
       EXPECT_TRUE(error.Is(ErrorNumber::StatementFailed));

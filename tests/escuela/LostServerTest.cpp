@@ -58,8 +58,8 @@ class LostServerTest : public testing::Test {
 
   [[nodiscard]] Outcome Run(const AnySchool& school, const std::string& order,
                             const std::string& rest) const {
-    return Escuela("" + order + " --odbc '" + StringThrough(*proxy_, OwnerString(school.Path())) +
-                   "' " + rest);
+    return Escuela(order + " --odbc '" + StringThrough(*proxy_, OwnerString(school.Path())) + "' " +
+                   rest);
   }
 
   /// How often it speaks to the server when nothing fails, and what is there afterwards.

@@ -10,15 +10,15 @@
 
 namespace quorvane::test {
 
-/// That all statements of a trace, of which there are more than so many, are in the list of those
-/// that the module issues.
-inline void ExpectOfTheModule(const std::string& trace, int atLeast) {
+/// That all statements of a trace, of which there are more than so many, each behind its
+/// connection, are in the list of those that the module issues.
+inline void ExpectOfTheModule(const std::string& trace, const std::string& connections,
+                              int moreThan) {
   const std::regex numbers("-?[0-9]+(,-?[0-9]+)*");
   std::set<std::string> known;
   for (const auto& line : Catalogue(QUORVANE_STATEMENTS))
     known.insert(std::regex_replace(FillIn(line, 1), numbers, "#"));
-  // Before each its connection stands.
-  const std::regex connection("^sql [^ ]+ ");
+  const std::regex connection("^sql (" + connections + ") ");
   std::set<std::string> issued;
   auto count = 0;
   std::ifstream lines(trace);
@@ -26,7 +26,7 @@ inline void ExpectOfTheModule(const std::string& trace, int atLeast) {
     issued.insert(std::regex_replace(line, connection, ""));
   for (const auto& statement : issued)
     EXPECT_TRUE(known.contains(std::regex_replace(statement, numbers, "#"))) << statement;
-  EXPECT_GT(count, atLeast);
+  EXPECT_GT(count, moreThan);
 }
 
 }  // namespace quorvane::test

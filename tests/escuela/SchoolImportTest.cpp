@@ -261,7 +261,7 @@ TEST_F(SchoolImportTest, EveryStatementIsTheModules) {
                  Written("32;3º ESO A;Matemáticas;2º ESO B;todas;Ortega Gutiérrez, Marco\n")),
       FieldsAre(0,
                 HasSubstr("Importadas 1 materia de 1 alumno; 0 ya estaban; 1 profesor puesto\n")));
-  ExpectOfTheModule(trace, 60);
+  ExpectOfTheModule(trace, "centro", 60);
 }
 
 TEST_F(SchoolImportTest, TheProgramEndsByWhatItCouldDo) {

@@ -60,9 +60,10 @@ class SchoolRepairTest : public testing::Test {
   }
 
   /// As who wants it all back would play them.
+  /// Each by the connection that a user has, which takes one statement at a time.
   void PlayBack(const RepairReport& report) {
     for (const auto& statement : report.undo)
-      school_.Sql(statement.substr(0, statement.rfind("; -- ")));
+      school_.Db().Execute(statement.substr(0, statement.rfind("; -- ")));
   }
 
   /// That a repair mends all, after which one has a `look`, and what it has told gives it all back.
@@ -128,7 +129,7 @@ TEST_F(SchoolRepairTest, GivesBackWhateverLettersARowHolds) {
   for (const auto& text : texts) {
     std::string quoted;
     AppendQuoted(quoted, text, EngineReached(school_.Db()));
-    school_.Sql("UPDATE Nota SET DescripcionCorta=" + quoted + " WHERE IDNota=99999");
+    school_.Db().Execute("UPDATE Nota SET DescripcionCorta=" + quoted + " WHERE IDNota=99999");
     const auto before = Content();
     const auto report = Repair();
     ASSERT_EQ(report.undo.size(), 1U);

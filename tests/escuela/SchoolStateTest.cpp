@@ -40,7 +40,7 @@ class SchoolStateTest : public testing::Test {
   /// By another road than the one under test.
   int Rows(const std::string& table, int evaluation, const std::string& more = {}) {
     return school_.Count(
-        "" + table + " WHERE CodNumEvaluacion=" + std::to_string(evaluation) + more +
+        table + " WHERE CodNumEvaluacion=" + std::to_string(evaluation) + more +
         " AND CodAlumnoPte_MatDet IN (SELECT IDAlumnoPte_MatDet FROM AlumnoPte_MatDet WHERE "
         "CodMatDet IN (SELECT IDMateriaDetalles FROM MateriaDetalles WHERE CodTipoMateria "
         "IN (SELECT IDTipoMateria FROM TipoMateria WHERE CodEspecificarTipoMateria IN (1" +

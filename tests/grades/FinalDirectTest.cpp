@@ -319,7 +319,7 @@ TYPED_TEST(FinalDirectOfSubjectsTest, HeadingsUntilTheFirstSubject) {
   EXPECT_THAT(Columns(form.rtvNotasAlumno),
               ElementsAre("2000 Materia", "1000 Nota", "2000 Concepto", "2000 Procedimiento",
                           "2000 Actitud", "2000 Observacion", "2000 Medidas Adoptadas",
-                          ::testing::EndsWith(" ")));
+                          ::testing::MatchesRegex("[0-9]+ ")));
 }
 
 using FinalDirectByStudentTest = FinalDirect<ByStudent>;

@@ -294,6 +294,8 @@ TEST_F(NotaManualLocksTest, LockHoldsForTheStudentsOfAnotherSection) {
   Play();
   EXPECT_THAT(RunScript(school_, otherSection, Unrestricted()).Of("mensaje"),
               ElementsAre(form_.NothingToGrade()));
+  EXPECT_THAT(school_.Rows("SELECT IDPublicacionPte FROM PublicacionPte"), SizeIs(1))
+      << "the first user's stays";
 }
 
 TEST_F(NotaManualLocksTest, LockHoldsForTheSameUserAndInItsOwnEvaluation) {

@@ -61,7 +61,8 @@ std::string RegisterScript() {
          "doble lstDisponibles\nver\npulsar cmdAceptar\npestana TabDatos 2\n"
          "fila msgMaterias 1 0\ndocente 2\npulsar cmdPropMat\nver\npulsar cmdNProfesor\nver\n"
          "pulsar cmdAceptar\nver\npulsar cmdAceptar\n"
-         "sql \"SELECT * FROM Alumno,Personal,Materia WHERE IDAlumno=IDMateria\"\n";
+         "sql \"SELECT * FROM Alumno,Personal,Materia WHERE IDAlumno=IDMateria "
+         "ORDER BY IDAlumno, IDPersonal\"\n";
 }
 
 std::string GradeScript(int node, int evaluacion) {

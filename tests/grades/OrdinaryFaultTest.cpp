@@ -4,7 +4,8 @@
 #include "tests/grades/OrdinaryForms.h"
 #include "tests/support/Matchers.h"
 
-// Rows that are missing, values that don't convert, in the four ordinary forms.
+// Statements that fail, rows that are missing, values that don't convert, in the four ordinary
+// forms.
 
 namespace quorvane::test {
 namespace {

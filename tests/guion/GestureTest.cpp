@@ -1,3 +1,8 @@
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
 #include "tests/guion/GuionTest.h"
 
 namespace quorvane::test {
@@ -8,7 +13,7 @@ class GestureTest : public GuionTest {};
 struct Gesture {
   const char* name;
   std::string script;
-  std::string told;  ///< all lines
+  std::string told;  ///< its lines
 };
 
 void PrintTo(const Gesture& gesture, std::ostream* out) { *out << gesture.script; }
@@ -16,9 +21,10 @@ void PrintTo(const Gesture& gesture, std::ostream* out) { *out << gesture.script
 class ToldGestureTest : public GestureTest, public testing::WithParamInterface<Gesture> {};
 
 TEST_P(ToldGestureTest, TellsItsEvents) {
-  std::string told;
-  for (const auto& line : PlayIn(GetParam().script)) told += (told.empty() ? "" : "\n") + line;
-  EXPECT_EQ(told, GetParam().told);
+  Lines told;
+  std::istringstream text(GetParam().told);
+  for (std::string line; std::getline(text, line);) told.push_back(line);
+  EXPECT_EQ(PlayIn(GetParam().script), told);
 }
 
 const std::vector<Gesture> kGestures = {

@@ -46,6 +46,7 @@ TEST_F(ProgramTest, PlaysAFile) {
 }
 
 TEST_F(ProgramTest, PlaysStandardInputAsItIsWritten) {
+  ExpectEnd(OnSchool("< " + File("nodo 0\n")), 0, "> nodo 0\nvuelve 0\n");
   // The second line is written only when the first has been played.
   const auto out = File("");
   const auto pipe = out + ".pipe";

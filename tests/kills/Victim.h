@@ -83,7 +83,7 @@ class ReportingConnection : public Connection {
   UntilKilled([&] {
     Prng random(seed);
     History history;
-    const RandomUser user(random, history);
+    RandomUser user(random, history);
     RandomHost host(random);
     ReportingConnection centro(school, "centro", in, fault);
     ReportingConnection borrado(school, "borrado", in, fault);

@@ -14,7 +14,7 @@ Ids Walk(Recordset& rows) {
 
 class RecordsetTest : public testing::Test {
  protected:
-  /// Those that are left of the three, from the second on.
+  /// Those of the three that are left when a walker on the second filters them.
   Ids Filtered(const std::string& conditions) const {
     auto left = rows;
     left.MoveNext();

@@ -1,5 +1,3 @@
-
-
 #include "platform/controls/Animation.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"

@@ -24,7 +24,6 @@ namespace quorvane::test {
 namespace {
 
 using testing::_;
-using testing::FieldsAre;
 
 // What a subject of the register holds itself, in the order of its declaration.
 auto Fields(const cMateria& materia) {

@@ -11,7 +11,6 @@
 
 namespace quorvane::test {
 
-using testing::EndsWith;
 using namespace statement;  // NOLINT(google-build-using-namespace): every test speaks in them.
 
 // Gestures.

@@ -72,6 +72,7 @@ class HandedOverTest : public ::testing::Test {
         "UPDATE Seccion SET Seguimiento=-1 WHERE IDSeccion=321;"
         "UPDATE EvaluacionActaPte SET CodNota=103 WHERE CodNumEvaluacion=4");
     auto& session = cConfiguracion::Instancia();
+    session = cConfiguracion();
     session.conLocalCentro = session.conLocalBorradoCentro = &centro;
     session.conLocalAppEntrada = &entrada;
     session.Activa = true;
@@ -165,8 +166,9 @@ TEST_F(HandedOverTest, ThePointerRestsBeforeTheUsersAreClosed) {
           };
           form.cmdNotaManual1[0].Press();
         },
-        [this] { hands.Pointing = nullptr; }},
+        [] {}},
        {"frmNotaManual1", "frmNotaManual"});
+  hands.Pointing = nullptr;
   EXPECT_THAT(open, ElementsAre(true));
   EXPECT_FALSE(entrada.IsOpen());
 }

@@ -77,16 +77,20 @@ TEST_P(ChoosingTheSectionTest, AnEvaluationOfTheFirstListCountsAsChosen) {
 }
 
 // Of an evaluation that has gone meanwhile nothing is read, and the lists stay as they are.
-TEST_P(ChoosingTheSectionTest, AFormerEvaluationWithoutARowLeavesTheListsAndTheDialogGoesOn) {
+TEST_P(ChoosingTheSectionTest, AFormerEvaluationWithoutARowLeavesTheLists) {
   const auto result = PlayIn(1, kDeleteFirst + kSection + "\nver");
   ExpectAsked(result, {Sql(kFinalOfFormer, {1})});
   EXPECT_THAT(Evaluations(result), Contains("1ª Evaluación=1"));
   EXPECT_EQ(Chosen(result), 0);
   ExpectFree(result);
-  // And the guard is open again: what is chosen next counts.
-  const auto then =
+}
+
+// And the guard is open again: what is chosen next counts.
+TEST_P(ChoosingTheSectionTest, AfterAFormerEvaluationWithoutARowTheDialogGoesOn) {
+  const auto result =
       PlayIn(1, kDeleteFirst + kSection + "\n" + Evaluation(2) + "\n" + kSection + "\nver");
-  EXPECT_THAT(Evaluations(then), ElementsAre("2ª Evaluación=2", "Final=4", "Segunda final=5"));
+  EXPECT_THAT(result.Of("rechazo"), IsEmpty());
+  EXPECT_THAT(Evaluations(result), ElementsAre("2ª Evaluación=2", "Final=4", "Segunda final=5"));
 }
 
 TEST_P(ChoosingTheSectionTest, AnEvaluationWithoutASectionReadsNothing) {

@@ -101,10 +101,6 @@ class KeyPass : public QObject, private Onlooker {
     throw Violation(combo.Name() + " no ofrece " + entry);
   }
 
-  void Opened(Form& /*form*/) override {}
-  void Accepting(const Form& /*form*/) override {}
-  void Settle() override {}
-
   /// Esc that no list has taken would close the form, and the keys after it would be another's.
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() != QEvent::KeyPress ||

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <limits>
 #include <sstream>
 #include <stdexcept>
 
@@ -142,10 +141,7 @@ Faults::Faults(const FaultOptions& options, std::uint64_t seed)
       borrado_(StringThrough(proxy_, ServerString(school_)), "borrado", diary_),
       entrada_(StringThrough(proxy_, ServerString(school_)), "entrada", diary_),
       user_(random_, history_),
-      host_(random_) {
-  user_.UseOnlooker(nobody_);
-  user_.Limit(std::numeric_limits<std::uint64_t>::max());
-}
+      host_(random_) {}
 
 Faults::~Faults() {
   if (later_.joinable()) later_.join();

@@ -14,7 +14,6 @@
 #include "apps/escuela/Prng.h"
 #include "tests/support/TcpProxy.h"
 #include "tests/walk/History.h"
-#include "tests/walk/Onlooker.h"
 #include "tests/walk/RandomHost.h"
 #include "tests/walk/RandomUser.h"
 
@@ -124,13 +123,6 @@ class Faults {
   FaultFigures Run(int times);
 
  private:
-  class Nobody : public Onlooker {
-   public:
-    void Opened(Form& /*form*/) override {}
-    void Accepting(const Form& /*form*/) override {}
-    void Settle() override {}
-  };
-
   void One();
   void Draw();
   void PlayUntilLost();
@@ -154,7 +146,6 @@ class Faults {
   FaultConnection borrado_;
   FaultConnection entrada_;
   History history_;
-  Nobody nobody_;
   RandomUser user_;
   RandomHost host_;
   FaultFigures figures_;
