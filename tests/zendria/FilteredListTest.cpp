@@ -91,6 +91,7 @@ TEST_F(SignInDialogTest, ShowsNamesAndProfiles) {
 TEST_F(SignInDialogTest, TypeAheadOfNamesAndProfilesAndEnterSignIn) {
   for (const auto* const typed : {"administrador", "direccion"}) {
     dialog_.List().Field().clear();
+    dialog_.List().List().setCurrentRow(0);
     QTest::keyClicks(&dialog_.List().Field(), typed);
     EXPECT_EQ(dialog_.List().Chosen(), 1) << typed;
   }

@@ -408,6 +408,7 @@ TEST_F(GradeDraftTest, WhatIsNoDraftIsToldAndSetAside) {
   Break(threeGrades_);
   const auto path = TheDraft();
   const auto whole = FileBytes(path);
+  ASSERT_NE(whole, "unreadable");
   const auto put = [&](const QByteArray& content) {
     return MakeFile("borradores/" + QFileInfo(path).fileName(), content) == path;
   };
