@@ -18,6 +18,10 @@ set(checked_sanitizers -fsanitize=address,undefined -fno-sanitize=null,alignment
 target_compile_options(quorvane_checked_options INTERFACE
                        ${checked_sanitizers} -fno-omit-frame-pointer -g1 -O1 --coverage)
 target_link_options(quorvane_checked_options INTERFACE -fsanitize=address,undefined --coverage)
+# What plays on it is no more watched than other tests are: to be linked behind it.
+add_library(quorvane_unwatched INTERFACE)
+target_compile_options(quorvane_unwatched INTERFACE -fno-sanitize=all -fno-profile-arcs
+                                                    -fno-test-coverage)
 
 # Objects, not an archive: they come first in each program, so that of the inline functions that
 # the tests compile too the checked ones are taken; and what no test calls is counted as well.
@@ -40,7 +44,7 @@ endforeach()
 # The tools that read the compile commands see each file once, as it is built for use.
 # And as nobody compiles it by the file, what the files share is compiled once for several of them.
 set_target_properties(quorvane_checked PROPERTIES EXPORT_COMPILE_COMMANDS OFF UNITY_BUILD ON
-                                                  UNITY_BUILD_BATCH_SIZE 16)
+                                                  UNITY_BUILD_BATCH_SIZE 24)
 compile_headers_once(quorvane_checked)
 set_source_files_properties(${version_source} PROPERTIES COMPILE_DEFINITIONS ${version_definition})
 
