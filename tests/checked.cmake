@@ -16,36 +16,41 @@ add_library(quorvane_checked_options INTERFACE)
 set(checked_sanitizers -fsanitize=address,undefined -fno-sanitize=null,alignment
                        -fno-sanitize-recover=all)
 target_compile_options(quorvane_checked_options INTERFACE
-                       ${checked_sanitizers} -fno-omit-frame-pointer -g1 -O1 --coverage)
+                       ${checked_sanitizers} -fno-omit-frame-pointer -g1 -O1)
 target_link_options(quorvane_checked_options INTERFACE -fsanitize=address,undefined --coverage)
 # What plays on it is no more watched than other tests are: to be linked behind it.
 add_library(quorvane_unwatched INTERFACE)
-target_compile_options(quorvane_unwatched INTERFACE -fno-sanitize=all -fno-profile-arcs
-                                                    -fno-test-coverage)
+target_compile_options(quorvane_unwatched INTERFACE -fno-sanitize=all)
 
 # Objects, not an archive: they come first in each program, so that of the inline functions that
 # the tests compile too the checked ones are taken; and what no test calls is counted as well.
-add_library(quorvane_checked OBJECT)
-target_link_libraries(quorvane_checked PUBLIC quorvane_checked_options quorvane_options)
-foreach(library quorvane quorvane_sqltext quorvane_sqlite quorvane_odbc quorvane_guion
+function(checked_library name)
+  add_library(${name} OBJECT)
+  target_link_libraries(${name} PUBLIC quorvane_checked_options quorvane_options)
+  foreach(library IN LISTS ARGN)
+    get_target_property(files ${library} SOURCES)
+    get_target_property(folder ${library} SOURCE_DIR)
+    list(TRANSFORM files PREPEND ${folder}/ REGEX "^[^/]")
+    target_sources(${name} PRIVATE ${files})
+    get_target_property(definitions ${library} COMPILE_DEFINITIONS)
+    if(definitions)
+      target_compile_definitions(${name} PRIVATE ${definitions})
+    endif()
+    get_target_property(linked ${library} LINK_LIBRARIES)
+    list(FILTER linked EXCLUDE REGEX "^quorvane")
+    target_link_libraries(${name} PUBLIC ${linked})
+  endforeach()
+  # The tools that read the compile commands see each file once, as it is built for use.
+  # And as nobody compiles it by the file, what the files share is compiled once for several of them.
+  set_target_properties(${name} PROPERTIES EXPORT_COMPILE_COMMANDS OFF UNITY_BUILD ON
+                                           UNITY_BUILD_BATCH_SIZE 24)
+  compile_headers_once(${name})
+endfunction()
+# The module's lines are counted; what stands round it is checked alone.
+checked_library(quorvane_checked quorvane)
+target_compile_options(quorvane_checked PRIVATE --coverage)
+checked_library(quorvane_checked_round quorvane_sqltext quorvane_sqlite quorvane_odbc quorvane_guion
                 quorvane_guion_host quorvane_escuela)
-  get_target_property(files ${library} SOURCES)
-  get_target_property(folder ${library} SOURCE_DIR)
-  list(TRANSFORM files PREPEND ${folder}/ REGEX "^[^/]")
-  target_sources(quorvane_checked PRIVATE ${files})
-  get_target_property(definitions ${library} COMPILE_DEFINITIONS)
-  if(definitions)
-    target_compile_definitions(quorvane_checked PRIVATE ${definitions})
-  endif()
-  get_target_property(linked ${library} LINK_LIBRARIES)
-  list(FILTER linked EXCLUDE REGEX "^quorvane")
-  target_link_libraries(quorvane_checked PUBLIC ${linked})
-endforeach()
-# The tools that read the compile commands see each file once, as it is built for use.
-# And as nobody compiles it by the file, what the files share is compiled once for several of them.
-set_target_properties(quorvane_checked PROPERTIES EXPORT_COMPILE_COMMANDS OFF UNITY_BUILD ON
-                                                  UNITY_BUILD_BATCH_SIZE 24)
-compile_headers_once(quorvane_checked)
 set_source_files_properties(${version_source} PROPERTIES COMPILE_DEFINITIONS ${version_definition})
 
 # The counters start at zero in each run of the tests.
@@ -81,13 +86,14 @@ function(checked_area area)
   endif()
   set(program test_${area}_checked)
   if(NOT TARGET ${program})
-    add_executable(${program} $<TARGET_OBJECTS:quorvane_checked> $<TARGET_OBJECTS:test_${area}>)
+    add_executable(${program} $<TARGET_OBJECTS:quorvane_checked>
+                   $<TARGET_OBJECTS:quorvane_checked_round> $<TARGET_OBJECTS:test_${area}>)
     get_target_property(linked test_${area} LINK_LIBRARIES)
     if(quorvane_test_support IN_LIST linked)
       target_sources(${program} PRIVATE $<TARGET_OBJECTS:quorvane_test_support>)
     endif()
     list(FILTER linked EXCLUDE REGEX "^quorvane")
-    get_target_property(checked_linked quorvane_checked INTERFACE_LINK_LIBRARIES)
+    get_target_property(checked_linked quorvane_checked_round INTERFACE_LINK_LIBRARIES)
     target_link_libraries(${program} PRIVATE ${linked} ${checked_linked})
   endif()
   math(EXPR last "${arg_SHARDS} - 1")
