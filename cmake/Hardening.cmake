@@ -4,7 +4,9 @@
 if(NOT UNIX)
   return()
 endif()
-target_compile_options(quorvane_options INTERFACE -fstack-protector-strong -fPIE)
+# The faults that tools/mutantes plants are built into a library of another kind.
+target_compile_options(quorvane_options INTERFACE -fstack-protector-strong
+                       $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-fPIE>)
 # The sanitizers watch the same functions, and see more; without optimisation there is nothing to it.
 if(NOT QUORVANE_SANITIZE)
   target_compile_options(quorvane_options INTERFACE

@@ -184,11 +184,11 @@ void ExpectFinal(int firstFinal) {
 }
 
 TEST_F(HandedOverTest, ByStudentInTheFinals) {
-  for (const auto& [evaluation, firstFinal] : {std::pair(5, 4), {4, 0}}) {
-    SCOPED_TRACE(evaluation);
+  for (const auto& withFirst : {std::pair(5, 4), {4, 0}}) {
+    SCOPED_TRACE(withFirst.first);
     Show(MostrarFrmNotaManual1,
-         {GoesOn<frmNotaManual1>(evaluation),
-          [&firstFinal] { ExpectFinal<frmNotaManualFinal>(firstFinal); }},
+         {GoesOn<frmNotaManual1>(withFirst.first),
+          [&withFirst] { ExpectFinal<frmNotaManualFinal>(withFirst.second); }},
          {"frmNotaManual1", "frmNotaManualFinal"});
     FormInstances::DropAll();
   }
