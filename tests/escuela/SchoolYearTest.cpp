@@ -12,6 +12,7 @@
 #include "apps/escuela/SchoolAddress.h"
 #include "tests/escuela/AnySchool.h"
 #include "tests/escuela/ModulesStatements.h"
+#include "tests/escuela/Tool.h"
 #include "tests/support/Matchers.h"
 #include "tests/support/RunCommand.h"
 #include "tests/support/TempFolder.h"

@@ -3,6 +3,8 @@
 #include "frame/cConfiguracion.h"
 #include "frame/modGeneral.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Form.h"
 #include "platform/controls/FormInstance.h"
 #include "platform/host/Application.h"
 

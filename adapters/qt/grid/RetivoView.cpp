@@ -136,12 +136,13 @@ void RetivoView::Open(const QModelIndex& cell, const QString& typed) {
 
 int RetivoView::EntryOf(const QModelIndex& cell) const {
   const auto shown = cell.data().toString().trimmed();
-  auto stored = edits_.Stored(cell.row(), cell.column());
+  const auto stored = edits_.Stored(cell.row(), cell.column());
+  const auto data = stored.value_or(0);
   // What is shown without anything behind it is no more than its text.
-  if (stored == 0 && !shown.isEmpty()) stored.reset();
+  const auto byText = !stored || (data == 0 && !shown.isEmpty());
   const auto& list = retivo_.Lista(cell.column());
   const auto found = std::find_if(list.begin(), list.end(), [&](const auto& entry) {
-    return stored ? entry.data == *stored : LineText(entry.text).trimmed() == shown;
+    return byText ? LineText(entry.text).trimmed() == shown : entry.data == data;
   });
   return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
